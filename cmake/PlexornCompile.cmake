@@ -1,0 +1,26 @@
+# How everything of ours is compiled: warnings, sanitizers, arithmetic that is the same everywhere.
+
+add_library(plexorn_compile INTERFACE)
+
+if(MSVC)
+    target_compile_options(plexorn_compile INTERFACE /W4 /utf-8 /permissive-)
+else()
+    target_compile_options(plexorn_compile INTERFACE
+        -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+        # A product and a sum stay two roundings on machines with a fused operation too: numbers in the
+        # output are the same on every platform.
+        -ffp-contract=off)
+endif()
+
+if(PLEXORN_SANITIZE)
+    target_compile_options(plexorn_compile INTERFACE
+        -fsanitize=${PLEXORN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(plexorn_compile INTERFACE -fsanitize=${PLEXORN_SANITIZE})
+endif()
+
+if(MINGW)
+    # The runtime goes into each binary: a DLL of ours needs nothing that Windows does not have.
+    target_link_options(plexorn_compile INTERFACE -static)
+    target_link_options(plexorn_compile INTERFACE
+        -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
+endif()

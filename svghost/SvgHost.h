@@ -1,0 +1,70 @@
+/* The reference host: answers the module's fourteen operations with a real SVG document.
+ *
+ * This is the interface beside the fourteen (host/QuillmarLib.h): make a document, hand its context node to
+ * dxfFileOpen, read what was reported, write the SVG. Plain C; strings in and out of this header are UTF-8
+ * unless they are wchar_t. Any number of documents can live at once; one document is used by one thread at
+ * a time.
+ */
+#ifndef SVGHOST_H
+#define SVGHOST_H
+
+#include "host/QuillmarLib.h"
+
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct SvgHostDocument SvgHostDocument;
+
+/* One report of the module, as it came through qlmSetLastError. The message belongs to the document. */
+typedef struct SvgHostError {
+    int code;
+    int kind;
+    const wchar_t* message;
+} SvgHostError;
+
+/* How a document is written. Zero-initialised, it means: no background, indented by nothing. */
+typedef struct SvgHostWriteOptions {
+    const char* background; /* a CSS colour painted behind the drawing, or NULL for none */
+} SvgHostWriteOptions;
+
+/* What was met while the picture was laid out (counts). */
+typedef struct SvgHostStatistics {
+    size_t elements;        /* elements made by the creating operations, symbols and groups included */
+    size_t symbols;         /* symbols defined */
+    size_t duplicateSymbols;/* further symbols of a name that was there already; the first is referred to */
+    size_t missingSymbols;  /* use elements whose symbol is never defined */
+    size_t cyclicUses;      /* use elements left out because they would draw their own symbol again */
+    size_t unboundedUses;   /* use elements left out because the drawing would unfold without end */
+} SvgHostStatistics;
+
+/* A new, empty document, or NULL when memory is short. The caller destroys it. */
+QUILLMARLIB_API SvgHostDocument* svgHostCreate(void);
+
+/* Frees the document and every node of it; NULL is allowed. */
+QUILLMARLIB_API void svgHostDestroy(SvgHostDocument* document);
+
+/* The context node to give to dxfFileOpen. From this call on, what is reported through qlmSetLastError on
+ * the calling thread is kept by this document (the report itself names no document). */
+QUILLMARLIB_API QlmNode svgHostBeginImport(SvgHostDocument* document);
+
+/* The number of reports kept, and the report at index (false when there is none). */
+QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
+QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
+
+/* Lays the picture out (view box, references) and tells what was met. False when memory is short. */
+QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
+
+/* Writes the document as UTF-8 SVG through write, piece by piece; write returns false to stop. Returns
+ * false when write did, or when memory is short. options may be NULL. */
+typedef bool (*SvgHostWriteFunction)(void* user, const char* bytes, size_t size);
+QUILLMARLIB_API bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
+                                  SvgHostWriteFunction write, void* user);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
