@@ -1,0 +1,32 @@
+#include "command.h"
+#include "utf8.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace {
+
+// The arguments as Unicode: those of main have gone through the code page.
+std::vector<std::string> Arguments()
+{
+    int count = 0;
+    LPWSTR* wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; wide && i < count; ++i)
+        arguments.push_back(plexorn::Utf8FromWide(wide[i]));
+    LocalFree(wide);
+    return arguments;
+}
+
+} // namespace
+
+int main()
+{
+    // What is printed is UTF-8; a console keeps its code page beyond the process, so it is put back.
+    UINT codePage = GetConsoleOutputCP();
+    SetConsoleOutputCP(CP_UTF8);
+    int exitCode = plexorn::RunCommand(Arguments());
+    SetConsoleOutputCP(codePage);
+    return exitCode;
+}

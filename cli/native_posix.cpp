@@ -1,0 +1,62 @@
+#include "native.h"
+
+#include "utf8.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+fs::path PathFromArgument(const std::string& argument)
+{
+    return argument;
+}
+
+CModulePath::CModulePath(const fs::path& path)
+{
+    if (std::optional<std::wstring> name = WideFromUtf8(path.native())) {
+        m_strName = *name;
+        return;
+    }
+    // A name of bytes that are no UTF-8, from an older system or an archive, has no wide form; an open file
+    // has a second name.
+    m_nDescriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (m_nDescriptor >= 0)
+        m_strName = L"/dev/fd/" + std::to_wstring(m_nDescriptor);
+}
+
+CModulePath::~CModulePath()
+{
+    if (m_nDescriptor >= 0)
+        close(m_nDescriptor);
+}
+
+std::FILE* OpenForReading(const fs::path& path)
+{
+    return std::fopen(path.c_str(), "rb");
+}
+
+std::FILE* OpenForWriting(const fs::path& path)
+{
+    return std::fopen(path.c_str(), "wb");
+}
+
+std::FILE* CreateNew(const fs::path& path)
+{
+    int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+}
+
+bool SyncToDisk(std::FILE* file)
+{
+    return fsync(fileno(file)) == 0;
+}
+
+unsigned long ProcessNumber()
+{
+    return static_cast<unsigned long>(getpid());
+}
+
+} // namespace plexorn

@@ -1,0 +1,111 @@
+#include "native.h"
+
+#include "utf8.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+
+#include <windows.h>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Whether name comes through the ANSI code page unchanged.
+bool SurvivesCodePage(const std::wstring& name)
+{
+    // A process whose code page is UTF-8 keeps everything; asking as below is an error there.
+    if (GetACP() == CP_UTF8)
+        return true;
+    BOOL usedDefault = FALSE;
+    int size = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, name.c_str(), -1, nullptr, 0, nullptr,
+                                   &usedDefault);
+    return size > 0 && !usedDefault;
+}
+
+std::wstring ShortName(const std::wstring& name)
+{
+    DWORD size = GetShortPathNameW(name.c_str(), nullptr, 0);
+    std::wstring shortName(size, L'\0');
+    shortName.resize(GetShortPathNameW(name.c_str(), shortName.data(), size));
+    return shortName;
+}
+
+// A new file with an ASCII name in the folder for temporary files; empty when there is none.
+std::wstring TemporaryFile()
+{
+    wchar_t folder[MAX_PATH + 1];
+    wchar_t name[MAX_PATH + 1];
+    if (GetTempPathW(MAX_PATH + 1, folder) == 0 || GetTempFileNameW(folder, L"dxf", 0, name) == 0)
+        return {};
+    return name;
+}
+
+std::FILE* Open(const fs::path& path, int flags, const wchar_t* mode)
+{
+    int descriptor = -1;
+    errno_t error = _wsopen_s(&descriptor, path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
+                              _S_IREAD | _S_IWRITE);
+    if (error != 0) {
+        errno = error;
+        return nullptr;
+    }
+    return _wfdopen(descriptor, mode);
+}
+
+} // namespace
+
+fs::path PathFromArgument(const std::string& argument)
+{
+    return WideFromUtf8(argument).value_or(std::wstring());
+}
+
+CModulePath::CModulePath(const fs::path& path) : m_strName(path.native())
+{
+    if (SurvivesCodePage(m_strName))
+        return;
+    m_strName = ShortName(path.native());
+    if (!m_strName.empty() && SurvivesCodePage(m_strName))
+        return;
+    // Volumes without short names: a copy is read in the file's place.
+    m_copy = TemporaryFile();
+    bool isCopied = !m_copy.empty() && CopyFileW(path.c_str(), m_copy.c_str(), FALSE);
+    m_strName = isCopied ? ShortName(m_copy.native()) : std::wstring();
+}
+
+CModulePath::~CModulePath()
+{
+    if (!m_copy.empty())
+        DeleteFileW(m_copy.c_str());
+}
+
+std::FILE* OpenForReading(const fs::path& path)
+{
+    return Open(path, _O_RDONLY, L"rb");
+}
+
+std::FILE* OpenForWriting(const fs::path& path)
+{
+    return Open(path, _O_WRONLY | _O_CREAT | _O_TRUNC, L"wb");
+}
+
+std::FILE* CreateNew(const fs::path& path)
+{
+    return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL, L"wb");
+}
+
+bool SyncToDisk(std::FILE* file)
+{
+    return _commit(_fileno(file)) == 0;
+}
+
+unsigned long ProcessNumber()
+{
+    return GetCurrentProcessId();
+}
+
+} // namespace plexorn

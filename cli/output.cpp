@@ -1,0 +1,116 @@
+#include "output.h"
+
+#include "native.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int TemporaryNames = 100;
+
+// Where the bytes end up when path may be a symbolic link.
+fs::path ResolveLinks(const fs::path& path)
+{
+    std::error_code error;
+    fs::path resolved = fs::weakly_canonical(path, error);
+    return error ? path : resolved;
+}
+
+bool IsWrittenDirectly(fs::file_type type)
+{
+    return type == fs::file_type::character || type == fs::file_type::fifo || type == fs::file_type::socket ||
+           type == fs::file_type::block;
+}
+
+} // namespace
+
+COutputFile::COutputFile(const fs::path& target)
+{
+    std::error_code ignored;
+    fs::file_type type = fs::status(target, ignored).type();
+    errno = 0;
+    if (type == fs::file_type::directory) {
+        Fail(EISDIR);
+    } else if (IsWrittenDirectly(type)) {
+        m_target = target;
+        m_pFile = OpenForWriting(target);
+        if (!m_pFile)
+            Fail(errno);
+    } else {
+        m_target = ResolveLinks(target);
+        OpenTemporary();
+    }
+}
+
+COutputFile::~COutputFile()
+{
+    if (m_pFile)
+        std::fclose(m_pFile);
+    std::error_code ignored;
+    if (!m_temporary.empty())
+        fs::remove(m_temporary, ignored);
+}
+
+void COutputFile::OpenTemporary()
+{
+    for (int i = 0; i < TemporaryNames; ++i) {
+        std::string name = ".plexorn-" + std::to_string(ProcessNumber()) + "-" + std::to_string(i) + ".tmp";
+        fs::path path = m_target.parent_path() / name;
+        m_pFile = CreateNew(path);
+        if (m_pFile) {
+            m_temporary = path;
+            return;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    Fail(errno);
+}
+
+bool COutputFile::Fail(int error)
+{
+    if (m_strError.empty())
+        m_strError = std::generic_category().message(error ? error : EIO);
+    return false;
+}
+
+bool COutputFile::Write(const char* bytes, size_t size)
+{
+    errno = 0;
+    if (!m_pFile || !m_strError.empty())
+        return false;
+    return std::fwrite(bytes, 1, size, m_pFile) == size || Fail(errno);
+}
+
+bool COutputFile::Close()
+{
+    errno = 0;
+    bool isWritten = std::fflush(m_pFile) == 0 && (m_temporary.empty() || SyncToDisk(m_pFile));
+    int error = errno;
+    bool isClosed = std::fclose(m_pFile) == 0;
+    m_pFile = nullptr;
+    return (isWritten && isClosed) || Fail(isWritten ? errno : error);
+}
+
+bool COutputFile::Commit()
+{
+    if (!m_pFile || !m_strError.empty() || !Close())
+        return false;
+    if (m_temporary.empty())
+        return true;
+    std::error_code error;
+    fs::rename(m_temporary, m_target, error);
+    if (error) {
+        m_strError = error.message();
+        return false;
+    }
+    m_temporary.clear();
+    return true;
+}
+
+} // namespace plexorn

@@ -1,0 +1,45 @@
+// Writing the picture, whole or not at all.
+#ifndef PLEXORN_CLI_OUTPUT_H
+#define PLEXORN_CLI_OUTPUT_H
+
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+namespace plexorn {
+
+// A file that is written under a temporary name in the target's folder and takes the target's name when it is
+// complete: whoever reads the target sees the old file or the new one. A symbolic link stays, its target
+// is replaced; a device or pipe is written to directly. Destroyed without Commit, it leaves no trace.
+class COutputFile {
+public:
+    // Opens the file; Error tells when that failed.
+    explicit COutputFile(const std::filesystem::path& target);
+    ~COutputFile();
+    COutputFile(const COutputFile&) = delete;
+    COutputFile& operator=(const COutputFile&) = delete;
+
+    // Appends size bytes. False when that failed, now or before.
+    bool Write(const char* bytes, size_t size);
+
+    // Brings everything to the disk and the target into place. False when that failed, now or before.
+    bool Commit();
+
+    // Why an operation failed; empty while none did.
+    const std::string& Error() const { return m_strError; }
+
+private:
+    void OpenTemporary();
+    bool Fail(int error);
+    bool Close();
+
+    std::filesystem::path m_target;
+    std::filesystem::path m_temporary; // empty: the target itself is written
+    std::FILE* m_pFile = nullptr;
+    std::string m_strError;
+};
+
+} // namespace plexorn
+
+#endif

@@ -1,0 +1,21 @@
+// Tells from its first bytes whether a file can be an ASCII DXF.
+#ifndef PLEXORN_CLI_SNIFFING_H
+#define PLEXORN_CLI_SNIFFING_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+// How many bytes from the start of a file are enough to tell.
+inline constexpr size_t SniffedSize = 4096;
+
+// Why the file that begins with head (its first SniffedSize bytes, fewer when it is shorter) is no ASCII
+// DXF, as the end of a sentence: "is a ZIP archive; ...". Empty when it may well be one: its first line that
+// is not blank is a group code.
+std::string WhyNotAsciiDxf(std::string_view head);
+
+} // namespace plexorn
+
+#endif
