@@ -33,11 +33,14 @@ private:
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
 // exists.
 std::FILE* OpenForReading(const std::filesystem::path& path);
-std::FILE* OpenForWriting(const std::filesystem::path& path);
+std::FILE* OpenForAppending(const std::filesystem::path& path);
 std::FILE* CreateNew(const std::filesystem::path& path);
 
 // Brings what was written and flushed to the disk; false with errno set when that fails.
 bool SyncToDisk(std::FILE* file);
+
+// Whether path stands for something that a process has open already, such as /dev/stdout.
+bool NamesOpenFile(const std::filesystem::path& path);
 
 // This process's number, no other running process has it.
 unsigned long ProcessNumber();

@@ -38,9 +38,10 @@ std::FILE* OpenForReading(const fs::path& path)
     return std::fopen(path.c_str(), "rb");
 }
 
-std::FILE* OpenForWriting(const fs::path& path)
+std::FILE* OpenForAppending(const fs::path& path)
 {
-    return std::fopen(path.c_str(), "wb");
+    // Opened anew, a redirected output would have a second position, and one writer overwrite the other.
+    return path == "/dev/stdout" ? fdopen(dup(STDOUT_FILENO), "ab") : std::fopen(path.c_str(), "ab");
 }
 
 std::FILE* CreateNew(const fs::path& path)
@@ -52,6 +53,13 @@ std::FILE* CreateNew(const fs::path& path)
 bool SyncToDisk(std::FILE* file)
 {
     return fsync(fileno(file)) == 0;
+}
+
+bool NamesOpenFile(const fs::path& path)
+{
+    std::error_code error;
+    std::string folder = fs::weakly_canonical(path.parent_path(), error).native();
+    return folder == "/dev" || folder == "/dev/fd" || folder.starts_with("/proc/");
 }
 
 unsigned long ProcessNumber()

@@ -88,9 +88,9 @@ std::FILE* OpenForReading(const fs::path& path)
     return Open(path, _O_RDONLY, L"rb");
 }
 
-std::FILE* OpenForWriting(const fs::path& path)
+std::FILE* OpenForAppending(const fs::path& path)
 {
-    return Open(path, _O_WRONLY | _O_CREAT | _O_TRUNC, L"wb");
+    return Open(path, _O_WRONLY | _O_APPEND, L"ab");
 }
 
 std::FILE* CreateNew(const fs::path& path)
@@ -101,6 +101,11 @@ std::FILE* CreateNew(const fs::path& path)
 bool SyncToDisk(std::FILE* file)
 {
     return _commit(_fileno(file)) == 0;
+}
+
+bool NamesOpenFile(const fs::path&)
+{
+    return false;
 }
 
 unsigned long ProcessNumber()

@@ -21,10 +21,11 @@ fs::path ResolveLinks(const fs::path& path)
     return error ? path : resolved;
 }
 
-bool IsWrittenDirectly(fs::file_type type)
+// Devices and pipes cannot be replaced by a file, and what a process has open must not be.
+bool IsWrittenDirectly(const fs::path& path, fs::file_type type)
 {
     return type == fs::file_type::character || type == fs::file_type::fifo || type == fs::file_type::socket ||
-           type == fs::file_type::block;
+           type == fs::file_type::block || NamesOpenFile(path);
 }
 
 } // namespace
@@ -36,9 +37,9 @@ COutputFile::COutputFile(const fs::path& target)
     errno = 0;
     if (type == fs::file_type::directory) {
         Fail(EISDIR);
-    } else if (IsWrittenDirectly(type)) {
+    } else if (IsWrittenDirectly(target, type)) {
         m_target = target;
-        m_pFile = OpenForWriting(target);
+        m_pFile = OpenForAppending(target);
         if (!m_pFile)
             Fail(errno);
     } else {

@@ -11,7 +11,8 @@ namespace plexorn {
 
 // A file that is written under a temporary name in the target's folder and takes the target's name when it is
 // complete: whoever reads the target sees the old file or the new one. A symbolic link stays, its target
-// is replaced; a device or pipe is written to directly. Destroyed without Commit, it leaves no trace.
+// is replaced; a device, a pipe or the standard output (/dev/stdout) is written to directly. Destroyed
+// without Commit, it leaves no trace.
 class COutputFile {
 public:
     // Opens the file; Error tells when that failed.
