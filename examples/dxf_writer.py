@@ -147,14 +147,13 @@ class Drawing:
 
     def text(self, line_end):
         """The file as one string, every line ended by line_end."""
-        sections = [("HEADER", self._header), ("CLASSES", lambda: []), ("TABLES", self._tables),
-                    ("BLOCKS", self._blocks), ("ENTITIES", self._entities), ("OBJECTS", self._objects)]
-        bodies = {name: make() for name, make in sections if name != "HEADER"}
-        pairs = [(999, self.title)]
-        for name, make in sections:
-            body = bodies[name] if name in bodies else make()
-            pairs += [(0, "SECTION"), (2, name)] + body + [(0, "ENDSEC")]
-        pairs.append((0, "EOF"))
+        def section(name, body):
+            return [(0, "SECTION"), (2, name)] + body + [(0, "ENDSEC")]
+
+        # the header comes first, but it is made last: it tells the next free handle
+        rest = (section("CLASSES", []) + section("TABLES", self._tables()) + section("BLOCKS", self._blocks())
+                + section("ENTITIES", self._entities()) + section("OBJECTS", self._objects()))
+        pairs = [(999, self.title)] + section("HEADER", self._header()) + rest + [(0, "EOF")]
         lines = []
         for code, value in pairs:
             lines.append("%3d" % code)
@@ -177,9 +176,13 @@ class Drawing:
                    (9, "$HANDSEED"), (5, "%X" % (self.handles + 1))])
 
     def _extent(self):
-        points = [pairs for entity in self.model.entities for pairs in zip(entity, entity[1:])
-                  if pairs[0][0] in (10, 11) and pairs[1][0] == pairs[0][0] + 10 and entity[0][1] != "ELLIPSE"]
-        return [first[1] for first, _ in points], [second[1] for _, second in points]
+        """The x and the y values of the points that model space entities name; not the long axes of ellipses."""
+        xs, ys = [], []
+        for entity in self.model.entities:
+            codes = (10,) if entity[0][1] == "ELLIPSE" else (10, 11)
+            xs += [value for code, value in entity if code in codes]
+            ys += [value for code, value in entity if code - 10 in codes]
+        return xs, ys
 
     def _table(self, name, handle, marker, entries, entry_handle=5):
         """entries: (subclass marker's groups, handle) for each record of the table."""

@@ -13,11 +13,11 @@ AXES_Y = [("A", 0), ("B", 42), ("C", 58), ("D", 100)]
 
 # name, colour number, line type, lineweight in hundredths of a millimetre
 LAYERS = [
-    ("0", 9, "Continuous", 18), ("GRID", 8, "CENTER", 13), ("WALL-OUTER", 30, "Continuous", 50),
+    ("0", 9, "Continuous", 18), ("GRID", 253, "CENTER", 13), ("WALL-OUTER", 30, "Continuous", 50),
     ("WALL-INNER", 32, "Continuous", 35), ("WALL-HATCH", 33, "Continuous", 9), ("DOOR", 94, "Continuous", 25),
     ("DOOR-SWING", 92, "DASHED", 13), ("WINDOW", 150, "Continuous", 18), ("STAIR", 9, "Continuous", 18),
-    ("ABOVE", 9, "HIDDEN", 13), ("FURNITURE", 170, "Continuous", 18), ("SANITARY", 140, "Continuous", 18),
-    ("KITCHEN", 20, "Continuous", 18), ("ROOM-NAME", 10, "Continuous", 18), ("ROOM-AREA", 8, "Continuous", 18),
+    ("ABOVE", 9, "HIDDEN", 13), ("FURNITURE", 163, "Continuous", 18), ("SANITARY", 140, "Continuous", 18),
+    ("KITCHEN", 20, "Continuous", 18), ("ROOM-NAME", 10, "Continuous", 18), ("ROOM-AREA", 253, "Continuous", 18),
     ("GARDEN", 84, "Continuous", 13), ("TERRACE", 42, "Continuous", 13), ("TERRACE-EDGE", 42, "PHANTOM", 30),
     ("DIM", 94, "Continuous", 13), ("SHEET", 9, "Continuous", 35),
 ]

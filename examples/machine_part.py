@@ -18,7 +18,7 @@ KEY_WIDTH, KEY_TOP = 6.0, 13.8
 LAYERS = [
     ("0", 9, "Continuous", 18), ("OUTLINE", 150, "Continuous", 50), ("THIN", 150, "Continuous", 25),
     ("CENTER", 30, "CENTER", 18), ("HIDDEN", 92, "HIDDEN", 25), ("HATCH", 132, "Continuous", 13),
-    ("CUT", 10, "PHANTOM", 35), ("PICTORIAL", 200, "Continuous", 35), ("PICTORIAL-HIDDEN", 205, "HIDDEN", 18),
+    ("CUT", 10, "PHANTOM", 35), ("PICTORIAL", 200, "Continuous", 35), ("PICTORIAL-HIDDEN", 203, "HIDDEN", 18),
     ("DIM", 94, "Continuous", 13), ("NOTE", 30, "Continuous", 18), ("SHEET", 9, "Continuous", 35),
     ("SHEET-THIN", 9, "Continuous", 18),
 ]
@@ -193,7 +193,8 @@ def draw_dimensions(space):
     dimensions.linear(space, "DIM", (left, y - RIM + 1.5), (right, y - HUB + 2), (0, y - RIM - 14), "", 0.0)
     dimensions.linear(space, "DIM", (right, y - BORE), (right, y + KEY_TOP), (right + 8, 0), "<>   \\S+0.2^-0.1;", 90.0)
     dimensions.linear(space, "DIM", (left + 1.5, y - RIM), (left + 1.5, y + RIM), (left - 8, 0), "Ø<>", 90.0)
-    dimensions.linear(space, "DIM", (left + PLATE, y + HUB + 3), (right - 2, y + HUB), (left + PLATE + 1, y + HUB + 12), "20.2")
+    dimensions.linear(space, "DIM", (left + PLATE, y + HUB + 3), (right - 2, y + HUB),
+                      (left + PLATE + 1, y + HUB + 12), "20.2")
 
 
 def draw_notes(space):
@@ -214,7 +215,7 @@ def draw_title_block(space):
              (138, 20, "中文", "法兰盘 \"甲\""), (188, 20, "Čeština", "Příruba & víko"),
              (138, 11, "scale", "1 : 1"), (172, 11, "material", "C45 <steel>"), (206, 11, "sheet", "M-204")]
     for x, y, label, value in cells:
-        space.mtext("SHEET-THIN", x, y + 1.4, 1.5, label, 1, color=8)
+        space.mtext("SHEET-THIN", x, y + 1.4, 1.5, label, 1, color=253)
         space.text("SHEET", x, y - 1.2, 2.6, value, 0, 3)
 
 
