@@ -1,0 +1,64 @@
+"""Runs the command plexorn in a folder of its own; under an emulator too."""
+import os
+import subprocess
+import tempfile
+import unittest
+
+COMMAND = None
+VERSION = None
+EMULATOR = []
+
+NOBODY = 65534
+
+
+def dxf(*lines, end="\n"):
+    """A drawing of these lines."""
+    return (end.join(lines) + end).encode("utf-8")
+
+
+def entities(*lines):
+    return dxf("  0", "SECTION", "  2", "ENTITIES", *lines, "  0", "ENDSEC", "  0", "EOF")
+
+
+LINE = ("  0", "LINE", "  8", "0", " 10", "1", " 20", "2", " 11", "3", " 21", "4")
+DRAWING = entities(*LINE)
+# SOLID is no type that is drawn: one message, which names line 6.
+DRAWING_WITH_MESSAGE = entities("  0", "SOLID", *LINE)
+SOLID_MESSAGE = "SOLID - Unknown Object Type Name (6)"
+
+
+class CommandTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="plexorn-cli-")
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, content=DRAWING):
+        with open(self.path(name), "wb") as file:
+            file.write(content)
+
+    def read(self, name):
+        with open(self.path(name), encoding="utf-8") as file:
+            return file.read()
+
+    def names(self):
+        return sorted(os.listdir(self.folder))
+
+    def plexorn(self, *arguments, **options):
+        """Runs the command; its output is text with plain line ends."""
+        options = {"timeout": 60, "stdin": subprocess.DEVNULL, **options}
+        result = subprocess.run([*EMULATOR, COMMAND, *arguments], cwd=self.folder, capture_output=True, **options)
+        result.stdout = result.stdout.decode("utf-8").replace("\r\n", "\n")
+        result.stderr = result.stderr.decode("utf-8").replace("\r\n", "\n")
+        return result
+
+    def expect(self, code, *arguments, **options):
+        """Runs the command, asserts its exit code, and gives what it printed to the standard error."""
+        result = self.plexorn(*arguments, **options)
+        self.assertEqual(result.returncode, code, result.stderr)
+        return result.stderr

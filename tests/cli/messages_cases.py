@@ -1,0 +1,70 @@
+"""What is printed about a drawing."""
+import re
+import time
+
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
+
+SUMMARY = re.compile(r"^plan\.dxf: (\d+) elements? drawn to plan\.svg, (\d+) messages?, \d+ ms(.*)$")
+
+
+class Messages(CommandTest):
+    def messages(self, content):
+        """Draws content; the lines printed before the closing one, and the closing one's parts."""
+        self.write("plan.dxf", content)
+        *lines, last = self.expect(0, "plan.dxf").splitlines()
+        self.assertRegex(last, SUMMARY)
+        return lines, SUMMARY.match(last).groups()
+
+    def test_nothing_goes_to_the_standard_output(self):
+        self.write("plan.dxf", DRAWING_WITH_MESSAGE)
+        self.assertEqual(self.plexorn("plan.dxf").stdout, "")
+
+    def test_a_clean_drawing_has_one_closing_line(self):
+        self.assertEqual(self.messages(DRAWING), ([], ("1", "0", "")))
+
+    def test_a_line_number_in_parentheses(self):
+        lines, summary = self.messages(DRAWING_WITH_MESSAGE)
+        self.assertEqual(lines, [f"plan.dxf:6: {SOLID_MESSAGE}"])
+        self.assertEqual(summary, ("1", "1", ""))
+
+    def test_a_line_number_in_parentheses_after_the_word(self):
+        lines, _ = self.messages(dxf("0", "SECTION", "2", "HOUSES", "0", "ENDSEC", "0", "EOF"))
+        self.assertEqual(lines, ["plan.dxf:4: HOUSES - Unknown Section Name Line (4)"])
+
+    def test_a_line_number_after_a_colon(self):
+        lines, _ = self.messages(entities("0", "LINE", "abc", "0", "LINE"))
+        self.assertEqual(lines[:2], ["plan.dxf:7: ReadENTITIES_LINE Failed to read integer from 'abc', Line:7",
+                                     "plan.dxf:7: ReadENTITIES_LINE() Failed to read line, Line:7"])
+
+    def test_a_number_that_is_part_of_a_name_is_no_line_number(self):
+        lines, _ = self.messages(entities("0", "WALL (3)", *LINE))
+        self.assertEqual(lines, ["plan.dxf:6: WALL (3) - Unknown Object Type Name (6)"])
+
+    def test_a_message_without_a_line(self):
+        part = ("100", "AcDbDimension")
+        lines, _ = self.messages(entities("0", "DIMENSION", *part, *part))
+        self.assertEqual(lines, ["plan.dxf: AcDbDimension data duplicated."])
+
+    def test_control_characters_of_the_file_do_not_reach_the_terminal(self):
+        lines, _ = self.messages(entities("0", "A\x1b[2JB\x7f", *LINE))
+        self.assertEqual(lines, [r"plan.dxf:6: A\x1B[2JB\x7F - Unknown Object Type Name (6)"])
+
+    def test_what_the_host_met_stands_in_the_closing_line(self):
+        _, (_, _, findings) = self.messages(entities("0", "INSERT", "2", "NOWHERE", "0", "INSERT", "2", "NOWHERE"))
+        self.assertEqual(findings, "; 2 inserts of missing blocks")
+
+    def test_a_block_that_inserts_itself_is_told(self):
+        block = ("0", "BLOCK", "2", "A", "0", "INSERT", "2", "A", "0", "ENDBLK", "0", "ENDSEC")
+        content = dxf("0", "SECTION", "2", "BLOCKS", *block) + entities("0", "INSERT", "2", "A")
+        _, (_, _, findings) = self.messages(content)
+        self.assertEqual(findings, "; 1 insert left out (its block inserts itself)")
+
+    def test_a_hundred_thousand_messages(self):
+        count = 100_000
+        self.write("plan.dxf", entities(*("0", "SOLID") * count))
+        start = time.monotonic()
+        lines = self.expect(0, "plan.dxf").splitlines()
+        self.assertEqual(len(lines), count + 1)
+        self.assertEqual(lines[-2], f"plan.dxf:{2 * count + 4}: SOLID - Unknown Object Type Name ({2 * count + 4})")
+        # Work that grows with the square of the messages would take minutes.
+        self.assertLess(time.monotonic() - start, 30)
