@@ -1,0 +1,60 @@
+// The texts of stroke styles, made once for each distinct style.
+#pragma once
+
+#include "entities/DXF_GRAPHIC_BASE.h"
+#include "reader/DXF_STRING.h"
+#include "reader/Hash.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+
+// The values of the three style attributes.
+struct DXF_STYLE_TEXTS {
+    DXF_STRING width;
+    DXF_STRING color;
+    DXF_STRING dashes;
+};
+
+// Remembers the texts of every combination of what an entity's style depends on. A drawing has few of them,
+// and the reader keeps equal names once, so names are compared by their place; where the same name stands
+// in two places the texts are made twice, and are the same.
+class CDxfStyleTexts {
+public:
+    // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws.
+    template <class Make>
+    const DXF_STYLE_TEXTS& Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
+    {
+        const KEY key = KeyOf(entity);
+        if (m_last == nullptr || key != m_lastKey) {
+            auto found = m_texts.find(key);
+            if (found == m_texts.end())
+                found = m_texts.emplace(key, make(entity)).first;
+            m_last = &found->second; // references into the map stay valid
+            m_lastKey = key;
+        }
+        return *m_last;
+    }
+
+private:
+    using KEY = std::array<std::uint64_t, 4>;
+    struct HASH {
+        std::uint64_t key;
+        std::size_t operator()(const KEY& value) const { return HashBytes(value.data(), sizeof(value), key); }
+    };
+
+    static KEY KeyOf(const DXF_GRAPHIC_BASE& entity)
+    {
+        const auto pack = [](std::int32_t high, std::int32_t low) {
+            return std::uint64_t{static_cast<std::uint32_t>(high)} << 32 | static_cast<std::uint32_t>(low);
+        };
+        return {reinterpret_cast<std::uintptr_t>(entity.m_strLayer.c_str()),
+                reinterpret_cast<std::uintptr_t>(entity.m_strLineType.c_str()),
+                pack(entity.m_nColor, entity.m_nLineWeight), pack(0, entity.m_nTrueColor)};
+    }
+
+    std::unordered_map<KEY, DXF_STYLE_TEXTS, HASH> m_texts{0, HASH{HashKey(this)}};
+    KEY m_lastKey{};
+    const DXF_STYLE_TEXTS* m_last = nullptr;
+};

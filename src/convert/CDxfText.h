@@ -1,0 +1,45 @@
+// Texts for the host, made without memory of their own.
+#pragma once
+
+#include "reader/Numbers.h"
+
+#include <cstddef>
+#include <cstdint>
+
+// A wide text of at most so many characters, built piece by piece and zero-terminated after each.
+template <std::size_t capacity>
+class CDxfText {
+public:
+    const wchar_t* c_str() const { return m_text; }
+
+    CDxfText& Add(const wchar_t* text)
+    {
+        while (*text != L'\0')
+            *m_end++ = *text++;
+        return Terminate();
+    }
+    CDxfText& AddFixed6(double value) { return AddNumber(FormatFixed6(value, m_number)); }
+    CDxfText& AddWidth4Fixed2(double value) { return AddNumber(FormatWidth4Fixed2(value, m_number)); }
+    CDxfText& AddGeneral(double value) { return AddNumber(FormatGeneral(value, m_number)); }
+    CDxfText& AddInteger(std::int32_t value) { return AddNumber(FormatInteger(value, m_number)); }
+
+private:
+    CDxfText& AddNumber(const char* end)
+    {
+        for (const char* at = m_number; at != end; ++at)
+            *m_end++ = static_cast<wchar_t>(*at);
+        return Terminate();
+    }
+    CDxfText& Terminate()
+    {
+        *m_end = L'\0';
+        return *this;
+    }
+
+    char m_number[kLongestNumber];
+    wchar_t m_text[capacity + 1] = {};
+    wchar_t* m_end = m_text;
+};
+
+// One number.
+using CDxfNumberText = CDxfText<kLongestNumber>;

@@ -1,0 +1,84 @@
+// Stroke width, colour, dashes and visibility of an entity.
+#include "convert/CDxfReadToQuillmar.h"
+#include "convert/CDxfText.h"
+#include "entities/DXF_GRAPHIC_BASE.h"
+
+#include <cmath>
+
+double CDxfReadToQuillmar::GetStrokeWidth(const DXF_GRAPHIC_BASE& entity)
+{
+    const double defaultWidth = scale * defaultLineWidth;
+    const DXF_TABLES_LAYER* const layer = FindLayer(entity.m_strLayer);
+    std::int32_t weight = entity.m_nLineWeight;
+    if (weight == -1) { // by layer
+        if (layer == nullptr)
+            return defaultWidth;
+        weight = layer->m_nLineWeight;
+    }
+    // What is left below 1 is by block, 0 or a layer's own -1 or -3.
+    return weight >= 1 ? weight / 100.0 * scale : defaultWidth;
+}
+
+std::uint32_t CDxfReadToQuillmar::GetEntityColor(const DXF_GRAPHIC_BASE& entity)
+{
+    // A file writes a true colour as 0xRRGGBB; that its low byte is printed as red all the same is meant.
+    if (entity.m_nTrueColor != 0)
+        return static_cast<std::uint32_t>(entity.m_nTrueColor);
+    const bool isOfLayer = entity.m_nColor <= 0 || entity.m_nColor == 256; // by block counts as by layer
+    return isOfLayer ? GetLayerColor(entity.m_strLayer) : GetPaletteColor(entity.m_nColor);
+}
+
+// Names such as ByLayer or Continuous are line types like any other. Dash lengths are not scaled.
+DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
+{
+    DXF_STRING name = entity.m_strLineType;
+    if (name.empty())
+        if (const DXF_TABLES_LAYER* const layer = FindLayer(entity.m_strLayer))
+            name = layer->m_strLineType;
+    const DXF_TABLES_LTYPE* const lineType = FindLineType(name);
+    if (lineType == nullptr)
+        return {};
+    const auto [entry, isNew] = m_dashTexts.try_emplace(lineType);
+    if (isNew) {
+        char text[1 + kLongestNumber];
+        for (const double dash : lineType->m_dashes) {
+            const bool isFirst = entry->second.empty();
+            text[0] = ',';
+            const char* const end = FormatFixed6(std::fabs(dash), text + 1);
+            const char* const begin = isFirst ? text + 1 : text;
+            store.Append(entry->second, {begin, static_cast<std::size_t>(end - begin)});
+        }
+    }
+    return entry->second;
+}
+
+const DXF_STYLE_TEXTS& CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE& entity)
+{
+    return m_styleTexts.Find(entity, [this](const DXF_GRAPHIC_BASE& unknown) {
+        const auto part = [](std::uint32_t color, int shift) {
+            return static_cast<std::int32_t>(color >> shift & 255);
+        };
+        const std::uint32_t color = GetEntityColor(unknown);
+        CDxfText<sizeof("RGB(255,255,255)")> rgb;
+        rgb.Add(L"RGB(").AddInteger(part(color, 0)).Add(L",").AddInteger(part(color, 8)).Add(L",");
+        rgb.AddInteger(part(color, 16)).Add(L")");
+        const CDxfNumberText width = CDxfNumberText().AddFixed6(GetStrokeWidth(unknown));
+        return DXF_STYLE_TEXTS{store.Keep(std::wstring_view(width.c_str())),
+                               store.Keep(std::wstring_view(rgb.c_str())), GetDashArray(unknown)};
+    });
+}
+
+void CDxfReadToQuillmar::SetStyle(QlmNode node, const DXF_GRAPHIC_BASE& entity)
+{
+    const DXF_STYLE_TEXTS& texts = GetStyleTexts(entity);
+    SetAttribute(node, L"stroke-width", texts.width.c_str());
+    SetAttribute(node, L"stroke", texts.color.c_str());
+    SetAttribute(node, L"stroke-dasharray", texts.dashes.c_str());
+    if (entity.m_nVisibility == 1)
+        SetAttribute(node, L"visibility", L"hidden");
+}
+
+void CDxfReadToQuillmar::SetStroke(QlmNode node, const DXF_GRAPHIC_BASE& entity)
+{
+    SetAttribute(node, L"stroke", GetStyleTexts(entity).color.c_str());
+}

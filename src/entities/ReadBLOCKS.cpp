@@ -1,0 +1,82 @@
+// The BLOCKS section.
+#include "entities/DXF_BLOCKS_BLOCK.h"
+#include "reader/ReadFields.h"
+
+namespace {
+
+using BLOCK = DXF_BLOCKS_BLOCK;
+
+void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, BLOCK& block, std::string_view value)
+{
+    reader.ReadGroup(stream, block.m_strAppData, Trim(value), "102");
+}
+
+using FIELDS = DxfFields<BLOCK>;
+constexpr auto kFields = FIELDS::Table({
+    FIELDS::End(0),
+    FIELDS::Field(5, &BLOCK::m_strHandle),
+    FIELDS::Function(102, ReadAppGroup),
+    FIELDS::Name(330, &BLOCK::m_strOwnerHandle),
+    FIELDS::Name(8, &BLOCK::m_strLayer),
+    FIELDS::Name(2, &BLOCK::m_strName),
+    FIELDS::Field(70, &BLOCK::m_nFlags),
+    FIELDS::Field(10, &BLOCK::m_dBaseX),
+    FIELDS::Field(20, &BLOCK::m_dBaseY),
+    FIELDS::Field(30, &BLOCK::m_dBaseZ),
+    FIELDS::Name(3, &BLOCK::m_strName3),
+    FIELDS::Field(1, &BLOCK::m_strXrefPath),
+    FIELDS::Field(4, &BLOCK::m_strDescription),
+});
+
+} // namespace
+
+// Both loops look for the end of the file before each round, so a name that was read together with it is not
+// looked at.
+void CDxfRead::ReadBLOCKS(CDxfStream& stream)
+{
+    std::string_view name = ReadTrimmed(stream);
+    while (!stream.eof()) {
+        if (name == "ENDSEC")
+            return;
+        if (name != "BLOCK") {
+            Report(DXF_ERROR_OBJECT_TYPE, L"%s - Unknown Object Type Name (%d)", {name, lineCount});
+            Read_UNKNOWN(stream);
+        } else if (DXF_BLOCKS_BLOCK* const block = ReadBLOCKS_BLOCK(stream)) {
+            ReadBlockEntities(stream, *block);
+        } else {
+            // Reading falls back into step at this level: the entities of a block whose header failed, and
+            // its ENDBLK, are reported here and skipped one by one.
+            Report(DXF_ERROR_UNFINISHED, L"ReadBLOCKS_BLOCK() Failed to read line, Line:%d", {lineCount});
+        }
+        name = ReadTrimmed(stream);
+    }
+}
+
+// Reads the entities of a block up to the "0" behind its ENDBLK. A name that begins no entity is passed over,
+// one line at a time: a block without an ENDBLK is meant to read the next section into itself.
+void CDxfRead::ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block)
+{
+    std::string_view name = ReadTrimmed(stream);
+    while (!stream.eof()) {
+        if (name == "ENDBLK") {
+            Read_UNKNOWN(stream);
+            return;
+        }
+        if (IsEntityTypeName(name))
+            ReadENTITIES(stream, name, block.m_entities);
+        name = ReadTrimmed(stream);
+    }
+}
+
+// Only a block whose header is complete gets into the list. Unlike an entity's, its unknown codes, 100 among
+// them, are meant to give no message.
+DXF_BLOCKS_BLOCK* CDxfRead::ReadBLOCKS_BLOCK(CDxfStream& stream)
+{
+    DXF_BLOCKS_BLOCK* const block = store.New<DXF_BLOCKS_BLOCK>();
+    const auto ignore = [](std::int32_t, std::string_view) {};
+    if (ReadFields(stream, *block, kFields, L"ReadBLOCKS_BLOCK Failed to read integer from '%s', Line:%d",
+                   ignore) != DXF_END_ZERO)
+        return nullptr;
+    blocks.Add(store, block);
+    return block;
+}

@@ -1,0 +1,18 @@
+// The contract of every entity reader.
+#pragma once
+
+#include "reader/ReadFields.h"
+
+// Makes a record, puts it into the list at once and reads its pairs: codes of its table into their fields,
+// all others as codes that entities share. True when the entity ended at a "0".
+template <class Record, std::size_t count>
+bool ReadEntity(CDxfRead& reader, CDxfStream& stream, DXF_ENTITY_LIST& list,
+                const CDxfFieldTable<Record, count>& table, const wchar_t* message)
+{
+    Record* const record = reader.store.New<Record>();
+    list.Add(reader.store, record);
+    const auto other = [&](std::int32_t code, std::string_view value) {
+        reader.ReadENTITIES_COMMON(code, value, *record, stream);
+    };
+    return reader.ReadFields(stream, *record, table, message, other) == DXF_END_ZERO;
+}

@@ -1,0 +1,38 @@
+#include "reader/CDxfSource.h"
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <algorithm>
+
+CDxfFile::CDxfFile(const char* path)
+    : m_file(reinterpret_cast<std::intptr_t>(CreateFileA(path, GENERIC_READ,
+                                                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                                         OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)))
+{
+}
+
+CDxfFile::~CDxfFile()
+{
+    if (IsOpen())
+        CloseHandle(reinterpret_cast<HANDLE>(m_file));
+}
+
+bool CDxfFile::IsOpen() const
+{
+    return reinterpret_cast<HANDLE>(m_file) != INVALID_HANDLE_VALUE;
+}
+
+std::ptrdiff_t CDxfFile::Read(char* bytes, std::size_t size)
+{
+    DWORD count = 0;
+    const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(size, 1u << 30));
+    if (ReadFile(reinterpret_cast<HANDLE>(m_file), bytes, wanted, &count, nullptr))
+        return static_cast<std::ptrdiff_t>(count);
+    return GetLastError() == ERROR_BROKEN_PIPE ? 0 : -1; // the writer's end of a pipe was closed: its end
+}

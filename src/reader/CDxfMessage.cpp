@@ -1,0 +1,49 @@
+#include "reader/CDxfMessage.h"
+
+#include "reader/CDxfStream.h"
+#include "reader/CodePage.h"
+#include "reader/Numbers.h"
+
+#include <cassert>
+
+CDxfMessage::CDxfMessage(const wchar_t* format, std::initializer_list<CDxfMessageArgument> arguments)
+{
+    const CDxfMessageArgument* next = arguments.begin();
+    for (; *format != L'\0'; ++format) {
+        if (*format != L'%') {
+            Append(*format);
+            continue;
+        }
+        assert(next != arguments.end());
+        Append(*next++);
+        ++format; // the letter
+    }
+    assert(next == arguments.end());
+    m_text[m_length] = L'\0';
+}
+
+void CDxfMessage::Append(wchar_t character)
+{
+    if (m_length < kCapacity - 1)
+        m_text[m_length++] = character;
+}
+
+void CDxfMessage::Append(const CDxfMessageArgument& argument)
+{
+    char number[kLongestNumber];
+    wchar_t wide[CDxfStream::kLongestLine];
+    switch (argument.m_kind) {
+    case CDxfMessageArgument::KIND::Narrow:
+        for (const wchar_t character : std::wstring_view(wide, ToWide(argument.m_narrow, wide)))
+            Append(character);
+        break;
+    case CDxfMessageArgument::KIND::Wide:
+        for (const wchar_t character : argument.m_wide)
+            Append(character);
+        break;
+    case CDxfMessageArgument::KIND::Number:
+        for (const char digit : std::string_view(number, FormatInteger(argument.m_number, number)))
+            Append(static_cast<wchar_t>(digit));
+        break;
+    }
+}

@@ -1,0 +1,65 @@
+#include "reader/CDxfRead.h"
+
+#include "reader/Numbers.h"
+
+void CDxfRead::OnDimension(const DXF_GRAPHIC_DIMENSION&) {}
+int CDxfRead::OnError(std::uint32_t, int, const wchar_t*, std::int64_t)
+{
+    return 0;
+}
+void CDxfRead::OnBlockBegin(const DXF_BLOCKS_BLOCK&) {}
+void CDxfRead::OnBlockEnd(const DXF_BLOCKS_BLOCK&) {}
+void CDxfRead::OnLine(const DXF_GRAPHIC_LINE&) {}
+void CDxfRead::OnArc(DXF_GRAPHIC_ARC&) {}
+void CDxfRead::OnCircle(const DXF_GRAPHIC_CIRCLE&) {}
+void CDxfRead::OnEllipse(const DXF_GRAPHIC_ELLIPSE&) {}
+void CDxfRead::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE&) {}
+void CDxfRead::OnText(const DXF_GRAPHIC_TEXT&) {}
+void CDxfRead::OnMText(const DXF_GRAPHIC_MTEXT&) {}
+void CDxfRead::OnInsert(const DXF_GRAPHIC_INSERT&) {}
+
+std::string_view CDxfRead::ReadTrimmed(CDxfStream& stream)
+{
+    return Trim(ReadLine(stream));
+}
+
+bool CDxfRead::ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* message)
+{
+    const std::string_view line = ReadLine(stream);
+    if (ParseCode(line, code)) [[likely]]
+        return true;
+    Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});
+    return false;
+}
+
+void CDxfRead::ReadGroup(CDxfStream& stream, DXF_STRING& text, std::string_view value, std::string_view code)
+{
+    store.Append(text, value);
+    while (!stream.eof()) {
+        const std::string_view line = ReadTrimmed(stream);
+        if (line != code) {
+            store.Append(text, "\n");
+            store.Append(text, line);
+        } else if (ReadTrimmed(stream) == "}") {
+            return;
+        }
+    }
+}
+
+void CDxfRead::Report(int kind, const wchar_t* format, std::initializer_list<CDxfMessageArgument> arguments)
+{
+    OnError(0, kind, CDxfMessage(format, arguments).c_str(), 0);
+}
+
+void CDxfRead::ReportTrouble(CDxfStream& stream)
+{
+    if (stream.TakeLineWasCut())
+        Report(DXF_ERROR_LONG_LINE, L"CDxfRead Line longer than 1023 characters cut, Line:%d", {lineCount});
+    if (stream.TakeReadFailed())
+        Report(DXF_ERROR_READ, L"CDxfRead Failed to read file, Line:%d", {lineCount});
+}
+
+void CDxfRead::ReportMemory()
+{
+    Report(DXF_ERROR_MEMORY, L"CDxfRead Out of memory, Line:%d", {lineCount});
+}

@@ -1,0 +1,189 @@
+#include "reader/CDxfStore.h"
+
+#include "reader/CodePage.h"
+#include "reader/Hash.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace {
+
+constexpr std::size_t kFirstChunk = std::size_t{32} << 10;
+constexpr std::size_t kLargestChunk = std::size_t{1} << 20;
+
+// A request of at least this size gets a chunk of its own, so that a list which outgrows it can be given
+// back at once.
+constexpr std::size_t kOwnChunk = std::size_t{256} << 10;
+
+constexpr std::size_t kFirstNameSlots = 256;
+
+} // namespace
+
+CDxfStore::CDxfStore() : m_nextChunkSize(kFirstChunk), m_hashKey(HashKey(this)) {}
+
+CDxfStore::~CDxfStore()
+{
+    while (m_chunks != nullptr)
+        FreeChunk(m_chunks);
+    ::operator delete(m_names);
+}
+
+CDxfStore::CHUNK* CDxfStore::NewChunk(std::size_t size)
+{
+    if (size > std::numeric_limits<std::size_t>::max() - sizeof(CHUNK))
+        throw std::bad_alloc();
+    CHUNK* const chunk = static_cast<CHUNK*>(::operator new(sizeof(CHUNK) + size));
+    chunk->previous = m_chunks;
+    chunk->next = nullptr;
+    if (m_chunks != nullptr)
+        m_chunks->next = chunk;
+    m_chunks = chunk;
+    return chunk;
+}
+
+void CDxfStore::FreeChunk(CHUNK* chunk)
+{
+    if (chunk->previous != nullptr)
+        chunk->previous->next = chunk->next;
+    if (chunk->next != nullptr)
+        chunk->next->previous = chunk->previous;
+    if (m_chunks == chunk)
+        m_chunks = chunk->previous;
+    ::operator delete(chunk);
+}
+
+void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
+{
+    if (rounded >= kOwnChunk)
+        return NewChunk(rounded) + 1;
+    char* const storage = reinterpret_cast<char*>(NewChunk(m_nextChunkSize) + 1);
+    m_next = storage + rounded;
+    m_end = storage + m_nextChunkSize;
+    m_nextChunkSize = std::min(std::max(m_nextChunkSize * 2, kOwnChunk), kLargestChunk);
+    return storage;
+}
+
+void* CDxfStore::Resize(void* block, std::size_t oldSize, std::size_t newSize)
+{
+    const auto round = [](std::size_t size) { return (size + kAlignment - 1) & ~(kAlignment - 1); };
+    if (newSize > std::numeric_limits<std::size_t>::max() / 2)
+        throw std::bad_alloc();
+    const std::size_t oldRounded = round(oldSize);
+    const std::size_t newRounded = round(newSize);
+    if (block != nullptr && static_cast<char*>(block) + oldRounded == m_next && oldRounded < kOwnChunk &&
+        newRounded - oldRounded <= static_cast<std::size_t>(m_end - m_next) && newRounded < kOwnChunk) {
+        m_next += newRounded - oldRounded;
+        return block;
+    }
+    void* const larger = Allocate(newSize);
+    if (oldSize != 0)
+        std::memcpy(larger, block, oldSize);
+    if (oldRounded >= kOwnChunk)
+        FreeChunk(static_cast<CHUNK*>(block) - 1);
+    return larger;
+}
+
+wchar_t* CDxfStore::AllocateText(std::size_t length)
+{
+    if (length >= std::numeric_limits<std::uint32_t>::max())
+        throw std::bad_alloc();
+    char* const block = static_cast<char*>(Allocate(sizeof(std::uint32_t) + (length + 1) * sizeof(wchar_t)));
+    return reinterpret_cast<wchar_t*>(block + sizeof(std::uint32_t));
+}
+
+void CDxfStore::SetLength(wchar_t* text, std::size_t length)
+{
+    const std::uint32_t stored = static_cast<std::uint32_t>(length);
+    std::memcpy(reinterpret_cast<char*>(text) - sizeof(stored), &stored, sizeof(stored));
+    text[length] = L'\0';
+}
+
+DXF_STRING CDxfStore::Keep(std::string_view narrow)
+{
+    if (narrow.empty())
+        return {};
+    wchar_t* const text = AllocateText(narrow.size()); // no code page gives more units than bytes
+    SetLength(text, ToWide(narrow, text));
+    return DXF_STRING(text);
+}
+
+DXF_STRING CDxfStore::Keep(std::wstring_view wide)
+{
+    if (wide.empty())
+        return {};
+    wchar_t* const text = AllocateText(wide.size());
+    std::copy(wide.begin(), wide.end(), text);
+    SetLength(text, wide.size());
+    return DXF_STRING(text);
+}
+
+DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
+{
+    if (narrow.empty())
+        return {};
+    if (m_nameCount * 2 >= m_nameSlots)
+        GrowNames();
+    const std::uint32_t hash = static_cast<std::uint32_t>(HashBytes(narrow.data(), narrow.size(), m_hashKey));
+    NAME& name = FindName(narrow, hash);
+    if (name.narrow == nullptr) {
+        const DXF_STRING text = Keep(narrow);
+        char* const copy = static_cast<char*>(Allocate(narrow.size()));
+        std::memcpy(copy, narrow.data(), narrow.size());
+        name = {copy, static_cast<std::uint32_t>(narrow.size()), hash, text};
+        ++m_nameCount;
+    }
+    return name.text;
+}
+
+CDxfStore::NAME& CDxfStore::FindName(std::string_view narrow, std::uint32_t hash)
+{
+    for (std::size_t slot = hash & (m_nameSlots - 1);; slot = (slot + 1) & (m_nameSlots - 1)) {
+        NAME& name = m_names[slot];
+        if (name.narrow == nullptr)
+            return name;
+        if (name.hash == hash && std::string_view(name.narrow, name.length) == narrow)
+            return name;
+    }
+}
+
+void CDxfStore::GrowNames()
+{
+    const std::size_t slots = m_nameSlots == 0 ? kFirstNameSlots : m_nameSlots * 2;
+    NAME* const old = m_names;
+    const std::size_t oldSlots = m_nameSlots;
+    NAME* const grown = static_cast<NAME*>(::operator new(slots * sizeof(NAME)));
+    std::uninitialized_fill_n(grown, slots, NAME{});
+    m_names = grown;
+    m_nameSlots = slots;
+    for (std::size_t i = 0; i < oldSlots; ++i)
+        if (old[i].narrow != nullptr)
+            FindName({old[i].narrow, old[i].length}, old[i].hash) = old[i];
+    ::operator delete(old);
+}
+
+void CDxfStore::Append(DXF_STRING& text, std::string_view narrow)
+{
+    const std::size_t length = text.size();
+    if (text.m_text == nullptr || text.m_text != m_growing || length + narrow.size() > m_growingCapacity) {
+        const std::size_t capacity = (length + narrow.size()) * 2;
+        const std::size_t header = sizeof(std::uint32_t) + sizeof(wchar_t); // length before, zero behind
+        const bool grow = text.m_text != nullptr && text.m_text == m_growing;
+        if (grow) {
+            char* const block = reinterpret_cast<char*>(m_growing) - sizeof(std::uint32_t);
+            if (capacity >= std::numeric_limits<std::uint32_t>::max())
+                throw std::bad_alloc();
+            void* const larger = Resize(block, header + m_growingCapacity * sizeof(wchar_t),
+                                        header + capacity * sizeof(wchar_t));
+            m_growing = reinterpret_cast<wchar_t*>(static_cast<char*>(larger) + sizeof(std::uint32_t));
+        } else {
+            wchar_t* const fresh = AllocateText(capacity);
+            std::copy_n(text.c_str(), length, fresh);
+            m_growing = fresh;
+        }
+        m_growingCapacity = capacity;
+    }
+    SetLength(m_growing, length + ToWide(narrow, m_growing + length));
+    text = DXF_STRING(m_growing);
+}

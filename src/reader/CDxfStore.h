@@ -1,0 +1,91 @@
+// The storage of one reader: records, texts and lists, freed together.
+#pragma once
+
+#include "reader/DXF_STRING.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <string_view>
+#include <utility>
+
+// Hands out storage from large chunks and frees all of them at once, without running destructors: what is
+// made here holds nothing that lives elsewhere. Running out of memory throws std::bad_alloc and leaves the
+// store as it was.
+class CDxfStore {
+public:
+    CDxfStore();
+    ~CDxfStore();
+    CDxfStore(const CDxfStore&) = delete;
+    CDxfStore& operator=(const CDxfStore&) = delete;
+
+    // Uninitialised storage, aligned for any record.
+    void* Allocate(std::size_t size)
+    {
+        const std::size_t rounded = (size + kAlignment - 1) & ~(kAlignment - 1);
+        if (rounded > static_cast<std::size_t>(m_end - m_next)) [[unlikely]]
+            return AllocateFromNewChunk(rounded);
+        void* const block = m_next;
+        m_next += rounded;
+        return block;
+    }
+
+    // Storage of newSize bytes that begins with the oldSize bytes of block. It is the same block, grown in
+    // place, where nothing has been allocated since; a block may be null with a size of 0.
+    void* Resize(void* block, std::size_t oldSize, std::size_t newSize);
+
+    // A record with its default values.
+    template <class Record>
+    Record* New()
+    {
+        return ::new (Allocate(sizeof(Record))) Record();
+    }
+
+    // A text of its own, converted from the system's ANSI code page.
+    DXF_STRING Keep(std::string_view narrow);
+
+    // A text of its own from wide characters.
+    DXF_STRING Keep(std::wstring_view wide);
+
+    // As Keep, but the same text is kept once, however often it comes: for names.
+    DXF_STRING KeepOnce(std::string_view narrow);
+
+    // Adds to the end of a text. Cheap when it is the text that was added to last, whatever has been kept
+    // in between: the cost of building a text is linear in its length.
+    void Append(DXF_STRING& text, std::string_view narrow);
+
+private:
+    static constexpr std::size_t kAlignment = 8;
+
+    struct CHUNK {
+        CHUNK* previous;
+        CHUNK* next;
+    };
+    struct NAME {
+        const char* narrow; // null in a free slot
+        std::uint32_t length;
+        std::uint32_t hash;
+        DXF_STRING text;
+    };
+
+    void* AllocateFromNewChunk(std::size_t rounded);
+    CHUNK* NewChunk(std::size_t size);
+    void FreeChunk(CHUNK* chunk);
+    wchar_t* AllocateText(std::size_t length);
+    static void SetLength(wchar_t* text, std::size_t length);
+    void GrowNames();
+    NAME& FindName(std::string_view narrow, std::uint32_t hash);
+
+    CHUNK* m_chunks = nullptr;
+    char* m_next = nullptr;
+    char* m_end = nullptr;
+    std::size_t m_nextChunkSize;
+
+    wchar_t* m_growing = nullptr; // the text that Append wrote last
+    std::size_t m_growingCapacity = 0;
+
+    NAME* m_names = nullptr; // open addressing, a power of two of slots, at most half of them filled
+    std::size_t m_nameSlots = 0;
+    std::size_t m_nameCount = 0;
+    std::uint64_t m_hashKey;
+};

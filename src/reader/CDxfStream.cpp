@@ -1,0 +1,131 @@
+#include "reader/CDxfStream.h"
+
+#include <cstring>
+
+#if defined(__SSE2__) || defined(_M_X64)
+#include <emmintrin.h>
+#endif
+
+namespace {
+
+// Large enough that the system's calls do not count, small enough to stay in the second-level cache.
+constexpr std::size_t kBufferSize = std::size_t{128} << 10;
+constexpr char kEndOfFileByte = '\x1A';
+
+} // namespace
+
+CDxfStream::CDxfStream(CDxfSource& source)
+    : m_source(source), m_buffer(new char[kBlock + kBufferSize + kBlock]()), m_front(m_buffer.get() + kBlock),
+      m_line(m_front), m_end(m_front)
+{
+    StartBlocksAt(m_line);
+}
+
+#if defined(__SSE2__) || defined(_M_X64)
+
+std::uint64_t CDxfStream::FindNewlines(const char* bytes)
+{
+    const __m128i lineFeed = _mm_set1_epi8('\n');
+    std::uint64_t found = 0;
+    for (unsigned i = 0; i < kBlock; i += 16) {
+        const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+        const int bits = _mm_movemask_epi8(_mm_cmpeq_epi8(part, lineFeed));
+        found |= static_cast<std::uint64_t>(static_cast<unsigned>(bits)) << i;
+    }
+    return found;
+}
+
+#else
+
+std::uint64_t CDxfStream::FindNewlines(const char* bytes)
+{
+    std::uint64_t found = 0;
+    for (unsigned i = 0; i < kBlock; ++i)
+        found |= static_cast<std::uint64_t>(bytes[i] == '\n') << i;
+    return found;
+}
+
+#endif
+
+void CDxfStream::StartBlocksAt(const char* place)
+{
+    m_block = place - kBlock; // NextBlock steps onto it
+    m_newlines = 0;
+}
+
+// Steps to the next block that begins within what has been read; false at the end of it.
+bool CDxfStream::NextBlock()
+{
+    if (m_end - m_block <= static_cast<std::ptrdiff_t>(kBlock)) // the block's end is the end, or beyond it
+        return false;
+    m_block += kBlock;
+    m_newlines = FindNewlines(m_block);
+    const std::size_t valid = static_cast<std::size_t>(m_end - m_block);
+    if (valid < kBlock)
+        m_newlines &= (std::uint64_t{1} << valid) - 1;
+    return true;
+}
+
+// No line feed is left in the buffer: moves the begun line to its front and reads on.
+std::string_view CDxfStream::LineAtEndOfBuffer()
+{
+    for (;;) {
+        const std::size_t begun = static_cast<std::size_t>(m_end - m_line);
+        if (m_sourceEnded)
+            return LastLine();
+        if (begun > kLongestLine + 1) // more than the longest line and a carriage return
+            return OverlongLine();
+        std::memmove(m_front, m_line, begun);
+        m_line = m_front;
+        m_end = m_front + begun + Fill(m_front + begun);
+        StartBlocksAt(m_front + begun);
+        while (NextBlock())
+            if (m_newlines != 0)
+                return getline();
+    }
+}
+
+std::string_view CDxfStream::LastLine()
+{
+    const char* const begin = m_line;
+    m_line = m_end;
+    m_eof = true;
+    return LimitLine(begin, static_cast<std::size_t>(m_end - begin));
+}
+
+// Keeps what counts of the begun line at the buffer's front and drops the rest of it.
+std::string_view CDxfStream::OverlongLine()
+{
+    std::memmove(m_front, m_line, kLongestLine + 1);
+    char* const rest = m_front + kLongestLine + 1;
+    const char* lineFeed = nullptr;
+    while (lineFeed == nullptr && !m_sourceEnded) {
+        m_end = rest + Fill(rest);
+        lineFeed = static_cast<const char*>(std::memchr(rest, '\n', static_cast<std::size_t>(m_end - rest)));
+    }
+    m_eof = lineFeed == nullptr;
+    m_line = m_eof ? m_end : lineFeed + 1;
+    StartBlocksAt(m_line);
+    return LimitLine(m_front, kLongestLine + 1);
+}
+
+// Reads into the buffer from place on; returns the number of bytes that count.
+std::size_t CDxfStream::Fill(char* place)
+{
+    const std::size_t room = static_cast<std::size_t>(m_front + kBufferSize - place);
+    const std::ptrdiff_t count = m_source.Read(place, room);
+    if (count <= 0) {
+        m_sourceEnded = true;
+        m_readFailed = count < 0;
+        return 0;
+    }
+    std::size_t size = static_cast<std::size_t>(count);
+    if (const void* const end = std::memchr(place, kEndOfFileByte, size)) {
+        size = static_cast<std::size_t>(static_cast<const char*>(end) - place);
+        m_sourceEnded = true;
+    }
+    // The mark stays for the rest of the file: the line that a NUL stands in may be in this block or the
+    // next.
+    m_mayHoldNul |= std::memchr(place, '\0', size) != nullptr;
+    return size;
+}

@@ -1,0 +1,97 @@
+// The lines of a drawing.
+#pragma once
+
+#include "reader/CDxfSource.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+// Cuts a source into lines as a narrow stream in text mode does that is read with getline into a buffer of
+// 1024 bytes: the same lines, the same end-of-file flag, on every platform. A carriage return right before a
+// line feed is dropped and a byte 0x1A ends the file. A line of more than 1023 bytes gives its first 1023,
+// and a NUL byte ends its line's text.
+//
+// The source is read in large blocks, whose line ends are found 64 bytes at a time.
+class CDxfStream {
+public:
+    static constexpr std::size_t kLongestLine = 1023;
+
+    // The source must outlive the stream. Throws std::bad_alloc.
+    explicit CDxfStream(CDxfSource& source);
+
+    // The next line, without its end; empty at the end of the file, as often as it is asked for. The
+    // characters stay valid until the next call.
+    std::string_view getline()
+    {
+        while (m_newlines == 0)
+            [[unlikely]]
+            {
+                if (!NextBlock()) [[unlikely]]
+                    return LineAtEndOfBuffer();
+            }
+        const char* const end = m_block + std::countr_zero(m_newlines);
+        m_newlines &= m_newlines - 1;
+        return CutLine(end);
+    }
+
+    // True once a read has met the end of the file: with the last line if no line feed ends it, else with
+    // the empty line behind it.
+    bool eof() const { return m_eof; }
+
+    // Something happened during the last getline that is to be reported.
+    bool HasTrouble() const { return m_lineWasCut | m_readFailed; }
+
+    // Each tells, once, whether the last line was longer than kLongestLine, whether the source failed.
+    bool TakeLineWasCut() { return std::exchange(m_lineWasCut, false); }
+    bool TakeReadFailed() { return std::exchange(m_readFailed, false); }
+
+private:
+    static constexpr std::size_t kBlock = 64;
+
+    // Line feeds among the 64 bytes at a place, bit 0 for the first.
+    static std::uint64_t FindNewlines(const char* bytes);
+
+    std::string_view CutLine(const char* end)
+    {
+        const char* const begin = m_line;
+        m_line = end + 1;
+        if (end != begin && end[-1] == '\r')
+            --end;
+        return LimitLine(begin, static_cast<std::size_t>(end - begin));
+    }
+    std::string_view LimitLine(const char* begin, std::size_t size)
+    {
+        if (size > kLongestLine) [[unlikely]] {
+            size = kLongestLine;
+            m_lineWasCut = true;
+        }
+        if (m_mayHoldNul) [[unlikely]]
+            size = std::min(std::string_view(begin, size).find('\0'), size);
+        return {begin, size};
+    }
+
+    bool NextBlock();
+    void StartBlocksAt(const char* place);
+    std::string_view LineAtEndOfBuffer();
+    std::string_view LastLine();
+    std::string_view OverlongLine();
+    std::size_t Fill(char* place);
+
+    CDxfSource& m_source;
+    std::unique_ptr<char[]> m_buffer; // a block before and a block behind what is read into
+    char* const m_front;
+    const char* m_line;  // where the next line begins
+    const char* m_end;   // the end of what has been read
+    const char* m_block; // the block that m_newlines describes
+    std::uint64_t m_newlines = 0;
+    bool m_eof = false;
+    bool m_sourceEnded = false;
+    bool m_mayHoldNul = false;
+    bool m_lineWasCut = false;
+    bool m_readFailed = false;
+};

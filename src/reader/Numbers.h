@@ -1,0 +1,31 @@
+// Numbers in drawings and in attribute texts: always in the C locale's form, whatever the host has set.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+// Reads a group code as "%d" does: blanks, a sign and digits, anything behind them ignored. Returns false,
+// with the code unchanged, when there are no digits. A number outside 32 bits wraps.
+bool ParseCode(std::string_view line, std::int32_t& code);
+
+// Reads an integer as _wtoi does: blanks, a sign and digits; 0 when there are none; saturates.
+std::int32_t ParseInteger(std::string_view text);
+
+// Reads a real as _wtof does: blanks, a sign, decimal digits with a point, an exponent with digits; 0 when
+// there are no digits. Beyond the range it is infinite, below it 0. Hexadecimal numbers and words such as
+// "inf" are not numbers.
+double ParseReal(std::string_view text);
+
+// Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
+std::string_view Trim(std::string_view text);
+
+// The longest text that a number gives: the largest double has 309 digits before the point.
+inline constexpr std::size_t kLongestNumber = 309 + 1 + 1 + 6;
+
+// Each writes a number without a terminating zero, in at most kLongestNumber characters, and returns the
+// end of it: as "%f", "%4.2f", "%g" and "%d". What is not a number is "nan" whatever its sign.
+char* FormatFixed6(double value, char* out);
+char* FormatWidth4Fixed2(double value, char* out);
+char* FormatGeneral(double value, char* out);
+char* FormatInteger(std::int32_t value, char* out);

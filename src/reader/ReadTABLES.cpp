@@ -1,0 +1,210 @@
+// The TABLES section. Tables and entries are read in loops, however many there are.
+#include "reader/ReadFields.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+void ReadHeaderGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_HEADER& table, std::string_view value)
+{
+    reader.ReadGroup(stream, table.m_strAppData, Trim(value), "102");
+}
+
+void ReadEntryGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_COMMON& entry, std::string_view value)
+{
+    reader.ReadGroup(stream, entry.m_strAppData, Trim(value), "102");
+}
+
+// In a block record only the extended data has groups: its 102 pairs are pairs like any other.
+void ReadXDataGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_BLOCK_RECORD& entry,
+                    std::string_view value)
+{
+    reader.ReadGroup(stream, entry.m_strXData, Trim(value), "1002");
+}
+
+void ReadDash(CDxfRead& reader, CDxfStream&, DXF_TABLES_LTYPE& entry, std::string_view value)
+{
+    entry.m_dashes.Add(reader.store, ParseReal(value));
+}
+
+using HEADER = DXF_TABLES_HEADER;
+using TABLE = DxfFields<HEADER>;
+constexpr auto kTableFields = TABLE::Table({
+    TABLE::End(0),
+    TABLE::Name(2, &HEADER::m_strName),
+    TABLE::Field(5, &HEADER::m_strHandle),
+    TABLE::Name(100, &HEADER::m_strSubclass),
+    TABLE::Function(102, ReadHeaderGroup),
+    TABLE::Name(330, &HEADER::m_strOwnerHandle),
+    TABLE::Field(70, &HEADER::m_nMaxEntries),
+});
+
+// The first code 100 hands an entry to its kind's reader; a code 0 before it is meant to end nothing.
+using ENTRY = DxfFields<DXF_TABLES_COMMON>;
+constexpr auto kEntryFields = ENTRY::Table({
+    ENTRY::End(100),
+    ENTRY::Field(5, &DXF_TABLES_COMMON::m_strHandle),
+    ENTRY::Field(105, &DXF_TABLES_COMMON::m_strDimStyleHandle),
+    ENTRY::Function(102, ReadEntryGroup),
+    ENTRY::Name(330, &DXF_TABLES_COMMON::m_strOwnerHandle),
+});
+
+using LAYER = DXF_TABLES_LAYER;
+using LAYER_FIELDS = DxfFields<LAYER>;
+constexpr auto kLayerFields = LAYER_FIELDS::Table({
+    LAYER_FIELDS::End(0),
+    LAYER_FIELDS::Name(100, &LAYER::m_strSubclass),
+    LAYER_FIELDS::Name(2, &LAYER::m_strName),
+    LAYER_FIELDS::Field(70, &LAYER::m_nFlags),
+    LAYER_FIELDS::Field(62, &LAYER::m_nColor),
+    LAYER_FIELDS::Name(6, &LAYER::m_strLineType),
+    LAYER_FIELDS::Field(290, &LAYER::m_nPlotting),
+    LAYER_FIELDS::Field(370, &LAYER::m_nLineWeight),
+    LAYER_FIELDS::Name(390, &LAYER::m_strPlotStyle),
+    LAYER_FIELDS::Name(347, &LAYER::m_strMaterial),
+});
+
+using LTYPE = DXF_TABLES_LTYPE;
+using LTYPE_FIELDS = DxfFields<LTYPE>;
+constexpr auto kLineTypeFields = LTYPE_FIELDS::Table({
+    LTYPE_FIELDS::End(0),
+    LTYPE_FIELDS::Name(100, &LTYPE::m_strSubclass),
+    LTYPE_FIELDS::Name(2, &LTYPE::m_strName),
+    LTYPE_FIELDS::Field(70, &LTYPE::m_nFlags),
+    LTYPE_FIELDS::Field(3, &LTYPE::m_strDescription),
+    LTYPE_FIELDS::Field(72, &LTYPE::m_nAlignment),
+    LTYPE_FIELDS::Field(73, &LTYPE::m_nDashCount),
+    LTYPE_FIELDS::Field(40, &LTYPE::m_dPatternLength),
+    LTYPE_FIELDS::Function(49, ReadDash),
+});
+
+using RECORD = DXF_TABLES_BLOCK_RECORD;
+using RECORD_FIELDS = DxfFields<RECORD>;
+constexpr auto kBlockRecordFields = RECORD_FIELDS::Table({
+    RECORD_FIELDS::End(0),
+    RECORD_FIELDS::Name(100, &RECORD::m_strSubclass),
+    RECORD_FIELDS::Name(2, &RECORD::m_strName),
+    RECORD_FIELDS::Field(340, &RECORD::m_strLayout),
+    RECORD_FIELDS::Name(70, &RECORD::m_strInsertUnits),
+    RECORD_FIELDS::Name(280, &RECORD::m_strExplodability),
+    RECORD_FIELDS::Name(281, &RECORD::m_strScalability),
+    RECORD_FIELDS::Name(370, &RECORD::m_strLineWeight),
+    RECORD_FIELDS::Name(1001, &RECORD::m_strXDataApplication),
+    RECORD_FIELDS::Field(1000, &RECORD::m_strXDataString),
+    RECORD_FIELDS::Function(1002, ReadXDataGroup),
+});
+
+constexpr auto kIgnore = [](std::int32_t, std::string_view) {};
+
+constexpr std::array<std::string_view, 6> kTablesWithoutRecords = {"APPID", "DIMSTYLE", "STYLE",
+                                                                   "UCS",   "VIEW",     "VPORT"};
+
+} // namespace
+
+void CDxfRead::ReadTABLES(CDxfStream& stream)
+{
+    for (;;) { // a table a round
+        DXF_TABLES_HEADER* const table = store.New<DXF_TABLES_HEADER>();
+        tables.Add(store, table);
+        if (ReadFields(stream, *table, kTableFields, L"ReadTABLES() Failed to read integer from '%s' Line:%d",
+                       kIgnore) != DXF_END_ZERO)
+            return;
+
+        const std::string_view typeName = ReadTrimmed(stream);
+        bool atZero;
+        if (typeName == "ENDTAB") {
+            atZero = ReadTrimmed(stream) == "0";
+        } else {
+            ReaTABLES_COMMON(*table, stream, typeName);
+            if (ReadTrimmed(stream) != "0")
+                return;
+            atZero = true;
+        }
+        if (atZero) {
+            const std::string_view next = ReadTrimmed(stream);
+            if (next == "TABLE")
+                continue;
+            if (next == "ENDSEC")
+                return;
+        }
+        ReadLine(stream);
+        return;
+    }
+}
+
+bool CDxfRead::ReaTABLES_COMMON(DXF_TABLES_HEADER& table, CDxfStream& stream, std::string_view typeName)
+{
+    for (bool readEntry = false;; readEntry = true) { // an entry a round
+        DXF_TABLES_COMMON* const entry = NewTableEntry(table, typeName);
+        if (entry == nullptr) {
+            while (!stream.eof() && ReadTrimmed(stream) != "ENDTAB") {
+            }
+            return readEntry;
+        }
+        if (ReadFields(stream, *entry, kEntryFields,
+                       L"ReaTABLES_COMMON() Failed to read integer from '%s', Line:%d",
+                       kIgnore) != DXF_END_MARKER)
+            return readEntry;
+        entry->m_strFirstSubclass = store.KeepOnce(ReadTrimmed(stream));
+        ReadTableEntry(*entry, stream);
+        m_areTablesIndexed = false;
+        // However the entry ended, the next line counts as a type name.
+        typeName = ReadTrimmed(stream);
+        if (typeName == "ENDTAB")
+            return true;
+    }
+}
+
+// The record of a table entry, in its table; null for the tables that are not kept and, with a message, for
+// unknown ones.
+DXF_TABLES_COMMON* CDxfRead::NewTableEntry(DXF_TABLES_HEADER& table, std::string_view typeName)
+{
+    DXF_TABLES_COMMON* entry = nullptr;
+    if (typeName == "LAYER")
+        entry = store.New<DXF_TABLES_LAYER>();
+    else if (typeName == "LTYPE")
+        entry = store.New<DXF_TABLES_LTYPE>();
+    else if (typeName == "BLOCK_RECORD")
+        entry = store.New<DXF_TABLES_BLOCK_RECORD>();
+    else if (std::find(kTablesWithoutRecords.begin(), kTablesWithoutRecords.end(), typeName) ==
+             kTablesWithoutRecords.end())
+        Report(DXF_ERROR_TABLE, L"ReaTABLES_COMMON() Unknown table name '%s', Line:%d",
+               {typeName, lineCount});
+    if (entry != nullptr)
+        table.m_entries.Add(store, entry);
+    return entry;
+}
+
+int CDxfRead::ReadTableEntry(DXF_TABLES_COMMON& entry, CDxfStream& stream)
+{
+    switch (entry.m_nTableKind) {
+    case DXF_TABLES_KIND_LAYER:
+        return ReaTABLES_LAYER(static_cast<DXF_TABLES_LAYER&>(entry), stream);
+    case DXF_TABLES_KIND_LTYPE:
+        return ReaTABLES_LTYPE(static_cast<DXF_TABLES_LTYPE&>(entry), stream);
+    default:
+        return ReaTABLES_BLOCK_RECORD(static_cast<DXF_TABLES_BLOCK_RECORD&>(entry), stream);
+    }
+}
+
+int CDxfRead::ReaTABLES_LAYER(DXF_TABLES_LAYER& entry, CDxfStream& stream)
+{
+    return ReadFields(stream, entry, kLayerFields,
+                      L"ReaTABLES_LAYER() Failed to read integer from '%s', Line:%d",
+                      kIgnore) == DXF_END_ZERO;
+}
+
+int CDxfRead::ReaTABLES_LTYPE(DXF_TABLES_LTYPE& entry, CDxfStream& stream)
+{
+    return ReadFields(stream, entry, kLineTypeFields,
+                      L"ReaTABLES_LTYPE() Failed to read integer from '%s', Line:%d",
+                      kIgnore) == DXF_END_ZERO;
+}
+
+int CDxfRead::ReaTABLES_BLOCK_RECORD(DXF_TABLES_BLOCK_RECORD& entry, CDxfStream& stream)
+{
+    return ReadFields(stream, entry, kBlockRecordFields,
+                      L"ReaTABLES_BLOCK_RECORD() Failed to read integer from '%s', Line:%d",
+                      kIgnore) == DXF_END_ZERO;
+}
