@@ -18,26 +18,28 @@ extern "C" {
 
 typedef struct SvgHostDocument SvgHostDocument;
 
-/* One report of the module, as it came through qlmSetLastError. The message belongs to the document. */
+/* One report of the module, as it came through qlmSetLastError. */
 typedef struct SvgHostError {
     int code;
     int kind;
     const wchar_t* message;
 } SvgHostError;
 
-/* How a document is written. Zero-initialised, it means: no background, indented by nothing. */
+/* How a document is written. Zero-initialised, it means: no background. */
 typedef struct SvgHostWriteOptions {
     const char* background; /* a CSS colour painted behind the drawing, or NULL for none */
 } SvgHostWriteOptions;
 
 /* What was met while the picture was laid out (counts). */
 typedef struct SvgHostStatistics {
-    size_t elements;        /* elements made by the creating operations, symbols and groups included */
-    size_t symbols;         /* symbols defined */
-    size_t duplicateSymbols;/* further symbols of a name that was there already; the first is referred to */
-    size_t missingSymbols;  /* use elements whose symbol is never defined */
-    size_t cyclicUses;      /* use elements left out because they would draw their own symbol again */
-    size_t unboundedUses;   /* use elements left out because the drawing would unfold without end */
+    size_t elements;         /* elements made by the creating operations, symbols and groups included */
+    size_t symbols;          /* symbols defined, duplicates included */
+    size_t duplicateSymbols; /* further symbols of a name that was there already; the first is referred to */
+    size_t missingSymbols;   /* use elements whose symbol is never defined */
+    size_t cyclicUses;       /* use elements left out because they would draw their own symbol again */
+    size_t unboundedUses;    /* use elements left out because the drawing would unfold without end */
+    size_t undrawableElements; /* elements left out because a number of theirs is infinite, not a number,
+                                  beyond a 32-bit float, or missing where one must stand */
 } SvgHostStatistics;
 
 /* A new, empty document, or NULL when memory is short. The caller destroys it. */
@@ -47,18 +49,28 @@ QUILLMARLIB_API SvgHostDocument* svgHostCreate(void);
 QUILLMARLIB_API void svgHostDestroy(SvgHostDocument* document);
 
 /* The context node to give to dxfFileOpen. From this call on, what is reported through qlmSetLastError on
- * the calling thread is kept by this document (the report itself names no document). */
+ * the calling thread is kept by this document (the report itself names no document). NULL gives 0 and ends
+ * the keeping. */
 QUILLMARLIB_API QlmNode svgHostBeginImport(SvgHostDocument* document);
 
-/* The number of reports kept, and the report at index (false when there is none). */
+/* The number of reports kept, and the report at index (false when there is none, or memory is short). Its
+ * message belongs to the document and is good until the next call of svgHostGetError for it. */
 QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
 QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
 
-/* Lays the picture out (view box, references) and tells what was met. False when memory is short. */
+/* Hands every further report to function as it comes, instead of keeping it; NULL keeps them again. A broken
+ * drawing can bring millions of reports: this way they take no memory. The message is good during the call,
+ * which must neither throw nor call the document. */
+typedef void (*SvgHostErrorFunction)(void* user, const SvgHostError* error);
+QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user);
+
+/* Lays the picture out (view box, references) and tells what was met. False when memory is short, now or in
+ * one of the operations before. */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
 
 /* Writes the document as UTF-8 SVG through write, piece by piece; write returns false to stop. Returns
- * false when write did, or when memory is short. options may be NULL. */
+ * false when write did, or when memory is short, now or in one of the operations before. options may be
+ * NULL. */
 typedef bool (*SvgHostWriteFunction)(void* user, const char* bytes, size_t size);
 QUILLMARLIB_API bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
                                   SvgHostWriteFunction write, void* user);

@@ -1,0 +1,143 @@
+#include "svghost/Attributes.h"
+
+#include "svghost/NumberText.h"
+#include "svghost/XmlText.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <limits>
+
+namespace svghost {
+namespace {
+
+struct KnownName {
+    std::wstring_view name;
+    AttributeId id;
+};
+
+// Few names have the same length: the length picks out one or two candidates.
+constexpr KnownName kKnownNames[] = {
+    {L"rotate", AttributeId::Rotate},
+    {L"stroke", AttributeId::Stroke},
+    {L"scale-x", AttributeId::ScaleX},
+    {L"scale-y", AttributeId::ScaleY},
+    {L"center-x", AttributeId::CenterX},
+    {L"center-y", AttributeId::CenterY},
+    {L"font-size", AttributeId::FontSize},
+    {L"visibility", AttributeId::Visibility},
+    {L"text-anchor", AttributeId::TextAnchor},
+    {L"fill-opacity", AttributeId::FillOpacity},
+    {L"stroke-width", AttributeId::StrokeWidth},
+    {L"stroke-dasharray", AttributeId::DashArray},
+    {L"pg-end-arrow-size", AttributeId::EndArrowSize},
+    {L"pg-end-arrow-type", AttributeId::EndArrowType},
+    {L"pg-begin-arrow-size", AttributeId::BeginArrowSize},
+    {L"pg-begin-arrow-type", AttributeId::BeginArrowType},
+};
+
+constexpr std::size_t kLongestName = 19;
+
+// For every length the first known name that is at least as long.
+struct FirstOfLength {
+    std::size_t index[kLongestName + 2]{};
+
+    constexpr FirstOfLength()
+    {
+        for (std::size_t length = 0; length < std::size(index); ++length) {
+            while (index[length] < std::size(kKnownNames) && kKnownNames[index[length]].name.size() < length)
+                ++index[length];
+        }
+    }
+};
+
+constexpr FirstOfLength kFirstOfLength;
+
+// One part of RGB(r,g,b): blanks, up to nine digits, blanks. A value above 255 becomes 255.
+bool readColourPart(std::wstring_view& text, unsigned& part)
+{
+    const auto skip = [&] { text.remove_prefix(std::min(text.find_first_not_of(L' '), text.size())); };
+    skip();
+    std::size_t digits = 0;
+    for (part = 0; digits < text.size() && text[digits] >= L'0' && text[digits] <= L'9'; ++digits)
+        part = std::min(part * 10 + static_cast<unsigned>(text[digits] - L'0'), 255u);
+    text.remove_prefix(digits);
+    skip();
+    return digits > 0;
+}
+
+bool readRgb(std::wstring_view text, unsigned (&parts)[3])
+{
+    if (!text.starts_with(L"RGB(") && !text.starts_with(L"rgb("))
+        return false;
+    text.remove_prefix(4);
+    for (int i = 0; i < 3; ++i) {
+        if (!readColourPart(text, parts[i]) || text.empty() || text.front() != (i < 2 ? L',' : L')'))
+            return false;
+        text.remove_prefix(1);
+    }
+    return text.empty();
+}
+
+} // namespace
+
+AttributeId attributeByName(std::wstring_view name)
+{
+    if (name.size() > kLongestName)
+        return AttributeId::Other;
+    const std::size_t end = kFirstOfLength.index[name.size() + 1];
+    for (std::size_t i = kFirstOfLength.index[name.size()]; i < end; ++i) {
+        if (kKnownNames[i].name == name)
+            return kKnownNames[i].id;
+    }
+    return AttributeId::Other;
+}
+
+bool resolveStroke(std::wstring_view text, std::string& out)
+{
+    unsigned parts[3];
+    if (!readRgb(text, parts)) {
+        appendXml(out, text);
+        return !text.empty();
+    }
+    constexpr char kDigits[] = "0123456789abcdef";
+    out += '#';
+    for (const unsigned part : parts) {
+        out += kDigits[part >> 4];
+        out += kDigits[part & 15];
+    }
+    return true;
+}
+
+bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width)
+{
+    return parseNumber(text.data(), width, out) && width >= 0;
+}
+
+// The values stay as they are given. Renderers differ on a pattern of zeros only, and a negative length is an
+// error in SVG.
+bool resolveDashArray(std::wstring_view text, std::string& out)
+{
+    std::string numbers;
+    double sum = 0;
+    for (const wchar_t* at = text.data(); *at != L'\0';) {
+        double length = 0;
+        if (!scanNumber(at, length, numbers) || length < 0)
+            return false;
+        sum += length;
+        at += std::wcsspn(at, L" ,");
+    }
+    appendXml(out, text);
+    return sum > 0;
+}
+
+bool resolveTextAnchor(std::wstring_view text, std::string& out)
+{
+    if (text == L"left")
+        text = L"start";
+    else if (text == L"right")
+        text = L"end";
+    appendXml(out, text);
+    return !text.empty();
+}
+
+} // namespace svghost

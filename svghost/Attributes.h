@@ -1,0 +1,69 @@
+// The attributes that the module sets: their names, and their values made fit for SVG.
+#ifndef SVGHOST_ATTRIBUTES_H
+#define SVGHOST_ATTRIBUTES_H
+
+#include "svghost/Arena.h"
+#include "svghost/Node.h"
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace svghost {
+
+// The attribute called name, Other for a name that the host does not know.
+AttributeId attributeByName(std::wstring_view name);
+
+// One text that an attribute was set to, resolved once.
+struct Value {
+    std::wstring_view source;
+    std::string_view text; // XML text
+    double number = 0;     // of a stroke width
+    bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
+};
+
+// The texts that one attribute was set to. Index 0 stands for an attribute that is not set; a text that is
+// set again gets the index that it had.
+class ValueTable {
+public:
+    // resolve(text, value) is called for a new text; it fills the value's text and number.
+    template <class Resolve>
+    std::uint32_t indexOf(const wchar_t* text, Arena& arena, Resolve resolve)
+    {
+        const std::wstring_view source(text);
+        if (m_last != 0 && m_values[m_last].source == source)
+            return m_last;
+        const auto known = m_indices.find(source);
+        return m_last = known != m_indices.end() ? known->second : add(source, arena, resolve);
+    }
+
+    const Value& at(std::uint32_t index) const { return m_values[index]; }
+
+private:
+    template <class Resolve>
+    std::uint32_t add(std::wstring_view source, Arena& arena, Resolve resolve)
+    {
+        Value value;
+        value.source = arena.keep(source);
+        resolve(source, value);
+        m_values.push_back(value);
+        const auto index = static_cast<std::uint32_t>(m_values.size() - 1);
+        m_indices.emplace(value.source, index);
+        return index;
+    }
+
+    std::deque<Value> m_values{Value()};
+    std::unordered_map<std::wstring_view, std::uint32_t> m_indices;
+    std::uint32_t m_last = 0;
+};
+
+// Each appends the attribute's text for SVG to out; false when it is not to be written.
+bool resolveStroke(std::wstring_view text, std::string& out);
+bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
+bool resolveDashArray(std::wstring_view text, std::string& out);
+bool resolveTextAnchor(std::wstring_view text, std::string& out);
+
+} // namespace svghost
+
+#endif

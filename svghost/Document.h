@@ -1,0 +1,67 @@
+// The document: the tree that the operations build.
+#ifndef SVGHOST_DOCUMENT_H
+#define SVGHOST_DOCUMENT_H
+
+#include "svghost/Arena.h"
+#include "svghost/Attributes.h"
+#include "svghost/ErrorLog.h"
+#include "svghost/Layout.h"
+#include "svghost/Node.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+// One document with all its nodes. Its functions throw std::bad_alloc when memory is short; the operations
+// catch it and set shortOfMemory, so that a drawing with holes is never written as if it were whole.
+struct SvgHostDocument {
+    svghost::Arena arena;
+    svghost::Root root{*this};
+    svghost::Container* current = &root;
+    std::vector<svghost::Symbol*> symbols; // all of them, in the order of creation
+    // Shared with the threads that report into it, so that a late report finds nothing instead of ruins.
+    std::shared_ptr<svghost::ErrorLog> errors = std::make_shared<svghost::ErrorLog>();
+    std::size_t elements = 0;
+    bool shortOfMemory = false;
+
+    SvgHostDocument() = default;
+    SvgHostDocument(const SvgHostDocument&) = delete;
+    SvgHostDocument& operator=(const SvgHostDocument&) = delete;
+
+    // Appends a new node to the current container.
+    void append(svghost::Node& node);
+    svghost::Shape* createShape(svghost::Kind kind, const wchar_t* data);
+    svghost::Text* createText(float x, float y, const wchar_t* text);
+    svghost::Use* createUse(const wchar_t* name, float x, float y);
+    svghost::Symbol* createSymbol(const wchar_t* name);
+    // Null when groups would stand too deep within each other for XML readers.
+    svghost::Container* createGroup();
+
+    // Sets the attribute, in the place of an earlier value.
+    void setAttribute(svghost::Node& node, const wchar_t* name, const wchar_t* text);
+
+    // The value of a text attribute (one before FontSize) by the index that a node holds.
+    const svghost::Value& value(svghost::AttributeId id, std::uint32_t index) const
+    {
+        return m_values[static_cast<std::size_t>(id)].at(index);
+    }
+
+    // The picture's layout, made anew when the tree changed since the last call.
+    const svghost::Layout& layout();
+
+private:
+    std::uint32_t indexOfValue(svghost::AttributeId id, const wchar_t* text);
+    svghost::ExtraAttribute& extra(svghost::Node& node, svghost::AttributeId id);
+    void setOther(svghost::Node& node, std::wstring_view name, std::wstring_view text);
+    svghost::SymbolName* symbolName(const wchar_t* name);
+
+    std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
+    std::unordered_map<std::wstring_view, svghost::SymbolName*> m_names;
+    std::string m_scratch;
+    svghost::Layout m_layout;
+    bool m_laidOut = false;
+};
+
+#endif

@@ -1,0 +1,67 @@
+// Boxes and transforms of the plane, Y pointing down.
+#ifndef SVGHOST_GEOMETRY_H
+#define SVGHOST_GEOMETRY_H
+
+namespace svghost {
+
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+
+// The map (x, y) -> (a x + c y + e, b x + d y + f), named as SVG's matrix(a b c d e f).
+struct Affine {
+    double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
+
+    Point operator()(Point point) const
+    {
+        return {a * point.x + c * point.y + e, b * point.x + d * point.y + f};
+    }
+};
+
+// What rotate(degrees centre.x centre.y) does in SVG.
+Affine rotationAbout(double degrees, Point centre);
+
+// What translate(position) rotate(degrees) scale(scaleX scaleY) does in SVG.
+Affine placement(Point position, double degrees, double scaleX, double scaleY);
+
+// The smallest upright rectangle round what was added; empty until something was.
+class Box {
+public:
+    // Points that are not finite or too far away for a viewer to show are passed over.
+    void add(Point point);
+    void add(const Box& other);
+    // Adds the picture of other under map: the box round its four corners.
+    void add(const Box& other, const Affine& map);
+    // The box grown by distance on every side; an empty one stays empty.
+    Box grown(double distance) const;
+
+    bool empty() const { return !(m_low.x <= m_high.x); }
+    Point low() const { return m_low; }
+    Point high() const { return m_high; }
+
+private:
+    Point m_low{1, 1};
+    Point m_high{0, 0};
+};
+
+// One elliptical arc of path data, from its start to its end, in the terms of SVG's arc command.
+struct Arc {
+    Point start;
+    Point end;
+    double radiusX;
+    double radiusY;
+    double rotation; // degrees
+    bool large;
+    bool sweep;
+};
+
+// Adds the arc's picture under map, exactly: its ends and those of its extreme points that it passes.
+void addArc(Box& box, const Arc& arc, const Affine& map);
+
+// Adds the picture under map of a whole ellipse round centre, exactly.
+void addEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map);
+
+} // namespace svghost
+
+#endif

@@ -1,0 +1,41 @@
+// What must be known of the whole picture before it is written.
+#ifndef SVGHOST_LAYOUT_H
+#define SVGHOST_LAYOUT_H
+
+#include "svghost/Arrows.h"
+#include "svghost/Geometry.h"
+#include "svghost/SvgHost.h"
+
+namespace svghost {
+
+// How many levels of uses a viewer must follow: deeper ones are left out. Viewers recurse for each.
+constexpr std::uint32_t kDeepestUse = 100;
+
+// How many elements a document of so many elements may unfold into when its uses are drawn: a picture of a
+// few inserts within inserts must not grow beyond what a viewer can show, and a big honest drawing must stay
+// whole.
+constexpr std::size_t renderBudget(std::size_t elements)
+{
+    return 1'000'000 + 16 * elements;
+}
+
+struct ViewBox {
+    double x = 0;
+    double y = 0;
+    double width = 100;
+    double height = 100;
+};
+
+struct Layout {
+    ViewBox viewBox;
+    ArrowLooks arrows;
+    SvgHostStatistics statistics{};
+};
+
+// Computes the view box from what is drawn, decides which nodes are left out (Node::leftOut) and counts what
+// it meets. Takes time linear in the nodes, however far the drawing would unfold.
+Layout makeLayout(SvgHostDocument& document);
+
+} // namespace svghost
+
+#endif

@@ -1,0 +1,163 @@
+#include "svghost/XmlText.h"
+
+#include <charconv>
+
+namespace svghost {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool isSurrogate(char32_t character)
+{
+    return character >= 0xD800 && character <= 0xDFFF;
+}
+
+// The unit or joined pair at position, which moves behind it. What is no character comes out as it is.
+char32_t nextCharacter(std::wstring_view text, std::size_t& position)
+{
+    const auto unit = [&](std::size_t at) {
+        const auto value = static_cast<char32_t>(text[at]);
+        return sizeof(wchar_t) == 2 ? value & 0xFFFF : value;
+    };
+    const char32_t first = unit(position++);
+    if (sizeof(wchar_t) != 2 || (first & 0xFC00) != 0xD800 || position == text.size())
+        return first;
+    const char32_t second = unit(position);
+    if ((second & 0xFC00) != 0xDC00)
+        return first;
+    ++position;
+    return 0x10000 + ((first & 0x3FF) << 10) + (second & 0x3FF);
+}
+
+bool isAllowed(char32_t character)
+{
+    if (character < 0x20)
+        return character == '\t' || character == '\n' || character == '\r';
+    return character <= 0x10FFFF && !isSurrogate(character) && character != 0xFFFE && character != 0xFFFF;
+}
+
+void appendUtf8(std::string& out, char32_t character)
+{
+    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
+    if (character < 0x80) {
+        out += static_cast<char>(character);
+    } else if (character < 0x800) {
+        out += static_cast<char>(0xC0 | (character >> 6));
+        tail(0);
+    } else if (character < 0x10000) {
+        out += static_cast<char>(0xE0 | (character >> 12));
+        tail(6), tail(0);
+    } else {
+        out += static_cast<char>(0xF0 | (character >> 18));
+        tail(12), tail(6), tail(0);
+    }
+}
+
+void appendEscaped(std::string& out, char32_t character)
+{
+    switch (character) {
+    case '&':
+        out += "&amp;";
+        break;
+    case '<':
+        out += "&lt;";
+        break;
+    case '>':
+        out += "&gt;";
+        break;
+    case '"':
+        out += "&quot;";
+        break;
+    case '\t':
+        out += "&#9;";
+        break;
+    case '\n':
+        out += "&#10;";
+        break;
+    case '\r':
+        out += "&#13;";
+        break;
+    default:
+        appendUtf8(out, isAllowed(character) ? character : kReplacement);
+    }
+}
+
+// The character at position, which moves behind it; kReplacement and one byte on for what is no UTF-8.
+char32_t nextUtf8(std::string_view text, std::size_t& position)
+{
+    const auto lead = static_cast<unsigned char>(text[position++]);
+    if (lead < 0x80)
+        return lead;
+    const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+    if (lead < 0xC2 || lead > 0xF4 || text.size() - position < more)
+        return kReplacement;
+    char32_t character = lead & (0x3Fu >> more);
+    for (std::size_t i = 0; i < more; ++i) {
+        const auto byte = static_cast<unsigned char>(text[position + i]);
+        if ((byte & 0xC0) != 0x80)
+            return kReplacement;
+        character = (character << 6) | (byte & 0x3Fu);
+    }
+    constexpr char32_t kSmallest[] = {0, 0x80, 0x800, 0x10000};
+    if (character < kSmallest[more])
+        return kReplacement;
+    position += more;
+    return character;
+}
+
+bool isNameCharacter(char32_t character)
+{
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+           (character >= '0' && character <= '9') || character == '-' || character == '.' || character == '_';
+}
+
+} // namespace
+
+void appendXml(std::string& out, std::wstring_view text)
+{
+    for (std::size_t i = 0; i < text.size();)
+        appendEscaped(out, nextCharacter(text, i));
+}
+
+void appendXmlFromUtf8(std::string& out, std::string_view text)
+{
+    for (std::size_t i = 0; i < text.size();)
+        appendEscaped(out, nextUtf8(text, i));
+}
+
+void appendXmlName(std::string& out, std::wstring_view text)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t character = nextCharacter(text, i);
+        const bool opensEscape = character == '_' && i < text.size() && text[i] == L'x';
+        if (isNameCharacter(character) && !opensEscape) {
+            out += static_cast<char>(character);
+            continue;
+        }
+        char digits[8];
+        const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<unsigned>(character), 16);
+        out += "_x";
+        for (const char* digit = digits; digit != end.ptr; ++digit)
+            out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
+        out += '_';
+    }
+}
+
+bool isAttributeNamePart(std::wstring_view text)
+{
+    for (const wchar_t unit : text) {
+        if (!isNameCharacter(static_cast<char32_t>(unit)))
+            return false;
+    }
+    return !text.empty();
+}
+
+std::size_t countCharacters(std::wstring_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < text.size(); ++count)
+        nextCharacter(text, i);
+    return count;
+}
+
+} // namespace svghost

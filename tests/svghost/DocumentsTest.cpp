@@ -1,0 +1,163 @@
+// Documents beside each other, on several threads; reports; writing.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace svghost_tests;
+
+namespace {
+
+std::wstring message(const HostDocument& document, std::size_t index)
+{
+    SvgHostError error{};
+    return svgHostGetError(document.get(), index, &error) ? error.message : L"(none)";
+}
+
+int report(int code, int kind, const wchar_t* text)
+{
+    return qlmSetLastError(code, L"DXF", kind, text, false, 0);
+}
+
+} // namespace
+
+TEST(Documents, SeveralLiveBesideEachOther)
+{
+    const HostDocument first;
+    const HostDocument second;
+    first.line(0, 0, 1, 1);
+    second.circle(1, 0, 0);
+    first.circle(2, 0, 0);
+    EXPECT_EQ(first.statistics().elements, 2u);
+    EXPECT_EQ(second.statistics().elements, 1u);
+    EXPECT_FALSE(ParsedSvg(second).first("line"));
+}
+
+TEST(Documents, ReportsBelongToTheImportBegunLast)
+{
+    const HostDocument first;
+    report(0, 1, L"one");
+    const HostDocument second;
+    report(1, 7, L"two");
+    svgHostBeginImport(first.get());
+    report(0, 3, L"three");
+    ASSERT_EQ(svgHostErrorCount(first.get()), 2u);
+    ASSERT_EQ(svgHostErrorCount(second.get()), 1u);
+    EXPECT_EQ(message(first, 0), L"one");
+    EXPECT_EQ(message(first, 1), L"three");
+    SvgHostError error{};
+    ASSERT_TRUE(svgHostGetError(second.get(), 0, &error));
+    EXPECT_EQ(error.code, 1);
+    EXPECT_EQ(error.kind, 7);
+    EXPECT_STREQ(error.message, L"two");
+    EXPECT_FALSE(svgHostGetError(second.get(), 1, &error));
+}
+
+TEST(Documents, MessagesOfAllCharactersComeBackUnchanged)
+{
+    const HostDocument document;
+    const wchar_t* const texts[] = {L"", L"caf\x00E9 \x00FF", L"\x0100", L"\x4E2D\xD800", nullptr};
+    for (const wchar_t* text : texts)
+        report(0, 0, text);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(message(document, i), texts[i]);
+    EXPECT_EQ(message(document, 4), L"");
+}
+
+TEST(Documents, ListenerTakesReportsInsteadOfTheDocument)
+{
+    const HostDocument document;
+    std::vector<std::wstring> heard;
+    svgHostOnError(
+        document.get(),
+        [](void* user, const SvgHostError* error) {
+            static_cast<std::vector<std::wstring>*>(user)->push_back(error->message);
+        },
+        &heard);
+    report(0, 0, L"told");
+    svgHostOnError(document.get(), nullptr, nullptr);
+    report(0, 0, L"kept");
+    EXPECT_EQ(heard, std::vector<std::wstring>{L"told"});
+    ASSERT_EQ(svgHostErrorCount(document.get()), 1u);
+    EXPECT_EQ(message(document, 0), L"kept");
+}
+
+TEST(Documents, ReportAfterTheDocumentIsGoneIsLost)
+{
+    auto document = std::make_unique<HostDocument>();
+    document.reset();
+    EXPECT_EQ(report(5, 0, L"late"), 5);
+    const HostDocument next;
+    EXPECT_EQ(svgHostErrorCount(next.get()), 0u);
+}
+
+TEST(Documents, ThreadsDoNotMeet)
+{
+    std::vector<std::thread> threads;
+    std::vector<std::string> files(4);
+    std::vector<std::size_t> errors(4);
+    for (std::size_t t = 0; t < files.size(); ++t) {
+        threads.emplace_back([&, t] {
+            const HostDocument document;
+            for (int i = 0; i < 5000; ++i) {
+                const QlmNode line = document.line(0, 0, static_cast<float>(t), static_cast<float>(i));
+                document.set(line, L"stroke", (L"RGB(" + std::to_wstring(t) + L",0,0)").c_str());
+                if (i % 100 == 0)
+                    report(static_cast<int>(t), 0, L"report");
+            }
+            files[t] = document.write();
+            errors[t] = svgHostErrorCount(document.get());
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    for (std::size_t t = 0; t < files.size(); ++t) {
+        EXPECT_EQ(errors[t], 50u);
+        const ParsedSvg svg(files[t]);
+        std::size_t lines = 0;
+        for (const pugi::xml_node line : svg.drawing().children("line")) {
+            ++lines;
+            EXPECT_EQ(line.attribute("x2").as_uint(), t);
+            EXPECT_EQ(line.attribute("stroke").value(), "#0" + std::to_string(t) + "0000");
+        }
+        EXPECT_EQ(lines, 5000u);
+    }
+}
+
+TEST(Documents, WritingStopsWhenTheReceiverSaysSo)
+{
+    const HostDocument document;
+    for (int i = 0; i < 20'000; ++i)
+        document.line(0, 0, 1, static_cast<float>(i));
+    int calls = 0;
+    const auto refuse = [](void* user, const char*, size_t) { return ++*static_cast<int*>(user) < 3; };
+    EXPECT_FALSE(svgHostWrite(document.get(), nullptr, refuse, &calls));
+    EXPECT_EQ(calls, 3);
+}
+
+TEST(Documents, WritingTwiceGivesTheSame)
+{
+    const HostDocument document;
+    document.begin(L"A");
+    document.circle(1, 2, 3);
+    document.end();
+    document.use(L"A", 1, 1);
+    EXPECT_EQ(document.write(), document.write());
+}
+
+TEST(Documents, NullDocumentsAreAccepted)
+{
+    svgHostDestroy(nullptr);
+    EXPECT_EQ(svgHostBeginImport(nullptr), nullptr);
+    EXPECT_EQ(svgHostErrorCount(nullptr), 0u);
+    SvgHostStatistics statistics{};
+    EXPECT_FALSE(svgHostGetStatistics(nullptr, &statistics));
+    EXPECT_FALSE(svgHostWrite(nullptr, nullptr, nullptr, nullptr));
+    SvgHostError error{};
+    EXPECT_FALSE(svgHostGetError(nullptr, 0, &error));
+    svgHostOnError(nullptr, nullptr, nullptr);
+}

@@ -1,0 +1,176 @@
+// Every kind of element, and where it lands in the file.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace svghost_tests;
+
+TEST(Elements, LineHasItsFourNumbers)
+{
+    const HostDocument document;
+    document.line(1, -2.5f, 3, 0.1f);
+    const ParsedSvg svg(document);
+    const pugi::xml_node line = svg.first("line");
+    EXPECT_STREQ(line.attribute("x1").value(), "1");
+    EXPECT_STREQ(line.attribute("y1").value(), "-2.5");
+    EXPECT_STREQ(line.attribute("x2").value(), "3");
+    EXPECT_STREQ(line.attribute("y2").value(), "0.1");
+}
+
+TEST(Elements, CircleTakesTheRadiusFirst)
+{
+    const HostDocument document;
+    document.circle(2, 10, 20);
+    const ParsedSvg svg(document);
+    const pugi::xml_node circle = svg.first("circle");
+    EXPECT_EQ(circle.attribute("r").as_double(), 2);
+    EXPECT_EQ(circle.attribute("cx").as_double(), 10);
+    EXPECT_EQ(circle.attribute("cy").as_double(), 20);
+}
+
+TEST(Elements, NegativeRadiiAreDrawnAsPositiveOnes)
+{
+    const HostDocument document;
+    document.circle(-2, 0, 0);
+    document.ellipse(3, -4, 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_EQ(svg.first("circle").attribute("r").as_double(), 2);
+    EXPECT_EQ(svg.first("ellipse").attribute("rx").as_double(), 3);
+    EXPECT_EQ(svg.first("ellipse").attribute("ry").as_double(), 4);
+}
+
+TEST(Elements, PathDataLosesOnlyZerosThatSayNothing)
+{
+    const HostDocument document;
+    document.path(L"M 10.000000,-0.000000 A 10.500000,10.500000, 0 0,1 100.000000,-10.000010");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("path").attribute("d").value(), "M10 0A10.5 10.5 0 0 1 100 -10.00001");
+}
+
+TEST(Elements, PathWithLinesAndCloseIsKept)
+{
+    const HostDocument document;
+    document.path(L"M0,0 L10,0 10,10 Z");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("path").attribute("d").value(), "M0 0L10 0 10 10Z");
+}
+
+TEST(Elements, PointsArePairs)
+{
+    const HostDocument document;
+    document.polyline(L"0.000000,-0.000000 10.000000,-5.250000");
+    document.polygon(L"");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("polyline").attribute("points").value(), "0,0 10,-5.25");
+    EXPECT_TRUE(svg.first("polygon").attribute("points"));
+    EXPECT_STREQ(svg.first("polygon").attribute("points").value(), "");
+}
+
+TEST(Elements, TextStandsAtTheSumOfBothPairs)
+{
+    const HostDocument document;
+    qlmCreateText(document.context(), L"", 1, 2, 0, 0, L"a", 0, 0);
+    qlmCreateText(document.context(), L"", 0, 0, 0, 0, L"b", 3, 4);
+    const ParsedSvg svg(document);
+    const pugi::xml_node first = svg.first("text");
+    EXPECT_EQ(first.attribute("x").as_double(), 1);
+    EXPECT_EQ(first.attribute("y").as_double(), 2);
+    EXPECT_EQ(first.next_sibling("text").attribute("x").as_double(), 3);
+    EXPECT_EQ(first.next_sibling("text").attribute("y").as_double(), 4);
+}
+
+TEST(Elements, ElementsStandInTheOrderOfCreation)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    document.circle(1, 0, 0);
+    document.line(2, 2, 3, 3);
+    const ParsedSvg svg(document);
+    std::string names;
+    for (const pugi::xml_node node : svg.drawing().children())
+        names += std::string(node.name()) + ' ';
+    EXPECT_EQ(names, "line circle line ");
+}
+
+TEST(Elements, GroupCollectsUntilTheFormerNodeIsCurrentAgain)
+{
+    const HostDocument document;
+    const QlmNode before = qlmGetCurrentSvgNode(document.context());
+    EXPECT_EQ(before, nullptr);
+    const QlmNode group = document.group();
+    qlmSetCurrentSvgNode(document.context(), group);
+    EXPECT_EQ(qlmGetCurrentSvgNode(document.context()), group);
+    document.line(0, 0, 1, 1);
+    qlmSetCurrentSvgNode(document.context(), before);
+    document.circle(1, 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(svg.first("g").child("line"));
+    EXPECT_TRUE(svg.first("circle"));
+    EXPECT_FALSE(svg.first("g").child("circle"));
+}
+
+TEST(Elements, GroupInASymbolStandsInTheSymbol)
+{
+    const HostDocument document;
+    const QlmNode symbol = document.begin(L"S");
+    const QlmNode group = document.group();
+    qlmSetCurrentSvgNode(document.context(), group);
+    document.line(0, 0, 1, 1);
+    qlmSetCurrentSvgNode(document.context(), symbol);
+    document.circle(1, 0, 0);
+    document.end();
+    const ParsedSvg svg(document);
+    const pugi::xml_node written = svg.definitions().child("symbol");
+    EXPECT_TRUE(written.child("g").child("line"));
+    EXPECT_TRUE(written.child("circle"));
+    EXPECT_FALSE(svg.drawing().first_child().first_child());
+}
+
+TEST(Elements, GroupsTooDeepForReadersAreRefused)
+{
+    const HostDocument document;
+    int depth = 0;
+    while (const QlmNode group = document.group()) {
+        qlmSetCurrentSvgNode(document.context(), group);
+        ASSERT_LT(++depth, 1000);
+    }
+    EXPECT_GE(depth, 16);
+    document.line(0, 0, 1, 1);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(
+        svg.drawing().find_node([](pugi::xml_node node) { return std::string(node.name()) == "line"; }));
+}
+
+TEST(Elements, NothingIsFilledThatHasNoFill)
+{
+    const HostDocument document;
+    document.circle(1, 0, 0);
+    document.path(L"M0,0 A1,1,0 0,0 2,0");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.drawing().attribute("fill").value(), "none");
+    EXPECT_FALSE(svg.first("circle").attribute("fill"));
+    EXPECT_FALSE(svg.first("path").attribute("fill"));
+}
+
+TEST(Elements, LinesWithoutColourAreVisible)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.drawing().attribute("stroke").value(), "#00ff00");
+}
+
+TEST(Elements, NullTextsCountAsEmpty)
+{
+    const HostDocument document;
+    document.path(nullptr);
+    document.polyline(nullptr);
+    document.set(document.text(0, 0, nullptr), nullptr, nullptr);
+    document.use(nullptr, 0, 0);
+    EXPECT_NE(qlmCreateSymbol(document.context(), nullptr), nullptr);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(svg.first("text"));
+    EXPECT_TRUE(svg.first("use"));
+}

@@ -1,0 +1,274 @@
+// Symbols and uses: names, cycles, drawings that would unfold without end.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <set>
+#include <string>
+
+using namespace svghost_tests;
+
+namespace {
+
+std::string target(const pugi::xml_node& use)
+{
+    return std::string(use.attribute("xlink:href").value()).substr(1);
+}
+
+pugi::xml_node symbolOf(const ParsedSvg& svg, const pugi::xml_node& use)
+{
+    return svg.definitions().find_child_by_attribute("symbol", "id", target(use).c_str());
+}
+
+// A symbol with a line in it.
+void addSymbol(const HostDocument& document, const wchar_t* name, float length = 1)
+{
+    document.begin(name);
+    document.line(0, 0, length, 0);
+    document.end();
+}
+
+} // namespace
+
+TEST(Uses, PlacementIsTranslateThenRotateThenScale)
+{
+    const HostDocument document;
+    addSymbol(document, L"DOOR");
+    const QlmNode use = document.use(L"DOOR", 10, -20);
+    document.set(use, L"rotate", L"-30.000000");
+    document.set(use, L"scale-x", L"-1.000000");
+    document.set(use, L"scale-y", L"2.000000");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("use").attribute("transform").value(),
+                 "translate(10,-20) rotate(-30) scale(-1,2)");
+    EXPECT_STREQ(symbolOf(svg, svg.first("use")).attribute("overflow").value(), "visible");
+}
+
+TEST(Uses, OneScaleAloneLeavesTheOtherAtOne)
+{
+    const HostDocument document;
+    addSymbol(document, L"DOOR");
+    document.set(document.use(L"DOOR", 0, 0), L"scale-y", L"-1.000000");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("use").attribute("transform").value(), "translate(0,0) scale(1,-1)");
+}
+
+TEST(Uses, SymbolMayBeDefinedLater)
+{
+    const HostDocument document;
+    document.use(L"LATER", 0, 0);
+    addSymbol(document, L"LATER");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(symbolOf(svg, svg.first("use")).attribute("data-name").value(), "LATER");
+    EXPECT_EQ(document.statistics().missingSymbols, 0u);
+}
+
+TEST(Uses, MissingSymbolIsCountedAndTheUseKept)
+{
+    const HostDocument document;
+    addSymbol(document, L"A");
+    document.use(L"B", 0, 0);
+    const ParsedSvg svg(document);
+    ASSERT_TRUE(svg.first("use"));
+    EXPECT_FALSE(symbolOf(svg, svg.first("use")));
+    EXPECT_EQ(document.statistics().missingSymbols, 1u);
+}
+
+TEST(Uses, FirstOfEqualNamesIsTheTarget)
+{
+    const HostDocument document;
+    addSymbol(document, L"A", 1);
+    addSymbol(document, L"A", 2);
+    addSymbol(document, L"A", 3);
+    document.use(L"A", 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_EQ(symbolOf(svg, svg.first("use")).child("line").attribute("x2").as_double(), 1);
+    std::set<std::string> ids;
+    for (const pugi::xml_node symbol : svg.definitions().children("symbol"))
+        ids.insert(symbol.attribute("id").value());
+    EXPECT_EQ(ids.size(), 3u);
+    EXPECT_EQ(document.statistics().duplicateSymbols, 2u);
+    EXPECT_EQ(document.statistics().symbols, 3u);
+}
+
+TEST(Uses, NamesStayApartWhateverTheyHold)
+{
+    const HostDocument document;
+    const wchar_t* const names[] = {L"A",      L"a",      L"_x41_",  L"_",      L"_x5F_",  L"",
+                                    L" ",      L"A B",    L"2-A",    L"d2-A",   L"*U1",    L"\x00DC\x4E2D",
+                                    L"\"<&>'", L"\xD800", L"\xDC00", L"\xFFFD", L"\x1\x2", L"\xFFFF",
+                                    L"x_",     L"_x"};
+    float length = 1;
+    for (const wchar_t* name : names)
+        addSymbol(document, name, length++);
+    addSymbol(document, L"A", 1000);
+    for (const wchar_t* name : names)
+        document.use(name, 0, 0);
+    const ParsedSvg svg(document);
+    double expected = 1;
+    for (const pugi::xml_node use : svg.drawing().children("use"))
+        EXPECT_EQ(symbolOf(svg, use).child("line").attribute("x2").as_double(), expected++) << target(use);
+    EXPECT_EQ(expected, static_cast<double>(length));
+    std::set<std::string> ids;
+    for (const pugi::xml_node symbol : svg.definitions().children("symbol"))
+        ids.insert(symbol.attribute("id").value());
+    EXPECT_EQ(ids.size(), std::size(names) + 1);
+    for (const std::string& id : ids)
+        EXPECT_EQ(id.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._"),
+                  std::string::npos);
+}
+
+TEST(Uses, NameIsKeptBesideTheIdentifier)
+{
+    const HostDocument document;
+    addSymbol(document, L"T\x00FCr <1>");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.definitions().child("symbol").attribute("data-name").value(), "T\xC3\xBCr <1>");
+    EXPECT_STREQ(svg.definitions().child("symbol").attribute("id").value(), "s-T_xFC_r_x20__x3C_1_x3E_");
+}
+
+TEST(Cycles, UseOfTheOwnSymbolIsLeftOut)
+{
+    const HostDocument document;
+    document.begin(L"A");
+    document.line(0, 0, 1, 1);
+    document.use(L"A", 1, 1);
+    document.end();
+    document.use(L"A", 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(svg.first("use"));
+    EXPECT_TRUE(symbolOf(svg, svg.first("use")).child("line"));
+    EXPECT_FALSE(symbolOf(svg, svg.first("use")).child("use"));
+    EXPECT_EQ(document.statistics().cyclicUses, 1u);
+}
+
+TEST(Cycles, UsesRoundACycleAreLeftOutAndOthersStay)
+{
+    const HostDocument document;
+    addSymbol(document, L"LEAF");
+    const wchar_t* const names[] = {L"A", L"B", L"C", L"A"};
+    for (int i = 0; i < 3; ++i) {
+        document.begin(names[i]);
+        document.use(names[i + 1], 0, 0);
+        document.use(L"LEAF", 0, 0);
+        document.end();
+    }
+    document.begin(L"OUTSIDE");
+    document.use(L"A", 0, 0);
+    document.end();
+    document.use(L"OUTSIDE", 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_EQ(document.statistics().cyclicUses, 3u);
+    for (const pugi::xml_node symbol : svg.definitions().children("symbol")) {
+        const std::string name = symbol.attribute("data-name").value();
+        for (const pugi::xml_node use : symbol.children("use"))
+            EXPECT_EQ(target(use), name == "OUTSIDE" ? "s-A" : "s-LEAF");
+    }
+    EXPECT_TRUE(symbolOf(svg, svg.first("use")).child("use"));
+}
+
+TEST(Cycles, UseInAGroupOfTheSymbolCountsToo)
+{
+    const HostDocument document;
+    document.begin(L"A");
+    qlmSetCurrentSvgNode(document.context(), document.group());
+    document.use(L"A", 0, 0);
+    document.end();
+    const ParsedSvg svg(document);
+    EXPECT_EQ(document.statistics().cyclicUses, 1u);
+    EXPECT_FALSE(svg.definitions().child("symbol").child("g").child("use"));
+}
+
+TEST(Cycles, LaterSymbolOfTheSameNameMayUseTheFirst)
+{
+    const HostDocument document;
+    addSymbol(document, L"A");
+    document.begin(L"A");
+    document.use(L"A", 0, 0);
+    document.end();
+    const ParsedSvg svg(document);
+    EXPECT_EQ(document.statistics().cyclicUses, 0u);
+    EXPECT_TRUE(svg.definitions().last_child().child("use"));
+}
+
+namespace {
+
+// How many elements a viewer makes of the container, uses followed.
+std::size_t unfolded(const ParsedSvg& svg, const pugi::xml_node& container, std::size_t limit)
+{
+    std::size_t count = 1;
+    for (const pugi::xml_node node : container.children()) {
+        count += node == pugi::xml_node() ? 0 : 1;
+        if (std::string(node.name()) == "use" && count < limit)
+            count += unfolded(svg, symbolOf(svg, node), limit);
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(Unfolding, NineLevelsOfTenStayWithinTheBudget)
+{
+    const HostDocument document;
+    std::wstring below = L"L0";
+    addSymbol(document, L"L0");
+    for (int level = 1; level <= 9; ++level) {
+        const std::wstring name = L"L" + std::to_wstring(level);
+        document.begin(name.c_str());
+        for (int i = 0; i < 10; ++i)
+            document.use(below.c_str(), static_cast<float>(i), 0);
+        document.end();
+        below = name;
+    }
+    document.use(L"L9", 0, 0);
+    document.use(L"L2", 0, 0);
+    const auto start = std::chrono::steady_clock::now();
+    const ParsedSvg svg(document);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_GT(document.statistics().unboundedUses, 0u);
+    const std::size_t drawn = unfolded(svg, svg.drawing(), 2'000'000);
+    EXPECT_GT(drawn, 100'000u);
+    EXPECT_LT(drawn, 1'100'000u);
+    EXPECT_TRUE(svg.definitions().find_child_by_attribute("symbol", "data-name", "L3").child("use"));
+}
+
+TEST(Unfolding, ManyInsertsOfAModestBlockAreAllDrawn)
+{
+    const HostDocument document;
+    document.begin(L"B");
+    for (int i = 0; i < 10; ++i)
+        document.line(0, 0, 1, static_cast<float>(i));
+    document.end();
+    for (int i = 0; i < 200'000; ++i)
+        document.use(L"B", static_cast<float>(i), 0);
+    EXPECT_EQ(document.statistics().unboundedUses, 0u);
+}
+
+TEST(Unfolding, ChainOfAHundredThousandIsCutIntoShortOnes)
+{
+    const HostDocument document;
+    constexpr int kLength = 100'000;
+    for (int i = 0; i < kLength; ++i) {
+        document.begin((L"C" + std::to_wstring(i)).c_str());
+        document.line(0, 0, 1, 1);
+        document.use((L"C" + std::to_wstring(i + 1)).c_str(), 1, 1);
+        document.end();
+    }
+    document.use(L"C0", 0, 0);
+    const auto start = std::chrono::steady_clock::now();
+    const ParsedSvg svg(document);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    EXPECT_EQ(document.statistics().missingSymbols, 1u);
+    EXPECT_EQ(document.statistics().unboundedUses, static_cast<std::size_t>(kLength / 100 - 1));
+    // Symbols stand in the order of creation: the longest run of links is the depth that is drawn.
+    int longest = 0;
+    int run = 0;
+    for (const pugi::xml_node symbol : svg.definitions().children("symbol")) {
+        longest = std::max(longest, ++run);
+        if (!symbol.child("use"))
+            run = 0;
+    }
+    EXPECT_EQ(longest, 100);
+    EXPECT_TRUE(svg.first("use"));
+}

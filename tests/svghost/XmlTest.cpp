@@ -1,0 +1,108 @@
+// Whatever a drawing holds, the file is well-formed XML.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace svghost_tests;
+
+namespace {
+
+constexpr const char* kReplacement = "\xEF\xBF\xBD";
+
+std::string textWritten(const std::wstring& text)
+{
+    const HostDocument document;
+    document.text(0, 0, text.c_str());
+    return ParsedSvg(document).first("text").text().get();
+}
+
+} // namespace
+
+TEST(Xml, MarkupIsEscaped)
+{
+    EXPECT_EQ(textWritten(L"a<b>&\"c'</text>]]>"), "a<b>&\"c'</text>]]>");
+    const HostDocument document;
+    document.set(document.line(0, 0, 1, 1), L"stroke", L"\"><script>&amp;");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("line").attribute("stroke").value(), "\"><script>&amp;");
+    EXPECT_FALSE(svg.first("script"));
+}
+
+TEST(Xml, ControlCharactersAreReplaced)
+{
+    std::string expected;
+    std::wstring text;
+    for (wchar_t unit = 1; unit < 0x20; ++unit) {
+        text += unit;
+        const bool allowed = unit == L'\t' || unit == L'\n' || unit == L'\r';
+        expected += allowed ? std::string(1, static_cast<char>(unit)) : kReplacement;
+    }
+    EXPECT_EQ(textWritten(text), expected);
+}
+
+TEST(Xml, LoneSurrogatesAreReplaced)
+{
+    const std::string replaced = std::string("a") + kReplacement + "b";
+    EXPECT_EQ(textWritten(L"a\xD800"
+                          L"b"),
+              replaced);
+    EXPECT_EQ(textWritten(L"a\xDC00"
+                          L"b"),
+              replaced);
+    EXPECT_EQ(textWritten(L"\xDBFF"), kReplacement);
+    EXPECT_EQ(textWritten(L"\xDC00\xD800"), std::string(kReplacement) + kReplacement);
+}
+
+TEST(Xml, CharactersOutsideTheBasicPlaneAreWhole)
+{
+    // On Windows this literal is a pair of surrogates.
+    EXPECT_EQ(textWritten(L"\U0001D11E\U0010FFFD"), "\xF0\x9D\x84\x9E\xF4\x8F\xBF\xBD");
+}
+
+TEST(Xml, NonCharactersAreReplaced)
+{
+    EXPECT_EQ(textWritten(L"\xFFFE\xFFFF\xFFFD"), std::string(kReplacement) + kReplacement + kReplacement);
+}
+
+#if WCHAR_MAX > 0xFFFF
+TEST(Xml, ValuesBeyondUnicodeAreReplaced)
+{
+    const std::wstring text{static_cast<wchar_t>(0x110000), static_cast<wchar_t>(0x7FFFFFFF),
+                            static_cast<wchar_t>(-1)};
+    EXPECT_EQ(textWritten(text), std::string(kReplacement) + kReplacement + kReplacement);
+}
+#endif
+
+TEST(Xml, EveryUnitGivesAFileThatParses)
+{
+    std::wstring text;
+    for (unsigned unit = 1; unit <= 0xFFFF; ++unit)
+        text += static_cast<wchar_t>(unit);
+    const HostDocument document;
+    document.text(0, 0, text.c_str());
+    document.begin(text.c_str());
+    document.end();
+    document.use(text.c_str(), 0, 0);
+    document.set(document.line(0, 0, 1, 1), L"stroke", text.c_str());
+    document.set(document.line(0, 0, 1, 1), L"odd", text.c_str());
+    const std::string written = document.write();
+    ParsedSvg svg(written);
+    EXPECT_TRUE(svg.first("use"));
+    for (const char byte : written)
+        EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n');
+}
+
+TEST(Xml, BackgroundStandsBehindTheDrawingAndIsEscaped)
+{
+    const HostDocument document;
+    document.line(0, 0, 10, 10);
+    const ParsedSvg svg(document.write("\"red\"<\x01\xFF"));
+    const pugi::xml_node rect = svg.root().child("rect");
+    ASSERT_TRUE(rect);
+    EXPECT_EQ(rect.attribute("fill").value(), std::string("\"red\"<") + kReplacement + kReplacement);
+    EXPECT_EQ(rect.next_sibling(), svg.drawing());
+    EXPECT_NEAR(rect.attribute("width").as_double(), viewBoxOf(svg).width, 1e-9);
+    EXPECT_FALSE(ParsedSvg(document).root().child("rect"));
+}
