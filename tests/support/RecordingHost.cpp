@@ -38,8 +38,8 @@ public:
     Call& Node(QlmNode node) { return Add(RecordingHost::OfThread().NameOf(node)); }
     Call& Text(const wchar_t* text) { return Add(text == nullptr ? "null" : '"' + ToTraceText(text) + '"'); }
     Call& Bool(bool value) { return Add(value ? "true" : "false"); }
-    template <class Number>
-    Call& Number(Number value)
+    template <class Value>
+    Call& Number(Value value)
     {
         char digits[32];
         return Add(std::string(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr));
