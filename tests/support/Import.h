@@ -26,6 +26,9 @@ std::string Lines(std::initializer_list<std::string_view> lines);
 // The lines of an ENTITIES section that holds these lines, from SECTION to EOF.
 std::string EntitiesSection(std::initializer_list<std::string_view> lines);
 
+// The lines of a section, from SECTION to ENDSEC; body is lines too.
+std::string Section(std::string_view name, std::string_view body);
+
 // Draws a drawing in the thread's recording host (reset before) and returns the trace.
 std::string TraceOf(std::string_view dxf);
 
