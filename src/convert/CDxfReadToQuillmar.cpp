@@ -1,6 +1,6 @@
 #include "convert/CDxfReadToQuillmar.h"
 
-#include "convert/CDxfText.h"
+#include "drawing/CDxfText.h"
 
 #include <cstdint>
 

@@ -2,21 +2,13 @@
 #pragma once
 
 #include "convert/CDxfStyleTexts.h"
-#include "entities/DXF_POINT2D.h"
+#include "drawing/Transform.h"
 #include "host/QuillmarLib.h"
 #include "reader/CDxfRead.h"
 
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <unordered_map>
-
-// The host takes coordinates as floats; what is too large for one becomes infinite.
-inline float ToFloat(double value)
-{
-    static_assert(std::numeric_limits<float>::is_iec559); // else the conversion would be undefined
-    return static_cast<float>(value);
-}
 
 // One converter draws one file. It is built for the duration of an import and reports nothing of its own:
 // missing layers and line types, and nodes of 0 from the host, fall back to defaults.
@@ -42,18 +34,13 @@ public:
     bool drawEnabled = true;       // the callbacks draw only while this is set
     double scale = 1.0;            // factor of every coordinate, radius, text height and line weight
     double defaultLineWidth = 0.5; // stroke width where no line weight applies, as a fraction of scale
-    std::int32_t yAxisMode = 2;    // 2 turns Y, which points up in a drawing, down
+    std::int32_t yAxisMode = kFlippedYAxisMode;
 
 private:
     // True when the drawing callbacks may call the host. (OnLWPolyline is meant not to ask.)
     bool MayDraw() const { return drawEnabled && parentNode != nullptr; }
-    bool IsFlipped() const { return yAxisMode == 2; }
-
-    // A drawing point as it stands in the document.
-    DXF_POINT2D Transform(double x, double y) const
-    {
-        return {x * scale, IsFlipped() ? -(y * scale) : y * scale};
-    }
+    bool IsFlipped() const { return yAxisMode == kFlippedYAxisMode; }
+    DXF_POINT2D Transform(double x, double y) const { return TransformPoint(x, y, scale, yAxisMode); }
 
     // The width of an entity's stroke, scaled.
     double GetStrokeWidth(const DXF_GRAPHIC_BASE& entity);

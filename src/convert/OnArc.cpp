@@ -1,6 +1,7 @@
-#include "convert/Angles.h"
-#include "convert/ArcPath.h"
 #include "convert/CDxfReadToQuillmar.h"
+#include "drawing/Angles.h"
+#include "drawing/ArcPath.h"
+#include "drawing/Points.h"
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
 
 #include <cmath>
@@ -37,10 +38,9 @@ void CDxfReadToQuillmar::OnArc(DXF_GRAPHIC_ARC& arc)
     start = Transform(start.x, start.y);
     end = Transform(end.x, end.y);
     center = Transform(center.x, center.y);
-    const double dx = start.x - center.x;
-    const double dy = start.y - center.y;
-    const double drawnRadius = std::sqrt(dx * dx + dy * dy);
-    const auto data = FormatArcPath({start, drawnRadius, drawnRadius, span >= 180, IsFlipped(), end});
+    const double drawnRadius = Distance(start, center);
+    const wchar_t* const flags = ArcFlags(span >= 180, !IsFlipped());
+    const auto data = FormatArcPath(start, drawnRadius, drawnRadius, flags, end);
     const QlmNode node = qlmCreatePath(parentNode, L"", data.c_str(), 0.0f, 0.0f);
     SetAttribute(node, L"stroke-width", L"1"); // meant: the style sets it again
     SetStyle(node, arc);

@@ -1,6 +1,8 @@
 #include "convert/CDxfReadToQuillmar.h"
+#include "dimension/CDxfDimensionDrawing.h"
 
-void CDxfReadToQuillmar::OnDimension(const DXF_GRAPHIC_DIMENSION&)
+void CDxfReadToQuillmar::OnDimension(const DXF_GRAPHIC_DIMENSION& dimension)
 {
-    // Dimensions are read; their drawing follows.
+    if (MayDraw())
+        CDxfDimensionDrawing(*this, parentNode, scale, yAxisMode).Draw(dimension);
 }

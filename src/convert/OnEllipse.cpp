@@ -1,6 +1,6 @@
-#include "convert/Angles.h"
-#include "convert/ArcPath.h"
 #include "convert/CDxfReadToQuillmar.h"
+#include "drawing/Angles.h"
+#include "drawing/ArcPath.h"
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
 
 #include <cmath>
@@ -22,7 +22,8 @@ DXF_POINT2D PointOfEllipse(const DXF_POINT2D& center, double a, double b, double
 {
     const double sine = std::sin(angle);
     const double cosine = std::cos(angle);
-    const double radius = std::sqrt(a * a * b * b / (a * a * sine * sine + b * b * cosine * cosine));
+    const double radius =
+        std::sqrt((a * a) * (b * b) / ((a * a) * (sine * sine) + (b * b) * (cosine * cosine)));
     return {center.x + radius * cosine, center.y + radius * sine};
 }
 
@@ -62,8 +63,8 @@ void CDxfReadToQuillmar::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
                                 0.0f, 0.0f);
         SetAttribute(node, L"fill-opacity", L"0");
     } else {
-        const auto data = FormatArcPath({PointOfEllipse(center, a, b, start), a, b, isLarge, IsFlipped(),
-                                         PointOfEllipse(center, a, b, end)});
+        const auto data = FormatArcPath(PointOfEllipse(center, a, b, start), a, b,
+                                        ArcFlags(isLarge, !IsFlipped()), PointOfEllipse(center, a, b, end));
         node = qlmCreatePath(parentNode, L"", data.c_str(), 0.0f, 0.0f);
     }
     SetNumber(node, L"center-x", center.x);

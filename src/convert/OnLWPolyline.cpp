@@ -1,5 +1,5 @@
 #include "convert/CDxfReadToQuillmar.h"
-#include "convert/CDxfText.h"
+#include "drawing/CDxfText.h"
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
 
 // Meant to have no gate: a polyline is created while drawing is off, and without a context node.

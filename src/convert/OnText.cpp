@@ -1,7 +1,7 @@
 // TEXT and MTEXT. Only the place, the size, the colour and the horizontal anchor are drawn; formatting codes
 // are passed on as read.
 #include "convert/CDxfReadToQuillmar.h"
-#include "convert/CDxfText.h"
+#include "drawing/CDxfText.h"
 #include "entities/DXF_GRAPHIC_TEXT.h"
 
 namespace {

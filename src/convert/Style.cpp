@@ -1,6 +1,6 @@
 // Stroke width, colour, dashes and visibility of an entity.
 #include "convert/CDxfReadToQuillmar.h"
-#include "convert/CDxfText.h"
+#include "drawing/CDxfText.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
 
 #include <cmath>

@@ -1,0 +1,197 @@
+#include "dimension/CDxfDimensionDrawing.h"
+
+#include "dimension/CDxfGroup.h"
+#include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"
+#include "drawing/Angles.h"
+#include "drawing/Points.h"
+#include "entities/DXF_GRAPHIC_DIMENSION.h"
+
+#include <utility>
+
+namespace {
+
+double DirectionInDegrees(const DXF_POINT2D& from, const DXF_POINT2D& to)
+{
+    return Direction(from, to) * 180 / kPi;
+}
+
+// The foot of the extension line of p1 on the dimension line through d, which is parallel to no axis in the
+// general case: where the line through d across (d, p2) meets the line through p1 along it.
+DXF_POINT2D FootPoint(const DXF_POINT2D& d, const DXF_POINT2D& p1, const DXF_POINT2D& p2)
+{
+    if (d.y == p2.y)
+        return {d.x, p1.y};
+    if (d.x == p2.x)
+        return {p1.x, d.y};
+    const double m = (d.y - p2.y) / (d.x - p2.x);
+    const double k = -1 / m;
+    const double x = (m * p1.x - k * d.x + d.y - p1.y) / (m - k);
+    return {x, d.y + k * (x - d.x)};
+}
+
+DXF_POINT2D DefinitionPoint(const DXF_GRAPHIC_DIMENSION_Dimension& dimension, double scale,
+                            std::int32_t yAxisMode)
+{
+    return TransformPoint(dimension.m_dDefPointX, dimension.m_dDefPointY, scale, yAxisMode);
+}
+
+} // namespace
+
+CDxfDimensionDrawing::CDxfDimensionDrawing(CDxfRead& reader, QlmNode parentNode, double scale,
+                                           std::int32_t yAxisMode)
+    : m_reader(reader), m_parentNode(parentNode), m_scale(scale), m_yAxisMode(yAxisMode)
+{
+    m_strokeWidth.AddFixed6(scale * 0.15);
+}
+
+void CDxfDimensionDrawing::Draw(const DXF_GRAPHIC_DIMENSION& record)
+{
+    const DIMENSION* dimension = nullptr; // the first
+    const ALIGNED* aligned = nullptr;     // the last
+    for (const DXF_GRAPHIC_DIMENSION_BASE* const& part : record.m_parts) {
+        const bool isLast = &part == &record.m_parts.back();
+        switch (part->m_nPartKind) {
+        case DXF_DIMENSION_PART_DIMENSION:
+            if (dimension == nullptr)
+                dimension = static_cast<const DIMENSION*>(part);
+            else
+                m_reader.OnError(0, DXF_ERROR_INTEGER, L"AcDbDimension data duplicated.", 0);
+            break;
+        case DXF_DIMENSION_PART_ALIGNED:
+            aligned = static_cast<const ALIGNED*>(part);
+            if (isLast && dimension != nullptr)
+                DrawAligned(*dimension, *aligned);
+            break;
+        case DXF_DIMENSION_PART_ROTATED:
+            if (isLast && dimension != nullptr && aligned != nullptr)
+                DrawRotated(*dimension, *aligned);
+            break;
+        case DXF_DIMENSION_PART_RADIAL:
+            if (dimension != nullptr)
+                DrawRadial(*dimension, static_cast<const CHORD&>(*part));
+            break;
+        case DXF_DIMENSION_PART_DIAMETRIC:
+            if (dimension != nullptr)
+                DrawDiametric(*dimension, static_cast<const CHORD&>(*part));
+            break;
+        case DXF_DIMENSION_PART_2LINE_ANGULAR:
+            if (dimension != nullptr)
+                DrawAngular(*dimension, static_cast<const ANGULAR&>(*part));
+            break;
+        default: // the entity part, three-point angular and ordinate dimensions draw nothing
+            break;
+        }
+    }
+}
+
+void CDxfDimensionDrawing::DrawAligned(const DIMENSION& dimension, const ALIGNED& aligned)
+{
+    const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
+    const DXF_POINT2D p1 = Transform(aligned.m_dExtLine1X, aligned.m_dExtLine1Y);
+    const DXF_POINT2D p2 = Transform(aligned.m_dExtLine2X, aligned.m_dExtLine2Y);
+    DrawLinear(dimension, p1, p2, FootPoint(d, p1, p2));
+}
+
+// Only the angles 0 and 90 count; any other is drawn as the aligned kind is, whatever its value.
+void CDxfDimensionDrawing::DrawRotated(const DIMENSION& dimension, const ALIGNED& aligned)
+{
+    const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
+    DXF_POINT2D p1 = Transform(aligned.m_dExtLine1X, aligned.m_dExtLine1Y);
+    DXF_POINT2D p2 = Transform(aligned.m_dExtLine2X, aligned.m_dExtLine2Y);
+    if (aligned.m_dRotation == 90.0) {
+        if (d.y == p1.y)
+            std::swap(p1, p2);
+        DrawLinear(dimension, p1, p2, {d.x, p1.y});
+    } else if (aligned.m_dRotation == 0.0) {
+        if (d.x == p1.x)
+            std::swap(p1, p2);
+        DrawLinear(dimension, p1, p2, {p1.x, d.y});
+    } else {
+        DrawLinear(dimension, p1, p2, FootPoint(d, p1, p2));
+    }
+}
+
+void CDxfDimensionDrawing::DrawLinear(const DIMENSION& dimension, const DXF_POINT2D& p1,
+                                      const DXF_POINT2D& p2, const DXF_POINT2D& q)
+{
+    const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
+    const CDxfGroup group(m_parentNode);
+    DrawLine(p2, d, ARROWS::None);
+    DrawLine(p1, q, ARROWS::None);
+    DrawLine(d, q, ARROWS::Both);
+    DrawValue(dimension, GeneralValue(dimension, Distance(d, q)), DirectionInDegrees(q, d));
+}
+
+void CDxfDimensionDrawing::DrawRadial(const DIMENSION& dimension, const CHORD& radial)
+{
+    const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
+    const DXF_POINT2D h = Transform(radial.m_dChordPointX, radial.m_dChordPointY);
+    const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
+    const CDxfGroup group(m_parentNode);
+    DrawLine(d, h, ARROWS::End);
+    DrawValue(dimension, GeneralValue(dimension, 2 * Distance(middle, d)), DirectionInDegrees(h, d));
+}
+
+// Meant to show half the distance between its points.
+void CDxfDimensionDrawing::DrawDiametric(const DIMENSION& dimension, const CHORD& diametric)
+{
+    const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
+    const DXF_POINT2D h = Transform(diametric.m_dChordPointX, diametric.m_dChordPointY);
+    const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
+    const CDxfGroup group(m_parentNode);
+    DrawLine(d, h, ARROWS::Both);
+    DrawValue(dimension, GeneralValue(dimension, Distance(middle, d)), DirectionInDegrees(h, d));
+}
+
+void CDxfDimensionDrawing::DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, ARROWS arrows,
+                                    const wchar_t* color)
+{
+    const QlmNode line = qlmCreateLine(m_parentNode, L"", ToFloat(from.x), ToFloat(from.y), ToFloat(to.x),
+                                       ToFloat(to.y), 0.0f, 0.0f);
+    SetAttribute(line, L"stroke-width", m_strokeWidth.c_str());
+    if (arrows == ARROWS::Both)
+        SetAttribute(line, L"pg-begin-arrow-type", L"stealth arrow");
+    if (arrows != ARROWS::None)
+        SetAttribute(line, L"pg-end-arrow-type", L"stealth arrow");
+    if (arrows == ARROWS::Both)
+        SetAttribute(line, L"pg-begin-arrow-size", L"1");
+    if (arrows != ARROWS::None)
+        SetAttribute(line, L"pg-end-arrow-size", L"1");
+    if (color != nullptr)
+        SetAttribute(line, L"stroke", color);
+}
+
+void CDxfDimensionDrawing::DrawMark(const DXF_POINT2D& center, const wchar_t* color)
+{
+    const QlmNode circle =
+        qlmCreateCircle(m_parentNode, L"", 0.5f, ToFloat(center.x), ToFloat(center.y), 0.0f, 0.0f);
+    SetAttribute(circle, L"stroke-width", m_strokeWidth.c_str());
+    if (color != nullptr)
+        SetAttribute(circle, L"stroke", color);
+}
+
+// A dimension type of exactly 2, flags included, is an angle's. The sign is meant to be the ring above, and
+// not the degree sign.
+const wchar_t* CDxfDimensionDrawing::UnitOf(const DIMENSION& dimension)
+{
+    return dimension.m_nDimType == 2 ? L"\u02DA" : L"";
+}
+
+CDxfDimensionDrawing::VALUE_TEXT CDxfDimensionDrawing::GeneralValue(const DIMENSION& dimension, double value)
+{
+    return VALUE_TEXT().AddGeneral(value).Add(UnitOf(dimension));
+}
+
+// Shows the value, or the dimension's own text with every "<>" replaced by the value.
+void CDxfDimensionDrawing::DrawValue(const DIMENSION& dimension, const VALUE_TEXT& value, double degrees)
+{
+    std::wstring_view rest = dimension.m_strText.empty() ? std::wstring_view(L"<>") : dimension.m_strText;
+    std::wstring text;
+    for (std::size_t found; (found = rest.find(L"<>")) != std::wstring_view::npos;
+         rest.remove_prefix(found + 2))
+        text.append(rest.substr(0, found)).append(value.c_str());
+    text.append(rest);
+    const DXF_POINT2D middle = Transform(dimension.m_dTextMidX, dimension.m_dTextMidY);
+    LayoutDimensionText(std::move(text), ToFloat(middle.x), ToFloat(2 * m_scale + middle.y),
+                        ToFloat(degrees));
+}
