@@ -37,9 +37,15 @@ std::string Section(std::string_view name, std::string_view body)
 
 std::string TraceOf(std::string_view dxf)
 {
+    return TraceOf(dxf, [](CDxfReadToQuillmar&) {});
+}
+
+std::string TraceOf(std::string_view dxf, const std::function<void(CDxfReadToQuillmar&)>& configure)
+{
     RecordingHost& host = RecordingHost::OfThread();
     host.Reset();
     CDxfReadToQuillmar converter(RecordingHost::Context());
+    configure(converter);
     CDxfMemory memory(dxf);
     converter.ReadDxfSource(memory);
     return host.Trace();

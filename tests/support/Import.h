@@ -4,6 +4,7 @@
 #include "convert/CDxfReadToQuillmar.h"
 #include "support/RecordingHost.h"
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ std::string Section(std::string_view name, std::string_view body);
 
 // Draws a drawing in the thread's recording host (reset before) and returns the trace.
 std::string TraceOf(std::string_view dxf);
+
+// As TraceOf, by a converter whose fields configure has changed.
+std::string TraceOf(std::string_view dxf, const std::function<void(CDxfReadToQuillmar&)>& configure);
 
 // A trace without the calls of some operation, to look at the others.
 std::string Without(std::string_view operation, std::string_view trace);

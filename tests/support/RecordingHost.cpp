@@ -35,12 +35,19 @@ class Call {
 public:
     explicit Call(const char* name) : m_text(std::string(name) + "(") {}
 
-    Call& Node(QlmNode node) { return Add(RecordingHost::OfThread().NameOf(node)); }
-    Call& Text(const wchar_t* text) { return Add(text == nullptr ? "null" : '"' + ToTraceText(text) + '"'); }
+    Call& Node(QlmNode node) { return m_isWritten ? Add(RecordingHost::OfThread().NameOf(node)) : *this; }
+    Call& Text(const wchar_t* text)
+    {
+        if (!m_isWritten)
+            return *this;
+        return Add(text == nullptr ? "null" : '"' + ToTraceText(text) + '"');
+    }
     Call& Bool(bool value) { return Add(value ? "true" : "false"); }
     template <class Value>
     Call& Number(Value value)
     {
+        if (!m_isWritten)
+            return *this;
         char digits[32];
         return Add(std::string(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr));
     }
@@ -61,6 +68,7 @@ private:
         return *this;
     }
 
+    const bool m_isWritten = !RecordingHost::OfThread().countOnly;
     std::string m_text;
 };
 
@@ -117,7 +125,9 @@ std::string RecordingHost::Trace() const
 
 void RecordingHost::Record(std::string line)
 {
-    calls.push_back(std::move(line));
+    ++callCount;
+    if (!countOnly)
+        calls.push_back(std::move(line));
 }
 
 QlmNode RecordingHost::RecordNew(std::string line, bool refused)

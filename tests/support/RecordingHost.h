@@ -32,10 +32,12 @@ public:
     QlmNode RecordNew(std::string line, bool refused = false);
     std::string NameOf(QlmNode node) const;
 
+    bool countOnly = false;     // calls are counted, not written down
     bool refuseSymbols = false; // qlmCreateSymbol answers 0
     bool refuseAll = false;     // every creating operation answers 0
     QlmNode currentNode = nullptr;
     std::vector<std::string> calls;
+    std::size_t callCount = 0; // written down or not
 
 private:
     std::size_t m_nodes = 0;
