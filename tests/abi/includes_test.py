@@ -13,8 +13,9 @@ INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTIL
 # The folders of src/ that each one may include from, besides itself.
 ARROWS = {
     "entry": {"convert", "host", "reader"},
-    "convert": {"dimension", "entities", "reader", "host"},
-    "dimension": {"entities", "reader", "host"},
+    "convert": {"dimension", "drawing", "entities", "reader", "host"},
+    "dimension": {"drawing", "entities", "reader", "host"},
+    "drawing": {"entities", "reader"},
     "entities": {"reader"},
     "reader": set(),
     "host": set(),
