@@ -8,21 +8,24 @@ import re
 import sys
 import xml.etree.ElementTree as ElementTree
 
-GTEST = re.compile(r"^\[  (PASSED|FAILED|SKIPPED) ?\s*\] (\d+) tests?\b", re.MULTILINE)
+GTEST_RAN = re.compile(r"^\[==========\] (\d+) tests? from \d+ test suites? ran\b", re.MULTILINE)
+GTEST_COUNT = re.compile(r"^\[  (PASSED|SKIPPED) ?\s*\] (\d+) tests?\b", re.MULTILINE)
 UNITTEST = re.compile(r"^Ran (\d+) tests? in .*\n+(?:OK|FAILED)(?: \((.*)\))?\s*$", re.MULTILINE)
 
 
 def gtest_counts(output):
-    counts = {"PASSED": 0, "FAILED": 0, "SKIPPED": 0}
-    for kind, number in GTEST.findall(output):
+    counts = {"PASSED": 0, "SKIPPED": 0}
+    for kind, number in GTEST_COUNT.findall(output):
         counts[kind] += int(number)
-    return counts["PASSED"], counts["FAILED"], counts["SKIPPED"]
+    # The brief form does not count the failures.
+    ran = sum(int(number) for number in GTEST_RAN.findall(output))
+    return counts["PASSED"], max(0, ran - sum(counts.values())), counts["SKIPPED"]
 
 
 def unittest_counts(output):
     passed = failed = skipped = 0
     for total, details in UNITTEST.findall(output):
-        numbers = {name: int(number) for name, number in re.findall(r"([a-z ]+)=(\d+)", details)}
+        numbers = {name: int(number) for name, number in re.findall(r"([a-z][a-z ]*)=(\d+)", details)}
         bad = numbers.get("failures", 0) + numbers.get("errors", 0)
         skips = numbers.get("skipped", 0)
         passed += max(0, int(total) - bad - skips)
@@ -40,7 +43,7 @@ def counts_of(case):
         counts[1] = max(1, counts[1])
     elif case.find("skipped") is not None or case.get("status") in ("notrun", "disabled"):
         counts[2] = max(1, counts[2])
-    elif sum(counts) == 0 and not GTEST.search(output) and not UNITTEST.search(output):
+    elif sum(counts) == 0 and not GTEST_RAN.search(output) and not UNITTEST.search(output):
         counts[0] = 1
     return counts
 

@@ -1,0 +1,91 @@
+"""What the README shows is run as shown: its commands, and its host in C."""
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+BUILD = os.path.join(ROOT, "build", "release")
+FIRST_COMMANDS = ["scripts/import examples/floor-plan.dxf", "scripts/test"]
+SVG = "{http://www.w3.org/2000/svg}"
+
+
+def code_blocks(language):
+    with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+        return re.findall(rf"^```{language}\n(.*?)^```$", file.read(), re.MULTILINE | re.DOTALL)
+
+
+def commands():
+    return [line for block in code_blocks("sh") for line in block.splitlines()]
+
+
+class Readme(unittest.TestCase):
+    def setUp(self):
+        # A checkout whose scripts and build are this one's, so that pictures of the test stay out of the tree.
+        folder = tempfile.TemporaryDirectory(prefix="plexorn-readme-")
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+        for name in ("scripts", "build"):
+            os.symlink(os.path.join(ROOT, name), os.path.join(self.folder, name))
+        os.mkdir(os.path.join(self.folder, "examples"))
+        for name in os.listdir(os.path.join(ROOT, "examples")):
+            if name.endswith(".dxf"):
+                shutil.copy(os.path.join(ROOT, "examples", name), os.path.join(self.folder, "examples"))
+
+    def run_shown(self, command):
+        return subprocess.run(command, shell=True, cwd=self.folder, capture_output=True, text=True)
+
+    def picture(self, name):
+        return ElementTree.parse(os.path.join(self.folder, name)).getroot()
+
+    def test_the_two_commands_stand_first(self):
+        self.assertEqual(code_blocks("sh")[0].splitlines(), FIRST_COMMANDS)
+
+    def test_the_first_command_draws_the_floor_plan(self):
+        result = self.run_shown(FIRST_COMMANDS[0])
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(result.stdout, "examples/floor-plan.svg\n")
+        self.assertGreater(len(self.picture("examples/floor-plan.svg").findall(f".//{SVG}line")), 20)
+
+    def test_the_second_command_is_what_runs_the_tests(self):
+        # Run here it would run itself; what can be asked of it is that it is there and tells about itself.
+        result = self.run_shown(FIRST_COMMANDS[1] + " --help")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertIn("builds and runs every test", result.stdout)
+
+    def test_the_other_commands_run(self):
+        others = [command for command in commands() if command not in FIRST_COMMANDS]
+        self.assertGreater(len(others), 0)
+        for command in others:
+            with self.subTest(command=command):
+                result = self.run_shown(command)
+                self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn("white", ElementTree.tostring(self.picture("machine-part.svg"), "unicode"))
+
+    def test_the_host_in_c_compiles_and_writes_the_picture(self):
+        [source] = code_blocks("c")
+        with open(os.path.join(self.folder, "host.c"), "w", encoding="utf-8") as file:
+            file.write(source)
+        library = os.path.join(BUILD, "lib")
+        compiled = subprocess.run(
+            ["cc", "-std=c11", "-Wall", "-Wextra", "-Wpedantic", "-Werror", "-I", os.path.join(ROOT, "src"), "-I", ROOT,
+             "host.c", "-o", "host", f"-L{library}", "-lPlexorn", "-lQuillmarLib", f"-Wl,-rpath,{library}"],
+            cwd=self.folder, capture_output=True, text=True)
+        self.assertEqual((compiled.returncode, compiled.stderr), (0, ""))
+        result = self.run_shown("./host")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(ElementTree.fromstring(result.stdout).tag, f"{SVG}svg")
+
+    def test_every_link_leads_somewhere(self):
+        with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+            links = re.findall(r"\]\(([^)#]+)\)", file.read())
+        self.assertGreater(len(links), 2)
+        self.assertEqual([link for link in links if not os.path.exists(os.path.join(ROOT, link))], [])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv)

@@ -1,0 +1,171 @@
+"""The scripts: what they install, what they print, how results are summed up."""
+import os
+import subprocess
+import sys
+import tempfile
+import textwrap
+import unittest
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "scripts", "lib"))
+import summary  # noqa: E402
+
+
+def run(script, *arguments, **options):
+    return subprocess.run([os.path.join(ROOT, script), *arguments], capture_output=True, text=True, **options)
+
+
+class Help(unittest.TestCase):
+    def test_every_script_tells_what_it_does(self):
+        scripts = [name for name in os.listdir(os.path.join(ROOT, "scripts"))
+                   if os.path.isfile(os.path.join(ROOT, "scripts", name))]
+        self.assertLessEqual({"import", "setup", "test"}, set(scripts))
+        for name in scripts:
+            with self.subTest(script=name):
+                result = run(f"scripts/{name}", "--help")
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+                self.assertTrue(result.stdout.startswith(f"scripts/{name} "), result.stdout)
+
+    def test_wrong_usage_is_told(self):
+        for script, arguments in (("setup", ["everything"]), ("test", ["debug"]), ("import", []),
+                                  ("import", ["a", "b", "c"])):
+            result = run(f"scripts/{script}", *arguments)
+            self.assertEqual((result.returncode, result.stdout), (2, ""))
+            self.assertIn(f"scripts/{script} --help", result.stderr)
+
+    def test_import_of_a_missing_drawing(self):
+        result = run("scripts/import", "none.dxf")
+        self.assertEqual((result.returncode, result.stderr), (3, "import: none.dxf: no such file\n"))
+
+
+class Import(unittest.TestCase):
+    def test_passes_the_exit_code_on(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "plan.dxf")
+            with open(path, "wb") as file:
+                file.write(b"PK\x03\x04")
+            result = run("scripts/import", path)
+            self.assertEqual((result.returncode, result.stdout), (4, ""))
+            self.assertEqual(os.listdir(folder), ["plan.dxf"])
+
+    def test_takes_a_name_for_the_picture(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "a plan.DXF")
+            with open(path, "wb") as file:
+                file.write(b"0\nEOF\n")
+            self.assertEqual(run("scripts/import", path).stdout, os.path.join(folder, "a plan.svg") + "\n")
+            self.assertEqual(run("scripts/import", "a plan.DXF", "-p.svg", cwd=folder).stdout, "-p.svg\n")
+            self.assertEqual(sorted(os.listdir(folder)), ["-p.svg", "a plan.DXF", "a plan.svg"])
+
+
+class Setup(unittest.TestCase):
+    """scripts/setup with a package system that only notes what it is asked for."""
+
+    TOOLS = {
+        "dpkg-query": 'case " $MISSING " in *" ${@: -1} "*) exit 1;; esac; echo -n installed',
+        "apt-cache": 'case " $UNKNOWN " in *" ${@: -1} "*) exit 1;; esac',
+        "apt-get": 'echo "apt-get $*" >>"$NOTES"',
+        "sudo": 'echo sudo >>"$NOTES"; exec "$@"',
+    }
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="plexorn-setup-")
+        self.addCleanup(folder.cleanup)
+        self.notes = os.path.join(folder.name, "notes")
+        self.path = folder.name
+        for name, text in self.TOOLS.items():
+            path = os.path.join(folder.name, name)
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(f"#!/bin/bash\n{text}\n")
+            os.chmod(path, 0o755)
+
+    def setup_notes(self, *groups, missing="", unknown=""):
+        """What was asked of apt-get, and what was printed."""
+        environment = {**os.environ, "PATH": f"{self.path}:{os.environ['PATH']}", "MISSING": missing,
+                       "UNKNOWN": unknown, "NOTES": self.notes}
+        result = run("scripts/setup", *groups, env=environment)
+        self.assertEqual((result.returncode, result.stdout), (0, ""))
+        if not os.path.exists(self.notes):
+            return [], result.stderr
+        with open(self.notes, encoding="utf-8") as file:
+            return [line.split("Timeout=300 ")[-1].strip() for line in file if "apt-get" in line], result.stderr
+
+    def test_nothing_is_done_or_printed_when_nothing_is_missing(self):
+        self.assertEqual(self.setup_notes("build", "test"), ([], ""))
+
+    def test_only_what_is_missing_is_installed(self):
+        calls, printed = self.setup_notes("build", missing="cmake googletest ninja-build")
+        self.assertEqual(calls, ["install -y --no-install-recommends cmake ninja-build"])
+        self.assertEqual(printed, "Installing cmake ninja-build\n")
+
+    def test_a_package_that_two_groups_name_is_installed_once(self):
+        calls, _ = self.setup_notes("build", "test", missing="cmake googletest")
+        self.assertEqual(calls, ["install -y --no-install-recommends cmake googletest"])
+
+    def test_package_lists_are_fetched_when_they_do_not_know_a_package(self):
+        calls, _ = self.setup_notes("build", missing="cmake", unknown="cmake")
+        self.assertEqual(calls, ["update", "install -y --no-install-recommends cmake"])
+
+
+class Summary(unittest.TestCase):
+    def counts(self, *cases):
+        with tempfile.TemporaryDirectory() as folder:
+            with open(os.path.join(folder, "run.xml"), "w", encoding="utf-8") as file:
+                file.write("<testsuite>" + "".join(cases) + "</testsuite>")
+            return summary.summarise(folder, ["run"])
+
+    @staticmethod
+    def case(output, status="run", extra=""):
+        text = textwrap.dedent(output)
+        return f'<testcase name="t" status="{status}">{extra}<system-out>{text}</system-out></testcase>'
+
+    def test_a_plain_test_counts_once(self):
+        self.assertEqual(self.counts(self.case("fine")), ([1, 0, 0], []))
+
+    def test_each_test_of_a_gtest_program_counts(self):
+        output = """\
+            [==========] 12 tests from 2 test suites ran. (0 ms total)
+            [  PASSED  ] 10 tests.
+            [  SKIPPED ] 2 tests.
+            """
+        self.assertEqual(self.counts(self.case(output)), ([10, 0, 2], []))
+
+    def test_failures_that_gtest_does_not_count_are_counted(self):
+        output = """\
+            [  FAILED  ] A.Bad (0 ms)
+            [==========] 3 tests from 1 test suite ran. (0 ms total)
+            [  PASSED  ] 1 test.
+            """
+        self.assertEqual(self.counts(self.case(output, "fail")), ([1, 2, 0], ["run: t"]))
+
+    def test_a_shard_without_tests_counts_nothing(self):
+        output = """\
+            [==========] 0 tests from 0 test suites ran. (0 ms total)
+            [  PASSED  ] 0 tests.
+            """
+        self.assertEqual(self.counts(self.case(output)), ([0, 0, 0], []))
+
+    def test_each_test_of_a_python_program_counts(self):
+        self.assertEqual(self.counts(self.case("Ran 5 tests in 0.1s\n\nOK (skipped=2)\n")), ([3, 0, 2], []))
+        self.assertEqual(self.counts(self.case("Ran 5 tests in 0.1s\n\nOK\n")), ([5, 0, 0], []))
+        self.assertEqual(self.counts(self.case("Ran 5 tests in 1s\n\nFAILED (failures=1, errors=1)\n", "fail")),
+                         ([3, 2, 0], ["run: t"]))
+
+    def test_a_program_that_passed_all_and_then_failed_counts_as_failed(self):
+        output = """\
+            [==========] 3 tests from 1 test suite ran. (0 ms total)
+            [  PASSED  ] 3 tests.
+            SUMMARY: leaked
+            """
+        self.assertEqual(self.counts(self.case(output, "fail")), ([3, 1, 0], ["run: t"]))
+
+    def test_a_test_that_did_not_run_is_skipped(self):
+        self.assertEqual(self.counts(self.case("", "notrun", "<skipped/>")), ([0, 0, 1], []))
+
+    def test_a_run_without_results_failed(self):
+        with tempfile.TemporaryDirectory() as folder:
+            self.assertEqual(summary.summarise(folder, ["windows"]), ([0, 1, 0], ["windows: not built"]))
+
+
+if __name__ == "__main__":
+    unittest.main()
