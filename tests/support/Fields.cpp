@@ -25,7 +25,7 @@ std::string FieldText(DXF_STRING value)
     return ToTraceText(value);
 }
 
-FieldTexts FieldsOf(const DXF_GRAPHIC_BASE& record)
+FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record)
 {
     return {FIELD(m_strHandle),       FIELD(m_strAppData),   FIELD(m_strOwnerHandle), FIELD(m_strSubclass),
             FIELD(m_nPaperSpace),     FIELD(m_strLayout),    FIELD(m_strLayer),       FIELD(m_strLineType),
@@ -35,9 +35,9 @@ FieldTexts FieldsOf(const DXF_GRAPHIC_BASE& record)
             FIELD(m_strTransparency)};
 }
 
-FieldTexts FieldsOf(const DXF_GRAPHIC_TEXT& record)
+FieldTexts FieldMapOf(const DXF_GRAPHIC_TEXT& record)
 {
-    FieldTexts fields = FieldsOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
+    FieldTexts fields = FieldMapOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
     fields.merge(FieldTexts{
         FIELD(m_dThickness), FIELD(m_dInsertX), FIELD(m_dInsertY), FIELD(m_dInsertZ), FIELD(m_dHeight),
         FIELD(m_strText), FIELD(m_dRotation), FIELD(m_dScaleX), FIELD(m_dOblique), FIELD(m_strStyle),
@@ -46,9 +46,9 @@ FieldTexts FieldsOf(const DXF_GRAPHIC_TEXT& record)
     return fields;
 }
 
-FieldTexts FieldsOf(const DXF_GRAPHIC_MTEXT& record)
+FieldTexts FieldMapOf(const DXF_GRAPHIC_MTEXT& record)
 {
-    FieldTexts fields = FieldsOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
+    FieldTexts fields = FieldMapOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
     fields.merge(FieldTexts{FIELD(m_dInsertX),
                             FIELD(m_dInsertY),
                             FIELD(m_dInsertZ),
@@ -83,9 +83,9 @@ FieldTexts FieldsOf(const DXF_GRAPHIC_MTEXT& record)
     return fields;
 }
 
-FieldTexts FieldsOf(const DXF_GRAPHIC_INSERT& record)
+FieldTexts FieldMapOf(const DXF_GRAPHIC_INSERT& record)
 {
-    FieldTexts fields = FieldsOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
+    FieldTexts fields = FieldMapOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
     fields.merge(FieldTexts{FIELD(m_nAttributesFollow), FIELD(m_strBlockName), FIELD(m_dInsertX),
                             FIELD(m_dInsertY), FIELD(m_dInsertZ), FIELD(m_dScaleX), FIELD(m_dScaleY),
                             FIELD(m_dScaleZ), FIELD(m_dRotation), FIELD(m_nColumnCount), FIELD(m_nRowCount),
@@ -94,7 +94,7 @@ FieldTexts FieldsOf(const DXF_GRAPHIC_INSERT& record)
     return fields;
 }
 
-FieldTexts FieldsOf(const DXF_BLOCKS_BLOCK& record)
+FieldTexts FieldMapOf(const DXF_BLOCKS_BLOCK& record)
 {
     return {FIELD(m_nObjectType), FIELD(m_strHandle),     FIELD(m_strAppData), FIELD(m_strOwnerHandle),
             FIELD(m_strSubclass), FIELD(m_strLayer),      FIELD(m_strName),    FIELD(m_nFlags),

@@ -21,11 +21,11 @@ std::string FieldText(std::int32_t value);
 std::string FieldText(DXF_STRING value);
 
 // All fields of a record, those that entities share included; a block's without its entities.
-FieldTexts FieldsOf(const DXF_GRAPHIC_BASE& record);
-FieldTexts FieldsOf(const DXF_GRAPHIC_TEXT& record);
-FieldTexts FieldsOf(const DXF_GRAPHIC_MTEXT& record);
-FieldTexts FieldsOf(const DXF_GRAPHIC_INSERT& record);
-FieldTexts FieldsOf(const DXF_BLOCKS_BLOCK& block);
+FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record);
+FieldTexts FieldMapOf(const DXF_GRAPHIC_TEXT& record);
+FieldTexts FieldMapOf(const DXF_GRAPHIC_MTEXT& record);
+FieldTexts FieldMapOf(const DXF_GRAPHIC_INSERT& record);
+FieldTexts FieldMapOf(const DXF_BLOCKS_BLOCK& block);
 
 // What the shared fields of an entity of a kind hold when its file gives none of them.
 FieldTexts SharedDefaults(int kind);

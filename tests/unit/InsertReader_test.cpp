@@ -30,7 +30,7 @@ FieldTexts InsertDefaults()
 
 FieldTexts InsertFields(const CDxfRead& reader)
 {
-    return FieldsOf(OnlyEntity<DXF_GRAPHIC_INSERT>(reader.entities));
+    return FieldMapOf(OnlyEntity<DXF_GRAPHIC_INSERT>(reader.entities));
 }
 
 const FieldRow kRows[] = {

@@ -45,7 +45,7 @@ FieldTexts MTextDefaults()
 
 FieldTexts MTextFields(const CDxfRead& reader)
 {
-    return FieldsOf(OnlyEntity<DXF_GRAPHIC_MTEXT>(reader.entities));
+    return FieldMapOf(OnlyEntity<DXF_GRAPHIC_MTEXT>(reader.entities));
 }
 
 const FieldRow kRows[] = {

@@ -33,7 +33,7 @@ FieldTexts TextDefaults()
 
 FieldTexts TextFields(const CDxfRead& reader)
 {
-    return FieldsOf(OnlyEntity<DXF_GRAPHIC_TEXT>(reader.entities));
+    return FieldMapOf(OnlyEntity<DXF_GRAPHIC_TEXT>(reader.entities));
 }
 
 const FieldRow kRows[] = {
