@@ -19,7 +19,7 @@ void ErrorLog::add(int code, int kind, const wchar_t* message)
         return;
     }
     Report report{code, kind, {}, nullptr};
-    const auto isNarrow = [](wchar_t unit) { return unit >= 0 && unit <= 0xFF; };
+    const auto isNarrow = [](wchar_t unit) { return static_cast<char32_t>(unit) <= 0xFF; };
     if (std::all_of(text.begin(), text.end(), isNarrow)) {
         m_scratch.resize(text.size());
         std::transform(text.begin(), text.end(), m_scratch.begin(),

@@ -11,40 +11,38 @@ constexpr double kPi = 3.141592653589793;
 // Viewers calculate with 32-bit floats: beyond this the size of a view box may overflow in them.
 constexpr double kFarthest = 1e30;
 
-// Half axes of an ellipse's picture: the curve is centre + u cos t + v sin t.
+// The picture of an ellipse: the curve is centre + u cos t + v sin t.
 struct EllipseFrame {
     Point centre;
     Point u;
     Point v;
 
-    Point at(double t) const
+    // The point of the ellipse that stands for (x, y) on the unit circle.
+    Point at(Point unit) const
     {
-        const double cosine = std::cos(t);
-        const double sine = std::sin(t);
-        return {centre.x + u.x * cosine + v.x * sine, centre.y + u.y * cosine + v.y * sine};
+        return {centre.x + u.x * unit.x + v.x * unit.y, centre.y + u.y * unit.x + v.y * unit.y};
+    }
+
+    EllipseFrame under(const Affine& map) const
+    {
+        return {map(centre),
+                {map.a * u.x + map.c * u.y, map.b * u.x + map.d * u.y},
+                {map.a * v.x + map.c * v.y, map.b * v.x + map.d * v.y}};
     }
 };
 
-EllipseFrame pictureOf(Point centre, Point u, Point v, const Affine& map)
-{
-    return {map(centre),
-            {map.a * u.x + map.c * u.y, map.b * u.x + map.d * u.y},
-            {map.a * v.x + map.c * v.y, map.b * v.x + map.d * v.y}};
-}
-
-// An arc by its centre: the parameter runs from first over span (negative: against growing angles).
+// An arc by its centre, its ends on the unit circle.
 struct CentredArc {
-    Point centre;
-    Point u;
-    Point v;
-    double first;
-    double span;
+    EllipseFrame frame;
+    Point start;
+    Point end;
+    bool sweep;
 
-    bool passes(double t) const
+    // A chord cuts the circle in two arcs, one on each side of it: the side tells whether a point is passed.
+    bool passes(Point unit) const
     {
-        const double turn = span < 0 ? first - t : t - first;
-        const double rest = std::fmod(turn, 2 * kPi);
-        return (rest < 0 ? rest + 2 * kPi : rest) <= std::fabs(span);
+        const double side = (end.x - start.x) * (unit.y - start.y) - (end.y - start.y) * (unit.x - start.x);
+        return sweep ? side <= 0 : side >= 0;
     }
 };
 
@@ -52,8 +50,8 @@ struct CentredArc {
 CentredArc centred(const Arc& arc)
 {
     const double angle = arc.rotation * kPi / 180;
-    const double cosine = std::cos(angle);
-    const double sine = std::sin(angle);
+    const double cosine = angle == 0 ? 1 : std::cos(angle);
+    const double sine = angle == 0 ? 0 : std::sin(angle);
     const double halfX = (arc.start.x - arc.end.x) / 2;
     const double halfY = (arc.start.y - arc.end.y) / 2;
     double rx = std::fabs(arc.radiusX);
@@ -61,27 +59,29 @@ CentredArc centred(const Arc& arc)
     // In the circle's frame both radii are 1.
     double x = (cosine * halfX + sine * halfY) / rx;
     double y = (cosine * halfY - sine * halfX) / ry;
-    const double length = std::hypot(x, y);
+    const double length = std::sqrt(x * x + y * y);
     if (length > 1) {
         rx *= length;
         ry *= length;
         x /= length;
         y /= length;
     }
-    const double toCentre = std::sqrt(std::max(0.0, 1 - x * x - y * y)) / std::max(std::hypot(x, y), 1e-300);
+    const double toCentre =
+        std::sqrt(std::max(0.0, 1 - x * x - y * y)) / std::max(std::sqrt(x * x + y * y), 1e-300);
     const double side = arc.large == arc.sweep ? -toCentre : toCentre;
     const Point middle{side * y, -side * x};
-    const Point u{rx * cosine, rx * sine};
-    const Point v{-ry * sine, ry * cosine};
-    const Point centre{(arc.start.x + arc.end.x) / 2 + u.x * middle.x + v.x * middle.y,
-                       (arc.start.y + arc.end.y) / 2 + u.y * middle.x + v.y * middle.y};
-    const double first = std::atan2(y - middle.y, x - middle.x);
-    double span = std::atan2(-y - middle.y, -x - middle.x) - first;
-    if (arc.sweep && span < 0)
-        span += 2 * kPi;
-    if (!arc.sweep && span > 0)
-        span -= 2 * kPi;
-    return {centre, u, v, first, span};
+    EllipseFrame frame{{(arc.start.x + arc.end.x) / 2, (arc.start.y + arc.end.y) / 2},
+                       {rx * cosine, rx * sine},
+                       {-ry * sine, ry * cosine}};
+    frame.centre = frame.at(middle);
+    return {frame, {x - middle.x, y - middle.y}, {-x - middle.x, -y - middle.y}, arc.sweep};
+}
+
+// Where on the unit circle a coordinate of the ellipse is largest, from its parts of u and v.
+Point extreme(double ofU, double ofV)
+{
+    const double length = std::sqrt(ofU * ofU + ofV * ofV);
+    return length > 0 ? Point{ofU / length, ofV / length} : Point{1, 0};
 }
 
 } // namespace
@@ -153,18 +153,18 @@ void addArc(Box& box, const Arc& arc, const Affine& map)
     if (arc.radiusX == 0 || arc.radiusY == 0 || coincide)
         return;
     const CentredArc curve = centred(arc);
-    const EllipseFrame frame = pictureOf(curve.centre, curve.u, curve.v, map);
-    for (const double extreme : {std::atan2(frame.v.x, frame.u.x), std::atan2(frame.v.y, frame.u.y)}) {
-        for (const double t : {extreme, extreme + kPi}) {
-            if (curve.passes(t))
-                box.add(frame.at(t));
+    const EllipseFrame frame = curve.frame.under(map);
+    for (const Point most : {extreme(frame.u.x, frame.v.x), extreme(frame.u.y, frame.v.y)}) {
+        for (const Point unit : {most, Point{-most.x, -most.y}}) {
+            if (curve.passes(unit))
+                box.add(frame.at(unit));
         }
     }
 }
 
 void addEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map)
 {
-    const EllipseFrame frame = pictureOf(centre, {radiusX, 0}, {0, radiusY}, map);
+    const EllipseFrame frame = EllipseFrame{centre, {radiusX, 0}, {0, radiusY}}.under(map);
     const double halfWidth = std::hypot(frame.u.x, frame.v.x);
     const double halfHeight = std::hypot(frame.u.y, frame.v.y);
     box.add({frame.centre.x - halfWidth, frame.centre.y - halfHeight});

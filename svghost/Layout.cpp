@@ -18,6 +18,7 @@ public:
     {
         m_symbol.rendered = 1;
         m_symbol.nesting = 1;
+        m_symbol.smallestScale = m_symbol.largestScale = 1;
         m_symbol.box = Box();
     }
 
@@ -55,17 +56,36 @@ private:
     bool keepUse(const Use& use)
     {
         const Symbol* target = use.target->definition;
-        if (!target) {
-            // It draws nothing, but it stands in the file for whoever adds the symbol.
-            ++m_layout.statistics.missingSymbols;
-            return true;
-        }
-        if (m_symbol.kind == Kind::Symbol && target->cycle == m_symbol.cycle) {
+        // A use of nothing draws nothing, but it stands in the file for whoever adds the symbol.
+        m_layout.statistics.missingSymbols += !target;
+        if (target && m_symbol.kind == Kind::Symbol && target->cycle == m_symbol.cycle) {
             ++m_layout.statistics.cyclicUses;
             return false;
         }
-        const std::size_t rendered = m_symbol.rendered + target->rendered;
-        const std::uint32_t nesting = std::max(m_symbol.nesting, target->nesting + 1);
+        if (!keepScale(use, target)) {
+            ++m_layout.statistics.undrawableElements;
+            return false;
+        }
+        return !target || keepUnfolded(*target);
+    }
+
+    bool keepScale(const Use& use, const Symbol* target)
+    {
+        const double scaleX = std::fabs(use.number(AttributeId::ScaleX, 1));
+        const double scaleY = std::fabs(use.number(AttributeId::ScaleY, 1));
+        const double smallest = std::min(scaleX, scaleY) * (target ? target->smallestScale : 1);
+        const double largest = std::max(scaleX, scaleY) * (target ? target->largestScale : 1);
+        if (smallest < kSmallestScale || largest > kLargestScale)
+            return false;
+        m_symbol.smallestScale = std::min(m_symbol.smallestScale, smallest);
+        m_symbol.largestScale = std::max(m_symbol.largestScale, largest);
+        return true;
+    }
+
+    bool keepUnfolded(const Symbol& target)
+    {
+        const std::size_t rendered = m_symbol.rendered + target.rendered;
+        const std::uint32_t nesting = std::max(m_symbol.nesting, target.nesting + 1);
         // The root draws its uses, it is not one level of them.
         const std::uint32_t deepest = m_symbol.kind == Kind::Root ? kDeepestUse + 1 : kDeepestUse;
         if (rendered > renderBudget(m_document.elements) || nesting > deepest) {

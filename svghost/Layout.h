@@ -19,6 +19,11 @@ constexpr std::size_t renderBudget(std::size_t elements)
     return 1'000'000 + 16 * elements;
 }
 
+// How far uses within uses may shrink or enlarge: some viewers refuse a whole file for one transform that
+// they cannot turn back, as with a scale of 0.
+constexpr double kSmallestScale = 1e-50;
+constexpr double kLargestScale = 1e50;
+
 struct ViewBox {
     double x = 0;
     double y = 0;

@@ -151,6 +151,8 @@ struct Symbol : Container {
     std::uint32_t cycle = 0;   // symbols that reach each other have the same number, from 1
     std::uint32_t nesting = 0; // how many levels of uses it takes to draw it, itself counted
     std::size_t rendered = 0;  // elements in a viewer's tree when it is drawn once
+    double smallestScale = 1;  // of all that is drawn in it, through uses
+    double largestScale = 1;
     Box box;
 };
 

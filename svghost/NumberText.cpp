@@ -84,8 +84,10 @@ void trimZeros(std::string& out, std::size_t begin)
     if (out.back() == '.')
         out.pop_back();
     const std::string_view rest = std::string_view(out).substr(begin);
-    if (rest.empty() || rest == "-" || rest == "-0")
-        out.replace(begin, std::string::npos, "0");
+    if (rest.empty() || rest == "-" || rest == "-0") {
+        out.resize(begin);
+        out += '0';
+    }
 }
 
 } // namespace

@@ -39,7 +39,8 @@ typedef struct SvgHostStatistics {
     size_t cyclicUses;       /* use elements left out because they would draw their own symbol again */
     size_t unboundedUses;    /* use elements left out because the drawing would unfold without end */
     size_t undrawableElements; /* elements left out because a number of theirs is infinite, not a number,
-                                  beyond a 32-bit float, or missing where one must stand */
+                                  beyond a 32-bit float, or missing where one must stand,
+                                  or because their scale is 0 or multiplies up beyond reason */
 } SvgHostStatistics;
 
 /* A new, empty document, or NULL when memory is short. The caller destroys it. */

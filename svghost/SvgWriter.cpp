@@ -135,14 +135,15 @@ void SvgWriter::writeSymbol(const Symbol& symbol)
     put("</symbol>\n");
 }
 
+// The rectangle reaches beyond the view box, whose sides seldom have the ratio of whole pixels.
 void SvgWriter::writeBackground(const char* colour)
 {
     const ViewBox& box = m_layout.viewBox;
     put("<rect");
-    attribute("x", box.x);
-    attribute("y", box.y);
-    attribute("width", box.width);
-    attribute("height", box.height);
+    attribute("x", box.x - box.width / 2);
+    attribute("y", box.y - box.height / 2);
+    attribute("width", box.width * 2);
+    attribute("height", box.height * 2);
     put(" fill=\"");
     appendXmlFromUtf8(m_out, colour);
     put("\"/>\n");

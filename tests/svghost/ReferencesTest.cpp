@@ -54,6 +54,37 @@ TEST(Uses, OneScaleAloneLeavesTheOtherAtOne)
     EXPECT_STREQ(svg.first("use").attribute("transform").value(), "translate(0,0) scale(1,-1)");
 }
 
+TEST(Uses, ScaleOfZeroIsLeftOut)
+{
+    // librsvg refuses the whole file for it.
+    for (const wchar_t* axis : {L"scale-x", L"scale-y"}) {
+        const HostDocument document;
+        addSymbol(document, L"DOOR");
+        document.set(document.use(L"DOOR", 0, 0), axis, L"0.000000");
+        EXPECT_FALSE(ParsedSvg(document).first("use"));
+        EXPECT_EQ(document.statistics().undrawableElements, 1u);
+    }
+}
+
+TEST(Uses, ScalesThatMultiplyBeyondReasonAreLeftOut)
+{
+    for (const wchar_t* scale : {L"0.000001", L"1000000.000000"}) {
+        const HostDocument document;
+        addSymbol(document, L"0");
+        for (int i = 0; i < 50; ++i) {
+            document.begin(std::to_wstring(i + 1).c_str());
+            const QlmNode use = document.use(std::to_wstring(i).c_str(), 0, 0);
+            document.set(use, L"scale-x", scale);
+            document.set(use, L"scale-y", scale);
+            document.end();
+        }
+        const ParsedSvg svg(document);
+        const pugi::xml_node five = svg.definitions().find_child_by_attribute("symbol", "data-name", "5");
+        EXPECT_TRUE(five.child("use"));
+        EXPECT_EQ(document.statistics().undrawableElements, 5u);
+    }
+}
+
 TEST(Uses, SymbolMayBeDefinedLater)
 {
     const HostDocument document;
