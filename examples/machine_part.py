@@ -191,7 +191,7 @@ def draw_dimensions(space):
     dimensions.angular(space, "DIM", FRONT, RIM + 13, [(67.5, BOLTS + 8, RIM + 15), (112.5, BOLTS + 8, RIM + 15)])
     dimensions.linear(space, "DIM", (left, y - RIM + 1.5), (left + PLATE, y - RIM + 1.5), (0, y - RIM - 8), "", 0.0)
     dimensions.linear(space, "DIM", (left, y - RIM + 1.5), (right, y - HUB + 2), (0, y - RIM - 14), "", 0.0)
-    dimensions.linear(space, "DIM", (right, y - BORE), (right, y + KEY_TOP), (right + 8, 0), "<> \\S+0.2^-0.1;", 90.0)
+    dimensions.linear(space, "DIM", (right, y - BORE), (right, y + KEY_TOP), (right + 8, 0), "<> +0.2", 90.0)
     dimensions.linear(space, "DIM", (left + 1.5, y - RIM), (left + 1.5, y + RIM), (left - 8, 0), "Ø<>", 90.0)
     dimensions.linear(space, "DIM", (left + PLATE, y + HUB + 3), (right - 2, y + HUB),
                       (left + PLATE + 1, y + HUB + 12), "20.2")
