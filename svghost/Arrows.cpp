@@ -17,7 +17,7 @@ double arrowSize(const SvgHostDocument& document, const Node& node, ArrowEnd end
         return 0;
     const double size =
         node.number(end == ArrowEnd::Begin ? AttributeId::BeginArrowSize : AttributeId::EndArrowSize, 1);
-    return size > 0 ? size : 1;
+    return size > 0 && size <= kLargestArrow ? size : 1;
 }
 
 } // namespace svghost

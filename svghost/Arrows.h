@@ -12,11 +12,12 @@ namespace svghost {
 // Length of the head of an arrow of size 1, in drawing units: as long as the text of a dimension is high.
 constexpr double kArrowLength = 2.0;
 constexpr double kArrowHalfWidth = 0.6;
+constexpr double kLargestArrow = 1e6;
 
 enum class ArrowEnd { Begin, End };
 
 // The size of the head that node has at that end, 0 for none. A type other than "stealth arrow" has none; a
-// size that is missing or no positive number counts as 1.
+// size that is missing, no positive number or larger than kLargestArrow counts as 1.
 double arrowSize(const SvgHostDocument& document, const Node& node, ArrowEnd end);
 
 // The looks of the arrow heads in a document (index of the stroke's value, size), numbered from 1.

@@ -79,10 +79,11 @@ void SvgWriter::writeHead()
         "xmlns:xlink=\"http://www.w3.org/1999/xlink\"");
     attribute("width", pixels(box.width));
     attribute("height", pixels(box.height));
-    put(" viewBox=\"", box.x);
-    put(" ", box.y);
-    put(" ", box.width);
-    put(" ", box.height);
+    // The margin is far wider than the rounding to 32 bits.
+    put(" viewBox=\"", static_cast<float>(box.x));
+    put(" ", static_cast<float>(box.y));
+    put(" ", static_cast<float>(box.width));
+    put(" ", static_cast<float>(box.height));
     put("\">\n");
 }
 
@@ -140,10 +141,10 @@ void SvgWriter::writeBackground(const char* colour)
 {
     const ViewBox& box = m_layout.viewBox;
     put("<rect");
-    attribute("x", box.x - box.width / 2);
-    attribute("y", box.y - box.height / 2);
-    attribute("width", box.width * 2);
-    attribute("height", box.height * 2);
+    attribute("x", static_cast<float>(box.x - box.width / 2));
+    attribute("y", static_cast<float>(box.y - box.height / 2));
+    attribute("width", static_cast<float>(box.width * 2));
+    attribute("height", static_cast<float>(box.height * 2));
     put(" fill=\"");
     appendXmlFromUtf8(m_out, colour);
     put("\"/>\n");

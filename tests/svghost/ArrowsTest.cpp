@@ -91,9 +91,9 @@ TEST(Arrows, SizeScalesTheHead)
     EXPECT_EQ(std::string(end.child("path").attribute("d").value()).rfind("M0 0L-6 ", 0), 0u);
 }
 
-TEST(Arrows, SizeThatIsNoPositiveNumberCountsAsOne)
+TEST(Arrows, SizeThatIsNoSensibleNumberCountsAsOne)
 {
-    for (const wchar_t* size : {L"0", L"-1", L"nan", L"inf", L"big"}) {
+    for (const wchar_t* size : {L"0", L"-1", L"nan", L"inf", L"big", L"1e30"}) {
         const HostDocument document;
         const QlmNode line = document.line(0, 0, 10, 0);
         document.set(line, L"pg-end-arrow-type", L"stealth arrow");

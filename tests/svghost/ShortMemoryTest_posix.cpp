@@ -1,0 +1,131 @@
+// The n-th allocation fails, n = 1, 2, ...: no exception leaves the host, and a drawing with holes is never
+// written as if it were whole.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+#include <string>
+#include <utility>
+
+namespace {
+
+// How many more allocations of this thread succeed; negative: all.
+thread_local long allocationsLeft = -1;
+
+void* allocate(std::size_t size)
+{
+    if (allocationsLeft == 0)
+        throw std::bad_alloc();
+    if (allocationsLeft > 0)
+        --allocationsLeft;
+    void* memory = std::malloc(size ? size : 1);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    return allocate(size);
+}
+
+void* operator new[](std::size_t size)
+{
+    return allocate(size);
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+using namespace svghost_tests;
+
+namespace {
+
+struct Outcome {
+    std::string text;
+    bool written = false;
+};
+
+bool append(void* user, const char* bytes, size_t size)
+{
+    // The receiver's own memory is not what is tested.
+    const long left = std::exchange(allocationsLeft, -1);
+    static_cast<std::string*>(user)->append(bytes, size);
+    allocationsLeft = left;
+    return true;
+}
+
+// An import with everything in it; texts are long, so that they need memory of their own.
+Outcome import(long allocations)
+{
+    Outcome outcome;
+    const std::wstring longText(70'000, L'x');
+    allocationsLeft = allocations;
+    SvgHostDocument* document = svgHostCreate();
+    const QlmNode context = svgHostBeginImport(document);
+    const QlmNode symbol = qlmCreateSymbol(context, L"SYMBOL");
+    qlmSetCurrentSvgNode(context, symbol);
+    const QlmNode line = qlmCreateLine(context, L"", 0, 0, 1, 1, 0, 0);
+    qlmSetAttributeByNode(context, line, L"stroke", L"RGB(1,2,3)");
+    qlmSetAttributeByNode(context, line, L"stroke-dasharray", L"0.500000,0.250000,0.500000,0.250000");
+    qlmSetAttributeByNode(context, line, L"pg-end-arrow-type", L"stealth arrow");
+    qlmSetAttributeByNode(context, line, L"unknown", L"a value of some length, with \"quotes\"");
+    qlmSetCurrentSvgNode(context, nullptr);
+    qlmSetCurrentSvgNode(context, qlmCreateG(context, L""));
+    qlmCreateText(context, L"", 0, 0, 0, 0, longText.c_str(), 0, 0);
+    qlmSetCurrentSvgNode(context, nullptr);
+    const QlmNode path = qlmCreatePath(context, L"", L"M 1.000000,2.000000 A 3,3, 0 0,0 4,4", 0, 0);
+    qlmSetAttributeByNode(context, path, L"rotate", L"30.000000");
+    qlmCreatePolyline(context, L"", L"0.000000,1.000000 2.000000,3.000000", 0, 0);
+    qlmCreateUse(context, L"", 0, 0, L"SYMBOL", L"hmi", 1, 1);
+    qlmCreateUse(context, L"", 0, 0, L"MISSING", L"hmi", 1, 1);
+    qlmSetLastError(0, L"DXF", 7, L"a message that is kept", false, 0);
+    outcome.written = svgHostWrite(document, nullptr, append, &outcome.text);
+    svgHostDestroy(document);
+    allocationsLeft = -1;
+    return outcome;
+}
+
+} // namespace
+
+TEST(ShortMemory, EveryAllocationMayFail)
+{
+    const Outcome whole = import(-1);
+    ASSERT_TRUE(whole.written);
+    long allocations = 0;
+    int failures = 0;
+    for (; allocations < 10'000; ++allocations) {
+        const Outcome outcome = import(allocations);
+        if (!outcome.written) {
+            ++failures;
+            continue;
+        }
+        // Only a report can be lost without a trace in the file.
+        EXPECT_EQ(outcome.text, whole.text) << "allocation " << allocations;
+        if (allocations > 4 * failures + 100)
+            break;
+    }
+    EXPECT_GT(failures, 20);
+    EXPECT_LT(allocations, 10'000);
+}
