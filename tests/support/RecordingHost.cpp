@@ -48,6 +48,8 @@ public:
     {
         if (!m_isWritten)
             return *this;
+        if (value != value)
+            return Add("nan"); // which sign it has is the machine's affair
         char digits[32];
         return Add(std::string(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr));
     }

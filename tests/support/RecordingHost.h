@@ -10,8 +10,8 @@
 // The fourteen operations, one text line a call, in the order in which they came:
 //     qlmCreateLine(ctx, "", 0, -0, 10, -5, 0, 0) = n1
 //     qlmSetAttributeByNode(ctx, n1, "stroke-width", "0.500000")
-// Floats are written with the fewest digits that give them back; texts as UTF-8 between quotes, with quotes,
-// backslashes and control characters as \xHH. The context node is "ctx", no node is "0", and nodes are
+// Floats are written with the fewest digits that give them back, "nan" without a sign; texts as UTF-8 between
+// quotes, with quotes, backslashes and control characters as \xHH. The context node is "ctx", no node is "0", and nodes are
 // numbered in the order of their creation. Each thread has a host of its own.
 class RecordingHost {
 public:
