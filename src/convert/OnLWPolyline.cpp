@@ -1,6 +1,8 @@
 #include "convert/CDxfReadToQuillmar.h"
-#include "drawing/CDxfText.h"
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
+#include "reader/Numbers.h"
+
+#include <algorithm>
 
 // Meant to have no gate: a polyline is created while drawing is off, and without a context node.
 void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
@@ -8,9 +10,16 @@ void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
     m_points.clear();
     for (const DXF_POINT2D& vertex : polyline.m_vertices) {
         const DXF_POINT2D point = Transform(vertex.x, vertex.y);
-        CDxfText<2 * kLongestNumber + sizeof(" ,")> pair;
-        pair.Add(m_points.empty() ? L"" : L" ").AddFixed6(point.x).Add(L",").AddFixed6(point.y);
-        m_points += pair.c_str();
+        char pair[2 * kLongestNumber + sizeof(" ,")];
+        char* end = pair;
+        if (!m_points.empty())
+            *end++ = ' ';
+        end = FormatFixed6(point.x, end);
+        *end++ = ',';
+        end = FormatFixed6(point.y, end);
+        const std::size_t length = m_points.size();
+        m_points.resize(length + static_cast<std::size_t>(end - pair));
+        std::copy(pair, end, m_points.data() + length);
     }
 
     QlmNode node;

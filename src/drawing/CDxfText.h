@@ -10,12 +10,14 @@
 template <std::size_t capacity>
 class CDxfText {
 public:
+    CDxfText() { Terminate(); }
+
     const wchar_t* c_str() const { return m_text; }
 
     CDxfText& Add(const wchar_t* text)
     {
         while (*text != L'\0')
-            *m_end++ = *text++;
+            m_text[m_length++] = *text++;
         return Terminate();
     }
     CDxfText& AddFixed6(double value) { return AddNumber(FormatFixed6(value, m_number)); }
@@ -27,18 +29,18 @@ private:
     CDxfText& AddNumber(const char* end)
     {
         for (const char* at = m_number; at != end; ++at)
-            *m_end++ = static_cast<wchar_t>(*at);
+            m_text[m_length++] = static_cast<wchar_t>(*at);
         return Terminate();
     }
     CDxfText& Terminate()
     {
-        *m_end = L'\0';
+        m_text[m_length] = L'\0';
         return *this;
     }
 
     char m_number[kLongestNumber];
-    wchar_t m_text[capacity + 1] = {};
-    wchar_t* m_end = m_text;
+    wchar_t m_text[capacity + 1]; // not cleared: texts are short and most of it stays unused
+    std::size_t m_length = 0;
 };
 
 // One number.

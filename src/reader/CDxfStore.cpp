@@ -13,10 +13,6 @@ namespace {
 constexpr std::size_t kFirstChunk = std::size_t{32} << 10;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 20;
 
-// A request of at least this size gets a chunk of its own, so that a list which outgrows it can be given
-// back at once.
-constexpr std::size_t kOwnChunk = std::size_t{256} << 10;
-
 constexpr std::size_t kFirstNameSlots = 256;
 
 } // namespace

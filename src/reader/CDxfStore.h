@@ -23,7 +23,7 @@ public:
     void* Allocate(std::size_t size)
     {
         const std::size_t rounded = (size + kAlignment - 1) & ~(kAlignment - 1);
-        if (rounded > static_cast<std::size_t>(m_end - m_next)) [[unlikely]]
+        if (rounded > static_cast<std::size_t>(m_end - m_next) || rounded >= kOwnChunk) [[unlikely]]
             return AllocateFromNewChunk(rounded);
         void* const block = m_next;
         m_next += rounded;
@@ -56,6 +56,10 @@ public:
 
 private:
     static constexpr std::size_t kAlignment = 8;
+
+    // Every block of at least this size has a chunk of its own, so that one which is outgrown can be given
+    // back at once.
+    static constexpr std::size_t kOwnChunk = std::size_t{256} << 10;
 
     struct CHUNK {
         CHUNK* previous;

@@ -1,20 +1,17 @@
 // A keyed hash for tables that a file fills.
 #pragma once
 
+#include "reader/Multiply.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-// The high half xor the low half of a 64 by 64 bit product.
+// The high half xor the low half of a product.
 inline std::uint64_t MultiplyAndFold(std::uint64_t a, std::uint64_t b)
 {
-    const std::uint64_t aLow = a & 0xFFFFFFFFu, aHigh = a >> 32;
-    const std::uint64_t bLow = b & 0xFFFFFFFFu, bHigh = b >> 32;
-    const std::uint64_t low = aLow * bLow;
-    const std::uint64_t middle1 = aHigh * bLow + (low >> 32);
-    const std::uint64_t middle2 = aLow * bHigh + (middle1 & 0xFFFFFFFFu);
-    const std::uint64_t high = aHigh * bHigh + (middle1 >> 32) + (middle2 >> 32);
-    return high ^ ((middle2 << 32) | (low & 0xFFFFFFFFu));
+    const UINT128 product = Multiply(a, b);
+    return product.high ^ product.low;
 }
 
 // A hash of bytes that depends on a key the file's author cannot know, so that no drawing can be made whose

@@ -7,7 +7,26 @@
 
 // Reads a group code as "%d" does: blanks, a sign and digits, anything behind them ignored. Returns false,
 // with the code unchanged, when there are no digits. A number outside 32 bits wraps.
-bool ParseCode(std::string_view line, std::int32_t& code);
+bool ParseAnyCode(std::string_view line, std::int32_t& code);
+
+// The same; nearly every code is blanks and one to three digits, and they are read here.
+inline bool ParseCode(std::string_view line, std::int32_t& code)
+{
+    while (!line.empty() && line.front() == ' ')
+        line.remove_prefix(1);
+    if (line.size() > 3)
+        return ParseAnyCode(line, code);
+    std::int32_t value = 0;
+    for (const char character : line) {
+        const int digit = character - '0';
+        if (digit < 0 || digit > 9) [[unlikely]]
+            return ParseAnyCode(line, code);
+        value = value * 10 + digit;
+    }
+    if (!line.empty())
+        code = value;
+    return !line.empty();
+}
 
 // Reads an integer as _wtoi does: blanks, a sign and digits; 0 when there are none; saturates.
 std::int32_t ParseInteger(std::string_view text);

@@ -1,0 +1,28 @@
+// Single characters of a number.
+#pragma once
+
+inline bool IsBlank(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+inline bool IsDigit(char character)
+{
+    return static_cast<unsigned char>(character - '0') < 10;
+}
+
+inline const char* SkipBlanks(const char* at, const char* end)
+{
+    while (at != end && IsBlank(*at))
+        ++at;
+    return at;
+}
+
+// Steps over one sign; true when it is a minus.
+inline bool TakeSign(const char*& at, const char* end)
+{
+    const bool negative = at != end && *at == '-';
+    if (negative || (at != end && *at == '+'))
+        ++at;
+    return negative;
+}
