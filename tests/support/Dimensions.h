@@ -10,6 +10,17 @@
 #include <string_view>
 #include <vector>
 
+// Every marker that begins a part.
+inline constexpr std::string_view kPartMarkers[] = {"AcDbEntity",
+                                                    "AcDbDimension",
+                                                    "AcDbAlignedDimension",
+                                                    "AcDb3PointAngularDimension",
+                                                    "AcDb2LineAngularDimension",
+                                                    "AcDbRotatedDimension",
+                                                    "AcDbOrdinateDimension",
+                                                    "AcDbRadialDimension",
+                                                    "AcDbDiametricDimension"};
+
 // All fields of a part, and as "part" the type of its record, without DXF_GRAPHIC_DIMENSION_.
 FieldTexts FieldMapOf(const DXF_GRAPHIC_DIMENSION_BASE& part);
 
@@ -24,3 +35,13 @@ std::string Part(std::string_view marker, std::initializer_list<std::string_view
 
 // A drawing that holds one dimension of these parts.
 std::string DimensionDrawing(const std::string& parts);
+
+// Reads a drawing of one dimension; its first group stands in the lines 7 and 8.
+class OneDimension : public ReportingReader {
+public:
+    explicit OneDimension(const std::string& groups) { ReadText(DimensionDrawing(groups)); }
+
+    // The dimension; an empty one when it is not the only entity.
+    const DXF_GRAPHIC_DIMENSION& Record() const { return OnlyEntity<DXF_GRAPHIC_DIMENSION>(entities); }
+    std::vector<FieldTexts> AllParts() const { return PartsOf(Record()); }
+};
