@@ -1,0 +1,134 @@
+#include "support/Import.h"
+#include "support/TraceLines.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// The three vertices (0, 0), (10, 0), (10, 5) with the given pairs before them.
+std::string Corner(std::initializer_list<std::string_view> pairs)
+{
+    return "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n" + Lines(pairs) +
+           "10\n0\n20\n0\n10\n10\n20\n0\n10\n10\n20\n5\n0\nENDSEC\n0\nEOF\n";
+}
+
+const std::string kCorner = "0.000000,-0.000000 10.000000,-0.000000 10.000000,-5.000000";
+
+std::string Polyline(std::string_view points)
+{
+    return "qlmCreatePolyline(ctx, \"\", \"" + std::string(points) + "\", 0, 0) = n1\n";
+}
+
+std::string Polygon(std::string_view points)
+{
+    return "qlmCreatePolygon(ctx, \"\", \"" + std::string(points) + "\", 0, 0) = n1\n" +
+           Attribute("n1", "fill-opacity", "0");
+}
+
+} // namespace
+
+TEST(LWPolyline, WithoutFlagsIsAPolylineWithoutFill)
+{
+    EXPECT_EQ(TraceOf(Corner({"90", "3", "70", "0"})), Polyline(kCorner) + Style("n1"));
+    EXPECT_EQ(TraceOf(Corner({})), Polyline(kCorner) + Style("n1"));
+}
+
+TEST(LWPolyline, WithAnyFlagIsAPolygonWithoutFilling)
+{
+    for (const char* flags : {"1", "128", "129", "2", "-1"})
+        EXPECT_EQ(TraceOf(Corner({"70", flags})), Polygon(kCorner) + Style("n1")) << flags;
+}
+
+TEST(LWPolyline, KeepsYWhenTheAxisModeIsNot2)
+{
+    EXPECT_EQ(TraceOf(Corner({}), [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 0; }),
+              Polyline("0.000000,0.000000 10.000000,0.000000 10.000000,5.000000") + Style("n1"));
+}
+
+TEST(LWPolyline, ScalesItsVerticesAndItsWidth)
+{
+    EXPECT_EQ(TraceOf(Corner({"370", "25"}), [](CDxfReadToQuillmar& converter) { converter.scale = 0.1; }),
+              Polyline("0.000000,-0.000000 1.000000,-0.000000 1.000000,-0.500000") +
+                  Style("n1", {.width = "0.025000"}));
+}
+
+// Vertices go into a text: they keep double precision and are not narrowed.
+TEST(LWPolyline, KeepsDoublePrecision)
+{
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "10", "123456789.123456", "20", "0.1234565"})),
+              Polyline("123456789.123456,-0.123456") + Style("n1"));
+}
+
+TEST(LWPolyline, WithoutVerticesIsCreatedWithNoPoints)
+{
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "90", "4"})), Polyline("") + Style("n1"));
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "70", "1"})), Polygon("") + Style("n1"));
+}
+
+TEST(LWPolyline, HasAsManyPointsAsItsListWhateverTheCountSays)
+{
+    EXPECT_EQ(TraceOf(Corner({"90", "5"})), Polyline(kCorner) + Style("n1"));
+    EXPECT_EQ(TraceOf(Corner({"90", "-1"})), Polyline(kCorner) + Style("n1"));
+}
+
+TEST(LWPolyline, IsStraightAndThinWhateverItsBulgesWidthsAndExtrusionAre)
+{
+    EXPECT_EQ(TraceOf(Corner({"42", "1.0", "40", "2", "41", "3", "43", "0.5", "38", "7", "39", "1", "210",
+                              "0", "220", "0", "230", "-1"})),
+              Polyline(kCorner) + Style("n1"));
+}
+
+TEST(LWPolyline, IsDrawnWhileDrawingIsOffAndWithoutAContextNode)
+{
+    EXPECT_EQ(TraceOf(Corner({}), [](CDxfReadToQuillmar& converter) { converter.drawEnabled = false; }),
+              Polyline(kCorner) + Style("n1"));
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "70", "1", "60", "1"}),
+                      [](CDxfReadToQuillmar& converter) { converter.parentNode = nullptr; }),
+              "qlmCreatePolygon(0, \"\", \"\", 0, 0) = n1\n"
+              "qlmSetAttributeByNode(0, n1, \"fill-opacity\", \"0\")\n"
+              "qlmSetAttributeByNode(0, n1, \"stroke-width\", \"0.500000\")\n"
+              "qlmSetAttributeByNode(0, n1, \"stroke\", \"RGB(255,255,255)\")\n"
+              "qlmSetAttributeByNode(0, n1, \"stroke-dasharray\", \"\")\n"
+              "qlmSetAttributeByNode(0, n1, \"visibility\", \"hidden\")\n");
+}
+
+TEST(LWPolyline, PrintsInfiniteVerticesAsTheyAre)
+{
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "10", "1e400", "20", "1e400"})),
+              Polyline("inf,-inf") + Style("n1"));
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "10", "1e400", "20", "1"}),
+                      [](CDxfReadToQuillmar& converter) { converter.scale = 0; }),
+              Polyline("nan,-0.000000") + Style("n1", {.width = "0.000000"}));
+}
+
+TEST(LWPolyline, WritesTheLargestNumbersInFull)
+{
+    const std::string largest =
+        "179769313486231570814527423731704356798070567525844996598917476803157260780028538760589558"
+        "632766878171540458953514382464234321326889464182768467546703537516986049910576551282076245"
+        "490090389328944075868508455133942304583236903222948165808559332123348274797826204144723168"
+        "738177180919299881250404026184124858368"
+        ".000000";
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "10", "-1.7976931348623157e308", "20",
+                                       "1.7976931348623157e308", "10", "1", "20", "2"})),
+              Polyline("-" + largest + ",-" + largest + " 1.000000,-2.000000") + Style("n1"));
+}
+
+TEST(LWPolyline, AfterAnotherStartsWithNoPoints)
+{
+    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LWPOLYLINE", "10", "1", "20", "2", "10", "3", "20", "4", "0",
+                                       "LWPOLYLINE", "10", "5", "20", "6"})),
+              Polyline("1.000000,-2.000000 3.000000,-4.000000") + Style("n1") +
+                  "qlmCreatePolyline(ctx, \"\", \"5.000000,-6.000000\", 0, 0) = n2\n" + Style("n2"));
+}
+
+TEST(LWPolyline, OfManyVerticesHasThemAllInOrder)
+{
+    std::string file = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n";
+    std::string points;
+    for (int i = 0; i < 5000; ++i) {
+        file += "10\n" + std::to_string(i) + "\n20\n-" + std::to_string(i + 1) + "\n";
+        points += (i == 0 ? "" : " ") + std::to_string(i) + ".000000," + std::to_string(i + 1) + ".000000";
+    }
+    EXPECT_EQ(TraceOf(file + "0\nENDSEC\n0\nEOF\n"), Polyline(points) + Style("n1"));
+}
