@@ -74,12 +74,12 @@ using POLYLINE = DXF_GRAPHIC_LWPOLYLINE;
 
 void ReadVertexX(CDxfRead& reader, CDxfStream&, POLYLINE&, std::string_view value)
 {
-    reader.pendingVertexX = ParseReal(value);
+    reader.pendingVertexX = ParseLineReal(value);
 }
 
 void ReadVertexY(CDxfRead& reader, CDxfStream&, POLYLINE& polyline, std::string_view value)
 {
-    polyline.m_vertices.Add(reader.store, {reader.pendingVertexX, ParseReal(value)});
+    polyline.m_vertices.Add(reader.store, {reader.pendingVertexX, ParseLineReal(value)});
 }
 
 using POLYLINE_FIELDS = DxfFields<POLYLINE>;

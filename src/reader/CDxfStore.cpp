@@ -1,5 +1,6 @@
 #include "reader/CDxfStore.h"
 
+#include "reader/CDxfChunk.h"
 #include "reader/CodePage.h"
 #include "reader/Hash.h"
 
@@ -11,7 +12,6 @@
 namespace {
 
 constexpr std::size_t kFirstChunk = std::size_t{32} << 10;
-constexpr std::size_t kLargestChunk = std::size_t{1} << 20;
 
 constexpr std::size_t kFirstNameSlots = 256;
 
@@ -22,7 +22,7 @@ CDxfStore::CDxfStore() : m_nextChunkSize(kFirstChunk), m_hashKey(HashKey(this)) 
 CDxfStore::~CDxfStore()
 {
     while (m_chunks != nullptr)
-        FreeChunk(m_chunks);
+        ReleaseChunk(m_chunks);
     ::operator delete(m_names);
 }
 
@@ -30,7 +30,8 @@ CDxfStore::CHUNK* CDxfStore::NewChunk(std::size_t size)
 {
     if (size > std::numeric_limits<std::size_t>::max() - sizeof(CHUNK))
         throw std::bad_alloc();
-    CHUNK* const chunk = static_cast<CHUNK*>(::operator new(sizeof(CHUNK) + size));
+    CHUNK* const chunk = static_cast<CHUNK*>(AllocateChunk(sizeof(CHUNK) + size));
+    chunk->size = sizeof(CHUNK) + size;
     chunk->previous = m_chunks;
     chunk->next = nullptr;
     if (m_chunks != nullptr)
@@ -39,7 +40,7 @@ CDxfStore::CHUNK* CDxfStore::NewChunk(std::size_t size)
     return chunk;
 }
 
-void CDxfStore::FreeChunk(CHUNK* chunk)
+void CDxfStore::ReleaseChunk(CHUNK* chunk)
 {
     if (chunk->previous != nullptr)
         chunk->previous->next = chunk->next;
@@ -47,17 +48,19 @@ void CDxfStore::FreeChunk(CHUNK* chunk)
         chunk->next->previous = chunk->previous;
     if (m_chunks == chunk)
         m_chunks = chunk->previous;
-    ::operator delete(chunk);
+    FreeChunk(chunk, chunk->size);
 }
 
 void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
 {
     if (rounded >= kOwnChunk)
         return NewChunk(rounded) + 1;
-    char* const storage = reinterpret_cast<char*>(NewChunk(m_nextChunkSize) + 1);
+    const std::size_t size = std::max(m_nextChunkSize - sizeof(CHUNK), rounded);
+    char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
-    m_end = storage + m_nextChunkSize;
-    m_nextChunkSize = std::min(std::max(m_nextChunkSize * 2, kOwnChunk), kLargestChunk);
+    m_end = storage + size;
+    // A small drawing gets by with a small chunk, a large one soon gets chunks of the preferred size.
+    m_nextChunkSize = m_nextChunkSize == kFirstChunk ? 2 * kOwnChunk : kPreferredChunk;
     return storage;
 }
 
@@ -77,7 +80,7 @@ void* CDxfStore::Resize(void* block, std::size_t oldSize, std::size_t newSize)
     if (oldSize != 0)
         std::memcpy(larger, block, oldSize);
     if (oldRounded >= kOwnChunk)
-        FreeChunk(static_cast<CHUNK*>(block) - 1);
+        ReleaseChunk(static_cast<CHUNK*>(block) - 1);
     return larger;
 }
 

@@ -64,6 +64,7 @@ private:
     struct CHUNK {
         CHUNK* previous;
         CHUNK* next;
+        std::size_t size; // with this header
     };
     struct NAME {
         const char* narrow; // null in a free slot
@@ -74,7 +75,7 @@ private:
 
     void* AllocateFromNewChunk(std::size_t rounded);
     CHUNK* NewChunk(std::size_t size);
-    void FreeChunk(CHUNK* chunk);
+    void ReleaseChunk(CHUNK* chunk);
     wchar_t* AllocateText(std::size_t length);
     static void SetLength(wchar_t* text, std::size_t length);
     void GrowNames();

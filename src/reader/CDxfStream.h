@@ -25,7 +25,7 @@ public:
     explicit CDxfStream(CDxfSource& source);
 
     // The next line, without its end; empty at the end of the file, as often as it is asked for. The
-    // characters stay valid until the next call.
+    // characters stay valid until the next call, and 64 bytes before and behind them can be read.
     std::string_view getline()
     {
         while (m_newlines == 0)

@@ -9,23 +9,23 @@
 // with the code unchanged, when there are no digits. A number outside 32 bits wraps.
 bool ParseAnyCode(std::string_view line, std::int32_t& code);
 
-// The same; nearly every code is blanks and one to three digits, and they are read here.
+// The same; nearly every code is written in three columns, which is read here.
 inline bool ParseCode(std::string_view line, std::int32_t& code)
 {
-    while (!line.empty() && line.front() == ' ')
-        line.remove_prefix(1);
-    if (line.size() > 3)
-        return ParseAnyCode(line, code);
-    std::int32_t value = 0;
-    for (const char character : line) {
-        const int digit = character - '0';
-        if (digit < 0 || digit > 9) [[unlikely]]
-            return ParseAnyCode(line, code);
-        value = value * 10 + digit;
+    const auto digit = [&](std::size_t place) { return static_cast<unsigned>(line[place] - '0'); };
+    if (line.size() == 3 && digit(2) < 10) {
+        unsigned value = digit(2);
+        if (line[1] == ' ' && line[0] == ' ') {
+            code = static_cast<std::int32_t>(value);
+            return true;
+        }
+        if (digit(1) < 10 && (line[0] == ' ' || digit(0) < 10)) {
+            value += digit(1) * 10 + (line[0] == ' ' ? 0 : digit(0) * 100);
+            code = static_cast<std::int32_t>(value);
+            return true;
+        }
     }
-    if (!line.empty())
-        code = value;
-    return !line.empty();
+    return ParseAnyCode(line, code);
 }
 
 // Reads an integer as _wtoi does: blanks, a sign and digits; 0 when there are none; saturates.
@@ -35,6 +35,9 @@ std::int32_t ParseInteger(std::string_view text);
 // there are no digits. Beyond the range it is infinite, below it 0. Hexadecimal numbers and words such as
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
+
+// The same, for a line of a CDxfStream: bytes around it are read, though not looked at.
+double ParseLineReal(std::string_view line);
 
 // Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
 std::string_view Trim(std::string_view text);

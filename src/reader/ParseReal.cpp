@@ -77,7 +77,7 @@ constexpr auto kPowers = [] {
 //
 // With w = digits shifted to fill 64 bits, the quotient w * 2^(bits - 1) / 5^decimals has 63 or 64 bits. Its
 // estimate by the reciprocal is at most 1 too small: the remainder, below 2 * 5^decimals and so exact in
-// 64-bit arithmetic, tells. Quotient and remainder then decide the rounding to 53 bits, to even on a tie.
+// 64-bit arithmetic, tells.
 double Divide(std::uint64_t digits, int decimals)
 {
     const POWER& power = kPowers[static_cast<std::size_t>(decimals)];
@@ -89,40 +89,86 @@ double Divide(std::uint64_t digits, int decimals)
         rest -= power.five;
         ++quotient;
     }
-    const int dropped = static_cast<int>(std::bit_width(quotient)) - 53;
-    const std::uint64_t half = std::uint64_t{1} << (dropped - 1);
-    const std::uint64_t tail = quotient & (2 * half - 1);
-    std::uint64_t mantissa = quotient >> dropped;
-    if (tail > half || (tail == half && (rest != 0 || (mantissa & 1) != 0)))
-        ++mantissa;
-    const int exponent = dropped - shift - (power.bits - 1) - decimals; // far from any limit
+    // One bit less, so that the conversion is a signed one, the machine's own; what is lost only has to say
+    // that the quotient is not whole.
+    const std::uint64_t rounded = quotient >> 1 | (quotient & 1) | (rest != 0);
+    const int exponent = 1 - shift - (power.bits - 1) - decimals; // far from any limit
     const double scale = std::bit_cast<double>(static_cast<std::uint64_t>(1023 + exponent) << 52);
-    return static_cast<double>(mantissa) * scale;
+    return static_cast<double>(static_cast<std::int64_t>(rounded)) * scale;
 }
 
-// The eight digits at a place as a number; false when one of them is none. The bytes are taken as digits in
-// pairs, pairs of pairs and so on (three multiplications instead of eight).
-bool ReadEightDigits(const char* at, std::uint64_t& value)
+constexpr std::uint64_t EightTimes(std::uint64_t byte)
+{
+    return byte * 0x0101010101010101u;
+}
+
+std::uint64_t LoadEight(const char* at)
+{
+    std::uint64_t bytes;
+    std::memcpy(&bytes, at, sizeof(bytes));
+    return bytes;
+}
+
+// Not 0 when one of eight characters is no digit.
+std::uint64_t NotDigits(std::uint64_t characters)
+{
+    return ((characters & EightTimes(0xF0)) | (((characters + EightTimes(0x06)) & EightTimes(0xF0)) >> 4)) ^
+           EightTimes(0x33);
+}
+
+// The number that eight digits write, the first in the lowest byte: they are taken together in pairs, pairs
+// of pairs and halves, with three multiplications.
+std::uint64_t ValueOfEight(std::uint64_t digits)
+{
+    digits = (digits & EightTimes(0x0F)) * (10 * 256 + 1) >> 8;
+    digits = (digits & 0x00FF00FF00FF00FFu) * (100 * 65536 + 1) >> 16;
+    return (digits & 0x0000FFFF0000FFFFu) * (10000 * 4294967296u + 1) >> 32;
+}
+
+// Of eight characters the last count, which are the highest bytes; digits of 0 stand for the others.
+std::uint64_t LastOfEight(std::uint64_t characters, std::ptrdiff_t count)
+{
+    const std::uint64_t others = count == 8 ? 0 : ~std::uint64_t{0} >> (8 * count);
+    return (characters & ~others) | (EightTimes('0') & others);
+}
+
+constexpr auto kPowersOfTen = [] {
+    std::array<std::uint64_t, kMostDigits + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+// Reads up to seven digits, a point and one to sixteen digits that fill a text to its end, without a branch
+// for a digit: the lengths of coordinates change from line to line, and every wrong guess of a loop's end
+// costs as much as ten digits. False when the text has another form. The sixteen bytes before the text and
+// the eight from its begin on can be read.
+bool ReadDecimal(const char* begin, const char* end, std::uint64_t& digits, std::ptrdiff_t& decimals)
 {
     if constexpr (std::endian::native != std::endian::little)
         return false;
-    std::uint64_t bytes;
-    std::memcpy(&bytes, at, sizeof(bytes));
-    const std::uint64_t tens = bytes & 0xF0F0F0F0F0F0F0F0u;
-    const std::uint64_t above9 = (bytes + 0x0606060606060606u) & 0xF0F0F0F0F0F0F0F0u;
-    if (tens != 0x3030303030303030u || above9 != 0x3030303030303030u)
+    const std::uint64_t first = LoadEight(begin);
+    const std::uint64_t difference = first ^ EightTimes('.');
+    const std::uint64_t points = (difference - EightTimes(0x01)) & ~difference & EightTimes(0x80);
+    const std::ptrdiff_t whole =
+        std::countr_zero(points) / 8; // digits before the point; 8 when there is none
+    decimals = end - begin - whole - 1;
+    if (whole == 8 || decimals < 1 || decimals > 16 || whole + decimals > kMostDigits)
         return false;
-    bytes = (bytes & 0x0F0F0F0F0F0F0F0Fu) * 2561 >> 8;
-    bytes = (bytes & 0x00FF00FF00FF00FFu) * 6553601 >> 16;
-    value = (bytes & 0x0000FFFF0000FFFFu) * 42949672960001u >> 32;
+    const std::ptrdiff_t low = std::min<std::ptrdiff_t>(decimals, 8);
+    const std::uint64_t wholeDigits = LastOfEight(whole == 0 ? 0 : first << (64 - 8 * whole), whole);
+    const std::uint64_t highDigits = LastOfEight(LoadEight(end - 16), decimals - low);
+    const std::uint64_t lowDigits = LastOfEight(LoadEight(end - 8), low);
+    if ((NotDigits(wholeDigits) | NotDigits(highDigits) | NotDigits(lowDigits)) != 0)
+        return false;
+    digits = ValueOfEight(wholeDigits) * kPowersOfTen[static_cast<std::size_t>(decimals)] +
+             ValueOfEight(highDigits) * 100'000'000 + ValueOfEight(lowDigits);
     return true;
 }
 
 // Reads digits onto value and returns the place behind them.
 const char* ReadDigits(const char* at, const char* end, std::uint64_t& value)
 {
-    for (std::uint64_t eight; end - at >= 8 && ReadEightDigits(at, eight); at += 8)
-        value = value * 100'000'000 + eight;
     for (; at != end && IsDigit(*at); ++at)
         value = value * 10 + static_cast<std::uint64_t>(*at - '0');
     return at;
@@ -134,6 +180,13 @@ double ParseAnyReal(const char* at, const char* end)
     double value = 0.0;
     const std::from_chars_result result = std::from_chars(at, end, value);
     return result.ec == std::errc::result_out_of_range ? OutOfRange(at, result.ptr) : value;
+}
+
+double ValueOf(std::uint64_t digits, std::ptrdiff_t decimals)
+{
+    if (digits == 0 || decimals == 0)
+        return static_cast<double>(digits);
+    return Divide(digits, static_cast<int>(decimals));
 }
 
 double ParseUnsigned(const char* begin, const char* end)
@@ -150,9 +203,7 @@ double ParseUnsigned(const char* begin, const char* end)
     }
     if (count > kMostDigits || (at != end && (*at == 'e' || *at == 'E')))
         return ParseAnyReal(begin, end);
-    if (digits == 0 || decimals == 0)
-        return static_cast<double>(digits);
-    return Divide(digits, static_cast<int>(decimals));
+    return ValueOf(digits, decimals);
 }
 
 } // namespace
@@ -165,5 +216,18 @@ double ParseReal(std::string_view text)
     if (at == end || !(IsDigit(*at) || *at == '.')) // no word and no second sign is looked at
         return 0.0;
     const double value = ParseUnsigned(at, end);
+    return negative ? -value : value;
+}
+
+double ParseLineReal(std::string_view line)
+{
+    const char* const begin = line.data();
+    const char* const end = begin + line.size();
+    const bool negative = !line.empty() && *begin == '-';
+    std::uint64_t digits;
+    std::ptrdiff_t decimals;
+    if (!ReadDecimal(begin + negative, end, digits, decimals)) [[unlikely]]
+        return ParseReal(line);
+    const double value = ValueOf(digits, decimals);
     return negative ? -value : value;
 }

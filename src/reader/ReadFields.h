@@ -12,7 +12,7 @@ void StoreField(CDxfRead& reader, CDxfStream& stream, Record& record, const DXF_
 {
     switch (field.kind) {
     case DXF_FIELD_KIND::Real:
-        record.*field.real = ParseReal(line);
+        record.*field.real = ParseLineReal(line);
         break;
     case DXF_FIELD_KIND::Integer:
         record.*field.integer = ParseInteger(line);

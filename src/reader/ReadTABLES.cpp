@@ -25,7 +25,7 @@ void ReadXDataGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_BLOCK_RECOR
 
 void ReadDash(CDxfRead& reader, CDxfStream&, DXF_TABLES_LTYPE& entry, std::string_view value)
 {
-    entry.m_dashes.Add(reader.store, ParseReal(value));
+    entry.m_dashes.Add(reader.store, ParseLineReal(value));
 }
 
 using HEADER = DXF_TABLES_HEADER;
