@@ -122,7 +122,8 @@ TEST(Documents, ThreadsDoNotMeet)
         for (const pugi::xml_node line : svg.drawing().children("line")) {
             ++lines;
             EXPECT_EQ(line.attribute("x2").as_uint(), t);
-            EXPECT_EQ(line.attribute("stroke").value(), "#0" + std::to_string(t) + "0000");
+            EXPECT_EQ(line.attribute("stroke").value(),
+                      std::string("#0").append(std::to_string(t)).append("0000"));
         }
         EXPECT_EQ(lines, 5000u);
     }
