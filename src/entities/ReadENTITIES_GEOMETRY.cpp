@@ -130,6 +130,8 @@ bool CDxfRead::ReadENTITIES_ELLIPSE(CDxfStream& stream, DXF_ENTITY_LIST& list)
 bool CDxfRead::ReadENTITIES_LWPOLYLINE(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
     pendingVertexX = 0.0;
-    return ReadEntity(*this, stream, list, kPolylineFields,
-                      L"ReadENTITIES_LWPOLYLINE Failed to read integer from '%s', Line:%d");
+    const bool ended = ReadEntity(*this, stream, list, kPolylineFields,
+                                  L"ReadENTITIES_LWPOLYLINE Failed to read integer from '%s', Line:%d");
+    static_cast<POLYLINE*>(list.back())->m_vertices.Shrink(store);
+    return ended;
 }

@@ -66,11 +66,10 @@ void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
 
 void* CDxfStore::Resize(void* block, std::size_t oldSize, std::size_t newSize)
 {
-    const auto round = [](std::size_t size) { return (size + kAlignment - 1) & ~(kAlignment - 1); };
     if (newSize > std::numeric_limits<std::size_t>::max() / 2)
         throw std::bad_alloc();
-    const std::size_t oldRounded = round(oldSize);
-    const std::size_t newRounded = round(newSize);
+    const std::size_t oldRounded = Round(oldSize);
+    const std::size_t newRounded = Round(newSize);
     if (block != nullptr && static_cast<char*>(block) + oldRounded == m_next && oldRounded < kOwnChunk &&
         newRounded - oldRounded <= static_cast<std::size_t>(m_end - m_next) && newRounded < kOwnChunk) {
         m_next += newRounded - oldRounded;
@@ -82,6 +81,13 @@ void* CDxfStore::Resize(void* block, std::size_t oldSize, std::size_t newSize)
     if (oldRounded >= kOwnChunk)
         ReleaseChunk(static_cast<CHUNK*>(block) - 1);
     return larger;
+}
+
+void CDxfStore::Shrink(void* block, std::size_t oldSize, std::size_t newSize)
+{
+    if (block != nullptr && static_cast<char*>(block) + Round(oldSize) == m_next &&
+        Round(oldSize) < kOwnChunk)
+        m_next = static_cast<char*>(block) + Round(newSize);
 }
 
 wchar_t* CDxfStore::AllocateText(std::size_t length)
@@ -142,7 +148,8 @@ CDxfStore::NAME& CDxfStore::FindName(std::string_view narrow, std::uint32_t hash
         NAME& name = m_names[slot];
         if (name.narrow == nullptr)
             return name;
-        if (name.hash == hash && std::string_view(name.narrow, name.length) == narrow)
+        if (name.hash == hash && name.length == narrow.size() &&
+            EqualBytes(name.narrow, narrow.data(), name.length))
             return name;
     }
 }

@@ -22,7 +22,7 @@ public:
     // Uninitialised storage, aligned for any record.
     void* Allocate(std::size_t size)
     {
-        const std::size_t rounded = (size + kAlignment - 1) & ~(kAlignment - 1);
+        const std::size_t rounded = Round(size);
         if (rounded > static_cast<std::size_t>(m_end - m_next) || rounded >= kOwnChunk) [[unlikely]]
             return AllocateFromNewChunk(rounded);
         void* const block = m_next;
@@ -33,6 +33,9 @@ public:
     // Storage of newSize bytes that begins with the oldSize bytes of block. It is the same block, grown in
     // place, where nothing has been allocated since; a block may be null with a size of 0.
     void* Resize(void* block, std::size_t oldSize, std::size_t newSize);
+
+    // Gives back the end of a block, where nothing has been allocated since.
+    void Shrink(void* block, std::size_t oldSize, std::size_t newSize);
 
     // A record with its default values.
     template <class Record>
@@ -56,6 +59,10 @@ public:
 
 private:
     static constexpr std::size_t kAlignment = 8;
+    static constexpr std::size_t Round(std::size_t size)
+    {
+        return (size + kAlignment - 1) & ~(kAlignment - 1);
+    }
 
     // Every block of at least this size has a chunk of its own, so that one which is outgrown can be given
     // back at once.

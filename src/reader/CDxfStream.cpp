@@ -1,10 +1,8 @@
 #include "reader/CDxfStream.h"
 
-#include <cstring>
+#include "reader/Sse2.h"
 
-#if defined(__SSE2__) || defined(_M_X64)
-#include <emmintrin.h>
-#endif
+#include <cstring>
 
 namespace {
 
@@ -21,7 +19,7 @@ CDxfStream::CDxfStream(CDxfSource& source)
     StartBlocksAt(m_line);
 }
 
-#if defined(__SSE2__) || defined(_M_X64)
+#if defined(PLEXORN_SSE2)
 
 std::uint64_t CDxfStream::FindNewlines(const char* bytes)
 {

@@ -14,20 +14,45 @@ inline std::uint64_t MultiplyAndFold(std::uint64_t a, std::uint64_t b)
     return product.high ^ product.low;
 }
 
+// Up to eight bytes as a number, with no call of memcpy for a length that is not known.
+inline std::uint64_t LoadBytes(const char* bytes, std::size_t size)
+{
+    const auto load = [&]<class Word>(Word word, std::size_t place) {
+        std::memcpy(&word, bytes + place, sizeof(word));
+        return std::uint64_t{word};
+    };
+    if (size >= 8)
+        return load(std::uint64_t{}, 0);
+    if (size >= 4)
+        return load(std::uint32_t{}, 0) | load(std::uint32_t{}, size - 4) << 32;
+    if (size >= 2)
+        return load(std::uint16_t{}, 0) | load(std::uint16_t{}, size - 2) << 16;
+    return size == 0 ? 0 : static_cast<unsigned char>(*bytes);
+}
+
+// True when size bytes are the same; for short texts without a call.
+inline bool EqualBytes(const char* left, const char* right, std::size_t size)
+{
+    if (size > 24)
+        return std::memcmp(left, right, size) == 0;
+    std::uint64_t difference = 0;
+    for (std::size_t i = 0; i + 8 < size; i += 8)
+        difference |= LoadBytes(left + i, 8) ^ LoadBytes(right + i, 8);
+    const std::size_t tail = size >= 8 ? size - 8 : 0;
+    return (difference | (LoadBytes(left + tail, size - tail) ^ LoadBytes(right + tail, size - tail))) == 0;
+}
+
 // A hash of bytes that depends on a key the file's author cannot know, so that no drawing can be made whose
 // names all fall into one slot.
 inline std::uint64_t HashBytes(const void* bytes, std::size_t size, std::uint64_t key)
 {
     constexpr std::uint64_t kMix1 = 0x9E3779B97F4A7C15u, kMix2 = 0xD6E8FEB86659FD93u; // odd, many bits set
-    const char* at = static_cast<const char*>(bytes);
+    const char* const begin = static_cast<const char*>(bytes);
     std::uint64_t hash = key ^ (size * kMix1);
-    for (; size >= 8; size -= 8, at += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, at, sizeof(word));
-        hash = MultiplyAndFold(hash ^ word ^ kMix1, key ^ kMix2) + word;
-    }
-    std::uint64_t tail = 0;
-    std::memcpy(&tail, at, size);
+    for (std::size_t i = 0; i + 8 < size; i += 8)
+        hash = MultiplyAndFold(hash ^ LoadBytes(begin + i, 8) ^ kMix1, key ^ kMix2) + LoadBytes(begin + i, 8);
+    // The last eight bytes, some of them for the second time, or all there are.
+    const std::uint64_t tail = size >= 8 ? LoadBytes(begin + size - 8, 8) : LoadBytes(begin, size);
     return MultiplyAndFold(hash ^ tail ^ kMix2, key ^ kMix1);
 }
 

@@ -1,6 +1,7 @@
 #include "reader/Blanks.h"
 #include "reader/Multiply.h"
 #include "reader/Numbers.h"
+#include "reader/Sse2.h"
 
 #include <algorithm>
 #include <array>
@@ -85,10 +86,9 @@ double Divide(std::uint64_t digits, int decimals)
     const std::uint64_t w = digits << shift;
     std::uint64_t quotient = Multiply(w, power.reciprocal).high;
     std::uint64_t rest = (w << (power.bits - 1)) - quotient * power.five;
-    if (rest >= power.five) {
-        rest -= power.five;
-        ++quotient;
-    }
+    const bool isOneTooSmall = rest >= power.five;
+    quotient += isOneTooSmall;
+    rest -= isOneTooSmall ? power.five : 0;
     // One bit less, so that the conversion is a signed one, the machine's own; what is lost only has to say
     // that the quotient is not whole.
     const std::uint64_t rounded = quotient >> 1 | (quotient & 1) | (rest != 0);
@@ -97,39 +97,30 @@ double Divide(std::uint64_t digits, int decimals)
     return static_cast<double>(static_cast<std::int64_t>(rounded)) * scale;
 }
 
+#if defined(PLEXORN_SSE2)
+
 constexpr std::uint64_t EightTimes(std::uint64_t byte)
 {
     return byte * 0x0101010101010101u;
 }
 
-std::uint64_t LoadEight(const char* at)
-{
-    std::uint64_t bytes;
-    std::memcpy(&bytes, at, sizeof(bytes));
-    return bytes;
-}
-
-// Not 0 when one of eight characters is no digit.
-std::uint64_t NotDigits(std::uint64_t characters)
-{
-    return ((characters & EightTimes(0xF0)) | (((characters + EightTimes(0x06)) & EightTimes(0xF0)) >> 4)) ^
-           EightTimes(0x33);
-}
-
-// The number that eight digits write, the first in the lowest byte: they are taken together in pairs, pairs
-// of pairs and halves, with three multiplications.
+// The number that eight digits write, values from 0 to 9 with the first in the lowest byte: they are taken
+// together in pairs, pairs of pairs and halves, with three multiplications.
 std::uint64_t ValueOfEight(std::uint64_t digits)
 {
-    digits = (digits & EightTimes(0x0F)) * (10 * 256 + 1) >> 8;
+    digits = digits * (10 * 256 + 1) >> 8;
     digits = (digits & 0x00FF00FF00FF00FFu) * (100 * 65536 + 1) >> 16;
     return (digits & 0x0000FFFF0000FFFFu) * (10000 * 4294967296u + 1) >> 32;
 }
 
-// Of eight characters the last count, which are the highest bytes; digits of 0 stand for the others.
-std::uint64_t LastOfEight(std::uint64_t characters, std::ptrdiff_t count)
+// The same for sixteen: two numbers of eight digits, the first in the low half.
+std::uint64_t ValuesOfSixteen(__m128i digits)
 {
-    const std::uint64_t others = count == 8 ? 0 : ~std::uint64_t{0} >> (8 * count);
-    return (characters & ~others) | (EightTimes('0') & others);
+    const __m128i tens = _mm_mullo_epi16(_mm_and_si128(digits, _mm_set1_epi16(0xFF)), _mm_set1_epi16(10));
+    const __m128i pairs = _mm_add_epi16(tens, _mm_srli_epi16(digits, 8));
+    const __m128i fours = _mm_madd_epi16(pairs, _mm_set1_epi32(1 << 16 | 100));
+    const __m128i eights = _mm_madd_epi16(_mm_packs_epi32(fours, fours), _mm_set1_epi32(1 << 16 | 10000));
+    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(eights));
 }
 
 constexpr auto kPowersOfTen = [] {
@@ -139,15 +130,22 @@ constexpr auto kPowersOfTen = [] {
     return powers;
 }();
 
+// From the n-th of these bytes on: sixteen bytes of which the last n are set.
+constexpr auto kLastBytes = [] {
+    std::array<unsigned char, 32> bytes{};
+    for (std::size_t i = 16; i < bytes.size(); ++i)
+        bytes[i] = 0xFF;
+    return bytes;
+}();
+
 // Reads up to seven digits, a point and one to sixteen digits that fill a text to its end, without a branch
 // for a digit: the lengths of coordinates change from line to line, and every wrong guess of a loop's end
 // costs as much as ten digits. False when the text has another form. The sixteen bytes before the text and
 // the eight from its begin on can be read.
 bool ReadDecimal(const char* begin, const char* end, std::uint64_t& digits, std::ptrdiff_t& decimals)
 {
-    if constexpr (std::endian::native != std::endian::little)
-        return false;
-    const std::uint64_t first = LoadEight(begin);
+    std::uint64_t first;
+    std::memcpy(&first, begin, sizeof(first));
     const std::uint64_t difference = first ^ EightTimes('.');
     const std::uint64_t points = (difference - EightTimes(0x01)) & ~difference & EightTimes(0x80);
     const std::ptrdiff_t whole =
@@ -155,16 +153,31 @@ bool ReadDecimal(const char* begin, const char* end, std::uint64_t& digits, std:
     decimals = end - begin - whole - 1;
     if (whole == 8 || decimals < 1 || decimals > 16 || whole + decimals > kMostDigits)
         return false;
-    const std::ptrdiff_t low = std::min<std::ptrdiff_t>(decimals, 8);
-    const std::uint64_t wholeDigits = LastOfEight(whole == 0 ? 0 : first << (64 - 8 * whole), whole);
-    const std::uint64_t highDigits = LastOfEight(LoadEight(end - 16), decimals - low);
-    const std::uint64_t lowDigits = LastOfEight(LoadEight(end - 8), low);
-    if ((NotDigits(wholeDigits) | NotDigits(highDigits) | NotDigits(lowDigits)) != 0)
+
+    const auto load = [](const void* place) { return _mm_loadu_si128(static_cast<const __m128i*>(place)); };
+    const __m128i characters = load(end - 16);
+    const __m128i after =
+        _mm_and_si128(_mm_sub_epi8(characters, _mm_set1_epi8('0')), load(kLastBytes.data() + decimals));
+    const std::uint64_t before = (first ^ EightTimes('0')) << 8 * (7 - whole) << 8;
+    const __m128i aboveNine = _mm_subs_epu8(after, _mm_set1_epi8(9));
+    const int good = _mm_movemask_epi8(_mm_cmpeq_epi8(aboveNine, _mm_setzero_si128()));
+    if (good != 0xFFFF || ((before | (before + EightTimes(0x7F - 9))) & EightTimes(0x80)) != 0)
         return false;
-    digits = ValueOfEight(wholeDigits) * kPowersOfTen[static_cast<std::size_t>(decimals)] +
-             ValueOfEight(highDigits) * 100'000'000 + ValueOfEight(lowDigits);
+
+    const std::uint64_t halves = ValuesOfSixteen(after);
+    digits = ValueOfEight(before) * kPowersOfTen[static_cast<std::size_t>(decimals)] +
+             (halves & 0xFFFFFFFFu) * 100'000'000 + (halves >> 32);
     return true;
 }
+
+#else
+
+bool ReadDecimal(const char*, const char*, std::uint64_t&, std::ptrdiff_t&)
+{
+    return false; // every number is read the plain way
+}
+
+#endif
 
 // Reads digits onto value and returns the place behind them.
 const char* ReadDigits(const char* at, const char* end, std::uint64_t& value)
@@ -213,7 +226,8 @@ double ParseReal(std::string_view text)
     const char* const end = text.data() + text.size();
     const char* at = SkipBlanks(text.data(), end);
     const bool negative = TakeSign(at, end);
-    if (at == end || !(IsDigit(*at) || *at == '.')) // no word and no second sign is looked at
+    const char* const digit = at != end && *at == '.' ? at + 1 : at;
+    if (digit == end || !IsDigit(*digit)) // no word and no second sign is looked at
         return 0.0;
     const double value = ParseUnsigned(at, end);
     return negative ? -value : value;
