@@ -27,14 +27,14 @@ public:
     const DXF_STYLE_TEXTS& Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
     {
         const KEY key = KeyOf(entity);
-        if (m_last == nullptr || key != m_lastKey) {
+        RECENT& recent = m_recent[PlaceOf(key)];
+        if (recent.texts == nullptr || recent.key != key) {
             auto found = m_texts.find(key);
             if (found == m_texts.end())
                 found = m_texts.emplace(key, make(entity)).first;
-            m_last = &found->second; // references into the map stay valid
-            m_lastKey = key;
+            recent = {key, &found->second}; // references into the map stay valid
         }
-        return *m_last;
+        return *recent.texts;
     }
 
 private:
@@ -54,7 +54,17 @@ private:
                 pack(entity.m_nColor, entity.m_nLineWeight), pack(0, entity.m_nTrueColor)};
     }
 
+    // In front of the map: most entities have one of a few styles, and the map costs three cache misses.
+    struct RECENT {
+        KEY key;
+        const DXF_STYLE_TEXTS* texts = nullptr;
+    };
+    static std::size_t PlaceOf(const KEY& key)
+    {
+        return static_cast<std::size_t>((key[0] ^ key[1] * 3 ^ key[2] * 5 ^ key[3]) * 0x9E3779B97F4A7C15u >>
+                                        56);
+    }
+
     std::unordered_map<KEY, DXF_STYLE_TEXTS, HASH> m_texts{0, HASH{HashKey(this)}};
-    KEY m_lastKey{};
-    const DXF_STYLE_TEXTS* m_last = nullptr;
+    std::array<RECENT, 256> m_recent{};
 };

@@ -38,18 +38,18 @@ DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
     const DXF_TABLES_LTYPE* const lineType = FindLineType(name);
     if (lineType == nullptr)
         return {};
-    const auto [entry, isNew] = m_dashTexts.try_emplace(lineType);
-    if (isNew) {
-        char text[1 + kLongestNumber];
-        for (const double dash : lineType->m_dashes) {
-            const bool isFirst = entry->second.empty();
-            text[0] = ',';
-            const char* const end = FormatFixed6(std::fabs(dash), text + 1);
-            const char* const begin = isFirst ? text + 1 : text;
-            store.Append(entry->second, {begin, static_cast<std::size_t>(end - begin)});
-        }
+    if (const auto known = m_dashTexts.find(lineType); known != m_dashTexts.end())
+        return known->second;
+    DXF_STRING text;
+    for (const double dash : lineType->m_dashes) {
+        char number[kLongestNumber];
+        const char* const end = FormatFixed6(std::fabs(dash), number);
+        if (!text.empty())
+            store.Append(text, ",");
+        store.Append(text, {number, static_cast<std::size_t>(end - number)});
     }
-    return entry->second;
+    m_dashTexts.emplace(lineType, text);
+    return text;
 }
 
 const DXF_STYLE_TEXTS& CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE& entity)
