@@ -17,7 +17,7 @@ std::vector<std::string> Read(std::string_view dxf)
     const auto add = [&](const std::string& name, const DXF_ENTITY_LIST& list) {
         result.push_back(name + ":");
         for (const DXF_GRAPHIC_BASE* const entity : list)
-            result.back() += " " + std::to_string(entity->m_nEntityType);
+            result.back().append(" ").append(std::to_string(entity->m_nEntityType));
     };
     for (const DXF_BLOCKS_BLOCK* const block : reader.blocks)
         add(ToTraceText(block->m_strName), block->m_entities);

@@ -21,7 +21,7 @@ public:
         for (const DXF_BLOCKS_BLOCK* const block : blocks) {
             contents.push_back(ToTraceText(block->m_strName) + ":");
             for (const DXF_GRAPHIC_BASE* const entity : block->m_entities)
-                contents.back() += " " + std::to_string(entity->m_nEntityType);
+                contents.back().append(" ").append(std::to_string(entity->m_nEntityType));
         }
         return contents;
     }

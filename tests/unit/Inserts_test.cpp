@@ -28,7 +28,7 @@ protected:
                 call = call.substr(start.size(), call.size() - start.size() - 2);
                 call.replace(call.find("\", \""), 4, "=");
             }
-            attributes += " " + call;
+            attributes.append(" ").append(call);
         }
         return attributes;
     }
