@@ -1,0 +1,81 @@
+// Dimensions on a thread with a stack of 64 KiB: parts and nested texts are read and drawn in loops, so no
+// file can use the stack up. (A host may call from any thread it likes.)
+#include "support/Dimensions.h"
+
+#include <gtest/gtest.h>
+
+#include <pthread.h>
+
+namespace {
+
+struct IMPORT {
+    std::string drawing;
+    std::size_t calls = 0;
+};
+
+void* Run(void* argument)
+{
+    IMPORT& import = *static_cast<IMPORT*>(argument);
+    TraceOf(import.drawing, [](CDxfReadToQuillmar&) { RecordingHost::OfThread().countOnly = true; });
+    import.calls = RecordingHost::OfThread().callCount;
+    return nullptr;
+}
+
+// The number of calls that a drawing makes on a thread with the small stack; past its end lies a page that
+// faults.
+std::size_t CallsOnSmallStack(const std::string& parts)
+{
+    IMPORT import{DimensionDrawing(parts)};
+    pthread_attr_t attributes;
+    EXPECT_EQ(pthread_attr_init(&attributes), 0);
+    EXPECT_EQ(pthread_attr_setstacksize(&attributes, 64 * 1024), 0);
+    pthread_t thread;
+    if (pthread_create(&thread, &attributes, Run, &import) != 0) {
+        ADD_FAILURE() << "no thread";
+        return 0;
+    }
+    EXPECT_EQ(pthread_join(thread, nullptr), 0);
+    pthread_attr_destroy(&attributes);
+    return import.calls;
+}
+
+std::string Repeated(std::string_view text, std::size_t count)
+{
+    std::string all;
+    while (count-- != 0)
+        all += text;
+    return all;
+}
+
+} // namespace
+
+TEST(DimensionsOnASmallStack, MillionParts)
+{
+    EXPECT_EQ(CallsOnSmallStack(Repeated(Part("AcDbEntity"), 1'000'000) + Part("AcDbDimension") +
+                                Part("AcDbRadialDimension")),
+              13u);
+}
+
+TEST(DimensionsOnASmallStack, MillionPartsOfAllKindsAndAFaultBehindThem)
+{
+    std::string all;
+    for (const std::string_view marker : kPartMarkers)
+        if (marker != "AcDbDimension")
+            all += Part(marker);
+    // Two messages: no integer in place of a code, and the line behind it as an unknown type.
+    EXPECT_EQ(CallsOnSmallStack(Repeated(all, 125'000) + "x\ny\n"), 2u);
+}
+
+TEST(DimensionsOnASmallStack, FiveHundredNestedTexts)
+{
+    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {"1", Repeated("A{", 500) + "}"}) +
+                                Part("AcDbRadialDimension")),
+              8u + 501 * 5);
+}
+
+TEST(DimensionsOnASmallStack, LongestMessageAndLongestText)
+{
+    const std::string longest(1023, '<');
+    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {"1", longest}) + Part("AcDbRadialDimension")), 13u);
+    EXPECT_GE(CallsOnSmallStack(Lines({"7", longest}) + Part(longest)), 2u);
+}
