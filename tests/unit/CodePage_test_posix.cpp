@@ -1,0 +1,147 @@
+// UTF-8, well and ill formed.
+#include "reader/CodePage.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+
+namespace {
+
+std::wstring Wide(std::string_view narrow)
+{
+    std::wstring wide(narrow.size(), L'\0');
+    wide.resize(ToWide(narrow, wide.data()));
+    return wide;
+}
+
+std::string Encode(std::uint32_t character)
+{
+    const auto byte = [](std::uint32_t value) { return static_cast<char>(value); };
+    if (character < 0x80)
+        return {byte(character)};
+    if (character < 0x800)
+        return {byte(0xC0 | character >> 6), byte(0x80 | (character & 0x3F))};
+    if (character < 0x10000)
+        return {byte(0xE0 | character >> 12), byte(0x80 | (character >> 6 & 0x3F)),
+                byte(0x80 | (character & 0x3F))};
+    return {byte(0xF0 | character >> 18), byte(0x80 | (character >> 12 & 0x3F)),
+            byte(0x80 | (character >> 6 & 0x3F)), byte(0x80 | (character & 0x3F))};
+}
+
+// A decoder that knows every character's sequence and every beginning of one by heart.
+class Decoder {
+public:
+    Decoder()
+    {
+        for (std::uint32_t character = 0; character <= 0x10FFFF; ++character) {
+            if (character >= 0xD800 && character <= 0xDFFF)
+                continue;
+            const std::string sequence = Encode(character);
+            m_characters[sequence] = static_cast<wchar_t>(character);
+            for (std::size_t size = 1; size < sequence.size(); ++size)
+                m_beginnings.insert(sequence.substr(0, size));
+        }
+    }
+
+    std::wstring Decode(const std::string& narrow) const
+    {
+        std::wstring wide;
+        for (std::size_t at = 0; at < narrow.size();) {
+            std::size_t size = 1;
+            while (m_beginnings.count(narrow.substr(at, size)) != 0 && at + size < narrow.size() &&
+                   (m_beginnings.count(narrow.substr(at, size + 1)) != 0 ||
+                    m_characters.count(narrow.substr(at, size + 1)) != 0))
+                ++size;
+            const auto character = m_characters.find(narrow.substr(at, size));
+            wide += character == m_characters.end() ? L'\uFFFD' : character->second;
+            at += size;
+        }
+        return wide;
+    }
+
+    const std::map<std::string, wchar_t>& Characters() const { return m_characters; }
+
+private:
+    std::map<std::string, wchar_t> m_characters;
+    std::set<std::string> m_beginnings;
+};
+
+const Decoder& TheDecoder()
+{
+    static const Decoder decoder;
+    return decoder;
+}
+
+} // namespace
+
+TEST(CodePage, EveryCharacterOfUtf8IsRead)
+{
+    for (const auto& [sequence, character] : TheDecoder().Characters())
+        ASSERT_EQ(Wide(sequence), std::wstring(1, character)) << static_cast<std::uint32_t>(character);
+}
+
+TEST(CodePage, EachMaximalPartOfAnIllFormedSequenceIsOneReplacement)
+{
+    EXPECT_EQ(Wide("a\xF1\x80\x80\xE1\x80\xC2"
+                   "b\x80"
+                   "c\x80\xBF"
+                   "d"),
+              L"a\uFFFD\uFFFD\uFFFDb\uFFFDc\uFFFD\uFFFDd");
+    EXPECT_EQ(Wide("\xC0\xAF\xE0\x80\xBF\xF0\x81\x82"
+                   "A"),
+              L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDA");                      // overlong
+    EXPECT_EQ(Wide("\xED\xA0\x80\xED\xBF\xBF"), L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"); // surrogates
+    EXPECT_EQ(Wide("\xF4\x91\x92\x93\xFF"
+                   "A\x80\xBF"
+                   "B"),
+              L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDA\uFFFD\uFFFDB"); // beyond the last character
+    EXPECT_EQ(Wide("\xE4"), L"\uFFFD");
+    EXPECT_EQ(Wide("\xF0\x9F\x98"), L"\uFFFD"); // the text ends within a sequence
+}
+
+TEST(CodePage, EveryTwoBytesAreReadAsTheDecoderReadsThem)
+{
+    for (int first = 0x80; first < 256; ++first)
+        for (int second = 0; second < 256; ++second) {
+            const std::string text = {static_cast<char>(first), static_cast<char>(second)};
+            ASSERT_EQ(Wide(text), TheDecoder().Decode(text)) << first << ' ' << second;
+        }
+}
+
+TEST(CodePage, RandomBytesAreReadAsTheDecoderReadsThem)
+{
+    static constexpr unsigned char kBytes[] = {'a',  0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0,
+                                               0xC1, 0xC2, 0xDF, 0xE0, 0xE1, 0xEC, 0xED, 0xEE,
+                                               0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5};
+    std::minstd_rand random(1);
+    for (int round = 0; round < 20000; ++round) {
+        std::string text;
+        for (std::size_t size = random() % 9; size != 0; --size)
+            text += static_cast<char>(random() % 2 == 0 ? kBytes[random() % std::size(kBytes)]
+                                                        : 0x80 + random() % 64);
+        ASSERT_EQ(Wide(text), TheDecoder().Decode(text)) << testing::PrintToString(text);
+    }
+}
+
+TEST(CodePage, PathIsUtf8)
+{
+    EXPECT_EQ(ToNarrowPath(L"a\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF"),
+              "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+}
+
+TEST(CodePage, WhatIsNoCharacterIsReplacedInAPath)
+{
+    const wchar_t path[] = {L'a',
+                            static_cast<wchar_t>(0xD800),
+                            static_cast<wchar_t>(0xDFFF),
+                            static_cast<wchar_t>(0x110000),
+                            static_cast<wchar_t>(-1),
+                            L'b',
+                            L'\0'};
+    EXPECT_EQ(ToNarrowPath(path), "a\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+                                  "b");
+}
