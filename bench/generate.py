@@ -263,17 +263,17 @@ FOOTER = ("  0\nENDSEC\n  0\nSECTION\n  2\nOBJECTS\n  0\nDICTIONARY\n  5\nC\n330
           "  0\nENDSEC\n  0\nEOF\n")
 
 
-def counts(kind, size):
+def counts(kind, size, many):
     """How many layers and blocks a drawing of this kind and size has."""
-    layers = min(MANY, size // 500) if kind == "layers" else min(200, size // 5000)
+    layers = min(many, size // 500) if kind == "layers" else min(200, size // 5000)
     if kind == "blocks":
-        return max(1, layers), max(1, min(MANY, size // 1300))
+        return max(1, layers), max(1, min(many, size // 1300))
     return max(1, layers), max(3, min(300, size // 12_000))
 
 
-def generate(kind, size, path, seed=1, crlf=False):
+def generate(kind, size, path, seed=1, crlf=False, many=MANY):
     """Writes the drawing and returns the number of bytes written."""
-    layer_count, block_count = counts(kind, size)
+    layer_count, block_count = counts(kind, size, many)
     layers = ["0"] + ["L%06d-%s" % (number, WORDS[number % 11].upper()) for number in range(1, layer_count)]
     blocks = ["B%06d_%s" % (number, WORDS[number % 7]) for number in range(block_count)]
     maker = Maker(seed, layers, blocks, kind)
@@ -300,11 +300,14 @@ def main():
     parser.add_argument("size", metavar="SIZE_MB", type=float, help="size in millions of bytes, 0.1 or more")
     parser.add_argument("path", metavar="OUT.dxf")
     parser.add_argument("--seed", type=int, default=1, metavar="N", help="another drawing of the same kind")
+    parser.add_argument("--many", type=int, default=MANY, metavar="N",
+                        help="the number of layers or blocks in drawings of these kinds, 100,000 unless given")
     parser.add_argument("--crlf", action="store_true", help="end lines with CR-LF instead of LF")
     arguments = parser.parse_args()
     if arguments.size < 0.1:
         parser.error("SIZE_MB is less than 0.1")
-    size = generate(arguments.kind, int(arguments.size * 1_000_000), arguments.path, arguments.seed, arguments.crlf)
+    size = generate(arguments.kind, int(arguments.size * 1_000_000), arguments.path, arguments.seed, arguments.crlf,
+                    arguments.many)
     print("%s: %d bytes" % (arguments.path, size))
     return 0
 

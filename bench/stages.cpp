@@ -8,10 +8,9 @@
 // "import" is dxfFileOpen with a host that does nothing. Each stage gives an answer, which is compared with
 // what the other stages gave before its time counts.
 #include "bench/IdleHost.h"
+#include "bench/PeakMemory.h"
 #include "convert/CDxfReadToQuillmar.h"
 #include "entry/dxfFileOpen.h"
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
@@ -109,13 +108,6 @@ void CheckAnswers(const std::array<ANSWER, 4>& answers)
         Fail("the import drew nothing");
 }
 
-long PeakKilobytes()
-{
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
 void RunAllStages(const char* path, int runs)
 {
     std::array<FIGURES, 4> figures;
@@ -150,8 +142,7 @@ void RunOneStage(const char* path, std::string_view name)
         if (stage.name == name) {
             ANSWER answer = 0;
             const double seconds = SecondsOf(stage, path, answer);
-            std::printf("%s answer %zu seconds %.4f peak_kb %ld\n", stage.name, answer, seconds,
-                        PeakKilobytes());
+            std::printf("%s answer %zu seconds %.4f peak %zu\n", stage.name, answer, seconds, PeakMemory());
             return;
         }
     Fail("no such stage");
