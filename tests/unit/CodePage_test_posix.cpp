@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <map>
+#include <iterator>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -32,17 +33,34 @@ std::string Encode(std::uint32_t character)
             byte(0x80 | (character >> 6 & 0x3F)), byte(0x80 | (character & 0x3F))};
 }
 
-// A decoder that knows every character's sequence and every beginning of one by heart.
+bool IsCharacter(std::uint32_t value)
+{
+    return value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF);
+}
+
+// The character that a whole sequence stands for: the one whose sequence it is.
+std::optional<wchar_t> CharacterOf(std::string_view sequence)
+{
+    static constexpr std::uint32_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    if (sequence.size() >= std::size(kLeadBits))
+        return {};
+    std::uint32_t value = static_cast<unsigned char>(sequence[0]) & kLeadBits[sequence.size()];
+    for (const char byte : sequence.substr(1))
+        value = value << 6 | (static_cast<unsigned char>(byte) & 0x3F);
+    if (!IsCharacter(value) || Encode(value) != sequence)
+        return {};
+    return static_cast<wchar_t>(value);
+}
+
+// A decoder that knows every beginning of a character's sequence by heart.
 class Decoder {
 public:
     Decoder()
     {
-        for (std::uint32_t character = 0; character <= 0x10FFFF; ++character) {
-            if (character >= 0xD800 && character <= 0xDFFF)
-                continue;
+        for (std::uint32_t character = 0; character <= 0x10FFFF;
+             character += 64) { // the last byte is no matter
             const std::string sequence = Encode(character);
-            m_characters[sequence] = static_cast<wchar_t>(character);
-            for (std::size_t size = 1; size < sequence.size(); ++size)
+            for (std::size_t size = 1; size < sequence.size() && IsCharacter(character); ++size)
                 m_beginnings.insert(sequence.substr(0, size));
         }
     }
@@ -52,21 +70,17 @@ public:
         std::wstring wide;
         for (std::size_t at = 0; at < narrow.size();) {
             std::size_t size = 1;
-            while (m_beginnings.count(narrow.substr(at, size)) != 0 && at + size < narrow.size() &&
+            while (at + size < narrow.size() && !CharacterOf(narrow.substr(at, size)) &&
                    (m_beginnings.count(narrow.substr(at, size + 1)) != 0 ||
-                    m_characters.count(narrow.substr(at, size + 1)) != 0))
+                    CharacterOf(narrow.substr(at, size + 1))))
                 ++size;
-            const auto character = m_characters.find(narrow.substr(at, size));
-            wide += character == m_characters.end() ? L'\uFFFD' : character->second;
+            wide += CharacterOf(narrow.substr(at, size)).value_or(L'\uFFFD');
             at += size;
         }
         return wide;
     }
 
-    const std::map<std::string, wchar_t>& Characters() const { return m_characters; }
-
 private:
-    std::map<std::string, wchar_t> m_characters;
     std::set<std::string> m_beginnings;
 };
 
@@ -80,8 +94,11 @@ const Decoder& TheDecoder()
 
 TEST(CodePage, EveryCharacterOfUtf8IsRead)
 {
-    for (const auto& [sequence, character] : TheDecoder().Characters())
-        ASSERT_EQ(Wide(sequence), std::wstring(1, character)) << static_cast<std::uint32_t>(character);
+    for (std::uint32_t character = 1; character <= 0x10FFFF; ++character) {
+        if (IsCharacter(character)) {
+            ASSERT_EQ(Wide(Encode(character)), std::wstring(1, static_cast<wchar_t>(character))) << character;
+        }
+    }
 }
 
 TEST(CodePage, EachMaximalPartOfAnIllFormedSequenceIsOneReplacement)
