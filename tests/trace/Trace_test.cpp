@@ -21,10 +21,24 @@ namespace {
 
 const std::filesystem::path kFolder = PLEXORN_TEST_DATA "/trace";
 
-const char* const kDrawings[] = {"bad_blocks", "bad_dimensions", "bad_entities",   "bad_tables",
-                                 "blocks",     "dimensions",     "ends_in_a_line", "ends_in_an_entity",
-                                 "geometry",   "international",  "polylines",      "styles",
-                                 "texts",      "texts_crlf"};
+const char* const kDrawings[] = {"bad_blocks",
+                                 "bad_dimensions",
+                                 "bad_entities",
+                                 "bad_tables",
+                                 "blocks",
+                                 "dimensions",
+                                 "dimensions_angular",
+                                 "dimensions_linear",
+                                 "dimensions_parts",
+                                 "dimensions_texts",
+                                 "ends_in_a_line",
+                                 "ends_in_an_entity",
+                                 "geometry",
+                                 "international",
+                                 "polylines",
+                                 "styles",
+                                 "texts",
+                                 "texts_crlf"};
 
 std::string ReadFile(const std::filesystem::path& path)
 {

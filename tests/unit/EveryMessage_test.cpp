@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -280,7 +281,7 @@ TEST(EveryMessage, OfAFileThatCannotBeReadToItsEnd)
 // A callback that finds no memory costs its own entity; the next one is drawn.
 TEST(EveryMessage, OfMemoryThatIsShort)
 {
-    class SHORT : public TellingConverter {
+    class ShortOfMemory : public TellingConverter {
         void OnLine(const DXF_GRAPHIC_LINE&) override { throw std::bad_alloc(); }
     } converter;
     const std::string drawing = EntitiesSection({"0", "LINE", "0", "INSERT"});
