@@ -235,8 +235,8 @@ TEST(TablesEntries, KindReadersTellHowTheyEnded)
         CDxfMemory memory(text);
         CDxfStream stream(memory);
         DXF_TABLES_LAYER entry;
-        return std::to_string(reader.ReaTABLES_LAYER(entry, stream)) + " then " +
-               std::string(stream.getline());
+        const std::string result = std::to_string(reader.ReaTABLES_LAYER(entry, stream));
+        return result + " then " + std::string(stream.getline());
     };
     EXPECT_EQ(layer("2\nWalls\n0\nnext\n"), "1 then next");
     EXPECT_EQ(layer("2\nWalls\nx\nnext\n"), "0 then next");
