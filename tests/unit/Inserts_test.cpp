@@ -25,8 +25,9 @@ protected:
             if (call.rfind("qlmCreateUse(", 0) == 0)
                 continue;
             if (call.rfind(start, 0) == 0) {
-                call = call.substr(start.size(), call.size() - start.size() - 2);
-                call.replace(call.find("\", \""), 4, "=");
+                const std::size_t value = call.find("\", \"", start.size());
+                call = call.substr(start.size(), value - start.size()) + '=' +
+                       call.substr(value + 4, call.size() - value - 6);
             }
             attributes.append(" ").append(call);
         }
