@@ -16,10 +16,11 @@ bool IsDigit(wchar_t character)
 // The length that the width of a run is estimated from: UTF-16 units on every platform.
 double LengthInUtf16(std::wstring_view text)
 {
-    double length = 0;
-    for (const wchar_t character : text)
-        length += static_cast<std::uint32_t>(character) > 0xFFFF ? 2 : 1;
-    return length;
+    std::size_t length = text.size();
+    if constexpr (sizeof(wchar_t) > 2)
+        for (const wchar_t character : text)
+            length += character > 0xFFFF ? 1 : 0;
+    return static_cast<double>(length);
 }
 
 // The place of a separator that has something before it: npos when there is none.
