@@ -96,7 +96,7 @@ bool resolveStroke(std::wstring_view text, std::string& out)
 {
     unsigned parts[3];
     if (!readRgb(text, parts)) {
-        appendXml(out, text);
+        out += utf8Of(text);
         return !text.empty();
     }
     constexpr char kDigits[] = "0123456789abcdef";
@@ -126,7 +126,7 @@ bool resolveDashArray(std::wstring_view text, std::string& out)
         sum += length;
         at += std::wcsspn(at, L" ,");
     }
-    appendXml(out, text);
+    out += utf8Of(text);
     return sum > 0;
 }
 
@@ -136,7 +136,7 @@ bool resolveTextAnchor(std::wstring_view text, std::string& out)
         text = L"start";
     else if (text == L"right")
         text = L"end";
-    appendXml(out, text);
+    out += utf8Of(text);
     return !text.empty();
 }
 

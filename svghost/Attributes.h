@@ -18,7 +18,7 @@ AttributeId attributeByName(std::wstring_view name);
 // One text that an attribute was set to, resolved once.
 struct Value {
     std::wstring_view source;
-    std::string_view text; // XML text
+    std::string_view text; // in UTF-8
     double number = 0;     // of a stroke width
     bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
 };

@@ -4,6 +4,7 @@
 #include "svghost/PathData.h"
 #include "svghost/XmlText.h"
 
+#include <algorithm>
 #include <limits>
 
 using namespace svghost;
@@ -20,6 +21,14 @@ bool hasBlanksToKeep(std::wstring_view text)
         return false;
     return text.front() == L' ' || text.back() == L' ' || text.find(L"  ") != text.npos ||
            text.find_first_of(L"\t\r\n") != text.npos;
+}
+
+// An XML reader makes a line feed of a carriage return that stands in a text. Viewers draw a blank for both.
+std::string textOf(std::wstring_view text)
+{
+    std::string utf8 = utf8Of(text);
+    std::replace(utf8.begin(), utf8.end(), '\r', '\n');
+    return utf8;
 }
 
 template <class List, class Item>
@@ -62,9 +71,7 @@ Text* SvgHostDocument::createText(float x, float y, const wchar_t* text)
     node->y = y;
     node->characters = static_cast<std::uint32_t>(countCharacters(source));
     node->keepsBlanks = hasBlanksToKeep(source);
-    m_scratch.clear();
-    appendXml(m_scratch, source);
-    node->text = arena.keep(std::string_view(m_scratch));
+    node->text = arena.keep(std::string_view(textOf(source)));
     append(*node);
     return node;
 }
@@ -133,7 +140,7 @@ std::uint32_t SvgHostDocument::indexOfValue(AttributeId id, const wchar_t* text)
         else if (id == AttributeId::TextAnchor)
             good = resolveTextAnchor(source, m_scratch);
         else
-            appendXml(m_scratch, source);
+            m_scratch = utf8Of(source);
         value.dropped = !good;
         value.text = arena.keep(std::string_view(m_scratch));
     });
@@ -155,19 +162,18 @@ void SvgHostDocument::setOther(Node& node, std::wstring_view name, std::wstring_
 {
     if (!isAttributeNamePart(name))
         return;
+    m_scratch = "data-" + utf8Of(name);
     ExtraAttribute** place = &node.extra;
     const auto isThis = [&](const ExtraAttribute& attribute) {
         return attribute.id == AttributeId::Other &&
-               static_cast<const OtherAttribute&>(attribute).name == name;
+               static_cast<const OtherAttribute&>(attribute).name == m_scratch;
     };
     while (*place && !isThis(**place))
         place = &(*place)->next;
-    m_scratch.clear();
-    appendXml(m_scratch, text);
-    const std::string_view kept = arena.keep(std::string_view(m_scratch));
+    const std::string_view kept = arena.keep(std::string_view(utf8Of(text)));
     if (!*place) {
         OtherAttribute* attribute = arena.make<OtherAttribute>();
-        attribute->name = arena.keep(name);
+        attribute->name = arena.keep(std::string_view(m_scratch));
         *place = attribute;
     }
     static_cast<OtherAttribute*>(*place)->text = kept;

@@ -12,11 +12,11 @@ namespace svghost {
 constexpr std::uint32_t kDeepestUse = 100;
 
 // How many elements a document of so many elements may unfold into when its uses are drawn: a picture of a
-// few inserts within inserts must not grow beyond what a viewer can show, and a big honest drawing must stay
-// whole.
+// few inserts within inserts must not grow beyond what a viewer shows in some two seconds, and a big honest
+// drawing must stay whole.
 constexpr std::size_t renderBudget(std::size_t elements)
 {
-    return 1'000'000 + 16 * elements;
+    return 300'000 + 16 * elements;
 }
 
 // How far uses within uses may shrink or enlarge: some viewers refuse a whole file for one transform that

@@ -57,8 +57,8 @@ struct ExtraAttribute {
 
 // An attribute that the host does not know, written as data-name.
 struct OtherAttribute : ExtraAttribute {
-    std::wstring_view name;
-    std::string_view text; // XML text
+    std::string_view name; // "data-" and so on, with a zero behind it
+    std::string_view text; // in UTF-8
 };
 
 struct Node {
@@ -109,7 +109,7 @@ struct Shape : Node {
 struct Text : Node {
     Text() : Node(Kind::Text) {}
     float x = 0, y = 0;
-    std::string_view text; // XML text
+    std::string_view text; // in UTF-8
     std::uint32_t characters = 0;
     bool keepsBlanks = false;
 };

@@ -3,22 +3,24 @@
 #define SVGHOST_SVGWRITER_H
 
 #include "svghost/Document.h"
+#include "svghost/XmlOutput.h"
 
 #include <string>
 #include <string_view>
 
 namespace svghost {
 
-// Writes one document, in pieces of some tens of kilobytes. The document has been laid out.
+// Writes one document. It has been laid out.
 class SvgWriter {
 public:
     SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgHostWriteFunction write, void* user);
 
-    // False when the write function returned false; it is not called again then.
+    // False when memory is short or the write function returned false; it is not called again then.
     bool run(const char* background);
 
 private:
-    void writeHead();
+    void openRoot();
+    void openDrawing();
     void writeDefinitions();
     void writeSymbol(const Symbol& symbol);
     void writeArrow(const char* end, double direction, std::uint32_t stroke, double size, std::size_t number);
@@ -31,29 +33,33 @@ private:
     void writeShape(const Shape& shape);
     void writeText(const Text& text);
     void writeUse(const Use& use);
+    void openGroup(const Container& group);
 
-    void writeStyle(const Node& node);
-    void writeValue(std::string_view name, AttributeId id, std::uint32_t index);
-    void writeExtras(const Node& node);
-    void writeExtra(const Node& node, const ExtraAttribute& attribute);
-    void writeRotation(const Node& node, double centreX, double centreY);
-    void writeArrowReference(std::string_view name, const char* end, const Node& node, double size);
+    void setStyle(const Node& node);
+    void setValue(const char* name, AttributeId id, std::uint32_t index);
+    void setExtras(const Node& node);
+    void setExtra(const Node& node, const ExtraAttribute& attribute);
+    void setRotation(const Node& node, double centreX, double centreY);
+    void setArrow(const char* name, const char* end, const Node& node, double size);
     std::string_view strokeColour(std::uint32_t stroke) const;
 
-    void put(std::string_view text) { m_out.append(text); }
-    template <class Number>
-    void put(std::string_view before, Number number);
-    template <class Number>
-    void attribute(std::string_view name, Number number);
-    void flush();
-    void flushWhenFull();
+    void begin(const char* element) { m_element = m_out.addElement(element); }
+    void set(const char* attribute, std::string_view value)
+    {
+        m_out.addAttribute(m_element, attribute, value);
+    }
+    // Sets the attribute to texts and numbers put together. Numbers come from us: pugixml's depend on the
+    // locale and are not the shortest.
+    template <class... Parts>
+    void appendParts(const Parts&... parts);
+    template <class... Parts>
+    void setJoined(const char* attribute, const Parts&... parts);
 
     const SvgHostDocument& m_document;
     const Layout& m_layout;
-    SvgHostWriteFunction m_write;
-    void* m_user;
-    std::string m_out;
-    bool m_good = true;
+    XmlOutput m_out;
+    pugi::xml_node m_element; // the one that is being made
+    std::string m_value;
 };
 
 } // namespace svghost

@@ -1,11 +1,17 @@
 #include "svghost/XmlText.h"
 
+#include <pugixml.hpp>
+
 #include <charconv>
 
 namespace svghost {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr std::string_view kReplacementUtf8 = "\xEF\xBF\xBD";
+
+// No character of Unicode, and so none that XML allows.
+constexpr char32_t kNone = 0xFFFFFFFF;
 
 bool isSurrogate(char32_t character)
 {
@@ -36,53 +42,7 @@ bool isAllowed(char32_t character)
     return character <= 0x10FFFF && !isSurrogate(character) && character != 0xFFFE && character != 0xFFFF;
 }
 
-void appendUtf8(std::string& out, char32_t character)
-{
-    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
-    if (character < 0x80) {
-        out += static_cast<char>(character);
-    } else if (character < 0x800) {
-        out += static_cast<char>(0xC0 | (character >> 6));
-        tail(0);
-    } else if (character < 0x10000) {
-        out += static_cast<char>(0xE0 | (character >> 12));
-        tail(6), tail(0);
-    } else {
-        out += static_cast<char>(0xF0 | (character >> 18));
-        tail(12), tail(6), tail(0);
-    }
-}
-
-void appendEscaped(std::string& out, char32_t character)
-{
-    switch (character) {
-    case '&':
-        out += "&amp;";
-        break;
-    case '<':
-        out += "&lt;";
-        break;
-    case '>':
-        out += "&gt;";
-        break;
-    case '"':
-        out += "&quot;";
-        break;
-    case '\t':
-        out += "&#9;";
-        break;
-    case '\n':
-        out += "&#10;";
-        break;
-    case '\r':
-        out += "&#13;";
-        break;
-    default:
-        appendUtf8(out, isAllowed(character) ? character : kReplacement);
-    }
-}
-
-// The character at position, which moves behind it; kReplacement and one byte on for what is no UTF-8.
+// The character at position, which moves behind it; kNone and one byte on for what is no UTF-8.
 char32_t nextUtf8(std::string_view text, std::size_t& position)
 {
     const auto lead = static_cast<unsigned char>(text[position++]);
@@ -90,17 +50,17 @@ char32_t nextUtf8(std::string_view text, std::size_t& position)
         return lead;
     const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
     if (lead < 0xC2 || lead > 0xF4 || text.size() - position < more)
-        return kReplacement;
+        return kNone;
     char32_t character = lead & (0x3Fu >> more);
     for (std::size_t i = 0; i < more; ++i) {
         const auto byte = static_cast<unsigned char>(text[position + i]);
         if ((byte & 0xC0) != 0x80)
-            return kReplacement;
+            return kNone;
         character = (character << 6) | (byte & 0x3Fu);
     }
     constexpr char32_t kSmallest[] = {0, 0x80, 0x800, 0x10000};
     if (character < kSmallest[more])
-        return kReplacement;
+        return kNone;
     position += more;
     return character;
 }
@@ -113,16 +73,32 @@ bool isNameCharacter(char32_t character)
 
 } // namespace
 
-void appendXml(std::string& out, std::wstring_view text)
+std::string utf8Of(std::wstring_view text)
 {
-    for (std::size_t i = 0; i < text.size();)
-        appendEscaped(out, nextCharacter(text, i));
+    std::wstring valid;
+    valid.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t begin = i;
+        if (isAllowed(nextCharacter(text, i)))
+            valid += text.substr(begin, i - begin);
+        else
+            valid += static_cast<wchar_t>(kReplacement);
+    }
+    return pugi::as_utf8(valid);
 }
 
-void appendXmlFromUtf8(std::string& out, std::string_view text)
+std::string validUtf8(std::string_view text)
 {
-    for (std::size_t i = 0; i < text.size();)
-        appendEscaped(out, nextUtf8(text, i));
+    std::string valid;
+    valid.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t begin = i;
+        if (isAllowed(nextUtf8(text, i)))
+            valid += text.substr(begin, i - begin);
+        else
+            valid += kReplacementUtf8;
+    }
+    return valid;
 }
 
 void appendXmlName(std::string& out, std::wstring_view text)

@@ -1,4 +1,4 @@
-// Wide text into the UTF-8 of an XML file.
+// Texts of the drawing made fit for an XML file.
 #ifndef SVGHOST_XMLTEXT_H
 #define SVGHOST_XMLTEXT_H
 
@@ -7,13 +7,12 @@
 
 namespace svghost {
 
-// Appends text as it can stand in an XML element or between the double quotes of an attribute. UTF-16 pairs
-// are joined where wchar_t is 16 bits wide; lone surrogates, values beyond Unicode and characters that XML
-// does not allow become U+FFFD; markup, tabs and line ends are escaped.
-void appendXml(std::string& out, std::wstring_view text);
+// The text in UTF-8. UTF-16 pairs are joined where wchar_t is 16 bits wide; lone surrogates, values beyond
+// Unicode and characters that XML does not allow in any spelling become U+FFFD.
+std::string utf8Of(std::wstring_view text);
 
 // The same for a UTF-8 text; bytes that are no UTF-8 become U+FFFD.
-void appendXmlFromUtf8(std::string& out, std::string_view text);
+std::string validUtf8(std::string_view text);
 
 // Appends an XML name part that stands for exactly this text: ASCII letters, digits, '-', '.' and '_' as they
 // are, any other character (and an '_' before an 'x') as _xHH_ with its hexadecimal number.

@@ -128,6 +128,79 @@ TEST(Elements, GroupInASymbolStandsInTheSymbol)
     EXPECT_FALSE(svg.drawing().first_child().first_child());
 }
 
+namespace {
+
+// Thousands of lines, numbered in x1, in groups within groups; more follow behind a group that ends.
+void addNestedLines(const HostDocument& document, int& number, int depth)
+{
+    const QlmNode outside = qlmGetCurrentSvgNode(document.context());
+    for (int i = 0; i < 3; ++i) {
+        for (int k = 0; k < 100; ++k)
+            document.line(static_cast<float>(number++), 0, 0, 0);
+        if (depth == 0)
+            continue;
+        qlmSetCurrentSvgNode(document.context(), document.group());
+        addNestedLines(document, number, depth - 1);
+        qlmSetCurrentSvgNode(document.context(), outside);
+    }
+}
+
+void expectNestedLines(const pugi::xml_node& container, int& number, int depth)
+{
+    pugi::xml_node node = container.first_child();
+    const auto next = [&] {
+        while (node && node.type() != pugi::node_element)
+            node = node.next_sibling();
+        const pugi::xml_node element = node;
+        node = node.next_sibling();
+        return element;
+    };
+    for (int i = 0; i < 3; ++i) {
+        for (int k = 0; k < 100; ++k)
+            ASSERT_EQ(next().attribute("x1").as_int(-1), number++);
+        if (depth == 0)
+            continue;
+        const pugi::xml_node group = next();
+        ASSERT_STREQ(group.name(), "g");
+        expectNestedLines(group, number, depth - 1);
+    }
+    EXPECT_FALSE(next());
+}
+
+} // namespace
+
+TEST(Elements, OrderAndGroupsHoldOverThousands)
+{
+    const HostDocument document;
+    int made = 0;
+    addNestedLines(document, made, 4);
+    ASSERT_GT(made, 30'000);
+    const ParsedSvg svg(document);
+    int read = 0;
+    expectNestedLines(svg.drawing(), read, 4);
+    EXPECT_EQ(read, made);
+}
+
+TEST(Elements, HugeOnesAreWhole)
+{
+    const HostDocument document;
+    std::wstring points;
+    for (int i = 0; i < 200'000; ++i)
+        points += std::to_wstring(i) + L",1 ";
+    document.polyline(points.c_str());
+    const std::wstring name(300'000, L'"');
+    document.text(0, 0, name.c_str());
+    document.set(document.group(), L"odd", name.c_str());
+    document.line(0, 0, 1, 1);
+    const ParsedSvg svg(document);
+    const std::string written = svg.first("polyline").attribute("points").value();
+    EXPECT_EQ(written.size() + 1, points.size());
+    EXPECT_EQ(written.substr(written.size() - 9), " 199999,1");
+    EXPECT_EQ(svg.first("text").text().get(), std::string(300'000, '"'));
+    EXPECT_EQ(svg.first("g").attribute("data-odd").value(), std::string(300'000, '"'));
+    EXPECT_TRUE(svg.first("line"));
+}
+
 TEST(Elements, GroupsTooDeepForReadersAreRefused)
 {
     const HostDocument document;

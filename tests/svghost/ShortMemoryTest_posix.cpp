@@ -1,10 +1,14 @@
 // The n-th allocation fails, n = 1, 2, ...: no exception leaves the host, and a drawing with holes is never
-// written as if it were whole.
+// written as if it were whole. Allocations of pugixml count too: the host uses the same shared library as
+// these tests.
 #include "svghost/HostDocument.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 #include <string>
 #include <utility>
@@ -14,17 +18,67 @@ namespace {
 // How many more allocations of this thread succeed; negative: all.
 thread_local long allocationsLeft = -1;
 
-void* allocate(std::size_t size)
+void* allocateOrNull(std::size_t size)
 {
     if (allocationsLeft == 0)
-        throw std::bad_alloc();
+        return nullptr;
     if (allocationsLeft > 0)
         --allocationsLeft;
-    void* memory = std::malloc(size ? size : 1);
+    return std::malloc(size ? size : 1);
+}
+
+void* allocate(std::size_t size)
+{
+    void* memory = allocateOrNull(size);
     if (!memory)
         throw std::bad_alloc();
     return memory;
 }
+
+// What pugixml holds, and held at most, while its memory comes from here.
+std::size_t nodeBytes = 0;
+std::size_t mostNodeBytes = 0;
+
+constexpr std::size_t kSizeRoom = alignof(std::max_align_t);
+
+void* allocateNodes(std::size_t size)
+{
+    void* memory = allocateOrNull(size + kSizeRoom);
+    if (!memory)
+        return nullptr;
+    std::memcpy(memory, &size, sizeof size);
+    nodeBytes += size;
+    mostNodeBytes = std::max(mostNodeBytes, nodeBytes);
+    return static_cast<char*>(memory) + kSizeRoom;
+}
+
+void freeNodes(void* nodes)
+{
+    if (!nodes)
+        return;
+    char* memory = static_cast<char*>(nodes) - kSizeRoom;
+    std::size_t size = 0;
+    std::memcpy(&size, memory, sizeof size);
+    nodeBytes -= size;
+    std::free(memory);
+}
+
+// Takes pugixml's memory from the functions above for as long as it lives.
+class NodeMemory {
+public:
+    NodeMemory()
+    {
+        nodeBytes = mostNodeBytes = 0;
+        pugi::set_memory_management_functions(allocateNodes, freeNodes);
+    }
+    ~NodeMemory() { pugi::set_memory_management_functions(m_allocate, m_free); }
+    NodeMemory(const NodeMemory&) = delete;
+    NodeMemory& operator=(const NodeMemory&) = delete;
+
+private:
+    pugi::allocation_function m_allocate = pugi::get_memory_allocation_function();
+    pugi::deallocation_function m_free = pugi::get_memory_deallocation_function();
+};
 
 } // namespace
 
@@ -111,8 +165,10 @@ Outcome import(long allocations)
 
 TEST(ShortMemory, EveryAllocationMayFail)
 {
+    const NodeMemory nodeMemory;
     const Outcome whole = import(-1);
     ASSERT_TRUE(whole.written);
+    ASSERT_GT(mostNodeBytes, 0u);
     long allocations = 0;
     int failures = 0;
     for (; allocations < 10'000; ++allocations) {
@@ -128,4 +184,43 @@ TEST(ShortMemory, EveryAllocationMayFail)
     }
     EXPECT_GT(failures, 20);
     EXPECT_LT(allocations, 10'000);
+}
+
+TEST(ShortMemory, NoNodeOfAnyBatchMayBeMissing)
+{
+    const NodeMemory nodeMemory;
+    const HostDocument document;
+    for (int i = 0; i < 2'000; ++i)
+        document.set(document.line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
+    std::string whole;
+    ASSERT_TRUE(svgHostWrite(document.get(), nullptr, append, &whole));
+    int failures = 0;
+    for (bool written = false; !written; ++failures) {
+        ASSERT_LT(failures, 1'000);
+        std::string text;
+        allocationsLeft = failures;
+        written = svgHostWrite(document.get(), nullptr, append, &text);
+        allocationsLeft = -1;
+        EXPECT_EQ(written, text == whole);
+    }
+    EXPECT_GT(failures, 20);
+    EXPECT_EQ(nodeBytes, 0u);
+}
+
+TEST(ShortMemory, WritingALargeDrawingTakesNoMoreThanASmallOne)
+{
+    const NodeMemory nodeMemory;
+    std::size_t most[2];
+    for (int large = 0; large < 2; ++large) {
+        const HostDocument document;
+        for (int i = 0; i < (large ? 50'000 : 1'000); ++i)
+            document.set(document.line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
+        mostNodeBytes = 0;
+        const auto swallow = [](void*, const char*, size_t) { return true; };
+        ASSERT_TRUE(svgHostWrite(document.get(), nullptr, swallow, nullptr));
+        most[large] = mostNodeBytes;
+    }
+    EXPECT_GT(most[0], 0u);
+    EXPECT_LE(most[1], most[0] + 65'536);
+    EXPECT_LT(most[1], 500'000u);
 }

@@ -1,8 +1,9 @@
-// Whatever a drawing holds, the file is well-formed XML.
+// Whatever a drawing holds, the file is well-formed XML and reads back as it was.
 #include "svghost/HostDocument.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 using namespace svghost_tests;
@@ -39,6 +40,11 @@ TEST(Xml, ControlCharactersAreReplaced)
         const bool allowed = unit == L'\t' || unit == L'\n' || unit == L'\r';
         expected += allowed ? std::string(1, static_cast<char>(unit)) : kReplacement;
     }
+    const HostDocument document;
+    document.set(document.line(0, 0, 1, 1), L"odd", text.c_str());
+    EXPECT_EQ(ParsedSvg(document).first("line").attribute("data-odd").value(), expected);
+    // No XML reader tells a carriage return in a text from a line feed.
+    std::replace(expected.begin(), expected.end(), '\r', '\n');
     EXPECT_EQ(textWritten(text), expected);
 }
 
@@ -91,7 +97,13 @@ TEST(Xml, EveryUnitGivesAFileThatParses)
     ParsedSvg svg(written);
     EXPECT_TRUE(svg.first("use"));
     for (const char byte : written)
-        EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n');
+        EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n' || byte == '\t');
+}
+
+TEST(Xml, FileTellsItsVersionAndEncoding)
+{
+    const HostDocument document;
+    EXPECT_EQ(document.write().rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg ", 0), 0u);
 }
 
 TEST(Xml, BackgroundStandsBehindTheDrawingAndIsEscaped)
