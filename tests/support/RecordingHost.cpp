@@ -1,5 +1,7 @@
 #include "support/RecordingHost.h"
 
+#include "support/FailingMemory.h"
+
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -70,6 +72,7 @@ private:
         return *this;
     }
 
+    const FailingMemory::Pause m_pause; // memory fails the module, not its host
     const bool m_isWritten = !RecordingHost::OfThread().countOnly;
     std::string m_text;
 };
@@ -147,7 +150,7 @@ std::string RecordingHost::NameOf(QlmNode node) const
 {
     if (node == nullptr)
         return "0";
-    return node == Context() ? "ctx" : "n" + std::to_string(reinterpret_cast<std::uintptr_t>(node));
+    return node == context ? "ctx" : "n" + std::to_string(reinterpret_cast<std::uintptr_t>(node));
 }
 
 QlmNode qlmCreateLine(QlmNode context, const wchar_t* id, float x1, float y1, float x2, float y2, float zero1,

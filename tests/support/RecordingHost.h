@@ -11,8 +11,8 @@
 //     qlmCreateLine(ctx, "", 0, -0, 10, -5, 0, 0) = n1
 //     qlmSetAttributeByNode(ctx, n1, "stroke-width", "0.500000")
 // Floats are written with the fewest digits that give them back, "nan" without a sign; texts as UTF-8 between
-// quotes, with quotes, backslashes and control characters as \xHH. The context node is "ctx", no node is "0", and nodes are
-// numbered in the order of their creation. Each thread has a host of its own.
+// quotes, with quotes, backslashes and control characters as \xHH. The context node is "ctx", no node is "0",
+// and nodes are numbered in the order of their creation. Each thread has a host of its own.
 class RecordingHost {
 public:
     // The calling thread's host.
@@ -32,9 +32,10 @@ public:
     QlmNode RecordNew(std::string line, bool refused = false);
     std::string NameOf(QlmNode node) const;
 
-    bool countOnly = false;     // calls are counted, not written down
-    bool refuseSymbols = false; // qlmCreateSymbol answers 0
-    bool refuseAll = false;     // every creating operation answers 0
+    QlmNode context = Context(); // what is written as "ctx"; a thread may have one of its own
+    bool countOnly = false;      // calls are counted, not written down
+    bool refuseSymbols = false;  // qlmCreateSymbol answers 0
+    bool refuseAll = false;      // every creating operation answers 0
     QlmNode currentNode = nullptr;
     std::vector<std::string> calls;
     std::size_t callCount = 0; // written down or not

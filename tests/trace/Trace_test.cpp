@@ -6,6 +6,7 @@
 #include "entry/dxfFileOpen.h"
 #include "reader/CodePage.h"
 #include "support/RecordingHost.h"
+#include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -21,29 +21,15 @@ namespace {
 
 const std::filesystem::path kFolder = PLEXORN_TEST_DATA "/trace";
 
-const char* const kDrawings[] = {"bad_blocks",
-                                 "bad_dimensions",
-                                 "bad_entities",
-                                 "bad_tables",
-                                 "blocks",
-                                 "dimensions",
-                                 "dimensions_angular",
-                                 "dimensions_linear",
-                                 "dimensions_parts",
-                                 "dimensions_texts",
-                                 "ends_in_a_line",
-                                 "ends_in_an_entity",
-                                 "geometry",
-                                 "international",
-                                 "polylines",
-                                 "styles",
-                                 "texts",
-                                 "texts_crlf"};
-
-std::string ReadFile(const std::filesystem::path& path)
+// The names of the drawings of this folder.
+std::vector<std::string> Drawings()
 {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(kFolder))
+        if (entry.path().extension() == ".dxf")
+            names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 std::string TraceOfFile(const std::filesystem::path& path)
@@ -81,13 +67,13 @@ bool IsCodePageOfTraces()
 #endif
 }
 
-class Trace : public testing::TestWithParam<const char*> {};
+class Trace : public testing::TestWithParam<std::string> {};
 
 } // namespace
 
 TEST_P(Trace, IsTheGoldenOne)
 {
-    const std::string name = GetParam();
+    const std::string& name = GetParam();
     const std::filesystem::path golden = GoldenTrace(name);
     if (golden.stem().has_extension() && !IsCodePageOfTraces())
         GTEST_SKIP() << golden << " was made with code page 1252, which is not the system's.";
@@ -96,27 +82,28 @@ TEST_P(Trace, IsTheGoldenOne)
         std::ofstream(golden, std::ios::binary) << trace;
         GTEST_SKIP() << golden << " is written anew.";
     }
-    EXPECT_EQ(trace, ReadFile(golden)) << golden;
+    EXPECT_EQ(trace, BytesOf(golden)) << golden;
 }
 
-INSTANTIATE_TEST_SUITE_P(Drawings, Trace, testing::ValuesIn(kDrawings),
-                         [](const auto& drawing) { return std::string(drawing.param); });
+INSTANTIATE_TEST_SUITE_P(Drawings, Trace, testing::ValuesIn(Drawings()),
+                         [](const auto& drawing) { return drawing.param; });
 
-TEST(TraceFolder, HoldsNoDrawingThatIsNotCompared)
+TEST(TraceFolder, HoldsADrawingForEachTraceAndATraceForEachDrawing)
 {
-    std::vector<std::string> found;
+    std::vector<std::string> traces;
     for (const auto& entry : std::filesystem::directory_iterator(kFolder))
-        if (entry.path().extension() == ".dxf")
-            found.push_back(entry.path().stem().string());
-    std::sort(found.begin(), found.end());
-    EXPECT_EQ(found, std::vector<std::string>(std::begin(kDrawings), std::end(kDrawings)));
+        if (entry.path().extension() == ".trace" && !entry.path().stem().has_extension())
+            traces.push_back(entry.path().stem().string());
+    std::sort(traces.begin(), traces.end());
+    EXPECT_EQ(traces, Drawings());
+    EXPECT_FALSE(traces.empty());
 }
 
 // Nothing is kept between calls: the second import makes the same calls.
 TEST(TraceFolder, GivesTheSameTracesAgain)
 {
-    for (const char* name : kDrawings) {
-        const std::filesystem::path path = kFolder / (std::string(name) + ".dxf");
+    for (const std::string& name : Drawings()) {
+        const std::filesystem::path path = kFolder / (name + ".dxf");
         const std::string first = TraceOfFile(path);
         EXPECT_EQ(TraceOfFile(path), first) << name;
         EXPECT_NE(first, "") << name;
