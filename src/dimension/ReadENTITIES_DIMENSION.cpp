@@ -4,7 +4,7 @@
 // no one behind the first marker, so the depth of the stack does not depend on the number of markers.
 #include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
-#include "reader/ReadFields.h"
+#include "entities/ReadEntity.h"
 
 #include <algorithm>
 #include <array>
@@ -182,8 +182,7 @@ constexpr PART_READER kParts[] = {
 // True once a marker has been met, whatever follows it.
 bool CDxfRead::ReadENTITIES_DIMENSION(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
-    DXF_GRAPHIC_DIMENSION* const dimension = store.New<DXF_GRAPHIC_DIMENSION>();
-    list.Add(store, dimension);
+    DXF_GRAPHIC_DIMENSION* const dimension = NewEntity<DXF_GRAPHIC_DIMENSION>(*this, list);
     const auto common = [&](std::int32_t code, std::string_view value) {
         ReadENTITIES_COMMON(code, value, *dimension, stream);
     };

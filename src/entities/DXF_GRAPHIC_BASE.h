@@ -25,25 +25,25 @@ struct DXF_GRAPHIC_BASE {
     explicit DXF_GRAPHIC_BASE(DXF_ENTITY_TYPE type = DXF_ENTITY_NONE) : m_nEntityType(type) {}
     virtual ~DXF_GRAPHIC_BASE() = default;
 
-    DXF_STRING m_strHandle;              // 5, hexadecimal text
-    DXF_STRING m_strAppData;             // 102, the lines of the application groups
-    DXF_STRING m_strOwnerHandle;         // 330
-    DXF_STRING m_strSubclass;            // 100, the last marker read
-    std::int32_t m_nPaperSpace = 0;      // 67, 1 in paper space
-    DXF_STRING m_strLayout;              // 410
-    DXF_STRING m_strLayer;               // 8
-    DXF_STRING m_strLineType;            // 6, empty for the layer's
-    DXF_STRING m_strMaterial;            // 347
-    std::int32_t m_nColor = 0;           // 62; 0 by block, 1 to 255 palette, 256 by layer
-    std::int32_t m_nLineWeight = -1;     // 370, hundredths of a millimetre; -1 by layer, -2 by block, -3 default
-    double m_dLineTypeScale = 1.0;       // 48, read as an integer on purpose: 0.5 becomes 0
-    std::int32_t m_nVisibility = 0;      // 60, 1 invisible
-    std::int32_t m_nProxyByteCount = 0;  // 92
-    DXF_STRING m_strProxyData;           // 310, the last chunk
-    std::int32_t m_nTrueColor = 0;       // 420, 0x00RRGGBB
-    DXF_STRING m_strColorName;           // 430
-    DXF_STRING m_strTransparency;        // 440, kept as text
-    DXF_STRING m_strPlotStyle;           // 390
-    std::int32_t m_nShadowMode = 0;      // 284
-    std::int32_t m_nEntityType;          // a DXF_ENTITY_TYPE
+    DXF_STRING m_strHandle;          // 5, hexadecimal text
+    DXF_STRING m_strAppData;         // 102, the lines of the application groups
+    DXF_STRING m_strOwnerHandle;     // 330
+    DXF_STRING m_strSubclass;        // 100, the last marker read
+    std::int32_t m_nPaperSpace = 0;  // 67, 1 in paper space
+    DXF_STRING m_strLayout;          // 410
+    DXF_STRING m_strLayer;           // 8
+    DXF_STRING m_strLineType;        // 6, empty for the layer's
+    DXF_STRING m_strMaterial;        // 347
+    std::int32_t m_nColor = 0;       // 62; 0 by block, 1 to 255 palette, 256 by layer
+    std::int32_t m_nLineWeight = -1; // 370, hundredths of a millimetre; -1 by layer, -2 by block, -3 default
+    double m_dLineTypeScale = 1.0;   // 48, read as an integer on purpose: 0.5 becomes 0
+    std::int32_t m_nVisibility = 0;  // 60, 1 invisible
+    std::int32_t m_nProxyByteCount = 0; // 92
+    DXF_STRING m_strProxyData;          // 310, the last chunk
+    std::int32_t m_nTrueColor = 0;      // 420, 0x00RRGGBB
+    DXF_STRING m_strColorName;          // 430
+    DXF_STRING m_strTransparency;       // 440, kept as text
+    DXF_STRING m_strPlotStyle;          // 390
+    std::int32_t m_nShadowMode = 0;     // 284
+    std::int32_t m_nEntityType;         // a DXF_ENTITY_TYPE
 };

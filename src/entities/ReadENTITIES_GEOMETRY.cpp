@@ -69,19 +69,8 @@ constexpr auto kEllipseFields = ELLIPSE_FIELDS::Table({
     ELLIPSE_FIELDS::Field(42, &ELLIPSE::m_dEndParam),
 });
 
-// A vertex is made by its 20: a 10 alone adds none, and a 20 alone repeats the x of the vertex before.
+// 10 and 20 are the reader's own.
 using POLYLINE = DXF_GRAPHIC_LWPOLYLINE;
-
-void ReadVertexX(CDxfRead& reader, CDxfStream&, POLYLINE&, std::string_view value)
-{
-    reader.pendingVertexX = ParseLineReal(value);
-}
-
-void ReadVertexY(CDxfRead& reader, CDxfStream&, POLYLINE& polyline, std::string_view value)
-{
-    polyline.m_vertices.Add(reader.store, {reader.pendingVertexX, ParseLineReal(value)});
-}
-
 using POLYLINE_FIELDS = DxfFields<POLYLINE>;
 constexpr auto kPolylineFields = POLYLINE_FIELDS::Table({
     POLYLINE_FIELDS::End(0),
@@ -90,8 +79,6 @@ constexpr auto kPolylineFields = POLYLINE_FIELDS::Table({
     POLYLINE_FIELDS::Field(43, &POLYLINE::m_dConstantWidth),
     POLYLINE_FIELDS::Field(38, &POLYLINE::m_dElevation),
     POLYLINE_FIELDS::Field(39, &POLYLINE::m_dThickness),
-    POLYLINE_FIELDS::Function(10, ReadVertexX),
-    POLYLINE_FIELDS::Function(20, ReadVertexY),
     POLYLINE_FIELDS::Field(91, &POLYLINE::m_nVertexId),
     POLYLINE_FIELDS::Field(40, &POLYLINE::m_nStartWidth),
     POLYLINE_FIELDS::Field(41, &POLYLINE::m_nEndWidth),
@@ -127,11 +114,24 @@ bool CDxfRead::ReadENTITIES_ELLIPSE(CDxfStream& stream, DXF_ENTITY_LIST& list)
                       L"ReadENTITIES_ELLIPSE Failed to read integer from '%s', Line:%d");
 }
 
+// A vertex is made by its 20: a 10 alone adds none, and a 20 alone repeats the x of the vertex before.
 bool CDxfRead::ReadENTITIES_LWPOLYLINE(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
-    pendingVertexX = 0.0;
-    const bool ended = ReadEntity(*this, stream, list, kPolylineFields,
-                                  L"ReadENTITIES_LWPOLYLINE Failed to read integer from '%s', Line:%d");
-    static_cast<POLYLINE*>(list.back())->m_vertices.Shrink(store);
-    return ended;
+    POLYLINE* const polyline = NewEntity<POLYLINE>(*this, list);
+    DXF_POINT2D pending;
+    const auto other = [&](std::int32_t code, std::string_view value) {
+        if (code == 10) {
+            pending.x = ParseLineReal(value);
+        } else if (code == 20) {
+            pending.y = ParseLineReal(value);
+            polyline->m_vertices.Add(store, pending);
+        } else {
+            ReadENTITIES_COMMON(code, value, *polyline, stream);
+        }
+    };
+    const DXF_END end =
+        ReadFields(stream, *polyline, kPolylineFields,
+                   L"ReadENTITIES_LWPOLYLINE Failed to read integer from '%s', Line:%d", other);
+    polyline->m_vertices.Shrink(store);
+    return end == DXF_END_ZERO;
 }

@@ -3,14 +3,22 @@
 
 #include "reader/ReadFields.h"
 
-// Makes a record, puts it into the list at once and reads its pairs: codes of its table into their fields,
+// Makes a record and puts it into the list at once: whatever happens to its fields, it is kept.
+template <class Record>
+Record* NewEntity(CDxfRead& reader, DXF_ENTITY_LIST& list)
+{
+    Record* const record = reader.store.New<Record>();
+    list.Add(reader.store, record);
+    return record;
+}
+
+// Makes a record and reads its pairs: codes of its table into their fields,
 // all others as codes that entities share. True when the entity ended at a "0".
 template <class Record, std::size_t count>
 bool ReadEntity(CDxfRead& reader, CDxfStream& stream, DXF_ENTITY_LIST& list,
                 const CDxfFieldTable<Record, count>& table, const wchar_t* message)
 {
-    Record* const record = reader.store.New<Record>();
-    list.Add(reader.store, record);
+    Record* const record = NewEntity<Record>(reader, list);
     const auto other = [&](std::int32_t code, std::string_view value) {
         reader.ReadENTITIES_COMMON(code, value, *record, stream);
     };

@@ -38,8 +38,8 @@ extern "C" {
 typedef void* QlmNode;
 
 /* A straight line from (x1, y1) to (x2, y2). The two trailing numbers are always 0. */
-QUILLMARLIB_API QlmNode qlmCreateLine(QlmNode context, const wchar_t* id, float x1, float y1, float x2, float y2,
-                                      float zero1, float zero2);
+QUILLMARLIB_API QlmNode qlmCreateLine(QlmNode context, const wchar_t* id, float x1, float y1, float x2,
+                                      float y2, float zero1, float zero2);
 
 /* A path; data is in SVG path syntax. */
 QUILLMARLIB_API QlmNode qlmCreatePath(QlmNode context, const wchar_t* id, const wchar_t* data, float zero1,
@@ -54,17 +54,18 @@ QUILLMARLIB_API QlmNode qlmCreateEllipse(QlmNode context, const wchar_t* id, flo
                                          float centerX, float centerY, float zero1, float zero2);
 
 /* An open polyline; points holds "x,y" pairs with single blanks between them, and may be empty. */
-QUILLMARLIB_API QlmNode qlmCreatePolyline(QlmNode context, const wchar_t* id, const wchar_t* points, float zero1,
-                                          float zero2);
+QUILLMARLIB_API QlmNode qlmCreatePolyline(QlmNode context, const wchar_t* id, const wchar_t* points,
+                                          float zero1, float zero2);
 
 /* A closed polygon; points as for a polyline. */
-QUILLMARLIB_API QlmNode qlmCreatePolygon(QlmNode context, const wchar_t* id, const wchar_t* points, float zero1,
-                                         float zero2);
+QUILLMARLIB_API QlmNode qlmCreatePolygon(QlmNode context, const wchar_t* id, const wchar_t* points,
+                                         float zero1, float zero2);
 
 /* A text. Its position is the sum of both pairs: TEXT and MTEXT fill the first pair, dimension texts the
  * second, and the other pair is 0. The two numbers before the text are always 0. */
-QUILLMARLIB_API QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float firstX, float firstY, float zero1,
-                                      float zero2, const wchar_t* text, float secondX, float secondY);
+QUILLMARLIB_API QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float firstX, float firstY,
+                                      float zero1, float zero2, const wchar_t* text, float secondX,
+                                      float secondY);
 
 /* A use of the symbol called name, which may be defined later or never; kind is always "hmi". The position
  * stands last, the two leading numbers are always 0. */
@@ -89,8 +90,8 @@ QUILLMARLIB_API void qlmSetAttributeByNode(QlmNode context, QlmNode node, const 
 
 /* Reports a problem of the file. The source is always "DXF", the boolean false and extra 0. The result is
  * handed back to the reader, which ignores it. */
-QUILLMARLIB_API int qlmSetLastError(int code, const wchar_t* source, int kind, const wchar_t* message, bool unused,
-                                    intptr_t extra);
+QUILLMARLIB_API int qlmSetLastError(int code, const wchar_t* source, int kind, const wchar_t* message,
+                                    bool unused, intptr_t extra);
 
 #ifdef __cplusplus
 }

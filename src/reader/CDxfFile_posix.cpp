@@ -5,11 +5,24 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-CDxfFile::CDxfFile(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC))
+namespace {
+
+// Files and pipes: a directory cannot be read, and a device may have no end.
+bool IsReadable(int file)
 {
     struct stat status;
-    if (m_file >= 0 && (fstat(static_cast<int>(m_file), &status) != 0 || S_ISDIR(status.st_mode))) {
-        close(static_cast<int>(m_file));
+    return fstat(file, &status) == 0 &&
+           (S_ISREG(status.st_mode) || S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
+}
+
+} // namespace
+
+// Opened without waiting: a pipe that nobody writes to is empty and keeps no host waiting. Reading waits.
+CDxfFile::CDxfFile(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+{
+    const int file = static_cast<int>(m_file);
+    if (file >= 0 && (!IsReadable(file) || fcntl(file, F_SETFL, 0) != 0)) {
+        close(file);
         m_file = -1;
     }
 }

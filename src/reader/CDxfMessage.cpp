@@ -34,7 +34,8 @@ void CDxfMessage::Append(const CDxfMessageArgument& argument)
     wchar_t wide[CDxfStream::kLongestLine];
     switch (argument.m_kind) {
     case CDxfMessageArgument::KIND::Narrow:
-        for (const wchar_t character : std::wstring_view(wide, ToWide(argument.m_narrow, wide)))
+        for (const wchar_t character :
+             std::wstring_view(wide, ToWide(argument.m_narrow.substr(0, CDxfStream::kLongestLine), wide)))
             Append(character);
         break;
     case CDxfMessageArgument::KIND::Wide:

@@ -208,9 +208,6 @@ public:
     // Where everything that is read is kept.
     CDxfStore store;
 
-    // The x of the last vertex that the LWPOLYLINE reader has met.
-    double pendingVertexX = 0.0;
-
 private:
     void ReadSections(CDxfStream& stream);
     void ReadSection(CDxfStream& stream, std::string_view name);
@@ -221,6 +218,7 @@ private:
     void ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block);
     void ReportTrouble(CDxfStream& stream);
     void ReportMemory();
+    bool ReadBehindTable(CDxfStream& stream, bool hadEntries);
     DXF_TABLES_COMMON* NewTableEntry(DXF_TABLES_HEADER& table, std::string_view typeName);
     int ReadTableEntry(DXF_TABLES_COMMON& entry, CDxfStream& stream);
     void IndexTables();

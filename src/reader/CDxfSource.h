@@ -36,7 +36,7 @@ private:
 };
 
 // A file, open for reading and shared with other readers and writers. It is not open when the path names a
-// directory or nothing that can be read.
+// directory, a device or nothing that can be read.
 class CDxfFile final : public CDxfSource {
 public:
     // path is in the system's ANSI code page, zero-terminated.

@@ -59,8 +59,12 @@ void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
     char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
     m_end = storage + size;
-    // A small drawing gets by with a small chunk, a large one soon gets chunks of the preferred size.
-    m_nextChunkSize = m_nextChunkSize == kFirstChunk ? 2 * kOwnChunk : kPreferredChunk;
+    // A small drawing gets by with a small chunk; a large one soon gets large ones, because the system sets
+    // up to kPreferredChunk of addresses aside to align each.
+    if (m_nextChunkSize < kPreferredChunk)
+        m_nextChunkSize = m_nextChunkSize == kFirstChunk ? 2 * kOwnChunk : kPreferredChunk;
+    else
+        m_nextChunkSize = std::min(m_nextChunkSize * 2, 16 * kPreferredChunk);
     return storage;
 }
 
@@ -83,11 +87,13 @@ void* CDxfStore::Resize(void* block, std::size_t oldSize, std::size_t newSize)
     return larger;
 }
 
-void CDxfStore::Shrink(void* block, std::size_t oldSize, std::size_t newSize)
+bool CDxfStore::Shrink(void* block, std::size_t oldSize, std::size_t newSize)
 {
-    if (block != nullptr && static_cast<char*>(block) + Round(oldSize) == m_next &&
-        Round(oldSize) < kOwnChunk)
-        m_next = static_cast<char*>(block) + Round(newSize);
+    const std::size_t oldRounded = Round(oldSize);
+    if (block == nullptr || oldRounded >= kOwnChunk || static_cast<char*>(block) + oldRounded != m_next)
+        return false;
+    m_next = static_cast<char*>(block) + Round(newSize);
+    return true;
 }
 
 wchar_t* CDxfStore::AllocateText(std::size_t length)

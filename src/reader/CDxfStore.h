@@ -34,13 +34,15 @@ public:
     // place, where nothing has been allocated since; a block may be null with a size of 0.
     void* Resize(void* block, std::size_t oldSize, std::size_t newSize);
 
-    // Gives back the end of a block, where nothing has been allocated since.
-    void Shrink(void* block, std::size_t oldSize, std::size_t newSize);
+    // Gives back the end of a block; false, with the block as it was, when something has been allocated
+    // since.
+    bool Shrink(void* block, std::size_t oldSize, std::size_t newSize);
 
     // A record with its default values.
     template <class Record>
     Record* New()
     {
+        static_assert(alignof(Record) <= kAlignment);
         return ::new (Allocate(sizeof(Record))) Record();
     }
 

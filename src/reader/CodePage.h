@@ -11,5 +11,5 @@
 std::size_t ToWide(std::string_view narrow, wchar_t* wide);
 
 // The narrow form of a path, zero-terminated, as the system's file functions take it. What has no equivalent
-// is replaced, so that the file is not found.
+// is replaced, as the system replaces it.
 std::string ToNarrowPath(const wchar_t* path);

@@ -35,8 +35,8 @@ public:
     // Gives back the room behind the last value, where nothing has been made in the store since.
     void Shrink(CDxfStore& store)
     {
-        store.Shrink(m_values, m_capacity * sizeof(Value), m_size * sizeof(Value));
-        m_capacity = m_size;
+        if (store.Shrink(m_values, m_capacity * sizeof(Value), m_size * sizeof(Value)))
+            m_capacity = m_size;
     }
 
 private:

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 // What a table entry is; the gaps in the numbers are kept.
-enum DXF_TABLES_KIND : std::int32_t {
+enum DXF_TABLES_KIND : std::uint32_t {
     DXF_TABLES_KIND_NONE = 0,
     DXF_TABLES_KIND_BLOCK_RECORD = 2,
     DXF_TABLES_KIND_LAYER = 4,

@@ -35,5 +35,6 @@ std::string_view Trim(std::string_view text)
     const char* end = begin + text.size();
     while (end != begin && IsBlank(end[-1]))
         --end;
-    return {SkipBlanks(begin, end), static_cast<std::size_t>(end - SkipBlanks(begin, end))};
+    begin = SkipBlanks(begin, end);
+    return {begin, static_cast<std::size_t>(end - begin)};
 }

@@ -104,33 +104,36 @@ constexpr std::array<std::string_view, 6> kTablesWithoutRecords = {"APPID", "DIM
 
 void CDxfRead::ReadTABLES(CDxfStream& stream)
 {
-    for (;;) { // a table a round
+    bool isTable = true;
+    while (isTable) {
         DXF_TABLES_HEADER* const table = store.New<DXF_TABLES_HEADER>();
         tables.Add(store, table);
         if (ReadFields(stream, *table, kTableFields, L"ReadTABLES() Failed to read integer from '%s' Line:%d",
                        kIgnore) != DXF_END_ZERO)
             return;
-
         const std::string_view typeName = ReadTrimmed(stream);
-        bool atZero;
-        if (typeName == "ENDTAB") {
-            atZero = ReadTrimmed(stream) == "0";
-        } else {
+        const bool hasEntries = typeName != "ENDTAB";
+        if (hasEntries)
             ReaTABLES_COMMON(*table, stream, typeName);
-            if (ReadTrimmed(stream) != "0")
-                return;
-            atZero = true;
-        }
-        if (atZero) {
-            const std::string_view next = ReadTrimmed(stream);
-            if (next == "TABLE")
-                continue;
-            if (next == "ENDSEC")
-                return;
-        }
-        ReadLine(stream);
-        return;
+        isTable = ReadBehindTable(stream, hasEntries);
     }
+}
+
+// Reads what follows an "ENDTAB"; true when it is "0", "TABLE". A line that is out of step takes one more
+// with it, but for the one in place of the "0" behind a table with entries.
+bool CDxfRead::ReadBehindTable(CDxfStream& stream, bool hadEntries)
+{
+    if (ReadTrimmed(stream) == "0") {
+        const std::string_view next = ReadTrimmed(stream);
+        if (next == "TABLE")
+            return true;
+        if (next == "ENDSEC")
+            return false;
+    } else if (hadEntries) {
+        return false;
+    }
+    ReadLine(stream);
+    return false;
 }
 
 bool CDxfRead::ReaTABLES_COMMON(DXF_TABLES_HEADER& table, CDxfStream& stream, std::string_view typeName)

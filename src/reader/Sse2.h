@@ -1,7 +1,7 @@
 // PLEXORN_SSE2 where the machine has the 16-byte instructions that every 64-bit x86 has.
 #pragma once
 
-#if defined(__SSE2__) || defined(_M_X64)
+#if defined(__x86_64__) || defined(_M_X64)
 #define PLEXORN_SSE2
 #include <emmintrin.h>
 #endif
