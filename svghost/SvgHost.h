@@ -37,7 +37,8 @@ typedef struct SvgHostStatistics {
     size_t duplicateSymbols; /* further symbols of a name that was there already; the first is referred to */
     size_t missingSymbols;   /* use elements whose symbol is never defined */
     size_t cyclicUses;       /* use elements left out because they would draw their own symbol again */
-    size_t unboundedUses;    /* use elements left out because the drawing would unfold without end */
+    size_t unboundedUses;    /* use elements left out because the drawing would unfold without end, or too far
+                                for a viewer to show it in reasonable time */
     size_t undrawableElements; /* elements left out because a number of theirs is infinite, not a number,
                                   beyond a 32-bit float, or missing where one must stand,
                                   or because their scale is 0 or multiplies up beyond reason */

@@ -261,7 +261,7 @@ void SvgWriter::writeUse(const Use& use)
     const double scaleX = use.number(AttributeId::ScaleX, 1);
     const double scaleY = use.number(AttributeId::ScaleY, 1);
     begin("use");
-    m_value = "#";
+    m_value.assign(1, '#');
     appendSymbolId(m_value, *use.target, 1);
     set("xlink:href", m_value);
     m_value.clear();

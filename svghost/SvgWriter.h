@@ -48,8 +48,8 @@ private:
     {
         m_out.addAttribute(m_element, attribute, value);
     }
-    // Sets the attribute to texts and numbers put together. Numbers come from us: pugixml's depend on the
-    // locale and are not the shortest.
+    // Appends texts and numbers to m_value. The numbers are not left to pugixml: what it makes of them depends
+    // on the locale and is not the shortest.
     template <class... Parts>
     void appendParts(const Parts&... parts);
     template <class... Parts>
