@@ -48,8 +48,8 @@ private:
     {
         m_out.addAttribute(m_element, attribute, value);
     }
-    // Appends texts and numbers to m_value. The numbers are not left to pugixml: what it makes of them depends
-    // on the locale and is not the shortest.
+    // Appends texts and numbers to m_value. The numbers are not left to pugixml: what it makes of them
+    // depends on the locale and is not the shortest.
     template <class... Parts>
     void appendParts(const Parts&... parts);
     template <class... Parts>
