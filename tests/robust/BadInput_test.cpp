@@ -61,7 +61,10 @@ TEST(BadInput, PathOfManyCharactersIsNotOpened)
 // Two halves of a pair in the wrong order: no code page has an equivalent.
 TEST(BadInput, PathThatHasNoNarrowFormIsNotOpened)
 {
-    EXPECT_EQ(TraceOfPath({L'a', static_cast<wchar_t>(0xDC00), static_cast<wchar_t>(0xD800)}), kNotOpened);
+    std::wstring path = L"a";
+    path += static_cast<wchar_t>(0xDC00);
+    path += static_cast<wchar_t>(0xD800);
+    EXPECT_EQ(TraceOfPath(path), kNotOpened);
 }
 
 TEST(BadInput, EmptyFileGivesNothing)

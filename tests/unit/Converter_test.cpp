@@ -16,7 +16,7 @@ const char* const kGatedEntities = "0\nLINE\n11\n1\n0\nARC\n40\n1\n0\nCIRCLE\n40
                                    "0\nDIMENSION\n100\nAcDbDimension\n100\nAcDbAlignedDimension\n13\n1\n"
                                    "0\nDIMENSION\n100\nAcDbDimension\n100\nAcDbRadialDimension\n15\n1\n";
 
-const char* const kBlock = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nC\n0\nLINE\n11\n1\n0\nENDBLK\n0\nENDSEC\n";
+const std::string kBlock = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nC\n0\nLINE\n11\n1\n0\nENDBLK\n0\nENDSEC\n";
 
 const std::string kPolyline = "0\nLWPOLYLINE\n10\n1\n20\n2\n";
 
@@ -154,7 +154,7 @@ TEST(Converter, DrawsPlainBlocksThenBlocksWithInsertsThenEntities)
 TEST(Converter, OfAFileOfBlocksAloneCreatesSymbolsAlone)
 {
     EXPECT_EQ(
-        CallsIn(TraceOf(std::string(kBlock) + "0\nEOF\n")),
+        CallsIn(TraceOf(kBlock + "0\nEOF\n")),
         "qlmSetCurrentSvgNode\nqlmCreateSymbol\nqlmSetCurrentSvgNode\nqlmCreateLine\nqlmSetCurrentSvgNode\n");
 }
 
