@@ -22,6 +22,10 @@ struct DXF_STYLE_TEXTS {
 // in two places the texts are made twice, and are the same.
 class CDxfStyleTexts {
 public:
+    CDxfStyleTexts() = default;
+    CDxfStyleTexts(const CDxfStyleTexts&) = delete;
+    CDxfStyleTexts& operator=(const CDxfStyleTexts&) = delete;
+
     // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws.
     template <class Make>
     const DXF_STYLE_TEXTS& Find(const DXF_GRAPHIC_BASE& entity, const Make& make)

@@ -40,7 +40,7 @@ void CDxfReadToQuillmar::OnArc(DXF_GRAPHIC_ARC& arc)
     center = Transform(center.x, center.y);
     const double drawnRadius = Distance(start, center);
     const wchar_t* const flags = ArcFlags(span >= 180, !IsFlipped());
-    const auto data = FormatArcPath(start, drawnRadius, drawnRadius, flags, end);
+    const CDxfArcPath data(start, drawnRadius, drawnRadius, flags, end);
     const QlmNode node = qlmCreatePath(parentNode, L"", data.c_str(), 0.0f, 0.0f);
     SetAttribute(node, L"stroke-width", L"1"); // meant: the style sets it again
     SetStyle(node, arc);

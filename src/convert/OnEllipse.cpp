@@ -63,8 +63,8 @@ void CDxfReadToQuillmar::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
                                 0.0f, 0.0f);
         SetAttribute(node, L"fill-opacity", L"0");
     } else {
-        const auto data = FormatArcPath(PointOfEllipse(center, a, b, start), a, b,
-                                        ArcFlags(isLarge, !IsFlipped()), PointOfEllipse(center, a, b, end));
+        const CDxfArcPath data(PointOfEllipse(center, a, b, start), a, b, ArcFlags(isLarge, !IsFlipped()),
+                               PointOfEllipse(center, a, b, end));
         node = qlmCreatePath(parentNode, L"", data.c_str(), 0.0f, 0.0f);
     }
     SetNumber(node, L"center-x", center.x);

@@ -62,7 +62,8 @@ const DXF_STYLE_TEXTS& CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE&
         CDxfText<sizeof("RGB(255,255,255)")> rgb;
         rgb.Add(L"RGB(").AddInteger(part(color, 0)).Add(L",").AddInteger(part(color, 8)).Add(L",");
         rgb.AddInteger(part(color, 16)).Add(L")");
-        const CDxfNumberText width = CDxfNumberText().AddFixed6(GetStrokeWidth(unknown));
+        CDxfNumberText width;
+        width.AddFixed6(GetStrokeWidth(unknown));
         return DXF_STYLE_TEXTS{store.Keep(std::wstring_view(width.c_str())),
                                store.Keep(std::wstring_view(rgb.c_str())), GetDashArray(unknown)};
     });

@@ -15,8 +15,8 @@ double DirectionInDegrees(const DXF_POINT2D& from, const DXF_POINT2D& to)
     return Direction(from, to) * 180 / kPi;
 }
 
-// The foot of the extension line of p1 on the dimension line through d, which is parallel to no axis in the
-// general case: where the line through d across (d, p2) meets the line through p1 along it.
+// Where the extension line of p1 ends: on the dimension line, which runs through d at right angles to the
+// extension line from p2 to d. Both extension lines have the slope m, the dimension line has k.
 DXF_POINT2D FootPoint(const DXF_POINT2D& d, const DXF_POINT2D& p1, const DXF_POINT2D& p2)
 {
     if (d.y == p2.y)
@@ -48,8 +48,9 @@ void CDxfDimensionDrawing::Draw(const DXF_GRAPHIC_DIMENSION& record)
 {
     const DIMENSION* dimension = nullptr; // the first
     const ALIGNED* aligned = nullptr;     // the last
-    for (const DXF_GRAPHIC_DIMENSION_BASE* const& part : record.m_parts) {
-        const bool isLast = &part == &record.m_parts.back();
+    for (std::size_t i = 0; i < record.m_parts.size(); ++i) {
+        const DXF_GRAPHIC_DIMENSION_BASE* const part = record.m_parts[i];
+        const bool isLast = i + 1 == record.m_parts.size();
         switch (part->m_nPartKind) {
         case DXF_DIMENSION_PART_DIMENSION:
             if (dimension == nullptr)
@@ -119,7 +120,7 @@ void CDxfDimensionDrawing::DrawLinear(const DIMENSION& dimension, const DXF_POIN
     DrawLine(p2, d, ARROWS::None);
     DrawLine(p1, q, ARROWS::None);
     DrawLine(d, q, ARROWS::Both);
-    DrawValue(dimension, GeneralValue(dimension, Distance(d, q)), DirectionInDegrees(q, d));
+    DrawGeneralValue(dimension, Distance(d, q), DirectionInDegrees(q, d));
 }
 
 void CDxfDimensionDrawing::DrawRadial(const DIMENSION& dimension, const CHORD& radial)
@@ -129,7 +130,7 @@ void CDxfDimensionDrawing::DrawRadial(const DIMENSION& dimension, const CHORD& r
     const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
     const CDxfGroup group(m_parentNode);
     DrawLine(d, h, ARROWS::End);
-    DrawValue(dimension, GeneralValue(dimension, 2 * Distance(middle, d)), DirectionInDegrees(h, d));
+    DrawGeneralValue(dimension, 2 * Distance(middle, d), DirectionInDegrees(h, d));
 }
 
 // Meant to show half the distance between its points.
@@ -140,7 +141,7 @@ void CDxfDimensionDrawing::DrawDiametric(const DIMENSION& dimension, const CHORD
     const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
     const CDxfGroup group(m_parentNode);
     DrawLine(d, h, ARROWS::Both);
-    DrawValue(dimension, GeneralValue(dimension, Distance(middle, d)), DirectionInDegrees(h, d));
+    DrawGeneralValue(dimension, Distance(middle, d), DirectionInDegrees(h, d));
 }
 
 void CDxfDimensionDrawing::DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, ARROWS arrows,
@@ -177,9 +178,11 @@ const wchar_t* CDxfDimensionDrawing::UnitOf(const DIMENSION& dimension)
     return dimension.m_nDimType == 2 ? L"\u02DA" : L"";
 }
 
-CDxfDimensionDrawing::VALUE_TEXT CDxfDimensionDrawing::GeneralValue(const DIMENSION& dimension, double value)
+void CDxfDimensionDrawing::DrawGeneralValue(const DIMENSION& dimension, double value, double degrees)
 {
-    return VALUE_TEXT().AddGeneral(value).Add(UnitOf(dimension));
+    VALUE_TEXT text;
+    text.AddGeneral(value).Add(UnitOf(dimension));
+    DrawValue(dimension, text, degrees);
 }
 
 // Shows the value, or the dimension's own text with every "<>" replaced by the value.

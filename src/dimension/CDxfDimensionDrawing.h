@@ -54,7 +54,7 @@ private:
                   const wchar_t* color = nullptr);
     void DrawMark(const DXF_POINT2D& center, const wchar_t* color);
     void DrawValue(const DIMENSION& dimension, const VALUE_TEXT& value, double degrees);
-    static VALUE_TEXT GeneralValue(const DIMENSION& dimension, double value);
+    void DrawGeneralValue(const DIMENSION& dimension, double value, double degrees);
     static const wchar_t* UnitOf(const DIMENSION& dimension);
 
     void LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer);

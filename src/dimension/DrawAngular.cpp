@@ -108,7 +108,7 @@ void CDxfDimensionDrawing::DrawAngular(const DIMENSION& dimension, const ANGULAR
 
     const CDxfGroup group(m_parentNode);
     const wchar_t* const flags = ArcFlags(false, m_yAxisMode == kFlippedYAxisMode);
-    const auto data = FormatArcPath(start, radius, radius, flags, end);
+    const CDxfArcPath data(start, radius, radius, flags, end);
     const QlmNode path = qlmCreatePath(m_parentNode, L"", data.c_str(), 0.0f, 0.0f);
     SetAttribute(path, L"stroke-width", m_strokeWidth.c_str());
 

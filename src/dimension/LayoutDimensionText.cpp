@@ -61,7 +61,6 @@ void CDxfDimensionDrawing::LayoutDimensionText(std::wstring text, float x, float
 void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer)
 {
     TEXT_RUN nested = outer;
-    nested.height = kFirstHeight;
     for (TEXT_RUN* run = &outer; !text.empty(); run = &nested) {
         if (run == &nested)
             nested.height = kFirstHeight;

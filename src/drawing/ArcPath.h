@@ -13,12 +13,13 @@ inline const wchar_t* ArcFlags(bool isLarge, bool sweeps)
 }
 
 // "M %f,%f A %f,%f, 0 %s %f,%f": the x-axis rotation is always 0.
-inline auto FormatArcPath(const DXF_POINT2D& start, double radiusX, double radiusY, const wchar_t* flags,
-                          const DXF_POINT2D& end)
-{
-    CDxfText<6 * kLongestNumber + sizeof("M , A ,, 0 1,1 ,")> data;
-    data.Add(L"M ").AddFixed6(start.x).Add(L",").AddFixed6(start.y);
-    data.Add(L" A ").AddFixed6(radiusX).Add(L",").AddFixed6(radiusY).Add(L", 0 ").Add(flags);
-    data.Add(L" ").AddFixed6(end.x).Add(L",").AddFixed6(end.y);
-    return data;
-}
+class CDxfArcPath : public CDxfText<6 * kLongestNumber + sizeof("M , A ,, 0 1,1 ,")> {
+public:
+    CDxfArcPath(const DXF_POINT2D& start, double radiusX, double radiusY, const wchar_t* flags,
+                const DXF_POINT2D& end)
+    {
+        Add(L"M ").AddFixed6(start.x).Add(L",").AddFixed6(start.y);
+        Add(L" A ").AddFixed6(radiusX).Add(L",").AddFixed6(radiusY).Add(L", 0 ").Add(flags);
+        Add(L" ").AddFixed6(end.x).Add(L",").AddFixed6(end.y);
+    }
+};

@@ -3,6 +3,7 @@
 
 #include "reader/Numbers.h"
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 
@@ -11,6 +12,8 @@ template <std::size_t capacity>
 class CDxfText {
 public:
     CDxfText() { Terminate(); }
+    CDxfText(const CDxfText&) = delete;
+    CDxfText& operator=(const CDxfText&) = delete;
 
     const wchar_t* c_str() const { return m_text; }
 
@@ -34,6 +37,7 @@ private:
     }
     CDxfText& Terminate()
     {
+        assert(m_length <= capacity);
         m_text[m_length] = L'\0';
         return *this;
     }

@@ -61,8 +61,8 @@ QUILLMARLIB_API QlmNode qlmCreatePolyline(QlmNode context, const wchar_t* id, co
 QUILLMARLIB_API QlmNode qlmCreatePolygon(QlmNode context, const wchar_t* id, const wchar_t* points,
                                          float zero1, float zero2);
 
-/* A text. Its position is the sum of both pairs: TEXT and MTEXT fill the first pair, dimension texts the
- * second, and the other pair is 0. The two numbers before the text are always 0. */
+/* A text. TEXT and MTEXT entities have their position in the first pair, dimension texts in the second,
+ * and the other pair is 0. The two numbers before the text are always 0. */
 QUILLMARLIB_API QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float firstX, float firstY,
                                       float zero1, float zero2, const wchar_t* text, float secondX,
                                       float secondY);
