@@ -5,10 +5,11 @@
 #include "reader/DXF_STRING.h"
 #include "reader/Hash.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <vector>
 
 // The values of the three style attributes.
 struct DXF_STYLE_TEXTS {
@@ -20,32 +21,35 @@ struct DXF_STYLE_TEXTS {
 // Remembers the texts of every combination of what an entity's style depends on. A drawing has few of them,
 // and the reader keeps equal names once, so names are compared by their place; where the same name stands
 // in two places the texts are made twice, and are the same.
+//
+// Open addressing, at most half filled: a look costs one cache miss, where a map of the standard library
+// costs three and took a twentieth of an import.
 class CDxfStyleTexts {
 public:
-    CDxfStyleTexts() = default;
-    CDxfStyleTexts(const CDxfStyleTexts&) = delete;
-    CDxfStyleTexts& operator=(const CDxfStyleTexts&) = delete;
-
-    // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws.
+    // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws,
+    // and std::bad_alloc.
     template <class Make>
-    const DXF_STYLE_TEXTS& Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
+    DXF_STYLE_TEXTS Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
     {
+        if (m_count * 2 >= m_slots.size())
+            Grow();
         const KEY key = KeyOf(entity);
-        RECENT& recent = m_recent[PlaceOf(key)];
-        if (recent.texts == nullptr || recent.key != key) {
-            auto found = m_texts.find(key);
-            if (found == m_texts.end())
-                found = m_texts.emplace(key, make(entity)).first;
-            recent = {key, &found->second}; // references into the map stay valid
+        SLOT& slot = Slot(key);
+        if (!slot.isFilled) {
+            slot.texts = make(entity);
+            slot.key = key;
+            slot.isFilled = true;
+            ++m_count;
         }
-        return *recent.texts;
+        return slot.texts;
     }
 
 private:
     using KEY = std::array<std::uint64_t, 4>;
-    struct HASH {
-        std::uint64_t key;
-        std::size_t operator()(const KEY& value) const { return HashBytes(value.data(), sizeof(value), key); }
+    struct SLOT {
+        KEY key;
+        DXF_STYLE_TEXTS texts;
+        bool isFilled = false;
     };
 
     static KEY KeyOf(const DXF_GRAPHIC_BASE& entity)
@@ -58,17 +62,26 @@ private:
                 pack(entity.m_nColor, entity.m_nLineWeight), pack(0, entity.m_nTrueColor)};
     }
 
-    // In front of the map: most entities have one of a few styles, and the map costs three cache misses.
-    struct RECENT {
-        KEY key;
-        const DXF_STYLE_TEXTS* texts = nullptr;
-    };
-    static std::size_t PlaceOf(const KEY& key)
+    SLOT& Slot(const KEY& key)
     {
-        return static_cast<std::size_t>((key[0] ^ key[1] * 3 ^ key[2] * 5 ^ key[3]) * 0x9E3779B97F4A7C15u >>
-                                        56);
+        const std::size_t mask = m_slots.size() - 1;
+        std::size_t place = HashBytes(key.data(), sizeof(key), m_hashKey) & mask;
+        while (m_slots[place].isFilled && m_slots[place].key != key)
+            place = (place + 1) & mask;
+        return m_slots[place];
     }
 
-    std::unordered_map<KEY, DXF_STYLE_TEXTS, HASH> m_texts{0, HASH{HashKey(this)}};
-    std::array<RECENT, 256> m_recent{};
+    void Grow()
+    {
+        std::vector<SLOT> old(std::max<std::size_t>(m_slots.size() * 2, 64));
+        old.swap(m_slots);
+        m_hashKey = HashKey(m_slots.data());
+        for (const SLOT& slot : old)
+            if (slot.isFilled)
+                Slot(slot.key) = slot;
+    }
+
+    std::vector<SLOT> m_slots;
+    std::size_t m_count = 0;
+    std::uint64_t m_hashKey = 0;
 };

@@ -52,7 +52,7 @@ DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
     return text;
 }
 
-const DXF_STYLE_TEXTS& CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE& entity)
+DXF_STYLE_TEXTS CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE& entity)
 {
     return m_styleTexts.Find(entity, [this](const DXF_GRAPHIC_BASE& unknown) {
         const auto part = [](std::uint32_t color, int shift) {
@@ -71,7 +71,7 @@ const DXF_STYLE_TEXTS& CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE&
 
 void CDxfReadToQuillmar::SetStyle(QlmNode node, const DXF_GRAPHIC_BASE& entity)
 {
-    const DXF_STYLE_TEXTS& texts = GetStyleTexts(entity);
+    const DXF_STYLE_TEXTS texts = GetStyleTexts(entity);
     SetAttribute(node, L"stroke-width", texts.width.c_str());
     SetAttribute(node, L"stroke", texts.color.c_str());
     SetAttribute(node, L"stroke-dasharray", texts.dashes.c_str());

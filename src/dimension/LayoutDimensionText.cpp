@@ -2,6 +2,7 @@
 #include "dimension/CDxfDimensionDrawing.h"
 
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
@@ -17,9 +18,8 @@ bool IsDigit(wchar_t character)
 double LengthInUtf16(std::wstring_view text)
 {
     std::size_t length = text.size();
-    if constexpr (sizeof(wchar_t) > 2)
-        for (const wchar_t character : text)
-            length += character > 0xFFFF ? 1 : 0;
+    for (const std::int64_t character : text)
+        length += character > 0xFFFF ? 1 : 0; // only where a wide character has more than 16 bits
     return static_cast<double>(length);
 }
 
