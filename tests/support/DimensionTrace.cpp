@@ -22,7 +22,7 @@ DimensionTrace& DimensionTrace::Add(std::string_view name, std::string_view valu
 
 DimensionTrace& DimensionTrace::Create(std::string_view operation, std::string_view arguments)
 {
-    m_node = "n" + std::to_string(m_next++);
+    m_node = 'n' + std::to_string(m_next++);
     m_trace.append(operation)
         .append("(ctx, \"\"")
         .append(arguments)

@@ -54,7 +54,7 @@ FieldTexts Points(std::initializer_list<std::string_view> names)
     FieldTexts fields;
     for (const std::string_view name : names)
         for (const char axis : {'X', 'Y', 'Z'})
-            fields["m_d" + std::string(name) + axis] = "0";
+            fields.emplace(std::string("m_d").append(name) + axis, "0");
     return fields;
 }
 

@@ -35,7 +35,7 @@ std::string Pieces(std::initializer_list<PIECE> pieces, std::string_view rotatio
     std::string trace;
     int count = 0;
     for (const PIECE& piece : pieces) {
-        const std::string node = "n" + std::to_string(++count);
+        const std::string node = std::string("n").append(std::to_string(++count));
         trace.append("qlmCreateText(ctx, \"\", 0, 0, 0, 0, \"").append(piece.text).append("\", ");
         trace.append(piece.position).append(") = ").append(node).append("\n");
         trace += Attribute(node, "font-size", piece.size) + Attribute(node, "text-anchor", "middle") +

@@ -91,7 +91,7 @@ TEST(DimensionValue, OverrideHoldsTheValueInPlaceOfItsMark)
 {
     EXPECT_EQ(Shown({"1", "R<>"}), OneText("R2.5"));
     for (const KIND& kind : kKinds)
-        EXPECT_EQ(TextsOfKind(kind, {"1", "R<>"}), "R" + std::string(kind.value)) << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {"1", "R<>"}), std::string("R").append(kind.value)) << kind.name;
 }
 
 TEST(DimensionValue, OverrideWithoutAMarkIsShownAsItStands)
