@@ -124,6 +124,7 @@ TEST(Arc, IsLargeFrom180DegreesOn)
 {
     EXPECT_EQ(Flags("0", "180"), "1,0");
     EXPECT_EQ(Flags("0", "179.999"), "0,0");
+    EXPECT_EQ(Flags("0", "179.99999995"), "0,0");
     EXPECT_EQ(Flags("10", "350"), "1,0");
     EXPECT_EQ(Flags("0", "360"), "1,0");
     EXPECT_EQ(Flags("45", "45"), "0,0");
@@ -188,6 +189,19 @@ TEST(Arc, LeavesInfiniteAnglesAsTheyAreAndReturns)
 TEST(Arc, NormalizesItsAnglesWhenNothingMayBeDrawn)
 {
     EXPECT_EQ(Normalized(-90, 450, false), std::make_pair(270.0, 90.0));
+    EXPECT_EQ(RecordingHost::OfThread().Trace(), "");
+}
+
+TEST(Arc, NormalizesItsAnglesWithoutAContextNode)
+{
+    RecordingHost::OfThread().Reset();
+    CDxfReadToQuillmar converter(nullptr);
+    DXF_GRAPHIC_ARC arc;
+    arc.m_dStartAngle = -90;
+    arc.m_dEndAngle = 450;
+    converter.OnArc(arc);
+    EXPECT_EQ(arc.m_dStartAngle, 270);
+    EXPECT_EQ(arc.m_dEndAngle, 90);
     EXPECT_EQ(RecordingHost::OfThread().Trace(), "");
 }
 

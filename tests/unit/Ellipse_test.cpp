@@ -158,6 +158,13 @@ TEST(Ellipse, IsLargeOnlyWhereItsStartAngleIsAboveItsEndAngle)
     EXPECT_EQ(Flags("4.5", "4"), "1,0");
 }
 
+TEST(Ellipse, OfExactlyHalfATurnAcrossTheEndOfTheRangeIsLarge)
+{
+    EXPECT_EQ(Flags(kPi, "0"), "1,0");
+    EXPECT_EQ(Flags("3.1415926535", "0"), "1,0");
+    EXPECT_EQ(Flags(kPi, "-1e-9"), "0,0");
+}
+
 // The difference that is tested is the wrong way round: no arc without a wrap is ever large.
 TEST(Ellipse, FromAngleMinus3To3IsNotLarge)
 {

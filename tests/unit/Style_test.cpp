@@ -361,3 +361,24 @@ TEST(StyleTexts, AreNotMixedUpBetweenEntities)
     std::reverse(styles.begin(), styles.end());
     EXPECT_EQ(stylesOf(TraceOf(Drawing(tables, backwards))), styles);
 }
+
+// The styles are kept in a table: colours that follow each other fall into slots side by side.
+TEST(StyleTexts, OfManyTrueColorsAreEachTheirOwn)
+{
+    constexpr int kColors = 2000;
+    std::string lines;
+    std::vector<std::string> expected, strokes;
+    for (int round = 0; round < 2; ++round)
+        for (int color = 1; color <= kColors; ++color) {
+            lines += Line({"420", std::to_string(color)});
+            expected.push_back("RGB(" + std::to_string(color % 256) + "," + std::to_string(color / 256) +
+                               ",0)");
+        }
+    const std::string trace = TraceOf(Drawing("", lines));
+    const std::string name = "\"stroke\", \"";
+    for (std::size_t at = trace.find(name); at != std::string::npos; at = trace.find(name, at + 1)) {
+        const std::size_t value = at + name.size();
+        strokes.push_back(trace.substr(value, trace.find('"', value) - value));
+    }
+    EXPECT_EQ(strokes, expected);
+}
