@@ -21,9 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The kind of the one report after which nothing was read.
-constexpr int KindNotOpened = 1;
-
 using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
 
 int Refuse(const std::string& file, const std::string& reason, ExitCode code)
@@ -63,12 +60,6 @@ bool IsSameFile(const fs::path& a, const fs::path& b)
     return fs::equivalent(a, b, ignored);
 }
 
-bool CouldNotOpen(const SvgHostDocument* document)
-{
-    SvgHostError error = {};
-    return svgHostGetError(document, 0, &error) && error.kind == KindNotOpened;
-}
-
 bool WriteToFile(void* user, const char* bytes, size_t size)
 {
     return static_cast<COutputFile*>(user)->Write(bytes, size);
@@ -96,12 +87,10 @@ int Draw(const Options& options, const fs::path& input)
     Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
+    CMessages messages(document.get(), options.input, options.quiet);
     dxfFileOpen(modulePath.Name().c_str(), svgHostBeginImport(document.get()));
-
-    bool isUnread = CouldNotOpen(document.get());
-    if (!options.quiet || isUnread)
-        PrintMessages(document.get(), options.input);
-    if (isUnread)
+    messages.Flush();
+    if (messages.IsUnread())
         return ExitFile;
     SvgHostStatistics statistics = {};
     if (!svgHostGetStatistics(document.get(), &statistics))
@@ -110,8 +99,7 @@ int Draw(const Options& options, const fs::path& input)
         return Refuse(options.output, "cannot be written: " + reason, ExitFile);
     if (!options.quiet) {
         auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-        size_t messages = svgHostErrorCount(document.get());
-        PrintError(options.input, Summary(statistics, messages, time, options.output));
+        PrintError(options.input, Summary(statistics, messages.Count(), time, options.output));
     }
     return ExitDrawn;
 }

@@ -3,10 +3,14 @@
 #include "utf8.h"
 
 #include <cstdio>
+#include <new>
 
 namespace plexorn {
 
 namespace {
+
+// The kind of the report after which nothing was read.
+constexpr int KindNotOpened = 1;
 
 // Drawings with a million messages occur; one write for each would take longer than the drawing.
 constexpr size_t FlushSize = 1 << 16;
@@ -56,17 +60,39 @@ std::string_view LineOfMessage(std::string_view message)
     return message.ends_with(inParentheses ? " (" : "Line:") ? digits : std::string_view();
 }
 
-void PrintMessages(const SvgHostDocument* document, std::string_view file)
+CMessages::CMessages(SvgHostDocument* document, std::string_view file, bool isQuiet)
+    : m_strFile(Printable(file)), m_bQuiet(isQuiet)
 {
-    std::string name = Printable(file);
-    std::string out;
-    SvgHostError error = {};
-    for (size_t i = 0; svgHostGetError(document, i, &error); ++i) {
-        AppendMessage(out, name, error);
-        if (out.size() >= FlushSize)
-            Print(out);
+    svgHostOnError(document, Receive, this);
+}
+
+// It is called from within the host, which no exception may cross.
+void CMessages::Receive(void* self, const SvgHostError* error) noexcept
+{
+    auto* messages = static_cast<CMessages*>(self);
+    try {
+        messages->Add(*error);
+    } catch (...) {
+        messages->m_bShortOfMemory = true;
     }
-    Print(out);
+}
+
+void CMessages::Add(const SvgHostError& error)
+{
+    ++m_nCount;
+    m_bUnread = m_bUnread || error.kind == KindNotOpened;
+    if (m_bQuiet && error.kind != KindNotOpened)
+        return;
+    AppendMessage(m_strOut, m_strFile, error);
+    if (m_strOut.size() >= FlushSize)
+        Print(m_strOut);
+}
+
+void CMessages::Flush()
+{
+    Print(m_strOut);
+    if (m_bShortOfMemory)
+        throw std::bad_alloc();
 }
 
 void PrintError(std::string_view file, std::string_view text)
@@ -78,7 +104,8 @@ void PrintError(std::string_view file, std::string_view text)
 std::string Summary(const SvgHostStatistics& statistics, size_t messages, std::chrono::milliseconds time,
                     std::string_view output)
 {
-    std::string out = Count(statistics.elements, "element", "elements");
+    size_t leftOut = statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
+    std::string out = Count(statistics.elements - leftOut, "element", "elements");
     out.append(" drawn to ").append(Printable(output));
     out.append(", ").append(Count(messages, "message", "messages"));
     out.append(", ").append(std::to_string(time.count())).append(" ms");
@@ -89,6 +116,11 @@ std::string Summary(const SvgHostStatistics& statistics, size_t messages, std::c
                   "inserts left out (their blocks insert themselves)");
     AppendFinding(out, statistics.unboundedUses, "insert left out (the drawing would unfold without end)",
                   "inserts left out (the drawing would unfold without end)");
+    AppendFinding(out, statistics.undrawableElements,
+                  "element could not be drawn (a number of its place or size cannot be used)",
+                  "elements could not be drawn (numbers of their place or size cannot be used)");
+    AppendFinding(out, statistics.longDashPatterns, "element drawn solid (its dash pattern is too long)",
+                  "elements drawn solid (their dash patterns are too long)");
     return out;
 }
 

@@ -31,10 +31,11 @@ private:
 };
 
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
-// exists.
+// exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,
+// when there is one.
 std::FILE* OpenForReading(const std::filesystem::path& path);
 std::FILE* OpenForAppending(const std::filesystem::path& path);
-std::FILE* CreateNew(const std::filesystem::path& path);
+std::FILE* CreateNew(const std::filesystem::path& path, const std::filesystem::path& model);
 
 // Brings what was written and flushed to the disk; false with errno set when that fails.
 bool SyncToDisk(std::FILE* file);

@@ -3,11 +3,24 @@
 #include "utf8.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace plexorn {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+// Not every file system keeps owners or modes, and few users may give files away: the picture counts for
+// more.
+void CopyAccess(int descriptor, const struct stat& model)
+{
+    [[maybe_unused]] int isOwnerKept = fchown(descriptor, model.st_uid, model.st_gid);
+    [[maybe_unused]] int isModeKept = fchmod(descriptor, model.st_mode & 0777);
+}
+
+} // namespace
 
 fs::path PathFromArgument(const std::string& argument)
 {
@@ -44,9 +57,14 @@ std::FILE* OpenForAppending(const fs::path& path)
     return path == "/dev/stdout" ? fdopen(dup(STDOUT_FILENO), "ab") : std::fopen(path.c_str(), "ab");
 }
 
-std::FILE* CreateNew(const fs::path& path)
+std::FILE* CreateNew(const fs::path& path, const fs::path& model)
 {
-    int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    struct stat old = {};
+    bool hasModel = stat(model.c_str(), &old) == 0;
+    // Nobody else gets at it before it has the mode that it shall have.
+    int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
+    if (descriptor >= 0 && hasModel)
+        CopyAccess(descriptor, old);
     return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
 }
 

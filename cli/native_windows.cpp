@@ -93,7 +93,7 @@ std::FILE* OpenForAppending(const fs::path& path)
     return Open(path, _O_WRONLY | _O_APPEND, L"ab");
 }
 
-std::FILE* CreateNew(const fs::path& path)
+std::FILE* CreateNew(const fs::path& path, const fs::path&)
 {
     return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL, L"wb");
 }

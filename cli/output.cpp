@@ -13,12 +13,22 @@ namespace {
 
 constexpr int TemporaryNames = 100;
 
-// Where the bytes end up when path may be a symbolic link.
-fs::path ResolveLinks(const fs::path& path)
+// How many links a system follows before it takes them for a circle.
+constexpr int MostLinks = 40;
+
+// Where the bytes end up when path may be a symbolic link, to a file that is not there yet too; empty when
+// the links lead nowhere.
+fs::path FollowLinks(fs::path path)
 {
     std::error_code error;
-    fs::path resolved = fs::weakly_canonical(path, error);
-    return error ? path : resolved;
+    for (int i = 0; i <= MostLinks; ++i) {
+        if (!fs::is_symlink(fs::symlink_status(path, error)))
+            return path;
+        path = path.parent_path() / fs::read_symlink(path, error);
+        if (error)
+            break;
+    }
+    return {};
 }
 
 // Devices and pipes cannot be replaced by a file, and what a process has open must not be.
@@ -43,8 +53,11 @@ COutputFile::COutputFile(const fs::path& target)
         if (!m_pFile)
             Fail(errno);
     } else {
-        m_target = ResolveLinks(target);
-        OpenTemporary();
+        m_target = FollowLinks(target);
+        if (m_target.empty())
+            Fail(ELOOP);
+        else
+            OpenTemporary();
     }
 }
 
@@ -59,10 +72,12 @@ COutputFile::~COutputFile()
 
 void COutputFile::OpenTemporary()
 {
+    // Not when the target is written directly: a pipe can keep its writer waiting.
+    m_guard.emplace();
+    std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
     for (int i = 0; i < TemporaryNames; ++i) {
-        std::string name = ".plexorn-" + std::to_string(ProcessNumber()) + "-" + std::to_string(i) + ".tmp";
-        fs::path path = m_target.parent_path() / name;
-        m_pFile = CreateNew(path);
+        fs::path path = m_target.parent_path() / std::string(start).append(std::to_string(i)).append(".tmp");
+        m_pFile = CreateNew(path, m_target);
         if (m_pFile) {
             m_temporary = path;
             return;
@@ -85,6 +100,8 @@ bool COutputFile::Write(const char* bytes, size_t size)
     errno = 0;
     if (!m_pFile || !m_strError.empty())
         return false;
+    if (IsInterrupted())
+        return Fail(EINTR);
     return std::fwrite(bytes, 1, size, m_pFile) == size || Fail(errno);
 }
 
@@ -104,6 +121,8 @@ bool COutputFile::Commit()
         return false;
     if (m_temporary.empty())
         return true;
+    if (IsInterrupted())
+        return Fail(EINTR);
     std::error_code error;
     fs::rename(m_temporary, m_target, error);
     if (error) {

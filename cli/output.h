@@ -2,17 +2,21 @@
 #ifndef PLEXORN_CLI_OUTPUT_H
 #define PLEXORN_CLI_OUTPUT_H
 
+#include "interrupt.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace plexorn {
 
 // A file that is written under a temporary name in the target's folder and takes the target's name when it is
 // complete: whoever reads the target sees the old file or the new one. A symbolic link stays, its target
-// is replaced; a device, a pipe or the standard output (/dev/stdout) is written to directly. Destroyed
-// without Commit, it leaves no trace.
+// is replaced or made; a device, a pipe or the standard output (/dev/stdout) is written to directly. Who may
+// read and write an older file may do so with the new one. Destroyed without Commit, it leaves no trace,
+// also when the process is told to end: that fails a write, and happens when this object is gone.
 class COutputFile {
 public:
     // Opens the file; Error tells when that failed.
@@ -33,8 +37,11 @@ public:
 private:
     void OpenTemporary();
     bool Fail(int error);
+    bool IsInterrupted() const { return m_guard && m_guard->IsInterrupted(); }
     bool Close();
 
+    // Destroyed last, when the temporary file is removed.
+    std::optional<CInterruptGuard> m_guard;
     std::filesystem::path m_target;
     std::filesystem::path m_temporary; // empty: the target itself is written
     std::FILE* m_pFile = nullptr;

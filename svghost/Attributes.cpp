@@ -113,9 +113,17 @@ bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width)
     return parseNumber(text.data(), width, out) && width >= 0;
 }
 
+std::wstring_view dashArrayText(const wchar_t* text)
+{
+    std::size_t size = 0;
+    while (size <= kLongestDashArray && text[size] != L'\0')
+        ++size;
+    return {text, size};
+}
+
 // The values stay as they are given. Renderers differ on a pattern of zeros only, and a negative length is an
 // error in SVG.
-bool resolveDashArray(std::wstring_view text, std::string& out)
+bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
 {
     std::string numbers;
     double sum = 0;
@@ -123,6 +131,7 @@ bool resolveDashArray(std::wstring_view text, std::string& out)
         double length = 0;
         if (!scanNumber(at, length, numbers) || length < 0)
             return false;
+        dotted = dotted || length == 0;
         sum += length;
         at += std::wcsspn(at, L" ,");
     }

@@ -6,9 +6,9 @@
 #include "svghost/Node.h"
 
 #include <deque>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace svghost {
 
@@ -21,7 +21,13 @@ struct Value {
     std::string_view text; // in UTF-8
     double number = 0;     // of a stroke width
     bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
+    bool tooLong = false;  // a dash pattern beyond kLongestDashArray, dropped too
+    bool dotted = false;   // a dash pattern that holds a length of 0
 };
+
+// The characters of the longest dash pattern that is written, some fifty lengths. Every element repeats its
+// pattern: without a limit one pattern and the elements that have it multiply.
+constexpr std::size_t kLongestDashArray = 512;
 
 // The texts that one attribute was set to. Index 0 stands for an attribute that is not set; a text that is
 // set again gets the index that it had.
@@ -29,9 +35,8 @@ class ValueTable {
 public:
     // resolve(text, value) is called for a new text; it fills the value's text and number.
     template <class Resolve>
-    std::uint32_t indexOf(const wchar_t* text, Arena& arena, Resolve resolve)
+    std::uint32_t indexOf(std::wstring_view source, Arena& arena, Resolve resolve)
     {
-        const std::wstring_view source(text);
         if (m_last != 0 && m_values[m_last].source == source)
             return m_last;
         const auto known = m_indices.find(source);
@@ -54,14 +59,19 @@ private:
     }
 
     std::deque<Value> m_values{Value()};
-    std::unordered_map<std::wstring_view, std::uint32_t> m_indices;
+    // Ordered: a drawing can choose texts that all meet in one place of a hash table.
+    std::map<std::wstring_view, std::uint32_t> m_indices;
     std::uint32_t m_last = 0;
 };
+
+// The text, or as much of it as tells that it is a pattern beyond kLongestDashArray: what a pattern costs has
+// a bound then, however many elements come with the same one.
+std::wstring_view dashArrayText(const wchar_t* text);
 
 // Each appends the attribute's text for SVG to out; false when it is not to be written.
 bool resolveStroke(std::wstring_view text, std::string& out);
 bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
-bool resolveDashArray(std::wstring_view text, std::string& out);
+bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
 bool resolveTextAnchor(std::wstring_view text, std::string& out);
 
 } // namespace svghost

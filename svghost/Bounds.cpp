@@ -93,6 +93,9 @@ Box geometryBounds(const Node& node)
 
 bool isDrawable(const Node& node)
 {
+    // A container is written with neither geometry nor transform.
+    if (isContainer(node))
+        return true;
     if (node.malformed || (node.extra && !hasDrawableTransform(node)))
         return false;
     switch (node.kind) {

@@ -10,7 +10,8 @@ namespace svghost {
 // The size of a text that has none, as SVG gives it.
 constexpr double kDefaultFontSize = 16;
 
-// True when all numbers that the element's geometry and transform are written with are drawable.
+// True when all numbers that the element's geometry and transform are written with are drawable. Containers
+// are written with none, whatever attributes they have.
 bool isDrawable(const Node& node);
 
 // The box round the element in the space of its container, strokes and arrow heads included; for a use, from

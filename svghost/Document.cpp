@@ -125,18 +125,19 @@ SymbolName* SvgHostDocument::symbolName(const wchar_t* name)
     return symbolsName;
 }
 
-std::uint32_t SvgHostDocument::indexOfValue(AttributeId id, const wchar_t* text)
+std::uint32_t SvgHostDocument::indexOfValue(AttributeId id, std::wstring_view text)
 {
     ValueTable& table = m_values[static_cast<std::size_t>(id)];
     return table.indexOf(text, arena, [&](std::wstring_view source, Value& value) {
         m_scratch.clear();
         bool good = true;
+        value.tooLong = id == AttributeId::DashArray && source.size() > kLongestDashArray;
         if (id == AttributeId::Stroke)
             good = resolveStroke(source, m_scratch);
         else if (id == AttributeId::StrokeWidth)
             good = resolveStrokeWidth(source, m_scratch, value.number);
         else if (id == AttributeId::DashArray)
-            good = resolveDashArray(source, m_scratch);
+            good = !value.tooLong && resolveDashArray(source, m_scratch, value.dotted);
         else if (id == AttributeId::TextAnchor)
             good = resolveTextAnchor(source, m_scratch);
         else
@@ -162,7 +163,7 @@ void SvgHostDocument::setOther(Node& node, std::wstring_view name, std::wstring_
 {
     if (!isAttributeNamePart(name))
         return;
-    m_scratch = "data-" + utf8Of(name);
+    m_scratch.assign("data-").append(utf8Of(name));
     ExtraAttribute** place = &node.extra;
     const auto isThis = [&](const ExtraAttribute& attribute) {
         return attribute.id == AttributeId::Other &&
@@ -188,7 +189,7 @@ void SvgHostDocument::setAttribute(Node& node, const wchar_t* name, const wchar_
     } else if (id == AttributeId::StrokeWidth) {
         node.strokeWidth = indexOfValue(id, text);
     } else if (id == AttributeId::DashArray) {
-        node.dashArray = indexOfValue(id, text);
+        node.dashArray = indexOfValue(id, dashArrayText(text));
     } else if (id == AttributeId::Other) {
         setOther(node, name, text);
     } else if (id < AttributeId::FontSize) {

@@ -9,9 +9,9 @@
 #include "svghost/Node.h"
 
 #include <array>
+#include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 // One document with all its nodes. Its functions throw std::bad_alloc when memory is short; the operations
@@ -52,13 +52,14 @@ struct SvgHostDocument {
     const svghost::Layout& layout();
 
 private:
-    std::uint32_t indexOfValue(svghost::AttributeId id, const wchar_t* text);
+    std::uint32_t indexOfValue(svghost::AttributeId id, std::wstring_view text);
     svghost::ExtraAttribute& extra(svghost::Node& node, svghost::AttributeId id);
     void setOther(svghost::Node& node, std::wstring_view name, std::wstring_view text);
     svghost::SymbolName* symbolName(const wchar_t* name);
 
     std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
-    std::unordered_map<std::wstring_view, svghost::SymbolName*> m_names;
+    // Ordered: a drawing can choose names that all meet in one place of a hash table.
+    std::map<std::wstring_view, svghost::SymbolName*> m_names;
     std::string m_scratch;
     svghost::Layout m_layout;
     bool m_laidOut = false;

@@ -35,6 +35,8 @@ private:
         if (node.leftOut)
             return;
         ++m_symbol.rendered;
+        m_layout.statistics.longDashPatterns +=
+            m_document.value(AttributeId::DashArray, node.dashArray).tooLong;
         if (node.kind == Kind::Group)
             m_hiddenGroups += node.hidden;
         else if (!node.hidden && m_hiddenGroups == 0)

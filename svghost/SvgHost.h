@@ -4,6 +4,12 @@
  * dxfFileOpen, read what was reported, write the SVG. Plain C; strings in and out of this header are UTF-8
  * unless they are wchar_t. Any number of documents can live at once; one document is used by one thread at
  * a time.
+ *
+ * Memory and the SVG's size grow in proportion to what the operations are given, and have no limit of their
+ * own: an element takes some 50 to 200 bytes of each, besides its texts, and a dash pattern at most 512 more.
+ * The drawing file may be far smaller: one dimension whose text falls into 510 pieces, with 2000 repeated
+ * parts that each draw it, makes a million text elements out of 49 KB, which is 93 MB of SVG. A host that
+ * must not take that much stops in its write function.
  */
 #ifndef SVGHOST_H
 #define SVGHOST_H
@@ -42,6 +48,8 @@ typedef struct SvgHostStatistics {
     size_t undrawableElements; /* elements left out because a number of theirs is infinite, not a number,
                                   beyond a 32-bit float, or missing where one must stand,
                                   or because their scale is 0 or multiplies up beyond reason */
+    size_t longDashPatterns; /* elements drawn solid because their dash pattern has more than 512 characters,
+                                some fifty lengths: each element repeats its pattern in the file */
 } SvgHostStatistics;
 
 /* A new, empty document, or NULL when memory is short. The caller destroys it. */

@@ -94,13 +94,12 @@ void SvgWriter::openRoot()
     m_out.open(m_element);
 }
 
-// The module fills nothing, while SVG would fill everything. Round ends let dots (dashes of length 0) show.
+// The module fills nothing, while SVG would fill everything.
 void SvgWriter::openDrawing()
 {
     begin("g");
     set("fill", "none");
     set("stroke", kDefaultColour);
-    set("stroke-linecap", "round");
     set("stroke-linejoin", "round");
     set("font-family", "sans-serif");
     m_out.open(m_element);
@@ -279,8 +278,19 @@ void SvgWriter::setStyle(const Node& node)
 {
     setValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
     setValue("stroke", AttributeId::Stroke, node.stroke);
-    setValue("stroke-dasharray", AttributeId::DashArray, node.dashArray);
+    setDashes(node.dashArray);
     setExtras(node);
+}
+
+// Round ends make dashes of length 0 seen, as dots. Other dashes do without: the ends would fill the gaps.
+void SvgWriter::setDashes(std::uint32_t index)
+{
+    const Value& dashes = m_document.value(AttributeId::DashArray, index);
+    if (index == 0 || dashes.dropped)
+        return;
+    set("stroke-dasharray", dashes.text);
+    if (dashes.dotted)
+        set("stroke-linecap", "round");
 }
 
 void SvgWriter::setValue(const char* name, AttributeId id, std::uint32_t index)

@@ -37,6 +37,7 @@ private:
 
     void setStyle(const Node& node);
     void setValue(const char* name, AttributeId id, std::uint32_t index);
+    void setDashes(std::uint32_t index);
     void setExtras(const Node& node);
     void setExtra(const Node& node, const ExtraAttribute& attribute);
     void setRotation(const Node& node, double centreX, double centreY);

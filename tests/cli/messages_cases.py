@@ -59,6 +59,26 @@ class Messages(CommandTest):
         _, (_, _, findings) = self.messages(content)
         self.assertEqual(findings, "; 1 insert left out (its block inserts itself)")
 
+    def test_elements_that_cannot_be_drawn_are_told_and_not_counted_as_drawn(self):
+        flat = ("0", "INSERT", "2", "NOWHERE", "41", "0.0")
+        _, (drawn, _, findings) = self.messages(entities(*flat, *LINE))
+        self.assertEqual(drawn, "1")
+        self.assertEqual(findings, "; 1 insert of a missing block; 1 element could not be drawn "
+                                   "(a number of its place or size cannot be used)")
+        _, (drawn, _, findings) = self.messages(entities(*("0", "ELLIPSE", "40", "0.5") * 2, *LINE))
+        self.assertEqual(drawn, "1")
+        self.assertEqual(findings, "; 2 elements could not be drawn (numbers of their place or size cannot be used)")
+
+    def test_a_pattern_of_thousands_of_dashes_makes_no_big_picture(self):
+        count = 4000
+        pattern = ("0", "TABLE", "2", "LTYPE", "0", "LTYPE", "100", "AcDbSymbolTableRecord", "100",
+                   "AcDbLinetypeTableRecord", "2", "P", *("49", "1") * count, "0", "ENDTAB", "0", "ENDSEC")
+        content = dxf("0", "SECTION", "2", "TABLES", *pattern) + entities(*("0", "LINE", "6", "P") * count)
+        _, (drawn, _, findings) = self.messages(content)
+        self.assertEqual(drawn, str(count))
+        self.assertEqual(findings, f"; {count} elements drawn solid (their dash patterns are too long)")
+        self.assertLess(len(self.read("plan.svg")), 1_000_000)
+
     def test_a_hundred_thousand_messages(self):
         count = 100_000
         self.write("plan.dxf", entities(*("0", "SOLID") * count))

@@ -5,9 +5,10 @@ import shutil
 import signal
 import stat
 import subprocess
+import time
 
 import command_support
-from command_support import NOBODY, CommandTest, DRAWING, DRAWING_WITH_MESSAGE
+from command_support import LINE, NOBODY, CommandTest, DRAWING, DRAWING_WITH_MESSAGE, entities
 
 
 class Permissions(CommandTest):
@@ -45,6 +46,28 @@ class Permissions(CommandTest):
         self.write("plan.dxf")
         self.expect(0, "plan.dxf", umask=0o022, **self.options)
         self.assertEqual(stat.S_IMODE(os.stat(self.path("plan.svg")).st_mode), 0o644)
+
+    def test_a_private_picture_stays_private(self):
+        self.write("plan.dxf")
+        for mode in (0o600, 0o640, 0o666):
+            self.write("plan.svg", b"old")
+            os.chmod(self.path("plan.svg"), mode)
+            os.chown(self.path("plan.svg"), *([NOBODY, NOBODY] if self.options else [-1, -1]))
+            self.expect(0, "plan.dxf", umask=0o022, **self.options)
+            self.assertIn("</svg>", self.read("plan.svg"))
+            self.assertEqual(stat.S_IMODE(os.stat(self.path("plan.svg")).st_mode), mode)
+
+    def test_a_picture_that_root_draws_anew_keeps_its_owner(self):
+        if not self.options:
+            self.skipTest("only root can give files away")
+        self.write("plan.dxf")
+        self.write("plan.svg", b"old")
+        os.chmod(self.path("plan.svg"), 0o600)
+        os.chown(self.path("plan.svg"), NOBODY, NOBODY)
+        self.expect(0, "plan.dxf")
+        self.assertIn("</svg>", self.read("plan.svg"))
+        status = os.stat(self.path("plan.svg"))
+        self.assertEqual((status.st_uid, status.st_gid, stat.S_IMODE(status.st_mode)), (NOBODY, NOBODY, 0o600))
 
 
 class SpecialFiles(CommandTest):
@@ -89,6 +112,24 @@ class SpecialFiles(CommandTest):
         self.assertTrue(os.path.islink(self.path("plan.svg")))
         self.assertIn("</svg>", self.read("far/picture.svg"))
         self.assertEqual(os.listdir(self.path("far")), ["picture.svg"])
+
+    def test_a_link_to_a_picture_that_is_not_there_yet_stays_a_link(self):
+        self.write("plan.dxf")
+        os.mkdir(self.path("far"))
+        os.symlink("far/second", self.path("plan.svg"))
+        os.symlink(self.path("far/picture.svg"), self.path("far/second"))
+        self.expect(0, "plan.dxf")
+        self.assertTrue(os.path.islink(self.path("plan.svg")))
+        self.assertTrue(os.path.islink(self.path("far/second")))
+        self.assertIn("</svg>", self.read("far/picture.svg"))
+        self.assertEqual(sorted(os.listdir(self.path("far"))), ["picture.svg", "second"])
+
+    def test_an_output_that_is_a_link_to_itself(self):
+        self.write("plan.dxf")
+        os.symlink("plan.svg", self.path("plan.svg"))
+        self.assertEqual(self.expect(3, "-q", "plan.dxf"),
+                         "plan.svg: cannot be written: Too many levels of symbolic links\n")
+        self.assertTrue(os.path.islink(self.path("plan.svg")))
 
     def test_the_drawing_under_another_name_is_not_overwritten(self):
         self.write("plan.dxf")
@@ -136,6 +177,64 @@ class NoHalfFile(CommandTest):
         self.write("plan.svg", b"old")
         self.expect(4, "plan.dxf")
         self.assertEqual(self.read("plan.svg"), "old")
+
+
+class Interruption(CommandTest):
+    COUNT = 200_000
+
+    def interrupted(self, number):
+        """Draws a big drawing and sends the signal while it is written; the exit code and whether it was caught."""
+        def default():
+            signal.signal(number, signal.SIG_DFL)
+        os.makedirs(self.path("out"), exist_ok=True)
+        with open(self.path("out/plan.svg"), "wb") as file:
+            file.write(b"old")
+        process = subprocess.Popen([command_support.COMMAND, "-q", "plan.dxf", "-o", "out/plan.svg"],
+                                   cwd=self.folder, preexec_fn=default)
+        while process.poll() is None and len(os.listdir(self.path("out"))) < 2:
+            time.sleep(0.001)
+        process.send_signal(number)
+        return process.wait(timeout=60)
+
+    def test_an_interruption_leaves_the_older_picture_alone(self):
+        self.write("plan.dxf", entities(*LINE * self.COUNT))
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(signal=number):
+                self.assertEqual(self.interrupted(number), -number)
+                self.assertEqual(os.listdir(self.path("out")), ["plan.svg"])
+                self.assertEqual(self.read("out/plan.svg"), "old")
+
+    def test_a_signal_that_is_ignored_stays_ignored(self):
+        self.write("plan.dxf", entities(*LINE * self.COUNT))
+        os.mkdir(self.path("out"))
+        process = subprocess.Popen([command_support.COMMAND, "-q", "plan.dxf", "-o", "out/plan.svg"],
+                                   cwd=self.folder, preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
+        while process.poll() is None and not os.listdir(self.path("out")):
+            time.sleep(0.001)
+        process.send_signal(signal.SIGHUP)
+        self.assertEqual(process.wait(timeout=60), 0)
+        self.assertEqual(os.listdir(self.path("out")), ["plan.svg"])
+
+
+class Memory(CommandTest):
+    def most_memory(self, *arguments):
+        """The largest number of kilobytes that the command held."""
+        # What a sanitizer keeps of freed memory is not the command's.
+        environment = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"}
+        process = subprocess.Popen([command_support.COMMAND, *arguments], cwd=self.folder, env=environment,
+                                   stderr=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(process.returncode, 0)
+        return usage.ru_maxrss
+
+    def test_messages_take_no_memory(self):
+        self.write("few.dxf", entities(*("0", "SOLID") * 10))
+        self.write("many.dxf", entities(*("0", "SOLID") * 500_000))
+        for quiet in ([], ["-q"]):
+            with self.subTest(quiet=quiet):
+                few, many = (self.most_memory(name, *quiet) for name in ("few.dxf", "many.dxf"))
+                self.assertLess(many - few, 8 * 1024)
 
 
 class Locales(CommandTest):

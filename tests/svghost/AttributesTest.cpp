@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 using namespace svghost_tests;
@@ -52,6 +53,57 @@ TEST(Attributes, DashArrayThatIsNoListOfLengthsIsLeftOut)
     EXPECT_EQ(written(L"stroke-dasharray", L"1,inf", "stroke-dasharray"), "(none)");
     EXPECT_EQ(written(L"stroke-dasharray", L"nan", "stroke-dasharray"), "(none)");
     EXPECT_EQ(written(L"stroke-dasharray", L"1,-1", "stroke-dasharray"), "(none)");
+}
+
+TEST(Attributes, OnlyPatternsWithDotsHaveRoundEnds)
+{
+    // At the usual width of 0.5 round ends fill a gap of 0.25 from both sides.
+    EXPECT_EQ(written(L"stroke-dasharray", L"0.500000,0.250000", "stroke-linecap"), "(none)");
+    EXPECT_EQ(written(L"stroke-dasharray", L"", "stroke-linecap"), "(none)");
+    EXPECT_EQ(written(L"stroke-dasharray", L"0.000000,0.000000", "stroke-linecap"), "(none)");
+    EXPECT_EQ(written(L"stroke-dasharray", L"0.500000,0.250000,0.000000,0.250000", "stroke-linecap"),
+              "round");
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    const ParsedSvg svg(document);
+    for (const pugi::xml_node node : {svg.root(), svg.drawing(), svg.first("line")})
+        EXPECT_FALSE(node.attribute("stroke-linecap"));
+}
+
+TEST(Attributes, LongestDashArrayIsWrittenAndALongerOneLeftOutAndCounted)
+{
+    std::wstring dashes = L"1.000000";
+    while (dashes.size() < 512)
+        dashes += L",1";
+    ASSERT_EQ(dashes.size(), 512u);
+    const HostDocument document;
+    document.set(document.line(0, 0, 1, 1), L"stroke-dasharray", dashes.c_str());
+    EXPECT_EQ(document.statistics().longDashPatterns, 0u);
+    dashes += L"0";
+    document.set(document.line(0, 0, 1, 1), L"stroke-dasharray", dashes.c_str());
+    dashes += L",2";
+    document.set(document.line(0, 0, 1, 1), L"stroke-dasharray", dashes.c_str());
+    EXPECT_EQ(document.statistics().longDashPatterns, 2u);
+    const ParsedSvg svg(document);
+    const pugi::xml_node line = svg.first("line");
+    EXPECT_EQ(std::string(line.attribute("stroke-dasharray").value()).size(), 512u);
+    EXPECT_FALSE(line.next_sibling().attribute("stroke-dasharray"));
+    EXPECT_FALSE(line.next_sibling().next_sibling().attribute("stroke-dasharray"));
+}
+
+TEST(Attributes, APatternOfAHundredThousandDashesCostsNoMoreThanAShortOne)
+{
+    std::wstring dashes = L"1.000000";
+    for (int i = 1; i < 100'000; ++i)
+        dashes += L",1.000000";
+    const HostDocument document;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 100'000; ++i)
+        document.set(document.line(0, 0, 1, 1), L"stroke-dasharray", dashes.c_str());
+    EXPECT_LT(document.write().size(), 10'000'000u);
+    // Reading the pattern through for each line would take a minute and more.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_EQ(document.statistics().longDashPatterns, 100'000u);
 }
 
 TEST(Attributes, StrokeWidthPassesInShortForm)

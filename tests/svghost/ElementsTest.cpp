@@ -201,6 +201,37 @@ TEST(Elements, HugeOnesAreWhole)
     EXPECT_TRUE(svg.first("line"));
 }
 
+TEST(Elements, GroupIsDrawnWhateverItsAttributes)
+{
+    for (const wchar_t* name : {L"rotate", L"center-x", L"scale-y"}) {
+        const HostDocument document;
+        const QlmNode group = document.group();
+        document.set(group, name, L"nan");
+        qlmSetCurrentSvgNode(document.context(), group);
+        document.set(document.line(0, 0, 10, 10), L"stroke-width", L"0");
+        qlmSetCurrentSvgNode(document.context(), nullptr);
+        document.set(document.line(20, 20, 100, 100), L"stroke-width", L"0");
+        const ParsedSvg svg(document);
+        EXPECT_TRUE(svg.first("g").child("line"));
+        EXPECT_TRUE(svg.first("line"));
+        expectTight(viewBoxOf(svg), 0, 0, 100, 100, 3);
+        EXPECT_EQ(document.statistics().undrawableElements, 0u);
+    }
+}
+
+TEST(Elements, HiddenGroupWithANumberThatIsNoneHidesNothingBehindIt)
+{
+    const HostDocument document;
+    const QlmNode group = document.group();
+    document.set(group, L"visibility", L"hidden");
+    document.set(group, L"rotate", L"inf");
+    qlmSetCurrentSvgNode(document.context(), group);
+    document.circle(500, 0, 0);
+    qlmSetCurrentSvgNode(document.context(), nullptr);
+    document.set(document.line(20, 20, 100, 100), L"stroke-width", L"0");
+    expectTight(viewBoxOf(ParsedSvg(document)), 20, 20, 100, 100, 3);
+}
+
 TEST(Elements, GroupsTooDeepForReadersAreRefused)
 {
     const HostDocument document;
