@@ -6,11 +6,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace {
 
 const char* const kNotOpened = "qlmSetLastError(0, \"DXF\", 1, \"Failed to load DXF file.\", false, 0)\n";
+
+constexpr int kEndOfFile = 0x1A; // the byte
+
+// Its message tells that the reader came as far.
+const char* const kUnknownSection = "0\nSECTION\n2\nX\n";
 
 std::string TraceOfPath(const std::wstring& path)
 {
@@ -79,20 +85,26 @@ TEST(BadInput, EveryByteValueGivesNothing)
 {
     std::string bytes;
     for (int value = 0; value < 256; ++value)
-        bytes += static_cast<char>(value);
+        if (value != kEndOfFile)
+            bytes += static_cast<char>(value);
     EXPECT_EQ(TraceOfFile(bytes), "");
     EXPECT_EQ(TraceOfFile(bytes + "\n" + bytes + "\r\n" + bytes), "");
+    EXPECT_EQ(TraceOfFile(bytes + "\n" + kUnknownSection), Message(2, "X - Unknown Section Name Line (6)"))
+        << "the file is read to its end";
 }
 
 TEST(BadInput, BinaryFormGivesNothingButLinesThatAreTooLong)
 {
     std::mt19937 random(1); // fixed: the same bytes each time
-    std::string bytes = "AutoCAD Binary DXF\r\n\x1A";
-    bytes[bytes.size() - 1] = '\x1B'; // 1A would end the file here
-    for (int i = 0; i < 200'000; ++i)
-        bytes += static_cast<char>(random() % 256 == 0x1A ? 0 : random() % 256);
-    const std::string trace = TraceOfFile(bytes);
-    EXPECT_EQ(Without("qlmSetLastError(0, \"DXF\", 10, ", trace), "");
+    std::string bytes = "Binary drawing\r\n";
+    for (int i = 0; i < 200'000; ++i) {
+        const auto value = random() % 256;
+        bytes += static_cast<char>(value == kEndOfFile ? 0 : value);
+    }
+    const std::string trace = TraceOfFile(bytes + "\n" + kUnknownSection);
+    const auto lines = std::count(bytes.begin(), bytes.end(), '\n') + 1;
+    EXPECT_EQ(Without("qlmSetLastError(0, \"DXF\", 10, ", trace),
+              Message(2, "X - Unknown Section Name Line (" + std::to_string(lines + 4) + ")"));
 }
 
 TEST(BadInput, OverlongLineIsCutAndReported)
@@ -185,15 +197,25 @@ TEST(BadInput, HugeAnglesEndAtOnce)
 
 TEST(BadInput, OfRandomPairsIsReadToItsEnd)
 {
-    const char* const values[] = {
-        "0",      "SECTION", "ENTITIES", "BLOCKS", "TABLES",    "TABLE",         "LAYER", "LTYPE", "ENDTAB",
-        "ENDSEC", "BLOCK",   "ENDBLK",   "LINE",   "DIMENSION", "AcDbDimension", "2",     "100",   "102",
-        "}",      "1000",    "DSTYLE",   "1002",   "-1e9",      "EOF",           ""};
+    const char* const values[] = {"0",      "SECTION", "ENTITIES", "BLOCKS",    "TABLES",
+                                  "TABLE",  "LAYER",   "LTYPE",    "ENDTAB",    "ENDSEC",
+                                  "BLOCK",  "ENDBLK",  "LINE",     "DIMENSION", "AcDbDimension",
+                                  "2",      "100",     "102",      "}",         "1000",
+                                  "DSTYLE", "1002",    "-1e9",     "",          "EOF"};
     std::mt19937 random(7);
-    for (int round = 0; round < 3000; ++round) {
+    for (unsigned round = 0; round < 3000; ++round) {
+        // In every other round nothing may end the reading but the end of the file.
+        const bool mayHoldEOF = round % 2 == 0;
+        const std::size_t count = std::size(values) - (mayHoldEOF ? 0 : 1);
         std::string drawing = "0\nSECTION\n2\n" + std::string(values[2 + random() % 3]) + "\n0\n";
         for (int i = 0; i < 40; ++i)
-            drawing += std::string(values[random() % std::size(values)]) + "\n";
+            drawing += std::string(values[random() % count]) + "\n";
+        ReportingReader reader;
+        reader.ReadText(drawing);
+        constexpr int kLines = 45; // of the drawing
+        // The empty line that tells the end is read at least, and by a few that do not look for it.
+        EXPECT_GE(reader.lineCount, mayHoldEOF ? 6 : kLines + 1) << drawing;
+        EXPECT_LE(reader.lineCount, kLines + 10) << drawing;
         const std::string trace = TraceOf(drawing);
         EXPECT_EQ(trace.find("\"DXF\", 12,"), std::string::npos) << drawing;
         EXPECT_EQ(RecordingHost::OfThread().currentNode, nullptr) << drawing;

@@ -139,12 +139,14 @@ INSTANTIATE_TEST_SUITE_P(OfEverything, Many, testing::ValuesIn(kMany),
 
 namespace {
 
-// 100,000 layers, the colour of each its number modulo 255 and 1.
+// The colours 1 to 6, which the layers take in turn.
+constexpr const char* kColors[] = {"255,0,0", "255,255,0", "0,255,0", "0,255,255", "0,0,255", "255,0,255"};
+
 std::string Layers(int count)
 {
     std::string layers = "0\nTABLE\n2\nLAYER\n";
     for (int i = 0; i < count; ++i)
-        layers += "0\nLAYER\n100\nM\n2\nLayer" + std::to_string(i) + "\n62\n" + std::to_string(i % 255 + 1) +
+        layers += "0\nLAYER\n100\nM\n2\nLayer" + std::to_string(i) + "\n62\n" + std::to_string(i % 6 + 1) +
                   "\n370\n" + std::to_string(i % 200 + 1) + "\n";
     return "0\nSECTION\n2\nTABLES\n" + layers + "0\nENDTAB\n0\nENDSEC\n";
 }
@@ -170,13 +172,7 @@ TEST(ManyLayers, EachLendsItsOwnStyle)
     };
     const int middle = kLayers / 2, last = kLayers - 1;
     const std::string dashes = "\"stroke-dasharray\", \"\"\n";
-    CDxfRead colors;
-    colors.InitColorTable();
-    const auto stroke = [&](int i) {
-        const std::uint32_t color = colors.GetPaletteColor(i % 255 + 1);
-        return "\"stroke\", \"RGB(" + std::to_string(color & 255) + "," + std::to_string(color >> 8 & 255) +
-               "," + std::to_string(color >> 16) + "\n";
-    };
+    const auto stroke = [](int i) { return "\"stroke\", \"RGB(" + std::string(kColors[i % 6]) + "\n"; };
     EXPECT_EQ(styles, width(0) + stroke(0) + dashes + width(4) + stroke(4) + dashes + width(middle) +
                           stroke(middle) + dashes + width(last) + stroke(last) + dashes +
                           "\"stroke-width\", \"0.500000\"\n\"stroke\", \"RGB(255,255,255\n" + dashes);

@@ -1,10 +1,13 @@
 // A file may end anywhere: each drawing of the trace folder, cut behind each of its bytes.
+#include "entities/DXF_BLOCKS_BLOCK.h"
 #include "support/Import.h"
 #include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <vector>
 
 namespace {
 
@@ -36,6 +39,51 @@ void ExpectSound(const std::string& trace)
     EXPECT_EQ(RecordingHost::OfThread().currentNode, nullptr);
 }
 
+// What a reader keeps of a drawing: tables with their entries, blocks with their entities, and entities. Each
+// list is in file order, and a table or a block is followed by what it holds.
+struct Kept {
+    std::vector<int> tables;
+    std::vector<int> blocks;
+    std::vector<int> entities;
+    std::int32_t lastLine = 0; // the largest line that a message tells
+};
+
+constexpr int kOwner = -1; // stands for a table or a block among the kinds of what they hold
+
+// The number that a message ends with.
+std::int32_t LineOf(const std::string& message)
+{
+    const std::size_t digits = message.find_last_not_of("0123456789", message.find_last_of("0123456789"));
+    return std::stoi(message.substr(digits + 1));
+}
+
+Kept KeptOf(const std::string& drawing)
+{
+    ReportingReader reader;
+    reader.ReadText(drawing);
+    Kept kept;
+    for (const DXF_TABLES_HEADER* const table : reader.tables) {
+        kept.tables.push_back(kOwner);
+        for (const DXF_TABLES_COMMON* const entry : table->m_entries)
+            kept.tables.push_back(entry->m_nTableKind);
+    }
+    for (const DXF_BLOCKS_BLOCK* const block : reader.blocks) {
+        kept.blocks.push_back(kOwner);
+        for (const DXF_GRAPHIC_BASE* const entity : block->m_entities)
+            kept.blocks.push_back(entity->m_nEntityType);
+    }
+    for (const DXF_GRAPHIC_BASE* const entity : reader.entities)
+        kept.entities.push_back(entity->m_nEntityType);
+    for (const std::string& message : reader.errors)
+        kept.lastLine = std::max(kept.lastLine, LineOf(message));
+    return kept;
+}
+
+bool IsPrefix(const std::vector<int>& of, const std::vector<int>& whole)
+{
+    return of.size() <= whole.size() && std::equal(of.begin(), of.end(), whole.begin());
+}
+
 class Prefix : public testing::TestWithParam<const char*> {};
 
 } // namespace
@@ -53,6 +101,25 @@ TEST_P(Prefix, OfAnyLengthIsReadAndDrawn)
             FAIL() << "cut behind byte " << size;
     }
     EXPECT_GT(traces.size(), drawing.size() / 20) << "a drawing grows with its file";
+}
+
+TEST_P(Prefix, KeepsTheFirstOfWhatTheWholeFileGives)
+{
+    const std::string drawing = Drawing(GetParam());
+    const Kept whole = KeptOf(drawing);
+    ASSERT_FALSE(whole.tables.empty() && whole.blocks.empty() && whole.entities.empty());
+    for (std::size_t size = 0; size <= drawing.size(); ++size) {
+        const std::string prefix = drawing.substr(0, size);
+        const Kept kept = KeptOf(prefix);
+        ASSERT_TRUE(IsPrefix(kept.tables, whole.tables)) << "cut behind byte " << size;
+        ASSERT_TRUE(IsPrefix(kept.blocks, whole.blocks)) << "cut behind byte " << size;
+        ASSERT_TRUE(IsPrefix(kept.entities, whole.entities)) << "cut behind byte " << size;
+        const auto lineFeeds = std::count(prefix.begin(), prefix.end(), '\n');
+        const auto lines = lineFeeds + (size != 0 && prefix.back() != '\n' ? 1 : 0);
+        // One line tells the end; two places read a further one without looking for it: the type name behind
+        // a section's name and the type name behind a table entry that was cut.
+        ASSERT_LE(kept.lastLine, lines + 2) << "cut behind byte " << size;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Drawings, Prefix,
