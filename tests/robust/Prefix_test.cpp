@@ -65,7 +65,7 @@ Kept KeptOf(const std::string& drawing)
     for (const DXF_TABLES_HEADER* const table : reader.tables) {
         kept.tables.push_back(kOwner);
         for (const DXF_TABLES_COMMON* const entry : table->m_entries)
-            kept.tables.push_back(entry->m_nTableKind);
+            kept.tables.push_back(static_cast<int>(entry->m_nTableKind));
     }
     for (const DXF_BLOCKS_BLOCK* const block : reader.blocks) {
         kept.blocks.push_back(kOwner);
