@@ -74,7 +74,7 @@ TEST(ImportEntry, FileThatIsNotThereIsReportedAndTheResultIsTrue)
 
 TEST(ImportEntry, EmptyPathIsReported)
 {
-    EXPECT_EQ(TraceOfFile(L""), kLoadFailure);
+    EXPECT_EQ(TraceOfFile(std::wstring()), kLoadFailure);
 }
 
 TEST(ImportEntry, FolderCannotBeOpened)

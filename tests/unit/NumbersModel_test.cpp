@@ -168,7 +168,7 @@ TEST(NumbersModel, RealsOfLinesAreReadAsByStrtod)
     std::mt19937_64 random(13);
     std::vector<std::string> texts;
     for (int round = 0; round < 100000; ++round)
-        texts.push_back(RandomText(random, "-", round % 2) + RandomDigits(random, random() % 12) +
+        texts.push_back(RandomText(random, "-", random() % 2) + RandomDigits(random, random() % 12) +
                         (random() % 8 == 0 ? "" : ".") + RandomDigits(random, random() % 22) +
                         RandomText(random, ".e- z", round % 16 == 0 ? 2 : 0));
     for (int round = 0; round < 100000; ++round)

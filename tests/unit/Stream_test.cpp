@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
 namespace {
 
 using Texts = std::vector<std::string>;
+using Sizes = std::initializer_list<std::size_t>;
 
 // Every line up to the one that meets the end of the file, each followed by a mark for what the stream says
 // about it: "<eof>", "<cut>", "<failed>".
@@ -151,7 +154,7 @@ TEST(Stream, NulOfAnEarlierReadEndsItsLineToo)
 
 TEST(Stream, LineOf1023BytesIsWholeAndLongerOnesAreCut)
 {
-    for (const std::size_t size : {1021, 1022, 1023, 1024, 1025, 1026}) {
+    for (const std::size_t size : Sizes{1021, 1022, 1023, 1024, 1025, 1026}) {
         const std::string cut = Repeat(std::min<std::size_t>(size, 1023)) + (size > 1023 ? "<cut>" : "");
         EXPECT_EQ(LinesOf(Repeat(size) + "\nnext\n"), (Texts{cut, "next", "<eof>"})) << size;
         EXPECT_EQ(LinesOf(Repeat(size) + "\r\nnext\n"), (Texts{cut, "next", "<eof>"})) << size;
@@ -162,8 +165,8 @@ TEST(Stream, LineOf1023BytesIsWholeAndLongerOnesAreCut)
 
 TEST(Stream, LongLinesAreCutAlikeWhateverAReadGives)
 {
-    for (const std::size_t most : {1, 2, 3, 63, 64, 65, 511, 1022, 1023, 1024, 1025, 1026, 2048})
-        for (const std::size_t size : {1022, 1023, 1024, 1025, 2047, 2048, 2049, 5000}) {
+    for (const std::size_t most : Sizes{1, 2, 3, 63, 64, 65, 511, 1022, 1023, 1024, 1025, 1026, 2048})
+        for (const std::size_t size : Sizes{1022, 1023, 1024, 1025, 2047, 2048, 2049, 5000}) {
             const std::string cut = Repeat(std::min<std::size_t>(size, 1023)) + (size > 1023 ? "<cut>" : "");
             const std::string lines = Repeat(size) + "\r\nnext\n" + Repeat(size) + "\nlast";
             ShortReads source(lines, most);
@@ -199,7 +202,7 @@ TEST(Stream, Byte1AInTheDroppedRestOfALineEndsTheFile)
 
 TEST(Stream, LineLongerThanAnyBufferIsCutAndTheNextIsWhole)
 {
-    for (const std::size_t size : {131071, 131072, 131073, 262143, 262144, 262145, 1000000})
+    for (const std::size_t size : Sizes{131071, 131072, 131073, 262143, 262144, 262145, 1000000})
         EXPECT_EQ(LinesOf("a\n" + Repeat(size) + "\nnext\n"),
                   (Texts{"a", Repeat(1023) + "<cut>", "next", "<eof>"}))
             << size;
