@@ -126,7 +126,7 @@ TEST(FailingMemoryItself, FailsTheAllocationThatItIsAskedTo)
     // By function calls: a new and its delete in one expression may be left out by a compiler.
     FailingMemory memory(2);
     ::operator delete(::operator new(1));
-    EXPECT_THROW(::operator new(2), std::bad_alloc);
+    EXPECT_THROW(static_cast<void>(::operator new(2)), std::bad_alloc);
     void* const live = ::operator new(3);
     EXPECT_EQ(memory.Live(), 1u);
     EXPECT_EQ(memory.Allocations(), 3u);
