@@ -19,8 +19,8 @@ std::string_view LineOfMessage(std::string_view message);
 // Nothing is kept of them but their number.
 class CMessages {
 public:
-    // Takes the reports of document; this object lives until nothing is imported into it any more. A quiet one
-    // counts them, and prints only that the file could not be opened.
+    // Takes the reports of document; this object lives until nothing is imported into it any more. A quiet
+    // one counts them, and prints only that the file could not be opened.
     CMessages(SvgHostDocument* document, std::string_view file, bool isQuiet);
     CMessages(const CMessages&) = delete;
     CMessages& operator=(const CMessages&) = delete;

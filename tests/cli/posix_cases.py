@@ -5,6 +5,7 @@ import shutil
 import signal
 import stat
 import subprocess
+import sys
 import time
 
 import command_support
@@ -221,12 +222,12 @@ class Memory(CommandTest):
         """The largest number of kilobytes that the command held."""
         # What a sanitizer keeps of freed memory is not the command's.
         environment = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"}
-        process = subprocess.Popen([command_support.COMMAND, *arguments], cwd=self.folder, env=environment,
-                                   stderr=subprocess.DEVNULL)
-        _, status, usage = os.wait4(process.pid, 0)
-        process.returncode = os.waitstatus_to_exitcode(status)
-        self.assertEqual(process.returncode, 0)
-        return usage.ru_maxrss
+        # A process begins with the memory of the one that starts it, which so is a small one.
+        starter = ("import resource, subprocess, sys\n"
+                   "subprocess.run(sys.argv[1:], stderr=subprocess.DEVNULL, check=True)\n"
+                   "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)")
+        return int(subprocess.run([sys.executable, "-c", starter, command_support.COMMAND, *arguments],
+                                  cwd=self.folder, env=environment, capture_output=True, check=True).stdout)
 
     def test_messages_take_no_memory(self):
         self.write("few.dxf", entities(*("0", "SOLID") * 10))
