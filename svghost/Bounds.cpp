@@ -58,7 +58,7 @@ Box textBounds(const SvgHostDocument& document, const Text& text)
     return box;
 }
 
-// What the outline reaches beyond the geometry, arrow heads included; joins and ends are round.
+// What the outline reaches beyond the geometry, arrow heads included; joins are round, ends at most.
 double outlineReach(const SvgHostDocument& document, const Node& node)
 {
     double width = 1;
