@@ -126,6 +126,7 @@ def measure(path, count):
 def rivals():
     """The programs that a user would pick instead, those that are installed: name, what it does, command."""
     candidates = []
+    display = ["xvfb-run", "-a"] if shutil.which("xvfb-run") else []  # both want one even for a conversion
     reader = os.path.join(RIVALS, "dxflib_read")
     if os.path.exists(reader):
         candidates.append(("dxflib", "reads", [reader, "{}"]))
@@ -142,11 +143,11 @@ def rivals():
             candidates.append(("ezdxf", "reads", ["/usr/bin/python3", "-c", "import ezdxf, sys; "
                                "assert len(ezdxf.readfile(sys.argv[1]).modelspace())", "{}"]))
     if shutil.which("librecad"):
-        candidates.append(("LibreCAD dxf2svg", "writes SVG", ["env", "QT_QPA_PLATFORM=offscreen", "librecad",
-                           "dxf2svg", "-o", os.path.join(DRAWINGS, "rival.svg"), "{}"]))
-    if shutil.which("inkscape"):
-        candidates.append(("Inkscape", "writes SVG", ["inkscape", "--export-type=svg", "--export-filename=" +
+        candidates.append(("LibreCAD dxf2svg", "writes SVG", display + ["librecad", "dxf2svg", "-o",
                            os.path.join(DRAWINGS, "rival.svg"), "{}"]))
+    if shutil.which("inkscape"):
+        candidates.append(("Inkscape", "writes SVG", display + ["inkscape", "--export-type=svg",
+                           "--export-filename=" + os.path.join(DRAWINGS, "rival.svg"), "{}"]))
     converter = os.path.join(RIVALS, "node_modules", "dxf", "lib", "cli.js")
     if os.path.exists(converter):
         candidates.append(("npm dxf", "writes SVG", ["node", "--max-old-space-size=16000", converter, "{}",
@@ -254,6 +255,7 @@ def main():
     parser.add_argument("--rounds", type=int, default=7, help="counted rounds (7)")
     parser.add_argument("--quick", action="store_true", help="mixed drawings of 1, 10 and 100 MB alone")
     parser.add_argument("--rivals", action="store_true", help="time the rivals that are installed too")
+    parser.add_argument("--rival-timeout", type=int, default=1800, help="seconds that a rival may take (1800)")
     parser.add_argument("--output", default=os.path.join(ROOT, "bench", "RESULTS.md"))
     arguments = parser.parse_args()
 
@@ -278,7 +280,7 @@ def main():
     rival_rows = []
     if arguments.rivals:
         print("rivals", flush=True)
-        rival_rows = measure_rivals(drawing("mixed", 100), 1800)
+        rival_rows = measure_rivals(drawing("mixed", 100), arguments.rival_timeout)
 
     note = os.path.join(ROOT, "bench", "NOTES.md")
     text = ["# Measured", "", "Written by `scripts/bench`; " + main.__doc__, ""]
