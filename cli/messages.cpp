@@ -114,8 +114,8 @@ std::string Summary(const SvgHostStatistics& statistics, size_t messages, std::c
     AppendFinding(out, statistics.missingSymbols, "insert of a missing block", "inserts of missing blocks");
     AppendFinding(out, statistics.cyclicUses, "insert left out (its block inserts itself)",
                   "inserts left out (their blocks insert themselves)");
-    AppendFinding(out, statistics.unboundedUses, "insert left out (the drawing would unfold without end)",
-                  "inserts left out (the drawing would unfold without end)");
+    AppendFinding(out, statistics.unboundedUses, "insert left out (the drawing would unfold too far)",
+                  "inserts left out (the drawing would unfold too far)");
     AppendFinding(out, statistics.undrawableElements,
                   "element could not be drawn (a number of its place or size cannot be used)",
                   "elements could not be drawn (numbers of their place or size cannot be used)");
