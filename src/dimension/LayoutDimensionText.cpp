@@ -61,9 +61,8 @@ void CDxfDimensionDrawing::LayoutDimensionText(std::wstring text, float x, float
 void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer)
 {
     TEXT_RUN nested = outer;
+    nested.height = kFirstHeight; // a code within would end the piece, so nothing changes it
     for (TEXT_RUN* run = &outer; !text.empty(); run = &nested) {
-        if (run == &nested)
-            nested.height = kFirstHeight;
         const std::size_t brace = text.find(L'{');
         if (text.front() == L'\\')
             return LayoutCode(text, x, y, *run);
