@@ -20,7 +20,7 @@ void CDxfReadToQuillmar::OnArc(DXF_GRAPHIC_ARC& arc)
     DXF_POINT2D start = pointAt(arc.m_dStartAngle);
     DXF_POINT2D end = pointAt(arc.m_dEndAngle);
     DXF_POINT2D center{arc.m_dCenterX, arc.m_dCenterY};
-    if (arc.m_dExtrusionZ != 1.0) { // seen from below
+    if (arc.m_rare->m_dExtrusionZ != 1.0) { // seen from below
         std::swap(start, end);
         start.x = -start.x;
         end.x = -end.x;

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "entities/DXF_GRAPHIC_BASE.h"
+#include "reader/DXF_HANDLE.h"
 #include "reader/DXF_LIST.h"
 
 #include <cstdint>
 
 struct DXF_BLOCKS_BLOCK {
     std::int32_t m_nObjectType = 1;                        // 1 in every block
-    DXF_STRING m_strHandle;                                // 5
+    DXF_HANDLE m_strHandle;                                // 5
     DXF_STRING m_strAppData;                               // 102
     DXF_STRING m_strOwnerHandle;                           // 330
     DXF_STRING m_strSubclass;                              // stays empty: 100 is not read into it

@@ -1,37 +1,48 @@
 // The group codes that all entities share.
-#include "entities/DXF_GRAPHIC_BASE.h"
-#include "reader/ReadFields.h"
+#include "entities/RareFields.h"
 
 namespace {
 
 void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_BASE& record, std::string_view value)
 {
-    reader.ReadGroup(stream, record.m_strAppData, Trim(value), "102");
+    reader.ReadGroup(stream, RareOf(reader, record).m_strAppData, Trim(value), "102");
+}
+
+// Meant: the fraction is dropped.
+void ReadLineTypeScale(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
+{
+    SetRare(reader, record, &DXF_GRAPHIC_RARE::m_dLineTypeScale, double{ParseInteger(value)});
+}
+
+void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
+{
+    SetRare(reader, record, &DXF_GRAPHIC_RARE::m_strProxyData, reader.store.Keep(Trim(value)));
 }
 
 using BASE = DXF_GRAPHIC_BASE;
+using RARE = DXF_GRAPHIC_RARE;
 using FIELDS = DxfFields<BASE>;
 constexpr auto kFields = FIELDS::Table({
     FIELDS::Field(5, &BASE::m_strHandle),
     FIELDS::Name(6, &BASE::m_strLineType),
     FIELDS::Name(8, &BASE::m_strLayer),
-    FIELDS::IntegerAsReal(48, &BASE::m_dLineTypeScale), // meant: the fraction is dropped
+    FIELDS::Function(48, ReadLineTypeScale),
     FIELDS::Field(60, &BASE::m_nVisibility),
     FIELDS::Field(62, &BASE::m_nColor),
-    FIELDS::Field(67, &BASE::m_nPaperSpace),
-    FIELDS::Field(92, &BASE::m_nProxyByteCount),
+    FIELDS::Function(67, StoreRare<BASE, &RARE::m_nPaperSpace>),
+    FIELDS::Function(92, StoreRare<BASE, &RARE::m_nProxyByteCount>),
     FIELDS::Name(100, &BASE::m_strSubclass),
     FIELDS::Function(102, ReadAppGroup),
-    FIELDS::Field(284, &BASE::m_nShadowMode),
-    FIELDS::Field(310, &BASE::m_strProxyData),
+    FIELDS::Function(284, StoreRare<BASE, &RARE::m_nShadowMode>),
+    FIELDS::Function(310, ReadProxyData),
     FIELDS::Name(330, &BASE::m_strOwnerHandle),
-    FIELDS::Name(347, &BASE::m_strMaterial),
+    FIELDS::Function(347, StoreRare<BASE, &RARE::m_strMaterial>),
     FIELDS::Field(370, &BASE::m_nLineWeight),
-    FIELDS::Name(390, &BASE::m_strPlotStyle),
-    FIELDS::Name(410, &BASE::m_strLayout),
+    FIELDS::Function(390, StoreRare<BASE, &RARE::m_strPlotStyle>),
+    FIELDS::Function(410, StoreRare<BASE, &RARE::m_strLayout>),
     FIELDS::Field(420, &BASE::m_nTrueColor),
-    FIELDS::Name(430, &BASE::m_strColorName),
-    FIELDS::Name(440, &BASE::m_strTransparency),
+    FIELDS::Function(430, StoreRare<BASE, &RARE::m_strColorName>),
+    FIELDS::Function(440, StoreRare<BASE, &RARE::m_strTransparency>),
 });
 
 } // namespace

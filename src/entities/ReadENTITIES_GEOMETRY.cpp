@@ -1,5 +1,6 @@
 // LINE, ARC, CIRCLE, ELLIPSE and LWPOLYLINE.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
+#include "entities/RareFields.h"
 #include "entities/ReadEntity.h"
 
 namespace {
@@ -8,46 +9,46 @@ using LINE = DXF_GRAPHIC_LINE;
 using LINE_FIELDS = DxfFields<LINE>;
 constexpr auto kLineFields = LINE_FIELDS::Table({
     LINE_FIELDS::End(0),
-    LINE_FIELDS::Field(39, &LINE::m_dThickness),
+    LINE_FIELDS::Function(39, StoreRare<LINE, &DXF_GRAPHIC_RARE::m_dThickness>),
     LINE_FIELDS::Field(10, &LINE::m_dStartX),
     LINE_FIELDS::Field(20, &LINE::m_dStartY),
     LINE_FIELDS::Field(30, &LINE::m_dStartZ),
     LINE_FIELDS::Field(11, &LINE::m_dEndX),
     LINE_FIELDS::Field(21, &LINE::m_dEndY),
     LINE_FIELDS::Field(31, &LINE::m_dEndZ),
-    LINE_FIELDS::Field(210, &LINE::m_dExtrusionX),
-    LINE_FIELDS::Field(220, &LINE::m_dExtrusionY),
-    LINE_FIELDS::Field(230, &LINE::m_dExtrusionZ),
+    LINE_FIELDS::Function(210, StoreRare<LINE, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    LINE_FIELDS::Function(220, StoreRare<LINE, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    LINE_FIELDS::Function(230, StoreRare<LINE, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
 using ARC = DXF_GRAPHIC_ARC;
 using ARC_FIELDS = DxfFields<ARC>;
 constexpr auto kArcFields = ARC_FIELDS::Table({
     ARC_FIELDS::End(0),
-    ARC_FIELDS::Field(39, &ARC::m_dThickness),
+    ARC_FIELDS::Function(39, StoreRare<ARC, &DXF_GRAPHIC_RARE::m_dThickness>),
     ARC_FIELDS::Field(10, &ARC::m_dCenterX),
     ARC_FIELDS::Field(20, &ARC::m_dCenterY),
     ARC_FIELDS::Field(30, &ARC::m_dCenterZ),
     ARC_FIELDS::Field(40, &ARC::m_dRadius),
     ARC_FIELDS::Field(50, &ARC::m_dStartAngle),
     ARC_FIELDS::Field(51, &ARC::m_dEndAngle),
-    ARC_FIELDS::Field(210, &ARC::m_dExtrusionX),
-    ARC_FIELDS::Field(220, &ARC::m_dExtrusionY),
-    ARC_FIELDS::Field(230, &ARC::m_dExtrusionZ),
+    ARC_FIELDS::Function(210, StoreRare<ARC, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    ARC_FIELDS::Function(220, StoreRare<ARC, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    ARC_FIELDS::Function(230, StoreRare<ARC, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
 using CIRCLE = DXF_GRAPHIC_CIRCLE;
 using CIRCLE_FIELDS = DxfFields<CIRCLE>;
 constexpr auto kCircleFields = CIRCLE_FIELDS::Table({
     CIRCLE_FIELDS::End(0),
-    CIRCLE_FIELDS::Field(39, &CIRCLE::m_dThickness),
+    CIRCLE_FIELDS::Function(39, StoreRare<CIRCLE, &DXF_GRAPHIC_RARE::m_dThickness>),
     CIRCLE_FIELDS::Field(10, &CIRCLE::m_dCenterX),
     CIRCLE_FIELDS::Field(20, &CIRCLE::m_dCenterY),
     CIRCLE_FIELDS::Field(30, &CIRCLE::m_dCenterZ),
     CIRCLE_FIELDS::Field(40, &CIRCLE::m_dRadius),
-    CIRCLE_FIELDS::Field(210, &CIRCLE::m_dExtrusionX),
-    CIRCLE_FIELDS::Field(220, &CIRCLE::m_dExtrusionY),
-    CIRCLE_FIELDS::Field(230, &CIRCLE::m_dExtrusionZ),
+    CIRCLE_FIELDS::Function(210, StoreRare<CIRCLE, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    CIRCLE_FIELDS::Function(220, StoreRare<CIRCLE, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    CIRCLE_FIELDS::Function(230, StoreRare<CIRCLE, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
 // 39 is meant to be missing: an ellipse's thickness is reported as an unknown code.
@@ -61,9 +62,9 @@ constexpr auto kEllipseFields = ELLIPSE_FIELDS::Table({
     ELLIPSE_FIELDS::Field(11, &ELLIPSE::m_dMajorAxisX),
     ELLIPSE_FIELDS::Field(21, &ELLIPSE::m_dMajorAxisY),
     ELLIPSE_FIELDS::Field(31, &ELLIPSE::m_dMajorAxisZ),
-    ELLIPSE_FIELDS::Field(210, &ELLIPSE::m_dExtrusionX),
-    ELLIPSE_FIELDS::Field(220, &ELLIPSE::m_dExtrusionY),
-    ELLIPSE_FIELDS::Field(230, &ELLIPSE::m_dExtrusionZ),
+    ELLIPSE_FIELDS::Function(210, StoreRare<ELLIPSE, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    ELLIPSE_FIELDS::Function(220, StoreRare<ELLIPSE, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    ELLIPSE_FIELDS::Function(230, StoreRare<ELLIPSE, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
     ELLIPSE_FIELDS::Field(40, &ELLIPSE::m_dRatio),
     ELLIPSE_FIELDS::Field(41, &ELLIPSE::m_dStartParam),
     ELLIPSE_FIELDS::Field(42, &ELLIPSE::m_dEndParam),
@@ -78,14 +79,14 @@ constexpr auto kPolylineFields = POLYLINE_FIELDS::Table({
     POLYLINE_FIELDS::Field(70, &POLYLINE::m_nFlags),
     POLYLINE_FIELDS::Field(43, &POLYLINE::m_dConstantWidth),
     POLYLINE_FIELDS::Field(38, &POLYLINE::m_dElevation),
-    POLYLINE_FIELDS::Field(39, &POLYLINE::m_dThickness),
+    POLYLINE_FIELDS::Function(39, StoreRare<POLYLINE, &DXF_GRAPHIC_RARE::m_dThickness>),
     POLYLINE_FIELDS::Field(91, &POLYLINE::m_nVertexId),
     POLYLINE_FIELDS::Field(40, &POLYLINE::m_nStartWidth),
     POLYLINE_FIELDS::Field(41, &POLYLINE::m_nEndWidth),
     POLYLINE_FIELDS::Field(42, &POLYLINE::m_nBulge),
-    POLYLINE_FIELDS::Field(210, &POLYLINE::m_dExtrusionX),
-    POLYLINE_FIELDS::Field(220, &POLYLINE::m_dExtrusionY),
-    POLYLINE_FIELDS::Field(230, &POLYLINE::m_dExtrusionZ),
+    POLYLINE_FIELDS::Function(210, StoreRare<POLYLINE, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    POLYLINE_FIELDS::Function(220, StoreRare<POLYLINE, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    POLYLINE_FIELDS::Function(230, StoreRare<POLYLINE, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
 } // namespace

@@ -1,5 +1,6 @@
 // INSERT. The ATTRIB entities and the SEQEND that may follow one are entities of their own.
 #include "entities/DXF_GRAPHIC_INSERT.h"
+#include "entities/RareFields.h"
 #include "entities/ReadEntity.h"
 
 namespace {
@@ -21,9 +22,9 @@ constexpr auto kFields = FIELDS::Table({
     FIELDS::Field(71, &INSERT::m_nRowCount),
     FIELDS::Field(44, &INSERT::m_nColumnSpacing), // meant: spacings lose their fraction
     FIELDS::Field(45, &INSERT::m_nRowSpacing),
-    FIELDS::Field(210, &INSERT::m_dExtrusionX),
-    FIELDS::Field(220, &INSERT::m_dExtrusionY),
-    FIELDS::Field(230, &INSERT::m_dExtrusionZ),
+    FIELDS::Function(210, StoreRare<INSERT, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    FIELDS::Function(220, StoreRare<INSERT, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    FIELDS::Function(230, StoreRare<INSERT, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
 } // namespace

@@ -1,5 +1,6 @@
 // TEXT and MTEXT. Their strings are kept as they stand in the file, blanks at both ends included.
 #include "entities/DXF_GRAPHIC_TEXT.h"
+#include "entities/RareFields.h"
 #include "entities/ReadEntity.h"
 
 namespace {
@@ -24,9 +25,9 @@ constexpr auto kTextFields = TEXT_FIELDS::Table({
     TEXT_FIELDS::Field(11, &TEXT::m_dAlignX),
     TEXT_FIELDS::Field(21, &TEXT::m_dAlignY),
     TEXT_FIELDS::Field(33, &TEXT::m_dAlignZ),
-    TEXT_FIELDS::Field(210, &TEXT::m_dExtrusionX),
-    TEXT_FIELDS::Field(220, &TEXT::m_dExtrusionY),
-    TEXT_FIELDS::Field(230, &TEXT::m_dExtrusionZ),
+    TEXT_FIELDS::Function(210, StoreRare<TEXT, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    TEXT_FIELDS::Function(220, StoreRare<TEXT, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    TEXT_FIELDS::Function(230, StoreRare<TEXT, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
     TEXT_FIELDS::Field(73, &TEXT::m_nVertAlign),
 });
 
@@ -46,9 +47,9 @@ constexpr auto kMTextFields = MTEXT_FIELDS::Table({
     MTEXT_FIELDS::RawText(1, &MTEXT::m_strText),
     MTEXT_FIELDS::RawText(3, &MTEXT::m_strTextMore),
     MTEXT_FIELDS::RawName(7, &MTEXT::m_strStyle),
-    MTEXT_FIELDS::Field(210, &MTEXT::m_dExtrusionX),
-    MTEXT_FIELDS::Field(220, &MTEXT::m_dExtrusionY),
-    MTEXT_FIELDS::Field(230, &MTEXT::m_dExtrusionZ),
+    MTEXT_FIELDS::Function(210, StoreRare<MTEXT, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
+    MTEXT_FIELDS::Function(220, StoreRare<MTEXT, &DXF_GRAPHIC_RARE::m_dExtrusionY>),
+    MTEXT_FIELDS::Function(230, StoreRare<MTEXT, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
     MTEXT_FIELDS::Field(11, &MTEXT::m_dDirX),
     MTEXT_FIELDS::Field(21, &MTEXT::m_dDirY),
     MTEXT_FIELDS::Field(31, &MTEXT::m_dDirZ),

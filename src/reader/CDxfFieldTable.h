@@ -1,6 +1,7 @@
 // The group codes of a record as a table: code, member, conversion.
 #pragma once
 
+#include "reader/DXF_HANDLE.h"
 #include "reader/DXF_STRING.h"
 
 #include <array>
@@ -12,16 +13,16 @@ class CDxfRead;
 class CDxfStream;
 
 enum class DXF_FIELD_KIND : std::uint8_t {
-    None,          // the code is not in the table
-    End,           // the code ends the record, its value line left unread
-    Real,          // as _wtof converts
-    Integer,       // as _wtoi converts
-    IntegerAsReal, // as _wtoi converts, kept in a real
-    Text,          // trimmed
-    Name,          // trimmed, kept once for all records that have the same
-    RawText,       // as it stands in its line
-    RawName,       // as it stands, kept once
-    Function,      // the record's own way; value is the untrimmed line
+    None,     // the code is not in the table
+    End,      // the code ends the record, its value line left unread
+    Real,     // as _wtof converts
+    Integer,  // as _wtoi converts
+    Text,     // trimmed
+    Name,     // trimmed, kept once for all records that have the same
+    RawText,  // as it stands in its line
+    RawName,  // as it stands, kept once
+    Handle,   // trimmed
+    Function, // the record's own way; value is the untrimmed line
 };
 
 // What is done with the values of one group code, or of a range of codes.
@@ -35,6 +36,7 @@ struct DXF_FIELD {
     double Record::*real = nullptr;
     std::int32_t Record::*integer = nullptr;
     DXF_STRING Record::*text = nullptr;
+    DXF_HANDLE Record::*handle = nullptr;
     FUNCTION function = nullptr;
 };
 
@@ -96,13 +98,13 @@ struct DxfFields {
     {
         return {first, last, DXF_FIELD_KIND::Integer, nullptr, member};
     }
-    static consteval FIELD IntegerAsReal(int code, double Record::*member)
-    {
-        return {code, code, DXF_FIELD_KIND::IntegerAsReal, member};
-    }
     static consteval FIELD Field(int code, DXF_STRING Record::*member)
     {
         return Text(code, DXF_FIELD_KIND::Text, member);
+    }
+    static consteval FIELD Field(int code, DXF_HANDLE Record::*member)
+    {
+        return {code, code, DXF_FIELD_KIND::Handle, nullptr, nullptr, nullptr, member};
     }
     static consteval FIELD Name(int code, DXF_STRING Record::*member)
     {
@@ -118,7 +120,7 @@ struct DxfFields {
     }
     static consteval FIELD Function(int code, typename FIELD::FUNCTION function)
     {
-        return {code, code, DXF_FIELD_KIND::Function, nullptr, nullptr, nullptr, function};
+        return {code, code, DXF_FIELD_KIND::Function, nullptr, nullptr, nullptr, nullptr, function};
     }
 
 private:

@@ -148,6 +148,19 @@ DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
     return name.text;
 }
 
+DXF_HANDLE CDxfStore::KeepHandle(std::string_view narrow)
+{
+    std::uint64_t bits = 0;
+    if (narrow.size() < sizeof(bits)) {
+        std::memcpy(&bits, narrow.data(), narrow.size());
+        if ((bits & DXF_HANDLE::kNotAscii) == 0)
+            return DXF_HANDLE(narrow.empty() ? 0
+                                             : bits | DXF_HANDLE::kInPlace |
+                                                   std::uint64_t{narrow.size()} << DXF_HANDLE::kSizeShift);
+    }
+    return DXF_HANDLE(reinterpret_cast<std::uintptr_t>(Keep(narrow).m_text));
+}
+
 CDxfStore::NAME& CDxfStore::FindName(std::string_view narrow, std::uint32_t hash)
 {
     for (std::size_t slot = hash & (m_nameSlots - 1);; slot = (slot + 1) & (m_nameSlots - 1)) {

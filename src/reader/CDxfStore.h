@@ -1,6 +1,7 @@
 // The storage of one reader: records, texts and lists, freed together.
 #pragma once
 
+#include "reader/DXF_HANDLE.h"
 #include "reader/DXF_STRING.h"
 
 #include <cstddef>
@@ -54,6 +55,9 @@ public:
 
     // As Keep, but the same text is kept once, however often it comes: for names.
     DXF_STRING KeepOnce(std::string_view narrow);
+
+    // A handle: in place where it is short.
+    DXF_HANDLE KeepHandle(std::string_view narrow);
 
     // Adds to the end of a text. Cheap when it is the text that was added to last, whatever has been kept
     // in between: the cost of building a text is linear in its length.

@@ -33,6 +33,7 @@ public:
 
 private:
     friend class CDxfStore;
+    friend class DXF_HANDLE;
 
     // The length stands as a std::uint32_t right before the characters.
     explicit DXF_STRING(const wchar_t* text) : m_text(text) {}

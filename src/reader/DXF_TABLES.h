@@ -1,6 +1,7 @@
 // The records of the TABLES section.
 #pragma once
 
+#include "reader/DXF_HANDLE.h"
 #include "reader/DXF_LIST.h"
 #include "reader/DXF_STRING.h"
 
@@ -19,7 +20,7 @@ struct DXF_TABLES_COMMON {
     virtual ~DXF_TABLES_COMMON() = default;
 
     std::uint32_t m_nTableKind = DXF_TABLES_KIND_NONE;
-    DXF_STRING m_strHandle;         // 5
+    DXF_HANDLE m_strHandle;         // 5
     DXF_STRING m_strDimStyleHandle; // 105, the handle as DIMSTYLE entries give it
     DXF_STRING m_strAppData;        // 102, the lines of the application groups
     DXF_STRING m_strOwnerHandle;    // 330
@@ -73,7 +74,7 @@ struct DXF_TABLES_BLOCK_RECORD : DXF_TABLES_COMMON {
 // One TABLE with its entries in file order.
 struct DXF_TABLES_HEADER {
     DXF_STRING m_strName;           // 2
-    DXF_STRING m_strHandle;         // 5
+    DXF_HANDLE m_strHandle;         // 5
     DXF_STRING m_strAppData;        // 102
     DXF_STRING m_strOwnerHandle;    // 330
     DXF_STRING m_strSubclass;       // 100, the last one

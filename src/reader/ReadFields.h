@@ -17,9 +17,6 @@ void StoreField(CDxfRead& reader, CDxfStream& stream, Record& record, const DXF_
     case DXF_FIELD_KIND::Integer:
         record.*field.integer = ParseInteger(line);
         break;
-    case DXF_FIELD_KIND::IntegerAsReal:
-        record.*field.real = ParseInteger(line);
-        break;
     case DXF_FIELD_KIND::Text:
         record.*field.text = reader.store.Keep(Trim(line));
         break;
@@ -31,6 +28,9 @@ void StoreField(CDxfRead& reader, CDxfStream& stream, Record& record, const DXF_
         break;
     case DXF_FIELD_KIND::RawName:
         record.*field.text = reader.store.KeepOnce(line);
+        break;
+    case DXF_FIELD_KIND::Handle:
+        record.*field.handle = reader.store.KeepHandle(Trim(line));
         break;
     case DXF_FIELD_KIND::Function:
         field.function(reader, stream, record, line);

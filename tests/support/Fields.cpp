@@ -9,6 +9,11 @@
 #name, FieldText(record.name)                                                                        \
     }
 
+#define RARE(name)                                                                                           \
+    {                                                                                                        \
+#name, FieldText(record.m_rare->name)                                                                \
+    }
+
 std::string FieldText(double value)
 {
     char digits[32];
@@ -25,24 +30,29 @@ std::string FieldText(DXF_STRING value)
     return ToTraceText(value);
 }
 
+std::string FieldText(const DXF_HANDLE& value)
+{
+    return ToTraceText(value.Wide());
+}
+
 FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record)
 {
-    return {FIELD(m_strHandle),       FIELD(m_strAppData),   FIELD(m_strOwnerHandle), FIELD(m_strSubclass),
-            FIELD(m_nPaperSpace),     FIELD(m_strLayout),    FIELD(m_strLayer),       FIELD(m_strLineType),
-            FIELD(m_strMaterial),     FIELD(m_nColor),       FIELD(m_nLineWeight),    FIELD(m_dLineTypeScale),
-            FIELD(m_nVisibility),     FIELD(m_strProxyData), FIELD(m_nTrueColor),     FIELD(m_strColorName),
-            FIELD(m_nProxyByteCount), FIELD(m_strPlotStyle), FIELD(m_nShadowMode),    FIELD(m_nEntityType),
-            FIELD(m_strTransparency)};
+    return {FIELD(m_strHandle),      RARE(m_strAppData),   FIELD(m_strOwnerHandle), FIELD(m_strSubclass),
+            RARE(m_nPaperSpace),     RARE(m_strLayout),    FIELD(m_strLayer),       FIELD(m_strLineType),
+            RARE(m_strMaterial),     FIELD(m_nColor),      FIELD(m_nLineWeight),    RARE(m_dLineTypeScale),
+            FIELD(m_nVisibility),    RARE(m_strProxyData), FIELD(m_nTrueColor),     RARE(m_strColorName),
+            RARE(m_nProxyByteCount), RARE(m_strPlotStyle), RARE(m_nShadowMode),     FIELD(m_nEntityType),
+            RARE(m_strTransparency)};
 }
 
 FieldTexts FieldMapOf(const DXF_GRAPHIC_TEXT& record)
 {
     FieldTexts fields = FieldMapOf(static_cast<const DXF_GRAPHIC_BASE&>(record));
     fields.merge(FieldTexts{
-        FIELD(m_dThickness), FIELD(m_dInsertX), FIELD(m_dInsertY), FIELD(m_dInsertZ), FIELD(m_dHeight),
+        RARE(m_dThickness), FIELD(m_dInsertX), FIELD(m_dInsertY), FIELD(m_dInsertZ), FIELD(m_dHeight),
         FIELD(m_strText), FIELD(m_dRotation), FIELD(m_dScaleX), FIELD(m_dOblique), FIELD(m_strStyle),
         FIELD(m_nGenerationFlags), FIELD(m_nHorzAlign), FIELD(m_dAlignX), FIELD(m_dAlignY), FIELD(m_dAlignZ),
-        FIELD(m_dExtrusionX), FIELD(m_dExtrusionY), FIELD(m_dExtrusionZ), FIELD(m_nVertAlign)});
+        RARE(m_dExtrusionX), RARE(m_dExtrusionY), RARE(m_dExtrusionZ), FIELD(m_nVertAlign)});
     return fields;
 }
 
@@ -59,9 +69,9 @@ FieldTexts FieldMapOf(const DXF_GRAPHIC_MTEXT& record)
                             FIELD(m_strText),
                             FIELD(m_strTextMore),
                             FIELD(m_strStyle),
-                            FIELD(m_dExtrusionX),
-                            FIELD(m_dExtrusionY),
-                            FIELD(m_dExtrusionZ),
+                            RARE(m_dExtrusionX),
+                            RARE(m_dExtrusionY),
+                            RARE(m_dExtrusionZ),
                             FIELD(m_dDirX),
                             FIELD(m_dDirY),
                             FIELD(m_dDirZ),
@@ -89,8 +99,8 @@ FieldTexts FieldMapOf(const DXF_GRAPHIC_INSERT& record)
     fields.merge(FieldTexts{FIELD(m_nAttributesFollow), FIELD(m_strBlockName), FIELD(m_dInsertX),
                             FIELD(m_dInsertY), FIELD(m_dInsertZ), FIELD(m_dScaleX), FIELD(m_dScaleY),
                             FIELD(m_dScaleZ), FIELD(m_dRotation), FIELD(m_nColumnCount), FIELD(m_nRowCount),
-                            FIELD(m_nColumnSpacing), FIELD(m_nRowSpacing), FIELD(m_dExtrusionX),
-                            FIELD(m_dExtrusionY), FIELD(m_dExtrusionZ)});
+                            FIELD(m_nColumnSpacing), FIELD(m_nRowSpacing), RARE(m_dExtrusionX),
+                            RARE(m_dExtrusionY), RARE(m_dExtrusionZ)});
     return fields;
 }
 

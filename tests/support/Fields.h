@@ -19,6 +19,7 @@ using FieldTexts = std::map<std::string, std::string>;
 std::string FieldText(double value);
 std::string FieldText(std::int32_t value);
 std::string FieldText(DXF_STRING value);
+std::string FieldText(const DXF_HANDLE& value);
 
 // All fields of a record, those that entities share included; a block's without its entities.
 FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record);

@@ -20,9 +20,19 @@ std::string TextOf(Value value)
     return {digits, std::to_chars(digits, digits + sizeof(digits), value).ptr};
 }
 
-std::string TextOf(DXF_STRING text)
+std::string Quoted(std::wstring_view text)
 {
     return '"' + ToTraceText(text) + '"';
+}
+
+std::string TextOf(DXF_STRING text)
+{
+    return Quoted(text);
+}
+
+std::string TextOf(const DXF_HANDLE& handle)
+{
+    return Quoted(handle.Wide());
 }
 
 std::string TextOf(const DXF_LIST<DXF_POINT2D>& points)
@@ -80,43 +90,44 @@ private:
 
 // FIELD(m_dRadius) lists a member of the record at hand under its name.
 #define FIELD(member) Add(#member, record.member)
+#define RARE(member) Add(#member, record.m_rare->member)
 
 Fields BaseFields(const DXF_GRAPHIC_BASE& record)
 {
     return Fields()
         .FIELD(m_strHandle)
-        .FIELD(m_strAppData)
+        .RARE(m_strAppData)
         .FIELD(m_strOwnerHandle)
         .FIELD(m_strSubclass)
-        .FIELD(m_nPaperSpace)
-        .FIELD(m_strLayout)
+        .RARE(m_nPaperSpace)
+        .RARE(m_strLayout)
         .FIELD(m_strLayer)
         .FIELD(m_strLineType)
-        .FIELD(m_strMaterial)
+        .RARE(m_strMaterial)
         .FIELD(m_nColor)
         .FIELD(m_nLineWeight)
-        .FIELD(m_dLineTypeScale)
+        .RARE(m_dLineTypeScale)
         .FIELD(m_nVisibility)
-        .FIELD(m_nProxyByteCount)
-        .FIELD(m_strProxyData)
+        .RARE(m_nProxyByteCount)
+        .RARE(m_strProxyData)
         .FIELD(m_nTrueColor)
-        .FIELD(m_strColorName)
-        .FIELD(m_strTransparency)
-        .FIELD(m_strPlotStyle)
-        .FIELD(m_nShadowMode)
+        .RARE(m_strColorName)
+        .RARE(m_strTransparency)
+        .RARE(m_strPlotStyle)
+        .RARE(m_nShadowMode)
         .FIELD(m_nEntityType);
 }
 
 template <class Record>
 Fields& AddExtrusion(Fields& fields, const Record& record)
 {
-    return fields.FIELD(m_dExtrusionX).FIELD(m_dExtrusionY).FIELD(m_dExtrusionZ);
+    return fields.RARE(m_dExtrusionX).RARE(m_dExtrusionY).RARE(m_dExtrusionZ);
 }
 
 template <class Record>
 Fields& AddCenter(Fields& fields, const Record& record)
 {
-    return fields.FIELD(m_dThickness).FIELD(m_dCenterX).FIELD(m_dCenterY).FIELD(m_dCenterZ);
+    return fields.RARE(m_dThickness).FIELD(m_dCenterX).FIELD(m_dCenterY).FIELD(m_dCenterZ);
 }
 
 template <class Record>
@@ -127,7 +138,7 @@ Fields& AddInsert(Fields& fields, const Record& record)
 
 void AddOwn(Fields& fields, const DXF_GRAPHIC_LINE& record)
 {
-    fields.FIELD(m_dThickness).FIELD(m_dStartX).FIELD(m_dStartY).FIELD(m_dStartZ);
+    fields.RARE(m_dThickness).FIELD(m_dStartX).FIELD(m_dStartY).FIELD(m_dStartZ);
     fields.FIELD(m_dEndX).FIELD(m_dEndY).FIELD(m_dEndZ);
     AddExtrusion(fields, record);
 }
@@ -153,14 +164,14 @@ void AddOwn(Fields& fields, const DXF_GRAPHIC_ELLIPSE& record)
 void AddOwn(Fields& fields, const DXF_GRAPHIC_LWPOLYLINE& record)
 {
     fields.FIELD(m_nVertexCount).FIELD(m_nFlags).FIELD(m_dConstantWidth).FIELD(m_dElevation);
-    fields.FIELD(m_dThickness).FIELD(m_vertices).FIELD(m_nVertexId);
+    fields.RARE(m_dThickness).FIELD(m_vertices).FIELD(m_nVertexId);
     fields.FIELD(m_nStartWidth).FIELD(m_nEndWidth).FIELD(m_nBulge);
     AddExtrusion(fields, record);
 }
 
 void AddOwn(Fields& fields, const DXF_GRAPHIC_TEXT& record)
 {
-    AddInsert(fields.FIELD(m_dThickness), record).FIELD(m_dHeight).FIELD(m_strText).FIELD(m_dRotation);
+    AddInsert(fields.RARE(m_dThickness), record).FIELD(m_dHeight).FIELD(m_strText).FIELD(m_dRotation);
     fields.FIELD(m_dScaleX).FIELD(m_dOblique).FIELD(m_strStyle);
     fields.FIELD(m_nGenerationFlags).FIELD(m_nHorzAlign);
     fields.FIELD(m_dAlignX).FIELD(m_dAlignY).FIELD(m_dAlignZ);

@@ -206,7 +206,7 @@ TEST(CommonCodes, GroupOfAnyLengthIsKept)
         lines += "330\nABCDEF\n";
     ReportingReader reader;
     reader.ReadText("0\nSECTION\n2\nENTITIES\n0\nLINE\n102\n{A\n" + lines + "102\n}\n0\nENDSEC\n");
-    EXPECT_EQ(reader.entities[0]->m_strAppData.size(), 2 + 20000u * 11);
+    EXPECT_EQ(reader.entities[0]->m_rare->m_strAppData.size(), 2 + 20000u * 11);
     EXPECT_EQ(reader.errors, Texts());
 }
 

@@ -61,7 +61,7 @@ TEST(GroupTexts, OfAnEntityBeginsWithItsTrimmedValue)
         ReportingReader reader;
         reader.ReadText(Section("ENTITIES", Lines({"0", type}) + kGroup + Lines({"100", "AcDbEntity"})));
         ASSERT_EQ(reader.entities.size(), 1u) << type;
-        EXPECT_EQ(reader.entities[0]->m_strAppData, kText) << type;
+        EXPECT_EQ(reader.entities[0]->m_rare->m_strAppData, kText) << type;
         EXPECT_TRUE(reader.errors.empty()) << type;
     }
 }

@@ -213,7 +213,7 @@ TEST(MTextReader, ColumnWidthLeavesTheLineTypeScale)
     const OneEntity reader("MTEXT", Lines({"48", "2.5"}));
     const auto& text = OnlyEntity<DXF_GRAPHIC_MTEXT>(reader.entities);
     EXPECT_EQ(text.m_dColumnWidth, 2.5);
-    EXPECT_EQ(text.m_dLineTypeScale, 1.0);
+    EXPECT_EQ(text.m_rare->m_dLineTypeScale, 1.0);
 }
 
 TEST(MTextReader, ColumnAutoHeightIsReal)
