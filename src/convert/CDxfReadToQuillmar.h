@@ -57,6 +57,8 @@ private:
     // "stroke-width", "stroke", "stroke-dasharray" and, for an invisible entity, "visibility".
     void SetStyle(QlmNode node, const DXF_GRAPHIC_BASE& entity);
     void SetStroke(QlmNode node, const DXF_GRAPHIC_BASE& entity);
+    DXF_STRING KeepWidth(double width);
+    DXF_STRING KeepColor(std::uint32_t color);
     DXF_STYLE_TEXTS GetStyleTexts(const DXF_GRAPHIC_BASE& entity);
     void DrawText(const DXF_GRAPHIC_BASE& entity, double x, double y, double height, const wchar_t* text,
                   const wchar_t* anchor);

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "entities/DXF_GRAPHIC_BASE.h"
+#include "reader/CDxfHashIndex.h"
 #include "reader/DXF_STRING.h"
 #include "reader/Hash.h"
 
-#include <algorithm>
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -21,9 +20,6 @@ struct DXF_STYLE_TEXTS {
 // Remembers the texts of every combination of what an entity's style depends on. A drawing has few of them,
 // and the reader keeps equal names once, so names are compared by their place; where the same name stands
 // in two places the texts are made twice, and are the same.
-//
-// Open addressing, at most half filled: a look costs one cache miss, where a map of the standard library
-// costs three and took a twentieth of an import.
 class CDxfStyleTexts {
 public:
     // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws,
@@ -31,25 +27,23 @@ public:
     template <class Make>
     DXF_STYLE_TEXTS Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
     {
-        if (m_count * 2 >= m_slots.size())
-            Grow();
         const KEY key = KeyOf(entity);
-        SLOT& slot = Slot(key);
-        if (!slot.isFilled) {
-            slot.texts = make(entity);
-            slot.key = key;
-            slot.isFilled = true;
-            ++m_count;
-        }
-        return slot.texts;
+        const std::uint64_t hash = HashBytes(key.data(), sizeof(key), HashKey(this));
+        const std::uint32_t known =
+            m_index.Find(hash, [&](std::uint32_t number) { return m_styles[number].key == key; });
+        if (known != CDxfHashIndex::kNone)
+            return m_styles[known].texts;
+        m_index.Reserve();
+        m_styles.push_back({key, make(entity)});
+        m_index.Add(hash, static_cast<std::uint32_t>(m_styles.size() - 1));
+        return m_styles.back().texts;
     }
 
 private:
     using KEY = std::array<std::uint64_t, 4>;
-    struct SLOT {
+    struct STYLE {
         KEY key;
         DXF_STYLE_TEXTS texts;
-        bool isFilled = false;
     };
 
     static KEY KeyOf(const DXF_GRAPHIC_BASE& entity)
@@ -62,26 +56,6 @@ private:
                 pack(entity.m_nColor, entity.m_nLineWeight), pack(0, entity.m_nTrueColor)};
     }
 
-    SLOT& Slot(const KEY& key)
-    {
-        const std::size_t mask = m_slots.size() - 1;
-        std::size_t place = HashBytes(key.data(), sizeof(key), m_hashKey) & mask;
-        while (m_slots[place].isFilled && m_slots[place].key != key)
-            place = (place + 1) & mask;
-        return m_slots[place];
-    }
-
-    void Grow()
-    {
-        std::vector<SLOT> old(std::max<std::size_t>(m_slots.size() * 2, 64));
-        old.swap(m_slots);
-        m_hashKey = HashKey(m_slots.data());
-        for (const SLOT& slot : old)
-            if (slot.isFilled)
-                Slot(slot.key) = slot;
-    }
-
-    std::vector<SLOT> m_slots;
-    std::size_t m_count = 0;
-    std::uint64_t m_hashKey = 0;
+    std::vector<STYLE> m_styles;
+    CDxfHashIndex m_index;
 };

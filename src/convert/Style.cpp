@@ -1,8 +1,9 @@
 // Stroke width, colour, dashes and visibility of an entity.
 #include "convert/CDxfReadToQuillmar.h"
-#include "drawing/CDxfText.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
+#include "reader/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 double CDxfReadToQuillmar::GetStrokeWidth(const DXF_GRAPHIC_BASE& entity)
@@ -52,20 +53,30 @@ DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
     return text;
 }
 
+// Few widths and colours are different, however many layers there are: their texts are kept once, too.
+DXF_STRING CDxfReadToQuillmar::KeepWidth(double width)
+{
+    char text[kLongestNumber];
+    char* const end = FormatFixed6(width, text);
+    return store.KeepOnce({text, static_cast<std::size_t>(end - text)});
+}
+
+DXF_STRING CDxfReadToQuillmar::KeepColor(std::uint32_t color)
+{
+    char text[sizeof("RGB(255,255,255)")];
+    char* end = std::copy_n("RGB(", 4, text);
+    for (const int shift : {0, 8, 16}) {
+        end = FormatInteger(static_cast<std::int32_t>(color >> shift & 255), end);
+        *end++ = shift == 16 ? ')' : ',';
+    }
+    return store.KeepOnce({text, static_cast<std::size_t>(end - text)});
+}
+
 DXF_STYLE_TEXTS CDxfReadToQuillmar::GetStyleTexts(const DXF_GRAPHIC_BASE& entity)
 {
     return m_styleTexts.Find(entity, [this](const DXF_GRAPHIC_BASE& unknown) {
-        const auto part = [](std::uint32_t color, int shift) {
-            return static_cast<std::int32_t>(color >> shift & 255);
-        };
-        const std::uint32_t color = GetEntityColor(unknown);
-        CDxfText<sizeof("RGB(255,255,255)")> rgb;
-        rgb.Add(L"RGB(").AddInteger(part(color, 0)).Add(L",").AddInteger(part(color, 8)).Add(L",");
-        rgb.AddInteger(part(color, 16)).Add(L")");
-        CDxfNumberText width;
-        width.AddFixed6(GetStrokeWidth(unknown));
-        return DXF_STYLE_TEXTS{store.Keep(std::wstring_view(width.c_str())),
-                               store.Keep(std::wstring_view(rgb.c_str())), GetDashArray(unknown)};
+        return DXF_STYLE_TEXTS{KeepWidth(GetStrokeWidth(unknown)), KeepColor(GetEntityColor(unknown)),
+                               GetDashArray(unknown)};
     });
 }
 

@@ -11,7 +11,7 @@ struct DXF_BLOCKS_BLOCK {
     std::int32_t m_nObjectType = 1;                        // 1 in every block
     DXF_HANDLE m_strHandle;                                // 5
     DXF_STRING m_strAppData;                               // 102
-    DXF_STRING m_strOwnerHandle;                           // 330
+    DXF_HANDLE m_strOwnerHandle;                           // 330
     DXF_STRING m_strSubclass;                              // stays empty: 100 is not read into it
     DXF_STRING m_strLayer;                                 // 8
     DXF_STRING m_strName;                                  // 2, what an INSERT refers to

@@ -28,12 +28,12 @@ struct DXF_GRAPHIC_RARE {
     std::int32_t m_nPaperSpace = 0;     // 67, 1 in paper space
     std::int32_t m_nProxyByteCount = 0; // 92
     DXF_STRING m_strLayout;             // 410
-    DXF_STRING m_strMaterial;           // 347
+    DXF_HANDLE m_strMaterial;           // 347
     double m_dLineTypeScale = 1.0;      // 48, read as an integer on purpose: 0.5 becomes 0
     DXF_STRING m_strProxyData;          // 310, the last chunk
     DXF_STRING m_strColorName;          // 430
     DXF_STRING m_strTransparency;       // 440, kept as text
-    DXF_STRING m_strPlotStyle;          // 390
+    DXF_HANDLE m_strPlotStyle;          // 390
     std::int32_t m_nShadowMode = 0;     // 284
 
     // Of the kinds that have them; never filled in an ellipse and a text, whose 39 is unknown.
@@ -50,7 +50,7 @@ struct DXF_GRAPHIC_BASE {
     virtual ~DXF_GRAPHIC_BASE() = default;
 
     DXF_HANDLE m_strHandle;                       // 5
-    DXF_STRING m_strOwnerHandle;                  // 330
+    DXF_HANDLE m_strOwnerHandle;                  // 330
     DXF_STRING m_strSubclass;                     // 100, the last marker read
     DXF_STRING m_strLayer;                        // 8
     DXF_STRING m_strLineType;                     // 6, empty for the layer's

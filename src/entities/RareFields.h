@@ -51,6 +51,12 @@ inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, DXF_STRIN
     SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));
 }
 
+inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, DXF_HANDLE DXF_GRAPHIC_RARE::*member,
+                           std::string_view line)
+{
+    SetRare(reader, record, member, reader.store.KeepHandle(Trim(line)));
+}
+
 // A row's function for a rare field: reals and integers as everywhere, texts trimmed and kept once.
 template <class Record, auto member>
 void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, std::string_view line)

@@ -16,7 +16,7 @@ constexpr auto kFields = FIELDS::Table({
     FIELDS::End(0),
     FIELDS::Field(5, &BLOCK::m_strHandle),
     FIELDS::Function(102, ReadAppGroup),
-    FIELDS::Name(330, &BLOCK::m_strOwnerHandle),
+    FIELDS::Field(330, &BLOCK::m_strOwnerHandle),
     FIELDS::Name(8, &BLOCK::m_strLayer),
     FIELDS::Name(2, &BLOCK::m_strName),
     FIELDS::Field(70, &BLOCK::m_nFlags),

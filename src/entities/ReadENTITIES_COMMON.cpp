@@ -11,7 +11,7 @@ void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_BASE& record
 // Meant: the fraction is dropped.
 void ReadLineTypeScale(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
 {
-    SetRare(reader, record, &DXF_GRAPHIC_RARE::m_dLineTypeScale, double{ParseInteger(value)});
+    SetRare(reader, record, &DXF_GRAPHIC_RARE::m_dLineTypeScale, static_cast<double>(ParseInteger(value)));
 }
 
 void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
@@ -35,7 +35,7 @@ constexpr auto kFields = FIELDS::Table({
     FIELDS::Function(102, ReadAppGroup),
     FIELDS::Function(284, StoreRare<BASE, &RARE::m_nShadowMode>),
     FIELDS::Function(310, ReadProxyData),
-    FIELDS::Name(330, &BASE::m_strOwnerHandle),
+    FIELDS::Field(330, &BASE::m_strOwnerHandle),
     FIELDS::Function(347, StoreRare<BASE, &RARE::m_strMaterial>),
     FIELDS::Field(370, &BASE::m_nLineWeight),
     FIELDS::Function(390, StoreRare<BASE, &RARE::m_strPlotStyle>),

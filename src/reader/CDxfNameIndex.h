@@ -1,9 +1,9 @@
 // Records by name.
 #pragma once
 
+#include "reader/CDxfHashIndex.h"
 #include "reader/Hash.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -14,37 +14,46 @@
 template <class Record>
 class CDxfNameIndex {
 public:
-    // Forgets every record and makes room for so many. Throws std::bad_alloc.
-    void Reset(std::size_t count)
+    // Forgets every record.
+    void Clear()
     {
-        m_slots.assign(std::bit_ceil(count * 2 + 1), nullptr);
-        m_key = HashKey(m_slots.data());
+        m_records.clear();
+        m_index = {};
     }
 
-    // A later record of a name that is there is not kept, as a scan would not find it.
+    // A later record of a name that is there is not kept, as a scan would not find it. Throws std::bad_alloc.
     void Add(const Record& record)
     {
-        const Record*& slot = Slot(record.m_strName);
-        if (slot == nullptr)
-            slot = &record;
+        const std::uint64_t hash = Hash(record.m_strName);
+        if (FindNumber(record.m_strName, hash) != CDxfHashIndex::kNone)
+            return;
+        m_index.Reserve();
+        m_records.push_back(&record);
+        m_index.Add(hash, static_cast<std::uint32_t>(m_records.size() - 1));
     }
 
     // Null when there is none; an empty name finds nothing.
-    const Record* Find(std::wstring_view name)
+    const Record* Find(std::wstring_view name) const
     {
-        return name.empty() || m_slots.empty() ? nullptr : Slot(name);
+        const std::uint32_t number = name.empty() ? CDxfHashIndex::kNone : FindNumber(name, Hash(name));
+        return number == CDxfHashIndex::kNone ? nullptr : m_records[number];
     }
 
 private:
-    const Record*& Slot(std::wstring_view name)
+    std::uint64_t Hash(std::wstring_view name) const
     {
-        const std::size_t mask = m_slots.size() - 1;
-        std::size_t slot = HashBytes(name.data(), name.size() * sizeof(wchar_t), m_key) & mask;
-        while (m_slots[slot] != nullptr && !(m_slots[slot]->m_strName == name))
-            slot = (slot + 1) & mask;
-        return m_slots[slot];
+        return HashBytes(name.data(), name.size() * sizeof(wchar_t), HashKey(this));
     }
 
-    std::vector<const Record*> m_slots; // open addressing, at most half filled
-    std::uint64_t m_key = 1;
+    // Names are kept once, so the name that is asked for and the record's mostly stand in one place.
+    std::uint32_t FindNumber(std::wstring_view name, std::uint64_t hash) const
+    {
+        return m_index.Find(hash, [&](std::uint32_t number) {
+            const std::wstring_view known = m_records[number]->m_strName;
+            return known.size() == name.size() && (known.data() == name.data() || known == name);
+        });
+    }
+
+    std::vector<const Record*> m_records;
+    CDxfHashIndex m_index;
 };

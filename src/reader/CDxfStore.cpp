@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kFirstChunk = std::size_t{32} << 10;
 
-constexpr std::size_t kFirstNameSlots = 256;
+constexpr std::size_t kFewestNames = 64;
 
 } // namespace
 
@@ -23,7 +23,6 @@ CDxfStore::~CDxfStore()
 {
     while (m_chunks != nullptr)
         ReleaseChunk(m_chunks);
-    ::operator delete(m_names);
 }
 
 CDxfStore::CHUNK* CDxfStore::NewChunk(std::size_t size)
@@ -134,17 +133,44 @@ DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
 {
     if (narrow.empty())
         return {};
-    if (m_nameCount * 2 >= m_nameSlots)
-        GrowNames();
-    const std::uint32_t hash = static_cast<std::uint32_t>(HashBytes(narrow.data(), narrow.size(), m_hashKey));
-    NAME& name = FindName(narrow, hash);
-    if (name.narrow == nullptr) {
-        const DXF_STRING text = Keep(narrow);
-        char* const copy = static_cast<char*>(Allocate(narrow.size()));
-        std::memcpy(copy, narrow.data(), narrow.size());
-        name = {copy, static_cast<std::uint32_t>(narrow.size()), hash, text};
-        ++m_nameCount;
+    const std::uint64_t hash = HashBytes(narrow.data(), narrow.size(), m_hashKey);
+    const NAME wanted = NameInPlace(narrow);
+    const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
+        const NAME& name = m_names[number];
+        if (name.length != wanted.length || name.start != wanted.start)
+            return false;
+        if (name.length <= kLongestInPlace)
+            return name.rest == wanted.rest;
+        return EqualBytes(reinterpret_cast<const char*>(name.rest), narrow.data(), narrow.size());
+    });
+    return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, hash);
+}
+
+CDxfStore::NAME CDxfStore::NameInPlace(std::string_view narrow)
+{
+    const std::size_t first = std::min(narrow.size(), sizeof(std::uint64_t));
+    const std::size_t second = std::min(narrow.size() - first, sizeof(std::uint64_t));
+    return {LoadBytes(narrow.data(), first), LoadBytes(narrow.data() + first, second), narrow.size(), {}};
+}
+
+DXF_STRING CDxfStore::AddName(std::string_view narrow, std::uint64_t hash)
+{
+    m_nameIndex.Reserve();
+    if (m_nameCount == m_nameCapacity) {
+        const std::size_t capacity = std::max(m_nameCapacity * 2, kFewestNames);
+        m_names = static_cast<NAME*>(Resize(m_names, m_nameCapacity * sizeof(NAME), capacity * sizeof(NAME)));
+        m_nameCapacity = capacity;
     }
+    NAME name = NameInPlace(narrow);
+    if (narrow.size() > kLongestInPlace) {
+        void* const copy = Allocate(narrow.size());
+        std::memcpy(copy, narrow.data(), narrow.size());
+        name.rest = reinterpret_cast<std::uintptr_t>(copy);
+    }
+    name.text = Keep(narrow);
+    m_names[m_nameCount] = name;
+    m_nameIndex.Add(hash, static_cast<std::uint32_t>(m_nameCount));
+    ++m_nameCount;
     return name.text;
 }
 
@@ -159,33 +185,6 @@ DXF_HANDLE CDxfStore::KeepHandle(std::string_view narrow)
                                                    std::uint64_t{narrow.size()} << DXF_HANDLE::kSizeShift);
     }
     return DXF_HANDLE(reinterpret_cast<std::uintptr_t>(Keep(narrow).m_text));
-}
-
-CDxfStore::NAME& CDxfStore::FindName(std::string_view narrow, std::uint32_t hash)
-{
-    for (std::size_t slot = hash & (m_nameSlots - 1);; slot = (slot + 1) & (m_nameSlots - 1)) {
-        NAME& name = m_names[slot];
-        if (name.narrow == nullptr)
-            return name;
-        if (name.hash == hash && name.length == narrow.size() &&
-            EqualBytes(name.narrow, narrow.data(), name.length))
-            return name;
-    }
-}
-
-void CDxfStore::GrowNames()
-{
-    const std::size_t slots = m_nameSlots == 0 ? kFirstNameSlots : m_nameSlots * 2;
-    NAME* const old = m_names;
-    const std::size_t oldSlots = m_nameSlots;
-    NAME* const grown = static_cast<NAME*>(::operator new(slots * sizeof(NAME)));
-    std::uninitialized_fill_n(grown, slots, NAME{});
-    m_names = grown;
-    m_nameSlots = slots;
-    for (std::size_t i = 0; i < oldSlots; ++i)
-        if (old[i].narrow != nullptr)
-            FindName({old[i].narrow, old[i].length}, old[i].hash) = old[i];
-    ::operator delete(old);
 }
 
 void CDxfStore::Append(DXF_STRING& text, std::string_view narrow)

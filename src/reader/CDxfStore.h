@@ -1,6 +1,7 @@
 // The storage of one reader: records, texts and lists, freed together.
 #pragma once
 
+#include "reader/CDxfHashIndex.h"
 #include "reader/DXF_HANDLE.h"
 #include "reader/DXF_STRING.h"
 
@@ -79,20 +80,23 @@ private:
         CHUNK* next;
         std::size_t size; // with this header
     };
+    // A name of up to 16 bytes stands here itself, so that a look at it takes one cache line; of a longer one
+    // the first eight bytes do, and rest is the address of all of them.
     struct NAME {
-        const char* narrow; // null in a free slot
-        std::uint32_t length;
-        std::uint32_t hash;
+        std::uint64_t start;
+        std::uint64_t rest;
+        std::size_t length;
         DXF_STRING text;
     };
+    static constexpr std::size_t kLongestInPlace = 16;
 
     void* AllocateFromNewChunk(std::size_t rounded);
     CHUNK* NewChunk(std::size_t size);
     void ReleaseChunk(CHUNK* chunk);
     wchar_t* AllocateText(std::size_t length);
     static void SetLength(wchar_t* text, std::size_t length);
-    void GrowNames();
-    NAME& FindName(std::string_view narrow, std::uint32_t hash);
+    static NAME NameInPlace(std::string_view narrow);
+    DXF_STRING AddName(std::string_view narrow, std::uint64_t hash);
 
     CHUNK* m_chunks = nullptr;
     char* m_next = nullptr;
@@ -102,8 +106,9 @@ private:
     wchar_t* m_growing = nullptr; // the text that Append wrote last
     std::size_t m_growingCapacity = 0;
 
-    NAME* m_names = nullptr; // open addressing, a power of two of slots, at most half of them filled
-    std::size_t m_nameSlots = 0;
+    NAME* m_names = nullptr;
     std::size_t m_nameCount = 0;
+    std::size_t m_nameCapacity = 0;
+    CDxfHashIndex m_nameIndex;
     std::uint64_t m_hashKey;
 };

@@ -29,6 +29,10 @@ public:
     }
 
     friend bool operator==(const DXF_HANDLE& left, std::wstring_view right) { return left.Wide() == right; }
+    friend bool operator==(const DXF_HANDLE& left, const DXF_HANDLE& right)
+    {
+        return left.m_bits == right.m_bits || left.Wide() == right.Wide();
+    }
 
 private:
     friend class CDxfStore;

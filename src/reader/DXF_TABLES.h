@@ -21,9 +21,9 @@ struct DXF_TABLES_COMMON {
 
     std::uint32_t m_nTableKind = DXF_TABLES_KIND_NONE;
     DXF_HANDLE m_strHandle;         // 5
-    DXF_STRING m_strDimStyleHandle; // 105, the handle as DIMSTYLE entries give it
+    DXF_HANDLE m_strDimStyleHandle; // 105, the handle as DIMSTYLE entries give it
     DXF_STRING m_strAppData;        // 102, the lines of the application groups
-    DXF_STRING m_strOwnerHandle;    // 330
+    DXF_HANDLE m_strOwnerHandle;    // 330
     DXF_STRING m_strSpare;          // never filled
     DXF_STRING m_strFirstSubclass;  // 100, the marker that hands the entry to its kind's reader
 };
@@ -38,8 +38,8 @@ struct DXF_TABLES_LAYER : DXF_TABLES_COMMON {
     DXF_STRING m_strLineType;       // 6
     std::int32_t m_nPlotting = 0;   // 290
     std::int32_t m_nLineWeight = 0; // 370, hundredths of a millimetre
-    DXF_STRING m_strPlotStyle;      // 390
-    DXF_STRING m_strMaterial;       // 347
+    DXF_HANDLE m_strPlotStyle;      // 390
+    DXF_HANDLE m_strMaterial;       // 347
 };
 
 struct DXF_TABLES_LTYPE : DXF_TABLES_COMMON {
@@ -61,7 +61,7 @@ struct DXF_TABLES_BLOCK_RECORD : DXF_TABLES_COMMON {
 
     DXF_STRING m_strSubclass;         // 100
     DXF_STRING m_strName;             // 2
-    DXF_STRING m_strLayout;           // 340
+    DXF_HANDLE m_strLayout;           // 340
     DXF_STRING m_strInsertUnits;      // 70
     DXF_STRING m_strExplodability;    // 280
     DXF_STRING m_strScalability;      // 281
@@ -76,7 +76,7 @@ struct DXF_TABLES_HEADER {
     DXF_STRING m_strName;           // 2
     DXF_HANDLE m_strHandle;         // 5
     DXF_STRING m_strAppData;        // 102
-    DXF_STRING m_strOwnerHandle;    // 330
+    DXF_HANDLE m_strOwnerHandle;    // 330
     DXF_STRING m_strSubclass;       // 100, the last one
     std::int32_t m_nMaxEntries = 0; // 70; nothing is sized by it
     DXF_LIST<DXF_TABLES_COMMON*> m_entries;

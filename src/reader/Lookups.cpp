@@ -31,11 +31,8 @@ void CDxfRead::IndexTables()
 {
     if (m_areTablesIndexed)
         return;
-    std::size_t count = 0;
-    for (const DXF_TABLES_HEADER* table : tables)
-        count += table->m_entries.size();
-    m_layers.Reset(count);
-    m_lineTypes.Reset(count);
+    m_layers.Clear();
+    m_lineTypes.Clear();
     for (const DXF_TABLES_HEADER* table : tables)
         for (const DXF_TABLES_COMMON* entry : table->m_entries) {
             if (entry->m_nTableKind == DXF_TABLES_KIND_LAYER)

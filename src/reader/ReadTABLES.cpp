@@ -36,7 +36,7 @@ constexpr auto kTableFields = TABLE::Table({
     TABLE::Field(5, &HEADER::m_strHandle),
     TABLE::Name(100, &HEADER::m_strSubclass),
     TABLE::Function(102, ReadHeaderGroup),
-    TABLE::Name(330, &HEADER::m_strOwnerHandle),
+    TABLE::Field(330, &HEADER::m_strOwnerHandle),
     TABLE::Field(70, &HEADER::m_nMaxEntries),
 });
 
@@ -47,7 +47,7 @@ constexpr auto kEntryFields = ENTRY::Table({
     ENTRY::Field(5, &DXF_TABLES_COMMON::m_strHandle),
     ENTRY::Field(105, &DXF_TABLES_COMMON::m_strDimStyleHandle),
     ENTRY::Function(102, ReadEntryGroup),
-    ENTRY::Name(330, &DXF_TABLES_COMMON::m_strOwnerHandle),
+    ENTRY::Field(330, &DXF_TABLES_COMMON::m_strOwnerHandle),
 });
 
 using LAYER = DXF_TABLES_LAYER;
@@ -61,8 +61,8 @@ constexpr auto kLayerFields = LAYER_FIELDS::Table({
     LAYER_FIELDS::Name(6, &LAYER::m_strLineType),
     LAYER_FIELDS::Field(290, &LAYER::m_nPlotting),
     LAYER_FIELDS::Field(370, &LAYER::m_nLineWeight),
-    LAYER_FIELDS::Name(390, &LAYER::m_strPlotStyle),
-    LAYER_FIELDS::Name(347, &LAYER::m_strMaterial),
+    LAYER_FIELDS::Field(390, &LAYER::m_strPlotStyle),
+    LAYER_FIELDS::Field(347, &LAYER::m_strMaterial),
 });
 
 using LTYPE = DXF_TABLES_LTYPE;

@@ -97,8 +97,6 @@ TEST(NameIndex, FindsNothingBeforeItHasBeenFilled)
 {
     CDxfNameIndex<Record> index;
     EXPECT_EQ(index.Find(L"a"), nullptr);
-    index.Reset(0);
-    EXPECT_EQ(index.Find(L"a"), nullptr);
     EXPECT_EQ(index.Find(L""), nullptr);
 }
 
@@ -109,7 +107,6 @@ TEST(NameIndex, FindsEachNameOfMany)
     for (int i = 0; i < 5000; ++i)
         records.push_back({store.Keep(Name(i))});
     CDxfNameIndex<Record> index;
-    index.Reset(records.size());
     for (const Record& record : records)
         index.Add(record);
     for (int i = 0; i < 5000; ++i)
@@ -123,7 +120,6 @@ TEST(NameIndex, FirstOfANameIsFound)
     CDxfStore store;
     const Record first = {store.Keep("a")}, second = {store.Keep("a")};
     CDxfNameIndex<Record> index;
-    index.Reset(2);
     index.Add(first);
     index.Add(second);
     EXPECT_EQ(index.Find(L"a"), &first);
@@ -133,18 +129,16 @@ TEST(NameIndex, EmptyNameIsNotFoundThoughARecordHasIt)
 {
     const Record record;
     CDxfNameIndex<Record> index;
-    index.Reset(1);
     index.Add(record);
     EXPECT_EQ(index.Find(L""), nullptr);
 }
 
-TEST(NameIndex, ResetForgets)
+TEST(NameIndex, ClearForgets)
 {
     CDxfStore store;
     const Record record = {store.Keep("a")};
     CDxfNameIndex<Record> index;
-    index.Reset(1);
     index.Add(record);
-    index.Reset(1);
+    index.Clear();
     EXPECT_EQ(index.Find(L"a"), nullptr);
 }
