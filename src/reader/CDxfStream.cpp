@@ -33,6 +33,20 @@ std::uint64_t CDxfStream::FindNewlines(const char* bytes)
     return found;
 }
 
+bool CDxfStream::MayHoldNulOrEnd(const char* bytes, std::size_t size)
+{
+    const __m128i endOfFile = _mm_set1_epi8(kEndOfFileByte);
+    __m128i least = endOfFile;
+    __m128i ends = _mm_setzero_si128();
+    for (std::size_t i = 0; i < size; i += 16) {
+        const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+        least = _mm_min_epu8(least, part);
+        ends = _mm_or_si128(ends, _mm_cmpeq_epi8(part, endOfFile));
+    }
+    const __m128i found = _mm_or_si128(ends, _mm_cmpeq_epi8(least, _mm_setzero_si128()));
+    return _mm_movemask_epi8(found) != 0;
+}
+
 #else
 
 std::uint64_t CDxfStream::FindNewlines(const char* bytes)
@@ -41,6 +55,11 @@ std::uint64_t CDxfStream::FindNewlines(const char* bytes)
     for (unsigned i = 0; i < kBlock; ++i)
         found |= static_cast<std::uint64_t>(bytes[i] == '\n') << i;
     return found;
+}
+
+bool CDxfStream::MayHoldNulOrEnd(const char* bytes, std::size_t size)
+{
+    return std::any_of(bytes, bytes + size, [](char byte) { return byte == '\0' || byte == kEndOfFileByte; });
 }
 
 #endif
@@ -118,6 +137,8 @@ std::size_t CDxfStream::Fill(char* place)
         return 0;
     }
     std::size_t size = static_cast<std::size_t>(count);
+    if (!MayHoldNulOrEnd(place, size)) [[likely]]
+        return size;
     if (const void* const end = std::memchr(place, kEndOfFileByte, size)) {
         size = static_cast<std::size_t>(static_cast<const char*>(end) - place);
         m_sourceEnded = true;

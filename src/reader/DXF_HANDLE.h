@@ -28,11 +28,13 @@ public:
         return {text, text + size()};
     }
 
-    friend bool operator==(const DXF_HANDLE& left, std::wstring_view right) { return left.Wide() == right; }
+    // A handle is either in place or not, whoever kept it.
     friend bool operator==(const DXF_HANDLE& left, const DXF_HANDLE& right)
     {
-        return left.m_bits == right.m_bits || left.Wide() == right.Wide();
+        return left.m_bits == right.m_bits ||
+               (!left.IsInPlace() && !right.IsInPlace() && left.Kept() == right.Kept());
     }
+    friend bool operator==(const DXF_HANDLE& left, std::wstring_view right) { return left.Wide() == right; }
 
 private:
     friend class CDxfStore;
