@@ -38,11 +38,14 @@ bool CDxfStream::MayHoldNulOrEnd(const char* bytes, std::size_t size)
     const __m128i endOfFile = _mm_set1_epi8(kEndOfFileByte);
     __m128i least = endOfFile;
     __m128i ends = _mm_setzero_si128();
-    for (std::size_t i = 0; i < size; i += 16) {
-        const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+    const auto lookAt = [&](const char* place) {
+        const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(place));
         least = _mm_min_epu8(least, part);
         ends = _mm_or_si128(ends, _mm_cmpeq_epi8(part, endOfFile));
-    }
+    };
+    for (std::size_t i = 0; i + 16 < size; i += 16)
+        lookAt(bytes + i);
+    lookAt(bytes + size - 16);
     const __m128i found = _mm_or_si128(ends, _mm_cmpeq_epi8(least, _mm_setzero_si128()));
     return _mm_movemask_epi8(found) != 0;
 }

@@ -53,8 +53,7 @@ TEST(Line, NarrowsItsCoordinatesToFloats)
 // The product is made in double: 6e38 is no float, half of it is.
 TEST(Line, ScalesBeforeItNarrows)
 {
-    const std::string line =
-        EntitiesSection({"0", "LINE", "10", "6e38", "20", "5", "11", "0", "21", "0"});
+    const std::string line = EntitiesSection({"0", "LINE", "10", "6e38", "20", "5", "11", "0", "21", "0"});
     EXPECT_EQ(TraceOf(line, [](CDxfReadToQuillmar& converter) { converter.scale = 0.5; }),
               "qlmCreateLine(ctx, \"\", 3e+38, -2.5, 0, -0, 0, 0) = n1\n" +
                   Style("n1", {.width = "0.250000"}));
