@@ -127,7 +127,6 @@ def measure(path, count):
 def rivals():
     """The programs that a user would pick instead, those that are installed: name, what it does, command."""
     candidates = []
-    display = ["xvfb-run", "-a"] if shutil.which("xvfb-run") else []  # both want one even for a conversion
     reader = os.path.join(RIVALS, "dxflib_read")
     if os.path.exists(reader):
         candidates.append(("dxflib", "reads", [reader, "{}"]))
@@ -143,15 +142,12 @@ def rivals():
         if subprocess.run(["/usr/bin/python3", "-c", "import ezdxf"], capture_output=True).returncode == 0:
             candidates.append(("ezdxf", "reads", ["/usr/bin/python3", "-c", "import ezdxf, sys; "
                                "assert len(ezdxf.readfile(sys.argv[1]).modelspace())", "{}"]))
-    if shutil.which("librecad"):
-        candidates.append(("LibreCAD dxf2svg", "writes SVG", display + ["librecad", "dxf2svg", "-o",
-                           os.path.join(DRAWINGS, "rival.svg"), "{}"]))
-    if shutil.which("inkscape"):
-        candidates.append(("Inkscape", "writes SVG", display + ["inkscape", "--export-type=svg",
-                           "--export-filename=" + os.path.join(DRAWINGS, "rival.svg"), "{}"]))
+    if shutil.which("librecad"):  # its other converters are not in every release
+        candidates.append(("LibreCAD dxf2pdf", "writes a picture", ["env", "QT_QPA_PLATFORM=offscreen", "librecad",
+                           "dxf2pdf", "-o", os.path.join(DRAWINGS, "rival.pdf"), "{}"]))
     converter = os.path.join(RIVALS, "node_modules", "dxf", "lib", "cli.js")
     if os.path.exists(converter):
-        candidates.append(("npm dxf", "writes SVG", ["node", "--max-old-space-size=16000", converter, "{}",
+        candidates.append(("npm dxf", "writes a picture", ["node", "--max-old-space-size=16000", converter, "{}",
                            os.path.join(DRAWINGS, "rival.svg")]))
     return candidates
 
@@ -239,7 +235,7 @@ def asked_for(by_name, rival_rows, wine):
             add("100,000 %s against 10, import time a byte" % kind,
                 (many[2]["import"].median / many[1]) / (few[2]["import"].median / few[1]), 1.2)
     reads = [row[2] for row in rival_rows if row[1] == "reads" and row[2]]
-    writes = [row[2] for row in rival_rows if row[1] == "writes SVG" and row[2]]
+    writes = [row[2] for row in rival_rows if row[1] == "writes a picture" and row[2]]
     if reads:
         add("fastest rival that reads / our reading", min(reads) / figures["read"].median, 14, True)
     if writes:
