@@ -8,7 +8,7 @@ struct UINT128 {
     std::uint64_t high;
 };
 
-#if defined(__SIZEOF_INT128__)
+#if defined(__SIZEOF_INT128__) && !defined(PLEXORN_PORTABLE)
 
 inline UINT128 Multiply(std::uint64_t a, std::uint64_t b)
 {
