@@ -1,5 +1,7 @@
 # How everything of ours is compiled: warnings, sanitizers, arithmetic that is the same everywhere.
 
+include(PlexornHardening)
+
 add_library(plexorn_compile INTERFACE)
 
 if(MSVC)
@@ -21,6 +23,4 @@ endif()
 if(MINGW)
     # The runtime goes into each binary: a DLL of ours needs nothing that Windows does not have.
     target_link_options(plexorn_compile INTERFACE -static)
-    target_link_options(plexorn_compile INTERFACE
-        -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
 endif()

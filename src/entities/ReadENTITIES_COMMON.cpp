@@ -55,10 +55,15 @@ bool CDxfRead::ReadENTITIES_COMMON(std::int32_t code, std::string_view value, DX
         StoreField(*this, stream, record, field, value);
         return true;
     }
+    ReportUnknownCode(code, value, record);
+    return false;
+}
+
+void CDxfRead::ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record)
+{
     // "Dimension type" stands in the text for every kind of entity, and the code 1 sets this message apart
     // from all others; both are meant.
     const CDxfMessage message(L"ReadENTITIES_COMMON Unknown Dimension type %s ('%d' = '%s') Line:%d",
                               {record.m_strSubclass, code, Trim(value), lineCount});
     OnError(1, DXF_ERROR_GROUP_CODE, message.c_str(), 0);
-    return false;
 }

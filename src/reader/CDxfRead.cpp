@@ -28,8 +28,15 @@ bool CDxfRead::ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* m
     const std::string_view line = ReadLine(stream);
     if (ParseCode(line, code)) [[likely]]
         return true;
-    Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});
+    ReportBadCode(line, message);
     return false;
+}
+
+// Apart from the loop that every pair runs through: a message is an array on the stack, which a guard is
+// laid behind in every call.
+void CDxfRead::ReportBadCode(std::string_view line, const wchar_t* message)
+{
+    Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});
 }
 
 void CDxfRead::ReadGroup(CDxfStream& stream, DXF_STRING& text, std::string_view value, std::string_view code)

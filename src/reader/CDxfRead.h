@@ -216,6 +216,8 @@ private:
     void SkipToENDSEC(CDxfStream& stream);
     bool SkipPairs(CDxfStream& stream, const wchar_t* message);
     void ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block);
+    void ReportBadCode(std::string_view line, const wchar_t* message);
+    void ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record);
     void ReportTrouble(CDxfStream& stream);
     void ReportMemory();
     bool ReadBehindTable(CDxfStream& stream, bool hadEntries);
