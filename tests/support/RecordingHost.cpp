@@ -133,6 +133,8 @@ void RecordingHost::Record(std::string line)
     ++callCount;
     if (!countOnly)
         calls.push_back(std::move(line));
+    if (onCall)
+        onCall();
 }
 
 QlmNode RecordingHost::RecordNew(std::string line, bool refused)

@@ -3,6 +3,7 @@
 
 #include "host/QuillmarLib.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,7 +39,8 @@ public:
     bool refuseAll = false;      // every creating operation answers 0
     QlmNode currentNode = nullptr;
     std::vector<std::string> calls;
-    std::size_t callCount = 0; // written down or not
+    std::size_t callCount = 0;    // written down or not
+    std::function<void()> onCall; // called at each call, with callCount raised
 
 private:
     std::size_t m_nodes = 0;
