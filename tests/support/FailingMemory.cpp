@@ -1,5 +1,7 @@
 #include "support/FailingMemory.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <cstdlib>
 #include <new>
@@ -7,27 +9,41 @@
 namespace {
 
 thread_local FailingMemory* current = nullptr;
+std::atomic<std::uint64_t> lastNumber = 0;
+
+// Stands before each block.
+struct alignas(std::max_align_t) HEADER {
+    std::uint64_t owner;
+    std::size_t size;
+};
+
+void* AllocateCounted(std::size_t size, std::size_t counted)
+{
+    void* const whole = FailingMemory::Fails() ? nullptr : std::malloc(sizeof(HEADER) + size);
+    if (whole == nullptr)
+        throw std::bad_alloc();
+    return new (whole) HEADER{FailingMemory::Allocated(counted), counted} + 1;
+}
 
 void* Allocate(std::size_t size)
 {
-    void* const block = FailingMemory::Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    FailingMemory::Allocated(block);
-    return block;
+    return AllocateCounted(size, size);
 }
 
 void Free(void* block)
 {
-    FailingMemory::Freed(block);
-    std::free(block);
+    if (block == nullptr)
+        return;
+    HEADER* const header = static_cast<HEADER*>(block) - 1;
+    FailingMemory::Freed(header->owner, header->size);
+    std::free(header);
 }
 
 // No function for aligned memory is there on every platform: the block that was got stands before the one
 // that is given.
 void* AllocateAligned(std::size_t size, std::size_t alignment)
 {
-    char* const whole = static_cast<char*>(Allocate(size + alignment + sizeof(void*)));
+    char* const whole = static_cast<char*>(AllocateCounted(size + alignment + sizeof(void*), size));
     const std::uintptr_t first = reinterpret_cast<std::uintptr_t>(whole) + sizeof(void*);
     void** const aligned = reinterpret_cast<void**>((first + alignment - 1) & ~(alignment - 1));
     aligned[-1] = whole;
@@ -42,7 +58,7 @@ void FreeAligned(void* block)
 
 } // namespace
 
-FailingMemory::FailingMemory(std::size_t n, WHICH which) : m_n(n), m_which(which)
+FailingMemory::FailingMemory(std::size_t n, WHICH which) : m_n(n), m_which(which), m_number(++lastNumber)
 {
     current = this;
 }
@@ -75,25 +91,22 @@ bool FailingMemory::Fails()
     return true;
 }
 
-void FailingMemory::Allocated(void* block)
+std::uint64_t FailingMemory::Allocated(std::size_t size)
 {
     if (current == nullptr)
-        return;
-    if (current->m_liveCount == kMostLive)
-        std::abort(); // the test needs a longer list
-    current->m_live[current->m_liveCount++] = block;
+        return 0;
+    ++current->m_live;
+    current->m_bytes += size;
+    current->m_mostBytes = std::max(current->m_mostBytes, current->m_bytes);
+    return current->m_number;
 }
 
-void FailingMemory::Freed(void* block)
+void FailingMemory::Freed(std::uint64_t owner, std::size_t size)
 {
-    FailingMemory* const memory = current;
-    if (memory == nullptr || block == nullptr)
+    if (current == nullptr || current->m_number != owner)
         return;
-    for (std::size_t i = memory->m_liveCount; i-- > 0;)
-        if (memory->m_live[i] == block) {
-            memory->m_live[i] = memory->m_live[--memory->m_liveCount];
-            return;
-        }
+    --current->m_live;
+    current->m_bytes -= size;
 }
 
 void* operator new(std::size_t size)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 // While one of these lives, it counts the allocations of its thread, and one of them fails: the nth, or the
 // nth and all behind it. Every operator new of the test program is ours for that; other threads, and what is
@@ -19,8 +20,10 @@ public:
     bool HasFailed() const { return m_hasFailed; }
     std::size_t Allocations() const { return m_count; }
 
-    // What was allocated since and not freed.
-    std::size_t Live() const { return m_liveCount; }
+    // What was allocated since and not freed, and the most bytes that there were at once.
+    std::size_t Live() const { return m_live; }
+
+    std::size_t MostBytes() const { return m_mostBytes; }
 
     // Keeps a test's own allocations out of it.
     class Pause {
@@ -34,18 +37,18 @@ public:
         FailingMemory* m_paused;
     };
 
-    // For operator new and delete.
+    // For operator new and delete: what is asked of the current one, and which one it is, 0 for none.
     static bool Fails();
-    static void Allocated(void* block);
-    static void Freed(void* block);
+    static std::uint64_t Allocated(std::size_t size);
+    static void Freed(std::uint64_t owner, std::size_t size);
 
 private:
-    static constexpr std::size_t kMostLive = 4096;
-
     std::size_t m_n;
     WHICH m_which;
+    const std::uint64_t m_number; // no other has it
     bool m_hasFailed = false;
     std::size_t m_count = 0;
-    std::size_t m_liveCount = 0;
-    void* m_live[kMostLive];
+    std::size_t m_live = 0;
+    std::size_t m_bytes = 0;
+    std::size_t m_mostBytes = 0;
 };

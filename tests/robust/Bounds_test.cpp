@@ -1,0 +1,143 @@
+// What a hostile file can cost: memory and time for each of its bytes have a bound, whatever it holds.
+#include "support/FailingMemory.h"
+#include "support/Hostile.h"
+#include "support/Import.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+constexpr std::size_t kSize = 1'000'000;
+constexpr std::size_t kTimedSize = kSize / 5;
+
+// The read buffer, and the room at the end of the last chunk.
+constexpr std::size_t kFixed = (std::size_t{128} << 10) + (std::size_t{2} << 20);
+
+// What may be taken for each byte of a file.
+constexpr std::size_t kMostMemory = 64;
+// 1e308 is written with 309 digits, in a text that its host gets in one piece; a text that grows is there
+// twice.
+constexpr std::size_t kMostMemoryOfFarNumbers = 200 * sizeof(wchar_t);
+
+// How many times that of an ordinary drawing.
+constexpr double kMostTime = 20;
+constexpr double kMostTimeOfFarNumbers = 120;
+
+struct COST {
+    std::size_t bytes = 0; // at most at once
+    std::size_t calls = 0;
+    double seconds = 0; // of the processor
+};
+
+COST CostOf(const std::string& drawing)
+{
+    RecordingHost& host = RecordingHost::OfThread();
+    host.Reset();
+    host.countOnly = true;
+    const std::clock_t start = std::clock();
+    FailingMemory memory(0);
+    {
+        CDxfReadToQuillmar converter(RecordingHost::Context());
+        CDxfMemory source(drawing);
+        converter.ReadDxfSource(source);
+    }
+    EXPECT_EQ(memory.Live(), 0u);
+    return {memory.MostBytes(), host.callCount, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC};
+}
+
+std::string OrdinaryDrawing(std::size_t size)
+{
+    std::string drawing = "0\nSECTION\n2\nENTITIES\n";
+    for (std::size_t i = 0; drawing.size() < size; ++i)
+        drawing += "  0\nLINE\n  5\n1F\n100\nAcDbEntity\n  8\nWalls\n100\nAcDbLine\n 10\n" +
+                   std::to_string(i) + ".25\n 20\n17.5\n 30\n0.0\n 11\n4.125\n 21\n3.5\n 31\n0.0\n";
+    return drawing + "0\nENDSEC\n0\nEOF\n";
+}
+
+const HOSTILE_PATTERN& Pattern(const std::string& name)
+{
+    const auto& patterns = HostilePatterns();
+    return *std::find_if(patterns.begin(), patterns.end(),
+                         [&](const auto& pattern) { return pattern.name == name; });
+}
+
+std::vector<std::string> Names()
+{
+    std::vector<std::string> names;
+    for (const HOSTILE_PATTERN& pattern : HostilePatterns())
+        names.push_back(pattern.name);
+    return names;
+}
+
+class Bounds : public testing::TestWithParam<std::string> {
+protected:
+    bool HasFarNumbers() const { return GetParam().find("far-") != std::string::npos; }
+};
+
+} // namespace
+
+// Storage that doubles may be caught at its worst by a size between.
+TEST_P(Bounds, MemoryForEachByteHasOne)
+{
+    for (const std::size_t size : {kSize, kSize * 7 / 5}) {
+        const std::string drawing = Pattern(GetParam()).Drawing(size);
+        const COST cost = CostOf(drawing);
+        const std::size_t most = HasFarNumbers() ? kMostMemoryOfFarNumbers : kMostMemory;
+        EXPECT_LE(cost.bytes, most * drawing.size() + kFixed)
+            << static_cast<double>(cost.bytes) / static_cast<double>(drawing.size()) << " for each byte";
+    }
+}
+
+// The host's calls count as what they cost in an ordinary drawing: a dimension is drawn again at each marker.
+TEST_P(Bounds, TimeIsInProportionToTheSizeAndToThatOfAnOrdinaryDrawing)
+{
+    constexpr double kLeast = 0.003; // below it a clock's steps are all that is measured
+    static const std::string ordinary = OrdinaryDrawing(kTimedSize);
+    const std::string half = Pattern(GetParam()).Drawing(kTimedSize);
+    const std::string whole = Pattern(GetParam()).Drawing(2 * kTimedSize);
+    const double most = HasFarNumbers() ? kMostTimeOfFarNumbers : kMostTime;
+    double shortest = 1e9, growth = 1e9, ratio = 1e9;
+    for (int attempt = 0; attempt < 5 && (growth > 3 || ratio > most); ++attempt) {
+        const COST usual = CostOf(ordinary), cost = CostOf(half);
+        shortest = std::min(shortest, cost.seconds);
+        growth = std::min(growth, CostOf(whole).seconds / std::max(shortest, kLeast));
+        const double calls =
+            std::max(1.0, static_cast<double>(cost.calls) / static_cast<double>(usual.calls));
+        ratio = std::min(ratio, cost.seconds / std::max(usual.seconds, kLeast / 10) / calls);
+    }
+    EXPECT_LE(growth, 3);
+    EXPECT_LE(ratio, most);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Bounds, testing::ValuesIn(Names()), [](const auto& pattern) {
+    std::string name = pattern.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+// The table of docs/bounds.md: PLEXORN_BOUNDS=1 in the environment prints what it holds of the module.
+TEST(BoundsTable, IsPrintedOnRequest)
+{
+    std::string table;
+    for (const HOSTILE_PATTERN& pattern : HostilePatterns()) {
+        std::size_t most = 0, calls = 0;
+        for (const std::size_t size : {kSize, kSize * 7 / 5}) {
+            const COST cost = CostOf(pattern.Drawing(size));
+            most = std::max(most, cost.bytes * 100 / size);
+            calls = std::max(calls, cost.calls * 100 / size);
+        }
+        char line[100];
+        std::snprintf(line, sizeof(line), "%-34s %8.2f %8.2f\n", pattern.name.c_str(),
+                      static_cast<double>(most) / 100, static_cast<double>(calls) / 100);
+        table += line;
+    }
+    if (std::getenv("PLEXORN_BOUNDS") != nullptr)
+        std::fputs(table.c_str(), stdout);
+    EXPECT_EQ(static_cast<std::size_t>(std::count(table.begin(), table.end(), '\n')),
+              HostilePatterns().size());
+}
