@@ -25,6 +25,7 @@ ARROWS = {
 NEIGHBOURS = {
     "svghost": {"src/host/QuillmarLib.h"},
     "cli": {"src/entry/dxfFileOpen.h", "svghost/SvgHost.h"},
+    "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "svghost/SvgHost.h"},
 }
 
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
