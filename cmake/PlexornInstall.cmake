@@ -1,0 +1,129 @@
+# What "cmake --install" puts where. Everything finds the rest from where it stands, so an installed tree can be
+# moved as a whole.
+#
+# The module's name and its host's carry no version, because hosts load them by these names: they stay out of
+# the folders where the system looks for libraries. The reference host has a folder of its own, so that who
+# looks for the module does not find this host in place of his own. On Windows all lie beside the command,
+# where the system looks for them.
+set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Folder of libraries, in the prefix")
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+include(PlexornSymbols)
+
+set(PLEXORN_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/plexorn)
+if(WIN32)
+    set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_BINDIR})
+    set(PLEXORN_INSTALL_HOSTDIR ${CMAKE_INSTALL_BINDIR})
+    set(PLEXORN_INSTALL_DOCDIR doc)
+else()
+    set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_LIBDIR}/plexorn)
+    set(PLEXORN_INSTALL_HOSTDIR ${PLEXORN_INSTALL_MODULEDIR}/svghost)
+    set(PLEXORN_INSTALL_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/plexorn)
+endif()
+
+# plexorn_install_library(target component destination): a library and, on Windows, what one links in its place.
+function(plexorn_install_library target component destination)
+    install(TARGETS ${target}
+        RUNTIME DESTINATION ${destination} COMPONENT ${component}
+        LIBRARY DESTINATION ${destination} COMPONENT ${component}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+    plexorn_split_symbols(${target} ${component} ${destination})
+endfunction()
+
+plexorn_keep_symbols(plexorn_core)
+plexorn_install_library(plexorn_module module ${PLEXORN_INSTALL_MODULEDIR})
+if(PLEXORN_HOST)
+    plexorn_install_library(svghost host ${PLEXORN_INSTALL_HOSTDIR})
+    install(FILES svghost/SvgHost.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/svghost COMPONENT development)
+endif()
+if(PLEXORN_CLI)
+    if(NOT WIN32)
+        file(RELATIVE_PATH to_module /${CMAKE_INSTALL_BINDIR} /${PLEXORN_INSTALL_MODULEDIR})
+        file(RELATIVE_PATH to_host /${CMAKE_INSTALL_BINDIR} /${PLEXORN_INSTALL_HOSTDIR})
+        set(search_path "$ORIGIN/${to_module}" "$ORIGIN/${to_host}")
+        # The build's path is longer than the installed one: CMake would fill it up with empty entries, and
+        # each of these is the working directory.
+        set_target_properties(plexorn_cli PROPERTIES INSTALL_RPATH "${search_path}" BUILD_RPATH "${search_path}")
+    endif()
+    install(TARGETS plexorn_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT command)
+    plexorn_split_symbols(plexorn_cli command ${CMAKE_INSTALL_BINDIR})
+endif()
+
+# The folders of the headers are those of the sources, and so are the lines that include them.
+install(FILES src/entry/dxfFileOpen.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/entry COMPONENT development)
+install(FILES src/host/QuillmarLib.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/host COMPONENT development)
+if(WIN32)
+    # Other linkers make their own import libraries of these.
+    install(FILES src/entry/Plexorn.def src/host/QuillmarLib.def
+        DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+endif()
+
+# plexorn_install_built(component folder file [compressed-name]): a file that a build may have made or not; under
+# compressed-name, it is installed compressed.
+function(plexorn_install_built component folder file)
+    set(code "
+        set(file \"${file}\")")
+    if(ARGC GREATER 3)
+        string(APPEND code "
+        set(compressed \"${CMAKE_BINARY_DIR}/install/${ARGV3}\")")
+    endif()
+    install(CODE "${code}
+        set(destination \"\${CMAKE_INSTALL_PREFIX}/${folder}\")
+        include(\"${PROJECT_SOURCE_DIR}/cmake/install/install_built.cmake\")" COMPONENT ${component})
+endfunction()
+
+install(FILES LICENSE docs/hosting.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
+install(FILES docs/manual.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation OPTIONAL)
+if(WIN32)
+    install(FILES CHANGELOG.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
+else()
+    plexorn_install_built(documentation ${PLEXORN_INSTALL_DOCDIR} ${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz)
+endif()
+install(DIRECTORY examples/ DESTINATION ${PLEXORN_INSTALL_DOCDIR}/examples COMPONENT documentation
+    FILES_MATCHING PATTERN "*.[ch]" PATTERN "CMakeLists.txt" PATTERN "*.dxf" PATTERN "__pycache__" EXCLUDE)
+
+# For find_package(Plexorn) and for pkg-config.
+if(WIN32)
+    set(library_prefix "")
+else()
+    set(library_prefix ${CMAKE_SHARED_LIBRARY_PREFIX})
+endif()
+set(PLEXORN_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/Plexorn)
+configure_package_config_file(cmake/install/PlexornConfig.cmake.in
+    ${CMAKE_BINARY_DIR}/install/PlexornConfig.cmake INSTALL_DESTINATION ${PLEXORN_INSTALL_CMAKEDIR}
+    PATH_VARS PLEXORN_INSTALL_INCLUDEDIR PLEXORN_INSTALL_MODULEDIR PLEXORN_INSTALL_HOSTDIR CMAKE_INSTALL_LIBDIR
+    NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/install/PlexornConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/install/PlexornConfig.cmake ${CMAKE_BINARY_DIR}/install/PlexornConfigVersion.cmake
+    DESTINATION ${PLEXORN_INSTALL_CMAKEDIR} COMPONENT development)
+
+# The folder that is linked from, and what a program needs to find the library again when it runs.
+if(WIN32)
+    set(module_link "-L\${prefix}/${CMAKE_INSTALL_LIBDIR}")
+    set(host_link "")
+else()
+    set(module_link "-L\${prefix}/${PLEXORN_INSTALL_MODULEDIR} -Wl,-rpath,\${prefix}/${PLEXORN_INSTALL_MODULEDIR}")
+    set(host_link "-L\${prefix}/${PLEXORN_INSTALL_HOSTDIR} -Wl,-rpath,\${prefix}/${PLEXORN_INSTALL_HOSTDIR} ")
+endif()
+foreach(package plexorn plexorn-svghost)
+    if(package STREQUAL plexorn OR PLEXORN_HOST)
+        configure_file(cmake/install/${package}.pc.in ${CMAKE_BINARY_DIR}/install/${package}.pc @ONLY)
+        install(FILES ${CMAKE_BINARY_DIR}/install/${package}.pc
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+    endif()
+endforeach()
+
+# What the command's build may leave beside it: its manual page and what shells complete it with.
+if(PLEXORN_CLI AND NOT WIN32)
+    set(share ${CMAKE_INSTALL_DATAROOTDIR})
+    foreach(file bash-completion/completions/plexorn zsh/site-functions/_plexorn fish/vendor_completions.d/plexorn.fish)
+        cmake_path(GET file PARENT_PATH folder)
+        plexorn_install_built(command ${share}/${folder} ${CMAKE_BINARY_DIR}/share/${file})
+    endforeach()
+    plexorn_install_built(command ${share}/man/man1 ${CMAKE_BINARY_DIR}/share/man/man1/plexorn.1 plexorn.1.gz)
+    plexorn_install_built(command ${share}/man/man1 ${PROJECT_SOURCE_DIR}/packaging/linux/plexorn-thumbnailer.1
+        plexorn-thumbnailer.1.gz)
+    install(PROGRAMS packaging/linux/plexorn-thumbnailer DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT command)
+    install(FILES packaging/linux/plexorn.thumbnailer DESTINATION ${share}/thumbnailers COMPONENT command)
+endif()

@@ -1,0 +1,9 @@
+# Installs ${file} in ${destination}, compressed into ${compressed} if that is set; nothing when there is none.
+if(EXISTS "${file}")
+    if(DEFINED compressed)
+        include("${CMAKE_CURRENT_LIST_DIR}/compress.cmake")
+        set(file "${compressed}")
+    endif()
+    file(INSTALL "${file}" DESTINATION "${destination}")
+endif()
+unset(compressed)
