@@ -2,9 +2,9 @@
 # moved as a whole.
 #
 # The module's name and its host's carry no version, because hosts load them by these names: they stay out of
-# the folders where the system looks for libraries. The reference host has a folder of its own, so that who
-# looks for the module does not find this host in place of his own. On Windows all lie beside the command,
-# where the system looks for them.
+# the folders where the system looks for libraries. Each has a folder of its own: who looks for the module must
+# not find the reference host in place of his own. On Windows both lie beside the command, where the system
+# looks for them.
 set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Folder of libraries, in the prefix")
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -16,8 +16,8 @@ if(WIN32)
     set(PLEXORN_INSTALL_HOSTDIR ${CMAKE_INSTALL_BINDIR})
     set(PLEXORN_INSTALL_DOCDIR doc)
 else()
-    set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_LIBDIR}/plexorn)
-    set(PLEXORN_INSTALL_HOSTDIR ${PLEXORN_INSTALL_MODULEDIR}/svghost)
+    set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_LIBDIR}/plexorn/module)
+    set(PLEXORN_INSTALL_HOSTDIR ${CMAKE_INSTALL_LIBDIR}/plexorn/svghost)
     set(PLEXORN_INSTALL_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/plexorn)
 endif()
 
