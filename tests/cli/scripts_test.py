@@ -28,7 +28,7 @@ class Help(unittest.TestCase):
 
     def test_wrong_usage_is_told(self):
         for script, arguments in (("setup", ["everything"]), ("test", ["debug"]), ("import", []),
-                                  ("import", ["a", "b", "c"])):
+                                  ("import", ["a", "b", "c"]), ("package", ["macos"]), ("package", ["-o"])):
             result = run(f"scripts/{script}", *arguments)
             self.assertEqual((result.returncode, result.stdout), (2, ""))
             self.assertIn(f"scripts/{script} --help", result.stderr)
