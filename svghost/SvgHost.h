@@ -1,9 +1,18 @@
-/* The reference host: answers the module's fourteen operations with a real SVG document.
+/** @file
+ * The reference host: answers the module's fourteen operations with a real SVG document.
  *
  * This is the interface beside the fourteen (host/QuillmarLib.h): make a document, hand its context node to
- * dxfFileOpen, read what was reported, write the SVG. Plain C; strings in and out of this header are UTF-8
- * unless they are wchar_t. Any number of documents can live at once; one document is used by one thread at
- * a time.
+ * dxfFileOpen, read what was reported, write the SVG. Plain C; no function lets an exception out, and none
+ * reads or sets the locale.
+ *
+ * Strings are zero-terminated: char is UTF-8, wchar_t is UTF-16 on Windows and UTF-32 elsewhere.
+ *
+ * Any number of documents can live at once. One document is used by one thread at a time, whichever it is: the
+ * operations of an import into it count as use. Documents share nothing, so two threads with a document each
+ * do not meet.
+ *
+ * A node belongs to its document and lives as long as it: nothing frees a single node. A node of one document
+ * must not be given to another.
  *
  * Memory and the SVG's size grow in proportion to what the operations are given, and have no limit of their
  * own: an element takes some 50 to 200 bytes of each, besides its texts, and a dash pattern at most 512 more.
@@ -22,66 +31,88 @@
 extern "C" {
 #endif
 
+/** A document with all its nodes and reports. */
 typedef struct SvgHostDocument SvgHostDocument;
 
-/* One report of the module, as it came through qlmSetLastError. */
+/** One report of the module, as it came through qlmSetLastError. */
 typedef struct SvgHostError {
-    int code;
-    int kind;
-    const wchar_t* message;
+    int code;               /**< 1 for an unknown group code, else 0 */
+    int kind;               /**< which kind of report it is; 1: the drawing cannot be opened */
+    const wchar_t* message; /**< the text, most with the line's number in the drawing; never NULL */
 } SvgHostError;
 
-/* How a document is written. Zero-initialised, it means: no background. */
+/** How a document is written. Zero-initialised, it means: no background. */
 typedef struct SvgHostWriteOptions {
-    const char* background; /* a CSS colour painted behind the drawing, or NULL for none */
+    const char* background; /**< a CSS colour painted behind the drawing, or NULL for none; it goes into the
+                                 file as it is given, escaped as XML wants it but not looked at further */
 } SvgHostWriteOptions;
 
-/* What was met while the picture was laid out (counts). */
+/** What was met while the picture was laid out (counts). */
 typedef struct SvgHostStatistics {
-    size_t elements;         /* elements made by the creating operations, symbols and groups included */
-    size_t symbols;          /* symbols defined, duplicates included */
-    size_t duplicateSymbols; /* further symbols of a name that was there already; the first is referred to */
-    size_t missingSymbols;   /* use elements whose symbol is never defined */
-    size_t cyclicUses;       /* use elements left out because they would draw their own symbol again */
-    size_t unboundedUses;    /* use elements left out because the drawing would unfold without end, or too far
-                                for a viewer to show it in reasonable time */
-    size_t undrawableElements; /* elements left out because a number of theirs is infinite, not a number,
-                                  beyond a 32-bit float, or missing where one must stand,
-                                  or because their scale is 0 or multiplies up beyond reason */
-    size_t longDashPatterns; /* elements drawn solid because their dash pattern has more than 512 characters,
-                                some fifty lengths: each element repeats its pattern in the file */
+    size_t elements;         /**< elements made by the creating operations, symbols and groups included */
+    size_t symbols;          /**< symbols defined, duplicates included */
+    size_t duplicateSymbols; /**< further symbols of a name that was there already; the first is referred to */
+    size_t missingSymbols;   /**< use elements whose symbol is never defined */
+    size_t cyclicUses;       /**< use elements left out because they would draw their own symbol again */
+    size_t unboundedUses;    /**< use elements left out because the drawing would unfold without end, or too
+                                  far for a viewer to show it in reasonable time */
+    size_t undrawableElements; /**< elements left out because a number of theirs is infinite, not a number,
+                                    beyond a 32-bit float, or missing where one must stand, or because their
+                                    scale is 0 or multiplies up beyond reason */
+    size_t longDashPatterns;   /**< elements drawn solid because their dash pattern has more than 512
+                                    characters, some fifty lengths: each element repeats its pattern in the
+                                    file */
 } SvgHostStatistics;
 
-/* A new, empty document, or NULL when memory is short. The caller destroys it. */
+/** A new, empty document, or NULL when memory is short. The caller destroys it. */
 QUILLMARLIB_API SvgHostDocument* svgHostCreate(void);
 
-/* Frees the document and every node of it; NULL is allowed. */
+/** Frees the document with every node and report of it; NULL is allowed. Any thread may do it that does not
+ * share the document with another just then; what is reported later on a thread that reported into it is
+ * lost. */
 QUILLMARLIB_API void svgHostDestroy(SvgHostDocument* document);
 
-/* The context node to give to dxfFileOpen. From this call on, what is reported through qlmSetLastError on
- * the calling thread is kept by this document (the report itself names no document). NULL gives 0 and ends
- * the keeping. */
+/** The context node to give to dxfFileOpen. From this call on, what is reported through qlmSetLastError on
+ * the calling thread is kept by this document (the report itself names no document), until the next call on
+ * this thread. NULL gives 0 and ends the keeping.
+ *
+ * To be called by the thread that calls dxfFileOpen, before each call. The node is the same each time, and a
+ * further import into the same document adds to what is there. */
 QUILLMARLIB_API QlmNode svgHostBeginImport(SvgHostDocument* document);
 
-/* The number of reports kept, and the report at index (false when there is none, or memory is short). Its
- * message belongs to the document and is good until the next call of svgHostGetError for it. */
+/** The number of reports kept, in the order in which they came; 0 for NULL. A report for which memory was
+ * short is lost. */
 QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
+
+/** Fills error with the report at index, counted from 0. False, and error as it was, when there is none, when
+ * memory is short, or when a pointer is NULL. The message belongs to the document and is good until the next
+ * call of svgHostGetError for it. */
 QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
 
-/* Hands every further report to function as it comes, instead of keeping it; NULL keeps them again. A broken
- * drawing can bring millions of reports: this way they take no memory. The message is good during the call,
- * which must neither throw nor call the document. */
+/** What svgHostOnError calls: user is what was given there. The error and its message are good during the
+ * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call any
+ * function of this header for the document. */
 typedef void (*SvgHostErrorFunction)(void* user, const SvgHostError* error);
+
+/** Hands every further report to function as it comes, instead of keeping it; NULL keeps them again. Reports
+ * kept before stay. A broken drawing can bring millions of reports: this way they take no memory. */
 QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user);
 
-/* Lays the picture out (view box, references) and tells what was met. False when memory is short, now or in
- * one of the operations before. */
+/** Lays the picture out (view box, references) and tells what was met. False, and then nothing in statistics can
+ * be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL. */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
 
-/* Writes the document as UTF-8 SVG through write, piece by piece; write returns false to stop. Returns
- * false when write did, or when memory is short, now or in one of the operations before. options may be
- * NULL. */
+/** Takes one piece of the file: size bytes, which are good during the call and end anywhere, within a character
+ * too. False stops the writing. It must neither throw nor call any function of this header for the document. */
 typedef bool (*SvgHostWriteFunction)(void* user, const char* bytes, size_t size);
+
+/** Writes the document as UTF-8 SVG through write, piece by piece, which is given user each time. options may
+ * be NULL.
+ *
+ * False when write returned false (it is not called again then), when a needed pointer is NULL, or when memory
+ * is short, now or in one of the operations before: a drawing with holes is never written as if it were whole.
+ * After false, what was written is not a whole file. The document stays as it is: it can be written again, and
+ * drawn into further. */
 QUILLMARLIB_API bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
                                   SvgHostWriteFunction write, void* user);
 

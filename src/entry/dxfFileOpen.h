@@ -1,4 +1,5 @@
-/* The module's one export. */
+/** @file
+ * The module's one export. */
 #ifndef PLEXORN_DXFFILEOPEN_H
 #define PLEXORN_DXFFILEOPEN_H
 
@@ -20,7 +21,7 @@
 extern "C" {
 #endif
 
-/* Reads the ASCII DXF file at path and draws it under parent through the host's operations.
+/** Reads the ASCII DXF file at path and draws it under parent through the host's operations.
  *
  * path is a zero-terminated wide string (UTF-16 on Windows, UTF-32 elsewhere); parent is the context node of
  * every host call. The result is always true: what is wrong with the file, the failure to open it included,

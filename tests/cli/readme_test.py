@@ -1,4 +1,4 @@
-"""What the README shows is run as shown: its commands, and its host in C."""
+"""What the README shows is run as shown."""
 import os
 import re
 import shutil
@@ -65,20 +65,6 @@ class Readme(unittest.TestCase):
                 result = self.run_shown(command)
                 self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn("white", ElementTree.tostring(self.picture("machine-part.svg"), "unicode"))
-
-    def test_the_host_in_c_compiles_and_writes_the_picture(self):
-        [source] = code_blocks("c")
-        with open(os.path.join(self.folder, "host.c"), "w", encoding="utf-8") as file:
-            file.write(source)
-        library = os.path.join(BUILD, "lib")
-        compiled = subprocess.run(
-            ["cc", "-std=c11", "-Wall", "-Wextra", "-Wpedantic", "-Werror", "-I", os.path.join(ROOT, "src"), "-I", ROOT,
-             "host.c", "-o", "host", f"-L{library}", "-lPlexorn", "-lQuillmarLib", f"-Wl,-rpath,{library}"],
-            cwd=self.folder, capture_output=True, text=True)
-        self.assertEqual((compiled.returncode, compiled.stderr), (0, ""))
-        result = self.run_shown("./host")
-        self.assertEqual((result.returncode, result.stderr), (0, ""))
-        self.assertEqual(ElementTree.fromstring(result.stdout).tag, f"{SVG}svg")
 
     def test_every_link_leads_somewhere(self):
         with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
