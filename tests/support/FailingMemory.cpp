@@ -11,6 +11,9 @@ namespace {
 thread_local FailingMemory* current = nullptr;
 std::atomic<std::uint64_t> lastNumber = 0;
 
+void* (*allocateBlock)(std::size_t) = std::malloc;
+void (*releaseBlock)(void*) = std::free;
+
 // Stands before each block.
 struct alignas(std::max_align_t) HEADER {
     std::uint64_t owner;
@@ -19,7 +22,7 @@ struct alignas(std::max_align_t) HEADER {
 
 void* AllocateCounted(std::size_t size, std::size_t counted)
 {
-    void* const whole = FailingMemory::Fails() ? nullptr : std::malloc(sizeof(HEADER) + size);
+    void* const whole = FailingMemory::Fails() ? nullptr : allocateBlock(sizeof(HEADER) + size);
     if (whole == nullptr)
         throw std::bad_alloc();
     return new (whole) HEADER{FailingMemory::Allocated(counted), counted} + 1;
@@ -36,7 +39,7 @@ void Free(void* block)
         return;
     HEADER* const header = static_cast<HEADER*>(block) - 1;
     FailingMemory::Freed(header->owner, header->size);
-    std::free(header);
+    releaseBlock(header);
 }
 
 // No function for aligned memory is there on every platform: the block that was got stands before the one
@@ -78,6 +81,12 @@ FailingMemory::Pause::~Pause()
     current = m_paused;
 }
 
+void FailingMemory::UseBlocksOf(void* (*allocate)(std::size_t), void (*release)(void*))
+{
+    allocateBlock = allocate;
+    releaseBlock = release;
+}
+
 bool FailingMemory::Fails()
 {
     FailingMemory* const memory = current;
@@ -116,6 +125,19 @@ void* operator new(std::size_t size)
 void* operator new[](std::size_t size)
 {
     return Allocate(size);
+}
+// Sanitizers have operators of their own for these too, whose blocks ours would free.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return Allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept
+{
+    return operator new(size, nothrow);
 }
 void* operator new(std::size_t size, std::align_val_t alignment)
 {

@@ -37,6 +37,10 @@ public:
         FailingMemory* m_paused;
     };
 
+    // Takes the blocks from other functions than malloc and free, also those of this process that are there
+    // already: free must know them from its own.
+    static void UseBlocksOf(void* (*allocate)(std::size_t), void (*release)(void*));
+
     // For operator new and delete: what is asked of the current one, and which one it is, 0 for none.
     static bool Fails();
     static std::uint64_t Allocated(std::size_t size);

@@ -1,10 +1,10 @@
 // Numbers against the standard library's functions, on random and odd inputs.
 #include "reader/CDxfStream.h"
 #include "reader/Numbers.h"
+#include "support/NumbersModel.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -99,18 +99,11 @@ std::string Actual(FORMAT format, double value)
     return {text, format(value, text)};
 }
 
-std::string Expected(const char* format, double value)
-{
-    char text[kLongestNumber + 1];
-    std::snprintf(text, sizeof(text), format, value);
-    return text;
-}
-
 void ExpectAgreement(double value)
 {
-    ASSERT_EQ(Actual(FormatFixed6, value), Expected("%f", value));
-    ASSERT_EQ(Actual(FormatWidth4Fixed2, value), Expected("%4.2f", value));
-    ASSERT_EQ(Actual(FormatGeneral, value), Expected("%g", value));
+    ASSERT_EQ(Actual(FormatFixed6, value), ModelFormat("%f", value));
+    ASSERT_EQ(Actual(FormatWidth4Fixed2, value), ModelFormat("%4.2f", value));
+    ASSERT_EQ(Actual(FormatGeneral, value), ModelFormat("%g", value));
 }
 
 // The bits tell -0 from 0.
@@ -119,17 +112,9 @@ std::uint64_t Bits(double value)
     return std::bit_cast<std::uint64_t>(value);
 }
 
-// Where strtod finds no number, some libraries keep the sign.
-double Strtod(const std::string& text)
-{
-    char* end = nullptr;
-    const double value = std::strtod(text.c_str(), &end);
-    return end == text.c_str() ? 0.0 : value;
-}
-
 void ExpectSameReal(const std::string& text)
 {
-    ASSERT_EQ(Bits(ParseReal(text)), Bits(Strtod(text))) << testing::PrintToString(text);
+    ASSERT_EQ(Bits(ParseReal(text)), Bits(ModelReal(text))) << testing::PrintToString(text);
 }
 
 // Reads texts as lines of a stream, among each other as in a file.
@@ -143,7 +128,7 @@ void ExpectSameRealLines(const std::vector<std::string>& texts)
     for (const std::string& text : texts) {
         const std::string_view line = stream.getline();
         ASSERT_EQ(line, text);
-        ASSERT_EQ(Bits(ParseLineReal(line)), Bits(Strtod(text))) << testing::PrintToString(text);
+        ASSERT_EQ(Bits(ParseLineReal(line)), Bits(ModelReal(text))) << testing::PrintToString(text);
     }
 }
 
@@ -235,9 +220,9 @@ TEST(NumbersModel, ShortestAndLongTextsOfADoubleGiveItBack)
         const double value = RandomDouble(random);
         if (!std::isfinite(value))
             continue;
-        ASSERT_NO_FATAL_FAILURE(ExpectSameReal(Expected("%.17g", value)));
-        ASSERT_EQ(ParseReal(Expected("%.17g", value)), value);
-        ASSERT_NO_FATAL_FAILURE(ExpectSameReal(Expected("%.6e", value)));
+        ASSERT_NO_FATAL_FAILURE(ExpectSameReal(ModelFormat("%.17g", value)));
+        ASSERT_EQ(ParseReal(ModelFormat("%.17g", value)), value);
+        ASSERT_NO_FATAL_FAILURE(ExpectSameReal(ModelFormat("%.6e", value)));
     }
 }
 
@@ -274,10 +259,7 @@ TEST(NumbersModel, IntegersAreReadAsByStrtoll)
     for (int round = 0; round < 200000; ++round) {
         const std::string text = round % 2 == 0 ? RandomBlanksAndSign(random) + RandomDigits(random, 21)
                                                 : RandomText(random, "0123456789+- .x", 12);
-        const long long number = std::strtoll(text.c_str(), nullptr, 10);
-        const long long least = std::numeric_limits<std::int32_t>::min();
-        const long long most = std::numeric_limits<std::int32_t>::max();
-        ASSERT_EQ(ParseInteger(text), std::clamp(number, least, most)) << testing::PrintToString(text);
+        ASSERT_EQ(ParseInteger(text), ModelInteger(text)) << testing::PrintToString(text);
     }
 }
 
@@ -289,7 +271,9 @@ TEST(NumbersModel, CodesAreReadAsBySscanf)
                                                 : RandomText(random, "0123456789+- \tx.", 9);
         int expected = -1;
         const bool found = std::sscanf(text.c_str(), "%d", &expected) == 1;
-        std::int32_t code = -1;
+        std::int32_t code = -1, modelCode = -1;
+        ASSERT_EQ(ModelCode(text, modelCode), found) << testing::PrintToString(text);
+        ASSERT_EQ(modelCode, expected) << testing::PrintToString(text);
         ASSERT_EQ(ParseCode(text, code), found) << testing::PrintToString(text);
         ASSERT_EQ(code, expected) << testing::PrintToString(text);
     }
@@ -306,6 +290,18 @@ TEST(NumbersModel, CodesOutside32BitsWrap)
     }
 }
 
+TEST(NumbersModel, CodesOfManyDigitsWrap)
+{
+    std::mt19937_64 random(14);
+    for (int round = 0; round < 20000; ++round) {
+        const std::string text = RandomBlanksAndSign(random) + "1" + RandomDigits(random, 60);
+        std::int32_t code = -1, expected = -1;
+        ASSERT_TRUE(ModelCode(text, expected));
+        ASSERT_TRUE(ParseCode(text, code));
+        ASSERT_EQ(code, expected) << text;
+    }
+}
+
 TEST(NumbersModel, RandomDoublesAreWrittenAsBySnprintf)
 {
     std::mt19937_64 random(10);
@@ -313,7 +309,7 @@ TEST(NumbersModel, RandomDoublesAreWrittenAsBySnprintf)
         const double value = RandomDouble(random);
         if (std::isnan(value))
             continue;
-        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << Expected("%a", value);
+        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << ModelFormat("%a", value);
     }
 }
 
@@ -323,15 +319,15 @@ TEST(NumbersModel, DoublesOfDrawingsAreWrittenAsBySnprintf)
     std::uniform_real_distribution<double> coordinate(-100000.0, 100000.0);
     for (int round = 0; round < 100000; ++round) {
         const double value = coordinate(random);
-        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << Expected("%a", value);
-        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(std::round(value) / 1000)) << Expected("%a", value);
+        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << ModelFormat("%a", value);
+        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(std::round(value) / 1000)) << ModelFormat("%a", value);
     }
 }
 
 TEST(NumbersModel, OddDoublesAreWrittenAsBySnprintf)
 {
     for (const double value : OddDoubles())
-        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << Expected("%a", value);
+        ASSERT_NO_FATAL_FAILURE(ExpectAgreement(value)) << ModelFormat("%a", value);
 }
 
 TEST(NumbersModel, IntegersAreWrittenAsBySnprintf)

@@ -1,12 +1,12 @@
 // The stream against the standard library's, on bytes of every kind and wherever a read or a block may end.
 #include "reader/CDxfStream.h"
 #include "support/Sources.h"
+#include "support/StreamModel.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,24 +27,15 @@ std::ostream& operator<<(std::ostream& out, const ReadLine& line)
     return out << testing::PrintToString(line.text) << (line.eof ? " and end of file" : "");
 }
 
-// The bytes as a file in text mode gives them.
-std::string TextMode(std::string_view bytes)
-{
-    std::string text(bytes.substr(0, bytes.find('\x1A')));
-    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at)
-        text.erase(at, 1);
-    return text;
-}
-
 // Reads as the standard library does, and some lines more behind the end.
 std::vector<ReadLine> Expected(std::string_view bytes)
 {
-    std::istringstream stream(TextMode(bytes));
+    StreamModel stream(bytes);
     std::vector<ReadLine> lines;
     for (int behind = 0; behind < kReadsBehindTheEnd; behind += stream.eof()) {
-        char line[1024];
-        stream.getline(line, sizeof(line));
-        lines.push_back({line, stream.eof()});
+        const std::string text(stream.getline());
+        lines.push_back({text, stream.eof()});
+        EXPECT_FALSE(stream.WasCut());
     }
     return lines;
 }

@@ -1,0 +1,72 @@
+#!/usr/bin/env python3
+"""Writes the first inputs of every fuzz target: fuzz/make_seeds.py FOLDER makes FOLDER/<target>/ for each.
+
+They come from the drawings of the tests and examples, and from texts that stand here.
+"""
+import os
+import struct
+import sys
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+
+NUMBERS = ["0", "-0", "1.5", "-12.345678", " 70abc", "1e308", "1e400", "-1e-400", "5e-324", ".5", "5.", "-.5e+3",
+           "0x10", "inf", "nan", "1e", "1e+", "2147483648", "-4294967276", "99999999999999999999", "  0", " 10", "999",
+           "0.1234567890123456", "1234567.8", "12345678901234567890.5", "1.7976931348623159e308",
+           "2.4703282292062327208e-324", "9007199254740993", "0000000000000000000001", "\t\v\f\r +7 ", "1.2.3", "--1"]
+DOUBLES = [0.0, -0.0, 1.5, 0.005, 99.995, 999999.5, 9999995.0, 0.00009999995, 1e12, 2.0 ** -10, 1e308, 5e-324,
+           float("inf"), float("-inf"), float("nan"), -123456.789]
+
+
+def drawings():
+    for folder in ("tests/trace", "tests/issues", "examples"):
+        path = os.path.join(ROOT, folder)
+        for name in sorted(os.listdir(path)) if os.path.isdir(path) else []:
+            if name.endswith(".dxf"):
+                with open(os.path.join(path, name), "rb") as file:
+                    yield name[:-len(".dxf")], file.read()
+
+
+def of_drawings(*headers):
+    """Each drawing behind each of the headers."""
+    for name, drawing in drawings():
+        for number, header in enumerate(headers):
+            yield f"{name}-{number}", header + drawing
+
+
+def stream():
+    yield from of_drawings(b"\x00\x00", b"\x01\x07", b"\x02\x01", b"\x04\x01")
+    long = b"x" * 1022
+    yield "lengths", b"\x00\x00" + b"\n".join([long, long + b"y", long + b"yz", long + b"y\r", long + b"yz\r"])
+    yield "ends", b"\x00\x01a\r\nb\r\r\nc\0d\ne\n\n\x1af\n"
+
+
+def numbers():
+    yield "texts", b"\x00" + "\n".join(NUMBERS).encode()
+    yield "doubles", b"\x01" + b"".join(struct.pack("<di", value, int(-2 ** 31 + 97 * i))
+                                        for i, value in enumerate(DOUBLES))
+
+
+def import_():
+    yield from of_drawings(b"\x00\x00\x00", b"\x03\x1f\x00", b"\x04\x40\x09", b"\x08\x00\x00")
+
+
+def fields():
+    yield from of_drawings(b"\x00\x00", b"\x01\x0d")
+
+
+TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields}
+
+
+def main(folder):
+    for target, seeds in TARGETS.items():
+        os.makedirs(os.path.join(folder, target), exist_ok=True)
+        for name, content in seeds():
+            with open(os.path.join(folder, target, name), "wb") as file:
+                file.write(content)
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
+        print(__doc__.strip(), file=sys.stderr if len(sys.argv) != 2 else sys.stdout)
+        sys.exit(2 if len(sys.argv) != 2 else 0)
+    main(sys.argv[1])

@@ -1,0 +1,98 @@
+// Numbers against the C library's: reading as strtod, strtoll and "%d" do, writing as snprintf does.
+//
+// Input: a byte that says whether the rest is doubles and integers to write (odd) or texts to read (even),
+// each up to a line feed; of a text to read, the bytes next to it are the input's too.
+#include "FuzzInput.h"
+
+#include "reader/Numbers.h"
+#include "support/NumbersModel.h"
+
+#include <bit>
+#include <cmath>
+#include <string>
+
+namespace {
+
+using FORMAT = char* (*)(double, char*);
+
+void RequireFormat(FORMAT format, const char* model, double value)
+{
+    char text[kLongestNumber];
+    const char* const end = format(value, text);
+    FuzzRequireSame(model, ModelFormat(model, value), {text, static_cast<std::size_t>(end - text)});
+}
+
+void Write(double value, std::int32_t integer)
+{
+    RequireFormat(FormatFixed6, "%f", value);
+    RequireFormat(FormatWidth4Fixed2, "%4.2f", value);
+    RequireFormat(FormatGeneral, "%g", value);
+    char text[kLongestNumber];
+    const char* const end = FormatInteger(integer, text);
+    FuzzRequireSame("%d", std::to_string(integer), {text, static_cast<std::size_t>(end - text)});
+}
+
+// The bits tell -0 from 0.
+void RequireReal(const char* what, double expected, double actual)
+{
+    if (std::bit_cast<std::uint64_t>(expected) != std::bit_cast<std::uint64_t>(actual)) [[unlikely]] {
+        char text[2][64];
+        std::snprintf(text[0], sizeof(text[0]), "%a", expected);
+        std::snprintf(text[1], sizeof(text[1]), "%a", actual);
+        FuzzFail(what, text[0], text[1]);
+    }
+}
+
+void RequireInteger(const char* what, std::int32_t expected, std::int32_t actual)
+{
+    if (expected != actual) [[unlikely]]
+        FuzzFail(what, std::to_string(expected), std::to_string(actual));
+}
+
+// line is a part of a text that has at least 64 bytes before and behind it.
+void Read(std::string_view line)
+{
+    const double real = ModelReal(line);
+    RequireReal("ParseReal", real, ParseReal(line));
+    RequireReal("ParseLineReal", real, ParseLineReal(line));
+    RequireInteger("ParseInteger", ModelInteger(line), ParseInteger(line));
+
+    std::int32_t expected = 12345, actual = 12345, plain = 12345;
+    const bool found = ModelCode(line, expected);
+    FuzzRequire(ParseCode(line, actual) == found, "ParseCode finds a number where there is one");
+    FuzzRequire(ParseAnyCode(line, plain) == found, "ParseAnyCode finds a number where there is one");
+    RequireInteger("ParseCode", expected, actual);
+    RequireInteger("ParseAnyCode", expected, plain);
+
+    const std::string_view trimmed = Trim(line);
+    const char* const blanks = " \t\n\v\f\r";
+    const std::size_t first = line.find_first_not_of(blanks);
+    const std::size_t last = line.find_last_not_of(blanks);
+    const bool isBlank = first == std::string_view::npos;
+    FuzzRequireSame("Trim", isBlank ? "" : line.substr(first, last - first + 1), trimmed);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t kAround = 64;
+    FuzzInput input(data, size);
+    if (input.Byte() % 2 == 1) {
+        while (!input.IsAtEnd()) {
+            const double value = input.Bits<double>();
+            Write(value, input.Bits<std::int32_t>());
+        }
+        return 0;
+    }
+    const std::string_view lines = input.Rest();
+    static std::string text; // kept for its room
+    // What stands around a line is no part of it: digits there would show.
+    text.assign(kAround, '7').append(lines).append(kAround, '7');
+    for (std::size_t begin = 0; begin <= lines.size();) {
+        const std::size_t end = std::min(lines.find('\n', begin), lines.size());
+        Read(std::string_view(text).substr(kAround + begin, end - begin));
+        begin = end + 1;
+    }
+    return 0;
+}
