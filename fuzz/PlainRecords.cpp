@@ -1,0 +1,365 @@
+#include "PlainRecords.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kNoCode = -1;
+
+PlainKind Entity(std::string_view name, std::string_view kind)
+{
+    return PlainKind(name, kind)
+        .Text("m_strHandle", 5)
+        .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+        .Text("m_strOwnerHandle", 330)
+        .Text("m_strSubclass", 100)
+        .Integer("m_nPaperSpace", 67)
+        .Text("m_strLayout", 410)
+        .Text("m_strLayer", 8)
+        .Text("m_strLineType", 6)
+        .Text("m_strMaterial", 347)
+        .Integer("m_nColor", 62)
+        .Integer("m_nLineWeight", 370, "-1")
+        .Add("m_dLineTypeScale", 48, 48, PLAIN_CONVERSION::IntegerAsReal, "1")
+        .Integer("m_nVisibility", 60)
+        .Integer("m_nProxyByteCount", 92)
+        .Text("m_strProxyData", 310)
+        .Integer("m_nTrueColor", 420)
+        .Text("m_strColorName", 430)
+        .Text("m_strTransparency", 440)
+        .Text("m_strPlotStyle", 390)
+        .Integer("m_nShadowMode", 284)
+        .Add("m_nEntityType", kNoCode, kNoCode, PLAIN_CONVERSION::None, kind)
+        .Own();
+}
+
+PlainKind Centered(std::string_view name, std::string_view kind)
+{
+    return Entity(name, kind).Real("m_dThickness", 39).Point("m_dCenter", 10);
+}
+
+PlainKind Polyline()
+{
+    return Entity("LWPOLYLINE", "5")
+        .Integer("m_nVertexCount", 90)
+        .Integer("m_nFlags", 70)
+        .Real("m_dConstantWidth", 43)
+        .Real("m_dElevation", 38)
+        .Real("m_dThickness", 39)
+        .Add("m_vertices", 20, 20, PLAIN_CONVERSION::Vertex)
+        .Add("", 10, 10, PLAIN_CONVERSION::PendingX)
+        .Integer("m_nVertexId", 91)
+        .Integer("m_nStartWidth", 40)
+        .Integer("m_nEndWidth", 41)
+        .Integer("m_nBulge", 42)
+        .Extrusion();
+}
+
+PlainKind Ellipse()
+{
+    return Entity("ELLIPSE", "4")
+        .Add("m_dThickness", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")
+        .Point("m_dCenter", 10)
+        .Point("m_dMajorAxis", 11)
+        .Extrusion()
+        .Real("m_dRatio", 40)
+        .Real("m_dStartParam", 41)
+        .Real("m_dEndParam", 42);
+}
+
+PlainKind TextEntity()
+{
+    return Entity("TEXT", "6")
+        .Add("m_dThickness", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")
+        .Point("m_dInsert", 10)
+        .Real("m_dHeight", 40, "5")
+        .RawText("m_strText", 1)
+        .Real("m_dRotation", 50)
+        .Real("m_dScaleX", 41, "1")
+        .Real("m_dOblique", 51)
+        .RawText("m_strStyle", 7)
+        .Integer("m_nGenerationFlags", 71)
+        .Integer("m_nHorzAlign", 72)
+        .Real("m_dAlignX", 11)
+        .Real("m_dAlignY", 21)
+        .Real("m_dAlignZ", 33)
+        .Extrusion()
+        .Integer("m_nVertAlign", 73);
+}
+
+PlainKind MTextEntity()
+{
+    return Entity("MTEXT", "7")
+        .Point("m_dInsert", 10)
+        .Real("m_dHeight", 40, "5")
+        .Real("m_dRefWidth", 41)
+        .Integer("m_nAttachment", 71, "1")
+        .Integer("m_nDrawingDirection", 72)
+        .RawText("m_strText", 1)
+        .RawText("m_strTextMore", 3)
+        .RawText("m_strStyle", 7)
+        .Extrusion()
+        .Point("m_dDir", 11)
+        .Real("m_dCharWidth", 42)
+        .Real("m_dRectHeight", 43)
+        .Real("m_dRotation", 50)
+        .Integer("m_nLineSpacingStyle", 73)
+        .Real("m_dLineSpacing", 44, "1")
+        .Integer("m_nBackgroundFill", 90)
+        .Integers("m_nBackgroundTrueColor", 420, 439)
+        .Integer("m_nBackgroundColor", 63)
+        .Real("m_dBackgroundTransparency", 441)
+        .Integer("m_nColumnType", 75)
+        .Integer("m_nColumnCount", 76)
+        .Integer("m_nColumnFlowReversed", 78)
+        .Real("m_dColumnAutoHeight", 79)
+        .Real("m_dColumnWidth", 48)
+        .Real("m_dColumnGutter", 49);
+}
+
+PlainKind Insert()
+{
+    return Entity("INSERT", "8")
+        .Integer("m_nAttributesFollow", 66)
+        .Text("m_strBlockName", 2)
+        .Point("m_dInsert", 10)
+        .Real("m_dScaleX", 41, "1")
+        .Real("m_dScaleY", 42, "1")
+        .Real("m_dScaleZ", 43, "1")
+        .Real("m_dRotation", 50)
+        .Integer("m_nColumnCount", 70, "1")
+        .Integer("m_nRowCount", 71, "1")
+        .Integer("m_nColumnSpacing", 44)
+        .Integer("m_nRowSpacing", 45)
+        .Extrusion();
+}
+
+PlainKind Entry(std::string_view name, std::string_view kind)
+{
+    return PlainKind(name, kind)
+        .Add("m_nTableKind", kNoCode, kNoCode, PLAIN_CONVERSION::None, kind)
+        .Text("m_strHandle", 5)
+        .Text("m_strDimStyleHandle", 105)
+        .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+        .Text("m_strOwnerHandle", 330)
+        .Add("m_strSpare", kNoCode, kNoCode, PLAIN_CONVERSION::None, "", true)
+        .Text("m_strFirstSubclass", 100)
+        .Own()
+        .Text("m_strSubclass", 100)
+        .Text("m_strName", 2);
+}
+
+PlainKind Angular(std::string_view marker, std::string_view kind)
+{
+    return PlainKind(marker, kind)
+        .Point("m_dExtLine1", 13)
+        .Point("m_dExtLine2", 14)
+        .Point("m_dArcPoint", 15)
+        .Point("m_dDimArc", 16);
+}
+
+PlainKind Chord(std::string_view marker, std::string_view kind)
+{
+    return PlainKind(marker, kind).Point("m_dChordPoint", 15).Real("m_dLeaderLength", 40);
+}
+
+PlainKind DimensionPart()
+{
+    return PlainKind("AcDbDimension", "2")
+        .Text("m_strBlockName", 2)
+        .Point("m_dDefPoint", 10)
+        .Point("m_dTextMid", 11)
+        .Integer("m_nDimType", 70)
+        .Integer("m_nAttachment", 71, "-1")
+        .Real("m_dLineSpacing", 41)
+        .Real("m_dMeasurement", 42)
+        .Text("m_strText", 1)
+        .Real("m_dTextRotation", 53)
+        .Real("m_dHorizontalDir", 51)
+        .Extrusion()
+        .Text("m_strStyle", 3);
+}
+
+std::vector<PlainKind> EntityKinds()
+{
+    return {
+        Entity("LINE", "1").Real("m_dThickness", 39).Point("m_dStart", 10).Point("m_dEnd", 11).Extrusion(),
+        Centered("ARC", "2")
+            .Real("m_dRadius", 40)
+            .Real("m_dStartAngle", 50)
+            .Real("m_dEndAngle", 51)
+            .Extrusion(),
+        Centered("CIRCLE", "3").Real("m_dRadius", 40).Extrusion(),
+        Ellipse(),
+        Polyline(),
+        TextEntity(),
+        MTextEntity(),
+        Insert(),
+        Entity("DIMENSION", "9").Add("m_parts", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")};
+}
+
+std::vector<PlainKind> EntryKinds()
+{
+    return {Entry("LAYER", "4")
+                .Integer("m_nFlags", 70)
+                .Integer("m_nColor", 62)
+                .Text("m_strLineType", 6)
+                .Integer("m_nPlotting", 290)
+                .Integer("m_nLineWeight", 370)
+                .Text("m_strPlotStyle", 390)
+                .Text("m_strMaterial", 347),
+            Entry("LTYPE", "5")
+                .Integer("m_nFlags", 70)
+                .Text("m_strDescription", 3)
+                .Integer("m_nAlignment", 72)
+                .Integer("m_nDashCount", 73)
+                .Real("m_dPatternLength", 40)
+                .Add("m_dashes", 49, 49, PLAIN_CONVERSION::Dash),
+            Entry("BLOCK_RECORD", "2")
+                .Text("m_strLayout", 340)
+                .Text("m_strInsertUnits", 70)
+                .Text("m_strExplodability", 280)
+                .Text("m_strScalability", 281)
+                .Text("m_strLineWeight", 370)
+                .Text("m_strXDataApplication", 1001)
+                .Text("m_strXDataString", 1000)
+                .Add("m_strXData", 1002, 1002, PLAIN_CONVERSION::Group, "", true)};
+}
+
+std::vector<PlainKind> PartKinds()
+{
+    return {PlainKind("AcDbEntity", "1"),
+            DimensionPart(),
+            PlainKind("AcDbAlignedDimension", "3")
+                .Point("m_dClonePoint", 12)
+                .Point("m_dExtLine1", 13)
+                .Point("m_dExtLine2", 14)
+                .Real("m_dRotation", 50)
+                .Real("m_dOblique", 52),
+            Angular("AcDb3PointAngularDimension", "4"),
+            PlainKind("AcDbRotatedDimension", "5"),
+            PlainKind("AcDbOrdinateDimension", "6").Point("m_dExtLine1", 13).Point("m_dExtLine2", 14),
+            Chord("AcDbRadialDimension", "7"),
+            Chord("AcDbDiametricDimension", "8"),
+            Angular("AcDb2LineAngularDimension", "9")};
+}
+
+const PlainKind* FindKind(const std::vector<PlainKind>& kinds, std::string_view name)
+{
+    for (const PlainKind& kind : kinds)
+        if (kind.Name() == name)
+            return &kind;
+    return nullptr;
+}
+
+} // namespace
+
+PlainKind& PlainKind::Add(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
+                          std::string_view initial, bool isText)
+{
+    m_fields.push_back({std::string(name), firstCode, lastCode, conversion, std::string(initial), isText});
+    return *this;
+}
+
+PlainKind& PlainKind::Real(std::string_view name, int code, std::string_view initial)
+{
+    return Add(name, code, code, PLAIN_CONVERSION::Real, initial);
+}
+
+PlainKind& PlainKind::Integer(std::string_view name, int code, std::string_view initial)
+{
+    return Add(name, code, code, PLAIN_CONVERSION::Integer, initial);
+}
+
+PlainKind& PlainKind::Integers(std::string_view name, int firstCode, int lastCode)
+{
+    return Add(name, firstCode, lastCode, PLAIN_CONVERSION::Integer, "0");
+}
+
+PlainKind& PlainKind::Text(std::string_view name, int code)
+{
+    return Add(name, code, code, PLAIN_CONVERSION::Text, "", true);
+}
+
+PlainKind& PlainKind::RawText(std::string_view name, int code)
+{
+    return Add(name, code, code, PLAIN_CONVERSION::RawText, "", true);
+}
+
+PlainKind& PlainKind::Point(std::string_view name, int code)
+{
+    const std::string start(name);
+    return Real(start + "X", code).Real(start + "Y", code + 10).Real(start + "Z", code + 20);
+}
+
+PlainKind& PlainKind::Extrusion()
+{
+    return Real("m_dExtrusionX", 210).Real("m_dExtrusionY", 220).Real("m_dExtrusionZ", 230, "1");
+}
+
+PlainKind& PlainKind::Own()
+{
+    m_own = m_fields.size();
+    return *this;
+}
+
+int PlainKind::Find(int code, bool own) const
+{
+    const std::size_t first = own ? m_own : 0;
+    const std::size_t last = own ? m_fields.size() : m_own;
+    for (std::size_t i = first; i < last; ++i)
+        if (m_fields[i].conversion != PLAIN_CONVERSION::None && m_fields[i].firstCode <= code &&
+            code <= m_fields[i].lastCode)
+            return static_cast<int>(i);
+    return -1;
+}
+
+const PlainKind* EntityKind(std::string_view typeName)
+{
+    static const std::vector<PlainKind> kinds = EntityKinds();
+    return FindKind(kinds, typeName);
+}
+
+const PlainKind* EntryKind(std::string_view typeName)
+{
+    static const std::vector<PlainKind> kinds = EntryKinds();
+    return FindKind(kinds, typeName);
+}
+
+const PlainKind* PartKind(std::string_view marker)
+{
+    static const std::vector<PlainKind> kinds = PartKinds();
+    return FindKind(kinds, marker);
+}
+
+const PlainKind& TableKind()
+{
+    static const PlainKind kind = PlainKind()
+                                      .Text("m_strName", 2)
+                                      .Text("m_strHandle", 5)
+                                      .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+                                      .Text("m_strOwnerHandle", 330)
+                                      .Text("m_strSubclass", 100)
+                                      .Integer("m_nMaxEntries", 70)
+                                      .Add("m_entries", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0");
+    return kind;
+}
+
+const PlainKind& BlockKind()
+{
+    static const PlainKind kind =
+        PlainKind()
+            .Add("m_nObjectType", kNoCode, kNoCode, PLAIN_CONVERSION::None, "1")
+            .Text("m_strHandle", 5)
+            .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+            .Text("m_strOwnerHandle", 330)
+            .Add("m_strSubclass", kNoCode, kNoCode, PLAIN_CONVERSION::None, "", true)
+            .Text("m_strLayer", 8)
+            .Text("m_strName", 2)
+            .Integer("m_nFlags", 70)
+            .Point("m_dBase", 10)
+            .Text("m_strName3", 3)
+            .Text("m_strXrefPath", 1)
+            .Text("m_strDescription", 4);
+    return kind;
+}

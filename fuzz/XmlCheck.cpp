@@ -1,0 +1,119 @@
+#include "XmlCheck.h"
+
+#include "FuzzInput.h"
+#include "WellFormed.h"
+
+#include <pugixml.hpp>
+
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace {
+
+using NAMES = std::set<std::string_view>;
+
+// Attributes that any element may have, and those of one kind.
+const NAMES kStyle = {"stroke",         "stroke-width", "stroke-dasharray", "stroke-linecap", "fill",
+                      "fill-opacity",   "visibility",   "font-size",        "text-anchor",    "marker-start",
+                      "marker-end",     "transform"};
+const std::map<std::string_view, NAMES> kElements = {
+    {"svg", {"xmlns", "xmlns:xlink", "width", "height", "viewBox"}},
+    {"defs", {}},
+    {"marker", {"id", "markerUnits", "orient", "overflow", "markerWidth", "markerHeight"}},
+    {"symbol", {"id", "overflow"}},
+    {"g", {"stroke-linejoin", "font-family"}},
+    {"rect", {"x", "y", "width", "height"}},
+    {"line", {"x1", "y1", "x2", "y2"}},
+    {"circle", {"r", "cx", "cy"}},
+    {"ellipse", {"rx", "ry", "cx", "cy"}},
+    {"path", {"d"}},
+    {"polyline", {"points"}},
+    {"polygon", {"points"}},
+    {"text", {"x", "y", "xml:space"}},
+    {"use", {"xlink:href"}},
+};
+const NAMES kNumbers = {"x",  "y",  "x1", "y1",    "x2",     "y2",          "r",            "rx",       "ry",
+                        "cx", "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight", "font-size"};
+// Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
+constexpr std::string_view kDataPrefix = "data-";
+
+void RequireNumber(std::string_view name, const char* value)
+{
+    if (!kNumbers.contains(name))
+        return;
+    char* end = nullptr;
+    const double number = std::strtod(value, &end);
+    if (end == value || *end != '\0' || !std::isfinite(number) ||
+        std::string_view(value).find_first_not_of("0123456789.eE+-") != std::string_view::npos)
+        FuzzFail("a number is one", name, value);
+}
+
+class Picture {
+public:
+    explicit Picture(const pugi::xml_document& document) { Visit(document.document_element(), 0); }
+
+    void RequireReferences() const
+    {
+        for (const std::string& id : m_references)
+            FuzzRequire(m_ids.contains(id), "what is referred to is there");
+    }
+
+    std::multiset<std::string> texts;
+
+private:
+    void Visit(const pugi::xml_node& element, int depth)
+    {
+        FuzzRequire(depth < 200, "elements do not stand too deep within each other");
+        const auto known = kElements.find(element.name());
+        if (known == kElements.end())
+            FuzzFail("an element is a known one", "", element.name());
+        for (const pugi::xml_attribute& attribute : element.attributes())
+            VisitAttribute(known->second, attribute);
+        if (known->first == "text")
+            texts.insert(element.child_value());
+        for (const pugi::xml_node& child : element.children()) {
+            if (child.type() == pugi::node_element)
+                Visit(child, depth + 1);
+            else
+                FuzzRequire(child.type() == pugi::node_pcdata, "an element holds elements and text");
+        }
+    }
+
+    void VisitAttribute(const NAMES& own, const pugi::xml_attribute& attribute)
+    {
+        const std::string_view name = attribute.name();
+        if (name.starts_with(kDataPrefix) && name.size() > kDataPrefix.size())
+            return;
+        if (!own.contains(name) && !kStyle.contains(name))
+            FuzzFail("an attribute is a known one", "", name);
+        RequireNumber(name, attribute.value());
+        const std::string value = attribute.value();
+        if (name == "id")
+            FuzzRequire(m_ids.insert(value).second, "an identifier is there once");
+        if (name == "xlink:href")
+            FuzzRequire(value.size() > 1 && value[0] == '#', "a use refers to the picture itself");
+        if (name == "marker-start" || name == "marker-end") {
+            FuzzRequire(value.starts_with("url(#") && value.ends_with(")"), "a marker is one of the picture's");
+            m_references.insert(value.substr(5, value.size() - 6));
+        }
+    }
+
+    std::set<std::string> m_ids;
+    std::set<std::string> m_references; // of those that must be there; a use's symbol may be missing
+};
+
+} // namespace
+
+std::vector<std::string> RequirePicture(const std::string& svg)
+{
+    RequireWellFormed(svg);
+    pugi::xml_document document;
+    const unsigned options = pugi::parse_full | pugi::parse_ws_pcdata;
+    FuzzRequire(document.load_buffer(svg.data(), svg.size(), options, pugi::encoding_utf8), "a picture is XML");
+    Picture picture(document);
+    picture.RequireReferences();
+    return {picture.texts.begin(), picture.texts.end()};
+}
