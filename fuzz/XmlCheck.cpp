@@ -16,9 +16,9 @@ namespace {
 using NAMES = std::set<std::string_view>;
 
 // Attributes that any element may have, and those of one kind.
-const NAMES kStyle = {"stroke",         "stroke-width", "stroke-dasharray", "stroke-linecap", "fill",
-                      "fill-opacity",   "visibility",   "font-size",        "text-anchor",    "marker-start",
-                      "marker-end",     "transform"};
+const NAMES kStyle = {"stroke",      "stroke-width", "stroke-dasharray", "stroke-linecap",
+                      "fill",        "fill-opacity", "visibility",       "font-size",
+                      "text-anchor", "marker-start", "marker-end",       "transform"};
 const std::map<std::string_view, NAMES> kElements = {
     {"svg", {"xmlns", "xmlns:xlink", "width", "height", "viewBox"}},
     {"defs", {}},
@@ -35,8 +35,9 @@ const std::map<std::string_view, NAMES> kElements = {
     {"text", {"x", "y", "xml:space"}},
     {"use", {"xlink:href"}},
 };
-const NAMES kNumbers = {"x",  "y",  "x1", "y1",    "x2",     "y2",          "r",            "rx",       "ry",
-                        "cx", "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight", "font-size"};
+const NAMES kNumbers = {
+    "x",  "y",     "x1",     "y1",           "x2",          "y2",           "r",        "rx", "ry", "cx",
+    "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight", "font-size"};
 // Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
 constexpr std::string_view kDataPrefix = "data-";
 
@@ -96,7 +97,8 @@ private:
         if (name == "xlink:href")
             FuzzRequire(value.size() > 1 && value[0] == '#', "a use refers to the picture itself");
         if (name == "marker-start" || name == "marker-end") {
-            FuzzRequire(value.starts_with("url(#") && value.ends_with(")"), "a marker is one of the picture's");
+            FuzzRequire(value.starts_with("url(#") && value.ends_with(")"),
+                        "a marker is one of the picture's");
             m_references.insert(value.substr(5, value.size() - 6));
         }
     }
@@ -112,7 +114,8 @@ std::vector<std::string> RequirePicture(const std::string& svg)
     RequireWellFormed(svg);
     pugi::xml_document document;
     const unsigned options = pugi::parse_full | pugi::parse_ws_pcdata;
-    FuzzRequire(document.load_buffer(svg.data(), svg.size(), options, pugi::encoding_utf8), "a picture is XML");
+    FuzzRequire(document.load_buffer(svg.data(), svg.size(), options, pugi::encoding_utf8),
+                "a picture is XML");
     Picture picture(document);
     picture.RequireReferences();
     return {picture.texts.begin(), picture.texts.end()};

@@ -54,7 +54,25 @@ def fields():
     yield from of_drawings(b"\x00\x00", b"\x01\x0d")
 
 
-TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields}
+def svghost():
+    # Every operation once, and each of the known attributes with each of the known values.
+    operations = bytes(range(14))
+    yield "operations", b"\x03\x04none" + b"\x40".join(bytes([op]) + b"\x05abcde" for op in operations)
+    for name in range(16):
+        yield f"attribute-{name}", b"\x00" + b"".join(
+            b"\x00\x64\x65\x66\x67" + bytes([12 + 16, 0, name, value]) for value in range(24))
+    yield "symbols", b"\x00\x08\x01a\x0b\x00\x07\x01b\x64\x64\x0b\xff\x08\x01b\x0b\x00\x07\x01a\x64\x64"
+
+
+def command():
+    arguments = (b"\x01\x00", b"\x03\x00\x01\x02", b"\x02\x00\x03", b"\x01\x08", b"\x01\x09", b"\x03\x00\x04\x06")
+    for number, header in enumerate(arguments):
+        yield f"arguments-{number}", header + b"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 11\n5\n  0\nENDSEC\n  0\nEOF\n"
+    yield from of_drawings(b"\x01\x00")
+
+
+TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields, "svghost": svghost,
+           "command": command}
 
 
 def main(folder):

@@ -19,12 +19,12 @@ using PATHS = std::vector<std::filesystem::path>;
 void AddInputs(const std::filesystem::path& path, PATHS& inputs)
 {
     if (!std::filesystem::is_directory(path)) {
-        inputs.push_back(path);
+        inputs.push_back(std::filesystem::absolute(path)); // a target may change the folder
         return;
     }
     for (const auto& entry : std::filesystem::recursive_directory_iterator(path))
         if (entry.is_regular_file())
-            inputs.push_back(entry.path());
+            inputs.push_back(std::filesystem::absolute(entry.path()));
 }
 
 void Run(const std::filesystem::path& path)
