@@ -79,6 +79,21 @@ if(WIN32)
 else()
     plexorn_install_built(documentation ${PLEXORN_INSTALL_DOCDIR} ${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz)
 endif()
+
+# What of others goes into the binaries, under their own licences. Debian keeps the texts with its packages.
+if(PLEXORN_CLI)
+    set(licences "CLI11=/usr/share/doc/libcli11-dev/copyright")
+endif()
+if(WIN32)
+    list(APPEND licences "pugixml=${PLEXORN_PUGIXML_SOURCE}/LICENSE.md"
+        "mingw-w64=/usr/share/doc/mingw-w64-x86-64-dev/copyright")
+endif()
+foreach(licence IN LISTS licences)
+    string(REGEX MATCH "^([^=]+)=(.+)$" licence "${licence}")
+    install(FILES ${CMAKE_MATCH_2} DESTINATION ${PLEXORN_INSTALL_DOCDIR}/licences RENAME ${CMAKE_MATCH_1}.txt
+        COMPONENT documentation OPTIONAL)
+endforeach()
+
 install(DIRECTORY examples/ DESTINATION ${PLEXORN_INSTALL_DOCDIR}/examples COMPONENT documentation
     FILES_MATCHING PATTERN "*.[ch]" PATTERN "CMakeLists.txt" PATTERN "*.dxf" PATTERN "__pycache__" EXCLUDE)
 

@@ -7,9 +7,9 @@
  *
  * Strings are zero-terminated: char is UTF-8, wchar_t is UTF-16 on Windows and UTF-32 elsewhere.
  *
- * Any number of documents can live at once. One document is used by one thread at a time, whichever it is: the
- * operations of an import into it count as use. Documents share nothing, so two threads with a document each
- * do not meet.
+ * Any number of documents can live at once. One document is used by one thread at a time, whichever it is:
+ * the operations of an import into it count as use. Documents share nothing, so two threads with a document
+ * each do not meet.
  *
  * A node belongs to its document and lives as long as it: nothing frees a single node. A node of one document
  * must not be given to another.
@@ -49,13 +49,14 @@ typedef struct SvgHostWriteOptions {
 
 /** What was met while the picture was laid out (counts). */
 typedef struct SvgHostStatistics {
-    size_t elements;         /**< elements made by the creating operations, symbols and groups included */
-    size_t symbols;          /**< symbols defined, duplicates included */
-    size_t duplicateSymbols; /**< further symbols of a name that was there already; the first is referred to */
-    size_t missingSymbols;   /**< use elements whose symbol is never defined */
-    size_t cyclicUses;       /**< use elements left out because they would draw their own symbol again */
-    size_t unboundedUses;    /**< use elements left out because the drawing would unfold without end, or too
-                                  far for a viewer to show it in reasonable time */
+    size_t elements; /**< elements made by the creating operations, symbols and groups included */
+    size_t symbols;  /**< symbols defined, duplicates included */
+    size_t
+        duplicateSymbols;  /**< further symbols of a name that was there already; the first is referred to */
+    size_t missingSymbols; /**< use elements whose symbol is never defined */
+    size_t cyclicUses;     /**< use elements left out because they would draw their own symbol again */
+    size_t unboundedUses;  /**< use elements left out because the drawing would unfold without end, or too
+                                far for a viewer to show it in reasonable time */
     size_t undrawableElements; /**< elements left out because a number of theirs is infinite, not a number,
                                     beyond a 32-bit float, or missing where one must stand, or because their
                                     scale is 0 or multiplies up beyond reason */
@@ -90,29 +91,31 @@ QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
 QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
 
 /** What svgHostOnError calls: user is what was given there. The error and its message are good during the
- * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call any
- * function of this header for the document. */
+ * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call
+ * any function of this header for the document. */
 typedef void (*SvgHostErrorFunction)(void* user, const SvgHostError* error);
 
 /** Hands every further report to function as it comes, instead of keeping it; NULL keeps them again. Reports
  * kept before stay. A broken drawing can bring millions of reports: this way they take no memory. */
 QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user);
 
-/** Lays the picture out (view box, references) and tells what was met. False, and then nothing in statistics can
- * be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL. */
+/** Lays the picture out (view box, references) and tells what was met. False, and then nothing in statistics
+ * can be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL.
+ */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
 
-/** Takes one piece of the file: size bytes, which are good during the call and end anywhere, within a character
- * too. False stops the writing. It must neither throw nor call any function of this header for the document. */
+/** Takes one piece of the file: size bytes, which are good during the call and end anywhere, within a
+ * character too. False stops the writing. It must neither throw nor call any function of this header for the
+ * document. */
 typedef bool (*SvgHostWriteFunction)(void* user, const char* bytes, size_t size);
 
 /** Writes the document as UTF-8 SVG through write, piece by piece, which is given user each time. options may
  * be NULL.
  *
- * False when write returned false (it is not called again then), when a needed pointer is NULL, or when memory
- * is short, now or in one of the operations before: a drawing with holes is never written as if it were whole.
- * After false, what was written is not a whole file. The document stays as it is: it can be written again, and
- * drawn into further. */
+ * False when write returned false (it is not called again then), when a needed pointer is NULL, or when
+ * memory is short, now or in one of the operations before: a drawing with holes is never written as if it
+ * were whole. After false, what was written is not a whole file. The document stays as it is: it can be
+ * written again, and drawn into further. */
 QUILLMARLIB_API bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
                                   SvgHostWriteFunction write, void* user);
 

@@ -3,13 +3,14 @@
  *
  * A host implements all of them, in a library named QuillmarLib (QuillmarLib.dll, libQuillmarLib.so).
  * The module calls them only from the thread that called dxfFileOpen, one at a time. Strings are
- * zero-terminated and wide (UTF-16 on Windows, UTF-32 elsewhere) and belong to the module: a host copies
- * what it keeps. Coordinates and sizes are already scaled and oriented, Y pointing down.
+ * zero-terminated and wide (UTF-16 on Windows, UTF-32 elsewhere), never null, and belong to the module: a
+ * host copies what it keeps. Coordinates and sizes are already scaled and oriented, Y pointing down; where
+ * the file has them so, they are infinite or not a number.
  *
  * The context node, first argument of nearly every call, is the node that the host gave to dxfFileOpen. The
  * current SVG node is a position that the host keeps for each context: every qlmCreate... call appends its
  * element there. The identifier of every element is the empty string: the host assigns its own. A host
- * must accept a node of 0 as the target of an attribute, and do nothing.
+ * must accept a node of 0 as the target of an attribute, and do nothing. No operation may throw.
  */
 #ifndef QUILLMARLIB_H
 #define QUILLMARLIB_H

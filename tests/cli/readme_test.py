@@ -9,7 +9,6 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-BUILD = os.path.join(ROOT, "build", "release")
 FIRST_COMMANDS = ["scripts/import examples/floor-plan.dxf", "scripts/test"]
 SVG = "{http://www.w3.org/2000/svg}"
 

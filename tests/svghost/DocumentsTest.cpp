@@ -150,6 +150,50 @@ TEST(Documents, WritingTwiceGivesTheSame)
     EXPECT_EQ(document.write(), document.write());
 }
 
+TEST(Documents, FurtherImportAddsToWhatIsThereAndWasWritten)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    EXPECT_FALSE(ParsedSvg(document).first("circle"));
+    EXPECT_EQ(svgHostBeginImport(document.get()), document.context());
+    document.circle(1, 0, 0);
+    const ParsedSvg both(document);
+    EXPECT_TRUE(both.first("line"));
+    EXPECT_TRUE(both.first("circle"));
+    EXPECT_EQ(document.statistics().elements, 2u);
+}
+
+TEST(Documents, ErrorStaysAsItWasWhenThereIsNoReport)
+{
+    const HostDocument document;
+    const wchar_t* const own = L"mine";
+    SvgHostError error{1, 2, own};
+    EXPECT_FALSE(svgHostGetError(document.get(), 0, &error));
+    EXPECT_FALSE(svgHostGetError(document.get(), 0, nullptr));
+    EXPECT_EQ(error.code, 1);
+    EXPECT_EQ(error.kind, 2);
+    EXPECT_EQ(error.message, own);
+}
+
+TEST(Documents, ReportsKeptBeforeAListenerStay)
+{
+    const HostDocument document;
+    report(0, 0, L"kept");
+    const auto ignore = [](void*, const SvgHostError*) {};
+    svgHostOnError(document.get(), ignore, nullptr);
+    report(0, 0, L"told");
+    ASSERT_EQ(svgHostErrorCount(document.get()), 1u);
+    EXPECT_EQ(message(document, 0), L"kept");
+}
+
+TEST(Documents, BackgroundIsEscaped)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    const ParsedSvg svg(document.write("<\"&\xC3\xA9"));
+    EXPECT_STREQ(svg.root().child("rect").attribute("fill").value(), "<\"&\xC3\xA9");
+}
+
 TEST(Documents, NullDocumentsAreAccepted)
 {
     svgHostDestroy(nullptr);
