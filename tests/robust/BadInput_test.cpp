@@ -50,7 +50,7 @@ TEST(BadInput, MissingFileIsNotOpened)
 
 TEST(BadInput, EmptyPathIsNotOpened)
 {
-    EXPECT_EQ(TraceOfPath(L""), kNotOpened);
+    EXPECT_EQ(TraceOfPath(std::wstring()), kNotOpened);
 }
 
 TEST(BadInput, DirectoryIsNotOpened)

@@ -2,6 +2,7 @@
 #include "support/FailingMemory.h"
 #include "support/Hostile.h"
 #include "support/Import.h"
+#include "support/Scale.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t kSize = 1'000'000;
+constexpr std::size_t kSize = kIsOptimized ? 1'000'000 : 200'000;
 constexpr std::size_t kTimedSize = kSize / 5;
 
 // The read buffer, and the room at the end of the last chunk.

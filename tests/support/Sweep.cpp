@@ -324,5 +324,7 @@ void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAU
 
 std::size_t SweepStep(std::size_t whereItIsSlow)
 {
+    if (const char* const step = std::getenv("PLEXORN_SWEEP_STEP"))
+        return static_cast<std::size_t>(std::max(1, std::atoi(step)));
     return kIsOptimized || IsFull() ? 1 : whereItIsSlow;
 }

@@ -87,5 +87,5 @@ void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, con
 void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAULTY& on);
 
 // 1 where every fault is to be tried, else something larger: PLEXORN_FULL=1 in the environment asks for all
-// of them, and builds that are slow try but every few.
+// of them, PLEXORN_SWEEP_STEP for a step of its own, and builds that are slow try but every few.
 std::size_t SweepStep(std::size_t whereItIsSlow);
