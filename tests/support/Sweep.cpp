@@ -326,5 +326,5 @@ std::size_t SweepStep(std::size_t whereItIsSlow)
 {
     if (const char* const step = std::getenv("PLEXORN_SWEEP_STEP"))
         return static_cast<std::size_t>(std::max(1, std::atoi(step)));
-    return kIsOptimized || IsFull() ? 1 : whereItIsSlow;
+    return IsFull() || (kIsOptimized && kMillion == 1'000'000) ? 1 : whereItIsSlow;
 }
