@@ -59,6 +59,19 @@ private:
     std::string_view m_rest;
 };
 
+// Writes an input out whose long runs are short, so that they are soon made up: a byte 0x0E and a byte n
+// stand for the byte before them, 4 * n times more. text is filled anew.
+inline void SpellRuns(std::string_view bytes, std::string& text)
+{
+    constexpr char kRun = 0x0E;
+    text.clear();
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        if (bytes[i] == kRun && i + 1 < bytes.size() && !text.empty())
+            text.append(4 * std::size_t{static_cast<std::uint8_t>(bytes[++i])}, text.back());
+        else
+            text += bytes[i];
+}
+
 // Prints both sides in a form that shows every byte, and ends the program.
 [[noreturn]] inline void FuzzFail(const char* what, std::string_view expected, std::string_view actual)
 {

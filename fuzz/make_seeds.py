@@ -12,7 +12,8 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 NUMBERS = ["0", "-0", "1.5", "-12.345678", " 70abc", "1e308", "1e400", "-1e-400", "5e-324", ".5", "5.", "-.5e+3",
            "0x10", "inf", "nan", "1e", "1e+", "2147483648", "-4294967276", "99999999999999999999", "  0", " 10", "999",
            "0.1234567890123456", "1234567.8", "12345678901234567890.5", "1.7976931348623159e308",
-           "2.4703282292062327208e-324", "9007199254740993", "0000000000000000000001", "\t\v\f\r +7 ", "1.2.3", "--1"]
+           "2.4703282292062327208e-324", "9007199254740993", "9007199254740993.01", "900719925474099.301", "4503599627370497.501",
+           "0.9007199254740993001", "0000000000000000000001", "\t\v\f\r +7 ", "1.2.3", "--1"]
 DOUBLES = [0.0, -0.0, 1.5, 0.005, 99.995, 999999.5, 9999995.0, 0.00009999995, 1e12, 2.0 ** -10, 1e308, 5e-324,
            float("inf"), float("-inf"), float("nan"), -123456.789]
 
@@ -35,13 +36,18 @@ def of_drawings(*headers):
 
 def stream():
     yield from of_drawings(b"\x00\x00", b"\x01\x07", b"\x02\x01", b"\x04\x01")
-    long = b"x" * 1022
-    yield "lengths", b"\x00\x00" + b"\n".join([long, long + b"y", long + b"yz", long + b"y\r", long + b"yz\r"])
+    for size in (1021, 1022, 1023, 1024, 1025):
+        line = b"x\x0E\xFE" + b"y" * (size - 1 - 4 * 254)
+        for number, end in enumerate((b"", b"\n", b"\r\n", b"\r", b"\0z\n")):
+            yield f"length-{size}-{number}", b"\x40\x00" + line + end + b"a"
+            yield f"length-{size}-{number}-short", b"\x41\x80" + b"\n" + line + end + b"a"
     yield "ends", b"\x00\x01a\r\nb\r\r\nc\0d\ne\n\n\x1af\n"
 
 
 def numbers():
     yield "texts", b"\x00" + "\n".join(NUMBERS).encode()
+    yield "long", b"\x02" + b"\n".join([b"1\x0E\x60", b"0.0\x0E\x601e400", b"0\x0E\x40.5e-3", b"1\x0E\x60e-400",
+                                        b".0\x0E\x601", b"1.0\x0E\x60e-330", b"9\x0E\x10.9\x0E\x10", b"-0.\x0E\x50"])
     yield "doubles", b"\x01" + b"".join(struct.pack("<di", value, int(-2 ** 31 + 97 * i))
                                         for i, value in enumerate(DOUBLES))
 

@@ -78,15 +78,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     constexpr std::size_t kAround = 64;
     FuzzInput input(data, size);
-    if (input.Byte() % 2 == 1) {
+    const std::uint8_t how = input.Byte();
+    if (how % 2 == 1) {
         while (!input.IsAtEnd()) {
             const double value = input.Bits<double>();
             Write(value, input.Bits<std::int32_t>());
         }
         return 0;
     }
-    const std::string_view lines = input.Rest();
-    static std::string text; // kept for its room
+    static std::string spelled, text; // kept for their room
+    std::string_view lines = input.Rest();
+    if ((how & 2) != 0) {
+        SpellRuns(lines, spelled);
+        lines = spelled;
+    }
     // What stands around a line is no part of it: digits there would show.
     text.assign(kAround, '7').append(lines).append(kAround, '7');
     for (std::size_t begin = 0; begin <= lines.size();) {
