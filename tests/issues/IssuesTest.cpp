@@ -1,0 +1,151 @@
+// Drawings that once broke something: x.dxf of this folder is imported into the reference host, and its
+// picture is written and read back. Its first line is 999, the code of a comment, its second tells the story.
+// What must come of it stands in x.expected, where that matters: the reports, the host's counts, the elements
+// of the picture.
+//
+// PLEXORN_REWRITE_ISSUES=1 in the environment writes the expected texts instead of comparing them.
+#include "entry/dxfFileOpen.h"
+#include "svghost/SvgHost.h"
+
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::filesystem::path kFolder = PLEXORN_TEST_DATA "/issues";
+
+constexpr std::size_t kMostReports = 20; // that are written out
+
+using DOCUMENT = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
+
+// The names of the drawings of this folder.
+std::vector<std::string> Drawings()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(kFolder))
+        if (entry.path().extension() == ".dxf")
+            names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string BytesOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::string ReportsOf(const SvgHostDocument& document)
+{
+    const std::size_t count = svgHostErrorCount(&document);
+    std::string text = "reports " + std::to_string(count) + "\n";
+    for (std::size_t i = 0; i < std::min(count, kMostReports); ++i) {
+        SvgHostError error;
+        EXPECT_TRUE(svgHostGetError(&document, i, &error));
+        text += std::to_string(error.kind) + " " + pugi::as_utf8(error.message) + "\n";
+    }
+    return text;
+}
+
+std::string StatisticsOf(SvgHostDocument& document)
+{
+    SvgHostStatistics counts;
+    EXPECT_TRUE(svgHostGetStatistics(&document, &counts));
+    const std::pair<const char*, std::size_t> named[] = {{"elements", counts.elements},
+                                                         {"symbols", counts.symbols},
+                                                         {"duplicate symbols", counts.duplicateSymbols},
+                                                         {"missing symbols", counts.missingSymbols},
+                                                         {"cyclic uses", counts.cyclicUses},
+                                                         {"unbounded uses", counts.unboundedUses},
+                                                         {"undrawable elements", counts.undrawableElements},
+                                                         {"long dash patterns", counts.longDashPatterns}};
+    std::string text;
+    for (const auto& [name, count] : named)
+        text += std::string(name) + " " + std::to_string(count) + "\n";
+    return text;
+}
+
+void CountElements(const pugi::xml_node& node, std::map<std::string, int>& counts)
+{
+    for (const pugi::xml_node& child : node.children())
+        if (child.type() == pugi::node_element) {
+            ++counts[child.name()];
+            CountElements(child, counts);
+        }
+}
+
+// How often each element stands in the picture.
+std::string PictureOf(SvgHostDocument& document)
+{
+    std::string svg;
+    const auto append = [](void* user, const char* bytes, std::size_t size) {
+        static_cast<std::string*>(user)->append(bytes, size);
+        return true;
+    };
+    EXPECT_TRUE(svgHostWrite(&document, nullptr, append, &svg));
+    pugi::xml_document picture;
+    EXPECT_TRUE(picture.load_buffer(svg.data(), svg.size()));
+    EXPECT_STREQ(picture.document_element().name(), "svg");
+    std::map<std::string, int> counts;
+    CountElements(picture, counts);
+    std::string text;
+    for (const auto& [name, count] : counts)
+        text += "<" + name + "> " + std::to_string(count) + "\n";
+    return text;
+}
+
+std::string OutcomeOf(const std::filesystem::path& path)
+{
+    const DOCUMENT document(svgHostCreate(), svgHostDestroy);
+    const QlmNode context = svgHostBeginImport(document.get());
+    EXPECT_TRUE(dxfFileOpen(path.wstring().c_str(), context));
+    EXPECT_EQ(qlmGetCurrentSvgNode(context), nullptr) << "the current node is the default place again";
+    return ReportsOf(*document) + StatisticsOf(*document) + PictureOf(*document);
+}
+
+bool IsRewriting()
+{
+    const char* const value = std::getenv("PLEXORN_REWRITE_ISSUES");
+    return value != nullptr && std::string(value) == "1";
+}
+
+class Issue : public testing::TestWithParam<std::string> {};
+
+} // namespace
+
+TEST_P(Issue, IsMended)
+{
+    const std::filesystem::path drawing = kFolder / (GetParam() + ".dxf");
+    const std::filesystem::path expected = kFolder / (GetParam() + ".expected");
+    const std::string outcome = OutcomeOf(drawing);
+    if (!std::filesystem::exists(expected)) // to come back from it is what was asked
+        return;
+    if (IsRewriting()) {
+        std::ofstream(expected, std::ios::binary) << outcome;
+        GTEST_SKIP() << expected << " is written anew.";
+    }
+    EXPECT_EQ(outcome, BytesOf(expected)) << drawing;
+}
+
+TEST_P(Issue, TellsItsStoryFirst)
+{
+    std::ifstream file(kFolder / (GetParam() + ".dxf"), std::ios::binary);
+    std::string code, story;
+    std::getline(file, code);
+    std::getline(file, story);
+    EXPECT_EQ(code, "999");
+    EXPECT_GT(std::count(story.begin(), story.end(), ' '), 5) << story;
+}
+
+INSTANTIATE_TEST_SUITE_P(Drawings, Issue, testing::ValuesIn(Drawings()),
+                         [](const auto& drawing) { return drawing.param; });
