@@ -1,97 +1,15 @@
 #include "PlainReading.h"
 
-#include "PlainRecords.h"
-
-#include "reader/CodePage.h"
-#include "support/NumbersModel.h"
-#include "support/RecordingHost.h"
-#include "support/StreamModel.h"
+#include "PlainLines.h"
+#include "PlainRecord.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
-#include <deque>
-#include <initializer_list>
 #include <iterator>
 #include <map>
 #include <vector>
 
 namespace {
-
-std::string TextOf(std::string_view narrow)
-{
-    std::wstring wide(narrow.size(), L'\0');
-    wide.resize(ToWide(narrow, wide.data()));
-    return ToTraceText(wide);
-}
-
-template <class Number>
-std::string TextOfNumber(Number number)
-{
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    const char* const blanks = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == text.npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-struct PLAIN_RECORD {
-    explicit PLAIN_RECORD(const PlainKind& itsKind) : kind(&itsKind)
-    {
-        for (const PLAIN_FIELD& field : itsKind.Fields())
-            values.push_back(field.initial);
-    }
-
-    const std::string& Value(std::string_view name) const
-    {
-        std::size_t i = 0;
-        while (kind->Fields()[i].name != name)
-            ++i;
-        return values[i];
-    }
-
-    const PlainKind* kind;
-    std::vector<std::string> values; // as texts show them
-    std::string pendingX = "0";
-    std::vector<PLAIN_RECORD> inner; // parts of a dimension, entries of a table, entities of a block
-};
-
-// A line for each field in the order of the record.
-std::string Listed(const PLAIN_RECORD& record)
-{
-    std::string text;
-    for (std::size_t i = 0; i < record.values.size(); ++i) {
-        const PLAIN_FIELD& field = record.kind->Fields()[i];
-        const bool isCount = field.name == "m_parts" || field.name == "m_entries";
-        const std::string value = isCount ? std::to_string(record.inner.size()) : record.values[i];
-        if (!field.name.empty())
-            text += field.name + (field.isText ? "=\"" + value + "\"\n" : "=" + value + '\n');
-    }
-    return text;
-}
-
-// A line for each field in the order of the alphabet, without quotes.
-std::string Sorted(const PLAIN_RECORD& record, std::map<std::string, std::string> fields = {})
-{
-    for (std::size_t i = 0; i < record.values.size(); ++i)
-        fields.emplace(record.kind->Fields()[i].name, record.values[i]);
-    std::string text;
-    for (const auto& [name, value] : fields)
-        text.append(name).append("=").append(value).append("\n");
-    return text;
-}
-
-std::string EntityText(const PLAIN_RECORD& entity)
-{
-    std::string text = Listed(entity);
-    for (const PLAIN_RECORD& part : entity.inner)
-        text += Sorted(part, {{"m_nPartKind", part.kind->Kind()}, {"part", part.kind->Name().substr(4)}});
-    return text;
-}
 
 class PlainReader {
 public:
@@ -101,7 +19,7 @@ public:
     {
         ReadSections();
         Emit();
-        std::string text = m_calls + LineCountLine(m_lineCount);
+        std::string text = m_lines.Calls() + LineCountLine(m_lines.LineCount());
         for (const PLAIN_RECORD& table : m_tables) {
             text += Listed(table);
             for (const PLAIN_RECORD& entry : table.inner)
@@ -119,162 +37,44 @@ public:
 
 private:
     using RECORDS = std::vector<PLAIN_RECORD>;
-
-    // Lines.
-
-    bool IsAtEnd() const { return m_lines.eof(); }
-
-    std::string Line()
-    {
-        const std::string line(m_lines.getline());
-        ++m_lineCount;
-        if (m_lines.WasCut())
-            Report(10, "CDxfRead Line longer than 1023 characters cut, Line:%d", {});
-        return line;
-    }
-
-    std::string TrimmedLine() { return std::string(Trimmed(Line())); }
-
-    // A group code; false after the message when the line holds none.
-    bool Code(std::int32_t& code, std::string_view message)
-    {
-        const std::string line = Line();
-        code = -1;
-        if (ModelCode(line, code))
-            return true;
-        Report(3, message, {TextOf(Trimmed(line))});
-        return false;
-    }
-
-    // Messages: "%s" stands for the next of the texts, "%d" for the number of lines read.
-    void Report(int kind, std::string_view format, std::initializer_list<std::string> texts, int code = 0)
-    {
-        std::string message;
-        auto next = texts.begin();
-        for (std::size_t i = 0; i < format.size(); ++i) {
-            if (format[i] != '%')
-                message += format[i];
-            else
-                message += format[++i] == 's' ? *next++ : std::to_string(m_lineCount);
-        }
-        m_calls += CallbackLine("OnError", std::to_string(code) + " " + std::to_string(kind) + " " + message);
-    }
-
     // Sections.
 
     void ReadSections()
     {
-        std::string line = TrimmedLine();
-        while (!IsAtEnd() && line != "EOF") {
-            if (line == "0" && TrimmedLine() == "SECTION" && TrimmedLine() == "2")
-                ReadSection(TrimmedLine());
-            line = TrimmedLine();
+        std::string line = m_lines.TrimmedLine();
+        while (!m_lines.IsAtEnd() && line != "EOF") {
+            if (line == "0" && m_lines.TrimmedLine() == "SECTION" && m_lines.TrimmedLine() == "2")
+                ReadSection(m_lines.TrimmedLine());
+            line = m_lines.TrimmedLine();
         }
     }
 
     void ReadSection(const std::string& name)
     {
         if (name == "HEADER" || name == "CLASSES" || name == "OBJECTS" || name == "THUMBNAILIMAGE") {
-            Line();
-            SkipTo("ENDSEC");
+            m_lines.Line();
+            m_lines.SkipTo("ENDSEC");
         } else if (name == "TABLES") {
-            if (TrimmedLine() != "0" || TrimmedLine() != "TABLE")
-                SkipTo("ENDSEC");
+            if (m_lines.TrimmedLine() != "0" || m_lines.TrimmedLine() != "TABLE")
+                m_lines.SkipTo("ENDSEC");
             else
                 ReadTables();
         } else if (name == "BLOCKS") {
-            Line();
+            m_lines.Line();
             ReadBlocks();
         } else if (name == "ENTITIES") {
-            Line();
-            std::string typeName = TrimmedLine();
+            m_lines.Line();
+            std::string typeName = m_lines.TrimmedLine();
             do {
                 if (typeName == "ENDSEC")
                     return;
                 ReadEntity(typeName, m_entities);
-                typeName = TrimmedLine();
-            } while (!IsAtEnd());
+                typeName = m_lines.TrimmedLine();
+            } while (!m_lines.IsAtEnd());
         } else {
-            Report(2, "%s - Unknown Section Name Line (%d)", {TextOf(name)});
+            m_lines.Report(2, "%s - Unknown Section Name Line (%d)", {TextOf(name)});
         }
     }
-
-    // Every line is compared.
-    void SkipTo(std::string_view word)
-    {
-        while (!IsAtEnd())
-            if (TrimmedLine() == word)
-                return;
-    }
-
-    // Pairs up to a code 0.
-    bool SkipPairs(std::string_view message)
-    {
-        while (!IsAtEnd()) {
-            std::int32_t code;
-            if (!Code(code, message))
-                return false;
-            if (code == 0)
-                return true;
-            Line();
-        }
-        return false;
-    }
-
-    bool SkipUnknown() { return SkipPairs("Read_UNKNOWN() Failed to read integer from '%s', Line:%d"); }
-
-    // Fields.
-
-    void Store(PLAIN_RECORD& record, int index, const std::string& line)
-    {
-        const PLAIN_FIELD& field = record.kind->Fields()[static_cast<std::size_t>(index)];
-        std::string& value = record.values[static_cast<std::size_t>(index)];
-        const std::string_view trimmed = Trimmed(line);
-        switch (field.conversion) {
-        case PLAIN_CONVERSION::None:
-            break;
-        case PLAIN_CONVERSION::Real:
-            value = TextOfNumber(ModelReal(trimmed));
-            break;
-        case PLAIN_CONVERSION::Integer:
-            value = TextOfNumber(ModelInteger(trimmed));
-            break;
-        case PLAIN_CONVERSION::IntegerAsReal:
-            value = TextOfNumber(static_cast<double>(ModelInteger(trimmed)));
-            break;
-        case PLAIN_CONVERSION::Text:
-            value = TextOf(trimmed);
-            break;
-        case PLAIN_CONVERSION::RawText:
-            value = TextOf(line);
-            break;
-        case PLAIN_CONVERSION::Group:
-            value += TextOf(trimmed);
-            ReadGroup(value, std::to_string(field.firstCode));
-            break;
-        case PLAIN_CONVERSION::PendingX:
-            record.pendingX = TextOfNumber(ModelReal(trimmed));
-            break;
-        case PLAIN_CONVERSION::Vertex:
-            value += "(" + record.pendingX + "," + TextOfNumber(ModelReal(trimmed)) + ")";
-            break;
-        case PLAIN_CONVERSION::Dash:
-            value += "(" + TextOfNumber(ModelReal(trimmed)) + ")";
-            break;
-        }
-    }
-
-    void ReadGroup(std::string& value, std::string_view code)
-    {
-        while (!IsAtEnd()) {
-            const std::string line = TrimmedLine();
-            if (line != code)
-                value += TextOf("\n") + TextOf(line);
-            else if (TrimmedLine() == "}")
-                return;
-        }
-    }
-
     // Tables.
 
     void ReadTables()
@@ -290,29 +90,30 @@ private:
         std::string typeName;
         for (bool isEntry = false; !isEntry;) {
             std::int32_t code;
-            if (IsAtEnd() || !Code(code, "ReadTABLES() Failed to read integer from '%s' Line:%d"))
+            if (m_lines.IsAtEnd() ||
+                !m_lines.Code(code, "ReadTABLES() Failed to read integer from '%s' Line:%d"))
                 return false;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (code == 0) {
                 typeName = Trimmed(line);
                 if (typeName == "ENDTAB")
-                    return TrimmedLine() == "0" ? FollowsTable() : (Line(), false);
+                    return m_lines.TrimmedLine() == "0" ? FollowsTable() : (m_lines.Line(), false);
                 isEntry = true;
             } else if (const int field = TableKind().Find(code, true); field >= 0) {
-                Store(m_tables[number], field, line);
+                m_tables[number].Store(field, line, m_lines);
             }
         }
         while (ReadEntry(m_tables[number].inner, typeName)) {
         }
-        return TrimmedLine() == "0" && FollowsTable();
+        return m_lines.TrimmedLine() == "0" && FollowsTable();
     }
 
     // Behind the "0" that follows a table.
     bool FollowsTable()
     {
-        const std::string line = TrimmedLine();
+        const std::string line = m_lines.TrimmedLine();
         if (line != "TABLE" && line != "ENDSEC")
-            Line();
+            m_lines.Line();
         return line == "TABLE";
     }
 
@@ -323,22 +124,22 @@ private:
         if (kind == nullptr) {
             constexpr std::string_view kSkipped[] = {"APPID", "DIMSTYLE", "STYLE", "UCS", "VIEW", "VPORT"};
             if (std::find(std::begin(kSkipped), std::end(kSkipped), typeName) == std::end(kSkipped))
-                Report(4, "ReaTABLES_COMMON() Unknown table name '%s', Line:%d", {TextOf(typeName)});
-            SkipTo("ENDTAB");
+                m_lines.Report(4, "ReaTABLES_COMMON() Unknown table name '%s', Line:%d", {TextOf(typeName)});
+            m_lines.SkipTo("ENDTAB");
             return false;
         }
         PLAIN_RECORD& entry = entries.emplace_back(*kind);
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, "ReaTABLES_COMMON() Failed to read integer from '%s', Line:%d"))
+            if (!m_lines.Code(code, "ReaTABLES_COMMON() Failed to read integer from '%s', Line:%d"))
                 return false;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (const int field = kind->Find(code, false); field >= 0)
-                Store(entry, field, line);
+                entry.Store(field, line, m_lines);
             if (code != 100)
                 continue;
             ReadOwnFields(entry);
-            typeName = TrimmedLine();
+            typeName = m_lines.TrimmedLine();
             return typeName != "ENDTAB";
         }
         return false;
@@ -348,13 +149,13 @@ private:
     {
         const std::string message =
             "ReaTABLES_" + entry.kind->Name() + "() Failed to read integer from '%s', Line:%d";
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, message) || code == 0)
+            if (!m_lines.Code(code, message) || code == 0)
                 return;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (const int field = entry.kind->Find(code, true); field >= 0)
-                Store(entry, field, line);
+                entry.Store(field, line, m_lines);
         }
     }
 
@@ -362,61 +163,46 @@ private:
 
     void ReadBlocks()
     {
-        std::string name = TrimmedLine();
-        while (!IsAtEnd() && name != "ENDSEC") {
+        std::string name = m_lines.TrimmedLine();
+        while (!m_lines.IsAtEnd() && name != "ENDSEC") {
             if (name != "BLOCK") {
-                Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(name)});
-                SkipUnknown();
+                m_lines.Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(name)});
+                m_lines.SkipUnknown();
             } else if (PLAIN_RECORD block(BlockKind()); ReadBlockHeader(block)) {
                 ReadBlockEntities(m_blocks.emplace_back(std::move(block)).inner);
             } else {
-                Report(5, "ReadBLOCKS_BLOCK() Failed to read line, Line:%d", {});
+                m_lines.Report(5, "ReadBLOCKS_BLOCK() Failed to read line, Line:%d", {});
             }
-            name = TrimmedLine();
+            name = m_lines.TrimmedLine();
         }
     }
 
     bool ReadBlockHeader(PLAIN_RECORD& block)
     {
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, "ReadBLOCKS_BLOCK Failed to read integer from '%s', Line:%d"))
+            if (!m_lines.Code(code, "ReadBLOCKS_BLOCK Failed to read integer from '%s', Line:%d"))
                 return false;
             if (code == 0)
                 return true;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (const int field = BlockKind().Find(code, true); field >= 0)
-                Store(block, field, line);
+                block.Store(field, line, m_lines);
         }
         return false;
     }
 
     void ReadBlockEntities(RECORDS& entities)
     {
-        static constexpr std::string_view kNames[] = {"3DFACE",    "3DSOLID",  "ACAD_PROXY_ENTITY",
-                                                      "ARC",       "ATTDEF",   "ATTRIB",
-                                                      "BODY",      "CIRCLE",   "DIMENSION",
-                                                      "ELLIPSE",   "HATCH",    "HELIX",
-                                                      "IMAGE",     "INSERT",   "LEADER",
-                                                      "LIGHT",     "LINE",     "LWPOLYLINE",
-                                                      "MESH",      "MLEADER",  "MLEADERSTYLE",
-                                                      "MLINE",     "MTEXT",    "OLEFRAME",
-                                                      "OLE2FRAME", "POINT",    "POLYLINE",
-                                                      "RAY",       "REGION",   "SECTION",
-                                                      "SEQEND",    "SHAPE",    "SOLID",
-                                                      "SPLINE",    "SUN",      "SURFACE",
-                                                      "TABLE",     "TEXT",     "TOLERANCE",
-                                                      "TRACE",     "UNDERLAY", "VERTEX",
-                                                      "VIEWPORT",  "WIPEOUT",  "XLINE"};
-        std::string name = TrimmedLine();
-        while (!IsAtEnd()) {
+        std::string name = m_lines.TrimmedLine();
+        while (!m_lines.IsAtEnd()) {
             if (name == "ENDBLK") {
-                SkipUnknown();
+                m_lines.SkipUnknown();
                 return;
             }
-            if (std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames))
+            if (IsEntityName(name))
                 ReadEntity(name, entities);
-            name = TrimmedLine();
+            name = m_lines.TrimmedLine();
         }
     }
 
@@ -428,33 +214,33 @@ private:
         const bool isSkippedToo = typeName == "HATCH" || typeName == "VIEWPORT";
         bool ended;
         if (isSkipped || isSkippedToo) {
-            ended = SkipPairs("ReadENTITIES_" + typeName + (isSkipped ? "" : "()") +
-                              " Failed to read integer from '%s', Line:%d");
+            ended = m_lines.SkipPairs("ReadENTITIES_" + typeName + (isSkipped ? "" : "()") +
+                                      " Failed to read integer from '%s', Line:%d");
         } else if (const PlainKind* const kind = EntityKind(typeName)) {
             PLAIN_RECORD& entity = entities.emplace_back(*kind);
             ended = typeName == "DIMENSION" ? ReadDimension(entity) : ReadEntityFields(entity);
         } else {
-            Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(typeName)});
-            SkipUnknown();
+            m_lines.Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(typeName)});
+            m_lines.SkipUnknown();
             return;
         }
         if (!ended)
-            Report(5, "ReadENTITIES_" + typeName + "() Failed to read line, Line:%d", {});
+            m_lines.Report(5, "ReadENTITIES_" + typeName + "() Failed to read line, Line:%d", {});
     }
 
     bool ReadEntityFields(PLAIN_RECORD& entity)
     {
         const std::string message =
             "ReadENTITIES_" + entity.kind->Name() + " Failed to read integer from '%s', Line:%d";
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, message))
+            if (!m_lines.Code(code, message))
                 return false;
             if (code == 0)
                 return true;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (const int field = entity.kind->Find(code, true); field >= 0)
-                Store(entity, field, line);
+                entity.Store(field, line, m_lines);
             else
                 StoreShared(entity, code, line);
         }
@@ -464,21 +250,21 @@ private:
     void StoreShared(PLAIN_RECORD& entity, std::int32_t code, const std::string& line)
     {
         if (const int field = entity.kind->Find(code, false); field >= 0)
-            Store(entity, field, line);
+            entity.Store(field, line, m_lines);
         else
-            Report(7, "ReadENTITIES_COMMON Unknown Dimension type %s ('%s' = '%s') Line:%d",
-                   {entity.Value("m_strSubclass"), std::to_string(code), TextOf(Trimmed(line))}, 1);
+            m_lines.Report(7, "ReadENTITIES_COMMON Unknown Dimension type %s ('%s' = '%s') Line:%d",
+                           {entity.Value("m_strSubclass"), std::to_string(code), TextOf(Trimmed(line))}, 1);
     }
 
     // Dimensions.
 
     bool ReadDimension(PLAIN_RECORD& dimension)
     {
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, "ReadENTITIES_DIMENSION Failed to read integer from '%s', Line:%d"))
+            if (!m_lines.Code(code, "ReadENTITIES_DIMENSION Failed to read integer from '%s', Line:%d"))
                 return false;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (code != 100) {
                 StoreShared(dimension, code, line);
                 continue;
@@ -495,18 +281,18 @@ private:
     {
         const PlainKind* const kind = PartKind(marker);
         if (kind == nullptr) {
-            Report(8, "ReadENTITIES_DIMENSION_SWITCH() Unknown Dimension type '%s', Line:%d",
-                   {TextOf(marker)});
+            m_lines.Report(8, "ReadENTITIES_DIMENSION_SWITCH() Unknown Dimension type '%s', Line:%d",
+                           {TextOf(marker)});
             return false;
         }
         PLAIN_RECORD& part = dimension.inner.emplace_back(*kind);
         const bool stepsOverStyles =
             marker == "AcDbRotatedDimension" || marker == "AcDb2LineAngularDimension";
-        while (!IsAtEnd()) {
+        while (!m_lines.IsAtEnd()) {
             std::int32_t code;
-            if (!Code(code, "Read_UNKNOWN() Failed to read integer from '%s', Line:%d") || code == 0)
+            if (!m_lines.Code(code, "Read_UNKNOWN() Failed to read integer from '%s', Line:%d") || code == 0)
                 return false;
-            const std::string line = Line();
+            const std::string line = m_lines.Line();
             if (code == 100) {
                 marker = Trimmed(line);
                 return true;
@@ -514,23 +300,22 @@ private:
             if (code == 1000 && stepsOverStyles && Trimmed(line) == "DSTYLE")
                 SkipStyles();
             else if (const int field = kind->Find(code, true); field >= 0)
-                Store(part, field, line);
+                part.Store(field, line, m_lines);
         }
         return false;
     }
 
     void SkipStyles()
     {
-        const std::string line = TrimmedLine();
+        const std::string line = m_lines.TrimmedLine();
         if (line == "1002") {
-            Line();
-            SkipTo("1002");
+            m_lines.Line();
+            m_lines.SkipTo("1002");
         } else {
-            Report(9, "ReadENTITIES_DIMENSION() DSTYLE 1002 not found '%s', Line:%d", {TextOf(line)});
+            m_lines.Report(9, "ReadENTITIES_DIMENSION() DSTYLE 1002 not found '%s', Line:%d", {TextOf(line)});
         }
-        Line();
+        m_lines.Line();
     }
-
     // Callbacks.
 
     void Emit()
@@ -542,9 +327,9 @@ private:
         for (const bool nested : {false, true})
             for (const PLAIN_RECORD& block : m_blocks)
                 if (holdsInsert(block) == nested) {
-                    m_calls += CallbackLine("OnBlockBegin", block.Value("m_strName"));
+                    m_lines.Call("OnBlockBegin", block.Value("m_strName"));
                     EmitEntities(block.inner);
-                    m_calls += CallbackLine("OnBlockEnd", block.Value("m_strName"));
+                    m_lines.Call("OnBlockEnd", block.Value("m_strName"));
                 }
         EmitEntities(m_entities);
     }
@@ -562,12 +347,10 @@ private:
             {"INSERT", "OnInsert"},
             {"DIMENSION", "OnDimension"}};
         for (const PLAIN_RECORD& entity : entities)
-            m_calls += CallbackLine(kCallbacks.at(entity.kind->Name()), entity.Value("m_strLayer"));
+            m_lines.Call(kCallbacks.at(entity.kind->Name()), entity.Value("m_strLayer"));
     }
 
-    StreamModel m_lines;
-    long long m_lineCount = 0;
-    std::string m_calls; // a line each
+    PlainLines m_lines;
     RECORDS m_tables;
     RECORDS m_blocks;
     RECORDS m_entities;
@@ -578,11 +361,6 @@ private:
 std::string ReadPlainly(std::string_view bytes)
 {
     return PlainReader(bytes).Read();
-}
-
-std::string CallbackLine(std::string_view callback, std::string_view text)
-{
-    return std::string(callback).append(" ").append(text).append("\n");
 }
 
 std::string LineCountLine(long long lines)

@@ -9,6 +9,5 @@
 // the reader has read.
 std::string ReadPlainly(std::string_view bytes);
 
-// The texts that both sides are made of.
-std::string CallbackLine(std::string_view callback, std::string_view text);
+// The line that tells how many lines were read.
 std::string LineCountLine(long long lines);

@@ -363,3 +363,14 @@ const PlainKind& BlockKind()
             .Text("m_strDescription", 4);
     return kind;
 }
+
+bool IsEntityName(std::string_view name)
+{
+    constexpr std::string_view kNames =
+        ",3DFACE,3DSOLID,ACAD_PROXY_ENTITY,ARC,ATTDEF,ATTRIB,BODY,CIRCLE,DIMENSION,ELLIPSE,HATCH,"
+        "HELIX,IMAGE,INSERT,LEADER,LIGHT,LINE,LWPOLYLINE,MESH,MLEADER,MLEADERSTYLE,MLINE,MTEXT,"
+        "OLEFRAME,OLE2FRAME,POINT,POLYLINE,RAY,REGION,SECTION,SEQEND,SHAPE,SOLID,SPLINE,SUN,SURFACE,"
+        "TABLE,TEXT,TOLERANCE,TRACE,UNDERLAY,VERTEX,VIEWPORT,WIPEOUT,XLINE,";
+    return kNames.find("," + std::string(name) + ",") != std::string_view::npos &&
+           name.find(',') == std::string_view::npos && !name.empty();
+}

@@ -69,3 +69,6 @@ const PlainKind* EntryKind(std::string_view typeName);
 const PlainKind* PartKind(std::string_view marker);
 const PlainKind& TableKind();
 const PlainKind& BlockKind();
+
+// Whether a name begins an entity within a block.
+bool IsEntityName(std::string_view name);
