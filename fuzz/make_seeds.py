@@ -13,7 +13,7 @@ NUMBERS = ["0", "-0", "1.5", "-12.345678", " 70abc", "1e308", "1e400", "-1e-400"
            "0x10", "inf", "nan", "1e", "1e+", "2147483648", "-4294967276", "99999999999999999999", "  0", " 10", "999",
            "0.1234567890123456", "1234567.8", "12345678901234567890.5", "1.7976931348623159e308",
            "2.4703282292062327208e-324", "9007199254740993", "9007199254740993.01", "900719925474099.301", "4503599627370497.501",
-           "0.9007199254740993001", "0000000000000000000001", "\t\v\f\r +7 ", "1.2.3", "--1"]
+           "0.9479386933143907901", "12973211367780.69629", "3417600573.981182337", "3975778186.293219805", "0000000000000000000001", "\t\v\f\r +7 ", "1.2.3", "--1"]
 DOUBLES = [0.0, -0.0, 1.5, 0.005, 99.995, 999999.5, 9999995.0, 0.00009999995, 1e12, 2.0 ** -10, 1e308, 5e-324,
            float("inf"), float("-inf"), float("nan"), -123456.789]
 
@@ -40,7 +40,7 @@ def stream():
         line = b"x\x0E\xFE" + b"y" * (size - 1 - 4 * 254)
         for number, end in enumerate((b"", b"\n", b"\r\n", b"\r", b"\0z\n")):
             yield f"length-{size}-{number}", b"\x40\x00" + line + end + b"a"
-            yield f"length-{size}-{number}-short", b"\x41\x80" + b"\n" + line + end + b"a"
+            yield f"length-{size}-{number}-short", b"\x40\x80" + line + end + b"a"
     yield "ends", b"\x00\x01a\r\nb\r\r\nc\0d\ne\n\n\x1af\n"
 
 
@@ -56,8 +56,20 @@ def import_():
     yield from of_drawings(b"\x00\x00\x00", b"\x03\x1f\x00", b"\x04\x40\x09", b"\x08\x00\x00")
 
 
+def lines(text):
+    return b"\x00\x00" + "\n".join(text.split(" ")).encode() + b"\n"
+
+
 def fields():
     yield from of_drawings(b"\x00\x00", b"\x01\x0d")
+    # Files that are out of step where readers meet.
+    for number, behind in enumerate(("x 0", "1 TABLE 0", "0 x 0", "0 TABLE 2 A 0 ENDTAB 0", "0 ENDSEC 0")):
+        yield f"empty-table-{number}", lines(f"0 SECTION 2 TABLES 0 TABLE 2 A 0 ENDTAB {behind} SECTION 2 X 0 EOF")
+        yield f"table-{number}", lines("0 SECTION 2 TABLES 0 TABLE 0 LAYER 5 A 100 B 2 C 62 3 0 ENDTAB "
+                                       f"{behind} SECTION 2 X 0 EOF")
+    for number, styles in enumerate(("1002 { 40 1 1002 }", "1002 1002 40 1 1002 }", "40 1", "1002 { 1070 1002 40 1")):
+        yield f"styles-{number}", lines("0 SECTION 2 ENTITIES 0 DIMENSION 8 A 100 AcDbDimension 1 B 100 "
+                                        f"AcDbRotatedDimension 1000 DSTYLE {styles} 0 ENDSEC 0 EOF")
 
 
 def svghost():
