@@ -58,12 +58,14 @@ void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
     char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
     m_end = storage + size;
-    // A small drawing gets by with a small chunk; a large one soon gets large ones, because the system sets
-    // up to kPreferredChunk of addresses aside to align each.
-    if (m_nextChunkSize < kPreferredChunk)
-        m_nextChunkSize = m_nextChunkSize == kFirstChunk ? 2 * kOwnChunk : kPreferredChunk;
-    else
-        m_nextChunkSize = std::min(m_nextChunkSize * 2, 16 * kPreferredChunk);
+    // A small drawing gets by with a small chunk. In a large one a quarter of what there is follows, so that
+    // no more than a fifth is ever unused, and chunks are not many: to align each, the system sets up to
+    // kPreferredChunk of addresses aside.
+    m_chunkBytes += size;
+    m_nextChunkSize = m_chunkBytes < 2 * kOwnChunk
+                          ? 2 * kOwnChunk
+                          : std::clamp(m_chunkBytes / 4 / kPreferredChunk, std::size_t{1}, std::size_t{16}) *
+                                kPreferredChunk;
     return storage;
 }
 

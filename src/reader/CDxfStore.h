@@ -102,6 +102,7 @@ private:
     char* m_next = nullptr;
     char* m_end = nullptr;
     std::size_t m_nextChunkSize;
+    std::size_t m_chunkBytes = 0; // of all chunks but those of large blocks
 
     wchar_t* m_growing = nullptr; // the text that Append wrote last
     std::size_t m_growingCapacity = 0;
