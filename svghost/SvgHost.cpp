@@ -87,6 +87,19 @@ bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statisti
     }
 }
 
+bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox)
+{
+    if (!document || !viewBox)
+        return false;
+    try {
+        const ViewBox& box = document->layout().viewBox;
+        *viewBox = {box.x, box.y, box.width, box.height};
+        return !document->shortOfMemory;
+    } catch (...) {
+        return false;
+    }
+}
+
 bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options, SvgHostWriteFunction write,
                   void* user)
 {
@@ -94,7 +107,7 @@ bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
         return false;
     try {
         return SvgWriter(*document, document->layout(), write, user)
-            .run(options ? options->background : nullptr);
+            .run(options ? *options : SvgHostWriteOptions{});
     } catch (...) {
         return false;
     }

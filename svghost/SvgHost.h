@@ -41,10 +41,16 @@ typedef struct SvgHostError {
     const wchar_t* message; /**< the text, most with the line's number in the drawing; never NULL */
 } SvgHostError;
 
-/** How a document is written. Zero-initialised, it means: no background. */
+/** How a document is written. Zero-initialised, it means: no background, no physical size, no style sheet.
+ * None of it changes the elements that the operations made. */
 typedef struct SvgHostWriteOptions {
     const char* background; /**< a CSS colour painted behind the drawing, or NULL for none; it goes into the
                                  file as it is given, escaped as XML wants it but not looked at further */
+    const char* style;      /**< a style sheet, written as the root's first element, or NULL for none; it goes
+                                 into the file as the background does */
+    double unit;            /**< how many millimetres one unit of the drawing is long: the root's width and
+                                 height are written in millimetres; 0, or what makes them no number that a
+                                 viewer can hold: the larger side has 1024 pixels */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -103,6 +109,19 @@ QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunct
  * can be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL.
  */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
+
+/** The part of the drawing's plane that the picture shows, in the drawing's units: all that is drawn, with a
+ * margin. */
+typedef struct SvgHostViewBox {
+    double x;      /**< its left side */
+    double y;      /**< its upper side; y grows downwards */
+    double width;  /**< more than 0 */
+    double height; /**< more than 0 */
+} SvgHostViewBox;
+
+/** Lays the picture out and gives its view box. False, and then nothing in viewBox can be relied on, when
+ * memory is short, now or in one of the operations before, or when a pointer is NULL. */
+QUILLMARLIB_API bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox);
 
 /** Takes one piece of the file: size bytes, which are good during the call and end anywhere, within a
  * character too. False stops the writing. It must neither throw nor call any function of this header for the

@@ -64,13 +64,15 @@ SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgH
 {
 }
 
-bool SvgWriter::run(const char* background)
+bool SvgWriter::run(const SvgHostWriteOptions& options)
 {
     m_out.addDeclaration();
-    openRoot();
+    openRoot(options.unit);
+    if (options.style)
+        writeStyle(options.style);
     writeDefinitions();
-    if (background)
-        writeBackground(background);
+    if (options.background)
+        writeBackground(options.background);
     openDrawing();
     writeContents(m_document.root);
     m_out.close();
@@ -78,20 +80,47 @@ bool SvgWriter::run(const char* background)
     return m_out.finish();
 }
 
-void SvgWriter::openRoot()
+void SvgWriter::openRoot(double unit)
 {
     const ViewBox& box = m_layout.viewBox;
-    const double scale = kPixels / std::max(box.width, box.height);
-    const auto pixels = [&](double side) { return std::max(1.0, std::round(side * scale)); };
     begin("svg");
     set("xmlns", "http://www.w3.org/2000/svg");
     set("xmlns:xlink", "http://www.w3.org/1999/xlink");
-    setJoined("width", pixels(box.width));
-    setJoined("height", pixels(box.height));
+    if (!setPhysicalSize(unit))
+        setPixelSize();
     // The margin is far wider than the rounding to 32 bits.
     setJoined("viewBox", static_cast<float>(box.x), " ", static_cast<float>(box.y), " ",
               static_cast<float>(box.width), " ", static_cast<float>(box.height));
     m_out.open(m_element);
+}
+
+void SvgWriter::setPixelSize()
+{
+    const ViewBox& box = m_layout.viewBox;
+    const double scale = kPixels / std::max(box.width, box.height);
+    const auto pixels = [&](double side) { return std::max(1.0, std::round(side * scale)); };
+    setJoined("width", pixels(box.width));
+    setJoined("height", pixels(box.height));
+}
+
+// False, with nothing set, when there is no unit or its sides are none that a viewer can hold.
+bool SvgWriter::setPhysicalSize(double unit)
+{
+    const double width = m_layout.viewBox.width * unit;
+    const double height = m_layout.viewBox.height * unit;
+    // Numbers smaller than a float are not drawable either, and would be written as 0.
+    const auto isSide = [](double side) { return isDrawable(side) && static_cast<float>(side) > 0; };
+    if (!isSide(width) || !isSide(height))
+        return false;
+    setJoined("width", static_cast<float>(width), "mm");
+    setJoined("height", static_cast<float>(height), "mm");
+    return true;
+}
+
+void SvgWriter::writeStyle(const char* style)
+{
+    begin("style");
+    m_out.addText(m_element, validUtf8(style));
 }
 
 // The module fills nothing, while SVG would fill everything.

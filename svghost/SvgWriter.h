@@ -16,10 +16,13 @@ public:
     SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgHostWriteFunction write, void* user);
 
     // False when memory is short or the write function returned false; it is not called again then.
-    bool run(const char* background);
+    bool run(const SvgHostWriteOptions& options);
 
 private:
-    void openRoot();
+    void openRoot(double unit);
+    void setPixelSize();
+    bool setPhysicalSize(double unit);
+    void writeStyle(const char* style);
     void openDrawing();
     void writeDefinitions();
     void writeSymbol(const Symbol& symbol);

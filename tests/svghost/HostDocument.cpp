@@ -85,8 +85,14 @@ SvgHostStatistics HostDocument::statistics() const
 
 std::string HostDocument::write(const char* background) const
 {
+    SvgHostWriteOptions options{};
+    options.background = background;
+    return write(options);
+}
+
+std::string HostDocument::write(const SvgHostWriteOptions& options) const
+{
     std::string text;
-    const SvgHostWriteOptions options{background};
     const auto append = [](void* user, const char* bytes, size_t size) {
         static_cast<std::string*>(user)->append(bytes, size);
         return true;

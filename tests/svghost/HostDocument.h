@@ -38,6 +38,7 @@ public:
 
     SvgHostStatistics statistics() const;
     std::string write(const char* background = nullptr) const;
+    std::string write(const SvgHostWriteOptions& options) const;
 
 private:
     SvgHostDocument* m_document;

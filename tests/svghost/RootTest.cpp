@@ -1,0 +1,103 @@
+// What the caller may choose about the root: its size, a style sheet, a background. The drawing stays.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+using namespace svghost_tests;
+
+namespace {
+
+// 100 by 50 units with its stroke, and so 104 by 54 with the margin.
+HostDocument& thinLine(HostDocument& document)
+{
+    document.set(document.line(0, 0, 100, 50), L"stroke-width", L"0.000001");
+    return document;
+}
+
+std::string written(const HostDocument& document, double unit, const char* style = nullptr)
+{
+    SvgHostWriteOptions options{};
+    options.unit = unit;
+    options.style = style;
+    return document.write(options);
+}
+
+std::string rootAttribute(const std::string& text, const char* name)
+{
+    return ParsedSvg(text).root().attribute(name).value();
+}
+
+double millimetres(const std::string& text, const char* side)
+{
+    const std::string value = rootAttribute(text, side);
+    EXPECT_TRUE(value.ends_with("mm")) << value;
+    return std::stod(value);
+}
+
+// What stands between the root's start and end tags.
+std::string inside(const std::string& text)
+{
+    const std::size_t start = text.find('>', text.find("<svg")) + 1;
+    return text.substr(start, text.rfind("</svg>") - start);
+}
+
+} // namespace
+
+TEST(Root, SizeIsInMillimetresWhenTheUnitIsKnown)
+{
+    HostDocument document;
+    const std::string text = written(thinLine(document), 25.4);
+    EXPECT_NEAR(millimetres(text, "width"), 104 * 25.4, 0.001);
+    EXPECT_NEAR(millimetres(text, "height"), 54 * 25.4, 0.001);
+}
+
+TEST(Root, UnitChangesNothingButWidthAndHeight)
+{
+    HostDocument document;
+    const std::string pixels = written(thinLine(document), 0);
+    const std::string metres = written(document, 1000);
+    EXPECT_EQ(inside(pixels), inside(metres));
+    EXPECT_EQ(rootAttribute(pixels, "viewBox"), rootAttribute(metres, "viewBox"));
+    EXPECT_EQ(rootAttribute(pixels, "width"), "1024");
+}
+
+TEST(Root, SizeThatIsNoUsableNumberIsLeftToPixels)
+{
+    HostDocument document;
+    thinLine(document);
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const double unit : {-1.0, 1e300, 1e-320, infinite, std::nan("")})
+        EXPECT_EQ(rootAttribute(written(document, unit), "width"), "1024") << unit;
+}
+
+TEST(Root, StyleSheetStandsFirstAndChangesNothingElse)
+{
+    HostDocument document;
+    thinLine(document);
+    const std::string sheet = "line[stroke=\"a\"]{stroke:#000}/*<&\xFF*/";
+    const std::string with = written(document, 0, sheet.c_str());
+    const ParsedSvg svg(with);
+    const pugi::xml_node style = svg.root().first_child();
+    EXPECT_STREQ(style.name(), "style");
+    EXPECT_STREQ(style.child_value(), "line[stroke=\"a\"]{stroke:#000}/*<&\xEF\xBF\xBD*/");
+    const std::size_t end = with.find("</style>\n") + std::string("</style>\n").size();
+    EXPECT_EQ(with.substr(0, with.find("<style>")) + with.substr(end), written(document, 0));
+}
+
+TEST(Root, ViewBoxIsTheOneThatIsWritten)
+{
+    HostDocument document;
+    const ViewBox box = viewBoxOf(ParsedSvg(thinLine(document)));
+    SvgHostViewBox asked{};
+    ASSERT_TRUE(svgHostGetViewBox(document.get(), &asked));
+    EXPECT_FLOAT_EQ(static_cast<float>(asked.x), static_cast<float>(box.x));
+    EXPECT_FLOAT_EQ(static_cast<float>(asked.y), static_cast<float>(box.y));
+    EXPECT_FLOAT_EQ(static_cast<float>(asked.width), static_cast<float>(box.width));
+    EXPECT_FLOAT_EQ(static_cast<float>(asked.height), static_cast<float>(box.height));
+    EXPECT_FALSE(svgHostGetViewBox(nullptr, &asked));
+    EXPECT_FALSE(svgHostGetViewBox(document.get(), nullptr));
+}
