@@ -5,10 +5,12 @@
 namespace plexorn {
 
 enum ExitCode : int {
-    ExitDrawn = 0,      // the picture is written, whatever the messages about the file
-    ExitUsage = 2,      // the command line is wrong
-    ExitFile = 3,       // the file cannot be read or the SVG cannot be written
-    ExitNotAsciiDxf = 4 // the file is something else
+    ExitDrawn = 0,       // all is done, whatever the messages about the drawings
+    ExitMessages = 1,    // all is done, there were messages, and --strict was given
+    ExitUsage = 2,       // the command line is wrong
+    ExitFile = 3,        // the file cannot be read or the SVG cannot be written
+    ExitNotAsciiDxf = 4, // the file is something else
+    ExitSomeFailed = 5   // of several drawings, at least one failed
 };
 
 } // namespace plexorn

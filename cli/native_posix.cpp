@@ -6,6 +6,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+
 namespace plexorn {
 
 namespace fs = std::filesystem;
@@ -25,6 +30,58 @@ void CopyAccess(int descriptor, const struct stat& model)
 fs::path PathFromArgument(const std::string& argument)
 {
     return argument;
+}
+
+std::string ArgumentFromPath(const fs::path& path)
+{
+    return path.native();
+}
+
+std::string FileKey(const fs::path& path)
+{
+    std::error_code error;
+    fs::path canonical = fs::weakly_canonical(path, error);
+    return (error ? path.lexically_normal() : canonical).native();
+}
+
+bool EndsAsFolder(const std::string& argument)
+{
+    return argument.ends_with('/');
+}
+
+int ReadStandardInput(const std::function<bool(const char* bytes, size_t size)>& out)
+{
+    char block[1 << 16];
+    for (;;) {
+        ssize_t size = read(STDIN_FILENO, block, sizeof block);
+        if (size < 0 && errno == EINTR)
+            continue;
+        if (size <= 0)
+            return size < 0 ? errno : 0;
+        if (!out(block, static_cast<size_t>(size)))
+            return errno;
+    }
+}
+
+CInputCopy::CInputCopy() : m_pFile(std::tmpfile())
+{
+    // It has no name, and so it is gone with the process; as an open file it has one of another kind.
+    int error = m_pFile ? 0 : errno;
+    if (m_pFile)
+        error = ReadStandardInput(
+            [this](const char* bytes, size_t size) { return std::fwrite(bytes, 1, size, m_pFile) == size; });
+    if (error == 0 && std::fflush(m_pFile) != 0)
+        error = errno;
+    if (error != 0)
+        m_strError = std::generic_category().message(error);
+    else
+        m_path = "/dev/fd/" + std::to_string(fileno(m_pFile));
+}
+
+CInputCopy::~CInputCopy()
+{
+    if (m_pFile)
+        std::fclose(m_pFile);
 }
 
 CModulePath::CModulePath(const fs::path& path)
@@ -54,7 +111,19 @@ std::FILE* OpenForReading(const fs::path& path)
 std::FILE* OpenForAppending(const fs::path& path)
 {
     // Opened anew, a redirected output would have a second position, and one writer overwrite the other.
-    return path == "/dev/stdout" ? fdopen(dup(STDOUT_FILENO), "ab") : std::fopen(path.c_str(), "ab");
+    return path == "/dev/stdout" ? OpenStandardOutput() : std::fopen(path.c_str(), "ab");
+}
+
+std::FILE* OpenStandardOutput()
+{
+    int descriptor = dup(STDOUT_FILENO);
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "ab");
+}
+
+bool IsTerminal(std::FILE* stream)
+{
+    const char* kind = std::getenv("TERM");
+    return isatty(fileno(stream)) != 0 && kind && std::string_view(kind) != "dumb";
 }
 
 std::FILE* CreateNew(const fs::path& path, const fs::path& model)

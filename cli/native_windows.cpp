@@ -7,6 +7,9 @@
 #include <share.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+#include <system_error>
+
 #include <windows.h>
 
 namespace plexorn {
@@ -64,6 +67,61 @@ fs::path PathFromArgument(const std::string& argument)
     return WideFromUtf8(argument).value_or(std::wstring());
 }
 
+std::string ArgumentFromPath(const fs::path& path)
+{
+    return Utf8FromWide(path.generic_wstring());
+}
+
+std::string FileKey(const fs::path& path)
+{
+    std::error_code error;
+    fs::path canonical = fs::weakly_canonical(path, error);
+    std::wstring name = (error ? path.lexically_normal() : canonical).generic_wstring();
+    CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
+    return Utf8FromWide(name);
+}
+
+bool EndsAsFolder(const std::string& argument)
+{
+    return argument.ends_with('/') || argument.ends_with('\\');
+}
+
+int ReadStandardInput(const std::function<bool(const char* bytes, size_t size)>& out)
+{
+    _setmode(_fileno(stdin), _O_BINARY);
+    static char block[1 << 16];
+    for (;;) {
+        size_t size = std::fread(block, 1, sizeof block, stdin);
+        if (size == 0)
+            return std::ferror(stdin) ? EIO : 0;
+        if (!out(block, size))
+            return errno;
+    }
+}
+
+// The file has a name, which an interruption must not leave behind: it waits until the file is removed.
+CInputCopy::CInputCopy() : m_guard(std::in_place), m_path(TemporaryFile())
+{
+    m_pFile = m_path.empty() ? nullptr : Open(m_path, _O_WRONLY | _O_TRUNC, L"wb");
+    int error = m_pFile ? 0 : (errno ? errno : EIO);
+    if (m_pFile)
+        error = ReadStandardInput([this](const char* bytes, size_t size) {
+            errno = EINTR;
+            return !m_guard->IsInterrupted() && std::fwrite(bytes, 1, size, m_pFile) == size;
+        });
+    if (m_pFile && std::fclose(m_pFile) != 0 && error == 0)
+        error = errno;
+    m_pFile = nullptr;
+    if (error != 0)
+        m_strError = std::generic_category().message(error);
+}
+
+CInputCopy::~CInputCopy()
+{
+    if (!m_path.empty())
+        DeleteFileW(m_path.c_str());
+}
+
 CModulePath::CModulePath(const fs::path& path) : m_strName(path.native())
 {
     if (SurvivesCodePage(m_strName))
@@ -91,6 +149,23 @@ std::FILE* OpenForReading(const fs::path& path)
 std::FILE* OpenForAppending(const fs::path& path)
 {
     return Open(path, _O_WRONLY | _O_APPEND, L"ab");
+}
+
+std::FILE* OpenStandardOutput()
+{
+    int descriptor = _dup(_fileno(stdout));
+    if (descriptor < 0)
+        return nullptr;
+    _setmode(descriptor, _O_BINARY);
+    return _fdopen(descriptor, "ab");
+}
+
+bool IsTerminal(std::FILE* stream)
+{
+    auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+    DWORD mode = 0;
+    constexpr DWORD sequences = 0x0004; // ENABLE_VIRTUAL_TERMINAL_PROCESSING
+    return GetConsoleMode(console, &mode) && SetConsoleMode(console, mode | sequences);
 }
 
 std::FILE* CreateNew(const fs::path& path, const fs::path&)

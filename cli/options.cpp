@@ -1,107 +1,90 @@
 #include "options.h"
 
 #include "exitcodes.h"
+#include "generate/generate.h"
+#include "optionchecks.h"
+#include "optiontable.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iostream>
-#include <string_view>
 
 namespace plexorn {
 
 namespace {
 
-constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
-constexpr std::string_view HexDigits = "0123456789abcdefABCDEF";
-
-bool ConsistsOf(std::string_view text, std::string_view characters)
+void AddOption(CLI::App& app, const OptionRow& row, Options& options)
 {
-    return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
+    std::string names(row.names);
+    std::string help(row.help);
+    if (const auto* flag = std::get_if<bool Options::*>(&row.target)) {
+        app.add_flag(names, options.*(*flag), help);
+        return;
+    }
+    CLI::Option* option = nullptr;
+    if (const auto* text = std::get_if<std::string Options::*>(&row.target))
+        option = app.add_option(names, options.*(*text), help);
+    else if (const auto* number = std::get_if<size_t Options::*>(&row.target))
+        option = app.add_option(names, options.*(*number), help);
+    if (option)
+        option->check(row.check, "", "");
 }
 
-bool IsHexColour(std::string_view text)
+int WrongUsage(const std::string& text)
 {
-    if (!text.starts_with('#'))
-        return false;
-    text.remove_prefix(1);
-    return ConsistsOf(text, HexDigits) &&
-           (text.size() == 3 || text.size() == 4 || text.size() == 6 || text.size() == 8);
+    std::cerr << text << "\nRun with --help for more information.\n";
+    return ExitUsage;
 }
 
-// rgb(...), hsl(...) and their like; what stands in the parentheses is the viewer's to judge.
-bool IsColourFunction(std::string_view text)
+bool NamesStandardInputTwice(const Options& options)
 {
-    size_t parenthesis = text.find('(');
-    if (parenthesis == std::string_view::npos || !text.ends_with(')'))
-        return false;
-    std::string_view inside = text.substr(parenthesis + 1, text.size() - parenthesis - 2);
-    return ConsistsOf(text.substr(0, parenthesis), Letters) && ConsistsOf(inside, "0123456789.,%+-/ deg");
+    auto count = std::count(options.inputs.begin(), options.inputs.end(), "-");
+    return count + (options.list == "-") > 1;
 }
 
-std::string CheckColour(const std::string& text)
+std::variant<Options, int> Parse(const CommandRow& command, std::vector<std::string> arguments,
+                                 Options options)
 {
-    if (ConsistsOf(text, Letters) || IsHexColour(text) || IsColourFunction(text))
-        return "";
-    return "'" + text + "' is not a colour; give a name, #RRGGBB, rgb(R,G,B), or none";
-}
-
-std::string CheckNotEmpty(const std::string& text)
-{
-    return text.empty() ? "a file's name is empty" : "";
-}
-
-bool EndsInDxf(std::string_view path)
-{
-    constexpr std::string_view extension = ".dxf";
-    auto sameLetter = [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; };
-    return path.size() > extension.size() &&
-           std::equal(extension.begin(), extension.end(), path.end() - extension.size(),
-                      [&](char b, char a) { return sameLetter(a, b); });
-}
-
-std::string DefaultOutput(const std::string& input)
-{
-    return (EndsInDxf(input) ? input.substr(0, input.size() - 4) : input) + ".svg";
-}
-
-constexpr const char* Footer = "Messages go to the standard error stream as FILE:LINE: text.\n"
-                               "Exit codes: 0 drawn; 2 wrong usage; 3 the file cannot be read or the SVG "
-                               "cannot be written;\n4 the file is not an ASCII DXF.";
-
-} // namespace
-
-std::variant<Options, int> ParseOptions(std::vector<std::string> arguments)
-{
-    Options options;
-    std::string background = "#1e1e1e";
-    CLI::App app("Draws an ASCII DXF file as an SVG picture.", "plexorn");
+    CLI::App app(std::string(command.help), "plexorn");
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
-    app.footer(Footer);
-    app.add_option("FILE", options.input, "The drawing, an ASCII DXF file")
-        ->required()
-        ->check(CheckNotEmpty, "", "");
-    app.add_option("-o,--output", options.output, "The picture; FILE with .svg in place of .dxf by default")
-        ->check(CheckNotEmpty, "", "");
-    app.add_option("--background", background,
-                   "The CSS colour behind the drawing, or none. Dark by default: most drawings are white")
-        ->capture_default_str()
-        ->check(CheckColour, "", "");
-    app.add_flag("-q,--quiet", options.quiet, "Print errors only, no messages about the drawing");
-    app.set_version_flag("--version", "plexorn " PLEXORN_VERSION);
-
+    app.formatter_fn([&](const CLI::App*, std::string, CLI::AppFormatMode) { return HelpText(command); });
+    app.add_option("FILE", options.inputs, "")->check(CheckNotEmpty, "", "");
+    for (const OptionRow& row : command.options)
+        AddOption(app, row, options);
+    if (!options.isInfo)
+        app.set_version_flag("--version", "plexorn " PLEXORN_VERSION);
     try {
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? ExitDrawn : ExitUsage;
     }
-    if (options.output.empty())
-        options.output = DefaultOutput(options.input);
-    if (background != "none")
-        options.background = background;
+    if (options.inputs.empty() && options.list.empty())
+        return WrongUsage("FILE is required");
+    if (NamesStandardInputTwice(options))
+        return WrongUsage("The standard input can be read once only");
     return options;
+}
+
+} // namespace
+
+std::variant<Options, int> ParseOptions(std::vector<std::string> arguments)
+{
+    if (arguments.size() == 2 && arguments[0] == "--generate") {
+        std::string text = Generated(arguments[1]);
+        if (text.empty())
+            return WrongUsage("--generate takes man, bash, zsh or fish");
+        std::cout << text;
+        return ExitDrawn;
+    }
+    Options options;
+    options.isInfo = !arguments.empty() && arguments[0] == "info";
+    if (!options.isInfo)
+        return Parse(DrawCommand(), std::move(arguments), options);
+    arguments.erase(arguments.begin());
+    return Parse(InfoCommand(), std::move(arguments), options);
 }
 
 } // namespace plexorn

@@ -2,6 +2,7 @@
 
 #include "native.h"
 
+#include <atomic>
 #include <cerrno>
 #include <system_error>
 
@@ -45,7 +46,11 @@ COutputFile::COutputFile(const fs::path& target)
     std::error_code ignored;
     fs::file_type type = fs::status(target, ignored).type();
     errno = 0;
-    if (type == fs::file_type::directory) {
+    if (target == StandardOutput) {
+        m_pFile = OpenStandardOutput();
+        if (!m_pFile)
+            Fail(errno);
+    } else if (type == fs::file_type::directory) {
         Fail(EISDIR);
     } else if (IsWrittenDirectly(target, type)) {
         m_target = target;
@@ -74,9 +79,12 @@ void COutputFile::OpenTemporary()
 {
     // Not when the target is written directly: a pipe can keep its writer waiting.
     m_guard.emplace();
+    // Threads that write into one folder do not try the same names.
+    static std::atomic<unsigned> next = 0;
     std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
     for (int i = 0; i < TemporaryNames; ++i) {
-        fs::path path = m_target.parent_path() / std::string(start).append(std::to_string(i)).append(".tmp");
+        std::string name = start + std::to_string(next++) + ".tmp";
+        fs::path path = m_target.parent_path() / name;
         m_pFile = CreateNew(path, m_target);
         if (m_pFile) {
             m_temporary = path;

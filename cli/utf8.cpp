@@ -130,6 +130,22 @@ std::optional<std::wstring> WideFromUtf8(std::string_view text)
     return out;
 }
 
+std::string ValidUtf8(std::string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        size_t length = SequenceLength(static_cast<unsigned char>(text[0]));
+        bool isCharacter = DecodeSequence(text, length).has_value();
+        if (isCharacter)
+            out += text.substr(0, length);
+        else
+            AppendUtf8(out, Replacement);
+        text.remove_prefix(isCharacter ? length : 1);
+    }
+    return out;
+}
+
 std::string Printable(std::string_view text)
 {
     constexpr char digits[] = "0123456789ABCDEF";

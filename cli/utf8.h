@@ -14,6 +14,9 @@ std::string Utf8FromWide(std::wstring_view text);
 // The wide form of UTF-8 text; nothing when text is not well-formed UTF-8.
 std::optional<std::wstring> WideFromUtf8(std::string_view text);
 
+// text with each byte that belongs to no well-formed character replaced by U+FFFD.
+std::string ValidUtf8(std::string_view text);
+
 // text (UTF-8) with its control characters written as \xNN, fit for a terminal: names and values out of a
 // file cannot move its cursor or change its colours.
 std::string Printable(std::string_view text);

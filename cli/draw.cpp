@@ -1,0 +1,175 @@
+#include "draw.h"
+
+#include "info/drawing.h"
+#include "info/kinds.h"
+#include "look.h"
+#include "native.h"
+#include "output.h"
+#include "source.h"
+#include "units.h"
+
+#include "entry/dxfFileOpen.h"
+#include "svghost/SvgHost.h"
+
+#include <cerrno>
+#include <memory>
+#include <new>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
+
+// The kind of the report after which nothing was read.
+constexpr int KindNotOpened = 1;
+
+// Hands the reports of an import on.
+struct Listener {
+    CReport& report;
+    bool isUnread = false;
+    bool isShortOfMemory = false;
+
+    // It is called from within the host, which no exception may cross.
+    static void Receive(void* user, const SvgHostError* error) noexcept
+    {
+        auto* self = static_cast<Listener*>(user);
+        try {
+            self->isUnread = self->isUnread || error->kind == KindNotOpened;
+            self->report.Message(*error);
+        } catch (...) {
+            self->isShortOfMemory = true;
+        }
+    }
+};
+
+bool IsSameFile(const fs::path& a, const fs::path& b)
+{
+    std::error_code ignored;
+    return fs::equivalent(a, b, ignored);
+}
+
+bool WriteToFile(void* user, const char* bytes, size_t size)
+{
+    return static_cast<COutputFile*>(user)->Write(bytes, size);
+}
+
+// Writes the picture; the result is empty, or why it cannot be written.
+std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& look, double unit)
+{
+    fs::path path = PathFromArgument(job.output);
+    std::error_code error;
+    if (job.makesFolders && path.has_parent_path())
+        fs::create_directories(path.parent_path(), error);
+    if (error)
+        return error.message();
+    COutputFile file(path);
+    SvgHostWriteOptions options = {};
+    options.background = look.background ? look.background->c_str() : nullptr;
+    options.style = look.style.empty() ? nullptr : look.style.c_str();
+    options.unit = unit;
+    bool isWritten = file.Error().empty() && svgHostWrite(document, &options, WriteToFile, &file);
+    if (isWritten && file.Commit())
+        return "";
+    return file.Error().empty() ? std::generic_category().message(ENOMEM) : file.Error();
+}
+
+// Reads the drawing into document; false, with the report told, when it could not be read.
+bool Import(CSource& source, SvgHostDocument* document, CReport& report)
+{
+    CModulePath modulePath(source.Path());
+    if (modulePath.Name().empty()) {
+        report.Failed(source.ShownName(), "cannot be read: this system cannot open a file of that name",
+                      ExitFile);
+        return false;
+    }
+    Listener listener{report};
+    svgHostOnError(document, Listener::Receive, &listener);
+    dxfFileOpen(modulePath.Name().c_str(), svgHostBeginImport(document));
+    svgHostOnError(document, nullptr, nullptr);
+    if (listener.isShortOfMemory)
+        throw std::bad_alloc();
+    if (listener.isUnread)
+        report.Failed(source.ShownName(), "cannot be read", ExitFile);
+    return !listener.isUnread;
+}
+
+// Counts the entities that disappear without a message.
+std::map<std::string, std::uint64_t> SkippedEntities(const DrawingInfo& info)
+{
+    auto isSilent = [](Fate fate) { return fate == Fate::Skipped || fate == Fate::PassedOver; };
+    std::map<std::string, std::uint64_t> skipped;
+    for (const TypeInfo& type : info.types) {
+        std::uint64_t count = (isSilent(FateInDrawing(type.name)) ? type.inDrawing : 0) +
+                              (isSilent(FateInBlock(type.name)) ? type.inBlocks : 0);
+        if (count > 0)
+            skipped[type.name] = count;
+    }
+    return skipped;
+}
+
+// The size of the picture that was written, in millimetres; nothing when it is in pixels.
+void TellSize(SvgHostDocument* document, const Sizing& sizing, Outcome& outcome)
+{
+    SvgHostViewBox box = {};
+    outcome.reason = sizing.reason;
+    if (!sizing.unit || !svgHostGetViewBox(document, &box))
+        return;
+    outcome.unit = sizing.unit->name;
+    outcome.width = box.width * sizing.unit->millimetres;
+    outcome.height = box.height * sizing.unit->millimetres;
+}
+
+void Draw(CSource& source, const Job& job, const Options& options, CReport& report)
+{
+    Clock::time_point start = Clock::now();
+    Outcome outcome;
+    outcome.output = job.output;
+    Sizing sizing;
+    if (options.isQuiet) {
+        sizing = SizingFor(ReadHeader(source.Rewound()), options.units);
+    } else {
+        DrawingInfo info = CollectInfo(source.Rewound(), false);
+        outcome.skipped = SkippedEntities(info);
+        sizing = SizingFor(info.header, options.units);
+    }
+    Document document(svgHostCreate(), svgHostDestroy);
+    if (!document)
+        throw std::bad_alloc();
+    if (!Import(source, document.get(), report))
+        return;
+    if (!svgHostGetStatistics(document.get(), &outcome.statistics))
+        throw std::bad_alloc();
+    double unit = sizing.unit ? sizing.unit->millimetres : 0;
+    std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
+    if (!reason.empty())
+        return report.Failed(job.output, "cannot be written: " + reason, ExitFile);
+    TellSize(document.get(), sizing, outcome);
+    outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    report.Drawn(outcome);
+}
+
+} // namespace
+
+std::string ShownName(const std::string& input)
+{
+    return input == StandardStream ? "<stdin>" : input;
+}
+
+void DrawJob(const Job& job, const Options& options, CReport& report)
+{
+    if (!job.reason.empty())
+        return report.Failed(ShownName(job.input), job.reason, job.code);
+    CSource source(job.input);
+    if (!source.Reason().empty())
+        return report.Failed(source.ShownName(), source.Reason(), source.Code());
+    if (job.output != StandardStream && IsSameFile(source.Path(), PathFromArgument(job.output)))
+        return report.Failed(job.output, "is the drawing itself; give another name with -o", ExitUsage);
+    Draw(source, job, options, report);
+}
+
+} // namespace plexorn

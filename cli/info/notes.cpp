@@ -1,0 +1,55 @@
+#include "info/tell.h"
+
+#include <algorithm>
+
+namespace plexorn {
+
+namespace {
+
+std::string Numbered(std::uint64_t number, std::string_view singular, std::string_view plural)
+{
+    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
+}
+
+std::uint64_t EntitiesOnHiddenLayers(const DrawingInfo& info)
+{
+    std::uint64_t count = 0;
+    for (const LayerInfo& layer : info.layers)
+        count += layer.IsOff() || layer.IsFrozen() ? layer.entities : 0;
+    return count;
+}
+
+std::uint64_t MissingBlocks(const DrawingInfo& info)
+{
+    return static_cast<std::uint64_t>(
+        std::count_if(info.blocks.begin(), info.blocks.end(),
+                      [](const BlockInfo& block) { return block.definitions == 0; }));
+}
+
+} // namespace
+
+std::vector<std::string> NotesOn(const DrawingInfo& info)
+{
+    std::vector<std::string> notes;
+    if (info.unmarkedEntry != 0)
+        notes.push_back("the table entry at line " + std::to_string(info.unmarkedEntry) +
+                        " has no subclass marker: the reader takes what follows it for a part of it, and the "
+                        "drawing may come out empty");
+    if (info.oddLines != 0)
+        notes.push_back(Numbered(info.oddLines, "line stands", "lines stand") +
+                        " where a group code belongs and none is, the first at line " +
+                        std::to_string(info.firstOddLine));
+    if (!info.isEnded)
+        notes.push_back("the file has no EOF: it may have been cut off");
+    if (std::uint64_t count = EntitiesOnHiddenLayers(info))
+        notes.push_back(Numbered(count, "entity is", "entities are") +
+                        " on layers that are off or frozen; they are drawn all the same");
+    if (info.hiddenEntities != 0)
+        notes.push_back(Numbered(info.hiddenEntities, "entity is", "entities are") +
+                        " invisible by a flag of their own; they are in the picture, hidden");
+    if (std::uint64_t count = MissingBlocks(info))
+        notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
+    return notes;
+}
+
+} // namespace plexorn

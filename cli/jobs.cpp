@@ -1,0 +1,95 @@
+#include "inputs.h"
+#include "native.h"
+
+#include <map>
+#include <set>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string PictureName(const std::string& drawing)
+{
+    if (drawing == StandardStream)
+        return "stdin.svg";
+    constexpr size_t ending = 4; // ".dxf"
+    return (EndsInDxf(drawing) ? drawing.substr(0, drawing.size() - ending) : drawing) + ".svg";
+}
+
+bool IsFolderForPictures(const std::string& output)
+{
+    std::error_code ignored;
+    return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
+}
+
+std::string OutputFor(const Input& input, const Options& options, bool isFolder)
+{
+    if (isFolder) {
+        fs::path picture = PathFromArgument(PictureName(input.name)).filename();
+        return ArgumentFromPath(PathFromArgument(options.output) / input.below / picture);
+    }
+    if (!options.output.empty())
+        return options.output;
+    return input.name == StandardStream ? StandardStream : PictureName(input.name);
+}
+
+// Finds drawings whose pictures would replace each other, or a drawing.
+class CClashes {
+public:
+    explicit CClashes(const std::vector<Input>& inputs)
+    {
+        for (const Input& input : inputs)
+            if (input.name != StandardStream)
+                m_drawings.insert(FileKey(PathFromArgument(input.name)));
+    }
+
+    // Whether job is another one once more; a job that clashes is given a reason.
+    bool IsRepeated(Job& job)
+    {
+        if (job.output == StandardStream)
+            return false;
+        std::string input = FileKey(PathFromArgument(job.input));
+        std::string output = FileKey(PathFromArgument(job.output));
+        auto [other, isNew] = m_pictures.try_emplace(output, job.input, input);
+        if (!isNew && other->second.second == input)
+            return true;
+        if (!isNew)
+            Refuse(job, job.output + " is the picture of " + other->second.first + " already");
+        else if (output != input && m_drawings.contains(output))
+            Refuse(job, job.output + " is one of the drawings; give another place with -o");
+        return false;
+    }
+
+private:
+    static void Refuse(Job& job, const std::string& reason)
+    {
+        job.reason = "is not drawn: " + reason;
+        job.code = ExitUsage;
+    }
+
+    std::set<std::string> m_drawings;
+    std::map<std::string, std::pair<std::string, std::string>> m_pictures;
+};
+
+} // namespace
+
+std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
+{
+    bool isFolder = !options.output.empty() && IsFolderForPictures(options.output);
+    if (inputs.areMany && !options.output.empty() && !isFolder)
+        throw CUsageError(options.output +
+                          ": several drawings need a folder for their pictures; a name with a "
+                          "slash at its end is one");
+    std::vector<Job> jobs;
+    CClashes clashes(inputs.files);
+    for (const Input& input : inputs.files) {
+        Job job{input.name, OutputFor(input, options, isFolder), isFolder, input.reason};
+        if (!job.reason.empty() || !clashes.IsRepeated(job))
+            jobs.push_back(job);
+    }
+    return jobs;
+}
+
+} // namespace plexorn

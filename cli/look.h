@@ -1,0 +1,21 @@
+// How a picture looks, beyond what the drawing says.
+#ifndef PLEXORN_CLI_LOOK_H
+#define PLEXORN_CLI_LOOK_H
+
+#include "options.h"
+
+#include <optional>
+#include <string>
+
+namespace plexorn {
+
+struct Look {
+    std::optional<std::string> background; // a CSS colour
+    std::string style;                     // a style sheet, empty for none
+};
+
+Look LookFor(const Options& options);
+
+} // namespace plexorn
+
+#endif

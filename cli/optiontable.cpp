@@ -1,0 +1,136 @@
+#include "optiontable.h"
+
+#include "exitcodes.h"
+#include "optionchecks.h"
+
+namespace plexorn {
+
+namespace {
+
+constexpr OptionRow FilesFrom = {
+    "--files-from",
+    "LIST",
+    "Read further names of drawings and folders from the file LIST, one a line; - is the standard input",
+    &Options::list,
+    Proposal::Files,
+    {},
+    CheckNotEmpty};
+constexpr OptionRow Null = {"-0,--null", "", "The names in LIST end with a NUL byte instead of a line end",
+                            &Options::isNullSeparated};
+constexpr OptionRow Recursive = {
+    "-r,--recursive", "", "Take the drawings in the folders within a folder as well", &Options::isRecursive};
+constexpr OptionRow Help = {"-h,--help", "", "Print this help and end"};
+
+constexpr OptionRow DrawRows[] = {
+    {"-o,--output",
+     "PATH",
+     "The picture; - is the standard output. For several drawings, or with a slash at its end, the folder "
+     "for the "
+     "pictures, which is made when it is missing. By default each picture stands beside its drawing, with "
+     ".svg in place of .dxf; that of the standard input goes to the standard output",
+     &Options::output,
+     Proposal::Files,
+     {},
+     CheckNotEmpty},
+    {"-j,--jobs",
+     "N",
+     "Draw N drawings at a time; by default as many as the machine has cores",
+     &Options::jobs,
+     Proposal::Nothing,
+     {},
+     CheckJobs},
+    FilesFrom,
+    Null,
+    Recursive,
+    {"--units", "UNIT",
+     "How long one unit of the drawing is, which gives the picture its width and height in millimetres: "
+     "header, the "
+     "default, takes the drawing's $INSUNITS and falls back to none; guess falls back to $MEASUREMENT and "
+     "then to "
+     "millimetres; none makes the larger side 1024 pixels; or a unit's name, such as mm, cm, m, in, ft",
+     &Options::units, Proposal::Words,
+     "header guess none in ft mi mm cm m km uin mil yd angstrom nm um dm dam hm Gm au ly pc usft usin usyd "
+     "usmi",
+     CheckUnits},
+    {"--background", "COLOUR",
+     "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
+     "with "
+     "--paper",
+     &Options::background, Proposal::Words, "none white black #1e1e1e", CheckColour},
+    {"--paper", "", "Show the drawing as on a sheet of paper: white is shown black, on a white background",
+     &Options::isOnPaper},
+    {"--hairline", "", "Let strokes keep their width on the screen however far the picture is enlarged",
+     &Options::hasHairlines},
+    {"-q,--quiet", "", "Print errors only, no messages about the drawings", &Options::isQuiet},
+    {"--messages", "FORM", "The form of what is printed: text, the default, or json, one object a line",
+     &Options::messageFormat, Proposal::Words, "text json", CheckMessageFormat},
+    {"--max-messages",
+     "N",
+     "Print at most N messages about each drawing, and how many more there are",
+     &Options::maxMessages,
+     Proposal::Nothing,
+     {},
+     CheckCount},
+    {"--strict", "", "End with exit code 1 when there was any message about a drawing", &Options::isStrict},
+    Help,
+    {"--version", "", "Print the version and end"},
+};
+
+constexpr OptionRow InfoRows[] = {
+    {"--json", "", "Print one JSON object a line, one for each drawing", &Options::isJson},
+    {"--texts", "", "List the texts of the drawing too", &Options::withTexts},
+    FilesFrom,
+    Null,
+    Recursive,
+    Help,
+};
+
+constexpr CommandRow Draw = {
+    "plexorn", "Draws ASCII DXF files as SVG pictures.",
+    "A drawing, an ASCII DXF file; - is the standard input, a folder stands for every .dxf file in it",
+    DrawRows};
+
+constexpr CommandRow Info = {"plexorn info",
+                             "Tells what ASCII DXF files hold: version, units, extents, layers, line types, "
+                             "blocks, and for each type of "
+                             "entity how many there are and whether they are drawn.",
+                             "A drawing, as for plexorn itself", InfoRows};
+
+constexpr ExitRow ExitRows[] = {
+    {ExitDrawn, "drawn (or told, for info), whatever the messages"},
+    {ExitMessages, "drawn, there were messages about a drawing, and --strict was given"},
+    {ExitUsage, "wrong usage"},
+    {ExitFile, "the file cannot be read, or the SVG cannot be written"},
+    {ExitNotAsciiDxf, "the file is not an ASCII DXF"},
+    {ExitSomeFailed, "of several drawings, at least one failed; the others are drawn"},
+};
+
+} // namespace
+
+std::string_view OptionRow::ShortName() const
+{
+    size_t comma = names.find(',');
+    return comma == std::string_view::npos ? std::string_view() : names.substr(0, comma);
+}
+
+std::string_view OptionRow::LongName() const
+{
+    return names.substr(names.find(',') + 1);
+}
+
+const CommandRow& DrawCommand()
+{
+    return Draw;
+}
+
+const CommandRow& InfoCommand()
+{
+    return Info;
+}
+
+std::span<const ExitRow> ExitTable()
+{
+    return ExitRows;
+}
+
+} // namespace plexorn

@@ -1,0 +1,126 @@
+#include "joined.h"
+#include "json.h"
+#include "report.h"
+#include "utf8.h"
+
+#include <charconv>
+
+namespace plexorn {
+
+namespace {
+
+std::string Count(std::uint64_t number, std::string_view singular, std::string_view plural)
+{
+    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
+}
+
+// What the host met that the picture does not show.
+struct Finding {
+    size_t SvgHostStatistics::*count;
+    std::string_view name; // for programs
+    std::string_view singular;
+    std::string_view plural;
+};
+
+constexpr Finding Findings[] = {
+    {&SvgHostStatistics::duplicateSymbols, "blocksDefinedAgain", "block defined again (the first one counts)",
+     "blocks defined again (the first ones count)"},
+    {&SvgHostStatistics::missingSymbols, "insertsOfMissingBlocks", "insert of a missing block",
+     "inserts of missing blocks"},
+    {&SvgHostStatistics::cyclicUses, "insertsOfThemselves", "insert left out (its block inserts itself)",
+     "inserts left out (their blocks insert themselves)"},
+    {&SvgHostStatistics::unboundedUses, "insertsUnfoldingTooFar",
+     "insert left out (the drawing would unfold too far)",
+     "inserts left out (the drawing would unfold too far)"},
+    {&SvgHostStatistics::undrawableElements, "elementsWithUnusableNumbers",
+     "element could not be drawn (a number of its place or size cannot be used)",
+     "elements could not be drawn (numbers of their place or size cannot be used)"},
+    {&SvgHostStatistics::longDashPatterns, "elementsDrawnSolid",
+     "element drawn solid (its dash pattern is too long)",
+     "elements drawn solid (their dash patterns are too long)"},
+};
+
+size_t DrawnElements(const SvgHostStatistics& statistics)
+{
+    size_t leftOut = statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
+    return statistics.elements - leftOut;
+}
+
+// Four digits tell a size well enough.
+std::string Rounded(double number)
+{
+    char text[32];
+    std::to_chars_result result =
+        number < 1e4 ? std::to_chars(text, text + sizeof text, number, std::chars_format::general, 4)
+                     : std::to_chars(text, text + sizeof text, number, std::chars_format::general, 7);
+    return std::string(text, result.ptr);
+}
+
+std::string SizeText(const Outcome& outcome)
+{
+    if (outcome.unit.empty())
+        return Joined({"size in pixels (", outcome.reason, ")"});
+    return Joined({Rounded(outcome.width), " x ", Rounded(outcome.height), " mm (the unit is ", outcome.unit,
+                   ", ", outcome.reason, ")"});
+}
+
+std::string SkippedText(const std::map<std::string, std::uint64_t>& skipped)
+{
+    std::string out;
+    for (const auto& [type, count] : skipped)
+        out.append(out.empty() ? "; not drawn by this version: " : ", ")
+            .append(std::to_string(count))
+            .append(" ")
+            .append(Printable(type));
+    return out;
+}
+
+} // namespace
+
+std::string OutcomeText(const Outcome& outcome, size_t messages)
+{
+    std::string out = Count(DrawnElements(outcome.statistics), "element", "elements");
+    out.append(" drawn to ").append(Printable(outcome.output));
+    out.append(", ").append(Count(messages, "message", "messages"));
+    out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
+    out.append(", ").append(SizeText(outcome));
+    for (const Finding& finding : Findings)
+        if (size_t number = outcome.statistics.*finding.count)
+            out.append("; ").append(Count(number, finding.singular, finding.plural));
+    return out + SkippedText(outcome.skipped);
+}
+
+std::string TotalText(size_t drawn, size_t failed, size_t messages, std::chrono::milliseconds time)
+{
+    return std::to_string(drawn) + " drawn, " + std::to_string(failed) + " failed, " +
+           Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
+}
+
+std::string OutcomeJson(const std::string& file, const Outcome& outcome, size_t messages)
+{
+    CJson json;
+    json.Open('{').Member("type", "drawn").Member("file", file).Member("picture", outcome.output);
+    json.Member("elements", DrawnElements(outcome.statistics)).Member("messages", messages);
+    json.Member("milliseconds", outcome.time.count());
+    if (outcome.unit.empty())
+        json.Name("unit").Null().Name("width").Null().Name("height").Null();
+    else
+        json.Member("unit", outcome.unit).Member("width", outcome.width).Member("height", outcome.height);
+    json.Member("sizing", outcome.reason).Name("findings").Open('{');
+    for (const Finding& finding : Findings)
+        if (size_t number = outcome.statistics.*finding.count)
+            json.Member(finding.name, number);
+    json.Close('}').Name("skipped").Open('{');
+    for (const auto& [type, count] : outcome.skipped)
+        json.Member(type, count);
+    return json.Close('}').Close('}').Result();
+}
+
+std::string TotalJson(size_t drawn, size_t failed, size_t messages, std::chrono::milliseconds time)
+{
+    CJson json;
+    json.Open('{').Member("type", "total").Member("drawn", drawn).Member("failed", failed);
+    return json.Member("messages", messages).Member("milliseconds", time.count()).Close('}').Result();
+}
+
+} // namespace plexorn

@@ -1,0 +1,72 @@
+#include "source.h"
+
+#include "inputs.h"
+#include "sniffing.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string ReasonOf(int error)
+{
+    return std::generic_category().message(error);
+}
+
+} // namespace
+
+CSource::CSource(const std::string& name) : m_strShownName(name)
+{
+    if (name == StandardStream) {
+        m_strShownName = "<stdin>";
+        m_copy.emplace();
+        m_path = m_copy->Path();
+    } else {
+        m_path = PathFromArgument(name);
+    }
+    std::string reason = m_copy ? m_copy->Error() : "";
+    if (reason.empty())
+        reason = Open();
+    std::string head(SniffedSize, '\0');
+    if (reason.empty()) {
+        head.resize(std::fread(head.data(), 1, head.size(), m_file.get()));
+        reason = std::ferror(m_file.get()) ? ReasonOf(errno) : "";
+    }
+    if (!reason.empty())
+        Refuse("cannot be read: " + reason, ExitFile);
+    else if (std::string other = WhyNotAsciiDxf(head); !other.empty())
+        Refuse(other, ExitNotAsciiDxf);
+}
+
+void CSource::Refuse(const std::string& reason, ExitCode code)
+{
+    m_strReason = reason;
+    m_code = code;
+}
+
+// Nothing but a regular file is opened: a pipe could keep its reader waiting.
+std::string CSource::Open()
+{
+    std::error_code error;
+    fs::file_status status = fs::status(m_path, error);
+    if (!fs::exists(status))
+        return error ? error.message() : ReasonOf(ENOENT);
+    if (fs::is_directory(status))
+        return ReasonOf(EISDIR);
+    if (!fs::is_regular_file(status))
+        return "not a regular file";
+    m_file.reset(OpenForReading(m_path));
+    return m_file ? "" : ReasonOf(errno);
+}
+
+std::FILE* CSource::Rewound()
+{
+    std::rewind(m_file.get());
+    return m_file.get();
+}
+
+} // namespace plexorn
