@@ -30,7 +30,8 @@ int RunCommand(std::vector<std::string> arguments) noexcept
         const Options& options = std::get<Options>(parsed);
         return options.isInfo ? TellAll(options) : DrawAll(options);
     } catch (const CUsageError& error) {
-        return Refuse(error.what(), ExitUsage);
+        return Refuse((std::string(error.what()) + "\nRun with --help for more information.").c_str(),
+                      ExitUsage);
     } catch (const std::bad_alloc&) {
         return Refuse("memory is short", ExitFile);
     } catch (const std::exception& error) {

@@ -135,6 +135,7 @@ void Draw(CSource& source, const Job& job, const Options& options, CReport& repo
     } else {
         DrawingInfo info = CollectInfo(source.Rewound(), false);
         outcome.skipped = SkippedEntities(info);
+        outcome.unmarkedEntry = info.unmarkedEntry;
         sizing = SizingFor(info.header, options.units);
     }
     Document document(svgHostCreate(), svgHostDestroy);
@@ -146,6 +147,9 @@ void Draw(CSource& source, const Job& job, const Options& options, CReport& repo
         throw std::bad_alloc();
     double unit = sizing.unit ? sizing.unit->millimetres : 0;
     std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
+    // An interruption ends the process as soon as nothing is written any more; there is nothing to tell.
+    if (!reason.empty() && CInterruptGuard::IsInterrupted())
+        return;
     if (!reason.empty())
         return report.Failed(job.output, "cannot be written: " + reason, ExitFile);
     TellSize(document.get(), sizing, outcome);

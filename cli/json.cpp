@@ -9,16 +9,44 @@ namespace plexorn {
 
 namespace {
 
-void AppendEscaped(std::string& out, char character)
+void AppendNumber(std::string& out, unsigned character)
 {
     constexpr char digits[] = "0123456789abcdef";
-    auto byte = static_cast<unsigned char>(character);
-    if (character == '"' || character == '\\')
-        out.append({'\\', character});
-    else if (byte < 0x20 || byte == 0x7F)
-        out.append({'\\', 'u', '0', '0', digits[byte >> 4], digits[byte & 15]});
+    out.append({'\\', 'u', digits[character >> 12], digits[(character >> 8) & 15],
+                digits[(character >> 4) & 15], digits[character & 15]});
+}
+
+// U+2028 and U+2029 end a line for some programs, an object is one line for all.
+bool IsSeparator(std::string_view text)
+{
+    return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9");
+}
+
+// U+0080 to U+009F are control characters too.
+bool IsUpperControl(std::string_view text)
+{
+    return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+}
+
+// Appends the character at the start of text, which is UTF-8; its length.
+size_t AppendEscaped(std::string& out, std::string_view text)
+{
+    auto byteAt = [&](size_t index) { return static_cast<unsigned char>(text[index]); };
+    if (IsSeparator(text)) {
+        AppendNumber(out, 0x2000u + (byteAt(2) & 0x3Fu));
+        return 3;
+    }
+    if (IsUpperControl(text)) {
+        AppendNumber(out, byteAt(1));
+        return 2;
+    }
+    if (text[0] == '"' || text[0] == '\\')
+        out.append({'\\', text[0]});
+    else if (byteAt(0) < 0x20 || byteAt(0) == 0x7F)
+        AppendNumber(out, byteAt(0));
     else
-        out.push_back(character);
+        out.push_back(text[0]);
+    return 1;
 }
 
 } // namespace
@@ -64,8 +92,9 @@ CJson& CJson::Text(std::string_view text)
 {
     Separate();
     m_strOut.push_back('"');
-    for (char character : ValidUtf8(text))
-        AppendEscaped(m_strOut, character);
+    std::string valid = ValidUtf8(text);
+    for (std::string_view rest = valid; !rest.empty();)
+        rest.remove_prefix(AppendEscaped(m_strOut, rest));
     m_strOut.push_back('"');
     m_bNeedsComma = true;
     return *this;

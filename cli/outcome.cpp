@@ -87,7 +87,11 @@ std::string OutcomeText(const Outcome& outcome, size_t messages)
     for (const Finding& finding : Findings)
         if (size_t number = outcome.statistics.*finding.count)
             out.append("; ").append(Count(number, finding.singular, finding.plural));
-    return out + SkippedText(outcome.skipped);
+    out += SkippedText(outcome.skipped);
+    if (outcome.unmarkedEntry != 0)
+        out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
+                       " may be lost (a table entry without a subclass marker)"});
+    return out;
 }
 
 std::string TotalText(size_t drawn, size_t failed, size_t messages, std::chrono::milliseconds time)
@@ -113,7 +117,12 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, size_t 
     json.Close('}').Name("skipped").Open('{');
     for (const auto& [type, count] : outcome.skipped)
         json.Member(type, count);
-    return json.Close('}').Close('}').Result();
+    json.Close('}').Name("unmarkedEntry");
+    if (outcome.unmarkedEntry == 0)
+        json.Null();
+    else
+        json.Count(outcome.unmarkedEntry);
+    return json.Close('}').Result();
 }
 
 std::string TotalJson(size_t drawn, size_t failed, size_t messages, std::chrono::milliseconds time)

@@ -34,8 +34,9 @@ struct Outcome {
     std::chrono::milliseconds time{};
     double width = 0; // in millimetres; 0: the size is in pixels
     double height = 0;
-    std::string_view unit;   // that the size was taken from
-    std::string_view reason; // of the size
+    std::string_view unit;           // that the size was taken from
+    std::string_view reason;         // of the size
+    std::uint64_t unmarkedEntry = 0; // DrawingInfo::unmarkedEntry
     // The entities that are not drawn and that no message tells of.
     std::map<std::string, std::uint64_t> skipped;
 };

@@ -68,7 +68,7 @@ constexpr std::string_view Messages = "Messages about a drawing go to the standa
                                       "complete.";
 
 // When the page was last changed; formatters expect it.
-constexpr const char* Date = "2025-11-20";
+constexpr const char* Date = "2026-11-20";
 
 constexpr std::string_view Examples =
     ".SH EXAMPLES\n"
@@ -101,8 +101,9 @@ std::string ManualPage()
             .append(".B ")
             .append(command->name)
             .append("\n[\\fIOPTIONS\\fR] \\fIFILE\\fR...\n");
-    out.append(".SH DESCRIPTION\n.B plexorn\n").append(Filled(DrawCommand().help));
-    out.append(".PP\n.B plexorn info\n").append(Filled(InfoCommand().help));
+    out.append(".SH DESCRIPTION\n");
+    for (const CommandRow* command : {&DrawCommand(), &InfoCommand()})
+        out.append(".TP\n.B ").append(command->name).append("\n").append(Filled(command->help));
     out.append(".PP\n").append(Filled(Files));
     out.append(".SH OPTIONS\n");
     AddOptions(out, DrawCommand());

@@ -16,13 +16,20 @@ class Files(CommandTest):
 
     def test_a_directory(self):
         os.mkdir(self.path("plan.dxf"))
-        self.assertEqual(self.expect(3, "plan.dxf"), "plan.dxf: cannot be read: Is a directory\n")
+        self.assertEqual(self.expect(3, "plan.dxf"),
+                         "plan.dxf: holds no .dxf file; --recursive looks into its folders too\n")
 
-    def test_an_output_that_is_a_directory(self):
+    def test_an_output_that_is_a_directory_takes_the_picture(self):
         self.write("plan.dxf")
         os.mkdir(self.path("out"))
-        self.assertEqual(self.expect(3, "plan.dxf", "-q", "-o", "out"), "out: cannot be written: Is a directory\n")
-        self.assertEqual(os.listdir(self.path("out")), [])
+        self.expect(0, "plan.dxf", "-q", "-o", "out")
+        self.assertEqual(os.listdir(self.path("out")), ["plan.svg"])
+
+    def test_a_picture_whose_name_is_a_directory(self):
+        self.write("plan.dxf")
+        os.mkdir(self.path("plan.svg"))
+        self.assertEqual(self.expect(3, "plan.dxf", "-q"), "plan.svg: cannot be written: Is a directory\n")
+        self.assertEqual(os.listdir(self.path("plan.svg")), [])
 
     def test_an_output_in_a_missing_folder(self):
         self.write("plan.dxf")

@@ -4,7 +4,8 @@ import time
 
 from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
 
-SUMMARY = re.compile(r"^plan\.dxf: (\d+) elements? drawn to plan\.svg, (\d+) messages?, \d+ ms(.*)$")
+SUMMARY = re.compile(r"^plan\.dxf: (\d+) elements? drawn to plan\.svg, (\d+) messages?, \d+ ms, "
+                     r"size in pixels \(the drawing states no unit\)(.*)$")
 
 
 class Messages(CommandTest):

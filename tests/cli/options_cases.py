@@ -9,9 +9,10 @@ class Options(CommandTest):
     def test_help_names_every_option_and_exit_code(self):
         result = self.plexorn("--help")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
-        for text in ("plexorn [OPTIONS] FILE", "-o,--output", "--background", "#1e1e1e", "--quiet", "--version",
-                     "0 drawn", "2 wrong usage", "3 the file cannot be read", "4 the file is not an ASCII DXF"):
-            self.assertIn(text, result.stdout)
+        for text in ("plexorn [OPTIONS] FILE...", "plexorn info", "-o,--output", "--background", "#1e1e1e", "--quiet", "--version",
+                     "0 drawn", "1 drawn, there were messages", "2 wrong usage", "3 the file cannot be read",
+                     "4 the file is not an ASCII DXF", "5 of several drawings, at least one failed"):
+            self.assertIn(text, " ".join(result.stdout.split()))
 
     def test_version(self):
         result = self.plexorn("--version")
@@ -82,10 +83,20 @@ class Options(CommandTest):
 
     def test_wrong_usage(self):
         self.write("plan.dxf")
-        for arguments in ([], ["plan.dxf", "more.dxf"], ["plan.dxf", "--colour"], ["plan.dxf", "-o"],
-                          ["plan.dxf", "-o", ""], [""], ["plan.dxf", "--quiet=perhaps"]):
+        for arguments in ([], ["info"], ["plan.dxf", "more.dxf", "-o", "one.svg"], ["plan.dxf", "--colour"], ["plan.dxf", "-o"],
+                          ["plan.dxf", "-o", ""], [""], ["plan.dxf", "--quiet=perhaps"], ["-", "-"],
+                          ["-", "--files-from", "-"], ["plan.dxf", "more.dxf", "-o", "-"], ["--generate", "html"]):
             with self.subTest(arguments=arguments):
                 self.assertIn("--help", self.expect(2, *arguments))
+
+    def test_values_that_cannot_be(self):
+        self.write("plan.dxf")
+        for option, values in (("-j", ("0", "-1", "x", "1000", "")), ("--units", ("mile", "MM", "")),
+                               ("--max-messages", ("-1", "x", "1e3", "")), ("--messages", ("xml", "JSON", ""))):
+            for value in values:
+                with self.subTest(option=option, value=value):
+                    self.assertIn("--help", self.expect(2, "plan.dxf", f"{option}={value}" if option[1] == "-" else
+                                                        f"{option}{value}"))
         self.assertEqual(self.names(), ["plan.dxf"])
 
     def test_the_drawing_is_never_its_own_picture(self):
