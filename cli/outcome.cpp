@@ -90,7 +90,7 @@ std::string OutcomeText(const Outcome& outcome, size_t messages)
     out += SkippedText(outcome.skipped);
     if (outcome.unmarkedEntry != 0)
         out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
-                       " may be lost (a table entry without a subclass marker)"});
+                       " may be lost (an entry without a subclass marker)"});
     return out;
 }
 

@@ -81,13 +81,19 @@ void CCollector::BeginEntity(std::string_view name)
     m_strLineType.clear();
     m_strText.clear();
     m_bHidden = false;
+    m_bMarked = false;
+}
+
+// The reader takes such a record to last until its marker, whatever stands before it.
+bool CCollector::NeedsMarker() const
+{
+    return m_record == Record::Layer || m_record == Record::LineType || m_record == Record::BlockRecord ||
+           (m_record == Record::Entity && m_strType == "DIMENSION");
 }
 
 void CCollector::EndRecord()
 {
-    bool isEntry =
-        m_record == Record::Layer || m_record == Record::LineType || m_record == Record::BlockRecord;
-    if (isEntry && !m_bMarked && m_info.unmarkedEntry == 0)
+    if (NeedsMarker() && !m_bMarked && m_info.unmarkedEntry == 0)
         m_info.unmarkedEntry = m_nLine;
     if (m_record == Record::Layer)
         EndLayer();
@@ -231,6 +237,9 @@ void CCollector::TakeEntity(int code, std::string_view value)
         break;
     case 60:
         m_bHidden = IntegerOf(value) == 1;
+        break;
+    case 100:
+        m_bMarked = m_bMarked || value == "AcDbDimension";
         break;
     default:
         break;

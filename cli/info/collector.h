@@ -26,6 +26,7 @@ private:
     bool Begin(std::string_view name, std::uint64_t line);
     void BeginEntry(std::string_view name);
     void BeginEntity(std::string_view name);
+    bool NeedsMarker() const;
     void EndRecord();
     void EndLayer();
     void EndLineType();

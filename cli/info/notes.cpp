@@ -32,7 +32,7 @@ std::vector<std::string> NotesOn(const DrawingInfo& info)
 {
     std::vector<std::string> notes;
     if (info.unmarkedEntry != 0)
-        notes.push_back("the table entry at line " + std::to_string(info.unmarkedEntry) +
+        notes.push_back("the entry at line " + std::to_string(info.unmarkedEntry) +
                         " has no subclass marker: the reader takes what follows it for a part of it, and the "
                         "drawing may come out empty");
     if (info.oddLines != 0)

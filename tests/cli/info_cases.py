@@ -1,0 +1,299 @@
+"""plexorn info: what a drawing holds, and what of it is drawn."""
+import collections
+import glob
+import json
+import os
+import re
+import subprocess
+import time
+
+import command_support
+from command_support import CommandTest, DRAWING, LINE, dxf, entities
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+EXAMPLES = sorted(glob.glob(os.path.join(ROOT, "examples", "*.dxf")))
+
+HEADER = dxf("0", "SECTION", "2", "HEADER", "9", "$ACADVER", "1", "AC1015", "9", "$DWGCODEPAGE", "3", "ANSI_1252",
+             "9", "$INSUNITS", "70", "4", "9", "$MEASUREMENT", "70", "1", "9", "$EXTMIN", "10", "-1.5", "20", "2",
+             "30", "0", "9", "$EXTMAX", "10", "10", "20", "+20.25", "9", "$LIMMIN", "10", "0", "20", "0",
+             "9", "$LIMMAX", "10", "420", "20", "297", "0", "ENDSEC")
+MARKS = ("100", "AcDbSymbolTableRecord", "100", "AcDbLayerTableRecord")
+TABLES = dxf("0", "SECTION", "2", "TABLES",
+             "0", "TABLE", "2", "LTYPE", "0", "LTYPE", *MARKS, "2", "DASHED", "3", "Dashed __ __", "70", "0",
+             "73", "2", "40", "2.5", "49", "2", "49", "-0.5", "0", "ENDTAB",
+             "0", "TABLE", "2", "LAYER", "0", "LAYER", *MARKS, "2", "Walls", "70", "1", "62", "-3", "6", "DASHED",
+             "370", "25", "0", "LAYER", *MARKS, "2", "Empty", "70", "0", "62", "7", "0", "ENDTAB", "0", "ENDSEC")
+BLOCKS = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "Door", "10", "0", "20", "0",
+             "0", "LINE", "8", "Walls", "0", "MULTILEADER", "8", "Walls", "0", "SOLID", "8", "0",
+             "0", "ENDBLK", "8", "0", "0", "ENDSEC")
+WHOLE = HEADER + TABLES + BLOCKS + entities(
+    "0", "INSERT", "8", "Walls", "2", "Door", "0", "INSERT", "8", "0", "2", "Nowhere", "0", "HATCH", "8", "Walls",
+    "6", "DASHED", "0", "MULTILEADER", "8", "Notes", "0", "TEXT", "8", "Notes", "60", "1", "1", "Hello",
+    "0", "MTEXT", "8", "Notes", "3", "first ", "1", "second")
+
+
+def line_of(content, *lines):
+    """The number of the line at which lines begin."""
+    all_lines = content.decode("utf-8").split("\n")
+    for index in range(len(all_lines)):
+        if tuple(all_lines[index:index + len(lines)]) == lines:
+            return index + 1
+    raise AssertionError(lines)
+
+
+class InfoTest(CommandTest):
+    def info(self, content, *options, code=0):
+        self.write("plan.dxf", content)
+        result = self.plexorn("info", "--json", "plan.dxf", *options)
+        self.assertEqual((result.returncode, result.stderr), (code, ""))
+        self.assertEqual(result.stdout.count("\n"), 1)
+        return json.loads(result.stdout)
+
+
+class Contents(InfoTest):
+    def test_the_header(self):
+        info = self.info(WHOLE)
+        self.assertEqual({name: info[name] for name in ("file", "bytes", "lines", "version", "release", "codePage",
+                                                        "insunits", "unit", "measurement", "extents", "limits")},
+                         {"file": "plan.dxf", "bytes": len(WHOLE), "lines": WHOLE.count(b"\n"), "version": "AC1015",
+                          "release": "R2000", "codePage": "ANSI_1252", "insunits": 4, "unit": "mm",
+                          "measurement": 1, "extents": {"min": [-1.5, 2], "max": [10, 20.25]},
+                          "limits": {"min": [0, 0], "max": [420, 297]}})
+
+    def test_a_drawing_without_a_header_states_nothing(self):
+        info = self.info(DRAWING)
+        for name in ("version", "release", "codePage", "insunits", "unit", "measurement", "extents", "limits"):
+            self.assertIsNone(info[name], name)
+
+    def test_layers(self):
+        self.assertEqual(self.info(WHOLE)["layers"], [
+            {"name": "Walls", "defined": True, "colour": -3, "off": True, "frozen": True, "lineType": "DASHED",
+             "weight": 25, "entities": 4},
+            {"name": "Empty", "defined": True, "colour": 7, "off": False, "frozen": False, "lineType": None,
+             "weight": 0, "entities": 0},
+            {"name": "0", "defined": False, "colour": 0, "off": False, "frozen": False, "lineType": None,
+             "weight": 0, "entities": 2},
+            {"name": "Notes", "defined": False, "colour": 0, "off": False, "frozen": False, "lineType": None,
+             "weight": 0, "entities": 3}])
+
+    def test_line_types(self):
+        self.assertEqual(self.info(WHOLE)["lineTypes"], [
+            {"name": "DASHED", "defined": True, "description": "Dashed __ __", "dashes": 2, "length": 2.5,
+             "entities": 1}])
+
+    def test_blocks(self):
+        self.assertEqual(self.info(WHOLE)["blocks"], [
+            {"name": "Door", "definitions": 1, "line": line_of(WHOLE, "BLOCK"), "entities": 3, "inserts": 1},
+            {"name": "Nowhere", "definitions": 0, "line": 0, "entities": 0, "inserts": 1}])
+
+    def test_entities_and_what_becomes_of_them(self):
+        found = {entry["name"]: (entry["inDrawing"], entry["inBlocks"], entry["fate"], entry["fateInBlocks"],
+                                 entry["line"]) for entry in self.info(WHOLE)["entities"]}
+        self.assertEqual(found, {
+            "LINE": (0, 1, "drawn", "drawn", line_of(WHOLE, "LINE")),
+            "MULTILEADER": (1, 1, "unknown", "passed over", line_of(WHOLE, "MULTILEADER")),
+            "SOLID": (0, 1, "unknown", "unknown", line_of(WHOLE, "SOLID")),
+            "INSERT": (2, 0, "drawn", "drawn", line_of(WHOLE, "INSERT")),
+            "HATCH": (1, 0, "skipped", "skipped", line_of(WHOLE, "HATCH")),
+            "TEXT": (1, 0, "drawn", "drawn", line_of(WHOLE, "TEXT")),
+            "MTEXT": (1, 0, "drawn", "drawn", line_of(WHOLE, "MTEXT"))})
+
+    def test_texts_when_they_are_asked_for(self):
+        self.assertNotIn("texts", self.info(WHOLE))
+        self.assertEqual(self.info(WHOLE, "--texts")["texts"], [
+            {"line": line_of(WHOLE, "TEXT"), "type": "TEXT", "layer": "Notes", "block": None, "text": "Hello"},
+            {"line": line_of(WHOLE, "MTEXT"), "type": "MTEXT", "layer": "Notes", "block": None,
+             "text": "firstsecond"}])
+
+    def test_notes(self):
+        self.assertEqual(self.info(WHOLE)["notes"], [
+            "4 entities are on layers that are off or frozen; they are drawn all the same",
+            "1 entity is invisible by a flag of their own; they are in the picture, hidden",
+            "1 block is inserted but not defined"])
+        self.assertEqual(self.info(DRAWING)["notes"], [])
+        self.assertIn("cut off", self.info(DRAWING[:-8])["notes"][0])
+        old = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "A", "0", "ENDTAB",
+                  "0", "ENDSEC") + DRAWING
+        self.assertIn("the entry at line 10 has no subclass marker", self.info(old)["notes"][0])
+        self.assertIn("the entry at line 6 has no subclass marker", self.info(entities("0", "DIMENSION"))["notes"][0])
+        odd = entities(*LINE, "not a code", *LINE)
+        self.assertIn("1 line stands where a group code belongs and none is, the first at line 17",
+                      self.info(odd)["notes"][0])
+        self.assertEqual(self.info(odd)["entities"][0]["inDrawing"], 2)
+
+    def test_the_table_shows_what_json_has(self):
+        self.write("plan.dxf", WHOLE)
+        result = self.plexorn("info", "plan.dxf", "--texts")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        words = " ".join(result.stdout.split())
+        for text in ("plan.dxf size ", "version AC1015 (R2000)", "units mm ($INSUNITS 4)", "measurement metric",
+                     "extents (-1.5, 2) to (10, 20.25)", "limits (0, 0) to (420, 297)",
+                     f"HATCH 1 0 {line_of(WHOLE, 'HATCH')} skipped: not drawn by this version",
+                     f"MULTILEADER 1 1 {line_of(WHOLE, 'MULTILEADER')} reported as unknown; in blocks passed over",
+                     "Walls 4 -3 DASHED 25 off, frozen", "Notes 3 0 default not in the table",
+                     "DASHED 1 2 2.5 Dashed __ __", "Door 3 1 ", "Nowhere 0 1 0 not defined", "Notes Hello",
+                     "note: 1 block is inserted but not defined"):
+            self.assertIn(text, words)
+
+
+class Usage(InfoTest):
+    def test_several_drawings_and_failures(self):
+        os.mkdir(self.path("in"))
+        self.write("in/a.dxf")
+        self.write("in/b.dxf", b"")
+        result = self.plexorn("info", "--json", "in", "none.dxf", "in/a.dxf")
+        self.assertEqual(result.returncode, 5)
+        self.assertEqual([json.loads(line)["file"] for line in result.stdout.splitlines()], ["in/a.dxf", "in/a.dxf"])
+        self.assertEqual(result.stderr,
+                         "in/b.dxf: is empty\nnone.dxf: cannot be read: No such file or directory\n")
+
+    def test_one_failure_has_the_exit_code_of_its_reason(self):
+        self.write("plan.dxf", b"PK\x03\x04")
+        self.expect(4, "info", "plan.dxf")
+        self.expect(3, "info", "none.dxf")
+
+    def test_the_standard_input_and_lists(self):
+        result = self.plexorn("info", "-", "--json", stdin=None, input=DRAWING)
+        self.assertEqual((result.returncode, json.loads(result.stdout)["bytes"]), (0, len(DRAWING)))
+        self.write("plan.dxf")
+        result = self.plexorn("info", "--files-from", "-", "-0", "--json", stdin=None, input=b"plan.dxf\0")
+        self.assertEqual(json.loads(result.stdout)["file"], "plan.dxf")
+
+    def test_nothing_is_written(self):
+        self.write("plan.dxf")
+        self.plexorn("info", "plan.dxf")
+        self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_help(self):
+        result = self.plexorn("info", "--help")
+        self.assertEqual(result.returncode, 0)
+        self.assertIn("plexorn info [OPTIONS] FILE...", result.stdout)
+        self.assertNotIn("--background", result.stdout)
+
+    def test_a_drawing_of_the_commands_name(self):
+        self.write("info")
+        self.expect(0, "./info")
+        self.assertEqual(self.names(), ["info", "info.svg"])
+
+
+class Lines(InfoTest):
+    """Lines are cut as the reader cuts them."""
+
+    def lines_of(self, content):
+        info = self.info(content)
+        return sum(entry["inDrawing"] for entry in info["entities"]), info["layers"]
+
+    def test_line_ends_and_the_end_mark(self):
+        for content in (DRAWING, DRAWING.replace(b"\n", b"\r\n"), DRAWING + b"\x1a" + DRAWING, DRAWING[:-1],
+                        DRAWING.replace(b"  0\nENDSEC", b"  0\x00junk\nENDSEC")):
+            self.assertEqual(self.lines_of(content)[0], 1)
+
+    def test_a_long_line_counts_with_its_first_characters(self):
+        for size in (1023, 1024, 70_000, 1_000_000):
+            count, layers = self.lines_of(entities("0", "LINE", "8", "x" * size, *LINE))
+            self.assertEqual((count, layers[0]["name"]), (2, "x" * min(size, 1023)))
+
+    def test_lines_at_every_place_of_a_block(self):
+        for size in range(65_400, 65_560, 7):
+            comment = "c" * 900
+            lines = []
+            while sum(len(line) + 1 for line in lines) < size - 1000:
+                lines += ["999", comment]
+            lines += ["999", "d" * (size - sum(len(line) + 1 for line in lines) - 5)]
+            self.assertEqual(self.lines_of(dxf(*lines) + entities(*LINE * 40))[0], 40)
+
+    def test_texts_of_the_code_page_and_of_utf_8(self):
+        page = HEADER.replace(b"ANSI_1252", b"ANSI_1251")
+        for header, layer, shown in ((HEADER, b"T\xfcr", "Tür"), (page, b"\xd1\xf2\xe5\xed\xe0", "Стена"),
+                                     (HEADER, "Стена".encode("utf-8"), "Стена"), (b"", b"T\xfcr", "Tür")):
+            content = header + entities("0", "LINE", "8", "LAYER").replace(b"LAYER", layer)
+            self.assertEqual(self.info(content)["layers"][0]["name"], shown)
+
+    def test_control_characters_do_not_reach_the_terminal(self):
+        self.write("plan.dxf", entities("0", "A\x1b[2J", "8", "L\x1b[2J\x07", "1", "\x9b".encode().decode()))
+        printed = self.plexorn("info", "plan.dxf", "--texts").stdout
+        self.assertIn(r"A\x1B[2J", printed)
+        self.assertEqual([character for character in printed if ord(character) < 32 and character != "\n"], [])
+
+
+class Hostile(InfoTest):
+    def timed(self, content):
+        self.write("plan.dxf", content)
+        start = time.monotonic()
+        result = self.plexorn("info", "--json", "plan.dxf")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        # Work that grows with the square of the file would take minutes.
+        self.assertLess(time.monotonic() - start, 30)
+        return json.loads(result.stdout)
+
+    def test_a_hundred_thousand_names(self):
+        count = 100_000
+        lines = [text for number in range(count) for text in ("0", f"T{number}", "8", f"L{number}", "6", f"D{number}")]
+        info = self.timed(entities(*lines))
+        for name in ("layers", "lineTypes", "entities"):
+            self.assertEqual(len(info[name]), count)
+
+    def test_nesting_that_never_ends(self):
+        info = self.timed(dxf("0", "SECTION", "2", "BLOCKS", *("0", "BLOCK", "2", "A") * 200_000))
+        self.assertEqual(info["blocks"][0]["definitions"], 200_000)
+        self.timed(b"0\nSECTION\n" * 300_000)
+
+    def test_what_is_no_pair(self):
+        for content in (b"0\n", b"0", b"0\n\n" * 1000, b"0\nSECTION\n2\n" + b"\xff" * 100_000,
+                        b"0\nSECTION\n2\nENTITIES\n" + b"x\n" * 500_000, DRAWING[:-6] + b"99999999999999999999\n1\n" + DRAWING):
+            self.timed(content)
+
+
+class Examples(InfoTest):
+    def counts(self, path):
+        """Types of entities in the drawing and in blocks, counted from the file's pairs alone."""
+        with open(path, encoding="utf-8") as file:
+            lines = [line.strip() for line in file]
+        section, block, counts = None, False, collections.Counter()
+        for code, value, following in zip(lines[::2], lines[1::2], lines[3::2] + [None]):
+            if code != "0":
+                continue
+            if value == "SECTION":
+                section = following
+            elif value in ("BLOCK", "ENDBLK"):
+                block = value == "BLOCK"
+            elif section == "ENTITIES" and value not in ("ENDSEC", "EOF"):
+                counts[value, "inDrawing"] += 1
+            elif section == "BLOCKS" and block:
+                counts[value, "inBlocks"] += 1
+            if value == "ENDSEC":
+                section = None
+        return counts
+
+    def test_the_examples_are_counted_as_their_pairs_are(self):
+        self.assertGreater(len(EXAMPLES), 1)
+        for path in EXAMPLES:
+            with open(path, "rb") as file:
+                info = self.info(file.read())
+            found = collections.Counter()
+            for entry in info["entities"]:
+                for place in ("inDrawing", "inBlocks"):
+                    if entry[place]:
+                        found[entry["name"], place] = entry[place]
+            self.assertEqual(found, self.counts(path))
+
+    def test_fates_agree_with_what_the_reader_reports(self):
+        names = ("LINE", "3DFACE", "HATCH", "MULTILEADER", "ACAD_TABLE", "SOLID", "SPLINE", "POINT", "VIEWPORT",
+                 "POLYLINE", "VERTEX", "SEQEND", "ATTRIB", "ATTDEF", "LEADER", "WIPEOUT", "DIMENSION", "MESH",
+                 "MLEADERSTYLE", "XLINE", "ARC", "TOLERANCE", "line", "PROXY")
+        marks = ("100", "AcDbEntity", "100", "AcDbDimension", "70", "0", "100", "AcDbAlignedDimension")
+        body = [text for name in names for text in ("0", name, "8", "0", *(marks if name == "DIMENSION" else ()))]
+        content = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B", *body, "0", "ENDBLK", "0", "ENDSEC") + \
+            entities(*body)
+        info = self.info(content)
+        messages = [json.loads(line) for line in self.expect(0, "plan.dxf", "--messages=json").splitlines()]
+        reported = collections.Counter(message["text"].split(" - ")[0] for message in messages
+                                       if message.get("kind") == 6)
+        expected = collections.Counter()
+        for entry in info["entities"]:
+            expected[entry["name"]] += (entry["fate"] == "unknown") + (entry["fateInBlocks"] == "unknown")
+        self.assertEqual(reported, +expected)
+        silent = {entry["name"]: (entry["fate"] in ("skipped", "passed over")) +
+                  (entry["fateInBlocks"] in ("skipped", "passed over")) for entry in info["entities"]}
+        self.assertEqual(messages[-1]["skipped"], {name: count for name, count in silent.items() if count})
+        self.assertEqual(len(info["entities"]), len(names))

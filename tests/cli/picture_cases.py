@@ -1,0 +1,174 @@
+"""The picture's size, background and look, none of which changes what the module made."""
+import re
+import shutil
+import subprocess
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+from command_support import CommandTest, LINE, dxf, entities
+
+SVG = "{http://www.w3.org/2000/svg}"
+# A line of 100 by 50 units, 104 by 54 with the margin, whose stroke is too thin to count.
+LONG_LINE = ("0", "LINE", "8", "0", "370", "1", "10", "0", "20", "0", "11", "100", "21", "50")
+
+
+def header(*variables):
+    return dxf("0", "SECTION", "2", "HEADER", *variables, "0", "ENDSEC")
+
+
+def insunits(code):
+    return header("9", "$INSUNITS", "70", str(code))
+
+
+def inside(picture):
+    """What stands between the root's start tag and its end tag, without a style element."""
+    text = picture[picture.index(">", picture.index("<svg")) + 1:picture.rindex("</svg>")]
+    return re.sub(r"\n?<style>[^<]*</style>", "", text)
+
+
+class PictureTest(CommandTest):
+    def draw(self, content, *options):
+        """The picture, and what was printed."""
+        self.write("plan.dxf", content)
+        printed = self.expect(0, "plan.dxf", *options)
+        return self.read("plan.svg"), printed
+
+    def side(self, content, *options):
+        """The width's number and unit."""
+        root = ElementTree.fromstring(self.draw(content, *options)[0].encode())
+        number, unit = re.match(r"^([\d.e+-]+)([a-z]*)$", root.get("width")).groups()
+        return float(number), unit
+
+
+class Size(PictureTest):
+    UNITS = {"in": 25.4, "ft": 304.8, "mi": 1609344, "mm": 1, "cm": 10, "m": 1000, "km": 1e6, "uin": 25.4e-6,
+             "mil": 0.0254, "yd": 914.4, "angstrom": 1e-7, "nm": 1e-6, "um": 1e-3, "dm": 100, "dam": 1e4, "hm": 1e5,
+             "Gm": 1e12, "au": 149597870700e3, "ly": 9460730472580800e3, "pc": 30856775814913673e3,
+             "usft": 1200 / 3937 * 1000, "usin": 100 / 3937 * 1000, "usyd": 3600 / 3937 * 1000,
+             "usmi": 5280 * 1200 / 3937 * 1000}
+
+    def expect_width(self, found, unit):
+        self.assertEqual(found[1], "mm")
+        # The stroke adds a little to 100 units, the margin two parts in a hundred on each side.
+        self.assertAlmostEqual(found[0] / self.UNITS[unit], 104, delta=0.1)
+
+    def test_every_unit_of_the_header(self):
+        for code, unit in enumerate(self.UNITS, start=1):
+            with self.subTest(unit=unit):
+                self.expect_width(self.side(insunits(code) + entities(*LONG_LINE)), unit)
+
+    def test_every_unit_that_is_asked_for(self):
+        for unit in self.UNITS:
+            with self.subTest(unit=unit):
+                self.expect_width(self.side(insunits(4) + entities(*LONG_LINE), "--units", unit), unit)
+
+    def test_a_drawing_without_a_unit_is_sized_in_pixels(self):
+        metric = header("9", "$MEASUREMENT", "70", "1")
+        for content in (b"", insunits(0), insunits(25), insunits(-1), metric):
+            self.assertEqual(self.side(content + entities(*LONG_LINE)), (1024, ""))
+        self.assertEqual(self.side(insunits(4) + entities(*LONG_LINE), "--units", "none"), (1024, ""))
+
+    def test_a_guess_is_made_when_asked_for(self):
+        for content, unit in ((header("9", "$MEASUREMENT", "70", "0"), "in"), (b"", "mm"), (insunits(6), "m"),
+                              (header("9", "$MEASUREMENT", "70", "1"), "mm")):
+            self.expect_width(self.side(content + entities(*LONG_LINE), "--units", "guess"), unit)
+
+    def test_what_was_assumed_is_told(self):
+        for content, options, told in (
+                (insunits(4), [], ", 104 x 54.01 mm (the unit is mm, by $INSUNITS)\n"),
+                (insunits(4), ["--units", "cm"], ", 1040 x 540.1 mm (the unit is cm, as asked for)\n"),
+                (b"", [], ", size in pixels (the drawing states no unit)\n"),
+                (b"", ["--units", "none"], ", size in pixels (as asked for)\n"),
+                (b"", ["--units", "guess"], " mm (the unit is mm, guessed, the drawing states no unit)\n"),
+                (header("9", "$MEASUREMENT", "70", "0"), ["--units", "guess"],
+                 " mm (the unit is in, guessed from $MEASUREMENT)\n")):
+            printed = self.draw(content + entities(*LONG_LINE), *options)[1]
+            self.assertTrue(printed.endswith(told), printed)
+
+    def test_the_unit_changes_nothing_else(self):
+        content = insunits(6) + entities(*LONG_LINE, *LINE)
+        pictures = [self.draw(content, "--units", unit)[0] for unit in ("none", "m", "in")]
+        self.assertEqual(len({inside(picture) for picture in pictures}), 1)
+        self.assertEqual(len({re.search(r'viewBox="([^"]*)"', picture).group(1) for picture in pictures}), 1)
+
+    def test_quiet_sizes_the_same(self):
+        content = insunits(6) + entities(*LONG_LINE)
+        self.assertEqual(self.draw(content)[0], self.draw(content, "-q")[0])
+
+
+class Look(PictureTest):
+    DRAWING = entities(*LONG_LINE, "0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "5", "1", "white",
+                       "0", "TEXT", "8", "0", "62", "1", "10", "1", "20", "9", "40", "5", "1", "red")
+
+    def test_paper_has_a_white_background_unless_told_otherwise(self):
+        self.assertIn('fill="white"', self.draw(self.DRAWING, "--paper")[0])
+        self.assertIn('fill="#eee"', self.draw(self.DRAWING, "--paper", "--background", "#eee")[0])
+        self.assertNotIn("<rect", self.draw(self.DRAWING, "--paper", "--background", "none")[0])
+
+    def test_neither_paper_nor_hairlines_change_an_element(self):
+        plain = self.draw(self.DRAWING, "--background", "white")[0]
+        for options in (["--paper"], ["--hairline"], ["--paper", "--hairline"]):
+            other = self.draw(self.DRAWING, *options, "--background", "white")[0]
+            self.assertNotEqual(other, plain)
+            self.assertEqual(inside(other), inside(plain))
+            self.assertEqual(other.count("<style>"), 1)
+            self.assertEqual(other[:other.index("<style>")], plain[:other.index("<style>")])
+
+    @unittest.skipUnless(shutil.which("rsvg-convert"), "there is no rsvg-convert")
+    def test_paper_shows_white_as_black(self):
+        self.assertGreater(self.dark_pixels("--paper"), 500)
+        self.assertEqual(self.dark_pixels("--background", "white"), 0)
+
+    def test_hairlines_are_asked_of_every_element_with_a_stroke(self):
+        style = re.search(r"<style>([^<]*)</style>", self.draw(self.DRAWING, "--hairline")[0]).group(1)
+        self.assertEqual(style, "line,path,circle,ellipse,polyline,polygon{vector-effect:non-scaling-stroke}")
+
+    def dark_pixels(self, *options):
+        """How many pixels of a white line's picture are dark."""
+        self.draw(entities(*(text.replace("370", "48") for text in LONG_LINE)), *options)
+        subprocess.run(["rsvg-convert", "-w", "800", "plan.svg", "-o", "plan.png"], cwd=self.folder, check=True)
+        return len([level for level in png_levels(self.path("plan.png")) if level < 128])
+
+
+def png_levels(path):
+    """The red of every pixel."""
+    import struct
+    import zlib
+    with open(path, "rb") as file:
+        data = file.read()
+    at, width, height, depth, kind, packed = 8, 0, 0, 0, 0, b""
+    while at < len(data):
+        size, name = struct.unpack(">I4s", data[at:at + 8])
+        body = data[at + 8:at + 8 + size]
+        if name == b"IHDR":
+            width, height, depth, kind = struct.unpack(">IIBB", body[:10])
+        elif name == b"IDAT":
+            packed += body
+        at += size + 12
+    assert depth == 8
+    step = {2: 3, 6: 4}[kind]
+    rows, previous = zlib.decompress(packed), bytearray(width * step)
+    levels = []
+    for row in range(height):
+        start = row * (width * step + 1)
+        line = bytearray(rows[start + 1:start + 1 + width * step])
+        unfilter(rows[start], line, previous, step)
+        levels += line[::step]
+        previous = line
+    return levels
+
+
+def unfilter(kind, line, previous, step):
+    for i in range(len(line)):
+        left = line[i - step] if i >= step else 0
+        above, corner = previous[i], previous[i - step] if i >= step else 0
+        if kind == 1:
+            line[i] = (line[i] + left) & 255
+        elif kind == 2:
+            line[i] = (line[i] + above) & 255
+        elif kind == 3:
+            line[i] = (line[i] + (left + above) // 2) & 255
+        elif kind == 4:
+            guess = left + above - corner
+            best = min((abs(guess - left), 0, left), (abs(guess - above), 1, above), (abs(guess - corner), 2, corner))
+            line[i] = (line[i] + best[2]) & 255
