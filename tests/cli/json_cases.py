@@ -43,8 +43,8 @@ class Json(CommandTest):
         self.assertEqual(total, {"type": "total", "drawn": 2, "failed": 1, "messages": 0})
 
     def test_names_of_every_kind(self):
-        self.write("план \"1\".dxf")
-        self.assertEqual(self.objects(0, "план \"1\".dxf")[0]["picture"], "план \"1\".svg")
+        self.write("план 'ß'.dxf")
+        self.assertEqual(self.objects(0, "план 'ß'.dxf")[0]["picture"], "план 'ß'.svg")
 
 
 class MaxMessages(CommandTest):
