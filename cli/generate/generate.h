@@ -2,7 +2,7 @@
 #ifndef PLEXORN_CLI_GENERATE_GENERATE_H
 #define PLEXORN_CLI_GENERATE_GENERATE_H
 
-#include "optiontable.h"
+#include "cli/optiontable.h"
 
 #include <string>
 #include <string_view>

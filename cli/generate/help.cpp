@@ -1,4 +1,4 @@
-#include "generate/generate.h"
+#include "cli/generate/generate.h"
 
 namespace plexorn {
 

@@ -1,6 +1,6 @@
-#include "generate/generate.h"
+#include "cli/generate/generate.h"
 
-#include "joined.h"
+#include "cli/joined.h"
 
 #include <algorithm>
 

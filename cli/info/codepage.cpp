@@ -1,7 +1,7 @@
-#include "info/codepage.h"
+#include "cli/info/codepage.h"
 
-#include "info/numbers.h"
-#include "utf8.h"
+#include "cli/info/numbers.h"
+#include "cli/utf8.h"
 
 namespace plexorn {
 

@@ -1,4 +1,4 @@
-#include "info/codepage.h"
+#include "cli/info/codepage.h"
 
 #include <iconv.h>
 

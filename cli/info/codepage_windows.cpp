@@ -1,6 +1,6 @@
-#include "info/codepage.h"
+#include "cli/info/codepage.h"
 
-#include "utf8.h"
+#include "cli/utf8.h"
 
 #include <windows.h>
 

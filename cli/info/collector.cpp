@@ -1,6 +1,6 @@
-#include "info/collector.h"
+#include "cli/info/collector.h"
 
-#include "info/numbers.h"
+#include "cli/info/numbers.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,8 +2,8 @@
 #ifndef PLEXORN_CLI_INFO_COLLECTOR_H
 #define PLEXORN_CLI_INFO_COLLECTOR_H
 
-#include "info/drawing.h"
-#include "info/scanner.h"
+#include "cli/info/drawing.h"
+#include "cli/info/scanner.h"
 
 namespace plexorn {
 

@@ -1,9 +1,9 @@
-#include "info/command.h"
+#include "cli/info/command.h"
 
-#include "draw.h"
-#include "info/tell.h"
-#include "inputs.h"
-#include "source.h"
+#include "cli/draw.h"
+#include "cli/info/tell.h"
+#include "cli/inputs.h"
+#include "cli/source.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -2,7 +2,7 @@
 #ifndef PLEXORN_CLI_INFO_COMMAND_H
 #define PLEXORN_CLI_INFO_COMMAND_H
 
-#include "options.h"
+#include "cli/options.h"
 
 namespace plexorn {
 

@@ -2,7 +2,7 @@
 #ifndef PLEXORN_CLI_INFO_DRAWING_H
 #define PLEXORN_CLI_INFO_DRAWING_H
 
-#include "info/header.h"
+#include "cli/info/header.h"
 
 #include <cstdint>
 #include <map>

@@ -1,7 +1,7 @@
-#include "info/header.h"
+#include "cli/info/header.h"
 
-#include "info/numbers.h"
-#include "info/scanner.h"
+#include "cli/info/numbers.h"
+#include "cli/info/scanner.h"
 
 namespace plexorn {
 

@@ -1,8 +1,8 @@
-#include "json.h"
-#include "info/codepage.h"
-#include "info/kinds.h"
-#include "info/tell.h"
-#include "units.h"
+#include "cli/json.h"
+#include "cli/info/codepage.h"
+#include "cli/info/kinds.h"
+#include "cli/info/tell.h"
+#include "cli/units.h"
 
 namespace plexorn {
 

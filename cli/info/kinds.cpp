@@ -1,4 +1,4 @@
-#include "info/kinds.h"
+#include "cli/info/kinds.h"
 
 #include <algorithm>
 #include <iterator>

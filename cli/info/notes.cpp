@@ -1,4 +1,4 @@
-#include "info/tell.h"
+#include "cli/info/tell.h"
 
 #include <algorithm>
 

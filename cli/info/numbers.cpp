@@ -1,4 +1,4 @@
-#include "info/numbers.h"
+#include "cli/info/numbers.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "info/scanner.h"
+#include "cli/info/scanner.h"
 
-#include "info/numbers.h"
+#include "cli/info/numbers.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "info/table.h"
+#include "cli/info/table.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #ifndef PLEXORN_CLI_INFO_TELL_H
 #define PLEXORN_CLI_INFO_TELL_H
 
-#include "info/drawing.h"
+#include "cli/info/drawing.h"
 
 #include <string>
 

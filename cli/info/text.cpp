@@ -1,10 +1,10 @@
-#include "info/codepage.h"
-#include "info/kinds.h"
-#include "info/table.h"
-#include "info/tell.h"
-#include "joined.h"
-#include "units.h"
-#include "utf8.h"
+#include "cli/info/codepage.h"
+#include "cli/info/kinds.h"
+#include "cli/info/table.h"
+#include "cli/info/tell.h"
+#include "cli/joined.h"
+#include "cli/units.h"
+#include "cli/utf8.h"
 
 #include <charconv>
 
