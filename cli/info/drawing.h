@@ -20,12 +20,16 @@ public:
     // The thing of that name, a new one when there is none yet.
     Thing& operator[](std::string_view name)
     {
+        // Neighbours often share a layer or a type.
+        if (m_nLast < m_things.size() && m_things[m_nLast].name == name)
+            return m_things[m_nLast];
         auto found = m_places.find(name);
         if (found == m_places.end()) {
             found = m_places.emplace(std::string(name), m_things.size()).first;
             m_things.emplace_back().name = name;
         }
-        return m_things[found->second];
+        m_nLast = found->second;
+        return m_things[m_nLast];
     }
 
     auto begin() const { return m_things.begin(); }
@@ -34,6 +38,7 @@ public:
 
 private:
     std::vector<Thing> m_things;
+    size_t m_nLast = 0;
     // Ordered: a file can choose names that all meet in one place of a hash table.
     std::map<std::string, size_t, std::less<>> m_places;
 };

@@ -19,11 +19,16 @@ std::string_view WithoutPlus(std::string_view text)
 
 std::string_view Trimmed(std::string_view text)
 {
-    constexpr std::string_view blanks = " \t\r\n\v\f";
-    size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    auto isBlank = [](char character) {
+        return character == ' ' || (character >= '\t' && character <= '\r');
+    };
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    while (begin != end && isBlank(*begin))
+        ++begin;
+    while (begin != end && isBlank(end[-1]))
+        --end;
+    return {begin, static_cast<size_t>(end - begin)};
 }
 
 std::optional<int> LeadingInteger(std::string_view text)

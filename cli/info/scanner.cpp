@@ -34,6 +34,7 @@ bool CLineScanner::Fill()
     m_pAt = m_block.data();
     m_pEnd = Find(m_pAt, m_pAt + size, EndOfFile);
     m_bEnded = m_pEnd != m_pAt + size || size < m_block.size();
+    m_bHasNul = m_bHasNul || Find(m_pAt, m_pEnd, '\0') != m_pEnd;
     return m_pAt != m_pEnd;
 }
 
@@ -72,7 +73,9 @@ bool CLineScanner::Next(std::string_view& line)
             Keep(begin, end);
     }
     line = isShared ? Kept() : std::string_view(begin, static_cast<size_t>(end - begin));
-    line = Trimmed(line.substr(0, std::min(line.find('\0'), LongestLine)));
+    if (m_bHasNul)
+        line = line.substr(0, line.find('\0'));
+    line = Trimmed(line.substr(0, LongestLine));
     ++m_nNumber;
     return true;
 }

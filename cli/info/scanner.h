@@ -39,6 +39,7 @@ private:
     std::array<char, LongestLine> m_line{}; // a line that two blocks share
     size_t m_nKept = 0;
     std::uint64_t m_nNumber = 0;
+    bool m_bHasNul = false; // whether any block has brought one: few files do
     bool m_bEnded = false;
 };
 
