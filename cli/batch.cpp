@@ -28,10 +28,10 @@ public:
 
     void Run(size_t threads)
     {
-        std::vector<std::jthread> helpers;
+        std::vector<std::jthread> others;
         try {
-            while (helpers.size() + 1 < threads)
-                helpers.emplace_back([this] { Work(); });
+            while (others.size() + 1 < threads)
+                others.emplace_back([this] { Work(); });
         } catch (const std::system_error&) {
             // Those that could be started do.
         }
