@@ -19,8 +19,10 @@ using NAMES = std::set<std::string_view>;
 const NAMES kStyle = {"stroke",      "stroke-width", "stroke-dasharray", "stroke-linecap",
                       "fill",        "fill-opacity", "visibility",       "font-size",
                       "text-anchor", "marker-start", "marker-end",       "transform"};
+using ELEMENT = std::pair<const std::string_view, NAMES>;
 const std::map<std::string_view, NAMES> kElements = {
     {"svg", {"xmlns", "xmlns:xlink", "width", "height", "viewBox"}},
+    {"style", {}},
     {"defs", {}},
     {"marker", {"id", "markerUnits", "orient", "overflow", "markerWidth", "markerHeight"}},
     {"symbol", {"id", "overflow"}},
@@ -41,14 +43,17 @@ const NAMES kNumbers = {
 // Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
 constexpr std::string_view kDataPrefix = "data-";
 
-void RequireNumber(std::string_view name, const char* value)
+void RequireNumber(std::string_view element, std::string_view name, const char* value)
 {
     if (!kNumbers.contains(name))
         return;
+    std::string_view digits = value;
+    if (element == "svg" && digits.ends_with("mm"))
+        digits.remove_suffix(2);
     char* end = nullptr;
     const double number = std::strtod(value, &end);
-    if (end == value || *end != '\0' || !std::isfinite(number) ||
-        std::string_view(value).find_first_not_of("0123456789.eE+-") != std::string_view::npos)
+    if (digits.empty() || end != digits.data() + digits.size() || !std::isfinite(number) ||
+        digits.find_first_not_of("0123456789.eE+-") != std::string_view::npos)
         FuzzFail("a number is one", name, value);
 }
 
@@ -72,7 +77,7 @@ private:
         if (known == kElements.end())
             FuzzFail("an element is a known one", "", element.name());
         for (const pugi::xml_attribute& attribute : element.attributes())
-            VisitAttribute(known->second, attribute);
+            VisitAttribute(*known, attribute);
         if (known->first == "text")
             texts.insert(element.child_value());
         for (const pugi::xml_node& child : element.children()) {
@@ -83,14 +88,14 @@ private:
         }
     }
 
-    void VisitAttribute(const NAMES& own, const pugi::xml_attribute& attribute)
+    void VisitAttribute(const ELEMENT& element, const pugi::xml_attribute& attribute)
     {
         const std::string_view name = attribute.name();
         if (name.starts_with(kDataPrefix) && name.size() > kDataPrefix.size())
             return;
-        if (!own.contains(name) && !kStyle.contains(name))
+        if (!element.second.contains(name) && !kStyle.contains(name))
             FuzzFail("an attribute is a known one", "", name);
-        RequireNumber(name, attribute.value());
+        RequireNumber(element.first, name, attribute.value());
         const std::string value = attribute.value();
         if (name == "id")
             FuzzRequire(m_ids.insert(value).second, "an identifier is there once");

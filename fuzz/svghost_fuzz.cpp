@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -99,9 +100,8 @@ public:
     }
 
     // Writes the picture and holds it against what was drawn.
-    void Check(const char* background)
+    void Check(const SvgHostWriteOptions& options)
     {
-        const SvgHostWriteOptions options{background};
         const std::string svg = Write(options);
         const std::vector<std::string> texts = RequirePicture(svg);
         FuzzRequireSame("a picture that is written again", svg, Write(options));
@@ -314,17 +314,42 @@ private:
 
 } // namespace
 
+// Millimetres for a unit of the drawing, sensible ones and others.
+constexpr double kUnits[16] = {1,
+                               10,
+                               25.4,
+                               304.8,
+                               1000,
+                               0.001,
+                               1e-30,
+                               1e30,
+                               1e308,
+                               1e-308,
+                               5e-324,
+                               -1,
+                               -0.0,
+                               std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity(),
+                               std::numeric_limits<double>::quiet_NaN()};
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     FuzzInput input(data, size);
     const std::uint8_t how = input.Byte();
     std::string background;
-    if ((how & 1) != 0)
+    if ((how & 5) != 0)
         background = input.Text(input.Byte() % 16);
     const std::size_t most = (how & 2) != 0 ? 16 * std::size_t{input.Byte()} : 0;
     Session session(input);
     session.Run();
-    session.Check((how & 1) != 0 ? background.c_str() : nullptr);
+    SvgHostWriteOptions options{};
+    if ((how & 1) != 0)
+        options.background = background.c_str();
+    if ((how & 4) != 0)
+        options.style = background.c_str();
+    if ((how & 8) != 0)
+        options.unit = kUnits[how >> 4];
+    session.Check(options);
     if ((how & 2) != 0)
         session.CheckStop(most);
     return 0;
