@@ -20,6 +20,12 @@ if(PLEXORN_SANITIZE)
     target_link_options(plexorn_compile INTERFACE -fsanitize=${PLEXORN_SANITIZE})
 endif()
 
+if(PLEXORN_COVERAGE)
+    set(coverage -fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc)
+    target_compile_options(plexorn_compile INTERFACE ${coverage})
+    target_link_options(plexorn_compile INTERFACE ${coverage})
+endif()
+
 if(MINGW)
     # The runtime goes into each binary: a DLL of ours needs nothing that Windows does not have.
     target_link_options(plexorn_compile INTERFACE -static)

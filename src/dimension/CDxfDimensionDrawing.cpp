@@ -6,7 +6,6 @@
 #include "drawing/Points.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
 
-#include <utility>
 
 namespace {
 
@@ -195,6 +194,5 @@ void CDxfDimensionDrawing::DrawValue(const DIMENSION& dimension, const VALUE_TEX
         text.append(rest.substr(0, found)).append(value.c_str());
     text.append(rest);
     const DXF_POINT2D middle = Transform(dimension.m_dTextMidX, dimension.m_dTextMidY);
-    LayoutDimensionText(std::move(text), ToFloat(middle.x), ToFloat(2 * m_scale + middle.y),
-                        ToFloat(degrees));
+    LayoutDimensionText(text, ToFloat(middle.x), ToFloat(2 * m_scale + middle.y), ToFloat(degrees));
 }

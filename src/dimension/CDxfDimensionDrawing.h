@@ -23,11 +23,11 @@ public:
     CDxfDimensionDrawing(CDxfRead& reader, QlmNode parentNode, double scale, std::int32_t yAxisMode);
 
     // Draws each part that is to be drawn; missing parts leave the dimension undrawn without a word.
-    void Draw(const DXF_GRAPHIC_DIMENSION& dimension);
+    void Draw(const DXF_GRAPHIC_DIMENSION& record);
 
     // Writes a dimension's text, with the inline codes it knows, at (x, y) in the document, turned by angle
     // in degrees.
-    void LayoutDimensionText(std::wstring text, float x, float y, float angle);
+    void LayoutDimensionText(std::wstring_view text, float x, float y, float angle);
 
 private:
     using DIMENSION = DXF_GRAPHIC_DIMENSION_Dimension;

@@ -18,6 +18,7 @@ bool IsDigit(wchar_t character)
 double LengthInUtf16(std::wstring_view text)
 {
     std::size_t length = text.size();
+    // NOLINTNEXTLINE(bugprone-signed-char-misuse,cert-str34-c): the characters are wide
     for (const std::int64_t character : text)
         length += character > 0xFFFF ? 1 : 0; // only where a wide character has more than 16 bits
     return static_cast<double>(length);
@@ -42,12 +43,11 @@ struct CDxfDimensionDrawing::TEXT_RUN {
     float height; // of the font, before scaling
 };
 
-void CDxfDimensionDrawing::LayoutDimensionText(std::wstring text, float x, float y, float angle)
+void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, float y, float angle)
 {
     const double radians = angle * kRadiansPerDegree;
     TEXT_RUN run{angle, std::cos(radians), std::sin(radians), kFirstHeight};
-    std::wstring_view rest = text;
-    while (!rest.empty()) { // empty pieces are skipped
+    for (std::wstring_view rest = text; !rest.empty();) { // empty pieces are skipped
         const std::wstring_view piece = rest.substr(0, rest.find(L';'));
         if (!piece.empty())
             LayoutPiece(piece, x, y, run);

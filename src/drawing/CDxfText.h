@@ -11,6 +11,7 @@
 template <std::size_t capacity>
 class CDxfText {
 public:
+    // cppcheck-suppress uninitMemberVar; what has not been written is never read
     CDxfText() { Terminate(); }
     CDxfText(const CDxfText&) = delete;
     CDxfText& operator=(const CDxfText&) = delete;

@@ -17,7 +17,7 @@ inline std::uint64_t MultiplyAndFold(std::uint64_t a, std::uint64_t b)
 // Up to eight bytes as a number, with no call of memcpy for a length that is not known.
 inline std::uint64_t LoadBytes(const char* bytes, std::size_t size)
 {
-    const auto load = [&]<class Word>(Word word, std::size_t place) {
+    const auto load = [&](auto word, std::size_t place) {
         std::memcpy(&word, bytes + place, sizeof(word));
         return std::uint64_t{word};
     };

@@ -1,0 +1,90 @@
+"""Runs clang-tidy and cppcheck over what is shipped, as many at a time as there are processors.
+
+Prints what they find and writes a JUnit file with a case for each tool; the exit code is 1 when something was found.
+"""
+import argparse
+import concurrent.futures
+import json
+import os
+import re
+import subprocess
+import sys
+import xml.etree.ElementTree as ElementTree
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+FOLDERS = ("src", "svghost", "cli")
+
+
+def sources(build):
+    """The files of ours that the build compiles, those that take longest first."""
+    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
+        paths = {os.path.realpath(entry["file"]) for entry in json.load(file)}
+    own = [os.path.relpath(path, ROOT) for path in paths]
+    own = [path for path in own if path.split(os.sep)[0] in FOLDERS]
+    return sorted(own, key=lambda path: (not path.startswith("cli"), not path.startswith("svghost"), path))
+
+
+def clang_tidy(build, path):
+    result = subprocess.run(["clang-tidy-19", "-p", build, "--quiet", path], capture_output=True, text=True, cwd=ROOT)
+    # What the tool says on its error stream counts suppressed warnings, unless it could not do its work.
+    return result.stdout if result.returncode in (0, 1) else result.stdout + result.stderr
+
+
+def run_clang_tidy(build, paths, jobs):
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        outputs = pool.map(lambda path: clang_tidy(build, path), paths)
+    # A header's finding comes with every file that includes it.
+    found, seen = [], set()
+    for output in outputs:
+        for part in re.split(r"(?m)^(?=/\S+:\d+:\d+: (?:error|warning):)", output):
+            if part.strip() and part not in seen:
+                seen.add(part)
+                found.append(part.replace(ROOT + os.sep, "").rstrip())
+    return found
+
+
+def run_cppcheck(build, paths, jobs):
+    kept = os.path.join(build, "cppcheck")
+    os.makedirs(kept, exist_ok=True)
+    command = ["cppcheck", f"--project={os.path.join(build, 'compile_commands.json')}", f"-j{jobs}", "--quiet",
+               "--enable=warning,style,performance,portability", "--inline-suppr", "--std=c++20",
+               "--suppressions-list=" + os.path.join(ROOT, "scripts", "lib", "cppcheck.txt"),
+               f"--cppcheck-build-dir={kept}", "--template={file}:{line}: {severity}: {message} [{id}]"]
+    command += [f"--file-filter=*{path}" for path in paths]
+    result = subprocess.run(command, capture_output=True, text=True, cwd=ROOT)
+    found = list(dict.fromkeys(line for line in result.stderr.splitlines() if line.strip()))
+    if result.returncode != 0 and not found:
+        found.append(f"cppcheck ended with {result.returncode}: {result.stdout}")
+    return found
+
+
+def write_junit(path, results):
+    suite = ElementTree.Element("testsuite", name="lint", tests=str(len(results)))
+    for tool, found in results.items():
+        case = ElementTree.SubElement(suite, "testcase", name=tool, status="fail" if found else "run")
+        if found:
+            ElementTree.SubElement(case, "failure").text = "\n".join(found)
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    ElementTree.ElementTree(suite).write(path, encoding="utf-8", xml_declaration=True)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--build", required=True, help="folder with compile_commands.json")
+    parser.add_argument("--junit", required=True, help="file to write")
+    parser.add_argument("files", nargs="*", help="these alone")
+    arguments = parser.parse_args()
+    build = os.path.abspath(arguments.build)
+    jobs = os.cpu_count() or 1
+    paths = [os.path.relpath(path, ROOT) for path in arguments.files] or sources(build)
+    results = {"cppcheck": run_cppcheck(build, paths, jobs), "clang-tidy": run_clang_tidy(build, paths, jobs)}
+    for found in results.values():
+        if found:
+            print("\n".join(found))
+    print(f"{len(paths)} files, {sum(len(found) for found in results.values())} findings")
+    write_junit(arguments.junit, results)
+    return 1 if any(results.values()) else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,91 @@
+"""What scripts/mutate changes, what scripts/coverage counts and what scripts/lint passes on."""
+import json
+import os
+import sys
+import tempfile
+import textwrap
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "scripts", "lib"))
+import coverage  # noqa: E402
+import lint  # noqa: E402
+import mutants  # noqa: E402
+
+
+def changes(source):
+    with tempfile.TemporaryDirectory() as folder:
+        with open(os.path.join(folder, "a.cpp"), "w", encoding="utf-8") as file:
+            file.write(source)
+        return [(mutant.old, mutant.new) for mutant in mutants.find(folder, "a.cpp")]
+
+
+class Mutants(unittest.TestCase):
+    def test_comparisons_move_by_one_and_turn(self):
+        self.assertEqual(changes("return a < b;"), [("<", "<="), ("<", ">=")])
+        self.assertEqual(changes("return a == b;"), [("==", "!=")])
+
+    def test_numbers_change_and_keep_their_suffix(self):
+        self.assertEqual(changes("x = 0;"), [("0", "1")])
+        self.assertEqual(changes("x = 1u;"), [("1u", "0u")])
+        self.assertEqual(changes("x = 0x10;"), [("0x10", "17")])
+        self.assertEqual(changes("x = 2.5f;"), [("2.5f", "3.5f")])
+
+    def test_arguments_of_templates_pointers_and_references_stay(self):
+        self.assertEqual(changes("std::vector<int*> f(const A& a, A&& b, char* const c);"), [])
+
+    def test_comments_texts_and_directives_stay(self):
+        self.assertEqual(changes('#include "a<1>.h"\n// a < 1\nf("a < 1", \'1\'); /* 1 + 1 */\n'), [])
+
+    def test_what_this_machine_does_not_compile_stays(self):
+        source = "#if defined(PLEXORN_SSE2)\nx = 0;\n#else\nx = 5;\n#endif\n"
+        self.assertEqual(changes(source), [("0", "1")])
+
+    def test_a_change_is_made_where_it_was_found(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with open(os.path.join(folder, "a.cpp"), "w", encoding="utf-8") as file:
+                file.write("// 1\nx = a && b;\n")
+            mutant, = mutants.find(folder, "a.cpp")
+            self.assertEqual((mutant.line, mutants.apply(folder, mutant)), (2, "// 1\nx = a || b;\n"))
+
+
+class Coverage(unittest.TestCase):
+    def collect(self, lcov, files):
+        with tempfile.TemporaryDirectory() as folder:
+            lines, decisions = os.path.join(folder, "lcov"), os.path.join(folder, "json")
+            with open(lines, "w", encoding="utf-8") as file:
+                file.write(textwrap.dedent(lcov))
+            with open(decisions, "w", encoding="utf-8") as file:
+                json.dump({"data": [{"files": files}]}, file)
+            return coverage.collect(coverage.read_lines(lines), *coverage.read_decisions(decisions))
+
+    def test_a_line_counts_when_any_copy_of_it_ran(self):
+        report = self.collect("SF:src/a.h\nDA:1,0\nDA:2,0\nSF:src/a.h\nDA:1,3\nDA:2,0\n", [])
+        self.assertEqual((report.reached["lines"], report.totals["lines"]), (1, 2))
+        self.assertEqual(report.missed, [("src/a.h", 2, "lines", "")])
+
+    def test_a_branch_has_two_sides_summed_over_copies(self):
+        files = [{"filename": "src/a.h", "branches": [[4, 7, 4, 9, 5, 0, 0, 0, 4], [4, 7, 4, 9, 1, 0, 0, 0, 4]]}]
+        report = self.collect("", files)
+        self.assertEqual((report.reached["branches"], report.totals["branches"]), (1, 2))
+        self.assertEqual(report.missed, [("src/a.h", 4, "branches", "column 7 is never false")])
+
+    def test_each_condition_has_to_turn_its_decision(self):
+        files = [{"filename": "src/a.h", "branches": [], "mcdc_records": [[4, 7, 4, 20, 0, 5, [True, False]]]}]
+        report = self.collect("", files)
+        self.assertEqual((report.reached["conditions"], report.totals["conditions"]), (1, 2))
+
+
+class Lint(unittest.TestCase):
+    def test_a_tool_that_found_something_failed(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "results", "lint.xml")
+            lint.write_junit(path, {"cppcheck": [], "clang-tidy": ["src/a.cpp:1: bad"]})
+            cases = ElementTree.parse(path).getroot().findall("testcase")
+            self.assertEqual([(case.get("name"), case.findtext("failure")) for case in cases],
+                             [("cppcheck", None), ("clang-tidy", "src/a.cpp:1: bad")])
+
+
+if __name__ == "__main__":
+    unittest.main()
