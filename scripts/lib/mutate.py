@@ -215,6 +215,8 @@ def main():
             print("\n".join(map(str, chosen)))
             return 0
         program = build.link(work, set())
+        if program is None:
+            sys.exit("mutate: the tests do not link")
         tests = Tests(program, work)
         print(f"{len(tests.parts[0])} quick tests, {len(tests.parts[1])} others", flush=True)
         counts, survivors, known = collections.Counter(), [], explained()

@@ -1,0 +1,210 @@
+// Values that the module does not write, and other users of the host may: kept when viewers draw them, left
+// out or passed on when not.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+using namespace svghost_tests;
+
+namespace {
+
+std::string colourOf(const wchar_t* value)
+{
+    const HostDocument document;
+    document.set(document.line(0, 0, 1, 1), L"stroke", value);
+    return ParsedSvg(document).first("line").attribute("stroke").value();
+}
+
+// The path data in the file, "(none)" for a path that is left out.
+std::string dataOf(const std::wstring& data)
+{
+    const HostDocument document;
+    document.path(data.c_str());
+    const ParsedSvg svg(document);
+    const pugi::xml_node path = svg.first("path");
+    EXPECT_EQ(document.statistics().undrawableElements, path ? 0u : 1u);
+    return path ? path.attribute("d").value() : "(none)";
+}
+
+std::string widthOf(const wchar_t* value)
+{
+    const HostDocument document;
+    document.set(document.line(0, 0, 1, 1), L"stroke-width", value);
+    const ParsedSvg svg(document);
+    const pugi::xml_attribute width = svg.first("line").attribute("stroke-width");
+    return width ? width.value() : "(none)";
+}
+
+std::string backgroundOf(const char* colour)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    return ParsedSvg(document.write(colour)).root().child("rect").attribute("fill").value();
+}
+
+ViewBox boxOfPath(const wchar_t* data)
+{
+    const HostDocument document;
+    const QlmNode path = document.path(data);
+    document.set(path, L"stroke-width", L"0.000001");
+    return viewBoxOf(ParsedSvg(document));
+}
+
+} // namespace
+
+TEST(OddColours, RgbIsReadInSmallLettersAndWithBlanks)
+{
+    EXPECT_EQ(colourOf(L"rgb(1,2,3)"), "#010203");
+    EXPECT_EQ(colourOf(L"rgb( 1 , 2 , 3 )"), "#010203");
+}
+
+TEST(OddColours, PartAboveTheLargestIsTheLargest)
+{
+    EXPECT_EQ(colourOf(L"RGB(256,2555,4294967297)"), "#ffffff");
+}
+
+TEST(OddColours, RgbThatIsBrokenPasses)
+{
+    for (const wchar_t* text : {L"RGB(", L"RGB(,2,3)", L"RGB(1", L"RGB(1/2,3)", L"RGB(1:2,3)", L"RGB(1,2,3",
+                                L"RGB(1,2,3,", L"RGB(1,2,3) ", L"rGB(1,2,3)"})
+        EXPECT_EQ(colourOf(text), std::string(text, text + std::char_traits<wchar_t>::length(text)));
+}
+
+TEST(OddPaths, AnyBlanksSeparate)
+{
+    EXPECT_EQ(dataOf(L"M\t0,0\nL\r1\t1 "), dataOf(L"M 0,0 L 1,1"));
+}
+
+TEST(OddPaths, LetterWhoseLowByteIsACommandIsNone)
+{
+    EXPECT_EQ(dataOf(L"M 0,0 \x014C 1,1"), "(none)");
+}
+
+TEST(OddPaths, NumbersBehindAClosedPathAreNone)
+{
+    EXPECT_EQ(dataOf(L"M 0,0 L 1,1 Z 5,5"), "(none)");
+}
+
+TEST(OddPaths, ArcNeedsEachOfItsNumbers)
+{
+    EXPECT_NE(dataOf(L"M 0,0 A 1 1 0 0 1 5,5"), "(none)");
+    for (const wchar_t* arc : {L"A", L"A 1", L"A 1 1", L"A 1 1 0", L"A 1 1 0 0", L"A 1 1 0 0 1",
+                               L"A 1 1 0 0 1 5", L"A 1 1 0 2 1 5,5", L"A 1 1 0 0 -1 5,5"})
+        EXPECT_EQ(dataOf(std::wstring(L"M 0,0 ") + arc), "(none)");
+}
+
+TEST(OddPaths, ArcOfNoRadiusIsALine)
+{
+    expectTight(boxOfPath(L"M 0,0 A 0 5 0 0 1 10,10"), 0, 0, 10, 10, 0.5);
+    expectTight(boxOfPath(L"M 0,0 A 5 0 0 0 1 10,10"), 0, 0, 10, 10, 0.5);
+}
+
+TEST(OddPaths, ArcThatEndsWhereItBeginsDrawsNothing)
+{
+    expectTight(boxOfPath(L"M 0,0 L 10,10 A 50 50 0 1 1 10,10"), 0, 0, 10, 10, 0.5);
+}
+
+TEST(OddPaths, ArcBetweenPointsAboveOrBesideEachOtherIsDrawn)
+{
+    expectTight(boxOfPath(L"M 0,0 A 5 5 0 0 1 0,10"), 0, 0, 5, 10, 0.5);
+    expectTight(boxOfPath(L"M 0,0 A 5 5 0 0 0 10,0"), 0, 0, 10, 5, 0.5);
+}
+
+TEST(OddPaths, AxesOfAnArcMayBeTurned)
+{
+    // A quarter turn exchanges the radii: half an ellipse, 4 to the side.
+    expectTight(boxOfPath(L"M 0,0 A 5 4 90 0 1 0,10"), 0, 0, 4, 10, 0.5);
+}
+
+TEST(OddNumbers, ExponentsAreKept)
+{
+    EXPECT_EQ(widthOf(L"1e1"), "1e1");
+    EXPECT_EQ(widthOf(L"1E+1"), "1E+1");
+    EXPECT_EQ(widthOf(L"25e-1"), "25e-1");
+}
+
+TEST(OddNumbers, BlanksRoundANumberAreDropped)
+{
+    EXPECT_EQ(widthOf(L"  2.5  "), "2.5");
+}
+
+TEST(OddNumbers, ZeroIsWrittenShort)
+{
+    EXPECT_EQ(dataOf(L"M .000,-.0 L 0.0,-0.0"), dataOf(L"M 0,0 L 0,0"));
+}
+
+TEST(OddNumbers, ExponentWithoutDigitsAndNumbersOutOfRangeAreNone)
+{
+    for (const wchar_t* number : {L"1e", L"1e+", L"1e-x", L"1e999", L".", L"-"})
+        EXPECT_EQ(dataOf(std::wstring(L"M 0,0 L 1,") + number), "(none)");
+}
+
+TEST(OddNumbers, NumberOfMoreDigitsThanADoubleHoldsIsNear)
+{
+    const ViewBox box = boxOfPath(L"M 0,0 L 90071.99254740993123,90071.9925474099312345678");
+    EXPECT_NEAR(box.width, 90071.99254740993 * 1.04, 0.01);
+}
+
+TEST(OddNumbers, EveryCoordinateHasToBeFinite)
+{
+    const float odd = std::numeric_limits<float>::infinity();
+    const HostDocument document;
+    document.line(odd, 0, 1, 1);
+    document.line(0, 0, odd, 1);
+    document.ellipse(1, 1, 0, odd);
+    document.text(0, odd, L"a");
+    document.use(L"A", odd, 0);
+    EXPECT_EQ(document.statistics().undrawableElements, 5u);
+}
+
+TEST(OddAttributes, EachNameHasItsOwnValue)
+{
+    const HostDocument document;
+    const QlmNode line = document.line(0, 0, 1, 1);
+    for (const wchar_t* name : {L"first", L"second", L"first"})
+        document.set(line, name, name[0] == L'f' ? L"1" : L"2");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("line").attribute("data-first").value(), "1");
+    EXPECT_STREQ(svg.first("line").attribute("data-second").value(), "2");
+}
+
+TEST(OddTexts, BlanksAtEitherEndAreKept)
+{
+    for (const wchar_t* text : {L" a", L"a ", L"a  b", L"a\tb"}) {
+        const HostDocument document;
+        document.text(0, 0, text);
+        EXPECT_STREQ(ParsedSvg(document).first("text").attribute("xml:space").value(), "preserve");
+    }
+    const HostDocument document;
+    document.text(0, 0, L"a b");
+    EXPECT_FALSE(ParsedSvg(document).first("text").attribute("xml:space"));
+}
+
+TEST(OddBackgrounds, Utf8Passes)
+{
+    for (const char* text : {"a", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"})
+        EXPECT_EQ(backgroundOf(text), text);
+}
+
+TEST(OddBackgrounds, WhatIsNoUtf8IsReplaced)
+{
+    // Cut off, a lead without its rest, no lead, longer than it need be, beyond Unicode.
+    for (const char* text : {"\xC3", "\xE2\x82", "\xC3(", "\x80", "\xC0\xAF", "\xE0\x80\x80",
+                             "\xF0\x80\x80\x80", "\xF5\x80\x80\x80"}) {
+        const std::string background = backgroundOf(text);
+        EXPECT_NE(background, text);
+        EXPECT_EQ(background.rfind("\xEF\xBF\xBD", 0), 0u) << background;
+    }
+}
+
+TEST(Errors, MissingPlacesForResultsAreRefused)
+{
+    const HostDocument document;
+    EXPECT_FALSE(svgHostGetError(document.get(), 0, nullptr));
+    EXPECT_FALSE(svgHostGetStatistics(document.get(), nullptr));
+    EXPECT_FALSE(svgHostWrite(document.get(), nullptr, nullptr, nullptr));
+}
