@@ -41,7 +41,7 @@ constexpr std::size_t kLongestName = 19;
 struct FirstOfLength {
     std::size_t index[kLongestName + 2]{};
 
-    constexpr FirstOfLength()
+    consteval FirstOfLength()
     {
         for (std::size_t length = 0; length < std::size(index); ++length) {
             while (index[length] < std::size(kKnownNames) && kKnownNames[index[length]].name.size() < length)

@@ -8,8 +8,8 @@
 namespace svghost {
 namespace {
 
-constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,
+                                   1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
 template <class Char>
 bool isDigit(Char character)
@@ -46,7 +46,7 @@ struct NumberShape {
     // The quotient of two numbers that are exact has one rounding: the result is the nearest double.
     bool exact(double& number) const
     {
-        if (exponent || digits > 19 || mantissa > (std::uint64_t(1) << 53) || decimals > 22)
+        if (exponent || digits > 19 || mantissa > (std::uint64_t(1) << 53))
             return false;
         number = static_cast<double>(mantissa) / kPowersOfTen[decimals];
         number = negative ? -number : number;

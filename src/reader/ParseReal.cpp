@@ -14,13 +14,13 @@
 namespace {
 
 // A number out of range is infinite or 0: which, its decimal exponent tells, that is, where its first
-// digit other than 0 stands and what its exponent says.
+// digit other than 0 stands and what its exponent says. What is given is a number to its end.
 double OutOfRange(const char* at, const char* end)
 {
     constexpr long long kFar = 1'000'000'000'000;
     long long magnitude = 0; // of the first digit that is not 0, as a power of ten
     bool found = false, point = false;
-    for (; at != end && (IsDigit(*at) || (*at == '.' && !point)); ++at) {
+    for (; at != end && (IsDigit(*at) || *at == '.'); ++at) {
         if (*at == '.')
             point = true;
         else if (found)
@@ -34,7 +34,7 @@ double OutOfRange(const char* at, const char* end)
     if (at != end) { // at the exponent's letter
         ++at;
         const bool negative = TakeSign(at, end);
-        for (; at != end && IsDigit(*at); ++at)
+        for (; at != end; ++at)
             exponent = std::min(exponent * 10 + (*at - '0'), kFar);
         exponent = negative ? -exponent : exponent;
     }
@@ -51,7 +51,7 @@ struct POWER {
     int bits;                 // of 5^n
 };
 
-constexpr POWER MakePower(int n)
+consteval POWER MakePower(int n)
 {
     std::uint64_t five = 1;
     for (int i = 0; i < n; ++i)
@@ -67,12 +67,14 @@ constexpr POWER MakePower(int n)
     return {five, quotient, bits};
 }
 
-constexpr auto kPowers = [] {
+constexpr auto kPowers = []() consteval
+{
     std::array<POWER, kMostDigits + 1> powers{};
     for (int n = 1; n <= kMostDigits; ++n) // 5^0 needs no division
         powers[static_cast<std::size_t>(n)] = MakePower(n);
     return powers;
-}();
+}
+();
 
 // digits / 10^decimals, correctly rounded, for decimals from 1 to kMostDigits and digits above 0.
 //

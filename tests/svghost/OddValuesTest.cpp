@@ -120,6 +120,23 @@ TEST(OddPaths, AxesOfAnArcMayBeTurned)
     expectTight(boxOfPath(L"M 0,0 A 5 4 90 0 1 0,10"), 0, 0, 4, 10, 0.5);
 }
 
+TEST(OddPaths, ArcTooSmallForItsOwnSquareIsDrawn)
+{
+    const ViewBox box = boxOfPath(L"M 0,0 A 1e-170 1e-170 0 0 1 1e-170,1e-170 L 10,10");
+    expectTight(box, 0, 0, 10, 10, 0.5);
+}
+
+TEST(OddPaths, TurnedPolylineHasTheBoxOfItsTurnedBox)
+{
+    const HostDocument document;
+    const QlmNode line = document.polyline(L"0,0 10,0");
+    document.set(line, L"stroke-width", L"0.000001");
+    document.set(line, L"rotate", L"90");
+    document.set(line, L"center-x", L"0");
+    document.set(line, L"center-y", L"0");
+    expectTight(viewBoxOf(ParsedSvg(document)), 0, 0, 0, 10, 0.5);
+}
+
 TEST(OddNumbers, ExponentsAreKept)
 {
     EXPECT_EQ(widthOf(L"1e1"), "1e1");
@@ -170,6 +187,45 @@ TEST(OddAttributes, EachNameHasItsOwnValue)
     const ParsedSvg svg(document);
     EXPECT_STREQ(svg.first("line").attribute("data-first").value(), "1");
     EXPECT_STREQ(svg.first("line").attribute("data-second").value(), "2");
+}
+
+TEST(OddAttributes, SymbolKeepsItsOwnNameAndOthersValues)
+{
+    const HostDocument document;
+    const QlmNode symbol = document.begin(L"S");
+    document.set(symbol, L"name", L"another");
+    document.set(symbol, L"first", L"1");
+    document.line(0, 0, 1, 1);
+    document.end();
+    document.use(L"S", 0, 0);
+    const ParsedSvg svg(document);
+    const pugi::xml_node written = svg.definitions().child("symbol");
+    EXPECT_STREQ(written.attribute("data-name").value(), "S");
+    EXPECT_STREQ(written.attribute("data-first").value(), "1");
+}
+
+TEST(OddAttributes, ArrowOfALineWithAColourThatIsNoneIsBlack)
+{
+    const HostDocument document;
+    const QlmNode line = document.line(0, 0, 10, 0);
+    document.set(line, L"stroke", L"");
+    document.set(line, L"pg-end-arrow-type", L"stealth arrow");
+    document.set(line, L"pg-end-arrow-size", L"1");
+    const ParsedSvg svg(document);
+    const pugi::xml_node marker = svg.definitions().child("marker");
+    ASSERT_TRUE(marker);
+    EXPECT_STREQ(marker.child("path").attribute("fill").value(),
+                 svg.first("line").attribute("stroke").value());
+}
+
+TEST(OddNodes, WhatHoldsNothingDoesNotBecomeCurrent)
+{
+    const HostDocument document;
+    const QlmNode line = document.line(0, 0, 1, 1);
+    qlmSetCurrentSvgNode(document.context(), line);
+    EXPECT_EQ(qlmGetCurrentSvgNode(document.context()), nullptr);
+    document.circle(1, 0, 0);
+    EXPECT_TRUE(ParsedSvg(document).first("circle"));
 }
 
 TEST(OddTexts, BlanksAtEitherEndAreKept)

@@ -236,6 +236,13 @@ TEST(FormatFixed6, HasSixDecimals)
     EXPECT_EQ(Format(FormatFixed6, -std::numeric_limits<double>::max()).size(), kLongestNumber);
 }
 
+TEST(FormatFixed6, RoundsAHalfToTheEvenMillionth)
+{
+    EXPECT_EQ(Format(FormatFixed6, 1.0 / 128), "0.007812"); // 0.0078125
+    EXPECT_EQ(Format(FormatFixed6, 3.0 / 128), "0.023438"); // 0.0234375
+    EXPECT_EQ(Format(FormatFixed6, 1000000 + 1.0 / 128), "1000000.007812");
+}
+
 TEST(FormatFixed6, NamesWhatIsNoNumber)
 {
     EXPECT_EQ(Format(FormatFixed6, kInfinity), "inf");

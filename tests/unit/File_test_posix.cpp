@@ -1,0 +1,99 @@
+#include "reader/CDxfSource.h"
+
+#include "support/TempFile.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+std::atomic<int> signalsTaken;
+
+// A named pipe in place of a file, open for writing until it is destroyed.
+class Pipe {
+public:
+    Pipe() : m_place("")
+    {
+        unlink(m_place.Path().c_str());
+        EXPECT_EQ(mkfifo(m_place.Path().c_str(), 0600), 0);
+        m_writer = open(m_place.Path().c_str(), O_RDWR);
+        EXPECT_GE(m_writer, 0);
+    }
+    ~Pipe() { Close(); }
+
+    const char* Path() const { return m_place.Path().c_str(); }
+    void Write(std::string_view text) const
+    {
+        EXPECT_EQ(write(m_writer, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
+    void Close()
+    {
+        if (m_writer >= 0)
+            close(m_writer);
+        m_writer = -1;
+    }
+
+private:
+    TempFile m_place;
+    int m_writer = -1;
+};
+
+} // namespace
+
+TEST(File, PipeIsReadToItsEnd)
+{
+    Pipe pipe;
+    CDxfFile file(pipe.Path());
+    ASSERT_TRUE(file.IsOpen());
+    pipe.Write("0\nEOF\n");
+    pipe.Close();
+    char bytes[16];
+    EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 6);
+    EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 0);
+}
+
+TEST(File, ReadThatASignalInterruptsGoesOn)
+{
+    struct sigaction former, action = {};
+    action.sa_handler = [](int) { ++signalsTaken; }; // without SA_RESTART: the call is broken off
+    ASSERT_EQ(sigaction(SIGUSR1, &action, &former), 0);
+    signalsTaken = 0;
+    Pipe pipe;
+    CDxfFile file(pipe.Path());
+    std::thread other([&pipe, reader = pthread_self()] {
+        for (int i = 0; i < 5; ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            pthread_kill(reader, SIGUSR1);
+        }
+        pipe.Write("0");
+    });
+    char bytes[16];
+    EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 1);
+    other.join();
+    EXPECT_EQ(sigaction(SIGUSR1, &former, nullptr), 0);
+    EXPECT_GT(signalsTaken, 0);
+}
+
+TEST(File, FailureToReadIsTold)
+{
+    // The first page of a process is never there: reading it fails.
+    CDxfFile file("/proc/self/mem");
+    if (!file.IsOpen())
+        GTEST_SKIP() << "no /proc here";
+    char bytes[16];
+    EXPECT_LT(file.Read(bytes, sizeof(bytes)), 0);
+}
+
+TEST(File, DirectoriesAndDevicesAreNotOpened)
+{
+    EXPECT_FALSE(CDxfFile("/").IsOpen());
+    EXPECT_FALSE(CDxfFile("/dev/zero").IsOpen());
+}
