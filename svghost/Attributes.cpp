@@ -4,6 +4,7 @@
 #include "svghost/XmlText.h"
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
 #include <limits>
 
@@ -38,19 +39,16 @@ constexpr KnownName kKnownNames[] = {
 constexpr std::size_t kLongestName = 19;
 
 // For every length the first known name that is at least as long.
-struct FirstOfLength {
-    std::size_t index[kLongestName + 2]{};
-
-    consteval FirstOfLength()
-    {
-        for (std::size_t length = 0; length < std::size(index); ++length) {
-            while (index[length] < std::size(kKnownNames) && kKnownNames[index[length]].name.size() < length)
-                ++index[length];
-        }
+constexpr auto kFirstOfLength = []() consteval
+{
+    std::array<std::size_t, kLongestName + 2> index{};
+    for (std::size_t length = 0; length < index.size(); ++length) {
+        while (index[length] < std::size(kKnownNames) && kKnownNames[index[length]].name.size() < length)
+            ++index[length];
     }
-};
-
-constexpr FirstOfLength kFirstOfLength;
+    return index;
+}
+();
 
 // One part of RGB(r,g,b): blanks, up to nine digits, blanks. A value above 255 becomes 255.
 bool readColourPart(std::wstring_view& text, unsigned& part)
@@ -84,8 +82,8 @@ AttributeId attributeByName(std::wstring_view name)
 {
     if (name.size() > kLongestName)
         return AttributeId::Other;
-    const std::size_t end = kFirstOfLength.index[name.size() + 1];
-    for (std::size_t i = kFirstOfLength.index[name.size()]; i < end; ++i) {
+    const std::size_t end = kFirstOfLength[name.size() + 1];
+    for (std::size_t i = kFirstOfLength[name.size()]; i < end; ++i) {
         if (kKnownNames[i].name == name)
             return kKnownNames[i].id;
     }

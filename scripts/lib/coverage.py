@@ -49,16 +49,20 @@ def read_decisions(path):
 
 
 def read_exceptions():
-    """What is excused, by (file, text of the line, kind), and why; a paragraph each."""
-    excused = {}
-    if not os.path.isfile(EXCEPTIONS):
-        return excused
+    """What is excused, {(file, line, kind): (entry, reason)}, and the entries, whose lines may have gone."""
+    excused, entries = {}, []
     with open(EXCEPTIONS, encoding="utf-8") as file:
         rows = [line.rstrip("\n") for line in file if line.strip() and not line.startswith("#")]
     for head, text, reason in zip(rows[::3], rows[1::3], rows[2::3]):
-        name, kind = head.split()
-        excused[name, text.strip(), kind] = reason.strip()
-    return excused
+        name, kind, *count = head.split()
+        entries.append((name, text.strip(), reason.strip()))
+        with open(os.path.join(ROOT, name), encoding="utf-8") as file:
+            places = [i for i, line in enumerate(file, 1) if line.strip() == text.strip()]
+        if len(places) == 1:
+            for line in range(places[0], places[0] + int(count[0] if count else 1)):
+                for each in KINDS if kind == "any" else [kind]:
+                    excused[name, line, each] = (len(entries) - 1, reason.strip())
+    return excused, entries
 
 
 class Report:
@@ -103,20 +107,20 @@ def main():
     parser.add_argument("--all", action="store_true", help="list what is excused, too")
     arguments = parser.parse_args()
     report = collect(read_lines(arguments.lines), *read_decisions(arguments.decisions))
-    excused, used, bare = read_exceptions(), set(), collections.Counter()
+    excused, entries = read_exceptions()
+    used, bare = set(), collections.Counter()
     for name, line, kind, detail in report.missed:
-        key = (name, report.text_of(name, line), kind)
-        if key in excused:
-            used.add(key)
-            if not arguments.all:
-                continue
-        else:
+        entry, reason = excused.get((name, line, kind), (None, ""))
+        if entry is None:
             bare[kind] += 1
-        reason = f" ({excused[key]})" if key in excused else ""
-        print(f"{name}:{line}: {kind}: {detail + ': ' if detail else ''}{key[1]}{reason}")
-    stale = excused.keys() - used
-    for name, text, kind in sorted(stale):
-        print(f"{name}: {kind} of '{text}' need no excuse")
+        else:
+            used.add(entry)
+        if entry is None or arguments.all:
+            print(f"{name}:{line}: {kind}: {detail + ': ' if detail else ''}{report.text_of(name, line)}"
+                  + (f" ({reason})" if reason else ""))
+    stale = [entry for i, entry in enumerate(entries) if i not in used and not entry[2].startswith("By chance")]
+    for name, text, _ in stale:
+        print(f"{name}: '{text}' needs no excuse, or is there no more")
     for kind in KINDS:
         total, reached = report.totals[kind], report.reached[kind]
         missed = total - reached

@@ -204,7 +204,7 @@ TEST(OddAttributes, SymbolKeepsItsOwnNameAndOthersValues)
     EXPECT_STREQ(written.attribute("data-first").value(), "1");
 }
 
-TEST(OddAttributes, ArrowOfALineWithAColourThatIsNoneIsBlack)
+TEST(OddAttributes, ArrowOfALineWithAnEmptyColourHasTheColourOfLinesWithoutOne)
 {
     const HostDocument document;
     const QlmNode line = document.line(0, 0, 10, 0);
@@ -214,8 +214,19 @@ TEST(OddAttributes, ArrowOfALineWithAColourThatIsNoneIsBlack)
     const ParsedSvg svg(document);
     const pugi::xml_node marker = svg.definitions().child("marker");
     ASSERT_TRUE(marker);
-    EXPECT_STREQ(marker.child("path").attribute("fill").value(),
-                 svg.first("line").attribute("stroke").value());
+    EXPECT_STREQ(marker.child("path").attribute("fill").value(), svg.drawing().attribute("stroke").value());
+}
+
+TEST(OddAttributes, ArrowOfALineWithoutColourHasTheColourOfLinesWithoutOne)
+{
+    const HostDocument document;
+    const QlmNode line = document.line(0, 0, 10, 0);
+    document.set(line, L"pg-end-arrow-type", L"stealth arrow");
+    document.set(line, L"pg-end-arrow-size", L"1");
+    const ParsedSvg svg(document);
+    const pugi::xml_node marker = svg.definitions().child("marker");
+    ASSERT_TRUE(marker);
+    EXPECT_STREQ(marker.child("path").attribute("fill").value(), svg.drawing().attribute("stroke").value());
 }
 
 TEST(OddNodes, WhatHoldsNothingDoesNotBecomeCurrent)
