@@ -260,6 +260,29 @@ TEST(AngularDimension, OfLinesThatBeginAtOnePointHasItsVertexAtTheOrigin)
                     "15.811388, 15.811388", "9.676161, 20.158669", "19.36", "0, -3", "0"));
 }
 
+TEST(AngularDimension, OfSlantingLinesThatBeginAtOnePointHasItsVertexAtTheOriginToo)
+{
+    const ANGLE angle = {.a1 = {"12", "20"},
+                         .a2 = {"20", "26"},
+                         .d = {"12", "20"},
+                         .b = {"10", "25"},
+                         .a3 = {"10", "20"},
+                         .t = {"0", "-5"}};
+    EXPECT_NE(Drawn(angle, 1).find("qlmCreateCircle(ctx, \"\", 0.5, 0, 0, 0, 0)"), std::string::npos);
+}
+
+// One line begins on the other, as steep as it and the other way: one numerator alone is 0.
+TEST(AngularDimension, OfALineThatBeginsOnTheOtherHasItsVertexThere)
+{
+    const ANGLE angle = {.a1 = {"10", "10"},
+                         .a2 = {"20", "15"},
+                         .d = {"0", "15"},
+                         .b = {"20", "5"},
+                         .a3 = {"17", "10"},
+                         .t = {"0", "-5"}};
+    EXPECT_NE(Drawn(angle, 1).find("qlmCreateCircle(ctx, \"\", 0.5, 10, 10, 0, 0)"), std::string::npos);
+}
+
 TEST(AngularDimension, OfLinesThatNearlyAreParallelStillMeet)
 {
     // y = 0 and y = (x - 1000) / 1000 meet at (1000, 0).
