@@ -13,7 +13,6 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
 
 import mutants
 
@@ -116,7 +115,6 @@ class Tests:
     def __init__(self, program, work):
         report = os.path.join(work, "report.json")
         names = [name for name in self.names(program) if not LEFT_OUT.search(name)]
-        started = time.monotonic()
         result = self.run_names(program, names, work, ["--gtest_output=json:" + report], timeout=1800, fail_fast=False)
         if result != 0:
             sys.exit("mutate: the tests fail as the sources are")
@@ -125,9 +123,9 @@ class Tests:
         times = {f"{suite['name']}.{test['name']}": float(test["time"].rstrip("s"))
                  for suite in suites for test in suite["testsuite"]}
         quick = [name for name in names if times.get(name, 0) < 0.05]
-        self.parts = [quick, [name for name in names if name not in set(quick)]]
+        slow = [name for name in names if name not in set(quick)]
         # A change that never ends is stopped; the machine may be busier then than now.
-        self.timeout = 10 + 6 * (time.monotonic() - started)
+        self.parts = [(part, 10 + 6 * sum(times.get(name, 0) for name in part)) for part in (quick, slow) if part]
 
     @staticmethod
     def names(program):
@@ -155,7 +153,7 @@ class Tests:
             return -1
 
     def notice(self, program, folder):
-        return any(self.run_names(program, part, folder, timeout=self.timeout) != 0 for part in self.parts if part)
+        return any(self.run_names(program, part, folder, timeout=timeout) != 0 for part, timeout in self.parts)
 
 
 def try_one(build, tests, mutant):
@@ -224,7 +222,7 @@ def main():
         if program is None:
             sys.exit("mutate: the tests do not link")
         tests = Tests(program, work)
-        print(f"{len(tests.parts[0])} quick tests, {len(tests.parts[1])} others", flush=True)
+        print(f"{' + '.join(str(len(part)) for part, _ in tests.parts)} tests, the quick ones first", flush=True)
         counts, survivors, known = collections.Counter(), [], explained()
         with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
             for mutant, outcome in zip(chosen, pool.map(lambda mutant: try_one(build, tests, mutant), chosen)):
