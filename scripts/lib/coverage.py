@@ -12,7 +12,7 @@ KINDS = ("lines", "branches", "conditions")
 
 def ours(path):
     """The path below the project's folder."""
-    return os.path.relpath(os.path.realpath(path), ROOT)
+    return os.path.relpath(os.path.realpath(os.path.join(ROOT, path)), ROOT)
 
 
 def read_lines(path):
