@@ -39,7 +39,7 @@ constexpr KnownName kKnownNames[] = {
 constexpr std::size_t kLongestName = 19;
 
 // For every length the first known name that is at least as long.
-constexpr auto kFirstOfLength = []() consteval
+consteval auto makeFirstOfLength()
 {
     std::array<std::size_t, kLongestName + 2> index{};
     for (std::size_t length = 0; length < index.size(); ++length) {
@@ -48,7 +48,8 @@ constexpr auto kFirstOfLength = []() consteval
     }
     return index;
 }
-();
+
+constexpr auto kFirstOfLength = makeFirstOfLength();
 
 // One part of RGB(r,g,b): blanks, up to nine digits, blanks. A value above 255 becomes 255.
 bool readColourPart(std::wstring_view& text, unsigned& part)

@@ -19,8 +19,8 @@ bool hasBlanksToKeep(std::wstring_view text)
 {
     if (text.empty())
         return false;
-    return text.front() == L' ' || text.back() == L' ' || text.find(L"  ") != text.npos ||
-           text.find_first_of(L"\t\r\n") != text.npos;
+    return text.front() == L' ' || text.back() == L' ' || text.find(L"  ") != std::wstring_view::npos ||
+           text.find_first_of(L"\t\r\n") != std::wstring_view::npos;
 }
 
 // An XML reader makes a line feed of a carriage return that stands in a text. Viewers draw a blank for both.

@@ -23,7 +23,7 @@ void reportToThread(int code, int kind, const wchar_t* message)
     try {
         if (const std::shared_ptr<ErrorLog> log = receiver.lock())
             log->add(code, kind, message);
-    } catch (...) {
+    } catch (...) { // NOLINT(bugprone-empty-catch)
         // The report is lost; the drawing goes on.
     }
 }

@@ -42,7 +42,7 @@ private:
     void setValue(const char* name, AttributeId id, std::uint32_t index);
     void setDashes(std::uint32_t index);
     void setExtras(const Node& node);
-    void setExtra(const Node& node, const ExtraAttribute& attribute);
+    void setExtra(const Node& node, const ExtraAttribute& extra);
     void setRotation(const Node& node, double centreX, double centreY);
     void setArrow(const char* name, const char* end, const Node& node, double size);
     std::string_view strokeColour(std::uint32_t stroke) const;

@@ -82,6 +82,7 @@ std::string ToNarrowPath(const wchar_t* path)
 {
     std::string narrow;
     for (; *path != L'\0'; ++path) {
+        // NOLINTNEXTLINE(bugprone-signed-char-misuse,cert-str34-c): the characters are wide
         const std::uint32_t value = static_cast<std::uint32_t>(*path);
         const bool isCharacter = value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF);
         AppendUtf8(narrow, isCharacter ? value : static_cast<std::uint32_t>(kReplacement));

@@ -46,7 +46,7 @@ constexpr auto kDigitPairs = [] {
 
 void WritePair(std::uint32_t pair, char* out)
 {
-    std::memcpy(out, &kDigitPairs[2 * pair], 2);
+    std::memcpy(out, &kDigitPairs[std::size_t{2} * pair], 2);
 }
 
 } // namespace

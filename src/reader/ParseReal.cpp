@@ -67,14 +67,15 @@ consteval POWER MakePower(int n)
     return {five, quotient, bits};
 }
 
-constexpr auto kPowers = []() consteval
+consteval auto MakePowers()
 {
     std::array<POWER, kMostDigits + 1> powers{};
-    for (int n = 1; n <= kMostDigits; ++n) // 5^0 needs no division
-        powers[static_cast<std::size_t>(n)] = MakePower(n);
+    for (std::size_t n = 1; n < powers.size(); ++n) // 5^0 needs no division
+        powers[n] = MakePower(static_cast<int>(n));
     return powers;
 }
-();
+
+constexpr auto kPowers = MakePowers();
 
 // digits / 10^decimals, correctly rounded, for decimals from 1 to kMostDigits and digits above 0.
 //
