@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
@@ -57,6 +58,16 @@ TEST(File, PipeIsReadToItsEnd)
     pipe.Close();
     char bytes[16];
     EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 6);
+    errno = EINTR; // of an earlier call: only a read that failed is done again
+    EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 0);
+}
+
+TEST(File, PipeThatNobodyWritesToIsEmptyAndKeepsNobodyWaiting)
+{
+    Pipe pipe;
+    pipe.Close();
+    CDxfFile file(pipe.Path());
+    char bytes[16];
     EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 0);
 }
 
