@@ -60,12 +60,12 @@ class Elf(unittest.TestCase):
     def test_return_addresses_are_guarded(self, path, _):
         self.assertIn("__stack_chk_fail", self.needed_functions(path))
 
-    @of_each_binary
-    def test_sizes_are_checked_in_calls_of_the_c_library(self, path, _):
+    def test_sizes_are_checked_in_calls_of_the_c_library(self):
+        # All are compiled alike, and which of them makes a call whose room is known changes with the code.
         if not ARGS.optimised:
             self.skipTest("not optimised: the C library checks nothing")
-        checked = {name for name in self.needed_functions(path) if name.endswith("_chk")}
-        self.assertTrue(checked, "no call is checked")
+        names = set().union(*(self.needed_functions(path) for path in ARGS.binaries))
+        self.assertRegex(" ".join(names), r"mem(cpy|move|set)_chk|printf_chk")
 
     def test_large_frames_are_probed_page_by_page(self):
         # The module alone has frames larger than a page.
@@ -96,11 +96,12 @@ class Pe(unittest.TestCase):
     def test_return_addresses_are_guarded(self, path, _):
         self.assertIn("__stack_chk_fail", self.symbols(path))
 
-    @of_each_binary
-    def test_sizes_are_checked_in_calls_of_the_c_library(self, path, _):
-        # The reference host makes no call there whose room is known.
-        if ARGS.optimised and not os.path.basename(path).startswith("QuillmarLib"):
-            self.assertIn("__memcpy_chk", self.symbols(path))
+    def test_sizes_are_checked_in_calls_of_the_c_library(self):
+        # See above.
+        if not ARGS.optimised:
+            self.skipTest("not optimised: the C library checks nothing")
+        names = set().union(*(self.symbols(path) for path in ARGS.binaries))
+        self.assertIn("__memcpy_chk", names)
 
 
 if __name__ == "__main__":
