@@ -11,7 +11,9 @@
 #include "entry/dxfFileOpen.h"
 #include "svghost/SvgHost.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <memory>
 #include <new>
 #include <system_error>
@@ -78,6 +80,17 @@ std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& 
     return file.Error().empty() ? std::generic_category().message(ENOMEM) : file.Error();
 }
 
+// How many elements a drawing may have. One that a program wrote has thirty bytes and more for each of them;
+// what makes more out of fewer bytes is made to fill memory.
+size_t MostElements(const fs::path& drawing)
+{
+    constexpr std::uintmax_t Anyhow = 100'000, BytesForEach = 8;
+    std::error_code error;
+    std::uintmax_t size = fs::file_size(drawing, error);
+    std::uintmax_t most = Anyhow + (error ? 0 : size / BytesForEach);
+    return static_cast<size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<size_t>::max()));
+}
+
 // Reads the drawing into document; false, with the report told, when it could not be read.
 bool Import(CSource& source, SvgHostDocument* document, CReport& report)
 {
@@ -141,6 +154,7 @@ void Draw(CSource& source, const Job& job, const Options& options, CReport& repo
     Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
+    svgHostLimitElements(document.get(), MostElements(source.Path()));
     if (!Import(source, document.get(), report))
         return;
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))

@@ -38,6 +38,9 @@ constexpr Finding Findings[] = {
     {&SvgHostStatistics::longDashPatterns, "elementsDrawnSolid",
      "element drawn solid (its dash pattern is too long)",
      "elements drawn solid (their dash patterns are too long)"},
+    {&SvgHostStatistics::elementsBeyondLimit, "elementsBeyondLimit",
+     "element left out (too many for a drawing of this size)",
+     "elements left out (too many for a drawing of this size)"},
 };
 
 size_t DrawnElements(const SvgHostStatistics& statistics)

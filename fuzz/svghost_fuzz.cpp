@@ -1,8 +1,9 @@
 // The reference host: any sequence of the fourteen operations gives a picture that is well-formed XML, holds
 // what a picture may hold and nothing else, and gives its texts back.
 //
-// Input: a byte of how it is written (1: a background, 2: writing stops early), then operations: a byte for
-// which, and its arguments.
+// Input: a byte of how it is written (1: a background, 2: writing stops early, 4: a style sheet, 8: a size by
+// the upper four bits; 128 without 8: a limit of elements by the three bits below), then operations: a byte
+// for which, and its arguments.
 #include "FuzzInput.h"
 #include "XmlCheck.h"
 
@@ -86,11 +87,14 @@ std::string TextInPicture(const std::wstring& text)
 
 class Session {
 public:
-    explicit Session(FuzzInput& input)
+    // At most so many elements; 0: any number.
+    Session(FuzzInput& input, std::size_t mostElements)
         : m_input(input), m_document(svgHostCreate(), svgHostDestroy),
-          m_context(svgHostBeginImport(m_document.get()))
+          m_context(svgHostBeginImport(m_document.get())), m_mostElements(mostElements)
     {
         FuzzRequire(m_context != nullptr, "a document has a context node");
+        if (mostElements != 0)
+            svgHostLimitElements(m_document.get(), mostElements);
     }
 
     void Run()
@@ -113,6 +117,7 @@ public:
         FuzzRequire(svgHostGetStatistics(m_document.get(), &statistics), "memory is not short");
         FuzzRequire(statistics.elements == m_elements && statistics.symbols == m_symbols,
                     "elements are counted");
+        FuzzRequire(statistics.elementsBeyondLimit == m_refused, "what is beyond the limit is counted");
         FuzzRequire(statistics.undrawableElements <= m_elements, "what is left out was there");
         if (statistics.undrawableElements == 0)
             FuzzRequire(texts.size() == m_texts.size(), "every text is in the picture");
@@ -201,6 +206,9 @@ private:
 
     void Keep(QlmNode node)
     {
+        const bool isFull = m_mostElements != 0 && m_elements == m_mostElements;
+        FuzzRequire(!isFull || node == nullptr, "nothing is made beyond the limit");
+        m_refused += isFull;
         m_nodes.push_back(node);
         m_elements += node != nullptr;
     }
@@ -261,9 +269,11 @@ private:
         const std::wstring text = Text();
         const float x = Number(), y = Number();
         const bool isFirst = m_input.Byte() % 2 == 0;
-        Keep(isFirst ? qlmCreateText(m_context, L"", x, y, 0, 0, text.c_str(), 0, 0)
-                     : qlmCreateText(m_context, L"", 0, 0, 0, 0, text.c_str(), x, y));
-        m_texts.push_back(TextInPicture(text));
+        const QlmNode node = isFirst ? qlmCreateText(m_context, L"", x, y, 0, 0, text.c_str(), 0, 0)
+                                     : qlmCreateText(m_context, L"", 0, 0, 0, 0, text.c_str(), x, y);
+        Keep(node);
+        if (node != nullptr)
+            m_texts.push_back(TextInPicture(text));
     }
 
     void SetAttribute(QlmNode node, std::uint8_t which)
@@ -308,7 +318,9 @@ private:
     std::vector<QlmNode> m_nodes;
     std::vector<std::string> m_texts;
     std::vector<std::wstring> m_reports;
+    std::size_t m_mostElements;
     std::size_t m_elements = 0;
+    std::size_t m_refused = 0;
     std::size_t m_symbols = 0;
 };
 
@@ -340,7 +352,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if ((how & 5) != 0)
         background = input.Text(input.Byte() % 16);
     const std::size_t most = (how & 2) != 0 ? 16 * std::size_t{input.Byte()} : 0;
-    Session session(input);
+    const std::size_t mostElements = (how & 0x88) == 0x80 ? std::size_t{1} << (how >> 4 & 7) : 0;
+    Session session(input, mostElements);
     session.Run();
     SvgHostWriteOptions options{};
     if ((how & 1) != 0)

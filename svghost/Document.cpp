@@ -43,6 +43,14 @@ void link(List*& first, List*& last, Item& item, Item* List::*next)
 
 } // namespace
 
+bool SvgHostDocument::hasRoom()
+{
+    if (mostElements == 0 || elements < mostElements)
+        return true;
+    ++elementsBeyondLimit;
+    return false;
+}
+
 void SvgHostDocument::append(Node& node)
 {
     link(current->first, current->last, node, &Node::next);

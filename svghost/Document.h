@@ -24,12 +24,16 @@ struct SvgHostDocument {
     // Shared with the threads that report into it, so that a late report finds nothing instead of ruins.
     std::shared_ptr<svghost::ErrorLog> errors = std::make_shared<svghost::ErrorLog>();
     std::size_t elements = 0;
+    std::size_t mostElements = 0; // 0: any number
+    std::size_t elementsBeyondLimit = 0;
     bool shortOfMemory = false;
 
     SvgHostDocument() = default;
     SvgHostDocument(const SvgHostDocument&) = delete;
     SvgHostDocument& operator=(const SvgHostDocument&) = delete;
 
+    // Whether there may be one element more; counts each that may not be.
+    bool hasRoom();
     // Appends a new node to the current container.
     void append(svghost::Node& node);
     svghost::Shape* createShape(svghost::Kind kind, const wchar_t* data);

@@ -20,12 +20,13 @@ const wchar_t* textOf(const wchar_t* text)
     return text ? text : L"";
 }
 
-// Calls create(document); 0 without a document, and when memory is short.
+// Calls create(document); 0 without a document, beyond its limit, and when memory is short. An ignored
+// group has no end that could go astray: whoever made it sets the current node to what it was before.
 template <class Create>
 QlmNode make(QlmNode context, Create create)
 {
     SvgHostDocument* document = documentOf(context);
-    if (!document)
+    if (!document || !document->hasRoom())
         return nullptr;
     try {
         // A handle is the address of the node, not of what it is derived into.

@@ -75,12 +75,19 @@ void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, vo
         document->errors->setListener(function, user);
 }
 
+void svgHostLimitElements(SvgHostDocument* document, size_t most)
+{
+    if (document)
+        document->mostElements = most;
+}
+
 bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics)
 {
     if (!document || !statistics)
         return false;
     try {
         *statistics = document->layout().statistics;
+        statistics->elementsBeyondLimit = document->elementsBeyondLimit;
         return !document->shortOfMemory;
     } catch (...) {
         return false;

@@ -14,11 +14,11 @@
  * A node belongs to its document and lives as long as it: nothing frees a single node. A node of one document
  * must not be given to another.
  *
- * Memory and the SVG's size grow in proportion to what the operations are given, and have no limit of their
- * own: an element takes some 50 to 200 bytes of each, besides its texts, and a dash pattern at most 512 more.
- * The drawing file may be far smaller: one dimension whose text falls into 510 pieces, with 2000 repeated
- * parts that each draw it, makes a million text elements out of 49 KB, which is 93 MB of SVG. A host that
- * must not take that much stops in its write function.
+ * Memory and the SVG's size grow in proportion to what the operations are given: an element takes some 50 to
+ * 200 bytes of each, besides its texts, and a dash pattern at most 512 more. The drawing file may be far
+ * smaller: one dimension whose text falls into 510 pieces, with 2000 repeated parts that each draw it, makes
+ * a million text elements out of 49 KB, which is 93 MB of SVG. A host that must not take that much limits the
+ * number of elements (svgHostLimitElements).
  */
 #ifndef SVGHOST_H
 #define SVGHOST_H
@@ -63,12 +63,14 @@ typedef struct SvgHostStatistics {
     size_t cyclicUses;     /**< use elements left out because they would draw their own symbol again */
     size_t unboundedUses;  /**< use elements left out because the drawing would unfold without end, or too
                                 far for a viewer to show it in reasonable time */
-    size_t undrawableElements; /**< elements left out because a number of theirs is infinite, not a number,
-                                    beyond a 32-bit float, or missing where one must stand, or because their
-                                    scale is 0 or multiplies up beyond reason */
-    size_t longDashPatterns;   /**< elements drawn solid because their dash pattern has more than 512
-                                    characters, some fifty lengths: each element repeats its pattern in the
-                                    file */
+    size_t undrawableElements;  /**< elements left out because a number of theirs is infinite, not a number,
+                                     beyond a 32-bit float, or missing where one must stand, or because their
+                                     scale is 0 or multiplies up beyond reason */
+    size_t longDashPatterns;    /**< elements drawn solid because their dash pattern has more than 512
+                                     characters, some fifty lengths: each element repeats its pattern in the
+                                     file */
+    size_t elementsBeyondLimit; /**< elements never made, and not among elements, because the document had as
+                                     many as svgHostLimitElements allows */
 } SvgHostStatistics;
 
 /** A new, empty document, or NULL when memory is short. The caller destroys it. */
@@ -95,6 +97,13 @@ QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
  * memory is short, or when a pointer is NULL. The message belongs to the document and is good until the next
  * call of svgHostGetError for it. */
 QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
+
+/** Lets the document have at most so many elements, symbols and groups included; 0, as at first: any number.
+ * From then on a creating operation gives 0 and takes no memory while there are as many, the ones that came
+ * before this call counted; none of them is removed, however many there are. What is ignored is counted.
+ * Places stay as they are: what is created after an ignored group or symbol has ended stands where it would
+ * stand anyway. NULL is allowed. */
+QUILLMARLIB_API void svgHostLimitElements(SvgHostDocument* document, size_t most);
 
 /** What svgHostOnError calls: user is what was given there. The error and its message are good during the
  * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call

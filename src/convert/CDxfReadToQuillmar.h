@@ -60,6 +60,7 @@ private:
     DXF_STRING KeepWidth(double width);
     DXF_STRING KeepColor(std::uint32_t color);
     DXF_STYLE_TEXTS GetStyleTexts(const DXF_GRAPHIC_BASE& entity);
+    void GrowPoints(const DXF_POINT2D* vertex, const DXF_POINT2D* end);
     void DrawText(const DXF_GRAPHIC_BASE& entity, double x, double y, double height, const wchar_t* text,
                   const wchar_t* anchor);
 

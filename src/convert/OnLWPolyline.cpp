@@ -4,6 +4,21 @@
 
 #include <algorithm>
 
+// Makes room for what the points from vertex on can add at most. Their numbers may have 309 digits: a text
+// that doubled would take three times its size.
+void CDxfReadToQuillmar::GrowPoints(const DXF_POINT2D* vertex, const DXF_POINT2D* end)
+{
+    std::size_t room = m_points.size();
+    for (; vertex != end; ++vertex) {
+        const DXF_POINT2D point = Transform(vertex->x, vertex->y);
+        room += RoomForFixed6(point.x) + RoomForFixed6(point.y) + sizeof(" ,") - 1;
+    }
+    std::wstring larger; // a new one, because one that has room takes twice as much and not what is asked for
+    larger.reserve(room);
+    larger.append(m_points);
+    m_points.swap(larger);
+}
+
 // Meant to have no gate: a polyline is created while drawing is off, and without a context node.
 void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
 {
@@ -18,7 +33,10 @@ void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
         *end++ = ',';
         end = FormatFixed6(point.y, end);
         const std::size_t length = m_points.size();
-        m_points.resize(length + static_cast<std::size_t>(end - pair));
+        const std::size_t more = static_cast<std::size_t>(end - pair);
+        if (more > m_points.capacity() - length) [[unlikely]]
+            GrowPoints(&vertex, polyline.m_vertices.end());
+        m_points.resize(length + more);
         std::copy(pair, end, m_points.data() + length);
     }
 

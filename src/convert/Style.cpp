@@ -41,7 +41,10 @@ DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
         return {};
     if (const auto known = m_dashTexts.find(lineType); known != m_dashTexts.end())
         return known->second;
-    DXF_STRING text;
+    std::size_t room = 0; // the lengths may have 309 digits: a text that grew would be there twice
+    for (const double dash : lineType->m_dashes)
+        room += RoomForFixed6(std::fabs(dash)) + 1;
+    DXF_STRING text = store.Start(room);
     for (const double dash : lineType->m_dashes) {
         char number[kLongestNumber];
         const char* const end = FormatFixed6(std::fabs(dash), number);

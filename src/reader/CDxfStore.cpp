@@ -189,6 +189,14 @@ DXF_HANDLE CDxfStore::KeepHandle(std::string_view narrow)
     return DXF_HANDLE(reinterpret_cast<std::uintptr_t>(Keep(narrow).m_text));
 }
 
+DXF_STRING CDxfStore::Start(std::size_t capacity)
+{
+    m_growing = AllocateText(capacity);
+    m_growingCapacity = capacity;
+    SetLength(m_growing, 0);
+    return DXF_STRING(m_growing);
+}
+
 void CDxfStore::Append(DXF_STRING& text, std::string_view narrow)
 {
     const std::size_t length = text.size();

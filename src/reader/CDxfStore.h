@@ -60,6 +60,9 @@ public:
     // A handle: in place where it is short.
     DXF_HANDLE KeepHandle(std::string_view narrow);
 
+    // An empty text with room for so many characters, which Append then fills without moving it.
+    DXF_STRING Start(std::size_t capacity);
+
     // Adds to the end of a text. Cheap when it is the text that was added to last, whatever has been kept
     // in between: the cost of building a text is linear in its length.
     void Append(DXF_STRING& text, std::string_view narrow);

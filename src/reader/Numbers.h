@@ -1,6 +1,7 @@
 // Numbers in drawings and in attribute texts: always in the C locale's form, whatever the host has set.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -52,3 +53,15 @@ char* FormatFixed6(double value, char* out);
 char* FormatWidth4Fixed2(double value, char* out);
 char* FormatGeneral(double value, char* out);
 char* FormatInteger(std::int32_t value, char* out);
+
+// At least as many characters as FormatFixed6 writes, and at most one more; from the exponent alone.
+inline std::size_t RoomForFixed6(double value)
+{
+    const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
+    const std::size_t exponent = bits >> 52 & 0x7FF;
+    if (exponent == 0x7FF) // "-inf", "nan"
+        return 4;
+    // Rounded, it is 2^(exponent - 1022) at most; 0.30103 is hardly more than the logarithm of 2.
+    const std::size_t digits = exponent < 1023 ? 1 : (exponent - 1022) * 30103 / 100'000 + 1;
+    return (bits >> 63) + digits + sizeof(".000000") - 1;
+}

@@ -21,26 +21,28 @@ STARTER = """
 import resource, subprocess, sys
 if {limit}:
     resource.setrlimit(resource.RLIMIT_AS, ({limit} << 20, {limit} << 20))
-    resource.setrlimit(resource.RLIMIT_CPU, (4, 4))
+    resource.setrlimit(resource.RLIMIT_CPU, (10, 10))
 code = subprocess.run(sys.argv[1:], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
 used = resource.getrusage(resource.RUSAGE_CHILDREN)
 print(code, used.ru_utime + used.ru_stime, used.ru_maxrss)
 """
 
-# What is given up long before a machine suffers, in megabytes (and four seconds).
+# What is given up long before a machine suffers, in megabytes (and ten seconds).
 ROOM = 1000
 
 # What the command cannot answer within the limits yet; whoever mends one takes it out of here.
 TOO_DEAR = {
     "polyline-far-x": "the host gets the text of all points in one piece, of 317 wide characters each",
     "polyline-far-y": "the same",
-    "stacked-text-drawn-often": "sixty calls of the host for each byte, and an element for each fifth of them",
 }
+
+# How many times the seconds it may take: sixty calls of the host for each byte, which are due.
+SLOW = {"stacked-text-drawn-often": 5}
 
 # The worst of the patterns, by what the module and the reference host take for them.
 PATTERNS = ("line", "arc", "text", "mtext", "line-with-a-name", "styles", "blocks-with-a-name", "unknown-entity",
             "dashes-used-often", "far-dashes-used-often", "far-dashes", "polyline-far-points",
-            "nested-text-drawn-often", "measured-text-drawn-often",
+            "nested-text-drawn-often", "measured-text-drawn-often", "stacked-text-drawn-often",
             "dimension-2lineangulardimension", "line-feeds", "zero-bytes")
 
 
@@ -68,7 +70,7 @@ def make_test(name):
         code, seconds, megabytes = self.cost(name)
         print(f"{name:34} {seconds:6.2f} s {megabytes:8.1f} MB")
         self.assertIn(code, (0, 4), "drawn, or no drawing")
-        self.assertLessEqual(seconds, ARGUMENTS.seconds)
+        self.assertLessEqual(seconds, ARGUMENTS.seconds * SLOW.get(name, 1))
         if ARGUMENTS.megabytes:
             self.assertLessEqual(megabytes, ARGUMENTS.megabytes)
     return test

@@ -80,6 +80,19 @@ class Messages(CommandTest):
         self.assertEqual(findings, f"; {count} elements drawn solid (their dash patterns are too long)")
         self.assertLess(len(self.read("plan.svg")), 1_000_000)
 
+    def test_more_elements_than_a_drawing_of_its_size_holds_are_left_out_and_told(self):
+        # Each of the angular dimension's repeated parts draws its text of 500 pieces again.
+        parts = 300
+        text = "\\S1^2;" * 166
+        content = entities("0", "DIMENSION", "100", "AcDbDimension", "1", text, "100", "AcDbRadialDimension", "15", "1",
+                           *("100", "AcDbRadialDimension") * parts)
+        most = 100_000 + len(content) // 8
+        _, (drawn, _, findings) = self.messages(content)
+        self.assertLessEqual(int(drawn), most)
+        self.assertGreaterEqual(int(drawn), most - 2)
+        self.assertRegex(findings, r"^; [0-9]+ elements left out \(too many for a drawing of this size\)$")
+        self.assertGreater(int(findings.split()[1]), 1000)
+
     def test_a_hundred_thousand_messages(self):
         count = 100_000
         self.write("plan.dxf", entities(*("0", "SOLID") * count))

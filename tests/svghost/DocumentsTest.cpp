@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -194,6 +195,78 @@ TEST(Documents, BackgroundIsEscaped)
     EXPECT_STREQ(svg.root().child("rect").attribute("fill").value(), "<\"&\xC3\xA9");
 }
 
+TEST(Documents, ElementsBeyondTheLimitAreCountedAndNotMade)
+{
+    const HostDocument document;
+    svgHostLimitElements(document.get(), 2);
+    EXPECT_TRUE(document.line(0, 0, 1, 1));
+    EXPECT_TRUE(document.group());
+    const QlmNode refused[] = {document.line(0, 0, 2, 2),
+                               document.circle(1, 0, 0),
+                               document.ellipse(1, 2, 0, 0),
+                               document.path(L"M 0,0 A 1,1, 0 0,0 2,2"),
+                               document.polyline(L"0,0 1,1"),
+                               document.polygon(L"0,0 1,1"),
+                               document.text(0, 0, L"late"),
+                               document.use(L"A", 0, 0),
+                               document.group(),
+                               qlmCreateSymbol(document.context(), L"A")};
+    for (const QlmNode node : refused) {
+        EXPECT_FALSE(node);
+        document.set(node, L"stroke", L"RGB(1,2,3)");
+    }
+    const SvgHostStatistics statistics = document.statistics();
+    EXPECT_EQ(statistics.elements, 2u);
+    EXPECT_EQ(statistics.symbols, 0u);
+    EXPECT_EQ(statistics.missingSymbols, 0u);
+    EXPECT_EQ(statistics.elementsBeyondLimit, std::size(refused));
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.first("line").attribute("x2").value(), "1");
+    EXPECT_FALSE(svg.first("line").attribute("stroke"));
+    EXPECT_FALSE(svg.first("circle"));
+    EXPECT_FALSE(svg.first("text"));
+}
+
+TEST(Documents, LimitIsNoneAtFirstAndWithZeroAndTakesNothingAway)
+{
+    const HostDocument document;
+    for (int i = 0; i < 3; ++i)
+        document.line(0, 0, 1, 1);
+    svgHostLimitElements(document.get(), 1);
+    EXPECT_FALSE(document.line(0, 0, 1, 1));
+    EXPECT_EQ(document.statistics().elements, 3u);
+    svgHostLimitElements(document.get(), 0);
+    EXPECT_TRUE(document.line(0, 0, 1, 1));
+    EXPECT_EQ(document.statistics().elements, 4u);
+    EXPECT_EQ(document.statistics().elementsBeyondLimit, 1u);
+}
+
+// As the module draws a dimension: the group's end sets the current node to what it was before.
+TEST(Documents, EndOfAnIgnoredGroupClosesNoOther)
+{
+    const HostDocument document;
+    const QlmNode symbol = document.begin(L"A");
+    const QlmNode group = document.group();
+    qlmSetCurrentSvgNode(document.context(), group);
+    svgHostLimitElements(document.get(), 2);
+    const QlmNode outer = qlmGetCurrentSvgNode(document.context());
+    qlmSetCurrentSvgNode(document.context(), document.group());
+    EXPECT_FALSE(document.line(0, 0, 1, 1));
+    qlmSetCurrentSvgNode(document.context(), outer);
+    EXPECT_EQ(qlmGetCurrentSvgNode(document.context()), group);
+    svgHostLimitElements(document.get(), 0);
+    document.circle(1, 0, 0);
+    qlmSetCurrentSvgNode(document.context(), symbol);
+    document.line(0, 0, 1, 1);
+    document.end();
+    document.use(L"A", 0, 0);
+    EXPECT_EQ(document.statistics().elementsBeyondLimit, 2u);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(svg.definitions().child("symbol").child("g").child("circle"));
+    EXPECT_TRUE(svg.definitions().child("symbol").child("line"));
+    EXPECT_FALSE(svg.first("line"));
+}
+
 TEST(Documents, NullDocumentsAreAccepted)
 {
     svgHostDestroy(nullptr);
@@ -205,4 +278,5 @@ TEST(Documents, NullDocumentsAreAccepted)
     SvgHostError error{};
     EXPECT_FALSE(svgHostGetError(nullptr, 0, &error));
     svgHostOnError(nullptr, nullptr, nullptr);
+    svgHostLimitElements(nullptr, 1);
 }

@@ -207,6 +207,25 @@ TEST(ShortMemory, NoNodeOfAnyBatchMayBeMissing)
     EXPECT_EQ(nodeBytes, 0u);
 }
 
+TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
+{
+    const HostDocument document;
+    document.line(0, 0, 1, 1);
+    svgHostLimitElements(document.get(), 1);
+    const std::wstring longText(70'000, L'x');
+    allocationsLeft = 0;
+    for (int i = 0; i < 10'000; ++i) {
+        document.text(0, 0, longText.c_str());
+        document.polyline(longText.c_str());
+        document.use(longText.c_str(), 0, 0);
+        qlmCreateSymbol(document.context(), longText.c_str());
+        qlmSetCurrentSvgNode(document.context(), document.group());
+        qlmSetCurrentSvgNode(document.context(), nullptr);
+    }
+    allocationsLeft = -1;
+    EXPECT_EQ(document.statistics().elementsBeyondLimit, 50'000u); // false when memory was short
+}
+
 TEST(ShortMemory, WritingALargeDrawingTakesNoMoreThanASmallOne)
 {
     const NodeMemory nodeMemory;

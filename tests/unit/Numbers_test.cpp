@@ -243,6 +243,29 @@ TEST(FormatFixed6, RoundsAHalfToTheEvenMillionth)
     EXPECT_EQ(Format(FormatFixed6, 1000000 + 1.0 / 128), "1000000.007812");
 }
 
+TEST(RoomForFixed6, IsWhatIsWrittenOrOneMore)
+{
+    const auto expectRoom = [](double value) {
+        const std::size_t length = Format(FormatFixed6, value).size();
+        EXPECT_GE(RoomForFixed6(value), length) << value;
+        EXPECT_LE(RoomForFixed6(value), length + 1) << value;
+    };
+    for (int power = -1074; power <= 1023; ++power) {
+        const double value = std::ldexp(1.0, power);
+        for (const double near : {value, std::nextafter(value, 0.0), std::nextafter(value, kInfinity)}) {
+            expectRoom(near);
+            expectRoom(-near);
+        }
+    }
+    for (int power = -7; power <= 308; ++power) {
+        const double value = std::pow(10.0, power);
+        expectRoom(value);
+        expectRoom(std::nextafter(value, 0.0)); // rounds up to one digit more while it is small
+    }
+    for (const double value : {0.0, -0.0, std::numeric_limits<double>::max(), kInfinity, -kInfinity, kNan})
+        expectRoom(value);
+}
+
 TEST(FormatFixed6, NamesWhatIsNoNumber)
 {
     EXPECT_EQ(Format(FormatFixed6, kInfinity), "inf");

@@ -175,6 +175,22 @@ TEST(Store, AppendBuildsATextPieceByPiece)
     EXPECT_EQ(text.c_str()[text.size()], L'\0');
 }
 
+TEST(Store, StartedTextIsEmptyAndStaysWhereItIsUntilItsRoomIsFull)
+{
+    CDxfStore store;
+    DXF_STRING text = store.Start(6);
+    EXPECT_TRUE(text.empty());
+    EXPECT_EQ(text.c_str()[0], L'\0');
+    const wchar_t* const place = text.c_str();
+    store.Append(text, "walls");
+    store.Keep("between");
+    store.Append(text, "!");
+    EXPECT_EQ(text.c_str(), place);
+    EXPECT_TRUE(text == L"walls!");
+    store.Append(text, " and doors");
+    EXPECT_TRUE(text == L"walls! and doors");
+}
+
 TEST(Store, AppendOfNothingToNothingGivesAnEmptyText)
 {
     CDxfStore store;
