@@ -13,8 +13,6 @@
 
 namespace plexorn {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -29,11 +27,7 @@ public:
     void Run(size_t threads)
     {
         std::vector<std::jthread> others;
-        try {
-            while (others.size() + 1 < threads)
-                others.emplace_back([this] { Work(); });
-        } catch (const std::system_error&) {
-            // Those that could be started do.
+        while (others.size() + 1 < threads && Start(others)) {
         }
         Work();
     }
@@ -43,6 +37,17 @@ public:
     ExitCode LastFailure() const { return m_lastFailure; }
 
 private:
+    // False when the system gives no further thread; those that could be started do.
+    bool Start(std::vector<std::jthread>& others)
+    {
+        try {
+            others.emplace_back([this] { Work(); });
+            return true;
+        } catch (const std::system_error&) {
+            return false;
+        }
+    }
+
     void Work()
     {
         for (size_t number = m_nNext++; number < m_jobs.size() && !CInterruptGuard::IsInterrupted();

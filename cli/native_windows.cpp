@@ -107,7 +107,7 @@ CInputCopy::CInputCopy() : m_guard(std::in_place), m_path(TemporaryFile())
     if (m_pFile)
         error = ReadStandardInput([this](const char* bytes, size_t size) {
             errno = EINTR;
-            return !m_guard->IsInterrupted() && std::fwrite(bytes, 1, size, m_pFile) == size;
+            return !CInterruptGuard::IsInterrupted() && std::fwrite(bytes, 1, size, m_pFile) == size;
         });
     if (m_pFile && std::fclose(m_pFile) != 0 && error == 0)
         error = errno;

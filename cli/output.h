@@ -40,7 +40,7 @@ public:
 private:
     void OpenTemporary();
     bool Fail(int error);
-    bool IsInterrupted() const { return m_guard && m_guard->IsInterrupted(); }
+    bool IsInterrupted() const { return m_guard && CInterruptGuard::IsInterrupted(); }
     bool Close();
 
     // Destroyed last, when the temporary file is removed.

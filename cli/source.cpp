@@ -65,7 +65,8 @@ std::string CSource::Open()
 
 std::FILE* CSource::Rewound()
 {
-    std::rewind(m_file.get());
+    // What cannot be read again shows when it is read.
+    static_cast<void>(std::fseek(m_file.get(), 0, SEEK_SET));
     return m_file.get();
 }
 

@@ -46,7 +46,7 @@ void AddOptions(std::string& out, const CommandRow& command)
     for (const OptionRow& row : command.options) {
         std::string names = "\\fB" + Escaped(row.LongName()) + "\\fR";
         if (!row.ShortName().empty())
-            names = "\\fB" + Escaped(row.ShortName()) + "\\fR, " + names;
+            names.insert(0, "\\fB" + Escaped(row.ShortName()) + "\\fR, ");
         if (!row.value.empty())
             names.append(" \\fI").append(Escaped(row.value)).append("\\fR");
         out.append(".TP\n").append(names).append("\n").append(Filled(Joined({row.help, "."})));

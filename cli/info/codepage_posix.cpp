@@ -1,12 +1,16 @@
 #include "cli/info/codepage.h"
 
+#include <bit>
+#include <cstdint>
+
 #include <iconv.h>
 
 namespace plexorn {
 
 namespace {
 
-const iconv_t None = reinterpret_cast<iconv_t>(-1);
+// What iconv_open gives in place of a converter.
+const iconv_t None = std::bit_cast<iconv_t>(std::intptr_t{-1});
 
 } // namespace
 

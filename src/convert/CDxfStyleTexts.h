@@ -22,6 +22,10 @@ struct DXF_STYLE_TEXTS {
 // in two places the texts are made twice, and are the same.
 class CDxfStyleTexts {
 public:
+    CDxfStyleTexts() = default;
+    CDxfStyleTexts(const CDxfStyleTexts&) = delete; // its place is the key of its hashes
+    CDxfStyleTexts& operator=(const CDxfStyleTexts&) = delete;
+
     // The texts of an entity's style; make(entity) makes those that are not there. Throws what make throws,
     // and std::bad_alloc.
     template <class Make>

@@ -8,6 +8,8 @@
 // that doubled would take three times its size.
 void CDxfReadToQuillmar::GrowPoints(const DXF_POINT2D* vertex, const DXF_POINT2D* end)
 {
+    if (m_points.empty())
+        std::wstring().swap(m_points); // the room of the polyline before is not held beside the new one
     std::size_t room = m_points.size();
     for (; vertex != end; ++vertex) {
         const DXF_POINT2D point = Transform(vertex->x, vertex->y);

@@ -6,7 +6,6 @@
 #include "drawing/Points.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
 
-
 namespace {
 
 double DirectionInDegrees(const DXF_POINT2D& from, const DXF_POINT2D& to)

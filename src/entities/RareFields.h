@@ -5,6 +5,8 @@
 #include "reader/ReadFields.h"
 
 #include <bit>
+#include <cstdint>
+#include <string_view>
 #include <type_traits>
 
 // The rare fields of a record, made now if it has none of its own.
@@ -15,51 +17,32 @@ inline DXF_GRAPHIC_RARE& RareOf(CDxfRead& reader, DXF_GRAPHIC_BASE& record)
     return const_cast<DXF_GRAPHIC_RARE&>(*record.m_rare); // made above, or in an earlier call
 }
 
-template <class Value>
-bool IsSameValue(const Value& left, const Value& right)
-{
-    if constexpr (std::is_same_v<Value, double>)
-        return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
-    else
-        return left == right;
-}
-
 // Sets a field. Many programs write the default values out, an extrusion of 0, 0, 1 above all: those make
 // nothing.
 template <class Value>
-void SetRare(CDxfRead& reader, DXF_GRAPHIC_BASE& record, Value DXF_GRAPHIC_RARE::*member, Value value)
+void SetRare(CDxfRead& reader, DXF_GRAPHIC_BASE& record, Value DXF_GRAPHIC_RARE::*member, const Value& value)
 {
-    if (!IsSameValue(record.m_rare->*member, value))
-        RareOf(reader, record).*member = value;
+    const Value& known = record.m_rare->*member;
+    if constexpr (std::is_same_v<Value, double>) {
+        if (std::bit_cast<std::uint64_t>(known) == std::bit_cast<std::uint64_t>(value))
+            return;
+    } else if (known == value) {
+        return;
+    }
+    RareOf(reader, record).*member = value;
 }
 
-inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, double DXF_GRAPHIC_RARE::*member,
-                           std::string_view line)
-{
-    SetRare(reader, record, member, ParseLineReal(line));
-}
-
-inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, std::int32_t DXF_GRAPHIC_RARE::*member,
-                           std::string_view line)
-{
-    SetRare(reader, record, member, ParseInteger(line));
-}
-
-inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, DXF_STRING DXF_GRAPHIC_RARE::*member,
-                           std::string_view line)
-{
-    SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));
-}
-
-inline void StoreRareValue(CDxfRead& reader, DXF_GRAPHIC_BASE& record, DXF_HANDLE DXF_GRAPHIC_RARE::*member,
-                           std::string_view line)
-{
-    SetRare(reader, record, member, reader.store.KeepHandle(Trim(line)));
-}
-
-// A row's function for a rare field: reals and integers as everywhere, texts trimmed and kept once.
+// A row's function for a rare field: reals, integers and handles as everywhere, texts trimmed and kept once.
 template <class Record, auto member>
 void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, std::string_view line)
 {
-    StoreRareValue(reader, record, member, line);
+    using VALUE = std::remove_cvref_t<decltype(record.m_rare->*member)>;
+    if constexpr (std::is_same_v<VALUE, double>)
+        SetRare(reader, record, member, ParseLineReal(line));
+    else if constexpr (std::is_same_v<VALUE, std::int32_t>)
+        SetRare(reader, record, member, ParseInteger(line));
+    else if constexpr (std::is_same_v<VALUE, DXF_HANDLE>)
+        SetRare(reader, record, member, reader.store.KeepHandle(Trim(line)));
+    else
+        SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));
 }

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <utility>
 
 // Numbers of values under their hashes. The values stand elsewhere, one behind the other in the order in
@@ -43,9 +44,11 @@ public:
         }
     }
 
-    // Makes room for one more. Throws std::bad_alloc and is then as it was.
+    // Makes room for one more, of four thousand million at most. Throws std::bad_alloc and is then as it was.
     void Reserve()
     {
+        if (m_count >= kNone - 1)
+            throw std::bad_alloc();
         if ((m_count + 1) * 2 > m_size)
             Grow();
     }

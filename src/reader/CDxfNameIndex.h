@@ -14,6 +14,10 @@
 template <class Record>
 class CDxfNameIndex {
 public:
+    CDxfNameIndex() = default;
+    CDxfNameIndex(const CDxfNameIndex&) = delete; // its place is the key of its hashes
+    CDxfNameIndex& operator=(const CDxfNameIndex&) = delete;
+
     // Forgets every record.
     void Clear()
     {

@@ -5,9 +5,9 @@
 #include "reader/Hash.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -58,9 +58,9 @@ void* CDxfStore::AllocateFromNewChunk(std::size_t rounded)
     char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
     m_end = storage + size;
-    // A small drawing gets by with a small chunk. In a large one a quarter of what there is follows, so that
-    // no more than a fifth is ever unused, and chunks are not many: to align each, the system sets up to
-    // kPreferredChunk of addresses aside.
+    // A small drawing gets by with a small chunk. In a large one a quarter of what there is follows: beyond 8
+    // MB no more than a fifth is unused, and chunks are not many (to align each, the system sets up to
+    // kPreferredChunk of addresses aside).
     m_chunkBytes += size;
     m_nextChunkSize = m_chunkBytes < 2 * kOwnChunk
                           ? 2 * kOwnChunk
@@ -143,7 +143,7 @@ DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
             return false;
         if (name.length <= kLongestInPlace)
             return name.rest == wanted.rest;
-        return EqualBytes(reinterpret_cast<const char*>(name.rest), narrow.data(), narrow.size());
+        return EqualBytes(std::bit_cast<const char*>(name.rest), narrow.data(), narrow.size());
     });
     return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, hash);
 }
@@ -178,15 +178,16 @@ DXF_STRING CDxfStore::AddName(std::string_view narrow, std::uint64_t hash)
 
 DXF_HANDLE CDxfStore::KeepHandle(std::string_view narrow)
 {
+    if (narrow.empty())
+        return {};
     std::uint64_t bits = 0;
     if (narrow.size() < sizeof(bits)) {
         std::memcpy(&bits, narrow.data(), narrow.size());
         if ((bits & DXF_HANDLE::kNotAscii) == 0)
-            return DXF_HANDLE(narrow.empty() ? 0
-                                             : bits | DXF_HANDLE::kInPlace |
-                                                   std::uint64_t{narrow.size()} << DXF_HANDLE::kSizeShift);
+            return DXF_HANDLE(bits | DXF_HANDLE::kInPlace |
+                              std::uint64_t{narrow.size()} << DXF_HANDLE::kSizeShift);
     }
-    return DXF_HANDLE(reinterpret_cast<std::uintptr_t>(Keep(narrow).m_text));
+    return DXF_HANDLE(reinterpret_cast<std::uintptr_t>(KeepOnce(narrow).m_text));
 }
 
 DXF_STRING CDxfStore::Start(std::size_t capacity)

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <new>
 #include <string_view>
-#include <utility>
 
 // Hands out storage from large chunks and frees all of them at once, without running destructors: what is
 // made here holds nothing that lives elsewhere. Running out of memory throws std::bad_alloc and leaves the
@@ -57,7 +56,7 @@ public:
     // As Keep, but the same text is kept once, however often it comes: for names.
     DXF_STRING KeepOnce(std::string_view narrow);
 
-    // A handle: in place where it is short.
+    // A handle: in place where it is short, else kept once, because entities of one owner share its handle.
     DXF_HANDLE KeepHandle(std::string_view narrow);
 
     // An empty text with room for so many characters, which Append then fills without moving it.

@@ -56,9 +56,9 @@ private:
     // Line feeds among the 64 bytes at a place, bit 0 for the first.
     static std::uint64_t FindNewlines(const char* bytes);
 
-    // False when there is neither a NUL nor an end-of-file byte among size bytes; up to 15 before them are
-    // looked at too. One pass over 16 bytes at a time: two calls of memchr cost a tenth of an import where
-    // the runtime library's goes byte by byte.
+    // False only when there is neither a NUL nor an end-of-file byte among size bytes; up to 15 before them
+    // are looked at too. One pass over 16 bytes at a time: two calls of memchr cost a tenth of an import
+    // where the runtime library's goes byte by byte.
     static bool MayHoldNulOrEnd(const char* bytes, std::size_t size);
 
     std::string_view CutLine(const char* end)

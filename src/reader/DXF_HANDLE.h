@@ -3,21 +3,19 @@
 
 #include "reader/DXF_STRING.h"
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
-#include <string_view>
 
-// A handle as the file writes it, hexadecimal text. Every entity has one of its own and hardly any is longer
-// than seven characters: those stand in the pointer's place, which saves an eighth of the memory of a drawing
-// of lines. A longer text, or one of other characters than ASCII's, stands in storage that the reader owns.
+// A handle as the file writes it, hexadecimal text. Every entity has one of its own, and hardly any is longer
+// than seven characters: up to that many stand in the pointer's place, which saves an eighth of the memory of
+// a drawing of lines. A longer text, or one of other characters than ASCII's, stands in storage that the
+// reader owns.
 class DXF_HANDLE {
 public:
     constexpr DXF_HANDLE() = default;
-
-    std::size_t size() const { return IsInPlace() ? m_bits >> kSizeShift & 7 : Kept().size(); }
-    bool empty() const { return m_bits == 0; }
 
     std::wstring Wide() const
     {
@@ -25,7 +23,7 @@ public:
             return Kept().c_str();
         char text[8];
         std::memcpy(text, &m_bits, sizeof(text));
-        return {text, text + size()};
+        return {text, text + (m_bits >> kSizeShift & 7)};
     }
 
     // A handle is either in place or not, whoever kept it.
@@ -34,21 +32,20 @@ public:
         return left.m_bits == right.m_bits ||
                (!left.IsInPlace() && !right.IsInPlace() && left.Kept() == right.Kept());
     }
-    friend bool operator==(const DXF_HANDLE& left, std::wstring_view right) { return left.Wide() == right; }
 
 private:
     friend class CDxfStore;
 
-    // The last byte is 0 in every pointer that the systems hand out. A text in place sets its highest bit,
-    // and has its size below; the characters stand before it.
+    // The last byte is 0 in the pointers of a program's own memory. A text in place sets its highest bit, and
+    // has its size below; the characters stand before it.
     static constexpr int kSizeShift = 56;
     static constexpr std::uint64_t kInPlace = std::uint64_t{0x80} << kSizeShift;
     static constexpr std::uint64_t kNotAscii = 0x8080808080808080u;
-    static_assert(sizeof(void*) == sizeof(std::uint64_t));
+    static_assert(sizeof(void*) == sizeof(std::uint64_t) && std::endian::native == std::endian::little);
 
     explicit DXF_HANDLE(std::uint64_t bits) : m_bits(bits) {}
     bool IsInPlace() const { return (m_bits & kInPlace) != 0; }
-    DXF_STRING Kept() const { return DXF_STRING(reinterpret_cast<const wchar_t*>(m_bits)); }
+    DXF_STRING Kept() const { return DXF_STRING(std::bit_cast<const wchar_t*>(m_bits)); }
 
     std::uint64_t m_bits = 0;
 };

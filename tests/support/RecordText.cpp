@@ -315,6 +315,7 @@ Fields AllFields(const DXF_TABLES_HEADER& record)
 }
 
 #undef FIELD
+#undef RARE
 
 template <class Function>
 auto AsItsKind(const DXF_TABLES_COMMON& entry, const Function& with)

@@ -65,4 +65,18 @@ TEST(HashIndex, ReplacedForgets)
     EXPECT_EQ(moved.Find(7, kAny), 2u);
 }
 
+TEST(HashIndex, MovedGoesOnGrowing)
+{
+    CDxfHashIndex from;
+    for (std::uint32_t number = 0; number < 100; ++number)
+        Add(from, number, number);
+    CDxfHashIndex index;
+    index = std::move(from);
+    for (std::uint32_t number = 100; number < 1100; ++number)
+        Add(index, number, number);
+    for (std::uint32_t number = 0; number < 1100; ++number)
+        EXPECT_EQ(index.Find(number, kAny), number);
+    EXPECT_EQ(index.Find(1100, kAny), CDxfHashIndex::kNone);
+}
+
 } // namespace

@@ -104,14 +104,18 @@ TEST(NameIndex, FindsEachNameOfMany)
 {
     CDxfStore store;
     std::vector<Record> records;
-    for (int i = 0; i < 5000; ++i)
+    constexpr int kNames = 200'000; // some pairs of so many have the same hash of 32 bits
+    for (int i = 0; i < kNames; ++i)
         records.push_back({store.Keep(Name(i))});
     CDxfNameIndex<Record> index;
     for (const Record& record : records)
         index.Add(record);
-    for (int i = 0; i < 5000; ++i)
-        ASSERT_EQ(index.Find(Name(i)), &records[static_cast<std::size_t>(i)]);
-    EXPECT_EQ(index.Find(L"LAYER5000"), nullptr);
+    for (int i = 0; i < kNames; ++i) {
+        const Record* const record = &records[static_cast<std::size_t>(i)];
+        ASSERT_EQ(index.Find(Name(i)), record);
+        ASSERT_EQ(index.Find(record->m_strName), record);
+    }
+    EXPECT_EQ(index.Find(L"LAYER200000"), nullptr);
     EXPECT_EQ(index.Find(L"LAYER"), nullptr);
 }
 

@@ -122,13 +122,22 @@ TEST(LWPolyline, AfterAnotherStartsWithNoPoints)
                   "qlmCreatePolyline(ctx, \"\", \"5.000000,-6.000000\", 0, 0) = n2\n" + Style("n2"));
 }
 
+// The room for the text is made anew when the second one does not fit into what the first one left.
 TEST(LWPolyline, OfManyVerticesHasThemAllInOrder)
 {
-    std::string file = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n";
-    std::string points;
-    for (int i = 0; i < 5000; ++i) {
-        file += "10\n" + std::to_string(i) + "\n20\n-" + std::to_string(i + 1) + "\n";
-        points += (i == 0 ? "" : " ") + std::to_string(i) + ".000000," + std::to_string(i + 1) + ".000000";
+    std::string file = "0\nSECTION\n2\nENTITIES\n";
+    std::string trace;
+    int node = 0;
+    for (const int vertices : {2, 50, 5000}) {
+        std::string points;
+        file += "0\nLWPOLYLINE\n";
+        for (int i = 0; i < vertices; ++i) {
+            file += "10\n" + std::to_string(i) + "\n20\n-" + std::to_string(i + 1) + "\n";
+            points +=
+                (i == 0 ? "" : " ") + std::to_string(i) + ".000000," + std::to_string(i + 1) + ".000000";
+        }
+        const std::string name = "n" + std::to_string(++node);
+        trace += "qlmCreatePolyline(ctx, \"\", \"" + points + "\", 0, 0) = " + name + "\n" + Style(name);
     }
-    EXPECT_EQ(TraceOf(file + "0\nENDSEC\n0\nEOF\n"), Polyline(points) + Style("n1"));
+    EXPECT_EQ(TraceOf(file + "0\nENDSEC\n0\nEOF\n"), trace);
 }

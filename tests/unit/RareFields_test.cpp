@@ -5,16 +5,26 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace {
 
-// What a line of the groups of its entity becomes.
-class ReadLine : public ReportingReader {
+const std::string kDefaults =
+    "39\n0.0\n48\n1\n67\n0\n92\n0\n210\n0\n220\n0.0\n230\n1.0\n284\n0\n310\n\n347\n\n"
+    "390\n\n410\n\n430\n\n440\n\n0\n";
+
+using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
+
+// What a reader makes of the groups of an entity.
+class ReadOne : public ReportingReader {
 public:
-    explicit ReadLine(std::string_view groups)
+    explicit ReadOne(std::string_view groups, READER read = &CDxfRead::ReadENTITIES_LINE)
     {
         CDxfMemory memory(groups);
         CDxfStream stream(memory);
-        ReadENTITIES_LINE(stream, entities);
+        (this->*read)(stream, entities);
     }
     const DXF_GRAPHIC_BASE& Record() const { return *entities[0]; }
     bool HasRare() const { return Record().m_rare != &kDxfNoRare; }
@@ -27,27 +37,44 @@ TEST(RareFields, LineWithoutThemTakesTwoCacheLines)
 
 TEST(RareFields, ValuesThatAreTheDefaultMakeNothing)
 {
-    const ReadLine line(
-        "39\n0.0\n210\n0\n220\n0.0\n230\n1.0\n48\n1\n67\n0\n92\n0\n284\n0\n410\n\n390\n\n0\n");
-    EXPECT_FALSE(line.HasRare());
-    EXPECT_EQ(ChangedFields(line.Record()), "");
+    for (const READER read : {&CDxfRead::ReadENTITIES_LINE, &CDxfRead::ReadENTITIES_ARC,
+                              &CDxfRead::ReadENTITIES_CIRCLE, &CDxfRead::ReadENTITIES_LWPOLYLINE}) {
+        const ReadOne one(kDefaults, read);
+        EXPECT_FALSE(one.HasRare());
+        EXPECT_EQ(ChangedFields(one.Record()), "");
+        EXPECT_EQ(one.errors, std::vector<std::string>());
+    }
 }
 
 TEST(RareFields, EveryOtherValueIsKept)
 {
-    const ReadLine line("67\n1\n410\nLayout1\n230\n-1\n0\n");
-    EXPECT_TRUE(line.HasRare());
-    EXPECT_EQ(ChangedFields(line.Record()), "m_nPaperSpace=1 m_strLayout=\"Layout1\" m_dExtrusionZ=-1");
+    const std::pair<const char*, const char*> kGroups[] = {{"39\n2", "m_dThickness=2"},
+                                                           {"48\n2", "m_dLineTypeScale=2"},
+                                                           {"67\n1", "m_nPaperSpace=1"},
+                                                           {"92\n7", "m_nProxyByteCount=7"},
+                                                           {"210\n1", "m_dExtrusionX=1"},
+                                                           {"220\n1", "m_dExtrusionY=1"},
+                                                           {"230\n-1", "m_dExtrusionZ=-1"},
+                                                           {"284\n3", "m_nShadowMode=3"},
+                                                           {"310\nAB", "m_strProxyData=\"AB\""},
+                                                           {"347\n1F", "m_strMaterial=\"1F\""},
+                                                           {"390\n2A", "m_strPlotStyle=\"2A\""},
+                                                           {"410\nModel", "m_strLayout=\"Model\""},
+                                                           {"430\nRed", "m_strColorName=\"Red\""},
+                                                           {"440\n5", "m_strTransparency=\"5\""},
+                                                           {"102\n{A\n102\n}", "m_strAppData=\"{A\""}};
+    for (const auto& [group, field] : kGroups)
+        EXPECT_EQ(ChangedFields(ReadOne(std::string(group) + "\n0\n").Record()), field);
 }
 
 TEST(RareFields, LaterDefaultTakesBackAnEarlierValue)
 {
-    EXPECT_EQ(ChangedFields(ReadLine("230\n-1\n67\n1\n230\n1\n67\n0\n0\n").Record()), "");
+    EXPECT_EQ(ChangedFields(ReadOne("230\n-1\n67\n1\n230\n1\n67\n0\n0\n").Record()), "");
 }
 
 TEST(RareFields, NegativeZeroIsNoDefault)
 {
-    EXPECT_EQ(ChangedFields(ReadLine("39\n-0\n0\n").Record()), "m_dThickness=-0");
+    EXPECT_EQ(ChangedFields(ReadOne("39\n-0\n0\n").Record()), "m_dThickness=-0");
 }
 
 TEST(RareFields, RecordsDoNotShareThem)

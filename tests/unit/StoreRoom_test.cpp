@@ -132,13 +132,16 @@ TEST(StoreRoom, OtherLargeBlocksStayWhenOneIsOutgrown)
     }
 }
 
-// Of so many names of one length about eighteen pairs have the same hash of 32 bits.
+// Of so many names of one length about eighteen pairs have the same hash of 32 bits. They differ in their
+// first eight bytes, in the eight behind them, or behind those.
 TEST(StoreRoom, NamesOfTheSameHashAreKeptApart)
 {
     constexpr int kNames = 400'000;
-    CDxfStore store;
-    for (int i = 0; i < kNames; ++i) {
-        const std::string name = NameOf(i);
-        ASSERT_EQ(store.KeepOnce(name), std::wstring(name.begin(), name.end()));
+    for (const std::string before : {"", "LAYER_OF", "LAYER_OF_A_LONG_NAME_"}) {
+        CDxfStore store;
+        for (int i = 0; i < kNames; ++i) {
+            const std::string name = before + NameOf(i);
+            ASSERT_EQ(store.KeepOnce(name), std::wstring(name.begin(), name.end()));
+        }
     }
 }

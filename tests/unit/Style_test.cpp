@@ -1,3 +1,4 @@
+#include "convert/CDxfStyleTexts.h"
 #include "support/Import.h"
 #include "support/TraceLines.h"
 
@@ -360,6 +361,22 @@ TEST(StyleTexts, AreNotMixedUpBetweenEntities)
     EXPECT_EQ(stylesOf(TraceOf(Drawing(tables, forwards))), styles);
     std::reverse(styles.begin(), styles.end());
     EXPECT_EQ(stylesOf(TraceOf(Drawing(tables, backwards))), styles);
+}
+
+// Of so many styles about a dozen pairs have the same hash of 32 bits.
+TEST(StyleTexts, OfTheSameHashAreKeptApart)
+{
+    constexpr std::int32_t kStyles = 300'000;
+    CDxfStyleTexts styles;
+    std::int32_t made = 0;
+    DXF_GRAPHIC_BASE entity;
+    for (int round = 0; round < 2; ++round)
+        for (entity.m_nTrueColor = 0; entity.m_nTrueColor < kStyles; ++entity.m_nTrueColor)
+            styles.Find(entity, [&](const DXF_GRAPHIC_BASE&) {
+                ++made;
+                return DXF_STYLE_TEXTS{};
+            });
+    EXPECT_EQ(made, kStyles);
 }
 
 // The styles are kept in a table: colours that follow each other fall into slots side by side.
