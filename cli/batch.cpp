@@ -34,6 +34,7 @@ public:
 
     size_t Failed() const { return m_nFailed; }
     size_t Messages() const { return m_nMessages; }
+    bool IsAnyCutOff() const { return m_bCutOff; }
     ExitCode LastFailure() const { return m_lastFailure; }
 
 private:
@@ -67,6 +68,8 @@ private:
             report.Failed(ShownName(job.input), std::string("is not drawn: ") + error.what(), ExitFile);
         }
         m_nMessages += report.MessageCount();
+        if (report.IsCutOff())
+            m_bCutOff = true;
         if (report.Code() != ExitDrawn) {
             ++m_nFailed;
             m_lastFailure = report.Code();
@@ -80,6 +83,7 @@ private:
     std::atomic<size_t> m_nNext = 0;
     std::atomic<size_t> m_nFailed = 0;
     std::atomic<size_t> m_nMessages = 0;
+    std::atomic<bool> m_bCutOff = false;
     std::atomic<ExitCode> m_lastFailure = ExitDrawn;
 };
 
@@ -104,7 +108,8 @@ int CodeFor(const CBatch& batch, size_t jobs, bool isStrict)
 {
     if (batch.Failed() > 0)
         return jobs > 1 ? ExitSomeFailed : batch.LastFailure();
-    return isStrict && batch.Messages() > 0 ? ExitMessages : ExitDrawn;
+    bool isDoubtful = batch.Messages() > 0 || batch.IsAnyCutOff();
+    return isStrict && isDoubtful ? ExitMessages : ExitDrawn;
 }
 
 } // namespace
@@ -124,6 +129,9 @@ int DrawAll(const Options& options)
         std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
         printer.Close(total + "\n");
     }
+    // Who reads objects goes by them: a drawing that none tells of would count as drawn without a message.
+    if (style.isJson && printer.IsAnyLost())
+        return ExitFile;
     return CodeFor(batch, jobs.size(), options.isStrict);
 }
 

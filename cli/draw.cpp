@@ -1,5 +1,6 @@
 #include "draw.h"
 
+#include "info/codepage.h"
 #include "info/drawing.h"
 #include "info/kinds.h"
 #include "look.h"
@@ -91,12 +92,22 @@ size_t MostElements(const fs::path& drawing)
     return static_cast<size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<size_t>::max()));
 }
 
+// Why the module could not open a file that the command could. The module tells no reason, but whoever tries
+// again meets the same one; otherwise stands for any other.
+std::string WhyNotOpened(const fs::path& path, const char* otherwise)
+{
+    FilePointer again(OpenForReading(path), std::fclose);
+    return again ? otherwise : std::generic_category().message(errno);
+}
+
 // Reads the drawing into document; false, with the report told, when it could not be read.
 bool Import(CSource& source, SvgHostDocument* document, CReport& report)
 {
     CModulePath modulePath(source.Path());
     if (modulePath.Name().empty()) {
-        report.Failed(source.ShownName(), "cannot be read: this system cannot open a file of that name",
+        report.Failed(source.ShownName(),
+                      "cannot be read: " +
+                          WhyNotOpened(source.Path(), "this system cannot open a file of that name"),
                       ExitFile);
         return false;
     }
@@ -107,7 +118,9 @@ bool Import(CSource& source, SvgHostDocument* document, CReport& report)
     if (listener.isShortOfMemory)
         throw std::bad_alloc();
     if (listener.isUnread)
-        report.Failed(source.ShownName(), "cannot be read", ExitFile);
+        report.Failed(source.ShownName(),
+                      "cannot be read: " + WhyNotOpened(source.Path(), "the reader could not open it"),
+                      ExitFile);
     return !listener.isUnread;
 }
 
@@ -132,6 +145,10 @@ void TellSize(SvgHostDocument* document, const Sizing& sizing, Outcome& outcome)
     outcome.reason = sizing.reason;
     if (!sizing.unit || !svgHostGetViewBox(document, &box))
         return;
+    if (box.isMadeUp) {
+        outcome.reason = "there is nothing to measure";
+        return;
+    }
     outcome.unit = sizing.unit->name;
     outcome.width = box.width * sizing.unit->millimetres;
     outcome.height = box.height * sizing.unit->millimetres;
@@ -143,12 +160,14 @@ void Draw(CSource& source, const Job& job, const Options& options, CReport& repo
     Outcome outcome;
     outcome.output = job.output;
     Sizing sizing;
-    if (options.isQuiet) {
+    if (options.isQuiet && !options.isStrict) {
         sizing = SizingFor(ReadHeader(source.Rewound()), options.units);
     } else {
         DrawingInfo info = CollectInfo(source.Rewound(), false);
         outcome.skipped = SkippedEntities(info);
         outcome.unmarkedEntry = info.unmarkedEntry;
+        outcome.isEnded = info.isEnded;
+        outcome.otherTexts = AreTextsTakenForUtf8() ? info.otherTexts : 0;
         sizing = SizingFor(info.header, options.units);
     }
     Document document(svgHostCreate(), svgHostDestroy);

@@ -21,6 +21,11 @@ bool EndsInDxf(std::string_view path)
                       [&](char b, char a) { return sameLetter(a, b); });
 }
 
+bool NamesStandardInputTwice(const std::vector<std::string>& names, const std::string& list)
+{
+    return std::count(names.begin(), names.end(), StandardStream) + (list == StandardStream) > 1;
+}
+
 namespace {
 
 bool IsFolder(const std::string& name)
@@ -59,7 +64,7 @@ void AddFolder(const std::string& name, bool isRecursive, std::vector<Input>& fi
         files.push_back({name, {}, reason});
 }
 
-// Cuts a list into its names.
+// Cuts a list into its names. Throws CUsageError when it has bytes that no name can have.
 class CListReader {
 public:
     CListReader(std::vector<std::string>& names, bool isNullSeparated)
@@ -72,6 +77,8 @@ public:
         for (const char* at = bytes; at != bytes + size; ++at) {
             if (*at == m_separator)
                 EndName();
+            else if (*at == '\0')
+                throw CUsageError("the list has NUL bytes; give --null");
             else
                 m_strName.push_back(*at);
         }
@@ -128,6 +135,8 @@ Inputs FindInputs(const Options& options)
     if (!options.list.empty()) {
         std::vector<std::string> listed = ReadList(options);
         names.insert(names.end(), listed.begin(), listed.end());
+        if (NamesStandardInputTwice(names, options.list))
+            throw CUsageError("the standard input can be read once only");
     }
     for (const std::string& name : names) {
         if (IsFolder(name)) {

@@ -42,8 +42,11 @@ struct Inputs {
     bool areMany = false;
 };
 
+// Whether the standard input is meant more than once, by the names of drawings and that of the list.
+bool NamesStandardInputTwice(const std::vector<std::string>& names, const std::string& list);
+
 // All the drawings that the names, the folders and the list mean, in their order. Throws CUsageError when the
-// list cannot be read.
+// list cannot be read, cannot be a list, or names the standard input that it comes from.
 Inputs FindInputs(const Options& options);
 
 // One drawing to be drawn; when it cannot be, the reason is not empty.
@@ -58,7 +61,8 @@ struct Job {
 
 // The drawings with the names of their pictures. A drawing that is named twice occurs once; of different ones
 // that would be drawn to the same picture, and of those whose picture would replace a drawing, only the first
-// is drawn. Throws CUsageError when the output that is asked for cannot hold them.
+// is drawn. Throws CUsageError when the output that is asked for cannot hold them, or is named like a
+// drawing.
 std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options);
 
 } // namespace plexorn

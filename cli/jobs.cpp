@@ -78,6 +78,9 @@ private:
 std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
 {
     bool isFolder = !options.output.empty() && IsFolderForPictures(options.output);
+    // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
+    if (!isFolder && EndsInDxf(options.output))
+        throw CUsageError(options.output + ": a picture's name cannot end in .dxf, as drawings' names do");
     if (inputs.areMany && !options.output.empty() && !isFolder)
         throw CUsageError(options.output +
                           ": several drawings need a folder for their pictures; a name with a "

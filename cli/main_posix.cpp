@@ -1,6 +1,11 @@
 #include "command.h"
 
+#include <csignal>
+
 int main(int argc, char** argv)
 {
+    // A picture beyond the largest file that is allowed fails as on a full disk, and the other drawings go
+    // on.
+    std::signal(SIGXFSZ, SIG_IGN);
     return plexorn::RunCommand(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

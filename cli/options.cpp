@@ -2,12 +2,14 @@
 
 #include "exitcodes.h"
 #include "generate/generate.h"
+#include "inputs.h"
 #include "optionchecks.h"
 #include "optiontable.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 
 namespace plexorn {
@@ -37,10 +39,35 @@ int WrongUsage(const std::string& text)
     return ExitUsage;
 }
 
-bool NamesStandardInputTwice(const Options& options)
+// Ends a command that has printed what it was asked for.
+int Printed()
 {
-    auto count = std::count(options.inputs.begin(), options.inputs.end(), "-");
-    return count + (options.list == "-") > 1;
+    if (std::cout.flush())
+        return ExitDrawn;
+    std::cerr << "plexorn: the standard output cannot be written\n";
+    return ExitFile;
+}
+
+// The command's word behind an option is taken for a drawing's name.
+bool MeansInfo(const Options& options)
+{
+    std::error_code ignored;
+    return !options.isInfo && !options.inputs.empty() && options.inputs[0] == "info" &&
+           !std::filesystem::exists("info", ignored);
+}
+
+// Why the arguments, each of them right, cannot be followed together; empty when they can.
+std::string WhyWrong(const Options& options)
+{
+    if (options.inputs.empty() && options.list.empty())
+        return "FILE is required";
+    if (NamesStandardInputTwice(options.inputs, options.list))
+        return "The standard input can be read once only";
+    if (options.isNullSeparated && options.list.empty())
+        return "--null says how a list is written; give --files-from as well";
+    if (MeansInfo(options))
+        return "info comes first, before its options: plexorn info [OPTIONS] FILE...";
+    return "";
 }
 
 std::variant<Options, int> Parse(const CommandRow& command, std::vector<std::string> arguments,
@@ -59,12 +86,10 @@ std::variant<Options, int> Parse(const CommandRow& command, std::vector<std::str
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, std::cout, std::cerr) == 0 ? ExitDrawn : ExitUsage;
+        return app.exit(error, std::cout, std::cerr) == 0 ? Printed() : static_cast<int>(ExitUsage);
     }
-    if (options.inputs.empty() && options.list.empty())
-        return WrongUsage("FILE is required");
-    if (NamesStandardInputTwice(options))
-        return WrongUsage("The standard input can be read once only");
+    if (std::string reason = WhyWrong(options); !reason.empty())
+        return WrongUsage(reason);
     return options;
 }
 
@@ -77,7 +102,7 @@ std::variant<Options, int> ParseOptions(std::vector<std::string> arguments)
         if (text.empty())
             return WrongUsage("--generate takes man, bash, zsh or fish");
         std::cout << text;
-        return ExitDrawn;
+        return Printed();
     }
     Options options;
     options.isInfo = !arguments.empty() && arguments[0] == "info";

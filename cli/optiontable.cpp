@@ -71,7 +71,9 @@ constexpr OptionRow DrawRows[] = {
      Proposal::Nothing,
      {},
      CheckCount},
-    {"--strict", "", "End with exit code 1 when there was any message about a drawing", &Options::isStrict},
+    {"--strict", "",
+     "End with exit code 1 when there was any message about a drawing, or a drawing's file has no EOF",
+     &Options::isStrict},
     Help,
     {"--version", "", "Print the version and end"},
 };
@@ -98,9 +100,10 @@ constexpr CommandRow Info = {"plexorn info",
 
 constexpr ExitRow ExitRows[] = {
     {ExitDrawn, "drawn (or told, for info), whatever the messages"},
-    {ExitMessages, "drawn, there were messages about a drawing, and --strict was given"},
+    {ExitMessages,
+     "drawn, there were messages about a drawing or its file has no EOF, and --strict was given"},
     {ExitUsage, "wrong usage"},
-    {ExitFile, "the file cannot be read, or the SVG cannot be written"},
+    {ExitFile, "the file cannot be read, or the SVG or what was asked for cannot be written"},
     {ExitNotAsciiDxf, "the file is not an ASCII DXF"},
     {ExitSomeFailed, "of several drawings, at least one failed; the others are drawn"},
 };

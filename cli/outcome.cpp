@@ -94,6 +94,11 @@ std::string OutcomeText(const Outcome& outcome, size_t messages)
     if (outcome.unmarkedEntry != 0)
         out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
                        " may be lost (an entry without a subclass marker)"});
+    if (outcome.otherTexts != 0)
+        out += Joined(
+            {"; ", Count(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
+    if (!outcome.isEnded)
+        out += "; the file has no EOF: it may have been cut off";
     return out;
 }
 
@@ -125,6 +130,7 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, size_t 
         json.Null();
     else
         json.Count(outcome.unmarkedEntry);
+    json.Member("ended", outcome.isEnded).Member("textsNotUtf8", outcome.otherTexts);
     return json.Close('}').Result();
 }
 

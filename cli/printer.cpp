@@ -13,9 +13,9 @@ constexpr size_t MostWaitingBytes = 1 << 24;
 
 constexpr std::chrono::milliseconds ProgressInterval(100);
 
-void PutOut(std::string_view text)
+bool PutOut(std::string_view text)
 {
-    std::fwrite(text.data(), 1, text.size(), stderr);
+    return std::fwrite(text.data(), 1, text.size(), stderr) == text.size() && std::fflush(stderr) == 0;
 }
 
 } // namespace
@@ -56,6 +56,12 @@ void CPrinter::Close(std::string_view lines)
     Write(lines);
 }
 
+bool CPrinter::IsAnyLost()
+{
+    std::lock_guard lock(m_mutex);
+    return m_bLost;
+}
+
 // Prints what waited for its turn, as far as the drawings before it have ended.
 void CPrinter::Advance()
 {
@@ -77,7 +83,8 @@ void CPrinter::Write(std::string_view lines)
     if (lines.empty())
         return;
     ClearProgress();
-    PutOut(lines);
+    if (!PutOut(lines))
+        m_bLost = true;
 }
 
 void CPrinter::ShowProgress()
@@ -90,7 +97,6 @@ void CPrinter::ShowProgress()
         text += ", " + std::to_string(m_nFailed) + " failed";
     ClearProgress();
     PutOut(text);
-    std::fflush(stderr);
     m_nShownWidth = text.size();
     m_shownAt = now;
 }

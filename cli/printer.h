@@ -29,6 +29,8 @@ public:
     void End(size_t number, bool hasFailed);
     // Prints lines behind those of all drawings, which have ended.
     void Close(std::string_view lines);
+    // Whether something could not be printed.
+    bool IsAnyLost();
 
 private:
     struct Waiting {
@@ -46,6 +48,7 @@ private:
     size_t m_nTurn = 0;
     std::map<size_t, Waiting> m_waiting;
     size_t m_nWaitingBytes = 0;
+    bool m_bLost = false;
 
     size_t m_nCount;
     bool m_bShowsProgress;

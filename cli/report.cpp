@@ -118,6 +118,7 @@ void CReport::Failed(std::string_view file, std::string_view reason, ExitCode co
 
 void CReport::Drawn(const Outcome& outcome)
 {
+    m_bCutOff = !outcome.isEnded;
     AddHeldBack();
     if (m_style.isQuiet)
         return;

@@ -35,8 +35,10 @@ struct Outcome {
     double width = 0; // in millimetres; 0: the size is in pixels
     double height = 0;
     std::string_view unit;           // that the size was taken from
-    std::string_view reason;         // of the size
+    std::string reason;              // of the size
     std::uint64_t unmarkedEntry = 0; // DrawingInfo::unmarkedEntry
+    bool isEnded = true;             // DrawingInfo::isEnded
+    std::uint64_t otherTexts = 0;    // pieces of text that are drawn with U+FFFD, as they are not UTF-8
     // The entities that are not drawn and that no message tells of.
     std::map<std::string, std::uint64_t> skipped;
 };
@@ -56,6 +58,8 @@ public:
     void Drawn(const Outcome& outcome);
 
     size_t MessageCount() const { return m_nMessages; }
+    // Whether a drawing was drawn of which a part may be missing in the file.
+    bool IsCutOff() const { return m_bCutOff; }
     // ExitDrawn while nothing failed.
     ExitCode Code() const { return m_code; }
 
@@ -71,6 +75,7 @@ private:
     ReportStyle m_style;
     std::string m_strOut;
     size_t m_nMessages = 0;
+    bool m_bCutOff = false;
     ExitCode m_code = ExitDrawn;
 };
 

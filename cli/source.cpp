@@ -58,7 +58,7 @@ std::string CSource::Open()
     if (fs::is_directory(status))
         return ReasonOf(EISDIR);
     if (!fs::is_regular_file(status))
-        return "not a regular file";
+        return "not a regular file; use - for standard input";
     m_file.reset(OpenForReading(m_path));
     return m_file ? "" : ReasonOf(errno);
 }

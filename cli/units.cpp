@@ -38,13 +38,20 @@ constexpr Unit Units[] = {
 constexpr int MillimetreCode = 4;
 constexpr int InchCode = 1;
 
+std::string WhyNoUnit(const Header& header)
+{
+    if (header.units.value_or(0) == 0)
+        return "the drawing states no unit";
+    return "$INSUNITS " + header.unitsText + " is no unit that is known";
+}
+
 Sizing Guess(const Header& header)
 {
     if (header.measurement == 0)
         return {FindUnit(InchCode), "guessed from $MEASUREMENT"};
     if (header.measurement == 1)
         return {FindUnit(MillimetreCode), "guessed from $MEASUREMENT"};
-    return {FindUnit(MillimetreCode), "guessed, the drawing states no unit"};
+    return {FindUnit(MillimetreCode), "guessed, " + WhyNoUnit(header)};
 }
 
 } // namespace
@@ -81,7 +88,7 @@ Sizing SizingFor(const Header& header, std::string_view choice)
         return {unit, "as asked for"};
     if (const Unit* unit = header.units ? FindUnit(*header.units) : nullptr)
         return {unit, "by $INSUNITS"};
-    return choice == "guess" ? Guess(header) : Sizing{nullptr, "the drawing states no unit"};
+    return choice == "guess" ? Guess(header) : Sizing{nullptr, WhyNoUnit(header)};
 }
 
 } // namespace plexorn

@@ -25,7 +25,7 @@ std::string UnitNames();
 // A picture's size: the unit it is taken from, and the reason, for the closing line.
 struct Sizing {
     const Unit* unit = nullptr; // null: the size is in pixels
-    std::string_view reason;
+    std::string reason;
 };
 
 // The sizing for a drawing with that header, by what was asked for: "header" ($INSUNITS alone), "guess"

@@ -85,10 +85,10 @@ std::string TextInPicture(const std::wstring& text)
     return utf8;
 }
 
-class Session {
+class Run {
 public:
     // At most so many elements; 0: any number.
-    Session(FuzzInput& input, std::size_t mostElements)
+    Run(FuzzInput& input, std::size_t mostElements)
         : m_input(input), m_document(svgHostCreate(), svgHostDestroy),
           m_context(svgHostBeginImport(m_document.get())), m_mostElements(mostElements)
     {
@@ -97,7 +97,7 @@ public:
             svgHostLimitElements(m_document.get(), mostElements);
     }
 
-    void Run()
+    void Draw()
     {
         for (std::size_t i = 0; i < kMostOperations && !m_input.IsAtEnd(); ++i)
             Operate();
@@ -353,8 +353,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         background = input.Text(input.Byte() % 16);
     const std::size_t most = (how & 2) != 0 ? 16 * std::size_t{input.Byte()} : 0;
     const std::size_t mostElements = (how & 0x88) == 0x80 ? std::size_t{1} << (how >> 4 & 7) : 0;
-    Session session(input, mostElements);
-    session.Run();
+    Run run(input, mostElements);
+    run.Draw();
     SvgHostWriteOptions options{};
     if ((how & 1) != 0)
         options.background = background.c_str();
@@ -362,8 +362,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         options.style = background.c_str();
     if ((how & 8) != 0)
         options.unit = kUnits[how >> 4];
-    session.Check(options);
+    run.Check(options);
     if ((how & 2) != 0)
-        session.CheckStop(most);
+        run.CheckStop(most);
     return 0;
 }

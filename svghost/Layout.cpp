@@ -125,7 +125,7 @@ ViewBox viewBoxRound(const Box& box)
         {std::fabs(box.low().x), std::fabs(box.low().y), std::fabs(box.high().x), std::fabs(box.high().y)});
     const double larger = std::max(width, height);
     const double margin = std::max({larger * 0.02, farthest * 1e-6, larger > 0 ? 0.0 : 0.5});
-    return {box.low().x - margin, box.low().y - margin, width + 2 * margin, height + 2 * margin};
+    return {box.low().x - margin, box.low().y - margin, width + 2 * margin, height + 2 * margin, false};
 }
 
 } // namespace

@@ -29,6 +29,7 @@ struct ViewBox {
     double y = 0;
     double width = 100;
     double height = 100;
+    bool isMadeUp = true; // there is nothing that it could be taken from
 };
 
 struct Layout {

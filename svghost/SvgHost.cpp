@@ -100,7 +100,7 @@ bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox)
         return false;
     try {
         const ViewBox& box = document->layout().viewBox;
-        *viewBox = {box.x, box.y, box.width, box.height};
+        *viewBox = {box.x, box.y, box.width, box.height, box.isMadeUp};
         return !document->shortOfMemory;
     } catch (...) {
         return false;

@@ -50,7 +50,7 @@ typedef struct SvgHostWriteOptions {
                                  into the file as the background does */
     double unit;            /**< how many millimetres one unit of the drawing is long: the root's width and
                                  height are written in millimetres; 0, or what makes them no number that a
-                                 viewer can hold: the larger side has 1024 pixels */
+                                 viewer can hold, or nothing to measure: the larger side has 1024 pixels */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -126,6 +126,7 @@ typedef struct SvgHostViewBox {
     double y;      /**< its upper side; y grows downwards */
     double width;  /**< more than 0 */
     double height; /**< more than 0 */
+    bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above tell nothing then */
 } SvgHostViewBox;
 
 /** Lays the picture out and gives its view box. False, and then nothing in viewBox can be relied on, when

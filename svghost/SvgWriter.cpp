@@ -103,14 +103,14 @@ void SvgWriter::setPixelSize()
     setJoined("height", pixels(box.height));
 }
 
-// False, with nothing set, when there is no unit or its sides are none that a viewer can hold.
+// False, with nothing set, when there is no unit, nothing to measure, or a side that no viewer can hold.
 bool SvgWriter::setPhysicalSize(double unit)
 {
     const double width = m_layout.viewBox.width * unit;
     const double height = m_layout.viewBox.height * unit;
     // Numbers smaller than a float are not drawable either, and would be written as 0.
     const auto isSide = [](double side) { return isDrawable(side) && static_cast<float>(side) > 0; };
-    if (!isSide(width) || !isSide(height))
+    if (m_layout.viewBox.isMadeUp || !isSide(width) || !isSide(height))
         return false;
     setJoined("width", static_cast<float>(width), "mm");
     setJoined("height", static_cast<float>(height), "mm");

@@ -38,11 +38,45 @@ std::string BashValueCase(const OptionRow& row)
         pattern = std::string(row.ShortName()) + " | " + pattern;
     std::string out = "        " + pattern + ")\n";
     if (row.proposal == Proposal::Files)
-        out += "            COMPREPLY=($(compgen -f -- \"$current\"))\n";
+        out += "            mapfile -t COMPREPLY < <(compgen -f -- \"$current\")\n";
     else if (row.proposal == Proposal::Words)
-        out += "            COMPREPLY=($(compgen -W " + Quoted(row.words) + " -- \"$current\"))\n";
+        out += "            mapfile -t COMPREPLY < <(compgen -W " + Quoted(row.words) + " -- \"$current\")\n";
     return out + "            return\n            ;;\n";
 }
+
+// Names have blanks and characters of patterns, and so they are read line by line. The shell cuts --units=m
+// into three words. Behind -- stand no options.
+constexpr std::string_view BashStart =
+    "# Completion of the command plexorn for bash.\n"
+    "_plexorn_drawings()\n{\n"
+    "    mapfile -t COMPREPLY < <(compgen -d -- \"$1\"; compgen -f -X '!*.[dD][xX][fF]' -- \"$1\")\n"
+    "}\n"
+    "_plexorn()\n{\n"
+    "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} i\n"
+    "    for ((i = 1; i < COMP_CWORD; ++i)); do\n"
+    "        if [[ ${COMP_WORDS[i]} == -- ]]; then\n"
+    "            _plexorn_drawings \"$current\"\n"
+    "            return\n"
+    "        fi\n"
+    "    done\n"
+    "    if [[ $current == = ]]; then\n"
+    "        current=\n"
+    "    elif [[ $previous == = ]]; then\n"
+    "        previous=${COMP_WORDS[COMP_CWORD - 2]}\n"
+    "    fi\n";
+
+constexpr std::string_view BashEnd =
+    "    esac\n"
+    "    if [[ $current == -* ]]; then\n"
+    "        mapfile -t COMPREPLY < <(compgen -W \"$options\" -- \"$current\")\n"
+    "        return\n"
+    "    fi\n"
+    "    _plexorn_drawings \"$current\"\n"
+    "    if [[ $COMP_CWORD == 1 && info == \"$current\"* ]]; then\n"
+    "        COMPREPLY+=(info)\n"
+    "    fi\n"
+    "}\n"
+    "complete -o filenames -F _plexorn plexorn\n";
 
 // An option as zsh's _arguments takes it.
 std::string ZshRow(const OptionRow& row)
@@ -87,34 +121,17 @@ std::string FishRow(const OptionRow& row, std::string_view condition)
 
 std::string BashCompletion()
 {
-    std::string out = "# Completion of the command plexorn for bash.\n"
-                      "_plexorn()\n{\n"
-                      "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}\n"
-                      "    local options=" +
-                      Quoted(NamesOf(DrawCommand())) +
-                      "\n"
-                      "    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then\n"
-                      "        options=" +
-                      Quoted(NamesOf(InfoCommand())) +
-                      "\n    fi\n"
-                      "    case $previous in\n";
+    std::string out = Joined({BashStart, "    local options=", Quoted(NamesOf(DrawCommand())),
+                              "\n"
+                              "    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then\n"
+                              "        options=",
+                              Quoted(NamesOf(InfoCommand())),
+                              "\n    fi\n"
+                              "    case $previous in\n"});
     for (const OptionRow& row : DrawCommand().options)
         if (!row.value.empty())
             out += BashValueCase(row);
-    out +=
-        "    esac\n"
-        "    if [[ $current == -* ]]; then\n"
-        "        COMPREPLY=($(compgen -W \"$options\" -- \"$current\"))\n"
-        "        return\n"
-        "    fi\n"
-        "    local IFS=$'\\n'\n"
-        "    COMPREPLY=($(compgen -d -- \"$current\") $(compgen -f -X '!*.[dD][xX][fF]' -- \"$current\"))\n"
-        "    if [[ $COMP_CWORD == 1 && info == \"$current\"* ]]; then\n"
-        "        COMPREPLY+=(info)\n"
-        "    fi\n"
-        "}\n"
-        "complete -o filenames -F _plexorn plexorn\n";
-    return out;
+    return out.append(BashEnd);
 }
 
 std::string ZshCompletion()

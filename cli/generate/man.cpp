@@ -114,8 +114,7 @@ std::string ManualPage()
         out.append(".TP\n.B ")
             .append(std::to_string(row.code))
             .append("\n")
-            .append(Escaped(row.help))
-            .append(".\n");
+            .append(Filled(Joined({row.help, "."})));
     return out.append(Examples);
 }
 

@@ -28,6 +28,9 @@ private:
     void* m_pConverter = nullptr;
 };
 
+// Whether the module takes a drawing's texts for UTF-8 on this system, whatever code page the drawing names.
+bool AreTextsTakenForUtf8();
+
 // The number at the end of a code page's name; that of the Western European one when none stands there.
 unsigned CodePageNumber(std::string_view name);
 

@@ -14,6 +14,11 @@ const iconv_t None = std::bit_cast<iconv_t>(std::intptr_t{-1});
 
 } // namespace
 
+bool AreTextsTakenForUtf8()
+{
+    return true;
+}
+
 CCodePage::CCodePage(std::string_view name) : m_nNumber(CodePageNumber(name))
 {
     iconv_t converter = iconv_open("UTF-8", ("CP" + std::to_string(m_nNumber)).c_str());

@@ -6,6 +6,11 @@
 
 namespace plexorn {
 
+bool AreTextsTakenForUtf8()
+{
+    return GetACP() == CP_UTF8;
+}
+
 CCodePage::CCodePage(std::string_view name) : m_nNumber(CodePageNumber(name)) {}
 
 CCodePage::~CCodePage() = default;

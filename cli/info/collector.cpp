@@ -1,6 +1,7 @@
 #include "cli/info/collector.h"
 
 #include "cli/info/numbers.h"
+#include "cli/utf8.h"
 
 #include <algorithm>
 #include <iterator>
@@ -24,7 +25,7 @@ bool CCollector::Take(const CPairScanner& pair)
         EndRecord();
         return Begin(pair.Value(), pair.Line());
     }
-    TakeValue(pair.Code(), pair.Value());
+    TakeValue(pair.Code(), pair.Value(), pair.Line());
     return true;
 }
 
@@ -32,13 +33,13 @@ bool CCollector::Begin(std::string_view name, std::uint64_t line)
 {
     m_record = Record::None;
     m_nLine = line;
+    m_info.isEnded = name == "EOF";
     if (name == "SECTION") {
         m_section = Section::Named;
         m_bInBlock = false;
     } else if (name == "ENDSEC") {
         m_section = Section::None;
     } else if (m_section == Section::None && name == "EOF") {
-        m_info.isEnded = true;
         return false;
     } else if (m_section == Section::Tables) {
         BeginEntry(name);
@@ -155,15 +156,29 @@ void CCollector::EndEntity()
         KeepText();
 }
 
+bool CCollector::HasTexts() const
+{
+    return std::find(std::begin(TextTypes), std::end(TextTypes), m_strType) != std::end(TextTypes);
+}
+
+void CCollector::CheckText(std::string_view value, std::uint64_t line)
+{
+    auto isBeyondAscii = [](char character) { return static_cast<unsigned char>(character) > 0x7F; };
+    if (std::none_of(value.begin(), value.end(), isBeyondAscii) || !HasTexts() || ValidUtf8(value) == value)
+        return;
+    if (m_info.otherTexts++ == 0)
+        m_info.firstOtherText = line;
+}
+
 void CCollector::KeepText()
 {
-    if (std::find(std::begin(TextTypes), std::end(TextTypes), m_strType) == std::end(TextTypes))
+    if (!HasTexts())
         return;
     m_info.texts.push_back(
         {m_strType, m_strLayer, m_bInBlock ? m_strBlock : std::string(), m_strText, m_nLine});
 }
 
-void CCollector::TakeValue(int code, std::string_view value)
+void CCollector::TakeValue(int code, std::string_view value, std::uint64_t line)
 {
     if (m_section == Section::Named && code == 2) {
         constexpr std::string_view names[] = {"HEADER", "TABLES", "BLOCKS", "ENTITIES"};
@@ -179,6 +194,8 @@ void CCollector::TakeValue(int code, std::string_view value)
             m_strName = value;
     } else if (m_record == Record::Entity) {
         TakeEntity(code, value);
+        if (code == 1 || code == 3)
+            CheckText(value, line);
     }
 }
 

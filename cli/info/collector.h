@@ -33,9 +33,11 @@ private:
     void EndBlockHeader();
     void EndEntity();
     void KeepText();
-    void TakeValue(int code, std::string_view value);
+    void TakeValue(int code, std::string_view value, std::uint64_t line);
     void TakeEntry(int code, std::string_view value);
     void TakeEntity(int code, std::string_view value);
+    bool HasTexts() const;
+    void CheckText(std::string_view value, std::uint64_t line);
 
     DrawingInfo& m_info;
     CHeaderReader m_header;

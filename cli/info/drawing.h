@@ -100,8 +100,10 @@ struct DrawingInfo {
     std::uint64_t hiddenEntities = 0; // by their own flag
     std::uint64_t oddLines = 0;       // where a group code belongs and none stands
     std::uint64_t firstOddLine = 0;
-    std::uint64_t unmarkedEntry = 0; // the line of the first one that needs a marker and has none
-    bool isEnded = false;            // whether the file has its EOF
+    std::uint64_t otherTexts = 0;     // pieces of text that are not UTF-8
+    std::uint64_t firstOtherText = 0; // the line of the first one
+    std::uint64_t unmarkedEntry = 0;  // the line of the first one that needs a marker and has none
+    bool isEnded = false;             // whether the file ends with its EOF
 };
 
 // Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that

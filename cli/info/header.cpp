@@ -32,6 +32,7 @@ void CHeaderReader::Take(int code, std::string_view value)
         m_header.codePage = value;
     } else if (m_strVariable == "$INSUNITS" && code == 70) {
         m_header.units = LeadingInteger(value);
+        m_header.unitsText = value.substr(0, value.find_first_not_of("0123456789", 1));
     } else if (m_strVariable == "$MEASUREMENT" && code == 70) {
         m_header.measurement = LeadingInteger(value);
     } else if (code == 10 || code == 20) {

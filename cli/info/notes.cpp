@@ -1,4 +1,7 @@
+#include "cli/info/codepage.h"
 #include "cli/info/tell.h"
+#include "cli/joined.h"
+#include "cli/utf8.h"
 
 #include <algorithm>
 
@@ -9,6 +12,16 @@ namespace {
 std::string Numbered(std::uint64_t number, std::string_view singular, std::string_view plural)
 {
     return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
+}
+
+std::string OtherTextsNote(const DrawingInfo& info)
+{
+    std::string page;
+    if (!info.header.codePage.empty())
+        page = Joined({" ($DWGCODEPAGE is ", Printable(ValidUtf8(info.header.codePage)), ")"});
+    return Joined({Numbered(info.otherTexts, "text is", "texts are"), " not UTF-8", page,
+                   ", the first at line ", std::to_string(info.firstOtherText),
+                   "; what is no UTF-8 is drawn as U+FFFD"});
 }
 
 std::uint64_t EntitiesOnHiddenLayers(const DrawingInfo& info)
@@ -41,12 +54,16 @@ std::vector<std::string> NotesOn(const DrawingInfo& info)
                         std::to_string(info.firstOddLine));
     if (!info.isEnded)
         notes.push_back("the file has no EOF: it may have been cut off");
+    if (info.otherTexts != 0 && AreTextsTakenForUtf8())
+        notes.push_back(OtherTextsNote(info));
     if (std::uint64_t count = EntitiesOnHiddenLayers(info))
-        notes.push_back(Numbered(count, "entity is", "entities are") +
-                        " on layers that are off or frozen; they are drawn all the same");
+        notes.push_back(
+            Numbered(count, "entity is on a layer that is off or frozen; it is drawn all the same",
+                     "entities are on layers that are off or frozen; they are drawn all the same"));
     if (info.hiddenEntities != 0)
-        notes.push_back(Numbered(info.hiddenEntities, "entity is", "entities are") +
-                        " invisible by a flag of their own; they are in the picture, hidden");
+        notes.push_back(Numbered(
+            info.hiddenEntities, "entity is invisible by a flag of its own; it is in the picture, hidden",
+            "entities are invisible by a flag of their own; they are in the picture, hidden"));
     if (std::uint64_t count = MissingBlocks(info))
         notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
     return notes;

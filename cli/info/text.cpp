@@ -35,7 +35,7 @@ std::string UnitText(const Header& header)
     if (!header.units)
         return "not stated";
     const Unit* unit = FindUnit(*header.units);
-    std::string code = " ($INSUNITS " + std::to_string(*header.units) + ")";
+    std::string code = " ($INSUNITS " + header.unitsText + ")";
     return (unit ? std::string(unit->name) : *header.units == 0 ? "none" : "unknown") + code;
 }
 
@@ -104,7 +104,7 @@ public:
 
     void AddTables()
     {
-        CTable layers({"layers", ">entities", ">colour", "line type", ">weight", "state"});
+        CTable layers({"layers", ">entities", ">colour", "line type", ">weight (0.01 mm)", "state"});
         for (const LayerInfo& layer : m_info.layers)
             layers.Add({Safe(layer.name), std::to_string(layer.entities), std::to_string(layer.colour),
                         Safe(layer.lineType), WeightText(layer), StateText(layer)});

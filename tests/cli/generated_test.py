@@ -88,7 +88,7 @@ class Bash(GeneratedTest):
 
     def setUp(self):
         super().setUp()
-        for name in ("a plan.dxf", "B.DXF", "notes.txt"):
+        for name in ("a plan.dxf", "B.DXF", "notes.txt", "x y.txt"):
             self.file(name, "")
         os.mkdir(os.path.join(self.folder, "folder"))
 
@@ -110,7 +110,20 @@ class Bash(GeneratedTest):
         self.assertEqual(self.complete("--messages", ""), ["json", "text"])
         self.assertEqual(self.complete("--units", "u"), ["uin", "um", "usft", "usin", "usmi", "usyd"])
         self.assertIn("notes.txt", self.complete("-o", "n"))
+        self.assertEqual(self.complete("-o", "x"), ["x y.txt"])
         self.assertEqual(self.complete("-j", ""), [""])
+
+    def test_values_behind_an_equals_sign(self):
+        self.assertEqual(self.complete("--units", "=", "m"), ["m", "mi", "mil", "mm"])
+        self.assertEqual(self.complete("--messages", "=", "j"), ["json"])
+        self.assertEqual(self.complete("--messages", "="), ["json", "text"])
+        self.assertEqual(self.complete("--output", "=", "x"), ["x y.txt"])
+
+    def test_behind_two_dashes_stand_files(self):
+        self.file("-q.dxf", "")
+        self.assertEqual(self.complete("--", "-"), ["-q.dxf"])
+        self.assertEqual(self.complete("--", "--units", "a"), ["a plan.dxf"])
+        self.assertEqual(self.complete("info", "--", ""), ["-q.dxf", "B.DXF", "a plan.dxf", "folder"])
 
 
 class Zsh(GeneratedTest):

@@ -108,7 +108,7 @@ class Contents(InfoTest):
     def test_notes(self):
         self.assertEqual(self.info(WHOLE)["notes"], [
             "4 entities are on layers that are off or frozen; they are drawn all the same",
-            "1 entity is invisible by a flag of their own; they are in the picture, hidden",
+            "1 entity is invisible by a flag of its own; it is in the picture, hidden",
             "1 block is inserted but not defined"])
         self.assertEqual(self.info(DRAWING)["notes"], [])
         self.assertIn("cut off", self.info(DRAWING[:-8])["notes"][0])
@@ -130,10 +130,16 @@ class Contents(InfoTest):
                      "extents (-1.5, 2) to (10, 20.25)", "limits (0, 0) to (420, 297)",
                      f"HATCH 1 0 {line_of(WHOLE, 'HATCH')} skipped: not drawn by this version",
                      f"MULTILEADER 1 1 {line_of(WHOLE, 'MULTILEADER')} reported as unknown; in blocks passed over",
-                     "Walls 4 -3 DASHED 25 off, frozen", "Notes 3 0 default not in the table",
+                     "weight (0.01 mm)", "Walls 4 -3 DASHED 25 off, frozen", "Notes 3 0 default not in the table",
                      "DASHED 1 2 2.5 Dashed __ __", "Door 3 1 ", "Nowhere 0 1 0 not defined", "Notes Hello",
                      "note: 1 block is inserted but not defined"):
             self.assertIn(text, words)
+
+
+    def test_a_unit_that_is_not_known_is_shown_as_it_stands(self):
+        for code in ("25", "-1", "99999999999"):
+            self.write("plan.dxf", dxf("0", "SECTION", "2", "HEADER", "9", "$INSUNITS", "70", code, "0", "ENDSEC"))
+            self.assertIn(f"unknown ($INSUNITS {code})\n", self.plexorn("info", "plan.dxf").stdout)
 
 
 class Usage(InfoTest):

@@ -1,7 +1,7 @@
 """Messages for programs, and how many of them are printed."""
 import json
 
-from command_support import CommandTest, DRAWING_WITH_MESSAGE, SOLID_MESSAGE, entities
+from command_support import CommandTest, DRAWING_WITH_MESSAGE, SOLID_MESSAGE, dxf, entities
 
 
 class Json(CommandTest):
@@ -18,7 +18,13 @@ class Json(CommandTest):
         self.assertEqual(drawn, {"type": "drawn", "file": "plan.dxf", "picture": "plan.svg", "elements": 1,
                                  "messages": 1, "unit": None, "width": None, "height": None,
                                  "sizing": "the drawing states no unit", "findings": {}, "skipped": {},
-                                 "unmarkedEntry": None})
+                                 "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0})
+
+    def test_a_file_without_an_end_is_told(self):
+        self.write("plan.dxf", entities()[:-len("  0\nEOF\n")])
+        self.assertIs(self.objects(0, "plan.dxf")[0]["ended"], False)
+        self.write("plan.dxf", dxf("0", "SECTION", "2", "ENTITIES", "0", "EOF"))
+        self.assertIs(self.objects(0, "plan.dxf")[-1]["ended"], True)
 
     def test_a_message_without_a_line_has_null(self):
         part = ("100", "AcDbDimension")

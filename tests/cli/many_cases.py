@@ -109,6 +109,31 @@ class Lists(Many):
     def test_a_list_that_cannot_be_read(self):
         self.assertIn("none: cannot be read: No such file or directory", self.expect(2, "--files-from", "none"))
 
+    def test_a_list_with_nul_bytes_is_wrong_usage_without_null(self):
+        for name in ("a.dxf", "b.dxf"):
+            self.write(name)
+        for command in ([], ["info"]):
+            for end in (b"", b"\0"):
+                printed = self.expect(2, *command, "--files-from", "-", stdin=None, input=b"a.dxf\0b.dxf" + end)
+                self.assertIn("the list has NUL bytes; give --null\n", printed)
+        self.assertEqual(self.names(), ["a.dxf", "b.dxf"])
+
+    def test_a_list_on_the_standard_input_cannot_name_it(self):
+        self.write("a.dxf")
+        for command in ([], ["info"]):
+            printed = self.expect(2, *command, "--files-from", "-", stdin=None, input=b"a.dxf\n-\n")
+            self.assertIn("can be read once only", printed)
+        self.write("list", b"-\n")
+        self.expect(0, "--files-from", "list", "-o", "out/", stdin=None, input=DRAWING)
+        self.expect(2, "--files-from", "list", "-", "-o", "out/", stdin=None, input=DRAWING)
+        self.assertEqual(self.names(), ["a.dxf", "list", "out"])
+
+    def test_null_without_a_list_is_wrong_usage(self):
+        self.write("a.dxf")
+        for command in ([], ["info"]):
+            for option in ("-0", "--null"):
+                self.assertIn("give --files-from", self.expect(2, *command, option, "a.dxf"))
+
     def test_an_empty_list_draws_nothing(self):
         self.assertRegex(self.expect(0, "--files-from", "-", "-o", "out/"), r"^0 drawn, 0 failed, 0 messages, \d+ ms$")
         self.assertEqual(self.names(), [])
@@ -128,6 +153,18 @@ class Clashes(Many):
         self.write("in/x.dxf")
         self.assertIn(" drawn to ", self.expect(0, "in/x.dxf", "in/x.dxf", "in/../in/x.dxf", "in"))
         self.assertNotIn("drawn, 0 failed", self.expect(0, "in/x.dxf", "in"))
+
+    def test_a_picture_is_not_named_like_a_drawing(self):
+        self.write("a.dxf")
+        self.write("b.dxf", entities(*LINE * 2))
+        before = self.read("a.dxf")
+        for output in ("a.dxf", "./A.DXF", "new.Dxf"):
+            self.assertIn("cannot end in .dxf", self.expect(2, "b.dxf", "-o", output))
+        self.assertEqual((self.names(), self.read("a.dxf")), (["a.dxf", "b.dxf"], before))
+        os.mkdir(self.path("folder.dxf"))
+        self.expect(0, "b.dxf", "-o", "folder.dxf")
+        self.expect(0, "b.dxf", "-o", "other.dxf/")
+        self.assertEqual(self.pictures(), ["folder.dxf/b.svg", "other.dxf/b.svg"])
 
     def test_no_drawing_is_replaced_by_the_picture_of_another(self):
         self.write("plan.dxf")
@@ -200,6 +237,14 @@ class Answers(Many):
         self.expect(1, "--strict", "--max-messages", "0", "a.dxf", "b.dxf")
         self.expect(5, "--strict", "a.dxf", "b.dxf", "c.dxf")
         self.expect(4, "--strict", "c.dxf")
+
+    def test_strict_counts_a_file_that_is_cut_off(self):
+        self.write("a.dxf")
+        self.write("b.dxf", DRAWING[:-len(b"  0\nEOF\n")])
+        self.expect(0, "b.dxf")
+        self.expect(1, "--strict", "b.dxf")
+        self.expect(1, "--strict", "-q", "a.dxf", "b.dxf")
+        self.assertIn("; the file has no EOF: it may have been cut off\n", self.expect(0, "a.dxf", "b.dxf"))
 
 
 class Streams(Many):

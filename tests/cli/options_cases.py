@@ -89,6 +89,14 @@ class Options(CommandTest):
             with self.subTest(arguments=arguments):
                 self.assertIn("--help", self.expect(2, *arguments))
 
+    def test_info_comes_first(self):
+        self.write("plan.dxf")
+        self.assertIn("info comes first", self.expect(2, "--strict", "info", "plan.dxf"))
+        self.assertEqual(self.names(), ["plan.dxf"])
+        self.write("info")
+        self.expect(0, "--strict", "info", "plan.dxf")
+        self.assertEqual(self.names(), ["info", "info.svg", "plan.dxf", "plan.svg"])
+
     def test_values_that_cannot_be(self):
         self.write("plan.dxf")
         for option, values in (("-j", ("0", "-1", "x", "1000", "")), ("--units", ("mile", "MM", "")),

@@ -78,12 +78,25 @@ class Size(PictureTest):
                 (insunits(4), [], ", 104 x 54.01 mm (the unit is mm, by $INSUNITS)\n"),
                 (insunits(4), ["--units", "cm"], ", 1040 x 540.1 mm (the unit is cm, as asked for)\n"),
                 (b"", [], ", size in pixels (the drawing states no unit)\n"),
+                (insunits(0), [], ", size in pixels (the drawing states no unit)\n"),
+                (insunits(25), [], ", size in pixels ($INSUNITS 25 is no unit that is known)\n"),
+                (insunits(-1), [], ", size in pixels ($INSUNITS -1 is no unit that is known)\n"),
+                (insunits(99999999999), [], ", size in pixels ($INSUNITS 99999999999 is no unit that is known)\n"),
+                (insunits(25), ["--units", "guess"],
+                 " mm (the unit is mm, guessed, $INSUNITS 25 is no unit that is known)\n"),
                 (b"", ["--units", "none"], ", size in pixels (as asked for)\n"),
                 (b"", ["--units", "guess"], " mm (the unit is mm, guessed, the drawing states no unit)\n"),
                 (header("9", "$MEASUREMENT", "70", "0"), ["--units", "guess"],
                  " mm (the unit is in, guessed from $MEASUREMENT)\n")):
             printed = self.draw(content + entities(*LONG_LINE), *options)[1]
             self.assertTrue(printed.endswith(told), printed)
+
+    def test_nothing_to_measure_has_no_size_in_millimetres(self):
+        for content in (entities(), entities("0", "INSERT", "2", "NOWHERE"),
+                        entities(*LONG_LINE[:2], "60", "1", *LONG_LINE[2:])):
+            picture, printed = self.draw(insunits(6) + content)
+            self.assertNotIn("mm", picture[:picture.index(">", picture.index("<svg"))])
+            self.assertIn("size in pixels (there is nothing to measure)", printed)
 
     def test_the_unit_changes_nothing_else(self):
         content = insunits(6) + entities(*LONG_LINE, *LINE)

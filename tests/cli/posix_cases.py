@@ -11,7 +11,7 @@ import sys
 import time
 
 import command_support
-from command_support import LINE, NOBODY, CommandTest, DRAWING, DRAWING_WITH_MESSAGE, entities
+from command_support import LINE, NOBODY, CommandTest, DRAWING, DRAWING_WITH_MESSAGE, dxf, entities
 
 
 class Permissions(CommandTest):
@@ -77,7 +77,7 @@ class SpecialFiles(CommandTest):
     def test_a_pipe_is_refused_at_once(self):
         os.mkfifo(self.path("plan.dxf"))
         self.assertEqual(self.expect(3, "plan.dxf", timeout=10),
-                         "plan.dxf: cannot be read: not a regular file\n")
+                         "plan.dxf: cannot be read: not a regular file; use - for standard input\n")
 
     def test_a_device_is_refused_at_once(self):
         self.assertIn("not a regular file", self.expect(3, "/dev/zero", timeout=10))
@@ -152,16 +152,26 @@ class SpecialFiles(CommandTest):
 
 class NoHalfFile(CommandTest):
     def limited(self, *arguments):
-        """Runs the command where a file cannot grow past 64 bytes."""
+        """Runs the command where a file cannot grow past 64 bytes; a process that grows one is sent a signal."""
         def limit():
-            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            signal.signal(signal.SIGXFSZ, signal.SIG_DFL)
             resource.setrlimit(resource.RLIMIT_FSIZE, (64, 64))
-        return self.expect(3, "-q", *arguments, preexec_fn=limit)
+        code = 5 if len(arguments) > 1 else 3
+        return self.expect(code, "-q", *arguments, preexec_fn=limit)
 
     def test_a_full_disk_leaves_nothing(self):
         self.write("plan.dxf")
         self.assertEqual(self.limited("plan.dxf"), "plan.svg: cannot be written: File too large\n")
         self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_a_file_that_may_not_grow_stops_no_other_drawing(self):
+        for name in ("a.dxf", "b.dxf"):
+            self.write(name)
+        printed = self.limited("a.dxf", "none.dxf", "b.dxf")
+        self.assertEqual(printed, "a.svg: cannot be written: File too large\n"
+                                  "none.dxf: cannot be read: No such file or directory\n"
+                                  "b.svg: cannot be written: File too large\n")
+        self.assertEqual(self.names(), ["a.dxf", "b.dxf"])
 
     def test_a_full_disk_leaves_the_older_picture(self):
         self.write("plan.dxf")
@@ -175,11 +185,69 @@ class NoHalfFile(CommandTest):
         self.assertEqual(self.expect(3, "-q", "plan.dxf", "-o", "/dev/full"),
                          "/dev/full: cannot be written: No space left on device\n")
 
+    def code_on_full_device(self, stream, *arguments):
+        """The exit code when what is printed to that stream cannot be written."""
+        with open("/dev/full", "wb") as full:
+            streams = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: full}
+            return subprocess.run([command_support.COMMAND, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL,
+                                  **streams).returncode
+
+    def test_a_report_for_programs_that_is_lost(self):
+        self.write("plan.dxf")
+        self.assertEqual(self.code_on_full_device("stderr", "--messages=json", "plan.dxf"), 3)
+        self.assertEqual(self.code_on_full_device("stderr", "--messages=json", "plan.dxf", "none.dxf"), 3)
+        self.assertEqual(self.code_on_full_device("stderr", "-q", "--messages=json", "plan.dxf"), 0)
+        self.assertEqual(self.code_on_full_device("stderr", "plan.dxf"), 0)
+
+    def test_an_answer_that_cannot_be_written(self):
+        for arguments in (["--help"], ["info", "--help"], ["--version"], ["--generate", "man"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.code_on_full_device("stdout", *arguments), 3)
+                self.assertEqual(self.plexorn(*arguments).returncode, 0)
+
     def test_a_drawing_that_is_refused_leaves_the_older_picture(self):
         self.write("plan.dxf", b"PK\x03\x04")
         self.write("plan.svg", b"old")
         self.expect(4, "plan.dxf")
         self.assertEqual(self.read("plan.svg"), "old")
+
+
+class Texts(CommandTest):
+    CONTENT = entities("0", "TEXT", "40", "1", "1", "Tür 1", "0", "MTEXT", "40", "1", "3", "Tür", "1", "Tor", "0",
+                       "TEXT", "40", "1", "1", "Tür 2")
+
+    def test_texts_that_are_not_utf_8_are_told(self):
+        self.write("plan.dxf", self.CONTENT.decode().encode("latin-1"))
+        self.assertIn("; 3 texts are not UTF-8 (drawn with U+FFFD)\n", self.expect(0, "plan.dxf"))
+        self.assertIn("T\ufffdr", self.read("plan.svg"))
+        self.assertIn('"textsNotUtf8":3', self.expect(0, "--messages=json", "plan.dxf"))
+        self.assertIn("note: 3 texts are not UTF-8, the first at line 10; what is no UTF-8 is drawn as U+FFFD\n",
+                      self.plexorn("info", "plan.dxf").stdout)
+
+    def test_the_code_page_stands_in_the_note(self):
+        page = dxf("0", "SECTION", "2", "HEADER", "9", "$DWGCODEPAGE", "3", "ANSI_1252", "0", "ENDSEC")
+        self.write("plan.dxf", page + self.CONTENT.decode().encode("latin-1"))
+        self.assertIn("3 texts are not UTF-8 ($DWGCODEPAGE is ANSI_1252), the first at line 20",
+                      self.plexorn("info", "plan.dxf").stdout)
+
+    def test_nothing_is_told_of_utf_8(self):
+        self.write("plan.dxf", self.CONTENT)
+        self.assertNotIn("UTF-8", self.expect(0, "plan.dxf") + self.plexorn("info", "plan.dxf").stdout)
+
+
+class Descriptors(CommandTest):
+    def test_a_reason_is_told_when_there_are_too_few(self):
+        self.write("plan.dxf")
+        for count in range(3, 8):
+            def limit(count=count):
+                resource.setrlimit(resource.RLIMIT_NOFILE, (count, count))
+            result = subprocess.run([command_support.COMMAND, "-q", "plan.dxf"], cwd=self.folder, close_fds=True,
+                                    capture_output=True, text=True, preexec_fn=limit)
+            if result.returncode == 0:
+                break
+            if result.returncode == 3:
+                self.assertRegex(result.stderr, r"cannot be (read|written): Too many open files\n$")
+        self.assertEqual(result.returncode, 0)
 
 
 class Interruption(CommandTest):

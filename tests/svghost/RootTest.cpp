@@ -98,6 +98,17 @@ TEST(Root, ViewBoxIsTheOneThatIsWritten)
     EXPECT_FLOAT_EQ(static_cast<float>(asked.y), static_cast<float>(box.y));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.width), static_cast<float>(box.width));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.height), static_cast<float>(box.height));
+    EXPECT_FALSE(asked.isMadeUp);
     EXPECT_FALSE(svgHostGetViewBox(nullptr, &asked));
     EXPECT_FALSE(svgHostGetViewBox(document.get(), nullptr));
+}
+
+TEST(Root, ADocumentWithoutPlacesHasAViewBoxThatIsMadeUpAndNoPhysicalSize)
+{
+    HostDocument document;
+    SvgHostViewBox asked{};
+    ASSERT_TRUE(svgHostGetViewBox(document.get(), &asked));
+    EXPECT_TRUE(asked.isMadeUp);
+    EXPECT_GT(asked.width, 0);
+    EXPECT_EQ(written(document, 25.4), written(document, 0));
 }
