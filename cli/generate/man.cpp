@@ -63,7 +63,7 @@ constexpr std::string_view Messages = "Messages about a drawing go to the standa
                                       "from, and which entities are not drawn. For "
                                       "several drawings a last line sums up. On a terminal names and "
                                       "failures are set off, unless the environment "
-                                      "variable NO_COLOR is set. A picture is written whole or not at all: "
+                                      "variable NO_COLOR is set and not empty. A picture is written whole or not at all: "
                                       "an older one stays until the new one is "
                                       "complete.";
 
