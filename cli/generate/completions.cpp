@@ -117,17 +117,21 @@ std::string FishRow(const OptionRow& row, std::string_view condition)
     return out.append(" -d ").append(Quoted(Brief(row.help))).append("\n");
 }
 
+constexpr std::string_view BashInfo = R"(
+    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
+        options=)";
+
+constexpr std::string_view BashCases = R"(
+    fi
+    case $previous in
+)";
+
 } // namespace
 
 std::string BashCompletion()
 {
-    std::string out = Joined({BashStart, "    local options=", Quoted(NamesOf(DrawCommand())),
-                              "\n"
-                              "    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then\n"
-                              "        options=",
-                              Quoted(NamesOf(InfoCommand())),
-                              "\n    fi\n"
-                              "    case $previous in\n"});
+    std::string out = Joined({BashStart, "    local options=", Quoted(NamesOf(DrawCommand())), BashInfo,
+                              Quoted(NamesOf(InfoCommand())), BashCases});
     for (const OptionRow& row : DrawCommand().options)
         if (!row.value.empty())
             out += BashValueCase(row);
