@@ -22,8 +22,7 @@ enum DXF_ENTITY_TYPE : std::int32_t {
 
 // What few entities have: one of thirty, in forty real drawings. A record without any of it refers to
 // kDxfNoRare, which holds the default values; that takes a record of a line from 232 bytes to 128 (one that
-// has some of it to 240), and as memory must be cleared before it is first used, a fifth off the time of
-// reading.
+// has some of it to 240), and with the handles in place an import of 100 MB from 121 MB of memory to 77.
 struct DXF_GRAPHIC_RARE {
     DXF_STRING m_strAppData;            // 102, the lines of the application groups
     std::int32_t m_nPaperSpace = 0;     // 67, 1 in paper space
