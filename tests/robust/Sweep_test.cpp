@@ -171,7 +171,7 @@ TEST_P(Sweep, ReadingFailsAtEveryByte)
 
 TEST_P(Sweep, ReadInPiecesOfAnySize)
 {
-    for (std::size_t most : {1, 2, 3, 7, 63, 64, 65}) {
+    for (const std::size_t most : {1u, 2u, 3u, 7u, 63u, 64u, 65u}) {
         ShortReads source(Bytes(), most);
         const OUTCOME outcome = OutcomeOf(source);
         ExpectSame(outcome, m_whole.outcome);
