@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <new>
 #include <string>
 #include <utility>
@@ -224,6 +225,36 @@ TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
     }
     allocationsLeft = -1;
     EXPECT_EQ(document.statistics().elementsBeyondLimit, 50'000u); // false when memory was short
+}
+
+// The drawing is measured when it is first asked about, and again when memory was short.
+TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
+{
+    SvgHostStatistics statistics;
+    const auto getStatistics = [&](SvgHostDocument* document) {
+        return svgHostGetStatistics(document, &statistics) && statistics.elements == 3;
+    };
+    SvgHostViewBox box;
+    const auto getViewBox = [&](SvgHostDocument* document) {
+        return svgHostGetViewBox(document, &box) && !box.isMadeUp && box.width > 6;
+    };
+    for (const std::function<bool(SvgHostDocument*)>& ask :
+         {std::function(getStatistics), std::function(getViewBox)}) {
+        const HostDocument document;
+        const QlmNode symbol = qlmCreateSymbol(document.context(), L"SYMBOL");
+        qlmSetCurrentSvgNode(document.context(), symbol);
+        document.line(0, 0, 6, 1);
+        qlmSetCurrentSvgNode(document.context(), nullptr);
+        document.use(L"SYMBOL", 0, 0);
+        int failures = 0;
+        for (bool answered = false; !answered; ++failures) {
+            ASSERT_LT(failures, 100);
+            allocationsLeft = failures;
+            answered = ask(document.get());
+            allocationsLeft = -1;
+        }
+        EXPECT_GT(failures, 1);
+    }
 }
 
 TEST(ShortMemory, WritingALargeDrawingTakesNoMoreThanASmallOne)

@@ -188,6 +188,7 @@ TEST(Ellipse, IsWholeWhenItsAnglesDifferByLessThanAThousandth)
     EXPECT_TRUE(IsWhole("2", "2"));
     EXPECT_FALSE(IsWhole("1", "1.0011"));
     EXPECT_FALSE(IsWhole("1.0011", "1"));
+    EXPECT_FALSE(IsWhole("0", "0.001")) << "a thousandth is not less";
 }
 
 // Just below a full turn the angles are 0 and nearly 2 pi: far apart, so it is an arc.

@@ -1,3 +1,4 @@
+#include "support/FailingMemory.h"
 #include "support/Import.h"
 #include "support/TraceLines.h"
 
@@ -140,4 +141,27 @@ TEST(LWPolyline, OfManyVerticesHasThemAllInOrder)
         trace += "qlmCreatePolyline(ctx, \"\", \"" + points + "\", 0, 0) = " + name + "\n" + Style(name);
     }
     EXPECT_EQ(TraceOf(file + "0\nENDSEC\n0\nEOF\n"), trace);
+}
+
+// Its room is made once: a text that grows is there twice while it moves.
+TEST(LWPolyline, TextOfFarPointsTakesTheRoomOfOne)
+{
+    constexpr std::size_t kPoints = 8'000;
+    std::string points;
+    for (std::size_t i = 0; i < kPoints; ++i)
+        points += "10\n1e308\n20\n-1e308\n";
+    const std::string drawing = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n" + points + "0\nENDSEC\n0\nEOF\n";
+    RecordingHost& host = RecordingHost::OfThread();
+    host.Reset();
+    host.countOnly = true;
+    FailingMemory memory(0);
+    {
+        CDxfReadToQuillmar converter(RecordingHost::Context());
+        CDxfMemory source(drawing);
+        converter.ReadDxfSource(source);
+    }
+    const std::size_t textBytes =
+        2 * kPoints * (309 + sizeof(".000000")) * sizeof(wchar_t); // and blanks, commas
+    EXPECT_GT(memory.MostBytes(), textBytes);
+    EXPECT_LT(memory.MostBytes(), textBytes + (std::size_t{4} << 20));
 }

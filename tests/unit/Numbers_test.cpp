@@ -54,6 +54,21 @@ TEST(ParseCode, IgnoresWhatFollowsTheDigits)
     EXPECT_EQ(CodeOf("1e3"), 1);
 }
 
+TEST(ParseCode, IgnoresWhatStandsBehindTheLine)
+{
+    const std::string_view text = "   7001  -52";
+    for (std::size_t size : {4u, 5u, 6u, 7u}) {
+        std::int32_t code = -1;
+        EXPECT_TRUE(ParseCode(text.substr(0, size), code));
+        EXPECT_EQ(std::to_string(code), std::string(text.substr(3, size - 3)));
+        EXPECT_TRUE(ParseAnyCode(text.substr(0, size), code));
+        EXPECT_EQ(std::to_string(code), std::string(text.substr(3, size - 3)));
+    }
+    std::int32_t code = -1;
+    EXPECT_FALSE(ParseAnyCode(text.substr(0, 3), code)) << "blanks alone";
+    EXPECT_FALSE(ParseAnyCode(text.substr(7, 3), code)) << "a sign alone";
+}
+
 TEST(ParseCode, FindsNoneWithoutDigits)
 {
     for (const std::string_view line : {"", " ", "\t", "abc", "-", "+", "+-1", "--1", "- 1", ".5", "LINE",
