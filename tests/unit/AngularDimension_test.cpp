@@ -283,6 +283,24 @@ TEST(AngularDimension, OfALineThatBeginsOnTheOtherHasItsVertexThere)
     EXPECT_NE(Drawn(angle, 1).find("qlmCreateCircle(ctx, \"\", 0.5, 10, 10, 0, 0)"), std::string::npos);
 }
 
+TEST(AngularDimension, OfALineAcrossAnAxisThatBeginsOnTheOtherHasItsVertexThere)
+{
+    const ANGLE level = {.a1 = {"5", "5"},
+                         .a2 = {"-5", "5"},
+                         .d = {"5", "8"},
+                         .b = {"5", "2"},
+                         .a3 = {"7", "7"},
+                         .t = {"0", "-5"}};
+    const ANGLE upright = {.a1 = {"5", "5"},
+                           .a2 = {"5", "-5"},
+                           .d = {"8", "5"},
+                           .b = {"2", "5"},
+                           .a3 = {"7", "7"},
+                           .t = {"0", "-5"}};
+    for (const ANGLE& angle : {level, upright})
+        EXPECT_NE(Drawn(angle, 1).find("qlmCreateCircle(ctx, \"\", 0.5, 5, 5, 0, 0)"), std::string::npos);
+}
+
 TEST(AngularDimension, OfLinesThatNearlyAreParallelStillMeet)
 {
     // y = 0 and y = (x - 1000) / 1000 meet at (1000, 0).
