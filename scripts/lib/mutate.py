@@ -20,7 +20,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 SURVIVORS = os.path.join(ROOT, "tests", "mutation", "SURVIVORS.md")
 MOST_MEMORY = 4 << 30
 # Suites that measure or exhaust something.
-LEFT_OUT = re.compile(r"TimeI[ns]|Bounds|^Full|^Many|SmallStack|^Corpus|Large|HundredThousand")
+LEFT_OUT = re.compile(r"^(?:Of\w*/)?(?:Bounds|Corpus|Full|Large|Many)|SmallStack|\.TimeI[ns]|\.\w*HundredThousand")
 # Of the sweeps' faults, every so manieth.
 ENVIRONMENT = os.environ | {"PLEXORN_SWEEP_STEP": "97"}
 
