@@ -77,6 +77,18 @@ bool readRgb(std::wstring_view text, unsigned (&parts)[3])
     return text.empty();
 }
 
+bool isColourFunction(std::wstring_view name)
+{
+    constexpr std::wstring_view kFunctions[] = {L"rgb", L"rgba", L"hsl",   L"hsla", L"hwb",
+                                                L"lab", L"lch",  L"oklab", L"oklch"};
+    std::wstring small(name);
+    for (wchar_t& unit : small) {
+        if (unit >= L'A' && unit <= L'Z')
+            unit = static_cast<wchar_t>(unit - L'A' + L'a');
+    }
+    return std::find(std::begin(kFunctions), std::end(kFunctions), small) != std::end(kFunctions);
+}
+
 } // namespace
 
 AttributeId attributeByName(std::wstring_view name)
@@ -146,6 +158,21 @@ bool resolveTextAnchor(std::wstring_view text, std::string& out)
         text = L"end";
     out += utf8Of(text);
     return !text.empty();
+}
+
+// A backslash begins an escape of CSS, which can spell the letters of any function.
+bool mayFetch(std::wstring_view text)
+{
+    if (text.find(L'\\') != std::wstring_view::npos)
+        return true;
+    for (std::size_t open = text.find(L'('); open != std::wstring_view::npos;
+         open = text.find(L'(', open + 1)) {
+        const std::wstring_view before = text.substr(0, open);
+        const std::size_t start = before.find_last_of(L" ,()") + 1; // 0 when there is none
+        if (!isColourFunction(before.substr(start)))
+            return true;
+    }
+    return false;
 }
 
 } // namespace svghost

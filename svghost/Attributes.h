@@ -74,6 +74,10 @@ bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width)
 bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
 bool resolveTextAnchor(std::wstring_view text, std::string& out);
 
+// Whether a viewer may take the text for the name of something to fetch, such as url(...): it is not to be
+// written then, as a picture fetches nothing.
+bool mayFetch(std::wstring_view text);
+
 } // namespace svghost
 
 #endif

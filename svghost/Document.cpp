@@ -150,7 +150,7 @@ std::uint32_t SvgHostDocument::indexOfValue(AttributeId id, std::wstring_view te
             good = resolveTextAnchor(source, m_scratch);
         else
             m_scratch = utf8Of(source);
-        value.dropped = !good;
+        value.dropped = !good || mayFetch(source);
         value.text = arena.keep(std::string_view(m_scratch));
     });
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <string>
 
@@ -72,6 +73,27 @@ TEST(OddColours, RgbThatIsBrokenPasses)
     for (const wchar_t* text : {L"RGB(", L"RGB(,2,3)", L"RGB(1", L"RGB(1/2,3)", L"RGB(1:2,3)", L"RGB(1,2,3",
                                 L"RGB(1,2,3,", L"RGB(1,2,3) ", L"rGB(1,2,3)"})
         EXPECT_EQ(colourOf(text), std::string(text, text + std::char_traits<wchar_t>::length(text)));
+}
+
+TEST(OddColours, WhatAViewerWouldFetchIsLeftOut)
+{
+    for (const wchar_t* text : {L"url(http://localhost/a)", L"URL(#a)", L"red url(a)", L"src(a)",
+                                L"u\\72l(a)", L"rgb(from url(a) r g b)", L"(a)"}) {
+        EXPECT_EQ(colourOf(text), "") << text;
+        const HostDocument document;
+        const QlmNode line = document.line(0, 0, 10, 0);
+        document.set(line, L"stroke", text);
+        document.set(line, L"visibility", text);
+        document.set(line, L"pg-end-arrow-type", L"stealth arrow");
+        document.set(document.text(0, 0, L"a"), L"stroke", text);
+        EXPECT_EQ(document.write().find("a)"), std::string::npos) << text;
+    }
+}
+
+TEST(OddColours, FunctionsOfColoursPass)
+{
+    for (const char* text : {"hsl(120deg 50% 20% / 0.5)", "RGBA(1,2,3,0.5)", "oklch(50% 0.1 20)"})
+        EXPECT_EQ(colourOf(std::wstring(text, text + std::strlen(text)).c_str()), text);
 }
 
 TEST(OddPaths, AnyBlanksSeparate)
