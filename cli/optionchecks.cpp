@@ -26,6 +26,18 @@ bool IsHexColour(std::string_view text)
            (text.size() == 3 || text.size() == 4 || text.size() == 6 || text.size() == 8);
 }
 
+// What a picture must not hold: it would be fetched.
+bool IsFetched(std::string_view function)
+{
+    constexpr std::string_view small = "url", large = "URL";
+    if (function.size() != small.size())
+        return false;
+    for (size_t i = 0; i < small.size(); ++i)
+        if (function[i] != small[i] && function[i] != large[i])
+            return false;
+    return true;
+}
+
 // rgb(...), hsl(...) and their like; what stands in the parentheses is the viewer's to judge.
 bool IsColourFunction(std::string_view text)
 {
@@ -33,7 +45,9 @@ bool IsColourFunction(std::string_view text)
     if (parenthesis == std::string_view::npos || !text.ends_with(')'))
         return false;
     std::string_view inside = text.substr(parenthesis + 1, text.size() - parenthesis - 2);
-    return ConsistsOf(text.substr(0, parenthesis), Letters) && ConsistsOf(inside, "0123456789.,%+-/ deg");
+    std::string_view function = text.substr(0, parenthesis);
+    return ConsistsOf(function, Letters) && !IsFetched(function) &&
+           ConsistsOf(inside, "0123456789.,%+-/ deg");
 }
 
 // Nine digits fit every size_t.
