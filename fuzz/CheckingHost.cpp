@@ -288,6 +288,7 @@ void qlmSetAttributeByNode(QlmNode context, QlmNode node, const wchar_t* name, c
     RequireText(name);
     RequireText(value);
     const bool isRefused = node == nullptr && state.answers.refusesAll;
+    FuzzRequire(isRefused || node == HandleOf(state.nodes.size()), "an attribute is the newest element's");
     FuzzRequire(isRefused ? IsAttribute(name) : IsAttributeOf(KindOf(node), name, value),
                 "an attribute belongs to its element and has a value of its form");
     Mix(reinterpret_cast<std::uintptr_t>(node));

@@ -1,6 +1,7 @@
 #include "XmlCheck.h"
 
 #include "FuzzInput.h"
+#include "PictureForms.h"
 #include "WellFormed.h"
 
 #include <pugixml.hpp>
@@ -59,7 +60,15 @@ void RequireNumber(std::string_view element, std::string_view name, const char* 
 
 class Picture {
 public:
-    explicit Picture(const pugi::xml_document& document) { Visit(document.document_element(), 0); }
+    Picture(const pugi::xml_document& document, BACKDROP backdrop) : m_backdrop(backdrop)
+    {
+        FuzzRequire(std::string_view(document.document_element().name()) == "svg",
+                    "the root is an svg element");
+        for (const pugi::xml_node& node : document.children())
+            FuzzRequire(node.type() == pugi::node_declaration || node == document.document_element(),
+                        "a file holds its declaration and the root");
+        Visit(document.document_element(), 0);
+    }
 
     void RequireReferences() const
     {
@@ -77,9 +86,12 @@ private:
         if (known == kElements.end())
             FuzzFail("an element is a known one", "", element.name());
         for (const pugi::xml_attribute& attribute : element.attributes())
-            VisitAttribute(*known, attribute);
+            VisitAttribute(*known, attribute, IsAny(element, depth));
         if (known->first == "text")
             texts.insert(element.child_value());
+        if (known->first == "style")
+            FuzzRequire(depth == 1 && (IsAny(element, depth) || !MayFetch(element.child_value())),
+                        "a style sheet is the root's and fetches nothing");
         for (const pugi::xml_node& child : element.children()) {
             if (child.type() == pugi::node_element)
                 Visit(child, depth + 1);
@@ -88,7 +100,14 @@ private:
         }
     }
 
-    void VisitAttribute(const ELEMENT& element, const pugi::xml_attribute& attribute)
+    // Whether an element says what an application gave: its style sheet, or its background.
+    bool IsAny(const pugi::xml_node& element, int depth) const
+    {
+        const std::string_view name = element.name();
+        return m_backdrop == BACKDROP::Any && depth == 1 && (name == "style" || name == "rect");
+    }
+
+    void VisitAttribute(const ELEMENT& element, const pugi::xml_attribute& attribute, bool isAny)
     {
         const std::string_view name = attribute.name();
         if (name.starts_with(kDataPrefix) && name.size() > kDataPrefix.size())
@@ -97,31 +116,37 @@ private:
             FuzzFail("an attribute is a known one", "", name);
         RequireNumber(element.first, name, attribute.value());
         const std::string value = attribute.value();
+        if (!HasFormOf(name, value))
+            FuzzFail("a value has the form of its attribute", name, value);
+        const bool isMarker = name == "marker-start" || name == "marker-end";
+        if (!isMarker && !(isAny && name == "fill") && MayFetch(value))
+            FuzzFail("nothing is fetched", name, value);
         if (name == "id")
             FuzzRequire(m_ids.insert(value).second, "an identifier is there once");
         if (name == "xlink:href")
             FuzzRequire(value.size() > 1 && value[0] == '#', "a use refers to the picture itself");
-        if (name == "marker-start" || name == "marker-end") {
+        if (isMarker) {
             FuzzRequire(value.starts_with("url(#") && value.ends_with(")"),
                         "a marker is one of the picture's");
             m_references.insert(value.substr(5, value.size() - 6));
         }
     }
 
+    BACKDROP m_backdrop;
     std::set<std::string> m_ids;
     std::set<std::string> m_references; // of those that must be there; a use's symbol may be missing
 };
 
 } // namespace
 
-std::vector<std::string> RequirePicture(const std::string& svg)
+std::vector<std::string> RequirePicture(const std::string& svg, BACKDROP backdrop)
 {
     RequireWellFormed(svg);
     pugi::xml_document document;
     const unsigned options = pugi::parse_full | pugi::parse_ws_pcdata;
     FuzzRequire(document.load_buffer(svg.data(), svg.size(), options, pugi::encoding_utf8),
                 "a picture is XML");
-    Picture picture(document);
+    const Picture picture(document, backdrop);
     picture.RequireReferences();
     return {picture.texts.begin(), picture.texts.end()};
 }

@@ -1,8 +1,9 @@
 // A whole import into a host that checks every call, in memory that may fail and from sources that may.
 //
 // Input: a byte of how (1: read sizes vary, 2: reading fails at the end, 4: the host refuses symbols, 8: it
-// refuses everything, 16: allocations behind the failing one fail too), a byte for the most bytes a read
-// gives (0: no limit), a byte for the number of the allocation that fails (0: none), the drawing.
+// refuses everything, 16: allocations behind the failing one fail too, 32: the failing one is eight times as
+// far), a byte for the most bytes a read gives (0: no limit), a byte for the number of the allocation that
+// fails (0: none), the drawing.
 #include "CheckingHost.h"
 #include "FuzzInput.h"
 #include "FuzzSource.h"
@@ -47,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzInput input(data, size);
     const unsigned how = input.Byte();
     const std::uint8_t most = input.Byte();
-    const std::size_t n = input.Byte();
+    const std::size_t n = std::size_t{input.Byte()} * ((how & 32) != 0 ? 8 : 1);
     const std::string_view drawing = input.Rest();
     const FUZZ_READS reads{most, (how & 1) != 0, (how & 2) != 0};
     const CheckingHost::ANSWERS answers{(how & 4) != 0, (how & 8) != 0};

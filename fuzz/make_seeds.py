@@ -19,7 +19,7 @@ DOUBLES = [0.0, -0.0, 1.5, 0.005, 99.995, 999999.5, 9999995.0, 0.00009999995, 1e
 
 
 def drawings():
-    for folder in ("tests/trace", "tests/issues", "examples"):
+    for folder in ("tests/trace", "tests/issues", "tests/robust/drawings", "tests/hosting", "examples"):
         path = os.path.join(ROOT, folder)
         for name in sorted(os.listdir(path)) if os.path.isdir(path) else []:
             if name.endswith(".dxf"):
@@ -88,6 +88,17 @@ def command():
     arguments = (b"\x01\x00", b"\x03\x00\x01\x02", b"\x02\x00\x03", b"\x01\x08", b"\x01\x09", b"\x03\x00\x04\x06")
     for number, header in enumerate(arguments):
         yield f"arguments-{number}", header + b"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 11\n5\n  0\nENDSEC\n  0\nEOF\n"
+    # Each as a text: what stands here keeps its meaning when the target's own words change.
+    for number, words in enumerate((
+            "info in.dxf", "info --json --texts in.dxf", "in.dxf --units mm --paper --hairline",
+            "in.dxf --units=guess --background red", "in.dxf --units none --background none --strict",
+            "in.dxf --messages json --max-messages 2", "in.dxf --max-messages=0 -o-", ". -r -j2 -o pictures",
+            "--files-from in.dxf -0 -o .", "--files-from - -q", "in.dxf missing.dxf --messages=json -j 3",
+            "info --files-from in.dxf --json", "info . -r", "in.dxf --background url(1)", "in.dxf -o stdin")):
+        header = bytes([len(words.split())]) + b"".join(b"\xff" + bytes([len(word)]) + word.encode()
+                                                      for word in words.split())
+        yield f"options-{number}", header + b"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 11\n5\n  0\nENDSEC\n  0\nEOF\n"
+        yield f"options-{number}-list", header + b"in.dxf\nmissing.dxf\0in.dxf\0.\n"
     yield from of_drawings(b"\x01\x00")
 
 

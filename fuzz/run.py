@@ -19,6 +19,9 @@ SHORT_SHARE = 0.75
 SHORT = {"stream": 64, "numbers": 24, "import": 200, "fields": 200, "svghost": 64, "command": 100}
 LONGEST = {"stream": 2048, "numbers": 200, "import": 4096, "fields": 4096, "svghost": 4096, "command": 4096}
 LONGEST_KEPT = 4096
+# An input of a few kilobytes that takes more seconds, or one block of more megabytes, is a finding.
+LONGEST_RUN = 5
+LARGEST_BLOCK = 256
 MOST_KEPT = 300
 # Freed blocks are kept apart for a while, which takes time when they are many; so do whole call stacks of every
 # allocation. A finding is run again without these options.
@@ -30,7 +33,8 @@ COLUMNS = ("target", "executions", "a second", "edges", "features", "inputs", "f
 
 def options(target, longest):
     """What every run of a target has."""
-    chosen = [f"-max_len={longest[target]}", "-timeout=30", "-rss_limit_mb=2560", "-print_final_stats=1"]
+    chosen = [f"-max_len={longest[target]}", f"-timeout={LONGEST_RUN}", f"-malloc_limit_mb={LARGEST_BLOCK}",
+              "-rss_limit_mb=2560", "-print_final_stats=1"]
     if target not in ("numbers", "svghost"):
         chosen.append(f"-dict={DICTIONARY}")
     if target == "command":
