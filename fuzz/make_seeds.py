@@ -92,7 +92,7 @@ def command():
     for number, words in enumerate((
             "info in.dxf", "info --json --texts in.dxf", "in.dxf --units mm --paper --hairline",
             "in.dxf --units=guess --background red", "in.dxf --units none --background none --strict",
-            "in.dxf --messages json --max-messages 2", "in.dxf --max-messages=0 -o-", ". -r -j2 -o pictures",
+            "in.dxf --messages json --max-messages 2", "in.dxf --max-messages=0 -o-", ". -r -j2 -o .",
             "--files-from in.dxf -0 -o .", "--files-from - -q", "in.dxf missing.dxf --messages=json -j 3",
             "info --files-from in.dxf --json", "info . -r", "in.dxf --background url(1)", "in.dxf -o stdin")):
         header = bytes([len(words.split())]) + b"".join(b"\xff" + bytes([len(word)]) + word.encode()
