@@ -78,7 +78,7 @@ def svghost():
     yield "operations", b"\x03\x04none" + b"\x40".join(bytes([op]) + b"\x05abcde" for op in operations)
     for name in range(16):
         yield f"attribute-{name}", b"\x00" + b"".join(
-            b"\x00\x64\x65\x66\x67" + bytes([12 + 16, 0, name, value]) for value in range(24))
+            b"\x00\x64\x65\x66\x67" + bytes([12, 0, name, value]) for value in range(24))
     # At most four elements: three, groups in each other, and more.
     yield "limit", b"\xa0" + b"\x00\x64\x65\x66\x67" * 3 + b"\x09\x0b\x00" * 3 + b"\x00\x64\x65\x66\x67" * 2
     yield "symbols", b"\x00\x08\x01a\x0b\x00\x07\x01b\x64\x64\x0b\xff\x08\x01b\x0b\x00\x07\x01a\x64\x64"
