@@ -5,6 +5,7 @@
 #include "support/FailingMemory.h"
 
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <vector>
 
@@ -147,6 +148,8 @@ template <class... Numbers>
 QlmNode Mixed(QlmNode node, Numbers... numbers)
 {
     (Mix(static_cast<float>(numbers)), ...);
+    FuzzRequire(!state.answers.isFinite || (std::isfinite(numbers) && ...),
+                "numbers of a drawing of small numbers are finite");
     return node;
 }
 

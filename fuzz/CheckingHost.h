@@ -15,6 +15,7 @@ public:
     struct ANSWERS {
         bool refusesSymbols = false; // qlmCreateSymbol answers 0
         bool refusesAll = false;     // every creating operation answers 0
+        bool isFinite = false;       // the drawing has small numbers only, and so have the calls
     };
 
     // Forgets all calls.

@@ -40,6 +40,31 @@ void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::WHICH
     CheckingHost::RequireDone();
 }
 
+// Whether the digits of the text at its front go on for so long, or as an exponent, that it may be a large
+// number.
+bool IsLarge(std::string_view text)
+{
+    constexpr std::size_t kMostDigits = 6;
+    const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
+    const std::string_view behind = text.substr(digits);
+    return digits > kMostDigits || (digits > 0 && (behind.starts_with('e') || behind.starts_with('E')));
+}
+
+// Whether all numbers of the drawing are below a million, with six decimals at most, and none is given by a
+// word.
+bool HasSmallNumbers(std::string_view drawing)
+{
+    for (std::size_t i = 0; i < drawing.size(); ++i) {
+        const std::string_view rest = drawing.substr(i);
+        for (const std::string_view word : {"inf", "INF", "nan", "NAN", "Inf", "NaN", ".e", ".E"})
+            if (rest.starts_with(word))
+                return false;
+        if (IsLarge(rest))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -51,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t n = std::size_t{input.Byte()} * ((how & 32) != 0 ? 8 : 1);
     const std::string_view drawing = input.Rest();
     const FUZZ_READS reads{most, (how & 1) != 0, (how & 2) != 0};
-    const CheckingHost::ANSWERS answers{(how & 4) != 0, (how & 8) != 0};
+    const CheckingHost::ANSWERS answers{(how & 4) != 0, (how & 8) != 0, HasSmallNumbers(drawing)};
     const auto which = (how & 16) != 0 ? FailingMemory::WHICH::NthAndLater : FailingMemory::WHICH::Nth;
 
     CheckingHost::Reset(answers);
