@@ -183,6 +183,25 @@ TEST(StreamModel, AgreesWhereverALongestLineCrossesTheEndOfTheBuffer)
     }
 }
 
+TEST(StreamModel, AgreesWhereverAnOverlongLineCrossesTheEndOfTheBuffer)
+{
+    std::string overlong;
+    for (std::size_t i = 0; i < 2'500; ++i)
+        overlong += static_cast<char>('a' + i % 23);
+    for (std::size_t at = kBlockRead - 2'600; at < kBlockRead; at += 13)
+        for (const char* const end : {"\nnext", "\r\nnext", ""}) {
+            const std::string text = LongLines(at) + "\n" + overlong + end;
+            CDxfMemory source(text);
+            CDxfStream stream(source);
+            StreamModel model(text);
+            while (!model.eof()) {
+                ASSERT_EQ(stream.getline(), model.getline()) << "overlong line begins at " << at + 1;
+                ASSERT_EQ(stream.TakeLineWasCut(), model.WasCut());
+                ASSERT_EQ(stream.eof(), model.eof());
+            }
+        }
+}
+
 TEST(StreamModel, AgreesOnFilesThatEndAtTheEndOfTheBuffer)
 {
     for (std::size_t size = kBlockRead - 70; size <= kBlockRead + 70; ++size)
