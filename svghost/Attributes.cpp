@@ -132,6 +132,21 @@ std::wstring_view dashArrayText(const wchar_t* text)
     return {text, size};
 }
 
+namespace {
+
+// Steps over what stands between two lengths; false when nothing does, or a comma without a length behind it.
+bool skipBetweenLengths(const wchar_t*& at)
+{
+    const wchar_t* const begin = at;
+    at += std::wcsspn(at, L" ");
+    const bool hasComma = *at == L',';
+    at += hasComma;
+    at += std::wcsspn(at, L" ");
+    return *at == L'\0' ? !hasComma : at != begin;
+}
+
+} // namespace
+
 // The values stay as they are given. Renderers differ on a pattern of zeros only, and a negative length is an
 // error in SVG.
 bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
@@ -144,7 +159,8 @@ bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
             return false;
         dotted = dotted || length == 0;
         sum += length;
-        at += std::wcsspn(at, L" ,");
+        if (!skipBetweenLengths(at))
+            return false;
     }
     out += utf8Of(text);
     return sum > 0;

@@ -53,6 +53,9 @@ TEST(Attributes, DashArrayThatIsNoListOfLengthsIsLeftOut)
     EXPECT_EQ(written(L"stroke-dasharray", L"1,inf", "stroke-dasharray"), "(none)");
     EXPECT_EQ(written(L"stroke-dasharray", L"nan", "stroke-dasharray"), "(none)");
     EXPECT_EQ(written(L"stroke-dasharray", L"1,-1", "stroke-dasharray"), "(none)");
+    for (const wchar_t* const text : {L"5+7", L"1,,2", L"1, ,2", L"1,2,", L",1", L"1.2.3"})
+        EXPECT_EQ(written(L"stroke-dasharray", text, "stroke-dasharray"), "(none)") << text;
+    EXPECT_EQ(written(L"stroke-dasharray", L"1 2 , 3", "stroke-dasharray"), "1 2 , 3");
 }
 
 TEST(Attributes, OnlyPatternsWithDotsHaveRoundEnds)
