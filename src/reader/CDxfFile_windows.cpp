@@ -10,11 +10,26 @@
 
 #include <algorithm>
 
+namespace {
+
+// Files and pipes: a console or a serial port may have no end.
+bool IsReadable(HANDLE file)
+{
+    const DWORD type = GetFileType(file);
+    return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
+}
+
+} // namespace
+
 CDxfFile::CDxfFile(const char* path)
     : m_file(reinterpret_cast<std::intptr_t>(CreateFileA(path, GENERIC_READ,
                                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                                          OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)))
 {
+    if (IsOpen() && !IsReadable(reinterpret_cast<HANDLE>(m_file))) {
+        CloseHandle(reinterpret_cast<HANDLE>(m_file));
+        m_file = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
+    }
 }
 
 CDxfFile::~CDxfFile()

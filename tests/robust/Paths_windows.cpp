@@ -10,6 +10,8 @@
 #endif
 #include <windows.h>
 
+#include <thread>
+
 namespace {
 
 const char* const kNotOpened = "qlmSetLastError(0, \"DXF\", 1, \"Failed to load DXF file.\", false, 0)\n";
@@ -39,10 +41,39 @@ TEST(SpecialFile, ThatAnotherHasForItselfIsNotOpened)
     EXPECT_EQ(TraceOfPath(file.WidePath()), TraceOf(Drawing()));
 }
 
-TEST(SpecialFile, NullDeviceIsEmptyOrNotOpened)
+// A device may have no end, and would keep the host waiting.
+TEST(SpecialFile, DeviceIsNotOpened)
 {
-    const std::string trace = TraceOfPath(L"NUL");
-    EXPECT_TRUE(trace.empty() || trace == kNotOpened) << trace;
+    for (const wchar_t* device : {L"NUL", L"\\\\.\\NUL", L"CON", L"CONIN$", L"COM1"})
+        EXPECT_EQ(TraceOfPath(device), kNotOpened) << testing::PrintToString(device);
+}
+
+TEST(SpecialFile, VolumeIsNotOpened)
+{
+    EXPECT_EQ(TraceOfPath(L"\\\\.\\C:"), kNotOpened);
+    EXPECT_EQ(TraceOfPath(L"C:"), kNotOpened);
+}
+
+// The writer's end is closed where a file would end.
+TEST(SpecialFile, NamedPipeIsReadToItsEnd)
+{
+    const std::wstring name = L"\\\\.\\pipe\\plexorn-" + std::to_wstring(GetCurrentProcessId());
+    const HANDLE pipe = CreateNamedPipeW(name.c_str(), PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE | PIPE_WAIT, 1,
+                                         1 << 16, 0, 0, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    const std::string drawing = Drawing();
+    DWORD written = 0;
+    std::thread writer([&] {
+        if (ConnectNamedPipe(pipe, nullptr) || GetLastError() == ERROR_PIPE_CONNECTED)
+            WriteFile(pipe, drawing.data(), static_cast<DWORD>(drawing.size()), &written, nullptr);
+        FlushFileBuffers(pipe);
+        CloseHandle(pipe);
+    });
+    const std::string trace = TraceOfPath(name);
+    writer.join();
+    EXPECT_EQ(written, drawing.size());
+    EXPECT_EQ(trace, TraceOf(drawing));
+    EXPECT_EQ(TraceOfPath(name), kNotOpened);
 }
 
 TEST(SpecialFile, FolderIsNotOpened)
@@ -63,8 +94,8 @@ TEST(Paths, WithEitherSlashAreOpened)
     EXPECT_EQ(TraceOfPath(path), TraceOf(Drawing()));
 }
 
-// The system's narrow names end before that: a file that has such a name may be opened or not.
-TEST(Paths, OfThreeHundredCharactersAreAnswered)
+// The system's narrow names end before that, also those that ask it to take a name as it is.
+TEST(Paths, OfThreeHundredCharactersAreNotOpened)
 {
     const TempFile file("");
     const std::wstring folder = L"\\\\?\\" + file.WidePath() + L"-" + std::wstring(150, L'f');
@@ -76,10 +107,8 @@ TEST(Paths, OfThreeHundredCharactersAreAnswered)
     DWORD written = 0;
     EXPECT_TRUE(WriteFile(made, drawing.data(), static_cast<DWORD>(drawing.size()), &written, nullptr));
     CloseHandle(made);
-    for (const std::wstring& name : {path, path.substr(4)}) {
-        const std::string trace = TraceOfPath(name);
-        EXPECT_TRUE(trace == kNotOpened || trace == TraceOf(drawing)) << trace;
-    }
+    for (const std::wstring& name : {path, path.substr(4)})
+        EXPECT_EQ(TraceOfPath(name), kNotOpened);
     EXPECT_TRUE(DeleteFileW(path.c_str()));
     EXPECT_TRUE(RemoveDirectoryW(folder.c_str()));
 }
