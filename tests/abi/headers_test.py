@@ -10,6 +10,9 @@ import unittest
 ARGS = None
 HEADERS = ("host/QuillmarLib.h", "entry/dxfFileOpen.h", "svghost/SvgHost.h")
 WARNINGS = ("-Wall", "-Wextra", "-Wpedantic", "-Werror")
+# On Windows the address of an imported function is no constant; a static host's is.
+STATIC = "#define QUILLMARLIB_STATIC\n#define PLEXORN_STATIC\n"
+LANGUAGES = (("cc", "c", "c11"), ("cxx", "c++", "c++20"))
 
 
 def compile_text(compiler, language, standard, text):
@@ -44,15 +47,18 @@ class Headers(unittest.TestCase):
             return f.read()
 
     def test_the_operations_have_the_promised_arguments(self):
-        # On Windows the address of an imported function is no constant; a static host's is.
-        define = "#define QUILLMARLIB_STATIC\n#define PLEXORN_STATIC\n"
-        self.compiles(ARGS.cc, "c", "c11", define + self.interface())
-        self.compiles(ARGS.cxx, "c++", "c++20", define + self.interface())
+        for compiler, language, standard in LANGUAGES:
+            with self.subTest(language=language):
+                self.compiles(getattr(ARGS, compiler), language, standard, STATIC + self.interface())
 
     def test_another_argument_list_would_be_seen(self):
         text = self.interface().replace("float, float) = qlmCreatePath", "float, double) = qlmCreatePath")
         self.assertNotEqual(text, self.interface())
-        self.assertNotEqual(compile_text(ARGS.cc, "c", "c11", text).returncode, 0)
+        for compiler, language, standard in LANGUAGES:
+            with self.subTest(language=language):
+                result = compile_text(getattr(ARGS, compiler), language, standard, STATIC + text)
+                self.assertNotEqual(result.returncode, 0)
+                self.assertIn("qlmCreatePath", result.stderr)
 
 
 if __name__ == "__main__":
