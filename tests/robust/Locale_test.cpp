@@ -1,11 +1,13 @@
 // A host may have set any locale: numbers are read and written with points all the same.
+#include "entry/dxfFileOpen.h"
 #include "support/Import.h"
+#include "support/RuntimeLocale.h"
 #include "support/Sweep.h"
+#include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <initializer_list>
+#include <filesystem>
 #include <locale>
 
 namespace {
@@ -47,34 +49,26 @@ TEST(Locale, OfTheStreamsWithADecimalCommaChangesNothing)
 
 namespace {
 
-// The runtime library's locale for the length of a test.
-class RuntimeLocale {
-public:
-    // Takes the first of the names that there is.
-    explicit RuntimeLocale(std::initializer_list<const char*> names)
-        : m_before(std::setlocale(LC_ALL, nullptr))
-    {
-        for (const char* name : names)
-            if (!m_isSet)
-                m_isSet = std::setlocale(LC_ALL, name) != nullptr;
-    }
-    ~RuntimeLocale() { std::setlocale(LC_ALL, m_before.c_str()); }
-    RuntimeLocale(const RuntimeLocale&) = delete;
-    RuntimeLocale& operator=(const RuntimeLocale&) = delete;
-
-    bool IsSet() const { return m_isSet; }
-
-private:
-    const std::string m_before;
-    bool m_isSet = false;
-};
+// What is drawn of a file whose name is not plain ASCII.
+std::string TraceOfFile(const std::string& drawing)
+{
+    const TempFile unnamed(drawing);
+    std::filesystem::path path = unnamed.Path();
+    path += std::filesystem::path(u8"-Gr\u00F6\u00DFe.dxf");
+    std::filesystem::copy_file(unnamed.Path(), path);
+    RecordingHost::OfThread().Reset();
+    EXPECT_TRUE(
+        dxfFileOpen((unnamed.WidePath() + L"-Gr\u00F6\u00DFe.dxf").c_str(), RecordingHost::Context()));
+    std::filesystem::remove(path);
+    return RecordingHost::OfThread().Trace();
+}
 
 } // namespace
 
 TEST(Locale, OfTheRuntimeLibraryWithADecimalCommaChangesNothing)
 {
     const std::string expected = TraceOfDrawings();
-    const RuntimeLocale locale({"de_DE.UTF-8", "de_DE", "German_Germany.1252", "de-DE"});
+    const RuntimeLocale locale(kGerman);
     if (!locale.IsSet())
         GTEST_SKIP() << "The system has no German locale.";
     EXPECT_STREQ(std::localeconv()->decimal_point, ",");
@@ -85,9 +79,23 @@ TEST(Locale, OfTheRuntimeLibraryWithADecimalCommaChangesNothing)
 TEST(Locale, OfTheRuntimeLibraryThatIsTurkishChangesNothing)
 {
     const std::string expected = TraceOfDrawings();
-    const RuntimeLocale locale({"tr_TR.UTF-8", "tr_TR", "Turkish_Turkey.1254", "tr-TR"});
+    const RuntimeLocale locale(kTurkish);
     if (!locale.IsSet())
         GTEST_SKIP() << "The system has no Turkish locale.";
     EXPECT_STREQ(std::localeconv()->decimal_point, ",");
     EXPECT_EQ(TraceOfDrawings(), expected);
+}
+
+TEST(Locale, OfTheRuntimeLibraryChangesNothingOfFilesWhoseNamesHaveUmlauts)
+{
+    const std::string drawing = EntitiesSection({"0", "LINE", "10", "2.25", "11", "10.125", "6", "BYLAYER"});
+    const std::string expected = TraceOf(drawing);
+    EXPECT_EQ(TraceOfFile(drawing), expected);
+    EXPECT_NE(expected.find("10.125"), std::string::npos) << expected;
+    for (const auto& names : {kGerman, kTurkish}) {
+        const RuntimeLocale locale(names);
+        if (!locale.IsSet())
+            GTEST_SKIP() << "The system has no locale " << *names.begin();
+        EXPECT_EQ(TraceOfFile(drawing), expected) << *names.begin();
+    }
 }
