@@ -1,6 +1,8 @@
 """What scripts/mutate changes, what scripts/coverage counts and what scripts/lint passes on."""
 import json
 import os
+import re
+import shutil
 import sys
 import tempfile
 import textwrap
@@ -85,6 +87,27 @@ class Lint(unittest.TestCase):
             cases = ElementTree.parse(path).getroot().findall("testcase")
             self.assertEqual([(case.get("name"), case.findtext("failure")) for case in cases],
                              [("cppcheck", None), ("clang-tidy", "src/a.cpp:1: bad")])
+
+    def findings(self, *sources):
+        """What clang-tidy says of a group of these files."""
+        with tempfile.TemporaryDirectory() as folder:
+            paths = [os.path.join(folder, "src", f"file{i}.cpp") for i in range(len(sources))]
+            os.mkdir(os.path.join(folder, "src"))
+            for path, source in zip(paths, sources):
+                with open(path, "w", encoding="utf-8") as file:
+                    file.write(source)
+            output = lint.look_over(folder, 0, paths, dict.fromkeys(paths, ["-std=c++20"]))
+            return re.findall(r"(?m)^\S+/(file\d)\.cpp:(\d+):\d+: (?:error|warning): .*\[([^],]+)", output)
+
+    @unittest.skipUnless(shutil.which("clang-tidy-19"), "clang-tidy-19 is not there")
+    def test_a_finding_in_one_of_a_group_is_reported(self):
+        bad, good = "int* place()\n{\n    return 0;\n}\n", "int number()\n{\n    return 0;\n}\n"
+        finding = ("3", "modernize-use-nullptr")
+        self.assertEqual(self.findings(good, bad), [("file1", *finding)])
+        self.assertEqual(self.findings(bad, good), [("file0", *finding)])
+        self.assertEqual(self.findings(good, good.replace("number", "other")), [])
+        # One name for two things: each file by itself.
+        self.assertEqual(self.findings(bad, bad), [("file0", *finding), ("file1", *finding)])
 
 
 if __name__ == "__main__":
