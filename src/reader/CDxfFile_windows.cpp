@@ -22,9 +22,10 @@ bool IsReadable(HANDLE file)
 } // namespace
 
 CDxfFile::CDxfFile(const char* path)
-    : m_file(reinterpret_cast<std::intptr_t>(CreateFileA(path, GENERIC_READ,
-                                                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                                         OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)))
+    : m_file(reinterpret_cast<std::intptr_t>(
+          CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                      // Who serves a pipe learns who opened it, and may not act in his name.
+                      FILE_FLAG_SEQUENTIAL_SCAN | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION, nullptr)))
 {
     if (IsOpen() && !IsReadable(reinterpret_cast<HANDLE>(m_file))) {
         CloseHandle(reinterpret_cast<HANDLE>(m_file));

@@ -121,6 +121,14 @@ class DrawingInFailingMemory : public testing::TestWithParam<const char*> {};
 
 } // namespace
 
+// Before the reader is there, dxfFileOpen itself says so.
+TEST(FailingMemory, ForThePathIsReportedOnLineZero)
+{
+    const std::wstring path = L"/a/path/that/is/longer/than/what/a/string/holds/in/place.dxf";
+    EXPECT_EQ(ImportWithFailure(path, 1).trace,
+              "qlmSetLastError(0, \"DXF\", 12, \"CDxfRead Out of memory, Line:0\", false, 0)\n");
+}
+
 TEST(FailingMemoryItself, FailsTheAllocationThatItIsAskedTo)
 {
     // By function calls: a new and its delete in one expression may be left out by a compiler.

@@ -108,3 +108,16 @@ TEST(File, DirectoriesAndDevicesAreNotOpened)
     EXPECT_FALSE(CDxfFile("/").IsOpen());
     EXPECT_FALSE(CDxfFile("/dev/zero").IsOpen());
 }
+
+// The lowest free number is the next file's.
+TEST(File, IsNotHandedToOtherPrograms)
+{
+    const int next = dup(0);
+    ASSERT_GE(next, 0);
+    close(next);
+    const CDxfFile file("/proc/self/exe");
+    if (!file.IsOpen())
+        GTEST_SKIP() << "no /proc here";
+    EXPECT_EQ(fcntl(next, F_GETFD), FD_CLOEXEC);
+    EXPECT_EQ(fcntl(next, F_GETFL) & O_ACCMODE, O_RDONLY);
+}
