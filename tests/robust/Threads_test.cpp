@@ -44,10 +44,6 @@ class Threads : public testing::TestWithParam<int> {};
 
 TEST_P(Threads, UnderDifferentContextsGiveTheSameTraces)
 {
-    const std::vector<std::string> expected = TracesUnder(RecordingHost::Context(), 0, 1);
-    for (const std::string& trace : expected)
-        EXPECT_NE(trace.find("(ctx, "), std::string::npos);
-
     const std::size_t count = static_cast<std::size_t>(GetParam());
     std::vector<std::vector<std::string>> traces(count);
     std::vector<char> contexts(count);
@@ -62,6 +58,10 @@ TEST_P(Threads, UnderDifferentContextsGiveTheSameTraces)
         });
     for (std::thread& thread : threads)
         thread.join();
+    // Not before: what is done at the first import is left to the threads to do at once.
+    const std::vector<std::string> expected = TracesUnder(RecordingHost::Context(), 0, 1);
+    for (const std::string& trace : expected)
+        EXPECT_NE(trace.find("(ctx, "), std::string::npos);
     for (const std::vector<std::string>& ofThread : traces)
         EXPECT_EQ(ofThread, expected);
 }
