@@ -10,6 +10,7 @@
 #include <emmintrin.h>
 
 #include <limits>
+#include <sstream>
 
 namespace {
 
@@ -30,6 +31,25 @@ private:
     const unsigned m_before;
 };
 
+// Small numbers in every kind of entity.
+std::string DrawingWith(std::string_view number)
+{
+    return EntitiesSection({"0",      "LINE",    "10",   number, "11",         "7",    "21",   number, "0",
+                            "CIRCLE", "10",      number, "40",   "2.25",       "0",    "ARC",  "40",   "1",
+                            "50",     number,    "51",   "45",   "0",          "TEXT", "40",   number, "50",
+                            number,   "1",       "x",    "0",    "LWPOLYLINE", "10",   number, "20",   "3",
+                            "0",      "ELLIPSE", "11",   "1",    "40",         number, "42",   "1"});
+}
+
+std::vector<std::string> LinesOf(const std::string& trace)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(trace);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 } // namespace
 
 TEST(Denormals, TakenForZeroChangeNoDrawing)
@@ -41,25 +61,27 @@ TEST(Denormals, TakenForZeroChangeNoDrawing)
     }
 }
 
-// Numbers so small are drawn as zero, or as what they are; all else stays.
+// Each line is that of the number itself or that of zero.
 TEST(Denormals, TakenForZeroChangeThemselvesAlone)
 {
-    for (const char* number :
+    const volatile double smallest = std::numeric_limits<double>::denorm_min();
+    for (const std::string_view number :
          {"4.9406564584124654e-324", "-1e-310", "2.2250738585072011e-308", "1e-45", "1e-40"}) {
-        const std::string drawing = EntitiesSection(
-            {"0",    "LINE", "10",   number, "11",      "7",    "21", number, "0",    "CIRCLE",     "10",
-             number, "40",   "2.25", "0",    "ARC",     "40",   "1",  "50",   number, "51",         "45",
-             "0",    "TEXT", "40",   number, "50",      number, "1",  "x",    "0",    "LWPOLYLINE", "10",
-             number, "20",   "3",    "0",    "ELLIPSE", "11",   "1",  "40",   number, "42",         "1"});
-        const volatile double smallest = std::numeric_limits<double>::denorm_min();
-        const std::string expected = TraceOf(drawing);
-        const SmallestNumbersAreZero mode;
-        ASSERT_EQ(smallest + smallest, 0.0) << "the mode is set";
-        const std::string trace = TraceOf(drawing);
-        EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n'),
-                  std::count(expected.begin(), expected.end(), '\n'));
-        for (const char* part : {", 7, ", ", 2.25, ", "-3.000000", "\"M "})
-            EXPECT_NE(trace.find(part), std::string::npos) << number << part;
+        const std::vector<std::string> expected = LinesOf(TraceOf(DrawingWith(number)));
+        const std::vector<std::string> ofZero = LinesOf(TraceOf(DrawingWith("0")));
+        std::vector<std::string> lines;
+        {
+            const SmallestNumbersAreZero mode;
+            ASSERT_EQ(smallest + smallest, 0.0) << "the mode is set";
+            lines = LinesOf(TraceOf(DrawingWith(number)));
+        }
+        ASSERT_EQ(expected.size(), ofZero.size()) << number;
+        ASSERT_EQ(lines.size(), expected.size()) << number;
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            EXPECT_TRUE(lines[i] == expected[i] || lines[i] == ofZero[i])
+                << number << ": " << lines[i] << "\nis not\n"
+                << expected[i] << "\nnor\n"
+                << ofZero[i];
     }
 }
 
