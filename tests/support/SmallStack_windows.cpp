@@ -1,0 +1,28 @@
+#include "support/SmallStack.h"
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+namespace {
+
+DWORD WINAPI Run(void* work)
+{
+    (*static_cast<const std::function<void()>*>(work))();
+    return 0;
+}
+
+} // namespace
+
+bool RunOnSmallStack(const std::function<void()>& work)
+{
+    std::function<void()> copy = work;
+    const HANDLE thread =
+        CreateThread(nullptr, kSmallStack, Run, &copy, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+    if (thread == nullptr)
+        return false;
+    const bool isDone = WaitForSingleObject(thread, INFINITE) == WAIT_OBJECT_0;
+    CloseHandle(thread);
+    return isDone;
+}
