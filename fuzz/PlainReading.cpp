@@ -19,7 +19,7 @@ public:
     {
         ReadSections();
         Emit();
-        std::string text = m_lines.Calls() + LineCountLine(m_lines.LineCount());
+        std::string text = m_lines.Calls() + "lines=" + std::to_string(m_lines.LineCount()) + "\n";
         for (const PLAIN_RECORD& table : m_tables) {
             text += Listed(table);
             for (const PLAIN_RECORD& entry : table.inner)
@@ -361,9 +361,4 @@ private:
 std::string ReadPlainly(std::string_view bytes)
 {
     return PlainReader(bytes).Read();
-}
-
-std::string LineCountLine(long long lines)
-{
-    return "lines=" + std::to_string(lines) + "\n";
 }

@@ -5,9 +5,6 @@
 #include <string_view>
 
 // Everything that the bytes of a drawing give, as one text: the callbacks and messages in their order, the
-// number of lines, every record with all its fields. It is written as FieldsOf in fields_fuzz.cpp writes what
-// the reader has read.
+// number of lines, every record with all its fields. It is written as ReadingText writes what the reader has
+// read.
 std::string ReadPlainly(std::string_view bytes);
-
-// The line that tells how many lines were read.
-std::string LineCountLine(long long lines);

@@ -194,12 +194,6 @@ std::string Compare(const char* what, const std::vector<std::string>& faulty,
     return {};
 }
 
-bool IsFull()
-{
-    const char* const value = std::getenv("PLEXORN_FULL");
-    return value != nullptr && std::string_view(value) == "1";
-}
-
 } // namespace
 
 const std::vector<SWEPT_DRAWING>& SweptDrawings()
@@ -322,9 +316,15 @@ void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAU
     }
 }
 
+bool IsSweptInFull()
+{
+    const char* const value = std::getenv("PLEXORN_FULL");
+    return value != nullptr && std::string_view(value) == "1";
+}
+
 std::size_t SweepStep(std::size_t whereItIsSlow)
 {
     if (const char* const step = std::getenv("PLEXORN_SWEEP_STEP"))
         return static_cast<std::size_t>(std::max(1, std::atoi(step)));
-    return IsFull() || (kIsOptimized && kMillion == 1'000'000) ? 1 : whereItIsSlow;
+    return IsSweptInFull() || (kIsOptimized && kMillion == 1'000'000) ? 1 : whereItIsSlow;
 }

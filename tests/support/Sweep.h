@@ -86,6 +86,9 @@ void CutAtEveryByte(const std::string& drawing, std::size_t step, const ON_FAULT
 void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, const ON_FAULTY& on);
 void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAULTY& on);
 
+// PLEXORN_FULL=1 stands in the environment: everything is to be tried, however long it takes.
+bool IsSweptInFull();
+
 // 1 where every fault is to be tried, else something larger: PLEXORN_FULL=1 in the environment asks for all
 // of them, PLEXORN_SWEEP_STEP for a step of its own, and builds that are slow try but every few.
 std::size_t SweepStep(std::size_t whereItIsSlow);
