@@ -1,95 +1,101 @@
-// A thread with a small stack draws what any other draws: every drawing of the sweeps, with the longest
-// numbers, and where memory runs out and all is unwound. (A host may call from any thread it likes.)
-#include "support/SmallStack.h"
-
+// Whatever a file holds however often, nothing is done for one thing from within another: a thread with a
+// small stack is enough for all of it. (A host may call from any thread it likes.)
 #include "entry/dxfFileOpen.h"
 #include "support/RecordingHost.h"
-#include "support/Sweep.h"
+#include "support/Scale.h"
+#include "support/SmallStack.h"
 #include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// The trace of an import through the export.
-std::string ImportOf(const std::string& drawing)
+std::size_t CallsOnSmallStack(const std::string& drawing)
 {
     const TempFile file(drawing);
-    RecordingHost& host = RecordingHost::OfThread();
-    host.Reset();
-    const bool returned = dxfFileOpen(file.WidePath().c_str(), RecordingHost::Context());
-    return (returned ? "" : "false\n") + host.Trace();
+    const std::wstring path = file.WidePath();
+    bool returned = false;
+    std::size_t calls = 0;
+    EXPECT_TRUE(RunOnSmallStack([&] {
+        RecordingHost& host = RecordingHost::OfThread();
+        host.Reset();
+        host.countOnly = true;
+        returned = dxfFileOpen(path.c_str(), RecordingHost::Context());
+        calls = host.callCount;
+    }));
+    EXPECT_TRUE(returned);
+    return calls;
 }
 
-// The small stack's turn comes first, and what is done only once in a process is done there.
-std::string ExpectSameOnSmallStack(const SWEPT_DRAWING& drawing)
+std::string Repeat(std::string_view text, int count)
 {
-    std::string onSmall;
-    EXPECT_TRUE(RunOnSmallStack([&] { onSmall = ImportOf(drawing.bytes); }));
-    EXPECT_EQ(onSmall, ImportOf(drawing.bytes)) << drawing.name;
-    return onSmall;
+    std::string repeated;
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
 }
 
-// The drawing with the largest numbers that there are in place of its coordinates, lengths and angles.
-std::string WithHugeNumbers(const std::string& drawing)
-{
-    std::string huge, code;
-    bool isCode = true;
-    for (std::size_t begin = 0; begin < drawing.size(); isCode = !isCode) {
-        const std::size_t end = std::min(drawing.find('\n', begin), drawing.size() - 1) + 1;
-        const std::string line = drawing.substr(begin, end - begin);
-        begin = end;
-        if (isCode)
-            code = line;
-        const int number = std::atoi(code.c_str());
-        const bool isReal = (number >= 10 && number < 60) || (number >= 210 && number < 240);
-        huge += !isCode && isReal ? (number % 3 == 0 ? "-1e308\n" : "1.7e308\n") : line;
-    }
-    return huge;
-}
+constexpr int kMany = kMillion / 10;
 
 } // namespace
 
-TEST(SmallStackOfAnyDrawing, DrawsTheSame)
+TEST(SmallStack, HoldsTablesInARow)
 {
-    for (const SWEPT_DRAWING& drawing : SweptDrawings())
-        EXPECT_NE(ExpectSameOnSmallStack(drawing), "") << drawing.name;
+    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nTABLES\n" +
+                                Repeat("0\nTABLE\n2\nLTYPE\n0\nLTYPE\n100\nM\n2\nA\n0\nENDTAB\n", kMany) +
+                                "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n"),
+              4u);
 }
 
-TEST(SmallStackOfAnyDrawing, DrawsHugeNumbersTheSame)
+TEST(SmallStack, HoldsTableEntriesInARow)
 {
-    std::size_t digits = 0; // the most in a row
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
-        const std::string trace = ExpectSameOnSmallStack({drawing.name, WithHugeNumbers(drawing.bytes)});
-        for (std::size_t begin = 0; (begin = trace.find_first_of("0123456789", begin)) != trace.npos;) {
-            const std::size_t end = std::min(trace.find_first_not_of("0123456789", begin), trace.size());
-            digits = std::max(digits, end - begin);
-            begin = end;
-        }
-    }
-    EXPECT_GE(digits, 300u) << "none of the numbers is written out";
+    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nTABLES\n0\nTABLE\n" +
+                                Repeat("0\nLAYER\n100\nM\n2\nA\n102\n{G\n102\n}\n", kMany) +
+                                "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n0\nENDSEC\n"),
+              4u);
 }
 
-TEST(SmallStackOfAnyDrawing, IsUnwoundWhereMemoryFails)
+TEST(SmallStack, HoldsMarkersOfADimensionInARow)
 {
-    constexpr std::size_t kPlaces = 8;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
-        const std::size_t allocations = OutcomeOf(drawing.bytes).allocations;
-        for (std::size_t place = 0; place < kPlaces; ++place) {
-            SWEEP_OPTIONS options;
-            options.failingAllocation = 1 + allocations * place / kPlaces;
-            options.which = place % 2 == 0 ? FailingMemory::WHICH::Nth : FailingMemory::WHICH::NthAndLater;
-            OUTCOME onSmall;
-            ASSERT_TRUE(RunOnSmallStack([&] { onSmall = OutcomeOf(drawing.bytes, options); }));
-            const OUTCOME expected = OutcomeOf(drawing.bytes, options);
-            SCOPED_TRACE(drawing.name + ' ' + std::to_string(options.failingAllocation));
-            EXPECT_TRUE(onSmall.memoryFailed);
-            EXPECT_EQ(onSmall.leaked, 0u);
-            EXPECT_EQ(onSmall.tables, expected.tables);
-            EXPECT_EQ(onSmall.blocks, expected.blocks);
-            EXPECT_EQ(onSmall.entities, expected.entities);
-            EXPECT_TRUE(onSmall.messages == expected.messages);
-            EXPECT_EQ(onSmall.lines, expected.lines);
-        }
-    }
+    for (const char* marker : {"100\nAcDbEntity\n", "100\nAcDbAlignedDimension\n",
+                               "100\nAcDbOrdinateDimension\n", "100\nAcDb3PointAngularDimension\n"})
+        EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n" + Repeat(marker, kMany) +
+                                    "0\nLINE\n0\nENDSEC\n"),
+                  4u)
+            << marker;
+}
+
+// Each of them is drawn: a group, a line and a text.
+TEST(SmallStack, HoldsDrawnPartsOfADimensionInARow)
+{
+    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n100\nAcDbDimension\n" +
+                                Repeat("100\nAcDbRadialDimension\n15\n1\n", kMany) + "0\nENDSEC\n"),
+              static_cast<std::size_t>(kMany) * (4 + 4 + 5));
+}
+
+TEST(SmallStack, HoldsTheDeepestNestingOfADimensionText)
+{
+    const std::string nested = Repeat("A{", 500) + "B" + Repeat("}", 20);
+    EXPECT_GT(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n100\nAcDbDimension\n1\n" + nested +
+                                "\n100\nAcDbRadialDimension\n15\n1\n0\nENDSEC\n"),
+              10u);
+}
+
+TEST(SmallStack, HoldsMistakesWithTheLongestTexts)
+{
+    const std::string longest(1023, 'x');
+    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nLINE\n100\n" + longest + "\n" +
+                                Repeat("999\n" + longest + "\n", 100) + longest + "\n0\nENDSEC\n"),
+              100u + 2 + 2 + 4); // the line behind the bad code is taken for a type name
+}
+
+TEST(SmallStack, HoldsSectionsBlocksAndGroupsInARow)
+{
+    EXPECT_EQ(CallsOnSmallStack(Repeat("0\nSECTION\n2\nX\n", kMany)), static_cast<std::size_t>(kMany));
+    EXPECT_EQ(
+        CallsOnSmallStack("0\nSECTION\n2\nBLOCKS\n" + Repeat("0\nBLOCK\n0\nENDBLK\n", kMany) + "0\nENDSEC\n"),
+        static_cast<std::size_t>(kMany) * 4);
+    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nLINE\n" + Repeat("102\n{\n102\n}\n", kMany) +
+                                "0\nENDSEC\n"),
+              4u);
 }

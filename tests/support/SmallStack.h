@@ -9,6 +9,6 @@
 // The sanitizers' frames and their own memory for a thread are larger.
 inline constexpr std::size_t kSmallStack = kIsSanitized ? 512 * 1024 : 64 * 1024;
 
-// Does work on a thread whose stack has kSmallStack bytes, and waits for it; past the stack's end lies a page
+// Does work on a thread whose stack has so many bytes, and waits for it; past the stack's end lies a page
 // that faults. False, with nothing done, when there is no such thread.
-[[nodiscard]] bool RunOnSmallStack(const std::function<void()>& work);
+[[nodiscard]] bool RunOnSmallStack(const std::function<void()>& work, std::size_t stack = kSmallStack);

@@ -12,14 +12,14 @@ void* Run(void* work)
 
 } // namespace
 
-bool RunOnSmallStack(const std::function<void()>& work)
+bool RunOnSmallStack(const std::function<void()>& work, std::size_t stack)
 {
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0)
         return false;
     std::function<void()> copy = work;
     pthread_t thread;
-    const bool isStarted = pthread_attr_setstacksize(&attributes, kSmallStack) == 0 &&
+    const bool isStarted = pthread_attr_setstacksize(&attributes, stack) == 0 &&
                            pthread_create(&thread, &attributes, Run, &copy) == 0;
     pthread_attr_destroy(&attributes);
     return isStarted && pthread_join(thread, nullptr) == 0;

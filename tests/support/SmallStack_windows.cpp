@@ -15,11 +15,11 @@ DWORD WINAPI Run(void* work)
 
 } // namespace
 
-bool RunOnSmallStack(const std::function<void()>& work)
+bool RunOnSmallStack(const std::function<void()>& work, std::size_t stack)
 {
     std::function<void()> copy = work;
     const HANDLE thread =
-        CreateThread(nullptr, kSmallStack, Run, &copy, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+        CreateThread(nullptr, stack, Run, &copy, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
     if (thread == nullptr)
         return false;
     const bool isDone = WaitForSingleObject(thread, INFINITE) == WAIT_OBJECT_0;

@@ -1,42 +1,23 @@
 // Dimensions on a thread with a stack of 64 KiB: parts and nested texts are read and drawn in loops, so no
 // file can use the stack up. (A host may call from any thread it likes.)
 #include "support/Dimensions.h"
+#include "support/SmallStack.h"
 
 #include <gtest/gtest.h>
 
-#include <pthread.h>
-
 namespace {
 
-struct IMPORT {
-    std::string drawing;
-    std::size_t calls = 0;
-};
-
-void* Run(void* argument)
-{
-    IMPORT& import = *static_cast<IMPORT*>(argument);
-    TraceOf(import.drawing, [](CDxfReadToQuillmar&) { RecordingHost::OfThread().countOnly = true; });
-    import.calls = RecordingHost::OfThread().callCount;
-    return nullptr;
-}
-
-// The number of calls that a drawing makes on a thread with the small stack; past its end lies a page that
-// faults.
+// The number of calls that a drawing makes on a thread with the small stack.
 std::size_t CallsOnSmallStack(const std::string& parts)
 {
-    IMPORT import{DimensionDrawing(parts)};
-    pthread_attr_t attributes;
-    EXPECT_EQ(pthread_attr_init(&attributes), 0);
-    EXPECT_EQ(pthread_attr_setstacksize(&attributes, 64 * 1024), 0);
-    pthread_t thread;
-    if (pthread_create(&thread, &attributes, Run, &import) != 0) {
-        ADD_FAILURE() << "no thread";
-        return 0;
-    }
-    EXPECT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
-    return import.calls;
+    const std::string drawing = DimensionDrawing(parts);
+    std::size_t calls = 0;
+    const auto import = [&] {
+        TraceOf(drawing, [](CDxfReadToQuillmar&) { RecordingHost::OfThread().countOnly = true; });
+        calls = RecordingHost::OfThread().callCount;
+    };
+    EXPECT_TRUE(RunOnSmallStack(import, 64 * 1024));
+    return calls;
 }
 
 std::string Repeated(std::string_view text, std::size_t count)

@@ -3,66 +3,41 @@
 #include "entry/dxfFileOpen.h"
 #include "support/Import.h"
 #include "support/NestedBlocks.h"
+#include "support/SmallStack.h"
+#include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
-#include <pthread.h>
-#include <unistd.h>
-
-#include <cstdio>
-
 namespace {
 
-constexpr std::size_t kStack = 64 * 1024;
-
-// An import through the export, by a thread of its own.
+// An import through the export.
 struct IMPORT {
-    std::wstring path;
     bool result = false;
     std::size_t symbols = 0;
     std::size_t uses = 0;
     std::size_t errors = 0;
 };
 
-void* Run(void* argument)
+IMPORT ImportOf(const std::wstring& path)
 {
-    IMPORT& import = *static_cast<IMPORT*>(argument);
+    IMPORT import;
     RecordingHost& host = RecordingHost::OfThread();
     host.Reset();
-    import.result = dxfFileOpen(import.path.c_str(), RecordingHost::Context());
+    import.result = dxfFileOpen(path.c_str(), RecordingHost::Context());
     for (const std::string& call : host.calls) {
         import.symbols += call.compare(0, 16, "qlmCreateSymbol(") == 0;
         import.uses += call.compare(0, 13, "qlmCreateUse(") == 0;
         import.errors += call.compare(0, 16, "qlmSetLastError(") == 0;
     }
-    return nullptr;
-}
-
-// Runs on a thread with the small stack. Past the stack's end lies a page that faults.
-void RunOnSmallStack(IMPORT& import)
-{
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, Run, &import), 0);
-    EXPECT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
+    return import;
 }
 
 IMPORT ImportOnSmallStack(const std::string& drawing)
 {
-    const std::string path = testing::TempDir() + "blocks-" + std::to_string(getpid()) + ".dxf";
-    std::FILE* const file = std::fopen(path.c_str(), "wb");
-    EXPECT_NE(file, nullptr);
-    if (file == nullptr)
-        return {};
-    EXPECT_EQ(std::fwrite(drawing.data(), 1, drawing.size(), file), drawing.size());
-    std::fclose(file);
+    const TempFile file(drawing);
+    const std::wstring path = file.WidePath();
     IMPORT import;
-    import.path.assign(path.begin(), path.end());
-    RunOnSmallStack(import);
-    std::remove(path.c_str());
+    EXPECT_TRUE(RunOnSmallStack([&] { import = ImportOf(path); }, 64 * 1024));
     EXPECT_TRUE(import.result);
     EXPECT_EQ(import.errors, 0u);
     return import;
