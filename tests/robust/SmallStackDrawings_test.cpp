@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace {
 
 // The trace of an import through the export.
@@ -21,12 +23,15 @@ std::string ImportOf(const std::string& drawing)
     return (returned ? "" : "false\n") + host.Trace();
 }
 
-// The small stack's turn comes first, and what is done only once in a process is done there.
+// The small stack's turn comes first, and what is done only once in a process is done there. The other is a
+// thread that was started too: a Windows program's first one computes with longer numbers where its C library
+// does so on the processor's stack, and the sines of huge angles differ.
 std::string ExpectSameOnSmallStack(const SWEPT_DRAWING& drawing)
 {
-    std::string onSmall;
+    std::string onSmall, onOrdinary;
     EXPECT_TRUE(RunOnSmallStack([&] { onSmall = ImportOf(drawing.bytes); }));
-    EXPECT_EQ(onSmall, ImportOf(drawing.bytes)) << drawing.name;
+    std::thread([&] { onOrdinary = ImportOf(drawing.bytes); }).join();
+    EXPECT_EQ(onSmall, onOrdinary) << drawing.name;
     return onSmall;
 }
 
