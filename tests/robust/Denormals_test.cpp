@@ -31,7 +31,7 @@ private:
     const unsigned m_before;
 };
 
-// Small numbers in every kind of entity.
+// Several kinds of entities with a number in their coordinates and sizes.
 std::string DrawingWith(std::string_view number)
 {
     return EntitiesSection({"0",      "LINE",    "10",   number, "11",         "7",    "21",   number, "0",
