@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace {
 
 constexpr std::size_t kOrdinaryStack = 8 * 1024 * 1024;
