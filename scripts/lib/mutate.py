@@ -246,7 +246,8 @@ def main():
             print(f"survived: {mutant}" + (" (explained)" if is_known else ""))
     judged = counts["killed"] + counts["survived"]
     print(f"{counts['killed']} killed, {counts['survived']} survived, {counts['not compiled']} not compiled; "
-          f"score {100 * counts['killed'] / max(judged, 1):.1f} %")
+          f"score {100 * counts['killed'] / max(judged, 1):.1f} %, and "
+          f"{100 * counts['killed'] / max(counts['killed'] + unexplained, 1):.1f} % without what is explained")
     return 1 if unexplained else 0
 
 

@@ -78,7 +78,7 @@ TEST(OddColours, RgbThatIsBrokenPasses)
 TEST(OddColours, WhatAViewerWouldFetchIsLeftOut)
 {
     for (const wchar_t* text : {L"url(http://localhost/a)", L"URL(#a)", L"red url(a)", L"src(a)",
-                                L"u\\72l(a)", L"rgb(from url(a) r g b)", L"(a)"}) {
+                                L"u\\72l(a)", L"rgb(from url(a) r g b)", L"(a)", L"image-set(a)"}) {
         EXPECT_EQ(colourOf(text), "") << text;
         const HostDocument document;
         const QlmNode line = document.line(0, 0, 10, 0);
