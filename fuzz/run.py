@@ -21,7 +21,7 @@ LONGEST = {"stream": 2048, "numbers": 200, "import": 4096, "fields": 4096, "svgh
 LONGEST_KEPT = 4096
 # An input of a few kilobytes that takes more seconds, or one block of more megabytes, is a finding.
 LONGEST_RUN = 5
-LARGEST_BLOCK = 256
+LARGEST_BLOCK = 64
 MOST_KEPT = 300
 # Freed blocks are kept apart for a while, which takes time when they are many; so do whole call stacks of every
 # allocation. A finding is run again without these options.
