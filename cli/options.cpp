@@ -76,7 +76,8 @@ std::variant<Options, int> Parse(const CommandRow& command, std::vector<std::str
     CLI::App app(std::string(command.help), "plexorn");
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
-    app.formatter_fn([&](const CLI::App*, const std::string&, CLI::AppFormatMode) { return HelpText(command); });
+    app.formatter_fn(
+        [&](const CLI::App*, const std::string&, CLI::AppFormatMode) { return HelpText(command); });
     app.add_option("FILE", options.inputs, "")->check(CheckNotEmpty, "", "");
     for (const OptionRow& row : command.options)
         AddOption(app, row, options);

@@ -1,7 +1,7 @@
 // A source whose manner an input chooses.
 #pragma once
 
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "PlainLines.h"
 
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 #include "support/NumbersModel.h"
 #include "support/RecordingHost.h"
 

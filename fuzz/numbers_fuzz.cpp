@@ -4,7 +4,7 @@
 // each up to a line feed; of a text to read, the bytes next to it are the input's too.
 #include "FuzzInput.h"
 
-#include "reader/Numbers.h"
+#include "base/Numbers.h"
 #include "support/NumbersModel.h"
 
 #include <bit>

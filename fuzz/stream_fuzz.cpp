@@ -1,13 +1,13 @@
 // The line stream against the standard library's, byte for byte and flag for flag.
 //
-// Input: a byte of how it is read (1: read sizes vary, 2: reading fails at the end, 4 and 128 together: it stands
-// across the end of the stream's buffer, which takes time; 64: long runs are spelled short), a byte for the most
-// bytes a read gives or the place of the buffer's end, the drawing.
+// Input: a byte of how it is read (1: read sizes vary, 2: reading fails at the end, 4 and 128 together: it
+// stands across the end of the stream's buffer, which takes time; 64: long runs are spelled short), a byte
+// for the most bytes a read gives or the place of the buffer's end, the drawing.
 #include "FuzzInput.h"
 #include "FuzzSource.h"
 #include "KeptBuffer.h"
 
-#include "reader/CDxfStream.h"
+#include "input/CDxfStream.h"
 #include "support/StreamModel.h"
 
 #include <string>

@@ -57,15 +57,16 @@ constexpr std::string_view Files = "FILE is a drawing, an ASCII DXF file. A dash
                                    "folder stands for every .dxf file in it. A "
                                    "drawing called info is given as ./info.";
 
-constexpr std::string_view Messages = "Messages about a drawing go to the standard error stream as "
-                                      "FILE:LINE: text. The closing line of each drawing "
-                                      "tells what was drawn, the size of the picture and where it was taken "
-                                      "from, and which entities are not drawn. For "
-                                      "several drawings a last line sums up. On a terminal names and "
-                                      "failures are set off, unless the environment "
-                                      "variable NO_COLOR is set and not empty. A picture is written whole or not at all: "
-                                      "an older one stays until the new one is "
-                                      "complete.";
+constexpr std::string_view Messages =
+    "Messages about a drawing go to the standard error stream as "
+    "FILE:LINE: text. The closing line of each drawing "
+    "tells what was drawn, the size of the picture and where it was taken "
+    "from, and which entities are not drawn. For "
+    "several drawings a last line sums up. On a terminal names and "
+    "failures are set off, unless the environment "
+    "variable NO_COLOR is set and not empty. A picture is written whole or not at all: "
+    "an older one stays until the new one is "
+    "complete.";
 
 // When the page was last changed; formatters expect it.
 constexpr const char* Date = "2026-11-20";

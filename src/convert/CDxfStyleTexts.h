@@ -1,10 +1,10 @@
 // The texts of stroke styles, made once for each distinct style.
 #pragma once
 
+#include "base/CDxfHashIndex.h"
+#include "base/DXF_STRING.h"
+#include "base/Hash.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
-#include "reader/CDxfHashIndex.h"
-#include "reader/DXF_STRING.h"
-#include "reader/Hash.h"
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
+#include "base/Numbers.h"
 #include "convert/CDxfReadToQuillmar.h"
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
-#include "reader/Numbers.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Stroke width, colour, dashes and visibility of an entity.
+#include "base/Numbers.h"
 #include "convert/CDxfReadToQuillmar.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
-#include "reader/Numbers.h"
 
 #include <algorithm>
 #include <cmath>

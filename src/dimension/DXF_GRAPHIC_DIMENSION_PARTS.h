@@ -1,7 +1,7 @@
 // The subclass parts of a dimension. Points in drawing units.
 #pragma once
 
-#include "reader/DXF_STRING.h"
+#include "base/DXF_STRING.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // Texts for the host, made without memory of their own.
 #pragma once
 
-#include "reader/Numbers.h"
+#include "base/Numbers.h"
 
 #include <cassert>
 #include <cstddef>

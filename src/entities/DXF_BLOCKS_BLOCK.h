@@ -1,9 +1,9 @@
 // A block definition.
 #pragma once
 
+#include "base/DXF_HANDLE.h"
+#include "base/DXF_LIST.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
-#include "reader/DXF_HANDLE.h"
-#include "reader/DXF_LIST.h"
 
 #include <cstdint>
 

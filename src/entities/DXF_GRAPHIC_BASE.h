@@ -1,8 +1,8 @@
 // What all entities share.
 #pragma once
 
-#include "reader/DXF_HANDLE.h"
-#include "reader/DXF_STRING.h"
+#include "base/DXF_HANDLE.h"
+#include "base/DXF_STRING.h"
 
 #include <cstdint>
 

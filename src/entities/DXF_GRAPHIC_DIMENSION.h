@@ -1,8 +1,8 @@
 // A dimension: a generic entity and its subclass parts.
 #pragma once
 
+#include "base/DXF_LIST.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
-#include "reader/DXF_LIST.h"
 
 struct DXF_GRAPHIC_DIMENSION_BASE;
 

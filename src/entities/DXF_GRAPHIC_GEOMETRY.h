@@ -1,9 +1,9 @@
 // Lines, arcs, circles, ellipses and polylines. Lengths in drawing units, angles as noted.
 #pragma once
 
+#include "base/DXF_LIST.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
 #include "entities/DXF_POINT2D.h"
-#include "reader/DXF_LIST.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 // One entity by its type name, and the skipping of those that are not kept.
+#include "base/Numbers.h"
 #include "reader/CDxfRead.h"
-#include "reader/Numbers.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "entry/dxfFileOpen.h"
 
+#include "base/CodePage.h"
 #include "convert/CDxfReadToQuillmar.h"
-#include "reader/CodePage.h"
 
 // Nothing survives a call: the converter and all that it has read live on this stack.
 bool dxfFileOpen(const wchar_t* path, QlmNode parent)

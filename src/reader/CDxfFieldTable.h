@@ -1,8 +1,8 @@
 // The group codes of a record as a table: code, member, conversion.
 #pragma once
 
-#include "reader/DXF_HANDLE.h"
-#include "reader/DXF_STRING.h"
+#include "base/DXF_HANDLE.h"
+#include "base/DXF_STRING.h"
 
 #include <array>
 #include <cstddef>

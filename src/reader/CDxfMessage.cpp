@@ -1,8 +1,8 @@
 #include "reader/CDxfMessage.h"
 
-#include "reader/CDxfStream.h"
-#include "reader/CodePage.h"
-#include "reader/Numbers.h"
+#include "base/CodePage.h"
+#include "base/Numbers.h"
+#include "input/CDxfStream.h"
 
 #include <cassert>
 

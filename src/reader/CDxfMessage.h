@@ -1,7 +1,7 @@
 // The texts of messages.
 #pragma once
 
-#include "reader/DXF_STRING.h"
+#include "base/DXF_STRING.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "reader/CDxfRead.h"
 
-#include "reader/Numbers.h"
+#include "base/Numbers.h"
 
 void CDxfRead::OnDimension(const DXF_GRAPHIC_DIMENSION&) {}
 int CDxfRead::OnError(std::uint32_t, int, const wchar_t*, std::int64_t)

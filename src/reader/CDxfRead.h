@@ -1,12 +1,12 @@
 // The DXF reader.
 #pragma once
 
+#include "base/CDxfNameIndex.h"
+#include "base/CDxfStore.h"
+#include "base/DXF_LIST.h"
+#include "input/CDxfSource.h"
+#include "input/CDxfStream.h"
 #include "reader/CDxfMessage.h"
-#include "reader/CDxfNameIndex.h"
-#include "reader/CDxfSource.h"
-#include "reader/CDxfStore.h"
-#include "reader/CDxfStream.h"
-#include "reader/DXF_LIST.h"
 #include "reader/DXF_TABLES.h"
 
 #include <cstddef>

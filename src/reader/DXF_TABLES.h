@@ -1,9 +1,9 @@
 // The records of the TABLES section.
 #pragma once
 
-#include "reader/DXF_HANDLE.h"
-#include "reader/DXF_LIST.h"
-#include "reader/DXF_STRING.h"
+#include "base/DXF_HANDLE.h"
+#include "base/DXF_LIST.h"
+#include "base/DXF_STRING.h"
 
 #include <cstdint>
 

@@ -1,9 +1,9 @@
 // The loop that reads every record.
 #pragma once
 
+#include "base/Numbers.h"
 #include "reader/CDxfFieldTable.h"
 #include "reader/CDxfRead.h"
-#include "reader/Numbers.h"
 
 // Stores a value as its field says.
 template <class Record>

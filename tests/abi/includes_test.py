@@ -12,12 +12,14 @@ INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTIL
 
 # The folders of src/ that each one may include from, besides itself.
 ARROWS = {
-    "entry": {"convert", "host", "reader"},
-    "convert": {"dimension", "drawing", "entities", "reader", "host"},
-    "dimension": {"drawing", "entities", "reader", "host"},
-    "drawing": {"entities", "reader"},
-    "entities": {"reader"},
-    "reader": set(),
+    "entry": {"convert", "host", "base"},
+    "convert": {"dimension", "drawing", "entities", "reader", "host", "base"},
+    "dimension": {"drawing", "entities", "reader", "host", "base"},
+    "drawing": {"entities", "base"},
+    "entities": {"reader", "base"},
+    "reader": {"input", "base"},
+    "input": {"base"},
+    "base": set(),
     "host": set(),
 }
 

@@ -1,7 +1,7 @@
 // Sources that give their bytes as slow, odd or failing files do.
 #pragma once
 
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 
 #include <algorithm>
 #include <cstddef>

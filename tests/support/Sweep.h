@@ -1,7 +1,7 @@
 // Small drawings, what becomes of them with a fault in them, and the faults.
 #pragma once
 
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 #include "support/FailingMemory.h"
 
 #include <cstddef>

@@ -79,7 +79,8 @@ TEST(Root, SizeWithASideThatIsNoUsableNumberIsLeftToPixels)
     for (const bool isUpright : {false, true}) {
         HostDocument document;
         document.line(0, 0, isUpright ? 10 : 1000, isUpright ? 1000 : 10);
-        const std::string far = written(document, 1e36); // one side is larger than any float, the other a 20th of it
+        const std::string far =
+            written(document, 1e36); // one side is larger than any float, the other a 20th of it
         EXPECT_FALSE(rootAttribute(far, "width").ends_with("mm")) << far;
         EXPECT_FALSE(rootAttribute(far, "height").ends_with("mm")) << far;
         EXPECT_TRUE(rootAttribute(written(document, 1e35), "height").ends_with("mm"));

@@ -3,8 +3,8 @@
 // PLEXORN_REWRITE_TRACES=1 in the environment writes the traces instead of comparing them; what changed is
 // then to be read, line by line, before it is committed. Where the ANSI code page makes a difference,
 // x.windows.trace is what Windows gives with code page 1252.
+#include "base/CodePage.h"
 #include "entry/dxfFileOpen.h"
-#include "reader/CodePage.h"
 #include "support/RecordingHost.h"
 #include "support/TempFile.h"
 

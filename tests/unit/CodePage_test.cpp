@@ -1,5 +1,5 @@
 // What holds in every code page. The rest is in CodePage_test_posix.cpp and CodePage_test_windows.cpp.
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 
 #include <gtest/gtest.h>
 

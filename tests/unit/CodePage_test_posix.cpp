@@ -1,5 +1,5 @@
 // UTF-8, well and ill formed.
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The ANSI code page, as the system converts it.
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 
 #include "support/TempFile.h"
 

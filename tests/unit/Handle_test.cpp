@@ -1,5 +1,5 @@
-#include "reader/CDxfStore.h"
-#include "reader/DXF_HANDLE.h"
+#include "base/CDxfStore.h"
+#include "base/DXF_HANDLE.h"
 
 #include <gtest/gtest.h>
 

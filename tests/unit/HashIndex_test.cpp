@@ -1,4 +1,4 @@
-#include "reader/CDxfHashIndex.h"
+#include "base/CDxfHashIndex.h"
 
 #include <gtest/gtest.h>
 

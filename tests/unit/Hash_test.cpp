@@ -1,6 +1,6 @@
 // The hash and the index of names that is built on it.
-#include "reader/CDxfNameIndex.h"
-#include "reader/CDxfStore.h"
+#include "base/CDxfNameIndex.h"
+#include "base/CDxfStore.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reader/DXF_LIST.h"
+#include "base/DXF_LIST.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "reader/CDxfMessage.h"
 
-#include "reader/CDxfStore.h"
+#include "base/CDxfStore.h"
 
 #include <gtest/gtest.h>
 

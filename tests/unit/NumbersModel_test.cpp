@@ -1,6 +1,6 @@
 // Numbers against the standard library's functions, on random and odd inputs.
-#include "reader/CDxfStream.h"
-#include "reader/Numbers.h"
+#include "base/Numbers.h"
+#include "input/CDxfStream.h"
 #include "support/NumbersModel.h"
 
 #include <gtest/gtest.h>

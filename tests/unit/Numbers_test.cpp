@@ -1,6 +1,6 @@
 // Numbers from text and numbers as text, case by case. That they agree with the library's is shown in
 // NumbersModel_test.cpp.
-#include "reader/Numbers.h"
+#include "base/Numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What a store does with its room: what is given back is used again, and what is outgrown is released.
-#include "reader/CDxfStore.h"
-#include "reader/DXF_LIST.h"
+#include "base/CDxfStore.h"
+#include "base/DXF_LIST.h"
 #include "support/FailingMemory.h"
 
 #include <gtest/gtest.h>

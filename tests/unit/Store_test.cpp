@@ -1,4 +1,4 @@
-#include "reader/CDxfStore.h"
+#include "base/CDxfStore.h"
 
 #include <gtest/gtest.h>
 

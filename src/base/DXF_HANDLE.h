@@ -1,7 +1,7 @@
 // A handle that the reader keeps.
 #pragma once
 
-#include "reader/DXF_STRING.h"
+#include "base/DXF_STRING.h"
 
 #include <bit>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

@@ -1,7 +1,7 @@
 // Finds values by hash.
 #pragma once
 
-#include "reader/CDxfChunk.h"
+#include "base/CDxfChunk.h"
 
 #include <cstddef>
 #include <cstdint>

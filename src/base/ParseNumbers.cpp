@@ -1,5 +1,5 @@
-#include "reader/Blanks.h"
-#include "reader/Numbers.h"
+#include "base/Blanks.h"
+#include "base/Numbers.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // A keyed hash for tables that a file fills.
 #pragma once
 
-#include "reader/Multiply.h"
+#include "base/Multiply.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

@@ -1,7 +1,7 @@
-#include "reader/Blanks.h"
-#include "reader/Multiply.h"
-#include "reader/Numbers.h"
-#include "reader/Sse2.h"
+#include "base/Blanks.h"
+#include "base/Multiply.h"
+#include "base/Numbers.h"
+#include "base/Sse2.h"
 
 #include <algorithm>
 #include <array>

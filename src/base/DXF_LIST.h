@@ -1,7 +1,7 @@
 // A growable array in a reader's storage.
 #pragma once
 
-#include "reader/CDxfStore.h"
+#include "base/CDxfStore.h"
 
 #include <cstddef>
 #include <cstdint>

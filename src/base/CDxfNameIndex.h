@@ -1,8 +1,8 @@
 // Records by name.
 #pragma once
 
-#include "reader/CDxfHashIndex.h"
-#include "reader/Hash.h"
+#include "base/CDxfHashIndex.h"
+#include "base/Hash.h"
 
 #include <cstddef>
 #include <cstdint>

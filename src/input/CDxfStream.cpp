@@ -1,6 +1,6 @@
-#include "reader/CDxfStream.h"
+#include "input/CDxfStream.h"
 
-#include "reader/Sse2.h"
+#include "base/Sse2.h"
 
 #include <cstring>
 

@@ -1,5 +1,5 @@
-#include "reader/Multiply.h"
-#include "reader/Numbers.h"
+#include "base/Multiply.h"
+#include "base/Numbers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // The lines of a drawing.
 #pragma once
 
-#include "reader/CDxfSource.h"
+#include "input/CDxfSource.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,8 +1,8 @@
-#include "reader/CDxfStore.h"
+#include "base/CDxfStore.h"
 
-#include "reader/CDxfChunk.h"
-#include "reader/CodePage.h"
-#include "reader/Hash.h"
+#include "base/CDxfChunk.h"
+#include "base/CodePage.h"
+#include "base/Hash.h"
 
 #include <algorithm>
 #include <bit>

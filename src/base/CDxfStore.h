@@ -1,9 +1,9 @@
 // The storage of one reader: records, texts and lists, freed together.
 #pragma once
 
-#include "reader/CDxfHashIndex.h"
-#include "reader/DXF_HANDLE.h"
-#include "reader/DXF_STRING.h"
+#include "base/CDxfHashIndex.h"
+#include "base/DXF_HANDLE.h"
+#include "base/DXF_STRING.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "reader/CodePage.h"
+#include "base/CodePage.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "reader/CDxfChunk.h"
+#include "base/CDxfChunk.h"
 
 #include <new>
 
