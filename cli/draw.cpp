@@ -10,6 +10,7 @@
 #include "units.h"
 
 #include "entry/dxfFileOpen.h"
+#include "host/ReportKinds.h"
 #include "svghost/SvgHost.h"
 
 #include <algorithm>
@@ -28,9 +29,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
 
-// The kind of the report after which nothing was read.
-constexpr int KindNotOpened = 1;
-
 // Hands the reports of an import on.
 struct Listener {
     CReport& report;
@@ -42,7 +40,7 @@ struct Listener {
     {
         auto* self = static_cast<Listener*>(user);
         try {
-            self->isUnread = self->isUnread || error->kind == KindNotOpened;
+            self->isUnread = self->isUnread || error->kind == DXF_ERROR_OPEN;
             self->report.Message(*error);
         } catch (...) {
             self->isShortOfMemory = true;

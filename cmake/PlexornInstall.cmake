@@ -51,7 +51,8 @@ endif()
 
 # The folders of the headers are those of the sources, and so are the lines that include them.
 install(FILES src/entry/dxfFileOpen.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/entry COMPONENT development)
-install(FILES src/host/QuillmarLib.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/host COMPONENT development)
+install(FILES src/host/QuillmarLib.h src/host/ReportKinds.h
+    DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/host COMPONENT development)
 if(WIN32)
     # Other linkers make their own import libraries of these.
     install(FILES src/entry/Plexorn.def src/host/QuillmarLib.def

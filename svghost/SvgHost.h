@@ -37,7 +37,7 @@ typedef struct SvgHostDocument SvgHostDocument;
 /** One report of the module, as it came through qlmSetLastError. */
 typedef struct SvgHostError {
     int code;               /**< 1 for an unknown group code, else 0 */
-    int kind;               /**< which kind of report it is; 1: the drawing cannot be opened */
+    int kind;               /**< which kind of report it is: a DXF_ERROR_KIND of host/ReportKinds.h */
     const wchar_t* message; /**< the text, most with the line's number in the drawing; never NULL */
 } SvgHostError;
 

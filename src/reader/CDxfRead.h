@@ -4,6 +4,7 @@
 #include "base/CDxfNameIndex.h"
 #include "base/CDxfStore.h"
 #include "base/DXF_LIST.h"
+#include "host/ReportKinds.h"
 #include "input/CDxfSource.h"
 #include "input/CDxfStream.h"
 #include "reader/CDxfMessage.h"
@@ -34,22 +35,6 @@ class CDxfFieldTable;
 
 // Records of entities in file order, owned by the reader.
 using DXF_ENTITY_LIST = DXF_LIST<DXF_GRAPHIC_BASE*>;
-
-// What OnError's kind tells.
-enum DXF_ERROR_KIND : int {
-    DXF_ERROR_OPEN = 1,        // the file could not be opened
-    DXF_ERROR_SECTION = 2,     // unknown section name
-    DXF_ERROR_INTEGER = 3,     // a group-code line that is not an integer; a duplicated dimension part
-    DXF_ERROR_TABLE = 4,       // unknown table entry name
-    DXF_ERROR_UNFINISHED = 5,  // a reader ended before its closing "0"
-    DXF_ERROR_OBJECT_TYPE = 6, // unknown object type name
-    DXF_ERROR_GROUP_CODE = 7,  // unknown group code
-    DXF_ERROR_MARKER = 8,      // unknown dimension subclass marker
-    DXF_ERROR_DSTYLE = 9,      // DSTYLE list without "1002"
-    DXF_ERROR_LONG_LINE = 10,  // a line of more than 1023 bytes was cut
-    DXF_ERROR_READ = 11,       // the file could not be read to its end
-    DXF_ERROR_MEMORY = 12,     // out of memory
-};
 
 // The colour of every lookup that finds none: white, as 0x00BBGGRR.
 inline constexpr std::uint32_t kDxfWhite = 0xFFFFFF;

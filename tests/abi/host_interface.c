@@ -1,7 +1,10 @@
 /* The interfaces as a host written in C sees them: every operation has the argument list that is promised. An
  * argument that moves, or changes its type, does not compile. */
 #include "entry/dxfFileOpen.h"
+#include "host/ReportKinds.h"
 #include "svghost/SvgHost.h"
+
+#include <assert.h>
 
 typedef const wchar_t* Text;
 
@@ -21,5 +24,8 @@ QlmNode (*getCurrent)(QlmNode) = qlmGetCurrentSvgNode;
 void (*setCurrent)(QlmNode, QlmNode) = qlmSetCurrentSvgNode;
 void (*setAttribute)(QlmNode, QlmNode, Text, Text) = qlmSetAttributeByNode;
 int (*setLastError)(int, Text, int, Text, bool, intptr_t) = qlmSetLastError;
+
+/* A kind is a plain number: the first is what a host looks for, the last what later versions add to. */
+static_assert(DXF_ERROR_OPEN == 1 && DXF_ERROR_MEMORY == 12, "the kinds keep their numbers");
 
 bool (*writePicture)(SvgHostDocument*, const SvgHostWriteOptions*, SvgHostWriteFunction, void*) = svgHostWrite;

@@ -35,6 +35,15 @@ def recorded_calls():
     return calls
 
 
+class Reports(unittest.TestCase):
+    def test_the_table_has_every_kind_of_the_header(self):
+        with open(os.path.join(ROOT, "src", "host", "ReportKinds.h"), encoding="utf-8") as file:
+            kinds = re.findall(r"DXF_ERROR_\w+ = (\d+)", file.read())
+        self.assertGreater(len(kinds), 0)
+        table = document().split("| kind | what was met |")[1].split("\n\n")[0]
+        self.assertEqual(re.findall(r"^\| (\d+) \|", table, re.MULTILINE), kinds)
+
+
 class Document(unittest.TestCase):
     maxDiff = None
 
