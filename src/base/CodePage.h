@@ -6,7 +6,7 @@
 #include <string_view>
 
 // Converts to wide characters; wide has room for narrow.size() units. Returns the number of units written,
-// with no terminating zero. Elsewhere than on Windows each maximal ill-formed part of a UTF-8 sequence
+// with no terminating zero. Elsewhere than on Windows each invalid part of UTF-8 (as Utf8ToWide finds it)
 // becomes one U+FFFD; on Windows the system decides.
 std::size_t ToWide(std::string_view narrow, wchar_t* wide);
 

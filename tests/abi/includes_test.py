@@ -26,10 +26,10 @@ ARROWS = {
 # The host's own list of the kinds of reports, which the reader makes its reports of; it knows no host beyond that.
 READER_KNOWS = "src/host/ReportKinds.h"
 
-# What the folders beside src/ may include of the project, besides their own files.
+# What the folders beside src/ may include of the project, besides their own files: files, and whole folders.
 NEIGHBOURS = {
-    "svghost": {"src/host/QuillmarLib.h"},
-    "cli": {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
+    "svghost": {"src/base/", "src/host/QuillmarLib.h"},
+    "cli": {"src/base/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
 }
 
@@ -88,7 +88,8 @@ def neighbour_problem(root, file, bracket, name):
         return None if bracket == "<" else "names no file of the project"
     if bracket == "<" and not target.startswith("src/"):
         return None
-    allowed = target.startswith(folder + "/") or target in NEIGHBOURS[folder]
+    known = NEIGHBOURS[folder] | {folder + "/"}
+    allowed = target in known or any(name.endswith("/") and target.startswith(name) for name in known)
     return None if allowed else "knows too much"
 
 
@@ -154,6 +155,14 @@ class Checker(unittest.TestCase):
     def test_a_command_that_reaches_into_the_module(self):
         found = self.check({"src/reader/a.h": "", "cli/b.cpp": '#include "reader/a.h"\n'})
         self.assertEqual(found, ["cli/b.cpp: reader/a.h: knows too much"])
+
+    def test_a_command_and_a_host_on_the_base(self):
+        self.assertEqual(self.check({"src/base/a.h": "", "cli/b.cpp": '#include "base/a.h"\n',
+                                     "svghost/b.cpp": '#include "base/a.h"\n'}), [])
+
+    def test_a_command_that_reads_lines_of_its_own_accord(self):
+        found = self.check({"src/input/a.h": "", "cli/b.cpp": '#include "input/a.h"\n'})
+        self.assertEqual(found, ["cli/b.cpp: input/a.h: knows too much"])
 
     def test_a_host_that_knows_dxf(self):
         found = self.check({"src/entry/a.h": "", "svghost/b.cpp": '#include "entry/a.h"\n#include <map>\n'})

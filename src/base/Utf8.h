@@ -1,0 +1,61 @@
+// UTF-8 and wide texts (UTF-16 where wchar_t has 16 bits, UTF-32 elsewhere), without the locale.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+// The value of bytes that are not UTF-8. It is not a character.
+inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+constexpr bool IsSurrogate(char32_t value)
+{
+    return value >= 0xD800 && value <= 0xDFFF;
+}
+
+// True for what UTF-8 can encode: the values up to U+10FFFF without the surrogates.
+constexpr bool IsCharacter(char32_t value)
+{
+    return value <= 0x10FFFF && !IsSurrogate(value);
+}
+
+// What a text begins with, and how many of its bytes or units that takes: at least one.
+struct DECODED_CHARACTER {
+    char32_t value;
+    std::size_t size;
+};
+
+enum class UTF8_RANGE : std::uint8_t {
+    Characters, // well-formed UTF-8
+    AnyNumber,  // encoded surrogates and numbers past U+10FFFF, too, each as one number; nothing overlong
+};
+
+// Decodes the start of a text that is not empty. Invalid bytes give kNoCharacter and the size of the longest
+// part that begins a sequence (Unicode calls it a maximal subpart): whoever replaces each part takes that
+// size, whoever replaces each byte takes 1.
+DECODED_CHARACTER DecodeUtf8(std::string_view text, UTF8_RANGE range = UTF8_RANGE::Characters);
+
+// Decodes the start of a wide text that is not empty. A pair of surrogates is one character; a surrogate
+// alone and a number past U+10FFFF come out as they are.
+DECODED_CHARACTER DecodeWide(std::wstring_view text);
+
+// Each adds a character to the end of a text; what IsCharacter refuses becomes U+FFFD.
+void AppendUtf8(std::string& text, char32_t character);
+void AppendWide(std::wstring& text, char32_t character);
+
+// The UTF-8 form of a wide text; surrogates alone and numbers past U+10FFFF become U+FFFD.
+std::string Utf8FromWide(std::wstring_view text);
+
+// The wide form of a UTF-8 text; nothing when it has invalid bytes.
+std::optional<std::wstring> WideFromUtf8(std::string_view text);
+
+// The text with each byte that belongs to no character replaced by U+FFFD.
+std::string ValidUtf8(std::string_view text);
+
+// Writes the wide form of a UTF-8 text, with one U+FFFD for each part that DecodeUtf8 finds invalid; wide has
+// room for text.size() units. Returns the number of units written, with no terminating zero.
+std::size_t Utf8ToWide(std::string_view text, wchar_t* wide);
