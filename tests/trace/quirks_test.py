@@ -1,0 +1,83 @@
+"""docs/quirks.md: its numbers, its links, and that each line it quotes is in the file that shows it."""
+import pathlib
+import re
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PAGE = ROOT / "docs" / "quirks.md"
+ENTRY = re.compile(r"^(\d+)\. +\*\*(.+?)\.\*\*(.*?)(?=^\d+\. |^## |\Z)", re.MULTILINE | re.DOTALL)
+LINK = re.compile(r"\[(drawing|trace|test)\]\((.+?)\)")
+QUOTE = re.compile(r"^ +`(.+)`$", re.MULTILINE)
+MENTION = re.compile(r"\bquirks? (\d+(?:(?:, | and )\d+)*)")
+SOURCES = (".cpp", ".h")
+TEXTS = (".cpp", ".h", ".py", ".md")
+
+
+class Quirk:
+    def __init__(self, number, name, text):
+        self.number = int(number)
+        self.name = name
+        self.links = {kind: (PAGE.parent / target).resolve() for kind, target in LINK.findall(text)}
+        self.quotes = QUOTE.findall(text)
+
+
+def quirks():
+    return [Quirk(*match) for match in ENTRY.findall(PAGE.read_text(encoding="utf-8"))]
+
+
+def mentions(folder, suffixes):
+    """Each file of the folder that names a quirk, with the number."""
+    for path in sorted(folder.rglob("*")):
+        if path.suffix in suffixes:
+            for numbers in MENTION.findall(path.read_text(encoding="utf-8")):
+                yield from ((path, int(number)) for number in re.findall(r"\d+", numbers))
+
+
+class Quirks(unittest.TestCase):
+    def test_numbers_are_consecutive(self):
+        self.assertEqual([quirk.number for quirk in quirks()], list(range(1, len(quirks()) + 1)))
+
+    def test_every_numbered_line_is_an_entry(self):
+        lines = re.findall(r"^\d+\. ", PAGE.read_text(encoding="utf-8"), re.MULTILINE)
+        self.assertEqual(len(lines), len(quirks()))
+        self.assertGreater(len(lines), 100)
+
+    def test_names_are_unique(self):
+        names = [quirk.name for quirk in quirks()]
+        self.assertEqual(sorted(set(names)), sorted(names))
+
+    def test_each_is_shown_by_a_drawing_and_its_trace_or_by_a_test(self):
+        for quirk in quirks():
+            with self.subTest(quirk.number):
+                self.assertIn(set(quirk.links), ({"drawing", "trace"}, {"test"}))
+                for path in quirk.links.values():
+                    self.assertTrue(path.is_file(), path)
+                if "drawing" in quirk.links:
+                    self.assertEqual(quirk.links["drawing"].with_suffix(".trace"), quirk.links["trace"])
+
+    def test_quoted_lines_are_in_the_file_that_is_linked(self):
+        for quirk in quirks():
+            with self.subTest(quirk.number):
+                shown = quirk.links.get("trace") or quirk.links["test"]
+                lines = shown.read_text(encoding="utf-8").splitlines()
+                self.assertTrue(quirk.quotes)
+                for quote in quirk.quotes:
+                    self.assertIn(quote, lines)
+
+    def test_every_drawing_made_for_a_quirk_is_linked(self):
+        linked = {quirk.links.get("drawing") for quirk in quirks()}
+        made = set((ROOT / "tests" / "trace" / "quirks").glob("*.dxf"))
+        self.assertTrue(made)
+        self.assertEqual(made - linked, set())
+
+    def test_every_number_that_is_named_exists(self):
+        numbers = {quirk.number for quirk in quirks()}
+        named = [*mentions(ROOT / "src", SOURCES), *mentions(ROOT / "docs", TEXTS), *mentions(ROOT / "tests", TEXTS)]
+        self.assertTrue(named)
+        for path, number in named:
+            with self.subTest(path):
+                self.assertIn(number, numbers)
+
+
+if __name__ == "__main__":
+    unittest.main()
