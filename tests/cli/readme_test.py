@@ -65,6 +65,16 @@ class Readme(unittest.TestCase):
                 self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn("white", ElementTree.tostring(self.picture("machine-part.svg"), "unicode"))
 
+    def test_the_commands_to_build_by_hand_configure_the_command(self):
+        with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+            configure, build, draw = re.findall(r"^    (.+)$", file.read(), re.MULTILINE)
+        self.assertEqual((build, draw.split()[0]), ("cmake --build build/by-hand", "build/by-hand/bin/plexorn"))
+        for command in (configure, "cmake --build build/by-hand --target help"):
+            command = command.replace("build/by-hand", os.path.join(self.folder, "by-hand"))
+            result = subprocess.run(command, shell=True, cwd=ROOT, capture_output=True, text=True)
+            self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn("plexorn_cli", result.stdout)
+
     def test_every_link_leads_somewhere(self):
         with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
             links = re.findall(r"\]\(([^)#]+)\)", file.read())
