@@ -42,11 +42,12 @@ bool PlainLines::Code(std::int32_t& code, std::string_view message)
     return false;
 }
 
-void PlainLines::SkipTo(std::string_view word)
+bool PlainLines::SkipTo(std::string_view word)
 {
     while (!IsAtEnd())
         if (TrimmedLine() == word)
-            return;
+            return true;
+    return false;
 }
 
 bool PlainLines::SkipPairs(std::string_view message)

@@ -36,8 +36,8 @@ public:
     // A group code; false after the message when the line holds none.
     bool Code(std::int32_t& code, std::string_view message);
 
-    // Reads lines up to one that is the word; every line is compared.
-    void SkipTo(std::string_view word);
+    // Reads lines up to one that is the word; every line is compared. False when the file ends first.
+    bool SkipTo(std::string_view word);
     // Reads pairs up to a code 0, the message is for lines that hold no code.
     bool SkipPairs(std::string_view message);
     bool SkipUnknown() { return SkipPairs("Read_UNKNOWN() Failed to read integer from '%s', Line:%d"); }

@@ -308,13 +308,14 @@ private:
     void SkipStyles()
     {
         const std::string line = m_lines.TrimmedLine();
-        if (line == "1002") {
-            m_lines.Line();
-            m_lines.SkipTo("1002");
-        } else {
+        if (line != "1002") {
             m_lines.Report(9, "ReadENTITIES_DIMENSION() DSTYLE 1002 not found '%s', Line:%d", {TextOf(line)});
+            m_lines.Line();
+            return;
         }
         m_lines.Line();
+        if (m_lines.SkipTo("1002"))
+            m_lines.Line();
     }
     // Callbacks.
 

@@ -19,8 +19,8 @@ constexpr auto kEntityFields =
     DxfFields<DXF_GRAPHIC_DIMENSION>::Table({DxfFields<DXF_GRAPHIC_DIMENSION>::End(100)});
 
 // Steps over the overrides in extended data: "1000", "DSTYLE", "1002", "{", ..., "1002", "}". None is kept.
-// The lines within are meant not to be paired, so a value that reads "1002" ends the list too; and the end
-// of the file is looked for only within it.
+// The lines within are deliberately not paired, so a value that reads "1002" ends the list too. The line
+// after the closing "1002" is part of the list, even where the file ends before it.
 template <class Part>
 void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, std::string_view value)
 {
@@ -34,9 +34,11 @@ void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, std::string_view va
         return;
     }
     reader.ReadLine(stream); // "{"
-    while (!stream.eof() && reader.ReadTrimmed(stream) != "1002") {
-    }
-    reader.ReadLine(stream); // "}"
+    while (!stream.eof())
+        if (reader.ReadTrimmed(stream) == "1002") {
+            reader.ReadLine(stream); // "}"
+            return;
+        }
 }
 
 using SKIPPED = DXF_GRAPHIC_DIMENSION_Entity;

@@ -140,6 +140,59 @@ TEST(AlignedDimension, OnAnotherSlopeHasItsFootThereToo)
                                        .End());
 }
 
+// The extension line to (200, 50) is level but for the rounding of its Y, so Q is (-100, -130): 180 below D.
+TEST(AlignedDimension, OfALevelLineButForRoundingHasItsFootAtTheHeightOfTheFirstPoint)
+{
+    for (const char* y : {"50.00000000000001", "49.99999999999999"}) {
+        const std::string parts = Dimension("-100", y, "8", "3") + Aligned("40", "-130", "200", "50");
+        EXPECT_EQ(Drawn(parts, kUp), DimensionTrace()
+                                         .Begin()
+                                         .Line("200, 50, -100, 50")
+                                         .Line("40, -130, -100, -130")
+                                         .ArrowsLine("-100, 50, -100, -130")
+                                         .Text("180", "8, 5", "90")
+                                         .End())
+            << y;
+        EXPECT_EQ(Drawn(parts, kDown), DimensionTrace()
+                                           .Begin()
+                                           .Line("200, -50, -100, -50")
+                                           .Line("40, 130, -100, 130")
+                                           .ArrowsLine("-100, -50, -100, 130")
+                                           .Text("180", "8, -1", "-90")
+                                           .End())
+            << y;
+    }
+}
+
+// The extension line to (-246, -31) is upright but for rounding, so Q is (-218, 249): 28 right of D.
+TEST(AlignedDimension, OfAnUprightLineButForRoundingHasItsFootAboveTheFirstPoint)
+{
+    for (const char* x : {"-245.9999999999999", "-246.0000000000001"}) {
+        const std::string parts = Dimension(x, "249", "8", "3") + Aligned("-218", "216", "-246", "-31");
+        EXPECT_EQ(Drawn(parts, kUp), DimensionTrace()
+                                         .Begin()
+                                         .Line("-246, -31, -246, 249")
+                                         .Line("-218, 216, -218, 249")
+                                         .ArrowsLine("-246, 249, -218, 249")
+                                         .Text("28", "8, 5", "180")
+                                         .End())
+            << x;
+    }
+}
+
+// m = 1e-10 and k = -1e10: the intersection is (1, 50) but for a hundred millionth.
+TEST(AlignedDimension, OnASlightSlopeHasItsFootAtARightAngleToo)
+{
+    EXPECT_EQ(Drawn(Dimension("1", "10", "0", "0") + Aligned("7", "50", "-4", "9.9999999995"), kUp),
+              DimensionTrace()
+                  .Begin()
+                  .Line("-4, 10, 1, 10")
+                  .Line("7, 50, 1, 50")
+                  .ArrowsLine("1, 10, 1, 50")
+                  .Text("40", "0, 2", "-90")
+                  .End());
+}
+
 TEST(AlignedDimension, DoesNotLookAtItsRotation)
 {
     const std::string expected = Drawn(Dimension("2", "6", "1", "7") + Aligned("0", "0", "4", "4"), kDown);

@@ -141,8 +141,8 @@ TEST(DimensionEdges, FontSizesAreNotNarrowed)
     EXPECT_EQ(Laid(L"\\S1/", {.scale = 16777216.02}), "\"1\", 10, 20 of 16777216.02\n");
 }
 
-// Only the lines within the list are read until the file ends: "{", what stands in place of "1002" and the
-// "}" are each read, and counted, whether or not there is a line.
+// The first "1002", the "{" and the line after a closing "1002" are each read, and counted, whether or not
+// the file still has a line. A list that the file ends has no closing "1002", so no line is read after it.
 TEST(DimensionEdges, LinesOfAStyleListAreCountedBehindTheEndOfTheFile)
 {
     struct ENDING {
@@ -155,11 +155,11 @@ TEST(DimensionEdges, LinesOfAStyleListAreCountedBehindTheEndOfTheFile)
         {"1000\nDSTYLE\n", 4, 1},
         {"1000\nDSTYLE\nx", 4, 1},
         {"1000\nDSTYLE\nx\n", 4, 1},
-        {"1000\nDSTYLE\n1002", 5, 0},
-        {"1000\nDSTYLE\n1002\n", 5, 0},
-        {"1000\nDSTYLE\n1002\n{", 5, 0},
-        {"1000\nDSTYLE\n1002\n{\n", 6, 0},
-        {"1000\nDSTYLE\n1002\n{\n1070\n371", 7, 0},
+        {"1000\nDSTYLE\n1002", 4, 0},
+        {"1000\nDSTYLE\n1002\n", 4, 0},
+        {"1000\nDSTYLE\n1002\n{", 4, 0},
+        {"1000\nDSTYLE\n1002\n{\n", 5, 0},
+        {"1000\nDSTYLE\n1002\n{\n1070\n371", 6, 0},
         {"1000\nDSTYLE\n1002\n{\n1070\n371\n1002", 8, 0},
         {"1000\nDSTYLE\n1002\n{\n1070\n371\n1002\n", 8, 0},
         {"1000\nDSTYLE\n1002\n{\n1070\n371\n1002\n}", 8, 0},
