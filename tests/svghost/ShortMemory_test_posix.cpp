@@ -19,7 +19,7 @@ namespace {
 // How many more allocations of this thread succeed; negative: all.
 thread_local long allocationsLeft = -1;
 
-void* allocateOrNull(std::size_t size)
+void* AllocateOrNull(std::size_t size)
 {
     if (allocationsLeft == 0)
         return nullptr;
@@ -28,9 +28,9 @@ void* allocateOrNull(std::size_t size)
     return std::malloc(size ? size : 1);
 }
 
-void* allocate(std::size_t size)
+void* Allocate(std::size_t size)
 {
-    void* memory = allocateOrNull(size);
+    void* memory = AllocateOrNull(size);
     if (!memory)
         throw std::bad_alloc();
     return memory;
@@ -42,9 +42,9 @@ std::size_t mostNodeBytes = 0;
 
 constexpr std::size_t kSizeRoom = alignof(std::max_align_t);
 
-void* allocateNodes(std::size_t size)
+void* AllocateNodes(std::size_t size)
 {
-    void* memory = allocateOrNull(size + kSizeRoom);
+    void* memory = AllocateOrNull(size + kSizeRoom);
     if (!memory)
         return nullptr;
     std::memcpy(memory, &size, sizeof size);
@@ -53,7 +53,7 @@ void* allocateNodes(std::size_t size)
     return static_cast<char*>(memory) + kSizeRoom;
 }
 
-void freeNodes(void* nodes)
+void FreeNodes(void* nodes)
 {
     if (!nodes)
         return;
@@ -70,7 +70,7 @@ public:
     NodeMemory()
     {
         nodeBytes = mostNodeBytes = 0;
-        pugi::set_memory_management_functions(allocateNodes, freeNodes);
+        pugi::set_memory_management_functions(AllocateNodes, FreeNodes);
     }
     ~NodeMemory() { pugi::set_memory_management_functions(m_allocate, m_free); }
     NodeMemory(const NodeMemory&) = delete;
@@ -85,12 +85,12 @@ private:
 
 void* operator new(std::size_t size)
 {
-    return allocate(size);
+    return Allocate(size);
 }
 
 void* operator new[](std::size_t size)
 {
-    return allocate(size);
+    return Allocate(size);
 }
 
 void operator delete(void* memory) noexcept
@@ -122,7 +122,7 @@ struct Outcome {
     bool written = false;
 };
 
-bool append(void* user, const char* bytes, size_t size)
+bool Append(void* user, const char* bytes, std::size_t size)
 {
     // The receiver's own memory is not what is tested.
     const long left = std::exchange(allocationsLeft, -1);
@@ -132,7 +132,7 @@ bool append(void* user, const char* bytes, size_t size)
 }
 
 // An import with everything in it; texts are long, so that they need memory of their own.
-Outcome import(long allocations)
+Outcome Import(long allocations)
 {
     Outcome outcome;
     const std::wstring longText(70'000, L'x');
@@ -156,7 +156,7 @@ Outcome import(long allocations)
     qlmCreateUse(context, L"", 0, 0, L"SYMBOL", L"hmi", 1, 1);
     qlmCreateUse(context, L"", 0, 0, L"MISSING", L"hmi", 1, 1);
     qlmSetLastError(0, L"DXF", 7, L"a message that is kept", false, 0);
-    outcome.written = svgHostWrite(document, nullptr, append, &outcome.text);
+    outcome.written = svgHostWrite(document, nullptr, Append, &outcome.text);
     svgHostDestroy(document);
     allocationsLeft = -1;
     return outcome;
@@ -167,13 +167,13 @@ Outcome import(long allocations)
 TEST(ShortMemory, EveryAllocationMayFail)
 {
     const NodeMemory nodeMemory;
-    const Outcome whole = import(-1);
+    const Outcome whole = Import(-1);
     ASSERT_TRUE(whole.written);
     ASSERT_GT(mostNodeBytes, 0u);
     long allocations = 0;
     int failures = 0;
     for (; allocations < 10'000; ++allocations) {
-        const Outcome outcome = import(allocations);
+        const Outcome outcome = Import(allocations);
         if (!outcome.written) {
             ++failures;
             continue;
@@ -192,15 +192,15 @@ TEST(ShortMemory, NoNodeOfAnyBatchMayBeMissing)
     const NodeMemory nodeMemory;
     const HostDocument document;
     for (int i = 0; i < 2'000; ++i)
-        document.set(document.line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
+        document.Set(document.Line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
     std::string whole;
-    ASSERT_TRUE(svgHostWrite(document.get(), nullptr, append, &whole));
+    ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, Append, &whole));
     int failures = 0;
     for (bool written = false; !written; ++failures) {
         ASSERT_LT(failures, 1'000);
         std::string text;
         allocationsLeft = failures;
-        written = svgHostWrite(document.get(), nullptr, append, &text);
+        written = svgHostWrite(document.Get(), nullptr, Append, &text);
         allocationsLeft = -1;
         EXPECT_EQ(written, text == whole);
     }
@@ -211,20 +211,20 @@ TEST(ShortMemory, NoNodeOfAnyBatchMayBeMissing)
 TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
 {
     const HostDocument document;
-    document.line(0, 0, 1, 1);
-    svgHostLimitElements(document.get(), 1);
+    document.Line(0, 0, 1, 1);
+    svgHostLimitElements(document.Get(), 1);
     const std::wstring longText(70'000, L'x');
     allocationsLeft = 0;
     for (int i = 0; i < 10'000; ++i) {
-        document.text(0, 0, longText.c_str());
-        document.polyline(longText.c_str());
-        document.use(longText.c_str(), 0, 0);
-        qlmCreateSymbol(document.context(), longText.c_str());
-        qlmSetCurrentSvgNode(document.context(), document.group());
-        qlmSetCurrentSvgNode(document.context(), nullptr);
+        document.Text(0, 0, longText.c_str());
+        document.Polyline(longText.c_str());
+        document.Use(longText.c_str(), 0, 0);
+        qlmCreateSymbol(document.Context(), longText.c_str());
+        qlmSetCurrentSvgNode(document.Context(), document.Group());
+        qlmSetCurrentSvgNode(document.Context(), nullptr);
     }
     allocationsLeft = -1;
-    EXPECT_EQ(document.statistics().elementsBeyondLimit, 50'000u); // false when memory was short
+    EXPECT_EQ(document.Statistics().elementsBeyondLimit, 50'000u); // false when memory was short
 }
 
 // The drawing is measured when it is first asked about, and again when memory was short.
@@ -241,16 +241,16 @@ TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
     for (const std::function<bool(SvgHostDocument*)>& ask :
          {std::function(getStatistics), std::function(getViewBox)}) {
         const HostDocument document;
-        const QlmNode symbol = qlmCreateSymbol(document.context(), L"SYMBOL");
-        qlmSetCurrentSvgNode(document.context(), symbol);
-        document.line(0, 0, 6, 1);
-        qlmSetCurrentSvgNode(document.context(), nullptr);
-        document.use(L"SYMBOL", 0, 0);
+        const QlmNode symbol = qlmCreateSymbol(document.Context(), L"SYMBOL");
+        qlmSetCurrentSvgNode(document.Context(), symbol);
+        document.Line(0, 0, 6, 1);
+        qlmSetCurrentSvgNode(document.Context(), nullptr);
+        document.Use(L"SYMBOL", 0, 0);
         int failures = 0;
         for (bool answered = false; !answered; ++failures) {
             ASSERT_LT(failures, 100);
             allocationsLeft = failures;
-            answered = ask(document.get());
+            answered = ask(document.Get());
             allocationsLeft = -1;
         }
         EXPECT_GT(failures, 1);
@@ -264,10 +264,10 @@ TEST(ShortMemory, WritingALargeDrawingTakesNoMoreThanASmallOne)
     for (int large = 0; large < 2; ++large) {
         const HostDocument document;
         for (int i = 0; i < (large ? 50'000 : 1'000); ++i)
-            document.set(document.line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
+            document.Set(document.Line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
         mostNodeBytes = 0;
-        const auto swallow = [](void*, const char*, size_t) { return true; };
-        ASSERT_TRUE(svgHostWrite(document.get(), nullptr, swallow, nullptr));
+        const auto swallow = [](void*, const char*, std::size_t) { return true; };
+        ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, swallow, nullptr));
         most[large] = mostNodeBytes;
     }
     EXPECT_GT(most[0], 0u);

@@ -16,14 +16,14 @@ struct Result {
     bool good = false;
 };
 
-bool append(void* user, const char* bytes, size_t size)
+bool Append(void* user, const char* bytes, std::size_t size)
 {
     static_cast<std::string*>(user)->append(bytes, size);
     return true;
 }
 
 // Everything that an import does, with a chain of symbols longer than the stack has bytes.
-void* import(void* user)
+void* Import(void* user)
 {
     Result& result = *static_cast<Result*>(user);
     SvgHostDocument* document = svgHostCreate();
@@ -41,7 +41,7 @@ void* import(void* user)
     }
     qlmCreateUse(context, L"", 0, 0, L"C0", L"hmi", 1, 1);
     qlmSetLastError(0, L"DXF", 0, L"message", false, 0);
-    result.good = svgHostWrite(document, nullptr, append, &result.text);
+    result.good = svgHostWrite(document, nullptr, Append, &result.text);
     svgHostDestroy(document);
     return nullptr;
 }
@@ -55,9 +55,9 @@ TEST(SmallStack, SixtyFourKibibytesAreEnough)
     ASSERT_EQ(pthread_attr_setstacksize(&attributes, 64 * 1024), 0);
     Result result;
     pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, import, &result), 0);
+    ASSERT_EQ(pthread_create(&thread, &attributes, Import, &result), 0);
     pthread_join(thread, nullptr);
     pthread_attr_destroy(&attributes);
     EXPECT_TRUE(result.good);
-    EXPECT_TRUE(ParsedSvg(result.text).first("use"));
+    EXPECT_TRUE(ParsedSvg(result.text).First("use"));
 }

@@ -12,34 +12,34 @@ using namespace svghost_tests;
 namespace {
 
 // 100 by 50 units with its stroke, and so 104 by 54 with the margin.
-HostDocument& thinLine(HostDocument& document)
+HostDocument& ThinLine(HostDocument& document)
 {
-    document.set(document.line(0, 0, 100, 50), L"stroke-width", L"0.000001");
+    document.Set(document.Line(0, 0, 100, 50), L"stroke-width", L"0.000001");
     return document;
 }
 
-std::string written(const HostDocument& document, double unit, const char* style = nullptr)
+std::string Written(const HostDocument& document, double unit, const char* style = nullptr)
 {
     SvgHostWriteOptions options{};
     options.unit = unit;
     options.style = style;
-    return document.write(options);
+    return document.Write(options);
 }
 
-std::string rootAttribute(const std::string& text, const char* name)
+std::string RootAttribute(const std::string& text, const char* name)
 {
-    return ParsedSvg(text).root().attribute(name).value();
+    return ParsedSvg(text).Root().attribute(name).value();
 }
 
-double millimetres(const std::string& text, const char* side)
+double Millimetres(const std::string& text, const char* side)
 {
-    const std::string value = rootAttribute(text, side);
+    const std::string value = RootAttribute(text, side);
     EXPECT_TRUE(value.ends_with("mm")) << value;
     return std::stod(value);
 }
 
 // What stands between the root's start and end tags.
-std::string inside(const std::string& text)
+std::string Inside(const std::string& text)
 {
     const std::size_t start = text.find('>', text.find("<svg")) + 1;
     return text.substr(start, text.rfind("</svg>") - start);
@@ -50,78 +50,78 @@ std::string inside(const std::string& text)
 TEST(Root, SizeIsInMillimetresWhenTheUnitIsKnown)
 {
     HostDocument document;
-    const std::string text = written(thinLine(document), 25.4);
-    EXPECT_NEAR(millimetres(text, "width"), 104 * 25.4, 0.001);
-    EXPECT_NEAR(millimetres(text, "height"), 54 * 25.4, 0.001);
+    const std::string text = Written(ThinLine(document), 25.4);
+    EXPECT_NEAR(Millimetres(text, "width"), 104 * 25.4, 0.001);
+    EXPECT_NEAR(Millimetres(text, "height"), 54 * 25.4, 0.001);
 }
 
 TEST(Root, UnitChangesNothingButWidthAndHeight)
 {
     HostDocument document;
-    const std::string pixels = written(thinLine(document), 0);
-    const std::string metres = written(document, 1000);
-    EXPECT_EQ(inside(pixels), inside(metres));
-    EXPECT_EQ(rootAttribute(pixels, "viewBox"), rootAttribute(metres, "viewBox"));
-    EXPECT_EQ(rootAttribute(pixels, "width"), "1024");
+    const std::string pixels = Written(ThinLine(document), 0);
+    const std::string metres = Written(document, 1000);
+    EXPECT_EQ(Inside(pixels), Inside(metres));
+    EXPECT_EQ(RootAttribute(pixels, "viewBox"), RootAttribute(metres, "viewBox"));
+    EXPECT_EQ(RootAttribute(pixels, "width"), "1024");
 }
 
 TEST(Root, SizeThatIsNoUsableNumberIsLeftToPixels)
 {
     HostDocument document;
-    thinLine(document);
+    ThinLine(document);
     const double infinite = std::numeric_limits<double>::infinity();
     for (const double unit : {-1.0, 1e300, 1e-320, infinite, std::nan("")})
-        EXPECT_EQ(rootAttribute(written(document, unit), "width"), "1024") << unit;
+        EXPECT_EQ(RootAttribute(Written(document, unit), "width"), "1024") << unit;
 }
 
 TEST(Root, SizeWithASideThatIsNoUsableNumberIsLeftToPixels)
 {
     for (const bool isUpright : {false, true}) {
         HostDocument document;
-        document.line(0, 0, isUpright ? 10 : 1000, isUpright ? 1000 : 10);
+        document.Line(0, 0, isUpright ? 10 : 1000, isUpright ? 1000 : 10);
         const std::string far =
-            written(document, 1e36); // one side is larger than any float, the other a 20th of it
-        EXPECT_FALSE(rootAttribute(far, "width").ends_with("mm")) << far;
-        EXPECT_FALSE(rootAttribute(far, "height").ends_with("mm")) << far;
-        EXPECT_TRUE(rootAttribute(written(document, 1e35), "height").ends_with("mm"));
+            Written(document, 1e36); // one side is larger than any float, the other a 20th of it
+        EXPECT_FALSE(RootAttribute(far, "width").ends_with("mm")) << far;
+        EXPECT_FALSE(RootAttribute(far, "height").ends_with("mm")) << far;
+        EXPECT_TRUE(RootAttribute(Written(document, 1e35), "height").ends_with("mm"));
     }
 }
 
 TEST(Root, StyleSheetStandsFirstAndChangesNothingElse)
 {
     HostDocument document;
-    thinLine(document);
+    ThinLine(document);
     const std::string sheet = "line[stroke=\"a\"]{stroke:#000}/*<&\xFF*/";
-    const std::string with = written(document, 0, sheet.c_str());
+    const std::string with = Written(document, 0, sheet.c_str());
     const ParsedSvg svg(with);
-    const pugi::xml_node style = svg.root().first_child();
+    const pugi::xml_node style = svg.Root().first_child();
     EXPECT_STREQ(style.name(), "style");
     EXPECT_STREQ(style.child_value(), "line[stroke=\"a\"]{stroke:#000}/*<&\xEF\xBF\xBD*/");
     const std::size_t end = with.find("</style>\n") + std::string("</style>\n").size();
-    EXPECT_EQ(with.substr(0, with.find("<style>")) + with.substr(end), written(document, 0));
+    EXPECT_EQ(with.substr(0, with.find("<style>")) + with.substr(end), Written(document, 0));
 }
 
 TEST(Root, ViewBoxIsTheOneThatIsWritten)
 {
     HostDocument document;
-    const ViewBox box = viewBoxOf(ParsedSvg(thinLine(document)));
+    const ViewBox box = ViewBoxOf(ParsedSvg(ThinLine(document)));
     SvgHostViewBox asked{};
-    ASSERT_TRUE(svgHostGetViewBox(document.get(), &asked));
+    ASSERT_TRUE(svgHostGetViewBox(document.Get(), &asked));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.x), static_cast<float>(box.x));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.y), static_cast<float>(box.y));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.width), static_cast<float>(box.width));
     EXPECT_FLOAT_EQ(static_cast<float>(asked.height), static_cast<float>(box.height));
     EXPECT_FALSE(asked.isMadeUp);
     EXPECT_FALSE(svgHostGetViewBox(nullptr, &asked));
-    EXPECT_FALSE(svgHostGetViewBox(document.get(), nullptr));
+    EXPECT_FALSE(svgHostGetViewBox(document.Get(), nullptr));
 }
 
 TEST(Root, ADocumentWithoutPlacesHasAViewBoxThatIsMadeUpAndNoPhysicalSize)
 {
     HostDocument document;
     SvgHostViewBox asked{};
-    ASSERT_TRUE(svgHostGetViewBox(document.get(), &asked));
+    ASSERT_TRUE(svgHostGetViewBox(document.Get(), &asked));
     EXPECT_TRUE(asked.isMadeUp);
     EXPECT_GT(asked.width, 0);
-    EXPECT_EQ(written(document, 25.4), written(document, 0));
+    EXPECT_EQ(Written(document, 25.4), Written(document, 0));
 }

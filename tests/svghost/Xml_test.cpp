@@ -12,23 +12,23 @@ namespace {
 
 constexpr const char* kReplacement = "\xEF\xBF\xBD";
 
-std::string textWritten(const std::wstring& text)
+std::string TextWritten(const std::wstring& text)
 {
     const HostDocument document;
-    document.text(0, 0, text.c_str());
-    return ParsedSvg(document).first("text").text().get();
+    document.Text(0, 0, text.c_str());
+    return ParsedSvg(document).First("text").text().get();
 }
 
 } // namespace
 
 TEST(Xml, MarkupIsEscaped)
 {
-    EXPECT_EQ(textWritten(L"a<b>&\"c'</text>]]>"), "a<b>&\"c'</text>]]>");
+    EXPECT_EQ(TextWritten(L"a<b>&\"c'</text>]]>"), "a<b>&\"c'</text>]]>");
     const HostDocument document;
-    document.set(document.line(0, 0, 1, 1), L"stroke", L"\"><script>&amp;");
+    document.Set(document.Line(0, 0, 1, 1), L"stroke", L"\"><script>&amp;");
     const ParsedSvg svg(document);
-    EXPECT_STREQ(svg.first("line").attribute("stroke").value(), "\"><script>&amp;");
-    EXPECT_FALSE(svg.first("script"));
+    EXPECT_STREQ(svg.First("line").attribute("stroke").value(), "\"><script>&amp;");
+    EXPECT_FALSE(svg.First("script"));
 }
 
 TEST(Xml, ControlCharactersAreReplaced)
@@ -41,35 +41,35 @@ TEST(Xml, ControlCharactersAreReplaced)
         expected += allowed ? std::string(1, static_cast<char>(unit)) : kReplacement;
     }
     const HostDocument document;
-    document.set(document.line(0, 0, 1, 1), L"odd", text.c_str());
-    EXPECT_EQ(ParsedSvg(document).first("line").attribute("data-odd").value(), expected);
+    document.Set(document.Line(0, 0, 1, 1), L"odd", text.c_str());
+    EXPECT_EQ(ParsedSvg(document).First("line").attribute("data-odd").value(), expected);
     // No XML reader tells a carriage return in a text from a line feed.
     std::replace(expected.begin(), expected.end(), '\r', '\n');
-    EXPECT_EQ(textWritten(text), expected);
+    EXPECT_EQ(TextWritten(text), expected);
 }
 
 TEST(Xml, LoneSurrogatesAreReplaced)
 {
     const std::string replaced = std::string("a") + kReplacement + "b";
-    EXPECT_EQ(textWritten(L"a\xD800"
+    EXPECT_EQ(TextWritten(L"a\xD800"
                           L"b"),
               replaced);
-    EXPECT_EQ(textWritten(L"a\xDC00"
+    EXPECT_EQ(TextWritten(L"a\xDC00"
                           L"b"),
               replaced);
-    EXPECT_EQ(textWritten(L"\xDBFF"), kReplacement);
-    EXPECT_EQ(textWritten(L"\xDC00\xD800"), std::string(kReplacement) + kReplacement);
+    EXPECT_EQ(TextWritten(L"\xDBFF"), kReplacement);
+    EXPECT_EQ(TextWritten(L"\xDC00\xD800"), std::string(kReplacement) + kReplacement);
 }
 
 TEST(Xml, CharactersOutsideTheBasicPlaneAreWhole)
 {
     // On Windows this literal is a pair of surrogates.
-    EXPECT_EQ(textWritten(L"\U0001D11E\U0010FFFD"), "\xF0\x9D\x84\x9E\xF4\x8F\xBF\xBD");
+    EXPECT_EQ(TextWritten(L"\U0001D11E\U0010FFFD"), "\xF0\x9D\x84\x9E\xF4\x8F\xBF\xBD");
 }
 
 TEST(Xml, NonCharactersAreReplaced)
 {
-    EXPECT_EQ(textWritten(L"\xFFFE\xFFFF\xFFFD"), std::string(kReplacement) + kReplacement + kReplacement);
+    EXPECT_EQ(TextWritten(L"\xFFFE\xFFFF\xFFFD"), std::string(kReplacement) + kReplacement + kReplacement);
 }
 
 #if WCHAR_MAX > 0xFFFF
@@ -77,7 +77,7 @@ TEST(Xml, ValuesBeyondUnicodeAreReplaced)
 {
     const std::wstring text{static_cast<wchar_t>(0x110000), static_cast<wchar_t>(0x7FFFFFFF),
                             static_cast<wchar_t>(-1)};
-    EXPECT_EQ(textWritten(text), std::string(kReplacement) + kReplacement + kReplacement);
+    EXPECT_EQ(TextWritten(text), std::string(kReplacement) + kReplacement + kReplacement);
 }
 #endif
 
@@ -87,15 +87,15 @@ TEST(Xml, EveryUnitGivesAFileThatParses)
     for (unsigned unit = 1; unit <= 0xFFFF; ++unit)
         text += static_cast<wchar_t>(unit);
     const HostDocument document;
-    document.text(0, 0, text.c_str());
-    document.begin(text.c_str());
-    document.end();
-    document.use(text.c_str(), 0, 0);
-    document.set(document.line(0, 0, 1, 1), L"stroke", text.c_str());
-    document.set(document.line(0, 0, 1, 1), L"odd", text.c_str());
-    const std::string written = document.write();
+    document.Text(0, 0, text.c_str());
+    document.Begin(text.c_str());
+    document.End();
+    document.Use(text.c_str(), 0, 0);
+    document.Set(document.Line(0, 0, 1, 1), L"stroke", text.c_str());
+    document.Set(document.Line(0, 0, 1, 1), L"odd", text.c_str());
+    const std::string written = document.Write();
     ParsedSvg svg(written);
-    EXPECT_TRUE(svg.first("use"));
+    EXPECT_TRUE(svg.First("use"));
     for (const char byte : written)
         EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n' || byte == '\t');
 }
@@ -103,22 +103,22 @@ TEST(Xml, EveryUnitGivesAFileThatParses)
 TEST(Xml, FileTellsItsVersionAndEncoding)
 {
     const HostDocument document;
-    EXPECT_EQ(document.write().rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg ", 0), 0u);
+    EXPECT_EQ(document.Write().rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg ", 0), 0u);
 }
 
 TEST(Xml, BackgroundStandsBehindTheDrawingAndIsEscaped)
 {
     const HostDocument document;
-    document.line(0, 0, 10, 10);
-    const ParsedSvg svg(document.write("\"red\"<\x01\xFF"));
-    const pugi::xml_node rect = svg.root().child("rect");
+    document.Line(0, 0, 10, 10);
+    const ParsedSvg svg(document.Write("\"red\"<\x01\xFF"));
+    const pugi::xml_node rect = svg.Root().child("rect");
     ASSERT_TRUE(rect);
     EXPECT_EQ(rect.attribute("fill").value(), std::string("\"red\"<") + kReplacement + kReplacement);
-    EXPECT_EQ(rect.next_sibling(), svg.drawing());
-    const ViewBox box = viewBoxOf(svg);
+    EXPECT_EQ(rect.next_sibling(), svg.Drawing());
+    const ViewBox box = ViewBoxOf(svg);
     EXPECT_LE(rect.attribute("x").as_double(), box.x);
     EXPECT_LE(rect.attribute("y").as_double(), box.y);
     EXPECT_GE(rect.attribute("x").as_double() + rect.attribute("width").as_double(), box.x + box.width);
     EXPECT_GE(rect.attribute("y").as_double() + rect.attribute("height").as_double(), box.y + box.height);
-    EXPECT_FALSE(ParsedSvg(document).root().child("rect"));
+    EXPECT_FALSE(ParsedSvg(document).Root().child("rect"));
 }

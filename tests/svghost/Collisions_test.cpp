@@ -22,21 +22,21 @@ constexpr std::uint64_t kFactor = 0xC6A4A7935BD1E995;
 constexpr std::uint64_t kInverse = 0x5F7A0EA7E59B19BD;
 static_assert(kFactor * kInverse == 1);
 
-constexpr std::uint64_t turned(std::uint64_t value)
+constexpr std::uint64_t Turned(std::uint64_t value)
 {
     return value ^ (value >> 47);
 }
 
 // The eight bytes that differ from block in the highest bit of what the hash makes of them, and of its state.
 // A second such block takes the difference back.
-constexpr std::uint64_t partnerOf(std::uint64_t block)
+constexpr std::uint64_t PartnerOf(std::uint64_t block)
 {
-    const std::uint64_t mixed = turned(block * kFactor) * kFactor;
-    return turned((mixed ^ (std::uint64_t(1) << 63)) * kInverse) * kInverse;
+    const std::uint64_t mixed = Turned(block * kFactor) * kFactor;
+    return Turned((mixed ^ (std::uint64_t(1) << 63)) * kInverse) * kInverse;
 }
 
 // 2 to the power of bits texts, all different and with the same hash.
-std::vector<std::wstring> textsOfOneHash(int bits)
+std::vector<std::wstring> TextsOfOneHash(int bits)
 {
     constexpr std::uint64_t kBlock = 0x0044004300420041;
     constexpr std::size_t kUnits = 2 * sizeof kBlock / sizeof(wchar_t);
@@ -44,7 +44,7 @@ std::vector<std::wstring> textsOfOneHash(int bits)
     for (unsigned choice = 0; choice < 1u << bits; ++choice) {
         std::wstring text;
         for (int bit = 0; bit < bits; ++bit) {
-            const std::uint64_t block = choice >> bit & 1 ? partnerOf(kBlock) : kBlock;
+            const std::uint64_t block = choice >> bit & 1 ? PartnerOf(kBlock) : kBlock;
             const std::uint64_t pair[] = {block, block};
             text.resize(text.size() + kUnits);
             std::memcpy(&text[text.size() - kUnits], pair, sizeof pair);
@@ -60,7 +60,7 @@ std::vector<std::wstring> textsOfOneHash(int bits)
 #if defined(__GLIBCXX__) && UINTPTR_MAX == UINT64_MAX
 TEST(Collisions, TheTextsHaveTheSameHash)
 {
-    const std::vector<std::wstring> texts = textsOfOneHash(3);
+    const std::vector<std::wstring> texts = TextsOfOneHash(3);
     for (const std::wstring& text : texts) {
         EXPECT_EQ(std::hash<std::wstring>()(text), std::hash<std::wstring>()(texts[0]));
         EXPECT_EQ(text == texts[0], &text == &texts[0]);
@@ -70,28 +70,28 @@ TEST(Collisions, TheTextsHaveTheSameHash)
 
 TEST(Collisions, NamesOfSymbolsCostNoMoreThanOthers)
 {
-    const std::vector<std::wstring> names = textsOfOneHash(15);
+    const std::vector<std::wstring> names = TextsOfOneHash(15);
     const HostDocument document;
     const auto start = Clock::now();
     for (const std::wstring& name : names)
-        document.use(name.c_str(), 0, 0);
+        document.Use(name.c_str(), 0, 0);
     for (const std::wstring& name : names) {
-        document.begin(name.c_str());
-        document.end();
+        document.Begin(name.c_str());
+        document.End();
     }
     EXPECT_LT(Clock::now() - start, std::chrono::seconds(5));
-    EXPECT_EQ(document.statistics().missingSymbols, 0u);
-    EXPECT_EQ(document.statistics().duplicateSymbols, 0u);
+    EXPECT_EQ(document.Statistics().missingSymbols, 0u);
+    EXPECT_EQ(document.Statistics().duplicateSymbols, 0u);
 }
 
 TEST(Collisions, ValuesOfAttributesCostNoMoreThanOthers)
 {
-    const std::vector<std::wstring> texts = textsOfOneHash(15);
+    const std::vector<std::wstring> texts = TextsOfOneHash(15);
     const HostDocument document;
-    const QlmNode line = document.line(0, 0, 1, 1);
+    const QlmNode line = document.Line(0, 0, 1, 1);
     const auto start = Clock::now();
     for (const std::wstring& text : texts)
-        document.set(line, L"stroke", text.c_str());
+        document.Set(line, L"stroke", text.c_str());
     EXPECT_LT(Clock::now() - start, std::chrono::seconds(5));
-    EXPECT_TRUE(ParsedSvg(document).first("line").attribute("stroke"));
+    EXPECT_TRUE(ParsedSvg(document).First("line").attribute("stroke"));
 }
