@@ -1,7 +1,7 @@
 // Finds values by hash.
 #pragma once
 
-#include "base/CDxfChunk.h"
+#include "base/Chunk.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,7 @@
 // The hash and the index of names that is built on it.
 #include "base/CDxfNameIndex.h"
 #include "base/CDxfStore.h"
+#include "base/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -106,7 +107,7 @@ TEST(NameIndex, FindsEachNameOfMany)
     std::vector<Record> records;
     constexpr int kNames = 200'000; // some pairs of so many have the same hash of 32 bits
     for (int i = 0; i < kNames; ++i)
-        records.push_back({store.Keep(Name(i))});
+        records.push_back({store.Keep(Utf8FromWide(Name(i)))});
     CDxfNameIndex<Record> index;
     for (const Record& record : records)
         index.Add(record);

@@ -97,7 +97,7 @@ TEST_F(Inserts, BlockBeginLeavesWhateverNodeWasCurrentAndTheEndReturnsToTheDefau
 {
     host.currentNode = RecordingHost::Context();
     DXF_BLOCKS_BLOCK block;
-    block.m_strName = converter.store.Keep(std::wstring_view(L"Door"));
+    block.m_strName = converter.store.Keep("Door");
     converter.OnBlockBegin(block);
     EXPECT_EQ(host.Trace(), "qlmSetCurrentSvgNode(ctx, 0)\n"
                             "qlmCreateSymbol(ctx, \"Door\") = n1\n"

@@ -11,7 +11,7 @@ TEST(Message, ArgumentsStandInTheOrderOfTheFormat)
 {
     CDxfStore store;
     const CDxfMessage message(L"%s ('%d' = '%s') Line:%d",
-                              {store.Keep(L"Marker"), -7, std::string_view("value"), 12});
+                              {store.Keep("Marker"), -7, std::string_view("value"), 12});
     EXPECT_STREQ(message.c_str(), L"Marker ('-7' = 'value') Line:12");
 }
 
@@ -46,7 +46,7 @@ TEST(Message, TextThatIsLongerThanAnyMessageIsCut)
 {
     const std::wstring text(5000, L'w');
     CDxfStore store;
-    const std::wstring message = CDxfMessage(L"%s", {store.Keep(text)}).c_str();
+    const std::wstring message = CDxfMessage(L"%s", {store.Keep(std::string(5000, 'w'))}).c_str();
     EXPECT_LT(message.size(), text.size());
     EXPECT_GE(message.size(), 2u * 1023);
     EXPECT_EQ(message, text.substr(0, message.size()));

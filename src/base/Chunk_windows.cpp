@@ -1,4 +1,4 @@
-#include "base/CDxfChunk.h"
+#include "base/Chunk.h"
 
 #include <new>
 

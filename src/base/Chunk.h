@@ -1,4 +1,4 @@
-// Memory for a store, from the system.
+// Large blocks of memory from the system.
 #pragma once
 
 #include <cstddef>
@@ -9,5 +9,5 @@ inline constexpr std::size_t kPreferredChunk = std::size_t{2} << 20;
 // A block of size bytes, aligned for any record. Throws std::bad_alloc.
 void* AllocateChunk(std::size_t size);
 
-// Gives a block back, with the size that it was asked for with; null is allowed.
+// Frees a block of the size that it was allocated with; null is allowed.
 void FreeChunk(void* chunk, std::size_t size);

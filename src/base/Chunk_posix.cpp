@@ -1,4 +1,4 @@
-#include "base/CDxfChunk.h"
+#include "base/Chunk.h"
 
 #include <new>
 
@@ -18,7 +18,7 @@ void* AllocateChunk(std::size_t size)
         return ::operator new(size);
     void* const chunk = ::operator new(size, kLargePage);
 #ifdef MADV_HUGEPAGE
-    madvise(chunk, size, MADV_HUGEPAGE); // a wish: without it the pages are small
+    madvise(chunk, size, MADV_HUGEPAGE); // a hint: if the system ignores it, the pages are small
 #endif
     return chunk;
 }
