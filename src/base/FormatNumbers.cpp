@@ -18,7 +18,7 @@ char* FormatReal(double value, char* out, std::chars_format format, int precisio
 }
 
 // Between these lie almost all coordinates; their millionths are whole numbers of 64 bits and come from the
-// double's own bits, in a quarter of the instructions that std::to_chars takes; bench/ shows the figure.
+// double's own bits. plexorn_number_bench shows the gain over std::to_chars.
 constexpr double kSmallestQuick = 0x1p-10;
 constexpr double kLargestQuick = 1e12;
 

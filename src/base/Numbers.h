@@ -37,8 +37,8 @@ std::int32_t ParseInteger(std::string_view text);
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
 
-// The same, for a line of a CDxfStream: the sixteen bytes before its end and the eight from its begin on are
-// read, though those outside it do not count.
+// The same, for a line of a CDxfStream: up to sixteen bytes on either side of it are read too, though they do
+// not count.
 double ParseLineReal(std::string_view line);
 
 // Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.

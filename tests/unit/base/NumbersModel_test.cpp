@@ -1,10 +1,12 @@
 // Numbers against the standard library's functions, on random and odd inputs.
+#include "base/Multiply.h"
 #include "base/Numbers.h"
 #include "input/CDxfStream.h"
 #include "support/NumbersModel.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -158,6 +160,30 @@ TEST(NumbersModel, RealsOfLinesAreReadAsByStrtod)
                         RandomText(random, ".e- z", round % 16 == 0 ? 2 : 0));
     for (int round = 0; round < 100000; ++round)
         texts.push_back(RandomReal(random));
+    ExpectSameRealLines(texts);
+}
+
+// A middle between two doubles is odd / 2^shift. It has more decimals than are given here: the texts are the
+// nearest below and above it, where an estimate is most easily rounded to the wrong side.
+TEST(NumbersModel, RealsNextToTheMiddleOfTwoDoublesAreReadAsByStrtod)
+{
+    std::mt19937_64 random(17);
+    std::vector<std::string> texts;
+    for (int round = 0; round < 50000; ++round) {
+        const std::uint64_t odd = std::uint64_t{1} << 53 | random() >> 11 | 1;
+        const int shift = 28 + static_cast<int>(random() % 26); // the number is below 2^26
+        const std::size_t decimals = std::min<std::size_t>(16, 19 - std::to_string(odd >> shift).size());
+        std::uint64_t power = 1;
+        for (std::size_t i = 0; i < decimals; ++i)
+            power *= 10;
+        const UINT128 product = Multiply(odd, power);
+        const std::uint64_t below = product.high << (64 - shift) | product.low >> shift;
+        for (const std::uint64_t digits : {below - 1, below, below + 1, below + 2}) {
+            std::string text = std::to_string(digits);
+            text.insert(text.size() - decimals, ".");
+            texts.push_back(text);
+        }
+    }
     ExpectSameRealLines(texts);
 }
 
