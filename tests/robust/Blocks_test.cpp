@@ -1,12 +1,10 @@
 // Blocks that insert themselves or each other: every block is drawn once and every INSERT is one use,
 // whatever they refer to.
+#include "support/CountedWork.h"
 #include "support/Import.h"
 #include "support/NestedBlocks.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <ctime>
 
 namespace {
 
@@ -47,19 +45,12 @@ public:
     std::size_t calls = 0;
 };
 
-// The shortest of some readings, in processor time: what else the machine does weighs little.
-double SecondsOf(const std::string& drawing, std::size_t expectedCalls)
+std::size_t CallsOf(const std::string& drawing)
 {
-    double shortest = 1e9;
-    for (int i = 0; i < 3; ++i) {
-        const std::clock_t start = std::clock();
-        CountingReader reader;
-        CDxfMemory memory(drawing);
-        reader.ReadDxfSource(memory);
-        shortest = std::min(shortest, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-        EXPECT_EQ(reader.calls, expectedCalls);
-    }
-    return shortest;
+    CountingReader reader;
+    CDxfMemory memory(drawing);
+    reader.ReadDxfSource(memory);
+    return reader.calls;
 }
 
 } // namespace
@@ -100,12 +91,21 @@ TEST(NestedBlocks, TowerOfNineLevelsOfTenInsertsHasNinetyOneUses)
     EXPECT_EQ(CountOf("", trace), 9u * 4u + 91u);
 }
 
-TEST(NestedBlocks, TimeOfAChainGrowsWithItsLength)
+TEST(NestedBlocks, ChainMakesThreeCallsForEachBlock)
 {
-    // Ten times the blocks: ten times the time, where a search through the blocks would take a hundred times.
-    for (const bool backward : {false, true}) {
-        const double shortChain = SecondsOf(ChainOfBlocks(10'000, backward), 30'001);
-        const double longChain = SecondsOf(ChainOfBlocks(100'000, backward), 300'001);
-        EXPECT_LT(longChain, 40 * std::max(shortChain, 0.02));
-    }
+    for (const bool backward : {false, true})
+        for (const int length : {10'000, 100'000})
+            EXPECT_EQ(CallsOf(ChainOfBlocks(length, backward)), 3u * static_cast<std::size_t>(length) + 1);
+}
+
+// Compared by tests/robust/work_test.py: a search through the blocks would grow with the square of the
+// length.
+TEST(Work, OfChainsOfBlocks)
+{
+    for (const bool backward : {false, true})
+        for (const int length : {0, 2000, 4000}) {
+            const std::string drawing = ChainOfBlocks(length, backward);
+            RunCounted(backward ? "blocks/backward" : "blocks/forward", static_cast<std::size_t>(length),
+                       [&] { return CallsOf(drawing); });
+        }
 }

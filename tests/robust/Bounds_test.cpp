@@ -1,4 +1,5 @@
-// What a hostile file can cost: memory and time for each of its bytes have a bound, whatever it holds.
+// What a hostile file can cost: memory and work for each of its bytes have a bound, whatever it holds.
+#include "support/CountedWork.h"
 #include "support/FailingMemory.h"
 #include "support/Hostile.h"
 #include "support/Import.h"
@@ -9,17 +10,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <iterator>
 
 namespace {
 
 constexpr std::size_t kSize = kIsOptimized ? 1'000'000 : 200'000;
-constexpr std::size_t kTimedSize = kSize / 5;
-// Texts of 32 MB and more come fresh from the system each time, page by page: both of those that are compared
-// are smaller.
-constexpr std::size_t kTimedSizeOfFarNumbers = kTimedSize / 5;
+constexpr std::size_t kCountedSize = 40'000;
 // What takes thousands of calls for each line needs none of the room of many lines.
 constexpr std::size_t kSizeOfManyCalls = 20'000;
 
@@ -35,14 +32,10 @@ constexpr std::size_t kMostMemoryOfFarNumbers = 82 * sizeof(wchar_t) + 16;
 // Twice the 689,280 bytes that a drawing of many calls takes at its small size.
 constexpr std::size_t kMostMemoryOfManyCalls = 1'380'000;
 
-// How many times that of an ordinary drawing.
-constexpr double kMostTime = 20;
-constexpr double kMostTimeOfFarNumbers = 120;
-
 struct COST {
     std::size_t bytes = 0; // at most at once
+    std::size_t allocations = 0;
     std::size_t calls = 0;
-    double seconds = 0; // of the processor
 };
 
 COST CostOf(const std::string& drawing)
@@ -50,7 +43,6 @@ COST CostOf(const std::string& drawing)
     RecordingHost& host = RecordingHost::OfThread();
     host.Reset();
     host.countOnly = true;
-    const std::clock_t start = std::clock();
     FailingMemory memory(0);
     {
         CDxfReadToQuillmar converter(RecordingHost::Context());
@@ -58,7 +50,7 @@ COST CostOf(const std::string& drawing)
         converter.ReadDxfSource(source);
     }
     EXPECT_EQ(memory.Live(), 0u);
-    return {memory.MostBytes(), host.callCount, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC};
+    return {memory.MostBytes(), memory.Allocations(), host.callCount};
 }
 
 std::string OrdinaryDrawing(std::size_t size)
@@ -85,54 +77,56 @@ std::vector<std::string> Names()
     return names;
 }
 
-class Bounds : public testing::TestWithParam<std::string> {
-protected:
-    // Texts of many of these, which their host gets in one piece.
-    bool HasFarNumbers() const
-    {
-        return GetParam().starts_with("polyline-far-") || GetParam().starts_with("far-dashes");
-    }
-    bool HasManyCalls() const { return GetParam().starts_with("stacked-"); }
-};
+// Texts of many of these, which their host gets in one piece.
+bool HasFarNumbers(const std::string& name)
+{
+    return name.starts_with("polyline-far-") || name.starts_with("far-dashes");
+}
+
+bool HasManyCalls(const std::string& name)
+{
+    return name.starts_with("stacked-");
+}
+
+std::size_t CountedSize(const std::string& name)
+{
+    return HasManyCalls(name) ? kSizeOfManyCalls / 2 : kCountedSize;
+}
+
+void RunAtSizes(const std::string& label, const std::string& empty, const std::string& half,
+                const std::string& whole)
+{
+    RunCounted(label, 0, [&] { return CostOf(empty).calls; });
+    for (const std::string* const drawing : {&half, &whole})
+        RunCounted(label, drawing->size(), [&] { return CostOf(*drawing).calls; });
+}
+
+class Bounds : public testing::TestWithParam<std::string> {};
 
 } // namespace
 
 // Storage that doubles may be caught at its worst by a size between.
 TEST_P(Bounds, MemoryForEachByteHasOne)
 {
-    const std::size_t least = HasManyCalls() ? kSizeOfManyCalls : kSize;
+    const std::size_t least = HasManyCalls(GetParam()) ? kSizeOfManyCalls : kSize;
     for (const std::size_t size : {least, least * 7 / 5}) {
         const std::string drawing = Pattern(GetParam()).Drawing(size);
         const COST cost = CostOf(drawing);
-        const std::size_t most = HasFarNumbers() ? kMostMemoryOfFarNumbers : kMostMemory;
-        EXPECT_LE(cost.bytes, HasManyCalls() ? kMostMemoryOfManyCalls : most * drawing.size() + kFixed)
+        const std::size_t most = HasFarNumbers(GetParam()) ? kMostMemoryOfFarNumbers : kMostMemory;
+        EXPECT_LE(cost.bytes,
+                  HasManyCalls(GetParam()) ? kMostMemoryOfManyCalls : most * drawing.size() + kFixed)
             << static_cast<double>(cost.bytes) / static_cast<double>(drawing.size()) << " for each byte";
     }
 }
 
-// The host's calls count as what they cost in an ordinary drawing: a dimension is drawn again at each marker.
-TEST_P(Bounds, TimeIsInProportionToTheSizeAndToThatOfAnOrdinaryDrawing)
+// What is counted is the same on every machine. Lists that double have a step more at twice the size.
+TEST_P(Bounds, CallsAndAllocationsAreInProportionToTheSize)
 {
-    constexpr double kLeast = 0.003; // below it a clock's steps are all that is measured
-    static const std::string ordinary = OrdinaryDrawing(kTimedSize);
-    const std::size_t size = HasFarNumbers()  ? kTimedSizeOfFarNumbers
-                             : HasManyCalls() ? kSizeOfManyCalls
-                                              : kTimedSize;
-    const std::string half = Pattern(GetParam()).Drawing(size);
-    const std::string whole = Pattern(GetParam()).Drawing(2 * size);
-    const double share = static_cast<double>(half.size()) / static_cast<double>(ordinary.size());
-    const double most = HasFarNumbers() ? kMostTimeOfFarNumbers : kMostTime;
-    double shortest = 1e9, growth = 1e9, ratio = 1e9;
-    for (int attempt = 0; attempt < 5 && (growth > 3 || ratio > most); ++attempt) {
-        const COST usual = CostOf(ordinary), cost = CostOf(half);
-        shortest = std::min(shortest, cost.seconds);
-        growth = std::min(growth, CostOf(whole).seconds / std::max(shortest, kLeast));
-        const double calls =
-            std::max(1.0, static_cast<double>(cost.calls) / static_cast<double>(usual.calls) / share);
-        ratio = std::min(ratio, cost.seconds / std::max(usual.seconds, kLeast / 10) / share / calls);
-    }
-    EXPECT_LE(growth, 3);
-    EXPECT_LE(ratio, most);
+    const std::size_t size = CountedSize(GetParam());
+    const COST half = CostOf(Pattern(GetParam()).Drawing(size));
+    const COST whole = CostOf(Pattern(GetParam()).Drawing(2 * size));
+    EXPECT_LE(whole.calls, 2 * half.calls + half.calls / 5 + 20);
+    EXPECT_LE(whole.allocations, 2 * half.allocations + half.allocations / 5 + 20);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Bounds, testing::ValuesIn(Names()), [](const auto& pattern) {
@@ -140,6 +134,19 @@ INSTANTIATE_TEST_SUITE_P(Of, Bounds, testing::ValuesIn(Names()), [](const auto& 
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
 });
+
+// Compared by tests/robust/work_test.py: twice the size, and an ordinary drawing.
+TEST(Work, OfHostileDrawings)
+{
+    RunAtSizes("hostile/ordinary", OrdinaryDrawing(0), OrdinaryDrawing(kCountedSize),
+               OrdinaryDrawing(2 * kCountedSize));
+    for (const HOSTILE_PATTERN& pattern : HostilePatterns()) {
+        const std::size_t size = CountedSize(pattern.name);
+        RunAtSizes((HasFarNumbers(pattern.name) ? "hostile-far/" : "hostile/") + pattern.name,
+                   pattern.first + pattern.middle + pattern.last, pattern.Drawing(size),
+                   pattern.Drawing(2 * size));
+    }
+}
 
 // What docs/bounds.md says of the module's memory and calls; with PLEXORN_BOUNDS=1 in the environment the
 // measured figures are printed. A wide character has four bytes there.

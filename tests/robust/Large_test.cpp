@@ -1,11 +1,11 @@
-// Much of everything: twice the file takes about twice the time.
+// Much of everything: twice the file makes twice the calls, and takes about twice the work.
+#include "support/CountedWork.h"
+#include "support/FailingMemory.h"
 #include "support/Import.h"
 #include "support/Scale.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <ctime>
 #include <functional>
 
 namespace {
@@ -105,30 +105,37 @@ void Count(const char* drawing, std::size_t size)
     converter.ReadDxfSource(memory);
 }
 
-// The processor time of an import: what else the machine does weighs little.
-double SecondsOf(const std::string& drawing)
+std::size_t AllocationsOf(const std::string& drawing)
 {
-    const std::clock_t start = std::clock();
+    const FailingMemory memory(0);
     Count(drawing.data(), drawing.size());
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    return memory.Allocations();
+}
+
+// Compared by tests/robust/work_test.py.
+void RunAtSizes(const std::string& label, const std::function<std::string(int)>& drawing, int count)
+{
+    for (const int size : {0, count, 2 * count}) {
+        const std::string text = drawing(size);
+        RunCounted(label, static_cast<std::size_t>(size), [&] {
+            Count(text.data(), text.size());
+            return RecordingHost::OfThread().callCount;
+        });
+    }
 }
 
 class Many : public testing::TestWithParam<MANY> {};
 
 } // namespace
 
-TEST_P(Many, TakeTimeInProportion)
+TEST_P(Many, MakeTheirCallsAndAllocateInProportion)
 {
-    constexpr double kLeast = 0.01; // below it a clock's steps are all that is measured
     const int count = kMillion / 2;
     const std::string half = GetParam().drawing(count);
     const std::string full = GetParam().drawing(2 * count);
-    double shortest = 1e9, ratio = 1e9;
-    for (int attempt = 0; attempt < 5 && ratio > 3; ++attempt) {
-        shortest = std::min(shortest, SecondsOf(half));
-        ratio = std::min(ratio, SecondsOf(full) / std::max(shortest, kLeast));
-    }
-    EXPECT_LE(ratio, 3);
+    const std::size_t allocationsOfHalf = AllocationsOf(half);
+    const std::size_t allocations = AllocationsOf(full);
+    EXPECT_LE(allocations, 2 * allocationsOfHalf + allocationsOfHalf / 5 + 20);
     EXPECT_EQ(RecordingHost::OfThread().callCount,
               static_cast<std::size_t>(GetParam().callsForEach) * 2 * static_cast<std::size_t>(count) +
                   static_cast<std::size_t>(GetParam().otherCalls));
@@ -206,4 +213,26 @@ TEST(ManyLayers, AMillionEntitiesOnLayersThatAreMissing)
     drawing += "0\nENDSEC\n";
     Count(drawing.data(), drawing.size());
     EXPECT_EQ(RecordingHost::OfThread().callCount, 4u * kMillion);
+}
+
+TEST(Work, OfManyOfEverything)
+{
+    for (const MANY& many : kMany)
+        RunAtSizes(std::string("many/") + many.name, many.drawing, 2000);
+}
+
+// Names are looked up in an index: an entity costs the same however many layers there are.
+TEST(Work, OfEntitiesOnManyLayers)
+{
+    const auto drawing = [](const char* name) {
+        return [name](int count) {
+            std::string entities;
+            for (int i = 0; i < count; ++i)
+                entities +=
+                    "0\nLINE\n8\n" + (name + std::to_string(i)) + "\n6\n" + name + std::to_string(i) + "\n";
+            return Layers(count) + InSection("ENTITIES", entities);
+        };
+    };
+    RunAtSizes("layers/of entities", drawing("Layer"), 2000);
+    RunAtSizes("layers/missing", drawing("Missing"), 2000);
 }
