@@ -1,61 +1,108 @@
-// Runs a target over files, for compilers without a fuzzer and for the ordinary tests: each argument is an
-// input, or a folder of inputs. Fails when there is none.
+// Runs a target over inputs, for compilers without a fuzzer and for the ordinary tests. Each argument is an
+// input, a folder of inputs, or an archive of them (.tar). Fails when there is no input, or when one of an
+// archive did not run.
+#include "Archive.h"
 #include "FuzzInput.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace {
 
-using PATHS = std::vector<std::filesystem::path>;
+using Path = std::filesystem::path;
 
-void AddInputs(const std::filesystem::path& path, PATHS& inputs)
+// Counts every input that a target came back from.
+std::size_t runs = 0;
+bool hasFinished = false;
+
+// A target that ends the process leaves the inputs after it unseen.
+void FailUnlessFinished()
 {
+    if (!hasFinished)
+        std::_Exit(1);
+}
+
+std::vector<Path> InputsOf(const Path& path)
+{
+    std::vector<Path> inputs;
     if (!std::filesystem::is_directory(path)) {
-        inputs.push_back(std::filesystem::absolute(path)); // a target may change the folder
-        return;
+        inputs.push_back(path);
+        return inputs;
     }
     for (const auto& entry : std::filesystem::recursive_directory_iterator(path))
         if (entry.is_regular_file())
-            inputs.push_back(std::filesystem::absolute(entry.path()));
+            inputs.push_back(entry.path());
+    std::sort(inputs.begin(), inputs.end());
+    return inputs;
 }
 
-void Run(const std::filesystem::path& path)
+std::string BytesOf(const Path& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw std::filesystem::filesystem_error("cannot be read", path, std::error_code());
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    // As many bytes as there are, so that a read behind them is one behind the block.
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void Run(const std::string& name, std::string_view bytes)
+{
+    std::fprintf(stderr, "%s\n", name.c_str());
+    // As many bytes as there are, so that a read past them is one past the block.
     const std::unique_ptr<std::uint8_t[]> input(new std::uint8_t[bytes.size()]);
     std::copy(bytes.begin(), bytes.end(), input.get());
     LLVMFuzzerTestOneInput(input.get(), bytes.size());
+    ++runs;
+}
+
+void RunArchive(const Path& path)
+{
+    const std::string bytes = BytesOf(path);
+    const std::vector<ArchiveEntry> entries = ReadArchive(bytes);
+    const std::size_t before = runs;
+    for (const ArchiveEntry& entry : entries)
+        Run(entry.name, entry.bytes);
+    std::fprintf(stderr, "%s: %zu of %zu inputs\n", path.filename().string().c_str(), runs - before,
+                 entries.size());
+    if (entries.empty() || runs - before != entries.size())
+        throw std::runtime_error("not every input of the archive ran");
+}
+
+void RunArgument(const Path& path)
+{
+    if (path.extension() == ".tar") {
+        RunArchive(path);
+        return;
+    }
+    for (const Path& input : InputsOf(path))
+        Run(input.filename().string(), BytesOf(input));
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    PATHS inputs;
+    std::atexit(FailUnlessFinished);
     try {
+        std::vector<Path> paths;
         for (int i = 1; i < argc; ++i)
-            AddInputs(argv[i], inputs);
-        std::sort(inputs.begin(), inputs.end());
-        for (const std::filesystem::path& path : inputs) {
-            std::fprintf(stderr, "%s\n", path.filename().string().c_str());
-            Run(path);
-        }
+            paths.push_back(std::filesystem::absolute(argv[i])); // a target may change the folder
+        for (const Path& path : paths)
+            RunArgument(path);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;
     }
-    std::fprintf(stderr, "%zu inputs\n", inputs.size());
-    return inputs.empty() ? 1 : 0;
+    std::fprintf(stderr, "%zu inputs\n", runs);
+    hasFinished = true;
+    return runs == 0 ? 1 : 0;
 }

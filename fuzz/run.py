@@ -7,9 +7,10 @@ import subprocess
 import sys
 import tempfile
 
+import archive
+
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 BUILD = os.path.join(ROOT, "build", "fuzz")
-KEPT = os.path.join(ROOT, "fuzz", "corpus")
 FINDINGS = os.path.join(BUILD, "findings")
 DICTIONARY = os.path.join(ROOT, "fuzz", "dxf.dict")
 
@@ -50,10 +51,20 @@ def corpus(target):
     return os.path.join(BUILD, "corpus", target)
 
 
-def start(target, longest, seconds, number, seeds):
+def kept_archive(target):
+    """The inputs that the ordinary tests replay."""
+    return os.path.join(ROOT, "fuzz", "corpus", f"{target}.tar")
+
+
+def first_inputs(target, work):
+    """The folders of what a run starts from beside what earlier ones found."""
+    return [os.path.join(work, name, target) for name in ("unpacked", "seeds")]
+
+
+def start(target, longest, seconds, number, work):
     """One process that fuzzes target; its output goes to a file, whose name it has as log."""
     log = os.path.join(BUILD, f"fuzz-{target}-{number}.log")
-    folders = [corpus(target), os.path.join(KEPT, target), os.path.join(seeds, target)]
+    folders = [corpus(target), *first_inputs(target, work)]
     command = [program(target), *options(target, longest), f"-max_total_time={seconds}",
                f"-artifact_prefix={os.path.join(FINDINGS, target)}-", *filter(os.path.isdir, folders)]
     with open(log, "w", encoding="utf-8") as output:
@@ -64,7 +75,7 @@ def start(target, longest, seconds, number, seeds):
     return process
 
 
-def fuzz(targets, seconds, jobs, seeds):
+def fuzz(targets, seconds, jobs, work):
     """Runs all targets, jobs at a time, and returns the finished processes."""
     # Each target gets the same time; where there are more jobs than targets, several processes share a corpus.
     rounds = max(1, -(-jobs // len(targets)))
@@ -75,7 +86,7 @@ def fuzz(targets, seconds, jobs, seeds):
     running, done = [], []
     while queue or running:
         while queue and len(running) < jobs:
-            running.append(start(*queue.pop(0), len(done) + len(running), seeds))
+            running.append(start(*queue.pop(0), len(done) + len(running), work))
         process = running.pop(0)
         process.wait()
         done.append(process)
@@ -110,10 +121,10 @@ def small_inputs(folder):
     return sorted((name for name in sizes if sizes[name] <= LONGEST_KEPT), key=lambda name: (sizes[name], name))
 
 
-def keep(target, seeds, work):
+def keep(target, work):
     """Minimises what was found: for later runs, and for the tests, which have less time and room."""
     found, small, kept = (os.path.join(work, target, name) for name in ("found", "small", "kept"))
-    merge(target, found, [corpus(target), os.path.join(KEPT, target), os.path.join(seeds, target)])
+    merge(target, found, [corpus(target), *first_inputs(target, work)])
     replace(corpus(target), found)
 
     # First what reaches every edge, then the smallest of what reaches one more often.
@@ -123,7 +134,7 @@ def keep(target, seeds, work):
     merge(target, kept, [small], "-use_counters=0")
     for name in small_inputs(small)[:MOST_KEPT - len(os.listdir(kept))]:
         shutil.copy(os.path.join(small, name), kept)
-    replace(os.path.join(KEPT, target), kept)
+    archive.pack(kept, kept_archive(target))
 
 
 def report(target, processes):
@@ -170,11 +181,13 @@ def main():
         os.makedirs(corpus(target), exist_ok=True)
     rows, findings = [], []
     with tempfile.TemporaryDirectory(dir=BUILD) as work:
-        seeds = os.path.join(work, "seeds")
-        subprocess.run([sys.executable, "-B", os.path.join(ROOT, "fuzz", "make_seeds.py"), seeds], check=True)
-        processes = fuzz(targets, chosen.minutes * 60, chosen.jobs, seeds)
+        subprocess.run([sys.executable, "-B", os.path.join(ROOT, "fuzz", "make_seeds.py"), os.path.join(work, "seeds")],
+                       check=True)
         for target in targets:
-            keep(target, seeds, work)
+            archive.unpack(kept_archive(target), os.path.join(work, "unpacked", target))
+        processes = fuzz(targets, chosen.minutes * 60, chosen.jobs, work)
+        for target in targets:
+            keep(target, work)
             row, found = report(target, [process for process in processes if process.target == target])
             rows.append(row)
             findings += [(target, path) for path in found]
