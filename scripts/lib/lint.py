@@ -1,4 +1,5 @@
-"""Runs clang-tidy and cppcheck over what is shipped, as many at a time as there are processors.
+"""Runs clang-format over every C and C++ file, clang-tidy and cppcheck over what is shipped, as many at a time as there
+are processors.
 
 Prints what they find and writes a JUnit file with a case for each tool; the exit code is 1 when something was found.
 """
@@ -15,6 +16,30 @@ import xml.etree.ElementTree as ElementTree
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 FOLDERS = ("src", "svghost", "cli")
 LARGEST_GROUP = 12
+
+
+# Another version formats in another way.
+FORMATTER = "clang-format-14"
+
+
+def formatted_sources():
+    """Every C and C++ file of the project; what a build makes is not ours."""
+    found = []
+    for folder, subfolders, names in os.walk(ROOT):
+        own = os.path.relpath(folder, ROOT)
+        subfolders[:] = [name for name in subfolders if not name.startswith(".") and (own, name) != (".", "build")]
+        found += [os.path.normpath(os.path.join(own, name)) for name in names if name.endswith((".h", ".cpp", ".c"))]
+    return sorted(found)
+
+
+def run_clang_format(paths):
+    """The first line of each file that clang-format would change."""
+    result = subprocess.run([FORMATTER, "--dry-run", "--Werror", "--ferror-limit=1", *paths], capture_output=True,
+                            text=True, cwd=ROOT)
+    found = re.findall(r"(?m)^(.+?:\d+):\d+: error: code should be clang-formatted", result.stderr)
+    if result.returncode != 0 and not found:
+        return [f"{FORMATTER} ended with {result.returncode}: {result.stderr}"]
+    return [f"{line}: format differs; run {FORMATTER} -i on the file" for line in found]
 
 
 def sources(build):
@@ -119,12 +144,16 @@ def main():
     arguments = parser.parse_args()
     build = os.path.abspath(arguments.build)
     jobs = os.cpu_count() or 1
-    paths = [os.path.relpath(path, ROOT) for path in arguments.files] or sources(build)
-    results = {"cppcheck": run_cppcheck(build, paths, jobs), "clang-tidy": run_clang_tidy(build, paths, jobs)}
+    given = [os.path.relpath(path, ROOT) for path in arguments.files]
+    paths = [path for path in sources(build) if not given or path in given]
+    results = {"clang-format": run_clang_format(given or formatted_sources())}
+    if paths:
+        results["cppcheck"] = run_cppcheck(build, paths, jobs)
+        results["clang-tidy"] = run_clang_tidy(build, paths, jobs)
     for found in results.values():
         if found:
             print("\n".join(found))
-    print(f"{len(paths)} files, {sum(len(found) for found in results.values())} findings")
+    print(f"{len(given or formatted_sources())} files, {len(paths)} of them shipped sources, {sum(len(found) for found in results.values())} findings")
     write_junit(arguments.junit, results)
     return 1 if any(results.values()) else 0
 

@@ -28,4 +28,5 @@ int (*setLastError)(int, Text, int, Text, bool, intptr_t) = qlmSetLastError;
 /* A kind is a plain number: the first is what a host looks for, the last what later versions add to. */
 static_assert(DXF_ERROR_OPEN == 1 && DXF_ERROR_MEMORY == 12, "the kinds keep their numbers");
 
-bool (*writePicture)(SvgHostDocument*, const SvgHostWriteOptions*, SvgHostWriteFunction, void*) = svgHostWrite;
+bool (*writePicture)(SvgHostDocument*, const SvgHostWriteOptions*, SvgHostWriteFunction,
+                     void*) = svgHostWrite;

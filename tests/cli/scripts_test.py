@@ -1,5 +1,6 @@
 """The scripts: what they install, what they print, how results are summed up."""
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -8,6 +9,7 @@ import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 sys.path.insert(0, os.path.join(ROOT, "scripts", "lib"))
+import lint  # noqa: E402
 import summary  # noqa: E402
 
 
@@ -36,6 +38,31 @@ class Help(unittest.TestCase):
     def test_import_of_a_missing_drawing(self):
         result = run("scripts/import", "none.dxf")
         self.assertEqual((result.returncode, result.stderr), (3, "import: none.dxf: no such file\n"))
+
+
+class Format(unittest.TestCase):
+    def setUp(self):
+        if shutil.which(lint.FORMATTER) is None:
+            self.skipTest("no " + lint.FORMATTER)
+
+    def check(self, text):
+        # The format is that of the folder: the file is made within the project.
+        os.makedirs(os.path.join(ROOT, "build"), exist_ok=True)
+        with tempfile.NamedTemporaryFile("w", suffix=".cpp", dir=os.path.join(ROOT, "build")) as file:
+            file.write(text)
+            file.flush()
+            return [line.replace(file.name, "FILE") for line in lint.run_clang_format([file.name])]
+
+    def test_a_file_that_differs_is_found_once(self):
+        self.assertEqual(self.check("int a;\nint  b;\nint  c;\n"),
+                         ["FILE:2: format differs; run clang-format-14 -i on the file"])
+
+    def test_a_file_as_it_should_be(self):
+        self.assertEqual(self.check("int a;\n"), [])
+
+    def test_every_folder_with_sources_is_looked_at(self):
+        folders = {path.split(os.sep)[0] for path in lint.formatted_sources()}
+        self.assertLessEqual({"src", "svghost", "cli", "tests", "fuzz", "bench", "examples"}, folders)
 
 
 class Import(unittest.TestCase):
