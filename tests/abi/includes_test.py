@@ -1,4 +1,5 @@
-"""Which folder may include which: the arrows of the design, read from the #include lines."""
+"""Which folder may include which: the arrows of the design, read from the #include lines. symbols_test.py reads them
+from what is compiled."""
 import argparse
 import os
 import re
