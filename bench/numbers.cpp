@@ -6,6 +6,7 @@
 // a conversion: median nanoseconds for one number, the fastest and the slowest round as parts of the median,
 // and what part of the standard library's median it is. Both take turns in the same run.
 #include "base/Numbers.h"
+#include "support/PaddedText.h"
 
 #include <algorithm>
 #include <array>
@@ -18,27 +19,28 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr std::size_t kNumbers = 200'000;
-constexpr std::size_t kMargin = 64; // what a stream's lines have on either side
 
 // Numbers of one kind: as doubles, and as the lines that a drawing holds of them.
 struct NUMBERS {
     const char* name;
     std::vector<double> values;
-    std::string text;
-    std::vector<std::string_view> lines;
+    PaddedText text;
+    std::vector<CDxfLine> lines;
 };
 
 template <class Make>
 NUMBERS MakeNumbers(const char* name, const Make& make)
 {
     std::mt19937_64 random(1);
-    NUMBERS numbers{name, {}, std::string(kMargin, '\n'), {}};
-    std::vector<std::size_t> ends{kMargin};
+    std::vector<double> values;
+    std::string lines;
+    std::vector<std::size_t> ends{0};
     for (std::size_t i = 0; i < kNumbers; ++i) {
         const double value = make(random);
         char text[kLongestNumber];
@@ -46,13 +48,13 @@ NUMBERS MakeNumbers(const char* name, const Make& make)
         std::string line(text, result.ptr);
         if (line.find_first_of(".e") == std::string::npos)
             line += ".0";
-        numbers.values.push_back(value);
-        numbers.text += line + "\n";
-        ends.push_back(numbers.text.size());
+        values.push_back(value);
+        lines += line + "\n";
+        ends.push_back(lines.size());
     }
-    numbers.text.append(kMargin, '\n');
+    NUMBERS numbers{name, std::move(values), PaddedText(lines), {}};
     for (std::size_t i = 0; i < kNumbers; ++i)
-        numbers.lines.emplace_back(numbers.text.data() + ends[i], ends[i + 1] - ends[i] - 1);
+        numbers.lines.push_back(numbers.text.Line(ends[i], ends[i + 1] - ends[i] - 1));
     return numbers;
 }
 
@@ -69,7 +71,12 @@ std::array<NUMBERS, 3> MakeAllNumbers()
             MakeNumbers("zeros", [](auto&) { return 0.0; })};
 }
 
-double StandardRead(std::string_view line)
+double PlainRead(CDxfLine line)
+{
+    return ParseReal(line);
+}
+
+double StandardRead(CDxfLine line)
 {
     double value = 0;
     std::from_chars(line.data(), line.data() + line.size(), value);
@@ -84,11 +91,11 @@ char* StandardWrite(double value, char* out)
 // What a loop over numbers adds up to, so that no conversion is left out.
 using SUM = std::uint64_t;
 
-template <double (*read)(std::string_view)>
+template <double (*read)(CDxfLine)>
 SUM ReadAll(const NUMBERS& numbers)
 {
     SUM sum = 0;
-    for (const std::string_view line : numbers.lines)
+    for (const CDxfLine line : numbers.lines)
         sum = sum * 31 + std::bit_cast<std::uint64_t>(read(line));
     return sum;
 }
@@ -112,7 +119,7 @@ struct CONVERSION {
 };
 constexpr CONVERSION kConversions[] = {
     {"ParseLineReal / std::from_chars", ReadAll<ParseLineReal>, ReadAll<StandardRead>},
-    {"ParseReal / std::from_chars", ReadAll<ParseReal>, ReadAll<StandardRead>},
+    {"ParseReal / std::from_chars", ReadAll<PlainRead>, ReadAll<StandardRead>},
     {"FormatFixed6 / std::to_chars", WriteAll<FormatFixed6>, WriteAll<StandardWrite>},
 };
 
@@ -125,9 +132,9 @@ constexpr CONVERSION kConversions[] = {
 void CheckAnswers(const NUMBERS& numbers)
 {
     for (std::size_t i = 0; i < kNumbers; ++i) {
-        const std::string_view line = numbers.lines[i];
+        const CDxfLine line = numbers.lines[i];
         const std::uint64_t bits = std::bit_cast<std::uint64_t>(numbers.values[i]);
-        for (const auto read : {ParseLineReal, ParseReal, StandardRead})
+        for (const auto read : {ParseLineReal, PlainRead, StandardRead})
             if (std::bit_cast<std::uint64_t>(read(line)) != bits)
                 Fail("read wrong: " + std::string(line));
         char ours[kLongestNumber], standard[kLongestNumber];

@@ -6,6 +6,7 @@
 
 #include "base/Numbers.h"
 #include "support/NumbersModel.h"
+#include "support/PaddedText.h"
 
 #include <bit>
 #include <cmath>
@@ -49,12 +50,12 @@ void RequireInteger(const char* what, std::int32_t expected, std::int32_t actual
         FuzzFail(what, std::to_string(expected), std::to_string(actual));
 }
 
-// line is a part of a text that has at least 64 bytes before and behind it.
-void Read(std::string_view line)
+void Read(CDxfLine padded)
 {
+    const std::string_view line = padded;
     const double real = ModelReal(line);
     RequireReal("ParseReal", real, ParseReal(line));
-    RequireReal("ParseLineReal", real, ParseLineReal(line));
+    RequireReal("ParseLineReal", real, ParseLineReal(padded));
     RequireInteger("ParseInteger", ModelInteger(line), ParseInteger(line));
 
     std::int32_t expected = 12345, actual = 12345, plain = 12345;
@@ -76,7 +77,6 @@ void Read(std::string_view line)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t kAround = 64;
     FuzzInput input(data, size);
     const std::uint8_t how = input.Byte();
     if (how % 2 == 1) {
@@ -86,17 +86,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         return 0;
     }
-    static std::string spelled, text; // kept for their room
+    static std::string spelled; // kept for its room
     std::string_view lines = input.Rest();
     if ((how & 2) != 0) {
         SpellRuns(lines, spelled);
         lines = spelled;
     }
-    // What stands around a line is no part of it: digits there would show.
-    text.assign(kAround, '7').append(lines).append(kAround, '7');
+    const PaddedText text(lines);
     for (std::size_t begin = 0; begin <= lines.size();) {
         const std::size_t end = std::min(lines.find('\n', begin), lines.size());
-        Read(std::string_view(text).substr(kAround + begin, end - begin));
+        Read(text.Line(begin, end - begin));
         begin = end + 1;
     }
     return 0;

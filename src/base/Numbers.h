@@ -1,6 +1,8 @@
 // Numbers in drawings and in attribute texts: always in the C locale's form, whatever the host has set.
 #pragma once
 
+#include "base/CDxfLine.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -37,9 +39,8 @@ std::int32_t ParseInteger(std::string_view text);
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
 
-// The same, for a line of a CDxfStream: up to sixteen bytes on either side of it are read too, though they do
-// not count.
-double ParseLineReal(std::string_view line);
+// The same for a whole line, in wide steps: bytes around it are read, though they do not count.
+double ParseLineReal(CDxfLine line);
 
 // Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
 std::string_view Trim(std::string_view text);

@@ -192,7 +192,7 @@ bool Divide(std::uint64_t digits, std::ptrdiff_t decimals, std::uint64_t sign, d
 
 } // namespace
 
-double ParseLineReal(std::string_view line)
+double ParseLineReal(CDxfLine line)
 {
     const char* const begin = line.data();
     const std::uint64_t isNegative = *begin == '-'; // an empty line is too short for any sign after it
@@ -207,7 +207,7 @@ double ParseLineReal(std::string_view line)
 
 #else
 
-double ParseLineReal(std::string_view line)
+double ParseLineReal(CDxfLine line)
 {
     return ParseReal(line);
 }

@@ -22,7 +22,7 @@ constexpr auto kEntityFields =
 // The lines within are deliberately not paired, so a value that reads "1002" ends the list too. The line
 // after the closing "1002" is part of the list, even where the file ends before it.
 template <class Part>
-void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, std::string_view value)
+void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, CDxfLine value)
 {
     if (Trim(value) != "DSTYLE")
         return;
@@ -185,7 +185,7 @@ constexpr PART_READER kParts[] = {
 bool CDxfRead::ReadENTITIES_DIMENSION(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
     DXF_GRAPHIC_DIMENSION* const dimension = NewEntity<DXF_GRAPHIC_DIMENSION>(*this, list);
-    const auto common = [&](std::int32_t code, std::string_view value) {
+    const auto common = [&](std::int32_t code, CDxfLine value) {
         ReadENTITIES_COMMON(code, value, *dimension, stream);
     };
     if (ReadFields(stream, *dimension, kEntityFields,

@@ -34,7 +34,7 @@ void SetRare(CDxfRead& reader, DXF_GRAPHIC_BASE& record, Value DXF_GRAPHIC_RARE:
 
 // A row's function for a rare field: reals, integers and handles as everywhere, texts trimmed and kept once.
 template <class Record, auto member>
-void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, std::string_view line)
+void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, CDxfLine line)
 {
     using VALUE = std::remove_cvref_t<decltype(record.m_rare->*member)>;
     if constexpr (std::is_same_v<VALUE, double>)

@@ -6,7 +6,7 @@ namespace {
 
 using BLOCK = DXF_BLOCKS_BLOCK;
 
-void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, BLOCK& block, std::string_view value)
+void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, BLOCK& block, CDxfLine value)
 {
     reader.ReadGroup(stream, block.m_strAppData, Trim(value), "102");
 }

@@ -3,18 +3,18 @@
 
 namespace {
 
-void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_BASE& record, std::string_view value)
+void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_BASE& record, CDxfLine value)
 {
     reader.ReadGroup(stream, RareOf(reader, record).m_strAppData, Trim(value), "102");
 }
 
 // Meant: the fraction is dropped.
-void ReadLineTypeScale(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
+void ReadLineTypeScale(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, CDxfLine value)
 {
     SetRare(reader, record, &DXF_GRAPHIC_RARE::m_dLineTypeScale, static_cast<double>(ParseInteger(value)));
 }
 
-void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, std::string_view value)
+void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, CDxfLine value)
 {
     SetRare(reader, record, &DXF_GRAPHIC_RARE::m_strProxyData, reader.store.Keep(Trim(value)));
 }
@@ -47,7 +47,7 @@ constexpr auto kFields = FIELDS::Table({
 
 } // namespace
 
-bool CDxfRead::ReadENTITIES_COMMON(std::int32_t code, std::string_view value, DXF_GRAPHIC_BASE& record,
+bool CDxfRead::ReadENTITIES_COMMON(std::int32_t code, CDxfLine value, DXF_GRAPHIC_BASE& record,
                                    CDxfStream& stream)
 {
     const DXF_FIELD<DXF_GRAPHIC_BASE>& field = kFields.Find(code);

@@ -120,7 +120,7 @@ bool CDxfRead::ReadENTITIES_LWPOLYLINE(CDxfStream& stream, DXF_ENTITY_LIST& list
 {
     POLYLINE* const polyline = NewEntity<POLYLINE>(*this, list);
     DXF_POINT2D pending;
-    const auto other = [&](std::int32_t code, std::string_view value) {
+    const auto other = [&](std::int32_t code, CDxfLine value) {
         if (code == 10) {
             pending.x = ParseLineReal(value);
         } else if (code == 20) {

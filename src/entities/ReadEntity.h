@@ -19,7 +19,7 @@ bool ReadEntity(CDxfRead& reader, CDxfStream& stream, DXF_ENTITY_LIST& list,
                 const CDxfFieldTable<Record, count>& table, const wchar_t* message)
 {
     Record* const record = NewEntity<Record>(reader, list);
-    const auto other = [&](std::int32_t code, std::string_view value) {
+    const auto other = [&](std::int32_t code, CDxfLine value) {
         reader.ReadENTITIES_COMMON(code, value, *record, stream);
     };
     return reader.ReadFields(stream, *record, table, message, other) == DXF_END_ZERO;

@@ -87,7 +87,7 @@ bool CDxfStream::NextBlock()
 }
 
 // No line feed is left in the buffer: moves the begun line to its front and reads on.
-std::string_view CDxfStream::LineAtEndOfBuffer()
+CDxfLine CDxfStream::LineAtEndOfBuffer()
 {
     for (;;) {
         const std::size_t begun = static_cast<std::size_t>(m_end - m_line);
@@ -105,7 +105,7 @@ std::string_view CDxfStream::LineAtEndOfBuffer()
     }
 }
 
-std::string_view CDxfStream::LastLine()
+CDxfLine CDxfStream::LastLine()
 {
     const char* const begin = m_line;
     m_line = m_end;
@@ -114,7 +114,7 @@ std::string_view CDxfStream::LastLine()
 }
 
 // Keeps what counts of the begun line at the buffer's front and drops the rest of it.
-std::string_view CDxfStream::OverlongLine()
+CDxfLine CDxfStream::OverlongLine()
 {
     std::memmove(m_front, m_line, kLongestLine + 1);
     char* const rest = m_front + kLongestLine + 1;

@@ -1,6 +1,7 @@
 // The lines of a drawing.
 #pragma once
 
+#include "base/CDxfLine.h"
 #include "input/CDxfSource.h"
 
 #include <algorithm>
@@ -25,8 +26,8 @@ public:
     explicit CDxfStream(CDxfSource& source);
 
     // The next line, without its end; empty at the end of the file, as often as it is asked for. The
-    // characters stay valid until the next call, and 64 bytes before and behind them can be read.
-    std::string_view getline()
+    // characters stay valid until the next call.
+    CDxfLine getline()
     {
         while (m_newlines == 0)
             [[unlikely]]
@@ -51,7 +52,7 @@ public:
     bool TakeReadFailed() { return std::exchange(m_readFailed, false); }
 
 private:
-    static constexpr std::size_t kBlock = 64;
+    static constexpr std::size_t kBlock = CDxfLine::kAround;
 
     // Line feeds among the 64 bytes at a place, bit 0 for the first.
     static std::uint64_t FindNewlines(const char* bytes);
@@ -61,7 +62,7 @@ private:
     // reading where the runtime library's goes byte by byte (perf, under Wine).
     static bool MayHoldNulOrEnd(const char* bytes, std::size_t size);
 
-    std::string_view CutLine(const char* end)
+    CDxfLine CutLine(const char* end)
     {
         const char* const begin = m_line;
         m_line = end + 1;
@@ -69,7 +70,7 @@ private:
             --end;
         return LimitLine(begin, static_cast<std::size_t>(end - begin));
     }
-    std::string_view LimitLine(const char* begin, std::size_t size)
+    CDxfLine LimitLine(const char* begin, std::size_t size)
     {
         if (size > kLongestLine) [[unlikely]] {
             size = kLongestLine;
@@ -82,9 +83,9 @@ private:
 
     bool NextBlock();
     void StartBlocksAt(const char* place);
-    std::string_view LineAtEndOfBuffer();
-    std::string_view LastLine();
-    std::string_view OverlongLine();
+    CDxfLine LineAtEndOfBuffer();
+    CDxfLine LastLine();
+    CDxfLine OverlongLine();
     std::size_t Fill(char* place);
 
     CDxfSource& m_source;

@@ -1,6 +1,7 @@
 // The group codes of a record as a table: code, member, conversion.
 #pragma once
 
+#include "base/CDxfLine.h"
 #include "base/DXF_HANDLE.h"
 #include "base/DXF_STRING.h"
 
@@ -28,7 +29,7 @@ enum class DXF_FIELD_KIND : std::uint8_t {
 // What is done with the values of one group code, or of a range of codes.
 template <class Record>
 struct DXF_FIELD {
-    using FUNCTION = void (*)(CDxfRead& reader, CDxfStream& stream, Record& record, std::string_view value);
+    using FUNCTION = void (*)(CDxfRead& reader, CDxfStream& stream, Record& record, CDxfLine value);
 
     int firstCode = 0;
     int lastCode = 0;

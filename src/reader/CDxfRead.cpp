@@ -25,7 +25,7 @@ std::string_view CDxfRead::ReadTrimmed(CDxfStream& stream)
 
 bool CDxfRead::ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* message)
 {
-    const std::string_view line = ReadLine(stream);
+    const CDxfLine line = ReadLine(stream);
     if (ParseCode(line, code)) [[likely]]
         return true;
     ReportBadCode(line, message);

@@ -120,8 +120,7 @@ public:
 
     // Stores the value of a group code that all entities share; false, after a message, for any other code.
     // value is the value line, trimmed here.
-    bool ReadENTITIES_COMMON(std::int32_t code, std::string_view value, DXF_GRAPHIC_BASE& record,
-                             CDxfStream& stream);
+    bool ReadENTITIES_COMMON(std::int32_t code, CDxfLine value, DXF_GRAPHIC_BASE& record, CDxfStream& stream);
 
     // True for the names that begin an entity within a block.
     static bool IsEntityTypeName(std::string_view name);
@@ -148,9 +147,9 @@ public:
     // For readers and the handlers of their fields.
 
     // The next line, untrimmed and counted; valid until the next call.
-    std::string_view ReadLine(CDxfStream& stream)
+    CDxfLine ReadLine(CDxfStream& stream)
     {
-        const std::string_view line = stream.getline();
+        const CDxfLine line = stream.getline();
         lineCount = static_cast<std::int32_t>(static_cast<std::uint32_t>(lineCount) + 1); // may wrap
         if (stream.HasTrouble()) [[unlikely]]
             ReportTrouble(stream);

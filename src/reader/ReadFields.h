@@ -8,7 +8,7 @@
 // Stores a value as its field says.
 template <class Record>
 void StoreField(CDxfRead& reader, CDxfStream& stream, Record& record, const DXF_FIELD<Record>& field,
-                std::string_view line)
+                CDxfLine line)
 {
     switch (field.kind) {
     case DXF_FIELD_KIND::Real:
@@ -52,7 +52,7 @@ DXF_END CDxfRead::ReadFields(CDxfStream& stream, Record& record, const CDxfField
         const DXF_FIELD<Record>& field = table.Find(code);
         if (field.kind == DXF_FIELD_KIND::End)
             return static_cast<DXF_END>(code);
-        const std::string_view line = ReadLine(stream);
+        const CDxfLine line = ReadLine(stream);
         if (field.kind == DXF_FIELD_KIND::None)
             other(code, line);
         else

@@ -6,24 +6,23 @@
 
 namespace {
 
-void ReadHeaderGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_HEADER& table, std::string_view value)
+void ReadHeaderGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_HEADER& table, CDxfLine value)
 {
     reader.ReadGroup(stream, table.m_strAppData, Trim(value), "102");
 }
 
-void ReadEntryGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_COMMON& entry, std::string_view value)
+void ReadEntryGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_COMMON& entry, CDxfLine value)
 {
     reader.ReadGroup(stream, entry.m_strAppData, Trim(value), "102");
 }
 
 // In a block record only the extended data has groups: its 102 pairs are pairs like any other.
-void ReadXDataGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_BLOCK_RECORD& entry,
-                    std::string_view value)
+void ReadXDataGroup(CDxfRead& reader, CDxfStream& stream, DXF_TABLES_BLOCK_RECORD& entry, CDxfLine value)
 {
     reader.ReadGroup(stream, entry.m_strXData, Trim(value), "1002");
 }
 
-void ReadDash(CDxfRead& reader, CDxfStream&, DXF_TABLES_LTYPE& entry, std::string_view value)
+void ReadDash(CDxfRead& reader, CDxfStream&, DXF_TABLES_LTYPE& entry, CDxfLine value)
 {
     entry.m_dashes.Add(reader.store, ParseLineReal(value));
 }

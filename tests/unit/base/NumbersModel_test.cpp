@@ -128,7 +128,7 @@ void ExpectSameRealLines(const std::vector<std::string>& texts)
     CDxfMemory memory(file);
     CDxfStream stream(memory);
     for (const std::string& text : texts) {
-        const std::string_view line = stream.getline();
+        const CDxfLine line = stream.getline();
         ASSERT_EQ(line, text);
         ASSERT_EQ(Bits(ParseLineReal(line)), Bits(ModelReal(text))) << testing::PrintToString(text);
     }

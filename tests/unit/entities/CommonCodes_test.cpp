@@ -1,6 +1,7 @@
 // The group codes that all entities share, by the reader itself and through an entity's reader.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
 #include "support/Import.h"
+#include "support/PaddedText.h"
 #include "support/RecordText.h"
 
 #include <gtest/gtest.h>
@@ -47,7 +48,7 @@ public:
     {
         CDxfMemory memory(lines);
         CDxfStream stream(memory);
-        result = ReadENTITIES_COMMON(code, value, record, stream);
+        result = ReadENTITIES_COMMON(code, PaddedText(value).Line(), record, stream);
         next = stream.getline();
     }
 
