@@ -63,7 +63,7 @@ private:
     // Open addressing, a power of two of slots, at most half of them filled.
     struct SLOT {
         std::uint32_t hash;
-        std::uint32_t next; // the number behind the one that is meant, 0 in a free slot
+        std::uint32_t next; // the number after that of the entry, 0 in a free slot
     };
     static constexpr std::size_t kFewestSlots = 256;
 

@@ -37,7 +37,7 @@ public:
     std::int32_t yAxisMode = kFlippedYAxisMode;
 
 private:
-    // True when the drawing callbacks may call the host. (OnLWPolyline is meant not to ask.)
+    // True if the drawing callbacks may call the host. OnLWPolyline does not ask (quirk 61).
     bool MayDraw() const { return drawEnabled && parentNode != nullptr; }
     bool IsFlipped() const { return yAxisMode == kFlippedYAxisMode; }
     DXF_POINT2D Transform(double x, double y) const { return TransformPoint(x, y, scale, yAxisMode); }

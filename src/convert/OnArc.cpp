@@ -8,7 +8,7 @@
 #include <utility>
 
 // The end points come from the angles as read, the large-arc flag from the normalised ones, in the mirrored
-// case too. The record's angles are meant to be normalised even when nothing may be drawn.
+// case too (quirk 48). The record keeps the normalised angles even if nothing may be drawn (quirk 51).
 void CDxfReadToQuillmar::OnArc(DXF_GRAPHIC_ARC& arc)
 {
     const double radius = arc.m_dRadius;
@@ -42,6 +42,6 @@ void CDxfReadToQuillmar::OnArc(DXF_GRAPHIC_ARC& arc)
     const wchar_t* const flags = ArcFlags(span >= 180, !IsFlipped());
     const CDxfArcPath data(start, drawnRadius, drawnRadius, flags, end);
     const QlmNode node = qlmCreatePath(parentNode, L"", data.c_str(), 0.0f, 0.0f);
-    SetAttribute(node, L"stroke-width", L"1"); // meant: the style sets it again
+    SetAttribute(node, L"stroke-width", L"1"); // the style sets it again (quirk 47)
     SetStyle(node, arc);
 }

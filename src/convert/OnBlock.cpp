@@ -1,8 +1,8 @@
-// Blocks become symbols. The base point is meant to be ignored.
+// Blocks become symbols (quirk 78). The base point is ignored (quirk 77).
 #include "convert/CDxfReadToQuillmar.h"
 #include "entities/DXF_BLOCKS_BLOCK.h"
 
-// When the host refuses the symbol, the block's entities are created at the default place.
+// If the host refuses the symbol, the block's entities are created at the default place (quirk 91).
 void CDxfReadToQuillmar::OnBlockBegin(const DXF_BLOCKS_BLOCK& block)
 {
     if (!MayDraw())

@@ -29,10 +29,10 @@ DXF_POINT2D PointOfEllipse(const DXF_POINT2D& center, double a, double b, double
 
 } // namespace
 
-// The element is drawn unrotated; "rotate" turns it about ("center-x", "center-y").
+// The element is drawn unrotated; "rotate" turns it about ("center-x", "center-y") (quirk 54).
 void CDxfReadToQuillmar::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
 {
-    constexpr double kFullCircle = 0.001; // radians between the ends of what counts as a whole ellipse
+    constexpr double kFullCircle = 0.001; // radians between the ends of a whole ellipse (quirk 53)
     const double mx = ellipse.m_dMajorAxisX, my = ellipse.m_dMajorAxisY, mz = ellipse.m_dMajorAxisZ;
     const double ratio = ellipse.m_dRatio;
     const double major = std::sqrt(mx * mx + my * my + mz * mz);
@@ -40,7 +40,7 @@ void CDxfReadToQuillmar::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
     double start = std::atan2(ratio * std::sin(ellipse.m_dStartParam), std::cos(ellipse.m_dStartParam));
     double end = std::atan2(ratio * std::sin(ellipse.m_dEndParam), std::cos(ellipse.m_dEndParam));
     double rotation = std::atan2(my / major, mx / major);
-    // The second difference is meant to be the wrong way round: without a wrap the arc is never large.
+    // The second difference is the wrong way round: without a wrap the arc is never large (quirk 52).
     const bool isLarge = start > end ? kTwoPi - start + end >= kPi : start - end >= kPi;
 
     if (!MayDraw())

@@ -21,7 +21,7 @@ void CDxfReadToQuillmar::GrowPoints(const DXF_POINT2D* vertex, const DXF_POINT2D
     m_points.swap(larger);
 }
 
-// Meant to have no gate: a polyline is created while drawing is off, and without a context node.
+// It has no gate: a polyline is created while drawing is off, and without a context node (quirk 61).
 void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
 {
     m_points.clear();

@@ -18,7 +18,7 @@ const wchar_t* AnchorOfText(std::int32_t horizontalAlign)
     }
 }
 
-// The host's words for an MTEXT are meant to differ from those for a TEXT.
+// The host's words for an MTEXT differ from those for a TEXT (quirk 66).
 const wchar_t* AnchorOfMText(std::int32_t attachment)
 {
     switch (attachment) {
@@ -41,14 +41,14 @@ void CDxfReadToQuillmar::OnText(const DXF_GRAPHIC_TEXT& text)
              AnchorOfText(text.m_nHorzAlign));
 }
 
-// The continuation in group 3 is meant to be left out.
+// The continuation in group 3 is left out (quirk 71).
 void CDxfReadToQuillmar::OnMText(const DXF_GRAPHIC_MTEXT& text)
 {
     DrawText(text, text.m_dInsertX, text.m_dInsertY, text.m_dHeight, text.m_strText.c_str(),
              AnchorOfMText(text.m_nAttachment));
 }
 
-// The height is added after the flip, so a text stands one height below its insertion point.
+// The height is added after the flip, so a text is one height below its insertion point (quirk 62).
 void CDxfReadToQuillmar::DrawText(const DXF_GRAPHIC_BASE& entity, double x, double y, double height,
                                   const wchar_t* text, const wchar_t* anchor)
 {

@@ -16,20 +16,22 @@ double CDxfReadToQuillmar::GetStrokeWidth(const DXF_GRAPHIC_BASE& entity)
             return defaultWidth;
         weight = layer->m_nLineWeight;
     }
-    // What is left below 1 is by block, 0 or a layer's own -1 or -3.
+    // What is left below 1 is by block, 0 or a layer's own -1 or -3 (quirk 33).
     return weight >= 1 ? weight / 100.0 * scale : defaultWidth;
 }
 
 std::uint32_t CDxfReadToQuillmar::GetEntityColor(const DXF_GRAPHIC_BASE& entity)
 {
-    // A file writes a true colour as 0xRRGGBB; that its low byte is printed as red all the same is meant.
+    // A file writes a true colour as 0xRRGGBB, but its low byte is printed as red; 0 is none
+    // (quirks 24 and 25).
     if (entity.m_nTrueColor != 0)
         return static_cast<std::uint32_t>(entity.m_nTrueColor);
-    const bool isOfLayer = entity.m_nColor <= 0 || entity.m_nColor == 256; // by block counts as by layer
+    const bool isOfLayer = entity.m_nColor <= 0 || entity.m_nColor == 256; // by block too (quirk 26)
     return isOfLayer ? GetLayerColor(entity.m_strLayer) : GetPaletteColor(entity.m_nColor);
 }
 
-// Names such as ByLayer or Continuous are line types like any other. Dash lengths are not scaled.
+// Names such as ByLayer or Continuous are line types like any other (quirk 39). Dash lengths are not scaled
+// (quirk 35).
 DXF_STRING CDxfReadToQuillmar::GetDashArray(const DXF_GRAPHIC_BASE& entity)
 {
     DXF_STRING name = entity.m_strLineType;

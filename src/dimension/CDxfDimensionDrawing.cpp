@@ -83,7 +83,7 @@ void CDxfDimensionDrawing::Draw(const DXF_GRAPHIC_DIMENSION& record)
             if (dimension != nullptr)
                 DrawAngular(*dimension, static_cast<const ANGULAR&>(*part));
             break;
-        default: // the entity part, three-point angular and ordinate dimensions draw nothing
+        default: // the entity part, three-point angular and ordinate dimensions draw nothing (quirk 103)
             break;
         }
     }
@@ -97,7 +97,7 @@ void CDxfDimensionDrawing::DrawAligned(const DIMENSION& dimension, const ALIGNED
     DrawLinear(dimension, p1, p2, FootPoint(d, p1, p2));
 }
 
-// Only the angles 0 and 90 count; any other is drawn as the aligned kind is, whatever its value.
+// Only the angles 0 and 90 count; with any other, it is drawn like the aligned kind (quirk 101).
 void CDxfDimensionDrawing::DrawRotated(const DIMENSION& dimension, const ALIGNED& aligned)
 {
     const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
@@ -137,7 +137,7 @@ void CDxfDimensionDrawing::DrawRadial(const DIMENSION& dimension, const CHORD& r
     DrawGeneralValue(dimension, 2 * Distance(middle, d), DirectionInDegrees(h, d));
 }
 
-// Meant to show half the distance between its points.
+// It shows half the distance between its points (quirk 100).
 void CDxfDimensionDrawing::DrawDiametric(const DIMENSION& dimension, const CHORD& diametric)
 {
     const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
@@ -175,8 +175,8 @@ void CDxfDimensionDrawing::DrawMark(const DXF_POINT2D& center, const wchar_t* co
         SetAttribute(circle, L"stroke", color);
 }
 
-// A dimension type of exactly 2, flags included, is an angle's. The sign is meant to be the ring above, and
-// not the degree sign.
+// A dimension type of exactly 2, flags included, is an angle's (quirk 99). The sign is the ring above, not
+// the degree sign (quirk 98).
 const wchar_t* CDxfDimensionDrawing::UnitOf(const DIMENSION& dimension)
 {
     return dimension.m_nDimType == 2 ? L"\u02DA" : L"";

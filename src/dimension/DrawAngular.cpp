@@ -76,7 +76,7 @@ SECTOR FindSector(const std::array<double, 4>& bounds, double direction)
     for (std::size_t i = 0; i < 3; ++i)
         if (s[i] <= c && c <= s[i + 1])
             return {s[i + 1] - s[i], true, bounds[i], bounds[i + 1]};
-    if (0 <= c && c <= s[3]) // meant: 360 - s3 + s0 would be the angle
+    if (0 <= c && c <= s[3]) // quirk 108: the angle would be 360 - s3 + s0
         return {360 - s[0] + s[3], true, bounds[3], bounds[0]};
     return {0.0, false, 0.0, 0.0};
 }
@@ -88,8 +88,8 @@ DXF_POINT2D PointOnCircle(const DXF_POINT2D& center, double radius, double angle
 
 } // namespace
 
-// The construction marks (both lines, the vertex, the ends of the arc and the arc's own point) are meant to
-// be drawn.
+// The construction marks (both lines, the vertex, the ends of the arc and the arc's own point) are drawn
+// (quirk 111).
 void CDxfDimensionDrawing::DrawAngular(const DIMENSION& dimension, const ANGULAR& angular)
 {
     const DXF_POINT2D d = Transform(dimension.m_dDefPointX, dimension.m_dDefPointY);

@@ -57,7 +57,7 @@ void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, 
 
 // A brace behind some text begins a nested text, with the first height again. It has no ";" in it, so it is
 // one piece: a round of the loop, however deep the braces go. What follows the outer piece keeps the outer
-// height.
+// height (quirk 115).
 void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer)
 {
     TEXT_RUN nested = outer;
@@ -73,15 +73,15 @@ void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double 
         DrawText(head, x, y, m_scale * run->height, *run);
         const std::size_t close = text.find(L'}');
         const bool isClosed = close != std::wstring_view::npos && close > brace;
-        text = text.substr(brace + 1, isClosed ? close - brace : 0); // the closing brace is meant to be in it
+        text = text.substr(brace + 1, isClosed ? close - brace : 0); // with the closing brace (quirk 114)
         const double width = RunWidth(head, *run);
         x = ToFloat(x + width * run->cosine);
-        y = ToFloat(y - width * run->sine); // meant: the stacks of LayoutPlain go the other way
+        y = ToFloat(y - width * run->sine); // the stacks of LayoutPlain go the other way (quirk 116)
     }
 }
 
-// A piece that is a code: a height of one digit or a stack; alignment, colour and all other codes are
-// stepped over.
+// A piece that is a code: a height of one digit (quirk 113) or a stack; alignment, colour and all other codes
+// are skipped.
 void CDxfDimensionDrawing::LayoutCode(std::wstring_view text, double x, double y, TEXT_RUN& run)
 {
     const wchar_t code = text.size() > 1 ? text[1] : L'\0';
@@ -91,7 +91,7 @@ void CDxfDimensionDrawing::LayoutCode(std::wstring_view text, double x, double y
         DrawStack(text.substr(2), x, y, run);
 }
 
-// A piece of plain text; a code within it draws what follows as a stack, whatever its letter.
+// A piece of plain text; a code within it draws what follows as a stack, whatever its letter (quirk 118).
 void CDxfDimensionDrawing::LayoutPlain(std::wstring_view text, double x, double y, const TEXT_RUN& run)
 {
     const std::wstring_view plain = text.substr(0, text.find(L'\\'));

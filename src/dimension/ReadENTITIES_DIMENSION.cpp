@@ -13,13 +13,13 @@
 
 namespace {
 
-// Before the first marker even a code 0 is meant to go to the codes that entities share, where it is
-// reported: only a marker ends this part.
+// Before the first marker even a code 0 goes to the codes that entities share, where it is reported: only a
+// marker ends this part (quirk 105).
 constexpr auto kEntityFields =
     DxfFields<DXF_GRAPHIC_DIMENSION>::Table({DxfFields<DXF_GRAPHIC_DIMENSION>::End(100)});
 
 // Steps over the overrides in extended data: "1000", "DSTYLE", "1002", "{", ..., "1002", "}". None is kept.
-// The lines within are deliberately not paired, so a value that reads "1002" ends the list too. The line
+// The lines in it are not paired, so a value "1002" ends the list too (quirk 107). The line
 // after the closing "1002" is part of the list, even where the file ends before it.
 template <class Part>
 void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, CDxfLine value)
@@ -149,7 +149,7 @@ constexpr auto kChordFields = CHORD_FIELDS::Table({
 });
 
 // Makes a part, puts it into the dimension at once and reads its pairs. Every part's reader prints the name
-// of the reader that skips.
+// of the reader that skips (quirk 124).
 template <class Part, const auto& table>
 DXF_END ReadPart(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_DIMENSION& dimension)
 {

@@ -29,7 +29,7 @@ struct DXF_GRAPHIC_RARE {
     std::int32_t m_nProxyByteCount = 0; // 92
     DXF_STRING m_strLayout;             // 410
     DXF_HANDLE m_strMaterial;           // 347
-    double m_dLineTypeScale = 1.0;      // 48, read as an integer on purpose: 0.5 becomes 0
+    double m_dLineTypeScale = 1.0;      // 48, read as an integer: 0.5 becomes 0 (quirk 36)
     DXF_STRING m_strProxyData;          // 310, the last chunk
     DXF_STRING m_strColorName;          // 430
     DXF_STRING m_strTransparency;       // 440, kept as text

@@ -41,8 +41,8 @@ struct DXF_GRAPHIC_ELLIPSE : DXF_GRAPHIC_BASE {
 };
 
 // The vertices carry positions only. What the file gives for each vertex besides (40, 41, 42, 91) is kept
-// once, as last read, and 40, 41 and 42 are read as integers: a bulge of 0.4142 becomes 0. Segments are
-// therefore straight; that is the record's settled form.
+// once, as last read, and 40, 41 and 42 are read as integers: a bulge of 0.4142 becomes 0. So segments are
+// straight (quirk 56).
 struct DXF_GRAPHIC_LWPOLYLINE : DXF_GRAPHIC_BASE {
     DXF_GRAPHIC_LWPOLYLINE() : DXF_GRAPHIC_BASE(DXF_ENTITY_LWPOLYLINE) {}
 

@@ -15,6 +15,6 @@ struct DXF_GRAPHIC_INSERT : DXF_GRAPHIC_BASE {
     double m_dRotation = 0.0;                                    // 50, degrees
     std::int32_t m_nColumnCount = 1;                             // 70
     std::int32_t m_nRowCount = 1;                                // 71
-    std::int32_t m_nColumnSpacing = 0;                           // 44, read as an integer on purpose
+    std::int32_t m_nColumnSpacing = 0;                           // 44, read as an integer (quirk 83)
     std::int32_t m_nRowSpacing = 0;                              // 45, likewise
 };

@@ -20,7 +20,7 @@ bool HoldsInsert(const DXF_BLOCKS_BLOCK& block)
 } // namespace
 
 // Two passes put every block that is drawn from plain entities before any block that refers to another.
-// Deeper nesting is meant to get no further order: such blocks come in file order.
+// Deeper nesting gets no further order: such blocks come in file order (quirk 79).
 void CDxfRead::EmitCallbacks()
 {
     for (DXF_BLOCKS_BLOCK* block : blocks) {

@@ -45,15 +45,15 @@ void CDxfRead::ReadBLOCKS(CDxfStream& stream)
             ReadBlockEntities(stream, *block);
         } else {
             // Reading falls back into step at this level: the entities of a block whose header failed, and
-            // its ENDBLK, are reported here and skipped one by one.
+            // its ENDBLK, are reported here and skipped one by one (quirk 88).
             Report(DXF_ERROR_UNFINISHED, L"ReadBLOCKS_BLOCK() Failed to read line, Line:%d", {lineCount});
         }
         name = ReadTrimmed(stream);
     }
 }
 
-// Reads the entities of a block up to the "0" behind its ENDBLK. A name that begins no entity is passed over,
-// one line at a time: a block without an ENDBLK is meant to read the next section into itself.
+// Reads the entities of a block up to the "0" after its ENDBLK. A name that begins no entity is passed over,
+// one line at a time (quirk 86): a block without an ENDBLK reads the next section into itself (quirk 89).
 void CDxfRead::ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block)
 {
     std::string_view name = ReadTrimmed(stream);
@@ -68,8 +68,8 @@ void CDxfRead::ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block)
     }
 }
 
-// Only a block whose header is complete gets into the list. Unlike an entity's, its unknown codes, 100 among
-// them, are meant to give no message.
+// Only a block whose header is complete gets into the list. Unlike those of an entity, its unknown codes, 100
+// among them, give no message (quirk 126).
 DXF_BLOCKS_BLOCK* CDxfRead::ReadBLOCKS_BLOCK(CDxfStream& stream)
 {
     DXF_BLOCKS_BLOCK* const block = store.New<DXF_BLOCKS_BLOCK>();

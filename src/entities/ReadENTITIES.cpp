@@ -15,7 +15,7 @@ struct ENTITY_READER {
     const wchar_t* skipInteger;
 };
 
-// That two of the skips print parentheses behind the name and three do not is part of the message texts.
+// Two of the skips print parentheses after the name and three do not (quirk 122).
 constexpr ENTITY_READER kReaders[] = {
     {"LINE", &CDxfRead::ReadENTITIES_LINE, L"ReadENTITIES_LINE() Failed to read line, Line:%d", nullptr},
     {"ARC", &CDxfRead::ReadENTITIES_ARC, L"ReadENTITIES_ARC() Failed to read line, Line:%d", nullptr},

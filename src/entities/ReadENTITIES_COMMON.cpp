@@ -8,7 +8,7 @@ void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_BASE& record
     reader.ReadGroup(stream, RareOf(reader, record).m_strAppData, Trim(value), "102");
 }
 
-// Meant: the fraction is dropped.
+// The fraction is dropped (quirk 36).
 void ReadLineTypeScale(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, CDxfLine value)
 {
     SetRare(reader, record, &DXF_GRAPHIC_RARE::m_dLineTypeScale, static_cast<double>(ParseInteger(value)));
@@ -61,8 +61,8 @@ bool CDxfRead::ReadENTITIES_COMMON(std::int32_t code, CDxfLine value, DXF_GRAPHI
 
 void CDxfRead::ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record)
 {
-    // "Dimension type" stands in the text for every kind of entity, and the code 1 sets this message apart
-    // from all others; both are meant.
+    // The text says "Dimension type" for every kind of entity, and its code is 1, unlike that of all other
+    // messages (quirk 119).
     const CDxfMessage message(L"ReadENTITIES_COMMON Unknown Dimension type %s ('%d' = '%s') Line:%d",
                               {record.m_strSubclass, code, Trim(value), lineCount});
     OnError(1, DXF_ERROR_GROUP_CODE, message.c_str(), 0);

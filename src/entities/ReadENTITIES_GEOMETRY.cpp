@@ -51,7 +51,7 @@ constexpr auto kCircleFields = CIRCLE_FIELDS::Table({
     CIRCLE_FIELDS::Function(230, StoreRare<CIRCLE, &DXF_GRAPHIC_RARE::m_dExtrusionZ>),
 });
 
-// 39 is meant to be missing: an ellipse's thickness is reported as an unknown code.
+// 39 is missing: an ellipse's thickness is reported as an unknown code (quirk 74).
 using ELLIPSE = DXF_GRAPHIC_ELLIPSE;
 using ELLIPSE_FIELDS = DxfFields<ELLIPSE>;
 constexpr auto kEllipseFields = ELLIPSE_FIELDS::Table({
@@ -115,7 +115,7 @@ bool CDxfRead::ReadENTITIES_ELLIPSE(CDxfStream& stream, DXF_ENTITY_LIST& list)
                       L"ReadENTITIES_ELLIPSE Failed to read integer from '%s', Line:%d");
 }
 
-// A vertex is made by its 20: a 10 alone adds none, and a 20 alone repeats the x of the vertex before.
+// A vertex is made by its 20: a 10 alone adds none, and a 20 alone repeats the last x (quirk 58).
 bool CDxfRead::ReadENTITIES_LWPOLYLINE(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
     POLYLINE* const polyline = NewEntity<POLYLINE>(*this, list);

@@ -20,7 +20,7 @@ constexpr auto kFields = FIELDS::Table({
     FIELDS::Field(50, &INSERT::m_dRotation),
     FIELDS::Field(70, &INSERT::m_nColumnCount),
     FIELDS::Field(71, &INSERT::m_nRowCount),
-    FIELDS::Field(44, &INSERT::m_nColumnSpacing), // meant: spacings lose their fraction
+    FIELDS::Field(44, &INSERT::m_nColumnSpacing), // the fraction is lost (quirk 83)
     FIELDS::Field(45, &INSERT::m_nRowSpacing),
     FIELDS::Function(210, StoreRare<INSERT, &DXF_GRAPHIC_RARE::m_dExtrusionX>),
     FIELDS::Function(220, StoreRare<INSERT, &DXF_GRAPHIC_RARE::m_dExtrusionY>),

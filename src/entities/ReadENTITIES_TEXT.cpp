@@ -1,12 +1,12 @@
-// TEXT and MTEXT. Their strings are kept as they stand in the file, blanks at both ends included.
+// TEXT and MTEXT. Their strings are kept as they are in the file, with blanks at both ends (quirk 69).
 #include "entities/DXF_GRAPHIC_TEXT.h"
 #include "entities/RareFields.h"
 #include "entities/ReadEntity.h"
 
 namespace {
 
-// 31 and 39 are meant to be missing: the second point's z is taken from 33, and a text's thickness is
-// reported as an unknown code.
+// 31 and 39 are missing: the second point's z is taken from 33, and a text's thickness is reported as an
+// unknown code (quirk 74).
 using TEXT = DXF_GRAPHIC_TEXT;
 using TEXT_FIELDS = DxfFields<TEXT>;
 constexpr auto kTextFields = TEXT_FIELDS::Table({
@@ -31,8 +31,8 @@ constexpr auto kTextFields = TEXT_FIELDS::Table({
     TEXT_FIELDS::Field(73, &TEXT::m_nVertAlign),
 });
 
-// True colours (420 to 429) and colour names (430 to 439) of an MTEXT are meant to end in its background
-// colour and never in the fields that all entities share; 48 is its column width, not a line type scale.
+// True colours (420 to 429) and colour names (430 to 439) of an MTEXT go to its background colour, never to
+// the fields that all entities share (quirk 72); 48 is its column width, not a line type scale.
 using MTEXT = DXF_GRAPHIC_MTEXT;
 using MTEXT_FIELDS = DxfFields<MTEXT>;
 constexpr auto kMTextFields = MTEXT_FIELDS::Table({

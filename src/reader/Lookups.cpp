@@ -8,7 +8,7 @@ std::uint32_t CDxfRead::GetPaletteColor(std::int32_t number) const
     return colorTable[static_cast<std::size_t>(number)];
 }
 
-// A layer that is off has a negative colour number and lends no colour.
+// A layer that is off has a negative colour number and lends no colour (quirk 22).
 std::uint32_t CDxfRead::GetLayerColor(std::wstring_view name)
 {
     const DXF_TABLES_LAYER* const layer = FindLayer(name);

@@ -54,15 +54,15 @@ void CDxfRead::ReadSection(CDxfStream& stream, std::string_view name)
     }
 }
 
-// Code lines and value lines alike are compared.
+// Code lines and value lines alike are compared (quirk 12).
 void CDxfRead::SkipToENDSEC(CDxfStream& stream)
 {
     while (!stream.eof() && ReadTrimmed(stream) != "ENDSEC") {
     }
 }
 
-// A TABLES section without a table is meant to run on: the "ENDSEC" that stands in place of "TABLE" is not
-// compared, so the section behind it is skipped as far as its own "ENDSEC".
+// A TABLES section without a table runs on: the "ENDSEC" in place of "TABLE" is not compared, so the section
+// after it is skipped as far as its own "ENDSEC" (quirk 14).
 void CDxfRead::ReadSectionTABLES(CDxfStream& stream)
 {
     if (ReadTrimmed(stream) == "0" && ReadTrimmed(stream) == "TABLE")

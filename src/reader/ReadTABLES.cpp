@@ -39,7 +39,7 @@ constexpr auto kTableFields = TABLE::Table({
     TABLE::Field(70, &HEADER::m_nMaxEntries),
 });
 
-// The first code 100 hands an entry to its kind's reader; a code 0 before it is meant to end nothing.
+// The first code 100 hands an entry to its kind's reader; a code 0 before it ends nothing (quirk 16).
 using ENTRY = DxfFields<DXF_TABLES_COMMON>;
 constexpr auto kEntryFields = ENTRY::Table({
     ENTRY::End(100),

@@ -9,6 +9,8 @@ ENTRY = re.compile(r"^(\d+)\. +\*\*(.+?)\.\*\*(.*?)(?=^\d+\. |^## |\Z)", re.MULT
 LINK = re.compile(r"\[(drawing|trace|test)\]\((.+?)\)")
 QUOTE = re.compile(r"^ +`(.+)`$", re.MULTILINE)
 MENTION = re.compile(r"\bquirks? (\d+(?:(?:, | and )\d+)*)")
+COMMENT = re.compile(r"(?:^[ \t]*//.*\n)+|//.*", re.MULTILINE)
+ODD = re.compile(r"\b(?:meant|on purpose|deliberate(?:ly)?)\b", re.IGNORECASE)
 SOURCES = (".cpp", ".h")
 TEXTS = (".cpp", ".h", ".py", ".md")
 
@@ -25,12 +27,18 @@ def quirks():
     return [Quirk(*match) for match in ENTRY.findall(PAGE.read_text(encoding="utf-8"))]
 
 
-def mentions(folder, suffixes):
-    """Each file of the folder that names a quirk, with the number."""
+def texts(folder, suffixes):
+    """The files of the folder, with their texts."""
     for path in sorted(folder.rglob("*")):
         if path.suffix in suffixes:
-            for numbers in MENTION.findall(path.read_text(encoding="utf-8")):
-                yield from ((path, int(number)) for number in re.findall(r"\d+", numbers))
+            yield path, path.read_text(encoding="utf-8")
+
+
+def mentions(folder, suffixes):
+    """Each file of the folder that names a quirk, with the number."""
+    for path, text in texts(folder, suffixes):
+        for numbers in MENTION.findall(text):
+            yield from ((path, int(number)) for number in re.findall(r"\d+", numbers))
 
 
 class Quirks(unittest.TestCase):
@@ -77,6 +85,13 @@ class Quirks(unittest.TestCase):
         for path, number in named:
             with self.subTest(path):
                 self.assertIn(number, numbers)
+
+    def test_a_comment_on_what_is_meant_names_its_quirk(self):
+        comments = [(path, comment) for path, text in texts(ROOT / "src", SOURCES) for comment in COMMENT.findall(text)]
+        self.assertGreater(sum(MENTION.search(comment) is not None for _, comment in comments), 30)
+        for path, comment in comments:
+            with self.subTest(path):
+                self.assertFalse(ODD.search(comment) and not MENTION.search(comment), comment)
 
 
 if __name__ == "__main__":
