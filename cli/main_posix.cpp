@@ -1,6 +1,8 @@
-#include "command.h"
+#include "cli/RunCommand.h"
 
 #include <csignal>
+#include <string>
+#include <vector>
 
 int main(int argc, char** argv)
 {

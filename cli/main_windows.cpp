@@ -1,5 +1,8 @@
-#include "command.h"
-#include "utf8.h"
+#include "base/Utf8.h"
+#include "cli/RunCommand.h"
+
+#include <string>
+#include <vector>
 
 #include <windows.h>
 
@@ -14,7 +17,7 @@ std::vector<std::string> Arguments()
     LPWSTR* wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
     for (int i = 1; wide && i < count; ++i)
-        arguments.push_back(plexorn::Utf8FromWide(wide[i]));
+        arguments.push_back(Utf8FromWide(wide[i]));
     LocalFree(wide);
     return arguments;
 }

@@ -130,14 +130,14 @@ foreach(package plexorn plexorn-svghost)
     endif()
 endforeach()
 
-# What the command's build may leave beside it: its manual page and what shells complete it with.
+# The command's manual page and what shells complete it with.
 if(PLEXORN_CLI AND NOT WIN32)
     set(share ${CMAKE_INSTALL_DATAROOTDIR})
-    foreach(file bash-completion/completions/plexorn zsh/site-functions/_plexorn fish/vendor_completions.d/plexorn.fish)
-        cmake_path(GET file PARENT_PATH folder)
-        plexorn_install_built(command ${share}/${folder} ${CMAKE_BINARY_DIR}/share/${file})
-    endforeach()
-    plexorn_install_built(command ${share}/man/man1 ${CMAKE_BINARY_DIR}/share/man/man1/plexorn.1 plexorn.1.gz)
+    install(FILES cli/share/plexorn.bash DESTINATION ${share}/bash-completion/completions RENAME plexorn
+        COMPONENT command)
+    install(FILES cli/share/_plexorn DESTINATION ${share}/zsh/site-functions COMPONENT command)
+    install(FILES cli/share/plexorn.fish DESTINATION ${share}/fish/vendor_completions.d COMPONENT command)
+    plexorn_install_built(command ${share}/man/man1 ${CMAKE_BINARY_DIR}/share/plexorn.1 plexorn.1.gz)
     plexorn_install_built(command ${share}/man/man1 ${PROJECT_SOURCE_DIR}/packaging/linux/plexorn-thumbnailer.1
         plexorn-thumbnailer.1.gz)
     install(PROGRAMS packaging/linux/plexorn-thumbnailer DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT command)

@@ -9,8 +9,8 @@
 #include "FuzzInput.h"
 #include "XmlCheck.h"
 
-#include "cli/command.h"
-#include "cli/exitcodes.h"
+#include "cli/RunCommand.h"
+#include "cli/options/ExitCode.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -78,7 +78,7 @@ constexpr const char* kWords[] = {"in.dxf",
                                   "pictures/",
                                   "-opictures/",
                                   "-o-"};
-constexpr int kLastExitCode = plexorn::ExitSomeFailed;
+constexpr int kLastExitCode = static_cast<int>(plexorn::ExitCode::SomeFailed);
 constexpr const char* kDrawing = "in.dxf";
 
 // The folder, empty at first, removed in the end; what the command reads from a stream is empty too.
@@ -188,8 +188,8 @@ bool LeavesPicture(const ARGUMENTS& arguments)
     const auto isOther = [](std::string_view argument) {
         return IsHelp(argument) || (argument.ends_with('-') && argument != "--");
     };
-    return !arguments.empty() && arguments[0] != "info" && arguments[0] != "--generate" &&
-           !NamesList(arguments) && std::ranges::none_of(arguments, isOther);
+    return !arguments.empty() && arguments[0] != "info" && !NamesList(arguments) &&
+           std::ranges::none_of(arguments, isOther);
 }
 
 } // namespace
@@ -205,7 +205,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int exitCode = plexorn::RunCommand(arguments);
     FuzzRequire(exitCode >= 0 && exitCode <= kLastExitCode, "the exit code is one of the command's");
     const std::size_t pictures = folder.RequirePictures();
-    const bool isDone = exitCode == plexorn::ExitDrawn || exitCode == plexorn::ExitMessages;
+    const auto ended = static_cast<plexorn::ExitCode>(exitCode);
+    const bool isDone = ended == plexorn::ExitCode::Drawn || ended == plexorn::ExitCode::Messages;
     FuzzRequire(!isDone || pictures > 0 || !LeavesPicture(arguments), "what is said to be drawn is there");
     return 0;
 }

@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+// Whether the code page is UTF-8, which a Windows can have too.
+bool IsCodePageUtf8();
+
 // Converts to wide characters; wide has room for narrow.size() units. Returns the number of units written,
 // with no terminating zero. Elsewhere than on Windows each invalid part of UTF-8 (as Utf8ToWide finds it)
 // becomes one U+FFFD; on Windows the system decides.

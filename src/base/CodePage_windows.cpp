@@ -11,6 +11,11 @@
 #include <algorithm>
 #include <cwchar>
 
+bool IsCodePageUtf8()
+{
+    return GetACP() == CP_UTF8;
+}
+
 std::size_t ToWide(std::string_view narrow, wchar_t* wide)
 {
     const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };

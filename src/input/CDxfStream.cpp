@@ -110,6 +110,7 @@ CDxfLine CDxfStream::LastLine()
     const char* const begin = m_line;
     m_line = m_end;
     m_eof = true;
+    m_exhausted = begin == m_end;
     return LimitLine(begin, static_cast<std::size_t>(m_end - begin));
 }
 

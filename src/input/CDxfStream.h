@@ -44,6 +44,9 @@ public:
     // the empty line behind it.
     bool eof() const { return m_eof; }
 
+    // True once getline has found nothing left to read: the empty line that it gave is none of the file's.
+    bool IsExhausted() const { return m_exhausted; }
+
     // Something happened during the last getline that is to be reported.
     bool HasTrouble() const { return m_lineWasCut | m_readFailed; }
 
@@ -96,6 +99,7 @@ private:
     const char* m_block; // the block that m_newlines describes
     std::uint64_t m_newlines = 0;
     bool m_eof = false;
+    bool m_exhausted = false;
     bool m_sourceEnded = false;
     bool m_mayHoldNul = false;
     bool m_lineWasCut = false;

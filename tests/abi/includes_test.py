@@ -8,7 +8,7 @@ import tempfile
 import unittest
 
 ARGS = None
-SOURCE = (".h", ".cpp", ".c", ".in", ".rc")
+SOURCE = (".h", ".cpp", ".c", ".rc", ".rc.in")
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 # The folders of src/ that each one may include from, besides itself.
@@ -30,8 +30,22 @@ READER_KNOWS = "src/host/ReportKinds.h"
 # What the folders beside src/ may include of the project, besides their own files: files, and whole folders.
 NEIGHBOURS = {
     "svghost": {"src/base/", "src/host/QuillmarLib.h"},
-    "cli": {"src/base/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
+    "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
+}
+
+# The rooms of cli/ that each one may include from, besides itself; "" are the files beside the rooms. What a room knows
+# of the project beyond src/base is in its second set.
+COMMAND_ROOMS = {
+    "": ({"draw", "info", "options"}, set()),
+    "draw": ({"contents", "files", "options", "report", "system"},
+             {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"}),
+    "info": ({"contents", "files", "options", "report"}, set()),
+    "report": ({"options"}, {"svghost/SvgHost.h"}),
+    "files": ({"options", "system"}, set()),
+    "options": ({"contents"}, set()),
+    "contents": (set(), {"src/input/"}),
+    "system": (set(), set()),
 }
 
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
@@ -82,6 +96,11 @@ def module_problem(root, file, bracket, name):
     return None
 
 
+def is_among(target, known):
+    """Whether known has a file, or a folder that it is in."""
+    return target in known or any(name.endswith("/") and target.startswith(name) for name in known)
+
+
 def neighbour_problem(root, file, bracket, name):
     folder = file.split("/")[0]
     target = resolve(root, file, name)
@@ -89,17 +108,37 @@ def neighbour_problem(root, file, bracket, name):
         return None if bracket == "<" else "names no file of the project"
     if bracket == "<" and not target.startswith("src/"):
         return None
-    known = NEIGHBOURS[folder] | {folder + "/"}
-    allowed = target in known or any(name.endswith("/") and target.startswith(name) for name in known)
-    return None if allowed else "knows too much"
+    if not is_among(target, NEIGHBOURS[folder] | {folder + "/"}):
+        return "knows too much"
+    return command_problem(file, target) if folder == "cli" else None
+
+
+def room_of(file):
+    """The room of a file of cli/."""
+    folders = file.split("/")[1:-1]
+    return folders[0] if folders else ""
+
+
+def command_problem(file, target):
+    room = room_of(file)
+    rooms, known = COMMAND_ROOMS[room]
+    if target.startswith("cli/"):
+        return None if room_of(target) in rooms | {room} else "goes against the arrows"
+    return None if is_among(target, known | {"src/base/"}) else "knows too much"
+
+
+def is_homeless(file):
+    """Whether a file is in a folder that nobody planned."""
+    top = file.split("/")[0]
+    return top == "src" and file.split("/")[1] not in ARROWS or top == "cli" and room_of(file) not in COMMAND_ROOMS
 
 
 def problems(root):
     found = []
     for folder, check in (("src", module_problem), *((name, neighbour_problem) for name in NEIGHBOURS)):
         for file in files_of(root, folder):
-            if folder == "src" and file.split("/")[1] not in ARROWS:
-                found.append(f"{file}: stands in no known folder")
+            if is_homeless(file):
+                found.append(f"{file}: is in no known folder")
                 continue
             for bracket, name in includes_of(root, file):
                 problem = check(root, file, bracket, name)
@@ -115,6 +154,16 @@ class Project(unittest.TestCase):
     def test_every_folder_of_the_module_is_read(self):
         folders = {file.split("/")[1] for file in files_of(ARGS.root, "src")}
         self.assertEqual(folders, set(ARROWS))
+
+    def test_every_room_of_the_command_is_read(self):
+        self.assertEqual({room_of(file) for file in files_of(ARGS.root, "cli")}, set(COMMAND_ROOMS))
+
+    def test_no_room_leads_back_to_itself(self):
+        left = {room: set(rooms) for room, (rooms, _) in COMMAND_ROOMS.items()}
+        while left:
+            ends = {room for room, rooms in left.items() if not rooms & set(left)}
+            self.assertTrue(ends, left)
+            left = {room: rooms for room, rooms in left.items() if room not in ends}
 
 
 class Checker(unittest.TestCase):
@@ -151,11 +200,23 @@ class Checker(unittest.TestCase):
 
     def test_a_folder_that_nobody_planned(self):
         found = self.check({"src/util/a.h": ""})
-        self.assertEqual(found, ["src/util/a.h: stands in no known folder"])
+        self.assertEqual(found, ["src/util/a.h: is in no known folder"])
 
     def test_a_command_that_reaches_into_the_module(self):
-        found = self.check({"src/reader/a.h": "", "cli/b.cpp": '#include "reader/a.h"\n'})
-        self.assertEqual(found, ["cli/b.cpp: reader/a.h: knows too much"])
+        found = self.check({"src/reader/a.h": "", "cli/draw/b.cpp": '#include "reader/a.h"\n'})
+        self.assertEqual(found, ["cli/draw/b.cpp: reader/a.h: knows too much"])
+
+    def test_rooms_of_the_command_that_include_each_other(self):
+        found = self.check({"cli/info/a.h": '#include "cli/draw/b.h"\n', "cli/draw/b.h": '#include "../info/a.h"\n'})
+        self.assertEqual(found, ["cli/draw/b.h: ../info/a.h: goes against the arrows",
+                                 "cli/info/a.h: cli/draw/b.h: goes against the arrows"])
+
+    def test_a_room_that_draws_and_need_not(self):
+        found = self.check({"src/entry/dxfFileOpen.h": "", "cli/info/a.h": '#include "entry/dxfFileOpen.h"\n'})
+        self.assertEqual(found, ["cli/info/a.h: entry/dxfFileOpen.h: knows too much"])
+
+    def test_a_room_that_nobody_planned(self):
+        self.assertEqual(self.check({"cli/util/a.h": ""}), ["cli/util/a.h: is in no known folder"])
 
     def test_a_command_and_a_host_on_the_base(self):
         self.assertEqual(self.check({"src/base/a.h": "", "cli/b.cpp": '#include "base/a.h"\n',
@@ -172,7 +233,7 @@ class Checker(unittest.TestCase):
     def test_what_is_allowed(self):
         found = self.check({"src/host/QuillmarLib.h": "", "svghost/SvgHost.h": '#include "host/QuillmarLib.h"\n',
                             "src/entry/dxfFileOpen.h": '#include "host/QuillmarLib.h"\n#include <string_view>\n',
-                            "cli/b.cpp": '#include "entry/dxfFileOpen.h"\n#include "svghost/SvgHost.h"\n'})
+                            "cli/draw/b.cpp": '#include "entry/dxfFileOpen.h"\n#include "svghost/SvgHost.h"\n'})
         self.assertEqual(found, [])
 
 

@@ -85,7 +85,7 @@ class Options(CommandTest):
         self.write("plan.dxf")
         for arguments in ([], ["info"], ["plan.dxf", "more.dxf", "-o", "one.svg"], ["plan.dxf", "--colour"], ["plan.dxf", "-o"],
                           ["plan.dxf", "-o", ""], [""], ["plan.dxf", "--quiet=perhaps"], ["-", "-"],
-                          ["-", "--files-from", "-"], ["plan.dxf", "more.dxf", "-o", "-"], ["--generate", "html"]):
+                          ["-", "--files-from", "-"], ["plan.dxf", "more.dxf", "-o", "-"]):
             with self.subTest(arguments=arguments):
                 self.assertIn("--help", self.expect(2, *arguments))
 

@@ -1,0 +1,71 @@
+// Counts what the pairs of a drawing tell.
+#pragma once
+
+#include "cli/contents/DrawingInfo.h"
+#include "cli/contents/PairReader.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+// Takes a drawing's pairs in their order.
+class Collector {
+public:
+    Collector(DrawingInfo& info, bool withTexts) : m_info(info), m_header(info.header), m_withTexts(withTexts)
+    {
+    }
+
+    // False when the drawing has come to its end mark.
+    bool Take(const PairReader& pair);
+    // To be called once, after the last pair.
+    void Finish() { EndRecord(); }
+
+private:
+    enum class Section { None, Named, Header, Tables, Blocks, Entities, Other };
+    enum class Record { None, Layer, LineType, BlockRecord, Block, Entity };
+
+    bool Begin(std::string_view name, std::uint64_t line);
+    void BeginEntry(std::string_view name);
+    void BeginEntity(std::string_view name);
+    bool NeedsMarker() const;
+    void EndRecord();
+    void EndLayer();
+    void EndLineType();
+    void EndBlockHeader();
+    void EndEntity();
+    void KeepText();
+    void TakeValue(int code, std::string_view value, std::uint64_t line);
+    void TakeEntry(int code, std::string_view value);
+    void TakeEntity(int code, std::string_view value);
+    bool HasTexts() const;
+    void CheckText(std::string_view value, std::uint64_t line);
+
+    DrawingInfo& m_info;
+    HeaderReader m_header;
+    bool m_withTexts;
+    Section m_section = Section::None;
+    Record m_record = Record::None;
+    bool m_inBlock = false;
+    std::string m_block; // the block that is open
+
+    // What the record that is read has told until now.
+    std::string m_type;
+    std::uint64_t m_line = 0;
+    std::string m_name;
+    std::string m_layerName;
+    std::string m_lineTypeName;
+    std::string m_text;
+    LayerInfo m_layer;
+    LineTypeInfo m_lineType;
+    bool m_hidden = false;
+    bool m_marked = false;
+};
+
+// Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that
+// it takes grows with the number of different names (and with the texts) alone.
+DrawingInfo CollectInfo(std::FILE* file, bool withTexts);
+
+} // namespace plexorn

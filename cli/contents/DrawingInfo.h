@@ -1,0 +1,109 @@
+// What a drawing's file holds, counted.
+#pragma once
+
+#include "cli/contents/Header.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace plexorn {
+
+// Things with names, in the order in which they came; the first one of a name is the one that counts.
+template <class Thing>
+class Named {
+public:
+    // The thing of that name, a new one when there is none yet.
+    Thing& operator[](std::string_view name)
+    {
+        // Neighbours often share a layer or a type.
+        if (m_last < m_things.size() && m_things[m_last].name == name)
+            return m_things[m_last];
+        auto found = m_places.find(name);
+        if (found == m_places.end()) {
+            found = m_places.emplace(std::string(name), m_things.size()).first;
+            m_things.emplace_back().name = name;
+        }
+        m_last = found->second;
+        return m_things[m_last];
+    }
+
+    auto begin() const { return m_things.begin(); }
+    auto end() const { return m_things.end(); }
+    std::size_t Count() const { return m_things.size(); }
+
+private:
+    std::vector<Thing> m_things;
+    std::size_t m_last = 0;
+    // Ordered: a file can choose names that all meet in one place of a hash table.
+    std::map<std::string, std::size_t, std::less<>> m_places;
+};
+
+struct LayerInfo {
+    std::string name;
+    bool isDefined = false; // whether the LAYER table has it
+    int colour = 0;         // negative: off
+    int flags = 0;
+    std::string lineType;
+    int weight = 0;
+    std::uint64_t entities = 0;
+
+    bool IsOff() const { return colour < 0; }
+    bool IsFrozen() const { return (flags & 1) != 0; }
+};
+
+struct LineTypeInfo {
+    std::string name;
+    bool isDefined = false; // whether the LTYPE table has it
+    std::string description;
+    std::uint64_t dashes = 0;
+    double length = 0;
+    std::uint64_t entities = 0; // those that name it themselves
+};
+
+struct BlockInfo {
+    std::string name;
+    std::uint64_t definitions = 0; // the first one is drawn
+    std::uint64_t line = 0;        // of the first definition
+    std::uint64_t entities = 0;    // in all of them
+    std::uint64_t inserts = 0;
+};
+
+struct TypeInfo {
+    std::string name;
+    std::uint64_t inDrawing = 0;
+    std::uint64_t inBlocks = 0;
+    std::uint64_t line = 0; // of the first one's name
+};
+
+struct TextInfo {
+    std::string type;
+    std::string layer;
+    std::string block; // empty in the ENTITIES section
+    std::string text;
+    std::uint64_t line = 0;
+};
+
+struct DrawingInfo {
+    std::uint64_t bytes = 0;
+    std::uint64_t lines = 0;
+    Header header;
+    Named<LayerInfo> layers;
+    Named<LineTypeInfo> lineTypes;
+    Named<BlockInfo> blocks;
+    Named<TypeInfo> types;
+    std::vector<TextInfo> texts;
+    std::uint64_t hiddenEntities = 0; // by their own flag
+    std::uint64_t oddLines = 0;       // where a group code belongs and none stands
+    std::uint64_t firstOddLine = 0;
+    std::uint64_t otherTexts = 0;     // pieces of text that are not UTF-8
+    std::uint64_t firstOtherText = 0; // the line of the first one
+    std::uint64_t unmarkedEntry = 0;  // the line of the first one that needs a marker and has none
+    bool isEnded = false;             // whether the file ends with its EOF
+};
+
+} // namespace plexorn

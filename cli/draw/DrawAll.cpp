@@ -1,0 +1,147 @@
+#include "cli/draw/DrawAll.h"
+
+#include "cli/draw/DrawJob.h"
+#include "cli/files/Inputs.h"
+#include "cli/files/Jobs.h"
+#include "cli/report/Outcome.h"
+#include "cli/report/Printer.h"
+#include "cli/report/Report.h"
+#include "cli/system/InterruptGuard.h"
+#include "cli/system/Native.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace plexorn {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class Batch {
+public:
+    Batch(const std::vector<Job>& jobs, const Options& options, const ReportStyle& style, Printer& printer)
+        : m_jobs(jobs), m_options(options), m_style(style), m_printer(printer)
+    {
+    }
+
+    void Run(std::size_t threads)
+    {
+        std::vector<std::jthread> others;
+        while (others.size() + 1 < threads && Start(others)) {
+        }
+        Work();
+    }
+
+    std::size_t Failed() const { return m_failed; }
+    std::size_t Messages() const { return m_messages; }
+    bool IsAnyCutOff() const { return m_cutOff; }
+    ExitCode LastFailure() const { return m_lastFailure; }
+
+private:
+    // False when the system gives no further thread; those that could be started do.
+    bool Start(std::vector<std::jthread>& others)
+    {
+        try {
+            others.emplace_back([this] { Work(); });
+            return true;
+        } catch (const std::system_error&) {
+            return false;
+        }
+    }
+
+    void Work()
+    {
+        for (std::size_t number = m_next++; number < m_jobs.size() && !InterruptGuard::IsInterrupted();
+             number = m_next++)
+            DrawNumber(number);
+    }
+
+    void DrawNumber(std::size_t number)
+    {
+        const Job& job = m_jobs[number];
+        Report report(m_printer, number, ShownName(job.input), m_style);
+        try {
+            DrawJob(job, m_options, report);
+        } catch (const std::bad_alloc&) {
+            report.Failed(ShownName(job.input), "is not drawn: memory is short", ExitCode::File);
+        } catch (const std::exception& error) {
+            report.Failed(ShownName(job.input), std::string("is not drawn: ") + error.what(), ExitCode::File);
+        }
+        m_messages += report.MessageCount();
+        if (report.IsCutOff())
+            m_cutOff = true;
+        if (report.Code() != ExitCode::Drawn) {
+            ++m_failed;
+            m_lastFailure = report.Code();
+        }
+    }
+
+    const std::vector<Job>& m_jobs;
+    const Options& m_options;
+    const ReportStyle& m_style;
+    Printer& m_printer;
+    std::atomic<std::size_t> m_next = 0;
+    std::atomic<std::size_t> m_failed = 0;
+    std::atomic<std::size_t> m_messages = 0;
+    std::atomic<bool> m_cutOff = false;
+    std::atomic<ExitCode> m_lastFailure = ExitCode::Drawn;
+};
+
+ReportStyle StyleFor(const Options& options)
+{
+    const char* noColour = std::getenv("NO_COLOR");
+    ReportStyle style;
+    style.isJson = options.messageFormat == "json";
+    style.isQuiet = options.isQuiet;
+    style.isColoured = !style.isJson && !(noColour && *noColour) && IsTerminal(stderr);
+    style.maxMessages = options.maxMessages;
+    return style;
+}
+
+std::size_t ThreadCount(const Options& options, std::size_t jobs)
+{
+    std::size_t wanted = options.jobs != 0 ? options.jobs : std::max(1u, std::thread::hardware_concurrency());
+    return std::min(wanted, jobs);
+}
+
+ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
+{
+    if (batch.Failed() > 0)
+        return jobs > 1 ? ExitCode::SomeFailed : batch.LastFailure();
+    bool isDoubtful = batch.Messages() > 0 || batch.IsAnyCutOff();
+    return isStrict && isDoubtful ? ExitCode::Messages : ExitCode::Drawn;
+}
+
+} // namespace
+
+ExitCode DrawAll(const Options& options)
+{
+    Clock::time_point start = Clock::now();
+    std::vector<Job> jobs = PlanJobs(FindInputs(options), options);
+    ReportStyle style = StyleFor(options);
+    bool isOne = jobs.size() == 1;
+    Printer printer(jobs.size(), !isOne && !style.isQuiet && !style.isJson && IsTerminal(stderr));
+    Batch batch(jobs, options, style, printer);
+    batch.Run(ThreadCount(options, jobs.size()));
+    if (!isOne && !style.isQuiet) {
+        auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        auto text = style.isJson ? TotalJson : TotalText;
+        std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
+        printer.Close(total + "\n");
+    }
+    // Who reads objects goes by them: a drawing that none tells of would count as drawn without a message.
+    if (style.isJson && printer.IsAnyLost())
+        return ExitCode::File;
+    return CodeFor(batch, jobs.size(), options.isStrict);
+}
+
+} // namespace plexorn

@@ -1,0 +1,36 @@
+#include "cli/draw/Look.h"
+
+namespace plexorn {
+
+namespace {
+
+constexpr const char* kDark = "#1e1e1e";
+constexpr const char* kWhite = "white";
+
+// Style sheets count for more than the attributes that the elements have. The rectangle of the background has
+// a fill as well; it is neither a text nor the path of an arrow.
+constexpr const char* kPaperStyle = "[stroke=\"#ffffff\"]{stroke:#000000}"
+                                    "text[fill=\"#ffffff\"],path[fill=\"#ffffff\"]{fill:#000000}";
+
+// Not inherited, and so it is said to every element that has a stroke.
+constexpr const char* kHairlineStyle =
+    "line,path,circle,ellipse,polyline,polygon{vector-effect:non-scaling-stroke}";
+
+} // namespace
+
+Look LookFor(const Options& options)
+{
+    Look look;
+    look.background = options.background;
+    if (options.background.empty())
+        look.background = options.isOnPaper ? kWhite : kDark;
+    else if (options.background == "none")
+        look.background.reset();
+    if (options.isOnPaper)
+        look.style += kPaperStyle;
+    if (options.hasHairlines)
+        look.style += kHairlineStyle;
+    return look;
+}
+
+} // namespace plexorn

@@ -1,0 +1,152 @@
+#include "cli/files/Inputs.h"
+
+#include "cli/system/Native.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+bool EndsInDxf(std::string_view path)
+{
+    constexpr std::string_view kExtension = ".dxf";
+    auto sameLetter = [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; };
+    return path.size() > kExtension.size() &&
+           std::equal(kExtension.begin(), kExtension.end(), path.end() - kExtension.size(),
+                      [&](char b, char a) { return sameLetter(a, b); });
+}
+
+std::string ShownName(const std::string& input)
+{
+    return input == kStandardStream ? "<stdin>" : input;
+}
+
+namespace {
+
+bool IsFolder(const std::string& name)
+{
+    std::error_code ignored;
+    return name != kStandardStream && fs::is_directory(PathFromArgument(name), ignored);
+}
+
+template <class Iterator>
+std::string ListFolder(const fs::path& folder, std::vector<fs::path>& found)
+{
+    std::error_code error;
+    Iterator entries(folder, fs::directory_options::skip_permission_denied, error);
+    for (; !error && entries != Iterator(); entries.increment(error)) {
+        std::error_code ignored;
+        bool isFile = !entries->is_directory(ignored);
+        if (isFile && EndsInDxf(ArgumentFromPath(entries->path().filename())))
+            found.push_back(entries->path());
+    }
+    std::sort(found.begin(), found.end());
+    return error ? "cannot be read: " + error.message() : "";
+}
+
+void AddFolder(const std::string& name, bool isRecursive, std::vector<Input>& files)
+{
+    fs::path folder = PathFromArgument(name);
+    std::vector<fs::path> found;
+    std::string reason = isRecursive ? ListFolder<fs::recursive_directory_iterator>(folder, found)
+                                     : ListFolder<fs::directory_iterator>(folder, found);
+    if (reason.empty() && found.empty())
+        reason =
+            isRecursive ? "holds no .dxf file" : "holds no .dxf file; --recursive looks into its folders too";
+    for (const fs::path& path : found)
+        files.push_back({ArgumentFromPath(path), path.lexically_relative(folder).parent_path()});
+    if (!reason.empty())
+        files.push_back({name, {}, reason});
+}
+
+// Cuts a list into its names. Throws UsageError when it has bytes that no name can have.
+class ListReader {
+public:
+    ListReader(std::vector<std::string>& names, bool isNullSeparated)
+        : m_names(names), m_separator(isNullSeparated ? '\0' : '\n')
+    {
+    }
+
+    bool Take(const char* bytes, std::size_t size)
+    {
+        for (const char* at = bytes; at != bytes + size; ++at) {
+            if (*at == m_separator)
+                EndName();
+            else if (*at == '\0')
+                throw UsageError("the list has NUL bytes; give --null");
+            else
+                m_name.push_back(*at);
+        }
+        return true;
+    }
+
+    void EndName()
+    {
+        if (m_separator == '\n' && m_name.ends_with('\r'))
+            m_name.pop_back();
+        if (!m_name.empty())
+            m_names.push_back(m_name);
+        m_name.clear();
+    }
+
+private:
+    std::vector<std::string>& m_names;
+    char m_separator;
+    std::string m_name;
+};
+
+int ReadFile(const std::string& name, ListReader& reader)
+{
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenForReading(PathFromArgument(name)), std::fclose);
+    if (!file)
+        return errno;
+    char block[1 << 14];
+    while (std::size_t size = std::fread(block, 1, sizeof block, file.get()))
+        reader.Take(block, size);
+    return std::ferror(file.get()) ? errno : 0;
+}
+
+std::vector<std::string> ReadList(const Options& options)
+{
+    std::vector<std::string> names;
+    ListReader reader(names, options.isNullSeparated);
+    bool isStandard = options.list == kStandardStream;
+    int error = isStandard
+                    ? ReadStandardInput([&](auto bytes, auto size) { return reader.Take(bytes, size); })
+                    : ReadFile(options.list, reader);
+    if (error != 0)
+        throw UsageError(options.list + ": cannot be read: " + std::generic_category().message(error));
+    reader.EndName();
+    return names;
+}
+
+} // namespace
+
+Inputs FindInputs(const Options& options)
+{
+    std::vector<std::string> names = options.inputs;
+    Inputs inputs;
+    inputs.areMany = names.size() > 1 || !options.list.empty();
+    if (!options.list.empty()) {
+        std::vector<std::string> listed = ReadList(options);
+        names.insert(names.end(), listed.begin(), listed.end());
+        if (NamesStandardInputTwice(names, options.list))
+            throw UsageError("the standard input can be read once only");
+    }
+    for (const std::string& name : names) {
+        if (IsFolder(name)) {
+            inputs.areMany = true;
+            AddFolder(name, options.isRecursive, inputs.files);
+        } else {
+            inputs.files.push_back({name, {}});
+        }
+    }
+    return inputs;
+}
+
+} // namespace plexorn

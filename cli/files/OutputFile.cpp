@@ -1,0 +1,144 @@
+#include "cli/files/OutputFile.h"
+
+#include "cli/system/Native.h"
+
+#include <atomic>
+#include <cerrno>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kTemporaryNames = 100;
+
+// How many links a system follows before it takes them for a circle.
+constexpr int kMostLinks = 40;
+
+// Where the bytes end up when path may be a symbolic link, to a file that is not there yet too; empty when
+// the links lead nowhere.
+fs::path FollowLinks(fs::path path)
+{
+    std::error_code error;
+    for (int i = 0; i <= kMostLinks; ++i) {
+        if (!fs::is_symlink(fs::symlink_status(path, error)))
+            return path;
+        path = path.parent_path() / fs::read_symlink(path, error);
+        if (error)
+            break;
+    }
+    return {};
+}
+
+// Devices and pipes cannot be replaced by a file, and what a process has open must not be.
+bool IsWrittenDirectly(const fs::path& path, fs::file_type type)
+{
+    return type == fs::file_type::character || type == fs::file_type::fifo || type == fs::file_type::socket ||
+           type == fs::file_type::block || NamesOpenFile(path);
+}
+
+} // namespace
+
+OutputFile::OutputFile(const fs::path& target)
+{
+    std::error_code ignored;
+    fs::file_type type = fs::status(target, ignored).type();
+    errno = 0;
+    if (target == kStandardOutput) {
+        m_file = OpenStandardOutput();
+        if (!m_file)
+            Fail(errno);
+    } else if (type == fs::file_type::directory) {
+        Fail(EISDIR);
+    } else if (IsWrittenDirectly(target, type)) {
+        m_target = target;
+        m_file = OpenForAppending(target);
+        if (!m_file)
+            Fail(errno);
+    } else {
+        m_target = FollowLinks(target);
+        if (m_target.empty())
+            Fail(ELOOP);
+        else
+            OpenTemporary();
+    }
+}
+
+OutputFile::~OutputFile()
+{
+    if (m_file)
+        std::fclose(m_file);
+    std::error_code ignored;
+    if (!m_temporary.empty())
+        fs::remove(m_temporary, ignored);
+}
+
+void OutputFile::OpenTemporary()
+{
+    // Not when the target is written directly: a pipe can keep its writer waiting.
+    m_guard.emplace();
+    // Threads that write into one folder do not try the same names.
+    static std::atomic<unsigned> next = 0;
+    std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
+    for (int i = 0; i < kTemporaryNames; ++i) {
+        std::string name = start + std::to_string(next++) + ".tmp";
+        fs::path path = m_target.parent_path() / name;
+        m_file = CreateNew(path, m_target);
+        if (m_file) {
+            m_temporary = path;
+            return;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    Fail(errno);
+}
+
+bool OutputFile::Fail(int error)
+{
+    if (m_error.empty())
+        m_error = std::generic_category().message(error ? error : EIO);
+    return false;
+}
+
+bool OutputFile::Write(const char* bytes, std::size_t size)
+{
+    errno = 0;
+    if (!m_file || !m_error.empty())
+        return false;
+    if (IsInterrupted())
+        return Fail(EINTR);
+    return std::fwrite(bytes, 1, size, m_file) == size || Fail(errno);
+}
+
+bool OutputFile::Close()
+{
+    errno = 0;
+    bool isWritten = std::fflush(m_file) == 0 && (m_temporary.empty() || SyncToDisk(m_file));
+    int error = errno;
+    bool isClosed = std::fclose(m_file) == 0;
+    m_file = nullptr;
+    return (isWritten && isClosed) || Fail(isWritten ? errno : error);
+}
+
+bool OutputFile::Commit()
+{
+    if (!m_file || !m_error.empty() || !Close())
+        return false;
+    if (m_temporary.empty())
+        return true;
+    if (IsInterrupted())
+        return Fail(EINTR);
+    std::error_code error;
+    fs::rename(m_temporary, m_target, error);
+    if (error) {
+        m_error = error.message();
+        return false;
+    }
+    m_temporary.clear();
+    return true;
+}
+
+} // namespace plexorn

@@ -1,0 +1,73 @@
+#include "cli/files/Source.h"
+
+#include "cli/files/Inputs.h"
+#include "cli/files/WhyNotAsciiDxf.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string ReasonOf(int error)
+{
+    return std::generic_category().message(error);
+}
+
+} // namespace
+
+Source::Source(const std::string& name) : m_shownName(name)
+{
+    if (name == kStandardStream) {
+        m_shownName = "<stdin>";
+        m_copy.emplace();
+        m_path = m_copy->Path();
+    } else {
+        m_path = PathFromArgument(name);
+    }
+    std::string reason = m_copy ? m_copy->Error() : "";
+    if (reason.empty())
+        reason = Open();
+    std::string head(kSniffedSize, '\0');
+    if (reason.empty()) {
+        head.resize(std::fread(head.data(), 1, head.size(), m_file.get()));
+        reason = std::ferror(m_file.get()) ? ReasonOf(errno) : "";
+    }
+    if (!reason.empty())
+        Refuse("cannot be read: " + reason, ExitCode::File);
+    else if (std::string other = WhyNotAsciiDxf(head); !other.empty())
+        Refuse(other, ExitCode::NotAsciiDxf);
+}
+
+void Source::Refuse(const std::string& reason, ExitCode code)
+{
+    m_reason = reason;
+    m_code = code;
+}
+
+// Nothing but a regular file is opened: a pipe could keep its reader waiting.
+std::string Source::Open()
+{
+    std::error_code error;
+    fs::file_status status = fs::status(m_path, error);
+    if (!fs::exists(status))
+        return error ? error.message() : ReasonOf(ENOENT);
+    if (fs::is_directory(status))
+        return ReasonOf(EISDIR);
+    if (!fs::is_regular_file(status))
+        return "not a regular file; use - for standard input";
+    m_file.reset(OpenForReading(m_path));
+    return m_file ? "" : ReasonOf(errno);
+}
+
+std::FILE* Source::Rewound()
+{
+    // What cannot be read again shows when it is read.
+    static_cast<void>(std::fseek(m_file.get(), 0, SEEK_SET));
+    return m_file.get();
+}
+
+} // namespace plexorn

@@ -1,0 +1,45 @@
+// A drawing that can be opened.
+#pragma once
+
+#include "cli/options/ExitCode.h"
+#include "cli/system/Native.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace plexorn {
+
+using FilePointer = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+// The drawing that a name stands for: a file, or what the standard input brings. It has been looked at: while
+// Reason is empty, it can be read and may well be an ASCII DXF.
+class Source {
+public:
+    explicit Source(const std::string& name);
+
+    // Why it cannot be taken, as the end of a sentence, and the exit code for that.
+    const std::string& Reason() const { return m_reason; }
+    ExitCode Code() const { return m_code; }
+
+    // The name for people.
+    const std::string& ShownName() const { return m_shownName; }
+    const std::filesystem::path& Path() const { return m_path; }
+    // The file from its start on.
+    std::FILE* Rewound();
+
+private:
+    void Refuse(const std::string& reason, ExitCode code);
+    std::string Open();
+
+    std::optional<InputCopy> m_copy;
+    std::filesystem::path m_path;
+    std::string m_shownName;
+    FilePointer m_file{nullptr, std::fclose};
+    std::string m_reason;
+    ExitCode m_code = ExitCode::File;
+};
+
+} // namespace plexorn

@@ -1,0 +1,74 @@
+#include "cli/info/Notes.h"
+
+#include "base/CodePage.h"
+#include "base/Utf8.h"
+#include "cli/report/Joined.h"
+#include "cli/report/Printable.h"
+
+#include <algorithm>
+
+namespace plexorn {
+
+namespace {
+
+std::string Numbered(std::uint64_t number, std::string_view singular, std::string_view plural)
+{
+    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
+}
+
+std::string OtherTextsNote(const DrawingInfo& info)
+{
+    std::string page;
+    if (!info.header.codePage.empty())
+        page = Joined({" ($DWGCODEPAGE is ", Printable(ValidUtf8(info.header.codePage)), ")"});
+    return Joined({Numbered(info.otherTexts, "text is", "texts are"), " not UTF-8", page,
+                   ", the first at line ", std::to_string(info.firstOtherText),
+                   "; what is no UTF-8 is drawn as U+FFFD"});
+}
+
+std::uint64_t EntitiesOnHiddenLayers(const DrawingInfo& info)
+{
+    std::uint64_t count = 0;
+    for (const LayerInfo& layer : info.layers)
+        count += layer.IsOff() || layer.IsFrozen() ? layer.entities : 0;
+    return count;
+}
+
+std::uint64_t MissingBlocks(const DrawingInfo& info)
+{
+    return static_cast<std::uint64_t>(
+        std::count_if(info.blocks.begin(), info.blocks.end(),
+                      [](const BlockInfo& block) { return block.definitions == 0; }));
+}
+
+} // namespace
+
+std::vector<std::string> NotesOn(const DrawingInfo& info)
+{
+    std::vector<std::string> notes;
+    if (info.unmarkedEntry != 0)
+        notes.push_back("the entry at line " + std::to_string(info.unmarkedEntry) +
+                        " has no subclass marker: the reader takes what follows it for a part of it, and the "
+                        "drawing may come out empty");
+    if (info.oddLines != 0)
+        notes.push_back(Numbered(info.oddLines, "line stands", "lines stand") +
+                        " where a group code belongs and none is, the first at line " +
+                        std::to_string(info.firstOddLine));
+    if (!info.isEnded)
+        notes.push_back("the file has no EOF: it may have been cut off");
+    if (info.otherTexts != 0 && IsCodePageUtf8())
+        notes.push_back(OtherTextsNote(info));
+    if (std::uint64_t count = EntitiesOnHiddenLayers(info))
+        notes.push_back(
+            Numbered(count, "entity is on a layer that is off or frozen; it is drawn all the same",
+                     "entities are on layers that are off or frozen; they are drawn all the same"));
+    if (info.hiddenEntities != 0)
+        notes.push_back(Numbered(
+            info.hiddenEntities, "entity is invisible by a flag of its own; it is in the picture, hidden",
+            "entities are invisible by a flag of their own; they are in the picture, hidden"));
+    if (std::uint64_t count = MissingBlocks(info))
+        notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
+    return notes;
+}
+
+} // namespace plexorn

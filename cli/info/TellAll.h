@@ -1,0 +1,13 @@
+// plexorn info.
+#pragma once
+
+#include "cli/options/ExitCode.h"
+#include "cli/options/Options.h"
+
+namespace plexorn {
+
+// Tells on the standard output what the drawings that options names hold. Returns the exit code. Throws
+// UsageError.
+ExitCode TellAll(const Options& options);
+
+} // namespace plexorn

@@ -1,0 +1,15 @@
+// What the command's exit code says; scripts rely on these numbers.
+#pragma once
+
+namespace plexorn {
+
+enum class ExitCode : int {
+    Drawn = 0,       // all is done, whatever the messages about the drawings
+    Messages = 1,    // all is done, there were messages, and --strict was given
+    Usage = 2,       // the command line is wrong
+    File = 3,        // the file cannot be read or the SVG cannot be written
+    NotAsciiDxf = 4, // the file is something else
+    SomeFailed = 5   // of several drawings, at least one failed
+};
+
+} // namespace plexorn

@@ -1,0 +1,96 @@
+#include "cli/options/OptionChecks.h"
+
+#include "cli/contents/Units.h"
+
+#include <string_view>
+
+namespace plexorn {
+
+namespace {
+
+constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
+constexpr std::string_view kDigits = kHexDigits.substr(0, 10);
+
+bool ConsistsOf(std::string_view text, std::string_view characters)
+{
+    return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
+}
+
+bool IsHexColour(std::string_view text)
+{
+    if (!text.starts_with('#'))
+        return false;
+    text.remove_prefix(1);
+    return ConsistsOf(text, kHexDigits) &&
+           (text.size() == 3 || text.size() == 4 || text.size() == 6 || text.size() == 8);
+}
+
+// What a picture must not hold: it would be fetched.
+bool IsFetched(std::string_view function)
+{
+    constexpr std::string_view kSmall = "url", kLarge = "URL";
+    if (function.size() != kSmall.size())
+        return false;
+    for (std::size_t i = 0; i < kSmall.size(); ++i)
+        if (function[i] != kSmall[i] && function[i] != kLarge[i])
+            return false;
+    return true;
+}
+
+// rgb(...), hsl(...) and their like; what stands in the parentheses is the viewer's to judge.
+bool IsColourFunction(std::string_view text)
+{
+    std::size_t parenthesis = text.find('(');
+    if (parenthesis == std::string_view::npos || !text.ends_with(')'))
+        return false;
+    std::string_view inside = text.substr(parenthesis + 1, text.size() - parenthesis - 2);
+    std::string_view function = text.substr(0, parenthesis);
+    return ConsistsOf(function, kLetters) && !IsFetched(function) &&
+           ConsistsOf(inside, "0123456789.,%+-/ deg");
+}
+
+// Nine digits fit every size_t.
+bool IsCount(std::string_view text)
+{
+    return ConsistsOf(text, kDigits) && text.size() <= 9;
+}
+
+} // namespace
+
+std::string CheckNotEmpty(const std::string& text)
+{
+    return text.empty() ? "a file's name is empty" : "";
+}
+
+std::string CheckColour(const std::string& text)
+{
+    if (ConsistsOf(text, kLetters) || IsHexColour(text) || IsColourFunction(text))
+        return "";
+    return "'" + text + "' is not a colour; give a name, #RRGGBB, rgb(R,G,B), or none";
+}
+
+std::string CheckUnits(const std::string& text)
+{
+    if (text == "header" || text == "guess" || text == "none" || FindUnit(text))
+        return "";
+    return "'" + text + "' is not a unit; give header, guess, none, or one of " + UnitNames();
+}
+
+std::string CheckMessageFormat(const std::string& text)
+{
+    return text == "text" || text == "json" ? "" : "'" + text + "' is no form of messages; give text or json";
+}
+
+std::string CheckJobs(const std::string& text)
+{
+    bool isFine = IsCount(text) && text.size() <= 3 && text.find_first_not_of('0') != std::string::npos;
+    return isFine ? "" : "'" + text + "' is no number of drawings at a time; give 1 to 999";
+}
+
+std::string CheckCount(const std::string& text)
+{
+    return IsCount(text) ? "" : "'" + text + "' is not a number of messages";
+}
+
+} // namespace plexorn

@@ -1,0 +1,15 @@
+// What an option's value must be. Each gives why text cannot be the value, or an empty text.
+#pragma once
+
+#include <string>
+
+namespace plexorn {
+
+std::string CheckNotEmpty(const std::string& text);
+std::string CheckColour(const std::string& text);
+std::string CheckUnits(const std::string& text);
+std::string CheckMessageFormat(const std::string& text);
+std::string CheckJobs(const std::string& text);
+std::string CheckCount(const std::string& text);
+
+} // namespace plexorn

@@ -1,0 +1,107 @@
+#include "cli/options/OptionTable.h"
+
+#include "cli/options/ExitCode.h"
+#include "cli/options/OptionChecks.h"
+
+namespace plexorn {
+
+namespace {
+
+constexpr OptionRow kFilesFrom = {
+    "--files-from", "LIST",
+    "Read further names of drawings and folders from the file LIST, one a line; - is the standard input",
+    &Options::list, CheckNotEmpty};
+constexpr OptionRow kNull = {"-0,--null", "", "The names in LIST end with a NUL byte instead of a line end",
+                             &Options::isNullSeparated};
+constexpr OptionRow kRecursive = {
+    "-r,--recursive", "", "Take the drawings in the folders within a folder as well", &Options::isRecursive};
+constexpr OptionRow kHelp = {"-h,--help", "", "Print this help and end"};
+
+constexpr OptionRow kDrawRows[] = {
+    {"-o,--output", "PATH",
+     "The picture; - is the standard output. For several drawings, or with a slash at its end, the folder "
+     "for the "
+     "pictures, which is made when it is missing. By default each picture stands beside its drawing, with "
+     ".svg in place of .dxf; that of the standard input goes to the standard output",
+     &Options::output, CheckNotEmpty},
+    {"-j,--jobs", "N", "Draw N drawings at a time; by default as many as the machine has cores",
+     &Options::jobs, CheckJobs},
+    kFilesFrom,
+    kNull,
+    kRecursive,
+    {"--units", "UNIT",
+     "How long one unit of the drawing is, which gives the picture its width and height in millimetres: "
+     "header, the "
+     "default, takes the drawing's $INSUNITS and falls back to none; guess falls back to $MEASUREMENT and "
+     "then to "
+     "millimetres; none makes the larger side 1024 pixels; or a unit's name, such as mm, cm, m, in, ft",
+     &Options::units, CheckUnits},
+    {"--background", "COLOUR",
+     "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
+     "with "
+     "--paper",
+     &Options::background, CheckColour},
+    {"--paper", "", "Show the drawing as on a sheet of paper: white is shown black, on a white background",
+     &Options::isOnPaper},
+    {"--hairline", "", "Let strokes keep their width on the screen however far the picture is enlarged",
+     &Options::hasHairlines},
+    {"-q,--quiet", "", "Print errors only, no messages about the drawings", &Options::isQuiet},
+    {"--messages", "FORM", "The form of what is printed: text, the default, or json, one object a line",
+     &Options::messageFormat, CheckMessageFormat},
+    {"--max-messages", "N", "Print at most N messages about each drawing, and how many more there are",
+     &Options::maxMessages, CheckCount},
+    {"--strict", "",
+     "End with exit code 1 when there was any message about a drawing, or a drawing's file has no EOF",
+     &Options::isStrict},
+    kHelp,
+    {"--version", "", "Print the version and end"},
+};
+
+constexpr OptionRow kInfoRows[] = {
+    {"--json", "", "Print one JSON object a line, one for each drawing", &Options::isJson},
+    {"--texts", "", "List the texts of the drawing too", &Options::withTexts},
+    kFilesFrom,
+    kNull,
+    kRecursive,
+    kHelp,
+};
+
+constexpr CommandRow kDraw = {
+    "plexorn", "Draws ASCII DXF files as SVG pictures.",
+    "A drawing, an ASCII DXF file; - is the standard input, a folder stands for every .dxf file in it",
+    kDrawRows};
+
+constexpr CommandRow kInfo = {"plexorn info",
+                              "Tells what ASCII DXF files hold: version, units, extents, layers, line types, "
+                              "blocks, and for each type of "
+                              "entity how many there are and whether they are drawn.",
+                              "A drawing, as for plexorn itself", kInfoRows};
+
+constexpr ExitRow kExitRows[] = {
+    {ExitCode::Drawn, "drawn (or told, for info), whatever the messages"},
+    {ExitCode::Messages,
+     "drawn, there were messages about a drawing or its file has no EOF, and --strict was given"},
+    {ExitCode::Usage, "wrong usage"},
+    {ExitCode::File, "the file cannot be read, or the SVG or what was asked for cannot be written"},
+    {ExitCode::NotAsciiDxf, "the file is not an ASCII DXF"},
+    {ExitCode::SomeFailed, "of several drawings, at least one failed; the others are drawn"},
+};
+
+} // namespace
+
+const CommandRow& DrawCommand()
+{
+    return kDraw;
+}
+
+const CommandRow& InfoCommand()
+{
+    return kInfo;
+}
+
+std::span<const ExitRow> ExitTable()
+{
+    return kExitRows;
+}
+
+} // namespace plexorn

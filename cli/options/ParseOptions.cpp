@@ -1,0 +1,109 @@
+#include "cli/options/ParseOptions.h"
+
+#include "cli/options/HelpText.h"
+#include "cli/options/OptionChecks.h"
+#include "cli/options/OptionTable.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <iostream>
+#include <utility>
+
+namespace plexorn {
+
+namespace {
+
+void AddOption(CLI::App& app, const OptionRow& row, Options& options)
+{
+    std::string names(row.names);
+    std::string help(row.help);
+    if (const auto* flag = std::get_if<bool Options::*>(&row.target)) {
+        app.add_flag(names, options.*(*flag), help);
+        return;
+    }
+    CLI::Option* option = nullptr;
+    if (const auto* text = std::get_if<std::string Options::*>(&row.target))
+        option = app.add_option(names, options.*(*text), help);
+    else if (const auto* number = std::get_if<std::size_t Options::*>(&row.target))
+        option = app.add_option(names, options.*(*number), help);
+    if (option)
+        option->check(row.check, "", "");
+}
+
+ExitCode WrongUsage(const std::string& text)
+{
+    std::cerr << text << "\nRun with --help for more information.\n";
+    return ExitCode::Usage;
+}
+
+// Ends a command that has printed what it was asked for.
+ExitCode Printed()
+{
+    if (std::cout.flush())
+        return ExitCode::Drawn;
+    std::cerr << "plexorn: the standard output cannot be written\n";
+    return ExitCode::File;
+}
+
+// The command's word after an option is taken for a drawing's name.
+bool MeansInfo(const Options& options)
+{
+    std::error_code ignored;
+    return !options.isInfo && !options.inputs.empty() && options.inputs[0] == "info" &&
+           !std::filesystem::exists("info", ignored);
+}
+
+// Why the arguments, each of them right, cannot be followed together; empty when they can.
+std::string WhyWrong(const Options& options)
+{
+    if (options.inputs.empty() && options.list.empty())
+        return "FILE is required";
+    if (NamesStandardInputTwice(options.inputs, options.list))
+        return "The standard input can be read once only";
+    if (options.isNullSeparated && options.list.empty())
+        return "--null says how a list is written; give --files-from as well";
+    if (MeansInfo(options))
+        return "info comes first, before its options: plexorn info [OPTIONS] FILE...";
+    return "";
+}
+
+std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std::string> arguments,
+                                      Options options)
+{
+    CLI::App app(std::string(command.help), "plexorn");
+    // A path may begin with a slash on Windows too.
+    app.allow_windows_style_options(false);
+    app.formatter_fn(
+        [&](const CLI::App*, const std::string&, CLI::AppFormatMode) { return HelpText(command); });
+    app.add_option("FILE", options.inputs, "")->check(CheckNotEmpty, "", "");
+    for (const OptionRow& row : command.options)
+        AddOption(app, row, options);
+    if (!options.isInfo)
+        app.set_version_flag("--version", "plexorn " PLEXORN_VERSION);
+    try {
+        std::reverse(arguments.begin(), arguments.end());
+        app.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, std::cout, std::cerr) == 0 ? Printed() : ExitCode::Usage;
+    }
+    if (std::string reason = WhyWrong(options); !reason.empty())
+        return WrongUsage(reason);
+    return options;
+}
+
+} // namespace
+
+std::variant<Options, ExitCode> ParseOptions(std::vector<std::string> arguments)
+{
+    Options options;
+    options.isInfo = !arguments.empty() && arguments[0] == "info";
+    if (!options.isInfo)
+        return Parse(DrawCommand(), std::move(arguments), options);
+    arguments.erase(arguments.begin());
+    return Parse(InfoCommand(), std::move(arguments), options);
+}
+
+} // namespace plexorn

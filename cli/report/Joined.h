@@ -1,0 +1,19 @@
+// Texts put together.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+// All parts, one after the other.
+inline std::string Joined(std::initializer_list<std::string_view> parts)
+{
+    std::string out;
+    for (std::string_view part : parts)
+        out += part;
+    return out;
+}
+
+} // namespace plexorn

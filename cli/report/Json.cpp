@@ -1,0 +1,112 @@
+#include "cli/report/Json.h"
+
+#include "base/Utf8.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace plexorn {
+
+namespace {
+
+void AppendNumber(std::string& out, unsigned character)
+{
+    constexpr char kDigits[] = "0123456789abcdef";
+    out.append({'\\', 'u', kDigits[character >> 12], kDigits[(character >> 8) & 15],
+                kDigits[(character >> 4) & 15], kDigits[character & 15]});
+}
+
+// U+2028 and U+2029 end a line for some programs, an object is one line for all.
+bool IsSeparator(std::string_view text)
+{
+    return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9");
+}
+
+// U+0080 to U+009F are control characters too.
+bool IsUpperControl(std::string_view text)
+{
+    return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+}
+
+// Appends the character at the start of text, which is UTF-8; its length.
+std::size_t AppendEscaped(std::string& out, std::string_view text)
+{
+    auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    if (IsSeparator(text)) {
+        AppendNumber(out, 0x2000u + (byteAt(2) & 0x3Fu));
+        return 3;
+    }
+    if (IsUpperControl(text)) {
+        AppendNumber(out, byteAt(1));
+        return 2;
+    }
+    if (text[0] == '"' || text[0] == '\\')
+        out.append({'\\', text[0]});
+    else if (byteAt(0) < 0x20 || byteAt(0) == 0x7F)
+        AppendNumber(out, byteAt(0));
+    else
+        out.push_back(text[0]);
+    return 1;
+}
+
+} // namespace
+
+void Json::Separate()
+{
+    if (m_needsComma)
+        m_out.push_back(',');
+    m_needsComma = false;
+}
+
+Json& Json::Raw(std::string_view text)
+{
+    Separate();
+    m_out += text;
+    m_needsComma = true;
+    return *this;
+}
+
+Json& Json::Open(char bracket)
+{
+    Separate();
+    m_out.push_back(bracket);
+    return *this;
+}
+
+Json& Json::Close(char bracket)
+{
+    m_out.push_back(bracket);
+    m_needsComma = true;
+    return *this;
+}
+
+Json& Json::Name(std::string_view name)
+{
+    Text(name);
+    m_out.push_back(':');
+    m_needsComma = false;
+    return *this;
+}
+
+Json& Json::Text(std::string_view text)
+{
+    Separate();
+    m_out.push_back('"');
+    std::string valid = ValidUtf8(text);
+    for (std::string_view rest = valid; !rest.empty();)
+        rest.remove_prefix(AppendEscaped(m_out, rest));
+    m_out.push_back('"');
+    m_needsComma = true;
+    return *this;
+}
+
+Json& Json::Number(double number)
+{
+    if (!std::isfinite(number))
+        return Null();
+    char text[32];
+    std::to_chars_result result = std::to_chars(text, text + sizeof text, number);
+    return Raw(std::string_view(text, static_cast<std::size_t>(result.ptr - text)));
+}
+
+} // namespace plexorn

@@ -1,0 +1,147 @@
+#include "cli/report/Outcome.h"
+
+#include "cli/report/Joined.h"
+#include "cli/report/Json.h"
+#include "cli/report/Printable.h"
+
+#include <charconv>
+
+namespace plexorn {
+
+namespace {
+
+std::string Count(std::uint64_t number, std::string_view singular, std::string_view plural)
+{
+    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
+}
+
+// What the host met that the picture does not show.
+struct Finding {
+    std::size_t SvgHostStatistics::*count;
+    std::string_view name; // for programs
+    std::string_view singular;
+    std::string_view plural;
+};
+
+constexpr Finding kFindings[] = {
+    {&SvgHostStatistics::duplicateSymbols, "blocksDefinedAgain", "block defined again (the first one counts)",
+     "blocks defined again (the first ones count)"},
+    {&SvgHostStatistics::missingSymbols, "insertsOfMissingBlocks", "insert of a missing block",
+     "inserts of missing blocks"},
+    {&SvgHostStatistics::cyclicUses, "insertsOfThemselves", "insert left out (its block inserts itself)",
+     "inserts left out (their blocks insert themselves)"},
+    {&SvgHostStatistics::unboundedUses, "insertsUnfoldingTooFar",
+     "insert left out (the drawing would unfold too far)",
+     "inserts left out (the drawing would unfold too far)"},
+    {&SvgHostStatistics::undrawableElements, "elementsWithUnusableNumbers",
+     "element could not be drawn (a number of its place or size cannot be used)",
+     "elements could not be drawn (numbers of their place or size cannot be used)"},
+    {&SvgHostStatistics::longDashPatterns, "elementsDrawnSolid",
+     "element drawn solid (its dash pattern is too long)",
+     "elements drawn solid (their dash patterns are too long)"},
+    {&SvgHostStatistics::elementsBeyondLimit, "elementsBeyondLimit",
+     "element left out (too many for a drawing of this size)",
+     "elements left out (too many for a drawing of this size)"},
+};
+
+std::size_t DrawnElements(const SvgHostStatistics& statistics)
+{
+    std::size_t leftOut = statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
+    return statistics.elements - leftOut;
+}
+
+// Four digits tell a size well enough.
+std::string Rounded(double number)
+{
+    char text[32];
+    std::to_chars_result result =
+        number < 1e4 ? std::to_chars(text, text + sizeof text, number, std::chars_format::general, 4)
+                     : std::to_chars(text, text + sizeof text, number, std::chars_format::general, 7);
+    return std::string(text, result.ptr);
+}
+
+std::string SizeText(const Outcome& outcome)
+{
+    if (outcome.unit.empty())
+        return Joined({"size in pixels (", outcome.reason, ")"});
+    return Joined({Rounded(outcome.width), " x ", Rounded(outcome.height), " mm (the unit is ", outcome.unit,
+                   ", ", outcome.reason, ")"});
+}
+
+std::string SkippedText(const std::map<std::string, std::uint64_t>& skipped)
+{
+    std::string out;
+    for (const auto& [type, count] : skipped)
+        out.append(out.empty() ? "; not drawn by this version: " : ", ")
+            .append(std::to_string(count))
+            .append(" ")
+            .append(Printable(type));
+    return out;
+}
+
+} // namespace
+
+std::string OutcomeText(const Outcome& outcome, std::size_t messages)
+{
+    std::string out = Count(DrawnElements(outcome.statistics), "element", "elements");
+    out.append(" drawn to ").append(Printable(outcome.output));
+    out.append(", ").append(Count(messages, "message", "messages"));
+    out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
+    out.append(", ").append(SizeText(outcome));
+    for (const Finding& finding : kFindings)
+        if (std::size_t number = outcome.statistics.*finding.count)
+            out.append("; ").append(Count(number, finding.singular, finding.plural));
+    out += SkippedText(outcome.skipped);
+    if (outcome.unmarkedEntry != 0)
+        out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
+                       " may be lost (an entry without a subclass marker)"});
+    if (outcome.otherTexts != 0)
+        out += Joined(
+            {"; ", Count(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
+    if (!outcome.isEnded)
+        out += "; the file has no EOF: it may have been cut off";
+    return out;
+}
+
+std::string TotalText(std::size_t drawn, std::size_t failed, std::size_t messages,
+                      std::chrono::milliseconds time)
+{
+    return std::to_string(drawn) + " drawn, " + std::to_string(failed) + " failed, " +
+           Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
+}
+
+std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages)
+{
+    Json json;
+    json.Open('{').Member("type", "drawn").Member("file", file).Member("picture", outcome.output);
+    json.Member("elements", DrawnElements(outcome.statistics)).Member("messages", messages);
+    json.Member("milliseconds", outcome.time.count());
+    if (outcome.unit.empty())
+        json.Name("unit").Null().Name("width").Null().Name("height").Null();
+    else
+        json.Member("unit", outcome.unit).Member("width", outcome.width).Member("height", outcome.height);
+    json.Member("sizing", outcome.reason).Name("findings").Open('{');
+    for (const Finding& finding : kFindings)
+        if (std::size_t number = outcome.statistics.*finding.count)
+            json.Member(finding.name, number);
+    json.Close('}').Name("skipped").Open('{');
+    for (const auto& [type, count] : outcome.skipped)
+        json.Member(type, count);
+    json.Close('}').Name("unmarkedEntry");
+    if (outcome.unmarkedEntry == 0)
+        json.Null();
+    else
+        json.Count(outcome.unmarkedEntry);
+    json.Member("ended", outcome.isEnded).Member("textsNotUtf8", outcome.otherTexts);
+    return json.Close('}').Result();
+}
+
+std::string TotalJson(std::size_t drawn, std::size_t failed, std::size_t messages,
+                      std::chrono::milliseconds time)
+{
+    Json json;
+    json.Open('{').Member("type", "total").Member("drawn", drawn).Member("failed", failed);
+    return json.Member("messages", messages).Member("milliseconds", time.count()).Close('}').Result();
+}
+
+} // namespace plexorn

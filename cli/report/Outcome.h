@@ -1,0 +1,40 @@
+// What became of drawings that were drawn.
+#pragma once
+
+#include "svghost/SvgHost.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+struct Outcome {
+    std::string output;
+    SvgHostStatistics statistics{};
+    std::chrono::milliseconds time{};
+    double width = 0; // in millimetres; 0: the size is in pixels
+    double height = 0;
+    std::string_view unit;           // that the size was taken from
+    std::string reason;              // of the size
+    std::uint64_t unmarkedEntry = 0; // the line of the first entry that needs a marker and has none
+    bool isEnded = true;             // whether the file ends with its EOF
+    std::uint64_t otherTexts = 0;    // pieces of text that are drawn with U+FFFD, as they are not UTF-8
+    // The entities that are not drawn and that no message mentions.
+    std::map<std::string, std::uint64_t> skipped;
+};
+
+// The closing lines: of a drawing (after its name), and of several.
+std::string OutcomeText(const Outcome& outcome, std::size_t messages);
+std::string TotalText(std::size_t drawn, std::size_t failed, std::size_t messages,
+                      std::chrono::milliseconds time);
+
+// The same for programs, as one object without its line end.
+std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages);
+std::string TotalJson(std::size_t drawn, std::size_t failed, std::size_t messages,
+                      std::chrono::milliseconds time);
+
+} // namespace plexorn

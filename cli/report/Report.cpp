@@ -1,0 +1,121 @@
+#include "cli/report/Report.h"
+
+#include "base/Utf8.h"
+#include "cli/report/Json.h"
+#include "cli/report/LineOfMessage.h"
+#include "cli/report/Printable.h"
+
+namespace plexorn {
+
+namespace {
+
+// Drawings with a million messages occur; one write for each would take longer than the drawing.
+constexpr std::size_t kPassSize = 1 << 16;
+
+constexpr std::string_view kBold = "\x1b[1m";
+constexpr std::string_view kRed = "\x1b[31m";
+constexpr std::string_view kPlain = "\x1b[0m";
+
+std::string MessageJson(const std::string& file, const std::string& text, const SvgHostError& error)
+{
+    std::string_view line = LineOfMessage(text);
+    Json json;
+    json.Open('{').Member("type", "message").Member("file", file).Name("line");
+    if (line.empty())
+        json.Null();
+    else
+        json.Digits(line);
+    json.Member("kind", error.kind).Member("code", error.code).Member("text", text);
+    return json.Close('}').Result() + "\n";
+}
+
+} // namespace
+
+Report::Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style)
+    : m_printer(printer), m_number(number), m_file(file), m_style(style)
+{
+}
+
+Report::~Report()
+{
+    m_printer.Print(m_number, m_out);
+    m_printer.End(m_number, m_code != ExitCode::Drawn);
+}
+
+void Report::Message(const SvgHostError& error)
+{
+    if (m_messages++ >= m_style.maxMessages || m_style.isQuiet)
+        return;
+    AddMessage(error);
+    if (m_out.size() >= kPassSize)
+        Pass();
+}
+
+void Report::AddMessage(const SvgHostError& error)
+{
+    std::string text = Utf8FromWide(error.message ? error.message : L"");
+    if (m_style.isJson) {
+        m_out += MessageJson(m_file, text, error);
+        return;
+    }
+    std::string place = Printable(m_file);
+    if (std::string_view line = LineOfMessage(text); !line.empty())
+        place.append(":").append(line);
+    AddColoured(kBold, place.append(":"));
+    m_out.append(" ").append(Printable(text)).append("\n");
+}
+
+void Report::AddColoured(std::string_view sequence, std::string_view text)
+{
+    m_out.append(m_style.isColoured ? sequence : "").append(text).append(m_style.isColoured ? kPlain : "");
+}
+
+void Report::AddHeldBack()
+{
+    if (m_style.isQuiet || m_messages <= m_style.maxMessages)
+        return;
+    std::size_t more = m_messages - m_style.maxMessages;
+    if (m_style.isJson) {
+        Json json;
+        json.Open('{').Member("type", "more").Member("file", m_file).Member("messages", more).Close('}');
+        m_out.append(json.Result()).append("\n");
+    } else {
+        m_out.append(Printable(m_file)).append(": … and ").append(std::to_string(more)).append(" more\n");
+    }
+}
+
+void Report::Failed(std::string_view file, std::string_view reason, ExitCode code)
+{
+    m_code = code;
+    AddHeldBack();
+    if (m_style.isJson) {
+        Json json;
+        json.Open('{').Member("type", "failed").Member("file", file).Member("exit", static_cast<int>(code));
+        m_out.append(json.Member("text", reason).Close('}').Result()).append("\n");
+    } else {
+        m_out.append(Printable(file)).append(": ");
+        AddColoured(kRed, reason);
+        m_out.append("\n");
+    }
+}
+
+void Report::Drawn(const Outcome& outcome)
+{
+    m_cutOff = !outcome.isEnded;
+    AddHeldBack();
+    if (m_style.isQuiet)
+        return;
+    if (m_style.isJson)
+        m_out.append(OutcomeJson(m_file, outcome, m_messages));
+    else
+        m_out.append(Printable(m_file)).append(": ").append(OutcomeText(outcome, m_messages));
+    m_out.append("\n");
+}
+
+void Report::Pass()
+{
+    m_printer.Print(m_number, m_out);
+    m_out.clear();
+}
+
+} // namespace plexorn

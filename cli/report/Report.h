@@ -1,0 +1,59 @@
+// What the command says about a drawing, for people or for programs.
+#pragma once
+
+#include "cli/options/ExitCode.h"
+#include "cli/report/Outcome.h"
+#include "cli/report/Printer.h"
+#include "svghost/SvgHost.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+// How reports look.
+struct ReportStyle {
+    bool isJson = false;
+    bool isQuiet = false;
+    bool isColoured = false;
+    std::size_t maxMessages = 0;
+};
+
+// One drawing's report. Nothing is kept of its messages but their number.
+class Report {
+public:
+    Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style);
+    // Brings everything to the printer and ends the drawing's turn.
+    ~Report();
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
+
+    void Message(const SvgHostError& error);
+    // Why file (the drawing, or the picture) failed, as the end of a sentence.
+    void Failed(std::string_view file, std::string_view reason, ExitCode code);
+    void Drawn(const Outcome& outcome);
+
+    std::size_t MessageCount() const { return m_messages; }
+    // Whether a drawing was drawn of which a part may be missing in the file.
+    bool IsCutOff() const { return m_cutOff; }
+    // ExitCode::Drawn while nothing failed.
+    ExitCode Code() const { return m_code; }
+
+private:
+    void AddMessage(const SvgHostError& error);
+    void AddHeldBack();
+    void AddColoured(std::string_view sequence, std::string_view text);
+    void Pass();
+
+    Printer& m_printer;
+    std::size_t m_number;
+    std::string m_file;
+    ReportStyle m_style;
+    std::string m_out;
+    std::size_t m_messages = 0;
+    bool m_cutOff = false;
+    ExitCode m_code = ExitCode::Drawn;
+};
+
+} // namespace plexorn

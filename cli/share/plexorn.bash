@@ -1,0 +1,61 @@
+# Completion of the command plexorn for bash.
+_plexorn_drawings()
+{
+    mapfile -t COMPREPLY < <(compgen -d -- "$1"; compgen -f -X '!*.[dD][xX][fF]' -- "$1")
+}
+_plexorn()
+{
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} i
+    for ((i = 1; i < COMP_CWORD; ++i)); do
+        if [[ ${COMP_WORDS[i]} == -- ]]; then
+            _plexorn_drawings "$current"
+            return
+        fi
+    done
+    if [[ $current == = ]]; then
+        current=
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --background --paper --hairline -q --quiet --messages --max-messages --strict -h --help --version'
+    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
+        options='--json --texts --files-from -0 --null -r --recursive -h --help'
+    fi
+    case $previous in
+        -o | --output)
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return
+            ;;
+        -j | --jobs)
+            return
+            ;;
+        --files-from)
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return
+            ;;
+        --units)
+            mapfile -t COMPREPLY < <(compgen -W 'header guess none in ft mi mm cm m km uin mil yd angstrom nm um dm dam hm Gm au ly pc usft usin usyd usmi' -- "$current")
+            return
+            ;;
+        --background)
+            mapfile -t COMPREPLY < <(compgen -W 'none white black #1e1e1e' -- "$current")
+            return
+            ;;
+        --messages)
+            mapfile -t COMPREPLY < <(compgen -W 'text json' -- "$current")
+            return
+            ;;
+        --max-messages)
+            return
+            ;;
+    esac
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+    _plexorn_drawings "$current"
+    if [[ $COMP_CWORD == 1 && info == "$current"* ]]; then
+        COMPREPLY+=(info)
+    fi
+}
+complete -o filenames -F _plexorn plexorn

@@ -1,0 +1,20 @@
+// An interruption that waits until what was begun is undone.
+#pragma once
+
+namespace plexorn {
+
+// While it lives, Ctrl-C and a request to end do not end the process but are remembered; they end it when
+// the last of these objects is destroyed, on whatever thread. A signal that the process ignores stays
+// ignored.
+class InterruptGuard {
+public:
+    InterruptGuard();
+    ~InterruptGuard();
+    InterruptGuard(const InterruptGuard&) = delete;
+    InterruptGuard& operator=(const InterruptGuard&) = delete;
+
+    // Whether the process shall end.
+    static bool IsInterrupted();
+};
+
+} // namespace plexorn

@@ -1,0 +1,88 @@
+// What differs between the systems; native_posix.cpp and native_windows.cpp each hold all of it.
+#pragma once
+
+#include "cli/system/InterruptGuard.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace plexorn {
+
+// The path that an argument names, and the other way round (with slashes on every system).
+std::filesystem::path PathFromArgument(const std::string& argument);
+std::string ArgumentFromPath(const std::filesystem::path& path);
+
+// A text that is the same for all names of a file that differ in their writing alone: relative or not,
+// through links, in small or capital letters where the system takes them for the same.
+std::string FileKey(const std::filesystem::path& path);
+
+// Whether an argument ends as a folder's name does that need not exist.
+bool EndsAsFolder(const std::string& argument);
+
+// A name of an existing file with which the module can open it. The module turns the wide name into the
+// system's narrow one, which not every name survives; such a file is given another name that does, for as
+// long as this object lives.
+class ModulePath {
+public:
+    explicit ModulePath(const std::filesystem::path& path);
+    ~ModulePath();
+    ModulePath(const ModulePath&) = delete;
+    ModulePath& operator=(const ModulePath&) = delete;
+
+    // The name; empty when none was found.
+    const std::wstring& Name() const { return m_name; }
+
+private:
+    std::wstring m_name;
+    std::filesystem::path m_copy;
+    int m_descriptor = -1;
+};
+
+// The standard input as a file that can be read more than once, for as long as this object lives. Nobody
+// finds it afterwards, also when the process is told to end.
+class InputCopy {
+public:
+    InputCopy();
+    ~InputCopy();
+    InputCopy(const InputCopy&) = delete;
+    InputCopy& operator=(const InputCopy&) = delete;
+
+    const std::filesystem::path& Path() const { return m_path; }
+    // Why the copy could not be made; empty when it was.
+    const std::string& Error() const { return m_error; }
+
+private:
+    std::optional<InterruptGuard> m_guard; // destroyed last
+    std::filesystem::path m_path;
+    std::FILE* m_file = nullptr;
+    std::string m_error;
+};
+
+// Appends what stands on the standard input to out, bytes as they are, until its end or until out returns
+// false; the result is errno, 0 when nothing failed.
+int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out);
+
+// Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
+// exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,
+// when there is one.
+std::FILE* OpenForReading(const std::filesystem::path& path);
+std::FILE* OpenForAppending(const std::filesystem::path& path);
+std::FILE* OpenStandardOutput();
+std::FILE* CreateNew(const std::filesystem::path& path, const std::filesystem::path& model);
+
+// Brings what was written and flushed to the disk; false with errno set when that fails.
+bool SyncToDisk(std::FILE* file);
+
+// Whether path stands for something that a process has open already, such as /dev/stdout.
+bool NamesOpenFile(const std::filesystem::path& path);
+
+// Whether what is written to stream is shown on a terminal that understands control sequences.
+bool IsTerminal(std::FILE* stream);
+
+// This process's number, no other running process has it.
+unsigned long ProcessNumber();
+
+} // namespace plexorn

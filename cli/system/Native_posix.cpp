@@ -1,0 +1,158 @@
+#include "cli/system/Native.h"
+
+#include "base/Utf8.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+
+namespace plexorn {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Not every file system keeps owners or modes, and few users may give files away: the picture counts for
+// more.
+void CopyAccess(int descriptor, const struct stat& model)
+{
+    [[maybe_unused]] int isOwnerKept = fchown(descriptor, model.st_uid, model.st_gid);
+    [[maybe_unused]] int isModeKept = fchmod(descriptor, model.st_mode & 0777);
+}
+
+} // namespace
+
+fs::path PathFromArgument(const std::string& argument)
+{
+    return argument;
+}
+
+std::string ArgumentFromPath(const fs::path& path)
+{
+    return path.native();
+}
+
+std::string FileKey(const fs::path& path)
+{
+    std::error_code error;
+    fs::path canonical = fs::weakly_canonical(path, error);
+    return (error ? path.lexically_normal() : canonical).native();
+}
+
+bool EndsAsFolder(const std::string& argument)
+{
+    return argument.ends_with('/');
+}
+
+int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out)
+{
+    char block[1 << 16];
+    for (;;) {
+        ssize_t size = read(STDIN_FILENO, block, sizeof block);
+        if (size < 0 && errno == EINTR)
+            continue;
+        if (size <= 0)
+            return size < 0 ? errno : 0;
+        if (!out(block, static_cast<std::size_t>(size)))
+            return errno;
+    }
+}
+
+InputCopy::InputCopy() : m_file(std::tmpfile())
+{
+    // It has no name, and so it is gone with the process; as an open file it has one of another kind.
+    int error = m_file ? 0 : errno;
+    if (m_file)
+        error = ReadStandardInput([this](const char* bytes, std::size_t size) {
+            return std::fwrite(bytes, 1, size, m_file) == size;
+        });
+    if (error == 0 && std::fflush(m_file) != 0)
+        error = errno;
+    if (error != 0)
+        m_error = std::generic_category().message(error);
+    else
+        m_path = "/dev/fd/" + std::to_string(fileno(m_file));
+}
+
+InputCopy::~InputCopy()
+{
+    if (m_file)
+        std::fclose(m_file);
+}
+
+ModulePath::ModulePath(const fs::path& path)
+{
+    if (std::optional<std::wstring> name = WideFromUtf8(path.native())) {
+        m_name = *name;
+        return;
+    }
+    // A name of bytes that are no UTF-8, from an older system or an archive, has no wide form; an open file
+    // has a second name.
+    m_descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (m_descriptor >= 0)
+        m_name = L"/dev/fd/" + std::to_wstring(m_descriptor);
+}
+
+ModulePath::~ModulePath()
+{
+    if (m_descriptor >= 0)
+        close(m_descriptor);
+}
+
+std::FILE* OpenForReading(const fs::path& path)
+{
+    return std::fopen(path.c_str(), "rb");
+}
+
+std::FILE* OpenForAppending(const fs::path& path)
+{
+    // Opened anew, a redirected output would have a second position, and one writer overwrite the other.
+    return path == "/dev/stdout" ? OpenStandardOutput() : std::fopen(path.c_str(), "ab");
+}
+
+std::FILE* OpenStandardOutput()
+{
+    int descriptor = dup(STDOUT_FILENO);
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "ab");
+}
+
+bool IsTerminal(std::FILE* stream)
+{
+    const char* kind = std::getenv("TERM");
+    return isatty(fileno(stream)) != 0 && kind && std::string_view(kind) != "dumb";
+}
+
+std::FILE* CreateNew(const fs::path& path, const fs::path& model)
+{
+    struct stat old = {};
+    bool hasModel = stat(model.c_str(), &old) == 0;
+    // Nobody else gets at it before it has the mode that it shall have.
+    int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
+    if (descriptor >= 0 && hasModel)
+        CopyAccess(descriptor, old);
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+}
+
+bool SyncToDisk(std::FILE* file)
+{
+    return fsync(fileno(file)) == 0;
+}
+
+bool NamesOpenFile(const fs::path& path)
+{
+    std::error_code error;
+    std::string folder = fs::weakly_canonical(path.parent_path(), error).native();
+    return folder == "/dev" || folder == "/dev/fd" || folder.starts_with("/proc/");
+}
+
+unsigned long ProcessNumber()
+{
+    return static_cast<unsigned long>(getpid());
+}
+
+} // namespace plexorn

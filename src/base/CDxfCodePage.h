@@ -1,0 +1,30 @@
+// The code page that a drawing names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Makes UTF-8 of a drawing's texts. A text that is UTF-8 already stays; any other is taken to be in the code
+// page of that name ("ANSI_1252"), and where the system does not know it, each byte beyond ASCII becomes
+// U+FFFD. The module does without: it takes all texts to be in the system's code page.
+class CDxfCodePage {
+public:
+    explicit CDxfCodePage(std::string_view name);
+    ~CDxfCodePage();
+    CDxfCodePage(const CDxfCodePage&) = delete;
+    CDxfCodePage& operator=(const CDxfCodePage&) = delete;
+
+    // Throws std::bad_alloc.
+    std::string Utf8(std::string_view text) const;
+
+private:
+    // From the code page to UTF-8; empty when text has a byte that the code page does not know. In the files
+    // of the systems, as the constructor and the destructor are.
+    std::string Converted(std::string_view text) const;
+
+    // The number at the end of a code page's name; that of the Western European one when there is none.
+    static unsigned NumberIn(std::string_view name);
+
+    unsigned m_number;
+    void* m_converter = nullptr;
+};

@@ -1,0 +1,28 @@
+#include "base/CDxfCodePage.h"
+
+#include "base/Utf8.h"
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <cstddef>
+
+CDxfCodePage::CDxfCodePage(std::string_view name) : m_number(NumberIn(name)) {}
+
+CDxfCodePage::~CDxfCodePage() = default;
+
+std::string CDxfCodePage::Converted(std::string_view text) const
+{
+    const int size = static_cast<int>(text.size()); // a few lines
+    const int wideSize = MultiByteToWideChar(m_number, MB_ERR_INVALID_CHARS, text.data(), size, nullptr, 0);
+    if (wideSize <= 0)
+        return {};
+    std::wstring wide(static_cast<std::size_t>(wideSize), L'\0');
+    MultiByteToWideChar(m_number, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), wideSize);
+    return Utf8FromWide(wide);
+}
