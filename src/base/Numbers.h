@@ -55,6 +55,15 @@ char* FormatWidth4Fixed2(double value, char* out);
 char* FormatGeneral(double value, char* out);
 char* FormatInteger(std::int32_t value, char* out);
 
+// The longest text that reads back as a double and has no digit too many: a sign, 17 digits with a point, and
+// an exponent of three digits.
+inline constexpr std::size_t kLongestShortest = 1 + 17 + 1 + 5;
+
+// Each writes the shortest text that reads back as the same number, as std::to_chars chooses it, without a
+// terminating zero and in at most kLongestShortest characters, and returns the end of it.
+char* FormatShortest(float value, char* out);
+char* FormatShortest(double value, char* out);
+
 // At least as many characters as FormatFixed6 writes, and at most one more; from the exponent alone.
 inline std::size_t RoomForFixed6(double value)
 {
