@@ -1,10 +1,10 @@
 #include "svghost/Arrows.h"
 
-#include "svghost/Document.h"
+#include "svghost/SvgHostDocument.h"
 
 namespace svghost {
 
-double arrowSize(const SvgHostDocument& document, const Node& node, ArrowEnd end)
+double ArrowSize(const SvgHostDocument& document, const Node& node, ArrowEnd end)
 {
     const bool hasEnds = node.kind == Kind::Line || node.kind == Kind::Path || node.kind == Kind::Polyline ||
                          node.kind == Kind::Polygon;
@@ -12,11 +12,11 @@ double arrowSize(const SvgHostDocument& document, const Node& node, ArrowEnd end
         return 0;
     const AttributeId typeId =
         end == ArrowEnd::Begin ? AttributeId::BeginArrowType : AttributeId::EndArrowType;
-    const ExtraAttribute* type = node.find(typeId);
-    if (!type || document.value(typeId, type->value).source != L"stealth arrow")
+    const ExtraAttribute* type = node.Find(typeId);
+    if (!type || document.ValueOf(typeId, type->value).source != L"stealth arrow")
         return 0;
     const double size =
-        node.number(end == ArrowEnd::Begin ? AttributeId::BeginArrowSize : AttributeId::EndArrowSize, 1);
+        node.Number(end == ArrowEnd::Begin ? AttributeId::BeginArrowSize : AttributeId::EndArrowSize, 1);
     return size > 0 && size <= kLargestArrow ? size : 1;
 }
 

@@ -39,7 +39,7 @@ constexpr KnownName kKnownNames[] = {
 constexpr std::size_t kLongestName = 19;
 
 // For every length the first known name that is at least as long.
-consteval auto makeFirstOfLength()
+consteval auto MakeFirstOfLength()
 {
     std::array<std::size_t, kLongestName + 2> index{};
     for (std::size_t length = 0; length < index.size(); ++length) {
@@ -49,10 +49,10 @@ consteval auto makeFirstOfLength()
     return index;
 }
 
-constexpr auto kFirstOfLength = makeFirstOfLength();
+constexpr auto kFirstOfLength = MakeFirstOfLength();
 
 // One part of RGB(r,g,b): blanks, up to nine digits, blanks. A value above 255 becomes 255.
-bool readColourPart(std::wstring_view& text, unsigned& part)
+bool ReadColourPart(std::wstring_view& text, unsigned& part)
 {
     const auto skip = [&] { text.remove_prefix(std::min(text.find_first_not_of(L' '), text.size())); };
     skip();
@@ -64,20 +64,20 @@ bool readColourPart(std::wstring_view& text, unsigned& part)
     return digits > 0;
 }
 
-bool readRgb(std::wstring_view text, unsigned (&parts)[3])
+bool ReadRgb(std::wstring_view text, unsigned (&parts)[3])
 {
     if (!text.starts_with(L"RGB(") && !text.starts_with(L"rgb("))
         return false;
     text.remove_prefix(4);
     for (int i = 0; i < 3; ++i) {
-        if (!readColourPart(text, parts[i]) || text.empty() || text.front() != (i < 2 ? L',' : L')'))
+        if (!ReadColourPart(text, parts[i]) || text.empty() || text.front() != (i < 2 ? L',' : L')'))
             return false;
         text.remove_prefix(1);
     }
     return text.empty();
 }
 
-bool isColourFunction(std::wstring_view name)
+bool IsColourFunction(std::wstring_view name)
 {
     constexpr std::wstring_view kFunctions[] = {L"rgb", L"rgba", L"hsl",   L"hsla", L"hwb",
                                                 L"lab", L"lch",  L"oklab", L"oklch"};
@@ -91,7 +91,7 @@ bool isColourFunction(std::wstring_view name)
 
 } // namespace
 
-AttributeId attributeByName(std::wstring_view name)
+AttributeId AttributeByName(std::wstring_view name)
 {
     if (name.size() > kLongestName)
         return AttributeId::Other;
@@ -103,11 +103,11 @@ AttributeId attributeByName(std::wstring_view name)
     return AttributeId::Other;
 }
 
-bool resolveStroke(std::wstring_view text, std::string& out)
+bool ResolveStroke(std::wstring_view text, std::string& out)
 {
     unsigned parts[3];
-    if (!readRgb(text, parts)) {
-        out += utf8Of(text);
+    if (!ReadRgb(text, parts)) {
+        out += XmlTextOf(text);
         return !text.empty();
     }
     constexpr char kDigits[] = "0123456789abcdef";
@@ -119,12 +119,16 @@ bool resolveStroke(std::wstring_view text, std::string& out)
     return true;
 }
 
-bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width)
+bool ResolveStrokeWidth(std::wstring_view text, std::string& out, double& width)
 {
-    return parseNumber(text.data(), width, out) && width >= 0;
+    std::wstring_view shortText;
+    if (!ParseNumber(text.data(), width, shortText) || width < 0)
+        return false;
+    out.append(shortText.begin(), shortText.end()); // what numbers are made of has one byte
+    return true;
 }
 
-std::wstring_view dashArrayText(const wchar_t* text)
+std::wstring_view DashArrayText(const wchar_t* text)
 {
     std::size_t size = 0;
     while (size <= kLongestDashArray && text[size] != L'\0')
@@ -135,7 +139,7 @@ std::wstring_view dashArrayText(const wchar_t* text)
 namespace {
 
 // Steps over what stands between two lengths; false when nothing does, or a comma without a length behind it.
-bool skipBetweenLengths(const wchar_t*& at)
+bool SkipBetweenLengths(const wchar_t*& at)
 {
     const wchar_t* const begin = at;
     at += std::wcsspn(at, L" ");
@@ -149,35 +153,35 @@ bool skipBetweenLengths(const wchar_t*& at)
 
 // The values stay as they are given. Renderers differ on a pattern of zeros only, and a negative length is an
 // error in SVG.
-bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
+bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
 {
-    std::string numbers;
     double sum = 0;
     for (const wchar_t* at = text.data(); *at != L'\0';) {
         double length = 0;
-        if (!scanNumber(at, length, numbers) || length < 0)
+        std::wstring_view shortText;
+        if (!ScanNumber(at, length, shortText) || length < 0)
             return false;
         dotted = dotted || length == 0;
         sum += length;
-        if (!skipBetweenLengths(at))
+        if (!SkipBetweenLengths(at))
             return false;
     }
-    out += utf8Of(text);
+    out += XmlTextOf(text);
     return sum > 0;
 }
 
-bool resolveTextAnchor(std::wstring_view text, std::string& out)
+bool ResolveTextAnchor(std::wstring_view text, std::string& out)
 {
     if (text == L"left")
         text = L"start";
     else if (text == L"right")
         text = L"end";
-    out += utf8Of(text);
+    out += XmlTextOf(text);
     return !text.empty();
 }
 
 // A backslash begins an escape of CSS, which can spell the letters of any function.
-bool mayFetch(std::wstring_view text)
+bool MayFetch(std::wstring_view text)
 {
     if (text.find(L'\\') != std::wstring_view::npos)
         return true;
@@ -185,7 +189,7 @@ bool mayFetch(std::wstring_view text)
          open = text.find(L'(', open + 1)) {
         const std::wstring_view before = text.substr(0, open);
         const std::size_t start = before.find_last_of(L" ,()") + 1; // 0 when there is none
-        if (!isColourFunction(before.substr(start)))
+        if (!IsColourFunction(before.substr(start)))
             return true;
     }
     return false;

@@ -1,8 +1,7 @@
 // The attributes that the module sets: their names, and their values made fit for SVG.
-#ifndef SVGHOST_ATTRIBUTES_H
-#define SVGHOST_ATTRIBUTES_H
+#pragma once
 
-#include "svghost/Arena.h"
+#include "base/CDxfArena.h"
 #include "svghost/Node.h"
 
 #include <deque>
@@ -13,12 +12,12 @@
 namespace svghost {
 
 // The attribute called name, Other for a name that the host does not know.
-AttributeId attributeByName(std::wstring_view name);
+AttributeId AttributeByName(std::wstring_view name);
 
 // One text that an attribute was set to, resolved once.
 struct Value {
     std::wstring_view source;
-    std::string_view text; // in UTF-8
+    std::string_view text; // in UTF-8, escaped as an attribute has it
     double number = 0;     // of a stroke width
     bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
     bool tooLong = false;  // a dash pattern beyond kLongestDashArray, dropped too
@@ -27,7 +26,7 @@ struct Value {
 
 // The characters of the longest dash pattern that is written, some fifty lengths. Every element repeats its
 // pattern: without a limit one pattern and the elements that have it multiply.
-constexpr std::size_t kLongestDashArray = 512;
+inline constexpr std::size_t kLongestDashArray = 512;
 
 // The texts that one attribute was set to. Index 0 stands for an attribute that is not set; a text that is
 // set again gets the index that it had.
@@ -35,22 +34,22 @@ class ValueTable {
 public:
     // resolve(text, value) is called for a new text; it fills the value's text and number.
     template <class Resolve>
-    std::uint32_t indexOf(std::wstring_view source, Arena& arena, Resolve resolve)
+    std::uint32_t IndexOf(std::wstring_view source, CDxfArena& arena, Resolve resolve)
     {
         if (m_last != 0 && m_values[m_last].source == source)
             return m_last;
         const auto known = m_indices.find(source);
-        return m_last = known != m_indices.end() ? known->second : add(source, arena, resolve);
+        return m_last = known != m_indices.end() ? known->second : Add(source, arena, resolve);
     }
 
-    const Value& at(std::uint32_t index) const { return m_values[index]; }
+    const Value& At(std::uint32_t index) const { return m_values[index]; }
 
 private:
     template <class Resolve>
-    std::uint32_t add(std::wstring_view source, Arena& arena, Resolve resolve)
+    std::uint32_t Add(std::wstring_view source, CDxfArena& arena, Resolve resolve)
     {
         Value value;
-        value.source = arena.keep(source);
+        value.source = arena.Copy(source);
         resolve(source, value);
         m_values.push_back(value);
         const auto index = static_cast<std::uint32_t>(m_values.size() - 1);
@@ -66,18 +65,16 @@ private:
 
 // The text, or as much of it as tells that it is a pattern beyond kLongestDashArray: what a pattern costs has
 // a bound then, however many elements come with the same one.
-std::wstring_view dashArrayText(const wchar_t* text);
+std::wstring_view DashArrayText(const wchar_t* text);
 
 // Each appends the attribute's text for SVG to out; false when it is not to be written.
-bool resolveStroke(std::wstring_view text, std::string& out);
-bool resolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
-bool resolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
-bool resolveTextAnchor(std::wstring_view text, std::string& out);
+bool ResolveStroke(std::wstring_view text, std::string& out);
+bool ResolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
+bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
+bool ResolveTextAnchor(std::wstring_view text, std::string& out);
 
 // Whether a viewer may take the text for the name of something to fetch, such as url(...): it is not to be
 // written then, as a picture fetches nothing.
-bool mayFetch(std::wstring_view text);
+bool MayFetch(std::wstring_view text);
 
 } // namespace svghost
-
-#endif

@@ -1,6 +1,5 @@
 // The room that an element takes.
-#ifndef SVGHOST_BOUNDS_H
-#define SVGHOST_BOUNDS_H
+#pragma once
 
 #include "svghost/Geometry.h"
 #include "svghost/Node.h"
@@ -8,20 +7,18 @@
 namespace svghost {
 
 // The size of a text that has none, as SVG gives it.
-constexpr double kDefaultFontSize = 16;
+inline constexpr double kDefaultFontSize = 16;
 
 // True when all numbers that the element's geometry and transform are written with are drawable. Containers
 // are written with none, whatever attributes they have.
-bool isDrawable(const Node& node);
+bool IsDrawable(const Node& node);
 
 // The box round the element in the space of its container, strokes and arrow heads included; for a use, from
 // the box of the symbol. A text's extent is an estimate. Empty for groups and for what draws nothing.
-Box boundsOf(const SvgHostDocument& document, const Node& node);
+Box BoundsOf(const SvgHostDocument& document, const Node& node);
 
 // How the element is moved: a use by position, rotation and scale, a text turned about its position, other
 // elements about "center-x", "center-y".
-Affine transformOf(const Node& node);
+Affine TransformOf(const Node& node);
 
 } // namespace svghost
-
-#endif

@@ -4,13 +4,13 @@
 
 namespace svghost {
 
-void ErrorLog::setListener(SvgHostErrorFunction function, void* user)
+void ErrorLog::SetListener(SvgHostErrorFunction function, void* user)
 {
     m_function = function;
     m_user = user;
 }
 
-void ErrorLog::add(int code, int kind, const wchar_t* message)
+void ErrorLog::Add(int code, int kind, const wchar_t* message)
 {
     const std::wstring_view text(message ? message : L"");
     if (m_function) {
@@ -24,14 +24,14 @@ void ErrorLog::add(int code, int kind, const wchar_t* message)
         m_scratch.resize(text.size());
         std::transform(text.begin(), text.end(), m_scratch.begin(),
                        [](wchar_t unit) { return static_cast<char>(unit); });
-        report.narrow = m_texts.keep(std::string_view(m_scratch));
+        report.narrow = m_texts.Copy(std::string_view(m_scratch));
     } else {
-        report.wide = m_texts.keep(text).data();
+        report.wide = m_texts.Copy(text).data();
     }
     m_reports.push_back(report);
 }
 
-SvgHostError ErrorLog::at(std::size_t index)
+SvgHostError ErrorLog::At(std::size_t index)
 {
     const Report& report = m_reports[index];
     if (report.wide)

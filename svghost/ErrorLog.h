@@ -1,8 +1,7 @@
 // What the module reported through qlmSetLastError.
-#ifndef SVGHOST_ERRORLOG_H
-#define SVGHOST_ERRORLOG_H
+#pragma once
 
-#include "svghost/Arena.h"
+#include "base/CDxfArena.h"
 #include "svghost/SvgHost.h"
 
 #include <string>
@@ -15,11 +14,11 @@ namespace svghost {
 class ErrorLog {
 public:
     // Hands further reports to function instead of keeping them; null keeps them again.
-    void setListener(SvgHostErrorFunction function, void* user);
-    void add(int code, int kind, const wchar_t* message);
-    std::size_t count() const { return m_reports.size(); }
+    void SetListener(SvgHostErrorFunction function, void* user);
+    void Add(int code, int kind, const wchar_t* message);
+    std::size_t Count() const { return m_reports.size(); }
     // The message is good until the next call.
-    SvgHostError at(std::size_t index);
+    SvgHostError At(std::size_t index);
 
 private:
     struct Report {
@@ -29,7 +28,7 @@ private:
         const wchar_t* wide; // null when narrow holds the message
     };
 
-    Arena m_texts;
+    CDxfArena m_texts;
     std::vector<Report> m_reports;
     std::string m_scratch;
     std::wstring m_message;
@@ -38,5 +37,3 @@ private:
 };
 
 } // namespace svghost
-
-#endif

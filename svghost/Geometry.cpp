@@ -18,12 +18,12 @@ struct EllipseFrame {
     Point v;
 
     // The point of the ellipse that stands for (x, y) on the unit circle.
-    Point at(Point unit) const
+    Point At(Point unit) const
     {
         return {centre.x + u.x * unit.x + v.x * unit.y, centre.y + u.y * unit.x + v.y * unit.y};
     }
 
-    EllipseFrame under(const Affine& map) const
+    EllipseFrame Under(const Affine& map) const
     {
         return {map(centre),
                 {map.a * u.x + map.c * u.y, map.b * u.x + map.d * u.y},
@@ -39,7 +39,7 @@ struct CentredArc {
     bool sweep;
 
     // A chord cuts the circle in two arcs, one on each side of it: the side tells whether a point is passed.
-    bool passes(Point unit) const
+    bool Passes(Point unit) const
     {
         const double side = (end.x - start.x) * (unit.y - start.y) - (end.y - start.y) * (unit.x - start.x);
         return sweep ? side <= 0 : side >= 0;
@@ -47,7 +47,7 @@ struct CentredArc {
 };
 
 // From end points to centre as SVG's implementation notes give it; radii too small are enlarged.
-CentredArc centred(const Arc& arc)
+CentredArc Centred(const Arc& arc)
 {
     const double angle = arc.rotation * kPi / 180;
     const double cosine = angle == 0 ? 1 : std::cos(angle);
@@ -73,12 +73,12 @@ CentredArc centred(const Arc& arc)
     EllipseFrame frame{{(arc.start.x + arc.end.x) / 2, (arc.start.y + arc.end.y) / 2},
                        {rx * cosine, rx * sine},
                        {-ry * sine, ry * cosine}};
-    frame.centre = frame.at(middle);
+    frame.centre = frame.At(middle);
     return {frame, {x - middle.x, y - middle.y}, {-x - middle.x, -y - middle.y}, arc.sweep};
 }
 
 // Where on the unit circle a coordinate of the ellipse is largest, from its parts of u and v.
-Point extreme(double ofU, double ofV)
+Point Extreme(double ofU, double ofV)
 {
     const double length = std::sqrt(ofU * ofU + ofV * ofV);
     return length > 0 ? Point{ofU / length, ofV / length} : Point{1, 0};
@@ -86,16 +86,16 @@ Point extreme(double ofU, double ofV)
 
 } // namespace
 
-Affine rotationAbout(double degrees, Point centre)
+Affine RotationAbout(double degrees, Point centre)
 {
-    Affine map = placement(centre, degrees, 1, 1);
+    Affine map = Placement(centre, degrees, 1, 1);
     const Point moved = map(centre);
     map.e += centre.x - moved.x;
     map.f += centre.y - moved.y;
     return map;
 }
 
-Affine placement(Point position, double degrees, double scaleX, double scaleY)
+Affine Placement(Point position, double degrees, double scaleX, double scaleY)
 {
     const double angle = std::fmod(degrees, 360) * kPi / 180;
     const double cosine = std::cos(angle);
@@ -103,12 +103,12 @@ Affine placement(Point position, double degrees, double scaleX, double scaleY)
     return {cosine * scaleX, sine * scaleX, -sine * scaleY, cosine * scaleY, position.x, position.y};
 }
 
-void Box::add(Point point)
+void Box::Add(Point point)
 {
     // Written so that a NaN fails it too.
     if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest))
         return;
-    if (empty()) {
+    if (Empty()) {
         m_low = m_high = point;
         return;
     }
@@ -116,59 +116,59 @@ void Box::add(Point point)
     m_high = {std::max(m_high.x, point.x), std::max(m_high.y, point.y)};
 }
 
-void Box::add(const Box& other)
+void Box::Add(const Box& other)
 {
-    if (other.empty())
+    if (other.Empty())
         return;
-    add(other.m_low);
-    add(other.m_high);
+    Add(other.m_low);
+    Add(other.m_high);
 }
 
-void Box::add(const Box& other, const Affine& map)
+void Box::Add(const Box& other, const Affine& map)
 {
-    if (other.empty())
+    if (other.Empty())
         return;
-    add(map(other.m_low));
-    add(map({other.m_low.x, other.m_high.y}));
-    add(map({other.m_high.x, other.m_low.y}));
-    add(map(other.m_high));
+    Add(map(other.m_low));
+    Add(map({other.m_low.x, other.m_high.y}));
+    Add(map({other.m_high.x, other.m_low.y}));
+    Add(map(other.m_high));
 }
 
-Box Box::grown(double distance) const
+Box Box::Grown(double distance) const
 {
     Box box;
-    if (!empty()) {
-        box.add({m_low.x - distance, m_low.y - distance});
-        box.add({m_high.x + distance, m_high.y + distance});
+    if (!Empty()) {
+        box.Add({m_low.x - distance, m_low.y - distance});
+        box.Add({m_high.x + distance, m_high.y + distance});
     }
     return box;
 }
 
-void addArc(Box& box, const Arc& arc, const Affine& map)
+void AddArc(Box& box, const Arc& arc, const Affine& map)
 {
-    box.add(map(arc.start));
-    box.add(map(arc.end));
+    box.Add(map(arc.start));
+    box.Add(map(arc.end));
     // SVG draws a straight line for a radius of 0, and nothing between ends that coincide.
     const bool coincide = arc.start.x == arc.end.x && arc.start.y == arc.end.y;
     if (arc.radiusX == 0 || arc.radiusY == 0 || coincide)
         return;
-    const CentredArc curve = centred(arc);
-    const EllipseFrame frame = curve.frame.under(map);
-    for (const Point most : {extreme(frame.u.x, frame.v.x), extreme(frame.u.y, frame.v.y)}) {
+    const CentredArc curve = Centred(arc);
+    const EllipseFrame frame = curve.frame.Under(map);
+    for (const Point most : {Extreme(frame.u.x, frame.v.x), Extreme(frame.u.y, frame.v.y)}) {
         for (const Point unit : {most, Point{-most.x, -most.y}}) {
-            if (curve.passes(unit))
-                box.add(frame.at(unit));
+            if (curve.Passes(unit))
+                box.Add(frame.At(unit));
         }
     }
 }
 
-void addEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map)
+void AddEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map)
 {
-    const EllipseFrame frame = EllipseFrame{centre, {radiusX, 0}, {0, radiusY}}.under(map);
+    const EllipseFrame frame = EllipseFrame{centre, {radiusX, 0}, {0, radiusY}}.Under(map);
     const double halfWidth = std::hypot(frame.u.x, frame.v.x);
     const double halfHeight = std::hypot(frame.u.y, frame.v.y);
-    box.add({frame.centre.x - halfWidth, frame.centre.y - halfHeight});
-    box.add({frame.centre.x + halfWidth, frame.centre.y + halfHeight});
+    box.Add({frame.centre.x - halfWidth, frame.centre.y - halfHeight});
+    box.Add({frame.centre.x + halfWidth, frame.centre.y + halfHeight});
 }
 
 } // namespace svghost

@@ -1,6 +1,5 @@
 // Boxes and transforms of the plane, Y pointing down.
-#ifndef SVGHOST_GEOMETRY_H
-#define SVGHOST_GEOMETRY_H
+#pragma once
 
 namespace svghost {
 
@@ -20,25 +19,25 @@ struct Affine {
 };
 
 // What rotate(degrees centre.x centre.y) does in SVG.
-Affine rotationAbout(double degrees, Point centre);
+Affine RotationAbout(double degrees, Point centre);
 
 // What translate(position) rotate(degrees) scale(scaleX scaleY) does in SVG.
-Affine placement(Point position, double degrees, double scaleX, double scaleY);
+Affine Placement(Point position, double degrees, double scaleX, double scaleY);
 
 // The smallest upright rectangle round what was added; empty until something was.
 class Box {
 public:
     // Points that are not finite or too far away for a viewer to show are passed over.
-    void add(Point point);
-    void add(const Box& other);
+    void Add(Point point);
+    void Add(const Box& other);
     // Adds the picture of other under map: the box round its four corners.
-    void add(const Box& other, const Affine& map);
+    void Add(const Box& other, const Affine& map);
     // The box grown by distance on every side; an empty one stays empty.
-    Box grown(double distance) const;
+    Box Grown(double distance) const;
 
-    bool empty() const { return !(m_low.x <= m_high.x); }
-    Point low() const { return m_low; }
-    Point high() const { return m_high; }
+    bool Empty() const { return !(m_low.x <= m_high.x); }
+    Point Low() const { return m_low; }
+    Point High() const { return m_high; }
 
 private:
     Point m_low{1, 1};
@@ -57,11 +56,9 @@ struct Arc {
 };
 
 // Adds the arc's picture under map, exactly: its ends and those of its extreme points that it passes.
-void addArc(Box& box, const Arc& arc, const Affine& map);
+void AddArc(Box& box, const Arc& arc, const Affine& map);
 
 // Adds the picture under map of a whole ellipse round centre, exactly.
-void addEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map);
+void AddEllipse(Box& box, Point centre, double radiusX, double radiusY, const Affine& map);
 
 } // namespace svghost
-
-#endif

@@ -1,6 +1,5 @@
 // Which document a thread's reports belong to.
-#ifndef SVGHOST_IMPORT_H
-#define SVGHOST_IMPORT_H
+#pragma once
 
 #include "svghost/ErrorLog.h"
 
@@ -9,11 +8,9 @@
 namespace svghost {
 
 // Makes log the receiver of what is reported on this thread, for as long as it lives.
-void receiveReports(const std::shared_ptr<ErrorLog>& log);
+void ReceiveReports(const std::shared_ptr<ErrorLog>& log);
 
 // Adds a report to this thread's log. Without one, or when memory is short, it is lost.
-void reportToThread(int code, int kind, const wchar_t* message);
+void ReportToThread(int code, int kind, const wchar_t* message);
 
 } // namespace svghost
-
-#endif

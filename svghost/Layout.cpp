@@ -1,8 +1,8 @@
 #include "svghost/Layout.h"
 
 #include "svghost/Bounds.h"
-#include "svghost/Document.h"
 #include "svghost/References.h"
+#include "svghost/SvgHostDocument.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,40 +22,40 @@ public:
         m_symbol.box = Box();
     }
 
-    void run()
+    void Run()
     {
-        walk(
-            m_symbol, [this](Node& node) { enter(node); }, [this](const Container& group) { leave(group); });
+        Walk(
+            m_symbol, [this](Node& node) { Enter(node); }, [this](const Container& group) { Leave(group); });
     }
 
 private:
-    void enter(Node& node)
+    void Enter(Node& node)
     {
-        node.leftOut = !keep(node);
+        node.leftOut = !Keep(node);
         if (node.leftOut)
             return;
         ++m_symbol.rendered;
         m_layout.statistics.longDashPatterns +=
-            m_document.value(AttributeId::DashArray, node.dashArray).tooLong;
+            m_document.ValueOf(AttributeId::DashArray, node.dashArray).tooLong;
         if (node.kind == Kind::Group)
             m_hiddenGroups += node.hidden;
         else if (!node.hidden && m_hiddenGroups == 0)
-            m_symbol.box.add(boundsOf(m_document, node));
-        collectArrows(node);
+            m_symbol.box.Add(BoundsOf(m_document, node));
+        CollectArrows(node);
     }
 
-    void leave(const Container& group) { m_hiddenGroups -= group.hidden; }
+    void Leave(const Container& group) { m_hiddenGroups -= group.hidden; }
 
-    bool keep(Node& node)
+    bool Keep(Node& node)
     {
-        if (!isDrawable(node)) {
+        if (!IsDrawable(node)) {
             ++m_layout.statistics.undrawableElements;
             return false;
         }
-        return node.kind != Kind::Use || keepUse(static_cast<Use&>(node));
+        return node.kind != Kind::Use || KeepUse(static_cast<Use&>(node));
     }
 
-    bool keepUse(const Use& use)
+    bool KeepUse(const Use& use)
     {
         const Symbol* target = use.target->definition;
         // A use of nothing draws nothing, but it stands in the file for whoever adds the symbol.
@@ -64,17 +64,17 @@ private:
             ++m_layout.statistics.cyclicUses;
             return false;
         }
-        if (!keepScale(use, target)) {
+        if (!KeepScale(use, target)) {
             ++m_layout.statistics.undrawableElements;
             return false;
         }
-        return !target || keepUnfolded(*target);
+        return !target || KeepUnfolded(*target);
     }
 
-    bool keepScale(const Use& use, const Symbol* target)
+    bool KeepScale(const Use& use, const Symbol* target)
     {
-        const double scaleX = std::fabs(use.number(AttributeId::ScaleX, 1));
-        const double scaleY = std::fabs(use.number(AttributeId::ScaleY, 1));
+        const double scaleX = std::fabs(use.Number(AttributeId::ScaleX, 1));
+        const double scaleY = std::fabs(use.Number(AttributeId::ScaleY, 1));
         const double smallest = std::min(scaleX, scaleY) * (target ? target->smallestScale : 1);
         const double largest = std::max(scaleX, scaleY) * (target ? target->largestScale : 1);
         if (smallest < kSmallestScale || largest > kLargestScale)
@@ -84,13 +84,13 @@ private:
         return true;
     }
 
-    bool keepUnfolded(const Symbol& target)
+    bool KeepUnfolded(const Symbol& target)
     {
         const std::size_t rendered = m_symbol.rendered + target.rendered;
         const std::uint32_t nesting = std::max(m_symbol.nesting, target.nesting + 1);
         // The root draws its uses, it is not one level of them.
         const std::uint32_t deepest = m_symbol.kind == Kind::Root ? kDeepestUse + 1 : kDeepestUse;
-        if (rendered > renderBudget(m_document.elements) || nesting > deepest) {
+        if (rendered > RenderBudget(m_document.elements) || nesting > deepest) {
             ++m_layout.statistics.unboundedUses;
             return false;
         }
@@ -99,10 +99,10 @@ private:
         return true;
     }
 
-    void collectArrows(const Node& node)
+    void CollectArrows(const Node& node)
     {
         for (const ArrowEnd end : {ArrowEnd::Begin, ArrowEnd::End}) {
-            const double size = arrowSize(m_document, node, end);
+            const double size = ArrowSize(m_document, node, end);
             if (size > 0)
                 m_layout.arrows.try_emplace({node.stroke, size}, m_layout.arrows.size() + 1);
         }
@@ -115,28 +115,28 @@ private:
 };
 
 // The box with a margin of two parts in a hundred; never without extent, also for a viewer's 32-bit floats.
-ViewBox viewBoxRound(const Box& box)
+ViewBox ViewBoxRound(const Box& box)
 {
-    if (box.empty())
+    if (box.Empty())
         return {};
-    const double width = box.high().x - box.low().x;
-    const double height = box.high().y - box.low().y;
+    const double width = box.High().x - box.Low().x;
+    const double height = box.High().y - box.Low().y;
     const double farthest = std::max(
-        {std::fabs(box.low().x), std::fabs(box.low().y), std::fabs(box.high().x), std::fabs(box.high().y)});
+        {std::fabs(box.Low().x), std::fabs(box.Low().y), std::fabs(box.High().x), std::fabs(box.High().y)});
     const double larger = std::max(width, height);
     const double margin = std::max({larger * 0.02, farthest * 1e-6, larger > 0 ? 0.0 : 0.5});
-    return {box.low().x - margin, box.low().y - margin, width + 2 * margin, height + 2 * margin, false};
+    return {box.Low().x - margin, box.Low().y - margin, width + 2 * margin, height + 2 * margin, false};
 }
 
 } // namespace
 
-Layout makeLayout(SvgHostDocument& document)
+Layout MakeLayout(SvgHostDocument& document)
 {
     Layout layout;
-    for (Symbol* symbol : orderByReference(document.symbols))
-        SymbolLayout(document, *symbol, layout).run();
-    SymbolLayout(document, document.root, layout).run();
-    layout.viewBox = viewBoxRound(document.root.box);
+    for (Symbol* symbol : OrderByReference(document.symbols))
+        SymbolLayout(document, *symbol, layout).Run();
+    SymbolLayout(document, document.root, layout).Run();
+    layout.viewBox = ViewBoxRound(document.root.box);
     layout.statistics.elements = document.elements;
     layout.statistics.symbols = document.symbols.size();
     for (const Symbol* symbol : document.symbols)

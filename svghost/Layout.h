@@ -1,6 +1,5 @@
 // What must be known of the whole picture before it is written.
-#ifndef SVGHOST_LAYOUT_H
-#define SVGHOST_LAYOUT_H
+#pragma once
 
 #include "svghost/Arrows.h"
 #include "svghost/Geometry.h"
@@ -9,20 +8,20 @@
 namespace svghost {
 
 // How many levels of uses a viewer must follow: deeper ones are left out. Viewers recurse for each.
-constexpr std::uint32_t kDeepestUse = 100;
+inline constexpr std::uint32_t kDeepestUse = 100;
 
 // How many elements a document of so many elements may unfold into when its uses are drawn: a picture of a
 // few inserts within inserts must not grow beyond what a viewer shows in some two seconds, and a big honest
 // drawing must stay whole.
-constexpr std::size_t renderBudget(std::size_t elements)
+constexpr std::size_t RenderBudget(std::size_t elements)
 {
     return 300'000 + 16 * elements;
 }
 
 // How far uses within uses may shrink or enlarge: some viewers refuse a whole file for one transform that
 // they cannot turn back, as with a scale of 0.
-constexpr double kSmallestScale = 1e-50;
-constexpr double kLargestScale = 1e50;
+inline constexpr double kSmallestScale = 1e-50;
+inline constexpr double kLargestScale = 1e50;
 
 struct ViewBox {
     double x = 0;
@@ -40,8 +39,6 @@ struct Layout {
 
 // Computes the view box from what is drawn, decides which nodes are left out (Node::leftOut) and counts what
 // it meets. Takes time linear in the nodes, however far the drawing would unfold.
-Layout makeLayout(SvgHostDocument& document);
+Layout MakeLayout(SvgHostDocument& document);
 
 } // namespace svghost
-
-#endif

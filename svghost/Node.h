@@ -1,6 +1,5 @@
 // The nodes of a document. They live in the document's arena; lists run in the order of creation.
-#ifndef SVGHOST_NODE_H
-#define SVGHOST_NODE_H
+#pragma once
 
 #include "svghost/Geometry.h"
 
@@ -74,16 +73,16 @@ struct Node {
     bool malformed = false; // a number of its geometry is not drawable
     bool leftOut = false;   // not written; decided by the layout
 
-    const ExtraAttribute* find(AttributeId id) const
+    const ExtraAttribute* Find(AttributeId id) const
     {
         const ExtraAttribute* attribute = extra;
         while (attribute && attribute->id != id)
             attribute = attribute->next;
         return attribute;
     }
-    double number(AttributeId id, double otherwise) const
+    double Number(AttributeId id, double otherwise) const
     {
-        const ExtraAttribute* attribute = find(id);
+        const ExtraAttribute* attribute = Find(id);
         return attribute ? attribute->number : otherwise;
     }
 };
@@ -162,7 +161,7 @@ struct Root : Symbol {
     SvgHostDocument* document;
 };
 
-inline bool isContainer(const Node& node)
+inline bool IsContainer(const Node& node)
 {
     return node.kind >= Kind::Symbol;
 }
@@ -170,7 +169,7 @@ inline bool isContainer(const Node& node)
 // Walks over everything in top in order, groups entered. enter(node) is called for every node, leave(group)
 // behind the last node of a group. Needs no stack however deep groups are.
 template <class Enter, class Leave>
-void walk(const Container& top, Enter enter, Leave leave)
+void Walk(const Container& top, Enter enter, Leave leave)
 {
     const Container* within = &top;
     Node* node = top.first;
@@ -182,7 +181,7 @@ void walk(const Container& top, Enter enter, Leave leave)
             continue;
         }
         enter(*node);
-        if (isContainer(*node)) {
+        if (IsContainer(*node)) {
             within = static_cast<Container*>(node);
             node = within->first;
         } else {
@@ -192,5 +191,3 @@ void walk(const Container& top, Enter enter, Leave leave)
 }
 
 } // namespace svghost
-
-#endif

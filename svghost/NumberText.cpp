@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
+#include <string>
 
 namespace svghost {
 namespace {
@@ -11,155 +13,129 @@ namespace {
 constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,
                                    1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
-template <class Char>
-bool isDigit(Char character)
-{
-    return character >= Char('0') && character <= Char('9');
-}
-
-// Where a number's parts stand in its text.
+// Where a number's parts are in its text.
 template <class Char>
 struct NumberShape {
-    const Char* begin = nullptr; // behind a leading '+'
+    const Char* begin = nullptr; // after a leading '+'
     const Char* end = nullptr;
-    bool negative = false;
-    bool point = false;
-    bool exponent = false;
-    int digits = 0;
-    int decimals = 0;
-    std::uint64_t mantissa = 0; // good while there are at most 19 digits
+    bool isNegative = false;
+    bool hasPoint = false;
+    bool hasExponent = false;
+    std::ptrdiff_t digits = 0;
+    std::ptrdiff_t decimals = 0;
+    std::uint64_t mantissa = 0; // right while there are at most 19 digits
 
-    bool read(const Char* at)
+    bool Read(const Char* at)
     {
-        negative = *at == Char('-');
+        isNegative = *at == Char('-');
         begin = *at == Char('+') ? at + 1 : at;
-        end = readDigits(negative ? at + 1 : begin);
+        const Char* const whole = isNegative ? at + 1 : begin;
+        end = ReadDigits(whole);
+        digits = end - whole;
         if (*end == Char('.')) {
-            point = true;
-            const int whole = digits;
-            end = readDigits(end + 1);
-            decimals = digits - whole;
+            hasPoint = true;
+            const Char* const fraction = end + 1;
+            end = ReadDigits(fraction);
+            decimals = end - fraction;
+            digits += decimals;
         }
-        return digits > 0 && readExponent();
+        return digits > 0 && ReadExponent();
     }
 
     // The quotient of two numbers that are exact has one rounding: the result is the nearest double.
-    bool exact(double& number) const
+    bool GetExact(double& number) const
     {
-        if (exponent || digits > 19 || mantissa > (std::uint64_t(1) << 53))
+        if (hasExponent || digits > 19 || mantissa > (std::uint64_t{1} << 53))
             return false;
         number = static_cast<double>(mantissa) / kPowersOfTen[decimals];
-        number = negative ? -number : number;
+        number = isNegative ? -number : number;
         return true;
     }
 
-private:
-    const Char* readDigits(const Char* at)
+    // Any number, in as many instructions as std::from_chars takes.
+    bool GetAny(double& number) const
     {
-        for (; isDigit(*at); ++at, ++digits)
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - Char('0'));
+        const std::string narrow(begin, end);
+        return std::from_chars(narrow.data(), narrow.data() + narrow.size(), number).ec == std::errc();
+    }
+
+    // The number's text without the zeros at its end that say nothing.
+    std::basic_string_view<Char> ShortText() const
+    {
+        const Char* last = end;
+        if (hasPoint && !hasExponent) {
+            while (last[-1] == Char('0'))
+                --last;
+            if (last[-1] == Char('.'))
+                --last;
+            const Char* const first = isNegative ? begin + 1 : begin;
+            if (last == first || (isNegative && last == first + 1 && *first == Char('0')))
+                return {kZero, 1};
+        }
+        return {begin, static_cast<std::size_t>(last - begin)};
+    }
+
+private:
+    static constexpr Char kZero[] = {Char('0')};
+
+    static unsigned DigitOf(Char character) { return static_cast<unsigned>(character) - unsigned{'0'}; }
+
+    const Char* ReadDigits(const Char* at)
+    {
+        std::uint64_t number = mantissa;
+        for (unsigned digit = DigitOf(*at); digit < 10; digit = DigitOf(*++at))
+            number = number * 10 + digit;
+        mantissa = number;
         return at;
     }
 
-    bool readExponent()
+    bool ReadExponent()
     {
         if (*end != Char('e') && *end != Char('E'))
             return true;
-        exponent = true;
+        hasExponent = true;
         const Char* at = end + 1;
         if (*at == Char('+') || *at == Char('-'))
             ++at;
-        if (!isDigit(*at))
+        if (DigitOf(*at) >= 10)
             return false;
-        while (isDigit(*at))
+        while (DigitOf(*at) < 10)
             ++at;
         end = at;
         return true;
     }
 };
 
-void trimZeros(std::string& out, std::size_t begin)
-{
-    out.erase(out.find_last_not_of('0') + 1);
-    if (out.back() == '.')
-        out.pop_back();
-    const std::string_view rest = std::string_view(out).substr(begin);
-    if (rest.empty() || rest == "-" || rest == "-0") {
-        out.resize(begin);
-        out += '0';
-    }
-}
-
 } // namespace
 
-bool isDrawable(double number)
+bool IsDrawable(double number)
 {
     return std::fabs(number) <= static_cast<double>(FLT_MAX);
 }
 
 template <class Char>
-bool scanNumber(const Char*& at, double& number, std::string& out)
+bool ScanNumber(const Char*& at, double& number, std::basic_string_view<Char>& text)
 {
     NumberShape<Char> shape;
-    if (!shape.read(at))
+    if (!shape.Read(at) || (!shape.GetExact(number) && !shape.GetAny(number)) || !IsDrawable(number))
         return false;
-    const std::size_t begin = out.size();
-    out.resize(begin + static_cast<std::size_t>(shape.end - shape.begin));
-    char* place = out.data() + begin;
-    for (const Char* from = shape.begin; from != shape.end; ++from)
-        *place++ = static_cast<char>(*from);
-    bool good = shape.exact(number);
-    if (!good)
-        good = std::from_chars(out.data() + begin, out.data() + out.size(), number).ec == std::errc();
-    if (!good || !isDrawable(number)) {
-        out.resize(begin);
-        return false;
-    }
-    if (shape.point && !shape.exponent)
-        trimZeros(out, begin);
+    text = shape.ShortText();
     at = shape.end;
     return true;
 }
 
-template bool scanNumber(const char*&, double&, std::string&);
-template bool scanNumber(const wchar_t*&, double&, std::string&);
+template bool ScanNumber(const char*&, double&, std::string_view&);
+template bool ScanNumber(const wchar_t*&, double&, std::wstring_view&);
 
-bool parseNumber(const wchar_t* text, double& number, std::string& out)
+bool ParseNumber(const wchar_t* text, double& number, std::wstring_view& shortText)
 {
     while (*text == L' ')
         ++text;
-    const std::size_t begin = out.size();
-    if (!scanNumber(text, number, out))
+    if (!ScanNumber(text, number, shortText))
         return false;
     while (*text == L' ')
         ++text;
-    if (*text == L'\0')
-        return true;
-    out.resize(begin);
-    return false;
-}
-
-namespace {
-
-template <class Number>
-void appendShortest(std::string& out, Number number)
-{
-    char text[32];
-    // Adding 0 makes a negative zero positive.
-    const auto result = std::to_chars(text, text + sizeof text, number + Number(0));
-    out.append(text, static_cast<std::size_t>(result.ptr - text));
-}
-
-} // namespace
-
-void appendNumber(std::string& out, float number)
-{
-    appendShortest(out, number);
-}
-
-void appendNumber(std::string& out, double number)
-{
-    appendShortest(out, number);
+    return *text == L'\0';
 }
 
 } // namespace svghost

@@ -6,118 +6,122 @@ namespace svghost {
 namespace {
 
 template <class Char>
-bool isBlank(Char character)
+bool IsBlank(Char character)
 {
     return character == Char(' ') || character == Char('\t') || character == Char('\n') ||
            character == Char('\r');
 }
 
 template <class Char>
-void skipBlanks(const Char*& at)
+void SkipBlanks(const Char*& at)
 {
-    while (isBlank(*at))
+    while (IsBlank(*at))
         ++at;
 }
 
 // Blanks with at most one comma among them.
 template <class Char>
-void skipSeparator(const Char*& at)
+void SkipSeparator(const Char*& at)
 {
-    skipBlanks(at);
+    SkipBlanks(at);
     if (*at == Char(',')) {
         ++at;
-        skipBlanks(at);
+        SkipBlanks(at);
     }
 }
 
 template <class Char>
 class PathScanner {
 public:
-    PathScanner(const Char* text, const Affine& map, std::string& out, Box& box)
+    PathScanner(const Char* text, const Affine& map, ShortForm& out, Box& box)
         : m_at(text), m_map(map), m_out(out), m_box(box)
     {
     }
 
-    bool scan()
+    bool Scan()
     {
-        skipBlanks(m_at);
+        SkipBlanks(m_at);
         if (*m_at != Char() && *m_at != Char('M'))
             return false;
         while (*m_at != Char()) {
-            if (!readSegment())
+            if (!ReadSegment())
                 return false;
-            skipSeparator(m_at);
+            SkipSeparator(m_at);
         }
         return true;
     }
 
 private:
-    bool readSegment()
+    bool ReadSegment()
     {
         const char command = static_cast<char>(*m_at);
         if (command == 'M' || command == 'L' || command == 'A' || command == 'Z') {
             if (*m_at != Char(command))
                 return false;
             ++m_at;
-            skipBlanks(m_at);
-            // Pairs that go on behind a move-to are lines.
+            SkipBlanks(m_at);
+            // Pairs that go on after a move-to are lines.
             m_command = command == 'M' ? 'L' : command;
-            m_out += command;
+            m_out.Put(command);
             m_first = true;
             if (command == 'Z')
                 m_here = m_start;
-            return command == 'Z' || readArguments(command == 'M');
+            return command == 'Z' || ReadArguments(command == 'M');
         }
-        return m_command != 'Z' && readArguments(false);
+        return m_command != 'Z' && ReadArguments(false);
     }
 
-    bool readArguments(bool move)
+    bool ReadArguments(bool move)
     {
         if (m_command == 'A')
-            return readArc();
-        if (!readPoint(m_here))
+            return ReadArc();
+        if (!ReadPoint(m_here))
             return false;
-        m_box.add(m_map(m_here));
+        m_box.Add(m_map(m_here));
         if (move)
             m_start = m_here;
         return true;
     }
 
-    bool readArc()
+    bool ReadArc()
     {
         Arc arc{};
         arc.start = m_here;
-        if (!readNumber(arc.radiusX) || !readNumber(arc.radiusY) || !readNumber(arc.rotation) ||
-            !readFlag(arc.large) || !readFlag(arc.sweep) || !readPoint(m_here))
+        if (!ReadNumber(arc.radiusX) || !ReadNumber(arc.radiusY) || !ReadNumber(arc.rotation) ||
+            !ReadFlag(arc.large) || !ReadFlag(arc.sweep) || !ReadPoint(m_here))
             return false;
         arc.end = m_here;
-        addArc(m_box, arc, m_map);
+        AddArc(m_box, arc, m_map);
         return true;
     }
 
-    bool readPoint(Point& point) { return readNumber(point.x) && readNumber(point.y); }
+    bool ReadPoint(Point& point) { return ReadNumber(point.x) && ReadNumber(point.y); }
 
-    bool readFlag(bool& flag)
+    bool ReadFlag(bool& flag)
     {
         double number = 0;
-        if (!readNumber(number) || (number != 0 && number != 1))
+        if (!ReadNumber(number) || (number != 0 && number != 1))
             return false;
         flag = number == 1;
         return true;
     }
 
-    bool readNumber(double& number)
+    bool ReadNumber(double& number)
     {
         if (!m_first)
-            m_out += ' ';
+            m_out.Put(' ');
         m_first = false;
-        skipSeparator(m_at);
-        return scanNumber(m_at, number, m_out);
+        SkipSeparator(m_at);
+        std::basic_string_view<Char> text;
+        if (!ScanNumber(m_at, number, text))
+            return false;
+        m_out.Put(text);
+        return true;
     }
 
     const Char* m_at;
     const Affine& m_map;
-    std::string& m_out;
+    ShortForm& m_out;
     Box& m_box;
     Point m_here;
     Point m_start;
@@ -127,32 +131,35 @@ private:
 
 } // namespace
 
-bool scanPoints(const wchar_t* text, std::string& out, Box& box)
+bool ScanPoints(const wchar_t* text, ShortForm& out, Box& box)
 {
-    skipBlanks(text);
+    SkipBlanks(text);
     for (bool first = true; *text != L'\0'; first = false) {
         Point point;
+        std::wstring_view number;
         if (!first)
-            out += ' ';
-        if (!scanNumber(text, point.x, out))
+            out.Put(' ');
+        if (!ScanNumber(text, point.x, number))
             return false;
-        out += ',';
-        skipSeparator(text);
-        if (!scanNumber(text, point.y, out))
+        out.Put(number);
+        out.Put(',');
+        SkipSeparator(text);
+        if (!ScanNumber(text, point.y, number))
             return false;
-        skipSeparator(text);
-        box.add(point);
+        out.Put(number);
+        SkipSeparator(text);
+        box.Add(point);
     }
     return true;
 }
 
 template <class Char>
-bool scanPath(const Char* text, const Affine& map, std::string& out, Box& box)
+bool ScanPath(const Char* text, const Affine& map, ShortForm& out, Box& box)
 {
-    return PathScanner<Char>(text, map, out, box).scan();
+    return PathScanner<Char>(text, map, out, box).Scan();
 }
 
-template bool scanPath(const char*, const Affine&, std::string&, Box&);
-template bool scanPath(const wchar_t*, const Affine&, std::string&, Box&);
+template bool ScanPath(const char*, const Affine&, ShortForm&, Box&);
+template bool ScanPath(const wchar_t*, const Affine&, ShortForm&, Box&);
 
 } // namespace svghost

@@ -10,22 +10,22 @@ class CycleSearch {
 public:
     explicit CycleSearch(std::size_t symbols) { m_order.reserve(symbols); }
 
-    void searchFrom(Symbol& start)
+    void SearchFrom(Symbol& start)
     {
-        visit(start);
+        Visit(start);
         while (!m_path.empty()) {
             Step& step = m_path.back();
             if (step.use) {
                 const Use& use = *step.use;
                 step.use = use.nextOfSymbol;
-                follow(*step.symbol, use.target->definition);
+                Follow(*step.symbol, use.target->definition);
             } else {
-                leave();
+                Leave();
             }
         }
     }
 
-    std::vector<Symbol*> takeOrder() { return std::move(m_order); }
+    std::vector<Symbol*> TakeOrder() { return std::move(m_order); }
 
 private:
     struct Step {
@@ -33,34 +33,34 @@ private:
         const Use* use; // the next one to follow
     };
 
-    void visit(Symbol& symbol)
+    void Visit(Symbol& symbol)
     {
         symbol.visited = symbol.lowest = ++m_visits;
         m_open.push_back(&symbol);
         m_path.push_back({&symbol, symbol.firstUse});
     }
 
-    void follow(Symbol& from, Symbol* to)
+    void Follow(Symbol& from, Symbol* to)
     {
         if (!to)
             return;
         if (to->visited == 0)
-            visit(*to);
+            Visit(*to);
         else if (to->cycle == 0)
             from.lowest = std::min(from.lowest, to->visited);
     }
 
-    void leave()
+    void Leave()
     {
         Symbol& symbol = *m_path.back().symbol;
         m_path.pop_back();
         if (!m_path.empty())
             m_path.back().symbol->lowest = std::min(m_path.back().symbol->lowest, symbol.lowest);
         if (symbol.lowest == symbol.visited)
-            closeCycle(symbol);
+            CloseCycle(symbol);
     }
 
-    void closeCycle(Symbol& first)
+    void CloseCycle(Symbol& first)
     {
         ++m_cycles;
         Symbol* symbol = nullptr;
@@ -81,16 +81,16 @@ private:
 
 } // namespace
 
-std::vector<Symbol*> orderByReference(const std::vector<Symbol*>& symbols)
+std::vector<Symbol*> OrderByReference(const std::vector<Symbol*>& symbols)
 {
     for (Symbol* symbol : symbols)
         symbol->visited = symbol->lowest = symbol->cycle = 0;
     CycleSearch search(symbols.size());
     for (Symbol* symbol : symbols) {
         if (symbol->visited == 0)
-            search.searchFrom(*symbol);
+            search.SearchFrom(*symbol);
     }
-    return search.takeOrder();
+    return search.TakeOrder();
 }
 
 } // namespace svghost

@@ -1,6 +1,5 @@
 // Which symbols draw which.
-#ifndef SVGHOST_REFERENCES_H
-#define SVGHOST_REFERENCES_H
+#pragma once
 
 #include "svghost/Node.h"
 
@@ -11,8 +10,6 @@ namespace svghost {
 // Puts the symbols in an order in which each stands behind those that it uses, cycles aside, and numbers the
 // cycles: symbols that reach each other through uses get the same cycle. Takes time linear in symbols and
 // uses, and no stack however long a chain of uses is.
-std::vector<Symbol*> orderByReference(const std::vector<Symbol*>& symbols);
+std::vector<Symbol*> OrderByReference(const std::vector<Symbol*>& symbols);
 
 } // namespace svghost
-
-#endif

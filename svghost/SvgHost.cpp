@@ -1,7 +1,7 @@
 #include "svghost/SvgHost.h"
 
-#include "svghost/Document.h"
 #include "svghost/Import.h"
+#include "svghost/SvgHostDocument.h"
 #include "svghost/SvgWriter.h"
 
 #include <new>
@@ -13,16 +13,16 @@ thread_local std::weak_ptr<ErrorLog> receiver;
 
 } // namespace
 
-void receiveReports(const std::shared_ptr<ErrorLog>& log)
+void ReceiveReports(const std::shared_ptr<ErrorLog>& log)
 {
     receiver = log;
 }
 
-void reportToThread(int code, int kind, const wchar_t* message)
+void ReportToThread(int code, int kind, const wchar_t* message)
 {
     try {
         if (const std::shared_ptr<ErrorLog> log = receiver.lock())
-            log->add(code, kind, message);
+            log->Add(code, kind, message);
     } catch (...) { // NOLINT(bugprone-empty-catch)
         // The report is lost; the drawing goes on.
     }
@@ -48,21 +48,21 @@ void svgHostDestroy(SvgHostDocument* document)
 
 QlmNode svgHostBeginImport(SvgHostDocument* document)
 {
-    receiveReports(document ? document->errors : nullptr);
+    ReceiveReports(document ? document->errors : nullptr);
     return document ? static_cast<Node*>(&document->root) : nullptr;
 }
 
 size_t svgHostErrorCount(const SvgHostDocument* document)
 {
-    return document ? document->errors->count() : 0;
+    return document ? document->errors->Count() : 0;
 }
 
 bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error)
 {
-    if (!document || !error || index >= document->errors->count())
+    if (!document || !error || index >= document->errors->Count())
         return false;
     try {
-        *error = document->errors->at(index);
+        *error = document->errors->At(index);
         return true;
     } catch (...) {
         return false;
@@ -72,7 +72,7 @@ bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError
 void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user)
 {
     if (document)
-        document->errors->setListener(function, user);
+        document->errors->SetListener(function, user);
 }
 
 void svgHostLimitElements(SvgHostDocument* document, size_t most)
@@ -86,7 +86,7 @@ bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statisti
     if (!document || !statistics)
         return false;
     try {
-        *statistics = document->layout().statistics;
+        *statistics = document->LaidOut().statistics;
         statistics->elementsBeyondLimit = document->elementsBeyondLimit;
         return !document->shortOfMemory;
     } catch (...) {
@@ -99,7 +99,7 @@ bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox)
     if (!document || !viewBox)
         return false;
     try {
-        const ViewBox& box = document->layout().viewBox;
+        const ViewBox& box = document->LaidOut().viewBox;
         *viewBox = {box.x, box.y, box.width, box.height, box.isMadeUp};
         return !document->shortOfMemory;
     } catch (...) {
@@ -113,8 +113,8 @@ bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
     if (!document || !write || document->shortOfMemory)
         return false;
     try {
-        return SvgWriter(*document, document->layout(), write, user)
-            .run(options ? *options : SvgHostWriteOptions{});
+        return SvgWriter(*document, document->LaidOut(), write, user)
+            .Run(options ? *options : SvgHostWriteOptions{});
     } catch (...) {
         return false;
     }

@@ -17,7 +17,7 @@ constexpr double kPixels = 1024;
 constexpr std::string_view kDefaultColour = "#00ff00";
 
 // Only the first symbol of a name is referred to; the prefixes keep all identifiers apart.
-void appendSymbolId(std::string& out, const SymbolName& name, std::size_t definition)
+void AppendSymbolId(std::string& out, const SymbolName& name, std::size_t definition)
 {
     if (definition == 1) {
         out += "s-";
@@ -26,34 +26,7 @@ void appendSymbolId(std::string& out, const SymbolName& name, std::size_t defini
         out += std::to_string(definition);
         out += '-';
     }
-    appendXmlName(out, name.name);
-}
-
-const char* elementName(Kind kind)
-{
-    switch (kind) {
-    case Kind::Path:
-        return "path";
-    case Kind::Polyline:
-        return "polyline";
-    default:
-        return "polygon";
-    }
-}
-
-void appendPart(std::string& out, std::string_view text)
-{
-    out += text;
-}
-
-void appendPart(std::string& out, float number)
-{
-    appendNumber(out, number);
-}
-
-void appendPart(std::string& out, double number)
-{
-    appendNumber(out, number);
+    AppendXmlName(out, name.name);
 }
 
 } // namespace
@@ -64,298 +37,309 @@ SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgH
 {
 }
 
-bool SvgWriter::run(const SvgHostWriteOptions& options)
+bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
-    m_out.addDeclaration();
-    openRoot(options.unit);
+    m_out.Declare();
+    OpenRoot(options.unit);
     if (options.style)
-        writeStyle(options.style);
-    writeDefinitions();
+        WriteStyle(options.style);
+    WriteDefinitions();
     if (options.background)
-        writeBackground(options.background);
-    openDrawing();
-    writeContents(m_document.root);
-    m_out.close();
-    m_out.close();
-    return m_out.finish();
+        WriteBackground(options.background);
+    OpenDrawing();
+    WriteContents(m_document.root);
+    m_out.Close("g");
+    m_out.Close("svg");
+    return m_out.Finish();
 }
 
-void SvgWriter::openRoot(double unit)
+void SvgWriter::OpenRoot(double unit)
 {
     const ViewBox& box = m_layout.viewBox;
-    begin("svg");
-    set("xmlns", "http://www.w3.org/2000/svg");
-    set("xmlns:xlink", "http://www.w3.org/1999/xlink");
-    if (!setPhysicalSize(unit))
-        setPixelSize();
+    m_out.Begin("svg");
+    m_out.SetPlain("xmlns", "http://www.w3.org/2000/svg");
+    m_out.SetPlain("xmlns:xlink", "http://www.w3.org/1999/xlink");
+    if (!SetPhysicalSize(unit))
+        SetPixelSize();
     // The margin is far wider than the rounding to 32 bits.
-    setJoined("viewBox", static_cast<float>(box.x), " ", static_cast<float>(box.y), " ",
-              static_cast<float>(box.width), " ", static_cast<float>(box.height));
-    m_out.open(m_element);
+    m_out.SetPlain("viewBox", static_cast<float>(box.x), " ", static_cast<float>(box.y), " ",
+                   static_cast<float>(box.width), " ", static_cast<float>(box.height));
+    m_out.Open();
 }
 
-void SvgWriter::setPixelSize()
+void SvgWriter::SetPixelSize()
 {
     const ViewBox& box = m_layout.viewBox;
     const double scale = kPixels / std::max(box.width, box.height);
     const auto pixels = [&](double side) { return std::max(1.0, std::round(side * scale)); };
-    setJoined("width", pixels(box.width));
-    setJoined("height", pixels(box.height));
+    m_out.SetPlain("width", pixels(box.width));
+    m_out.SetPlain("height", pixels(box.height));
 }
 
 // False, with nothing set, when there is no unit, nothing to measure, or a side that no viewer can hold.
-bool SvgWriter::setPhysicalSize(double unit)
+bool SvgWriter::SetPhysicalSize(double unit)
 {
     const double width = m_layout.viewBox.width * unit;
     const double height = m_layout.viewBox.height * unit;
     // Numbers smaller than a float are not drawable either, and would be written as 0.
-    const auto isSide = [](double side) { return isDrawable(side) && static_cast<float>(side) > 0; };
+    const auto isSide = [](double side) { return IsDrawable(side) && static_cast<float>(side) > 0; };
     if (m_layout.viewBox.isMadeUp || !isSide(width) || !isSide(height))
         return false;
-    setJoined("width", static_cast<float>(width), "mm");
-    setJoined("height", static_cast<float>(height), "mm");
+    m_out.SetPlain("width", static_cast<float>(width), "mm");
+    m_out.SetPlain("height", static_cast<float>(height), "mm");
     return true;
 }
 
-void SvgWriter::writeStyle(const char* style)
+void SvgWriter::WriteStyle(const char* style)
 {
-    begin("style");
-    m_out.addText(m_element, validUtf8(style));
+    m_out.Begin("style");
+    m_out.SetText(XmlTextOf(style));
 }
 
 // The module fills nothing, while SVG would fill everything.
-void SvgWriter::openDrawing()
+void SvgWriter::OpenDrawing()
 {
-    begin("g");
-    set("fill", "none");
-    set("stroke", kDefaultColour);
-    set("stroke-linejoin", "round");
-    set("font-family", "sans-serif");
-    m_out.open(m_element);
+    m_out.Begin("g");
+    m_out.SetPlain("fill", "none");
+    m_out.Set("stroke", kDefaultColour);
+    m_out.SetPlain("stroke-linejoin", "round");
+    m_out.SetPlain("font-family", "sans-serif");
+    m_out.Open();
 }
 
-void SvgWriter::writeDefinitions()
+void SvgWriter::WriteDefinitions()
 {
     if (m_layout.arrows.empty() && m_document.symbols.empty())
         return;
-    begin("defs");
-    m_out.open(m_element);
+    m_out.Begin("defs");
+    m_out.Open();
     for (const auto& [look, number] : m_layout.arrows) {
-        writeArrow("begin", -1, look.first, look.second, number);
-        writeArrow("end", 1, look.first, look.second, number);
+        WriteArrow("begin", -1, look.first, look.second, number);
+        WriteArrow("end", 1, look.first, look.second, number);
     }
     for (const Symbol* symbol : m_document.symbols)
-        writeSymbol(*symbol);
-    m_out.close();
+        WriteSymbol(*symbol);
+    m_out.Close("defs");
 }
 
 // One marker for each end: not every viewer turns a marker round by itself.
-void SvgWriter::writeArrow(const char* end, double direction, std::uint32_t stroke, double size,
+void SvgWriter::WriteArrow(const char* end, double direction, std::uint32_t stroke, double size,
                            std::size_t number)
 {
     const double length = kArrowLength * size * direction;
     const double halfWidth = kArrowHalfWidth * size;
-    begin("marker");
-    setJoined("id", "arrow-", end, "-", static_cast<double>(number));
-    set("markerUnits", "userSpaceOnUse");
-    set("orient", "auto");
-    set("overflow", "visible");
-    setJoined("markerWidth", kArrowLength * size);
-    setJoined("markerHeight", 2 * halfWidth);
-    m_element = m_out.addChild(m_element, "path");
-    setJoined("d", "M0 0L", -length, " ", halfWidth, "L", -length * 0.7, " 0L", -length, " ", -halfWidth,
-              "Z");
-    set("stroke", "none");
-    set("fill", strokeColour(stroke));
+    m_out.Begin("marker");
+    m_out.SetPlain("id", "arrow-", end, "-", static_cast<double>(number));
+    m_out.SetPlain("markerUnits", "userSpaceOnUse");
+    m_out.SetPlain("orient", "auto");
+    m_out.SetPlain("overflow", "visible");
+    m_out.SetPlain("markerWidth", kArrowLength * size);
+    m_out.SetPlain("markerHeight", 2 * halfWidth);
+    m_out.Open();
+    m_out.Begin("path");
+    m_out.SetPlain("d", "M0 0L", -length, " ", halfWidth, "L", -length * 0.7, " 0L", -length, " ", -halfWidth,
+                   "Z");
+    m_out.SetPlain("stroke", "none");
+    m_out.SetPlain("fill", StrokeColour(stroke));
+    m_out.Close("marker");
 }
 
-void SvgWriter::writeSymbol(const Symbol& symbol)
+void SvgWriter::WriteSymbol(const Symbol& symbol)
 {
-    begin("symbol");
-    m_value.clear();
-    appendSymbolId(m_value, *symbol.name, symbol.definition);
-    set("id", m_value);
-    set("data-name", utf8Of(symbol.name->name));
-    set("overflow", "visible");
-    setStyle(symbol);
-    m_out.open(m_element);
-    writeContents(symbol);
-    m_out.close();
+    m_out.Begin("symbol");
+    m_id.clear();
+    AppendSymbolId(m_id, *symbol.name, symbol.definition);
+    m_out.SetPlain("id", m_id);
+    m_out.Set("data-name", XmlTextOf(symbol.name->name));
+    m_out.SetPlain("overflow", "visible");
+    SetStyle(symbol);
+    m_out.Open();
+    WriteContents(symbol);
+    m_out.Close("symbol");
 }
 
 // The rectangle reaches beyond the view box, whose sides seldom have the ratio of whole pixels.
-void SvgWriter::writeBackground(const char* colour)
+void SvgWriter::WriteBackground(const char* colour)
 {
     const ViewBox& box = m_layout.viewBox;
-    begin("rect");
-    setJoined("x", static_cast<float>(box.x - box.width / 2));
-    setJoined("y", static_cast<float>(box.y - box.height / 2));
-    setJoined("width", static_cast<float>(box.width * 2));
-    setJoined("height", static_cast<float>(box.height * 2));
-    set("fill", validUtf8(colour));
+    m_out.Begin("rect");
+    m_out.SetPlain("x", static_cast<float>(box.x - box.width / 2));
+    m_out.SetPlain("y", static_cast<float>(box.y - box.height / 2));
+    m_out.SetPlain("width", static_cast<float>(box.width * 2));
+    m_out.SetPlain("height", static_cast<float>(box.height * 2));
+    m_out.Set("fill", XmlTextOf(colour));
 }
 
-void SvgWriter::writeContents(const Container& container)
+void SvgWriter::WriteContents(const Container& container)
 {
-    walk(
-        container, [this](const Node& node) { writeNode(node); },
-        [this](const Container&) { m_out.close(); });
+    Walk(
+        container, [this](const Node& node) { WriteNode(node); },
+        [this](const Container&) { m_out.Close("g"); });
 }
 
-void SvgWriter::writeNode(const Node& node)
+void SvgWriter::WriteNode(const Node& node)
 {
     if (node.leftOut)
         return;
     switch (node.kind) {
     case Kind::Line:
-        return writeLine(static_cast<const Line&>(node));
+        return WriteLine(static_cast<const Line&>(node));
     case Kind::Circle:
     case Kind::Ellipse:
-        return writeEllipse(static_cast<const Ellipse&>(node));
+        return WriteEllipse(static_cast<const Ellipse&>(node));
     case Kind::Text:
-        return writeText(static_cast<const Text&>(node));
+        return WriteText(static_cast<const Text&>(node));
     case Kind::Use:
-        return writeUse(static_cast<const Use&>(node));
+        return WriteUse(static_cast<const Use&>(node));
     case Kind::Path:
     case Kind::Polyline:
     case Kind::Polygon:
-        return writeShape(static_cast<const Shape&>(node));
+        return WriteShape(static_cast<const Shape&>(node));
     default:
-        return openGroup(static_cast<const Container&>(node));
+        return OpenGroup(static_cast<const Container&>(node));
     }
 }
 
-void SvgWriter::openGroup(const Container& group)
+void SvgWriter::OpenGroup(const Container& group)
 {
-    begin("g");
-    setStyle(group);
-    m_out.open(m_element);
+    m_out.Begin("g");
+    SetStyle(group);
+    m_out.Open();
 }
 
-void SvgWriter::writeLine(const Line& line)
+void SvgWriter::WriteLine(const Line& line)
 {
-    begin("line");
-    setJoined("x1", line.x1);
-    setJoined("y1", line.y1);
-    setJoined("x2", line.x2);
-    setJoined("y2", line.y2);
-    setRotation(line, line.number(AttributeId::CenterX, 0), line.number(AttributeId::CenterY, 0));
-    setStyle(line);
+    m_out.Begin("line");
+    m_out.SetPlain("x1", line.x1);
+    m_out.SetPlain("y1", line.y1);
+    m_out.SetPlain("x2", line.x2);
+    m_out.SetPlain("y2", line.y2);
+    SetRotation(line, line.Number(AttributeId::CenterX, 0), line.Number(AttributeId::CenterY, 0));
+    SetStyle(line);
 }
 
 // A negative radius, an error in SVG, is drawn as the positive one.
-void SvgWriter::writeEllipse(const Ellipse& ellipse)
+void SvgWriter::WriteEllipse(const Ellipse& ellipse)
 {
     if (ellipse.kind == Kind::Circle) {
-        begin("circle");
-        setJoined("r", std::fabs(ellipse.radiusX));
+        m_out.Begin("circle");
+        m_out.SetPlain("r", std::fabs(ellipse.radiusX));
     } else {
-        begin("ellipse");
-        setJoined("rx", std::fabs(ellipse.radiusX));
-        setJoined("ry", std::fabs(ellipse.radiusY));
+        m_out.Begin("ellipse");
+        m_out.SetPlain("rx", std::fabs(ellipse.radiusX));
+        m_out.SetPlain("ry", std::fabs(ellipse.radiusY));
     }
-    setJoined("cx", ellipse.centerX);
-    setJoined("cy", ellipse.centerY);
-    setRotation(ellipse, ellipse.number(AttributeId::CenterX, 0), ellipse.number(AttributeId::CenterY, 0));
-    setStyle(ellipse);
+    m_out.SetPlain("cx", ellipse.centerX);
+    m_out.SetPlain("cy", ellipse.centerY);
+    SetRotation(ellipse, ellipse.Number(AttributeId::CenterX, 0), ellipse.Number(AttributeId::CenterY, 0));
+    SetStyle(ellipse);
 }
 
-void SvgWriter::writeShape(const Shape& shape)
+void SvgWriter::WriteShape(const Shape& shape)
 {
-    begin(elementName(shape.kind));
-    set(shape.kind == Kind::Path ? "d" : "points", shape.data);
-    setRotation(shape, shape.number(AttributeId::CenterX, 0), shape.number(AttributeId::CenterY, 0));
-    setStyle(shape);
+    if (shape.kind == Kind::Path)
+        m_out.Begin("path");
+    else if (shape.kind == Kind::Polyline)
+        m_out.Begin("polyline");
+    else
+        m_out.Begin("polygon");
+    if (shape.kind == Kind::Path)
+        m_out.SetPlain("d", shape.data);
+    else
+        m_out.SetPlain("points", shape.data);
+    SetRotation(shape, shape.Number(AttributeId::CenterX, 0), shape.Number(AttributeId::CenterY, 0));
+    SetStyle(shape);
 }
 
 // Text is filled in the colour that the module strokes it with: an outline would blur small letters.
-void SvgWriter::writeText(const Text& text)
+void SvgWriter::WriteText(const Text& text)
 {
-    begin("text");
-    setJoined("x", text.x);
-    setJoined("y", text.y);
-    set("fill", strokeColour(text.stroke));
-    set("stroke", "none");
+    m_out.Begin("text");
+    m_out.SetPlain("x", text.x);
+    m_out.SetPlain("y", text.y);
+    m_out.SetPlain("fill", StrokeColour(text.stroke));
+    m_out.SetPlain("stroke", "none");
     if (text.keepsBlanks)
-        set("xml:space", "preserve");
-    setRotation(text, text.x, text.y);
-    setExtras(text);
-    m_out.addText(m_element, text.text);
+        m_out.SetPlain("xml:space", "preserve");
+    SetRotation(text, text.x, text.y);
+    SetExtras(text);
+    m_out.SetText(text.text);
 }
 
-void SvgWriter::writeUse(const Use& use)
+void SvgWriter::WriteUse(const Use& use)
 {
-    const double rotation = use.number(AttributeId::Rotate, 0);
-    const double scaleX = use.number(AttributeId::ScaleX, 1);
-    const double scaleY = use.number(AttributeId::ScaleY, 1);
-    begin("use");
-    m_value.assign(1, '#');
-    appendSymbolId(m_value, *use.target, 1);
-    set("xlink:href", m_value);
-    m_value.clear();
-    appendParts("translate(", use.x, ",", use.y);
+    const double rotation = use.Number(AttributeId::Rotate, 0);
+    const double scaleX = use.Number(AttributeId::ScaleX, 1);
+    const double scaleY = use.Number(AttributeId::ScaleY, 1);
+    m_out.Begin("use");
+    m_id.clear();
+    AppendSymbolId(m_id, *use.target, 1);
+    m_out.SetPlain("xlink:href", "#", m_id);
+    m_out.BeginValue("transform");
+    m_out.PutAll("translate(", use.x, ",", use.y);
     if (rotation != 0)
-        appendParts(") rotate(", rotation);
+        m_out.PutAll(") rotate(", rotation);
     if (scaleX != 1 || scaleY != 1)
-        appendParts(") scale(", scaleX, ",", scaleY);
-    appendParts(")");
-    set("transform", m_value);
-    setStyle(use);
+        m_out.PutAll(") scale(", scaleX, ",", scaleY);
+    m_out.Put(")");
+    m_out.EndValue();
+    SetStyle(use);
 }
 
-void SvgWriter::setStyle(const Node& node)
+void SvgWriter::SetStyle(const Node& node)
 {
-    setValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
-    setValue("stroke", AttributeId::Stroke, node.stroke);
-    setDashes(node.dashArray);
-    setExtras(node);
+    SetValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
+    SetValue("stroke", AttributeId::Stroke, node.stroke);
+    SetDashes(node.dashArray);
+    SetExtras(node);
 }
 
 // Round ends make dashes of length 0 seen, as dots. Other dashes do without: the ends would fill the gaps.
-void SvgWriter::setDashes(std::uint32_t index)
+void SvgWriter::SetDashes(std::uint32_t index)
 {
-    const Value& dashes = m_document.value(AttributeId::DashArray, index);
+    const Value& dashes = m_document.ValueOf(AttributeId::DashArray, index);
     if (index == 0 || dashes.dropped)
         return;
-    set("stroke-dasharray", dashes.text);
+    m_out.SetPlain("stroke-dasharray", dashes.text);
     if (dashes.dotted)
-        set("stroke-linecap", "round");
+        m_out.SetPlain("stroke-linecap", "round");
 }
 
-void SvgWriter::setValue(const char* name, AttributeId id, std::uint32_t index)
+template <std::size_t size>
+void SvgWriter::SetValue(const char (&name)[size], AttributeId id, std::uint32_t index)
 {
-    if (index != 0 && !m_document.value(id, index).dropped)
-        set(name, m_document.value(id, index).text);
+    if (index != 0 && !m_document.ValueOf(id, index).dropped)
+        m_out.SetPlain(name, m_document.ValueOf(id, index).text);
 }
 
-void SvgWriter::setExtras(const Node& node)
+void SvgWriter::SetExtras(const Node& node)
 {
     if (!node.extra)
         return;
     for (const ExtraAttribute* attribute = node.extra; attribute; attribute = attribute->next)
-        setExtra(node, *attribute);
-    setArrow("marker-start", "begin", node, arrowSize(m_document, node, ArrowEnd::Begin));
-    setArrow("marker-end", "end", node, arrowSize(m_document, node, ArrowEnd::End));
+        SetExtra(node, *attribute);
+    SetArrow("marker-start", "begin", node, ArrowSize(m_document, node, ArrowEnd::Begin));
+    SetArrow("marker-end", "end", node, ArrowSize(m_document, node, ArrowEnd::End));
 }
 
-void SvgWriter::setExtra(const Node& node, const ExtraAttribute& extra)
+void SvgWriter::SetExtra(const Node& node, const ExtraAttribute& extra)
 {
     switch (extra.id) {
     case AttributeId::FillOpacity:
-        return setValue("fill-opacity", extra.id, extra.value);
+        return SetValue("fill-opacity", extra.id, extra.value);
     case AttributeId::Visibility:
-        return setValue("visibility", extra.id, extra.value);
+        return SetValue("visibility", extra.id, extra.value);
     case AttributeId::TextAnchor:
-        return setValue("text-anchor", extra.id, extra.value);
+        return SetValue("text-anchor", extra.id, extra.value);
     case AttributeId::FontSize:
-        if (isDrawable(extra.number))
-            setJoined("font-size", std::fabs(extra.number));
+        if (IsDrawable(extra.number))
+            m_out.SetPlain("font-size", std::fabs(extra.number));
         return;
     case AttributeId::Other: {
         const auto& other = static_cast<const OtherAttribute&>(extra);
         // A symbol has its own data-name.
         if (node.kind != Kind::Symbol || other.name != "data-name")
-            set(other.name.data(), other.text);
+            m_out.Set(other.name, other.text);
         return;
     }
     default: // written with the transform or as an arrow head
@@ -363,38 +347,24 @@ void SvgWriter::setExtra(const Node& node, const ExtraAttribute& extra)
     }
 }
 
-void SvgWriter::setRotation(const Node& node, double centreX, double centreY)
+void SvgWriter::SetRotation(const Node& node, double centreX, double centreY)
 {
-    const double degrees = node.extra ? node.number(AttributeId::Rotate, 0) : 0;
+    const double degrees = node.extra ? node.Number(AttributeId::Rotate, 0) : 0;
     if (degrees != 0)
-        setJoined("transform", "rotate(", degrees, " ", centreX, " ", centreY, ")");
+        m_out.SetPlain("transform", "rotate(", degrees, " ", centreX, " ", centreY, ")");
 }
 
-void SvgWriter::setArrow(const char* name, const char* end, const Node& node, double size)
+void SvgWriter::SetArrow(const char* name, const char* end, const Node& node, double size)
 {
     if (size != 0)
-        setJoined(name, "url(#arrow-", end, "-", static_cast<double>(m_layout.arrows.at({node.stroke, size})),
-                  ")");
+        m_out.SetPlain(name, "url(#arrow-", end, "-",
+                       static_cast<double>(m_layout.arrows.at({node.stroke, size})), ")");
 }
 
-std::string_view SvgWriter::strokeColour(std::uint32_t stroke) const
+std::string_view SvgWriter::StrokeColour(std::uint32_t stroke) const
 {
-    const Value& value = m_document.value(AttributeId::Stroke, stroke);
+    const Value& value = m_document.ValueOf(AttributeId::Stroke, stroke);
     return stroke == 0 || value.dropped ? kDefaultColour : value.text;
-}
-
-template <class... Parts>
-void SvgWriter::appendParts(const Parts&... parts)
-{
-    (appendPart(m_value, parts), ...);
-}
-
-template <class... Parts>
-void SvgWriter::setJoined(const char* attribute, const Parts&... parts)
-{
-    m_value.clear();
-    appendParts(parts...);
-    set(attribute, m_value);
 }
 
 } // namespace svghost

@@ -1,9 +1,8 @@
 // The document as an SVG file.
-#ifndef SVGHOST_SVGWRITER_H
-#define SVGHOST_SVGWRITER_H
+#pragma once
 
-#include "svghost/Document.h"
-#include "svghost/XmlOutput.h"
+#include "svghost/SvgHostDocument.h"
+#include "svghost/XmlStream.h"
 
 #include <string>
 #include <string_view>
@@ -16,56 +15,42 @@ public:
     SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgHostWriteFunction write, void* user);
 
     // False when memory is short or the write function returned false; it is not called again then.
-    bool run(const SvgHostWriteOptions& options);
+    bool Run(const SvgHostWriteOptions& options);
 
 private:
-    void openRoot(double unit);
-    void setPixelSize();
-    bool setPhysicalSize(double unit);
-    void writeStyle(const char* style);
-    void openDrawing();
-    void writeDefinitions();
-    void writeSymbol(const Symbol& symbol);
-    void writeArrow(const char* end, double direction, std::uint32_t stroke, double size, std::size_t number);
-    void writeBackground(const char* colour);
-    void writeContents(const Container& container);
+    void OpenRoot(double unit);
+    void SetPixelSize();
+    bool SetPhysicalSize(double unit);
+    void WriteStyle(const char* style);
+    void OpenDrawing();
+    void WriteDefinitions();
+    void WriteSymbol(const Symbol& symbol);
+    void WriteArrow(const char* end, double direction, std::uint32_t stroke, double size, std::size_t number);
+    void WriteBackground(const char* colour);
+    void WriteContents(const Container& container);
 
-    void writeNode(const Node& node);
-    void writeLine(const Line& line);
-    void writeEllipse(const Ellipse& ellipse);
-    void writeShape(const Shape& shape);
-    void writeText(const Text& text);
-    void writeUse(const Use& use);
-    void openGroup(const Container& group);
+    void WriteNode(const Node& node);
+    void WriteLine(const Line& line);
+    void WriteEllipse(const Ellipse& ellipse);
+    void WriteShape(const Shape& shape);
+    void WriteText(const Text& text);
+    void WriteUse(const Use& use);
+    void OpenGroup(const Container& group);
 
-    void setStyle(const Node& node);
-    void setValue(const char* name, AttributeId id, std::uint32_t index);
-    void setDashes(std::uint32_t index);
-    void setExtras(const Node& node);
-    void setExtra(const Node& node, const ExtraAttribute& extra);
-    void setRotation(const Node& node, double centreX, double centreY);
-    void setArrow(const char* name, const char* end, const Node& node, double size);
-    std::string_view strokeColour(std::uint32_t stroke) const;
-
-    void begin(const char* element) { m_element = m_out.addElement(element); }
-    void set(const char* attribute, std::string_view value)
-    {
-        m_out.addAttribute(m_element, attribute, value);
-    }
-    // Appends texts and numbers to m_value. The numbers are not left to pugixml: what it makes of them
-    // depends on the locale and is not the shortest.
-    template <class... Parts>
-    void appendParts(const Parts&... parts);
-    template <class... Parts>
-    void setJoined(const char* attribute, const Parts&... parts);
+    void SetStyle(const Node& node);
+    template <std::size_t size>
+    void SetValue(const char (&name)[size], AttributeId id, std::uint32_t index);
+    void SetDashes(std::uint32_t index);
+    void SetExtras(const Node& node);
+    void SetExtra(const Node& node, const ExtraAttribute& extra);
+    void SetRotation(const Node& node, double centreX, double centreY);
+    void SetArrow(const char* name, const char* end, const Node& node, double size);
+    std::string_view StrokeColour(std::uint32_t stroke) const;
 
     const SvgHostDocument& m_document;
     const Layout& m_layout;
-    XmlOutput m_out;
-    pugi::xml_node m_element; // the one that is being made
-    std::string m_value;
+    XmlStream m_out;
+    std::string m_id; // of the symbol that is being written or drawn
 };
 
 } // namespace svghost
-
-#endif

@@ -1,117 +1,133 @@
 #include "svghost/XmlText.h"
 
-#include <pugixml.hpp>
+#include "base/Utf8.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace svghost {
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
-constexpr std::string_view kReplacementUtf8 = "\xEF\xBF\xBD";
+// For each byte the places, as bits of XmlPlace, where it is escaped. An XML reader makes blanks of the tabs
+// and line ends that an attribute has unescaped.
+constexpr auto kEscapedAt = [] {
+    constexpr auto kAttribute = static_cast<std::uint8_t>(XmlPlace::Attribute);
+    constexpr auto kText = static_cast<std::uint8_t>(XmlPlace::Text);
+    std::array<std::uint8_t, 256> places{};
+    for (std::size_t byte = 0; byte < 0x20; ++byte)
+        places[byte] = kAttribute | kText;
+    for (const char byte : {'\t', '\n', '\r', '"'})
+        places[static_cast<std::size_t>(byte)] = kAttribute;
+    places['>'] = kText;
+    places['<'] = places['&'] = kAttribute | kText;
+    return places;
+}();
 
-// No character of Unicode, and so none that XML allows.
-constexpr char32_t kNone = 0xFFFFFFFF;
-
-bool isSurrogate(char32_t character)
-{
-    return character >= 0xD800 && character <= 0xDFFF;
-}
-
-// The unit or joined pair at position, which moves behind it. What is no character comes out as it is.
-char32_t nextCharacter(std::wstring_view text, std::size_t& position)
-{
-    const auto unit = [&](std::size_t at) {
-        const auto value = static_cast<char32_t>(text[at]);
-        return sizeof(wchar_t) == 2 ? value & 0xFFFF : value;
-    };
-    const char32_t first = unit(position++);
-    if (sizeof(wchar_t) != 2 || (first & 0xFC00) != 0xD800 || position == text.size())
-        return first;
-    const char32_t second = unit(position);
-    if ((second & 0xFC00) != 0xDC00)
-        return first;
-    ++position;
-    return 0x10000 + ((first & 0x3FF) << 10) + (second & 0x3FF);
-}
-
-bool isAllowed(char32_t character)
+bool IsAllowed(char32_t character)
 {
     if (character < 0x20)
         return character == '\t' || character == '\n' || character == '\r';
-    return character <= 0x10FFFF && !isSurrogate(character) && character != 0xFFFE && character != 0xFFFF;
+    return IsCharacter(character) && character != 0xFFFE && character != 0xFFFF;
 }
 
-// The character at position, which moves behind it; kNone and one byte on for what is no UTF-8.
-char32_t nextUtf8(std::string_view text, std::size_t& position)
-{
-    const auto lead = static_cast<unsigned char>(text[position++]);
-    if (lead < 0x80)
-        return lead;
-    const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || text.size() - position < more)
-        return kNone;
-    char32_t character = lead & (0x3Fu >> more);
-    for (std::size_t i = 0; i < more; ++i) {
-        const auto byte = static_cast<unsigned char>(text[position + i]);
-        if ((byte & 0xC0) != 0x80)
-            return kNone;
-        character = (character << 6) | (byte & 0x3Fu);
-    }
-    constexpr char32_t kSmallest[] = {0, 0x80, 0x800, 0x10000};
-    if (character < kSmallest[more])
-        return kNone;
-    position += more;
-    return character;
-}
-
-bool isNameCharacter(char32_t character)
+bool IsNameCharacter(char32_t character)
 {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
            (character >= '0' && character <= '9') || character == '-' || character == '.' || character == '_';
 }
 
-} // namespace
-
-std::string utf8Of(std::wstring_view text)
+void AppendAllowed(std::string& out, char32_t character)
 {
-    std::wstring valid;
-    valid.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t begin = i;
-        if (isAllowed(nextCharacter(text, i)))
-            valid += text.substr(begin, i - begin);
-        else
-            valid += static_cast<wchar_t>(kReplacement);
-    }
-    return pugi::as_utf8(valid);
+    if (character >= 0x20 && character < 0x7F)
+        out += static_cast<char>(character);
+    else
+        AppendUtf8(out, IsAllowed(character) ? character : kReplacementCharacter);
 }
 
-std::string validUtf8(std::string_view text)
+} // namespace
+
+std::string XmlTextOf(std::wstring_view text)
 {
     std::string valid;
     valid.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t begin = i;
-        if (isAllowed(nextUtf8(text, i)))
-            valid += text.substr(begin, i - begin);
-        else
-            valid += kReplacementUtf8;
+    while (!text.empty()) {
+        const DECODED_CHARACTER next = DecodeWide(text);
+        AppendAllowed(valid, next.value);
+        text.remove_prefix(next.size);
     }
     return valid;
 }
 
-void appendXmlName(std::string& out, std::wstring_view text)
+std::string XmlTextOf(std::string_view text)
 {
-    for (std::size_t i = 0; i < text.size();) {
-        const char32_t character = nextCharacter(text, i);
-        const bool opensEscape = character == '_' && i < text.size() && text[i] == L'x';
-        if (isNameCharacter(character) && !opensEscape) {
-            out += static_cast<char>(character);
+    std::string valid;
+    valid.reserve(text.size());
+    while (!text.empty()) {
+        // An encoded surrogate is one character that is not allowed, not three bytes that are none.
+        const DECODED_CHARACTER next = DecodeUtf8(text, UTF8_RANGE::AnyNumber);
+        AppendAllowed(valid, next.value);
+        text.remove_prefix(next.value == kNoCharacter ? 1 : next.size);
+    }
+    return valid;
+}
+
+std::size_t CountPlain(std::string_view text, XmlPlace place)
+{
+    const auto isPlain = [&](char byte) {
+        return (kEscapedAt[static_cast<unsigned char>(byte)] & static_cast<std::uint8_t>(place)) == 0;
+    };
+    std::size_t count = 0;
+    while (count != text.size() && isPlain(text[count]))
+        ++count;
+    return count;
+}
+
+char* WriteEscape(char byte, char* out)
+{
+    const auto copy = [&](std::string_view escape) { return std::copy(escape.begin(), escape.end(), out); };
+    switch (byte) {
+    case '&':
+        return copy("&amp;");
+    case '<':
+        return copy("&lt;");
+    case '>':
+        return copy("&gt;");
+    case '"':
+        return copy("&quot;");
+    default: // a control character
+        const char number[] = {'&', '#', static_cast<char>('0' + byte / 10),
+                               static_cast<char>('0' + byte % 10), ';'};
+        return copy({number, sizeof number});
+    }
+}
+
+std::string EscapedForAttribute(std::string_view text)
+{
+    std::string escaped;
+    for (;;) {
+        const std::size_t plain = CountPlain(text, XmlPlace::Attribute);
+        escaped += text.substr(0, plain);
+        if (plain == text.size())
+            return escaped;
+        char escape[kLongestEscape];
+        escaped.append(escape, WriteEscape(text[plain], escape));
+        text.remove_prefix(plain + 1);
+    }
+}
+
+void AppendXmlName(std::string& out, std::wstring_view text)
+{
+    while (!text.empty()) {
+        const DECODED_CHARACTER next = DecodeWide(text);
+        text.remove_prefix(next.size);
+        const bool opensEscape = next.value == '_' && text.starts_with(L'x');
+        if (IsNameCharacter(next.value) && !opensEscape) {
+            out += static_cast<char>(next.value);
             continue;
         }
         char digits[8];
-        const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<unsigned>(character), 16);
+        const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<unsigned>(next.value), 16);
         out += "_x";
         for (const char* digit = digits; digit != end.ptr; ++digit)
             out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
@@ -119,20 +135,19 @@ void appendXmlName(std::string& out, std::wstring_view text)
     }
 }
 
-bool isAttributeNamePart(std::wstring_view text)
+bool IsAttributeNamePart(std::wstring_view text)
 {
-    for (const wchar_t unit : text) {
-        if (!isNameCharacter(static_cast<char32_t>(unit)))
-            return false;
-    }
-    return !text.empty();
+    const auto isPart = [](wchar_t unit) { return IsNameCharacter(static_cast<char32_t>(unit)); };
+    return !text.empty() && std::all_of(text.begin(), text.end(), isPart);
 }
 
-std::size_t countCharacters(std::wstring_view text)
+std::size_t CountCharacters(std::wstring_view text)
 {
+    if (sizeof(wchar_t) != 2)
+        return text.size();
     std::size_t count = 0;
-    for (std::size_t i = 0; i < text.size(); ++count)
-        nextCharacter(text, i);
+    for (; !text.empty(); ++count)
+        text.remove_prefix(DecodeWide(text).size);
     return count;
 }
 

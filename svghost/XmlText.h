@@ -1,7 +1,8 @@
 // Texts of the drawing made fit for an XML file.
-#ifndef SVGHOST_XMLTEXT_H
-#define SVGHOST_XMLTEXT_H
+#pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,21 +10,33 @@ namespace svghost {
 
 // The text in UTF-8. UTF-16 pairs are joined where wchar_t is 16 bits wide; lone surrogates, values beyond
 // Unicode and characters that XML does not allow in any spelling become U+FFFD.
-std::string utf8Of(std::wstring_view text);
+std::string XmlTextOf(std::wstring_view text);
 
-// The same for a UTF-8 text; bytes that are no UTF-8 become U+FFFD.
-std::string validUtf8(std::string_view text);
+// The same for a UTF-8 text; each invalid byte becomes U+FFFD.
+std::string XmlTextOf(std::string_view text);
+
+// Where a text is written. Only an attribute's value has its quotes, tabs and line ends escaped, and only a
+// text its '>'.
+enum class XmlPlace : std::uint8_t { Attribute = 1, Text = 2 };
+
+// The number of bytes at the begin of text that are written there as they are.
+std::size_t CountPlain(std::string_view text, XmlPlace place);
+
+// Writes the escape of a byte that CountPlain stops at, and returns its end.
+inline constexpr std::size_t kLongestEscape = 6;
+char* WriteEscape(char byte, char* out);
+
+// The text, in UTF-8 of characters that XML allows, as it is written into an attribute.
+std::string EscapedForAttribute(std::string_view text);
 
 // Appends an XML name part that stands for exactly this text: ASCII letters, digits, '-', '.' and '_' as they
 // are, any other character (and an '_' before an 'x') as _xHH_ with its hexadecimal number.
-void appendXmlName(std::string& out, std::wstring_view text);
+void AppendXmlName(std::string& out, std::wstring_view text);
 
 // True when text can follow "data-" in the name of an attribute: ASCII letters, digits, '-', '.' and '_'.
-bool isAttributeNamePart(std::wstring_view text);
+bool IsAttributeNamePart(std::wstring_view text);
 
 // The number of characters in text, a joined pair being one.
-std::size_t countCharacters(std::wstring_view text);
+std::size_t CountCharacters(std::wstring_view text);
 
 } // namespace svghost
-
-#endif

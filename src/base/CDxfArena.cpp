@@ -45,12 +45,12 @@ void* CDxfArena::AllocateFromNewChunk(std::size_t rounded)
     char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
     m_end = storage + size;
-    // A small drawing needs one small chunk. In a large drawing each further chunk is a quarter of all before
-    // it: past 8 MB at most a fifth is unused, and there are few chunks (to align each, the system reserves
-    // up to kPreferredChunk of addresses).
+    // A small drawing needs one small chunk, and at first each chunk is as large as all before it. In a large
+    // drawing each further chunk is a quarter of all before it: past 8 MB at most a fifth is unused, and
+    // there are few chunks (to align each, the system reserves up to kPreferredChunk of addresses).
     m_chunkBytes += size;
     m_nextChunkSize = m_chunkBytes < 2 * kOwnChunk
-                          ? 2 * kOwnChunk
+                          ? std::max(m_chunkBytes, kFirstChunk)
                           : std::clamp(m_chunkBytes / 4 / kPreferredChunk, std::size_t{1}, std::size_t{16}) *
                                 kPreferredChunk;
     return storage;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -139,6 +140,26 @@ TEST(Documents, WritingStopsWhenTheReceiverSaysSo)
     const auto refuse = [](void* user, const char*, std::size_t) { return ++*static_cast<int*>(user) < 3; };
     EXPECT_FALSE(svgHostWrite(document.Get(), nullptr, refuse, &calls));
     EXPECT_EQ(calls, 3);
+}
+
+// A value far longer than a piece goes over its end, and so does an escape.
+TEST(Documents, PiecesAreOfSomeTensOfKilobytes)
+{
+    const HostDocument document;
+    for (int i = 0; i < 20'000; ++i)
+        document.Line(0, 0, 1, static_cast<float>(i));
+    document.Text(0, 0, std::wstring(300'000, L'<').c_str());
+    document.Polyline((L"0,0" + std::wstring(300'000, L' ') + L"1.5,2 ").c_str());
+    std::vector<std::size_t> sizes;
+    const auto add = [](void* user, const char*, std::size_t size) {
+        static_cast<std::vector<std::size_t>*>(user)->push_back(size);
+        return true;
+    };
+    ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, add, &sizes));
+    ASSERT_GT(sizes.size(), 30u);
+    EXPECT_LE(*std::max_element(sizes.begin(), sizes.end()), 100'000u);
+    sizes.pop_back();
+    EXPECT_GE(*std::min_element(sizes.begin(), sizes.end()), 10'000u);
 }
 
 TEST(Documents, WritingTwiceGivesTheSame)

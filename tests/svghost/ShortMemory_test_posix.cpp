@@ -1,117 +1,13 @@
-// The n-th allocation fails, n = 1, 2, ...: no exception leaves the host, and a drawing with holes is never
-// written as if it were whole. Allocations of pugixml count too: the host uses the same shared library as
-// these tests.
+// An allocation fails, each in its turn: no exception leaves the host, and a drawing with holes is never
+// written as if it were whole.
+#include "support/FailingMemory.h"
 #include "svghost/HostDocument.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdlib>
-#include <cstring>
 #include <functional>
-#include <new>
 #include <string>
-#include <utility>
-
-namespace {
-
-// How many more allocations of this thread succeed; negative: all.
-thread_local long allocationsLeft = -1;
-
-void* AllocateOrNull(std::size_t size)
-{
-    if (allocationsLeft == 0)
-        return nullptr;
-    if (allocationsLeft > 0)
-        --allocationsLeft;
-    return std::malloc(size ? size : 1);
-}
-
-void* Allocate(std::size_t size)
-{
-    void* memory = AllocateOrNull(size);
-    if (!memory)
-        throw std::bad_alloc();
-    return memory;
-}
-
-// What pugixml holds, and held at most, while its memory comes from here.
-std::size_t nodeBytes = 0;
-std::size_t mostNodeBytes = 0;
-
-constexpr std::size_t kSizeRoom = alignof(std::max_align_t);
-
-void* AllocateNodes(std::size_t size)
-{
-    void* memory = AllocateOrNull(size + kSizeRoom);
-    if (!memory)
-        return nullptr;
-    std::memcpy(memory, &size, sizeof size);
-    nodeBytes += size;
-    mostNodeBytes = std::max(mostNodeBytes, nodeBytes);
-    return static_cast<char*>(memory) + kSizeRoom;
-}
-
-void FreeNodes(void* nodes)
-{
-    if (!nodes)
-        return;
-    char* memory = static_cast<char*>(nodes) - kSizeRoom;
-    std::size_t size = 0;
-    std::memcpy(&size, memory, sizeof size);
-    nodeBytes -= size;
-    std::free(memory);
-}
-
-// Takes pugixml's memory from the functions above for as long as it lives.
-class NodeMemory {
-public:
-    NodeMemory()
-    {
-        nodeBytes = mostNodeBytes = 0;
-        pugi::set_memory_management_functions(AllocateNodes, FreeNodes);
-    }
-    ~NodeMemory() { pugi::set_memory_management_functions(m_allocate, m_free); }
-    NodeMemory(const NodeMemory&) = delete;
-    NodeMemory& operator=(const NodeMemory&) = delete;
-
-private:
-    pugi::allocation_function m_allocate = pugi::get_memory_allocation_function();
-    pugi::deallocation_function m_free = pugi::get_memory_deallocation_function();
-};
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return Allocate(size);
-}
-
-void* operator new[](std::size_t size)
-{
-    return Allocate(size);
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 using namespace svghost_tests;
 
@@ -119,24 +15,24 @@ namespace {
 
 struct Outcome {
     std::string text;
-    bool written = false;
+    bool isWritten = false;
+    bool hasFailed = false;
 };
 
 bool Append(void* user, const char* bytes, std::size_t size)
 {
-    // The receiver's own memory is not what is tested.
-    const long left = std::exchange(allocationsLeft, -1);
+    const FailingMemory::Pause pause; // the receiver's own memory is not what is tested
     static_cast<std::string*>(user)->append(bytes, size);
-    allocationsLeft = left;
     return true;
 }
 
-// An import with everything in it; texts are long, so that they need memory of their own.
-Outcome Import(long allocations)
+// An import with everything in it, in which an allocation and all after it fail, none for 0. Texts are long,
+// so that they need memory of their own.
+Outcome Import(std::size_t failing)
 {
     Outcome outcome;
     const std::wstring longText(70'000, L'x');
-    allocationsLeft = allocations;
+    const FailingMemory memory(failing, FailingMemory::WHICH::NthAndLater);
     SvgHostDocument* document = svgHostCreate();
     const QlmNode context = svgHostBeginImport(document);
     const QlmNode symbol = qlmCreateSymbol(context, L"SYMBOL");
@@ -156,9 +52,9 @@ Outcome Import(long allocations)
     qlmCreateUse(context, L"", 0, 0, L"SYMBOL", L"hmi", 1, 1);
     qlmCreateUse(context, L"", 0, 0, L"MISSING", L"hmi", 1, 1);
     qlmSetLastError(0, L"DXF", 7, L"a message that is kept", false, 0);
-    outcome.written = svgHostWrite(document, nullptr, Append, &outcome.text);
+    outcome.isWritten = svgHostWrite(document, nullptr, Append, &outcome.text);
     svgHostDestroy(document);
-    allocationsLeft = -1;
+    outcome.hasFailed = memory.HasFailed();
     return outcome;
 }
 
@@ -166,46 +62,41 @@ Outcome Import(long allocations)
 
 TEST(ShortMemory, EveryAllocationMayFail)
 {
-    const NodeMemory nodeMemory;
-    const Outcome whole = Import(-1);
-    ASSERT_TRUE(whole.written);
-    ASSERT_GT(mostNodeBytes, 0u);
-    long allocations = 0;
+    const Outcome whole = Import(0);
+    ASSERT_TRUE(whole.isWritten);
     int failures = 0;
-    for (; allocations < 10'000; ++allocations) {
-        const Outcome outcome = Import(allocations);
-        if (!outcome.written) {
-            ++failures;
-            continue;
-        }
-        // Only a report can be lost without a trace in the file.
-        EXPECT_EQ(outcome.text, whole.text) << "allocation " << allocations;
-        if (allocations > 4 * failures + 100)
+    for (std::size_t n = 1;; ++n) {
+        ASSERT_LT(n, 10'000u);
+        const Outcome outcome = Import(n);
+        if (!outcome.hasFailed)
             break;
+        // Only a report can be lost without a trace in the file.
+        if (outcome.isWritten)
+            EXPECT_EQ(outcome.text, whole.text) << "allocation " << n;
+        else
+            ++failures;
     }
     EXPECT_GT(failures, 20);
-    EXPECT_LT(allocations, 10'000);
 }
 
-TEST(ShortMemory, NoNodeOfAnyBatchMayBeMissing)
+TEST(ShortMemory, NoElementMayBeMissingFromAWrittenDrawing)
 {
-    const NodeMemory nodeMemory;
     const HostDocument document;
     for (int i = 0; i < 2'000; ++i)
         document.Set(document.Line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
     std::string whole;
     ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, Append, &whole));
-    int failures = 0;
-    for (bool written = false; !written; ++failures) {
-        ASSERT_LT(failures, 1'000);
+    std::size_t failures = 0;
+    for (bool isWritten = false; !isWritten; ++failures) {
+        ASSERT_LT(failures, 1'000u);
         std::string text;
-        allocationsLeft = failures;
-        written = svgHostWrite(document.Get(), nullptr, Append, &text);
-        allocationsLeft = -1;
-        EXPECT_EQ(written, text == whole);
+        const FailingMemory memory(failures + 1, FailingMemory::WHICH::NthAndLater);
+        isWritten = svgHostWrite(document.Get(), nullptr, Append, &text);
+        EXPECT_EQ(isWritten, text == whole);
+        EXPECT_EQ(isWritten, !memory.HasFailed());
+        EXPECT_EQ(memory.Live(), 0u);
     }
-    EXPECT_GT(failures, 20);
-    EXPECT_EQ(nodeBytes, 0u);
+    EXPECT_GT(failures, 1u);
 }
 
 TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
@@ -214,16 +105,18 @@ TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
     document.Line(0, 0, 1, 1);
     svgHostLimitElements(document.Get(), 1);
     const std::wstring longText(70'000, L'x');
-    allocationsLeft = 0;
-    for (int i = 0; i < 10'000; ++i) {
-        document.Text(0, 0, longText.c_str());
-        document.Polyline(longText.c_str());
-        document.Use(longText.c_str(), 0, 0);
-        qlmCreateSymbol(document.Context(), longText.c_str());
-        qlmSetCurrentSvgNode(document.Context(), document.Group());
-        qlmSetCurrentSvgNode(document.Context(), nullptr);
+    {
+        const FailingMemory memory(1, FailingMemory::WHICH::NthAndLater);
+        for (int i = 0; i < 10'000; ++i) {
+            document.Text(0, 0, longText.c_str());
+            document.Polyline(longText.c_str());
+            document.Use(longText.c_str(), 0, 0);
+            qlmCreateSymbol(document.Context(), longText.c_str());
+            qlmSetCurrentSvgNode(document.Context(), document.Group());
+            qlmSetCurrentSvgNode(document.Context(), nullptr);
+        }
+        EXPECT_FALSE(memory.HasFailed());
     }
-    allocationsLeft = -1;
     EXPECT_EQ(document.Statistics().elementsBeyondLimit, 50'000u); // false when memory was short
 }
 
@@ -249,9 +142,9 @@ TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
         int failures = 0;
         for (bool answered = false; !answered; ++failures) {
             ASSERT_LT(failures, 100);
-            allocationsLeft = failures;
+            const FailingMemory memory(static_cast<std::size_t>(failures) + 1,
+                                       FailingMemory::WHICH::NthAndLater);
             answered = ask(document.Get());
-            allocationsLeft = -1;
         }
         EXPECT_GT(failures, 1);
     }
@@ -259,16 +152,15 @@ TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
 
 TEST(ShortMemory, WritingALargeDrawingTakesNoMoreThanASmallOne)
 {
-    const NodeMemory nodeMemory;
     std::size_t most[2];
     for (int large = 0; large < 2; ++large) {
         const HostDocument document;
         for (int i = 0; i < (large ? 50'000 : 1'000); ++i)
             document.Set(document.Line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
-        mostNodeBytes = 0;
+        const FailingMemory memory(0);
         const auto swallow = [](void*, const char*, std::size_t) { return true; };
         ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, swallow, nullptr));
-        most[large] = mostNodeBytes;
+        most[large] = memory.MostBytes();
     }
     EXPECT_GT(most[0], 0u);
     EXPECT_LE(most[1], most[0] + 65'536);

@@ -31,6 +31,71 @@ TEST(Xml, MarkupIsEscaped)
     EXPECT_FALSE(svg.First("script"));
 }
 
+// What the file has, byte by byte, of every character of ASCII and of some beyond.
+TEST(Xml, EachCharacterIsWrittenAsReadersTakeIt)
+{
+    constexpr wchar_t kBeyond[] = L"\x7F\x80\x00E9\x2028\xFFFD\U0001F600";
+    const std::string beyond = "\x7F\xC2\x80\xC3\xA9\xE2\x80\xA8\xEF\xBF\xBD\xF0\x9F\x98\x80";
+    std::wstring given;
+    std::string attribute;
+    std::string text;
+    for (wchar_t unit = 1; unit < 0x7F; ++unit) {
+        given += unit;
+        const std::string plain = unit < 0x20 ? kReplacement : std::string(1, static_cast<char>(unit));
+        attribute += unit == L'\t'   ? "&#09;"
+                     : unit == L'\n' ? "&#10;"
+                     : unit == L'\r' ? "&#13;"
+                     : unit == L'"'  ? "&quot;"
+                     : unit == L'&'  ? "&amp;"
+                     : unit == L'<'  ? "&lt;"
+                                     : plain;
+        text += unit == L'\t'                    ? "\t"
+                : unit == L'\n' || unit == L'\r' ? "\n"
+                : unit == L'&'                   ? "&amp;"
+                : unit == L'<'                   ? "&lt;"
+                : unit == L'>'                   ? "&gt;"
+                                                 : plain;
+    }
+    given += kBeyond;
+    const HostDocument document;
+    const QlmNode line = document.Line(0, 0, 1, 1);
+    document.Set(line, L"odd", given.c_str());
+    document.Set(line, L"fill-opacity", (L"." + given.substr(0, 39)).c_str()); // all before '('
+    document.Text(0, 0, given.c_str());
+    const std::string written = document.Write();
+    EXPECT_NE(written.find(" data-odd=\"" + attribute + beyond + "\""), std::string::npos) << written;
+    EXPECT_NE(written.find(" xml:space=\"preserve\">" + text + beyond + "</text>\n"), std::string::npos);
+    const std::string start = attribute.substr(0, attribute.find('('));
+    EXPECT_NE(written.find(" fill-opacity=\"." + start + "\""), std::string::npos) << written;
+}
+
+TEST(Xml, StyleSheetsAndBackgroundsAreEscapedInTheirPlaces)
+{
+    const HostDocument document;
+    SvgHostWriteOptions options{};
+    options.style = "a>b & \"<\"\t\r\n\x01\xC3\xA9\xED\xA0\x80\xFF";
+    options.background = options.style;
+    const std::string written = document.Write(options);
+    const std::string replaced = std::string(kReplacement) + "\xC3\xA9" + kReplacement + kReplacement;
+    EXPECT_NE(written.find("<style>a&gt;b &amp; \"&lt;\"\t\r\n" + replaced + "</style>\n"),
+              std::string::npos);
+    EXPECT_NE(written.find(" fill=\"a>b &amp; &quot;&lt;&quot;&#09;&#13;&#10;" + replaced + "\" />\n"),
+              std::string::npos)
+        << written;
+}
+
+TEST(Xml, ElementsAreOneALineAndEmptyOnesClosedAtOnce)
+{
+    const HostDocument document;
+    document.Line(0, 0, 1, 1);
+    document.Text(0, 0, L"");
+    document.Group();
+    const std::string written = document.Write();
+    EXPECT_NE(written.find(">\n<line x1=\"0\" y1=\"0\" x2=\"1\" y2=\"1\" />\n<text "), std::string::npos)
+        << written;
+    EXPECT_NE(written.find("\"></text>\n<g>\n</g>\n</g>\n</svg>\n"), std::string::npos) << written;
+}
+
 TEST(Xml, ControlCharactersAreReplaced)
 {
     std::string expected;

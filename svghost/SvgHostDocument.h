@@ -1,12 +1,12 @@
 // The document: the tree that the operations build.
-#ifndef SVGHOST_DOCUMENT_H
-#define SVGHOST_DOCUMENT_H
+#pragma once
 
-#include "svghost/Arena.h"
+#include "base/CDxfArena.h"
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
 #include "svghost/Layout.h"
 #include "svghost/Node.h"
+#include "svghost/PathData.h"
 
 #include <array>
 #include <map>
@@ -17,7 +17,7 @@
 // One document with all its nodes. Its functions throw std::bad_alloc when memory is short; the operations
 // catch it and set shortOfMemory, so that a drawing with holes is never written as if it were whole.
 struct SvgHostDocument {
-    svghost::Arena arena;
+    CDxfArena arena;
     svghost::Root root{*this};
     svghost::Container* current = &root;
     std::vector<svghost::Symbol*> symbols; // all of them, in the order of creation
@@ -33,40 +33,39 @@ struct SvgHostDocument {
     SvgHostDocument& operator=(const SvgHostDocument&) = delete;
 
     // Whether there may be one element more; counts each that may not be.
-    bool hasRoom();
+    bool HasRoom();
     // Appends a new node to the current container.
-    void append(svghost::Node& node);
-    svghost::Shape* createShape(svghost::Kind kind, const wchar_t* data);
-    svghost::Text* createText(float x, float y, const wchar_t* text);
-    svghost::Use* createUse(const wchar_t* name, float x, float y);
-    svghost::Symbol* createSymbol(const wchar_t* name);
+    void Append(svghost::Node& node);
+    svghost::Shape* CreateShape(svghost::Kind kind, const wchar_t* data);
+    svghost::Text* CreateText(float x, float y, const wchar_t* text);
+    svghost::Use* CreateUse(const wchar_t* name, float x, float y);
+    svghost::Symbol* CreateSymbol(const wchar_t* name);
     // Null when groups would stand too deep within each other for XML readers.
-    svghost::Container* createGroup();
+    svghost::Container* CreateGroup();
 
     // Sets the attribute, in the place of an earlier value.
-    void setAttribute(svghost::Node& node, const wchar_t* name, const wchar_t* text);
+    void SetAttribute(svghost::Node& node, const wchar_t* name, const wchar_t* text);
 
     // The value of a text attribute (one before FontSize) by the index that a node holds.
-    const svghost::Value& value(svghost::AttributeId id, std::uint32_t index) const
+    const svghost::Value& ValueOf(svghost::AttributeId id, std::uint32_t index) const
     {
-        return m_values[static_cast<std::size_t>(id)].at(index);
+        return m_values[static_cast<std::size_t>(id)].At(index);
     }
 
     // The picture's layout, made anew when the tree changed since the last call.
-    const svghost::Layout& layout();
+    const svghost::Layout& LaidOut();
 
 private:
-    std::uint32_t indexOfValue(svghost::AttributeId id, std::wstring_view text);
-    svghost::ExtraAttribute& extra(svghost::Node& node, svghost::AttributeId id);
-    void setOther(svghost::Node& node, std::wstring_view name, std::wstring_view text);
-    svghost::SymbolName* symbolName(const wchar_t* name);
+    std::uint32_t IndexOfValue(svghost::AttributeId id, std::wstring_view text);
+    svghost::ExtraAttribute& Extra(svghost::Node& node, svghost::AttributeId id);
+    void SetOther(svghost::Node& node, std::wstring_view name, std::wstring_view text);
+    svghost::SymbolName* SymbolNamed(const wchar_t* name);
 
     std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
     // Ordered: a drawing can choose names that all meet in one place of a hash table.
     std::map<std::wstring_view, svghost::SymbolName*> m_names;
     std::string m_scratch;
+    svghost::ShortForm m_shortForm;
     svghost::Layout m_layout;
     bool m_laidOut = false;
 };
-
-#endif

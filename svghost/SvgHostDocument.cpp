@@ -1,0 +1,220 @@
+#include "svghost/SvgHostDocument.h"
+
+#include "svghost/NumberText.h"
+#include "svghost/XmlText.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace svghost;
+
+namespace {
+
+// XML readers refuse elements that are nested some hundreds deep.
+constexpr int kDeepestGroup = 64;
+
+// Outside xml:space="preserve" these blanks would be lost.
+bool HasBlanksToKeep(std::wstring_view text)
+{
+    if (text.empty())
+        return false;
+    return text.front() == L' ' || text.back() == L' ' || text.find(L"  ") != std::wstring_view::npos ||
+           text.find_first_of(L"\t\r\n") != std::wstring_view::npos;
+}
+
+// An XML reader makes a line feed of a carriage return that stands in a text. Viewers draw a blank for both.
+std::string TextOf(std::wstring_view text)
+{
+    std::string utf8 = XmlTextOf(text);
+    std::replace(utf8.begin(), utf8.end(), '\r', '\n');
+    return utf8;
+}
+
+template <class List, class Item>
+void Link(List*& first, List*& last, Item& item, Item* List::*next)
+{
+    if (last)
+        last->*next = &item;
+    else
+        first = &item;
+    last = &item;
+}
+
+} // namespace
+
+bool SvgHostDocument::HasRoom()
+{
+    if (mostElements == 0 || elements < mostElements)
+        return true;
+    ++elementsBeyondLimit;
+    return false;
+}
+
+void SvgHostDocument::Append(Node& node)
+{
+    Link(current->first, current->last, node, &Node::next);
+    ++elements;
+    m_laidOut = false;
+}
+
+Shape* SvgHostDocument::CreateShape(Kind kind, const wchar_t* data)
+{
+    Shape* shape = arena.New<Shape>(kind);
+    m_shortForm.Clear();
+    const bool good = kind == Kind::Path ? ScanPath(data, Affine(), m_shortForm, shape->box)
+                                         : ScanPoints(data, m_shortForm, shape->box);
+    shape->malformed = !good;
+    if (good)
+        shape->data = arena.Copy(m_shortForm.Get());
+    Append(*shape);
+    return shape;
+}
+
+Text* SvgHostDocument::CreateText(float x, float y, const wchar_t* text)
+{
+    const std::wstring_view source(text);
+    Text* node = arena.New<Text>();
+    node->x = x;
+    node->y = y;
+    node->characters = static_cast<std::uint32_t>(CountCharacters(source));
+    node->keepsBlanks = HasBlanksToKeep(source);
+    node->text = arena.Copy(std::string_view(TextOf(source)));
+    Append(*node);
+    return node;
+}
+
+Use* SvgHostDocument::CreateUse(const wchar_t* name, float x, float y)
+{
+    Use* use = arena.New<Use>();
+    use->x = x;
+    use->y = y;
+    use->target = SymbolNamed(name);
+    Symbol& owner = *current->owner;
+    Link(owner.firstUse, owner.lastUse, *use, &Use::nextOfSymbol);
+    Append(*use);
+    return use;
+}
+
+Symbol* SvgHostDocument::CreateSymbol(const wchar_t* name)
+{
+    SymbolName* symbolsName = SymbolNamed(name);
+    Symbol* symbol = arena.New<Symbol>();
+    symbols.push_back(symbol);
+    symbol->name = symbolsName;
+    symbol->definition = ++symbolsName->definitions;
+    if (!symbolsName->definition)
+        symbolsName->definition = symbol;
+    ++elements;
+    m_laidOut = false;
+    return symbol;
+}
+
+Container* SvgHostDocument::CreateGroup()
+{
+    if (current->depth == kDeepestGroup)
+        return nullptr;
+    Container* group = arena.New<Container>(Kind::Group);
+    group->parent = current;
+    group->owner = current->owner;
+    group->depth = current->depth + 1;
+    Append(*group);
+    return group;
+}
+
+SymbolName* SvgHostDocument::SymbolNamed(const wchar_t* name)
+{
+    const auto known = m_names.find(name);
+    if (known != m_names.end())
+        return known->second;
+    SymbolName* symbolsName = arena.New<SymbolName>();
+    symbolsName->name = arena.Copy(std::wstring_view(name));
+    m_names.emplace(symbolsName->name, symbolsName);
+    return symbolsName;
+}
+
+std::uint32_t SvgHostDocument::IndexOfValue(AttributeId id, std::wstring_view text)
+{
+    ValueTable& table = m_values[static_cast<std::size_t>(id)];
+    return table.IndexOf(text, arena, [&](std::wstring_view source, Value& value) {
+        m_scratch.clear();
+        bool good = true;
+        value.tooLong = id == AttributeId::DashArray && source.size() > kLongestDashArray;
+        if (id == AttributeId::Stroke)
+            good = ResolveStroke(source, m_scratch);
+        else if (id == AttributeId::StrokeWidth)
+            good = ResolveStrokeWidth(source, m_scratch, value.number);
+        else if (id == AttributeId::DashArray)
+            good = !value.tooLong && ResolveDashArray(source, m_scratch, value.dotted);
+        else if (id == AttributeId::TextAnchor)
+            good = ResolveTextAnchor(source, m_scratch);
+        else
+            m_scratch = XmlTextOf(source);
+        value.dropped = !good || MayFetch(source);
+        value.text = arena.Copy(std::string_view(EscapedForAttribute(m_scratch)));
+    });
+}
+
+ExtraAttribute& SvgHostDocument::Extra(Node& node, AttributeId id)
+{
+    ExtraAttribute** place = &node.extra;
+    while (*place && (*place)->id != id)
+        place = &(*place)->next;
+    if (!*place) {
+        *place = arena.New<ExtraAttribute>();
+        (*place)->id = id;
+    }
+    return **place;
+}
+
+void SvgHostDocument::SetOther(Node& node, std::wstring_view name, std::wstring_view text)
+{
+    if (!IsAttributeNamePart(name))
+        return;
+    m_scratch.assign("data-").append(XmlTextOf(name));
+    ExtraAttribute** place = &node.extra;
+    const auto isThis = [&](const ExtraAttribute& attribute) {
+        return attribute.id == AttributeId::Other &&
+               static_cast<const OtherAttribute&>(attribute).name == m_scratch;
+    };
+    while (*place && !isThis(**place))
+        place = &(*place)->next;
+    const std::string_view kept = arena.Copy(std::string_view(XmlTextOf(text)));
+    if (!*place) {
+        OtherAttribute* attribute = arena.New<OtherAttribute>();
+        attribute->name = arena.Copy(std::string_view(m_scratch));
+        *place = attribute;
+    }
+    static_cast<OtherAttribute*>(*place)->text = kept;
+}
+
+void SvgHostDocument::SetAttribute(Node& node, const wchar_t* name, const wchar_t* text)
+{
+    m_laidOut = false;
+    const AttributeId id = AttributeByName(name);
+    if (id == AttributeId::Stroke) {
+        node.stroke = IndexOfValue(id, text);
+    } else if (id == AttributeId::StrokeWidth) {
+        node.strokeWidth = IndexOfValue(id, text);
+    } else if (id == AttributeId::DashArray) {
+        node.dashArray = IndexOfValue(id, DashArrayText(text));
+    } else if (id == AttributeId::Other) {
+        SetOther(node, name, text);
+    } else if (id < AttributeId::FontSize) {
+        Extra(node, id).value = IndexOfValue(id, text);
+        if (id == AttributeId::Visibility)
+            node.hidden = std::wstring_view(text) == L"hidden";
+    } else {
+        double number = 0;
+        std::wstring_view shortText;
+        const bool good = ParseNumber(text, number, shortText);
+        Extra(node, id).number = good ? number : std::numeric_limits<double>::quiet_NaN();
+    }
+}
+
+const Layout& SvgHostDocument::LaidOut()
+{
+    if (!m_laidOut)
+        m_layout = MakeLayout(*this);
+    m_laidOut = true;
+    return m_layout;
+}
