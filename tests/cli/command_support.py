@@ -51,7 +51,7 @@ class CommandTest(unittest.TestCase):
 
     def plexorn(self, *arguments, **options):
         """Runs the command; its output is text with plain line ends."""
-        options = {"timeout": 60, "stdin": subprocess.DEVNULL, **options}
+        options = {"timeout": 300, "stdin": subprocess.DEVNULL, **options}
         result = subprocess.run([*EMULATOR, COMMAND, *arguments], cwd=self.folder, capture_output=True, **options)
         result.stdout = result.stdout.decode("utf-8").replace("\r\n", "\n")
         result.stderr = result.stderr.decode("utf-8").replace("\r\n", "\n")

@@ -90,7 +90,13 @@ bool HasManyCalls(const std::string& name)
 
 std::size_t CountedSize(const std::string& name)
 {
-    return HasManyCalls(name) ? kSizeOfManyCalls / 5 : kCountedSize;
+    return HasManyCalls(name) ? kSizeOfManyCalls / 20 : kCountedSize;
+}
+
+// A drawing with so many bytes that are repeated.
+std::string DrawingOf(const HOSTILE_PATTERN& pattern, std::size_t repeated)
+{
+    return pattern.Drawing(pattern.first.size() + pattern.middle.size() + pattern.last.size() + repeated);
 }
 
 void RunAtSizes(const std::string& label, const std::string& empty, const std::string& half,
@@ -122,9 +128,10 @@ TEST_P(Bounds, MemoryForEachByteHasOne)
 // What is counted is the same on every machine. Lists that double have a step more at twice the size.
 TEST_P(Bounds, CallsAndAllocationsAreInProportionToTheSize)
 {
+    const HOSTILE_PATTERN& pattern = Pattern(GetParam());
     const std::size_t size = CountedSize(GetParam());
-    const COST half = CostOf(Pattern(GetParam()).Drawing(size));
-    const COST whole = CostOf(Pattern(GetParam()).Drawing(2 * size));
+    const COST half = CostOf(DrawingOf(pattern, size));
+    const COST whole = CostOf(DrawingOf(pattern, 2 * size));
     EXPECT_LE(whole.calls, 2 * half.calls + half.calls / 5 + 20);
     EXPECT_LE(whole.allocations, 2 * half.allocations + half.allocations / 5 + 20);
 }
@@ -143,8 +150,7 @@ TEST(Work, OfHostileDrawings)
     for (const HOSTILE_PATTERN& pattern : HostilePatterns()) {
         const std::size_t size = CountedSize(pattern.name);
         RunAtSizes((HasFarNumbers(pattern.name) ? "hostile-far/" : "hostile/") + pattern.name,
-                   pattern.first + pattern.middle + pattern.last, pattern.Drawing(size),
-                   pattern.Drawing(2 * size));
+                   DrawingOf(pattern, 0), DrawingOf(pattern, size), DrawingOf(pattern, 2 * size));
     }
 }
 

@@ -9,7 +9,7 @@ def unescape(text):
 
 
 def patterns():
-    """The patterns by name: what stands first, is repeated, stands behind it, is repeated there, stands last."""
+    """The patterns by name: what comes first, is repeated, comes next, is repeated there, comes last."""
     found = {}
     with open(FILE, encoding="utf-8", newline="\n") as file:
         for line in file:
@@ -28,6 +28,12 @@ def repetitions(pattern, room):
         parts.append(pattern.replace("{n}", str(len(parts))))
         room -= len(parts[-1])
     return "".join(parts)
+
+
+def empty(pattern):
+    """The bytes of a drawing in which nothing is repeated."""
+    first, _, middle, _, last = pattern
+    return (first + middle + last).encode()
 
 
 def drawing(pattern, size):

@@ -6,10 +6,12 @@
 
 #include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
+#include <fstream>
+#include <iterator>
 #include <pthread.h>
+#include <string>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -17,6 +19,20 @@
 namespace {
 
 std::atomic<int> signalsTaken;
+
+// Comes back when a thread waits for something, where the system tells: the letter after its name is then S.
+void WaitUntilAsleep(pid_t thread)
+{
+    const std::string path = "/proc/self/task/" + std::to_string(thread) + "/stat";
+    for (;;) {
+        std::ifstream file(path);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const std::size_t end = text.rfind(')');
+        if (end == std::string::npos || text.compare(end, 3, ") S") == 0)
+            return;
+        std::this_thread::yield();
+    }
+}
 
 // A named pipe in place of a file, open for writing until it is destroyed.
 class Pipe {
@@ -79,10 +95,12 @@ TEST(File, ReadThatASignalInterruptsGoesOn)
     signalsTaken = 0;
     Pipe pipe;
     CDxfFile file(pipe.Path());
-    std::thread other([&pipe, reader = pthread_self()] {
-        for (int i = 0; i < 5; ++i) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    std::thread other([&pipe, reader = pthread_self(), id = getpid()] {
+        for (int i = 1; i <= 5; ++i) {
+            WaitUntilAsleep(id);
             pthread_kill(reader, SIGUSR1);
+            while (signalsTaken < i)
+                std::this_thread::yield();
         }
         pipe.Write("0");
     });
@@ -90,7 +108,7 @@ TEST(File, ReadThatASignalInterruptsGoesOn)
     EXPECT_EQ(file.Read(bytes, sizeof(bytes)), 1);
     other.join();
     EXPECT_EQ(sigaction(SIGUSR1, &former, nullptr), 0);
-    EXPECT_GT(signalsTaken, 0);
+    EXPECT_EQ(signalsTaken, 5);
 }
 
 TEST(File, FailureToReadIsTold)
