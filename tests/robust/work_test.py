@@ -1,6 +1,6 @@
 """Twice the input costs about twice the instructions: runs a test program's suite Work under callgrind and compares.
 
-    work_test.py --program TESTS
+    work_test.py --program TESTS [--filter Work.*]
 
 The program tells through support/CountedWork.h what it runs: a label, a size and how many steps were made. Counts are
 the same on a busy machine.
@@ -33,7 +33,7 @@ def counted_runs(program):
     with tempfile.TemporaryDirectory() as folder:
         log, out = os.path.join(folder, "work"), os.path.join(folder, "out")
         command = ["valgrind", "--tool=callgrind", "--callgrind-out-file=" + out, "--combine-dumps=yes",
-                   "--toggle-collect=" + COUNTED, "--dump-after=" + COUNTED, program, "--gtest_filter=Work.*"]
+                   "--toggle-collect=" + COUNTED, "--dump-after=" + COUNTED, program, "--gtest_filter=" + ARGUMENTS.filter]
         process = subprocess.run(command, capture_output=True, text=True, env={**os.environ, "PLEXORN_WORK": log})
         if process.returncode != 0:
             raise RuntimeError(process.stdout[-2000:] + process.stderr[-2000:])
@@ -134,5 +134,6 @@ class Judge(unittest.TestCase):
 if __name__ == "__main__":
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program", required=True)
+    parser.add_argument("--filter", default="Work.*", help="the tests to run, as the program names them")
     ARGUMENTS, rest = parser.parse_known_args()
     unittest.main(argv=sys.argv[:1] + rest)
