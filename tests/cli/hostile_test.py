@@ -40,7 +40,7 @@ TOO_DEAR = {"polyline-far-x": (200, 350), "polyline-far-y": (200, 350)}
 
 # Instructions for each byte that is repeated. A few bytes that draw a long text again make up to sixty calls of the host
 # for each; of a small drawing, all of it is drawn.
-MOST_INSTRUCTIONS = 4200
+MOST_INSTRUCTIONS = 5500
 MORE_INSTRUCTIONS = {"measured-text-drawn-often": 7000, "stacked-text-drawn-often": 120_000}
 # The repeated bytes of the smaller drawing that is counted.
 COUNTED_SIZE = 5000
