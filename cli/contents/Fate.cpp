@@ -1,50 +1,26 @@
 #include "cli/contents/Fate.h"
 
-#include <algorithm>
-#include <iterator>
+#include "reader/EntityTypes.h"
+
+#include <cstddef>
 
 namespace plexorn {
 
-namespace {
-
-constexpr std::string_view kDrawnTypes[] = {"LINE", "ARC",   "CIRCLE", "ELLIPSE",  "LWPOLYLINE",
-                                            "TEXT", "MTEXT", "INSERT", "DIMENSION"};
-
-constexpr std::string_view kSkippedTypes[] = {"POLYLINE", "SPLINE", "POINT", "HATCH", "VIEWPORT"};
-
-// The other names that begin an entity within a block; between its entities, the reader passes over any other
-// line.
-constexpr std::string_view kOtherTypes[] = {"3DFACE",       "3DSOLID",   "ACAD_PROXY_ENTITY",
-                                            "ATTDEF",       "ATTRIB",    "BODY",
-                                            "HELIX",        "IMAGE",     "LEADER",
-                                            "LIGHT",        "MESH",      "MLEADER",
-                                            "MLEADERSTYLE", "MLINE",     "OLEFRAME",
-                                            "OLE2FRAME",    "RAY",       "REGION",
-                                            "SECTION",      "SEQEND",    "SHAPE",
-                                            "SOLID",        "SUN",       "SURFACE",
-                                            "TABLE",        "TOLERANCE", "TRACE",
-                                            "UNDERLAY",     "VERTEX",    "WIPEOUT",
-                                            "XLINE"};
-
-template <std::size_t Count>
-bool Holds(const std::string_view (&names)[Count], std::string_view name)
-{
-    return std::find(std::begin(names), std::end(names), name) != std::end(names);
-}
-
-} // namespace
-
 Fate FateInDrawing(std::string_view type)
 {
-    if (Holds(kDrawnTypes, type))
+    switch (FateOfEntityType(type)) {
+    case DXF_ENTITY_FATE::Drawn:
         return Fate::Drawn;
-    return Holds(kSkippedTypes, type) ? Fate::Skipped : Fate::Unknown;
+    case DXF_ENTITY_FATE::Skipped:
+        return Fate::Skipped;
+    default:
+        return Fate::Unknown;
+    }
 }
 
 Fate FateInBlock(std::string_view type)
 {
-    Fate fate = FateInDrawing(type);
-    return fate == Fate::Unknown && !Holds(kOtherTypes, type) ? Fate::PassedOver : fate;
+    return FateOfEntityType(type) == DXF_ENTITY_FATE::None ? Fate::PassedOver : FateInDrawing(type);
 }
 
 std::string_view NameOfFate(Fate fate)

@@ -9,9 +9,9 @@
 #include <new>
 #include <utility>
 
-// Numbers of values under their hashes. The values stand elsewhere, one behind the other in the order in
-// which they came: a drawing mostly asks for them in the same order, so most looks meet the cache, and
-// growing moves eight bytes for each, not the values.
+// Numbers of values by their hashes. The values are elsewhere, in the order in which they came. A drawing
+// mostly asks for them in the same order, so most look-ups meet the cache; and growing moves eight bytes for
+// each value, not the value.
 class CDxfHashIndex {
 public:
     static constexpr std::uint32_t kNone = UINT32_MAX;

@@ -10,9 +10,9 @@
 #include <string>
 
 // A handle as the file writes it, hexadecimal text. Every entity has one of its own, and hardly any is longer
-// than seven characters: up to that many stand in the pointer's place, which saves an eighth of the memory of
-// a drawing of lines. A longer text, or one of other characters than ASCII's, stands in storage that the
-// reader owns.
+// than seven characters: up to that many are in the pointer's place, which saves an eighth of the memory of a
+// drawing of lines. A longer text, or one with characters that are not ASCII, is in storage that the reader
+// owns.
 class DXF_HANDLE {
 public:
     constexpr DXF_HANDLE() = default;
@@ -37,7 +37,7 @@ private:
     friend class CDxfStore;
 
     // The last byte is 0 in the pointers of a program's own memory. A text in place sets its highest bit, and
-    // has its size below; the characters stand before it.
+    // has its size below; the characters come before it.
     static constexpr int kSizeShift = 56;
     static constexpr std::uint64_t kInPlace = std::uint64_t{0x80} << kSizeShift;
     static constexpr std::uint64_t kNotAscii = 0x8080808080808080u;

@@ -32,7 +32,7 @@ public:
         ++m_size;
     }
 
-    // Gives back the room behind the last value, where nothing has been made in the store since.
+    // Gives back the room after the last value, if nothing has been made in the store since.
     void Shrink(CDxfStore& store)
     {
         if (store.Shrink(m_values, m_capacity * sizeof(Value), m_size * sizeof(Value)))

@@ -35,7 +35,7 @@ private:
     friend class CDxfStore;
     friend class DXF_HANDLE;
 
-    // The length stands as a std::uint32_t right before the characters.
+    // The length is a std::uint32_t right before the characters.
     explicit DXF_STRING(const wchar_t* text) : m_text(text) {}
     std::uint32_t StoredLength() const
     {

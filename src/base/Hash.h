@@ -42,8 +42,8 @@ inline bool EqualBytes(const char* left, const char* right, std::size_t size)
     return (difference | (LoadBytes(left + tail, size - tail) ^ LoadBytes(right + tail, size - tail))) == 0;
 }
 
-// A hash of bytes that depends on a key, so that no drawing can be made whose names all fall into one slot by
-// whoever does not know the key.
+// A hash of bytes that depends on a key. Nobody who does not know the key can make a drawing whose names all
+// fall into one slot.
 inline std::uint64_t HashBytes(const void* bytes, std::size_t size, std::uint64_t key)
 {
     constexpr std::uint64_t kMix1 = 0x9E3779B97F4A7C15u, kMix2 = 0xD6E8FEB86659FD93u; // odd, many bits set
@@ -56,7 +56,7 @@ inline std::uint64_t HashBytes(const void* bytes, std::size_t size, std::uint64_
     return MultiplyAndFold(hash ^ tail ^ kMix2, key ^ kMix1);
 }
 
-// A key: where the object lies, which the systems choose anew for each process.
+// A key: the address of the object, which the systems choose anew for each process.
 inline std::uint64_t HashKey(const void* object)
 {
     return MultiplyAndFold(reinterpret_cast<std::uintptr_t>(object) ^ 0xA0761D6478BD642Fu,

@@ -12,7 +12,7 @@ struct UINT128 {
 
 inline UINT128 Multiply(std::uint64_t a, std::uint64_t b)
 {
-    __extension__ using WIDE = unsigned __int128; // one instruction, where four and their sums stand below
+    __extension__ using WIDE = unsigned __int128; // one instruction in place of four and their sums
     const WIDE product = static_cast<WIDE>(a) * b;
     return {static_cast<std::uint64_t>(product), static_cast<std::uint64_t>(product >> 64)};
 }

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-// Reads a group code as "%d" does: blanks, a sign and digits, anything behind them ignored. Returns false,
+// Reads a group code as "%d" does: blanks, a sign and digits, anything after them ignored. Returns false,
 // with the code unchanged, when there are no digits. A number outside 32 bits wraps.
 bool ParseAnyCode(std::string_view line, std::int32_t& code);
 

@@ -17,18 +17,14 @@ public:
     // parent is the context node of every host call.
     explicit CDxfReadToQuillmar(QlmNode parent) : parentNode(parent) {}
 
-    void OnDimension(const DXF_GRAPHIC_DIMENSION& dimension) override;
     int OnError(std::uint32_t code, int kind, const wchar_t* message, std::int64_t extra) override;
     void OnBlockBegin(const DXF_BLOCKS_BLOCK& block) override;
     void OnBlockEnd(const DXF_BLOCKS_BLOCK& block) override;
-    void OnLine(const DXF_GRAPHIC_LINE& line) override;
-    void OnArc(DXF_GRAPHIC_ARC& arc) override;
-    void OnCircle(const DXF_GRAPHIC_CIRCLE& circle) override;
-    void OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse) override;
-    void OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline) override;
-    void OnText(const DXF_GRAPHIC_TEXT& text) override;
-    void OnMText(const DXF_GRAPHIC_MTEXT& text) override;
-    void OnInsert(const DXF_GRAPHIC_INSERT& insert) override;
+    // Each draws the entities of a type.
+#define DXF_DECLARE_DRAWING(number, TYPE, Callback, constness)                                               \
+    void On##Callback(constness DXF_GRAPHIC_##TYPE& record) override;
+    DXF_DRAWN_TYPES(DXF_DECLARE_DRAWING)
+#undef DXF_DECLARE_DRAWING
 
     QlmNode parentNode;
     bool drawEnabled = true;       // the callbacks draw only while this is set
@@ -38,9 +34,18 @@ public:
 
 private:
     // True if the drawing callbacks may call the host. OnLWPolyline does not ask (quirk 61).
-    bool MayDraw() const { return drawEnabled && parentNode != nullptr; }
-    bool IsFlipped() const { return yAxisMode == kFlippedYAxisMode; }
-    DXF_POINT2D Transform(double x, double y) const { return TransformPoint(x, y, scale, yAxisMode); }
+    bool MayDraw() const
+    {
+        return drawEnabled && parentNode != nullptr;
+    }
+    bool IsFlipped() const
+    {
+        return yAxisMode == kFlippedYAxisMode;
+    }
+    DXF_POINT2D Transform(double x, double y) const
+    {
+        return TransformPoint(x, y, scale, yAxisMode);
+    }
 
     // The width of an entity's stroke, scaled.
     double GetStrokeWidth(const DXF_GRAPHIC_BASE& entity);

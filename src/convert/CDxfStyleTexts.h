@@ -18,8 +18,8 @@ struct DXF_STYLE_TEXTS {
 };
 
 // Remembers the texts of every combination of what an entity's style depends on. A drawing has few of them,
-// and the reader keeps equal names once, so names are compared by their place; where the same name stands
-// in two places the texts are made twice, and are the same.
+// and the reader keeps equal names once, so names are compared by their address. If the same name is at two
+// addresses, the same texts are made twice.
 class CDxfStyleTexts {
 public:
     CDxfStyleTexts() = default;

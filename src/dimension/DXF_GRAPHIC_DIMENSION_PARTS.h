@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// What a part is. The numbers are kept as they are: the two-line angular part stands out of sequence.
+// What a part is. The numbers are kept as they are: the two-line angular part is out of sequence.
 enum DXF_DIMENSION_PART_KIND : std::int32_t {
     DXF_DIMENSION_PART_ENTITY = 1,
     DXF_DIMENSION_PART_DIMENSION = 2,

@@ -55,7 +55,7 @@ void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, 
     }
 }
 
-// A brace behind some text begins a nested text, with the first height again. It has no ";" in it, so it is
+// A brace after some text begins a nested text, with the first height again. It has no ";" in it, so it is
 // one piece: a round of the loop, however deep the braces go. What follows the outer piece keeps the outer
 // height (quirk 115).
 void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer)

@@ -5,7 +5,6 @@
 
 #include <cassert>
 #include <cstddef>
-#include <cstdint>
 
 // A wide text of at most so many characters, built piece by piece and zero-terminated after each.
 template <std::size_t capacity>
@@ -27,7 +26,6 @@ public:
     CDxfText& AddFixed6(double value) { return AddNumber(FormatFixed6(value, m_number)); }
     CDxfText& AddWidth4Fixed2(double value) { return AddNumber(FormatWidth4Fixed2(value, m_number)); }
     CDxfText& AddGeneral(double value) { return AddNumber(FormatGeneral(value, m_number)); }
-    CDxfText& AddInteger(std::int32_t value) { return AddNumber(FormatInteger(value, m_number)); }
 
 private:
     CDxfText& AddNumber(const char* end)

@@ -3,21 +3,16 @@
 
 #include "base/DXF_HANDLE.h"
 #include "base/DXF_STRING.h"
+#include "reader/EntityTypes.h"
 
 #include <cstdint>
 
-// What a record is. Whoever walks over records switches on it; a kind outside 1 to 9 is passed over.
+// What a record is. Whoever walks over records switches on it and passes over any other number.
 enum DXF_ENTITY_TYPE : std::int32_t {
     DXF_ENTITY_NONE = 0,
-    DXF_ENTITY_LINE = 1,
-    DXF_ENTITY_ARC = 2,
-    DXF_ENTITY_CIRCLE = 3,
-    DXF_ENTITY_ELLIPSE = 4,
-    DXF_ENTITY_LWPOLYLINE = 5,
-    DXF_ENTITY_TEXT = 6,
-    DXF_ENTITY_MTEXT = 7,
-    DXF_ENTITY_INSERT = 8,
-    DXF_ENTITY_DIMENSION = 9,
+#define DXF_NUMBER(number, TYPE, Callback, constness) DXF_ENTITY_##TYPE = (number),
+    DXF_DRAWN_TYPES(DXF_NUMBER)
+#undef DXF_NUMBER
 };
 
 // What few entities have: one of thirty, in forty real drawings. A record without any of it refers to

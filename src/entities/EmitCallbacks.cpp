@@ -43,29 +43,16 @@ void CDxfRead::EmitBlock(const DXF_BLOCKS_BLOCK& block)
     ReportingMemory([&] { OnBlockEnd(block); });
 }
 
-// Shortage of memory costs the entity that met it, not those behind it.
+// If memory runs short, only the entity that needed it is lost.
 void CDxfRead::EmitEntity(DXF_GRAPHIC_BASE& entity)
 {
     ReportingMemory([&] {
         switch (entity.m_nEntityType) {
-        case DXF_ENTITY_LINE:
-            return OnLine(static_cast<DXF_GRAPHIC_LINE&>(entity));
-        case DXF_ENTITY_ARC:
-            return OnArc(static_cast<DXF_GRAPHIC_ARC&>(entity));
-        case DXF_ENTITY_CIRCLE:
-            return OnCircle(static_cast<DXF_GRAPHIC_CIRCLE&>(entity));
-        case DXF_ENTITY_ELLIPSE:
-            return OnEllipse(static_cast<DXF_GRAPHIC_ELLIPSE&>(entity));
-        case DXF_ENTITY_LWPOLYLINE:
-            return OnLWPolyline(static_cast<DXF_GRAPHIC_LWPOLYLINE&>(entity));
-        case DXF_ENTITY_TEXT:
-            return OnText(static_cast<DXF_GRAPHIC_TEXT&>(entity));
-        case DXF_ENTITY_MTEXT:
-            return OnMText(static_cast<DXF_GRAPHIC_MTEXT&>(entity));
-        case DXF_ENTITY_INSERT:
-            return OnInsert(static_cast<DXF_GRAPHIC_INSERT&>(entity));
-        case DXF_ENTITY_DIMENSION:
-            return OnDimension(static_cast<DXF_GRAPHIC_DIMENSION&>(entity));
+#define DXF_EMIT(number, TYPE, Callback, constness)                                                          \
+    case DXF_ENTITY_##TYPE:                                                                                  \
+        return On##Callback(static_cast<DXF_GRAPHIC_##TYPE&>(entity));
+            DXF_DRAWN_TYPES(DXF_EMIT)
+#undef DXF_EMIT
         default:
             return;
         }

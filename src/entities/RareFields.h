@@ -4,9 +4,9 @@
 #include "entities/DXF_GRAPHIC_BASE.h"
 #include "reader/ReadFields.h"
 
+#include <array>
 #include <bit>
 #include <cstdint>
-#include <string_view>
 #include <type_traits>
 
 // The rare fields of a record, made now if it has none of its own.
@@ -32,7 +32,8 @@ void SetRare(CDxfRead& reader, DXF_GRAPHIC_BASE& record, Value DXF_GRAPHIC_RARE:
     RareOf(reader, record).*member = value;
 }
 
-// A row's function for a rare field: reals, integers and handles as everywhere, texts trimmed and kept once.
+// Stores a rare field as its type says: reals, integers and handles as everywhere, texts trimmed and kept
+// once.
 template <class Record, auto member>
 void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, CDxfLine line)
 {
@@ -46,3 +47,30 @@ void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, CDxfLine line)
     else
         SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));
 }
+
+// The row of a rare field that every entity may have.
+template <auto member>
+consteval DXF_FIELD<DXF_GRAPHIC_BASE> Rare(int code)
+{
+    return {code, StoreRare<DXF_GRAPHIC_BASE, member>};
+}
+
+// The rows of the entities that have a thickness, and of those that have an extrusion direction.
+struct DXF_THICKNESS_ROW {
+    template <class Record>
+    static consteval std::array<DXF_FIELD<Record>, 1> Rows()
+    {
+        return {{{39, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dThickness>}}};
+    }
+};
+struct DXF_EXTRUSION_ROWS {
+    template <class Record>
+    static consteval std::array<DXF_FIELD<Record>, 3> Rows()
+    {
+        return {{{210, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dExtrusionX>},
+                 {220, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dExtrusionY>},
+                 {230, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dExtrusionZ>}}};
+    }
+};
+inline constexpr DXF_THICKNESS_ROW kThickness;
+inline constexpr DXF_EXTRUSION_ROWS kExtrusion;

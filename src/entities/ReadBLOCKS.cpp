@@ -11,21 +11,20 @@ void ReadAppGroup(CDxfRead& reader, CDxfStream& stream, BLOCK& block, CDxfLine v
     reader.ReadGroup(stream, block.m_strAppData, Trim(value), "102");
 }
 
-using FIELDS = DxfFields<BLOCK>;
-constexpr auto kFields = FIELDS::Table({
-    FIELDS::End(0),
-    FIELDS::Field(5, &BLOCK::m_strHandle),
-    FIELDS::Function(102, ReadAppGroup),
-    FIELDS::Field(330, &BLOCK::m_strOwnerHandle),
-    FIELDS::Name(8, &BLOCK::m_strLayer),
-    FIELDS::Name(2, &BLOCK::m_strName),
-    FIELDS::Field(70, &BLOCK::m_nFlags),
-    FIELDS::Field(10, &BLOCK::m_dBaseX),
-    FIELDS::Field(20, &BLOCK::m_dBaseY),
-    FIELDS::Field(30, &BLOCK::m_dBaseZ),
-    FIELDS::Name(3, &BLOCK::m_strName3),
-    FIELDS::Field(1, &BLOCK::m_strXrefPath),
-    FIELDS::Field(4, &BLOCK::m_strDescription),
+constexpr auto kFields = DxfFields<BLOCK>({
+    End(0),
+    {5, &BLOCK::m_strHandle},
+    {102, ReadAppGroup},
+    {330, &BLOCK::m_strOwnerHandle},
+    KeptOnce(8, &BLOCK::m_strLayer),
+    KeptOnce(2, &BLOCK::m_strName),
+    {70, &BLOCK::m_nFlags},
+    {10, &BLOCK::m_dBaseX},
+    {20, &BLOCK::m_dBaseY},
+    {30, &BLOCK::m_dBaseZ},
+    KeptOnce(3, &BLOCK::m_strName3),
+    {1, &BLOCK::m_strXrefPath},
+    {4, &BLOCK::m_strDescription},
 });
 
 } // namespace

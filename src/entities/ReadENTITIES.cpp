@@ -15,55 +15,18 @@ struct ENTITY_READER {
     const wchar_t* skipInteger;
 };
 
-// Two of the skips print parentheses after the name and three do not (quirk 122).
 constexpr ENTITY_READER kReaders[] = {
-    {"LINE", &CDxfRead::ReadENTITIES_LINE, L"ReadENTITIES_LINE() Failed to read line, Line:%d", nullptr},
-    {"ARC", &CDxfRead::ReadENTITIES_ARC, L"ReadENTITIES_ARC() Failed to read line, Line:%d", nullptr},
-    {"CIRCLE", &CDxfRead::ReadENTITIES_CIRCLE, L"ReadENTITIES_CIRCLE() Failed to read line, Line:%d",
-     nullptr},
-    {"MTEXT", &CDxfRead::ReadENTITIES_MTEXT, L"ReadENTITIES_MTEXT() Failed to read line, Line:%d", nullptr},
-    {"TEXT", &CDxfRead::ReadENTITIES_TEXT, L"ReadENTITIES_TEXT() Failed to read line, Line:%d", nullptr},
-    {"ELLIPSE", &CDxfRead::ReadENTITIES_ELLIPSE, L"ReadENTITIES_ELLIPSE() Failed to read line, Line:%d",
-     nullptr},
-    {"LWPOLYLINE", &CDxfRead::ReadENTITIES_LWPOLYLINE,
-     L"ReadENTITIES_LWPOLYLINE() Failed to read line, Line:%d", nullptr},
-    {"INSERT", &CDxfRead::ReadENTITIES_INSERT, L"ReadENTITIES_INSERT() Failed to read line, Line:%d",
-     nullptr},
-    {"POLYLINE", nullptr, L"ReadENTITIES_POLYLINE() Failed to read line, Line:%d",
-     L"ReadENTITIES_POLYLINE Failed to read integer from '%s', Line:%d"},
-    {"SPLINE", nullptr, L"ReadENTITIES_SPLINE() Failed to read line, Line:%d",
-     L"ReadENTITIES_SPLINE Failed to read integer from '%s', Line:%d"},
-    {"POINT", nullptr, L"ReadENTITIES_POINT() Failed to read line, Line:%d",
-     L"ReadENTITIES_POINT Failed to read integer from '%s', Line:%d"},
-    {"DIMENSION", &CDxfRead::ReadENTITIES_DIMENSION, L"ReadENTITIES_DIMENSION() Failed to read line, Line:%d",
-     nullptr},
-    {"HATCH", nullptr, L"ReadENTITIES_HATCH() Failed to read line, Line:%d",
-     L"ReadENTITIES_HATCH() Failed to read integer from '%s', Line:%d"},
-    {"VIEWPORT", nullptr, L"ReadENTITIES_VIEWPORT() Failed to read line, Line:%d",
-     L"ReadENTITIES_VIEWPORT() Failed to read integer from '%s', Line:%d"},
+#define DXF_FAILED(TYPE) L"ReadENTITIES_" #TYPE L"() Failed to read line, Line:%d"
+#define DXF_READ(number, TYPE, Callback, constness)                                                          \
+    {#TYPE, &CDxfRead::ReadENTITIES_##TYPE, DXF_FAILED(TYPE), nullptr},
+#define DXF_SKIP(TYPE, parentheses)                                                                          \
+    {#TYPE, nullptr, DXF_FAILED(TYPE),                                                                       \
+     L"ReadENTITIES_" #TYPE parentheses L" Failed to read integer from '%s', Line:%d"},
+    DXF_DRAWN_TYPES(DXF_READ) DXF_SKIPPED_TYPES(DXF_SKIP)
+#undef DXF_FAILED
+#undef DXF_READ
+#undef DXF_SKIP
 };
-
-// Every name of the format that begins an entity within a block, MLEADERSTYLE and SECTION among them.
-// In alphabetical order.
-constexpr std::string_view kEntityTypeNames[] = {
-    "3DFACE",   "3DSOLID",  "ACAD_PROXY_ENTITY",
-    "ARC",      "ATTDEF",   "ATTRIB",
-    "BODY",     "CIRCLE",   "DIMENSION",
-    "ELLIPSE",  "HATCH",    "HELIX",
-    "IMAGE",    "INSERT",   "LEADER",
-    "LIGHT",    "LINE",     "LWPOLYLINE",
-    "MESH",     "MLEADER",  "MLEADERSTYLE",
-    "MLINE",    "MTEXT",    "OLE2FRAME",
-    "OLEFRAME", "POINT",    "POLYLINE",
-    "RAY",      "REGION",   "SECTION",
-    "SEQEND",   "SHAPE",    "SOLID",
-    "SPLINE",   "SUN",      "SURFACE",
-    "TABLE",    "TEXT",     "TOLERANCE",
-    "TRACE",    "UNDERLAY", "VERTEX",
-    "VIEWPORT", "WIPEOUT",  "XLINE",
-};
-static_assert(std::size(kEntityTypeNames) == 45);
-static_assert(std::is_sorted(std::begin(kEntityTypeNames), std::end(kEntityTypeNames)));
 
 } // namespace
 
@@ -104,5 +67,5 @@ bool CDxfRead::SkipPairs(CDxfStream& stream, const wchar_t* message)
 
 bool CDxfRead::IsEntityTypeName(std::string_view name)
 {
-    return std::binary_search(std::begin(kEntityTypeNames), std::end(kEntityTypeNames), name);
+    return FateOfEntityType(name) != DXF_ENTITY_FATE::None;
 }

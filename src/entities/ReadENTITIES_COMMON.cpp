@@ -21,28 +21,27 @@ void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, CDxf
 
 using BASE = DXF_GRAPHIC_BASE;
 using RARE = DXF_GRAPHIC_RARE;
-using FIELDS = DxfFields<BASE>;
-constexpr auto kFields = FIELDS::Table({
-    FIELDS::Field(5, &BASE::m_strHandle),
-    FIELDS::Name(6, &BASE::m_strLineType),
-    FIELDS::Name(8, &BASE::m_strLayer),
-    FIELDS::Function(48, ReadLineTypeScale),
-    FIELDS::Field(60, &BASE::m_nVisibility),
-    FIELDS::Field(62, &BASE::m_nColor),
-    FIELDS::Function(67, StoreRare<BASE, &RARE::m_nPaperSpace>),
-    FIELDS::Function(92, StoreRare<BASE, &RARE::m_nProxyByteCount>),
-    FIELDS::Name(100, &BASE::m_strSubclass),
-    FIELDS::Function(102, ReadAppGroup),
-    FIELDS::Function(284, StoreRare<BASE, &RARE::m_nShadowMode>),
-    FIELDS::Function(310, ReadProxyData),
-    FIELDS::Field(330, &BASE::m_strOwnerHandle),
-    FIELDS::Function(347, StoreRare<BASE, &RARE::m_strMaterial>),
-    FIELDS::Field(370, &BASE::m_nLineWeight),
-    FIELDS::Function(390, StoreRare<BASE, &RARE::m_strPlotStyle>),
-    FIELDS::Function(410, StoreRare<BASE, &RARE::m_strLayout>),
-    FIELDS::Field(420, &BASE::m_nTrueColor),
-    FIELDS::Function(430, StoreRare<BASE, &RARE::m_strColorName>),
-    FIELDS::Function(440, StoreRare<BASE, &RARE::m_strTransparency>),
+constexpr auto kFields = DxfFields<BASE>({
+    {5, &BASE::m_strHandle},
+    KeptOnce(6, &BASE::m_strLineType),
+    KeptOnce(8, &BASE::m_strLayer),
+    {48, ReadLineTypeScale},
+    {60, &BASE::m_nVisibility},
+    {62, &BASE::m_nColor},
+    Rare<&RARE::m_nPaperSpace>(67),
+    Rare<&RARE::m_nProxyByteCount>(92),
+    KeptOnce(100, &BASE::m_strSubclass),
+    {102, ReadAppGroup},
+    Rare<&RARE::m_nShadowMode>(284),
+    {310, ReadProxyData},
+    {330, &BASE::m_strOwnerHandle},
+    Rare<&RARE::m_strMaterial>(347),
+    {370, &BASE::m_nLineWeight},
+    Rare<&RARE::m_strPlotStyle>(390),
+    Rare<&RARE::m_strLayout>(410),
+    {420, &BASE::m_nTrueColor},
+    Rare<&RARE::m_strColorName>(430),
+    Rare<&RARE::m_strTransparency>(440),
 });
 
 } // namespace

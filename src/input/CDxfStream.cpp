@@ -147,7 +147,7 @@ std::size_t CDxfStream::Fill(char* place)
         size = static_cast<std::size_t>(static_cast<const char*>(end) - place);
         m_sourceEnded = true;
     }
-    // The mark stays for the rest of the file: the line that a NUL stands in may be in this block or the
+    // The mark stays for the rest of the file: the line that has the NUL may be in this block or the
     // next.
     m_mayHoldNul |= std::memchr(place, '\0', size) != nullptr;
     return size;

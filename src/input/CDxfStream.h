@@ -41,7 +41,7 @@ public:
     }
 
     // True once a read has met the end of the file: with the last line if no line feed ends it, else with
-    // the empty line behind it.
+    // the empty line after it.
     bool eof() const { return m_eof; }
 
     // True once getline has found nothing left to read: the empty line that it gave is none of the file's.
@@ -50,7 +50,7 @@ public:
     // Something happened during the last getline that is to be reported.
     bool HasTrouble() const { return m_lineWasCut | m_readFailed; }
 
-    // Each tells, once, whether the last line was longer than kLongestLine, whether the source failed.
+    // Each says once whether the last line was longer than kLongestLine, or whether the source failed.
     bool TakeLineWasCut() { return std::exchange(m_lineWasCut, false); }
     bool TakeReadFailed() { return std::exchange(m_readFailed, false); }
 
@@ -92,7 +92,7 @@ private:
     std::size_t Fill(char* place);
 
     CDxfSource& m_source;
-    std::unique_ptr<char[]> m_buffer; // a block before and a block behind what is read into
+    std::unique_ptr<char[]> m_buffer; // what is read into, with a block before and after it
     char* const m_front;
     const char* m_line;  // where the next line begins
     const char* m_end;   // the end of what has been read

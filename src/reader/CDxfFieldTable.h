@@ -1,35 +1,76 @@
-// The group codes of a record as a table: code, member, conversion.
+// The group codes of a record as a table, one row a code:
+//
+//     constexpr auto kLineFields = DxfFields<LINE>({
+//         End(0),
+//         {10, &LINE::m_dStartX},
+//         KeptOnce(2, &LINE::m_strName),
+//         {102, ReadAppGroup},
+//     });
 #pragma once
 
 #include "base/CDxfLine.h"
 #include "base/DXF_HANDLE.h"
 #include "base/DXF_STRING.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 class CDxfRead;
 class CDxfStream;
 
 enum class DXF_FIELD_KIND : std::uint8_t {
-    None,     // the code is not in the table
-    End,      // the code ends the record, its value line left unread
-    Real,     // as _wtof converts
-    Integer,  // as _wtoi converts
-    Text,     // trimmed
-    Name,     // trimmed, kept once for all records that have the same
-    RawText,  // as it stands in its line
-    RawName,  // as it stands, kept once
-    Handle,   // trimmed
-    Function, // the record's own way; value is the untrimmed line
+    None,        // the code is not in the table
+    End,         // the code ends the record, its value line left unread
+    Real,        // as _wtof converts
+    Integer,     // as _wtoi converts
+    Text,        // trimmed
+    TextOnce,    // trimmed, kept once for all records that have the same
+    RawText,     // with the blanks at both ends
+    RawTextOnce, // with the blanks, kept once
+    Handle,      // trimmed
+    Function,    // the record's own way; value is the untrimmed line
 };
 
-// What is done with the values of one group code, or of a range of codes.
+// A code that ends a record.
+struct DXF_END_ROW {
+    int code;
+};
+
+// What is done with the values of one group code, or of a range of codes. The member's type says how a value
+// is converted; texts are trimmed.
 template <class Record>
 struct DXF_FIELD {
     using FUNCTION = void (*)(CDxfRead& reader, CDxfStream& stream, Record& record, CDxfLine value);
+
+    consteval DXF_FIELD() = default;
+    consteval DXF_FIELD(DXF_END_ROW end) : DXF_FIELD(end.code, end.code, DXF_FIELD_KIND::End) {}
+    consteval DXF_FIELD(int code, double Record::*member) : DXF_FIELD(code, code, DXF_FIELD_KIND::Real)
+    {
+        real = member;
+    }
+    consteval DXF_FIELD(int code, std::int32_t Record::*member) : DXF_FIELD(code, code, member) {}
+    consteval DXF_FIELD(int first, int last, std::int32_t Record::*member)
+        : DXF_FIELD(first, last, DXF_FIELD_KIND::Integer)
+    {
+        integer = member;
+    }
+    consteval DXF_FIELD(int code, DXF_STRING Record::*member) : DXF_FIELD(code, member, DXF_FIELD_KIND::Text)
+    {
+    }
+    consteval DXF_FIELD(int code, DXF_STRING Record::*member, DXF_FIELD_KIND how) : DXF_FIELD(code, code, how)
+    {
+        text = member;
+    }
+    consteval DXF_FIELD(int code, DXF_HANDLE Record::*member) : DXF_FIELD(code, code, DXF_FIELD_KIND::Handle)
+    {
+        handle = member;
+    }
+    consteval DXF_FIELD(int code, FUNCTION own) : DXF_FIELD(code, code, DXF_FIELD_KIND::Function)
+    {
+        function = own;
+    }
 
     int firstCode = 0;
     int lastCode = 0;
@@ -39,7 +80,33 @@ struct DXF_FIELD {
     DXF_STRING Record::*text = nullptr;
     DXF_HANDLE Record::*handle = nullptr;
     FUNCTION function = nullptr;
+
+private:
+    consteval DXF_FIELD(int first, int last, DXF_FIELD_KIND how) : firstCode(first), lastCode(last), kind(how)
+    {
+    }
 };
+
+// The rows that are not a code and a member alone.
+consteval DXF_END_ROW End(int code)
+{
+    return {code};
+}
+template <class Record>
+consteval DXF_FIELD<Record> KeptOnce(int code, DXF_STRING Record::*member)
+{
+    return {code, member, DXF_FIELD_KIND::TextOnce};
+}
+template <class Record>
+consteval DXF_FIELD<Record> Raw(int code, DXF_STRING Record::*member)
+{
+    return {code, member, DXF_FIELD_KIND::RawText};
+}
+template <class Record>
+consteval DXF_FIELD<Record> RawKeptOnce(int code, DXF_STRING Record::*member)
+{
+    return {code, member, DXF_FIELD_KIND::RawTextOnce};
+}
 
 // The fields of a record, found by code at once. Codes are listed in the order of the record; one that is
 // listed twice does not compile.
@@ -63,7 +130,7 @@ public:
         }
     }
 
-    // The field of a code; its kind is None where the table has none.
+    // The field of a code; its kind is None if the table has none.
     const FIELD& Find(std::int32_t code) const
     {
         const auto unsignedCode = static_cast<std::uint32_t>(code);
@@ -77,56 +144,17 @@ private:
     std::array<FIELD, count + 1> m_fields{};
 };
 
-// Makes the rows of a record's table and the table itself:
-//     constexpr auto kFields = DxfFields<DXF_GRAPHIC_LINE>::Table({ DxfFields<...>::Field(10, &...), ... });
-template <class Record>
-struct DxfFields {
-    using FIELD = DXF_FIELD<Record>;
-
-    template <std::size_t count>
-    static consteval auto Table(const FIELD (&fields)[count])
-    {
-        return CDxfFieldTable<Record, count>(std::to_array(fields));
-    }
-
-    static consteval FIELD End(int code) { return {code, code, DXF_FIELD_KIND::End}; }
-    static consteval FIELD Field(int code, double Record::*member)
-    {
-        return {code, code, DXF_FIELD_KIND::Real, member};
-    }
-    static consteval FIELD Field(int code, std::int32_t Record::*member) { return Range(code, code, member); }
-    static consteval FIELD Range(int first, int last, std::int32_t Record::*member)
-    {
-        return {first, last, DXF_FIELD_KIND::Integer, nullptr, member};
-    }
-    static consteval FIELD Field(int code, DXF_STRING Record::*member)
-    {
-        return Text(code, DXF_FIELD_KIND::Text, member);
-    }
-    static consteval FIELD Field(int code, DXF_HANDLE Record::*member)
-    {
-        return {code, code, DXF_FIELD_KIND::Handle, nullptr, nullptr, nullptr, member};
-    }
-    static consteval FIELD Name(int code, DXF_STRING Record::*member)
-    {
-        return Text(code, DXF_FIELD_KIND::Name, member);
-    }
-    static consteval FIELD RawText(int code, DXF_STRING Record::*member)
-    {
-        return Text(code, DXF_FIELD_KIND::RawText, member);
-    }
-    static consteval FIELD RawName(int code, DXF_STRING Record::*member)
-    {
-        return Text(code, DXF_FIELD_KIND::RawName, member);
-    }
-    static consteval FIELD Function(int code, typename FIELD::FUNCTION function)
-    {
-        return {code, code, DXF_FIELD_KIND::Function, nullptr, nullptr, nullptr, nullptr, function};
-    }
-
-private:
-    static consteval FIELD Text(int code, DXF_FIELD_KIND kind, DXF_STRING Record::*member)
-    {
-        return {code, code, kind, nullptr, nullptr, member};
-    }
-};
+// The table of a record: its own rows, then those of the groups, which several records share. A group has a
+// function Rows<Record>() that gives an array of rows.
+template <class Record, std::size_t count, class... Group>
+consteval auto DxfFields(const DXF_FIELD<Record> (&fields)[count], Group...)
+{
+    constexpr std::size_t all = count + (std::size_t{0} + ... + Group::template Rows<Record>().size());
+    std::array<DXF_FIELD<Record>, all> rows{};
+    auto end = std::copy_n(fields, count, rows.begin());
+    [[maybe_unused]] const auto add = [&](const auto& group) {
+        end = std::copy(group.begin(), group.end(), end);
+    };
+    (add(Group::template Rows<Record>()), ...);
+    return CDxfFieldTable<Record, all>(rows);
+}

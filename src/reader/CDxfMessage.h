@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <string_view>
 
-// What stands in for a "%s" or a "%d": a line of the file, a kept text, or a number.
+// What replaces a "%s" or a "%d": a line of the file, a kept text, or a number.
 class CDxfMessageArgument {
 public:
     CDxfMessageArgument(std::string_view narrow) : m_kind(KIND::Narrow), m_narrow(narrow) {}
@@ -25,7 +25,7 @@ private:
     std::int32_t m_number = 0;
 };
 
-// A finished message, in a buffer of its own: a message can be made when no memory is left.
+// A finished message, in a buffer of its own, so that it needs no memory from the heap.
 class CDxfMessage {
 public:
     // format holds "%s" and "%d" alone, each standing for the next argument.

@@ -2,21 +2,17 @@
 
 #include "base/Numbers.h"
 
-void CDxfRead::OnDimension(const DXF_GRAPHIC_DIMENSION&) {}
+#define DXF_DEFINE_CALLBACK(number, TYPE, Callback, constness)                                               \
+    void CDxfRead::On##Callback(constness DXF_GRAPHIC_##TYPE&) {}
+DXF_DRAWN_TYPES(DXF_DEFINE_CALLBACK)
+#undef DXF_DEFINE_CALLBACK
+
+void CDxfRead::OnBlockBegin(const DXF_BLOCKS_BLOCK&) {}
+void CDxfRead::OnBlockEnd(const DXF_BLOCKS_BLOCK&) {}
 int CDxfRead::OnError(std::uint32_t, int, const wchar_t*, std::int64_t)
 {
     return 0;
 }
-void CDxfRead::OnBlockBegin(const DXF_BLOCKS_BLOCK&) {}
-void CDxfRead::OnBlockEnd(const DXF_BLOCKS_BLOCK&) {}
-void CDxfRead::OnLine(const DXF_GRAPHIC_LINE&) {}
-void CDxfRead::OnArc(DXF_GRAPHIC_ARC&) {}
-void CDxfRead::OnCircle(const DXF_GRAPHIC_CIRCLE&) {}
-void CDxfRead::OnEllipse(const DXF_GRAPHIC_ELLIPSE&) {}
-void CDxfRead::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE&) {}
-void CDxfRead::OnText(const DXF_GRAPHIC_TEXT&) {}
-void CDxfRead::OnMText(const DXF_GRAPHIC_MTEXT&) {}
-void CDxfRead::OnInsert(const DXF_GRAPHIC_INSERT&) {}
 
 std::string_view CDxfRead::ReadTrimmed(CDxfStream& stream)
 {
@@ -32,8 +28,8 @@ bool CDxfRead::ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* m
     return false;
 }
 
-// Apart from the loop that every pair runs through: a message is an array on the stack, which a guard is
-// laid behind in every call.
+// Not part of the loop over pairs: a message is an array on the stack, so each call of its function sets up a
+// stack guard.
 void CDxfRead::ReportBadCode(std::string_view line, const wchar_t* message)
 {
     Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});

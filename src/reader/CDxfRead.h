@@ -1,14 +1,15 @@
 // The DXF reader.
 #pragma once
 
-#include "base/CDxfNameIndex.h"
 #include "base/CDxfStore.h"
 #include "base/DXF_LIST.h"
 #include "host/ReportKinds.h"
 #include "input/CDxfSource.h"
 #include "input/CDxfStream.h"
 #include "reader/CDxfMessage.h"
+#include "reader/CDxfNameIndex.h"
 #include "reader/DXF_TABLES.h"
+#include "reader/EntityTypes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,16 +20,10 @@
 #include <vector>
 
 struct DXF_BLOCKS_BLOCK;
-struct DXF_GRAPHIC_ARC;
 struct DXF_GRAPHIC_BASE;
-struct DXF_GRAPHIC_CIRCLE;
-struct DXF_GRAPHIC_DIMENSION;
-struct DXF_GRAPHIC_ELLIPSE;
-struct DXF_GRAPHIC_INSERT;
-struct DXF_GRAPHIC_LINE;
-struct DXF_GRAPHIC_LWPOLYLINE;
-struct DXF_GRAPHIC_MTEXT;
-struct DXF_GRAPHIC_TEXT;
+#define DXF_DECLARE_RECORD(number, TYPE, Callback, constness) struct DXF_GRAPHIC_##TYPE;
+DXF_DRAWN_TYPES(DXF_DECLARE_RECORD)
+#undef DXF_DECLARE_RECORD
 
 template <class Record, std::size_t count>
 class CDxfFieldTable;
@@ -59,22 +54,18 @@ public:
     CDxfRead(const CDxfRead&) = delete;
     CDxfRead& operator=(const CDxfRead&) = delete;
 
-    // The callbacks, empty here. Their order is fixed: the dimension callback comes first. Records are
-    // borrowed.
-    virtual void OnDimension(const DXF_GRAPHIC_DIMENSION& dimension);
+    // The callbacks, empty here, one for each type that is drawn. Their order is fixed. Records are borrowed;
+    // an arc's callback may normalise the record's angles in place.
+#define DXF_DECLARE_CALLBACK(number, TYPE, Callback, constness)                                              \
+    virtual void On##Callback(constness DXF_GRAPHIC_##TYPE& record);
+    DXF_DIMENSION_TYPE(DXF_DECLARE_CALLBACK)
     // A problem: code is 0, or 1 for an unknown group code; kind a DXF_ERROR_KIND; message a finished text,
     // valid during the call; extra 0. The result is ignored.
     virtual int OnError(std::uint32_t code, int kind, const wchar_t* message, std::int64_t extra);
     virtual void OnBlockBegin(const DXF_BLOCKS_BLOCK& block);
     virtual void OnBlockEnd(const DXF_BLOCKS_BLOCK& block);
-    virtual void OnLine(const DXF_GRAPHIC_LINE& line);
-    virtual void OnArc(DXF_GRAPHIC_ARC& arc); // may normalise the record's angles in place
-    virtual void OnCircle(const DXF_GRAPHIC_CIRCLE& circle);
-    virtual void OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse);
-    virtual void OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline);
-    virtual void OnText(const DXF_GRAPHIC_TEXT& text);
-    virtual void OnMText(const DXF_GRAPHIC_MTEXT& text);
-    virtual void OnInsert(const DXF_GRAPHIC_INSERT& insert);
+    DXF_DRAWN_TYPES_BUT_DIMENSION(DXF_DECLARE_CALLBACK)
+#undef DXF_DECLARE_CALLBACK
 
     // Reads the file at path, a zero-terminated name in the system's ANSI code page, and emits the callbacks.
     // A file that cannot be opened gives one OnError call and nothing else.
@@ -87,7 +78,7 @@ public:
     void InitColorTable();
 
     // The section readers. Each takes the stream where the driver or its caller leaves it and returns where
-    // the driver goes on; the names are those that stand in their messages.
+    // the driver goes on; their messages contain these names.
     void ReadTABLES(CDxfStream& stream);
     bool ReaTABLES_COMMON(DXF_TABLES_HEADER& table, CDxfStream& stream, std::string_view typeName);
     int ReaTABLES_LAYER(DXF_TABLES_LAYER& entry, CDxfStream& stream);
@@ -101,17 +92,12 @@ public:
     // including the "0" that ends it.
     void ReadENTITIES(CDxfStream& stream, std::string_view typeName, DXF_ENTITY_LIST& list);
 
-    // The entity readers: true when the entity ended at a "0", false at the end of the file and at a
-    // group-code line that is no integer.
-    bool ReadENTITIES_LINE(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_ARC(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_CIRCLE(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_ELLIPSE(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_LWPOLYLINE(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_TEXT(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_MTEXT(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_INSERT(CDxfStream& stream, DXF_ENTITY_LIST& list);
-    bool ReadENTITIES_DIMENSION(CDxfStream& stream, DXF_ENTITY_LIST& list);
+    // The entity readers, ReadENTITIES_LINE and so on: true when the entity ended at a "0", false at the end
+    // of the file and at a group-code line that is no integer.
+#define DXF_DECLARE_READER(number, TYPE, Callback, constness)                                                \
+    bool ReadENTITIES_##TYPE(CDxfStream& stream, DXF_ENTITY_LIST& list);
+    DXF_DRAWN_TYPES(DXF_DECLARE_READER)
+#undef DXF_DECLARE_READER
     bool ReadENTITIES_DIMENSION_SWITCH(CDxfStream& stream, DXF_GRAPHIC_DIMENSION& dimension,
                                        std::string_view marker);
 
@@ -129,7 +115,7 @@ public:
     // with one, each kind in file order.
     void EmitCallbacks();
 
-    // Lookups by exact name: the first entry of the kind in file order, whatever table it stands in. An
+    // Lookups by exact name: the first entry of the kind in file order, in whatever table. An
     // empty name finds nothing. Indexed: the time does not depend on the number of entries.
     std::uint32_t GetLayerColor(std::wstring_view name);
     const DXF_TABLES_LAYER* FindLayer(std::wstring_view name);

@@ -20,13 +20,13 @@ void StoreField(CDxfRead& reader, CDxfStream& stream, Record& record, const DXF_
     case DXF_FIELD_KIND::Text:
         record.*field.text = reader.store.Keep(Trim(line));
         break;
-    case DXF_FIELD_KIND::Name:
+    case DXF_FIELD_KIND::TextOnce:
         record.*field.text = reader.store.KeepOnce(Trim(line));
         break;
     case DXF_FIELD_KIND::RawText:
         record.*field.text = reader.store.Keep(line);
         break;
-    case DXF_FIELD_KIND::RawName:
+    case DXF_FIELD_KIND::RawTextOnce:
         record.*field.text = reader.store.KeepOnce(line);
         break;
     case DXF_FIELD_KIND::Handle:

@@ -28,70 +28,65 @@ void ReadDash(CDxfRead& reader, CDxfStream&, DXF_TABLES_LTYPE& entry, CDxfLine v
 }
 
 using HEADER = DXF_TABLES_HEADER;
-using TABLE = DxfFields<HEADER>;
-constexpr auto kTableFields = TABLE::Table({
-    TABLE::End(0),
-    TABLE::Name(2, &HEADER::m_strName),
-    TABLE::Field(5, &HEADER::m_strHandle),
-    TABLE::Name(100, &HEADER::m_strSubclass),
-    TABLE::Function(102, ReadHeaderGroup),
-    TABLE::Field(330, &HEADER::m_strOwnerHandle),
-    TABLE::Field(70, &HEADER::m_nMaxEntries),
+constexpr auto kTableFields = DxfFields<HEADER>({
+    End(0),
+    KeptOnce(2, &HEADER::m_strName),
+    {5, &HEADER::m_strHandle},
+    KeptOnce(100, &HEADER::m_strSubclass),
+    {102, ReadHeaderGroup},
+    {330, &HEADER::m_strOwnerHandle},
+    {70, &HEADER::m_nMaxEntries},
 });
 
 // The first code 100 hands an entry to its kind's reader; a code 0 before it ends nothing (quirk 16).
-using ENTRY = DxfFields<DXF_TABLES_COMMON>;
-constexpr auto kEntryFields = ENTRY::Table({
-    ENTRY::End(100),
-    ENTRY::Field(5, &DXF_TABLES_COMMON::m_strHandle),
-    ENTRY::Field(105, &DXF_TABLES_COMMON::m_strDimStyleHandle),
-    ENTRY::Function(102, ReadEntryGroup),
-    ENTRY::Field(330, &DXF_TABLES_COMMON::m_strOwnerHandle),
+constexpr auto kEntryFields = DxfFields<DXF_TABLES_COMMON>({
+    End(100),
+    {5, &DXF_TABLES_COMMON::m_strHandle},
+    {105, &DXF_TABLES_COMMON::m_strDimStyleHandle},
+    {102, ReadEntryGroup},
+    {330, &DXF_TABLES_COMMON::m_strOwnerHandle},
 });
 
 using LAYER = DXF_TABLES_LAYER;
-using LAYER_FIELDS = DxfFields<LAYER>;
-constexpr auto kLayerFields = LAYER_FIELDS::Table({
-    LAYER_FIELDS::End(0),
-    LAYER_FIELDS::Name(100, &LAYER::m_strSubclass),
-    LAYER_FIELDS::Name(2, &LAYER::m_strName),
-    LAYER_FIELDS::Field(70, &LAYER::m_nFlags),
-    LAYER_FIELDS::Field(62, &LAYER::m_nColor),
-    LAYER_FIELDS::Name(6, &LAYER::m_strLineType),
-    LAYER_FIELDS::Field(290, &LAYER::m_nPlotting),
-    LAYER_FIELDS::Field(370, &LAYER::m_nLineWeight),
-    LAYER_FIELDS::Field(390, &LAYER::m_strPlotStyle),
-    LAYER_FIELDS::Field(347, &LAYER::m_strMaterial),
+constexpr auto kLayerFields = DxfFields<LAYER>({
+    End(0),
+    KeptOnce(100, &LAYER::m_strSubclass),
+    KeptOnce(2, &LAYER::m_strName),
+    {70, &LAYER::m_nFlags},
+    {62, &LAYER::m_nColor},
+    KeptOnce(6, &LAYER::m_strLineType),
+    {290, &LAYER::m_nPlotting},
+    {370, &LAYER::m_nLineWeight},
+    {390, &LAYER::m_strPlotStyle},
+    {347, &LAYER::m_strMaterial},
 });
 
 using LTYPE = DXF_TABLES_LTYPE;
-using LTYPE_FIELDS = DxfFields<LTYPE>;
-constexpr auto kLineTypeFields = LTYPE_FIELDS::Table({
-    LTYPE_FIELDS::End(0),
-    LTYPE_FIELDS::Name(100, &LTYPE::m_strSubclass),
-    LTYPE_FIELDS::Name(2, &LTYPE::m_strName),
-    LTYPE_FIELDS::Field(70, &LTYPE::m_nFlags),
-    LTYPE_FIELDS::Field(3, &LTYPE::m_strDescription),
-    LTYPE_FIELDS::Field(72, &LTYPE::m_nAlignment),
-    LTYPE_FIELDS::Field(73, &LTYPE::m_nDashCount),
-    LTYPE_FIELDS::Field(40, &LTYPE::m_dPatternLength),
-    LTYPE_FIELDS::Function(49, ReadDash),
+constexpr auto kLineTypeFields = DxfFields<LTYPE>({
+    End(0),
+    KeptOnce(100, &LTYPE::m_strSubclass),
+    KeptOnce(2, &LTYPE::m_strName),
+    {70, &LTYPE::m_nFlags},
+    {3, &LTYPE::m_strDescription},
+    {72, &LTYPE::m_nAlignment},
+    {73, &LTYPE::m_nDashCount},
+    {40, &LTYPE::m_dPatternLength},
+    {49, ReadDash},
 });
 
 using RECORD = DXF_TABLES_BLOCK_RECORD;
-using RECORD_FIELDS = DxfFields<RECORD>;
-constexpr auto kBlockRecordFields = RECORD_FIELDS::Table({
-    RECORD_FIELDS::End(0),
-    RECORD_FIELDS::Name(100, &RECORD::m_strSubclass),
-    RECORD_FIELDS::Name(2, &RECORD::m_strName),
-    RECORD_FIELDS::Field(340, &RECORD::m_strLayout),
-    RECORD_FIELDS::Name(70, &RECORD::m_strInsertUnits),
-    RECORD_FIELDS::Name(280, &RECORD::m_strExplodability),
-    RECORD_FIELDS::Name(281, &RECORD::m_strScalability),
-    RECORD_FIELDS::Name(370, &RECORD::m_strLineWeight),
-    RECORD_FIELDS::Name(1001, &RECORD::m_strXDataApplication),
-    RECORD_FIELDS::Field(1000, &RECORD::m_strXDataString),
-    RECORD_FIELDS::Function(1002, ReadXDataGroup),
+constexpr auto kBlockRecordFields = DxfFields<RECORD>({
+    End(0),
+    KeptOnce(100, &RECORD::m_strSubclass),
+    KeptOnce(2, &RECORD::m_strName),
+    {340, &RECORD::m_strLayout},
+    KeptOnce(70, &RECORD::m_strInsertUnits),
+    KeptOnce(280, &RECORD::m_strExplodability),
+    KeptOnce(281, &RECORD::m_strScalability),
+    KeptOnce(370, &RECORD::m_strLineWeight),
+    KeptOnce(1001, &RECORD::m_strXDataApplication),
+    {1000, &RECORD::m_strXDataString},
+    {1002, ReadXDataGroup},
 });
 
 constexpr auto kIgnore = [](std::int32_t, std::string_view) {};
@@ -119,7 +114,7 @@ void CDxfRead::ReadTABLES(CDxfStream& stream)
 }
 
 // Reads what follows an "ENDTAB"; true when it is "0", "TABLE". A line that is out of step takes one more
-// with it, but for the one in place of the "0" behind a table with entries.
+// with it, except one in place of the "0" after a table with entries.
 bool CDxfRead::ReadBehindTable(CDxfStream& stream, bool hadEntries)
 {
     if (ReadTrimmed(stream) == "0") {

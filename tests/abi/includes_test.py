@@ -27,10 +27,14 @@ ARROWS = {
 # The host's own list of the kinds of reports, which the reader makes its reports of; it knows no host beyond that.
 READER_KNOWS = "src/host/ReportKinds.h"
 
+# The list of entity types, from which the command says what becomes of each. It has no symbols.
+TYPE_LIST = "src/reader/EntityTypes.h"
+
 # What the folders beside src/ may include of the project, besides their own files: files, and whole folders.
 NEIGHBOURS = {
     "svghost": {"src/base/", "src/host/QuillmarLib.h"},
-    "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
+    "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", TYPE_LIST,
+            "svghost/SvgHost.h"},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
 }
 
@@ -44,7 +48,7 @@ COMMAND_ROOMS = {
     "report": ({"options"}, {"svghost/SvgHost.h"}),
     "files": ({"options", "system"}, set()),
     "options": ({"contents"}, set()),
-    "contents": (set(), {"src/input/"}),
+    "contents": (set(), {"src/input/", TYPE_LIST}),
     "system": (set(), set()),
 }
 

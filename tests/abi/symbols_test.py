@@ -12,7 +12,7 @@ import subprocess
 import sys
 import unittest
 
-from includes_test import ARROWS, NEIGHBOURS
+from includes_test import ARROWS, NEIGHBOURS, TYPE_LIST
 
 ARGS = None
 
@@ -86,7 +86,7 @@ def allowed_folders(folder):
         below = set(ARROWS[folder])
         return below.union(*map(allowed_folders, below))
     # src/base/Utf8.h is of the folder base, svghost/SvgHost.h of the folder svghost.
-    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder]}
+    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder] - {TYPE_LIST}}
 
 
 def problems(arrows, upward):

@@ -1,5 +1,5 @@
 // The hash and the index of names that is built on it.
-#include "base/CDxfNameIndex.h"
+#include "reader/CDxfNameIndex.h"
 #include "base/CDxfStore.h"
 #include "base/Utf8.h"
 

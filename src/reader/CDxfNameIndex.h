@@ -25,7 +25,7 @@ public:
         m_index = {};
     }
 
-    // A later record of a name that is there is not kept, as a scan would not find it. Throws std::bad_alloc.
+    // Only the first record of a name is kept, as a scan would find no other. Throws std::bad_alloc.
     void Add(const Record& record)
     {
         const std::uint64_t hash = Hash(record.m_strName);
@@ -36,7 +36,7 @@ public:
         m_index.Add(hash, static_cast<std::uint32_t>(m_records.size() - 1));
     }
 
-    // Null when there is none; an empty name finds nothing.
+    // Null if there is none; an empty name finds nothing.
     const Record* Find(std::wstring_view name) const
     {
         const std::uint32_t number = name.empty() ? CDxfHashIndex::kNone : FindNumber(name, Hash(name));
@@ -49,7 +49,7 @@ private:
         return HashBytes(name.data(), name.size() * sizeof(wchar_t), HashKey(this));
     }
 
-    // Names are kept once, so the name that is asked for and the record's mostly stand in one place.
+    // Names are kept once, so the wanted name and the record's mostly have one address.
     std::uint32_t FindNumber(std::wstring_view name, std::uint64_t hash) const
     {
         return m_index.Find(hash, [&](std::uint32_t number) {
