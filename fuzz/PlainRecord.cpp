@@ -109,6 +109,6 @@ std::string EntityText(const PLAIN_RECORD& entity)
 {
     std::string text = Listed(entity);
     for (const PLAIN_RECORD& part : entity.inner)
-        text += SortedWith(part, {{"m_nPartKind", part.kind->Kind()}, {"part", part.kind->Name().substr(4)}});
+        text += SortedWith(part, {{"part", part.kind->Name().substr(4)}});
     return text;
 }

@@ -1,16 +1,40 @@
 #include "PlainRecords.h"
 
+#include "support/RecordFields.h"
+
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
 constexpr int kNoCode = -1;
 
+// The fields of a record; those that Shared has too are not its own.
+template <class Record, class Shared>
+PlainKind KindOf(std::string_view name)
+{
+    PlainKind kind(name);
+    VisitFields(Shared(), [&](const char*, const auto&) { kind.AddShared(); });
+    VisitFields(Record(),
+                [&]<class Value>(const char* field, const Value&) { kind.AddField(field, kIsText<Value>); });
+    return kind;
+}
+
+template <class Record>
+PlainKind KindOf(std::string_view name = {})
+{
+    PlainKind kind(name);
+    VisitFields(Record(),
+                [&]<class Value>(const char* field, const Value&) { kind.AddField(field, kIsText<Value>); });
+    return kind;
+}
+
+template <class Record>
 PlainKind Entity(std::string_view name, std::string_view kind)
 {
-    return PlainKind(name, kind)
+    return KindOf<Record, DXF_GRAPHIC_BASE>(name)
         .Text("m_strHandle", 5)
-        .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+        .Group("m_strAppData", 102)
         .Text("m_strOwnerHandle", 330)
         .Text("m_strSubclass", 100)
         .Integer("m_nPaperSpace", 67)
@@ -20,7 +44,7 @@ PlainKind Entity(std::string_view name, std::string_view kind)
         .Text("m_strMaterial", 347)
         .Integer("m_nColor", 62)
         .Integer("m_nLineWeight", 370, "-1")
-        .Add("m_dLineTypeScale", 48, 48, PLAIN_CONVERSION::IntegerAsReal, "1")
+        .Rule("m_dLineTypeScale", 48, 48, PLAIN_CONVERSION::IntegerAsReal, "1")
         .Integer("m_nVisibility", 60)
         .Integer("m_nProxyByteCount", 92)
         .Text("m_strProxyData", 310)
@@ -29,25 +53,25 @@ PlainKind Entity(std::string_view name, std::string_view kind)
         .Text("m_strTransparency", 440)
         .Text("m_strPlotStyle", 390)
         .Integer("m_nShadowMode", 284)
-        .Add("m_nEntityType", kNoCode, kNoCode, PLAIN_CONVERSION::None, kind)
-        .Own();
+        .Constant("m_nEntityType", kind);
 }
 
+template <class Record>
 PlainKind Centered(std::string_view name, std::string_view kind)
 {
-    return Entity(name, kind).Real("m_dThickness", 39).Point("m_dCenter", 10);
+    return Entity<Record>(name, kind).Real("m_dThickness", 39).Point("m_dCenter", 10);
 }
 
 PlainKind Polyline()
 {
-    return Entity("LWPOLYLINE", "5")
+    return Entity<DXF_GRAPHIC_LWPOLYLINE>("LWPOLYLINE", "5")
         .Integer("m_nVertexCount", 90)
         .Integer("m_nFlags", 70)
         .Real("m_dConstantWidth", 43)
         .Real("m_dElevation", 38)
         .Real("m_dThickness", 39)
-        .Add("m_vertices", 20, 20, PLAIN_CONVERSION::Vertex)
-        .Add("", 10, 10, PLAIN_CONVERSION::PendingX)
+        .Rule("m_vertices", 20, 20, PLAIN_CONVERSION::Vertex)
+        .PendingX(10)
         .Integer("m_nVertexId", 91)
         .Integer("m_nStartWidth", 40)
         .Integer("m_nEndWidth", 41)
@@ -57,8 +81,7 @@ PlainKind Polyline()
 
 PlainKind Ellipse()
 {
-    return Entity("ELLIPSE", "4")
-        .Add("m_dThickness", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")
+    return Entity<DXF_GRAPHIC_ELLIPSE>("ELLIPSE", "4")
         .Point("m_dCenter", 10)
         .Point("m_dMajorAxis", 11)
         .Extrusion()
@@ -69,8 +92,7 @@ PlainKind Ellipse()
 
 PlainKind TextEntity()
 {
-    return Entity("TEXT", "6")
-        .Add("m_dThickness", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")
+    return Entity<DXF_GRAPHIC_TEXT>("TEXT", "6")
         .Point("m_dInsert", 10)
         .Real("m_dHeight", 40, "5")
         .RawText("m_strText", 1)
@@ -89,7 +111,7 @@ PlainKind TextEntity()
 
 PlainKind MTextEntity()
 {
-    return Entity("MTEXT", "7")
+    return Entity<DXF_GRAPHIC_MTEXT>("MTEXT", "7")
         .Point("m_dInsert", 10)
         .Real("m_dHeight", 40, "5")
         .Real("m_dRefWidth", 41)
@@ -119,7 +141,7 @@ PlainKind MTextEntity()
 
 PlainKind Insert()
 {
-    return Entity("INSERT", "8")
+    return Entity<DXF_GRAPHIC_INSERT>("INSERT", "8")
         .Integer("m_nAttributesFollow", 66)
         .Text("m_strBlockName", 2)
         .Point("m_dInsert", 10)
@@ -134,38 +156,45 @@ PlainKind Insert()
         .Extrusion();
 }
 
+template <class Record>
 PlainKind Entry(std::string_view name, std::string_view kind)
 {
-    return PlainKind(name, kind)
-        .Add("m_nTableKind", kNoCode, kNoCode, PLAIN_CONVERSION::None, kind)
+    return KindOf<Record, DXF_TABLES_COMMON>(name)
+        .Constant("m_nTableKind", kind)
         .Text("m_strHandle", 5)
         .Text("m_strDimStyleHandle", 105)
-        .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+        .Group("m_strAppData", 102)
         .Text("m_strOwnerHandle", 330)
-        .Add("m_strSpare", kNoCode, kNoCode, PLAIN_CONVERSION::None, "", true)
         .Text("m_strFirstSubclass", 100)
-        .Own()
         .Text("m_strSubclass", 100)
         .Text("m_strName", 2);
 }
 
+template <class Record>
+PlainKind Part(std::string_view marker, std::string_view kind)
+{
+    return KindOf<Record>(marker).Constant("m_nPartKind", kind);
+}
+
+template <class Record>
 PlainKind Angular(std::string_view marker, std::string_view kind)
 {
-    return PlainKind(marker, kind)
+    return Part<Record>(marker, kind)
         .Point("m_dExtLine1", 13)
         .Point("m_dExtLine2", 14)
         .Point("m_dArcPoint", 15)
         .Point("m_dDimArc", 16);
 }
 
+template <class Record>
 PlainKind Chord(std::string_view marker, std::string_view kind)
 {
-    return PlainKind(marker, kind).Point("m_dChordPoint", 15).Real("m_dLeaderLength", 40);
+    return Part<Record>(marker, kind).Point("m_dChordPoint", 15).Real("m_dLeaderLength", 40);
 }
 
 PlainKind DimensionPart()
 {
-    return PlainKind("AcDbDimension", "2")
+    return Part<DXF_GRAPHIC_DIMENSION_Dimension>("AcDbDimension", "2")
         .Text("m_strBlockName", 2)
         .Point("m_dDefPoint", 10)
         .Point("m_dTextMid", 11)
@@ -182,25 +211,28 @@ PlainKind DimensionPart()
 
 std::vector<PlainKind> EntityKinds()
 {
-    return {
-        Entity("LINE", "1").Real("m_dThickness", 39).Point("m_dStart", 10).Point("m_dEnd", 11).Extrusion(),
-        Centered("ARC", "2")
-            .Real("m_dRadius", 40)
-            .Real("m_dStartAngle", 50)
-            .Real("m_dEndAngle", 51)
-            .Extrusion(),
-        Centered("CIRCLE", "3").Real("m_dRadius", 40).Extrusion(),
-        Ellipse(),
-        Polyline(),
-        TextEntity(),
-        MTextEntity(),
-        Insert(),
-        Entity("DIMENSION", "9").Add("m_parts", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0")};
+    return {Entity<DXF_GRAPHIC_LINE>("LINE", "1")
+                .Real("m_dThickness", 39)
+                .Point("m_dStart", 10)
+                .Point("m_dEnd", 11)
+                .Extrusion(),
+            Centered<DXF_GRAPHIC_ARC>("ARC", "2")
+                .Real("m_dRadius", 40)
+                .Real("m_dStartAngle", 50)
+                .Real("m_dEndAngle", 51)
+                .Extrusion(),
+            Centered<DXF_GRAPHIC_CIRCLE>("CIRCLE", "3").Real("m_dRadius", 40).Extrusion(),
+            Ellipse(),
+            Polyline(),
+            TextEntity(),
+            MTextEntity(),
+            Insert(),
+            Entity<DXF_GRAPHIC_DIMENSION>("DIMENSION", "9")};
 }
 
 std::vector<PlainKind> EntryKinds()
 {
-    return {Entry("LAYER", "4")
+    return {Entry<DXF_TABLES_LAYER>("LAYER", "4")
                 .Integer("m_nFlags", 70)
                 .Integer("m_nColor", 62)
                 .Text("m_strLineType", 6)
@@ -208,14 +240,14 @@ std::vector<PlainKind> EntryKinds()
                 .Integer("m_nLineWeight", 370)
                 .Text("m_strPlotStyle", 390)
                 .Text("m_strMaterial", 347),
-            Entry("LTYPE", "5")
+            Entry<DXF_TABLES_LTYPE>("LTYPE", "5")
                 .Integer("m_nFlags", 70)
                 .Text("m_strDescription", 3)
                 .Integer("m_nAlignment", 72)
                 .Integer("m_nDashCount", 73)
                 .Real("m_dPatternLength", 40)
-                .Add("m_dashes", 49, 49, PLAIN_CONVERSION::Dash),
-            Entry("BLOCK_RECORD", "2")
+                .Rule("m_dashes", 49, 49, PLAIN_CONVERSION::Dash),
+            Entry<DXF_TABLES_BLOCK_RECORD>("BLOCK_RECORD", "2")
                 .Text("m_strLayout", 340)
                 .Text("m_strInsertUnits", 70)
                 .Text("m_strExplodability", 280)
@@ -223,25 +255,27 @@ std::vector<PlainKind> EntryKinds()
                 .Text("m_strLineWeight", 370)
                 .Text("m_strXDataApplication", 1001)
                 .Text("m_strXDataString", 1000)
-                .Add("m_strXData", 1002, 1002, PLAIN_CONVERSION::Group, "", true)};
+                .Group("m_strXData", 1002)};
 }
 
 std::vector<PlainKind> PartKinds()
 {
-    return {PlainKind("AcDbEntity", "1"),
+    return {Part<DXF_GRAPHIC_DIMENSION_Entity>("AcDbEntity", "1"),
             DimensionPart(),
-            PlainKind("AcDbAlignedDimension", "3")
+            Part<DXF_GRAPHIC_DIMENSION_AlignedDimension>("AcDbAlignedDimension", "3")
                 .Point("m_dClonePoint", 12)
                 .Point("m_dExtLine1", 13)
                 .Point("m_dExtLine2", 14)
                 .Real("m_dRotation", 50)
                 .Real("m_dOblique", 52),
-            Angular("AcDb3PointAngularDimension", "4"),
-            PlainKind("AcDbRotatedDimension", "5"),
-            PlainKind("AcDbOrdinateDimension", "6").Point("m_dExtLine1", 13).Point("m_dExtLine2", 14),
-            Chord("AcDbRadialDimension", "7"),
-            Chord("AcDbDiametricDimension", "8"),
-            Angular("AcDb2LineAngularDimension", "9")};
+            Angular<DXF_GRAPHIC_DIMENSION_3PointAngularDimension>("AcDb3PointAngularDimension", "4"),
+            Part<DXF_GRAPHIC_DIMENSION_RotatedDimension>("AcDbRotatedDimension", "5"),
+            Part<DXF_GRAPHIC_DIMENSION_OrdinateDimension>("AcDbOrdinateDimension", "6")
+                .Point("m_dExtLine1", 13)
+                .Point("m_dExtLine2", 14),
+            Chord<DXF_GRAPHIC_DIMENSION_RadialDimension>("AcDbRadialDimension", "7"),
+            Chord<DXF_GRAPHIC_DIMENSION_DiametricDimension>("AcDbDiametricDimension", "8"),
+            Angular<DXF_GRAPHIC_DIMENSION_2LineAngularDimension>("AcDb2LineAngularDimension", "9")};
 }
 
 const PlainKind* FindKind(const std::vector<PlainKind>& kinds, std::string_view name)
@@ -254,36 +288,62 @@ const PlainKind* FindKind(const std::vector<PlainKind>& kinds, std::string_view 
 
 } // namespace
 
-PlainKind& PlainKind::Add(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
-                          std::string_view initial, bool isText)
+void PlainKind::AddField(std::string_view name, bool isText)
 {
-    m_fields.push_back({std::string(name), firstCode, lastCode, conversion, std::string(initial), isText});
+    m_fields.push_back(
+        {std::string(name), kNoCode, kNoCode, PLAIN_CONVERSION::None, isText ? "" : "0", isText});
+}
+
+PlainKind& PlainKind::Rule(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
+                           std::string_view initial)
+{
+    const auto found = std::find_if(m_fields.begin(), m_fields.end(),
+                                    [&](const PLAIN_FIELD& field) { return field.name == name; });
+    if (found == m_fields.end())
+        std::abort(); // the record has no such field
+    *found = {found->name, firstCode, lastCode, conversion, std::string(initial), found->isText};
+    return *this;
+}
+
+PlainKind& PlainKind::Constant(std::string_view name, std::string_view value)
+{
+    return Rule(name, kNoCode, kNoCode, PLAIN_CONVERSION::None, value);
+}
+
+PlainKind& PlainKind::Group(std::string_view name, int code)
+{
+    return Rule(name, code, code, PLAIN_CONVERSION::Group, "");
+}
+
+PlainKind& PlainKind::PendingX(int code)
+{
+    m_fields.push_back({"", code, code, PLAIN_CONVERSION::PendingX, "", false});
     return *this;
 }
 
 PlainKind& PlainKind::Real(std::string_view name, int code, std::string_view initial)
 {
-    return Add(name, code, code, PLAIN_CONVERSION::Real, initial);
+    return Rule(name, code, code, PLAIN_CONVERSION::Real, initial);
 }
 
 PlainKind& PlainKind::Integer(std::string_view name, int code, std::string_view initial)
 {
-    return Add(name, code, code, PLAIN_CONVERSION::Integer, initial);
+    return Rule(name, code, code, PLAIN_CONVERSION::Integer, initial);
 }
 
 PlainKind& PlainKind::Integers(std::string_view name, int firstCode, int lastCode)
 {
-    return Add(name, firstCode, lastCode, PLAIN_CONVERSION::Integer, "0");
+    return Rule(name, firstCode, lastCode, PLAIN_CONVERSION::Integer, "0");
 }
 
 PlainKind& PlainKind::Text(std::string_view name, int code)
 {
-    return Add(name, code, code, PLAIN_CONVERSION::Text, "", true);
+    return Rule(name, code, code, PLAIN_CONVERSION::Text, "");
 }
 
 PlainKind& PlainKind::RawText(std::string_view name, int code)
 {
-    return Add(name, code, code, PLAIN_CONVERSION::RawText, "", true);
+    return Rule(name, code, code, PLAIN_CONVERSION::RawText, "");
 }
 
 PlainKind& PlainKind::Point(std::string_view name, int code)
@@ -295,12 +355,6 @@ PlainKind& PlainKind::Point(std::string_view name, int code)
 PlainKind& PlainKind::Extrusion()
 {
     return Real("m_dExtrusionX", 210).Real("m_dExtrusionY", 220).Real("m_dExtrusionZ", 230, "1");
-}
-
-PlainKind& PlainKind::Own()
-{
-    m_own = m_fields.size();
-    return *this;
 }
 
 int PlainKind::Find(int code, bool own) const
@@ -334,33 +388,30 @@ const PlainKind* PartKind(std::string_view marker)
 
 const PlainKind& TableKind()
 {
-    static const PlainKind kind = PlainKind()
+    static const PlainKind kind = KindOf<DXF_TABLES_HEADER>()
                                       .Text("m_strName", 2)
                                       .Text("m_strHandle", 5)
-                                      .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
+                                      .Group("m_strAppData", 102)
                                       .Text("m_strOwnerHandle", 330)
                                       .Text("m_strSubclass", 100)
-                                      .Integer("m_nMaxEntries", 70)
-                                      .Add("m_entries", kNoCode, kNoCode, PLAIN_CONVERSION::None, "0");
+                                      .Integer("m_nMaxEntries", 70);
     return kind;
 }
 
 const PlainKind& BlockKind()
 {
-    static const PlainKind kind =
-        PlainKind()
-            .Add("m_nObjectType", kNoCode, kNoCode, PLAIN_CONVERSION::None, "1")
-            .Text("m_strHandle", 5)
-            .Add("m_strAppData", 102, 102, PLAIN_CONVERSION::Group, "", true)
-            .Text("m_strOwnerHandle", 330)
-            .Add("m_strSubclass", kNoCode, kNoCode, PLAIN_CONVERSION::None, "", true)
-            .Text("m_strLayer", 8)
-            .Text("m_strName", 2)
-            .Integer("m_nFlags", 70)
-            .Point("m_dBase", 10)
-            .Text("m_strName3", 3)
-            .Text("m_strXrefPath", 1)
-            .Text("m_strDescription", 4);
+    static const PlainKind kind = KindOf<DXF_BLOCKS_BLOCK>()
+                                      .Constant("m_nObjectType", "1")
+                                      .Text("m_strHandle", 5)
+                                      .Group("m_strAppData", 102)
+                                      .Text("m_strOwnerHandle", 330)
+                                      .Text("m_strLayer", 8)
+                                      .Text("m_strName", 2)
+                                      .Integer("m_nFlags", 70)
+                                      .Point("m_dBase", 10)
+                                      .Text("m_strName3", 3)
+                                      .Text("m_strXrefPath", 1)
+                                      .Text("m_strDescription", 4);
     return kind;
 }
 

@@ -29,35 +29,40 @@ struct PLAIN_FIELD {
     bool isText;
 };
 
-// The fields of a kind of record in their order; those from own on come before the shared ones when a code is
-// looked for.
+// The fields of a kind of record in their order, and the rules by which a file fills them. A field without a
+// rule is never filled. The record's own fields come before those that it shares when a code is looked for.
 class PlainKind {
 public:
-    explicit PlainKind(std::string_view name = {}, std::string_view kind = {}) : m_name(name), m_kind(kind) {}
+    explicit PlainKind(std::string_view name = {}) : m_name(name) {}
 
-    // Each adds a field, or the three fields of a point with codes ten apart.
+    // Fields are added in the order of the record, as many shared ones first as AddShared was called for.
+    void AddField(std::string_view name, bool isText);
+    void AddShared() { ++m_own; }
+
+    // Each is the rule of a field, or of the three fields of a point with codes ten apart. A name that no
+    // field has ends the program.
     PlainKind& Real(std::string_view name, int code, std::string_view initial = "0");
     PlainKind& Integer(std::string_view name, int code, std::string_view initial = "0");
     PlainKind& Integers(std::string_view name, int firstCode, int lastCode);
     PlainKind& Text(std::string_view name, int code);
     PlainKind& RawText(std::string_view name, int code);
+    PlainKind& Group(std::string_view name, int code);
     PlainKind& Point(std::string_view name, int code);
     PlainKind& Extrusion();
-    PlainKind& Add(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
-                   std::string_view initial = "", bool isText = false);
-    // What follows is the record's own.
-    PlainKind& Own();
+    PlainKind& Rule(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
+                    std::string_view initial = "");
+    PlainKind& Constant(std::string_view name, std::string_view value);
+    // The code of the x that waits for the y of a vertex.
+    PlainKind& PendingX(int code);
 
     // The field of a code, -1 for none. own tells whether it may be a shared one.
     int Find(int code, bool own) const;
 
     const std::string& Name() const { return m_name; }
-    const std::string& Kind() const { return m_kind; }
     const std::vector<PLAIN_FIELD>& Fields() const { return m_fields; }
 
 private:
     std::string m_name; // the type or marker in a file
-    std::string m_kind; // the number of the kind
     std::vector<PLAIN_FIELD> m_fields;
     std::size_t m_own = 0;
 };

@@ -1,53 +1,8 @@
 #include "support/Dimensions.h"
 
+#include <map>
+
 namespace {
-
-#define FIELD(name)                                                                                          \
-    {                                                                                                        \
-#name, FieldText(record.name)                                                                        \
-    }
-#define POINT(name) FIELD(m_d##name##X), FIELD(m_d##name##Y), FIELD(m_d##name##Z)
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_Dimension& record)
-{
-    return {FIELD(m_strBlockName),  POINT(DefPoint),         POINT(TextMid),        FIELD(m_nDimType),
-            FIELD(m_nAttachment),   FIELD(m_dLineSpacing),   FIELD(m_dMeasurement), FIELD(m_strText),
-            FIELD(m_dTextRotation), FIELD(m_dHorizontalDir), POINT(Extrusion),      FIELD(m_strStyle)};
-}
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_AlignedDimension& record)
-{
-    return {POINT(ClonePoint), POINT(ExtLine1), POINT(ExtLine2), FIELD(m_dRotation), FIELD(m_dOblique)};
-}
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_ANGULAR& record)
-{
-    return {POINT(ExtLine1), POINT(ExtLine2), POINT(ArcPoint), POINT(DimArc)};
-}
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_OrdinateDimension& record)
-{
-    return {POINT(ExtLine1), POINT(ExtLine2)};
-}
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_CHORD& record)
-{
-    return {POINT(ChordPoint), FIELD(m_dLeaderLength)};
-}
-
-FieldTexts OwnFields(const DXF_GRAPHIC_DIMENSION_BASE&) // what has none
-{
-    return {};
-}
-
-template <class Record>
-void AddFields(FieldTexts& fields, const DXF_GRAPHIC_DIMENSION_BASE& part, const char* name)
-{
-    if (const auto* const record = dynamic_cast<const Record*>(&part)) {
-        fields.merge(OwnFields(*record));
-        fields["part"] += name;
-    }
-}
 
 FieldTexts Points(std::initializer_list<std::string_view> names)
 {
@@ -84,21 +39,6 @@ FieldTexts OwnDefaults(std::string_view type)
 }
 
 } // namespace
-
-FieldTexts FieldMapOf(const DXF_GRAPHIC_DIMENSION_BASE& part)
-{
-    FieldTexts fields{{"m_nPartKind", FieldText(part.m_nPartKind)}, {"part", ""}};
-    AddFields<DXF_GRAPHIC_DIMENSION_Entity>(fields, part, "Entity");
-    AddFields<DXF_GRAPHIC_DIMENSION_Dimension>(fields, part, "Dimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_AlignedDimension>(fields, part, "AlignedDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_3PointAngularDimension>(fields, part, "3PointAngularDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_RotatedDimension>(fields, part, "RotatedDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_OrdinateDimension>(fields, part, "OrdinateDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_RadialDimension>(fields, part, "RadialDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_DiametricDimension>(fields, part, "DiametricDimension");
-    AddFields<DXF_GRAPHIC_DIMENSION_2LineAngularDimension>(fields, part, "2LineAngularDimension");
-    return fields;
-}
 
 std::vector<FieldTexts> PartsOf(const DXF_GRAPHIC_DIMENSION& dimension)
 {

@@ -3,7 +3,7 @@
 
 #include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
-#include "support/Fields.h"
+#include "support/OneEntity.h"
 
 #include <initializer_list>
 #include <string>
@@ -20,9 +20,6 @@ inline constexpr std::string_view kPartMarkers[] = {"AcDbEntity",
                                                     "AcDbOrdinateDimension",
                                                     "AcDbRadialDimension",
                                                     "AcDbDiametricDimension"};
-
-// All fields of a part, and as "part" the type of its record, without DXF_GRAPHIC_DIMENSION_.
-FieldTexts FieldMapOf(const DXF_GRAPHIC_DIMENSION_BASE& part);
 
 // The fields of every part of a dimension, in their order.
 std::vector<FieldTexts> PartsOf(const DXF_GRAPHIC_DIMENSION& dimension);

@@ -1,7 +1,9 @@
 #include "support/ReadingText.h"
 
+#include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"
 #include "entities/DXF_BLOCKS_BLOCK.h"
-#include "support/Dimensions.h"
+#include "entities/DXF_GRAPHIC_DIMENSION.h"
+#include "reader/DXF_TABLES.h"
 #include "support/RecordText.h"
 
 namespace {

@@ -1,38 +1,39 @@
 #include "support/RecordText.h"
 
-#include "entities/DXF_GRAPHIC_DIMENSION.h"
-#include "entities/DXF_GRAPHIC_GEOMETRY.h"
-#include "entities/DXF_GRAPHIC_INSERT.h"
-#include "entities/DXF_GRAPHIC_TEXT.h"
-#include "reader/DXF_TABLES.h"
+#include "support/RecordFields.h"
 #include "support/RecordingHost.h"
 
 #include <charconv>
-#include <utility>
+#include <cstddef>
+#include <string_view>
 #include <vector>
 
 namespace {
 
-template <class Value>
-std::string TextOf(Value value)
+struct FIELD_TEXT {
+    std::string name;
+    std::string text;
+    bool isText;
+    bool isRecords;
+};
+
+using FIELDS = std::vector<FIELD_TEXT>;
+
+template <class Number>
+std::string TextOf(Number number)
 {
     char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof(digits), value).ptr};
-}
-
-std::string Quoted(std::wstring_view text)
-{
-    return '"' + ToTraceText(text) + '"';
+    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
 }
 
 std::string TextOf(DXF_STRING text)
 {
-    return Quoted(text);
+    return ToTraceText(text);
 }
 
 std::string TextOf(const DXF_HANDLE& handle)
 {
-    return Quoted(handle.Wide());
+    return ToTraceText(handle.Wide());
 }
 
 std::string TextOf(const DXF_LIST<DXF_POINT2D>& points)
@@ -57,155 +58,20 @@ std::string TextOf(const DXF_LIST<Record*>& records)
     return TextOf(records.size());
 }
 
-// The fields of one record as they are listed, each with its value.
-class Fields {
-public:
-    template <class Value>
-    Fields& Add(const char* name, const Value& value)
-    {
-        m_lines.push_back(name + ("=" + TextOf(value)));
-        return *this;
-    }
-
-    std::string Text() const
-    {
-        std::string text;
-        for (const std::string& line : m_lines)
-            text += line + '\n';
-        return text;
-    }
-
-    std::string Without(const Fields& others) const
-    {
-        std::string text;
-        for (std::size_t i = 0; i < m_lines.size(); ++i)
-            if (m_lines[i] != others.m_lines.at(i))
-                text += (text.empty() ? "" : " ") + m_lines[i];
-        return text;
-    }
-
-private:
-    std::vector<std::string> m_lines;
-};
-
-// FIELD(m_dRadius) lists a member of the record at hand under its name.
-#define FIELD(member) Add(#member, record.member)
-#define RARE(member) Add(#member, record.m_rare->member)
-
-Fields BaseFields(const DXF_GRAPHIC_BASE& record)
-{
-    return Fields()
-        .FIELD(m_strHandle)
-        .RARE(m_strAppData)
-        .FIELD(m_strOwnerHandle)
-        .FIELD(m_strSubclass)
-        .RARE(m_nPaperSpace)
-        .RARE(m_strLayout)
-        .FIELD(m_strLayer)
-        .FIELD(m_strLineType)
-        .RARE(m_strMaterial)
-        .FIELD(m_nColor)
-        .FIELD(m_nLineWeight)
-        .RARE(m_dLineTypeScale)
-        .FIELD(m_nVisibility)
-        .RARE(m_nProxyByteCount)
-        .RARE(m_strProxyData)
-        .FIELD(m_nTrueColor)
-        .RARE(m_strColorName)
-        .RARE(m_strTransparency)
-        .RARE(m_strPlotStyle)
-        .RARE(m_nShadowMode)
-        .FIELD(m_nEntityType);
-}
+template <class Value>
+inline constexpr bool kIsRecords = false;
+template <class Record>
+inline constexpr bool kIsRecords<DXF_LIST<Record*>> = true;
 
 template <class Record>
-Fields& AddExtrusion(Fields& fields, const Record& record)
+FIELDS FieldsOf(const Record& record)
 {
-    return fields.RARE(m_dExtrusionX).RARE(m_dExtrusionY).RARE(m_dExtrusionZ);
+    FIELDS fields;
+    VisitFields(record, [&]<class Value>(const char* name, const Value& value) {
+        fields.push_back({name, TextOf(value), kIsText<Value>, kIsRecords<Value>});
+    });
+    return fields;
 }
-
-template <class Record>
-Fields& AddCenter(Fields& fields, const Record& record)
-{
-    return fields.RARE(m_dThickness).FIELD(m_dCenterX).FIELD(m_dCenterY).FIELD(m_dCenterZ);
-}
-
-template <class Record>
-Fields& AddInsert(Fields& fields, const Record& record)
-{
-    return fields.FIELD(m_dInsertX).FIELD(m_dInsertY).FIELD(m_dInsertZ);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_LINE& record)
-{
-    fields.RARE(m_dThickness).FIELD(m_dStartX).FIELD(m_dStartY).FIELD(m_dStartZ);
-    fields.FIELD(m_dEndX).FIELD(m_dEndY).FIELD(m_dEndZ);
-    AddExtrusion(fields, record);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_ARC& record)
-{
-    AddCenter(fields, record).FIELD(m_dRadius).FIELD(m_dStartAngle).FIELD(m_dEndAngle);
-    AddExtrusion(fields, record);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_CIRCLE& record)
-{
-    AddCenter(fields, record).FIELD(m_dRadius);
-    AddExtrusion(fields, record);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_ELLIPSE& record)
-{
-    AddCenter(fields, record).FIELD(m_dMajorAxisX).FIELD(m_dMajorAxisY).FIELD(m_dMajorAxisZ);
-    AddExtrusion(fields, record).FIELD(m_dRatio).FIELD(m_dStartParam).FIELD(m_dEndParam);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_LWPOLYLINE& record)
-{
-    fields.FIELD(m_nVertexCount).FIELD(m_nFlags).FIELD(m_dConstantWidth).FIELD(m_dElevation);
-    fields.RARE(m_dThickness).FIELD(m_vertices).FIELD(m_nVertexId);
-    fields.FIELD(m_nStartWidth).FIELD(m_nEndWidth).FIELD(m_nBulge);
-    AddExtrusion(fields, record);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_TEXT& record)
-{
-    AddInsert(fields.RARE(m_dThickness), record).FIELD(m_dHeight).FIELD(m_strText).FIELD(m_dRotation);
-    fields.FIELD(m_dScaleX).FIELD(m_dOblique).FIELD(m_strStyle);
-    fields.FIELD(m_nGenerationFlags).FIELD(m_nHorzAlign);
-    fields.FIELD(m_dAlignX).FIELD(m_dAlignY).FIELD(m_dAlignZ);
-    AddExtrusion(fields, record).FIELD(m_nVertAlign);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_MTEXT& record)
-{
-    AddInsert(fields, record).FIELD(m_dHeight).FIELD(m_dRefWidth);
-    fields.FIELD(m_nAttachment).FIELD(m_nDrawingDirection);
-    fields.FIELD(m_strText).FIELD(m_strTextMore).FIELD(m_strStyle);
-    AddExtrusion(fields, record).FIELD(m_dDirX).FIELD(m_dDirY).FIELD(m_dDirZ);
-    fields.FIELD(m_dCharWidth).FIELD(m_dRectHeight).FIELD(m_dRotation);
-    fields.FIELD(m_nLineSpacingStyle).FIELD(m_dLineSpacing);
-    fields.FIELD(m_nBackgroundFill).FIELD(m_nBackgroundTrueColor).FIELD(m_nBackgroundColor);
-    fields.FIELD(m_dBackgroundTransparency).FIELD(m_nColumnType).FIELD(m_nColumnCount);
-    fields.FIELD(m_nColumnFlowReversed).FIELD(m_dColumnAutoHeight);
-    fields.FIELD(m_dColumnWidth).FIELD(m_dColumnGutter);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_INSERT& record)
-{
-    AddInsert(fields.FIELD(m_nAttributesFollow).FIELD(m_strBlockName), record);
-    fields.FIELD(m_dScaleX).FIELD(m_dScaleY).FIELD(m_dScaleZ).FIELD(m_dRotation);
-    fields.FIELD(m_nColumnCount).FIELD(m_nRowCount).FIELD(m_nColumnSpacing).FIELD(m_nRowSpacing);
-    AddExtrusion(fields, record);
-}
-
-void AddOwn(Fields& fields, const DXF_GRAPHIC_DIMENSION& record)
-{
-    fields.FIELD(m_parts);
-}
-
-void AddOwn(Fields&, const DXF_GRAPHIC_BASE&) {}
 
 // Calls with(record) with the record as what its kind says it is.
 template <class Function>
@@ -235,88 +101,6 @@ auto AsItsKind(const DXF_GRAPHIC_BASE& record, const Function& with)
     }
 }
 
-template <class Record>
-Fields AllFields(const Record& record)
-{
-    Fields fields = BaseFields(record);
-    AddOwn(fields, record);
-    return fields;
-}
-
-Fields EntryFields(const DXF_TABLES_COMMON& record)
-{
-    return Fields()
-        .FIELD(m_nTableKind)
-        .FIELD(m_strHandle)
-        .FIELD(m_strDimStyleHandle)
-        .FIELD(m_strAppData)
-        .FIELD(m_strOwnerHandle)
-        .FIELD(m_strSpare)
-        .FIELD(m_strFirstSubclass);
-}
-
-Fields AllFields(const DXF_TABLES_LAYER& record)
-{
-    return EntryFields(record)
-        .FIELD(m_strSubclass)
-        .FIELD(m_strName)
-        .FIELD(m_nFlags)
-        .FIELD(m_nColor)
-        .FIELD(m_strLineType)
-        .FIELD(m_nPlotting)
-        .FIELD(m_nLineWeight)
-        .FIELD(m_strPlotStyle)
-        .FIELD(m_strMaterial);
-}
-
-Fields AllFields(const DXF_TABLES_LTYPE& record)
-{
-    return EntryFields(record)
-        .FIELD(m_strSubclass)
-        .FIELD(m_strName)
-        .FIELD(m_nFlags)
-        .FIELD(m_strDescription)
-        .FIELD(m_nAlignment)
-        .FIELD(m_nDashCount)
-        .FIELD(m_dPatternLength)
-        .FIELD(m_dashes);
-}
-
-Fields AllFields(const DXF_TABLES_BLOCK_RECORD& record)
-{
-    return EntryFields(record)
-        .FIELD(m_strSubclass)
-        .FIELD(m_strName)
-        .FIELD(m_strLayout)
-        .FIELD(m_strInsertUnits)
-        .FIELD(m_strExplodability)
-        .FIELD(m_strScalability)
-        .FIELD(m_strLineWeight)
-        .FIELD(m_strXDataApplication)
-        .FIELD(m_strXDataString)
-        .FIELD(m_strXData);
-}
-
-Fields AllFields(const DXF_TABLES_COMMON& record)
-{
-    return EntryFields(record);
-}
-
-Fields AllFields(const DXF_TABLES_HEADER& record)
-{
-    return Fields()
-        .FIELD(m_strName)
-        .FIELD(m_strHandle)
-        .FIELD(m_strAppData)
-        .FIELD(m_strOwnerHandle)
-        .FIELD(m_strSubclass)
-        .FIELD(m_nMaxEntries)
-        .FIELD(m_entries);
-}
-
-#undef FIELD
-#undef RARE
-
 template <class Function>
 auto AsItsKind(const DXF_TABLES_COMMON& entry, const Function& with)
 {
@@ -332,40 +116,125 @@ auto AsItsKind(const DXF_TABLES_COMMON& entry, const Function& with)
     }
 }
 
+template <class Function>
+auto AsItsKind(const DXF_TABLES_HEADER& table, const Function& with)
+{
+    return with(table);
+}
+
+std::string LineOf(const FIELD_TEXT& field)
+{
+    const char* const quote = field.isText ? "\"" : "";
+    return field.name + "=" + quote + field.text + quote;
+}
+
+template <class Record>
+std::string Text(const Record& record)
+{
+    std::string text;
+    for (const FIELD_TEXT& field : AsItsKind(record, [](const auto& its) { return FieldsOf(its); }))
+        text += LineOf(field) + '\n';
+    return text;
+}
+
+template <class Record>
+std::string ChangedFrom(const Record& record, const Record& made)
+{
+    const FIELDS fields = FieldsOf(record);
+    const FIELDS others = FieldsOf(made);
+    std::string text;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].text != others[i].text)
+            text += (text.empty() ? "" : " ") + LineOf(fields[i]);
+    return text;
+}
+
 template <class Record>
 std::string Changed(const Record& record)
 {
-    return AllFields(record).Without(AllFields(Record()));
+    return AsItsKind(record, []<class Kind>(const Kind& its) { return ChangedFrom(its, Kind()); });
+}
+
+FieldTexts MapOf(const FIELDS& fields)
+{
+    FieldTexts map;
+    for (const FIELD_TEXT& field : fields)
+        if (!field.isRecords)
+            map.emplace(field.name, field.text);
+    return map;
+}
+
+// Adds the part's fields, and the name of the record that it is, if it is one of these.
+template <class Record>
+void AddPart(FieldTexts& map, const DXF_GRAPHIC_DIMENSION_BASE& part, std::string_view name)
+{
+    if (const auto* const record = dynamic_cast<const Record*>(&part)) {
+        map.merge(MapOf(FieldsOf(*record)));
+        map["part"] += name;
+    }
 }
 
 } // namespace
 
 std::string RecordText(const DXF_GRAPHIC_BASE& record)
 {
-    return AsItsKind(record, [](const auto& its) { return AllFields(its).Text(); });
+    return Text(record);
 }
 
 std::string RecordText(const DXF_TABLES_COMMON& entry)
 {
-    return AsItsKind(entry, [](const auto& its) { return AllFields(its).Text(); });
+    return Text(entry);
 }
 
 std::string RecordText(const DXF_TABLES_HEADER& table)
 {
-    return AllFields(table).Text();
+    return Text(table);
 }
 
 std::string ChangedFields(const DXF_GRAPHIC_BASE& record)
 {
-    return AsItsKind(record, [](const auto& its) { return Changed(its); });
+    return Changed(record);
 }
 
 std::string ChangedFields(const DXF_TABLES_COMMON& entry)
 {
-    return AsItsKind(entry, [](const auto& its) { return Changed(its); });
+    return Changed(entry);
 }
 
 std::string ChangedFields(const DXF_TABLES_HEADER& table)
 {
     return Changed(table);
+}
+
+FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record)
+{
+    return AsItsKind(record, [](const auto& its) { return MapOf(FieldsOf(its)); });
+}
+
+FieldTexts FieldMapOf(const DXF_BLOCKS_BLOCK& block)
+{
+    return MapOf(FieldsOf(block));
+}
+
+FieldTexts FieldMapOf(const DXF_GRAPHIC_DIMENSION_BASE& part)
+{
+    FieldTexts map = MapOf(FieldsOf(part));
+    map["part"] = "";
+    AddPart<DXF_GRAPHIC_DIMENSION_Entity>(map, part, "Entity");
+    AddPart<DXF_GRAPHIC_DIMENSION_Dimension>(map, part, "Dimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_AlignedDimension>(map, part, "AlignedDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_3PointAngularDimension>(map, part, "3PointAngularDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_RotatedDimension>(map, part, "RotatedDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_OrdinateDimension>(map, part, "OrdinateDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_RadialDimension>(map, part, "RadialDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_DiametricDimension>(map, part, "DiametricDimension");
+    AddPart<DXF_GRAPHIC_DIMENSION_2LineAngularDimension>(map, part, "2LineAngularDimension");
+    return map;
+}
+
+FieldTexts With(FieldTexts defaults, std::initializer_list<FieldTexts::value_type> changed)
+{
+    for (const auto& [name, text] : changed)
+        defaults[name] = text;
+    return defaults;
 }

@@ -1,6 +1,6 @@
 // The BLOCKS section: block headers and the entities of blocks.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
-#include "support/Fields.h"
+#include "support/OneEntity.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // TEXT, from the lines of a drawing into its record.
-#include "support/Fields.h"
+#include "support/OneEntity.h"
 
 #include <gtest/gtest.h>
 

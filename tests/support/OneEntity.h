@@ -1,4 +1,4 @@
-// Records as texts: what a whole record holds, to compare it with all that it should hold.
+// Drawings of one entity, and what its record holds after them.
 #pragma once
 
 #include "entities/DXF_BLOCKS_BLOCK.h"
@@ -6,33 +6,15 @@
 #include "entities/DXF_GRAPHIC_INSERT.h"
 #include "entities/DXF_GRAPHIC_TEXT.h"
 #include "support/Import.h"
+#include "support/RecordText.h"
 
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <string_view>
-
-// The fields by name. Reals are written with the fewest digits that give them back, texts as traces write
-// them.
-using FieldTexts = std::map<std::string, std::string>;
-
-std::string FieldText(double value);
-std::string FieldText(std::int32_t value);
-std::string FieldText(DXF_STRING value);
-std::string FieldText(const DXF_HANDLE& value);
-
-// All fields of a record, those that entities share included; a block's without its entities.
-FieldTexts FieldMapOf(const DXF_GRAPHIC_BASE& record);
-FieldTexts FieldMapOf(const DXF_GRAPHIC_TEXT& record);
-FieldTexts FieldMapOf(const DXF_GRAPHIC_MTEXT& record);
-FieldTexts FieldMapOf(const DXF_GRAPHIC_INSERT& record);
-FieldTexts FieldMapOf(const DXF_BLOCKS_BLOCK& block);
+#include <vector>
 
 // What the shared fields of an entity of a kind hold when its file gives none of them.
 FieldTexts SharedDefaults(int kind);
-
-// defaults with some fields changed or added.
-FieldTexts With(FieldTexts defaults, std::initializer_list<FieldTexts::value_type> changed);
 
 // A group of a record, and what it does: the field that it changes and what that holds afterwards.
 struct FieldRow {
