@@ -121,7 +121,7 @@ TEST(BadInput, OverlongLineIsCutAndReported)
 TEST(BadInput, OverlongTextIsItsFirst1023Characters)
 {
     const std::string longest(1023, 'x');
-    const std::string trace = TraceOf(EntitiesSection({"0", "TEXT", "1", longest + "yyy", "40", "1"}));
+    const std::string trace = TraceOf(EntitiesSection({{0, "TEXT"}, {1, longest + "yyy"}, {40, 1}}));
     EXPECT_EQ(trace.substr(0, trace.find("qlmSetAttribute")),
               Message(10, "CDxfRead Line longer than 1023 characters cut, Line:8") +
                   "qlmCreateText(ctx, \"\", 0, 1, 0, 0, \"" + longest + "\", 0, 0) = n1\n");
@@ -147,9 +147,9 @@ TEST(BadInput, Byte1AEndsTheFile)
 // 4294967306 is 2 to the 32nd and 10, -4294967276 the same below 0 and 20.
 TEST(BadInput, GroupCodesBeyond32BitsWrap)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LINE", "4294967306", "5", "-4294967276", "6"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "LINE"}, {"4294967306", 5}, {"-4294967276", 6}})),
               "qlmCreateLine(ctx, \"\", 5, -6, 0, -0, 0, 0) = n1\n" + Style("n1"));
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "LINE", "99999999999999999999", "x", "2147483648", "y"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "LINE"}, {"99999999999999999999", "x"}, {"2147483648", "y"}})),
               "qlmSetLastError(1, \"DXF\", 7, \"ReadENTITIES_COMMON Unknown Dimension type  ('1661992959' = "
               "'x') Line:8\", false, 0)\n"
               "qlmSetLastError(1, \"DXF\", 7, \"ReadENTITIES_COMMON Unknown Dimension type  ('-2147483648' = "
@@ -164,15 +164,15 @@ TEST(BadInput, HugeNumbersAreDrawnInAnyPlace)
         std::string pairs;
         for (const char* code : {"10", "20", "30", "11", "21", "31", "40", "41", "42", "50",
                                  "51", "13", "23", "14", "24", "15", "25", "16", "26", "230"})
-            pairs += Lines({code, number});
-        std::string drawing = Lines({"0", "SECTION", "2", "ENTITIES"});
+            pairs += Dxf({{code, number}});
+        std::string drawing = Dxf({{0, "SECTION"}, {2, "ENTITIES"}});
         for (const char* name : {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"})
-            drawing += Lines({"0", name}) + pairs;
+            drawing += Dxf({{0, name}}) + pairs;
         for (const char* part : {"AlignedDimension", "RotatedDimension", "RadialDimension",
                                  "DiametricDimension", "2LineAngularDimension", "OrdinateDimension"})
-            drawing += Lines({"0", "DIMENSION", "100", "AcDbDimension"}) + pairs +
-                       Lines({"100", "AcDbAlignedDimension"}) + pairs +
-                       Lines({"100", std::string("AcDb") + part}) + pairs;
+            drawing += Dxf({{0, "DIMENSION"}, {100, "AcDbDimension"}}) + pairs +
+                       Dxf({{100, "AcDbAlignedDimension"}}) + pairs +
+                       Dxf({{100, std::string("AcDb") + part}}) + pairs;
         const std::string trace =
             Without("qlmSetLastError(1, \"DXF\", 7, ", TraceOf(drawing + "0\nENDSEC\n"));
         EXPECT_EQ(trace.find("qlmSetLastError"), std::string::npos) << number;
@@ -186,10 +186,21 @@ TEST(BadInput, HugeNumbersAreDrawnInAnyPlace)
 TEST(BadInput, HugeAnglesEndAtOnce)
 {
     for (const char* angle : {"1e300", "-1e300", "2e300", "1e17", "-1e17", "1e400", "-1e400"}) {
-        const std::string trace =
-            TraceOf(EntitiesSection({"0",  "ARC", "40", "1",    "50", angle, "51", angle,   "0",  "ELLIPSE",
-                                     "11", "1",   "40", "0.5",  "41", angle, "42", "1",     "0",  "INSERT",
-                                     "50", angle, "0",  "TEXT", "50", angle, "0",  "MTEXT", "50", angle}));
+        const std::string trace = TraceOf(EntitiesSection({{0, "ARC"},
+                                                           {40, 1},
+                                                           {50, angle},
+                                                           {51, angle},
+                                                           {0, "ELLIPSE"},
+                                                           {11, 1},
+                                                           {40, 0.5},
+                                                           {41, angle},
+                                                           {42, 1},
+                                                           {0, "INSERT"},
+                                                           {50, angle},
+                                                           {0, "TEXT"},
+                                                           {50, angle},
+                                                           {0, "MTEXT"},
+                                                           {50, angle}}));
         EXPECT_EQ(trace.find("qlmCreatePath(ctx, \"\", \"M "), 0u) << angle;
         EXPECT_NE(trace.find("qlmCreateUse("), std::string::npos) << angle;
     }

@@ -34,11 +34,11 @@ private:
 // Several kinds of entities with a number in their coordinates and sizes.
 std::string DrawingWith(std::string_view number)
 {
-    return EntitiesSection({"0",      "LINE",    "10",   number, "11",         "7",    "21",   number, "0",
-                            "CIRCLE", "10",      number, "40",   "2.25",       "0",    "ARC",  "40",   "1",
-                            "50",     number,    "51",   "45",   "0",          "TEXT", "40",   number, "50",
-                            number,   "1",       "x",    "0",    "LWPOLYLINE", "10",   number, "20",   "3",
-                            "0",      "ELLIPSE", "11",   "1",    "40",         number, "42",   "1"});
+    return EntitiesSection({{0, "LINE"},       {10, number}, {11, 7},      {21, number},   {0, "CIRCLE"},
+                            {10, number},      {40, 2.25},   {0, "ARC"},   {40, 1},        {50, number},
+                            {51, 45},          {0, "TEXT"},  {40, number}, {50, number},   {1, "x"},
+                            {0, "LWPOLYLINE"}, {10, number}, {20, 3},      {0, "ELLIPSE"}, {11, 1},
+                            {40, number},      {42, 1}});
 }
 
 std::vector<std::string> LinesOf(const std::string& trace)

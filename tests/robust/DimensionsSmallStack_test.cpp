@@ -49,7 +49,7 @@ TEST(DimensionsOnASmallStack, MillionPartsOfAllKindsAndAFaultBehindThem)
 
 TEST(DimensionsOnASmallStack, FiveHundredNestedTexts)
 {
-    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {"1", Repeated("A{", 500) + "}"}) +
+    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {{1, Repeated("A{", 500) + "}"}}) +
                                 Part("AcDbRadialDimension")),
               8u + 501 * 5);
 }
@@ -57,6 +57,6 @@ TEST(DimensionsOnASmallStack, FiveHundredNestedTexts)
 TEST(DimensionsOnASmallStack, LongestMessageAndLongestText)
 {
     const std::string longest(1023, '<');
-    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {"1", longest}) + Part("AcDbRadialDimension")), 13u);
-    EXPECT_GE(CallsOnSmallStack(Lines({"7", longest}) + Part(longest)), 2u);
+    EXPECT_EQ(CallsOnSmallStack(Part("AcDbDimension", {{1, longest}}) + Part("AcDbRadialDimension")), 13u);
+    EXPECT_GE(CallsOnSmallStack(Dxf({{7, longest}}) + Part(longest)), 2u);
 }

@@ -20,7 +20,7 @@ std::string Drawn(const std::string& parts, std::int32_t yAxisMode = 1)
 
 std::string D(Text x, Text y)
 {
-    return Part("AcDbDimension", {"10", x, "20", y});
+    return Part("AcDbDimension", {{10, x}, {20, y}});
 }
 
 std::string Repeated(Text text, std::size_t count)
@@ -56,7 +56,7 @@ std::string TextTrace(Text text)
 
 TEST(DegenerateDimensions, OfCoincidentPointsAreDrawnAsPoints)
 {
-    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbAlignedDimension", {"13", "3", "23", "4", "14", "3", "24", "4"})),
+    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbAlignedDimension", {{13, 3}, {23, 4}, {14, 3}, {24, 4}})),
               DimensionTrace()
                   .Begin()
                   .Line("3, 4, 3, 4")
@@ -64,22 +64,21 @@ TEST(DegenerateDimensions, OfCoincidentPointsAreDrawnAsPoints)
                   .ArrowsLine("3, 4, 3, 4")
                   .Text("0", "0, 2", "0")
                   .End());
-    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbRadialDimension", {"15", "3", "25", "4"})),
+    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbRadialDimension", {{15, 3}, {25, 4}})),
               DimensionTrace().Begin().EndArrowLine("3, 4, 3, 4").Text("0", "0, 2", "0").End());
-    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbDiametricDimension", {"15", "3", "25", "4"})),
+    EXPECT_EQ(Drawn(D("3", "4") + Part("AcDbDiametricDimension", {{15, 3}, {25, 4}})),
               DimensionTrace().Begin().ArrowsLine("3, 4, 3, 4").Text("0", "0, 2", "0").End());
     for (const char* angle : {"0", "90", "45"})
-        EXPECT_EQ(
-            Drawn(D("3", "4") +
-                  Part("AcDbAlignedDimension", {"13", "3", "23", "4", "14", "3", "24", "4", "50", angle}) +
-                  Part("AcDbRotatedDimension")),
-            DimensionTrace()
-                .Begin()
-                .Line("3, 4, 3, 4")
-                .Line("3, 4, 3, 4")
-                .ArrowsLine("3, 4, 3, 4")
-                .Text("0", "0, 2", "0")
-                .End())
+        EXPECT_EQ(Drawn(D("3", "4") +
+                        Part("AcDbAlignedDimension", {{13, 3}, {23, 4}, {14, 3}, {24, 4}, {50, angle}}) +
+                        Part("AcDbRotatedDimension")),
+                  DimensionTrace()
+                      .Begin()
+                      .Line("3, 4, 3, 4")
+                      .Line("3, 4, 3, 4")
+                      .ArrowsLine("3, 4, 3, 4")
+                      .Text("0", "0, 2", "0")
+                      .End())
             << angle;
 }
 
@@ -114,11 +113,11 @@ TEST(DegenerateDimensions, SlopeOfInfinitePointsIsNotANumber)
 // number stays so beside what is infinite.
 TEST(DegenerateDimensions, DistancesOverflowAsSumsOfSquaresDo)
 {
-    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbRadialDimension", {"15", "1e200"})),
+    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbRadialDimension", {{15, "1e200"}})),
               DimensionTrace().Begin().EndArrowLine("0, 0, inf, 0").Text("inf", "0, 2", "180").End());
-    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbRadialDimension", {"15", "1e-200"})),
+    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbRadialDimension", {{15, "1e-200"}})),
               DimensionTrace().Begin().EndArrowLine("0, 0, 0, 0").Text("0", "0, 2", "180").End());
-    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbDiametricDimension", {"15", "1e400"})),
+    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbDiametricDimension", {{15, "1e400"}})),
               DimensionTrace().Begin().ArrowsLine("0, 0, inf, 0").Text("inf", "0, 2", "180").End());
     EXPECT_EQ(Drawn(D("1e400", "1e400") + Part("AcDbAlignedDimension") + Part("AcDbRotatedDimension")),
               DimensionTrace()
@@ -132,7 +131,7 @@ TEST(DegenerateDimensions, DistancesOverflowAsSumsOfSquaresDo)
 
 TEST(DegenerateDimensions, AngleOfInfinitePointsHasNoSector)
 {
-    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDb2LineAngularDimension", {"13", "1e400", "25", "5"})),
+    EXPECT_EQ(Drawn(D("0", "0") + Part("AcDb2LineAngularDimension", {{13, "1e400"}, {25, 5}})),
               DimensionTrace()
                   .Begin()
                   .Path("M 0.000000,0.000000 A nan,nan, 0 0,0 0.000000,0.000000")
@@ -154,7 +153,7 @@ TEST(DegenerateDimensions, ArcsFarAwayAreWrittenToTheLastDigit)
     const std::string path =
         "\"M " + std::string(far) + ",0.000000 A 0.000000,0.000000, 0 0,0 " + far + ",0.000000\"";
     EXPECT_NE(Drawn(D("1e300", "-1") +
-                    Part("AcDb2LineAngularDimension", {"14", "1", "15", "1e300", "25", "1", "16", "1e300"}))
+                    Part("AcDb2LineAngularDimension", {{14, 1}, {15, "1e300"}, {25, 1}, {16, "1e300"}}))
                   .find(path),
               std::string::npos);
 }
@@ -179,10 +178,10 @@ TEST(DegenerateDimensions, OfAnyPointsMakeTheirCalls)
     const auto any = [&] { return kValues[random() % std::size(kValues)]; };
     for (int i = 0; i < 2000; ++i) {
         for (const KIND& kind : kinds) {
-            std::string parts = Part("AcDbDimension", {"10", any(), "20", any(), "11", any(), "21", any()});
+            std::string parts = Part("AcDbDimension", {{10, any()}, {20, any()}, {11, any()}, {21, any()}});
             parts += Part(kind.marker);
             for (const Text code : kind.codes)
-                parts += Lines({code, any()});
+                parts += Dxf({{code, any()}});
             EXPECT_EQ(CallsOf(DimensionDrawing(parts)), kind.calls) << parts;
             const bool isAligned = &kind == &kinds[0];
             const std::string rotated = isAligned ? parts + Part("AcDbRotatedDimension") : parts;
@@ -236,14 +235,14 @@ TEST(ManyDimensionParts, HundredThousandDrawnOnesAreGroupsOfTheirOwn)
 TEST(LongDimensionTexts, OverrideFullOfMarksShowsTheValueForEach)
 {
     const std::string trace =
-        Drawn(Part("AcDbDimension", {"1", Repeated("<>", 511)}) + Part("AcDbRadialDimension", {"15", "2.5"}));
+        Drawn(Part("AcDbDimension", {{1, Repeated("<>", 511)}}) + Part("AcDbRadialDimension", {{15, 2.5}}));
     EXPECT_NE(trace.find(TextTrace(Repeated("2.5", 511))), std::string::npos);
 }
 
 TEST(LongDimensionTexts, FiveHundredNestedBracesAreATextEach)
 {
-    const std::string trace = Drawn(Part("AcDbDimension", {"1", Repeated("A{", 500) + "}"}) +
-                                    Part("AcDbRadialDimension", {"15", "-1"}));
+    const std::string trace = Drawn(Part("AcDbDimension", {{1, Repeated("A{", 500) + "}"}}) +
+                                    Part("AcDbRadialDimension", {{15, -1}}));
     EXPECT_EQ(CountOf(", \"A\", ", trace), 500u);
     EXPECT_EQ(CountOf(", \"}\", ", trace), 1u);
     EXPECT_EQ(CountOf("qlmCreateText", trace), 501u);
@@ -252,7 +251,7 @@ TEST(LongDimensionTexts, FiveHundredNestedBracesAreATextEach)
 TEST(LongDimensionTexts, OfNothingButOneCharacterAreDrawnOrNot)
 {
     const auto shown = [](const std::string& text) {
-        return Drawn(Part("AcDbDimension", {"1", text}) + Part("AcDbRadialDimension", {"15", "-1"}));
+        return Drawn(Part("AcDbDimension", {{1, text}}) + Part("AcDbRadialDimension", {{15, -1}}));
     };
     for (const Text text : {"{", "}", "<", ">", "/", "^"}) {
         const std::string trace = shown(Repeated(text, 1023));
@@ -277,14 +276,13 @@ TEST(LongDimensionTexts, LongestUnknownMarkerStandsWholeInItsMessage)
 TEST(CutDimensions, EveryPrefixOfADrawingIsReadAndDrawn)
 {
     const std::string drawing = DimensionDrawing(
-        Lines({"5", "2A", "8", "0"}) + Part("AcDbEntity", {"8", "0"}) +
-        Part("AcDbDimension", {"10", "1", "20", "2", "11", "3", "70", "32", "1", "<>\\S1^2;"}) +
-        Part("AcDbAlignedDimension", {"13", "4", "50", "90"}) +
+        Dxf({{5, "2A"}, {8, "0"}}) + Part("AcDbEntity", {{8, "0"}}) +
+        Part("AcDbDimension", {{10, 1}, {20, 2}, {11, 3}, {70, 32}, {1, "<>\\S1^2;"}}) +
+        Part("AcDbAlignedDimension", {{13, 4}, {50, 90}}) +
         Part("AcDbRotatedDimension",
-             {"1001", "ACAD", "1000", "DSTYLE", "1002", "{", "1070", "3", "1002", "}"}) +
-        Lines({"0", "DIMENSION"}) + Part("AcDbEntity") + Part("AcDbDimension") +
-        Part("AcDb2LineAngularDimension",
-             {"13", "1", "26", "2", "1000", "DSTYLE", "1002", "{", "1002", "}"}));
+             {{1001, "ACAD"}, {1000, "DSTYLE"}, {1002, "{"}, {1070, 3}, {1002, "}"}}) +
+        Dxf({{0, "DIMENSION"}}) + Part("AcDbEntity") + Part("AcDbDimension") +
+        Part("AcDb2LineAngularDimension", {{13, 1}, {26, 2}, {1000, "DSTYLE"}, {1002, "{"}, {1002, "}"}}));
     for (std::size_t size = 0; size <= drawing.size(); ++size) {
         const std::string trace = TraceOf(drawing.substr(0, size));
         EXPECT_LE(CountOf("qlmCreateG(", trace), 2u) << size;

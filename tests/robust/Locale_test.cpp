@@ -88,7 +88,7 @@ TEST(Locale, OfTheRuntimeLibraryThatIsTurkishChangesNothing)
 
 TEST(Locale, OfTheRuntimeLibraryChangesNothingOfFilesWhoseNamesHaveUmlauts)
 {
-    const std::string drawing = EntitiesSection({"0", "LINE", "10", "2.25", "11", "10.125", "6", "BYLAYER"});
+    const std::string drawing = EntitiesSection({{0, "LINE"}, {10, 2.25}, {11, 10.125}, {6, "BYLAYER"}});
     const std::string expected = TraceOf(drawing);
     EXPECT_EQ(TraceOfFile(drawing), expected);
     EXPECT_NE(expected.find("10.125"), std::string::npos) << expected;

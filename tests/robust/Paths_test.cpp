@@ -12,7 +12,7 @@ namespace {
 
 std::string Drawing()
 {
-    return EntitiesSection({"0", "LINE", "11", "10"});
+    return EntitiesSection({{0, "LINE"}, {11, 10}});
 }
 
 // Folders and files made for a test, removed in the end.

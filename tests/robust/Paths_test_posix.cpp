@@ -30,7 +30,7 @@ std::string TraceOfPath(const std::filesystem::path& path)
 
 std::string Drawing()
 {
-    return EntitiesSection({"0", "LINE", "11", "10"});
+    return EntitiesSection({{0, "LINE"}, {11, 10}});
 }
 
 // A name that nobody has, freed in the end.

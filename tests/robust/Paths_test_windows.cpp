@@ -25,7 +25,7 @@ std::string TraceOfPath(const std::wstring& path)
 
 std::string Drawing()
 {
-    return EntitiesSection({"0", "LINE", "11", "10"});
+    return EntitiesSection({{0, "LINE"}, {11, 10}});
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include <vector>
 
 // Keeps one text for each callback, errors among them, in the order in which they came: the callback's name
-// and, behind a blank, what tells the record: a block's name, an entity's layer.
+// and, after a blank, what identifies the record: a block's name, an entity's layer.
 class CallbackReader : public ReportingReader {
 public:
     void OnDimension(const DXF_GRAPHIC_DIMENSION& dimension) override;

@@ -58,12 +58,12 @@ FieldTexts PartDefaults(std::string_view marker)
     return With(OwnDefaults(type), {{"part", std::string(type)}, {"m_nPartKind", kKinds.at(type)}});
 }
 
-std::string Part(std::string_view marker, std::initializer_list<std::string_view> groups)
+std::string Part(std::string_view marker, std::initializer_list<GROUP> groups)
 {
-    return Lines({"100", marker}) + Lines(groups);
+    return Dxf({{100, marker}}) + Dxf(groups);
 }
 
 std::string DimensionDrawing(const std::string& parts)
 {
-    return Section("ENTITIES", Lines({"0", "DIMENSION"}) + parts) + Lines({"0", "EOF"});
+    return Section("ENTITIES", Dxf({{0, "DIMENSION"}}) + parts) + Dxf({{0, "EOF"}});
 }

@@ -28,12 +28,12 @@ std::vector<FieldTexts> PartsOf(const DXF_GRAPHIC_DIMENSION& dimension);
 FieldTexts PartDefaults(std::string_view marker);
 
 // The lines of a part: its marker and its groups.
-std::string Part(std::string_view marker, std::initializer_list<std::string_view> groups = {});
+std::string Part(std::string_view marker, std::initializer_list<GROUP> groups = {});
 
 // A drawing that holds one dimension of these parts.
 std::string DimensionDrawing(const std::string& parts);
 
-// Reads a drawing of one dimension; its first group stands in the lines 7 and 8.
+// Reads a drawing of one dimension; its first group is in lines 7 and 8.
 class OneDimension : public ReportingReader {
 public:
     explicit OneDimension(const std::string& groups) { ReadText(DimensionDrawing(groups)); }

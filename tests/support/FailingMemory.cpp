@@ -42,7 +42,7 @@ void Free(void* block)
     releaseBlock(header);
 }
 
-// No function for aligned memory is there on every platform: the block that was got stands before the one
+// No function for aligned memory is there on every platform: the block it got comes before the one
 // that is given.
 void* AllocateAligned(std::size_t size, std::size_t alignment)
 {

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 // While one of these lives, it counts the allocations of its thread, and one of them fails: the nth, or the
-// nth and all behind it. Every operator new of the test program is ours for that; other threads, and what is
+// nth and all after it. Every operator new of the test program is ours for that; other threads, and what is
 // done within a Pause, are not touched.
 class FailingMemory {
 public:

@@ -15,26 +15,6 @@ void ReportingReader::ReadText(std::string_view dxf)
     ReadDxfSource(memory);
 }
 
-std::string Lines(std::initializer_list<std::string_view> lines)
-{
-    std::string text;
-    for (const std::string_view line : lines)
-        text.append(line).append("\n");
-    return text;
-}
-
-std::string EntitiesSection(std::initializer_list<std::string_view> lines)
-{
-    return "0\nSECTION\n2\nENTITIES\n" + Lines(lines) + "0\nENDSEC\n0\nEOF\n";
-}
-
-std::string Section(std::string_view name, std::string_view body)
-{
-    std::string text = "0\nSECTION\n2\n";
-    text.append(name).append("\n").append(body).append("0\nENDSEC\n");
-    return text;
-}
-
 std::string TraceOf(std::string_view dxf)
 {
     return TraceOf(dxf, [](CDxfReadToQuillmar&) {});

@@ -1,11 +1,11 @@
-// Short ways to read and draw a drawing that stands in a test.
+// Short ways to read and draw a drawing of a test.
 #pragma once
 
 #include "convert/CDxfReadToQuillmar.h"
+#include "support/Dxf.h"
 #include "support/RecordingHost.h"
 
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,15 +20,6 @@ public:
 
     std::vector<std::string> errors;
 };
-
-// Lines, each ended by a line feed.
-std::string Lines(std::initializer_list<std::string_view> lines);
-
-// The lines of an ENTITIES section that holds these lines, from SECTION to EOF.
-std::string EntitiesSection(std::initializer_list<std::string_view> lines);
-
-// The lines of a section, from SECTION to ENDSEC; body is lines too.
-std::string Section(std::string_view name, std::string_view body);
 
 // Draws a drawing in the thread's recording host (reset before) and returns the trace.
 std::string TraceOf(std::string_view dxf);

@@ -6,22 +6,22 @@ namespace {
 
 std::string InsertOf(std::string_view name)
 {
-    return Lines({"0", "INSERT", "2", name});
+    return Dxf({{0, "INSERT"}, {2, name}});
 }
 
 std::string Drawing(const std::string& blocks, const std::string& entities)
 {
-    return Section("BLOCKS", blocks) + Section("ENTITIES", entities) + Lines({"0", "EOF"});
+    return Section("BLOCKS", blocks) + Section("ENTITIES", entities) + Dxf({{0, "EOF"}});
 }
 
 } // namespace
 
 std::string BlockOf(std::string_view name, std::string_view inserted, int inserts)
 {
-    std::string block = Lines({"0", "BLOCK", "2", name});
+    std::string block = Dxf({{0, "BLOCK"}, {2, name}});
     for (int i = 0; i < inserts; ++i)
         block += InsertOf(inserted);
-    return block + Lines({"0", "ENDBLK"});
+    return block + Dxf({{0, "ENDBLK"}});
 }
 
 std::string SelfInsertingBlock()

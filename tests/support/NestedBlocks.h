@@ -15,7 +15,7 @@ std::string SelfInsertingBlock();
 std::string MutuallyInsertingBlocks();
 
 // Blocks "0" to count - 1, each with one insert of the next one; the last one's target is not defined. They
-// stand in that order or in the opposite one. The first is in the drawing.
+// are in that order or in the opposite one. The first is in the drawing.
 std::string ChainOfBlocks(int count, bool backward);
 
 // Levels of blocks, "1" the lowest: each holds so many inserts of the one below it. The highest is in the

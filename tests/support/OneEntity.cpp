@@ -25,10 +25,10 @@ UnknownCodes::UnknownCodes(std::string_view type, std::initializer_list<int> kno
         if (std::find(known.begin(), known.end(), code) != known.end() ||
             std::find(std::begin(kShared), std::end(kShared), code) != std::end(kShared))
             continue;
-        groups += std::to_string(code) + "\nv\n";
+        groups += Dxf({{code, "v"}});
         line += 2;
         messages.push_back("1 7 ReadENTITIES_COMMON Unknown Dimension type  ('" + std::to_string(code) +
                            "' = 'v') Line:" + std::to_string(line));
     }
-    drawing = Section("ENTITIES", Lines({"0", type}) + groups);
+    drawing = Section("ENTITIES", Dxf({{0, type}}) + groups);
 }

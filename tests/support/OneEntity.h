@@ -18,7 +18,7 @@ FieldTexts SharedDefaults(int kind);
 
 // A group of a record, and what it does: the field that it changes and what that holds afterwards.
 struct FieldRow {
-    std::string_view code;
+    int code;
     std::string_view value;
     const char* field;
     const char* text;
@@ -33,13 +33,14 @@ const Record& OnlyEntity(const DXF_ENTITY_LIST& list)
     return record == nullptr ? none : *record;
 }
 
-// Reads one entity of a type with some lines of groups.
+// Reads a drawing of one entity with some groups, or with lines as they are.
 class OneEntity : public ReportingReader {
 public:
     OneEntity(std::string_view type, std::string_view groups)
     {
-        ReadText(Section("ENTITIES", Lines({"0", type}) + std::string(groups)) + Lines({"0", "EOF"}));
+        ReadText(Section("ENTITIES", Dxf({{0, type}}).append(groups)) + Dxf({{0, "EOF"}}));
     }
+    OneEntity(std::string_view type, std::initializer_list<GROUP> groups) : OneEntity(type, Dxf(groups)) {}
 };
 
 // The messages of an entity of a type whose groups are every code from -3 to 1100 but those in known and 0,

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-// Reads bytes as a narrow stream in text mode does with getline into 1024 bytes, and goes on behind a line
+// Reads bytes as a narrow stream in text mode does with getline into 1024 bytes, and goes on after a line
 // that is too long for it, where such a stream stays stuck: the rest of the line is dropped. What CDxfStream
 // is compared with.
 class StreamModel {

@@ -26,7 +26,7 @@ struct KEPT_COUNT {
     std::size_t entities = 0;
 };
 
-// All that can be told of an import.
+// All that can be said of an import.
 struct OUTCOME {
     struct MESSAGE {
         std::int32_t line;
@@ -68,7 +68,7 @@ struct WHOLE_DRAWING {
 };
 WHOLE_DRAWING WholeDrawing(std::string_view bytes);
 
-// Says what is wrong with the outcome of a drawing whose first fault stands in this line, "" when nothing is:
+// Says what is wrong with the outcome of a drawing whose first fault is in this line, "" when nothing is:
 // the work is in proportion to the size, nothing leaks, and what was read before is reported and drawn as in
 // the whole drawing.
 std::string FaultsOf(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::int32_t line, std::size_t size);
@@ -79,14 +79,14 @@ struct FAULTY {
     std::int32_t line;
 };
 
-// The drawing cut behind each byte; with each byte replaced; with each line deleted, doubled and swapped with
+// The drawing cut after each byte; with each byte replaced; with each line deleted, doubled and swapped with
 // the next. Of every step faults of a kind, one is made.
 using ON_FAULTY = std::function<void(const FAULTY&)>;
 void CutAtEveryByte(const std::string& drawing, std::size_t step, const ON_FAULTY& on);
 void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, const ON_FAULTY& on);
 void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAULTY& on);
 
-// PLEXORN_FULL=1 stands in the environment: everything is to be tried, however long it takes.
+// PLEXORN_FULL=1 is in the environment: everything is to be tried, however long it takes.
 bool IsSweptInFull();
 
 // 1 where every fault is to be tried, else something larger: PLEXORN_FULL=1 in the environment asks for all

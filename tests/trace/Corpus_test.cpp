@@ -1,4 +1,4 @@
-// Real drawings, where there are some: they stand outside the project, and nothing needs them.
+// Real drawings, where there are some: they are outside the project, and nothing needs them.
 //
 // The trace of each goes to build/traces/<platform>, without the lines that hold characters outside ASCII,
 // for those depend on the code page; compare_traces.py compares what two platforms wrote.

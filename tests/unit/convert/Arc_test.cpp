@@ -16,7 +16,7 @@ std::string Arc(std::string_view x, std::string_view y, std::string_view radius,
                 std::string_view end, std::string_view extrusion = "1")
 {
     return EntitiesSection(
-        {"0", "ARC", "10", x, "20", y, "40", radius, "50", start, "51", end, "230", extrusion});
+        {{0, "ARC"}, {10, x}, {20, y}, {40, radius}, {50, start}, {51, end}, {230, extrusion}});
 }
 
 // All calls for an arc of that path, the width first set to 1 and then by the style.
@@ -109,9 +109,9 @@ TEST(Arc, OfAnyExtrusionZButExactly1IsMirrored)
 
 TEST(Arc, DoesNotLookAtTheExtrusionsXAndY)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection(
-                  {"0", "ARC", "10", "5", "40", "1", "51", "90", "210", "0.7", "220", "-0.7", "39", "3"})),
-              TraceOf(Arc("5", "0", "1", "0", "90")));
+    EXPECT_EQ(
+        TraceOf(EntitiesSection({{0, "ARC"}, {10, 5}, {40, 1}, {51, 90}, {210, 0.7}, {220, -0.7}, {39, 3}})),
+        TraceOf(Arc("5", "0", "1", "0", "90")));
 }
 
 TEST(Arc, TakesTheLargeFlagFromTheRecordsAnglesInTheMirroredCaseToo)
@@ -234,7 +234,7 @@ TEST(Arc, WorksItsRadiusOutFromTheRoundedStart)
 
 TEST(Arc, WithoutAnyGroupIsAPathOfNoSize)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "ARC"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "ARC"}})),
               Drawn("M 0.000000,-0.000000 A 0.000000,0.000000, 0 0,0 0.000000,-0.000000"));
 }
 
@@ -265,6 +265,6 @@ TEST(Arc, EndsOnItsCircleAtEveryAngle)
 TEST(Arc, ThatIsInvisibleIsHiddenLast)
 {
     EXPECT_EQ(
-        TraceOf(EntitiesSection({"0", "ARC", "40", "10", "51", "90", "60", "1"})),
+        TraceOf(EntitiesSection({{0, "ARC"}, {40, 10}, {51, 90}, {60, 1}})),
         Drawn("M 10.000000,-0.000000 A 10.000000,10.000000, 0 0,0 0.000000,-10.000000", {.hidden = true}));
 }

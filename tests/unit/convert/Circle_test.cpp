@@ -7,7 +7,7 @@ namespace {
 
 std::string Circle(std::string_view x, std::string_view y, std::string_view radius)
 {
-    return EntitiesSection({"0", "CIRCLE", "10", x, "20", y, "40", radius});
+    return EntitiesSection({{0, "CIRCLE"}, {10, x}, {20, y}, {40, radius}});
 }
 
 } // namespace
@@ -35,15 +35,14 @@ TEST(Circle, KeepsYWhenTheAxisModeIsNot2)
 
 TEST(Circle, SeenFromBelowIsNotMirrored)
 {
-    EXPECT_EQ(
-        TraceOf(EntitiesSection({"0", "CIRCLE", "10", "5", "40", "1", "210", "0", "220", "0", "230", "-1"})),
-        "qlmCreateCircle(ctx, \"\", 1, 5, -0, 0, 0) = n1\n" + Attribute("n1", "fill-opacity", "0") +
-            Style("n1"));
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "CIRCLE"}, {10, 5}, {40, 1}, {210, 0}, {220, 0}, {230, -1}})),
+              "qlmCreateCircle(ctx, \"\", 1, 5, -0, 0, 0) = n1\n" + Attribute("n1", "fill-opacity", "0") +
+                  Style("n1"));
 }
 
 TEST(Circle, OfNoRadiusIsDrawn)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "CIRCLE"})), "qlmCreateCircle(ctx, \"\", 0, 0, -0, 0, 0) = n1\n" +
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "CIRCLE"}})), "qlmCreateCircle(ctx, \"\", 0, 0, -0, 0, 0) = n1\n" +
                                                              Attribute("n1", "fill-opacity", "0") +
                                                              Style("n1"));
 }
@@ -58,7 +57,7 @@ TEST(Circle, OfANegativeOrInfiniteRadiusIsPassedOnAsItIs)
 
 TEST(Circle, ThatIsInvisibleIsHiddenLast)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "CIRCLE", "40", "1", "60", "1"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "CIRCLE"}, {40, 1}, {60, 1}})),
               "qlmCreateCircle(ctx, \"\", 1, 0, -0, 0, 0) = n1\n" + Attribute("n1", "fill-opacity", "0") +
                   Style("n1", {.hidden = true}));
 }

@@ -3,6 +3,7 @@
 #include "entities/DXF_GRAPHIC_INSERT.h"
 #include "entities/DXF_GRAPHIC_TEXT.h"
 #include "entry/dxfFileOpen.h"
+#include "support/Dimensions.h"
 #include "support/Import.h"
 #include "support/TraceLines.h"
 
@@ -10,19 +11,17 @@
 
 namespace {
 
-// One entity of each kind that the gate stops.
-const char* const kGatedEntities = "0\nLINE\n11\n1\n0\nARC\n40\n1\n0\nCIRCLE\n40\n1\n0\nELLIPSE\n11\n1\n"
-                                   "0\nTEXT\n1\nA\n0\nMTEXT\n1\nB\n0\nINSERT\n2\nC\n"
-                                   "0\nDIMENSION\n100\nAcDbDimension\n100\nAcDbAlignedDimension\n13\n1\n"
-                                   "0\nDIMENSION\n100\nAcDbDimension\n100\nAcDbRadialDimension\n15\n1\n";
-
-const std::string kBlock = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nC\n0\nLINE\n11\n1\n0\nENDBLK\n0\nENDSEC\n";
-
-const std::string kPolyline = "0\nLWPOLYLINE\n10\n1\n20\n2\n";
-
-std::string DrawingOf(const std::string& entities)
+// A block, and one entity of each kind that the gate stops, with further entities.
+std::string GatedDrawing(const std::string& more = "")
 {
-    return kBlock + Lines({"0", "SECTION", "2", "ENTITIES"}) + entities + Lines({"0", "ENDSEC", "0", "EOF"});
+    return Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "C"}, {0, "LINE"}, {11, 1}, {0, "ENDBLK"}})) +
+           Section("ENTITIES", Dxf({{0, "LINE"}, {11, 1}, {0, "ARC"}, {40, 1}, {0, "CIRCLE"}, {40, 1}}) +
+                                   Dxf({{0, "ELLIPSE"}, {11, 1}, {0, "TEXT"}, {1, "A"}}) +
+                                   Dxf({{0, "MTEXT"}, {1, "B"}, {0, "INSERT"}, {2, "C"}, {0, "DIMENSION"}}) +
+                                   Part("AcDbDimension") + Part("AcDbAlignedDimension", {{13, 1}}) +
+                                   Dxf({{0, "DIMENSION"}}) + Part("AcDbDimension") +
+                                   Part("AcDbRadialDimension", {{15, 1}}) + more) +
+           Dxf({{0, "EOF"}});
 }
 
 // The names of the calls in a trace but for attributes, one line each.
@@ -50,7 +49,7 @@ TEST(Converter, HasTheValuesOfAnImportByDefault)
 
 TEST(Converter, DrawsEveryKindWhileItMay)
 {
-    const std::string calls = CallsIn(TraceOf(DrawingOf(kGatedEntities)));
+    const std::string calls = CallsIn(TraceOf(GatedDrawing()));
     EXPECT_EQ(
         calls.substr(0, calls.find("qlmGet")),
         "qlmSetCurrentSvgNode\nqlmCreateSymbol\nqlmSetCurrentSvgNode\nqlmCreateLine\nqlmSetCurrentSvgNode\n"
@@ -62,21 +61,22 @@ TEST(Converter, DrawsEveryKindWhileItMay)
 TEST(Converter, CallsNothingButForPolylinesWhileDrawingIsOff)
 {
     const auto off = [](CDxfReadToQuillmar& converter) { converter.drawEnabled = false; };
-    EXPECT_EQ(TraceOf(DrawingOf(kGatedEntities), off), "");
-    EXPECT_EQ(TraceOf(DrawingOf(kGatedEntities + kPolyline), off),
+    EXPECT_EQ(TraceOf(GatedDrawing(), off), "");
+    EXPECT_EQ(TraceOf(GatedDrawing(Dxf({{0, "LWPOLYLINE"}, {10, 1}, {20, 2}})), off),
               "qlmCreatePolyline(ctx, \"\", \"1.000000,-2.000000\", 0, 0) = n1\n" + Style("n1"));
 }
 
 TEST(Converter, CallsNothingButForPolylinesWithoutAContextNode)
 {
     const auto none = [](CDxfReadToQuillmar& converter) { converter.parentNode = nullptr; };
-    EXPECT_EQ(TraceOf(DrawingOf(kGatedEntities), none), "");
-    EXPECT_EQ(CallsIn(TraceOf(DrawingOf(kGatedEntities + kPolyline), none)), "qlmCreatePolyline\n");
+    EXPECT_EQ(TraceOf(GatedDrawing(), none), "");
+    EXPECT_EQ(CallsIn(TraceOf(GatedDrawing(Dxf({{0, "LWPOLYLINE"}, {10, 1}, {20, 2}})), none)),
+              "qlmCreatePolyline\n");
 }
 
 TEST(Converter, ReportsMistakesEvenWhileNothingMayBeDrawn)
 {
-    EXPECT_EQ(TraceOf("0\nSECTION\n2\nPICTURES\n0\nENDSEC\n0\nEOF\n",
+    EXPECT_EQ(TraceOf(Dxf({{0, "SECTION"}, {2, "PICTURES"}, {0, "ENDSEC"}, {0, "EOF"}}),
                       [](CDxfReadToQuillmar& converter) {
                           converter.drawEnabled = false;
                           converter.parentNode = nullptr;
@@ -86,28 +86,42 @@ TEST(Converter, ReportsMistakesEvenWhileNothingMayBeDrawn)
 
 TEST(Converter, SetsAttributesOfANodeThatTheHostRefused)
 {
-    EXPECT_EQ(
-        TraceOf(EntitiesSection({"0", "CIRCLE", "40", "1", "60", "1",      "0", "LWPOLYLINE", "70", "1",
-                                 "0", "ARC",    "40", "1", "0",  "INSERT", "2", "C",          "50", "90"}),
-                [](CDxfReadToQuillmar&) { RecordingHost::OfThread().refuseAll = true; }),
-        "qlmCreateCircle(ctx, \"\", 1, 0, -0, 0, 0) = 0\n" + Attribute("0", "fill-opacity", "0") +
-            Style("0", {.hidden = true}) + "qlmCreatePolygon(ctx, \"\", \"\", 0, 0) = 0\n" +
-            Attribute("0", "fill-opacity", "0") + Style("0") +
-            "qlmCreatePath(ctx, \"\", \"M 1.000000,-0.000000 A 1.000000,1.000000, 0 0,0 "
-            "1.000000,-0.000000\", 0, 0) = 0\n" +
-            Attribute("0", "stroke-width", "1") + Style("0") +
-            "qlmCreateUse(ctx, \"\", 0, 0, \"C\", \"hmi\", 0, -0) = 0\n" +
-            Attribute("0", "rotate", "-90.000000"));
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "CIRCLE"},
+                                       {40, 1},
+                                       {60, 1},
+                                       {0, "LWPOLYLINE"},
+                                       {70, 1},
+                                       {0, "ARC"},
+                                       {40, 1},
+                                       {0, "INSERT"},
+                                       {2, "C"},
+                                       {50, 90}}),
+                      [](CDxfReadToQuillmar&) { RecordingHost::OfThread().refuseAll = true; }),
+              "qlmCreateCircle(ctx, \"\", 1, 0, -0, 0, 0) = 0\n" + Attribute("0", "fill-opacity", "0") +
+                  Style("0", {.hidden = true}) + "qlmCreatePolygon(ctx, \"\", \"\", 0, 0) = 0\n" +
+                  Attribute("0", "fill-opacity", "0") + Style("0") +
+                  "qlmCreatePath(ctx, \"\", \"M 1.000000,-0.000000 A 1.000000,1.000000, 0 0,0 "
+                  "1.000000,-0.000000\", 0, 0) = 0\n" +
+                  Attribute("0", "stroke-width", "1") + Style("0") +
+                  "qlmCreateUse(ctx, \"\", 0, 0, \"C\", \"hmi\", 0, -0) = 0\n" +
+                  Attribute("0", "rotate", "-90.000000"));
 }
 
 TEST(Converter, TurnsYOnlyInAxisMode2)
 {
     for (const std::int32_t mode : {2, 1, 0, -2, 3}) {
-        const std::string trace =
-            TraceOf(EntitiesSection({"0",  "LINE",   "10", "10",         "20", "5", "0",  "CIRCLE",
-                                     "20", "5",      "0",  "LWPOLYLINE", "10", "0", "20", "5",
-                                     "0",  "INSERT", "20", "5",          "50", "30"}),
-                    [&](CDxfReadToQuillmar& converter) { converter.yAxisMode = mode; });
+        const std::string trace = TraceOf(EntitiesSection({{0, "LINE"},
+                                                           {10, 10},
+                                                           {20, 5},
+                                                           {0, "CIRCLE"},
+                                                           {20, 5},
+                                                           {0, "LWPOLYLINE"},
+                                                           {10, 0},
+                                                           {20, 5},
+                                                           {0, "INSERT"},
+                                                           {20, 5},
+                                                           {50, 30}}),
+                                          [&](CDxfReadToQuillmar& converter) { converter.yAxisMode = mode; });
         const bool turned = mode == 2;
         EXPECT_NE(trace.find(turned ? "(ctx, \"\", 10, -5, 0, -0, " : "(ctx, \"\", 10, 5, 0, 0, "),
                   std::string::npos)
@@ -121,12 +135,12 @@ TEST(Converter, TurnsYOnlyInAxisMode2)
 
 TEST(Converter, DrawsPlainBlocksThenBlocksWithInsertsThenEntities)
 {
-    const std::string drawing = "0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n0\nENDSEC\n"
-                                "0\nSECTION\n2\nBLOCKS\n"
-                                "0\nBLOCK\n2\nOUTER\n0\nLINE\n0\nINSERT\n2\nINNER\n0\nENDBLK\n"
-                                "0\nBLOCK\n2\nINNER\n0\nLINE\n0\nENDBLK\n"
-                                "0\nBLOCK\n2\nOUTEST\n0\nINSERT\n2\nOUTER\n0\nENDBLK\n"
-                                "0\nBLOCK\n2\nEMPTY\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n";
+    const std::string drawing =
+        Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "CIRCLE"}, {0, "ENDSEC"}, {0, "SECTION"}, {2, "BLOCKS"},
+             {0, "BLOCK"},   {2, "OUTER"},    {0, "LINE"},   {0, "INSERT"}, {2, "INNER"},   {0, "ENDBLK"},
+             {0, "BLOCK"},   {2, "INNER"},    {0, "LINE"},   {0, "ENDBLK"}, {0, "BLOCK"},   {2, "OUTEST"},
+             {0, "INSERT"},  {2, "OUTER"},    {0, "ENDBLK"}, {0, "BLOCK"},  {2, "EMPTY"},   {0, "ENDBLK"},
+             {0, "ENDSEC"},  {0, "EOF"}});
     EXPECT_EQ(Without("qlmSetAttributeByNode", TraceOf(drawing)),
               "qlmSetCurrentSvgNode(ctx, 0)\n"
               "qlmCreateSymbol(ctx, \"INNER\") = n1\n"
@@ -154,7 +168,9 @@ TEST(Converter, DrawsPlainBlocksThenBlocksWithInsertsThenEntities)
 TEST(Converter, OfAFileOfBlocksAloneCreatesSymbolsAlone)
 {
     EXPECT_EQ(
-        CallsIn(TraceOf(kBlock + "0\nEOF\n")),
+        CallsIn(
+            TraceOf(Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "C"}, {0, "LINE"}, {11, 1}, {0, "ENDBLK"}})) +
+                    Dxf({{0, "EOF"}}))),
         "qlmSetCurrentSvgNode\nqlmCreateSymbol\nqlmSetCurrentSvgNode\nqlmCreateLine\nqlmSetCurrentSvgNode\n");
 }
 
@@ -172,7 +188,7 @@ TEST(Converter, HandsAMistakeToTheHostAsItIsAndItsAnswerBack)
 
 TEST(Converter, ReportsMistakesBeforeAnythingIsDrawn)
 {
-    const std::string calls = CallsIn(TraceOf(EntitiesSection({"0", "LINE", "0", "SOLID", "0", "LINE"})));
+    const std::string calls = CallsIn(TraceOf(EntitiesSection({{0, "LINE"}, {0, "SOLID"}, {0, "LINE"}})));
     EXPECT_EQ(calls, "qlmSetLastError\nqlmCreateLine\nqlmCreateLine\n");
 }
 

@@ -20,9 +20,15 @@ struct EllipseTexts {
 
 std::string Ellipse(const EllipseTexts& texts)
 {
-    return EntitiesSection({"0", "ELLIPSE", "10", texts.centerX, "20", texts.centerY, "11", texts.majorX,
-                            "21", texts.majorY, "31", texts.majorZ, "40", texts.ratio, "41", texts.start,
-                            "42", texts.end});
+    return EntitiesSection({{0, "ELLIPSE"},
+                            {10, texts.centerX},
+                            {20, texts.centerY},
+                            {11, texts.majorX},
+                            {21, texts.majorY},
+                            {31, texts.majorZ},
+                            {40, texts.ratio},
+                            {41, texts.start},
+                            {42, texts.end}});
 }
 
 std::string UnflippedTraceOf(std::string_view dxf)
@@ -200,7 +206,7 @@ TEST(Ellipse, ThatEndsShortOfAFullTurnIsAnArcBetweenNearlyEqualPoints)
 
 TEST(Ellipse, WithoutAnyGroupIsWholeAndOfNoSize)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "ELLIPSE"})), Whole("0, 0, 0, -0") + Turned({.degrees = "nan"}));
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "ELLIPSE"}})), Whole("0, 0, 0, -0") + Turned({.degrees = "nan"}));
 }
 
 TEST(Ellipse, OfAZeroMajorAxisPrintsWhatTheDivisionGives)
@@ -229,7 +235,7 @@ TEST(Ellipse, OfAnInfiniteCentreKeepsItInItsAttributes)
               Whole("10, 5, inf, -inf") + Turned({.x = "inf", .y = "-inf"}));
 }
 
-// With a ratio of -0.5 the angle of 1.57 is -1.57: the end stands where the mirrored ellipse's would.
+// With a ratio of -0.5 the angle of 1.57 is -1.57: the end is where the mirrored ellipse's would.
 TEST(Ellipse, OfANegativeRatioHasANegativeMinorRadius)
 {
     EXPECT_EQ(TraceOf(Ellipse({.ratio = "-0.5", .end = "1.5707963267948966"})),
@@ -238,13 +244,14 @@ TEST(Ellipse, OfANegativeRatioHasANegativeMinorRadius)
 
 TEST(Ellipse, DoesNotLookAtItsExtrusion)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "ELLIPSE", "10", "5", "11", "10", "40", "0.5", "42", kTwoPi,
-                                       "210", "0.5", "220", "0.5", "230", "-1"})),
-              Whole("10, 5, 5, -0") + Turned({.x = "5.000000"}));
+    EXPECT_EQ(
+        TraceOf(EntitiesSection(
+            {{0, "ELLIPSE"}, {10, 5}, {11, 10}, {40, 0.5}, {42, kTwoPi}, {210, 0.5}, {220, 0.5}, {230, -1}})),
+        Whole("10, 5, 5, -0") + Turned({.x = "5.000000"}));
 }
 
 TEST(Ellipse, ThatIsInvisibleIsHiddenLast)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "ELLIPSE", "11", "10", "40", "0.5", "42", kTwoPi, "60", "1"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "ELLIPSE"}, {11, 10}, {40, 0.5}, {42, kTwoPi}, {60, 1}})),
               Whole("10, 5, 0, -0") + Turned({}, {.hidden = true}));
 }

@@ -66,10 +66,17 @@ protected:
 TEST_F(Inserts, BlockBecomesASymbolThatHoldsItsEntities)
 {
     EXPECT_EQ(Without("qlmSetAttributeByNode",
-                      TraceOf(Section("BLOCKS", Lines({"0", "BLOCK", "2",     " Door ", "10",   "5",     "20",
-                                                       "6", "3",     "other", "0",      "LINE", "11",    "1",
-                                                       "0", "TEXT",  "1",     "A",      "0",    "ENDBLK"})) +
-                              EntitiesSection({"0", "INSERT", "2", "Door", "10", "3", "20", "4"}))),
+                      TraceOf(Section("BLOCKS", Dxf({{0, "BLOCK"},
+                                                     {2, " Door "},
+                                                     {10, 5},
+                                                     {20, 6},
+                                                     {3, "other"},
+                                                     {0, "LINE"},
+                                                     {11, 1},
+                                                     {0, "TEXT"},
+                                                     {1, "A"},
+                                                     {0, "ENDBLK"}})) +
+                              EntitiesSection({{0, "INSERT"}, {2, "Door"}, {10, 3}, {20, 4}}))),
               "qlmSetCurrentSvgNode(ctx, 0)\n"
               "qlmCreateSymbol(ctx, \"Door\") = n1\n"
               "qlmSetCurrentSvgNode(ctx, n1)\n"
@@ -81,16 +88,16 @@ TEST_F(Inserts, BlockBecomesASymbolThatHoldsItsEntities)
 
 TEST_F(Inserts, DrawingOfBlocksAloneCreatesOnlySymbols)
 {
-    EXPECT_EQ(TraceOf(Section("BLOCKS",
-                              Lines({"0", "BLOCK", "2", "A", "0", "ENDBLK", "0", "BLOCK", "0", "ENDBLK"}))),
-              "qlmSetCurrentSvgNode(ctx, 0)\n"
-              "qlmCreateSymbol(ctx, \"A\") = n1\n"
-              "qlmSetCurrentSvgNode(ctx, n1)\n"
-              "qlmSetCurrentSvgNode(ctx, 0)\n"
-              "qlmSetCurrentSvgNode(ctx, 0)\n"
-              "qlmCreateSymbol(ctx, \"\") = n2\n"
-              "qlmSetCurrentSvgNode(ctx, n2)\n"
-              "qlmSetCurrentSvgNode(ctx, 0)\n");
+    EXPECT_EQ(
+        TraceOf(Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "A"}, {0, "ENDBLK"}, {0, "BLOCK"}, {0, "ENDBLK"}}))),
+        "qlmSetCurrentSvgNode(ctx, 0)\n"
+        "qlmCreateSymbol(ctx, \"A\") = n1\n"
+        "qlmSetCurrentSvgNode(ctx, n1)\n"
+        "qlmSetCurrentSvgNode(ctx, 0)\n"
+        "qlmSetCurrentSvgNode(ctx, 0)\n"
+        "qlmCreateSymbol(ctx, \"\") = n2\n"
+        "qlmSetCurrentSvgNode(ctx, n2)\n"
+        "qlmSetCurrentSvgNode(ctx, 0)\n");
 }
 
 TEST_F(Inserts, BlockBeginLeavesWhateverNodeWasCurrentAndTheEndReturnsToTheDefaultPlace)
@@ -110,8 +117,10 @@ TEST_F(Inserts, BlockBeginLeavesWhateverNodeWasCurrentAndTheEndReturnsToTheDefau
 TEST_F(Inserts, EntitiesOfARefusedSymbolAreCreatedAtTheDefaultPlace)
 {
     host.refuseSymbols = true;
-    CDxfMemory drawing(std::string_view("0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nDoor\n0\nINSERT\n2\nKnob\n"
-                                        "0\nENDBLK\n0\nENDSEC\n0\nEOF\n"));
+    const std::string blocks =
+        Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "Door"}, {0, "INSERT"}, {2, "Knob"}, {0, "ENDBLK"}})) +
+        Dxf({{0, "EOF"}});
+    CDxfMemory drawing(blocks);
     converter.ReadDxfSource(drawing);
     EXPECT_EQ(host.Trace(), "qlmSetCurrentSvgNode(ctx, 0)\n"
                             "qlmCreateSymbol(ctx, \"Door\") = 0\n"
@@ -121,24 +130,36 @@ TEST_F(Inserts, EntitiesOfARefusedSymbolAreCreatedAtTheDefaultPlace)
 
 TEST_F(Inserts, UseCarriesNameKindAndPlaceAndNothingElse)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0",  "INSERT", "2",   " Door ", "10", "1.5", "20", "2.5",
-                                       "30", "9",      "43",  "5",      "44", "12",  "45", "13",
-                                       "70", "3",      "71",  "4",      "66", "1",   "60", "1",
-                                       "62", "1",      "370", "50",     "8",  "x",   "6",  "DASHED"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "INSERT"},
+                                       {2, " Door "},
+                                       {10, 1.5},
+                                       {20, 2.5},
+                                       {30, 9},
+                                       {43, 5},
+                                       {44, 12},
+                                       {45, 13},
+                                       {70, 3},
+                                       {71, 4},
+                                       {66, 1},
+                                       {60, 1},
+                                       {62, 1},
+                                       {370, 50},
+                                       {8, "x"},
+                                       {6, "DASHED"}})),
               "qlmCreateUse(ctx, \"\", 0, 0, \"Door\", \"hmi\", 1.5, -2.5) = n1\n");
 }
 
 TEST_F(Inserts, UseOfABlockThatIsNotDefinedIsCreatedWithThatName)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "INSERT", "2", "Nowhere", "0", "INSERT"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "INSERT"}, {2, "Nowhere"}, {0, "INSERT"}})),
               "qlmCreateUse(ctx, \"\", 0, 0, \"Nowhere\", \"hmi\", 0, -0) = n1\n"
               "qlmCreateUse(ctx, \"\", 0, 0, \"\", \"hmi\", 0, -0) = n2\n");
 }
 
 TEST_F(Inserts, NamesAreNotCompared)
 {
-    EXPECT_EQ(TraceOf(Section("BLOCKS", Lines({"0", "BLOCK", "2", "DOOR", "0", "ENDBLK"})) +
-                      EntitiesSection({"0", "INSERT", "2", "door"})),
+    EXPECT_EQ(TraceOf(Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "DOOR"}, {0, "ENDBLK"}})) +
+                      EntitiesSection({{0, "INSERT"}, {2, "door"}})),
               "qlmSetCurrentSvgNode(ctx, 0)\n"
               "qlmCreateSymbol(ctx, \"DOOR\") = n1\n"
               "qlmSetCurrentSvgNode(ctx, n1)\n"

@@ -24,36 +24,35 @@ struct LineType {
 
 std::string TextOf(const LineType& lineType)
 {
-    std::string text = Lines(
-        {"0", "LTYPE", "100", "AcDbSymbolTableRecord", "100", "AcDbLinetypeTableRecord", "2", lineType.name});
+    std::string text = Dxf(
+        {{0, "LTYPE"}, {100, "AcDbSymbolTableRecord"}, {100, "AcDbLinetypeTableRecord"}, {2, lineType.name}});
     for (const std::string_view dash : lineType.dashes)
-        text += Lines({"49", dash});
+        text += Dxf({{49, dash}});
     return text;
 }
 
 std::string TextOf(const Layer& layer)
 {
-    std::string text = Lines({"0", "LAYER", "100", "AcDbSymbolTableRecord", "100", "AcDbLayerTableRecord",
-                              "2", layer.name, "70", "0", "62", layer.color, "370", layer.lineWeight});
-    return layer.lineType.empty() ? text : text + Lines({"6", layer.lineType});
+    std::string text = Dxf({{0, "LAYER"}, {100, "AcDbSymbolTableRecord"}, {100, "AcDbLayerTableRecord"}}) +
+                       Dxf({{2, layer.name}, {70, 0}, {62, layer.color}, {370, layer.lineWeight}});
+    return layer.lineType.empty() ? text : text + Dxf({{6, layer.lineType}});
 }
 
 template <class Entry>
 std::string Table(std::string_view name, const std::vector<Entry>& entries)
 {
-    std::string text = Lines({"0", "TABLE", "2", name});
+    std::string text = Dxf({{0, "TABLE"}, {2, name}});
     for (const Entry& entry : entries)
         text += TextOf(entry);
-    return text + Lines({"0", "ENDTAB"});
+    return text + Dxf({{0, "ENDTAB"}});
 }
 
 std::string Tables(const std::vector<Layer>& layers, const std::vector<LineType>& lineTypes = {})
 {
-    return Lines({"0", "SECTION", "2", "TABLES"}) + Table("LTYPE", lineTypes) + Table("LAYER", layers) +
-           Lines({"0", "ENDSEC"});
+    return Section("TABLES", Table("LTYPE", lineTypes) + Table("LAYER", layers));
 }
 
-using Pairs = std::initializer_list<std::string_view>;
+using Pairs = std::initializer_list<GROUP>;
 
 // The values of the attributes of the first node in a trace.
 std::map<std::string, std::string> AttributesOf(const std::string& trace)
@@ -71,12 +70,12 @@ std::map<std::string, std::string> AttributesOf(const std::string& trace)
 
 std::string Line(Pairs pairs)
 {
-    return Lines({"0", "LINE"}) + Lines(pairs);
+    return Dxf({{0, "LINE"}}) + Dxf(pairs);
 }
 
 std::string Drawing(const std::string& tables, const std::string& entities)
 {
-    return tables + Lines({"0", "SECTION", "2", "ENTITIES"}) + entities + Lines({"0", "ENDSEC", "0", "EOF"});
+    return tables + Section("ENTITIES", entities) + Dxf({{0, "EOF"}});
 }
 
 // One attribute of a LINE with these pairs, drawn with these tables.
@@ -105,55 +104,55 @@ std::string Dashes(const std::string& tables, Pairs pairs, double scale = 1.0)
 
 TEST(StrokeWidth, IsTheLineWeightInMillimetres)
 {
-    EXPECT_EQ(Width("", {"370", "25"}), "0.250000");
-    EXPECT_EQ(Width("", {"370", "1"}), "0.010000");
-    EXPECT_EQ(Width("", {"370", "211"}), "2.110000");
-    EXPECT_EQ(Width("", {"370", "2147483647"}), "21474836.470000");
+    EXPECT_EQ(Width("", {{370, 25}}), "0.250000");
+    EXPECT_EQ(Width("", {{370, 1}}), "0.010000");
+    EXPECT_EQ(Width("", {{370, 211}}), "2.110000");
+    EXPECT_EQ(Width("", {{370, "2147483647"}}), "21474836.470000");
 }
 
 TEST(StrokeWidth, IsTheDefaultForByBlockZeroAndDefault)
 {
     const std::string tables = Tables({{.name = "Walls", .lineWeight = "70"}});
     for (const char* weight : {"0", "-2", "-3", "-4", "-2147483648"}) {
-        EXPECT_EQ(Width("", {"370", weight}), "0.500000") << weight;
-        EXPECT_EQ(Width(tables, {"8", "Walls", "370", weight}), "0.500000") << weight;
+        EXPECT_EQ(Width("", {{370, weight}}), "0.500000") << weight;
+        EXPECT_EQ(Width(tables, {{8, "Walls"}, {370, weight}}), "0.500000") << weight;
     }
 }
 
 TEST(StrokeWidth, ByLayerIsTheLayers)
 {
     const std::string tables = Tables({{.name = "A", .lineWeight = "50"}, {.name = "B", .lineWeight = "35"}});
-    EXPECT_EQ(Width(tables, {"8", "A", "370", "-1"}), "0.500000");
-    EXPECT_EQ(Width(tables, {"8", "B", "370", "-1"}), "0.350000");
-    EXPECT_EQ(Width(tables, {"8", "B"}), "0.350000") << "by layer is what a missing weight means";
+    EXPECT_EQ(Width(tables, {{8, "A"}, {370, -1}}), "0.500000");
+    EXPECT_EQ(Width(tables, {{8, "B"}, {370, -1}}), "0.350000");
+    EXPECT_EQ(Width(tables, {{8, "B"}}), "0.350000") << "by layer is what a missing weight means";
 }
 
 TEST(StrokeWidth, ByLayerOnALayerWithoutAWeightIsTheDefault)
 {
     for (const char* weight : {"-3", "-2", "-1", "0"})
-        EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = weight}}), {"8", "A", "370", "-1"}), "0.500000")
+        EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = weight}}), {{8, "A"}, {370, -1}}), "0.500000")
             << weight;
 }
 
 TEST(StrokeWidth, ByLayerWithoutItsLayerIsTheDefault)
 {
     const std::string tables = Tables({{.name = "Walls", .lineWeight = "70"}});
-    EXPECT_EQ(Width(tables, {"8", "walls"}), "0.500000") << "names are told apart by case";
-    EXPECT_EQ(Width(tables, {"8", "Wall"}), "0.500000");
+    EXPECT_EQ(Width(tables, {{8, "walls"}}), "0.500000") << "names are told apart by case";
+    EXPECT_EQ(Width(tables, {{8, "Wall"}}), "0.500000");
     EXPECT_EQ(Width(tables, {}), "0.500000");
-    EXPECT_EQ(Width("", {"8", "Walls", "370", "-1"}), "0.500000");
+    EXPECT_EQ(Width("", {{8, "Walls"}, {370, -1}}), "0.500000");
 }
 
 TEST(StrokeWidth, OfTheEntityWinsOverItsLayers)
 {
-    EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = "50"}}), {"8", "A", "370", "9"}), "0.090000");
+    EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = "50"}}), {{8, "A"}, {370, 9}}), "0.090000");
 }
 
 TEST(StrokeWidth, IsScaled)
 {
-    EXPECT_EQ(Width("", {"370", "25"}, 4), "1.000000");
-    EXPECT_EQ(Width("", {"370", "0"}, 4), "2.000000");
-    EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = "50"}}), {"8", "A"}, 0.1), "0.050000");
+    EXPECT_EQ(Width("", {{370, 25}}, 4), "1.000000");
+    EXPECT_EQ(Width("", {{370, 0}}, 4), "2.000000");
+    EXPECT_EQ(Width(Tables({{.name = "A", .lineWeight = "50"}}), {{8, "A"}}, 0.1), "0.050000");
 }
 
 TEST(StrokeWidth, ByDefaultIsAFractionOfTheScale)
@@ -163,112 +162,111 @@ TEST(StrokeWidth, ByDefaultIsAFractionOfTheScale)
         converter.defaultLineWidth = 0.25;
     };
     EXPECT_EQ(AttributesOf(TraceOf(Drawing("", Line({})), configure))["stroke-width"], "0.750000");
-    EXPECT_EQ(AttributesOf(TraceOf(Drawing("", Line({"370", "100"})), configure))["stroke-width"],
-              "3.000000");
+    EXPECT_EQ(AttributesOf(TraceOf(Drawing("", Line({{370, 100}})), configure))["stroke-width"], "3.000000");
 }
 
 TEST(StrokeColor, OfANumberFrom1To255IsThePalettes)
 {
-    EXPECT_EQ(Color("", {"62", "1"}), "RGB(255,0,0)");
-    EXPECT_EQ(Color("", {"62", "5"}), "RGB(0,0,255)");
-    EXPECT_EQ(Color("", {"62", "7"}), "RGB(255,255,255)");
-    EXPECT_EQ(Color("", {"62", "8"}), "RGB(65,65,65)");
-    EXPECT_EQ(Color("", {"62", "30"}), "RGB(255,127,0)");
-    EXPECT_EQ(Color("", {"62", "250"}), "RGB(51,51,51)");
-    EXPECT_EQ(Color("", {"62", "255"}), "RGB(255,255,255)");
+    EXPECT_EQ(Color("", {{62, 1}}), "RGB(255,0,0)");
+    EXPECT_EQ(Color("", {{62, 5}}), "RGB(0,0,255)");
+    EXPECT_EQ(Color("", {{62, 7}}), "RGB(255,255,255)");
+    EXPECT_EQ(Color("", {{62, 8}}), "RGB(65,65,65)");
+    EXPECT_EQ(Color("", {{62, 30}}), "RGB(255,127,0)");
+    EXPECT_EQ(Color("", {{62, 250}}), "RGB(51,51,51)");
+    EXPECT_EQ(Color("", {{62, 255}}), "RGB(255,255,255)");
 }
 
 TEST(StrokeColor, Above256IsWhite)
 {
     const std::string tables = Tables({{.name = "A", .color = "1"}});
     for (const char* color : {"257", "1000", "2147483647"})
-        EXPECT_EQ(Color(tables, {"8", "A", "62", color}), "RGB(255,255,255)") << color;
+        EXPECT_EQ(Color(tables, {{8, "A"}, {62, color}}), "RGB(255,255,255)") << color;
 }
 
 TEST(StrokeColor, ByBlockByLayerAndNegativeIsTheLayers)
 {
     const std::string tables = Tables({{.name = "A", .color = "3"}});
     for (const char* color : {"0", "256", "-1", "-3", "-256", "-257", "-2147483648", "red"})
-        EXPECT_EQ(Color(tables, {"8", "A", "62", color}), "RGB(0,255,0)") << color;
-    EXPECT_EQ(Color(tables, {"8", "A"}), "RGB(0,255,0)");
+        EXPECT_EQ(Color(tables, {{8, "A"}, {62, color}}), "RGB(0,255,0)") << color;
+    EXPECT_EQ(Color(tables, {{8, "A"}}), "RGB(0,255,0)");
 }
 
 TEST(StrokeColor, WithoutItsLayerIsWhite)
 {
     const std::string tables = Tables({{.name = "Walls", .color = "1"}});
     for (const char* color : {"0", "256", "-1"}) {
-        EXPECT_EQ(Color(tables, {"8", "Doors", "62", color}), "RGB(255,255,255)") << color;
-        EXPECT_EQ(Color(tables, {"8", "WALLS", "62", color}), "RGB(255,255,255)") << color;
-        EXPECT_EQ(Color(tables, {"62", color}), "RGB(255,255,255)") << color;
+        EXPECT_EQ(Color(tables, {{8, "Doors"}, {62, color}}), "RGB(255,255,255)") << color;
+        EXPECT_EQ(Color(tables, {{8, "WALLS"}, {62, color}}), "RGB(255,255,255)") << color;
+        EXPECT_EQ(Color(tables, {{62, color}}), "RGB(255,255,255)") << color;
     }
 }
 
 TEST(StrokeColor, OfALayerOffOrOutOfRangeIsWhite)
 {
     for (const char* color : {"-3", "0", "256", "257", "-256"})
-        EXPECT_EQ(Color(Tables({{.name = "A", .color = color}}), {"8", "A"}), "RGB(255,255,255)") << color;
-    EXPECT_EQ(Color(Tables({{.name = "A", .color = "250"}}), {"8", "A"}), "RGB(51,51,51)");
+        EXPECT_EQ(Color(Tables({{.name = "A", .color = color}}), {{8, "A"}}), "RGB(255,255,255)") << color;
+    EXPECT_EQ(Color(Tables({{.name = "A", .color = "250"}}), {{8, "A"}}), "RGB(51,51,51)");
 }
 
 // A file writes 0xRRGGBB, but the low byte is printed first.
 TEST(StrokeColor, OfATrueColorHasRedAndBlueExchanged)
 {
-    EXPECT_EQ(Color("", {"420", "255"}), "RGB(255,0,0)");
-    EXPECT_EQ(Color("", {"420", "16711680"}), "RGB(0,0,255)");
-    EXPECT_EQ(Color("", {"420", "31"}), "RGB(31,0,0)");
-    EXPECT_EQ(Color("", {"420", "1193046"}), "RGB(86,52,18)") << "0x123456";
+    EXPECT_EQ(Color("", {{420, 255}}), "RGB(255,0,0)");
+    EXPECT_EQ(Color("", {{420, 16711680}}), "RGB(0,0,255)");
+    EXPECT_EQ(Color("", {{420, 31}}), "RGB(31,0,0)");
+    EXPECT_EQ(Color("", {{420, 1193046}}), "RGB(86,52,18)") << "0x123456";
 }
 
 TEST(StrokeColor, OfATrueColorIsItsLowThreeBytes)
 {
-    EXPECT_EQ(Color("", {"420", "-1"}), "RGB(255,255,255)");
-    EXPECT_EQ(Color("", {"420", "-16777216"}), "RGB(0,0,0)") << "0xFF000000 is a colour, and black";
-    EXPECT_EQ(Color("", {"420", "-16777195"}), "RGB(21,0,0)");
-    EXPECT_EQ(Color("", {"420", "2130771712"}), "RGB(0,255,0)") << "0x7F00FF00, less 255 of 256";
+    EXPECT_EQ(Color("", {{420, -1}}), "RGB(255,255,255)");
+    EXPECT_EQ(Color("", {{420, -16777216}}), "RGB(0,0,0)") << "0xFF000000 is a colour, and black";
+    EXPECT_EQ(Color("", {{420, -16777195}}), "RGB(21,0,0)");
+    EXPECT_EQ(Color("", {{420, "2130771712"}}), "RGB(0,255,0)") << "0x7F00FF00, less 255 of 256";
 }
 
 TEST(StrokeColor, OfATrueColorWinsOverNumberAndLayer)
 {
     const std::string tables = Tables({{.name = "A", .color = "3"}});
-    EXPECT_EQ(Color(tables, {"8", "A", "62", "1", "420", "65280"}), "RGB(0,255,0)");
-    EXPECT_EQ(Color(tables, {"8", "A", "62", "1", "420", "0"}), "RGB(255,0,0)") << "0 is no true colour";
-    EXPECT_EQ(Color(tables, {"8", "A", "420", "0"}), "RGB(0,255,0)");
+    EXPECT_EQ(Color(tables, {{8, "A"}, {62, 1}, {420, 65280}}), "RGB(0,255,0)");
+    EXPECT_EQ(Color(tables, {{8, "A"}, {62, 1}, {420, 0}}), "RGB(255,0,0)") << "0 is no true colour";
+    EXPECT_EQ(Color(tables, {{8, "A"}, {420, 0}}), "RGB(0,255,0)");
 }
 
 TEST(StrokeColor, OfTwoLayersOfOneNameIsTheFirsts)
 {
     const std::string tables = Tables({{.name = "A", .color = "3"}, {.name = "A", .color = "1"}});
-    EXPECT_EQ(Color(tables, {"8", "A"}), "RGB(0,255,0)");
+    EXPECT_EQ(Color(tables, {{8, "A"}}), "RGB(0,255,0)");
 }
 
 TEST(StrokeDashes, AreTheLengthsOfTheEntitysLineTypeWithoutSigns)
 {
     const std::string tables = Tables({}, {{.name = "DASHDOT", .dashes = {"0.5", "-0.25", "0"}}});
-    EXPECT_EQ(Dashes(tables, {"6", "DASHDOT"}), "0.500000,0.250000,0.000000");
+    EXPECT_EQ(Dashes(tables, {{6, "DASHDOT"}}), "0.500000,0.250000,0.000000");
 }
 
 TEST(StrokeDashes, OfOneLengthHaveNoComma)
 {
-    EXPECT_EQ(Dashes(Tables({}, {{.name = "A", .dashes = {"-12.5"}}}), {"6", "A"}), "12.500000");
+    EXPECT_EQ(Dashes(Tables({}, {{.name = "A", .dashes = {"-12.5"}}}), {{6, "A"}}), "12.500000");
 }
 
 TEST(StrokeDashes, OfALineTypeWithoutLengthsAreEmpty)
 {
-    EXPECT_EQ(Dashes(Tables({}, {{.name = "CONTINUOUS", .dashes = {}}}), {"6", "CONTINUOUS"}), "");
+    EXPECT_EQ(Dashes(Tables({}, {{.name = "CONTINUOUS", .dashes = {}}}), {{6, "CONTINUOUS"}}), "");
 }
 
 TEST(StrokeDashes, AreTheLayersWhereTheEntityNamesNoLineType)
 {
     const std::string tables =
         Tables({{.name = "Walls", .lineType = "DOT"}}, {{.name = "DOT", .dashes = {"0", "-2"}}});
-    EXPECT_EQ(Dashes(tables, {"8", "Walls"}), "0.000000,2.000000");
-    EXPECT_EQ(Dashes(tables, {"8", "Doors"}), "");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}}), "0.000000,2.000000");
+    EXPECT_EQ(Dashes(tables, {{8, "Doors"}}), "");
     EXPECT_EQ(Dashes(tables, {}), "");
 }
 
 TEST(StrokeDashes, OfALayerWithoutALineTypeAreEmpty)
 {
-    EXPECT_EQ(Dashes(Tables({{.name = "Walls"}}, {{.name = "DOT", .dashes = {"1"}}}), {"8", "Walls"}), "");
+    EXPECT_EQ(Dashes(Tables({{.name = "Walls"}}, {{.name = "DOT", .dashes = {"1"}}}), {{8, "Walls"}}), "");
 }
 
 TEST(StrokeDashes, OfAMissingLineTypeAreEmptyWhateverTheLayers)
@@ -276,9 +274,9 @@ TEST(StrokeDashes, OfAMissingLineTypeAreEmptyWhateverTheLayers)
     const std::string tables =
         Tables({{.name = "Walls", .lineType = "DOT"}, {.name = "Doors", .lineType = "GONE"}},
                {{.name = "DOT", .dashes = {"1"}}});
-    EXPECT_EQ(Dashes(tables, {"8", "Walls", "6", "GONE"}), "");
-    EXPECT_EQ(Dashes(tables, {"8", "Walls", "6", "dot"}), "") << "names are told apart by case";
-    EXPECT_EQ(Dashes(tables, {"8", "Doors"}), "");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "GONE"}}), "");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "dot"}}), "") << "names are told apart by case";
+    EXPECT_EQ(Dashes(tables, {{8, "Doors"}}), "");
 }
 
 TEST(StrokeDashes, TreatByLayerAndContinuousAsNamesLikeAnyOther)
@@ -287,15 +285,15 @@ TEST(StrokeDashes, TreatByLayerAndContinuousAsNamesLikeAnyOther)
         Tables({{.name = "Walls", .lineType = "DOT"}}, {{.name = "DOT", .dashes = {"1"}},
                                                         {.name = "ByLayer", .dashes = {"2"}},
                                                         {.name = "Continuous", .dashes = {"3"}}});
-    EXPECT_EQ(Dashes(tables, {"8", "Walls", "6", "ByLayer"}), "2.000000");
-    EXPECT_EQ(Dashes(tables, {"8", "Walls", "6", "Continuous"}), "3.000000");
-    EXPECT_EQ(Dashes(tables, {"8", "Walls", "6", "ByBlock"}), "");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "ByLayer"}}), "2.000000");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "Continuous"}}), "3.000000");
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "ByBlock"}}), "");
 }
 
 TEST(StrokeDashes, AreNeitherScaledByTheImportNorByTheEntity)
 {
     const std::string tables = Tables({}, {{.name = "DOT", .dashes = {"1", "-1"}}});
-    EXPECT_EQ(Dashes(tables, {"6", "DOT", "48", "3"}, 10), "1.000000,1.000000");
+    EXPECT_EQ(Dashes(tables, {{6, "DOT"}, {48, 3}}, 10), "1.000000,1.000000");
 }
 
 TEST(StrokeDashes, OfManyLengthsAreAllThere)
@@ -306,18 +304,18 @@ TEST(StrokeDashes, OfManyLengthsAreAllThere)
         lineType.dashes.push_back(i % 2 == 0 ? "1.5" : "-1e3");
         expected += std::string(i == 0 ? "" : ",") + (i % 2 == 0 ? "1.500000" : "1000.000000");
     }
-    EXPECT_EQ(Dashes(Tables({}, {lineType}), {"6", "LONG"}), expected);
+    EXPECT_EQ(Dashes(Tables({}, {lineType}), {{6, "LONG"}}), expected);
 }
 
 TEST(StrokeDashes, PrintInfiniteLengths)
 {
-    EXPECT_EQ(Dashes(Tables({}, {{.name = "A", .dashes = {"-1e400", "1e308"}}}), {"6", "A"}).substr(0, 8),
+    EXPECT_EQ(Dashes(Tables({}, {{.name = "A", .dashes = {"-1e400", "1e308"}}}), {{6, "A"}}).substr(0, 8),
               "inf,1000");
 }
 
 TEST(Visibility, IsSetAfterTheRestAndOnlyForTheEntityThatIsInvisible)
 {
-    EXPECT_EQ(TraceOf(Drawing("", Line({}) + Line({"60", "1"}) + Line({}))),
+    EXPECT_EQ(TraceOf(Drawing("", Line({}) + Line({{60, 1}}) + Line({}))),
               "qlmCreateLine(ctx, \"\", 0, -0, 0, -0, 0, 0) = n1\n" + Style("n1") +
                   "qlmCreateLine(ctx, \"\", 0, -0, 0, -0, 0, 0) = n2\n" + Style("n2", {.hidden = true}) +
                   "qlmCreateLine(ctx, \"\", 0, -0, 0, -0, 0, 0) = n3\n" + Style("n3"));
@@ -338,7 +336,7 @@ TEST(StyleTexts, AreNotMixedUpBetweenEntities)
                 for (const char* weight : {"-1", "0", "25", "256"})
                     for (const char* trueColor : {"0", "1", "5"})
                         lines.push_back(
-                            Line({"8", layer, "6", lineType, "62", color, "370", weight, "420", trueColor}));
+                            Line({{8, layer}, {6, lineType}, {62, color}, {370, weight}, {420, trueColor}}));
     const auto stylesOf = [](std::string trace) {
         std::vector<std::string> result;
         while (!trace.empty()) {
@@ -387,7 +385,7 @@ TEST(StyleTexts, OfManyTrueColorsAreEachTheirOwn)
     std::vector<std::string> expected, strokes;
     for (int round = 0; round < 2; ++round)
         for (int color = 1; color <= kColors; ++color) {
-            lines += Line({"420", std::to_string(color)});
+            lines += Line({{420, std::to_string(color)}});
             expected.push_back("RGB(" + std::to_string(color % 256) + "," + std::to_string(color / 256) +
                                ",0)");
         }

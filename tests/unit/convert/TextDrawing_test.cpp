@@ -71,7 +71,7 @@ protected:
 
 TEST_F(TextDrawing, TextStandsOneHeightBelowItsInsertionPoint)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "TEXT", "10", "10", "20", "20", "40", "2.5", "1", "Hello"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "TEXT"}, {10, 10}, {20, 20}, {40, 2.5}, {1, "Hello"}})),
               "qlmCreateText(ctx, \"\", 10, -17.5, 0, 0, \"Hello\", 0, 0) = n1\n"
               "qlmSetAttributeByNode(ctx, n1, \"font-size\", \"2.50\")\n"
               "qlmSetAttributeByNode(ctx, n1, \"stroke\", \"RGB(255,255,255)\")\n");
@@ -79,7 +79,7 @@ TEST_F(TextDrawing, TextStandsOneHeightBelowItsInsertionPoint)
 
 TEST_F(TextDrawing, MTextStandsOneHeightBelowItsInsertionPointWithAnAnchor)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "MTEXT", "10", "10", "20", "20", "40", "2.5", "1", "Hello"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "MTEXT"}, {10, 10}, {20, 20}, {40, 2.5}, {1, "Hello"}})),
               "qlmCreateText(ctx, \"\", 10, -17.5, 0, 0, \"Hello\", 0, 0) = n1\n"
               "qlmSetAttributeByNode(ctx, n1, \"font-size\", \"2.50\")\n"
               "qlmSetAttributeByNode(ctx, n1, \"stroke\", \"RGB(255,255,255)\")\n"
@@ -88,7 +88,7 @@ TEST_F(TextDrawing, MTextStandsOneHeightBelowItsInsertionPointWithAnAnchor)
 
 TEST_F(TextDrawing, TextWithoutGroupsIsEmptyAndFiveHigh)
 {
-    EXPECT_EQ(TraceOf(EntitiesSection({"0", "TEXT"})),
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "TEXT"}})),
               "qlmCreateText(ctx, \"\", 0, 5, 0, 0, \"\", 0, 0) = n1\n"
               "qlmSetAttributeByNode(ctx, n1, \"font-size\", \"5.00\")\n"
               "qlmSetAttributeByNode(ctx, n1, \"stroke\", \"RGB(255,255,255)\")\n");
@@ -140,7 +140,7 @@ TEST_F(TextDrawing, FontSizeThatIsNotFiniteIsPaddedLikeAnyText)
     EXPECT_EQ(FontSize(-std::numeric_limits<double>::infinity()), "-inf");
     EXPECT_EQ(FontSize(std::numeric_limits<double>::quiet_NaN()), " nan");
     EXPECT_EQ(FontSize(-std::numeric_limits<double>::quiet_NaN()), " nan");
-    EXPECT_NE(TraceOf(EntitiesSection({"0", "TEXT", "20", "1", "40", "1e999"}))
+    EXPECT_NE(TraceOf(EntitiesSection({{0, "TEXT"}, {20, 1}, {40, "1e999"}}))
                   .find("qlmCreateText(ctx, \"\", 0, inf, 0, 0, \"\", 0, 0) = n1\n"
                         "qlmSetAttributeByNode(ctx, n1, \"font-size\", \" inf\")\n"),
               std::string::npos);
@@ -183,22 +183,44 @@ TEST_F(TextDrawing, ScaleAppliesToThePlaceAndTheHeight)
 
 TEST_F(TextDrawing, NothingButPlaceSizeColorAndAnchorIsDrawn)
 {
-    const std::string plain = TraceOf(EntitiesSection({"0", "TEXT", "1", "A"}));
-    EXPECT_EQ(TraceOf(EntitiesSection({"0",  "TEXT", "1",  "A", "7",  "Roman",  "41",  "0.5", "50", "90",
-                                       "51", "15",   "71", "2", "73", "3",      "11",  "7",   "21", "8",
-                                       "30", "9",    "60", "1", "6",  "DASHED", "370", "50"})),
+    const std::string plain = TraceOf(EntitiesSection({{0, "TEXT"}, {1, "A"}}));
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "TEXT"},
+                                       {1, "A"},
+                                       {7, "Roman"},
+                                       {41, 0.5},
+                                       {50, 90},
+                                       {51, 15},
+                                       {71, 2},
+                                       {73, 3},
+                                       {11, 7},
+                                       {21, 8},
+                                       {30, 9},
+                                       {60, 1},
+                                       {6, "DASHED"},
+                                       {370, 50}})),
               plain);
-    const std::string mtext = TraceOf(EntitiesSection({"0", "MTEXT", "1", "A"}));
-    EXPECT_EQ(
-        TraceOf(EntitiesSection({"0",  "MTEXT", "1",  "A", "3",   "more", "7",  "Roman",  "11",  "0",
-                                 "21", "1",     "50", "1", "41",  "9",    "30", "9",      "60",  "1",
-                                 "44", "2",     "63", "1", "420", "255",  "6",  "DASHED", "370", "50"})),
-        mtext);
+    const std::string mtext = TraceOf(EntitiesSection({{0, "MTEXT"}, {1, "A"}}));
+    EXPECT_EQ(TraceOf(EntitiesSection({{0, "MTEXT"},
+                                       {1, "A"},
+                                       {3, "more"},
+                                       {7, "Roman"},
+                                       {11, 0},
+                                       {21, 1},
+                                       {50, 1},
+                                       {41, 9},
+                                       {30, 9},
+                                       {60, 1},
+                                       {44, 2},
+                                       {63, 1},
+                                       {420, 255},
+                                       {6, "DASHED"},
+                                       {370, 50}})),
+              mtext);
 }
 
 TEST_F(TextDrawing, InvisibleTextIsCreatedWithoutVisibility)
 {
-    const std::string trace = TraceOf(EntitiesSection({"0", "TEXT", "60", "1", "0", "MTEXT", "60", "1"}));
+    const std::string trace = TraceOf(EntitiesSection({{0, "TEXT"}, {60, 1}, {0, "MTEXT"}, {60, 1}}));
     EXPECT_EQ(trace.find("visibility"), std::string::npos);
     EXPECT_NE(trace.find("= n1\n"), std::string::npos);
     EXPECT_NE(trace.find("= n2\n"), std::string::npos);
@@ -219,19 +241,23 @@ TEST_F(TextDrawing, StrokeIsTheColorOfTheEntity)
 
 TEST_F(TextDrawing, StrokeIsTheColorOfTheLayerWhereTheEntityHasNone)
 {
-    const std::string layer =
-        Section("TABLES", Lines({"0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbSymbolTableRecord",
-                                 "2", "Notes", "62", "3", "0", "ENDTAB"}));
-    const std::string text = TraceOf(layer + EntitiesSection({"0", "TEXT", "8", "Notes"}));
+    const std::string layer = Section("TABLES", Dxf({{0, "TABLE"},
+                                                     {2, "LAYER"},
+                                                     {0, "LAYER"},
+                                                     {100, "AcDbSymbolTableRecord"},
+                                                     {2, "Notes"},
+                                                     {62, 3},
+                                                     {0, "ENDTAB"}}));
+    const std::string text = TraceOf(layer + EntitiesSection({{0, "TEXT"}, {8, "Notes"}}));
     EXPECT_EQ(Attribute(text, "stroke"), "RGB(0,255,0)");
-    const std::string mtext = TraceOf(layer + EntitiesSection({"0", "MTEXT", "8", "Notes", "62", "256"}));
+    const std::string mtext = TraceOf(layer + EntitiesSection({{0, "MTEXT"}, {8, "Notes"}, {62, 256}}));
     EXPECT_EQ(Attribute(mtext, "stroke"), "RGB(0,255,0)");
 }
 
 TEST_F(TextDrawing, TextIsPassedOnExactlyAsRead)
 {
     const auto passed = [](std::string_view type, std::string_view text) {
-        const std::string trace = TraceOf(EntitiesSection({"0", type, "1", text}));
+        const std::string trace = TraceOf(EntitiesSection({{0, type}, {1, text}}));
         const std::size_t begin = trace.find("0, 5, 0, 0, \"") + 13;
         return trace.substr(begin, trace.find("\", 0, 0) = n1") - begin);
     };
@@ -248,9 +274,9 @@ TEST_F(TextDrawing, TextIsPassedOnExactlyAsRead)
 
 TEST_F(TextDrawing, ChunksOfAnMTextAreNotDrawn)
 {
-    EXPECT_NE(TraceOf(EntitiesSection({"0", "MTEXT", "3", "part one", "1", "end"})).find(", \"end\", 0, 0)"),
+    EXPECT_NE(TraceOf(EntitiesSection({{0, "MTEXT"}, {3, "part one"}, {1, "end"}})).find(", \"end\", 0, 0)"),
               std::string::npos);
-    EXPECT_NE(TraceOf(EntitiesSection({"0", "MTEXT", "3", "part one"})).find(", \"\", 0, 0)"),
+    EXPECT_NE(TraceOf(EntitiesSection({{0, "MTEXT"}, {3, "part one"}})).find(", \"\", 0, 0)"),
               std::string::npos);
 }
 

@@ -23,11 +23,20 @@ struct ANGLE {
 
 std::string Parts(const ANGLE& of)
 {
-    return Part("AcDbDimension", {"10", of.d.x, "20", of.d.y, "30", "9", "11", of.t.x, "21", of.t.y, "31",
-                                  "9", "70", of.type}) +
-           Part("AcDb2LineAngularDimension",
-                {"13", of.a1.x, "23", of.a1.y, "33", "9", "14", of.a2.x, "24", of.a2.y, "34", "9",
-                 "15", of.b.x,  "25", of.b.y,  "35", "9", "16", of.a3.x, "26", of.a3.y, "36", "9"});
+    return Part("AcDbDimension",
+                {{10, of.d.x}, {20, of.d.y}, {30, 9}, {11, of.t.x}, {21, of.t.y}, {31, 9}, {70, of.type}}) +
+           Part("AcDb2LineAngularDimension", {{13, of.a1.x},
+                                              {23, of.a1.y},
+                                              {33, 9},
+                                              {14, of.a2.x},
+                                              {24, of.a2.y},
+                                              {34, 9},
+                                              {15, of.b.x},
+                                              {25, of.b.y},
+                                              {35, 9},
+                                              {16, of.a3.x},
+                                              {26, of.a3.y},
+                                              {36, 9}});
 }
 
 std::string Drawn(const ANGLE& angle, std::int32_t yAxisMode, double scale = 1.0)
@@ -191,7 +200,7 @@ TEST(AngularDimension, TakesTheFartherOfDAndBAndBOfTwoThatAreEquallyFar)
     EXPECT_EQ(Drawn(angle, 1), CrossingTrace(angle, k360To90, "17, 20", "12, 25", "630.00"));
 }
 
-// The lines stand at 45 and 90 degrees, so the bounds are 45, 90, 225 and 270, and the arc's own point at 11:
+// The lines are at 45 and 90 degrees, so the bounds are 45, 90, 225 and 270, and the arc's own point at 11:
 // 360 - 45 + 270 is shown, where the angle would be 135. The radius is the root of 26.
 TEST(AngularDimension, BelowTheSmallestBoundShowsMoreThanAFullTurn)
 {

@@ -19,12 +19,18 @@ struct XY {
     std::string_view y;
 };
 
-// Two lines, from a1 to a2 and from d to b, the arc's own point a3; the text stands at (14, 22).
+// Two lines, from a1 to a2 and from d to b, the arc's own point a3; the text is at (14, 22).
 std::string Angular(XY a1, XY a2, XY d, XY b, XY a3)
 {
-    return Part("AcDbDimension", {"10", d.x, "20", d.y, "11", "14", "21", "22"}) +
-           Part("AcDb2LineAngularDimension", {"13", a1.x, "23", a1.y, "14", a2.x, "24", a2.y, "15", b.x, "25",
-                                              b.y, "16", a3.x, "26", a3.y});
+    return Part("AcDbDimension", {{10, d.x}, {20, d.y}, {11, 14}, {21, 22}}) +
+           Part("AcDb2LineAngularDimension", {{13, a1.x},
+                                              {23, a1.y},
+                                              {14, a2.x},
+                                              {24, a2.y},
+                                              {15, b.x},
+                                              {25, b.y},
+                                              {16, a3.x},
+                                              {26, a3.y}});
 }
 
 constexpr XY kBelowTheAxis = {"17", "19.999999999"};
@@ -32,7 +38,7 @@ constexpr XY kBelowTheAxis = {"17", "19.999999999"};
 // A chord whose two points are the same.
 std::string Chord(std::string_view marker, std::string_view x, std::string_view y)
 {
-    return Part("AcDbDimension", {"10", x, "20", y, "11", "5", "21", "6"}) + Part(marker, {"15", x, "25", y});
+    return Part("AcDbDimension", {{10, x}, {20, y}, {11, 5}, {21, 6}}) + Part(marker, {{15, x}, {25, y}});
 }
 
 struct LAYOUT {

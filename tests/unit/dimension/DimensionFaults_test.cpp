@@ -10,12 +10,12 @@ namespace {
 using Errors = std::vector<std::string>;
 using Parts = std::vector<FieldTexts>;
 
-// A file that ends in a DIMENSION, whose first group stands in the lines 7 and 8.
+// A file that ends in a DIMENSION, whose first group is in lines 7 and 8.
 class UnfinishedDimension : public ReportingReader {
 public:
     explicit UnfinishedDimension(const std::string& groups)
     {
-        ReadText(Lines({"0", "SECTION", "2", "ENTITIES", "0", "DIMENSION"}) + groups);
+        ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "DIMENSION"}}) + groups);
     }
     Parts AllParts() const { return PartsOf(OnlyEntity<DXF_GRAPHIC_DIMENSION>(entities)); }
 };
@@ -30,7 +30,7 @@ std::string UnknownMarker(std::string_view marker, int line)
 
 TEST(DimensionFaults, UnknownCodeBeforeTheFirstMarkerIsReportedWithAnEmptySubclass)
 {
-    const OneDimension reader(Lines({"10", " 1.5 ", "1", "text"}) + Part("AcDbEntity"));
+    const OneDimension reader(Dxf({{10, " 1.5 "}, {1, "text"}}) + Part("AcDbEntity"));
     EXPECT_EQ(reader.errors,
               (Errors{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('10' = '1.5') Line:8",
                       "1 7 ReadENTITIES_COMMON Unknown Dimension type  ('1' = 'text') Line:10"}));
@@ -41,7 +41,7 @@ TEST(DimensionFaults, UnknownCodeBeforeTheFirstMarkerIsReportedWithAnEmptySubcla
 TEST(DimensionFaults, ZeroBeforeTheFirstMarkerIsAnUnknownCodeAndTheNextEntityIsEatenUpToItsMarker)
 {
     const OneDimension reader(
-        Lines({"0", "LINE", "8", "Walls", "100", "AcDbEntity", "8", "Doors", "0", "CIRCLE"}));
+        Dxf({{0, "LINE"}, {8, "Walls"}, {100, "AcDbEntity"}, {8, "Doors"}, {0, "CIRCLE"}}));
     EXPECT_EQ(reader.errors, Errors{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('0' = 'LINE') Line:8"});
     ASSERT_EQ(reader.entities.size(), 2u);
     const auto& dimension = dynamic_cast<const DXF_GRAPHIC_DIMENSION&>(*reader.entities[0]);
@@ -52,7 +52,7 @@ TEST(DimensionFaults, ZeroBeforeTheFirstMarkerIsAnUnknownCodeAndTheNextEntityIsE
 
 TEST(DimensionFaults, WithoutMarkerReadsToTheEndOfTheFileAndFails)
 {
-    const OneDimension reader(Lines({"8", "Walls"}));
+    const OneDimension reader(Dxf({{8, "Walls"}}));
     EXPECT_EQ(reader.errors,
               (Errors{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('0' = 'ENDSEC') Line:10",
                       "1 7 ReadENTITIES_COMMON Unknown Dimension type  ('0' = 'EOF') Line:12",
@@ -73,7 +73,7 @@ TEST(DimensionFaults, WithoutMarkerAndWithoutALastLineFeedFailsWithOneMessage)
 
 TEST(DimensionFaults, CodeThatIsNoIntegerBeforeAnyMarkerFailsTheEntity)
 {
-    const OneDimension reader(Lines({"8", "Walls", " layer ", "0"}) + Part("AcDbEntity"));
+    const OneDimension reader(Dxf({{8, "Walls"}, {" layer ", "0"}}) + Part("AcDbEntity"));
     EXPECT_EQ(reader.errors, (Errors{"0 3 ReadENTITIES_DIMENSION Failed to read integer from 'layer', Line:9",
                                      "0 5 ReadENTITIES_DIMENSION() Failed to read line, Line:9",
                                      "0 6 0 - Unknown Object Type Name (10)"}));
@@ -84,7 +84,7 @@ TEST(DimensionFaults, CodeThatIsNoIntegerBeforeAnyMarkerFailsTheEntity)
 TEST(DimensionFaults, CodeThatIsNoIntegerWithinAPartEndsTheEntityWithOneMessage)
 {
     for (const std::string_view marker : kPartMarkers) {
-        const OneDimension reader(Part(marker, {" layer ", "0", "8", "x"}) + Lines({"0", "LINE"}));
+        const OneDimension reader(Part(marker, {{" layer ", "0"}, {8, "x"}}) + Dxf({{0, "LINE"}}));
         EXPECT_EQ(reader.errors, (Errors{"0 3 Read_UNKNOWN() Failed to read integer from 'layer', Line:9",
                                          "0 6 0 - Unknown Object Type Name (10)"}))
             << marker;
@@ -97,8 +97,8 @@ TEST(DimensionFaults, CodeThatIsNoIntegerWithinAPartEndsTheEntityWithOneMessage)
 
 TEST(DimensionFaults, FaultWithinALaterPartKeepsWhatWasRead)
 {
-    const OneDimension reader(Part("AcDbDimension", {"10", "1"}) +
-                              Part("AcDbAlignedDimension", {"13", "2", "x", "y"}));
+    const OneDimension reader(Part("AcDbDimension", {{10, 1}}) +
+                              Part("AcDbAlignedDimension", {{13, 2}, {"x", "y"}}));
     EXPECT_EQ(reader.AllParts(),
               (Parts{With(PartDefaults("AcDbDimension"), {{"m_dDefPointX", "1"}}),
                      With(PartDefaults("AcDbAlignedDimension"), {{"m_dExtLine1X", "2"}})}));
@@ -147,7 +147,7 @@ TEST(DimensionFaults, MarkerAtTheEndOfTheFileIsAnEmptyUnknownMarker)
     }
 }
 
-// The entity ends there; the loop reads on with the line behind the marker as a type name.
+// The entity ends there; the loop reads on with the line after the marker as a type name.
 TEST(DimensionFaults, UnknownMarkerIsReportedAndMakesNoPart)
 {
     const OneDimension reader(Part("AcDbArcDimension"));
@@ -161,7 +161,7 @@ TEST(DimensionFaults, UnknownMarkerIsReportedAndMakesNoPart)
 
 TEST(DimensionFaults, UnknownMarkerKeepsThePartsBeforeIt)
 {
-    const OneDimension reader(Part("AcDbEntity") + Part("AcDbDimension", {"10", "1"}) +
+    const OneDimension reader(Part("AcDbEntity") + Part("AcDbDimension", {{10, 1}}) +
                               Part("AcDbArcDimension") + Lines({"0", "0", "LINE"}));
     EXPECT_EQ(reader.errors,
               (Errors{UnknownMarker("AcDbArcDimension", 14), "0 6 0 - Unknown Object Type Name (15)"}));

@@ -1,4 +1,4 @@
-// Which parts of a dimension are drawn: by where they stand and what has been met before them.
+// Which parts of a dimension are drawn: by where they are and what came before them.
 #include "support/DimensionTrace.h"
 #include "support/Dimensions.h"
 
@@ -6,19 +6,18 @@
 
 namespace {
 
-// Each part tells itself apart by a number in its points.
+// Each part has a number in its points that no other has.
 const std::string kEntity = Part("AcDbEntity");
-const std::string kDimension = Part("AcDbDimension", {"10", "1", "20", "9"});
-const std::string kAnotherDimension = Part("AcDbDimension", {"10", "2", "20", "9"});
-const std::string kAligned = Part("AcDbAlignedDimension", {"13", "0", "14", "5", "24", "9"});
-const std::string kAnotherAligned = Part("AcDbAlignedDimension", {"13", "0", "14", "6", "24", "9"});
-const std::string k3PointAngular = Part("AcDb3PointAngularDimension", {"13", "1", "24", "2"});
+const std::string kDimension = Part("AcDbDimension", {{10, 1}, {20, 9}});
+const std::string kAnotherDimension = Part("AcDbDimension", {{10, 2}, {20, 9}});
+const std::string kAligned = Part("AcDbAlignedDimension", {{13, 0}, {14, 5}, {24, 9}});
+const std::string kAnotherAligned = Part("AcDbAlignedDimension", {{13, 0}, {14, 6}, {24, 9}});
+const std::string k3PointAngular = Part("AcDb3PointAngularDimension", {{13, 1}, {24, 2}});
 const std::string kRotated = Part("AcDbRotatedDimension");
-const std::string kOrdinate = Part("AcDbOrdinateDimension", {"13", "1", "24", "2"});
-const std::string kRadial = Part("AcDbRadialDimension", {"15", "1", "25", "7"});
-const std::string kDiametric = Part("AcDbDiametricDimension", {"15", "1", "25", "5"});
-const std::string k2LineAngular =
-    Part("AcDb2LineAngularDimension", {"13", "-2", "14", "1", "15", "1", "16", "1"});
+const std::string kOrdinate = Part("AcDbOrdinateDimension", {{13, 1}, {24, 2}});
+const std::string kRadial = Part("AcDbRadialDimension", {{15, 1}, {25, 7}});
+const std::string kDiametric = Part("AcDbDiametricDimension", {{15, 1}, {25, 5}});
+const std::string k2LineAngular = Part("AcDb2LineAngularDimension", {{13, -2}, {14, 1}, {15, 1}, {16, 1}});
 
 std::string Drawn(const std::string& parts)
 {
@@ -46,7 +45,7 @@ std::string AlignedAt6(DimensionTrace trace = DimensionTrace())
         .End();
 }
 
-// The angle is 0, so the foot is (P1.x, D.y): it tells a rotated from an aligned dimension.
+// The angle is 0, so the foot is (P1.x, D.y): it differs from the foot of an aligned dimension.
 std::string RotatedAt5(DimensionTrace trace = DimensionTrace())
 {
     return trace.Begin()
@@ -108,7 +107,7 @@ TEST(DimensionTable, DimensionPartAloneDrawsNothing)
 {
     EXPECT_EQ(Drawn(kDimension), "");
     EXPECT_EQ(Drawn(kEntity + kDimension), "");
-    EXPECT_EQ(Drawn(""), TraceOf(EntitiesSection({"0", "DIMENSION"}))); // no marker: messages, no node
+    EXPECT_EQ(Drawn(""), TraceOf(EntitiesSection({{0, "DIMENSION"}}))); // no marker: messages, no node
     EXPECT_EQ(Without("qlmSetLastError", Drawn("")), "");
 }
 
@@ -234,9 +233,9 @@ TEST(DimensionTable, FurtherDimensionPartIsReportedWhenTheWalkMeetsIt)
 
 TEST(DimensionTable, NextDimensionRemembersNothing)
 {
-    EXPECT_EQ(TraceOf(DimensionDrawing(kDimension + kAligned + Lines({"0", "DIMENSION"}) + kRotated +
-                                       Lines({"0", "DIMENSION"}) + kRadial),
+    EXPECT_EQ(TraceOf(DimensionDrawing(kDimension + kAligned + Dxf({{0, "DIMENSION"}}) + kRotated +
+                                       Dxf({{0, "DIMENSION"}}) + kRadial),
                       [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; }),
               AlignedAt5());
-    EXPECT_EQ(TraceOf(DimensionDrawing(kDimension + Lines({"0", "DIMENSION"}) + kDimension)), "");
+    EXPECT_EQ(TraceOf(DimensionDrawing(kDimension + Dxf({{0, "DIMENSION"}}) + kDimension)), "");
 }

@@ -7,10 +7,10 @@
 namespace {
 
 // The trace of a radial dimension of length 2.5 with some groups more in its dimension part.
-std::string Shown(std::initializer_list<std::string_view> groups)
+std::string Shown(std::initializer_list<GROUP> groups)
 {
     return TraceOf(
-        DimensionDrawing(Part("AcDbDimension", groups) + Part("AcDbRadialDimension", {"15", "2.5"})));
+        DimensionDrawing(Part("AcDbDimension", groups) + Part("AcDbRadialDimension", {{15, 2.5}})));
 }
 
 // What it is to be when it shows one text.
@@ -32,14 +32,13 @@ struct KIND {
 
 // All of them with D = (0, 0), drawn with Y up.
 const KIND kKinds[] = {
-    {"aligned", Part("AcDbAlignedDimension", {"23", "2.5"}), "2.5"},
-    {"rotated", Part("AcDbAlignedDimension", {"13", "2.5"}) + Part("AcDbRotatedDimension"), "2.5"},
-    {"radial", Part("AcDbRadialDimension", {"15", "2.5"}), "2.5"},
-    {"diametric", Part("AcDbDiametricDimension", {"15", "5"}), "2.5"},
+    {"aligned", Part("AcDbAlignedDimension", {{23, 2.5}}), "2.5"},
+    {"rotated", Part("AcDbAlignedDimension", {{13, 2.5}}) + Part("AcDbRotatedDimension"), "2.5"},
+    {"radial", Part("AcDbRadialDimension", {{15, 2.5}}), "2.5"},
+    {"diametric", Part("AcDbDiametricDimension", {{15, 5}}), "2.5"},
     // The lines y = 0 and x = -2 meet at (-2, 0).
     {"angular",
-     Part("AcDb2LineAngularDimension",
-          {"13", "-2", "23", "-1", "14", "-2", "24", "9", "15", "-1", "16", "-1", "26", "1"}),
+     Part("AcDb2LineAngularDimension", {{13, -2}, {23, -1}, {14, -2}, {24, 9}, {15, -1}, {16, -1}, {26, 1}}),
      "90.00"},
 };
 
@@ -55,7 +54,7 @@ std::string TextsOf(std::string_view trace)
     return texts;
 }
 
-std::string TextsOfKind(const KIND& kind, std::initializer_list<std::string_view> groups)
+std::string TextsOfKind(const KIND& kind, std::initializer_list<GROUP> groups)
 {
     return TextsOf(TraceOf(DimensionDrawing(Part("AcDbDimension", groups) + kind.part),
                            [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; }));
@@ -67,66 +66,66 @@ TEST(DimensionValue, IsShownWithoutAnOverride)
 {
     for (const KIND& kind : kKinds) {
         EXPECT_EQ(TextsOfKind(kind, {}), kind.value) << kind.name;
-        EXPECT_EQ(TextsOfKind(kind, {"1", ""}), kind.value) << kind.name;
-        EXPECT_EQ(TextsOfKind(kind, {"1", " \t"}), kind.value) << kind.name; // blanks are trimmed to nothing
+        EXPECT_EQ(TextsOfKind(kind, {{1, ""}}), kind.value) << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {{1, " \t"}}), kind.value) << kind.name; // blanks are trimmed to nothing
     }
 }
 
 TEST(DimensionValue, OfATypeOfExactly2HasTheRingAboveBehindIt)
 {
     for (const KIND& kind : kKinds) {
-        EXPECT_EQ(TextsOfKind(kind, {"70", "2"}), std::string(kind.value) + "\u02DA") << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {{70, 2}}), std::string(kind.value) + "\u02DA") << kind.name;
         for (const char* type : {"0", "1", "3", "5", "34", "66", "130", "162", "-2", "20"})
-            EXPECT_EQ(TextsOfKind(kind, {"70", type}), kind.value) << kind.name << " " << type;
+            EXPECT_EQ(TextsOfKind(kind, {{70, type}}), kind.value) << kind.name << " " << type;
     }
 }
 
 TEST(DimensionValue, MeasurementOfTheFileIsNotUsed)
 {
     for (const KIND& kind : kKinds)
-        EXPECT_EQ(TextsOfKind(kind, {"42", "77"}), kind.value) << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {{42, 77}}), kind.value) << kind.name;
 }
 
 TEST(DimensionValue, OverrideHoldsTheValueInPlaceOfItsMark)
 {
-    EXPECT_EQ(Shown({"1", "R<>"}), OneText("R2.5"));
+    EXPECT_EQ(Shown({{1, "R<>"}}), OneText("R2.5"));
     for (const KIND& kind : kKinds)
-        EXPECT_EQ(TextsOfKind(kind, {"1", "R<>"}), std::string("R").append(kind.value)) << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {{1, "R<>"}}), std::string("R").append(kind.value)) << kind.name;
 }
 
 TEST(DimensionValue, OverrideWithoutAMarkIsShownAsItStands)
 {
-    EXPECT_EQ(Shown({"1", " see note < 5 > "}), OneText("see note < 5 >"));
+    EXPECT_EQ(Shown({{1, " see note < 5 > "}}), OneText("see note < 5 >"));
     for (const KIND& kind : kKinds)
-        EXPECT_EQ(TextsOfKind(kind, {"1", "R"}), "R") << kind.name;
+        EXPECT_EQ(TextsOfKind(kind, {{1, "R"}}), "R") << kind.name;
 }
 
 TEST(DimensionValue, EveryMarkIsReplacedFromLeftToRight)
 {
-    EXPECT_EQ(Shown({"1", "<>"}), OneText("2.5"));
-    EXPECT_EQ(Shown({"1", "<><>"}), OneText("2.52.5"));
-    EXPECT_EQ(Shown({"1", "a<>b<>c"}), OneText("a2.5b2.5c"));
-    EXPECT_EQ(Shown({"1", "<<>>"}), OneText("<2.5>"));
-    EXPECT_EQ(Shown({"1", "<<>"}), OneText("<2.5"));
-    EXPECT_EQ(Shown({"1", "<>>"}), OneText("2.5>"));
-    EXPECT_EQ(Shown({"1", "><"}), OneText("><"));
-    EXPECT_EQ(Shown({"1", "<"}), OneText("<"));
-    EXPECT_EQ(Shown({"1", "< >"}), OneText("< >"));
+    EXPECT_EQ(Shown({{1, "<>"}}), OneText("2.5"));
+    EXPECT_EQ(Shown({{1, "<><>"}}), OneText("2.52.5"));
+    EXPECT_EQ(Shown({{1, "a<>b<>c"}}), OneText("a2.5b2.5c"));
+    EXPECT_EQ(Shown({{1, "<<>>"}}), OneText("<2.5>"));
+    EXPECT_EQ(Shown({{1, "<<>"}}), OneText("<2.5"));
+    EXPECT_EQ(Shown({{1, "<>>"}}), OneText("2.5>"));
+    EXPECT_EQ(Shown({{1, "><"}}), OneText("><"));
+    EXPECT_EQ(Shown({{1, "<"}}), OneText("<"));
+    EXPECT_EQ(Shown({{1, "< >"}}), OneText("< >"));
 }
 
 TEST(DimensionValue, UnitGoesWithTheValueOnly)
 {
-    EXPECT_EQ(Shown({"70", "2", "1", "<> / <>"}), OneText("2.5\u02DA / 2.5\u02DA"));
-    EXPECT_EQ(Shown({"70", "2", "1", "right"}), OneText("right"));
+    EXPECT_EQ(Shown({{70, 2}, {1, "<> / <>"}}), OneText("2.5\u02DA / 2.5\u02DA"));
+    EXPECT_EQ(Shown({{70, 2}, {1, "right"}}), OneText("right"));
 }
 
 TEST(DimensionValue, CodesOfAnOverrideAreLaidOut)
 {
-    EXPECT_EQ(Shown({"1", "\\A1;<>"}), OneText("2.5"));
-    EXPECT_EQ(Shown({"1", "\\A1;"}), NoText());
-    EXPECT_EQ(Shown({"1", ";"}), NoText());
-    EXPECT_EQ(Shown({"1", "\\"}), NoText());
-    EXPECT_EQ(Shown({"1", "\\H5;<>"}), DimensionTrace()
+    EXPECT_EQ(Shown({{1, "\\A1;<>"}}), OneText("2.5"));
+    EXPECT_EQ(Shown({{1, "\\A1;"}}), NoText());
+    EXPECT_EQ(Shown({{1, ";"}}), NoText());
+    EXPECT_EQ(Shown({{1, "\\"}}), NoText());
+    EXPECT_EQ(Shown({{1, "\\H5;<>"}}), DimensionTrace()
                                            .Begin()
                                            .EndArrowLine("0, -0, 2.5, -0")
                                            .Size("5.00")
@@ -137,18 +136,18 @@ TEST(DimensionValue, CodesOfAnOverrideAreLaidOut)
 // The radial dimension lies along 180 degrees; what follows "2.5" is three characters to the left.
 TEST(DimensionValue, StackBehindTheValueIsLaidOutAlongTheDimension)
 {
-    EXPECT_EQ(Shown({"11", "7", "21", "-3", "1", "<>\\S+1^-2;"}), DimensionTrace()
-                                                                      .Begin()
-                                                                      .EndArrowLine("0, -0, 2.5, -0")
-                                                                      .Text("2.5", "7, 5", "180")
-                                                                      .Size("1.00")
-                                                                      .Text("+1", "4.6, 5", "180")
-                                                                      .Text("-2", "4.6, 6.3333335", "180")
-                                                                      .End());
+    EXPECT_EQ(Shown({{11, 7}, {21, -3}, {1, "<>\\S+1^-2;"}}), DimensionTrace()
+                                                                  .Begin()
+                                                                  .EndArrowLine("0, -0, 2.5, -0")
+                                                                  .Text("2.5", "7, 5", "180")
+                                                                  .Size("1.00")
+                                                                  .Text("+1", "4.6, 5", "180")
+                                                                  .Text("-2", "4.6, 6.3333335", "180")
+                                                                  .End());
 }
 
 TEST(DimensionValue, MarkWithinAStackOrANestedTextIsReplacedBeforeTheLayout)
 {
-    EXPECT_EQ(TextsOf(Shown({"1", "\\S<>/3"})), "2.5 3");
-    EXPECT_EQ(TextsOf(Shown({"1", "R{<>}"})), "R 2.5}");
+    EXPECT_EQ(TextsOf(Shown({{1, "\\S<>/3"}})), "2.5 3");
+    EXPECT_EQ(TextsOf(Shown({{1, "R{<>}"}})), "R 2.5}");
 }

@@ -128,28 +128,45 @@ TEST(BlocksEnd, InAnUnknownObjectOfTheSection)
 TEST(BlocksEnd, BlockWithoutEndblkReadsTheNextSectionIntoItself)
 {
     // ENDSEC is passed over; SECTION is in the list of entity names and is reported and skipped.
-    EXPECT_EQ(Read(Section("BLOCKS", Lines({"0", "BLOCK", "2", "Open", "0", "LINE"})) +
-                   EntitiesSection({"0", "CIRCLE", "0", "ARC"})),
+    EXPECT_EQ(Read(Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "Open"}, {0, "LINE"}})) +
+                   EntitiesSection({{0, "CIRCLE"}, {0, "ARC"}})),
               (Result{"Open: 1 3 2", "entities:", "0 6 SECTION - Unknown Object Type Name (14)"}));
 }
 
 TEST(BlocksEnd, BlockWithoutEndblkPassesOverTheNextBlockUpToItsEndblk)
 {
-    EXPECT_EQ(Read(Section("BLOCKS",
-                           Lines({"0", "BLOCK", "2", "Open",   "0", "LINE",  "0", "BLOCK", "2", "LINE",
-                                  "0", "ARC",   "0", "ENDBLK", "0", "BLOCK", "2", "Next",  "0", "ENDBLK"})) +
-                   EntitiesSection({"0", "LINE"})),
+    EXPECT_EQ(Read(Section("BLOCKS", Dxf({{0, "BLOCK"},
+                                          {2, "Open"},
+                                          {0, "LINE"},
+                                          {0, "BLOCK"},
+                                          {2, "LINE"},
+                                          {0, "ARC"},
+                                          {0, "ENDBLK"},
+                                          {0, "BLOCK"},
+                                          {2, "Next"},
+                                          {0, "ENDBLK"}})) +
+                   EntitiesSection({{0, "LINE"}})),
               // The name of the block that is passed over begins a line, too.
               (Result{"Open: 1 1 2", "Next:", "entities: 1"}));
 }
 
 TEST(BlocksEnd, EveryPrefixOfASectionGivesTheBlocksWhoseHeadersItHolds)
 {
-    const std::string whole =
-        Section("BLOCKS", Lines({"0", "BLOCK", "2", "A",      "102", "{G",     "330", "1",     "102", "}",
-                                 "0", "LINE",  "8", "x",      "0",   "ENDBLK", "5",   "1",     "0",   "BLOCK",
-                                 "2", "B",     "0", "INSERT", "2",   "A",      "0",   "ENDBLK"})) +
-        Lines({"0", "EOF"});
+    const std::string whole = Section("BLOCKS", Dxf({{0, "BLOCK"},
+                                                     {2, "A"},
+                                                     {102, "{G"},
+                                                     {330, "1"},
+                                                     {102, "}"},
+                                                     {0, "LINE"},
+                                                     {8, "x"},
+                                                     {0, "ENDBLK"},
+                                                     {5, "1"},
+                                                     {0, "BLOCK"},
+                                                     {2, "B"},
+                                                     {0, "INSERT"},
+                                                     {2, "A"},
+                                                     {0, "ENDBLK"}})) +
+                              Dxf({{0, "EOF"}});
     const std::size_t first = whole.find("0\nLINE"), second = whole.find("0\nINSERT");
     for (std::size_t size = 0; size <= whole.size(); ++size) {
         ReportingReader reader;

@@ -63,7 +63,8 @@ class OneLine : public ReportingReader {
 public:
     explicit OneLine(std::string_view lines)
     {
-        ReadText("0\nSECTION\n2\nENTITIES\n0\nLINE\n" + std::string(lines) + "0\nENDSEC\n0\nEOF\n");
+        ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}}) + std::string(lines) +
+                 Dxf({{0, "ENDSEC"}, {0, "EOF"}}));
     }
 
     std::string Changed() const
@@ -111,8 +112,9 @@ TEST(CommonCodes, ValuesAreTrimmed)
 
 TEST(CommonCodes, NumbersThatCannotBeReadAreZero)
 {
-    EXPECT_EQ(OneLine("62\nred\n48\nx\n370\n\n").Changed(), "m_nLineWeight=0 m_dLineTypeScale=0");
-    EXPECT_EQ(OneLine("62\n12abc\n420\n1.9\n").Changed(), "m_nColor=12 m_nTrueColor=1");
+    EXPECT_EQ(OneLine(Dxf({{62, "red"}, {48, "x"}, {370, ""}})).Changed(),
+              "m_nLineWeight=0 m_dLineTypeScale=0");
+    EXPECT_EQ(OneLine(Dxf({{62, "12abc"}, {420, 1.9}})).Changed(), "m_nColor=12 m_nTrueColor=1");
 }
 
 TEST(CommonCodes, LaterValueReplacesTheEarlier)
@@ -137,7 +139,7 @@ TEST(CommonCodes, UnknownCodeIsReportedWithTheLastMarkerItsValueAndTheLineOfTheV
 
 TEST(CommonCodes, EndPointTwiceAndAnUnknownCodeOnce)
 {
-    const OneLine reader("100\nAcDbLine\n31\n5\n31\n7.5\n999\nx\n");
+    const OneLine reader(Dxf({{100, "AcDbLine"}, {31, 5}, {31, 7.5}, {999, "x"}}));
     EXPECT_EQ(reader.Changed(), "m_strSubclass=\"AcDbLine\" m_dEndZ=7.5");
     EXPECT_EQ(reader.errors,
               (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type AcDbLine ('999' = 'x') Line:14"}));
@@ -145,7 +147,7 @@ TEST(CommonCodes, EndPointTwiceAndAnUnknownCodeOnce)
 
 TEST(CommonCodes, GroupIsKeptLineByLineAndSetsNoOtherField)
 {
-    const OneLine reader("102\n{ACAD_REACTORS\n330\n1F\n102\n}\n8\nWalls\n");
+    const OneLine reader(Dxf({{102, "{ACAD_REACTORS"}, {330, "1F"}, {102, "}"}, {8, "Walls"}}));
     EXPECT_EQ(reader.Changed(), "m_strAppData=\"{ACAD_REACTORS\\x0A330\\x0A1F\" m_strLayer=\"Walls\"");
     EXPECT_EQ(reader.errors, Texts());
 }
@@ -164,7 +166,7 @@ TEST(CommonCodes, SecondGroupFollowsTheFirstWithoutASeparator)
 
 TEST(CommonCodes, GroupWithoutLinesIsItsOpeningValue)
 {
-    EXPECT_EQ(OneLine("102\n{A\n102\n}\n").Changed(), "m_strAppData=\"{A\"");
+    EXPECT_EQ(OneLine(Dxf({{102, "{A"}, {102, "}"}})).Changed(), "m_strAppData=\"{A\"");
 }
 
 TEST(CommonCodes, Line102OfAGroupDropsTheLineBehindItUnlessItEndsTheGroup)
@@ -180,7 +182,7 @@ TEST(CommonCodes, OnlyTheWhole102OfALineCounts)
 
 TEST(CommonCodes, ZeroWithinAGroupDoesNotEndTheEntity)
 {
-    EXPECT_EQ(OneLine("102\n{A\n0\nENDSEC\n102\n}\n8\nWalls\n").Changed(),
+    EXPECT_EQ(OneLine(Dxf({{102, "{A"}, {0, "ENDSEC"}, {102, "}"}, {8, "Walls"}})).Changed(),
               "m_strAppData=\"{A\\x0A0\\x0AENDSEC\" m_strLayer=\"Walls\"");
 }
 
@@ -204,9 +206,10 @@ TEST(CommonCodes, GroupOfAnyLengthIsKept)
 {
     std::string lines;
     for (int i = 0; i < 20000; ++i)
-        lines += "330\nABCDEF\n";
+        lines += Dxf({{330, "ABCDEF"}});
     ReportingReader reader;
-    reader.ReadText("0\nSECTION\n2\nENTITIES\n0\nLINE\n102\n{A\n" + lines + "102\n}\n0\nENDSEC\n");
+    reader.ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {102, "{A"}}) + lines +
+                    Dxf({{102, "}"}, {0, "ENDSEC"}}));
     EXPECT_EQ(reader.entities[0]->m_rare->m_strAppData.size(), 2 + 20000u * 11);
     EXPECT_EQ(reader.errors, Texts());
 }
@@ -223,7 +226,7 @@ TEST(CommonCodes, EveryReaderPassesThemOn)
     for (const std::string_view type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"}) {
         ReportingReader reader;
-        reader.ReadText(Section("ENTITIES", Lines({"0", type}) + lines));
+        reader.ReadText(Section("ENTITIES", Dxf({{0, type}}) + lines));
         ASSERT_EQ(reader.entities.size(), 1u);
         EXPECT_EQ(
             ChangedFields(*reader.entities[0]),

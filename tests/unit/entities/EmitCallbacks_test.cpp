@@ -15,9 +15,9 @@ namespace {
 using Calls = std::vector<std::string>;
 
 // A block with these lines between its name and its ENDBLK.
-std::string Block(std::string_view name, std::initializer_list<std::string_view> entities)
+std::string Block(std::string_view name, std::initializer_list<GROUP> entities)
 {
-    return Lines({"0", "BLOCK", "2", name}) + Lines(entities) + Lines({"0", "ENDBLK"});
+    return Dxf({{0, "BLOCK"}, {2, name}}) + Dxf(entities) + Dxf({{0, "ENDBLK"}});
 }
 
 std::string Blocks(const std::string& blocks)
@@ -26,11 +26,25 @@ std::string Blocks(const std::string& blocks)
 }
 
 // Every kind of entity, each on the layer that is named after its order.
-const std::string kEveryKind =
-    Lines({"0", "DIMENSION", "8", "a",       "100", "AcDbEntity", "0", "INSERT", "8", "b",
-           "0", "MTEXT",     "8", "c",       "0",   "TEXT",       "8", "d",      "0", "LWPOLYLINE",
-           "8", "e",         "0", "ELLIPSE", "8",   "f",          "0", "CIRCLE", "8", "g",
-           "0", "ARC",       "8", "h",       "0",   "LINE",       "8", "i"});
+const std::string kEveryKind = Dxf({{0, "DIMENSION"},
+                                    {8, "a"},
+                                    {100, "AcDbEntity"},
+                                    {0, "INSERT"},
+                                    {8, "b"},
+                                    {0, "MTEXT"},
+                                    {8, "c"},
+                                    {0, "TEXT"},
+                                    {8, "d"},
+                                    {0, "LWPOLYLINE"},
+                                    {8, "e"},
+                                    {0, "ELLIPSE"},
+                                    {8, "f"},
+                                    {0, "CIRCLE"},
+                                    {8, "g"},
+                                    {0, "ARC"},
+                                    {8, "h"},
+                                    {0, "LINE"},
+                                    {8, "i"}});
 
 // A reader with records that no drawing has.
 class OddRecords : public CallbackReader {
@@ -79,7 +93,7 @@ TEST(EmitCallbacks, EachKindOfEntityGoesToItsCallbackInFileOrder)
 TEST(EmitCallbacks, EntitiesOfABlockComeBetweenItsBeginAndItsEndInFileOrder)
 {
     EXPECT_EQ(
-        CallbacksOf(Blocks(Lines({"0", "BLOCK", "2", "All"}) + kEveryKind + Lines({"0", "ENDBLK"}))),
+        CallbacksOf(Blocks(Dxf({{0, "BLOCK"}, {2, "All"}}) + kEveryKind + Dxf({{0, "ENDBLK"}}))),
         (Calls{"OnBlockBegin All", "OnDimension a", "OnInsert b", "OnMText c", "OnText d", "OnLWPolyline e",
                "OnEllipse f", "OnCircle g", "OnArc h", "OnLine i", "OnBlockEnd All"}));
 }
@@ -87,7 +101,7 @@ TEST(EmitCallbacks, EntitiesOfABlockComeBetweenItsBeginAndItsEndInFileOrder)
 TEST(EmitCallbacks, NothingIsCalledForADrawingWithoutRecords)
 {
     EXPECT_EQ(CallbacksOf(""), Calls());
-    EXPECT_EQ(CallbacksOf("0\nEOF\n"), Calls());
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "EOF"}})), Calls());
     EXPECT_EQ(CallbacksOf(Blocks("") + EntitiesSection({})), Calls());
 }
 
@@ -99,8 +113,8 @@ TEST(EmitCallbacks, EmptyBlockIsBegunAndEnded)
 TEST(EmitCallbacks, BlocksComeBeforeEntitiesWhicheverSectionIsFirst)
 {
     const Calls expected{"OnBlockBegin A", "OnArc b", "OnBlockEnd A", "OnLine e"};
-    const std::string blocks = Blocks(Block("A", {"0", "ARC", "8", "b"}));
-    const std::string entities = Section("ENTITIES", Lines({"0", "LINE", "8", "e"}));
+    const std::string blocks = Blocks(Block("A", {{0, "ARC"}, {8, "b"}}));
+    const std::string entities = Section("ENTITIES", Dxf({{0, "LINE"}, {8, "e"}}));
     EXPECT_EQ(CallbacksOf(blocks + entities), expected);
     EXPECT_EQ(CallbacksOf(entities + blocks), expected);
 }
@@ -108,10 +122,10 @@ TEST(EmitCallbacks, BlocksComeBeforeEntitiesWhicheverSectionIsFirst)
 TEST(EmitCallbacks, BlocksWithInsertsComeBehindThoseWithoutEachInFileOrder)
 {
     EXPECT_EQ(
-        CallbacksOf(Blocks(Block("N1", {"0", "LINE", "8", "x", "0", "INSERT", "8", "y"}) +
-                           Block("P1", {"0", "LINE", "8", "p"}) +
-                           Block("N2", {"0", "INSERT", "8", "z", "0", "LINE", "8", "w"}) + Block("P2", {})) +
-                    EntitiesSection({"0", "INSERT", "8", "top"})),
+        CallbacksOf(Blocks(Block("N1", {{0, "LINE"}, {8, "x"}, {0, "INSERT"}, {8, "y"}}) +
+                           Block("P1", {{0, "LINE"}, {8, "p"}}) +
+                           Block("N2", {{0, "INSERT"}, {8, "z"}, {0, "LINE"}, {8, "w"}}) + Block("P2", {})) +
+                    EntitiesSection({{0, "INSERT"}, {8, "top"}})),
         (Calls{"OnBlockBegin P1", "OnLine p", "OnBlockEnd P1", "OnBlockBegin P2", "OnBlockEnd P2",
                "OnBlockBegin N1", "OnLine x", "OnInsert y", "OnBlockEnd N1", "OnBlockBegin N2", "OnInsert z",
                "OnLine w", "OnBlockEnd N2", "OnInsert top"}));
@@ -119,24 +133,24 @@ TEST(EmitCallbacks, BlocksWithInsertsComeBehindThoseWithoutEachInFileOrder)
 
 TEST(EmitCallbacks, DeeperNestingKeepsTheFileOrder)
 {
-    EXPECT_EQ(CallbacksOf(Blocks(Block("Top", {"0", "INSERT", "2", "Middle"}) +
-                                 Block("Middle", {"0", "INSERT", "2", "Leaf"}) + Block("Leaf", {}))),
+    EXPECT_EQ(CallbacksOf(Blocks(Block("Top", {{0, "INSERT"}, {2, "Middle"}}) +
+                                 Block("Middle", {{0, "INSERT"}, {2, "Leaf"}}) + Block("Leaf", {}))),
               (Calls{"OnBlockBegin Leaf", "OnBlockEnd Leaf", "OnBlockBegin Top", "OnInsert ",
                      "OnBlockEnd Top", "OnBlockBegin Middle", "OnInsert ", "OnBlockEnd Middle"}));
 }
 
 TEST(EmitCallbacks, BlocksOfTheSameNameAreAllEmitted)
 {
-    EXPECT_EQ(CallbacksOf(Blocks(Block("A", {"0", "LINE", "8", "1"}) + Block("A", {"0", "LINE", "8", "2"})) +
-                          Blocks(Block("A", {"0", "LINE", "8", "3"}))),
+    EXPECT_EQ(CallbacksOf(Blocks(Block("A", {{0, "LINE"}, {8, "1"}}) + Block("A", {{0, "LINE"}, {8, "2"}})) +
+                          Blocks(Block("A", {{0, "LINE"}, {8, "3"}}))),
               (Calls{"OnBlockBegin A", "OnLine 1", "OnBlockEnd A", "OnBlockBegin A", "OnLine 2",
                      "OnBlockEnd A", "OnBlockBegin A", "OnLine 3", "OnBlockEnd A"}));
 }
 
 TEST(EmitCallbacks, MessagesOfTheWholeFileComeBeforeAnyDrawing)
 {
-    EXPECT_EQ(CallbacksOf(Blocks(Block("A", {"0", "ATTDEF", "1", "x"})) +
-                          EntitiesSection({"0", "LINE", "0", "SOLID"})),
+    EXPECT_EQ(CallbacksOf(Blocks(Block("A", {{0, "ATTDEF"}, {1, "x"}})) +
+                          EntitiesSection({{0, "LINE"}, {0, "SOLID"}})),
               (Calls{"OnError 0 6 ATTDEF - Unknown Object Type Name (10)",
                      "OnError 0 6 SOLID - Unknown Object Type Name (24)", "OnBlockBegin A", "OnBlockEnd A",
                      "OnLine "}));
@@ -151,7 +165,7 @@ TEST(EmitCallbacks, FileThatIsCutOffIsEmittedAsFarAsItWasRead)
 TEST(EmitCallbacks, InsertMarksTheBlockThatHoldsIt)
 {
     ReportingReader reader;
-    reader.ReadText(Blocks(Block("Plain", {"0", "LINE"}) + Block("Nested", {"0", "LINE", "0", "INSERT"}) +
+    reader.ReadText(Blocks(Block("Plain", {{0, "LINE"}}) + Block("Nested", {{0, "LINE"}, {0, "INSERT"}}) +
                            Block("Empty", {})));
     ASSERT_EQ(reader.blocks.size(), 3u);
     EXPECT_FALSE(reader.blocks[0]->hasNestedInsert);
@@ -198,8 +212,8 @@ TEST(EmitCallbacks, KindTellsWhatARecordIsAndNotItsClass)
 
 TEST(EmitCallbacks, CallbacksGetTheRecordsThemselvesWhichOutliveThePass)
 {
-    const std::string drawing = Blocks(Block("A", {"0", "INSERT", "2", "B"})) +
-                                EntitiesSection({"0", "ARC", "8", "Walls", "50", "30"});
+    const std::string drawing =
+        Blocks(Block("A", {{0, "INSERT"}, {2, "B"}})) + EntitiesSection({{0, "ARC"}, {8, "Walls"}, {50, 30}});
     CDxfMemory memory(drawing);
     Borrower reader;
     reader.ReadDxfSource(memory);
@@ -214,9 +228,8 @@ TEST(EmitCallbacks, CallbacksGetTheRecordsThemselvesWhichOutliveThePass)
 
 TEST(EmitCallbacks, PlainReaderReadsAFileAndDoesNothingWithIt)
 {
-    const std::string drawing =
-        Blocks(Lines({"0", "BLOCK", "2", "All"}) + kEveryKind + Lines({"0", "ENDBLK"})) +
-        Section("ENTITIES", kEveryKind) + Lines({"0", "SECTION", "2", "ODD"});
+    const std::string drawing = Blocks(Dxf({{0, "BLOCK"}, {2, "All"}}) + kEveryKind + Dxf({{0, "ENDBLK"}})) +
+                                Section("ENTITIES", kEveryKind) + Dxf({{0, "SECTION"}, {2, "ODD"}});
     RecordingHost::OfThread().Reset();
     CDxfMemory memory(drawing);
     CDxfRead reader;
@@ -231,8 +244,8 @@ TEST(EmitCallbacks, PlainReaderReadsAFileAndDoesNothingWithIt)
 TEST(EmitCallbacks, ReadersShareNothing)
 {
     CallbackReader first, second;
-    first.ReadText(Blocks(Block("A", {"0", "LINE", "8", "1"})));
-    second.ReadText(EntitiesSection({"0", "LINE", "8", "2"}));
+    first.ReadText(Blocks(Block("A", {{0, "LINE"}, {8, "1"}})));
+    second.ReadText(EntitiesSection({{0, "LINE"}, {8, "2"}}));
     EXPECT_EQ(first.calls, (Calls{"OnBlockBegin A", "OnLine 1", "OnBlockEnd A"}));
     EXPECT_EQ(second.calls, Calls{"OnLine 2"});
     EXPECT_TRUE(second.blocks.empty());

@@ -72,7 +72,7 @@ constexpr const char* kEntityTypeNames[] = {"3DFACE",    "3DSOLID",  "ACAD_PROXY
 TEST(EntityLoop, LineOnALayerIsOneRecordAndNoMessage)
 {
     ReportingReader reader;
-    reader.ReadText(EntitiesSection({"0", "LINE", "8", "Walls"}));
+    reader.ReadText(EntitiesSection({{0, "LINE"}, {8, "Walls"}}));
     ASSERT_EQ(reader.entities.size(), 1u);
     EXPECT_EQ(ChangedFields(*reader.entities[0]), "m_strLayer=\"Walls\"");
     EXPECT_EQ(reader.errors, Texts());
@@ -83,7 +83,7 @@ TEST(EntityLoop, KnownTypesAreReadOrSkippedWithoutAMessage)
     for (const Type& type : kTypes) {
         ReportingReader reader;
         reader.ReadText(
-            EntitiesSection({"0", type.name, "8", "a", "0", type.name, "8", "b", "0", "LINE", "8", "c"}));
+            EntitiesSection({{0, type.name}, {8, "a"}, {0, type.name}, {8, "b"}, {0, "LINE"}, {8, "c"}}));
         EXPECT_EQ(reader.entities.size(), static_cast<std::size_t>(2 * type.records + 1)) << type.name;
         EXPECT_EQ(reader.errors, Texts()) << type.name;
     }
@@ -94,7 +94,7 @@ TEST(EntityLoop, CodeThatIsNoIntegerGivesTheReadersMessageAndThenTheLoops)
     for (const Type& type : kTypes) {
         ReportingReader reader;
         reader.ReadText(
-            EntitiesSection({"0", type.name, "8", "Walls", " abc ", "x", "8", "b", "0", "LINE", "8", "c"}));
+            EntitiesSection({{0, type.name}, {8, "Walls"}, {" abc ", "x"}, {8, "b"}, {0, "LINE"}, {8, "c"}}));
         EXPECT_EQ(reader.errors,
                   (Texts{Integer(type, "abc", 9), Failed(type, 9), "0 6 x - Unknown Object Type Name (10)"}))
             << type.name;
@@ -131,9 +131,10 @@ TEST(EntityLoop, SkippedTypesReportNoCodeAndKeepStep)
     for (const Type& type : kTypes) {
         if (type.records != 0)
             continue;
-        EXPECT_EQ(ErrorsOf(EntitiesSection({"0", type.name, "999", "x", "102", "{A", "8", "0", "1", "ENDSEC",
-                                            "-7", "y", "0", "LINE"})),
-                  Texts())
+        EXPECT_EQ(
+            ErrorsOf(EntitiesSection(
+                {{0, type.name}, {999, "x"}, {102, "{A"}, {8, "0"}, {1, "ENDSEC"}, {-7, "y"}, {0, "LINE"}})),
+            Texts())
             << type.name;
     }
 }
@@ -141,15 +142,15 @@ TEST(EntityLoop, SkippedTypesReportNoCodeAndKeepStep)
 TEST(EntityLoop, TypeNamesAreComparedToTheLetter)
 {
     for (const std::string_view name : {"line", "Line", "LINES", "LIN", "XLINE", "MLINE"})
-        EXPECT_EQ(ErrorsOf(EntitiesSection({"0", name, "8", "a"})),
+        EXPECT_EQ(ErrorsOf(EntitiesSection({{0, name}, {8, "a"}})),
                   (Texts{"0 6 " + std::string(name) + " - Unknown Object Type Name (6)"}));
-    EXPECT_EQ(CallbacksOf(EntitiesSection({"0", "  LINE\t", "8", "a"})), (Texts{"OnLine a"}));
+    EXPECT_EQ(CallbacksOf(EntitiesSection({{0, "  LINE\t"}, {8, "a"}})), (Texts{"OnLine a"}));
 }
 
 TEST(EntityLoop, SolidIsReportedOnceAndLeavesNoRecord)
 {
     ReportingReader reader;
-    reader.ReadText(EntitiesSection({"0", "SOLID", "8", "a", "10", "1", "999", "x"}));
+    reader.ReadText(EntitiesSection({{0, "SOLID"}, {8, "a"}, {10, 1}, {999, "x"}}));
     EXPECT_EQ(reader.errors, (Texts{"0 6 SOLID - Unknown Object Type Name (6)"}));
     EXPECT_TRUE(reader.entities.empty());
 }
@@ -163,7 +164,7 @@ TEST(EntityLoop, EveryOtherTypeIsReportedEachTimeItOccurs)
         if (known.count(name) != 0)
             continue;
         const std::string unknown = std::string("0 6 ") + name + " - Unknown Object Type Name ";
-        EXPECT_EQ(ErrorsOf(EntitiesSection({"0", name, "8", "a", "0", name, "0", "LINE"})),
+        EXPECT_EQ(ErrorsOf(EntitiesSection({{0, name}, {8, "a"}, {0, name}, {0, "LINE"}})),
                   (Texts{unknown + "(6)", unknown + "(10)"}));
     }
 }
@@ -171,8 +172,8 @@ TEST(EntityLoop, EveryOtherTypeIsReportedEachTimeItOccurs)
 TEST(EntityLoop, VerticesAndTheEndOfAPolylineAreReportedAsUnknown)
 {
     ReportingReader reader;
-    reader.ReadText(EntitiesSection({"0", "POLYLINE", "66", "1", "0", "VERTEX", "10", "1", "0", "VERTEX",
-                                     "10", "2", "0", "SEQEND", "8", "a"}));
+    reader.ReadText(EntitiesSection(
+        {{0, "POLYLINE"}, {66, 1}, {0, "VERTEX"}, {10, 1}, {0, "VERTEX"}, {10, 2}, {0, "SEQEND"}, {8, "a"}}));
     EXPECT_EQ(reader.errors, (Texts{"0 6 VERTEX - Unknown Object Type Name (10)",
                                     "0 6 VERTEX - Unknown Object Type Name (14)",
                                     "0 6 SEQEND - Unknown Object Type Name (18)"}));
@@ -181,7 +182,7 @@ TEST(EntityLoop, VerticesAndTheEndOfAPolylineAreReportedAsUnknown)
 
 TEST(EntityLoop, CodeThatIsNoIntegerInAnUnknownEntityIsReportedAlone)
 {
-    EXPECT_EQ(ErrorsOf(EntitiesSection({"0", "SOLID", "8", "a", " z9", "b", "8", "c", "0", "LINE"})),
+    EXPECT_EQ(ErrorsOf(EntitiesSection({{0, "SOLID"}, {8, "a"}, {" z9", "b"}, {8, "c"}, {0, "LINE"}})),
               (Texts{"0 6 SOLID - Unknown Object Type Name (6)",
                      "0 3 Read_UNKNOWN() Failed to read integer from 'z9', Line:9",
                      "0 6 b - Unknown Object Type Name (10)"}));
@@ -189,7 +190,7 @@ TEST(EntityLoop, CodeThatIsNoIntegerInAnUnknownEntityIsReportedAlone)
 
 TEST(EntityLoop, FileThatEndsWithinAnUnknownEntityQuotesTheEmptyLine)
 {
-    EXPECT_EQ(ErrorsOf("0\nSECTION\n2\nENTITIES\n0\nSOLID\n8\na\n"),
+    EXPECT_EQ(ErrorsOf(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "SOLID"}, {8, "a"}})),
               (Texts{"0 6 SOLID - Unknown Object Type Name (6)",
                      "0 3 Read_UNKNOWN() Failed to read integer from '', Line:9"}));
     EXPECT_EQ(ErrorsOf("0\nSECTION\n2\nENTITIES\n0\nSOLID\n8\na"),
@@ -199,14 +200,14 @@ TEST(EntityLoop, FileThatEndsWithinAnUnknownEntityQuotesTheEmptyLine)
 TEST(EntityLoop, ValueLineAfterAFailedEntityThatReadsLikeATypeStartsARecord)
 {
     EXPECT_EQ(
-        CallbacksOf(EntitiesSection({"0", "CIRCLE", "8", "a", "abc", "LINE", "8", "b"})),
+        CallbacksOf(EntitiesSection({{0, "CIRCLE"}, {8, "a"}, {"abc", "LINE"}, {8, "b"}})),
         (Texts{"OnError 0 3 ReadENTITIES_CIRCLE Failed to read integer from 'abc', Line:9",
                "OnError 0 5 ReadENTITIES_CIRCLE() Failed to read line, Line:9", "OnCircle a", "OnLine b"}));
 }
 
 TEST(EntityLoop, EndsecAsTheValueAfterAFailedEntityEndsTheSection)
 {
-    EXPECT_EQ(ErrorsOf(EntitiesSection({"0", "POINT", "abc", "ENDSEC", "8", "a", "0", "SOLID"})),
+    EXPECT_EQ(ErrorsOf(EntitiesSection({{0, "POINT"}, {"abc", "ENDSEC"}, {8, "a"}, {0, "SOLID"}})),
               (Texts{"0 3 ReadENTITIES_POINT Failed to read integer from 'abc', Line:7",
                      "0 5 ReadENTITIES_POINT() Failed to read line, Line:7"}));
 }
@@ -221,7 +222,7 @@ TEST(EntityLoop, ReadUnknownTellsWhetherItMetAZero)
         return result + " then " + std::string(stream.getline()) + " with " +
                std::to_string(reader.errors.size());
     };
-    EXPECT_EQ(skip("8\na\n0\nLINE\n"), "true then LINE with 0");
+    EXPECT_EQ(skip(Dxf({{8, "a"}, {0, "LINE"}})), "true then LINE with 0");
     EXPECT_EQ(skip("8\na\n0"), "true then  with 0");
     EXPECT_EQ(skip("0x\nLINE\n"), "true then LINE with 0");
     EXPECT_EQ(skip("8\nx\nx\nLINE\n"), "false then LINE with 1");

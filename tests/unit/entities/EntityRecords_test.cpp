@@ -27,7 +27,7 @@ const std::string kExtrusion = "m_dExtrusionX=0\nm_dExtrusionY=0\nm_dExtrusionZ=
 // The only entity of a section of these lines.
 class OneEntity : public ReportingReader {
 public:
-    explicit OneEntity(std::initializer_list<std::string_view> lines) { ReadText(EntitiesSection(lines)); }
+    explicit OneEntity(std::initializer_list<GROUP> lines) { ReadText(EntitiesSection(lines)); }
 
     std::string Changed() const
     {
@@ -136,7 +136,7 @@ TEST(EntityRecords, EntityWithoutGroupsHoldsItsDefaults)
     int kind = 1;
     for (const std::string_view type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"}) {
-        const OneEntity reader({"0", type});
+        const OneEntity reader({{0, type}});
         EXPECT_EQ(reader.Changed(), "") << type;
         EXPECT_EQ(reader.entities[0]->m_nEntityType, kind++) << type;
         EXPECT_EQ(reader.errors, Texts()) << type;
@@ -147,7 +147,7 @@ TEST(EntityRecords, EntityOfUnknownGroupsOnlyHoldsItsDefaults)
 {
     for (const std::string_view type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"}) {
-        const OneEntity reader({"0", type, "999", "x", "-4", "1"});
+        const OneEntity reader({{0, type}, {999, "x"}, {-4, "1"}});
         EXPECT_EQ(reader.Changed(), "") << type;
         EXPECT_EQ(reader.errors,
                   (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('999' = 'x') Line:8",
@@ -158,30 +158,29 @@ TEST(EntityRecords, EntityOfUnknownGroupsOnlyHoldsItsDefaults)
 
 TEST(EntityRecords, LineTypeScaleLosesItsFraction)
 {
-    EXPECT_EQ(OneEntity({"0", "LINE", "48", "0.5"}).Changed(), "m_dLineTypeScale=0");
-    EXPECT_EQ(OneEntity({"0", "LINE", "48", "3"}).Changed(), "m_dLineTypeScale=3");
-    EXPECT_EQ(OneEntity({"0", "LINE", "48", "2.75"}).Changed(), "m_dLineTypeScale=2");
-    EXPECT_EQ(OneEntity({"0", "LINE", "48", "-1.5"}).Changed(), "m_dLineTypeScale=-1");
+    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 0.5}}).Changed(), "m_dLineTypeScale=0");
+    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 3}}).Changed(), "m_dLineTypeScale=3");
+    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 2.75}}).Changed(), "m_dLineTypeScale=2");
+    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, -1.5}}).Changed(), "m_dLineTypeScale=-1");
 }
 
 TEST(EntityRecords, BulgeLosesItsFraction)
 {
-    EXPECT_EQ(
-        OneEntity({"0", "LWPOLYLINE", "10", "1.5", "20", "2.5", "42", "0.5", "10", "3", "20", "4"}).Changed(),
-        "m_vertices=(1.5,2.5)(3,4)");
+    EXPECT_EQ(OneEntity({{0, "LWPOLYLINE"}, {10, 1.5}, {20, 2.5}, {42, 0.5}, {10, 3}, {20, 4}}).Changed(),
+              "m_vertices=(1.5,2.5)(3,4)");
 }
 
 TEST(EntityRecords, SecondPointOfATextHasItsZFrom33)
 {
-    const OneEntity unknown({"0", "TEXT", "31", "7"});
+    const OneEntity unknown({{0, "TEXT"}, {31, 7}});
     EXPECT_EQ(unknown.Changed(), "");
     EXPECT_EQ(unknown.errors, (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('31' = '7') Line:8"}));
-    EXPECT_EQ(OneEntity({"0", "TEXT", "33", "7"}).Changed(), "m_dAlignZ=7");
+    EXPECT_EQ(OneEntity({{0, "TEXT"}, {33, 7}}).Changed(), "m_dAlignZ=7");
 }
 
 TEST(EntityRecords, OfAnMtextsChunksTheLastIsKeptBesideTheText)
 {
-    EXPECT_EQ(OneEntity({"0", "MTEXT", "3", "one", "3", "two", "3", "three", "1", "end"}).Changed(),
+    EXPECT_EQ(OneEntity({{0, "MTEXT"}, {3, "one"}, {3, "two"}, {3, "three"}, {1, "end"}}).Changed(),
               "m_strText=\"end\" m_strTextMore=\"three\"");
 }
 

@@ -13,7 +13,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
-// One reader on some lines that stand behind a type name.
+// One reader on the lines after a type name.
 class Reading : public ReportingReader {
 public:
     Reading(READER read, std::string_view lines)
@@ -118,14 +118,9 @@ const std::vector<Entity> kEntities = {
 const std::set<int> kCommonCodes = {5,   6,   8,   48,  60,  62,  67,  92,  100, 102,
                                     284, 310, 330, 347, 370, 390, 410, 420, 430, 440};
 
-std::string Pair(int code, std::string_view value)
+std::string Polyline(std::initializer_list<GROUP> groups)
 {
-    return std::to_string(code) + "\n" + std::string(value) + "\n";
-}
-
-std::string Polyline(std::string_view lines)
-{
-    return Reading(&CDxfRead::ReadENTITIES_LWPOLYLINE, std::string(lines) + "0\n").Changed();
+    return Reading(&CDxfRead::ReadENTITIES_LWPOLYLINE, Dxf(groups) + "0\n").Changed();
 }
 
 } // namespace
@@ -134,7 +129,7 @@ TEST(GeometryReader, EachRealFillsItsField)
 {
     for (const Entity& entity : kEntities)
         for (const auto& [code, field] : entity.reals) {
-            const Reading reading(entity.read, Pair(code, " -12.625e1x") + "0\nNEXT\n");
+            const Reading reading(entity.read, Dxf({{code, " -12.625e1x"}}) + Dxf({{0, "NEXT"}}));
             EXPECT_EQ(reading.Changed(), std::string(field) + "=-126.25") << entity.type << ' ' << code;
             EXPECT_EQ(reading.errors, Texts());
         }
@@ -144,10 +139,10 @@ TEST(GeometryReader, EachIntegerFillsItsFieldWithoutItsFraction)
 {
     for (const Entity& entity : kEntities)
         for (const auto& [code, field] : entity.integers) {
-            EXPECT_EQ(Reading(entity.read, Pair(code, " -12.9") + "0\n").Changed(),
+            EXPECT_EQ(Reading(entity.read, Dxf({{code, " -12.9"}}) + "0\n").Changed(),
                       std::string(field) + "=-12")
                 << code;
-            EXPECT_EQ(Reading(entity.read, Pair(code, "0.999") + "0\n").Changed(), "") << code;
+            EXPECT_EQ(Reading(entity.read, Dxf({{code, "0.999"}}) + "0\n").Changed(), "") << code;
         }
 }
 
@@ -155,10 +150,10 @@ TEST(GeometryReader, LaterValueReplacesTheEarlier)
 {
     for (const Entity& entity : kEntities) {
         for (const auto& [code, field] : entity.reals)
-            EXPECT_EQ(Reading(entity.read, Pair(code, "1.5") + Pair(code, "2.5") + "0\n").Changed(),
+            EXPECT_EQ(Reading(entity.read, Dxf({{code, "1.5"}, {code, "2.5"}}) + "0\n").Changed(),
                       std::string(field) + "=2.5");
         for (const auto& [code, field] : entity.integers)
-            EXPECT_EQ(Reading(entity.read, Pair(code, "1") + Pair(code, "2") + "0\n").Changed(),
+            EXPECT_EQ(Reading(entity.read, Dxf({{code, "1"}, {code, "2"}}) + "0\n").Changed(),
                       std::string(field) + "=2");
     }
 }
@@ -167,7 +162,7 @@ TEST(GeometryReader, ValueThatIsNoNumberIsZeroWithoutAMessage)
 {
     for (const Entity& entity : kEntities)
         for (const auto& [code, field] : entity.reals) {
-            const Reading reading(entity.read, Pair(code, "7") + Pair(code, "abc") + "0\n");
+            const Reading reading(entity.read, Dxf({{code, "7"}, {code, "abc"}}) + "0\n");
             EXPECT_EQ(reading.Changed(), code == 230 ? std::string(field) + "=0" : "")
                 << entity.type << ' ' << code;
             EXPECT_EQ(reading.errors, Texts());
@@ -182,7 +177,7 @@ TEST(GeometryReader, EveryOtherCodeIsReportedUnlessEntitiesShareIt)
             if (code == 0 || isVertex ||
                 entity.reals.count(code) + entity.integers.count(code) + kCommonCodes.count(code))
                 continue;
-            const Reading reading(entity.read, Pair(code, " 7 ") + "0\n");
+            const Reading reading(entity.read, Dxf({{code, " 7 "}}) + "0\n");
             EXPECT_EQ(reading.Changed(), "") << entity.type << ' ' << code;
             EXPECT_EQ(reading.errors, (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('" +
                                              std::to_string(code) + "' = '7') Line:2"}))
@@ -221,7 +216,7 @@ TEST(GeometryReader, CodeThatIsNoIntegerIsReportedAndEndsTheReading)
 TEST(GeometryReader, EndOfTheFileEndsTheReadingWithWhatWasRead)
 {
     for (const Entity& entity : kEntities) {
-        const Reading behindALine(entity.read, "8\na\n");
+        const Reading behindALine(entity.read, Dxf({{8, "a"}}));
         EXPECT_FALSE(behindALine.result) << entity.type;
         EXPECT_EQ(behindALine.Changed(), "m_strLayer=\"a\"") << entity.type;
         EXPECT_EQ(behindALine.errors, (Texts{std::string("0 3 ReadENTITIES_") + entity.type +
@@ -243,7 +238,8 @@ TEST(GeometryReader, CodesMayHaveBlanksASignZerosAndLettersBehindThem)
 
 TEST(GeometryReader, LineHasTwoPointsAndNoMore)
 {
-    const Reading reading(&CDxfRead::ReadENTITIES_LINE, "10\n1\n20\n2\n11\n3\n21\n4\n0\nNEXT\n");
+    const Reading reading(&CDxfRead::ReadENTITIES_LINE,
+                          Dxf({{10, 1}, {20, 2}, {11, 3}, {21, 4}, {0, "NEXT"}}));
     EXPECT_TRUE(reading.result);
     EXPECT_EQ(reading.Changed(), "m_dStartX=1 m_dStartY=2 m_dEndX=3 m_dEndY=4");
     EXPECT_EQ(reading.next, "NEXT");
@@ -251,18 +247,18 @@ TEST(GeometryReader, LineHasTwoPointsAndNoMore)
 
 TEST(GeometryReader, ThicknessIsARealAndTheLineTypeScaleAnInteger)
 {
-    EXPECT_EQ(Reading(&CDxfRead::ReadENTITIES_LINE, "39\n0.25\n48\n0.25\n0\n").Changed(),
+    EXPECT_EQ(Reading(&CDxfRead::ReadENTITIES_LINE, Dxf({{39, 0.25}, {48, 0.25}}) + "0\n").Changed(),
               "m_dLineTypeScale=0 m_dThickness=0.25");
 }
 
 TEST(GeometryReader, ArcOfARadiusAloneKeepsItsDefaults)
 {
-    EXPECT_EQ(Reading(&CDxfRead::ReadENTITIES_ARC, "40\n5\n0\n").Changed(), "m_dRadius=5");
+    EXPECT_EQ(Reading(&CDxfRead::ReadENTITIES_ARC, Dxf({{40, 5}}) + "0\n").Changed(), "m_dRadius=5");
 }
 
 TEST(GeometryReader, EllipseHasNoThickness)
 {
-    const Reading reading(&CDxfRead::ReadENTITIES_ELLIPSE, "39\n2\n0\n");
+    const Reading reading(&CDxfRead::ReadENTITIES_ELLIPSE, Dxf({{39, 2}}) + "0\n");
     EXPECT_EQ(reading.Changed(), "");
     EXPECT_EQ(reading.errors, (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('39' = '2') Line:2"}));
 }
@@ -278,33 +274,33 @@ TEST(GeometryReader, LineThatEndsTheFileStaysInTheList)
 
 TEST(LwpolylineReader, EachTwentyMakesAVertex)
 {
-    EXPECT_EQ(Polyline("90\n3\n70\n1\n10\n1\n20\n2\n10\n3\n20\n4\n10\n5\n20\n6\n"),
+    EXPECT_EQ(Polyline({{90, 3}, {70, 1}, {10, 1}, {20, 2}, {10, 3}, {20, 4}, {10, 5}, {20, 6}}),
               "m_nVertexCount=3 m_nFlags=1 m_vertices=(1,2)(3,4)(5,6)");
 }
 
 TEST(LwpolylineReader, StatedCountIsKeptAndNotCompared)
 {
-    EXPECT_EQ(Polyline("90\n5\n10\n1\n20\n2\n10\n3\n20\n4\n10\n5\n20\n6\n"),
+    EXPECT_EQ(Polyline({{90, 5}, {10, 1}, {20, 2}, {10, 3}, {20, 4}, {10, 5}, {20, 6}}),
               "m_nVertexCount=5 m_vertices=(1,2)(3,4)(5,6)");
-    EXPECT_EQ(Polyline("90\n-1\n"), "m_nVertexCount=-1");
+    EXPECT_EQ(Polyline({{90, -1}}), "m_nVertexCount=-1");
 }
 
 TEST(LwpolylineReader, TenWithoutTwentyAddsNoVertex)
 {
-    EXPECT_EQ(Polyline("10\n1\n"), "");
-    EXPECT_EQ(Polyline("10\n1\n10\n2\n20\n3\n10\n4\n"), "m_vertices=(2,3)");
+    EXPECT_EQ(Polyline({{10, 1}}), "");
+    EXPECT_EQ(Polyline({{10, 1}, {10, 2}, {20, 3}, {10, 4}}), "m_vertices=(2,3)");
 }
 
 TEST(LwpolylineReader, TwentyWithoutTenRepeatsX)
 {
-    EXPECT_EQ(Polyline("20\n2\n"), "m_vertices=(0,2)");
-    EXPECT_EQ(Polyline("10\n1.5\n20\n2\n20\n3\n20\n4\n"), "m_vertices=(1.5,2)(1.5,3)(1.5,4)");
+    EXPECT_EQ(Polyline({{20, 2}}), "m_vertices=(0,2)");
+    EXPECT_EQ(Polyline({{10, 1.5}, {20, 2}, {20, 3}, {20, 4}}), "m_vertices=(1.5,2)(1.5,3)(1.5,4)");
 }
 
 TEST(LwpolylineReader, NextPolylineBeginsAtZeroAgain)
 {
     ReportingReader reader;
-    reader.ReadText(EntitiesSection({"0", "LWPOLYLINE", "10", "7", "20", "1", "0", "LWPOLYLINE", "20", "2"}));
+    reader.ReadText(EntitiesSection({{0, "LWPOLYLINE"}, {10, 7}, {20, 1}, {0, "LWPOLYLINE"}, {20, 2}}));
     ASSERT_EQ(reader.entities.size(), 2u);
     EXPECT_EQ(ChangedFields(*reader.entities[0]), "m_vertices=(7,1)");
     EXPECT_EQ(ChangedFields(*reader.entities[1]), "m_vertices=(0,2)");
@@ -312,22 +308,24 @@ TEST(LwpolylineReader, NextPolylineBeginsAtZeroAgain)
 
 TEST(LwpolylineReader, ValuesOfVerticesAreKeptOnceAsLastRead)
 {
-    EXPECT_EQ(Polyline("10\n1\n20\n2\n40\n1\n41\n2\n42\n3\n91\n4\n10\n3\n20\n4\n40\n5.9\n42\n1.7\n"),
-              "m_vertices=(1,2)(3,4) m_nVertexId=4 m_nStartWidth=5 m_nEndWidth=2 m_nBulge=1");
+    EXPECT_EQ(
+        Polyline(
+            {{10, 1}, {20, 2}, {40, 1}, {41, 2}, {42, 3}, {91, 4}, {10, 3}, {20, 4}, {40, 5.9}, {42, 1.7}}),
+        "m_vertices=(1,2)(3,4) m_nVertexId=4 m_nStartWidth=5 m_nEndWidth=2 m_nBulge=1");
 }
 
 TEST(LwpolylineReader, BulgeBelowOneIsZero)
 {
-    EXPECT_EQ(Polyline("10\n1\n20\n2\n10\n3\n20\n4\n10\n5\n20\n6\n42\n0.999\n"),
+    EXPECT_EQ(Polyline({{10, 1}, {20, 2}, {10, 3}, {20, 4}, {10, 5}, {20, 6}, {42, 0.999}}),
               "m_vertices=(1,2)(3,4)(5,6)");
-    EXPECT_EQ(Polyline("42\n5\n42\n-0.5\n"), "");
+    EXPECT_EQ(Polyline({{42, 5}, {42, -0.5}}), "");
 }
 
 TEST(LwpolylineReader, AnyNumberOfVerticesIsKept)
 {
     std::string lines;
     for (int i = 0; i < 100000; ++i)
-        lines += "10\n" + std::to_string(i) + "\n20\n0.5\n";
+        lines += Dxf({{10, i}, {20, 0.5}});
     const Reading reading(&CDxfRead::ReadENTITIES_LWPOLYLINE, lines + "0\n");
     const auto& vertices = static_cast<const DXF_GRAPHIC_LWPOLYLINE&>(*reading.entities[0]).m_vertices;
     ASSERT_EQ(vertices.size(), 100000u);

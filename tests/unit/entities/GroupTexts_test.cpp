@@ -15,7 +15,7 @@ constexpr const wchar_t* kText = L"{A B\n360\n2A";
 TEST(GroupTexts, OfATableBeginsWithItsTrimmedValue)
 {
     ReportingReader reader;
-    reader.ReadText(Section("TABLES", Lines({"0", "TABLE"}) + kGroup + Lines({"0", "ENDTAB"})));
+    reader.ReadText(Section("TABLES", Dxf({{0, "TABLE"}}) + kGroup + Dxf({{0, "ENDTAB"}})));
     ASSERT_EQ(reader.tables.size(), 1u);
     EXPECT_EQ(reader.tables[0]->m_strAppData, kText);
     EXPECT_TRUE(reader.errors.empty());
@@ -25,8 +25,8 @@ TEST(GroupTexts, OfATableEntryBeginsWithItsTrimmedValue)
 {
     for (const char* const type : {"LAYER", "LTYPE", "BLOCK_RECORD"}) {
         ReportingReader reader;
-        reader.ReadText(Section("TABLES", Lines({"0", "TABLE", "0", type}) + kGroup +
-                                              Lines({"100", "Marker", "0", "ENDTAB"})));
+        reader.ReadText(Section("TABLES", Dxf({{0, "TABLE"}, {0, type}}) + kGroup +
+                                              Dxf({{100, "Marker"}, {0, "ENDTAB"}})));
         ASSERT_EQ(reader.tables.size(), 1u) << type;
         ASSERT_EQ(reader.tables[0]->m_entries.size(), 1u) << type;
         EXPECT_EQ(reader.tables[0]->m_entries[0]->m_strAppData, kText) << type;
@@ -37,8 +37,13 @@ TEST(GroupTexts, OfATableEntryBeginsWithItsTrimmedValue)
 TEST(GroupTexts, OfABlockRecordsExtendedDataBeginsWithItsTrimmedValue)
 {
     ReportingReader reader;
-    reader.ReadText(Section("TABLES", Lines({"0", "TABLE", "0", "BLOCK_RECORD", "100", "Marker", "1002",
-                                             "  { ", " 1070", "1 ", " 1002 ", " } ", "0", "ENDTAB"})));
+    reader.ReadText(Section("TABLES", Dxf({{0, "TABLE"},
+                                           {0, "BLOCK_RECORD"},
+                                           {100, "Marker"},
+                                           {1002, "  { "},
+                                           {" 1070", "1 "},
+                                           {" 1002 ", " } "},
+                                           {0, "ENDTAB"}})));
     ASSERT_EQ(reader.tables.size(), 1u);
     ASSERT_EQ(reader.tables[0]->m_entries.size(), 1u);
     ASSERT_EQ(reader.tables[0]->m_entries[0]->m_nTableKind, DXF_TABLES_KIND_BLOCK_RECORD);
@@ -49,7 +54,7 @@ TEST(GroupTexts, OfABlockRecordsExtendedDataBeginsWithItsTrimmedValue)
 TEST(GroupTexts, OfABlockBeginsWithItsTrimmedValue)
 {
     ReportingReader reader;
-    reader.ReadText(Section("BLOCKS", Lines({"0", "BLOCK"}) + kGroup + Lines({"0", "ENDBLK"})));
+    reader.ReadText(Section("BLOCKS", Dxf({{0, "BLOCK"}}) + kGroup + Dxf({{0, "ENDBLK"}})));
     ASSERT_EQ(reader.blocks.size(), 1u);
     EXPECT_EQ(reader.blocks[0]->m_strAppData, kText);
 }
@@ -59,7 +64,7 @@ TEST(GroupTexts, OfAnEntityBeginsWithItsTrimmedValue)
     for (const char* const type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT", "DIMENSION"}) {
         ReportingReader reader;
-        reader.ReadText(Section("ENTITIES", Lines({"0", type}) + kGroup + Lines({"100", "AcDbEntity"})));
+        reader.ReadText(Section("ENTITIES", Dxf({{0, type}}) + kGroup + Dxf({{100, "AcDbEntity"}})));
         ASSERT_EQ(reader.entities.size(), 1u) << type;
         EXPECT_EQ(reader.entities[0]->m_rare->m_strAppData, kText) << type;
         EXPECT_TRUE(reader.errors.empty()) << type;

@@ -7,7 +7,7 @@ namespace {
 
 using Errors = std::vector<std::string>;
 
-// As the record stands before the first group.
+// The record before the first group.
 FieldTexts InsertDefaults()
 {
     return With(SharedDefaults(8), {{"m_nAttributesFollow", "0"},
@@ -34,22 +34,22 @@ FieldTexts InsertFields(const CDxfRead& reader)
 }
 
 const FieldRow kRows[] = {
-    {"2", "  Door 1 ", "m_strBlockName", "Door 1"}, // trimmed, unlike the strings of texts
-    {"10", " 1.5 ", "m_dInsertX", "1.5"},
-    {"20", "2.5", "m_dInsertY", "2.5"},
-    {"30", "3.5", "m_dInsertZ", "3.5"},
-    {"41", "2.25", "m_dScaleX", "2.25"},
-    {"42", "-1", "m_dScaleY", "-1"},
-    {"43", "0.5", "m_dScaleZ", "0.5"},
-    {"44", "12.5", "m_nColumnSpacing", "12"},
-    {"45", "-7.9", "m_nRowSpacing", "-7"},
-    {"50", "30.5", "m_dRotation", "30.5"},
-    {"66", "1", "m_nAttributesFollow", "1"},
-    {"70", "3", "m_nColumnCount", "3"},
-    {"71", "4", "m_nRowCount", "4"},
-    {"210", "0.5", "m_dExtrusionX", "0.5"},
-    {"220", "0.25", "m_dExtrusionY", "0.25"},
-    {"230", "-1", "m_dExtrusionZ", "-1"},
+    {2, "  Door 1 ", "m_strBlockName", "Door 1"}, // trimmed, unlike the strings of texts
+    {10, " 1.5 ", "m_dInsertX", "1.5"},
+    {20, "2.5", "m_dInsertY", "2.5"},
+    {30, "3.5", "m_dInsertZ", "3.5"},
+    {41, "2.25", "m_dScaleX", "2.25"},
+    {42, "-1", "m_dScaleY", "-1"},
+    {43, "0.5", "m_dScaleZ", "0.5"},
+    {44, "12.5", "m_nColumnSpacing", "12"},
+    {45, "-7.9", "m_nRowSpacing", "-7"},
+    {50, "30.5", "m_dRotation", "30.5"},
+    {66, "1", "m_nAttributesFollow", "1"},
+    {70, "3", "m_nColumnCount", "3"},
+    {71, "4", "m_nRowCount", "4"},
+    {210, "0.5", "m_dExtrusionX", "0.5"},
+    {220, "0.25", "m_dExtrusionY", "0.25"},
+    {230, "-1", "m_dExtrusionZ", "-1"},
 };
 
 } // namespace
@@ -64,7 +64,7 @@ TEST(InsertReader, RecordWithoutGroupsHoldsTheDefaults)
 TEST(InsertReader, EachGroupFillsItsFieldAndNoOther)
 {
     for (const FieldRow& row : kRows) {
-        const OneEntity reader("INSERT", Lines({row.code, row.value}));
+        const OneEntity reader("INSERT", {{row.code, row.value}});
         EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{row.field, row.text}}))
             << "group " << row.code;
         EXPECT_EQ(reader.errors, Errors()) << "group " << row.code;
@@ -74,7 +74,7 @@ TEST(InsertReader, EachGroupFillsItsFieldAndNoOther)
 TEST(InsertReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 {
     for (const FieldRow& row : kRows) {
-        const OneEntity reader("INSERT", Lines({row.code, "9", row.code, row.value}));
+        const OneEntity reader("INSERT", {{row.code, "9"}, {row.code, row.value}});
         EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{row.field, row.text}}))
             << "group " << row.code;
     }
@@ -82,7 +82,7 @@ TEST(InsertReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 
 TEST(InsertReader, NameScaleAndSpacingLeaveTheOtherDefaults)
 {
-    const OneEntity reader("INSERT", Lines({"2", "Door", "41", "2", "44", "2.5"}));
+    const OneEntity reader("INSERT", {{2, "Door"}, {41, 2}, {44, 2.5}});
     EXPECT_EQ(
         InsertFields(reader),
         With(InsertDefaults(), {{"m_strBlockName", "Door"}, {"m_dScaleX", "2"}, {"m_nColumnSpacing", "2"}}));
@@ -90,7 +90,7 @@ TEST(InsertReader, NameScaleAndSpacingLeaveTheOtherDefaults)
 
 TEST(InsertReader, NumberThatCannotBeReadBecomesZeroWithoutAMessage)
 {
-    const OneEntity reader("INSERT", Lines({"41", "wide", "70", "", "44", ".5"}));
+    const OneEntity reader("INSERT", {{41, "wide"}, {70, ""}, {44, ".5"}});
     EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{"m_dScaleX", "0"}, {"m_nColumnCount", "0"}}));
     EXPECT_EQ(reader.errors, Errors());
 }
@@ -106,7 +106,7 @@ TEST(InsertReader, EveryOtherCodeIsReportedAsUnknownAndLeavesTheDefaults)
 
 TEST(InsertReader, CommonCodesGoToTheSharedFields)
 {
-    const OneEntity reader("INSERT", Lines({"8", "Doors", "48", "3.5", "100", "AcDbBlockReference"}));
+    const OneEntity reader("INSERT", {{8, "Doors"}, {48, 3.5}, {100, "AcDbBlockReference"}});
     EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{"m_strLayer", "Doors"},
                                                             {"m_dLineTypeScale", "3"},
                                                             {"m_strSubclass", "AcDbBlockReference"}}));
@@ -115,8 +115,9 @@ TEST(InsertReader, CommonCodesGoToTheSharedFields)
 
 TEST(InsertReader, AttributesThatFollowAreUnknownEntitiesOfTheirOwn)
 {
-    const OneEntity reader("INSERT", Lines({"66", "1", "2", "Door", "0", "ATTRIB", "1", "A", "0", "ATTRIB",
-                                            "1", "B", "0", "SEQEND", "8", "0"}));
+    const OneEntity reader(
+        "INSERT",
+        {{66, 1}, {2, "Door"}, {0, "ATTRIB"}, {1, "A"}, {0, "ATTRIB"}, {1, "B"}, {0, "SEQEND"}, {8, "0"}});
     EXPECT_EQ(InsertFields(reader),
               With(InsertDefaults(), {{"m_nAttributesFollow", "1"}, {"m_strBlockName", "Door"}}));
     EXPECT_EQ(reader.errors, (Errors{"0 6 ATTRIB - Unknown Object Type Name (12)",
@@ -126,7 +127,7 @@ TEST(InsertReader, AttributesThatFollowAreUnknownEntitiesOfTheirOwn)
 
 TEST(InsertReader, CodeLineThatIsNoIntegerGivesTwoMessagesAndKeepsTheRecord)
 {
-    const OneEntity reader("INSERT", Lines({"2", "Door", " scale ", "0"}));
+    const OneEntity reader("INSERT", {{2, "Door"}, {" scale ", "0"}});
     EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{"m_strBlockName", "Door"}}));
     EXPECT_EQ(reader.errors, (Errors{"0 3 ReadENTITIES_INSERT Failed to read integer from 'scale', Line:9",
                                      "0 5 ReadENTITIES_INSERT() Failed to read line, Line:9",
@@ -136,7 +137,7 @@ TEST(InsertReader, CodeLineThatIsNoIntegerGivesTwoMessagesAndKeepsTheRecord)
 TEST(InsertReader, FileThatEndsInsideWithALineFeedGivesTwoMessages)
 {
     ReportingReader reader;
-    reader.ReadText("0\nSECTION\n2\nENTITIES\n0\nINSERT\n2\nDoor\n");
+    reader.ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "INSERT"}, {2, "Door"}}));
     EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{"m_strBlockName", "Door"}}));
     EXPECT_EQ(reader.errors, (Errors{"0 3 ReadENTITIES_INSERT Failed to read integer from '', Line:9",
                                      "0 5 ReadENTITIES_INSERT() Failed to read line, Line:9"}));

@@ -11,18 +11,15 @@
 
 namespace {
 
-const std::string kDefaults =
-    "39\n0.0\n48\n1\n67\n0\n92\n0\n210\n0\n220\n0.0\n230\n1.0\n284\n0\n310\n\n347\n\n"
-    "390\n\n410\n\n430\n\n440\n\n0\n";
-
 using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
 // What a reader makes of the groups of an entity.
 class ReadOne : public ReportingReader {
 public:
-    explicit ReadOne(std::string_view groups, READER read = &CDxfRead::ReadENTITIES_LINE)
+    explicit ReadOne(std::initializer_list<GROUP> groups, READER read = &CDxfRead::ReadENTITIES_LINE)
     {
-        CDxfMemory memory(groups);
+        const std::string drawing = Dxf(groups) + "0\n";
+        CDxfMemory memory(drawing);
         CDxfStream stream(memory);
         (this->*read)(stream, entities);
     }
@@ -39,7 +36,21 @@ TEST(RareFields, ValuesThatAreTheDefaultMakeNothing)
 {
     for (const READER read : {&CDxfRead::ReadENTITIES_LINE, &CDxfRead::ReadENTITIES_ARC,
                               &CDxfRead::ReadENTITIES_CIRCLE, &CDxfRead::ReadENTITIES_LWPOLYLINE}) {
-        const ReadOne one(kDefaults, read);
+        const ReadOne one({{39, "0.0"},
+                           {48, 1},
+                           {67, 0},
+                           {92, 0},
+                           {210, 0},
+                           {220, "0.0"},
+                           {230, "1.0"},
+                           {284, 0},
+                           {310, ""},
+                           {347, ""},
+                           {390, ""},
+                           {410, ""},
+                           {430, ""},
+                           {440, ""}},
+                          read);
         EXPECT_FALSE(one.HasRare());
         EXPECT_EQ(ChangedFields(one.Record()), "");
         EXPECT_EQ(one.errors, std::vector<std::string>());
@@ -48,40 +59,47 @@ TEST(RareFields, ValuesThatAreTheDefaultMakeNothing)
 
 TEST(RareFields, EveryOtherValueIsKept)
 {
-    const std::pair<const char*, const char*> kGroups[] = {{"39\n2", "m_dThickness=2"},
-                                                           {"48\n2", "m_dLineTypeScale=2"},
-                                                           {"67\n1", "m_nPaperSpace=1"},
-                                                           {"92\n7", "m_nProxyByteCount=7"},
-                                                           {"210\n1", "m_dExtrusionX=1"},
-                                                           {"220\n1", "m_dExtrusionY=1"},
-                                                           {"230\n-1", "m_dExtrusionZ=-1"},
-                                                           {"284\n3", "m_nShadowMode=3"},
-                                                           {"310\nAB", "m_strProxyData=\"AB\""},
-                                                           {"347\n1F", "m_strMaterial=\"1F\""},
-                                                           {"390\n2A", "m_strPlotStyle=\"2A\""},
-                                                           {"410\nModel", "m_strLayout=\"Model\""},
-                                                           {"430\nRed", "m_strColorName=\"Red\""},
-                                                           {"440\n5", "m_strTransparency=\"5\""},
-                                                           {"102\n{A\n102\n}", "m_strAppData=\"{A\""}};
+    const std::pair<GROUP, const char*> kGroups[] = {{{39, 2}, "m_dThickness=2"},
+                                                     {{48, 2}, "m_dLineTypeScale=2"},
+                                                     {{67, 1}, "m_nPaperSpace=1"},
+                                                     {{92, 7}, "m_nProxyByteCount=7"},
+                                                     {{210, 1}, "m_dExtrusionX=1"},
+                                                     {{220, 1}, "m_dExtrusionY=1"},
+                                                     {{230, -1}, "m_dExtrusionZ=-1"},
+                                                     {{284, 3}, "m_nShadowMode=3"},
+                                                     {{310, "AB"}, "m_strProxyData=\"AB\""},
+                                                     {{347, "1F"}, "m_strMaterial=\"1F\""},
+                                                     {{390, "2A"}, "m_strPlotStyle=\"2A\""},
+                                                     {{410, "Model"}, "m_strLayout=\"Model\""},
+                                                     {{430, "Red"}, "m_strColorName=\"Red\""},
+                                                     {{440, "5"}, "m_strTransparency=\"5\""}};
     for (const auto& [group, field] : kGroups)
-        EXPECT_EQ(ChangedFields(ReadOne(std::string(group) + "\n0\n").Record()), field);
+        EXPECT_EQ(ChangedFields(ReadOne({group}).Record()), field);
+    EXPECT_EQ(ChangedFields(ReadOne({{102, "{A"}, {102, "}"}}).Record()), "m_strAppData=\"{A\"");
 }
 
 TEST(RareFields, LaterDefaultTakesBackAnEarlierValue)
 {
-    EXPECT_EQ(ChangedFields(ReadOne("230\n-1\n67\n1\n230\n1\n67\n0\n0\n").Record()), "");
+    EXPECT_EQ(ChangedFields(ReadOne({{230, -1}, {67, 1}, {230, 1}, {67, 0}}).Record()), "");
 }
 
 TEST(RareFields, NegativeZeroIsNoDefault)
 {
-    EXPECT_EQ(ChangedFields(ReadOne("39\n-0\n0\n").Record()), "m_dThickness=-0");
+    EXPECT_EQ(ChangedFields(ReadOne({{39, "-0"}}).Record()), "m_dThickness=-0");
 }
 
 TEST(RareFields, RecordsDoNotShareThem)
 {
     ReportingReader reader;
-    reader.ReadText(
-        "0\nSECTION\n2\nENTITIES\n0\nLINE\n39\n2\n0\nCIRCLE\n0\nLINE\n39\n3\n0\nENDSEC\n0\nEOF\n");
+    reader.ReadText(Dxf({{0, "SECTION"},
+                         {2, "ENTITIES"},
+                         {0, "LINE"},
+                         {39, 2},
+                         {0, "CIRCLE"},
+                         {0, "LINE"},
+                         {39, 3},
+                         {0, "ENDSEC"},
+                         {0, "EOF"}}));
     EXPECT_EQ(ChangedFields(*reader.entities[0]), "m_dThickness=2");
     EXPECT_EQ(ChangedFields(*reader.entities[1]), "");
     EXPECT_EQ(ChangedFields(*reader.entities[2]), "m_dThickness=3");

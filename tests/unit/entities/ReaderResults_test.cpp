@@ -40,7 +40,7 @@ constexpr ENDING kEndings[] = {
     {"8\n0\n0\nNEXT\n", true, 3, nullptr},
     {"999\nunknown\n0\nNEXT\n", true, 3, nullptr},
     {"8\nA", false, 2, nullptr},
-    {"8", false, 2, nullptr}, // its value is read behind the end
+    {"8", false, 2, nullptr}, // its value is read past the end
     {"8\nA\n", false, 3, ""},
     {"", false, 1, ""},
     {"8\nA\nx\n0\n", false, 3, "x"},

@@ -7,7 +7,7 @@ namespace {
 
 using Errors = std::vector<std::string>;
 
-// As the record stands before the first group.
+// The record before the first group.
 FieldTexts TextDefaults()
 {
     return With(SharedDefaults(6), {{"m_dThickness", "0"},
@@ -37,24 +37,24 @@ FieldTexts TextFields(const CDxfRead& reader)
 }
 
 const FieldRow kRows[] = {
-    {"1", "  Hello  ", "m_strText", "  Hello  "},
-    {"7", " Roman S ", "m_strStyle", " Roman S "},
-    {"10", " 1.5 ", "m_dInsertX", "1.5"},
-    {"20", "2.5x", "m_dInsertY", "2.5"},
-    {"30", "-3e2", "m_dInsertZ", "-300"},
-    {"11", "4.25", "m_dAlignX", "4.25"},
-    {"21", "5.25", "m_dAlignY", "5.25"},
-    {"33", "7", "m_dAlignZ", "7"},
-    {"40", "2.75", "m_dHeight", "2.75"},
-    {"41", "0.8", "m_dScaleX", "0.8"},
-    {"50", "45.5", "m_dRotation", "45.5"},
-    {"51", "15.5", "m_dOblique", "15.5"},
-    {"71", "4.9", "m_nGenerationFlags", "4"},
-    {"72", " 2 ", "m_nHorzAlign", "2"},
-    {"73", "3z", "m_nVertAlign", "3"},
-    {"210", "0.5", "m_dExtrusionX", "0.5"},
-    {"220", "0.25", "m_dExtrusionY", "0.25"},
-    {"230", "-1", "m_dExtrusionZ", "-1"},
+    {1, "  Hello  ", "m_strText", "  Hello  "},
+    {7, " Roman S ", "m_strStyle", " Roman S "},
+    {10, " 1.5 ", "m_dInsertX", "1.5"},
+    {20, "2.5x", "m_dInsertY", "2.5"},
+    {30, "-3e2", "m_dInsertZ", "-300"},
+    {11, "4.25", "m_dAlignX", "4.25"},
+    {21, "5.25", "m_dAlignY", "5.25"},
+    {33, "7", "m_dAlignZ", "7"},
+    {40, "2.75", "m_dHeight", "2.75"},
+    {41, "0.8", "m_dScaleX", "0.8"},
+    {50, "45.5", "m_dRotation", "45.5"},
+    {51, "15.5", "m_dOblique", "15.5"},
+    {71, "4.9", "m_nGenerationFlags", "4"},
+    {72, " 2 ", "m_nHorzAlign", "2"},
+    {73, "3z", "m_nVertAlign", "3"},
+    {210, "0.5", "m_dExtrusionX", "0.5"},
+    {220, "0.25", "m_dExtrusionY", "0.25"},
+    {230, "-1", "m_dExtrusionZ", "-1"},
 };
 
 } // namespace
@@ -69,7 +69,7 @@ TEST(TextReader, RecordWithoutGroupsHoldsTheDefaults)
 TEST(TextReader, EachGroupFillsItsFieldAndNoOther)
 {
     for (const FieldRow& row : kRows) {
-        const OneEntity reader("TEXT", Lines({row.code, row.value}));
+        const OneEntity reader("TEXT", {{row.code, row.value}});
         EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{row.field, row.text}})) << "group " << row.code;
         EXPECT_EQ(reader.errors, Errors()) << "group " << row.code;
     }
@@ -78,14 +78,14 @@ TEST(TextReader, EachGroupFillsItsFieldAndNoOther)
 TEST(TextReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 {
     for (const FieldRow& row : kRows) {
-        const OneEntity reader("TEXT", Lines({row.code, "9", row.code, row.value}));
+        const OneEntity reader("TEXT", {{row.code, "9"}, {row.code, row.value}});
         EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{row.field, row.text}})) << "group " << row.code;
     }
 }
 
 TEST(TextReader, NumberThatCannotBeReadBecomesZeroWithoutAMessage)
 {
-    const OneEntity reader("TEXT", Lines({"40", "tall", "41", "", "72", "x", "230", "-"}));
+    const OneEntity reader("TEXT", {{40, "tall"}, {41, ""}, {72, "x"}, {230, "-"}});
     EXPECT_EQ(TextFields(reader),
               With(TextDefaults(), {{"m_dHeight", "0"}, {"m_dScaleX", "0"}, {"m_dExtrusionZ", "0"}}));
     EXPECT_EQ(reader.errors, Errors());
@@ -93,7 +93,7 @@ TEST(TextReader, NumberThatCannotBeReadBecomesZeroWithoutAMessage)
 
 TEST(TextReader, TextKeepsItsTwoLeadingAndTwoTrailingBlanks)
 {
-    const OneEntity reader("TEXT", Lines({"1", "  Hello  "}));
+    const OneEntity reader("TEXT", {{1, "  Hello  "}});
     EXPECT_EQ(OnlyEntity<DXF_GRAPHIC_TEXT>(reader.entities).m_strText, std::wstring_view(L"  Hello  "));
 }
 
@@ -115,13 +115,13 @@ TEST(TextReader, TextOnALastLineWithoutLineFeedKeepsItsCarriageReturn)
 
 TEST(TextReader, EmptyTextReplacesAnEarlierOne)
 {
-    const OneEntity reader("TEXT", Lines({"1", "first", "1", ""}));
+    const OneEntity reader("TEXT", {{1, "first"}, {1, ""}});
     EXPECT_EQ(TextFields(reader), TextDefaults());
 }
 
 TEST(TextReader, TextLineMayReadLikeAKeyword)
 {
-    const OneEntity reader("TEXT", Lines({"1", "ENDSEC", "7", "EOF", "40", "3"}));
+    const OneEntity reader("TEXT", {{1, "ENDSEC"}, {7, "EOF"}, {40, 3}});
     EXPECT_EQ(TextFields(reader),
               With(TextDefaults(), {{"m_strText", "ENDSEC"}, {"m_strStyle", "EOF"}, {"m_dHeight", "3"}}));
     EXPECT_EQ(reader.errors, Errors());
@@ -129,7 +129,7 @@ TEST(TextReader, TextLineMayReadLikeAKeyword)
 
 TEST(TextReader, JustificationsAndSecondPointAreStored)
 {
-    const OneEntity reader("TEXT", Lines({"72", "1", "73", "2", "11", "5", "21", "6", "33", "1"}));
+    const OneEntity reader("TEXT", {{72, 1}, {73, 2}, {11, 5}, {21, 6}, {33, 1}});
     EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{"m_nHorzAlign", "1"},
                                                         {"m_nVertAlign", "2"},
                                                         {"m_dAlignX", "5"},
@@ -139,7 +139,7 @@ TEST(TextReader, JustificationsAndSecondPointAreStored)
 
 TEST(TextReader, ThirtyOneAndThirtyNineAreUnknown)
 {
-    const OneEntity reader("TEXT", Lines({"100", "AcDbText", "31", "7", "39", "2"}));
+    const OneEntity reader("TEXT", {{100, "AcDbText"}, {31, 7}, {39, 2}});
     EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{"m_strSubclass", "AcDbText"}}));
     EXPECT_EQ(reader.errors,
               (Errors{"1 7 ReadENTITIES_COMMON Unknown Dimension type AcDbText ('31' = '7') Line:10",
@@ -158,7 +158,7 @@ TEST(TextReader, EveryOtherCodeIsReportedAsUnknownAndLeavesTheDefaults)
 
 TEST(TextReader, CommonCodesGoToTheSharedFields)
 {
-    const OneEntity reader("TEXT", Lines({"8", " Notes ", "48", "2.75", "420", "255", "430", " Red "}));
+    const OneEntity reader("TEXT", {{8, " Notes "}, {48, 2.75}, {420, 255}, {430, " Red "}});
     EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{"m_strLayer", "Notes"},
                                                         {"m_dLineTypeScale", "2"},
                                                         {"m_nTrueColor", "255"},
@@ -183,7 +183,7 @@ TEST(TextReader, CodeLineThatIsNoIntegerGivesTwoMessagesAndKeepsTheRecord)
 TEST(TextReader, FileThatEndsInsideWithALineFeedGivesTwoMessages)
 {
     ReportingReader reader;
-    reader.ReadText("0\nSECTION\n2\nENTITIES\n0\nTEXT\n1\nHello\n");
+    reader.ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "TEXT"}, {1, "Hello"}}));
     EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{"m_strText", "Hello"}}));
     EXPECT_EQ(reader.errors, (Errors{"0 3 ReadENTITIES_TEXT Failed to read integer from '', Line:9",
                                      "0 5 ReadENTITIES_TEXT() Failed to read line, Line:9"}));

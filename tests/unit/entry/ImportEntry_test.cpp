@@ -13,7 +13,7 @@ namespace {
 
 const std::string kLoadFailure = "qlmSetLastError(0, \"DXF\", 1, \"Failed to load DXF file.\", false, 0)\n";
 
-// What the host is told when the export is called with this path.
+// The calls that the host gets when the export is called with this path.
 std::string TraceOfFile(const std::wstring& path)
 {
     RecordingHost& host = RecordingHost::OfThread();
@@ -24,7 +24,7 @@ std::string TraceOfFile(const std::wstring& path)
 
 std::string Drawing()
 {
-    return EntitiesSection({"0", "LINE", "11", "10", "21", "5", "0", "CIRCLE", "40", "3", "0", "SOLID"});
+    return EntitiesSection({{0, "LINE"}, {11, 10}, {21, 5}, {0, "CIRCLE"}, {40, 3}, {0, "SOLID"}});
 }
 
 // A folder of its own, removed in the end with all that is in it.
@@ -49,7 +49,7 @@ private:
 
 TEST(ImportEntry, DrawsAFileUnderItsParent)
 {
-    const TempFile file(EntitiesSection({"0", "LINE", "10", "1", "20", "2", "11", "10", "21", "5"}));
+    const TempFile file(EntitiesSection({{0, "LINE"}, {10, 1}, {20, 2}, {11, 10}, {21, 5}}));
     EXPECT_EQ(TraceOfFile(file.WidePath()),
               "qlmCreateLine(ctx, \"\", 1, -2, 10, -5, 0, 0) = n1\n"
               "qlmSetAttributeByNode(ctx, n1, \"stroke-width\", \"0.500000\")\n"
@@ -59,7 +59,7 @@ TEST(ImportEntry, DrawsAFileUnderItsParent)
 
 TEST(ImportEntry, ReportsMistakesOfTheFileToTheHost)
 {
-    const TempFile file(EntitiesSection({"0", "SOLID"}));
+    const TempFile file(EntitiesSection({{0, "SOLID"}}));
     EXPECT_EQ(TraceOfFile(file.WidePath()),
               "qlmSetLastError(0, \"DXF\", 6, \"SOLID - Unknown Object Type Name (6)\", false, 0)\n");
 }
@@ -89,14 +89,14 @@ TEST(ImportEntry, FolderCannotBeOpened)
 TEST(ImportEntry, FileWithNothingToDrawGivesNoCallAtAll)
 {
     for (const std::string& text :
-         {std::string(), std::string("0\nEOF\n"), std::string("\x1A"), Section("HEADER", ""),
+         {std::string(), Dxf({{0, "EOF"}}), std::string("\x1A"), Section("HEADER", ""),
           Section("ENTITIES", ""), std::string("no drawing at all")})
         EXPECT_EQ(TraceOfFile(TempFile(text).WidePath()), "") << text;
 }
 
 TEST(ImportEntry, TwoCallsInARowDrawTwice)
 {
-    const TempFile file(EntitiesSection({"0", "LINE", "11", "10"}));
+    const TempFile file(EntitiesSection({{0, "LINE"}, {11, 10}}));
     const std::string once = TraceOfFile(file.WidePath());
     EXPECT_NE(once, "");
     EXPECT_TRUE(dxfFileOpen(file.WidePath().c_str(), RecordingHost::Context()));
@@ -108,10 +108,11 @@ TEST(ImportEntry, TwoCallsInARowDrawTwice)
 
 TEST(ImportEntry, CallsShareNothing)
 {
-    const TempFile withLayers(Section("TABLES", Lines({"0", "TABLE", "0", "LAYER", "100", "m", "2", "Walls",
-                                                       "62", "1", "0", "ENDTAB"})) +
-                              EntitiesSection({"0", "LINE", "8", "Walls"}));
-    const TempFile without(EntitiesSection({"0", "LINE", "8", "Walls"}));
+    const TempFile withLayers(
+        Section("TABLES",
+                Dxf({{0, "TABLE"}, {0, "LAYER"}, {100, "m"}, {2, "Walls"}, {62, 1}, {0, "ENDTAB"}})) +
+        EntitiesSection({{0, "LINE"}, {8, "Walls"}}));
+    const TempFile without(EntitiesSection({{0, "LINE"}, {8, "Walls"}}));
     const std::string white = TraceOfFile(without.WidePath());
     const std::string red = TraceOfFile(withLayers.WidePath());
     EXPECT_NE(red, white);
@@ -125,7 +126,7 @@ TEST(ImportEntry, FileIsReadAsItsBytesAreReadFromMemory)
 {
     std::string text;
     for (int i = 0; i < 20000; ++i) // over more than one read
-        text += Lines({"0", "LINE", "10", std::to_string(i), "11", "0.5"});
+        text += Dxf({{0, "LINE"}, {10, i}, {11, 0.5}});
     text = Section("ENTITIES", text);
     const TempFile file(text);
     EXPECT_TRUE(TraceOfFile(file.WidePath()) == TraceOf(text));

@@ -9,7 +9,7 @@
 
 TEST(ImportEntry, FileOfANameInAnyScriptIsOpened)
 {
-    const std::string text = EntitiesSection({"0", "LINE", "11", "10"});
+    const std::string text = EntitiesSection({{0, "LINE"}, {11, 10}});
     const TempFile file(text);
     std::filesystem::path path = file.Path();
     path += u8"-\u56FE\u7EB8-\U0001F4D0.dxf";

@@ -16,7 +16,7 @@ TEST(ImportEntry, FileOfANameThatTheCodePageLacksIsReported)
 {
     if (GetACP() != 1252)
         GTEST_SKIP() << "The system's code page is another one.";
-    const TempFile file(EntitiesSection({"0", "LINE", "11", "10"}));
+    const TempFile file(EntitiesSection({{0, "LINE"}, {11, 10}}));
     const std::filesystem::path path = file.Path().wstring() + L"-\u56FE\u7EB8.dxf";
     std::filesystem::rename(file.Path(), path);
     RecordingHost& host = RecordingHost::OfThread();

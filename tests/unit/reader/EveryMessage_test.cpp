@@ -26,14 +26,13 @@ struct CASE {
     Errors errors;
 };
 
-// The head of a section, whose first line behind it is line 5.
-std::string In(std::string_view section, std::initializer_list<std::string_view> lines,
-               std::string_view last = "")
+// The start of a section: its head, groups from line 5 on, and lines as they are, where the drawing ends.
+std::string In(std::string_view section, std::initializer_list<GROUP> groups, std::string_view last = "")
 {
-    return Lines({"0", "SECTION", "2", section}) + Lines(lines) + std::string(last);
+    return Dxf({{0, "SECTION"}, {2, section}}) + Dxf(groups) + std::string(last);
 }
 
-// Entities with a reader or a skip of their own: what stands before "Failed to read integer".
+// Entities with a reader or a skip of their own: what comes before "Failed to read integer".
 const std::pair<std::string, std::string> kEntities[] = {{"LINE", "ReadENTITIES_LINE"},
                                                          {"ARC", "ReadENTITIES_ARC"},
                                                          {"CIRCLE", "ReadENTITIES_CIRCLE"},
@@ -54,12 +53,12 @@ void AddEntities(std::vector<CASE>& cases)
     for (const auto& [type, name] : kEntities) {
         const std::string integer = name + " Failed to read integer from 'x', Line:7";
         const std::string line = "ReadENTITIES_" + type + "() Failed to read line, Line:7";
-        const std::string drawing = In("ENTITIES", {"0", type}, "x");
+        const std::string drawing = In("ENTITIES", {{0, type}}, "x");
         cases.push_back({name + " Failed to read integer from '%s', Line:%d",
                          drawing,
                          {"0 3 " + integer, "0 5 " + line}});
         cases.push_back({"ReadENTITIES_" + type + "() Failed to read line, Line:%d",
-                         In("ENTITIES", {"0", type}, "5"),
+                         In("ENTITIES", {{0, type}}, "5"),
                          {"0 5 ReadENTITIES_" + type + "() Failed to read line, Line:8"}});
     }
 }
@@ -72,54 +71,54 @@ std::vector<CASE> Cases()
          In("WALLS", {}),
          {"0 2 WALLS - Unknown Section Name Line (4)"}},
         {"ReadTABLES() Failed to read integer from '%s' Line:%d",
-         In("TABLES", {"0", "TABLE"}, "x"),
+         In("TABLES", {{0, "TABLE"}}, "x"),
          {"0 3 ReadTABLES() Failed to read integer from 'x' Line:7"}},
         {"ReaTABLES_COMMON() Unknown table name '%s', Line:%d",
-         In("TABLES", {"0", "TABLE", "0", "WALLS"}),
+         In("TABLES", {{0, "TABLE"}, {0, "WALLS"}}),
          {"0 4 ReaTABLES_COMMON() Unknown table name 'WALLS', Line:8"}},
         {"ReaTABLES_COMMON() Failed to read integer from '%s', Line:%d",
-         In("TABLES", {"0", "TABLE", "0", "LAYER"}, "x"),
+         In("TABLES", {{0, "TABLE"}, {0, "LAYER"}}, "x"),
          {"0 3 ReaTABLES_COMMON() Failed to read integer from 'x', Line:9"}},
         {"ReaTABLES_LAYER() Failed to read integer from '%s', Line:%d",
-         In("TABLES", {"0", "TABLE", "0", "LAYER", "100", "", "x"}, "ENDTAB"),
+         In("TABLES", {{0, "TABLE"}, {0, "LAYER"}, {100, ""}}, "x\nENDTAB"),
          {"0 3 ReaTABLES_LAYER() Failed to read integer from 'x', Line:11"}},
         {"ReaTABLES_LTYPE() Failed to read integer from '%s', Line:%d",
-         In("TABLES", {"0", "TABLE", "0", "LTYPE", "100", "", "x"}, "ENDTAB"),
+         In("TABLES", {{0, "TABLE"}, {0, "LTYPE"}, {100, ""}}, "x\nENDTAB"),
          {"0 3 ReaTABLES_LTYPE() Failed to read integer from 'x', Line:11"}},
         {"ReaTABLES_BLOCK_RECORD() Failed to read integer from '%s', Line:%d",
-         In("TABLES", {"0", "TABLE", "0", "BLOCK_RECORD", "100", "", "x"}, "ENDTAB"),
+         In("TABLES", {{0, "TABLE"}, {0, "BLOCK_RECORD"}, {100, ""}}, "x\nENDTAB"),
          {"0 3 ReaTABLES_BLOCK_RECORD() Failed to read integer from 'x', Line:11"}},
         {"ReadBLOCKS_BLOCK Failed to read integer from '%s', Line:%d",
-         In("BLOCKS", {"0", "BLOCK"}, "x"),
+         In("BLOCKS", {{0, "BLOCK"}}, "x"),
          {"0 3 ReadBLOCKS_BLOCK Failed to read integer from 'x', Line:7",
           "0 5 ReadBLOCKS_BLOCK() Failed to read line, Line:7"}},
         {"ReadBLOCKS_BLOCK() Failed to read line, Line:%d",
-         In("BLOCKS", {"0", "BLOCK"}, "2"),
+         In("BLOCKS", {{0, "BLOCK"}}, "2"),
          {"0 5 ReadBLOCKS_BLOCK() Failed to read line, Line:8"}},
         {"%s - Unknown Object Type Name (%d)",
-         In("ENTITIES", {"0", "SOLID"}, "0"),
+         In("ENTITIES", {{0, "SOLID"}}, "0"),
          {"0 6 SOLID - Unknown Object Type Name (6)"}},
         {"%s - Unknown Object Type Name (%d)",
-         In("BLOCKS", {"0", "WALLS"}, "0"),
+         In("BLOCKS", {{0, "WALLS"}}, "0"),
          {"0 6 WALLS - Unknown Object Type Name (6)"}},
         {"Read_UNKNOWN() Failed to read integer from '%s', Line:%d",
-         In("ENTITIES", {"0", "SOLID"}, "x"),
+         In("ENTITIES", {{0, "SOLID"}}, "x"),
          {"0 6 SOLID - Unknown Object Type Name (6)",
           "0 3 Read_UNKNOWN() Failed to read integer from 'x', Line:7"}},
         {"Read_UNKNOWN() Failed to read integer from '%s', Line:%d",
-         In("ENTITIES", {"0", "DIMENSION", "100", "AcDbEntity"}, "x"),
+         In("ENTITIES", {{0, "DIMENSION"}, {100, "AcDbEntity"}}, "x"),
          {"0 3 Read_UNKNOWN() Failed to read integer from 'x', Line:9"}},
         {"ReadENTITIES_COMMON Unknown Dimension type %s ('%d' = '%s') Line:%d",
-         In("ENTITIES", {"0", "LINE", "100", "AcDbLine", "7", " v "}, "0"),
+         In("ENTITIES", {{0, "LINE"}, {100, "AcDbLine"}, {7, " v "}}, "0"),
          {"1 7 ReadENTITIES_COMMON Unknown Dimension type AcDbLine ('7' = 'v') Line:10"}},
         {"ReadENTITIES_DIMENSION_SWITCH() Unknown Dimension type '%s', Line:%d",
-         In("ENTITIES", {"0", "DIMENSION", "100"}, "AcDbWall"),
+         In("ENTITIES", {{0, "DIMENSION"}}, "100\nAcDbWall"),
          {"0 8 ReadENTITIES_DIMENSION_SWITCH() Unknown Dimension type 'AcDbWall', Line:8"}},
         {"ReadENTITIES_DIMENSION() DSTYLE 1002 not found '%s', Line:%d",
-         In("ENTITIES", {"0", "DIMENSION", "100", "AcDbRotatedDimension", "1000", "DSTYLE"}, "x"),
+         In("ENTITIES", {{0, "DIMENSION"}, {100, "AcDbRotatedDimension"}, {1000, "DSTYLE"}}, "x"),
          {"0 9 ReadENTITIES_DIMENSION() DSTYLE 1002 not found 'x', Line:11"}},
         {"AcDbDimension data duplicated.",
-         In("ENTITIES", {"0", "DIMENSION"}, Part("AcDbDimension") + Part("AcDbDimension") + "0"),
+         In("ENTITIES", {{0, "DIMENSION"}}, Part("AcDbDimension") + Part("AcDbDimension") + "0"),
          {"0 3 AcDbDimension data duplicated."}},
         {"CDxfRead Line longer than 1023 characters cut, Line:%d",
          "\n" + std::string(1024, 'x'),
@@ -134,7 +133,7 @@ const char* const kNotOpen = "Failed to load DXF file.";
 const char* const kNotRead = "CDxfRead Failed to read file, Line:%d";
 const char* const kNoMemory = "CDxfRead Out of memory, Line:%d";
 
-// A converter that forgets what it draws and keeps what it is told.
+// A converter that forgets what it draws and keeps the messages it gets.
 class TellingConverter : public CDxfReadToQuillmar {
 public:
     TellingConverter() : CDxfReadToQuillmar(RecordingHost::Context()) { RecordingHost::OfThread().Reset(); }
@@ -211,8 +210,8 @@ std::size_t SkipToken(const std::string& source, std::size_t at)
     return at + 1;
 }
 
-// Calls visit(statement, text) for each wide text of a source: what stands before it in its statement, and
-// the text with its escapes as written; texts that stand right behind each other are one.
+// Calls visit(statement, text) for each wide text of a source: what is before it in its statement, and
+// the text with its escapes as written; texts that follow each other at once are one.
 void VisitWideTexts(const std::string& source,
                     const std::function<void(const std::string&, const std::string&)>& visit)
 {
@@ -296,7 +295,7 @@ TEST(EveryMessage, OfMemoryThatIsShort)
     class ShortOfMemory : public TellingConverter {
         void OnLine(const DXF_GRAPHIC_LINE&) override { throw std::bad_alloc(); }
     } converter;
-    const std::string drawing = EntitiesSection({"0", "LINE", "0", "INSERT"});
+    const std::string drawing = EntitiesSection({{0, "LINE"}, {0, "INSERT"}});
     CDxfMemory memory(drawing);
     converter.ReadDxfSource(memory);
     EXPECT_EQ(converter.errors, Errors{"0 12 CDxfRead Out of memory, Line:13"});

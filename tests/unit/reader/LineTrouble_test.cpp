@@ -24,14 +24,14 @@ std::string Long(std::size_t size)
 
 TEST(LineTrouble, LongLineIsCutReportedAndReadPast)
 {
-    EXPECT_EQ(CallbacksOf(EntitiesSection({"0", "LINE", "8", Long(1024), "62", "1"})),
+    EXPECT_EQ(CallbacksOf(EntitiesSection({{0, "LINE"}, {8, Long(1024)}, {62, 1}})),
               (Calls{"OnError 0 10 CDxfRead Line longer than 1023 characters cut, Line:8",
                      "OnLine " + Long(1023)}));
 }
 
 TEST(LineTrouble, LineOf1023CharactersIsNotReported)
 {
-    EXPECT_EQ(CallbacksOf(EntitiesSection({"0", "LINE", "8", Long(1023)})), (Calls{"OnLine " + Long(1023)}));
+    EXPECT_EQ(CallbacksOf(EntitiesSection({{0, "LINE"}, {8, Long(1023)}})), (Calls{"OnLine " + Long(1023)}));
 }
 
 TEST(LineTrouble, EveryLongLineIsReportedWithItsOwnNumber)
@@ -44,7 +44,7 @@ TEST(LineTrouble, EveryLongLineIsReportedWithItsOwnNumber)
 TEST(LineTrouble, LongCodeLineIsReportedBeforeWhatTheReaderSaysOfIt)
 {
     EXPECT_EQ(
-        CallbacksOf("0\nSECTION\n2\nENTITIES\n0\nPOINT\n" + Long(1500) + "\n0\nENDSEC\n"),
+        CallbacksOf(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "POINT"}}) + Long(1500) + "\n0\nENDSEC\n"),
         (Calls{"OnError 0 10 CDxfRead Line longer than 1023 characters cut, Line:7",
                "OnError 0 3 ReadENTITIES_POINT Failed to read integer from '" + Long(1023) + "', Line:7",
                "OnError 0 5 ReadENTITIES_POINT() Failed to read line, Line:7",
@@ -54,14 +54,14 @@ TEST(LineTrouble, LongCodeLineIsReportedBeforeWhatTheReaderSaysOfIt)
 
 TEST(LineTrouble, BlanksCountTowardsTheLengthOfALine)
 {
-    EXPECT_EQ(CallbacksOf(EntitiesSection({"0", "LINE", "8", "a" + std::string(1023, ' ')})),
+    EXPECT_EQ(CallbacksOf(EntitiesSection({{0, "LINE"}, {8, "a" + std::string(1023, ' ')}})),
               (Calls{"OnError 0 10 CDxfRead Line longer than 1023 characters cut, Line:8", "OnLine a"}));
 }
 
 TEST(LineTrouble, MessageWithTwoLongestLinesIsWhole)
 {
     const std::string marker(1023, 'm'), value(1023, 'v');
-    EXPECT_EQ(CallbacksOf(EntitiesSection({"0", "LINE", "100", marker, "-2147483648", value})),
+    EXPECT_EQ(CallbacksOf(EntitiesSection({{0, "LINE"}, {100, marker}, {"-2147483648", value}})),
               (Calls{"OnError 1 7 ReadENTITIES_COMMON Unknown Dimension type " + marker +
                          " ('-2147483648' = '" + value + "') Line:10",
                      "OnLine "}));
@@ -76,7 +76,8 @@ TEST(LineTrouble, ReadErrorIsReportedAndWhatWasReadIsDrawn)
 
 TEST(LineTrouble, ReadErrorWithinAnEntityCountsAsTheEndOfTheFile)
 {
-    FailingReads source("0\nSECTION\n2\nENTITIES\n0\nLINE\n8\na\n");
+    const std::string drawing = Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {8, "a"}});
+    FailingReads source(drawing);
     EXPECT_EQ(CallbacksOfSource(source),
               (Calls{"OnError 0 11 CDxfRead Failed to read file, Line:9",
                      "OnError 0 3 ReadENTITIES_LINE Failed to read integer from '', Line:9",
@@ -91,7 +92,7 @@ TEST(LineTrouble, ReadErrorAtTheFirstByteIsReported)
 
 TEST(LineTrouble, CutAndReadErrorOfOneLineAreBothReported)
 {
-    const std::string text = "0\nSECTION\n2\nHEADER\n" + Long(3000);
+    const std::string text = Dxf({{0, "SECTION"}, {2, "HEADER"}}) + Long(3000);
     FailingReads source(text);
     EXPECT_EQ(CallbacksOfSource(source),
               (Calls{"OnError 0 10 CDxfRead Line longer than 1023 characters cut, Line:5",
@@ -102,7 +103,7 @@ TEST(LineTrouble, LineNumbersHoldFarBehindTheFirstBuffer)
 {
     std::string comments;
     for (int i = 0; i < 100000; ++i)
-        comments += "999\ncomment\n";
+        comments += Dxf({{999, "comment"}});
     EXPECT_EQ(CallbacksOf(comments + Section("ODD", "")),
               (Calls{"OnError 0 2 ODD - Unknown Section Name Line (200004)"}));
 }
@@ -110,8 +111,8 @@ TEST(LineTrouble, LineNumbersHoldFarBehindTheFirstBuffer)
 TEST(LineTrouble, ReadersGetTheSameLinesWhateverAReadGives)
 {
     const std::string text =
-        Section("BLOCKS", Lines({"0", "BLOCK", "2", "Door", "0", "LINE", "8", "a", "0", "ENDBLK"})) +
-        EntitiesSection({"0", "CIRCLE", "8", "b", "0", "SOLID", "8", "c", "0", "ARC", "8", "d", "999", "x"});
+        Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "Door"}, {0, "LINE"}, {8, "a"}, {0, "ENDBLK"}})) +
+        EntitiesSection({{0, "CIRCLE"}, {8, "b"}, {0, "SOLID"}, {8, "c"}, {0, "ARC"}, {8, "d"}, {999, "x"}});
     const Calls expected = CallbacksOf(text);
     EXPECT_EQ(expected.size(), 7u);
     for (std::size_t most = 1; most <= 70; ++most) {

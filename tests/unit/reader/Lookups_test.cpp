@@ -12,17 +12,17 @@ public:
 
 std::string Layer(std::string_view name, std::string_view color)
 {
-    return Lines({"0", "LAYER", "100", "m", "2", name, "62", color});
+    return Dxf({{0, "LAYER"}, {100, "m"}, {2, name}, {62, color}});
 }
 
 std::string LineType(std::string_view name, std::string_view length)
 {
-    return Lines({"0", "LTYPE", "100", "m", "2", name, "40", length});
+    return Dxf({{0, "LTYPE"}, {100, "m"}, {2, name}, {40, length}});
 }
 
 std::string Table(std::string_view entries)
 {
-    return Lines({"0", "TABLE", "2", "ANY"}) + std::string(entries) + Lines({"0", "ENDTAB"});
+    return Dxf({{0, "TABLE"}, {2, "ANY"}}) + std::string(entries) + Dxf({{0, "ENDTAB"}});
 }
 
 std::uint32_t ColorOfLayerWith(std::string_view color)
@@ -75,7 +75,7 @@ TEST(Lookups, FirstEntryOfANameHidesALaterOneThatHasAColour)
 
 TEST(Lookups, BlockRecordOfTheNameIsNoLayerAndNoLineType)
 {
-    Drawing drawing(Table(Lines({"0", "BLOCK_RECORD", "100", "m", "2", "a"})));
+    Drawing drawing(Table(Dxf({{0, "BLOCK_RECORD"}, {100, "m"}, {2, "a"}})));
     EXPECT_EQ(drawing.FindLayer(L"a"), nullptr);
     EXPECT_EQ(drawing.FindLineType(L"a"), nullptr);
 }
@@ -129,17 +129,17 @@ TEST(Lookups, LayerWithoutAColourOfTheTableLendsWhite)
 
 TEST(Lookups, LayerThatIsOffKeepsItsNumberAndLendsWhite)
 {
-    Drawing drawing(Lines({"0",   "TABLE",
-                           "2",   "LAYER",
-                           "0",   "LAYER",
-                           "5",   "10",
-                           "100", "AcDbSymbolTableRecord",
-                           "100", "AcDbLayerTableRecord",
-                           "2",   "Walls",
-                           "70",  "0",
-                           "62",  "-3",
-                           "6",   "CONTINUOUS",
-                           "0",   "ENDTAB"}));
+    Drawing drawing(Dxf({{0, "TABLE"},
+                         {2, "LAYER"},
+                         {0, "LAYER"},
+                         {5, "10"},
+                         {100, "AcDbSymbolTableRecord"},
+                         {100, "AcDbLayerTableRecord"},
+                         {2, "Walls"},
+                         {70, 0},
+                         {62, -3},
+                         {6, "CONTINUOUS"},
+                         {0, "ENDTAB"}}));
     ASSERT_NE(drawing.FindLayer(L"Walls"), nullptr);
     EXPECT_EQ(drawing.FindLayer(L"Walls")->m_nColor, -3);
     EXPECT_EQ(drawing.FindLayer(L"walls"), nullptr);
@@ -148,6 +148,6 @@ TEST(Lookups, LayerThatIsOffKeepsItsNumberAndLendsWhite)
 
 TEST(Lookups, LayerWithoutAColourLendsWhite)
 {
-    Drawing drawing(Table(Lines({"0", "LAYER", "100", "m", "2", "Walls"})));
+    Drawing drawing(Table(Dxf({{0, "LAYER"}, {100, "m"}, {2, "Walls"}})));
     EXPECT_EQ(drawing.GetLayerColor(L"Walls"), 0xFFFFFFu);
 }

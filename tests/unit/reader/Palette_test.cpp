@@ -92,12 +92,11 @@ TEST(Palette, EveryNumberIsWhiteBeforeTheTableIsFilled)
 
 TEST(Palette, EachLayerLendsTheColourOfItsNumber)
 {
-    std::string layers = Lines({"0", "TABLE"});
+    std::string layers = Dxf({{0, "TABLE"}});
     for (int number = 1; number <= 255; ++number)
-        layers += Lines(
-            {"0", "LAYER", "100", "m", "2", "L" + std::to_string(number), "62", std::to_string(number)});
+        layers += Dxf({{0, "LAYER"}, {100, "m"}, {2, "L" + std::to_string(number)}, {62, number}});
     ReportingReader reader;
-    reader.ReadText(Section("TABLES", layers + Lines({"0", "ENDTAB"})));
+    reader.ReadText(Section("TABLES", layers + Dxf({{0, "ENDTAB"}})));
     for (std::size_t number = 1; number <= 255; ++number)
         EXPECT_EQ(reader.GetLayerColor(L"L" + std::to_wstring(number)), kColors[number]) << number;
 }

@@ -10,10 +10,10 @@ using Calls = std::vector<std::string>;
 // A LINE on a layer, in an ENTITIES section; it shows that reading goes on at that place.
 std::string LineOn(std::string_view layer)
 {
-    return Section("ENTITIES", Lines({"0", "LINE", "8", layer}));
+    return Section("ENTITIES", Dxf({{0, "LINE"}, {8, layer}}));
 }
 
-const std::string kEof = "0\nEOF\n";
+const std::string kEof = Dxf({{0, "EOF"}});
 
 } // namespace
 
@@ -78,8 +78,8 @@ TEST(SectionDriver, ByteOrderMarkIsPartOfTheFirstLine)
 
 TEST(SectionDriver, KeywordsAreComparedByCase)
 {
-    EXPECT_EQ(CallbacksOf("0\nSection\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n"), Calls());
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nentities\n0\nLINE\n0\nENDSEC\n"),
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "Section"}, {2, "ENTITIES"}, {0, "LINE"}, {0, "ENDSEC"}})), Calls());
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "entities"}, {0, "LINE"}, {0, "ENDSEC"}})),
               (Calls{"OnError 0 2 entities - Unknown Section Name Line (4)"}));
 }
 
@@ -91,7 +91,7 @@ TEST(SectionDriver, CodesOfTheDriverAreComparedAsText)
 
 TEST(SectionDriver, OtherLinesBetweenSectionsArePassedOver)
 {
-    EXPECT_EQ(CallbacksOf("999\ncomment\n\n" + LineOn("a") + "0\nNOSECTION\n" + "0\nSECTION\n3\n" +
+    EXPECT_EQ(CallbacksOf("999\ncomment\n\n" + LineOn("a") + Dxf({{0, "NOSECTION"}}) + "0\nSECTION\n3\n" +
                           LineOn("b") + kEof),
               (Calls{"OnLine a", "OnLine b"}));
 }
@@ -99,16 +99,16 @@ TEST(SectionDriver, OtherLinesBetweenSectionsArePassedOver)
 TEST(SectionDriver, EofEndsTheReadingOnlyWhereAZeroIsExpected)
 {
     EXPECT_EQ(CallbacksOf("EOF\n" + LineOn("a")), Calls());
-    EXPECT_EQ(CallbacksOf("0\nEOF\n" + LineOn("a")), (Calls{"OnLine a"}));
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "EOF"}}) + LineOn("a")), (Calls{"OnLine a"}));
     EXPECT_EQ(CallbacksOf("0\nSECTION\nEOF\n" + LineOn("a")), (Calls{"OnLine a"}));
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nEOF\n" + LineOn("a")),
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "EOF"}}) + LineOn("a")),
               (Calls{"OnError 0 2 EOF - Unknown Section Name Line (4)", "OnLine a"}));
     EXPECT_EQ(CallbacksOf(LineOn("a") + "EOF\n" + LineOn("b")), (Calls{"OnLine a"}));
 }
 
 TEST(SectionDriver, UnknownSectionIsReportedWithItsNameAndLine)
 {
-    EXPECT_EQ(CallbacksOf(LineOn("a") + Section("ACDSDATA", Lines({"0", "RECORD"})) + LineOn("b")),
+    EXPECT_EQ(CallbacksOf(LineOn("a") + Section("ACDSDATA", Dxf({{0, "RECORD"}})) + LineOn("b")),
               (Calls{"OnError 0 2 ACDSDATA - Unknown Section Name Line (14)", "OnLine a", "OnLine b"}));
 }
 
@@ -122,7 +122,7 @@ TEST(SectionDriver, FileThatStopsBeforeASectionsNameHasASectionWithAnEmptyName)
 {
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\n"), (Calls{"OnError 0 2  - Unknown Section Name Line (4)"}));
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2"), (Calls{"OnError 0 2  - Unknown Section Name Line (4)"}));
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n"), Calls());
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}})), Calls());
     EXPECT_EQ(CallbacksOf("0\nSECTION"), Calls());
     EXPECT_EQ(CallbacksOf("0\n"), Calls());
 }
@@ -138,8 +138,12 @@ TEST(SectionDriver, LoneZeroThatEndsTheFileIsNotLookedAt)
 TEST(SectionDriver, HeaderClassesObjectsAndThumbnailimageAreSkipped)
 {
     for (const std::string_view name : {"HEADER", "CLASSES", "OBJECTS", "THUMBNAILIMAGE"})
-        EXPECT_EQ(CallbacksOf(Section(name, Lines({"9", "$ACADVER", "0", "LINE", "0", "SECTION", "2", "ODD",
-                                                   "0", "EOF", "EOF", "x"})) +
+        EXPECT_EQ(CallbacksOf(Section(name, Dxf({{9, "$ACADVER"},
+                                                 {0, "LINE"},
+                                                 {0, "SECTION"},
+                                                 {2, "ODD"},
+                                                 {0, "EOF"},
+                                                 {"EOF", "x"}})) +
                               LineOn("a")),
                   (Calls{"OnLine a"}))
             << name;
@@ -147,7 +151,8 @@ TEST(SectionDriver, HeaderClassesObjectsAndThumbnailimageAreSkipped)
 
 TEST(SectionDriver, EndsecAsAValueEndsASkippedSection)
 {
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nHEADER\n9\n$NAME\n1\nENDSEC\n" + LineOn("a") + "0\nENDSEC\n"),
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "HEADER"}, {9, "$NAME"}, {1, "ENDSEC"}}) + LineOn("a") +
+                          Dxf({{0, "ENDSEC"}})),
               (Calls{"OnLine a"}));
 }
 
@@ -174,9 +179,9 @@ TEST(SectionDriver, TablesSectionWithoutATableSkipsTheNextSection)
 
 TEST(SectionDriver, TablesSectionThatDoesNotBeginWithATableIsSkipped)
 {
-    EXPECT_EQ(CallbacksOf(Section("TABLES", Lines({"0", "LAYER", "0", "TABLE", "2", "x"})) + LineOn("a")),
+    EXPECT_EQ(CallbacksOf(Section("TABLES", Dxf({{0, "LAYER"}, {0, "TABLE"}, {2, "x"}})) + LineOn("a")),
               (Calls{"OnLine a"}));
-    EXPECT_EQ(CallbacksOf(Section("TABLES", Lines({"999", "comment", "0", "TABLE"})) + LineOn("a")),
+    EXPECT_EQ(CallbacksOf(Section("TABLES", Dxf({{999, "comment"}, {0, "TABLE"}})) + LineOn("a")),
               (Calls{"OnLine a"}));
 }
 
@@ -188,8 +193,8 @@ TEST(SectionDriver, LineInPlaceOfATablesZeroIsNotCompared)
 
 TEST(SectionDriver, SectionsComeInAnyOrderAndAnyNumber)
 {
-    const std::string blocks = Section("BLOCKS", Lines({"0", "BLOCK", "2", "Door", "0", "ENDBLK"}));
-    const std::string tables = Section("TABLES", Lines({"0", "TABLE", "2", "LAYER", "0", "ENDTAB"}));
+    const std::string blocks = Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "Door"}, {0, "ENDBLK"}}));
+    const std::string tables = Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "ENDTAB"}}));
     EXPECT_EQ(CallbacksOf(LineOn("a") + blocks + tables + LineOn("b") + blocks + tables + kEof),
               (Calls{"OnBlockBegin Door", "OnBlockEnd Door", "OnBlockBegin Door", "OnBlockEnd Door",
                      "OnLine a", "OnLine b"}));
@@ -197,10 +202,13 @@ TEST(SectionDriver, SectionsComeInAnyOrderAndAnyNumber)
 
 TEST(SectionDriver, ReadingGoesOnBehindATablesSection)
 {
-    EXPECT_EQ(CallbacksOf(Section("TABLES", Lines({"0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "x", "2",
-                                                   "Walls", "0", "ENDTAB"})) +
-                          LineOn("a")),
-              (Calls{"OnLine a"}));
+    EXPECT_EQ(
+        CallbacksOf(
+            Section(
+                "TABLES",
+                Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {100, "x"}, {2, "Walls"}, {0, "ENDTAB"}})) +
+            LineOn("a")),
+        (Calls{"OnLine a"}));
 }
 
 TEST(SectionDriver, EntitiesSectionWithoutEntitiesIsEmpty)
@@ -234,14 +242,14 @@ TEST(SectionDriver, FileThatStopsAtTheFirstTypeNameReportsAnEmptyName)
 {
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES\n0\n"),
               (Calls{"OnError 0 6  - Unknown Object Type Name (6)"}));
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES\n"),
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "ENTITIES"}})),
               (Calls{"OnError 0 6  - Unknown Object Type Name (6)"}));
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES"), (Calls{"OnError 0 6  - Unknown Object Type Name (6)"}));
 }
 
 TEST(SectionDriver, FileThatStopsBehindALineEndQuotesTheEmptyLineBehindIt)
 {
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES\n0\nLINE\n8\na\n"),
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {8, "a"}})),
               (Calls{"OnError 0 3 ReadENTITIES_LINE Failed to read integer from '', Line:9",
                      "OnError 0 5 ReadENTITIES_LINE() Failed to read line, Line:9", "OnLine a"}));
 }

@@ -19,8 +19,8 @@ class OneEntry : public ReportingReader {
 public:
     OneEntry(std::string_view type, std::string_view lines)
     {
-        ReadText(Section("TABLES", Lines({"0", "TABLE", "0", type, "100", "first"}) + std::string(lines) +
-                                       Lines({"0", "ENDTAB"})));
+        ReadText(Section("TABLES", Dxf({{0, "TABLE"}, {0, type}, {100, "first"}}) + std::string(lines) +
+                                       Dxf({{0, "ENDTAB"}})));
     }
 
     // The changed fields but for the first marker, which each of these entries has.
@@ -38,7 +38,7 @@ template <std::size_t count>
 void ExpectRows(std::string_view type, const Row (&rows)[count])
 {
     for (const Row& row : rows) {
-        const OneEntry reader(type, Lines({row.code, row.value}));
+        const OneEntry reader(type, Dxf({{row.code, row.value}}));
         EXPECT_EQ(reader.Changed(), row.changed) << type << ' ' << row.code << ' ' << row.value;
         EXPECT_EQ(reader.errors, Texts());
     }
@@ -95,8 +95,9 @@ TEST(TablesEntries, EachCodeBeforeTheFirstMarkerFillsItsField)
     for (const std::string_view type : {"LAYER", "LTYPE", "BLOCK_RECORD"})
         for (const Row& row : rows) {
             ReportingReader reader;
-            reader.ReadText(Section("TABLES", Lines({"0", "TABLE", "0", type, row.code, row.value, "100",
-                                                     " marker ", "0", "ENDTAB"})));
+            reader.ReadText(Section(
+                "TABLES",
+                Dxf({{0, "TABLE"}, {0, type}, {row.code, row.value}, {100, " marker "}, {0, "ENDTAB"}})));
             ASSERT_EQ(reader.tables[0]->m_entries.size(), 1u);
             EXPECT_EQ(ChangedFields(*reader.tables[0]->m_entries[0]),
                       row.changed + std::string("m_strFirstSubclass=\"marker\""));
@@ -108,10 +109,16 @@ TEST(TablesEntries, GroupsBeforeTheFirstMarkerAreKept)
 {
     for (const std::string_view type : {"LAYER", "LTYPE", "BLOCK_RECORD"}) {
         ReportingReader reader;
-        reader.ReadText(Section("TABLES", Lines({"0",   "TABLE", "0",   type, "102", "{ACAD_XDICTIONARY",
-                                                 "360", "2A",    "102", "}",  "102", "{B",
-                                                 "330", "1",     "102", "}",  "100", "m",
-                                                 "0",   "ENDTAB"})));
+        reader.ReadText(Section("TABLES", Dxf({{0, "TABLE"},
+                                               {0, type},
+                                               {102, "{ACAD_XDICTIONARY"},
+                                               {360, "2A"},
+                                               {102, "}"},
+                                               {102, "{B"},
+                                               {330, "1"},
+                                               {102, "}"},
+                                               {100, "m"},
+                                               {0, "ENDTAB"}})));
         EXPECT_EQ(
             ChangedFields(*reader.tables[0]->m_entries[0]),
             "m_strAppData=\"{ACAD_XDICTIONARY\\x0A360\\x0A2A{B\\x0A330\\x0A1\" m_strFirstSubclass=\"m\"");
@@ -180,30 +187,29 @@ TEST(TablesEntries, EachCodeOfABlockRecordFillsItsFieldAsText)
 
 TEST(TablesEntries, LaterValueReplacesTheEarlier)
 {
-    EXPECT_EQ(OneEntry("LAYER", Lines({"2", "a", "62", "1", "2", "b", "62", "2", "100", "x", "100", "y"}))
-                  .Changed(),
-              "m_strSubclass=\"y\" m_strName=\"b\" m_nColor=2");
-    EXPECT_EQ(OneEntry("LTYPE", Lines({"40", "1", "40", "abc", "3", "x", "3", ""})).Changed(), "");
-    EXPECT_EQ(OneEntry("BLOCK_RECORD", Lines({"1001", "a", "1000", "b", "1001", "c", "1000", "d"})).Changed(),
+    EXPECT_EQ(
+        OneEntry("LAYER", Dxf({{2, "a"}, {62, 1}, {2, "b"}, {62, 2}, {100, "x"}, {100, "y"}})).Changed(),
+        "m_strSubclass=\"y\" m_strName=\"b\" m_nColor=2");
+    EXPECT_EQ(OneEntry("LTYPE", Dxf({{40, 1}, {40, "abc"}, {3, "x"}, {3, ""}})).Changed(), "");
+    EXPECT_EQ(OneEntry("BLOCK_RECORD", Dxf({{1001, "a"}, {1000, "b"}, {1001, "c"}, {1000, "d"}})).Changed(),
               "m_strXDataApplication=\"c\" m_strXDataString=\"d\"");
 }
 
 TEST(TablesEntries, DashesAreKeptInFileOrder)
 {
-    EXPECT_EQ(
-        OneEntry("LTYPE", Lines({"73", "3", "49", "0.5", "74", "0", "49", "-0.25", "49", "0.0"})).Changed(),
-        "m_nDashCount=3 m_dashes=(0.5)(-0.25)(0)");
+    EXPECT_EQ(OneEntry("LTYPE", Dxf({{73, 3}, {49, 0.5}, {74, 0}, {49, -0.25}, {49, "0.0"}})).Changed(),
+              "m_nDashCount=3 m_dashes=(0.5)(-0.25)(0)");
 }
 
 TEST(TablesEntries, StatedNumberOfDashesChangesNothing)
 {
-    EXPECT_EQ(OneEntry("LTYPE", Lines({"49", "1", "49", "x", "73", "100"})).Changed(),
+    EXPECT_EQ(OneEntry("LTYPE", Dxf({{49, 1}, {49, "x"}, {73, 100}})).Changed(),
               "m_nDashCount=100 m_dashes=(1)(0)");
 }
 
 TEST(TablesEntries, Groups102OfAKindReaderAreOrdinaryPairs)
 {
-    const std::string group = Lines({"102", "{A", "2", "inside", "102", "}"});
+    const std::string group = Dxf({{102, "{A"}, {2, "inside"}, {102, "}"}});
     for (const std::string_view type : {"LAYER", "LTYPE", "BLOCK_RECORD"}) {
         const OneEntry reader(type, group);
         EXPECT_EQ(reader.Changed(), "m_strName=\"inside\"") << type;
@@ -213,10 +219,16 @@ TEST(TablesEntries, Groups102OfAKindReaderAreOrdinaryPairs)
 
 TEST(TablesEntries, ExtendedDataGroupOfABlockRecordIsKeptLineByLine)
 {
-    const OneEntry reader(
-        "BLOCK_RECORD",
-        Lines({"1001", "ACAD", "1002",         "{",    "1070", "22",   "102", "}", "1002", "}", "1002",
-               " {B",  "2",    "not the name", "1002", "{",    "1002", "}",   "2", "Door"}));
+    const OneEntry reader("BLOCK_RECORD", Dxf({{1001, "ACAD"},
+                                               {1002, "{"},
+                                               {1070, 22},
+                                               {102, "}"},
+                                               {1002, "}"},
+                                               {1002, " {B"},
+                                               {2, "not the name"},
+                                               {1002, "{"},
+                                               {1002, "}"},
+                                               {2, "Door"}}));
     EXPECT_EQ(reader.Changed(), "m_strName=\"Door\" m_strXDataApplication=\"ACAD\" "
                                 "m_strXData=\"{\\x0A1070\\x0A22\\x0A102\\x0A}{B\\x0A2\\x0Anot the name\"");
     EXPECT_EQ(reader.errors, Texts());
@@ -224,7 +236,7 @@ TEST(TablesEntries, ExtendedDataGroupOfABlockRecordIsKeptLineByLine)
 
 TEST(TablesEntries, Code1002OfALayerIsAnOrdinaryPair)
 {
-    EXPECT_EQ(OneEntry("LAYER", Lines({"1002", "{", "2", "Walls", "1002", "}"})).Changed(),
+    EXPECT_EQ(OneEntry("LAYER", Dxf({{1002, "{"}, {2, "Walls"}, {1002, "}"}})).Changed(),
               "m_strName=\"Walls\"");
 }
 
@@ -238,7 +250,7 @@ TEST(TablesEntries, KindReadersTellHowTheyEnded)
         const std::string result = std::to_string(reader.ReaTABLES_LAYER(entry, stream));
         return result + " then " + std::string(stream.getline());
     };
-    EXPECT_EQ(layer("2\nWalls\n0\nnext\n"), "1 then next");
+    EXPECT_EQ(layer(Dxf({{2, "Walls"}, {0, "next"}})), "1 then next");
     EXPECT_EQ(layer("2\nWalls\nx\nnext\n"), "0 then next");
     EXPECT_EQ(layer("2\nWalls"), "0 then ");
     EXPECT_EQ(layer("2\nWalls\n0"), "1 then ");
@@ -262,12 +274,12 @@ TEST(TablesEntries, CommonReaderTellsWhetherItStoppedAtEndtabBehindAnEntry)
         DXF_TABLES_HEADER table;
         return reader.ReaTABLES_COMMON(table, stream, typeName);
     };
-    EXPECT_TRUE(common("LAYER", "100\nm\n0\nENDTAB\n"));
-    EXPECT_TRUE(common("LAYER", "100\nm\n0\nLAYER\n100\nm\n0\nENDTAB\n"));
-    EXPECT_TRUE(
-        common("LAYER", "100\nm\n0\nSTYLE\n0\nENDTAB\n")); // what comes behind the first does not count
-    EXPECT_FALSE(common("STYLE", "0\nENDTAB\n"));
-    EXPECT_FALSE(common("ODD", "0\nENDTAB\n"));
+    EXPECT_TRUE(common("LAYER", Dxf({{100, "m"}, {0, "ENDTAB"}})));
+    EXPECT_TRUE(common("LAYER", Dxf({{100, "m"}, {0, "LAYER"}, {100, "m"}, {0, "ENDTAB"}})));
+    EXPECT_TRUE(common(
+        "LAYER", Dxf({{100, "m"}, {0, "STYLE"}, {0, "ENDTAB"}}))); // what follows the first does not count
+    EXPECT_FALSE(common("STYLE", Dxf({{0, "ENDTAB"}})));
+    EXPECT_FALSE(common("ODD", Dxf({{0, "ENDTAB"}})));
     EXPECT_FALSE(common("LAYER", "x\n"));
     EXPECT_FALSE(common("LAYER", "5\n1F"));
 }

@@ -41,15 +41,15 @@ private:
 // A table of entries.
 std::string Table(std::string_view name, std::string_view entries)
 {
-    return Lines({"0", "TABLE", "2", name}) + std::string(entries) + Lines({"0", "ENDTAB"});
+    return Dxf({{0, "TABLE"}, {2, name}}) + std::string(entries) + Dxf({{0, "ENDTAB"}});
 }
 
 std::string Entry(std::string_view type, std::string_view name)
 {
-    return Lines({"0", type, "100", "marker", "2", name});
+    return Dxf({{0, type}, {100, "marker"}, {2, name}});
 }
 
-const std::string kLineA = Section("ENTITIES", Lines({"0", "LINE", "8", "a"}));
+const std::string kLineA = Section("ENTITIES", Dxf({{0, "LINE"}, {8, "a"}}));
 
 } // namespace
 
@@ -79,7 +79,7 @@ TEST(Tables, EachCodeOfAHeaderFillsItsField)
         {"360", "x", ""},
     };
     for (const auto& row : rows) {
-        const TablesReader reader(Lines({"0", "TABLE", row.code, row.value, "0", "ENDTAB"}));
+        const TablesReader reader(Dxf({{0, "TABLE"}, {row.code, row.value}, {0, "ENDTAB"}}));
         ASSERT_EQ(reader.tables.size(), 1u);
         EXPECT_EQ(ChangedFields(*reader.tables[0]), row.changed) << row.code;
         EXPECT_EQ(reader.calls, Texts()) << row.code;
@@ -88,15 +88,21 @@ TEST(Tables, EachCodeOfAHeaderFillsItsField)
 
 TEST(Tables, LaterValueOfAHeaderReplacesTheEarlier)
 {
-    const TablesReader reader(Lines({"0", "TABLE", "2", "A", "100", "first", "70", "1", "100", "second", "70",
-                                     "2", "2", "B", "0", "ENDTAB"}));
+    const TablesReader reader(Dxf({{0, "TABLE"},
+                                   {2, "A"},
+                                   {100, "first"},
+                                   {70, 1},
+                                   {100, "second"},
+                                   {70, 2},
+                                   {2, "B"},
+                                   {0, "ENDTAB"}}));
     EXPECT_EQ(ChangedFields(*reader.tables[0]), "m_strName=\"B\" m_strSubclass=\"second\" m_nMaxEntries=2");
 }
 
 TEST(Tables, GroupOfAHeaderIsKeptLineByLine)
 {
-    const TablesReader reader(Lines(
-        {"0", "TABLE", "102", "{ACAD_XDICTIONARY", "360", "2A", "102", "}", "2", "LAYER", "0", "ENDTAB"}));
+    const TablesReader reader(Dxf(
+        {{0, "TABLE"}, {102, "{ACAD_XDICTIONARY"}, {360, "2A"}, {102, "}"}, {2, "LAYER"}, {0, "ENDTAB"}}));
     EXPECT_EQ(ChangedFields(*reader.tables[0]),
               "m_strName=\"LAYER\" m_strAppData=\"{ACAD_XDICTIONARY\\x0A360\\x0A2A\"");
 }
@@ -121,7 +127,7 @@ TEST(Tables, EndOfTheFileEndsAGroup)
     reader.ReadText("0\nSECTION\n2\nTABLES\n0\nTABLE\n102\n{A\n1\n");
     EXPECT_EQ(ChangedFields(*reader.tables[0]), "m_strAppData=\"{A\\x0A1\\x0A\"");
     EXPECT_EQ(reader.calls, Texts());
-    EXPECT_EQ(reader.lineCount, 11); // one line more is read behind the group
+    EXPECT_EQ(reader.lineCount, 11); // one line more is read after the group
 }
 
 TEST(Tables, TablesAndTheirEntriesAreKeptInFileOrder)
@@ -174,7 +180,7 @@ TEST(Tables, UnknownNameBehindAKnownEntrySkipsTheRestOfTheTable)
 
 TEST(Tables, EndtabAsAValueEndsASkippedTable)
 {
-    const TablesReader reader(Lines({"0", "TABLE", "2", "STYLE", "0", "STYLE", "2", "ENDTAB"}) +
+    const TablesReader reader(Dxf({{0, "TABLE"}, {2, "STYLE"}, {0, "STYLE"}, {2, "ENDTAB"}}) +
                                   Table("LAYER", Entry("LAYER", "Walls")),
                               kLineA);
     EXPECT_EQ(reader.Names(), (Texts{"STYLE:", "LAYER: Walls"}));
@@ -184,7 +190,7 @@ TEST(Tables, EndtabAsAValueEndsASkippedTable)
 TEST(Tables, EntryWithoutAMarkerSwallowsWhatFollowsUpToTheNextMarker)
 {
     const TablesReader reader(
-        Table("LAYER", Lines({"0", "LAYER", "2", "lost", "5", "1"}) + Entry("LAYER", "Walls")));
+        Table("LAYER", Dxf({{0, "LAYER"}, {2, "lost"}, {5, "1"}}) + Entry("LAYER", "Walls")));
     EXPECT_EQ(reader.Names(), (Texts{"LAYER: Walls"}));
     EXPECT_EQ(ChangedFields(*reader.tables[0]->m_entries[0]),
               "m_strHandle=\"1\" m_strFirstSubclass=\"marker\" m_strName=\"Walls\"");
@@ -193,7 +199,7 @@ TEST(Tables, EntryWithoutAMarkerSwallowsWhatFollowsUpToTheNextMarker)
 
 TEST(Tables, EntryWithoutAMarkerSwallowsTheEndOfItsTableToo)
 {
-    const TablesReader reader(Table("LAYER", Lines({"0", "LAYER", "2", "lost"})) +
+    const TablesReader reader(Table("LAYER", Dxf({{0, "LAYER"}, {2, "lost"}})) +
                               Table("LAYER", Entry("LAYER", "Walls")));
     EXPECT_EQ(reader.Names(), (Texts{"LAYER: Walls"}));
     EXPECT_EQ(reader.calls, Texts());
@@ -201,7 +207,7 @@ TEST(Tables, EntryWithoutAMarkerSwallowsTheEndOfItsTableToo)
 
 TEST(Tables, CodeThatIsNoNumberInAHeaderIsReportedAndEndsTheSection)
 {
-    const TablesReader reader(Lines({"0", "TABLE", "2", "LAYER", " x ", "y", "0", "ENDTAB"}), kLineA);
+    const TablesReader reader(Dxf({{0, "TABLE"}, {2, "LAYER"}, {" x ", "y"}, {0, "ENDTAB"}}), kLineA);
     EXPECT_EQ(reader.Names(), (Texts{"LAYER:"}));
     EXPECT_EQ(reader.calls,
               (Texts{"OnError 0 3 ReadTABLES() Failed to read integer from 'x' Line:9", "OnLine a"}));
@@ -209,8 +215,13 @@ TEST(Tables, CodeThatIsNoNumberInAHeaderIsReportedAndEndsTheSection)
 
 TEST(Tables, CodeThatIsNoNumberInAnEntryIsReportedAndTheSectionLeft)
 {
-    const TablesReader reader(Lines({"0", "TABLE", "2", "LAYER", "0", "LAYER", "5", "1F", "x", "y", "100",
-                                     "marker", "0", "ENDTAB"}),
+    const TablesReader reader(Dxf({{0, "TABLE"},
+                                   {2, "LAYER"},
+                                   {0, "LAYER"},
+                                   {5, "1F"},
+                                   {"x", "y"},
+                                   {100, "marker"},
+                                   {0, "ENDTAB"}}),
                               kLineA);
     EXPECT_EQ(ChangedFields(*reader.tables[0]->m_entries[0]), "m_strHandle=\"1F\"");
     EXPECT_EQ(reader.calls,
@@ -226,8 +237,13 @@ TEST(Tables, BehindAFailedKindReaderTheNextLineIsTakenAsATypeName)
                 {"LTYPE", "ReaTABLES_LTYPE()"},
                 {"BLOCK_RECORD", "ReaTABLES_BLOCK_RECORD()"}};
     for (const auto& row : rows) {
-        const TablesReader reader(Lines({"0", "TABLE", "2", "T", "0", row.type, "100", "marker", "2", "a",
-                                         " x", "y", "0", "ENDTAB"}) +
+        const TablesReader reader(Dxf({{0, "TABLE"},
+                                       {2, "T"},
+                                       {0, row.type},
+                                       {100, "marker"},
+                                       {2, "a"},
+                                       {" x", "y"},
+                                       {0, "ENDTAB"}}) +
                                       Table("LAYER", Entry("LAYER", "Walls")),
                                   kLineA);
         EXPECT_EQ(reader.Names(), (Texts{"T: a", "LAYER: Walls"}));
@@ -240,8 +256,15 @@ TEST(Tables, BehindAFailedKindReaderTheNextLineIsTakenAsATypeName)
 
 TEST(Tables, EntryTypeBehindAFailedKindReaderIsAnEntry)
 {
-    const TablesReader reader(Lines({"0", "TABLE", "2", "T", "0", "LAYER", "100", "m", "2", "a", "x", "LTYPE",
-                                     "100", "m", "2", "b", "0", "ENDTAB"}));
+    const TablesReader reader(Dxf({{0, "TABLE"},
+                                   {2, "T"},
+                                   {0, "LAYER"},
+                                   {100, "m"},
+                                   {2, "a"},
+                                   {"x", "LTYPE"},
+                                   {100, "m"},
+                                   {2, "b"},
+                                   {0, "ENDTAB"}}));
     EXPECT_EQ(reader.Names(), (Texts{"T: a b"}));
     EXPECT_EQ(reader.calls,
               (Texts{"OnError 0 3 ReaTABLES_LAYER() Failed to read integer from 'x', Line:15"}));
@@ -250,7 +273,7 @@ TEST(Tables, EntryTypeBehindAFailedKindReaderIsAnEntry)
 TEST(Tables, FileThatEndsBehindACompletePairQuotesTheEmptyLine)
 {
     CallbackReader reader;
-    reader.ReadText("0\nSECTION\n2\nTABLES\n0\nTABLE\n0\nLAYER\n5\n1F\n");
+    reader.ReadText(Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}, {0, "LAYER"}, {5, "1F"}}));
     EXPECT_EQ(reader.calls,
               (Texts{"OnError 0 3 ReaTABLES_COMMON() Failed to read integer from '', Line:11"}));
     EXPECT_EQ(ChangedFields(*reader.tables[0]->m_entries[0]), "m_strHandle=\"1F\"");
@@ -259,7 +282,8 @@ TEST(Tables, FileThatEndsBehindACompletePairQuotesTheEmptyLine)
 TEST(Tables, FileThatEndsWithinAKindReaderGivesItsMessageAndOneForTheEmptyTypeName)
 {
     CallbackReader reader;
-    reader.ReadText("0\nSECTION\n2\nTABLES\n0\nTABLE\n0\nLAYER\n100\nm\n2\nWalls\n");
+    reader.ReadText(
+        Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}, {0, "LAYER"}, {100, "m"}, {2, "Walls"}}));
     EXPECT_EQ(reader.calls, (Texts{"OnError 0 3 ReaTABLES_LAYER() Failed to read integer from '', Line:13",
                                    "OnError 0 4 ReaTABLES_COMMON() Unknown table name '', Line:14"}));
     EXPECT_NE(reader.FindLayer(L"Walls"), nullptr);
@@ -278,7 +302,7 @@ TEST(Tables, FileThatEndsWithoutALineEndGivesNoIntegerMessage)
 TEST(Tables, FileThatEndsWithinAHeaderQuotesTheEmptyLine)
 {
     CallbackReader reader;
-    reader.ReadText("0\nSECTION\n2\nTABLES\n0\nTABLE\n");
+    reader.ReadText(Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}}));
     EXPECT_EQ(reader.calls, (Texts{"OnError 0 3 ReadTABLES() Failed to read integer from '' Line:7"}));
     EXPECT_EQ(reader.tables.size(), 1u);
 }
@@ -297,7 +321,9 @@ TEST(Tables, FirstTypeNameThatEndsTheFileIsStillAnEntry)
 
 TEST(Tables, SkippedTableWithoutAnEndTakesTheRestOfTheFile)
 {
-    EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nTABLES\n0\nTABLE\n0\nSTYLE\n0\nENDSEC\n" + kLineA), Texts());
+    EXPECT_EQ(
+        CallbacksOf(Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}, {0, "STYLE"}, {0, "ENDSEC"}}) + kLineA),
+        Texts());
 }
 
 TEST(Tables, LineBehindATableThatIsNoZeroLeavesTheSection)
@@ -310,34 +336,34 @@ TEST(Tables, LineBehindATableThatIsNoZeroLeavesTheSection)
 
 TEST(Tables, BehindATableComesATableOrTheEndOrTheSectionIsLeft)
 {
-    // The line behind the odd name is read too: the driver goes on with the one behind that.
+    // The line after the odd name is read too: the driver goes on with the one after that.
     const std::string section = "SECTION\n2\nODD\n";
-    EXPECT_EQ(
-        CallbacksOf("0\nSECTION\n2\nTABLES\n" + Table("T", Entry("LAYER", "a")) + "0\nODD\n0\n" + section),
-        Texts());
-    EXPECT_EQ(
-        CallbacksOf("0\nSECTION\n2\nTABLES\n" + Table("T", Entry("LAYER", "a")) + "0\nODD\nx\n0\n" + section),
-        (Texts{"OnError 0 2 ODD - Unknown Section Name Line (23)"}));
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "TABLES"}}) + Table("T", Entry("LAYER", "a")) +
+                          "0\nODD\n0\n" + section),
+              Texts());
+    EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "TABLES"}}) + Table("T", Entry("LAYER", "a")) +
+                          "0\nODD\nx\n0\n" + section),
+              (Texts{"OnError 0 2 ODD - Unknown Section Name Line (23)"}));
 }
 
 TEST(Tables, BehindAnEmptyTableTheSameHolds)
 {
     const std::string section = "SECTION\n2\nODD\n";
-    const std::string start = "0\nSECTION\n2\nTABLES\n" + Table("T", "");
+    const std::string start = Dxf({{0, "SECTION"}, {2, "TABLES"}}) + Table("T", "");
     EXPECT_EQ(CallbacksOf(start + "0\nODD\n0\n" + section), Texts());
     EXPECT_EQ(CallbacksOf(start + "0\nODD\nx\n0\n" + section),
               (Texts{"OnError 0 2 ODD - Unknown Section Name Line (17)"}));
-    // Where no "0" stands, one more line is read.
-    EXPECT_EQ(CallbacksOf(start + "9\n0\n" + section), Texts());
+    // Where there is no "0", one more line is read.
+    EXPECT_EQ(CallbacksOf(start + Dxf({{9, "0"}}) + section), Texts());
     EXPECT_EQ(CallbacksOf(start + "9\nx\n0\n" + section),
               (Texts{"OnError 0 2 ODD - Unknown Section Name Line (16)"}));
 }
 
 TEST(Tables, EndsecBehindATableEndsTheSectionAtOnce)
 {
-    const std::string start = "0\nSECTION\n2\nTABLES\n";
-    EXPECT_EQ(CallbacksOf(start + Table("T", "") + "0\nENDSEC\n" + kLineA), (Texts{"OnLine a"}));
-    EXPECT_EQ(CallbacksOf(start + Table("T", Entry("LAYER", "a")) + "0\nENDSEC\n" + kLineA),
+    const std::string start = Dxf({{0, "SECTION"}, {2, "TABLES"}});
+    EXPECT_EQ(CallbacksOf(start + Table("T", "") + Dxf({{0, "ENDSEC"}}) + kLineA), (Texts{"OnLine a"}));
+    EXPECT_EQ(CallbacksOf(start + Table("T", Entry("LAYER", "a")) + Dxf({{0, "ENDSEC"}}) + kLineA),
               (Texts{"OnLine a"}));
 }
 

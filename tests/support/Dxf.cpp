@@ -1,0 +1,27 @@
+#include "support/Dxf.h"
+
+std::string Dxf(std::initializer_list<GROUP> groups)
+{
+    std::string text;
+    for (const GROUP& group : groups)
+        text.append(group.code).append("\n").append(group.value).append("\n");
+    return text;
+}
+
+std::string Lines(std::initializer_list<std::string_view> lines)
+{
+    std::string text;
+    for (const std::string_view line : lines)
+        text.append(line).append("\n");
+    return text;
+}
+
+std::string Section(std::string_view name, std::string_view body)
+{
+    return Dxf({{0, "SECTION"}, {2, name}}).append(body) + Dxf({{0, "ENDSEC"}});
+}
+
+std::string EntitiesSection(std::initializer_list<GROUP> groups)
+{
+    return Section("ENTITIES", Dxf(groups)) + Dxf({{0, "EOF"}});
+}
