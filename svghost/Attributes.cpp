@@ -138,7 +138,7 @@ std::wstring_view DashArrayText(const wchar_t* text)
 
 namespace {
 
-// Steps over what stands between two lengths; false when nothing does, or a comma without a length behind it.
+// Steps over what is between two lengths; false when nothing is, or a comma that no length follows.
 bool SkipBetweenLengths(const wchar_t*& at)
 {
     const wchar_t* const begin = at;

@@ -20,7 +20,7 @@ bool HasDrawableTransform(const Node& node)
     return true;
 }
 
-// A shape as it stands, or its path under a rotation. A rotated polyline has the box round its rotated box.
+// A shape as it is, or its path under a rotation. A rotated polyline has the box round its rotated box.
 Box ShapeBounds(const Shape& shape)
 {
     if (!shape.Find(AttributeId::Rotate))

@@ -58,7 +58,7 @@ private:
     bool KeepUse(const Use& use)
     {
         const Symbol* target = use.target->definition;
-        // A use of nothing draws nothing, but it stands in the file for whoever adds the symbol.
+        // A use of nothing draws nothing, but it is written for whoever adds the symbol.
         m_layout.statistics.missingSymbols += !target;
         if (target && m_symbol.kind == Kind::Symbol && target->cycle == m_symbol.cycle) {
             ++m_layout.statistics.cyclicUses;

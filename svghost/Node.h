@@ -25,7 +25,7 @@ enum class Kind : std::uint8_t {
     Root
 };
 
-// The attributes that the host knows. Those up to DashArray stand in every node, the others in its list.
+// The attributes that the host knows. Those up to DashArray are in every node, the others in its list.
 enum class AttributeId : std::uint8_t {
     StrokeWidth,
     Stroke,
@@ -56,7 +56,7 @@ struct ExtraAttribute {
 
 // An attribute that the host does not know, written as data-name.
 struct OtherAttribute : ExtraAttribute {
-    std::string_view name; // "data-" and so on, with a zero behind it
+    std::string_view name; // "data-" and so on, followed by a zero
     std::string_view text; // in UTF-8
 };
 
@@ -167,7 +167,7 @@ inline bool IsContainer(const Node& node)
 }
 
 // Walks over everything in top in order, groups entered. enter(node) is called for every node, leave(group)
-// behind the last node of a group. Needs no stack however deep groups are.
+// after the last node of a group. Needs no stack however deep groups are.
 template <class Enter, class Leave>
 void Walk(const Container& top, Enter enter, Leave leave)
 {

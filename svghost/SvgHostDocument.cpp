@@ -22,7 +22,7 @@ bool HasBlanksToKeep(std::wstring_view text)
            text.find_first_of(L"\t\r\n") != std::wstring_view::npos;
 }
 
-// An XML reader makes a line feed of a carriage return that stands in a text. Viewers draw a blank for both.
+// An XML reader makes a line feed of a carriage return in a text. Viewers draw a blank for both.
 std::string TextOf(std::wstring_view text)
 {
     std::string utf8 = XmlTextOf(text);

@@ -40,7 +40,7 @@ struct SvgHostDocument {
     svghost::Text* CreateText(float x, float y, const wchar_t* text);
     svghost::Use* CreateUse(const wchar_t* name, float x, float y);
     svghost::Symbol* CreateSymbol(const wchar_t* name);
-    // Null when groups would stand too deep within each other for XML readers.
+    // Null when groups would be too deep within each other for XML readers.
     svghost::Container* CreateGroup();
 
     // Sets the attribute, in the place of an earlier value.
