@@ -40,31 +40,44 @@ DXF_STRING CDxfStore::Keep(std::string_view narrow)
     return DXF_STRING(text);
 }
 
+CDxfStore::WORDS CDxfStore::WordsOf(std::string_view narrow)
+{
+    const bool isLong = narrow.size() >= 8;
+    return {LoadBytes(narrow.data(), narrow.size()),
+            isLong ? LoadBytes(narrow.data() + narrow.size() - 8, 8) : 0};
+}
+
 DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
 {
+    if (narrow.size() > kLongestInPlace)
+        return KeepLongOnce(narrow);
     if (narrow.empty())
         return {};
-    const std::uint64_t hash = HashBytes(narrow.data(), narrow.size(), m_hashKey);
-    const NAME wanted = NameInPlace(narrow);
+    const WORDS words = WordsOf(narrow);
+    // Hashed as sixteen bytes whatever the length, without a branch for it.
+    const std::uint64_t hash = HashBytes(&words, sizeof(words), m_hashKey ^ narrow.size());
     const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
         const NAME& name = m_names[number];
-        if (name.length != wanted.length || name.start != wanted.start)
-            return false;
-        if (name.length <= kLongestInPlace)
-            return name.rest == wanted.rest;
-        return EqualBytes(std::bit_cast<const char*>(name.rest), narrow.data(), narrow.size());
+        return name.words.first == words.first && name.words.last == words.last && name.size == narrow.size();
     });
-    return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, hash);
+    return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, words, hash);
 }
 
-CDxfStore::NAME CDxfStore::NameInPlace(std::string_view narrow)
+DXF_STRING CDxfStore::KeepLongOnce(std::string_view narrow)
 {
-    const std::size_t first = std::min(narrow.size(), sizeof(std::uint64_t));
-    const std::size_t second = std::min(narrow.size() - first, sizeof(std::uint64_t));
-    return {LoadBytes(narrow.data(), first), LoadBytes(narrow.data() + first, second), narrow.size(), {}};
+    const std::uint64_t hash = HashBytes(narrow.data(), narrow.size(), m_hashKey);
+    const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
+        const NAME& name = m_names[number];
+        return name.size == narrow.size() &&
+               EqualBytes(std::bit_cast<const char*>(name.words.last), narrow.data(), narrow.size());
+    });
+    if (known != CDxfHashIndex::kNone)
+        return m_names[known].text;
+    const std::uint64_t copy = reinterpret_cast<std::uintptr_t>(Copy(narrow).data());
+    return AddName(narrow, {0, copy}, hash);
 }
 
-DXF_STRING CDxfStore::AddName(std::string_view narrow, std::uint64_t hash)
+DXF_STRING CDxfStore::AddName(std::string_view narrow, const WORDS& words, std::uint64_t hash)
 {
     m_nameIndex.Reserve();
     if (m_nameCount == m_nameCapacity) {
@@ -72,23 +85,19 @@ DXF_STRING CDxfStore::AddName(std::string_view narrow, std::uint64_t hash)
         m_names = static_cast<NAME*>(Resize(m_names, m_nameCapacity * sizeof(NAME), capacity * sizeof(NAME)));
         m_nameCapacity = capacity;
     }
-    NAME name = NameInPlace(narrow);
-    if (narrow.size() > kLongestInPlace)
-        name.rest = reinterpret_cast<std::uintptr_t>(Copy(narrow).data());
-    name.text = Keep(narrow);
-    m_names[m_nameCount] = name;
+    const DXF_STRING text = Keep(narrow);
+    m_names[m_nameCount] = {words, narrow.size(), text};
     m_nameIndex.Add(hash, static_cast<std::uint32_t>(m_nameCount));
     ++m_nameCount;
-    return name.text;
+    return text;
 }
 
 DXF_HANDLE CDxfStore::KeepHandle(std::string_view narrow)
 {
     if (narrow.empty())
         return {};
-    std::uint64_t bits = 0;
-    if (narrow.size() < sizeof(bits)) {
-        std::memcpy(&bits, narrow.data(), narrow.size());
+    if (narrow.size() < sizeof(std::uint64_t)) {
+        const std::uint64_t bits = LoadText(narrow.data(), narrow.size());
         if ((bits & DXF_HANDLE::kNotAscii) == 0)
             return DXF_HANDLE(bits | DXF_HANDLE::kInPlace |
                               std::uint64_t{narrow.size()} << DXF_HANDLE::kSizeShift);

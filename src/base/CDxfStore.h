@@ -33,12 +33,17 @@ public:
     void Append(DXF_STRING& text, std::string_view narrow);
 
 private:
+    // A text of up to 16 bytes: its first eight bytes and its last eight, some of them twice; or first has
+    // all that there are.
+    struct WORDS {
+        std::uint64_t first;
+        std::uint64_t last;
+    };
     // A name of up to 16 bytes is in here itself, so that a look at it takes one cache line. Of a longer one
-    // start has the first eight bytes, and rest is the address of all of them.
+    // words.last is the address.
     struct NAME {
-        std::uint64_t start;
-        std::uint64_t rest;
-        std::size_t length;
+        WORDS words;
+        std::size_t size;
         DXF_STRING text;
     };
     static constexpr std::size_t kLongestInPlace = 16;
@@ -46,8 +51,9 @@ private:
     wchar_t* AllocateText(std::size_t length);
     static void SetLength(wchar_t* text, std::size_t length);
     void Grow(DXF_STRING text, std::size_t capacity);
-    static NAME NameInPlace(std::string_view narrow);
-    DXF_STRING AddName(std::string_view narrow, std::uint64_t hash);
+    static WORDS WordsOf(std::string_view narrow);
+    DXF_STRING KeepLongOnce(std::string_view narrow);
+    DXF_STRING AddName(std::string_view narrow, const WORDS& words, std::uint64_t hash);
 
     wchar_t* m_growing = nullptr; // the text that Append wrote last
     std::size_t m_growingCapacity = 0;

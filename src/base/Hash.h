@@ -30,6 +30,21 @@ inline std::uint64_t LoadBytes(const char* bytes, std::size_t size)
     return size == 0 ? 0 : static_cast<unsigned char>(*bytes);
 }
 
+// Up to seven bytes, the first in the lowest place and 0 after the last, with no call of memcpy. Where the
+// two loads overlap, both have the same bytes.
+inline std::uint64_t LoadText(const char* bytes, std::size_t size)
+{
+    const auto load = [&](auto word, std::size_t place) {
+        std::memcpy(&word, bytes + place, sizeof(word));
+        return std::uint64_t{word} << 8 * place;
+    };
+    if (size >= 4)
+        return load(std::uint32_t{}, 0) | load(std::uint32_t{}, size - 4);
+    if (size >= 2)
+        return load(std::uint16_t{}, 0) | load(std::uint16_t{}, size - 2);
+    return size == 0 ? 0 : static_cast<unsigned char>(*bytes);
+}
+
 // True when size bytes are the same; for short texts without a call.
 inline bool EqualBytes(const char* left, const char* right, std::size_t size)
 {

@@ -1,6 +1,7 @@
 // Numbers in drawings and in attribute texts: always in the C locale's form, whatever the host has set.
 #pragma once
 
+#include "base/Blanks.h"
 #include "base/CDxfLine.h"
 
 #include <bit>
@@ -12,8 +13,9 @@
 // with the code unchanged, when there are no digits. A number outside 32 bits wraps.
 bool ParseAnyCode(std::string_view line, std::int32_t& code);
 
-// The same; nearly every code is written in three columns, which is read here.
-inline bool ParseCode(std::string_view line, std::int32_t& code)
+// The same for a code in three columns, as nearly all are; false, with the code unchanged, for any other
+// line.
+inline bool ParseUsualCode(std::string_view line, std::int32_t& code)
 {
     const auto digit = [&](std::size_t place) { return static_cast<unsigned>(line[place] - '0'); };
     if (line.size() == 3 && digit(2) < 10) {
@@ -28,7 +30,12 @@ inline bool ParseCode(std::string_view line, std::int32_t& code)
             return true;
         }
     }
-    return ParseAnyCode(line, code);
+    return false;
+}
+
+inline bool ParseCode(std::string_view line, std::int32_t& code)
+{
+    return ParseUsualCode(line, code) || ParseAnyCode(line, code);
 }
 
 // Reads an integer as _wtoi does: blanks, a sign and digits; 0 when there are none; saturates.
@@ -43,7 +50,15 @@ double ParseReal(std::string_view text);
 double ParseLineReal(CDxfLine line);
 
 // Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
-std::string_view Trim(std::string_view text);
+inline std::string_view Trim(std::string_view text)
+{
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    while (end != begin && IsBlank(end[-1]))
+        --end;
+    begin = SkipBlanks(begin, end);
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
 
 // The longest text that a number gives: the largest double has 309 digits before the point.
 inline constexpr std::size_t kLongestNumber = 309 + 1 + 1 + 6;

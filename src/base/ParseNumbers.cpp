@@ -28,13 +28,3 @@ std::int32_t ParseInteger(std::string_view text)
         value = std::min(value * 10 + (*at - '0'), kLimit);
     return static_cast<std::int32_t>(negative ? -value : std::min(value, kLimit - 1));
 }
-
-std::string_view Trim(std::string_view text)
-{
-    const char* begin = text.data();
-    const char* end = begin + text.size();
-    while (end != begin && IsBlank(end[-1]))
-        --end;
-    begin = SkipBlanks(begin, end);
-    return {begin, static_cast<std::size_t>(end - begin)};
-}

@@ -43,7 +43,11 @@ bool CDxfStream::MayHoldNulOrEnd(const char* bytes, std::size_t size)
         least = _mm_min_epu8(least, part);
         ends = _mm_or_si128(ends, _mm_cmpeq_epi8(part, endOfFile));
     };
-    for (std::size_t i = 0; i + 16 < size; i += 16)
+    std::size_t i = 0;
+    for (; i + 64 < size; i += 64)
+        for (std::size_t part = 0; part < 64; part += 16)
+            lookAt(bytes + i + part);
+    for (; i + 16 < size; i += 16)
         lookAt(bytes + i);
     lookAt(bytes + size - 16);
     const __m128i found = _mm_or_si128(ends, _mm_cmpeq_epi8(least, _mm_setzero_si128()));
@@ -84,6 +88,33 @@ bool CDxfStream::NextBlock()
     if (valid < kBlock)
         m_newlines &= (std::uint64_t{1} << valid) - 1;
     return true;
+}
+
+// A line that TryLine leaves: it ends in a later block, or is too long, or may hold a NUL.
+CDxfLine CDxfStream::OtherLine()
+{
+    while (m_newlines == 0)
+        if (!NextBlock())
+            return LineAtEndOfBuffer();
+    std::string_view line;
+    if (TryLine(line))
+        return {line.data(), line.size()};
+    const char* const begin = std::exchange(m_line, m_block + std::countr_zero(m_newlines) + 1);
+    m_newlines &= m_newlines - 1;
+    const char* const lineFeed = m_line - 1;
+    const char* const end = lineFeed - (lineFeed[-1] == '\r');
+    return LimitLine(begin, static_cast<std::size_t>(end - begin));
+}
+
+CDxfLine CDxfStream::LimitLine(const char* begin, std::size_t size)
+{
+    if (size > kLongestLine) {
+        size = kLongestLine;
+        m_lineWasCut = true;
+    }
+    if (m_longestPlain == 0)
+        size = std::min(std::string_view(begin, size).find('\0'), size);
+    return {begin, size};
 }
 
 // No line feed is left in the buffer: moves the begun line to its front and reads on.
@@ -149,6 +180,7 @@ std::size_t CDxfStream::Fill(char* place)
     }
     // The mark stays for the rest of the file: the line that has the NUL may be in this block or the
     // next.
-    m_mayHoldNul |= std::memchr(place, '\0', size) != nullptr;
+    if (std::memchr(place, '\0', size) != nullptr)
+        m_longestPlain = 0;
     return size;
 }

@@ -29,15 +29,28 @@ public:
     // characters stay valid until the next call.
     CDxfLine getline()
     {
-        while (m_newlines == 0)
-            [[unlikely]]
-            {
-                if (!NextBlock()) [[unlikely]]
-                    return LineAtEndOfBuffer();
-            }
-        const char* const end = m_block + std::countr_zero(m_newlines);
+        std::string_view line;
+        if (TryLine(line)) [[likely]]
+            return {line.data(), line.size()};
+        return OtherLine();
+    }
+
+    // The same, for a line that ends in the block at hand and that needs no second look; false, with nothing
+    // changed, for any other. A caller that leaves other lines to a function of its own calls nothing here.
+    bool TryLine(std::string_view& line)
+    {
+        if (m_newlines == 0) [[unlikely]]
+            return false;
+        const char* const lineFeed = m_block + std::countr_zero(m_newlines);
+        // Before a line is a line feed or the zero before the buffer, and so no carriage return.
+        const char* const end = lineFeed - (lineFeed[-1] == '\r');
+        const std::size_t size = static_cast<std::size_t>(end - m_line);
+        if (size > m_longestPlain) [[unlikely]]
+            return false;
+        line = {m_line, size};
         m_newlines &= m_newlines - 1;
-        return CutLine(end);
+        m_line = lineFeed + 1;
+        return true;
     }
 
     // True once a read has met the end of the file: with the last line if no line feed ends it, else with
@@ -48,7 +61,7 @@ public:
     bool IsExhausted() const { return m_exhausted; }
 
     // Something happened during the last getline that is to be reported.
-    bool HasTrouble() const { return m_lineWasCut | m_readFailed; }
+    bool HasTrouble() const { return m_lineWasCut || m_readFailed; }
 
     // Each says once whether the last line was longer than kLongestLine, or whether the source failed.
     bool TakeLineWasCut() { return std::exchange(m_lineWasCut, false); }
@@ -65,25 +78,8 @@ private:
     // reading where the runtime library's goes byte by byte (perf, under Wine).
     static bool MayHoldNulOrEnd(const char* bytes, std::size_t size);
 
-    CDxfLine CutLine(const char* end)
-    {
-        const char* const begin = m_line;
-        m_line = end + 1;
-        if (end != begin && end[-1] == '\r')
-            --end;
-        return LimitLine(begin, static_cast<std::size_t>(end - begin));
-    }
-    CDxfLine LimitLine(const char* begin, std::size_t size)
-    {
-        if (size > kLongestLine) [[unlikely]] {
-            size = kLongestLine;
-            m_lineWasCut = true;
-        }
-        if (m_mayHoldNul) [[unlikely]]
-            size = std::min(std::string_view(begin, size).find('\0'), size);
-        return {begin, size};
-    }
-
+    CDxfLine OtherLine();
+    CDxfLine LimitLine(const char* begin, std::size_t size);
     bool NextBlock();
     void StartBlocksAt(const char* place);
     CDxfLine LineAtEndOfBuffer();
@@ -101,7 +97,7 @@ private:
     bool m_eof = false;
     bool m_exhausted = false;
     bool m_sourceEnded = false;
-    bool m_mayHoldNul = false;
+    std::size_t m_longestPlain = kLongestLine; // 0 once there may be a NUL
     bool m_lineWasCut = false;
     bool m_readFailed = false;
 };

@@ -21,18 +21,27 @@ std::string_view CDxfRead::ReadTrimmed(CDxfStream& stream)
 
 bool CDxfRead::ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* message)
 {
-    const CDxfLine line = ReadLine(stream);
-    if (ParseCode(line, code)) [[likely]]
-        return true;
-    ReportBadCode(line, message);
-    return false;
+    std::string_view line;
+    if (!stream.TryLine(line)) [[unlikely]]
+        return ReadCodeOfOtherLine(stream, code, message);
+    CountLine();
+    return ParseUsualCode(line, code) || TakeOtherCode(line, code, message);
 }
 
-// Not part of the loop over pairs: a message is an array on the stack, so each call of its function sets up a
-// stack guard.
-void CDxfRead::ReportBadCode(std::string_view line, const wchar_t* message)
+// Not part of ReadCode, which so calls nothing before it returns and saves no registers: that is a twentieth
+// of the instructions of reading.
+bool CDxfRead::ReadCodeOfOtherLine(CDxfStream& stream, std::int32_t& code, const wchar_t* message)
 {
+    const std::string_view line = ReadLine(stream);
+    return ParseUsualCode(line, code) || TakeOtherCode(line, code, message);
+}
+
+bool CDxfRead::TakeOtherCode(std::string_view line, std::int32_t& code, const wchar_t* message)
+{
+    if (ParseAnyCode(line, code))
+        return true;
     Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});
+    return false;
 }
 
 void CDxfRead::ReadGroup(CDxfStream& stream, DXF_STRING& text, std::string_view value, std::string_view code)

@@ -136,7 +136,7 @@ public:
     CDxfLine ReadLine(CDxfStream& stream)
     {
         const CDxfLine line = stream.getline();
-        lineCount = static_cast<std::int32_t>(static_cast<std::uint32_t>(lineCount) + 1); // may wrap
+        CountLine();
         if (stream.HasTrouble()) [[unlikely]]
             ReportTrouble(stream);
         return line;
@@ -186,7 +186,12 @@ private:
     void SkipToENDSEC(CDxfStream& stream);
     bool SkipPairs(CDxfStream& stream, const wchar_t* message);
     void ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block);
-    void ReportBadCode(std::string_view line, const wchar_t* message);
+    void CountLine()
+    {
+        lineCount = static_cast<std::int32_t>(static_cast<std::uint32_t>(lineCount) + 1);
+    } // may wrap
+    bool ReadCodeOfOtherLine(CDxfStream& stream, std::int32_t& code, const wchar_t* message);
+    bool TakeOtherCode(std::string_view line, std::int32_t& code, const wchar_t* message);
     void ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record);
     void ReportTrouble(CDxfStream& stream);
     void ReportMemory();
