@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -26,6 +27,13 @@ bool IsSeparator(std::string_view text)
 bool IsUpperControl(std::string_view text)
 {
     return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+}
+
+// Whether a byte is, or may begin, a character that is written otherwise.
+bool MayBeEscaped(char character)
+{
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == '"' || byte == '\\' || byte == 0x7F || byte == 0xC2 || byte == 0xE2;
 }
 
 // Appends the character at the start of text, which is UTF-8; its length.
@@ -93,8 +101,14 @@ Json& Json::Text(std::string_view text)
     Separate();
     m_out.push_back('"');
     std::string valid = ValidUtf8(text);
-    for (std::string_view rest = valid; !rest.empty();)
-        rest.remove_prefix(AppendEscaped(m_out, rest));
+    for (std::string_view rest = valid; !rest.empty();) {
+        const auto end = std::find_if(rest.begin(), rest.end(), MayBeEscaped);
+        const auto size = static_cast<std::size_t>(end - rest.begin());
+        m_out += rest.substr(0, size);
+        rest.remove_prefix(size);
+        if (!rest.empty())
+            rest.remove_prefix(AppendEscaped(m_out, rest));
+    }
     m_out.push_back('"');
     m_needsComma = true;
     return *this;

@@ -1,5 +1,7 @@
 #include "base/Utf8.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr bool kWideIsUtf16 = sizeof(wchar_t) == 2;
@@ -105,6 +107,11 @@ std::string Utf8FromWide(std::wstring_view text)
     std::string utf8;
     utf8.reserve(text.size());
     while (!text.empty()) {
+        if (UnitOf(text[0]) < 0x80) { // nearly every character of most texts
+            utf8 += static_cast<char>(text[0]);
+            text.remove_prefix(1);
+            continue;
+        }
         const DECODED_CHARACTER next = DecodeWide(text);
         AppendUtf8(utf8, next.value);
         text.remove_prefix(next.size);
@@ -130,7 +137,14 @@ std::string ValidUtf8(std::string_view text)
 {
     std::string valid;
     valid.reserve(text.size());
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
     while (!text.empty()) {
+        const auto end = std::find_if_not(text.begin(), text.end(), isAscii);
+        const std::size_t size = static_cast<std::size_t>(end - text.begin());
+        valid += text.substr(0, size);
+        text.remove_prefix(size);
+        if (text.empty())
+            break;
         const DECODED_CHARACTER next = DecodeUtf8(text);
         AppendUtf8(valid, next.value);
         text.remove_prefix(next.value == kNoCharacter ? 1 : next.size);
