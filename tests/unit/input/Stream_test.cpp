@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <initializer_list>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -83,6 +85,43 @@ TEST(Stream, BehindTheEndLinesStayEmptyAndTheFlagStays)
         EXPECT_TRUE(stream.eof());
         EXPECT_FALSE(stream.HasTrouble());
     }
+}
+
+// How many lines a file has: the empty one after the last line feed is none.
+TEST(Stream, IsExhaustedWithTheFirstLineThatIsNoneOfTheFiles)
+{
+    const std::pair<std::string_view, std::size_t> cases[] = {
+        {"", 0}, {"\n", 1}, {"0", 1}, {"0\nEOF\n", 2}, {"0\nEOF", 2}, {"0\n\n", 2}, {"0\n\x1A\nEOF", 1}};
+    for (const auto& [bytes, count] : cases) {
+        CDxfMemory memory(bytes);
+        CDxfStream stream(memory);
+        std::size_t lines = 0;
+        for (stream.getline(); !stream.IsExhausted(); stream.getline())
+            ++lines;
+        EXPECT_EQ(lines, count) << bytes;
+        EXPECT_TRUE(stream.eof()) << bytes;
+    }
+}
+
+TEST(Stream, LastLineOfANulIsNotExhausted)
+{
+    CDxfMemory memory(std::string_view("\0x", 2));
+    CDxfStream stream(memory);
+    EXPECT_EQ(stream.getline(), "");
+    EXPECT_FALSE(stream.IsExhausted());
+    EXPECT_EQ(stream.getline(), "");
+    EXPECT_TRUE(stream.IsExhausted());
+}
+
+TEST(Stream, OverlongLastLineIsNotExhausted)
+{
+    const std::string bytes = Repeat(1 << 18);
+    CDxfMemory memory(bytes);
+    CDxfStream stream(memory);
+    EXPECT_EQ(stream.getline().size(), CDxfStream::kLongestLine);
+    EXPECT_FALSE(stream.IsExhausted());
+    stream.getline();
+    EXPECT_TRUE(stream.IsExhausted());
 }
 
 TEST(Stream, CarriageReturnRightBeforeALineFeedIsDropped)
