@@ -8,19 +8,23 @@ namespace plexorn {
 
 Fate FateInDrawing(std::string_view type)
 {
+    const Fate fate = FateInBlock(type);
+    return fate == Fate::PassedOver ? Fate::Unknown : fate;
+}
+
+Fate FateInBlock(std::string_view type)
+{
     switch (FateOfEntityType(type)) {
     case DXF_ENTITY_FATE::Drawn:
         return Fate::Drawn;
     case DXF_ENTITY_FATE::Skipped:
         return Fate::Skipped;
-    default:
+    case DXF_ENTITY_FATE::Unknown:
         return Fate::Unknown;
+    case DXF_ENTITY_FATE::None:
+        break;
     }
-}
-
-Fate FateInBlock(std::string_view type)
-{
-    return FateOfEntityType(type) == DXF_ENTITY_FATE::None ? Fate::PassedOver : FateInDrawing(type);
+    return Fate::PassedOver;
 }
 
 std::string_view NameOfFate(Fate fate)

@@ -1,4 +1,4 @@
-// What becomes of the entities of each type.
+// What becomes of the entities of each type, as the module's own list says.
 #pragma once
 
 #include <string_view>
@@ -7,9 +7,9 @@ namespace plexorn {
 
 enum class Fate {
     Drawn,
-    Skipped,    // not drawn, and no message tells so
+    Skipped,    // not drawn, and no message says so
     Unknown,    // not drawn, reported by name and line
-    PassedOver, // only within a block: not taken for an entity, and no message tells so
+    PassedOver, // only within a block: not taken for an entity, and no message says so
 };
 
 // What becomes of an entity of that type in the ENTITIES section, and within a block.
