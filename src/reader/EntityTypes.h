@@ -16,27 +16,63 @@
 //
 // Unknown(TYPE): the names that begin an entity within a block, MLEADERSTYLE and SECTION among them, but of
 // which nothing is read. Each entity is reported.
-#define DXF_DRAWN_TYPES_BUT_DIMENSION(Drawn)                                                                 \
-    Drawn(1, LINE, Line, const) Drawn(2, ARC, Arc, ) Drawn(3, CIRCLE, Circle, const)                         \
-        Drawn(4, ELLIPSE, Ellipse, const) Drawn(5, LWPOLYLINE, LWPolyline, const)                            \
-            Drawn(6, TEXT, Text, const) Drawn(7, MTEXT, MText, const) Drawn(8, INSERT, Insert, const)
+// A row a line.
+// clang-format off
+#define DXF_DRAWN_TYPES_BUT_DIMENSION(Drawn)                                   \
+    Drawn(1, LINE, Line, const)                                                \
+    Drawn(2, ARC, Arc, )                                                       \
+    Drawn(3, CIRCLE, Circle, const)                                            \
+    Drawn(4, ELLIPSE, Ellipse, const)                                          \
+    Drawn(5, LWPOLYLINE, LWPolyline, const)                                    \
+    Drawn(6, TEXT, Text, const)                                                \
+    Drawn(7, MTEXT, MText, const)                                              \
+    Drawn(8, INSERT, Insert, const)
 
 // Apart, because its callback comes before all others.
 #define DXF_DIMENSION_TYPE(Drawn) Drawn(9, DIMENSION, Dimension, const)
 
 #define DXF_DRAWN_TYPES(Drawn) DXF_DRAWN_TYPES_BUT_DIMENSION(Drawn) DXF_DIMENSION_TYPE(Drawn)
 
-#define DXF_SKIPPED_TYPES(Skipped)                                                                           \
-    Skipped(POLYLINE, "") Skipped(SPLINE, "") Skipped(POINT, "") Skipped(HATCH, "()") Skipped(VIEWPORT, "("  \
-                                                                                                        ")")
+#define DXF_SKIPPED_TYPES(Skipped)                                             \
+    Skipped(POLYLINE, "")                                                      \
+    Skipped(SPLINE, "")                                                        \
+    Skipped(POINT, "")                                                         \
+    Skipped(HATCH, "()")                                                       \
+    Skipped(VIEWPORT, "()")
 
-#define DXF_UNKNOWN_TYPES(Unknown)                                                                           \
-    Unknown(3DFACE) Unknown(3DSOLID) Unknown(ACAD_PROXY_ENTITY) Unknown(ATTDEF) Unknown(ATTRIB)              \
-        Unknown(BODY) Unknown(HELIX) Unknown(IMAGE) Unknown(LEADER) Unknown(LIGHT) Unknown(MESH)             \
-            Unknown(MLEADER) Unknown(MLEADERSTYLE) Unknown(MLINE) Unknown(OLE2FRAME) Unknown(OLEFRAME)       \
-                Unknown(RAY) Unknown(REGION) Unknown(SECTION) Unknown(SEQEND) Unknown(SHAPE) Unknown(SOLID)  \
-                    Unknown(SUN) Unknown(SURFACE) Unknown(TABLE) Unknown(TOLERANCE) Unknown(TRACE)           \
-                        Unknown(UNDERLAY) Unknown(VERTEX) Unknown(WIPEOUT) Unknown(XLINE)
+#define DXF_UNKNOWN_TYPES(Unknown)                                             \
+    Unknown(3DFACE)                                                            \
+    Unknown(3DSOLID)                                                           \
+    Unknown(ACAD_PROXY_ENTITY)                                                 \
+    Unknown(ATTDEF)                                                            \
+    Unknown(ATTRIB)                                                            \
+    Unknown(BODY)                                                              \
+    Unknown(HELIX)                                                             \
+    Unknown(IMAGE)                                                             \
+    Unknown(LEADER)                                                            \
+    Unknown(LIGHT)                                                             \
+    Unknown(MESH)                                                              \
+    Unknown(MLEADER)                                                           \
+    Unknown(MLEADERSTYLE)                                                      \
+    Unknown(MLINE)                                                             \
+    Unknown(OLE2FRAME)                                                         \
+    Unknown(OLEFRAME)                                                          \
+    Unknown(RAY)                                                               \
+    Unknown(REGION)                                                            \
+    Unknown(SECTION)                                                           \
+    Unknown(SEQEND)                                                            \
+    Unknown(SHAPE)                                                             \
+    Unknown(SOLID)                                                             \
+    Unknown(SUN)                                                               \
+    Unknown(SURFACE)                                                           \
+    Unknown(TABLE)                                                             \
+    Unknown(TOLERANCE)                                                         \
+    Unknown(TRACE)                                                             \
+    Unknown(UNDERLAY)                                                          \
+    Unknown(VERTEX)                                                            \
+    Unknown(WIPEOUT)                                                           \
+    Unknown(XLINE)
+// clang-format on
 
 enum class DXF_ENTITY_FATE {
     Drawn,
