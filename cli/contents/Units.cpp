@@ -8,7 +8,7 @@ constexpr double kInch = 25.4;
 constexpr double kSurveyInch = 1e6 / 39370; // 39.37 of them make a metre
 constexpr double kMetre = 1e3;
 
-constexpr Unit Units[] = {
+constexpr Unit kUnits[] = {
     {1, "in", kInch},
     {2, "ft", 12 * kInch},
     {3, "mi", 63360 * kInch},
@@ -58,7 +58,7 @@ Sizing Guess(const Header& header)
 
 const Unit* FindUnit(std::string_view name)
 {
-    for (const Unit& unit : Units)
+    for (const Unit& unit : kUnits)
         if (unit.name == name)
             return &unit;
     return nullptr;
@@ -66,7 +66,7 @@ const Unit* FindUnit(std::string_view name)
 
 const Unit* FindUnit(int code)
 {
-    for (const Unit& unit : Units)
+    for (const Unit& unit : kUnits)
         if (unit.code == code)
             return &unit;
     return nullptr;
@@ -75,7 +75,7 @@ const Unit* FindUnit(int code)
 std::string UnitNames()
 {
     std::string names;
-    for (const Unit& unit : Units)
+    for (const Unit& unit : kUnits)
         names.append(names.empty() ? "" : " ").append(unit.name);
     return names;
 }

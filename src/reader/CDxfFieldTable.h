@@ -149,12 +149,12 @@ private:
 template <class Record, std::size_t count, class... Group>
 consteval auto DxfFields(const DXF_FIELD<Record> (&fields)[count], Group...)
 {
-    constexpr std::size_t all = count + (std::size_t{0} + ... + Group::template Rows<Record>().size());
-    std::array<DXF_FIELD<Record>, all> rows{};
+    constexpr std::size_t kAll = count + (std::size_t{0} + ... + Group::template Rows<Record>().size());
+    std::array<DXF_FIELD<Record>, kAll> rows{};
     auto end = std::copy_n(fields, count, rows.begin());
     [[maybe_unused]] const auto add = [&](const auto& group) {
         end = std::copy(group.begin(), group.end(), end);
     };
     (add(Group::template Rows<Record>()), ...);
-    return CDxfFieldTable<Record, all>(rows);
+    return CDxfFieldTable<Record, kAll>(rows);
 }
