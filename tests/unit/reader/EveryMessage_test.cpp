@@ -1,5 +1,6 @@
 // Every message of the module, each reached by a drawing that is no longer than it must be; and that there
 // are no others.
+#include "reader/EntityTypes.h"
 #include "support/Dimensions.h"
 #include "support/Sources.h"
 
@@ -12,6 +13,7 @@
 #include <functional>
 #include <iterator>
 #include <new>
+#include <regex>
 #include <set>
 
 namespace {
@@ -237,6 +239,36 @@ void VisitWideTexts(const std::string& source,
     }
 }
 
+// Takes the texts that the preprocessor makes for each row of the types of entities, L"before" #TYPE
+// L"after", out of a source. Which rows they are made for, the parameters of their macro say.
+std::set<std::string> TakeTextsOfRows(std::string& source)
+{
+    struct Row {
+        std::string parameters, type, parentheses;
+    };
+    static const std::vector<Row> kRows = {
+#define DRAWN_ROW(number, TYPE, Callback, constness)                                                         \
+    {"number, TYPE, Callback, constness", #TYPE, ""}, {"TYPE", #TYPE, ""},
+#define SKIPPED_ROW(TYPE, parentheses) {"TYPE, parentheses", #TYPE, parentheses}, {"TYPE", #TYPE, ""},
+        DXF_DRAWN_TYPES(DRAWN_ROW) DXF_SKIPPED_TYPES(SKIPPED_ROW)
+#undef DRAWN_ROW
+#undef SKIPPED_ROW
+    };
+    static const std::regex kText(R"re(L"([^"]*)" #TYPE( parentheses)? L"([^"]*)")re");
+    std::set<std::string> texts;
+    for (std::smatch found; std::regex_search(source, found, kText);) {
+        const std::string before = found.prefix();
+        const std::size_t open = before.find('(', before.rfind("#define "));
+        const std::string parameters = before.substr(open + 1, before.find(')', open) - open - 1);
+        for (const Row& row : kRows)
+            if (row.parameters == parameters)
+                texts.insert(found.str(1) + row.type + (found.length(2) != 0 ? row.parentheses : "") +
+                             found.str(3));
+        source = before + found.suffix().str();
+    }
+    return texts;
+}
+
 // The wide texts of the sources that are messages: those with a "%", those that are handed to what reports,
 // and whatever the reading half, which has no other use for them, holds.
 std::set<std::string> MessagesOfTheSources()
@@ -249,7 +281,9 @@ std::set<std::string> MessagesOfTheSources()
         const std::string folder = path.parent_path().filename().string();
         const bool isReading =
             folder == "reader" || folder == "entities" || path.filename().string().rfind("Read", 0) == 0;
-        VisitWideTexts(ReadFile(path), [&](const std::string& statement, const std::string& text) {
+        std::string source = ReadFile(path);
+        messages.merge(TakeTextsOfRows(source));
+        VisitWideTexts(source, [&](const std::string& statement, const std::string& text) {
             const bool isReported = statement.find("OnError(") != std::string::npos ||
                                     statement.find("Report(") != std::string::npos;
             if (!text.empty() && (isReading || isReported || text.find('%') != std::string::npos))
@@ -319,6 +353,14 @@ TEST(EveryMessage, IsComparedWithItsFormatPieceByPiece)
     EXPECT_FALSE(IsMadeOf("b a 'x' b 7", "a '%s' b %d"));
     EXPECT_FALSE(IsMadeOf("a 'x' c 7", "a '%s' b %d"));
     EXPECT_FALSE(IsMadeOf("a 'x' b 7", "a '%s' b"));
+}
+
+TEST(EveryMessage, OfTheRowsIsMadeForEachRowThatItsMacroIsFor)
+{
+    std::string source = "#define A(TYPE, parentheses) {L\"a \" #TYPE parentheses L\" b\"} L\"c\"";
+    EXPECT_EQ(TakeTextsOfRows(source), (std::set<std::string>{"a POLYLINE b", "a SPLINE b", "a POINT b",
+                                                              "a HATCH() b", "a VIEWPORT() b"}));
+    EXPECT_EQ(source, "#define A(TYPE, parentheses) {} L\"c\"");
 }
 
 // The scan itself: it would be no check if it overlooked texts.
