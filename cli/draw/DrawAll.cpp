@@ -109,7 +109,8 @@ ReportStyle StyleFor(const Options& options)
 
 std::size_t ThreadCount(const Options& options, std::size_t jobs)
 {
-    std::size_t wanted = options.jobs != 0 ? options.jobs : std::max(1u, std::thread::hardware_concurrency());
+    const std::size_t wanted =
+        options.jobs != 0 ? options.jobs : std::max(1u, std::thread::hardware_concurrency());
     return std::min(wanted, jobs);
 }
 
@@ -117,7 +118,7 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
 {
     if (batch.Failed() > 0)
         return jobs > 1 ? ExitCode::SomeFailed : batch.LastFailure();
-    bool isDoubtful = batch.Messages() > 0 || batch.IsAnyCutOff();
+    const bool isDoubtful = batch.Messages() > 0 || batch.IsAnyCutOff();
     return isStrict && isDoubtful ? ExitCode::Messages : ExitCode::Drawn;
 }
 
@@ -125,17 +126,17 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
 
 ExitCode DrawAll(const Options& options)
 {
-    Clock::time_point start = Clock::now();
-    std::vector<Job> jobs = PlanJobs(FindInputs(options), options);
-    ReportStyle style = StyleFor(options);
-    bool isOne = jobs.size() == 1;
+    const Clock::time_point start = Clock::now();
+    const std::vector<Job> jobs = PlanJobs(FindInputs(options), options);
+    const ReportStyle style = StyleFor(options);
+    const bool isOne = jobs.size() == 1;
     Printer printer(jobs.size(), !isOne && !style.isQuiet && !style.isJson && IsTerminal(stderr));
     Batch batch(jobs, options, style, printer);
     batch.Run(ThreadCount(options, jobs.size()));
     if (!isOne && !style.isQuiet) {
         auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         auto text = style.isJson ? TotalJson : TotalText;
-        std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
+        const std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
         printer.Close(total + "\n");
     }
     // Who reads objects goes by them: a drawing that none tells of would count as drawn without a message.

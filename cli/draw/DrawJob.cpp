@@ -63,7 +63,7 @@ bool WriteToFile(void* user, const char* bytes, std::size_t size)
 // Writes the picture; the result is empty, or why it cannot be written.
 std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& look, double unit)
 {
-    fs::path path = PathFromArgument(job.output);
+    const fs::path path = PathFromArgument(job.output);
     std::error_code error;
     if (job.makesFolders && path.has_parent_path())
         fs::create_directories(path.parent_path(), error);
@@ -74,7 +74,7 @@ std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& 
     options.background = look.background ? look.background->c_str() : nullptr;
     options.style = look.style.empty() ? nullptr : look.style.c_str();
     options.unit = unit;
-    bool isWritten = file.Error().empty() && svgHostWrite(document, &options, WriteToFile, &file);
+    const bool isWritten = file.Error().empty() && svgHostWrite(document, &options, WriteToFile, &file);
     if (isWritten && file.Commit())
         return "";
     return file.Error().empty() ? std::generic_category().message(ENOMEM) : file.Error();
@@ -86,8 +86,8 @@ std::size_t MostElements(const fs::path& drawing)
 {
     constexpr std::uintmax_t kAnyhow = 100'000, kBytesForEach = 8;
     std::error_code error;
-    std::uintmax_t size = fs::file_size(drawing, error);
-    std::uintmax_t most = kAnyhow + (error ? 0 : size / kBytesForEach);
+    const std::uintmax_t size = fs::file_size(drawing, error);
+    const std::uintmax_t most = kAnyhow + (error ? 0 : size / kBytesForEach);
     return static_cast<std::size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<std::size_t>::max()));
 }
 
@@ -95,14 +95,14 @@ std::size_t MostElements(const fs::path& drawing)
 // again meets the same one; otherwise stands for any other.
 std::string WhyNotOpened(const fs::path& path, const char* otherwise)
 {
-    FilePointer again(OpenForReading(path), std::fclose);
+    const FilePointer again(OpenForReading(path), std::fclose);
     return again ? otherwise : std::generic_category().message(errno);
 }
 
 // Reads the drawing into document; false, with the report told, when it could not be read.
 bool Import(Source& source, SvgHostDocument* document, Report& report)
 {
-    ModulePath modulePath(source.Path());
+    const ModulePath modulePath(source.Path());
     if (modulePath.Name().empty()) {
         report.Failed(source.ShownName(),
                       "cannot be read: " +
@@ -129,8 +129,8 @@ std::map<std::string, std::uint64_t> SkippedEntities(const DrawingInfo& info)
     auto isSilent = [](Fate fate) { return fate == Fate::Skipped || fate == Fate::PassedOver; };
     std::map<std::string, std::uint64_t> skipped;
     for (const TypeInfo& type : info.types) {
-        std::uint64_t count = (isSilent(FateInDrawing(type.name)) ? type.inDrawing : 0) +
-                              (isSilent(FateInBlock(type.name)) ? type.inBlocks : 0);
+        const std::uint64_t count = (isSilent(FateInDrawing(type.name)) ? type.inDrawing : 0) +
+                                    (isSilent(FateInBlock(type.name)) ? type.inBlocks : 0);
         if (count > 0)
             skipped[type.name] = count;
     }
@@ -155,21 +155,21 @@ void TellSize(SvgHostDocument* document, const Sizing& sizing, Outcome& outcome)
 
 void Draw(Source& source, const Job& job, const Options& options, Report& report)
 {
-    Clock::time_point start = Clock::now();
+    const Clock::time_point start = Clock::now();
     Outcome outcome;
     outcome.output = job.output;
     Sizing sizing;
     if (options.isQuiet && !options.isStrict) {
         sizing = SizingFor(ReadHeader(source.Rewound()), options.units);
     } else {
-        DrawingInfo info = CollectInfo(source.Rewound(), false);
+        const DrawingInfo info = CollectInfo(source.Rewound(), false);
         outcome.skipped = SkippedEntities(info);
         outcome.unmarkedEntry = info.unmarkedEntry;
         outcome.isEnded = info.isEnded;
         outcome.otherTexts = IsCodePageUtf8() ? info.otherTexts : 0;
         sizing = SizingFor(info.header, options.units);
     }
-    Document document(svgHostCreate(), svgHostDestroy);
+    const Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
     svgHostLimitElements(document.get(), MostElements(source.Path()));
@@ -177,8 +177,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return;
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))
         throw std::bad_alloc();
-    double unit = sizing.unit ? sizing.unit->millimetres : 0;
-    std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
+    const double unit = sizing.unit ? sizing.unit->millimetres : 0;
+    const std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
     // An interruption ends the process as soon as nothing is written any more; there is nothing to tell.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;

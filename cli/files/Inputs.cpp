@@ -41,7 +41,7 @@ std::string ListFolder(const fs::path& folder, std::vector<fs::path>& found)
     Iterator entries(folder, fs::directory_options::skip_permission_denied, error);
     for (; !error && entries != Iterator(); entries.increment(error)) {
         std::error_code ignored;
-        bool isFile = !entries->is_directory(ignored);
+        const bool isFile = !entries->is_directory(ignored);
         if (isFile && EndsInDxf(ArgumentFromPath(entries->path().filename())))
             found.push_back(entries->path());
     }
@@ -51,7 +51,7 @@ std::string ListFolder(const fs::path& folder, std::vector<fs::path>& found)
 
 void AddFolder(const std::string& name, bool isRecursive, std::vector<Input>& files)
 {
-    fs::path folder = PathFromArgument(name);
+    const fs::path folder = PathFromArgument(name);
     std::vector<fs::path> found;
     std::string reason = isRecursive ? ListFolder<fs::recursive_directory_iterator>(folder, found)
                                      : ListFolder<fs::directory_iterator>(folder, found);
@@ -102,11 +102,12 @@ private:
 
 int ReadFile(const std::string& name, ListReader& reader)
 {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenForReading(PathFromArgument(name)), std::fclose);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenForReading(PathFromArgument(name)),
+                                                               std::fclose);
     if (!file)
         return errno;
     char block[1 << 14];
-    while (std::size_t size = std::fread(block, 1, sizeof block, file.get()))
+    while (const std::size_t size = std::fread(block, 1, sizeof block, file.get()))
         reader.Take(block, size);
     return std::ferror(file.get()) ? errno : 0;
 }
@@ -115,10 +116,10 @@ std::vector<std::string> ReadList(const Options& options)
 {
     std::vector<std::string> names;
     ListReader reader(names, options.isNullSeparated);
-    bool isStandard = options.list == kStandardStream;
-    int error = isStandard
-                    ? ReadStandardInput([&](auto bytes, auto size) { return reader.Take(bytes, size); })
-                    : ReadFile(options.list, reader);
+    const bool isStandard = options.list == kStandardStream;
+    const int error = isStandard
+                          ? ReadStandardInput([&](auto bytes, auto size) { return reader.Take(bytes, size); })
+                          : ReadFile(options.list, reader);
     if (error != 0)
         throw UsageError(options.list + ": cannot be read: " + std::generic_category().message(error));
     reader.EndName();

@@ -28,7 +28,7 @@ bool IsFolderForPictures(const std::string& output)
 std::string OutputFor(const Input& input, const Options& options, bool isFolder)
 {
     if (isFolder) {
-        fs::path picture = PathFromArgument(PictureName(input.name)).filename();
+        const fs::path picture = PathFromArgument(PictureName(input.name)).filename();
         return ArgumentFromPath(PathFromArgument(options.output) / input.below / picture);
     }
     if (!options.output.empty())
@@ -52,7 +52,7 @@ public:
         if (job.output == kStandardStream)
             return false;
         std::string input = FileKey(PathFromArgument(job.input));
-        std::string output = FileKey(PathFromArgument(job.output));
+        const std::string output = FileKey(PathFromArgument(job.output));
         auto [other, isNew] = m_pictures.try_emplace(output, job.input, input);
         if (!isNew && other->second.second == input)
             return true;
@@ -78,7 +78,7 @@ private:
 
 std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
 {
-    bool isFolder = !options.output.empty() && IsFolderForPictures(options.output);
+    const bool isFolder = !options.output.empty() && IsFolderForPictures(options.output);
     // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
     if (!isFolder && EndsInDxf(options.output))
         throw UsageError(options.output + ": a picture's name cannot end in .dxf, as drawings' names do");

@@ -44,7 +44,7 @@ bool IsWrittenDirectly(const fs::path& path, fs::file_type type)
 OutputFile::OutputFile(const fs::path& target)
 {
     std::error_code ignored;
-    fs::file_type type = fs::status(target, ignored).type();
+    const fs::file_type type = fs::status(target, ignored).type();
     errno = 0;
     if (target == kStandardOutput) {
         m_file = OpenStandardOutput();
@@ -81,10 +81,10 @@ void OutputFile::OpenTemporary()
     m_guard.emplace();
     // Threads that write into one folder do not try the same names.
     static std::atomic<unsigned> next = 0;
-    std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
+    const std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
     for (int i = 0; i < kTemporaryNames; ++i) {
-        std::string name = start + std::to_string(next++) + ".tmp";
-        fs::path path = m_target.parent_path() / name;
+        const std::string name = start + std::to_string(next++) + ".tmp";
+        const fs::path path = m_target.parent_path() / name;
         m_file = CreateNew(path, m_target);
         if (m_file) {
             m_temporary = path;
@@ -116,9 +116,9 @@ bool OutputFile::Write(const char* bytes, std::size_t size)
 bool OutputFile::Close()
 {
     errno = 0;
-    bool isWritten = std::fflush(m_file) == 0 && (m_temporary.empty() || SyncToDisk(m_file));
-    int error = errno;
-    bool isClosed = std::fclose(m_file) == 0;
+    const bool isWritten = std::fflush(m_file) == 0 && (m_temporary.empty() || SyncToDisk(m_file));
+    const int error = errno;
+    const bool isClosed = std::fclose(m_file) == 0;
     m_file = nullptr;
     return (isWritten && isClosed) || Fail(isWritten ? errno : error);
 }

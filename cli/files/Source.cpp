@@ -38,7 +38,7 @@ Source::Source(const std::string& name) : m_shownName(name)
     }
     if (!reason.empty())
         Refuse("cannot be read: " + reason, ExitCode::File);
-    else if (std::string other = WhyNotAsciiDxf(head); !other.empty())
+    else if (const std::string other = WhyNotAsciiDxf(head); !other.empty())
         Refuse(other, ExitCode::NotAsciiDxf);
 }
 
@@ -52,7 +52,7 @@ void Source::Refuse(const std::string& reason, ExitCode code)
 std::string Source::Open()
 {
     std::error_code error;
-    fs::file_status status = fs::status(m_path, error);
+    const fs::file_status status = fs::status(m_path, error);
     if (!fs::exists(status))
         return error ? error.message() : ReasonOf(ENOENT);
     if (fs::is_directory(status))

@@ -56,10 +56,10 @@ constexpr std::string_view kBlanks = " \t\r\v\f";
 // The first line of head that is not blank, without blanks at its ends.
 std::string_view FirstLine(std::string_view head)
 {
-    std::size_t start = head.find_first_not_of(" \t\r\v\f\n"sv);
+    const std::size_t start = head.find_first_not_of(" \t\r\v\f\n"sv);
     if (start == std::string_view::npos)
         return {};
-    std::string_view line = head.substr(start, head.find('\n', start) - start);
+    const std::string_view line = head.substr(start, head.find('\n', start) - start);
     return line.substr(0, line.find_last_not_of(kBlanks) + 1);
 }
 
@@ -84,7 +84,7 @@ std::string WhyNotAsciiDxf(std::string_view head)
     // Some editors put a byte order mark before UTF-8; the reader steps over that line.
     if (head.starts_with("\xEF\xBB\xBF"sv))
         head.remove_prefix(3);
-    std::string_view line = FirstLine(head);
+    const std::string_view line = FirstLine(head);
     if (line.empty())
         return "holds nothing but blanks where a DXF begins";
     return IsGroupCode(line) ? "" : "is no DXF: its first line is not a group code";

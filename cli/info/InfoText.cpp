@@ -17,7 +17,7 @@ namespace {
 std::string Short(double number)
 {
     char text[32];
-    std::to_chars_result result =
+    const std::to_chars_result result =
         std::to_chars(text, text + sizeof text, number, std::chars_format::general, 8);
     return std::string(text, result.ptr);
 }
@@ -37,7 +37,7 @@ std::string UnitText(const Header& header)
     if (!header.units)
         return "not stated";
     const Unit* unit = FindUnit(*header.units);
-    std::string code = " ($INSUNITS " + header.unitsText + ")";
+    const std::string code = " ($INSUNITS " + header.unitsText + ")";
     return (unit ? std::string(unit->name) : *header.units == 0 ? "none" : "unknown") + code;
 }
 
@@ -66,11 +66,11 @@ std::string WeightText(const LayerInfo& layer)
 
 std::string FateText(const TypeInfo& type)
 {
-    Fate outside = FateInDrawing(type.name);
-    Fate inside = FateInBlock(type.name);
+    const Fate outside = FateInDrawing(type.name);
+    const Fate inside = FateInBlock(type.name);
     if (outside == inside || type.inBlocks == 0)
         return std::string(TextOfFate(outside));
-    std::string text(TextOfFate(inside));
+    const std::string text(TextOfFate(inside));
     return type.inDrawing == 0 ? text : std::string(TextOfFate(outside)) + "; in blocks " + text;
 }
 
@@ -84,8 +84,8 @@ public:
     void AddHeader()
     {
         const Header& header = m_info.header;
-        std::string release(ReleaseOfVersion(header.version));
-        std::string version = header.version.empty() ? "not stated" : Safe(header.version);
+        const std::string release(ReleaseOfVersion(header.version));
+        const std::string version = header.version.empty() ? "not stated" : Safe(header.version);
         Line("size", std::to_string(m_info.bytes) + " bytes, " + std::to_string(m_info.lines) + " lines");
         Line("version", release.empty() ? version : version + " (" + release + ")");
         Line("code page", header.codePage.empty() ? "not stated" : Safe(header.codePage));

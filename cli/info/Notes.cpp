@@ -58,7 +58,7 @@ std::vector<std::string> NotesOn(const DrawingInfo& info)
         notes.push_back("the file has no EOF: it may have been cut off");
     if (info.otherTexts != 0 && IsCodePageUtf8())
         notes.push_back(OtherTextsNote(info));
-    if (std::uint64_t count = EntitiesOnHiddenLayers(info))
+    if (const std::uint64_t count = EntitiesOnHiddenLayers(info))
         notes.push_back(
             Numbered(count, "entity is on a layer that is off or frozen; it is drawn all the same",
                      "entities are on layers that are off or frozen; they are drawn all the same"));
@@ -66,7 +66,7 @@ std::vector<std::string> NotesOn(const DrawingInfo& info)
         notes.push_back(Numbered(
             info.hiddenEntities, "entity is invisible by a flag of its own; it is in the picture, hidden",
             "entities are invisible by a flag of their own; they are in the picture, hidden"));
-    if (std::uint64_t count = MissingBlocks(info))
+    if (const std::uint64_t count = MissingBlocks(info))
         notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
     return notes;
 }

@@ -40,7 +40,7 @@ std::string Table::Text() const
     std::string out;
     for (const std::vector<std::string>& row : m_rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            std::string blanks(widths[i] - WidthOf(row[i]), ' ');
+            const std::string blanks(widths[i] - WidthOf(row[i]), ' ');
             out.append("  ").append(m_areRight[i] ? blanks + row[i] : row[i] + blanks);
         }
         out.erase(out.find_last_not_of(' ') + 1);

@@ -19,13 +19,13 @@ namespace {
 std::uint64_t SizeOf(const std::filesystem::path& path)
 {
     std::error_code error;
-    std::uintmax_t size = std::filesystem::file_size(path, error);
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
     return error ? 0 : size;
 }
 
 void Print(const std::string& text)
 {
-    bool isPrinted =
+    const bool isPrinted =
         std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
     if (!isPrinted)
         throw std::runtime_error("the standard output cannot be written: " +

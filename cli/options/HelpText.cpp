@@ -20,7 +20,7 @@ void AppendWrapped(std::string& out, std::size_t column, std::string_view text)
     out.append(kIndent - column, ' ');
     column = kIndent;
     while (!text.empty()) {
-        std::size_t end = std::min(text.find(' '), text.size());
+        const std::size_t end = std::min(text.find(' '), text.size());
         if (column > kIndent && column + 1 + end > kWidth) {
             out.append("\n").append(kIndent, ' ');
             column = kIndent;

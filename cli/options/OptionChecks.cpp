@@ -41,11 +41,11 @@ bool IsFetched(std::string_view function)
 // rgb(...), hsl(...) and their like; what stands in the parentheses is the viewer's to judge.
 bool IsColourFunction(std::string_view text)
 {
-    std::size_t parenthesis = text.find('(');
+    const std::size_t parenthesis = text.find('(');
     if (parenthesis == std::string_view::npos || !text.ends_with(')'))
         return false;
-    std::string_view inside = text.substr(parenthesis + 1, text.size() - parenthesis - 2);
-    std::string_view function = text.substr(0, parenthesis);
+    const std::string_view inside = text.substr(parenthesis + 1, text.size() - parenthesis - 2);
+    const std::string_view function = text.substr(0, parenthesis);
     return ConsistsOf(function, kLetters) && !IsFetched(function) &&
            ConsistsOf(inside, "0123456789.,%+-/ deg");
 }
@@ -84,7 +84,7 @@ std::string CheckMessageFormat(const std::string& text)
 
 std::string CheckJobs(const std::string& text)
 {
-    bool isFine = IsCount(text) && text.size() <= 3 && text.find_first_not_of('0') != std::string::npos;
+    const bool isFine = IsCount(text) && text.size() <= 3 && text.find_first_not_of('0') != std::string::npos;
     return isFine ? "" : "'" + text + "' is no number of drawings at a time; give 1 to 999";
 }
 

@@ -18,8 +18,8 @@ namespace {
 
 void AddOption(CLI::App& app, const OptionRow& row, Options& options)
 {
-    std::string names(row.names);
-    std::string help(row.help);
+    const std::string names(row.names);
+    const std::string help(row.help);
     if (const auto* flag = std::get_if<bool Options::*>(&row.target)) {
         app.add_flag(names, options.*(*flag), help);
         return;
@@ -89,7 +89,7 @@ std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Printed() : ExitCode::Usage;
     }
-    if (std::string reason = WhyWrong(options); !reason.empty())
+    if (const std::string reason = WhyWrong(options); !reason.empty())
         return WrongUsage(reason);
     return options;
 }

@@ -100,7 +100,7 @@ Json& Json::Text(std::string_view text)
 {
     Separate();
     m_out.push_back('"');
-    std::string valid = ValidUtf8(text);
+    const std::string valid = ValidUtf8(text);
     for (std::string_view rest = valid; !rest.empty();) {
         const auto end = std::find_if(rest.begin(), rest.end(), MayBeEscaped);
         const auto size = static_cast<std::size_t>(end - rest.begin());
@@ -119,7 +119,7 @@ Json& Json::Number(double number)
     if (!std::isfinite(number))
         return Null();
     char text[32];
-    std::to_chars_result result = std::to_chars(text, text + sizeof text, number);
+    const std::to_chars_result result = std::to_chars(text, text + sizeof text, number);
     return Raw(std::string_view(text, static_cast<std::size_t>(result.ptr - text)));
 }
 

@@ -46,7 +46,8 @@ constexpr Finding kFindings[] = {
 
 std::size_t DrawnElements(const SvgHostStatistics& statistics)
 {
-    std::size_t leftOut = statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
+    const std::size_t leftOut =
+        statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
     return statistics.elements - leftOut;
 }
 
@@ -54,7 +55,7 @@ std::size_t DrawnElements(const SvgHostStatistics& statistics)
 std::string Rounded(double number)
 {
     char text[32];
-    std::to_chars_result result =
+    const std::to_chars_result result =
         number < 1e4 ? std::to_chars(text, text + sizeof text, number, std::chars_format::general, 4)
                      : std::to_chars(text, text + sizeof text, number, std::chars_format::general, 7);
     return std::string(text, result.ptr);
@@ -89,7 +90,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
     out.append(", ").append(SizeText(outcome));
     for (const Finding& finding : kFindings)
-        if (std::size_t number = outcome.statistics.*finding.count)
+        if (const std::size_t number = outcome.statistics.*finding.count)
             out.append("; ").append(Count(number, finding.singular, finding.plural));
     out += SkippedText(outcome.skipped);
     if (outcome.unmarkedEntry != 0)
@@ -122,7 +123,7 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
         json.Member("unit", outcome.unit).Member("width", outcome.width).Member("height", outcome.height);
     json.Member("sizing", outcome.reason).Name("findings").Open('{');
     for (const Finding& finding : kFindings)
-        if (std::size_t number = outcome.statistics.*finding.count)
+        if (const std::size_t number = outcome.statistics.*finding.count)
             json.Member(finding.name, number);
     json.Close('}').Name("skipped").Open('{');
     for (const auto& [type, count] : outcome.skipped)

@@ -13,7 +13,7 @@ std::string Printable(std::string_view text)
         auto byte = static_cast<unsigned char>(text[i]);
         // U+0080 to U+009F, C2 80 to C2 9F, are control characters too.
         auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0u;
-        bool isUpperControl = byte == 0xC2 && next >= 0x80 && next < 0xA0;
+        const bool isUpperControl = byte == 0xC2 && next >= 0x80 && next < 0xA0;
         if (isUpperControl)
             byte = static_cast<unsigned char>(text[++i]);
         if (isUpperControl || byte < 0x20 || byte == 0x7F)

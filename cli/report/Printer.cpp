@@ -42,7 +42,7 @@ void Printer::Print(std::size_t number, std::string_view lines)
 
 void Printer::End(std::size_t number, bool hasFailed)
 {
-    std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_mutex);
     ++m_ended;
     m_failed += hasFailed;
     m_waiting[number].isEnded = true;
@@ -52,13 +52,13 @@ void Printer::End(std::size_t number, bool hasFailed)
 
 void Printer::Close(std::string_view lines)
 {
-    std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_mutex);
     Write(lines);
 }
 
 bool Printer::IsAnyLost()
 {
-    std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_lost;
 }
 

@@ -18,7 +18,7 @@ constexpr std::string_view kPlain = "\x1b[0m";
 
 std::string MessageJson(const std::string& file, const std::string& text, const SvgHostError& error)
 {
-    std::string_view line = LineOfMessage(text);
+    const std::string_view line = LineOfMessage(text);
     Json json;
     json.Open('{').Member("type", "message").Member("file", file).Name("line");
     if (line.empty())
@@ -53,13 +53,13 @@ void Report::Message(const SvgHostError& error)
 
 void Report::AddMessage(const SvgHostError& error)
 {
-    std::string text = Utf8FromWide(error.message ? error.message : L"");
+    const std::string text = Utf8FromWide(error.message ? error.message : L"");
     if (m_style.isJson) {
         m_out += MessageJson(m_file, text, error);
         return;
     }
     std::string place = Printable(m_file);
-    if (std::string_view line = LineOfMessage(text); !line.empty())
+    if (const std::string_view line = LineOfMessage(text); !line.empty())
         place.append(":").append(line);
     AddColoured(kBold, place.append(":"));
     m_out.append(" ").append(Printable(text)).append("\n");
@@ -74,7 +74,7 @@ void Report::AddHeldBack()
 {
     if (m_style.isQuiet || m_messages <= m_style.maxMessages)
         return;
-    std::size_t more = m_messages - m_style.maxMessages;
+    const std::size_t more = m_messages - m_style.maxMessages;
     if (m_style.isJson) {
         Json json;
         json.Open('{').Member("type", "more").Member("file", m_file).Member("messages", more).Close('}');

@@ -41,7 +41,7 @@ extern "C" void RememberSignal(int signal)
 
 InterruptGuard::InterruptGuard()
 {
-    std::lock_guard lock(mutex);
+    const std::lock_guard lock(mutex);
     if (guards++ > 0)
         return;
     for (std::size_t i = 0; i < std::size(kSignals); ++i) {
@@ -53,13 +53,13 @@ InterruptGuard::InterruptGuard()
 
 InterruptGuard::~InterruptGuard()
 {
-    std::lock_guard lock(mutex);
+    const std::lock_guard lock(mutex);
     if (--guards > 0)
         return;
     for (std::size_t i = 0; i < std::size(kSignals); ++i)
         if (formerHandlers[i] != SIG_ERR)
             std::signal(kSignals[i], formerHandlers[i]);
-    if (int signal = received.exchange(0))
+    if (const int signal = received.exchange(0))
         std::raise(signal);
 }
 

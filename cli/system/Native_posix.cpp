@@ -21,8 +21,8 @@ namespace {
 // more.
 void CopyAccess(int descriptor, const struct stat& model)
 {
-    [[maybe_unused]] int isOwnerKept = fchown(descriptor, model.st_uid, model.st_gid);
-    [[maybe_unused]] int isModeKept = fchmod(descriptor, model.st_mode & 0777);
+    [[maybe_unused]] const int isOwnerKept = fchown(descriptor, model.st_uid, model.st_gid);
+    [[maybe_unused]] const int isModeKept = fchmod(descriptor, model.st_mode & 0777);
 }
 
 } // namespace
@@ -40,7 +40,7 @@ std::string ArgumentFromPath(const fs::path& path)
 std::string FileKey(const fs::path& path)
 {
     std::error_code error;
-    fs::path canonical = fs::weakly_canonical(path, error);
+    const fs::path canonical = fs::weakly_canonical(path, error);
     return (error ? path.lexically_normal() : canonical).native();
 }
 
@@ -53,7 +53,7 @@ int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t si
 {
     char block[1 << 16];
     for (;;) {
-        ssize_t size = read(STDIN_FILENO, block, sizeof block);
+        const ssize_t size = read(STDIN_FILENO, block, sizeof block);
         if (size < 0 && errno == EINTR)
             continue;
         if (size <= 0)
@@ -117,7 +117,7 @@ std::FILE* OpenForAppending(const fs::path& path)
 
 std::FILE* OpenStandardOutput()
 {
-    int descriptor = dup(STDOUT_FILENO);
+    const int descriptor = dup(STDOUT_FILENO);
     return descriptor < 0 ? nullptr : fdopen(descriptor, "ab");
 }
 
@@ -130,9 +130,10 @@ bool IsTerminal(std::FILE* stream)
 std::FILE* CreateNew(const fs::path& path, const fs::path& model)
 {
     struct stat old = {};
-    bool hasModel = stat(model.c_str(), &old) == 0;
+    const bool hasModel = stat(model.c_str(), &old) == 0;
     // Nobody else gets at it before it has the mode that it shall have.
-    int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
+    const int descriptor =
+        open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
     if (descriptor >= 0 && hasModel)
         CopyAccess(descriptor, old);
     return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
@@ -146,7 +147,7 @@ bool SyncToDisk(std::FILE* file)
 bool NamesOpenFile(const fs::path& path)
 {
     std::error_code error;
-    std::string folder = fs::weakly_canonical(path.parent_path(), error).native();
+    const std::string folder = fs::weakly_canonical(path.parent_path(), error).native();
     return folder == "/dev" || folder == "/dev/fd" || folder.starts_with("/proc/");
 }
 
