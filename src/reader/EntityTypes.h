@@ -109,7 +109,7 @@ static_assert(std::adjacent_find(kDxfEntityNames.begin(), kDxfEntityNames.end(),
 // What becomes of the entities of a type.
 constexpr DXF_ENTITY_FATE FateOfEntityType(std::string_view type)
 {
-    const auto* const found = std::lower_bound(
+    const auto found = std::lower_bound(
         kDxfEntityNames.begin(), kDxfEntityNames.end(), type,
         [](const DXF_ENTITY_NAME& entry, std::string_view name) { return entry.name < name; });
     return found != kDxfEntityNames.end() && found->name == type ? found->fate : DXF_ENTITY_FATE::None;

@@ -101,11 +101,11 @@ class Lint(unittest.TestCase):
 
     @unittest.skipUnless(shutil.which("clang-tidy-19"), "clang-tidy-19 is not there")
     def test_a_finding_in_one_of_a_group_is_reported(self):
-        bad, good = "int* place()\n{\n    return 0;\n}\n", "int number()\n{\n    return 0;\n}\n"
+        bad, good = "int* Place()\n{\n    return 0;\n}\n", "int Number()\n{\n    return 0;\n}\n"
         finding = ("3", "modernize-use-nullptr")
         self.assertEqual(self.findings(good, bad), [("file1", *finding)])
         self.assertEqual(self.findings(bad, good), [("file0", *finding)])
-        self.assertEqual(self.findings(good, good.replace("number", "other")), [])
+        self.assertEqual(self.findings(good, good.replace("Number", "Other")), [])
         # One name for two things: each file by itself.
         self.assertEqual(self.findings(bad, bad), [("file0", *finding), ("file1", *finding)])
 
