@@ -17,8 +17,7 @@ constexpr auto kEscapedAt = [] {
     std::array<std::uint8_t, 256> places{};
     for (std::size_t byte = 0; byte < 0x20; ++byte)
         places[byte] = kAttribute | kText;
-    for (const char byte : {'\t', '\n', '\r', '"'})
-        places[static_cast<std::size_t>(byte)] = kAttribute;
+    places['\t'] = places['\n'] = places['\r'] = places['"'] = kAttribute;
     places['>'] = kText;
     places['<'] = places['&'] = kAttribute | kText;
     return places;

@@ -37,6 +37,7 @@ char* FormatAnyShortest(Real value, char* out)
     if (magnitude >= kSmallestQuick && magnitude < kLargestQuick) {
         for (std::size_t decimals = 0; decimals < std::size(kScales); ++decimals) {
             const double product = magnitude * kScales[decimals];
+            // NOLINTNEXTLINE(bugprone-incorrect-roundings): one that is rounded wrongly is not read back
             const auto scaled = static_cast<std::uint32_t>(product + 0.5);
             if (static_cast<Real>(scaled / kScales[decimals]) != static_cast<Real>(magnitude))
                 continue;

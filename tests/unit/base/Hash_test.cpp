@@ -1,7 +1,7 @@
 // The hash and the index of names that is built on it.
-#include "reader/CDxfNameIndex.h"
 #include "base/CDxfStore.h"
 #include "base/Utf8.h"
+#include "reader/CDxfNameIndex.h"
 
 #include <gtest/gtest.h>
 
