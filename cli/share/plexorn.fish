@@ -1,4 +1,9 @@
 # Completion of the command plexorn for fish.
+# Of the files that any command is offered, only folders and drawings.
+function __plexorn_drawings
+    complete -C "__fish_command_without_completions $(commandline -ct)" | string match -ri '.*(?:/|\.dxf)$'
+end
+complete -c plexorn -f -a '(__plexorn_drawings)'
 complete -c plexorn -n '__fish_is_first_arg' -a info -d 'Tell what drawings hold'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -s o -l output -r -F -d 'The picture'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -s j -l jobs -x -d 'Draw N drawings at a time'

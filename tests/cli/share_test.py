@@ -179,9 +179,14 @@ class ZshTable(ShareTest):
 
     def test_it_has_exactly_the_options_of_the_help(self):
         info, draw = shared("_plexorn").split("\nelse\n")
-        row = re.compile(r"^        (?:'\((-\w) (--[\w-]+)\)'\{\1,\2\}'|'(--[\w-]+))\[[^]]+\](:\w+:)?", re.MULTILINE)
+        # An equals sign after the name lets a value follow in the same word.
+        row = re.compile(r"^        (?:'\((-\w) (--[\w-]+)\)'\{\1,\2(=)?\}'|'(--[\w-]+)(=)?)\[[^]]+\](:\w+:)?",
+                         re.MULTILINE)
         for command, text in zip(COMMANDS, (draw, info)):
-            found = [(short, both or long, bool(value)) for short, both, long, value in row.findall(text)]
+            rows = row.findall(text)
+            self.assertEqual([bool(first or second) for _, _, first, _, second, _ in rows],
+                             [bool(value) for *_, value in rows])
+            found = [(short, both or long, bool(value)) for short, both, _, long, _, value in rows]
             self.assertEqual(found, [(short, long, bool(value)) for short, long, value, _ in rows_of_help(*command)])
 
     def test_every_unit(self):
@@ -197,20 +202,43 @@ class Zsh(ShareTest):
     def test_it_is_a_script(self):
         self.run_clean("zsh", "-n", self.file("_plexorn", shared("_plexorn")))
 
-    def test_a_terminal_gets_options(self):
+    def complete(self, line, *proposed):
+        """What a terminal shows after the line and two tabs, up to the last of what is proposed, in this order."""
         self.file("_plexorn", shared("_plexorn"))
+        folder = os.path.join(self.folder, "drawings")
+        os.makedirs(os.path.join(folder, "folder"), exist_ok=True)
+        for name in ("plan.dxf", "SECTION.DXF", "picture.svg"):
+            open(os.path.join(folder, name), "w", encoding="utf-8").close()
         # Completion needs a terminal; zsh brings one of its own.
         script = self.file("ask", f"""
             zmodload zsh/zpty
             zpty -b z zsh -f
-            zpty -w z 'PS1=; fpath=({self.folder} $fpath); autoload -Uz compinit; compinit -u -D; print rea''dy'
+            zpty -w z 'PS1=; fpath=({self.folder} $fpath); autoload -Uz compinit; compinit -u -D; cd {folder}; print rea''dy'
             zpty -r -m z REPLY '*ready*'
-            zpty -w -n z $'plexorn --max-mess\\t'
-            zpty -r -m z REPLY '*ages*' && print -rn -- $REPLY
+            zpty -w -n z $'{line}\\t\\t'
+            zpty -r -m z REPLY '*{"*".join(proposed)}*' && print -rn -- $REPLY
             zpty -d z
         """)
         result = subprocess.run(["zsh", "-f", script], capture_output=True, text=True, timeout=300)
-        self.assertIn("ages", re.sub(r"\x1b\[[0-9;?]*[A-Za-z]", "", result.stdout).replace("\x08", ""))
+        self.assertEqual(result.stderr, "")
+        shown = re.sub(r"\x1b\[[0-9;?]*[A-Za-z]", "", result.stdout).replace("\x08", "")
+        self.assertIn(proposed[-1], shown)
+        self.assertNotIn("bad option", shown)
+        return shown
+
+    def test_a_terminal_gets_options(self):
+        self.complete("plexorn --max-mess", "ages")
+
+    def test_a_terminal_gets_drawings_and_folders(self):
+        self.assertNotIn("picture", self.complete("plexorn ", "SECTION.DXF", "folder", "info", "plan.dxf"))
+        for line in ("plexorn info ", "plexorn plan.dxf "):
+            self.assertNotIn("picture", self.complete(line, "SECTION.DXF", "folder", "plan.dxf"))
+
+    def test_a_terminal_gets_values_after_a_blank_and_after_an_equals_sign(self):
+        for sign in "= ":
+            self.complete("plexorn --units" + sign, "header", "guess")
+            self.complete("plexorn --messages" + sign, "json", "text")
+        self.complete("plexorn --output=pic", "ture.svg")
 
 
 class FishTable(ShareTest):
@@ -248,6 +276,19 @@ class Fish(ShareTest):
         self.assertEqual(self.complete("plexorn --"), sorted(long for _, long in options_of_help()))
         self.assertEqual(self.complete("plexorn info --"), sorted(long for _, long in options_of_help("info")))
         self.assertEqual(self.complete("plexorn --messages "), ["json", "text"])
+        self.assertEqual(self.complete("plexorn --messages="), ["--messages=json", "--messages=text"])
+
+    def test_drawings_and_folders(self):
+        for name in ("a plan.dxf", "B.DXF", "notes.txt", "picture.svg"):
+            self.file(name, "")
+        os.mkdir(os.path.join(self.folder, "folder"))
+        self.file(os.path.join("folder", "c.dxf"), "")
+        drawings = ["B.DXF", "a plan.dxf", "folder/"]
+        self.assertEqual(self.complete("plexorn "), sorted([*drawings, "info"]))
+        self.assertEqual(self.complete("plexorn B.DXF "), drawings)
+        self.assertEqual(self.complete("plexorn info "), drawings)
+        self.assertEqual(self.complete("plexorn folder/"), ["folder/c.dxf"])
+        self.assertEqual(self.complete("plexorn -o pi"), ["picture.svg"])
 
 
 if __name__ == "__main__":
