@@ -129,6 +129,16 @@ class Setup(unittest.TestCase):
         calls, _ = self.setup_notes("build", "test", missing="cmake googletest")
         self.assertEqual(calls, ["install -y --no-install-recommends cmake googletest"])
 
+    def test_packing_asks_for_no_tests(self):
+        everything = "g++ cmake dpkg-dev file libcli11-dev googletest libpugixml-dev clang lintian wine " \
+                     "g++-mingw-w64-x86-64-posix"
+        for group, expected in (("package", "g++ cmake libcli11-dev dpkg-dev file"),
+                                ("cross", "g++ cmake libcli11-dev g++-mingw-w64-x86-64-posix")):
+            with self.subTest(group=group):
+                calls, _ = self.setup_notes(group, missing=everything)
+                self.assertEqual(calls, ["install -y --no-install-recommends " + expected])
+                os.remove(self.notes)
+
     def test_package_lists_are_fetched_when_they_do_not_know_a_package(self):
         calls, _ = self.setup_notes("build", missing="cmake", unknown="cmake")
         self.assertEqual(calls, ["update", "install -y --no-install-recommends cmake"])
