@@ -73,8 +73,10 @@ function(plexorn_install_built component folder file)
         include(\"${PROJECT_SOURCE_DIR}/cmake/install/install_built.cmake\")" COMPONENT ${component})
 endfunction()
 
-install(FILES LICENSE docs/hosting.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
-install(FILES docs/manual.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation OPTIONAL)
+# The pages for people with drawings, and that for authors of programs. Each links only to what is installed with it.
+install(FILES LICENSE docs/manual.md docs/many-drawings.md
+    DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
+install(FILES docs/hosting.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT development)
 if(WIN32)
     install(FILES CHANGELOG.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
 else()
@@ -84,6 +86,9 @@ endif()
 # What of others goes into the binaries, under their own licences. Debian keeps the texts with its packages.
 if(PLEXORN_CLI)
     set(licences "CLI11=/usr/share/doc/libcli11-dev/copyright")
+endif()
+if(PLEXORN_HAS_STATIC_RUNTIME)
+    list(APPEND licences "libstdc++=/usr/share/doc/libstdc++6/copyright")
 endif()
 if(WIN32)
     list(APPEND licences "mingw-w64=/usr/share/doc/mingw-w64-x86-64-dev/copyright")
@@ -95,7 +100,9 @@ foreach(licence IN LISTS licences)
 endforeach()
 
 install(DIRECTORY examples/ DESTINATION ${PLEXORN_INSTALL_DOCDIR}/examples COMPONENT documentation
-    FILES_MATCHING PATTERN "*.[ch]" PATTERN "CMakeLists.txt" PATTERN "*.dxf" PATTERN "__pycache__" EXCLUDE)
+    FILES_MATCHING PATTERN "*.dxf" PATTERN "own_host" EXCLUDE PATTERN "__pycache__" EXCLUDE)
+install(DIRECTORY examples/ DESTINATION ${PLEXORN_INSTALL_DOCDIR}/examples COMPONENT development
+    FILES_MATCHING PATTERN "*.[ch]" PATTERN "CMakeLists.txt" PATTERN "__pycache__" EXCLUDE)
 
 # For find_package(Plexorn) and for pkg-config.
 if(WIN32)

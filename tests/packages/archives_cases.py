@@ -22,7 +22,8 @@ class Unpacked(unittest.TestCase):
         folder = tempfile.TemporaryDirectory(prefix="plexorn été ")
         cls.addClassCleanup(folder.cleanup)
         cls.folder = folder.name
-        support.unpack(support.archives()[0], cls.folder)
+        for archive in support.archives()[:2]:
+            support.unpack(archive, cls.folder)
         cls.prefix = os.path.join(cls.folder, support.archive_name())
         cls.documents = os.path.join(cls.prefix, "doc" if support.ARGS.system == "windows" else "share/doc/plexorn")
 
@@ -36,13 +37,40 @@ class Contents(Unpacked):
         self.assertEqual(len(names), 3)
         return names
 
-    def test_the_archive_has_these_files_and_no_other(self):
-        self.assertEqual(os.listdir(self.folder), [support.archive_name()])
-        self.assertEqual(support.files_below(self.prefix), support.expected_files())
+    def test_each_archive_has_these_files_and_no_other(self):
+        for part, archive in zip(("", "-dev"), support.archives()):
+            with self.subTest(archive=archive), tempfile.TemporaryDirectory() as folder:
+                support.unpack(archive, folder)
+                self.assertEqual(os.listdir(folder), [support.archive_name()])
+                self.assertEqual(support.files_below(os.path.join(folder, support.archive_name())),
+                                 support.expected_files(part))
+
+    def test_every_link_of_a_page_leads_to_a_file_that_came_with_it(self):
+        # The archive for building comes on top of the other.
+        with tempfile.TemporaryDirectory() as folder:
+            for archive in support.archives()[:2]:
+                support.unpack(archive, folder)
+                self.assertEqual(support.broken_links(folder), [])
+
+    def test_a_broken_link_would_be_seen(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with open(os.path.join(folder, "page.md"), "w", encoding="utf-8") as file:
+                file.write("[a](page.md#part) [b](https://example.org/b) [c](none.md) [d](/) [e](..)")
+            self.assertEqual(support.broken_links(folder), ["page.md: none.md", "page.md: /", "page.md: .."])
+
+    @unittest.skipIf(support.ARGS.system == "windows", "there, abi.binary knows the libraries of the system")
+    def test_the_binaries_need_only_each_other_and_the_c_library(self):
+        own = {os.path.basename(name) for name in self.binaries()}
+        for name in self.binaries():
+            headers = run(support.ARGS.objdump, "-p", os.path.join(self.prefix, name))
+            needed = set(re.findall(r"^ +NEEDED +(\S+)$", headers, re.MULTILINE))
+            self.assertIn("libc.so.6", needed)
+            strangers = [library for library in needed - own if not re.match(r"(libc|libm|ld-linux[\w-]*)\.so\.", library)]
+            self.assertEqual(strangers, [], name)
 
     def test_the_symbols_belong_beside_the_binaries(self):
         with tempfile.TemporaryDirectory() as folder:
-            support.unpack(support.archives()[1], folder)
+            support.unpack(support.archives()[2], folder)
             self.assertEqual(support.files_below(os.path.join(folder, support.archive_name())),
                              sorted(name + ".debug" for name in self.binaries()))
 
@@ -58,7 +86,7 @@ class Contents(Unpacked):
 
     def test_each_binary_names_the_symbols_that_were_made_with_it(self):
         with tempfile.TemporaryDirectory() as folder:
-            support.unpack(support.archives()[1], folder)
+            support.unpack(support.archives()[2], folder)
             for name in self.binaries():
                 with open(os.path.join(folder, support.archive_name(), name + ".debug"), "rb") as file:
                     symbols = file.read()
@@ -73,7 +101,7 @@ class Contents(Unpacked):
         with tempfile.TemporaryDirectory() as folder:
             support.unpack(support.archives()[0], folder)
             library = os.path.join(folder, support.archive_name(), name)
-            support.unpack(support.archives()[1], folder)
+            support.unpack(support.archives()[2], folder)
             symbols = run(support.ARGS.nm, library + ".debug")
             address = re.search(r"^(\w+) T dxfFileOpen$", symbols, re.MULTILINE).group(1)
             self.assertRegex(run(support.ARGS.addr2line, "-e", library, address), r"entry/dxfFileOpen\.cpp:\d+")

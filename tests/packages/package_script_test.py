@@ -17,7 +17,7 @@ class PackageScript(unittest.TestCase):
                                     capture_output=True, text=True)
             self.assertEqual(result.returncode, 0, result.stderr)
             names = [name for name in sorted(os.listdir(folder)) if name != "SHA256SUMS"]
-            self.assertEqual(len(names), 3)
+            self.assertEqual(len(names), 5)
             self.assertFalse(os.path.exists(older))
             expected = {}
             for name in names:

@@ -1,5 +1,6 @@
 """Makes a build's packages once, in a folder of their own, and unpacks them."""
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -29,20 +30,14 @@ def packages():
     return _made.name
 
 
-def package_name(end):
-    """The one package whose name ends so."""
-    [name] = [name for name in sorted(os.listdir(packages())) if name.endswith(end)]
-    return name
-
-
 def archive_name():
     return f"plexorn-{ARGS.version}-{ARGS.system}-{ARGS.processor}"
 
 
 def archives():
-    """The names of the archive and of the archive of symbols."""
+    """The names of the archive, of that with what programs are built with, and of that with the symbols."""
     end = ".zip" if ARGS.system == "windows" else ".tar.gz"
-    return archive_name() + end, archive_name() + "-symbols" + end
+    return tuple(archive_name() + part + end for part in ("", "-dev", "-symbols"))
 
 
 def unpack(name, folder):
@@ -60,14 +55,20 @@ def files_below(folder):
                   for path, _, names in os.walk(folder) for name in names)
 
 
-def is_there(file, condition):
-    """Some files come only from builds that make them."""
-    if condition == "built":
-        return os.path.exists(os.path.join(ARGS.build, file.removesuffix(".gz")))
-    return condition != "written" or os.path.exists(os.path.join(ROOT, "docs", os.path.basename(file)))
+def expected_files(part=""):
+    """The files of the archive, or of its part "-dev"."""
+    with open(os.path.join(HERE, f"{ARGS.system}{part}.txt"), encoding="utf-8") as lines:
+        return sorted(line.strip() for line in lines)
 
 
-def expected_files():
-    with open(os.path.join(HERE, f"{ARGS.system}.txt"), encoding="utf-8") as lines:
-        pairs = [line.strip().partition(" if ") for line in lines]
-    return sorted(file for file, _, condition in pairs if is_there(file, condition))
+def broken_links(folder):
+    """The links of the pages below folder that lead to no file below it."""
+    found = []
+    for name in files_below(folder):
+        if name.endswith(".md"):
+            with open(os.path.join(folder, name), encoding="utf-8") as file:
+                links = re.findall(r"\]\((?!https?:)([^)#]+)[^)]*\)", file.read())
+            inside = [os.path.normpath(os.path.join(os.path.dirname(name), link)) for link in links]
+            found += [f"{name}: {link}" for link, path in zip(links, inside)
+                      if path.startswith((os.sep, "..")) or not os.path.exists(os.path.join(folder, path))]
+    return found
