@@ -9,7 +9,7 @@ import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 
-from example_programs import ROOT, run_text
+from example_programs import ROOT, program, run_text
 
 ARGS = None
 SVG = "{http://www.w3.org/2000/svg}"
@@ -44,6 +44,99 @@ class Reports(unittest.TestCase):
         self.assertEqual(re.findall(r"^\| (\d+) \|", table, re.MULTILINE), kinds)
 
 
+def pairs(*entities, blocks=()):
+    """The text of a drawing with these entities, each a list of codes and values in turn."""
+    sections = (["BLOCKS", *(value for block in blocks for value in block)],
+                ["ENTITIES", *(value for entity in entities for value in entity)])
+    lines = [line for name, *values in sections for line in (0, "SECTION", 2, name, *values, 0, "ENDSEC")]
+    return "\n".join(str(line) for line in (*lines, 0, "EOF")) + "\n"
+
+
+class PictureRules(unittest.TestCase):
+    """What the page says decides a picture is what the reference host does."""
+
+    LINE = [0, "LINE", 10, 0, 20, 0, 11, 1, 21, 0]
+
+    @classmethod
+    def setUpClass(cls):
+        cls.rules = document().split("### What decides a picture")[1].split("\n### ")[0]
+
+    def draw(self, *entities, **more):
+        """The picture of a drawing, and the group with everything in it."""
+        with tempfile.TemporaryDirectory(prefix="plexorn-rules-") as folder:
+            path = os.path.join(folder, "drawing.dxf")
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(pairs(*entities, **more))
+            host = program(os.path.join(ARGS.build, "examples"), "minimal_host", ARGS.emulator)
+            _, svg, _ = run_text(*host, path)
+        picture = ElementTree.fromstring(svg)
+        return picture, picture.find(f"{SVG}g")
+
+    @staticmethod
+    def dimension(kind, *part):
+        return [0, "DIMENSION", 100, "AcDbEntity", 100, "AcDbDimension", 10, 10, 20, 0, 70, kind, *part]
+
+    def test_nothing_is_filled_but_texts(self):
+        polyline = [0, "LWPOLYLINE", 90, 2, 70, 0, 10, 0, 20, 0, 10, 5, 20, 5]
+        arc = [0, "ARC", 10, 0, 20, 0, 40, 5, 50, 0, 51, 90]
+        angle = self.dimension(2, 100, "AcDb2LineAngularDimension", 13, 0, 23, 0, 14, 9, 24, 0, 15, 0, 25, 0, 16, 5,
+                               26, 5)
+        _, drawn = self.draw(polyline, arc, angle)
+        self.assertEqual(drawn.get("fill"), "none")
+        for name in ("polyline", "path", "circle"):
+            found = drawn.findall(f".//{SVG}{name}")
+            self.assertGreater(len(found), 0, name)
+            self.assertEqual([element.get("fill") for element in found], [None] * len(found), name)
+
+    def test_a_line_without_stroke_has_the_colour_of_the_dimensions_text(self):
+        radius = self.dimension(4, 100, "AcDbRadialDimension", 15, 0, 25, 0)
+        _, drawn = self.draw(radius)
+        [line], [text] = drawn.findall(f".//{SVG}line"), drawn.findall(f".//{SVG}text")
+        self.assertIsNone(line.get("stroke"))
+        self.assertEqual(drawn.get("stroke"), text.get("fill"))
+        self.assertIn(f"`{drawn.get('stroke')}`", self.rules)
+
+    def test_an_arrow_has_the_size_that_is_told(self):
+        picture, drawn = self.draw(self.dimension(4, 100, "AcDbRadialDimension", 15, 0, 25, 0))
+        [line] = drawn.findall(f".//{SVG}line")
+        marker = picture.find(f".//{SVG}marker[@id='{line.get('marker-end')[5:-1]}']")
+        length, width = marker.get("markerWidth"), marker.get("markerHeight")
+        self.assertIn(f"is {length} drawing\n  units long and {width} wide", self.rules)
+        self.assertTrue(marker.find(f"{SVG}path").get("d").startswith("M0 0L"))
+        self.assertEqual(marker.find(f"{SVG}path").get("fill"), "#00ff00")
+
+    def test_texts_are_filled_and_stand_at_their_point(self):
+        texts = [[0, "MTEXT", 10, 3, 20, 4, 40, 2, 71, attachment, 62, 1, 1, "a"] for attachment in (1, 2, 3, 7)]
+        _, drawn = self.draw(*texts)
+        found = drawn.findall(f"{SVG}text")
+        self.assertEqual([text.get("text-anchor") for text in found], ["start", "middle", "end", None])
+        for text in found:
+            self.assertEqual([text.get(name) for name in ("fill", "stroke", "x", "y", "font-size")],
+                             ["#ff0000", "none", "3", "-2", "2"])
+        self.assertIn("`left` is the start and `right` the end", self.rules)
+
+    def test_a_use_scales_then_turns_then_moves(self):
+        use = [0, "INSERT", 2, "Door", 10, 5, 20, 6, 41, 2, 42, -3, 50, 30]
+        picture, drawn = self.draw(use, blocks=[[0, "BLOCK", 2, "Door", *self.LINE, 0, "ENDBLK"]])
+        [found] = drawn.findall(f"{SVG}use")
+        self.assertEqual(found.get("transform"), "translate(5,-6) rotate(-30) scale(2,-3)")
+        self.assertIn("`translate(x,y) rotate(r) scale(sx,sy)`", self.rules)
+        self.assertEqual(picture.find(f".//{SVG}symbol").get("overflow"), "visible")
+
+    def test_the_first_symbol_of_a_name_is_drawn(self):
+        circle = [0, "CIRCLE", 10, 0, 20, 0, 40, 1]
+        blocks = [[0, "BLOCK", 2, "Door", *entity, 0, "ENDBLK"] for entity in (self.LINE, circle)]
+        picture, drawn = self.draw([0, "INSERT", 2, "Door"], blocks=blocks)
+        target = drawn.find(f"{SVG}use").get("{http://www.w3.org/1999/xlink}href")[1:]
+        symbol = picture.find(f".//{SVG}symbol[@id='{target}']")
+        self.assertEqual([element.tag for element in symbol], [SVG + "line"])
+
+    def test_what_is_not_finite_is_left_out_and_a_negative_radius_is_drawn(self):
+        circles = [[0, "CIRCLE", 10, 0, 20, 0, 40, radius] for radius in ("-2", "1e39", "3")]
+        _, drawn = self.draw(*circles)
+        self.assertEqual([circle.get("r") for circle in drawn.findall(f"{SVG}circle")], ["2", "3"])
+
+
 class Document(unittest.TestCase):
     maxDiff = None
 
@@ -67,7 +160,7 @@ class Document(unittest.TestCase):
 
     def test_every_block_is_a_file_or_is_run(self):
         names = set(named_blocks())
-        self.assertEqual(names, {"draw.c", "load.c", "load_windows.c", "drawing.dxf"})
+        self.assertEqual(names, {"draw.c", "CMakeLists.txt", "load.c", "load_windows.c", "drawing.dxf"})
         self.assertEqual(len(blocks(r"\w*")), len(names) + len(blocks("sh")) + 1)
 
     def test_every_link_leads_somewhere(self):
@@ -101,16 +194,17 @@ class Document(unittest.TestCase):
         if ARGS.emulator:
             self.skipTest("they are those of another system")
         prefix = self.install()
-        os.symlink(os.path.join(prefix, "share", "doc", "plexorn", "examples"), os.path.join(self.folder, "examples"))
         message = re.search(r'"DXF", \d+, "(.*?)"', recorded_calls()).group(1)
-        environment = {**os.environ, "PKG_CONFIG_PATH": os.path.join(prefix, "lib", "pkgconfig"),
-                       "CMAKE_PREFIX_PATH": prefix}
-        printed = []
+        printed, pictures = [], []
         for command in (line for block in blocks("sh") for line in block.splitlines()):
-            code, out, errors = run_text("sh", "-c", command, cwd=self.folder, env=environment)
-            messages = message + "\n" if command.startswith("./draw") else ""
+            code, out, errors = run_text("sh", "-c", command.replace("/opt/plexorn", prefix), cwd=self.folder)
+            messages = message + "\n" if "/draw " in command else ""
             self.assertEqual((code, errors), (0, messages), command)
             printed.append((command, out))
+            if messages:
+                with open(os.path.join(self.folder, "drawing.svg"), "rb") as file:
+                    pictures.append(file.read())
+        self.assertEqual(pictures, pictures[:1] * 2)
         self.assertIn(("build/own_host/record_calls drawing.dxf", recorded_calls()), printed)
         self.assertEqual(printed[-1][1], "3\n")
         picture = ElementTree.parse(os.path.join(self.folder, "drawing.svg")).getroot()

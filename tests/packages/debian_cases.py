@@ -49,8 +49,8 @@ class DebianPackage(InRoot):
             documents = os.path.join(folder, "usr", "share", "doc", "plexorn-dev")
             self.assertEqual(os.readlink(documents), "plexorn")
             os.remove(documents)
-            self.assertEqual(support.files_below(folder),
-                             sorted("usr/" + name for name in support.expected_files("-dev") + DEBIAN_DEVELOPMENT_FILES))
+            expected = support.expected_files("-dev") + DEBIAN_DEVELOPMENT_FILES
+            self.assertEqual(support.files_below(folder), sorted("usr/" + name for name in expected))
         self.assertEqual(self.field("Package", self.development), "plexorn-dev")
         self.assertEqual(self.field("Depends", self.development), f"plexorn (= {self.field('Version')})")
         self.assertNotEqual(self.field("Description", self.development).splitlines()[0],
