@@ -63,7 +63,28 @@ class Readme(unittest.TestCase):
             with self.subTest(command=command):
                 result = self.run_shown(command)
                 self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertIn("white", ElementTree.tostring(self.picture("machine-part.svg"), "unicode"))
+        self.assertIn("white", ElementTree.tostring(self.picture("build/machine-part.svg"), "unicode"))
+        installed = os.path.join(ROOT, "build", "plexorn", "share")
+        for name in ("man/man1/plexorn.1.gz", "bash-completion/completions/plexorn", "zsh/site-functions/_plexorn",
+                     "fish/vendor_completions.d/plexorn.fish"):
+            self.assertTrue(os.path.exists(os.path.join(installed, name)), name)
+
+    @unittest.skipUnless(shutil.which("git") and os.path.exists(os.path.join(ROOT, ".git")), "this is no checkout")
+    def test_the_commands_leave_nothing_that_git_would_show(self):
+        before = set(self.files())
+        for command in commands():
+            if command != FIRST_COMMANDS[1]:
+                self.run_shown(command)
+        made = sorted(set(self.files()) - before)
+        self.assertIn("examples/floor-plan.svg", made)
+        ignored = subprocess.run(["git", "check-ignore", "--no-index", *made, "no such file"], cwd=ROOT,
+                                 capture_output=True, text=True).stdout
+        self.assertEqual(ignored.splitlines(), made)
+
+    def files(self):
+        """The files of the checkout; what a command leaves in build is known to be ignored."""
+        return [os.path.relpath(os.path.join(folder, name), self.folder)
+                for folder, _, names in os.walk(self.folder) for name in names]
 
     def test_the_commands_to_build_by_hand_configure_the_command(self):
         with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:

@@ -68,6 +68,14 @@ class Contents(Unpacked):
             system = {library for library in needed if re.match(r"(libc|libm|ld-linux[\w-]*)\.so\.", library)}
             self.assertEqual(needed - own - system, set(), name)
 
+    @unittest.skipIf(support.ARGS.system == "windows", "it has no such versions")
+    def test_the_readme_says_which_c_library_the_binaries_need(self):
+        headers = "".join(run(support.ARGS.objdump, "-p", os.path.join(self.prefix, name)) for name in self.binaries())
+        versions = {tuple(map(int, version.split("."))) for version in re.findall(r"GLIBC_([\d.]+)", headers)}
+        with open(os.path.join(support.ROOT, "README.md"), encoding="utf-8") as file:
+            [told] = re.findall(r"glibc ([\d.]+) or later", file.read())
+        self.assertEqual(".".join(map(str, max(versions))), told)
+
     def test_the_symbols_belong_beside_the_binaries(self):
         with tempfile.TemporaryDirectory() as folder:
             support.unpack(support.archives()[2], folder)
