@@ -141,7 +141,8 @@ if(PLEXORN_CLI AND NOT WIN32)
     set(share ${CMAKE_INSTALL_DATAROOTDIR})
     install(FILES cli/share/plexorn.bash DESTINATION ${share}/bash-completion/completions RENAME plexorn
         COMPONENT command)
-    install(FILES cli/share/_plexorn DESTINATION ${share}/zsh/site-functions COMPONENT command)
+    # Debian's zsh reads this folder in /usr/local alone; PlexornPackages has the one that it reads in /usr.
+    install(FILES cli/share/_plexorn DESTINATION ${share}/zsh/site-functions COMPONENT zsh)
     install(FILES cli/share/plexorn.fish DESTINATION ${share}/fish/vendor_completions.d COMPONENT command)
     plexorn_install_built(command ${share}/man/man1 ${CMAKE_BINARY_DIR}/share/plexorn.1 plexorn.1.gz)
     plexorn_install_built(command ${share}/man/man1 ${PROJECT_SOURCE_DIR}/packaging/linux/plexorn-thumbnailer.1

@@ -13,6 +13,8 @@ import package_support as support
 from example_programs import FLOOR_PLAN, run_text
 from package_support import run
 
+# The folder where Debian's zsh looks, and that of other systems.
+ZSH_FILES = ("share/zsh/vendor-completions/_plexorn", "share/zsh/site-functions/_plexorn")
 # What Debian asks of a package, in addition to what is in the archive.
 DEBIAN_FILES = ["share/doc/plexorn/changelog.Debian.gz", "share/doc/plexorn/copyright",
                 "share/lintian/overrides/plexorn"]
@@ -40,8 +42,14 @@ class DebianPackage(InRoot):
         return run("dpkg-deb", "-f", package or self.package, name).strip()
 
     def test_it_has_the_files_of_the_archive_and_what_debian_asks_for(self):
-        self.assertEqual(support.files_below(self.root),
-                         sorted("usr/" + name for name in support.expected_files() + DEBIAN_FILES))
+        expected = {*support.expected_files(), *DEBIAN_FILES, ZSH_FILES[0]} - {ZSH_FILES[1]}
+        self.assertEqual(support.files_below(self.root), sorted("usr/" + name for name in expected))
+
+    @unittest.skipUnless(shutil.which("zsh"), "zsh is not here; scripts/setup test installs it")
+    def test_zsh_looks_where_its_completion_is(self):
+        folders = run("zsh", "-f", "-c", "print -l $fpath").splitlines()
+        found = [name for name in support.files_below(self.root) if os.path.basename(name) == "_plexorn"]
+        self.assertEqual([os.path.dirname("/" + name) in folders for name in found], [True])
 
     def test_what_programs_are_built_with_is_a_package_of_its_own(self):
         with tempfile.TemporaryDirectory() as folder:
