@@ -96,8 +96,8 @@ struct FIGURES {
     std::exit(1);
 }
 
-// The line counts of the first three stages agree (the reader may stop at an "EOF" that stands before the
-// last line), and the import calls the host.
+// The line counts of the first three stages agree (the reader may stop at an "EOF" before the last
+// line), and the import calls the host.
 void CheckAnswers(const std::array<ANSWER, 4>& answers)
 {
     if (answers[0] == 0 || answers[0] != answers[1])

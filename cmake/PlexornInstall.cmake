@@ -1,4 +1,4 @@
-# What "cmake --install" puts where. Everything finds the rest from where it stands, so an installed tree can be
+# What "cmake --install" puts where. Everything finds the rest from its own place, so an installed tree can be
 # moved as a whole.
 #
 # The module's name and its host's carry no version, because hosts load them by these names: they stay out of

@@ -6,15 +6,15 @@ else()
     set(PLEXORN_SPLIT_SYMBOLS ON)
 endif()
 
-# plexorn_keep_symbols(target): compiles target with debug information. It names sources from the project's
-# folder on: where that stands is nobody's affair, and must not change the bytes.
+# plexorn_keep_symbols(target): compiles target with debug information. It names sources by their
+# path within the project, so that the bytes do not depend on where the project is built.
 function(plexorn_keep_symbols target)
     if(PLEXORN_SPLIT_SYMBOLS)
         target_compile_options(${target} PRIVATE -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
     endif()
 endfunction()
 
-# plexorn_split_symbols(target component destination): to be called behind the rule that installs target in
+# plexorn_split_symbols(target component destination): call it after the rule that installs target in
 # destination. The build's own file keeps everything.
 function(plexorn_split_symbols target component destination)
     plexorn_keep_symbols(${target})

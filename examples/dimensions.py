@@ -1,7 +1,7 @@
 """Dimensions for the example drawings: the entity with its definition points, and the block that pictures it.
 
 A picture's text is centred on the line it measures, 0.7 above it, with a height of 2.0. The text middle point
-of the entity stands one height above the foot of the text, wherever the text is turned to.
+of the entity is one height above the foot of the text, wherever the text is turned to.
 """
 import math
 
@@ -20,7 +20,7 @@ def unit(x, y):
 
 
 def text_middle(x, y, direction):
-    """The text middle point of a text that stands on a line through (x, y) of this direction."""
+    """The text middle point of a text on a line through (x, y) of this direction."""
     return x - TEXT_GAP * direction[1], y + TEXT_GAP * direction[0] + TEXT_FOOT
 
 
@@ -110,7 +110,7 @@ def angular(space, layer, apex, radius, lines, text=""):
     along = math.sin(middle), -math.cos(middle)
     groups = ([(100, "AcDb2LineAngularDimension")] + point(13, *ends[0][0]) + point(14, *ends[0][1])
               + point(15, *ends[1][0]) + point(16, *spot))
-    # The kind stands alone, without flags: readers that compare it whole then know it for an angle in degrees.
+    # The kind is written alone, without flags: readers that compare it whole then know it for an angle in degrees.
     picture = space.dimension(layer, 2, ends[1][1], text_middle(*spot, along), groups, text)
     picture.arc("0", *apex, radius, lines[0][0], lines[1][0])
     draw_text(picture, *spot, along, shown(text, lines[1][0] - lines[0][0]) + "\u00b0")

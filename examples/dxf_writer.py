@@ -150,7 +150,7 @@ class Drawing:
         def section(name, body):
             return [(0, "SECTION"), (2, name)] + body + [(0, "ENDSEC")]
 
-        # the header comes first, but it is made last: it tells the next free handle
+        # the header comes first, but it is made last: it holds the next free handle
         rest = (section("CLASSES", []) + section("TABLES", self._tables()) + section("BLOCKS", self._blocks())
                 + section("ENTITIES", self._entities()) + section("OBJECTS", self._objects()))
         pairs = [(999, self.title)] + section("HEADER", self._header()) + rest + [(0, "EOF")]

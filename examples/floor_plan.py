@@ -1,6 +1,6 @@
 """The plan of a one-storey house with a stair, 1 : 100, one unit to a millimetre on paper.
 
-The axes of the walls are the origin of everything: 1 to 4 stand at x = 0, 48, 92, 140 and A to D at
+The axes of the walls are the origin of everything: 1 to 4 are at x = 0, 48, 92, 140 and A to D at
 y = 0, 42, 58, 100. Dimension texts add a zero to the measured millimetres and so read as centimetres.
 """
 import dimensions
@@ -56,7 +56,7 @@ TOP = 3  # vertical justification: the text hangs below its point
 
 
 def opening(x, y, rotation, width, flip=1):
-    """The rectangle that an opening of this width cuts out of the wall it stands in."""
+    """The rectangle that an opening of this width cuts out of its wall."""
     reach = 2.0
     if rotation % 180 == 0:
         end = x + width * flip * (1 if rotation == 0 else -1)

@@ -1,7 +1,7 @@
 """The blocks of the floor plan: openings, furniture (blocks within blocks), sanitary ware, garden, sheet.
 
 Every block's base point is its origin. Openings lie along the x axis from 0, centred on the wall; furniture
-that stands against a wall has the wall at y = 0 and itself above it.
+that belongs against a wall has the wall at y = 0 and itself above it.
 """
 import math
 
@@ -190,6 +190,6 @@ def _north(plan):
 
 
 def define(plan):
-    """Adds every block. Some stand before the blocks that they insert: the order is free."""
+    """Adds every block. Some come before the blocks that they insert: the order is free."""
     for part in (_openings, _seats, _sets, _cabinets, _kitchen, _sanitary, _garden, _north):
         part(plan)

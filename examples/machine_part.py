@@ -1,6 +1,6 @@
 """A flange in two views and a pictorial one, 1 : 1, one unit to a millimetre.
 
-The front view stands around FRONT, the section beside it on the same height; the pictorial view looks at the
+The front view is around FRONT, the section beside it at the same height; the pictorial view looks at the
 flange from the upper right. The title block is written in several scripts.
 """
 import math
@@ -143,7 +143,7 @@ class Pictorial:
                            start * math.pi, end * math.pi, **style)
 
     def hides(self, radius, back, right, up):
-        """Whether a disc of this radius at 0 stands in front of the point that lies back behind it."""
+        """Whether a disc of this radius at 0 hides the point that lies back units further away."""
         shift = back * math.sqrt(1 - self.ratio * self.ratio) / self.ratio
         return math.hypot(right, up - shift) < radius
 

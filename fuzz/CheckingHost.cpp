@@ -2,6 +2,7 @@
 
 #include "FuzzInput.h"
 #include "TextForms.h"
+#include "host/ReportKinds.h"
 #include "support/FailingMemory.h"
 
 #include <array>
@@ -303,7 +304,8 @@ int qlmSetLastError(int code, const wchar_t* source, int kind, const wchar_t* me
     RequireText(message);
     FuzzRequire(std::wstring_view(source) == L"DXF" && !unused && extra == 0, "a report is of its form");
     FuzzRequire(kind >= 1 && kind < kKinds, "a report is of a known kind");
-    FuzzRequire(code == (kind == 7 ? 1 : 0), "the code tells unknown group codes from all else");
+    FuzzRequire(code == (kind == DXF_ERROR_GROUP_CODE ? 1 : 0),
+                "the code is 1 for unknown group codes alone");
     FuzzRequire(*message != L'\0', "a report has a message");
     ++state.reports[static_cast<std::size_t>(kind)];
     Mix(static_cast<std::uint64_t>(kind));

@@ -23,7 +23,7 @@ public:
 
     static QlmNode Context();
 
-    // Checks what must hold behind an import: the current node is the default place again.
+    // Checks what must hold after an import: the current node is the default place again.
     static void RequireDone();
 
     // A number for all calls since the reset, the same for the same calls in the same order.

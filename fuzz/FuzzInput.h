@@ -14,8 +14,8 @@
 // again in one process and must not depend on the calls before.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-// An input from front to end. Behind the end there are zeros and empty texts, so that every input is a good
-// one.
+// An input from front to end. After its end it gives zeros and empty texts, so that every input is a
+// good one.
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size)
@@ -34,7 +34,7 @@ public:
         return static_cast<std::uint8_t>(byte);
     }
 
-    // The bytes of a value; zeros for those behind the end.
+    // The bytes of a value; zeros for those after the end.
     template <class Value>
     Value Bits()
     {
@@ -59,8 +59,8 @@ private:
     std::string_view m_rest;
 };
 
-// Writes an input out whose long runs are short, so that they are soon made up: a byte 0x0E and a byte n
-// stand for the byte before them, 4 * n times more. text is filled anew.
+// Writes out an input whose long runs are spelled short, so that the fuzzer soon finds them: a byte 0x0E and
+// a byte n repeat the byte before them 4 * n times more. text is filled anew.
 inline void SpellRuns(std::string_view bytes, std::string& text)
 {
     constexpr char kRun = 0x0E;

@@ -11,7 +11,7 @@ namespace {
 
 using NUMBERS = std::vector<double>;
 
-// A name and the numbers behind it.
+// A name and the numbers after it.
 struct PART {
     std::string_view name;
     NUMBERS numbers;
@@ -29,7 +29,7 @@ std::optional<double> NumberOf(std::string_view word)
     return isOne ? std::optional(number) : std::nullopt;
 }
 
-// The numbers of a list, blanks and commas between them; nothing when anything else stands there.
+// The numbers of a list, blanks and commas between them; nothing if it holds anything else.
 std::optional<NUMBERS> NumbersOf(std::string_view list)
 {
     NUMBERS numbers;

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-// The line that stands for a callback or a message.
+// The line for a callback or a message.
 std::string CallbackLine(std::string_view callback, std::string_view text);
 
 // Characters of the file as texts of traces show them.
@@ -42,7 +42,7 @@ public:
     bool SkipPairs(std::string_view message);
     bool SkipUnknown() { return SkipPairs("Read_UNKNOWN() Failed to read integer from '%s', Line:%d"); }
 
-    // In a message "%s" stands for the next of the texts, "%d" for the number of lines read.
+    // In a message "%s" becomes the next of the texts, "%d" the number of lines read.
     void Report(int kind, std::string_view format, std::initializer_list<std::string> texts, int code = 0);
     void Call(std::string_view callback, std::string_view text) { m_calls += CallbackLine(callback, text); }
 

@@ -108,7 +108,7 @@ private:
         return m_lines.TrimmedLine() == "0" && FollowsTable();
     }
 
-    // Behind the "0" that follows a table.
+    // Reads on after the "0" that follows a table.
     bool FollowsTable()
     {
         const std::string line = m_lines.TrimmedLine();

@@ -13,7 +13,7 @@ enum class PLAIN_CONVERSION {
     Integer,
     IntegerAsReal, // an integer in a field of reals
     Text,          // trimmed
-    RawText,       // as it stands
+    RawText,       // as it is
     Group,         // the lines of brace-delimited groups
     PendingX,      // of a vertex; no field of its own
     Vertex,        // the y that completes a vertex
@@ -55,7 +55,7 @@ public:
     // The code of the x that waits for the y of a vertex.
     PlainKind& PendingX(int code);
 
-    // The field of a code, -1 for none. own tells whether it may be a shared one.
+    // The field of a code, -1 for none. own says whether it may be a shared one.
     int Find(int code, bool own) const;
 
     const std::string& Name() const { return m_name; }

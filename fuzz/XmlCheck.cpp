@@ -81,7 +81,7 @@ public:
 private:
     void Visit(const pugi::xml_node& element, int depth)
     {
-        FuzzRequire(depth < 200, "elements do not stand too deep within each other");
+        FuzzRequire(depth < 200, "elements are not nested too deeply");
         const auto known = kElements.find(element.name());
         if (known == kElements.end())
             FuzzFail("an element is a known one", "", element.name());

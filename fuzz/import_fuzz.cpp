@@ -1,7 +1,7 @@
 // A whole import into a host that checks every call, in memory that may fail and from sources that may.
 //
 // Input: a byte of how (1: read sizes vary, 2: reading fails at the end, 4: the host refuses symbols, 8: it
-// refuses everything, 16: allocations behind the failing one fail too, 32: the failing one is eight times as
+// refuses everything, 16: allocations after the failing one fail too, 32: the failing one is eight times as
 // far), a byte for the most bytes a read gives (0: no limit), a byte for the number of the allocation that
 // fails (0: none), the drawing.
 #include "CheckingHost.h"
@@ -34,9 +34,9 @@ void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::WHICH
     const std::size_t reports = CheckingHost::Reports(DXF_ERROR_MEMORY);
     FuzzRequire(live == 0, "nothing is leaked");
     FuzzRequire(hasFailed ? reports >= 1 : reports == 0,
-                "a shortage of memory is told of, and nothing else is");
+                "a shortage of memory is reported, and nothing else is");
     if (which == FailingMemory::WHICH::Nth)
-        FuzzRequire(reports <= 1, "one failure is told of once");
+        FuzzRequire(reports <= 1, "one failure is reported once");
     CheckingHost::RequireDone();
 }
 
@@ -46,8 +46,8 @@ bool IsLarge(std::string_view text)
 {
     constexpr std::size_t kMostDigits = 6;
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
-    const std::string_view behind = text.substr(digits);
-    return digits > kMostDigits || (digits > 0 && (behind.starts_with('e') || behind.starts_with('E')));
+    const std::string_view rest = text.substr(digits);
+    return digits > kMostDigits || (digits > 0 && (rest.starts_with('e') || rest.starts_with('E')));
 }
 
 // Whether all numbers of the drawing are below a million, with six decimals at most, and none is given by a
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzSource source(drawing, reads);
     DrawInFailingMemory(source, n, which);
     FuzzRequire(CheckingHost::Reports(DXF_ERROR_READ) <= (reads.failsAtEnd ? 1u : 0u),
-                "a failed read is told of once");
+                "a failed read is reported once");
     FuzzRequire(CheckingHost::Reports(DXF_ERROR_OPEN) == 0, "a source is open");
 
     const std::uint64_t calls = CheckingHost::Calls();

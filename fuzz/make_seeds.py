@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes the first inputs of every fuzz target: fuzz/make_seeds.py FOLDER makes FOLDER/<target>/ for each.
 
-They come from the drawings of the tests and examples, and from texts that stand here.
+They come from the drawings of the tests and examples, and from the texts in this file.
 """
 import os
 import struct
@@ -28,7 +28,7 @@ def drawings():
 
 
 def of_drawings(*headers):
-    """Each drawing behind each of the headers."""
+    """Each drawing after each of the headers."""
     for name, drawing in drawings():
         for number, header in enumerate(headers):
             yield f"{name}-{number}", header + drawing
@@ -63,10 +63,10 @@ def lines(text):
 def fields():
     yield from of_drawings(b"\x00\x00", b"\x01\x0d")
     # Files that are out of step where readers meet.
-    for number, behind in enumerate(("x 0", "1 TABLE 0", "0 x 0", "0 TABLE 2 A 0 ENDTAB 0", "0 ENDSEC 0")):
-        yield f"empty-table-{number}", lines(f"0 SECTION 2 TABLES 0 TABLE 2 A 0 ENDTAB {behind} SECTION 2 X 0 EOF")
+    for number, after in enumerate(("x 0", "1 TABLE 0", "0 x 0", "0 TABLE 2 A 0 ENDTAB 0", "0 ENDSEC 0")):
+        yield f"empty-table-{number}", lines(f"0 SECTION 2 TABLES 0 TABLE 2 A 0 ENDTAB {after} SECTION 2 X 0 EOF")
         yield f"table-{number}", lines("0 SECTION 2 TABLES 0 TABLE 0 LAYER 5 A 100 B 2 C 62 3 0 ENDTAB "
-                                       f"{behind} SECTION 2 X 0 EOF")
+                                       f"{after} SECTION 2 X 0 EOF")
     for number, styles in enumerate(("1002 { 40 1 1002 }", "1002 1002 40 1 1002 }", "40 1", "1002 { 1070 1002 40 1")):
         yield f"styles-{number}", lines("0 SECTION 2 ENTITIES 0 DIMENSION 8 A 100 AcDbDimension 1 B 100 "
                                         f"AcDbRotatedDimension 1000 DSTYLE {styles} 0 ENDSEC 0 EOF")
@@ -88,7 +88,7 @@ def command():
     arguments = (b"\x01\x00", b"\x03\x00\x01\x02", b"\x02\x00\x03", b"\x01\x08", b"\x01\x09", b"\x03\x00\x04\x06")
     for number, header in enumerate(arguments):
         yield f"arguments-{number}", header + b"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 11\n5\n  0\nENDSEC\n  0\nEOF\n"
-    # Each as a text: what stands here keeps its meaning when the target's own words change.
+    # Each is spelled out: it then keeps its meaning when the target's own words change.
     for number, words in enumerate((
             "info in.dxf", "info --json --texts in.dxf", "in.dxf --units mm --paper --hairline",
             "in.dxf --units=guess --background red", "in.dxf --units none --background none --strict",

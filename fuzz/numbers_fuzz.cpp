@@ -33,7 +33,7 @@ void Write(double value, std::int32_t integer)
     FuzzRequireSame("%d", std::to_string(integer), {text, static_cast<std::size_t>(end - text)});
 }
 
-// The bits tell -0 from 0.
+// The bits, because -0 and 0 compare equal.
 void RequireReal(const char* what, double expected, double actual)
 {
     if (std::bit_cast<std::uint64_t>(expected) != std::bit_cast<std::uint64_t>(actual)) [[unlikely]] {

@@ -15,7 +15,7 @@ FINDINGS = os.path.join(BUILD, "findings")
 DICTIONARY = os.path.join(ROOT, "fuzz", "dxf.dict")
 
 # The longest inputs of each target in the two parts of its time. Short ones, tens of times as fast, try many more
-# things that can stand beside each other; long ones are whole drawings.
+# things side by side; long ones are whole drawings.
 SHORT_SHARE = 0.75
 SHORT = {"stream": 64, "numbers": 24, "import": 200, "fields": 200, "svghost": 64, "command": 100}
 LONGEST = {"stream": 2048, "numbers": 200, "import": 4096, "fields": 4096, "svghost": 4096, "command": 4096}

@@ -1,7 +1,7 @@
 // The line stream against the standard library's, byte for byte and flag for flag.
 //
 // Input: a byte of how it is read (1: read sizes vary, 2: reading fails at the end, 4 and 128 together: it
-// stands across the end of the stream's buffer, which takes time; 64: long runs are spelled short), a byte
+// lies across the end of the stream's buffer, which takes time; 64: long runs are spelled short), a byte
 // for the most bytes a read gives or the place of the buffer's end, the drawing.
 #include "FuzzInput.h"
 #include "FuzzSource.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kBuffer = std::size_t{128} << 10; // what the stream asks a source for at once
 constexpr std::size_t kPaddingLine = 1000;              // with its line feed
-constexpr int kReadsBehindTheEnd = 3;
+constexpr int kReadsAfterTheEnd = 3;
 
 // Whole lines, the last ended, that fill so many bytes.
 std::string_view Padding(std::size_t size)
@@ -75,16 +75,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     StreamModel model(bytes);
     const bool fails = reads.failsAtEnd && bytes.find('\x1A') == std::string_view::npos;
-    for (int behind = 0; behind < kReadsBehindTheEnd; behind += model.eof()) {
+    for (int after = 0; after < kReadsAfterTheEnd; after += model.eof()) {
         const std::string_view expected = model.getline();
         const std::string_view line = stream.getline();
         FuzzRequireSame("a line", expected, line);
         TouchAround(line);
         FuzzRequire(stream.eof() == model.eof(), "the end of the file is met with the same line");
-        const bool readFailed = fails && model.eof() && behind == 0;
-        FuzzRequire(stream.HasTrouble() == (model.WasCut() || readFailed), "trouble is told of");
+        const bool readFailed = fails && model.eof() && after == 0;
+        FuzzRequire(stream.HasTrouble() == (model.WasCut() || readFailed), "trouble is reported");
         FuzzRequire(stream.TakeLineWasCut() == model.WasCut(), "a line is cut");
-        FuzzRequire(stream.TakeReadFailed() == readFailed, "a failed read is told of once");
+        FuzzRequire(stream.TakeReadFailed() == readFailed, "a failed read is reported once");
         FuzzRequire(!stream.HasTrouble(), "trouble that was taken is gone");
     }
     return 0;

@@ -44,8 +44,8 @@ constexpr const wchar_t* kValues[] = {
     L"inf",     L"RGB(1,2,3)", L"RGB(,,)", L"hidden", L"left",    L"right",       L"middle", L"stealth arrow",
     L"1,0.5,0", L"0,0",        L"90",      L"1e-39",  L"#ff0000", L"\"><script>", L"url(#x)"};
 
-// The text as a picture holds it: what XML cannot hold is replaced, and no XML reader tells a carriage return
-// from a line feed.
+// The text as a picture holds it: what XML cannot hold is replaced, and XML readers take a carriage return
+// for a line feed.
 std::string TextInPicture(const std::wstring& text)
 {
     std::string utf8;
@@ -133,7 +133,7 @@ public:
         } room{most, false};
         const auto take = [](void* user, const char*, std::size_t size) {
             ROOM& its = *static_cast<ROOM*>(user);
-            FuzzRequire(!its.isFull, "nothing is written behind the end");
+            FuzzRequire(!its.isFull, "nothing is written after the end");
             its.isFull = size > its.left;
             its.left -= its.isFull ? 0 : size;
             return !its.isFull;

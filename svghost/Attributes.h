@@ -28,8 +28,8 @@ struct Value {
 // pattern: without a limit one pattern and the elements that have it multiply.
 inline constexpr std::size_t kLongestDashArray = 512;
 
-// The texts that one attribute was set to. Index 0 stands for an attribute that is not set; a text that is
-// set again gets the index that it had.
+// The texts that one attribute was set to. Index 0 means that the attribute is not set; a text that is set
+// again gets the index that it had.
 class ValueTable {
 public:
     // resolve(text, value) is called for a new text; it fills the value's text and number.
@@ -63,8 +63,8 @@ private:
     std::uint32_t m_last = 0;
 };
 
-// The text, or as much of it as tells that it is a pattern beyond kLongestDashArray: what a pattern costs has
-// a bound then, however many elements come with the same one.
+// The text, cut where it is certain to be longer than kLongestDashArray. This bounds what a pattern costs,
+// however many elements have it.
 std::wstring_view DashArrayText(const wchar_t* text);
 
 // Each appends the attribute's text for SVG to out; false when it is not to be written.

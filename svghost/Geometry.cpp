@@ -17,7 +17,7 @@ struct EllipseFrame {
     Point u;
     Point v;
 
-    // The point of the ellipse that stands for (x, y) on the unit circle.
+    // The point of the ellipse for the point unit of the unit circle.
     Point At(Point unit) const
     {
         return {centre.x + u.x * unit.x + v.x * unit.y, centre.y + u.y * unit.x + v.y * unit.y};
@@ -38,7 +38,7 @@ struct CentredArc {
     Point end;
     bool sweep;
 
-    // A chord cuts the circle in two arcs, one on each side of it: the side tells whether a point is passed.
+    // The chord cuts the circle into two arcs. The arc passes the points on its own side of the chord.
     bool Passes(Point unit) const
     {
         const double side = (end.x - start.x) * (unit.y - start.y) - (end.y - start.y) * (unit.x - start.x);

@@ -29,7 +29,7 @@ char* WriteEscape(char byte, char* out);
 // The text, in UTF-8 of characters that XML allows, as it is written into an attribute.
 std::string EscapedForAttribute(std::string_view text);
 
-// Appends an XML name part that stands for exactly this text: ASCII letters, digits, '-', '.' and '_' as they
+// Appends a part of an XML name that no other text gives: ASCII letters, digits, '-', '.' and '_' as they
 // are, any other character (and an '_' before an 'x') as _xHH_ with its hexadecimal number.
 void AppendXmlName(std::string& out, std::wstring_view text);
 

@@ -29,7 +29,7 @@ void recordingHostDestroy(QlmNode context)
     free(context);
 }
 
-/* A handle needs not be an address: the module hands it back and never looks behind it. */
+/* A handle needs not be an address: the module only passes it on. */
 static QlmNode nodeOfNumber(uintptr_t number)
 {
     return (QlmNode)number;

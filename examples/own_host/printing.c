@@ -23,7 +23,7 @@ static void printCharacter(FILE* out, uint32_t character)
     }
 }
 
-/* The character at *text, which is moved behind it: one unit of UTF-32, one or two of UTF-16. */
+/* The character at *text, which is moved past it: one unit of UTF-32, one or two of UTF-16. */
 static uint32_t nextCharacter(const wchar_t** text)
 {
     const uint32_t first = (uint32_t) * (*text)++;

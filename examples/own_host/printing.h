@@ -1,4 +1,4 @@
-/* Arguments as text, each behind a comma. */
+/* Arguments as text, each after a comma. */
 #ifndef PRINTING_H
 #define PRINTING_H
 
@@ -8,7 +8,7 @@
 /* The text in quotes, as UTF-8; quotes, backslashes and control characters as \x22 and the like. */
 void printText(FILE* out, const wchar_t* text);
 
-/* So many floats (passed as double, as C has it), with the digits that tell any two floats apart. */
+/* So many floats (passed as double, as C has it), with enough digits that no two floats look the same. */
 void printFloats(FILE* out, int count, ...);
 
 #endif

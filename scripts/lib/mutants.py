@@ -12,7 +12,7 @@ TOKEN = re.compile(r"""
   | (?P<operator><<=|>>=|<=>|->\*?|\+\+|--|<<|>>|<=|>=|==|!=|&&|\|\||[-+*/%&|^]=|::|[-+*/%&|^!~<>=?:;,.(){}\[\]])
 """, re.VERBOSE | re.MULTILINE | re.DOTALL)
 
-# What each operator becomes; those that also have another meaning only where blanks on both sides tell that they
+# What each operator becomes; those that also have another meaning only if blanks on both sides show that they
 # compare or calculate.
 ALWAYS = {"==": ["!="], "!=": ["=="], "<=": ["<", ">"], ">=": [">", "<"], "++": ["--"],
           "--": ["++"], "+=": ["-="], "-=": ["+="], "*=": ["/="], "/=": ["*="], "|=": ["&="], "&=": ["|="],
@@ -65,7 +65,7 @@ def replacements(kind, token, before, after):
 
 
 def not_compiled(source):
-    """Places that the preprocessor leaves out on this machine: what stands for machines without SSE2."""
+    """Places that the preprocessor leaves out on this machine: the code for machines without SSE2."""
     return [match.span(1) for match in re.finditer(
         r"(?m)^#if defined\(PLEXORN_SSE2\)\n(?:(?!^#).*\n)*^#else\n((?:(?!^#endif).*\n)*)^#endif", source)]
 

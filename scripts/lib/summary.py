@@ -1,6 +1,6 @@
 """Sums up what the test runs found: summary.py FOLDER RUN... reads FOLDER/RUN.xml, as ctest writes it.
 
-A program that runs many tests counts with all of them, as it tells in its output. Prints the failures and
+A program that runs many tests counts with all of them, as its output says. Prints the failures and
 one closing line; the exit code is 1 when something failed or a run has no results.
 """
 import os

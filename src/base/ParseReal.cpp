@@ -13,8 +13,9 @@
 
 namespace {
 
-// A number out of range is infinite or 0: which, its decimal exponent tells, that is, where its first
-// digit other than 0 stands and what its exponent says. What is given is a number to its end.
+// The value of a number out of range: infinity if it is too large, 0 if it is too small. Its power of ten
+// decides, which is the place of the first digit other than 0 plus the exponent. The text is one whole
+// number.
 double OutOfRange(const char* at, const char* end)
 {
     constexpr long long kFar = 1'000'000'000'000;

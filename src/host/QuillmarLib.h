@@ -36,7 +36,7 @@
 extern "C" {
 #endif
 
-/** An opaque handle of a node in the host's document; 0 means no node. The module never looks behind it. */
+/** An opaque handle of a node in the host's document; 0 means no node. The module only passes it on. */
 typedef void* QlmNode;
 
 /** A straight line from (x1, y1) to (x2, y2). The two trailing numbers are always 0. */
@@ -70,7 +70,7 @@ QUILLMARLIB_API QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float 
                                       float secondY);
 
 /** A use of the symbol called name, which may be defined later or never; kind is always "hmi". The position
- * stands last, the two leading numbers are always 0. */
+ * comes last, the two leading numbers are always 0. */
 QUILLMARLIB_API QlmNode qlmCreateUse(QlmNode context, const wchar_t* id, float zero1, float zero2,
                                      const wchar_t* name, const wchar_t* kind, float x, float y);
 

@@ -195,7 +195,7 @@ private:
     void ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record);
     void ReportTrouble(CDxfStream& stream);
     void ReportMemory();
-    bool ReadBehindTable(CDxfStream& stream, bool hadEntries);
+    bool ReadAfterTable(CDxfStream& stream, bool hadEntries);
     DXF_TABLES_COMMON* NewTableEntry(DXF_TABLES_HEADER& table, std::string_view typeName);
     int ReadTableEntry(DXF_TABLES_COMMON& entry, CDxfStream& stream);
     void IndexTables();

@@ -109,13 +109,13 @@ void CDxfRead::ReadTABLES(CDxfStream& stream)
         const bool hasEntries = typeName != "ENDTAB";
         if (hasEntries)
             ReaTABLES_COMMON(*table, stream, typeName);
-        isTable = ReadBehindTable(stream, hasEntries);
+        isTable = ReadAfterTable(stream, hasEntries);
     }
 }
 
 // Reads what follows an "ENDTAB"; true when it is "0", "TABLE". A line that is out of step takes one more
-// with it, except one in place of the "0" after a table with entries.
-bool CDxfRead::ReadBehindTable(CDxfStream& stream, bool hadEntries)
+// with it, except one in place of the "0" after a table with entries (quirk 127).
+bool CDxfRead::ReadAfterTable(CDxfStream& stream, bool hadEntries)
 {
     if (ReadTrimmed(stream) == "0") {
         const std::string_view next = ReadTrimmed(stream);

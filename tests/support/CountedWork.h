@@ -1,4 +1,4 @@
-// Work whose instructions are counted, which tells what it costs whatever else the machine does.
+// Work whose instructions are counted: what it costs, whatever else the machine does.
 #pragma once
 
 #include <cstddef>

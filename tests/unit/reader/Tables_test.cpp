@@ -12,9 +12,9 @@ using Texts = std::vector<std::string>;
 class TablesReader : public CallbackReader {
 public:
     explicit TablesReader(std::string_view lines) { ReadText(Section("TABLES", lines)); }
-    TablesReader(std::string_view lines, std::string_view behind)
+    TablesReader(std::string_view lines, std::string_view after)
     {
-        ReadText(Section("TABLES", lines) + std::string(behind));
+        ReadText(Section("TABLES", lines) + std::string(after));
     }
 
     // What each table holds: "LAYER: Walls Doors".
@@ -334,7 +334,7 @@ TEST(Tables, LineBehindATableThatIsNoZeroLeavesTheSection)
     EXPECT_EQ(reader.calls, (Texts{"OnLine a"}));
 }
 
-TEST(Tables, BehindATableComesATableOrTheEndOrTheSectionIsLeft)
+TEST(Tables, AfterATableComesATableOrTheEndOrTheSectionIsLeft)
 {
     // The line after the odd name is read too: the driver goes on with the one after that.
     const std::string section = "SECTION\n2\nODD\n";
@@ -346,7 +346,7 @@ TEST(Tables, BehindATableComesATableOrTheEndOrTheSectionIsLeft)
               (Texts{"OnError 0 2 ODD - Unknown Section Name Line (23)"}));
 }
 
-TEST(Tables, BehindAnEmptyTableTheSameHolds)
+TEST(Tables, AfterAnEmptyTableTheSameHolds)
 {
     const std::string section = "SECTION\n2\nODD\n";
     const std::string start = Dxf({{0, "SECTION"}, {2, "TABLES"}}) + Table("T", "");
