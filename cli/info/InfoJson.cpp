@@ -1,6 +1,6 @@
 #include "cli/info/InfoJson.h"
 
-#include "base/CDxfCodePage.h"
+#include "base/NamedCodePage.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/info/Notes.h"
@@ -124,7 +124,7 @@ private:
     }
 
     const DrawingInfo& m_info;
-    CDxfCodePage m_page;
+    NamedCodePage m_page;
     Json m_json;
 };
 

@@ -1,6 +1,6 @@
 #include "cli/info/InfoText.h"
 
-#include "base/CDxfCodePage.h"
+#include "base/NamedCodePage.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/info/Notes.h"
@@ -163,7 +163,7 @@ private:
     }
 
     const DrawingInfo& m_info;
-    CDxfCodePage m_page;
+    NamedCodePage m_page;
     std::string m_out;
 };
 

@@ -1,12 +1,6 @@
 #include "base/CodePage.h"
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
+#include "base/Api_windows.h"
 
 #include <algorithm>
 #include <cwchar>

@@ -1,22 +1,15 @@
-#include "base/CDxfCodePage.h"
+#include "base/NamedCodePage.h"
 
+#include "base/Api_windows.h"
 #include "base/Utf8.h"
-
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
 
 #include <cstddef>
 
-CDxfCodePage::CDxfCodePage(std::string_view name) : m_number(NumberIn(name)) {}
+NamedCodePage::NamedCodePage(std::string_view name) : m_number(NumberIn(name)) {}
 
-CDxfCodePage::~CDxfCodePage() = default;
+NamedCodePage::~NamedCodePage() = default;
 
-std::string CDxfCodePage::Converted(std::string_view text) const
+std::string NamedCodePage::Converted(std::string_view text) const
 {
     const int size = static_cast<int>(text.size()); // a few lines
     const int wideSize = MultiByteToWideChar(m_number, MB_ERR_INVALID_CHARS, text.data(), size, nullptr, 0);

@@ -7,12 +7,12 @@
 // Makes UTF-8 of a drawing's texts. A text that is UTF-8 already stays; any other is taken to be in the code
 // page of that name ("ANSI_1252"), and where the system does not know it, each byte beyond ASCII becomes
 // U+FFFD. The module does without: it takes all texts to be in the system's code page.
-class CDxfCodePage {
+class NamedCodePage {
 public:
-    explicit CDxfCodePage(std::string_view name);
-    ~CDxfCodePage();
-    CDxfCodePage(const CDxfCodePage&) = delete;
-    CDxfCodePage& operator=(const CDxfCodePage&) = delete;
+    explicit NamedCodePage(std::string_view name);
+    ~NamedCodePage();
+    NamedCodePage(const NamedCodePage&) = delete;
+    NamedCodePage& operator=(const NamedCodePage&) = delete;
 
     // Throws std::bad_alloc.
     std::string Utf8(std::string_view text) const;

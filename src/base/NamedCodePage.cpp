@@ -1,11 +1,11 @@
-#include "base/CDxfCodePage.h"
+#include "base/NamedCodePage.h"
 
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 
 #include <cstdint>
 
-unsigned CDxfCodePage::NumberIn(std::string_view name)
+unsigned NamedCodePage::NumberIn(std::string_view name)
 {
     constexpr unsigned kWesternEuropean = 1252;
     constexpr std::int32_t kLargest = 65535;
@@ -15,7 +15,7 @@ unsigned CDxfCodePage::NumberIn(std::string_view name)
     return number > 0 && number <= kLargest ? static_cast<unsigned>(number) : kWesternEuropean;
 }
 
-std::string CDxfCodePage::Utf8(std::string_view text) const
+std::string NamedCodePage::Utf8(std::string_view text) const
 {
     std::string valid = ValidUtf8(text);
     if (valid == text)

@@ -1,4 +1,4 @@
-#include "base/CDxfCodePage.h"
+#include "base/NamedCodePage.h"
 
 #include <bit>
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 #include <iconv.h>
 
-CDxfCodePage::CDxfCodePage(std::string_view name) : m_number(NumberIn(name))
+NamedCodePage::NamedCodePage(std::string_view name) : m_number(NumberIn(name))
 {
     // What iconv_open returns when it has no converter.
     static const iconv_t kNone = std::bit_cast<iconv_t>(std::intptr_t{-1});
@@ -15,13 +15,13 @@ CDxfCodePage::CDxfCodePage(std::string_view name) : m_number(NumberIn(name))
         m_converter = converter;
 }
 
-CDxfCodePage::~CDxfCodePage()
+NamedCodePage::~NamedCodePage()
 {
     if (m_converter != nullptr)
         iconv_close(m_converter);
 }
 
-std::string CDxfCodePage::Converted(std::string_view text) const
+std::string NamedCodePage::Converted(std::string_view text) const
 {
     if (m_converter == nullptr)
         return {};
