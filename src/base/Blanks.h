@@ -6,9 +6,10 @@ inline bool IsBlank(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-inline bool IsDigit(char character)
+template <class Character>
+bool IsDigit(Character character)
 {
-    return static_cast<unsigned char>(character - '0') < 10;
+    return character >= Character{'0'} && character <= Character{'9'};
 }
 
 inline const char* SkipBlanks(const char* at, const char* end)

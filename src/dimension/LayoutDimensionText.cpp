@@ -1,4 +1,5 @@
 // Dimension texts with the few inline codes of multi-line text that are known here.
+#include "base/Blanks.h"
 #include "dimension/CDxfDimensionDrawing.h"
 
 #include <cmath>
@@ -8,11 +9,6 @@ namespace {
 
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr float kFirstHeight = 2.0f;
-
-bool IsDigit(wchar_t character)
-{
-    return character >= L'0' && character <= L'9';
-}
 
 // The length that the width of a run is estimated from: UTF-16 units on every platform.
 double LengthInUtf16(std::wstring_view text)
