@@ -10,6 +10,9 @@
 #include <string>
 #include <unordered_map>
 
+#define DXF_DECLARE_DRAWING(number, TYPE, Callback, constness)                                               \
+    void On##Callback(constness DXF_GRAPHIC_##TYPE& record) override;
+
 // One converter draws one file. It is built for the duration of an import and reports nothing of its own:
 // missing layers and line types, and nodes of 0 from the host, fall back to defaults.
 class CDxfReadToQuillmar : public CDxfRead {
@@ -21,10 +24,7 @@ public:
     void OnBlockBegin(const DXF_BLOCKS_BLOCK& block) override;
     void OnBlockEnd(const DXF_BLOCKS_BLOCK& block) override;
     // Each draws the entities of a type.
-#define DXF_DECLARE_DRAWING(number, TYPE, Callback, constness)                                               \
-    void On##Callback(constness DXF_GRAPHIC_##TYPE& record) override;
     DXF_DRAWN_TYPES(DXF_DECLARE_DRAWING)
-#undef DXF_DECLARE_DRAWING
 
     QlmNode parentNode;
     bool drawEnabled = true;       // the callbacks draw only while this is set
@@ -34,18 +34,9 @@ public:
 
 private:
     // True if the drawing callbacks may call the host. OnLWPolyline does not ask (quirk 61).
-    bool MayDraw() const
-    {
-        return drawEnabled && parentNode != nullptr;
-    }
-    bool IsFlipped() const
-    {
-        return yAxisMode == kFlippedYAxisMode;
-    }
-    DXF_POINT2D Transform(double x, double y) const
-    {
-        return TransformPoint(x, y, scale, yAxisMode);
-    }
+    bool MayDraw() const { return drawEnabled && parentNode != nullptr; }
+    bool IsFlipped() const { return yAxisMode == kFlippedYAxisMode; }
+    DXF_POINT2D Transform(double x, double y) const { return TransformPoint(x, y, scale, yAxisMode); }
 
     // The width of an entity's stroke, scaled.
     double GetStrokeWidth(const DXF_GRAPHIC_BASE& entity);
@@ -74,3 +65,5 @@ private:
     std::unordered_map<const DXF_TABLES_LTYPE*, DXF_STRING> m_dashTexts;
     std::wstring m_points; // of the polyline that is being drawn
 };
+
+#undef DXF_DECLARE_DRAWING

@@ -43,6 +43,12 @@ enum DXF_END : int {
     DXF_END_BAD_CODE = -2,
 };
 
+// What CDxfRead has for each type.
+#define DXF_DECLARE_CALLBACK(number, TYPE, Callback, constness)                                              \
+    virtual void On##Callback(constness DXF_GRAPHIC_##TYPE& record);
+#define DXF_DECLARE_READER(number, TYPE, Callback, constness)                                                \
+    bool ReadENTITIES_##TYPE(CDxfStream& stream, DXF_ENTITY_LIST& list);
+
 // Reads a DXF file into records and then hands each record to a callback. One object reads one file.
 //
 // Every problem of the file becomes one OnError call; reading goes on where it can. A record is in its list
@@ -56,8 +62,6 @@ public:
 
     // The callbacks, empty here, one for each type that is drawn. Their order is fixed. Records are borrowed;
     // an arc's callback may normalise the record's angles in place.
-#define DXF_DECLARE_CALLBACK(number, TYPE, Callback, constness)                                              \
-    virtual void On##Callback(constness DXF_GRAPHIC_##TYPE& record);
     DXF_DIMENSION_TYPE(DXF_DECLARE_CALLBACK)
     // A problem: code is 0, or 1 for an unknown group code; kind a DXF_ERROR_KIND; message a finished text,
     // valid during the call; extra 0. The result is ignored.
@@ -65,7 +69,6 @@ public:
     virtual void OnBlockBegin(const DXF_BLOCKS_BLOCK& block);
     virtual void OnBlockEnd(const DXF_BLOCKS_BLOCK& block);
     DXF_DRAWN_TYPES_BUT_DIMENSION(DXF_DECLARE_CALLBACK)
-#undef DXF_DECLARE_CALLBACK
 
     // Reads the file at path, a zero-terminated name in the system's ANSI code page, and emits the callbacks.
     // A file that cannot be opened gives one OnError call and nothing else.
@@ -94,10 +97,7 @@ public:
 
     // The entity readers, ReadENTITIES_LINE and so on: true when the entity ended at a "0", false at the end
     // of the file and at a group-code line that is no integer.
-#define DXF_DECLARE_READER(number, TYPE, Callback, constness)                                                \
-    bool ReadENTITIES_##TYPE(CDxfStream& stream, DXF_ENTITY_LIST& list);
     DXF_DRAWN_TYPES(DXF_DECLARE_READER)
-#undef DXF_DECLARE_READER
     bool ReadENTITIES_DIMENSION_SWITCH(CDxfStream& stream, DXF_GRAPHIC_DIMENSION& dimension,
                                        std::string_view marker);
 
@@ -186,10 +186,8 @@ private:
     void SkipToENDSEC(CDxfStream& stream);
     bool SkipPairs(CDxfStream& stream, const wchar_t* message);
     void ReadBlockEntities(CDxfStream& stream, DXF_BLOCKS_BLOCK& block);
-    void CountLine()
-    {
-        lineCount = static_cast<std::int32_t>(static_cast<std::uint32_t>(lineCount) + 1);
-    } // may wrap
+    // The count may wrap.
+    void CountLine() { lineCount = static_cast<std::int32_t>(static_cast<std::uint32_t>(lineCount) + 1); }
     bool ReadCodeOfOtherLine(CDxfStream& stream, std::int32_t& code, const wchar_t* message);
     bool TakeOtherCode(std::string_view line, std::int32_t& code, const wchar_t* message);
     void ReportUnknownCode(std::int32_t code, std::string_view value, const DXF_GRAPHIC_BASE& record);
@@ -207,3 +205,6 @@ private:
     CDxfNameIndex<DXF_TABLES_LTYPE> m_lineTypes;
     bool m_areTablesIndexed = false;
 };
+
+#undef DXF_DECLARE_CALLBACK
+#undef DXF_DECLARE_READER
