@@ -216,9 +216,9 @@ def asked_for(by_name, rival_rows, wine):
 
     name, size, figures, peaks = by_name["mixed 100 MB"]
     line = figures["getline"].median
-    add("reading into records / getline loop", figures["read"].median / line, 0.8)
+    add("reading into records / getline loop", figures["read"].median / line, 0.9)
     add("whole import, idle host / getline loop", figures["import"].median / line, 1.3)
-    add("whole command, SVG on disk / getline loop", figures["command"].median / line, 4)
+    add("whole command, SVG on disk / getline loop", figures["command"].median / line, 3.8)
     add("peak memory of the import / file size", peaks["import"] / size, 1.3)
     add("peak memory of the command / file size", peaks["command"] / size, 4)
     sizes = sorted((entry for key, entry in by_name.items() if key.startswith("mixed")), key=lambda entry: entry[1])
