@@ -48,9 +48,16 @@ void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, CDxfLine line)
         SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));
 }
 
+// A member as a value whose type says which one it is: a row has it after the code, as other rows do.
+template <auto member>
+struct DXF_RARE_MEMBER {
+};
+template <auto member>
+inline constexpr DXF_RARE_MEMBER<member> kMember;
+
 // The row of a rare field that every entity may have.
 template <auto member>
-consteval DXF_FIELD<DXF_GRAPHIC_BASE> Rare(int code)
+consteval DXF_FIELD<DXF_GRAPHIC_BASE> Rare(int code, DXF_RARE_MEMBER<member>)
 {
     return {code, StoreRare<DXF_GRAPHIC_BASE, member>};
 }
