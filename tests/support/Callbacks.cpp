@@ -28,50 +28,13 @@ void CallbackReader::OnBlockEnd(const DXF_BLOCKS_BLOCK& block)
     calls.push_back("OnBlockEnd " + ToTraceText(block.m_strName));
 }
 
-void CallbackReader::OnDimension(const DXF_GRAPHIC_DIMENSION& dimension)
-{
-    Keep("OnDimension", dimension);
-}
-
-void CallbackReader::OnLine(const DXF_GRAPHIC_LINE& line)
-{
-    Keep("OnLine", line);
-}
-
-void CallbackReader::OnArc(DXF_GRAPHIC_ARC& arc)
-{
-    Keep("OnArc", arc);
-}
-
-void CallbackReader::OnCircle(const DXF_GRAPHIC_CIRCLE& circle)
-{
-    Keep("OnCircle", circle);
-}
-
-void CallbackReader::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
-{
-    Keep("OnEllipse", ellipse);
-}
-
-void CallbackReader::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
-{
-    Keep("OnLWPolyline", polyline);
-}
-
-void CallbackReader::OnText(const DXF_GRAPHIC_TEXT& text)
-{
-    Keep("OnText", text);
-}
-
-void CallbackReader::OnMText(const DXF_GRAPHIC_MTEXT& text)
-{
-    Keep("OnMText", text);
-}
-
-void CallbackReader::OnInsert(const DXF_GRAPHIC_INSERT& insert)
-{
-    Keep("OnInsert", insert);
-}
+#define KEEP_CALLBACK(number, TYPE, Callback, constness)                                                     \
+    void CallbackReader::On##Callback(constness DXF_GRAPHIC_##TYPE& entity)                                  \
+    {                                                                                                        \
+        Keep("On" #Callback, entity);                                                                        \
+    }
+DXF_DRAWN_TYPES(KEEP_CALLBACK)
+#undef KEEP_CALLBACK
 
 std::vector<std::string> CallbacksOf(std::string_view dxf)
 {

@@ -1,5 +1,6 @@
 #include "support/RecordText.h"
 
+#include "reader/EntityTypes.h"
 #include "support/RecordFields.h"
 #include "support/RecordingHost.h"
 
@@ -78,24 +79,11 @@ template <class Function>
 auto AsItsKind(const DXF_GRAPHIC_BASE& record, const Function& with)
 {
     switch (record.m_nEntityType) {
-    case DXF_ENTITY_LINE:
-        return with(static_cast<const DXF_GRAPHIC_LINE&>(record));
-    case DXF_ENTITY_ARC:
-        return with(static_cast<const DXF_GRAPHIC_ARC&>(record));
-    case DXF_ENTITY_CIRCLE:
-        return with(static_cast<const DXF_GRAPHIC_CIRCLE&>(record));
-    case DXF_ENTITY_ELLIPSE:
-        return with(static_cast<const DXF_GRAPHIC_ELLIPSE&>(record));
-    case DXF_ENTITY_LWPOLYLINE:
-        return with(static_cast<const DXF_GRAPHIC_LWPOLYLINE&>(record));
-    case DXF_ENTITY_TEXT:
-        return with(static_cast<const DXF_GRAPHIC_TEXT&>(record));
-    case DXF_ENTITY_MTEXT:
-        return with(static_cast<const DXF_GRAPHIC_MTEXT&>(record));
-    case DXF_ENTITY_INSERT:
-        return with(static_cast<const DXF_GRAPHIC_INSERT&>(record));
-    case DXF_ENTITY_DIMENSION:
-        return with(static_cast<const DXF_GRAPHIC_DIMENSION&>(record));
+#define WITH_ITS_KIND(number, TYPE, Callback, constness)                                                     \
+    case DXF_ENTITY_##TYPE:                                                                                  \
+        return with(static_cast<const DXF_GRAPHIC_##TYPE&>(record));
+        DXF_DRAWN_TYPES(WITH_ITS_KIND)
+#undef WITH_ITS_KIND
     default:
         return with(record);
     }

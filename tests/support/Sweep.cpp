@@ -14,6 +14,12 @@
 
 namespace {
 
+#define DRAW_RECORD(number, TYPE, Callback, constness)                                                       \
+    void On##Callback(constness DXF_GRAPHIC_##TYPE& record) override                                         \
+    {                                                                                                        \
+        Draw(&record, [&] { CDxfReadToQuillmar::On##Callback(record); });                                    \
+    }
+
 // Keeps what each record draws apart from the others.
 class SweptReader final : public CDxfReadToQuillmar {
 public:
@@ -67,42 +73,7 @@ public:
     {
         Draw(&block, [&] { CDxfReadToQuillmar::OnBlockEnd(block); });
     }
-    void OnDimension(const DXF_GRAPHIC_DIMENSION& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnDimension(record); });
-    }
-    void OnLine(const DXF_GRAPHIC_LINE& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnLine(record); });
-    }
-    void OnArc(DXF_GRAPHIC_ARC& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnArc(record); });
-    }
-    void OnCircle(const DXF_GRAPHIC_CIRCLE& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnCircle(record); });
-    }
-    void OnEllipse(const DXF_GRAPHIC_ELLIPSE& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnEllipse(record); });
-    }
-    void OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnLWPolyline(record); });
-    }
-    void OnText(const DXF_GRAPHIC_TEXT& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnText(record); });
-    }
-    void OnMText(const DXF_GRAPHIC_MTEXT& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnMText(record); });
-    }
-    void OnInsert(const DXF_GRAPHIC_INSERT& record) override
-    {
-        Draw(&record, [&] { CDxfReadToQuillmar::OnInsert(record); });
-    }
+    DXF_DRAWN_TYPES(DRAW_RECORD)
 
     // The calls of what follows the last record; an entity that met a shortage of memory reports it there.
     void TakeCalls()
@@ -130,6 +101,8 @@ private:
     const void* m_record = nullptr; // that draws
     std::map<const void*, std::string> m_drawn;
 };
+
+#undef DRAW_RECORD
 
 // Counts the reads of another source.
 class CountedSource final : public CDxfSource {
