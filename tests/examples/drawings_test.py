@@ -203,7 +203,7 @@ class GeneratedDrawings(Checks):
 
 
 class PairReading(unittest.TestCase):
-    """The checks above stand on this reader: it has to see what is broken."""
+    """The checks above rely on this reader: it has to see what is broken."""
 
     def test_a_value_without_its_code_is_seen(self):
         with self.assertRaises(ValueError):

@@ -1,4 +1,4 @@
-"""The public headers tell everything that they declare: Doxygen, to which a gap is an error, finds none."""
+"""The public headers explain everything that they declare: Doxygen, to which a gap is an error, finds none."""
 import argparse
 import os
 import re

@@ -1,6 +1,6 @@
 // Drawings that once broke something: x.dxf of this folder is imported into the reference host, and its
-// picture is written and read back. Its first line is 999, the code of a comment, its second tells the story.
-// What must come of it stands in x.expected: the reports, the host's counts, the elements of the picture. A
+// picture is written and read back. Its first line is 999, the code of a comment, its second is the story.
+// What must come of it is in x.expected: the reports, the host's counts, the elements of the picture. A
 // story of memory or of very many calls has a test of its own besides, with a larger drawing of its kind.
 //
 // PLEXORN_REWRITE_ISSUES=1 in the environment writes the expected texts instead of comparing them.
@@ -79,7 +79,7 @@ void CountElements(const pugi::xml_node& node, std::map<std::string, int>& count
         }
 }
 
-// How often each element stands in the picture.
+// How often each element is in the picture.
 std::string PictureOf(SvgHostDocument& document)
 {
     std::string svg;

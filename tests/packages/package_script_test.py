@@ -1,4 +1,4 @@
-"""scripts/package makes the packages, and tells what it made."""
+"""scripts/package makes the packages, and says what it made."""
 import hashlib
 import os
 import subprocess

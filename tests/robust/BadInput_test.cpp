@@ -15,7 +15,7 @@ const char* const kNotOpened = "qlmSetLastError(0, \"DXF\", 1, \"Failed to load 
 
 constexpr int kEndOfFile = 0x1A; // the byte
 
-// Its message tells that the reader came as far.
+// Its message shows that the reader came as far.
 const char* const kUnknownSection = "0\nSECTION\n2\nX\n";
 
 std::string TraceOfPath(const std::wstring& path)
@@ -224,7 +224,7 @@ TEST(BadInput, OfRandomPairsIsReadToItsEnd)
         ReportingReader reader;
         reader.ReadText(drawing);
         constexpr int kLines = 45; // of the drawing
-        // The empty line that tells the end is read at least, and by a few that do not look for it.
+        // The empty line that shows the end is read at least, and by a few that do not look for it.
         EXPECT_GE(reader.lineCount, mayHoldEOF ? 6 : kLines + 1) << drawing;
         EXPECT_LE(reader.lineCount, kLines + 10) << drawing;
         const std::string trace = TraceOf(drawing);

@@ -25,7 +25,7 @@ constexpr std::size_t kFixed = (std::size_t{128} << 10) + (std::size_t{2} << 20)
 
 // What may be taken for each byte of a file.
 constexpr std::size_t kMostMemory = 64;
-// 1e308 is written with 309 digits, in a text that its host gets in one piece: with a 0 behind it, 327
+// 1e308 is written with 309 digits, in a text that its host gets in one piece: with a 0 after it, 327
 // characters for a point of four bytes, besides the point itself in a list that doubles.
 constexpr std::size_t kMostMemoryOfFarNumbers = 82 * sizeof(wchar_t) + 16;
 

@@ -85,7 +85,7 @@ TEST(ChangingFile, ThatGrowsWithEveryMessageEndsWithThem)
     EXPECT_EQ(host.calls.size(), 10u + 1000u);
 }
 
-// Five billion zero bytes are one line, and what stands behind them is read.
+// Five billion zero bytes are one line, and what comes after them is read.
 TEST(FullHugeFile, IsReadToItsEnd)
 {
     const TempFile file("");

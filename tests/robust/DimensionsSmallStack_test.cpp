@@ -43,7 +43,7 @@ TEST(DimensionsOnASmallStack, MillionPartsOfAllKindsAndAFaultBehindThem)
     for (const std::string_view marker : kPartMarkers)
         if (marker != "AcDbDimension")
             all += Part(marker);
-    // Two messages: no integer in place of a code, and the line behind it as an unknown type.
+    // Two messages: no integer in place of a code, and the line after it as an unknown type.
     EXPECT_EQ(CallsOnSmallStack(Repeated(all, 125'000) + "x\ny\n"), 2u);
 }
 

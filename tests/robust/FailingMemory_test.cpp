@@ -89,7 +89,7 @@ void FailEachAllocation(const std::wstring& path)
     ASSERT_EQ(whole.leaked, 0u);
     ASSERT_GT(whole.allocations, 1u);
     std::set<std::string> attributes = AttributesOf(whole.trace);
-    // What an entity has that lost what stood behind the failure.
+    // What an entity has that lost what came after the failure.
     attributes.insert({", \"stroke\", \"RGB(255,255,255)\")", ", \"stroke-width\", \"0.500000\")",
                        ", \"stroke-dasharray\", \"\")", ", \"font-size\", \"5.00\")"});
 
@@ -183,7 +183,7 @@ TEST(FailingMemory, LeavesWhatWasReadBefore)
     EXPECT_GT(before, 0u);
 }
 
-// The shortage is met when the entity is drawn: those behind it are drawn whole.
+// The shortage is met when the entity is drawn: those after it are drawn whole.
 TEST(FailingMemory, WhileDrawingCostsOneEntityAlone)
 {
     const TempFile file(

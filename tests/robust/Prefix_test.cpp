@@ -1,4 +1,4 @@
-// A file may end anywhere: each drawing of the trace folder, cut behind each of its bytes.
+// A file may end anywhere: each drawing of the trace folder, cut after each of its bytes.
 #include "entities/DXF_BLOCKS_BLOCK.h"
 #include "support/Import.h"
 #include "support/TempFile.h"
@@ -45,10 +45,10 @@ struct Kept {
     std::vector<int> tables;
     std::vector<int> blocks;
     std::vector<int> entities;
-    std::int32_t lastLine = 0; // the largest line that a message tells
+    std::int32_t lastLine = 0; // the largest line that a message names
 };
 
-constexpr int kOwner = -1; // stands for a table or a block among the kinds of what they hold
+constexpr int kOwner = -1; // for a table or a block among the kinds of what they hold
 
 // The number that a message ends with.
 std::int32_t LineOf(const std::string& message)
@@ -98,7 +98,7 @@ TEST_P(Prefix, OfAnyLengthIsReadAndDrawn)
         traces.insert(TraceOf(prefix));
         ExpectSound(*traces.find(RecordingHost::OfThread().Trace()));
         if (HasFailure())
-            FAIL() << "cut behind byte " << size;
+            FAIL() << "cut after byte " << size;
     }
     EXPECT_GT(traces.size(), drawing.size() / 20) << "a drawing grows with its file";
 }
@@ -111,14 +111,14 @@ TEST_P(Prefix, KeepsTheFirstOfWhatTheWholeFileGives)
     for (std::size_t size = 0; size <= drawing.size(); ++size) {
         const std::string prefix = drawing.substr(0, size);
         const Kept kept = KeptOf(prefix);
-        ASSERT_TRUE(IsPrefix(kept.tables, whole.tables)) << "cut behind byte " << size;
-        ASSERT_TRUE(IsPrefix(kept.blocks, whole.blocks)) << "cut behind byte " << size;
-        ASSERT_TRUE(IsPrefix(kept.entities, whole.entities)) << "cut behind byte " << size;
+        ASSERT_TRUE(IsPrefix(kept.tables, whole.tables)) << "cut after byte " << size;
+        ASSERT_TRUE(IsPrefix(kept.blocks, whole.blocks)) << "cut after byte " << size;
+        ASSERT_TRUE(IsPrefix(kept.entities, whole.entities)) << "cut after byte " << size;
         const auto lineFeeds = std::count(prefix.begin(), prefix.end(), '\n');
         const auto lines = lineFeeds + (size != 0 && prefix.back() != '\n' ? 1 : 0);
-        // One line tells the end; two places read a further one without looking for it: the type name behind
-        // a section's name and the type name behind a table entry that was cut.
-        ASSERT_LE(kept.lastLine, lines + 2) << "cut behind byte " << size;
+        // One line is read to find the end; two places read a further one without looking for it: the type
+        // name after a section's name and the type name after a table entry that was cut.
+        ASSERT_LE(kept.lastLine, lines + 2) << "cut after byte " << size;
     }
 }
 

@@ -86,7 +86,7 @@ TEST(SmallStack, HoldsMistakesWithTheLongestTexts)
     const std::string longest(1023, 'x');
     EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nLINE\n100\n" + longest + "\n" +
                                 Repeat("999\n" + longest + "\n", 100) + longest + "\n0\nENDSEC\n"),
-              100u + 2 + 2 + 4); // the line behind the bad code is taken for a type name
+              100u + 2 + 2 + 4); // the line after the bad code is taken for a type name
 }
 
 TEST(SmallStack, HoldsSectionsBlocksAndGroupsInARow)

@@ -1,5 +1,5 @@
 // Every small drawing with every small fault: the import returns, nothing leaks, the work is in proportion,
-// what stands before the fault is drawn, and all that is read and reported, the fault itself and what follows
+// what comes before the fault is drawn, and all that is read and reported, the fault itself and what follows
 // it included, is what a plain reading of the same bytes gives.
 #include "support/Sweep.h"
 
@@ -107,7 +107,7 @@ void ExpectSame(const OUTCOME& outcome, const OUTCOME& expected)
 
 } // namespace
 
-// A fault that stands earlier than is said is found: in a layer, in a block, in an entity, in a message.
+// A fault earlier than is said is found: in a layer, in a block, in an entity, in a message.
 TEST(SweepItself, TellsWhatAFaultChangesBeforeItsLine)
 {
     const std::string& drawing = Drawing("groups").bytes;
@@ -169,7 +169,7 @@ TEST_P(Sweep, WithEveryLineDeletedDoubledAndSwapped)
 {
     const std::size_t step = SweepStep(3);
     DisturbEveryLine(Bytes(), step, ExpectNoFaults(0));
-    // The last line has none behind it to be swapped with.
+    // The last line has none after it to be swapped with.
     const auto lines = static_cast<std::size_t>(std::count(Bytes().begin(), Bytes().end(), '\n')) +
                        (Bytes().back() == '\n' ? 0 : 1);
     EXPECT_EQ(m_count, 3 * ((lines + step - 1) / step) - ((lines - 1) % step == 0 ? 1 : 0));
@@ -257,7 +257,7 @@ bool IsBeginning(std::string drawn, const std::string& whole)
     return whole.starts_with(drawn);
 }
 
-// How many of the first so many records are there in part only; each of them tells that memory was short.
+// How many of the first so many records are there in part only; each of them says that memory was short.
 std::size_t CountPartial(const std::vector<std::string>& drawn, const std::vector<std::string>& whole,
                          std::size_t count)
 {
@@ -267,7 +267,7 @@ std::size_t CountPartial(const std::vector<std::string>& drawn, const std::vecto
             continue;
         ++partial;
         EXPECT_TRUE(IsBeginning(drawn[i], whole[i])) << drawn[i] << "\nis no part of\n" << whole[i];
-        EXPECT_GE(CountShortages({drawn[i]}), 1u) << "nothing is told of a shortage:\n" << drawn[i];
+        EXPECT_GE(CountShortages({drawn[i]}), 1u) << "no shortage is reported:\n" << drawn[i];
     }
     return partial;
 }

@@ -23,7 +23,7 @@ void AddKinds(const DXF_ENTITY_LIST& list, std::set<int>& entities, std::set<int
     }
 }
 
-// What the calls of a trace create; each stands at the start of a line.
+// What the calls of a trace create; each is at the start of a line.
 void AddCreated(const std::string& trace, std::set<std::string>& created)
 {
     constexpr std::string_view kCreate = "qlmCreate";

@@ -1,5 +1,5 @@
 // Files whose reads are short, interrupted or fail, as those of a network's folders are: the test program's
-// own read stands before the system's.
+// own read takes the place of the system's.
 #include "entry/dxfFileOpen.h"
 #include "support/Import.h"
 #include "support/RecordingHost.h"
@@ -35,7 +35,7 @@ std::string TraceOfReads(const TempFile& file, READS plan)
     reads = &plan;
     EXPECT_TRUE(dxfFileOpen(path.c_str(), RecordingHost::Context()));
     reads = nullptr;
-    EXPECT_GT(plan.count, 0u) << "the file is read by the function that stands here";
+    EXPECT_GT(plan.count, 0u) << "the file is read by the function in this file";
     return RecordingHost::OfThread().Trace();
 }
 
@@ -79,7 +79,7 @@ TEST(SystemReads, ThatAreShortOrInterruptedChangeNothing)
     }
 }
 
-// A drawing whose file fails behind a byte is the drawing up to there, and one message.
+// A drawing whose file fails after a byte is the drawing up to there, and one message.
 TEST(SystemReads, ThatFailBehindAnyByteAreReported)
 {
     const std::string failed = "qlmSetLastError(0, \"DXF\", 11, \"CDxfRead Failed to read file, Line:";

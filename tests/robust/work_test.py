@@ -2,7 +2,7 @@
 
     work_test.py --program TESTS [--filter Work.*]
 
-The program tells through support/CountedWork.h what it runs: a label, a size and how many steps were made. Counts are
+The program says through support/CountedWork.h what it runs: a label, a size and how many steps were made. Counts are
 the same on a busy machine.
 """
 import argparse

@@ -9,7 +9,7 @@
 struct HOSTILE_PATTERN {
     std::string name;
     std::string first;
-    std::string repeated; // "{n}" stands for the number of the repetition
+    std::string repeated; // "{n}" becomes the number of the repetition
     std::string middle;
     std::string second; // repeated too, over half of the drawing; empty for none
     std::string last;

@@ -30,7 +30,7 @@ inline std::int32_t ModelInteger(std::string_view text)
     return static_cast<std::int32_t>(std::clamp(number, least, most));
 }
 
-// Whether "%d" finds a number, and which; outside 32 bits it wraps. Up to 18 digits strtoll tells its value,
+// Whether "%d" finds a number, and which; outside 32 bits it wraps. Up to 18 digits strtoll gives its value,
 // beyond that the last of them do: ten to the 32nd power is a multiple of two to the 32nd.
 inline bool ModelCode(std::string_view text, std::int32_t& code)
 {

@@ -280,12 +280,12 @@ void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAU
         if (i % step != 0)
             continue;
         const std::string before = drawing.substr(0, begin);
-        const std::string line(lines[i]), behind = drawing.substr(begin + line.size());
+        const std::string line(lines[i]), after = drawing.substr(begin + line.size());
         const std::int32_t number = static_cast<std::int32_t>(i) + 1;
-        on({before + behind, number});
-        on({before + line + line + behind, number + 1});
+        on({before + after, number});
+        on({before + line + line + after, number + 1});
         if (i + 1 < lines.size())
-            on({before + std::string(lines[i + 1]) + line + behind.substr(lines[i + 1].size()), number});
+            on({before + std::string(lines[i + 1]) + line + after.substr(lines[i + 1].size()), number});
     }
 }
 

@@ -130,7 +130,7 @@ TEST(Elements, GroupInASymbolStandsInTheSymbol)
 
 namespace {
 
-// Thousands of lines, numbered in x1, in groups within groups; more follow behind a group that ends.
+// Thousands of lines, numbered in x1, in groups within groups; more follow after a group that ends.
 void AddNestedLines(const HostDocument& document, int& number, int depth)
 {
     const QlmNode outside = qlmGetCurrentSvgNode(document.Context());

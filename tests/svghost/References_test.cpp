@@ -311,7 +311,7 @@ TEST(Unfolding, ChainOfAHundredThousandIsCutIntoShortOnes)
     const ParsedSvg svg(document);
     EXPECT_EQ(document.Statistics().missingSymbols, 1u);
     EXPECT_EQ(document.Statistics().unboundedUses, static_cast<std::size_t>(kLength / 100 - 1));
-    // Symbols stand in the order of creation: the longest run of links is the depth that is drawn.
+    // Symbols come in the order of creation: the longest run of links is the depth that is drawn.
     int longest = 0;
     int run = 0;
     for (const pugi::xml_node symbol : svg.Definitions().children("symbol")) {

@@ -38,7 +38,7 @@ double Millimetres(const std::string& text, const char* side)
     return std::stod(value);
 }
 
-// What stands between the root's start and end tags.
+// What is between the root's start and end tags.
 std::string Inside(const std::string& text)
 {
     const std::size_t start = text.find('>', text.find("<svg")) + 1;

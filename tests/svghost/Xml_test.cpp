@@ -108,7 +108,7 @@ TEST(Xml, ControlCharactersAreReplaced)
     const HostDocument document;
     document.Set(document.Line(0, 0, 1, 1), L"odd", text.c_str());
     EXPECT_EQ(ParsedSvg(document).First("line").attribute("data-odd").value(), expected);
-    // No XML reader tells a carriage return in a text from a line feed.
+    // XML readers take a carriage return in a text for a line feed.
     std::replace(expected.begin(), expected.end(), '\r', '\n');
     EXPECT_EQ(TextWritten(text), expected);
 }

@@ -12,7 +12,7 @@ std::wstring Wide(std::string_view narrow)
     std::wstring wide(narrow.size() + 1, L'#');
     const std::size_t size = ToWide(narrow, wide.data());
     EXPECT_LE(size, narrow.size());
-    EXPECT_EQ(wide[narrow.size()], L'#') << "written behind the room";
+    EXPECT_EQ(wide[narrow.size()], L'#') << "written past the room";
     return wide.substr(0, size);
 }
 

@@ -38,7 +38,7 @@ bool IsCharacter(std::uint32_t value)
     return value <= 0x10FFFF && (value < 0xD800 || value > 0xDFFF);
 }
 
-// The character that a whole sequence stands for: the one whose sequence it is.
+// The character of a whole sequence: the one whose sequence it is.
 std::optional<wchar_t> CharacterOf(std::string_view sequence)
 {
     static constexpr std::uint32_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};

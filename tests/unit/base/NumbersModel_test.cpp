@@ -108,7 +108,7 @@ void ExpectAgreement(double value)
     ASSERT_EQ(Actual(FormatGeneral, value), ModelFormat("%g", value));
 }
 
-// The bits tell -0 from 0.
+// The bits, because -0 and 0 compare equal.
 std::uint64_t Bits(double value)
 {
     return std::bit_cast<std::uint64_t>(value);

@@ -50,9 +50,9 @@ TEST(StoreRoom, BlockBehindWhichSomethingStandsIsNotShrunk)
 {
     CDxfStore store;
     char* const block = static_cast<char*>(store.Allocate(1000));
-    char* const behind = static_cast<char*>(store.Allocate(8));
+    char* const next = static_cast<char*>(store.Allocate(8));
     EXPECT_FALSE(store.Shrink(block, 1000, 104));
-    EXPECT_EQ(store.Allocate(8), behind + 8);
+    EXPECT_EQ(store.Allocate(8), next + 8);
 }
 
 TEST(StoreRoom, BlockOfAChunkOfItsOwnAndNoBlockAreNotShrunk)
@@ -72,11 +72,11 @@ TEST(StoreRoom, ShrunkListGivesItsRoomAndCanStillGrow)
     for (int i = 0; i < 5; ++i)
         list.Add(store, i); // room for eight
     list.Shrink(store);
-    double* const behind = static_cast<double*>(store.Allocate(sizeof(double)));
-    EXPECT_EQ(behind, list.begin() + 5);
-    *behind = -1;
+    double* const next = static_cast<double*>(store.Allocate(sizeof(double)));
+    EXPECT_EQ(next, list.begin() + 5);
+    *next = -1;
     list.Add(store, 5);
-    EXPECT_EQ(*behind, -1);
+    EXPECT_EQ(*next, -1);
     EXPECT_EQ(std::vector<double>(list.begin(), list.end()), (std::vector<double>{0, 1, 2, 3, 4, 5}));
 }
 
@@ -133,7 +133,7 @@ TEST(StoreRoom, OtherLargeBlocksStayWhenOneIsOutgrown)
 }
 
 // Of so many names of one length about eighteen pairs have the same hash of 32 bits. They differ in their
-// first eight bytes, in the eight behind them, or behind those.
+// first eight bytes, in the eight after them, or after those.
 TEST(StoreRoom, NamesOfTheSameHashAreKeptApart)
 {
     constexpr int kNames = 400'000;

@@ -334,8 +334,8 @@ TEST(DimensionText, NestedPositionsAreNarrowedEachTime)
               Pieces({{"AA", "16777216, 0"}, {"B}", "16777218, 0"}}));
 }
 
-// At 30 degrees 0.8 x cos 30 is 0.69282033..., and what is left of it at -0.69282032f tells a double cosine
-// from a narrowed one.
+// At 30 degrees 0.8 x cos 30 is 0.69282033..., and what is left of it at -0.69282032f shows whether the
+// cosine was a double or narrowed.
 TEST(DimensionText, CosineIsNotNarrowed)
 {
     EXPECT_EQ(Laid(L"A\\S1/", {-0.6928203f, 0.0f, 30.0f}),

@@ -20,7 +20,7 @@ namespace {
 
 std::atomic<int> signalsTaken;
 
-// Comes back when a thread waits for something, where the system tells: the letter after its name is then S.
+// Returns when the thread waits for something, if the system shows it: the letter after its name is then S.
 void WaitUntilAsleep(pid_t thread)
 {
     const std::string path = "/proc/self/task/" + std::to_string(thread) + "/stat";

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr std::size_t kBlockRead = std::size_t{128} << 10; // what the stream asks a source for at once
-constexpr int kReadsBehindTheEnd = 3;
+constexpr int kReadsAfterTheEnd = 3;
 
 struct ReadLine {
     std::string text;
@@ -27,12 +27,12 @@ std::ostream& operator<<(std::ostream& out, const ReadLine& line)
     return out << testing::PrintToString(line.text) << (line.eof ? " and end of file" : "");
 }
 
-// Reads as the standard library does, and some lines more behind the end.
+// Reads as the standard library does, and some lines more after the end.
 std::vector<ReadLine> Expected(std::string_view bytes)
 {
     StreamModel stream(bytes);
     std::vector<ReadLine> lines;
-    for (int behind = 0; behind < kReadsBehindTheEnd; behind += stream.eof()) {
+    for (int after = 0; after < kReadsAfterTheEnd; after += stream.eof()) {
         const std::string text(stream.getline());
         lines.push_back({text, stream.eof()});
         EXPECT_FALSE(stream.WasCut());
@@ -44,7 +44,7 @@ std::vector<ReadLine> Actual(CDxfSource& source)
 {
     CDxfStream stream(source);
     std::vector<ReadLine> lines;
-    for (int behind = 0; behind < kReadsBehindTheEnd; behind += stream.eof()) {
+    for (int after = 0; after < kReadsAfterTheEnd; after += stream.eof()) {
         const std::string text(stream.getline());
         lines.push_back({text, stream.eof()});
         EXPECT_FALSE(stream.HasTrouble());
