@@ -64,7 +64,7 @@ typedef struct SvgHostStatistics {
     size_t unboundedUses;  /**< use elements left out because the drawing would unfold without end, or too
                                 far for a viewer to show it in reasonable time */
     size_t undrawableElements;  /**< elements left out because a number of theirs is infinite, not a number,
-                                     beyond a 32-bit float, or missing where one must stand, or because their
+                                     beyond a 32-bit float, or missing where there must be one, or because their
                                      scale is 0 or multiplies up beyond reason */
     size_t longDashPatterns;    /**< elements drawn solid because their dash pattern has more than 512
                                      characters, some fifty lengths: each element repeats its pattern in the
@@ -101,8 +101,8 @@ QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t ind
 /** Lets the document have at most so many elements, symbols and groups included; 0, as at first: any number.
  * From then on a creating operation gives 0 and takes no memory while there are as many, the ones that came
  * before this call counted; none of them is removed, however many there are. What is ignored is counted.
- * Places stay as they are: what is created after an ignored group or symbol has ended stands where it would
- * stand anyway. NULL is allowed. */
+ * Places stay as they are: what is created after an ignored group or symbol has ended goes where it would
+ * go anyway. NULL is allowed. */
 QUILLMARLIB_API void svgHostLimitElements(SvgHostDocument* document, size_t most);
 
 /** What svgHostOnError calls: user is what was given there. The error and its message are good during the
@@ -114,7 +114,7 @@ typedef void (*SvgHostErrorFunction)(void* user, const SvgHostError* error);
  * kept before stay. A broken drawing can bring millions of reports: this way they take no memory. */
 QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user);
 
-/** Lays the picture out (view box, references) and tells what was met. False, and then nothing in statistics
+/** Lays the picture out (view box, references) and says what was met. False, and then nothing in statistics
  * can be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL.
  */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
@@ -126,7 +126,7 @@ typedef struct SvgHostViewBox {
     double y;      /**< its upper side; y grows downwards */
     double width;  /**< more than 0 */
     double height; /**< more than 0 */
-    bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above tell nothing then */
+    bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above mean nothing then */
 } SvgHostViewBox;
 
 /** Lays the picture out and gives its view box. False, and then nothing in viewBox can be relied on, when

@@ -85,7 +85,7 @@ void Collector::BeginEntity(std::string_view name)
     m_marked = false;
 }
 
-// The reader takes such a record to last until its marker, whatever stands before it.
+// The reader takes such a record to last until its marker, whatever comes before it.
 bool Collector::NeedsMarker() const
 {
     return m_record == Record::Layer || m_record == Record::LineType || m_record == Record::BlockRecord ||
@@ -238,7 +238,7 @@ void Collector::TakeEntity(int code, std::string_view value)
     switch (code) {
     case 1:
     case 3:
-        // A long MTEXT stands in several pieces. A dimension's group 3 is its style.
+        // A long MTEXT comes in several pieces. A dimension's group 3 is its style.
         if (m_withTexts && (code == 1 || m_type == "MTEXT"))
             m_text += value;
         break;

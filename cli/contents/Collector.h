@@ -1,4 +1,4 @@
-// Counts what the pairs of a drawing tell.
+// Counts what the pairs of a drawing hold.
 #pragma once
 
 #include "cli/contents/DrawingInfo.h"

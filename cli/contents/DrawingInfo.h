@@ -98,7 +98,7 @@ struct DrawingInfo {
     Named<TypeInfo> types;
     std::vector<TextInfo> texts;
     std::uint64_t hiddenEntities = 0; // by their own flag
-    std::uint64_t oddLines = 0;       // where a group code belongs and none stands
+    std::uint64_t oddLines = 0;       // that should hold a group code and do not
     std::uint64_t firstOddLine = 0;
     std::uint64_t otherTexts = 0;     // pieces of text that are not UTF-8
     std::uint64_t firstOtherText = 0; // the line of the first one

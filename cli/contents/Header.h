@@ -18,7 +18,7 @@ struct Header {
     std::string version;            // $ACADVER
     std::string codePage;           // $DWGCODEPAGE
     std::optional<int> units;       // $INSUNITS
-    std::string unitsText;          // its digits as they stand: units may be the nearest int alone
+    std::string unitsText;          // its digits as written: units may be the nearest int alone
     std::optional<int> measurement; // $MEASUREMENT
     std::optional<HeaderPoint> extentsMin, extentsMax;
     std::optional<HeaderPoint> limitsMin, limitsMax;

@@ -91,8 +91,8 @@ std::size_t MostElements(const fs::path& drawing)
     return static_cast<std::size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<std::size_t>::max()));
 }
 
-// Why the module could not open a file that the command could. The module tells no reason, but whoever tries
-// again meets the same one; otherwise stands for any other.
+// Why the module could not open a file that the command could. The module gives no reason, but whoever tries
+// again meets the same one; otherwise is the text for any other.
 std::string WhyNotOpened(const fs::path& path, const char* otherwise)
 {
     const FilePointer again(OpenForReading(path), std::fclose);
@@ -179,7 +179,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         throw std::bad_alloc();
     const double unit = sizing.unit ? sizing.unit->millimetres : 0;
     const std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
-    // An interruption ends the process as soon as nothing is written any more; there is nothing to tell.
+    // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;
     if (!reason.empty())

@@ -21,7 +21,7 @@ public:
     // The target that is the standard output.
     static constexpr const char* kStandardOutput = "-";
 
-    // Opens the file; Error tells when that failed.
+    // Opens the file; Error says why if that failed.
     explicit OutputFile(const std::filesystem::path& target);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;

@@ -14,7 +14,7 @@ namespace plexorn {
 
 using FilePointer = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-// The drawing that a name stands for: a file, or what the standard input brings. It has been looked at: while
+// The drawing that a name means: a file, or what the standard input brings. It has been looked at: while
 // Reason is empty, it can be read and may well be an ASCII DXF.
 class Source {
 public:

@@ -7,7 +7,7 @@
 
 namespace plexorn {
 
-// How many bytes from the start of a file are enough to tell.
+// How many bytes from the start of a file are enough to decide.
 inline constexpr std::size_t kSniffedSize = 4096;
 
 // Why the file that begins with head (its first SniffedSize bytes, fewer when it is shorter) is no ASCII

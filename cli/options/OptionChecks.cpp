@@ -38,7 +38,7 @@ bool IsFetched(std::string_view function)
     return true;
 }
 
-// rgb(...), hsl(...) and their like; what stands in the parentheses is the viewer's to judge.
+// rgb(...), hsl(...) and their like; what is in the parentheses is for the viewer to judge.
 bool IsColourFunction(std::string_view text)
 {
     const std::size_t parenthesis = text.find('(');

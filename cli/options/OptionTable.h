@@ -19,7 +19,7 @@ using OptionTarget =
 
 struct OptionRow {
     std::string_view names; // "-o,--output"
-    std::string_view value; // what stands for the value in the help; empty for a flag
+    std::string_view value; // the word for the value in the help; empty for a flag
     std::string_view help;
     OptionTarget target{};
     // Why a text cannot be the value; empty when it can.

@@ -9,7 +9,7 @@
 
 namespace plexorn {
 
-// The name that stands for the standard input or output.
+// The name of the standard input or output.
 inline constexpr const char* kStandardStream = "-";
 
 // A command line that cannot be followed.

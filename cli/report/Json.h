@@ -27,7 +27,7 @@ public:
         return Raw(std::to_string(number));
     }
 
-    // A number that stands as its digits already.
+    // A number that is written as digits already.
     Json& Digits(std::string_view digits) { return Raw(digits); }
 
     // A member of the object that is open.

@@ -51,7 +51,7 @@ std::size_t DrawnElements(const SvgHostStatistics& statistics)
     return statistics.elements - leftOut;
 }
 
-// Four digits tell a size well enough.
+// Four digits are enough for a size.
 std::string Rounded(double number)
 {
     char text[32];

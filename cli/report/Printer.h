@@ -26,7 +26,7 @@ public:
     void Print(std::size_t number, std::string_view lines);
     // Drawing number has nothing more to say.
     void End(std::size_t number, bool hasFailed);
-    // Prints lines behind those of all drawings, which have ended.
+    // Prints lines after those of all drawings, which have ended.
     void Close(std::string_view lines);
     // Whether something could not be printed.
     bool IsAnyLost();

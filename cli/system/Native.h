@@ -61,7 +61,7 @@ private:
     std::string m_error;
 };
 
-// Appends what stands on the standard input to out, bytes as they are, until its end or until out returns
+// Appends the standard input to out, bytes as they are, until its end or until out returns
 // false; the result is errno, 0 when nothing failed.
 int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out);
 
@@ -76,7 +76,7 @@ std::FILE* CreateNew(const std::filesystem::path& path, const std::filesystem::p
 // Brings what was written and flushed to the disk; false with errno set when that fails.
 bool SyncToDisk(std::FILE* file);
 
-// Whether path stands for something that a process has open already, such as /dev/stdout.
+// Whether path means something that a process has open already, such as /dev/stdout.
 bool NamesOpenFile(const std::filesystem::path& path);
 
 // Whether what is written to stream is shown on a terminal that understands control sequences.

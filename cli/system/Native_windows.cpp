@@ -99,7 +99,7 @@ int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t si
     }
 }
 
-// The file has a name, which an interruption must not leave behind: it waits until the file is removed.
+// The file has a name, which an interruption must not leave: it waits until the file is removed.
 InputCopy::InputCopy() : m_guard(std::in_place), m_path(TemporaryFile())
 {
     m_file = m_path.empty() ? nullptr : Open(m_path, _O_WRONLY | _O_TRUNC, L"wb");
