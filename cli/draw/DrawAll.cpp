@@ -139,7 +139,8 @@ ExitCode DrawAll(const Options& options)
         const std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
         printer.Close(total + "\n");
     }
-    // Programs that read the objects rely on them: a drawing without one would count as drawn without a message.
+    // Programs that read the objects rely on them: a drawing without one would count as drawn without a
+    // message.
     if (style.isJson && printer.IsAnyLost())
         return ExitCode::File;
     return CodeFor(batch, jobs.size(), options.isStrict);
