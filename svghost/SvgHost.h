@@ -65,7 +65,7 @@ typedef struct SvgHostStatistics {
                                 far for a viewer to show it in reasonable time */
     size_t undrawableElements;  /**< elements left out because a number of theirs is infinite, not a number,
                                      beyond a 32-bit float, or missing where there must be one, or because
-                                   their  scale is 0 or multiplies up beyond reason */
+                                     their scale is 0 or multiplies up beyond reason */
     size_t longDashPatterns;    /**< elements drawn solid because their dash pattern has more than 512
                                      characters, some fifty lengths: each element repeats its pattern in the
                                      file */
