@@ -27,7 +27,7 @@ namespace {
 constexpr std::size_t kNumbers = 200'000;
 
 // Numbers of one kind: as doubles, and as the lines that a drawing holds of them.
-struct NUMBERS {
+struct Numbers {
     const char* name;
     std::vector<double> values;
     PaddedText text;
@@ -35,7 +35,7 @@ struct NUMBERS {
 };
 
 template <class Make>
-NUMBERS MakeNumbers(const char* name, const Make& make)
+Numbers MakeNumbers(const char* name, const Make& make)
 {
     std::mt19937_64 random(1);
     std::vector<double> values;
@@ -52,14 +52,14 @@ NUMBERS MakeNumbers(const char* name, const Make& make)
         lines += line + "\n";
         ends.push_back(lines.size());
     }
-    NUMBERS numbers{name, std::move(values), PaddedText(lines), {}};
+    Numbers numbers{name, std::move(values), PaddedText(lines), {}};
     for (std::size_t i = 0; i < kNumbers; ++i)
         numbers.lines.push_back(numbers.text.Line(ends[i], ends[i + 1] - ends[i] - 1));
     return numbers;
 }
 
 // Coordinates of all digits, measures of few, and what a drawing without depth repeats.
-std::array<NUMBERS, 3> MakeAllNumbers()
+std::array<Numbers, 3> MakeAllNumbers()
 {
     const auto between = [](double low, double high) {
         return [=](auto& random) { return std::uniform_real_distribution<double>(low, high)(random); };
@@ -89,35 +89,35 @@ char* StandardWrite(double value, char* out)
 }
 
 // What a loop over numbers adds up to, so that no conversion is left out.
-using SUM = std::uint64_t;
+using Sum = std::uint64_t;
 
 template <double (*read)(CDxfLine)>
-SUM ReadAll(const NUMBERS& numbers)
+Sum ReadAll(const Numbers& numbers)
 {
-    SUM sum = 0;
+    Sum sum = 0;
     for (const CDxfLine line : numbers.lines)
         sum = sum * 31 + std::bit_cast<std::uint64_t>(read(line));
     return sum;
 }
 
 template <char* (*write)(double, char*)>
-SUM WriteAll(const NUMBERS& numbers)
+Sum WriteAll(const Numbers& numbers)
 {
-    SUM sum = 0;
+    Sum sum = 0;
     char text[kLongestNumber];
     for (const double value : numbers.values) {
         const char* const end = write(value, text);
-        sum = sum * 31 + static_cast<SUM>(end - text) * 256 + static_cast<unsigned char>(end[-1]);
+        sum = sum * 31 + static_cast<Sum>(end - text) * 256 + static_cast<unsigned char>(end[-1]);
     }
     return sum;
 }
 
-struct CONVERSION {
+struct Conversion {
     const char* name;
-    SUM (*ours)(const NUMBERS&);
-    SUM (*standard)(const NUMBERS&);
+    Sum (*ours)(const Numbers&);
+    Sum (*standard)(const Numbers&);
 };
-constexpr CONVERSION kConversions[] = {
+constexpr Conversion kConversions[] = {
     {"ParseLineReal / std::from_chars", ReadAll<ParseLineReal>, ReadAll<StandardRead>},
     {"ParseReal / std::from_chars", ReadAll<PlainRead>, ReadAll<StandardRead>},
     {"FormatFixed6 / std::to_chars", WriteAll<FormatFixed6>, WriteAll<StandardWrite>},
@@ -129,7 +129,7 @@ constexpr CONVERSION kConversions[] = {
     std::exit(1);
 }
 
-void CheckAnswers(const NUMBERS& numbers)
+void CheckAnswers(const Numbers& numbers)
 {
     for (std::size_t i = 0; i < kNumbers; ++i) {
         const CDxfLine line = numbers.lines[i];
@@ -145,12 +145,12 @@ void CheckAnswers(const NUMBERS& numbers)
 }
 
 // Nanoseconds for one number, in ascending order.
-struct FIGURES {
+struct Figures {
     std::vector<double> rounds;
     double Median() const { return rounds[rounds.size() / 2]; }
 };
 
-double TimeOf(SUM (*run)(const NUMBERS&), const NUMBERS& numbers, SUM& sum)
+double TimeOf(Sum (*run)(const Numbers&), const Numbers& numbers, Sum& sum)
 {
     const auto start = std::chrono::steady_clock::now();
     sum = run(numbers);
@@ -158,11 +158,11 @@ double TimeOf(SUM (*run)(const NUMBERS&), const NUMBERS& numbers, SUM& sum)
            static_cast<double>(kNumbers);
 }
 
-void Time(const CONVERSION& conversion, const NUMBERS& numbers, int runs)
+void Time(const Conversion& conversion, const Numbers& numbers, int runs)
 {
-    FIGURES ours, standard;
+    Figures ours, standard;
     for (int run = 0; run <= runs; ++run) { // the first is not counted
-        SUM sums[2];
+        Sum sums[2];
         const double times[] = {TimeOf(conversion.ours, numbers, sums[0]),
                                 TimeOf(conversion.standard, numbers, sums[1])};
         if (sums[0] != sums[1])
@@ -190,13 +190,13 @@ int main(int argc, char** argv)
         runs = std::max(1, std::atoi(argv[2]));
     else if (argc != 1)
         Fail("usage: plexorn_number_bench [--runs N]");
-    const std::array<NUMBERS, 3> all = MakeAllNumbers();
-    for (const NUMBERS& numbers : all)
+    const std::array<Numbers, 3> all = MakeAllNumbers();
+    for (const Numbers& numbers : all)
         CheckAnswers(numbers);
     std::printf("%-12s %-32s %7s %7s %8s %14s %6s\n", "numbers", "conversion / standard", "ns", "std ns",
                 "M/s", "spread", "ratio");
-    for (const NUMBERS& numbers : all)
-        for (const CONVERSION& conversion : kConversions)
+    for (const Numbers& numbers : all)
+        for (const Conversion& conversion : kConversions)
             Time(conversion, numbers, runs);
     return 0;
 }

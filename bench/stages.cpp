@@ -27,14 +27,14 @@
 namespace {
 
 // What a stage found: lines of the file, or records or host calls.
-using ANSWER = std::size_t;
+using Answer = std::size_t;
 
-ANSWER FindLineEnds(const char* path)
+Answer FindLineEnds(const char* path)
 {
     constexpr std::size_t kSize = std::size_t{128} << 10;
     const std::unique_ptr<char[]> buffer(new char[kSize]);
     CDxfFile file(path);
-    ANSWER lines = 0;
+    Answer lines = 0;
     for (std::ptrdiff_t size; (size = file.Read(buffer.get(), kSize)) > 0;) {
         const char* at = buffer.get();
         const char* const end = at + size;
@@ -46,24 +46,24 @@ ANSWER FindLineEnds(const char* path)
     return lines;
 }
 
-ANSWER CountLines(const char* path)
+Answer CountLines(const char* path)
 {
     std::ifstream file(path);
     char line[1024];
-    ANSWER lines = 0;
+    Answer lines = 0;
     while (file.getline(line, sizeof(line)))
         ++lines;
     return lines;
 }
 
-ANSWER ReadRecords(const char* path)
+Answer ReadRecords(const char* path)
 {
     CDxfRead reader;
     reader.ReadDxfFile(path);
-    return static_cast<ANSWER>(reader.lineCount);
+    return static_cast<Answer>(reader.lineCount);
 }
 
-ANSWER Import(const char* path)
+Answer Import(const char* path)
 {
     static char context;
     const std::wstring wide(path, path + std::strlen(path));
@@ -71,21 +71,21 @@ ANSWER Import(const char* path)
     return TakeIdleHostCalls();
 }
 
-struct STAGE {
+struct Stage {
     const char* name;
-    ANSWER (*run)(const char* path);
+    Answer (*run)(const char* path);
 };
-constexpr std::array<STAGE, 4> kStages = {
+constexpr std::array<Stage, 4> kStages = {
     {{"ends", FindLineEnds}, {"getline", CountLines}, {"read", ReadRecords}, {"import", Import}}};
 
-double SecondsOf(const STAGE& stage, const char* path, ANSWER& answer)
+double SecondsOf(const Stage& stage, const char* path, Answer& answer)
 {
     const auto start = std::chrono::steady_clock::now();
     answer = stage.run(path);
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-struct FIGURES {
+struct Figures {
     std::vector<double> seconds;
     double Median() const { return seconds[seconds.size() / 2]; }
 };
@@ -98,7 +98,7 @@ struct FIGURES {
 
 // The line counts of the first three stages agree (the reader may stop at an "EOF" before the last
 // line), and the import calls the host.
-void CheckAnswers(const std::array<ANSWER, 4>& answers)
+void CheckAnswers(const std::array<Answer, 4>& answers)
 {
     if (answers[0] == 0 || answers[0] != answers[1])
         Fail("the yardsticks count different lines");
@@ -110,11 +110,11 @@ void CheckAnswers(const std::array<ANSWER, 4>& answers)
 
 void RunAllStages(const char* path, int runs)
 {
-    std::array<FIGURES, 4> figures;
-    std::array<ANSWER, 4> first{};
+    std::array<Figures, 4> figures;
+    std::array<Answer, 4> first{};
     for (int run = 0; run <= runs; ++run)
         for (std::size_t i = 0; i < kStages.size(); ++i) {
-            ANSWER answer = 0;
+            Answer answer = 0;
             const double seconds = SecondsOf(kStages[i], path, answer);
             if (run == 0)
                 first[i] = answer;
@@ -125,7 +125,7 @@ void RunAllStages(const char* path, int runs)
             else if (i + 1 == kStages.size())
                 CheckAnswers(first);
         }
-    for (FIGURES& figure : figures)
+    for (Figures& figure : figures)
         std::sort(figure.seconds.begin(), figure.seconds.end());
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     const double megabytes = static_cast<double>(file.tellg()) / 1e6;
@@ -138,9 +138,9 @@ void RunAllStages(const char* path, int runs)
 
 void RunOneStage(const char* path, std::string_view name)
 {
-    for (const STAGE& stage : kStages)
+    for (const Stage& stage : kStages)
         if (stage.name == name) {
-            ANSWER answer = 0;
+            Answer answer = 0;
             const double seconds = SecondsOf(stage, path, answer);
             std::printf("%s answer %zu seconds %.4f peak %zu\n", stage.name, answer, seconds, PeakMemory());
             return;

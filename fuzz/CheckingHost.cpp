@@ -12,24 +12,24 @@
 
 namespace {
 
-enum class KIND : std::uint8_t { Line, Path, Circle, Ellipse, Polyline, Polygon, Text, Use, Symbol, Group };
+enum class Kind : std::uint8_t { Line, Path, Circle, Ellipse, Polyline, Polygon, Text, Use, Symbol, Group };
 
 // How far a group has come: the current node is asked for, set to the group, and set back.
-enum class GROUP { None, Begun, Open };
+enum class Group { None, Begun, Open };
 
 constexpr int kKinds = 13; // of reports, 0 among them
 
-struct STATE {
-    CheckingHost::ANSWERS answers;
-    std::vector<KIND> nodes;
+struct State {
+    CheckingHost::Answers answers;
+    std::vector<Kind> nodes;
     QlmNode current = nullptr;
     QlmNode outer = nullptr; // what was current before the group that is open
-    GROUP group = GROUP::None;
+    Group group = Group::None;
     std::uint64_t calls = 0;
     std::array<std::size_t, kKinds> reports{};
 };
 
-STATE state;
+State state;
 char contextNode;
 
 void Mix(std::uint64_t value)
@@ -62,7 +62,7 @@ QlmNode HandleOf(std::size_t number)
 }
 
 // The kind of a node that was given out.
-KIND KindOf(QlmNode node)
+Kind KindOf(QlmNode node)
 {
     const std::uintptr_t value = reinterpret_cast<std::uintptr_t>(node);
     FuzzRequire(value % kHandle == 1 && value / kHandle >= 1 && value / kHandle <= state.nodes.size(),
@@ -83,14 +83,14 @@ void RequireText(const wchar_t* text)
 
 // What every creating operation has to hold to.
 template <class... Zeros>
-QlmNode Create(KIND kind, QlmNode context, const wchar_t* id, Zeros... zeros)
+QlmNode Create(Kind kind, QlmNode context, const wchar_t* id, Zeros... zeros)
 {
     const FailingMemory::Pause pause; // memory fails the module, not its host
     RequireContext(context);
     FuzzRequire(id != nullptr && *id == L'\0', "the identifier is empty");
     FuzzRequire(((zeros == 0) && ...), "a number that is always 0 is 0");
     Mix(static_cast<std::uint64_t>(kind));
-    if (state.answers.refusesAll || (kind == KIND::Symbol && state.answers.refusesSymbols))
+    if (state.answers.refusesAll || (kind == Kind::Symbol && state.answers.refusesSymbols))
         return nullptr;
     state.nodes.push_back(kind);
     return HandleOf(state.nodes.size());
@@ -102,16 +102,16 @@ bool IsArrow(std::wstring_view name)
            name == L"pg-end-arrow-size";
 }
 
-bool IsStyled(KIND kind)
+bool IsStyled(Kind kind)
 {
-    return kind != KIND::Text && kind != KIND::Use && kind != KIND::Symbol && kind != KIND::Group;
+    return kind != Kind::Text && kind != Kind::Use && kind != Kind::Symbol && kind != Kind::Group;
 }
 
 // Whether an element of the kind may have the attribute with that value.
-bool IsAttributeOf(KIND kind, std::wstring_view name, std::wstring_view value)
+bool IsAttributeOf(Kind kind, std::wstring_view name, std::wstring_view value)
 {
     if (name == L"stroke")
-        return (IsStyled(kind) || kind == KIND::Text) && IsColour(value);
+        return (IsStyled(kind) || kind == Kind::Text) && IsColour(value);
     if (name == L"stroke-width")
         return IsStyled(kind) && (value == L"1" || IsPositiveFixed6(value));
     if (name == L"stroke-dasharray")
@@ -119,21 +119,21 @@ bool IsAttributeOf(KIND kind, std::wstring_view name, std::wstring_view value)
     if (name == L"visibility")
         return IsStyled(kind) && value == L"hidden";
     if (name == L"fill-opacity")
-        return (kind == KIND::Circle || kind == KIND::Ellipse || kind == KIND::Polygon) && value == L"0";
+        return (kind == Kind::Circle || kind == Kind::Ellipse || kind == Kind::Polygon) && value == L"0";
     if (name == L"center-x" || name == L"center-y")
-        return (kind == KIND::Ellipse || kind == KIND::Path) && IsFixed(value, 6);
+        return (kind == Kind::Ellipse || kind == Kind::Path) && IsFixed(value, 6);
     if (name == L"rotate")
-        return kind == KIND::Text
+        return kind == Kind::Text
                    ? IsGeneral(value)
-                   : (kind == KIND::Use || kind == KIND::Ellipse || kind == KIND::Path) && IsFixed(value, 6);
+                   : (kind == Kind::Use || kind == Kind::Ellipse || kind == Kind::Path) && IsFixed(value, 6);
     if (name == L"scale-x" || name == L"scale-y")
-        return kind == KIND::Use && IsFixed(value, 6);
+        return kind == Kind::Use && IsFixed(value, 6);
     if (name == L"font-size")
-        return kind == KIND::Text && IsWidth4Fixed2(value);
+        return kind == Kind::Text && IsWidth4Fixed2(value);
     if (name == L"text-anchor")
-        return kind == KIND::Text &&
+        return kind == Kind::Text &&
                (value == L"middle" || value == L"end" || value == L"left" || value == L"right");
-    return IsArrow(name) && kind == KIND::Line &&
+    return IsArrow(name) && kind == Kind::Line &&
            value == (name.ends_with(L"type") ? std::wstring_view(L"stealth arrow") : std::wstring_view(L"1"));
 }
 
@@ -156,12 +156,12 @@ QlmNode Mixed(QlmNode node, Numbers... numbers)
 
 } // namespace
 
-void CheckingHost::Reset(ANSWERS answers)
+void CheckingHost::Reset(Answers answers)
 {
     state.answers = answers;
     state.nodes.clear(); // its room is kept
     state.current = state.outer = nullptr;
-    state.group = GROUP::None;
+    state.group = Group::None;
     state.calls = 1;
     state.reports.fill(0);
 }
@@ -173,7 +173,7 @@ QlmNode CheckingHost::Context()
 
 void CheckingHost::RequireDone()
 {
-    FuzzRequire(state.current == nullptr && state.group == GROUP::None,
+    FuzzRequire(state.current == nullptr && state.group == Group::None,
                 "the current node is the default place again");
 }
 
@@ -190,40 +190,40 @@ std::size_t CheckingHost::Reports(int kind)
 QlmNode qlmCreateLine(QlmNode context, const wchar_t* id, float x1, float y1, float x2, float y2, float zero1,
                       float zero2)
 {
-    return Mixed(Create(KIND::Line, context, id, zero1, zero2), x1, y1, x2, y2);
+    return Mixed(Create(Kind::Line, context, id, zero1, zero2), x1, y1, x2, y2);
 }
 
 QlmNode qlmCreatePath(QlmNode context, const wchar_t* id, const wchar_t* data, float zero1, float zero2)
 {
     RequireText(data);
     FuzzRequire(IsArcPath(data), "path data is a move and an arc");
-    return Create(KIND::Path, context, id, zero1, zero2);
+    return Create(Kind::Path, context, id, zero1, zero2);
 }
 
 QlmNode qlmCreateCircle(QlmNode context, const wchar_t* id, float radius, float centerX, float centerY,
                         float zero1, float zero2)
 {
-    return Mixed(Create(KIND::Circle, context, id, zero1, zero2), radius, centerX, centerY);
+    return Mixed(Create(Kind::Circle, context, id, zero1, zero2), radius, centerX, centerY);
 }
 
 QlmNode qlmCreateEllipse(QlmNode context, const wchar_t* id, float radiusX, float radiusY, float centerX,
                          float centerY, float zero1, float zero2)
 {
-    return Mixed(Create(KIND::Ellipse, context, id, zero1, zero2), radiusX, radiusY, centerX, centerY);
+    return Mixed(Create(Kind::Ellipse, context, id, zero1, zero2), radiusX, radiusY, centerX, centerY);
 }
 
 QlmNode qlmCreatePolyline(QlmNode context, const wchar_t* id, const wchar_t* points, float zero1, float zero2)
 {
     RequireText(points);
     FuzzRequire(IsPoints(points), "points are pairs of numbers");
-    return Create(KIND::Polyline, context, id, zero1, zero2);
+    return Create(Kind::Polyline, context, id, zero1, zero2);
 }
 
 QlmNode qlmCreatePolygon(QlmNode context, const wchar_t* id, const wchar_t* points, float zero1, float zero2)
 {
     RequireText(points);
     FuzzRequire(IsPoints(points), "points are pairs of numbers");
-    return Create(KIND::Polygon, context, id, zero1, zero2);
+    return Create(Kind::Polygon, context, id, zero1, zero2);
 }
 
 QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float firstX, float firstY, float zero1,
@@ -231,7 +231,7 @@ QlmNode qlmCreateText(QlmNode context, const wchar_t* id, float firstX, float fi
 {
     RequireText(text);
     FuzzRequire((firstX == 0 && firstY == 0) || (secondX == 0 && secondY == 0), "one of the positions is 0");
-    return Mixed(Create(KIND::Text, context, id, zero1, zero2), firstX, firstY, secondX, secondY);
+    return Mixed(Create(Kind::Text, context, id, zero1, zero2), firstX, firstY, secondX, secondY);
 }
 
 QlmNode qlmCreateUse(QlmNode context, const wchar_t* id, float zero1, float zero2, const wchar_t* name,
@@ -239,27 +239,27 @@ QlmNode qlmCreateUse(QlmNode context, const wchar_t* id, float zero1, float zero
 {
     RequireText(name);
     FuzzRequire(std::wstring_view(kind) == L"hmi", "the kind of a use is always the same");
-    return Mixed(Create(KIND::Use, context, id, zero1, zero2), x, y);
+    return Mixed(Create(Kind::Use, context, id, zero1, zero2), x, y);
 }
 
 QlmNode qlmCreateSymbol(QlmNode context, const wchar_t* name)
 {
     RequireText(name);
     FuzzRequire(state.current == nullptr, "a symbol is made at the default place");
-    return Create(KIND::Symbol, context, L"");
+    return Create(Kind::Symbol, context, L"");
 }
 
 QlmNode qlmCreateG(QlmNode context, const wchar_t* id)
 {
-    return Create(KIND::Group, context, id);
+    return Create(Kind::Group, context, id);
 }
 
 QlmNode qlmGetCurrentSvgNode(QlmNode context)
 {
     RequireContext(context);
-    FuzzRequire(state.group == GROUP::None, "no group begins within another");
+    FuzzRequire(state.group == Group::None, "no group begins within another");
     state.outer = state.current;
-    state.group = GROUP::Begun;
+    state.group = Group::Begun;
     return state.current;
 }
 
@@ -268,18 +268,18 @@ void qlmSetCurrentSvgNode(QlmNode context, QlmNode node)
     RequireContext(context);
     const bool isNewest = node != nullptr && node == HandleOf(state.nodes.size());
     switch (state.group) {
-    case GROUP::None: // a symbol, or the end of one
-        FuzzRequire(node == nullptr || (isNewest && KindOf(node) == KIND::Symbol),
+    case Group::None: // a symbol, or the end of one
+        FuzzRequire(node == nullptr || (isNewest && KindOf(node) == Kind::Symbol),
                     "a symbol is filled at once");
         break;
-    case GROUP::Begun:
-        FuzzRequire(node == nullptr ? state.answers.refusesAll : isNewest && KindOf(node) == KIND::Group,
+    case Group::Begun:
+        FuzzRequire(node == nullptr ? state.answers.refusesAll : isNewest && KindOf(node) == Kind::Group,
                     "a group is filled at once");
-        state.group = GROUP::Open;
+        state.group = Group::Open;
         break;
-    case GROUP::Open:
+    case Group::Open:
         FuzzRequire(node == state.outer, "the node before a group is current again");
-        state.group = GROUP::None;
+        state.group = Group::None;
         break;
     }
     state.current = node;

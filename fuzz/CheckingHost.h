@@ -12,14 +12,14 @@
 // one of them ends the program.
 class CheckingHost {
 public:
-    struct ANSWERS {
+    struct Answers {
         bool refusesSymbols = false; // qlmCreateSymbol answers 0
         bool refusesAll = false;     // every creating operation answers 0
         bool isFinite = false;       // the drawing has small numbers only, and so have the calls
     };
 
     // Forgets all calls.
-    static void Reset(ANSWERS answers);
+    static void Reset(Answers answers);
 
     static QlmNode Context();
 

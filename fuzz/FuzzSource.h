@@ -10,7 +10,7 @@
 #include <string_view>
 
 // How a source gives its bytes.
-struct FUZZ_READS {
+struct FuzzReads {
     std::uint8_t most = 0;   // bytes a read; 0 for as many as are asked for
     bool varies = false;     // from one to most bytes a read, the same for the same bytes
     bool failsAtEnd = false; // where the end would be, reading fails for good
@@ -19,7 +19,7 @@ struct FUZZ_READS {
 // Gives the bytes of before and then those of bytes, as one sequence.
 class FuzzSource final : public CDxfSource {
 public:
-    FuzzSource(std::string_view bytes, FUZZ_READS reads, std::string_view before = {})
+    FuzzSource(std::string_view bytes, FuzzReads reads, std::string_view before = {})
         : m_before(before), m_bytes(bytes), m_reads(reads)
     {
     }
@@ -54,6 +54,6 @@ private:
 
     std::string_view m_before;
     std::string_view m_bytes;
-    FUZZ_READS m_reads;
+    FuzzReads m_reads;
     std::uint64_t m_state = 1;
 };

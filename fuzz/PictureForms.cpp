@@ -9,12 +9,12 @@
 
 namespace {
 
-using NUMBERS = std::vector<double>;
+using Numbers = std::vector<double>;
 
 // A name and the numbers after it.
-struct PART {
+struct Part {
     std::string_view name;
-    NUMBERS numbers;
+    Numbers numbers;
 };
 
 constexpr std::string_view kSeparators = " ,";
@@ -30,9 +30,9 @@ std::optional<double> NumberOf(std::string_view word)
 }
 
 // The numbers of a list, blanks and commas between them; nothing if it holds anything else.
-std::optional<NUMBERS> NumbersOf(std::string_view list)
+std::optional<Numbers> NumbersOf(std::string_view list)
 {
-    NUMBERS numbers;
+    Numbers numbers;
     while (!list.empty()) {
         const std::size_t size = std::min(list.find_first_of(kSeparators), list.size());
         if (size > 0) {
@@ -48,24 +48,24 @@ std::optional<NUMBERS> NumbersOf(std::string_view list)
 
 bool IsPoints(std::string_view value)
 {
-    const std::optional<NUMBERS> numbers = NumbersOf(value);
+    const std::optional<Numbers> numbers = NumbersOf(value);
     return numbers && numbers->size() % 2 == 0;
 }
 
 bool IsViewBox(std::string_view value)
 {
-    const std::optional<NUMBERS> numbers = NumbersOf(value);
+    const std::optional<Numbers> numbers = NumbersOf(value);
     return numbers && numbers->size() == 4 && (*numbers)[2] > 0 && (*numbers)[3] > 0;
 }
 
 bool IsDashes(std::string_view value)
 {
-    const std::optional<NUMBERS> numbers = NumbersOf(value);
+    const std::optional<Numbers> numbers = NumbersOf(value);
     return numbers && std::ranges::none_of(*numbers, [](double length) { return length < 0; }) &&
            std::ranges::any_of(*numbers, [](double length) { return length > 0; });
 }
 
-bool IsSegment(char command, const NUMBERS& numbers)
+bool IsSegment(char command, const Numbers& numbers)
 {
     switch (command) {
     case 'M':
@@ -87,7 +87,7 @@ bool IsPath(std::string_view value)
         const char command = value.front();
         value.remove_prefix(1);
         const std::size_t size = std::min(value.find_first_of(kCommands), value.size());
-        const std::optional<NUMBERS> numbers = NumbersOf(value.substr(0, size));
+        const std::optional<Numbers> numbers = NumbersOf(value.substr(0, size));
         if (!numbers || !IsSegment(command, *numbers))
             return false;
         value.remove_prefix(size);
@@ -95,7 +95,7 @@ bool IsPath(std::string_view value)
     return true;
 }
 
-bool IsTransformPart(const PART& part)
+bool IsTransformPart(const Part& part)
 {
     const std::size_t count = part.numbers.size();
     if (part.name == "rotate")
@@ -109,7 +109,7 @@ bool IsTransform(std::string_view value)
         const std::size_t open = value.find('('), close = value.find(')');
         if (open == std::string_view::npos || close == std::string_view::npos || close < open)
             return false;
-        const std::optional<NUMBERS> numbers = NumbersOf(value.substr(open + 1, close - open - 1));
+        const std::optional<Numbers> numbers = NumbersOf(value.substr(open + 1, close - open - 1));
         if (!numbers || !IsTransformPart({value.substr(0, open), *numbers}))
             return false;
         value.remove_prefix(close + 1);

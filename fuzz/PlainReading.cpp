@@ -20,23 +20,23 @@ public:
         ReadSections();
         Emit();
         std::string text = m_lines.Calls() + "lines=" + std::to_string(m_lines.LineCount()) + "\n";
-        for (const PLAIN_RECORD& table : m_tables) {
+        for (const PlainRecord& table : m_tables) {
             text += Listed(table);
-            for (const PLAIN_RECORD& entry : table.inner)
+            for (const PlainRecord& entry : table.inner)
                 text += Listed(entry);
         }
-        for (const PLAIN_RECORD& block : m_blocks) {
+        for (const PlainRecord& block : m_blocks) {
             text += Sorted(block);
-            for (const PLAIN_RECORD& entity : block.inner)
+            for (const PlainRecord& entity : block.inner)
                 text += EntityText(entity);
         }
-        for (const PLAIN_RECORD& entity : m_entities)
+        for (const PlainRecord& entity : m_entities)
             text += EntityText(entity);
         return text;
     }
 
 private:
-    using RECORDS = std::vector<PLAIN_RECORD>;
+    using Records = std::vector<PlainRecord>;
     // Sections.
 
     void ReadSections()
@@ -118,7 +118,7 @@ private:
     }
 
     // True when another entry follows, whose name typeName is then.
-    bool ReadEntry(RECORDS& entries, std::string& typeName)
+    bool ReadEntry(Records& entries, std::string& typeName)
     {
         const PlainKind* const kind = EntryKind(typeName);
         if (kind == nullptr) {
@@ -128,7 +128,7 @@ private:
             m_lines.SkipTo("ENDTAB");
             return false;
         }
-        PLAIN_RECORD& entry = entries.emplace_back(*kind);
+        PlainRecord& entry = entries.emplace_back(*kind);
         while (!m_lines.IsAtEnd()) {
             std::int32_t code;
             if (!m_lines.Code(code, "ReaTABLES_COMMON() Failed to read integer from '%s', Line:%d"))
@@ -145,7 +145,7 @@ private:
         return false;
     }
 
-    void ReadOwnFields(PLAIN_RECORD& entry)
+    void ReadOwnFields(PlainRecord& entry)
     {
         const std::string message =
             "ReaTABLES_" + entry.kind->Name() + "() Failed to read integer from '%s', Line:%d";
@@ -168,7 +168,7 @@ private:
             if (name != "BLOCK") {
                 m_lines.Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(name)});
                 m_lines.SkipUnknown();
-            } else if (PLAIN_RECORD block(BlockKind()); ReadBlockHeader(block)) {
+            } else if (PlainRecord block(BlockKind()); ReadBlockHeader(block)) {
                 ReadBlockEntities(m_blocks.emplace_back(std::move(block)).inner);
             } else {
                 m_lines.Report(5, "ReadBLOCKS_BLOCK() Failed to read line, Line:%d", {});
@@ -177,7 +177,7 @@ private:
         }
     }
 
-    bool ReadBlockHeader(PLAIN_RECORD& block)
+    bool ReadBlockHeader(PlainRecord& block)
     {
         while (!m_lines.IsAtEnd()) {
             std::int32_t code;
@@ -192,7 +192,7 @@ private:
         return false;
     }
 
-    void ReadBlockEntities(RECORDS& entities)
+    void ReadBlockEntities(Records& entities)
     {
         std::string name = m_lines.TrimmedLine();
         while (!m_lines.IsAtEnd()) {
@@ -208,7 +208,7 @@ private:
 
     // Entities.
 
-    void ReadEntity(const std::string& typeName, RECORDS& entities)
+    void ReadEntity(const std::string& typeName, Records& entities)
     {
         const bool isSkipped = typeName == "POLYLINE" || typeName == "SPLINE" || typeName == "POINT";
         const bool isSkippedToo = typeName == "HATCH" || typeName == "VIEWPORT";
@@ -217,7 +217,7 @@ private:
             ended = m_lines.SkipPairs("ReadENTITIES_" + typeName + (isSkipped ? "" : "()") +
                                       " Failed to read integer from '%s', Line:%d");
         } else if (const PlainKind* const kind = EntityKind(typeName)) {
-            PLAIN_RECORD& entity = entities.emplace_back(*kind);
+            PlainRecord& entity = entities.emplace_back(*kind);
             ended = typeName == "DIMENSION" ? ReadDimension(entity) : ReadEntityFields(entity);
         } else {
             m_lines.Report(6, "%s - Unknown Object Type Name (%d)", {TextOf(typeName)});
@@ -228,7 +228,7 @@ private:
             m_lines.Report(5, "ReadENTITIES_" + typeName + "() Failed to read line, Line:%d", {});
     }
 
-    bool ReadEntityFields(PLAIN_RECORD& entity)
+    bool ReadEntityFields(PlainRecord& entity)
     {
         const std::string message =
             "ReadENTITIES_" + entity.kind->Name() + " Failed to read integer from '%s', Line:%d";
@@ -247,7 +247,7 @@ private:
         return false;
     }
 
-    void StoreShared(PLAIN_RECORD& entity, std::int32_t code, const std::string& line)
+    void StoreShared(PlainRecord& entity, std::int32_t code, const std::string& line)
     {
         if (const int field = entity.kind->Find(code, false); field >= 0)
             entity.Store(field, line, m_lines);
@@ -258,7 +258,7 @@ private:
 
     // Dimensions.
 
-    bool ReadDimension(PLAIN_RECORD& dimension)
+    bool ReadDimension(PlainRecord& dimension)
     {
         while (!m_lines.IsAtEnd()) {
             std::int32_t code;
@@ -277,7 +277,7 @@ private:
     }
 
     // True when a further marker has been met, which marker is then.
-    bool ReadPart(PLAIN_RECORD& dimension, std::string& marker)
+    bool ReadPart(PlainRecord& dimension, std::string& marker)
     {
         const PlainKind* const kind = PartKind(marker);
         if (kind == nullptr) {
@@ -285,7 +285,7 @@ private:
                            {TextOf(marker)});
             return false;
         }
-        PLAIN_RECORD& part = dimension.inner.emplace_back(*kind);
+        PlainRecord& part = dimension.inner.emplace_back(*kind);
         const bool stepsOverStyles =
             marker == "AcDbRotatedDimension" || marker == "AcDb2LineAngularDimension";
         while (!m_lines.IsAtEnd()) {
@@ -321,12 +321,12 @@ private:
 
     void Emit()
     {
-        const auto holdsInsert = [](const PLAIN_RECORD& block) {
+        const auto holdsInsert = [](const PlainRecord& block) {
             return std::any_of(block.inner.begin(), block.inner.end(),
-                               [](const PLAIN_RECORD& entity) { return entity.kind->Name() == "INSERT"; });
+                               [](const PlainRecord& entity) { return entity.kind->Name() == "INSERT"; });
         };
         for (const bool nested : {false, true})
-            for (const PLAIN_RECORD& block : m_blocks)
+            for (const PlainRecord& block : m_blocks)
                 if (holdsInsert(block) == nested) {
                     m_lines.Call("OnBlockBegin", block.Value("m_strName"));
                     EmitEntities(block.inner);
@@ -335,7 +335,7 @@ private:
         EmitEntities(m_entities);
     }
 
-    void EmitEntities(const RECORDS& entities)
+    void EmitEntities(const Records& entities)
     {
         static const std::map<std::string_view, std::string_view> kCallbacks = {
             {"LINE", "OnLine"},
@@ -347,14 +347,14 @@ private:
             {"MTEXT", "OnMText"},
             {"INSERT", "OnInsert"},
             {"DIMENSION", "OnDimension"}};
-        for (const PLAIN_RECORD& entity : entities)
+        for (const PlainRecord& entity : entities)
             m_lines.Call(kCallbacks.at(entity.kind->Name()), entity.Value("m_strLayer"));
     }
 
     PlainLines m_lines;
-    RECORDS m_tables;
-    RECORDS m_blocks;
-    RECORDS m_entities;
+    Records m_tables;
+    Records m_blocks;
+    Records m_entities;
 };
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace {
 
-using FIELDS = std::map<std::string, std::string>;
+using Fields = std::map<std::string, std::string>;
 
 void ReadGroup(std::string& value, std::string_view code, PlainLines& lines)
 {
@@ -20,7 +20,7 @@ void ReadGroup(std::string& value, std::string_view code, PlainLines& lines)
     }
 }
 
-std::string SortedWith(const PLAIN_RECORD& record, FIELDS fields)
+std::string SortedWith(const PlainRecord& record, Fields fields)
 {
     for (std::size_t i = 0; i < record.values.size(); ++i)
         fields.emplace(record.kind->Fields()[i].name, record.values[i]);
@@ -32,52 +32,52 @@ std::string SortedWith(const PLAIN_RECORD& record, FIELDS fields)
 
 } // namespace
 
-PLAIN_RECORD::PLAIN_RECORD(const PlainKind& itsKind) : kind(&itsKind)
+PlainRecord::PlainRecord(const PlainKind& itsKind) : kind(&itsKind)
 {
-    for (const PLAIN_FIELD& field : itsKind.Fields())
+    for (const PlainField& field : itsKind.Fields())
         values.push_back(field.initial);
 }
 
-void PLAIN_RECORD::Store(int index, const std::string& line, PlainLines& lines)
+void PlainRecord::Store(int index, const std::string& line, PlainLines& lines)
 {
-    const PLAIN_FIELD& field = kind->Fields()[static_cast<std::size_t>(index)];
+    const PlainField& field = kind->Fields()[static_cast<std::size_t>(index)];
     std::string& value = values[static_cast<std::size_t>(index)];
     const std::string_view trimmed = Trimmed(line);
     switch (field.conversion) {
-    case PLAIN_CONVERSION::None:
+    case PlainConversion::None:
         break;
-    case PLAIN_CONVERSION::Real:
+    case PlainConversion::Real:
         value = TextOfNumber(ModelReal(trimmed));
         break;
-    case PLAIN_CONVERSION::Integer:
+    case PlainConversion::Integer:
         value = TextOfNumber(ModelInteger(trimmed));
         break;
-    case PLAIN_CONVERSION::IntegerAsReal:
+    case PlainConversion::IntegerAsReal:
         value = TextOfNumber(static_cast<double>(ModelInteger(trimmed)));
         break;
-    case PLAIN_CONVERSION::Text:
+    case PlainConversion::Text:
         value = TextOf(trimmed);
         break;
-    case PLAIN_CONVERSION::RawText:
+    case PlainConversion::RawText:
         value = TextOf(line);
         break;
-    case PLAIN_CONVERSION::Group:
+    case PlainConversion::Group:
         value += TextOf(trimmed);
         ReadGroup(value, std::to_string(field.firstCode), lines);
         break;
-    case PLAIN_CONVERSION::PendingX:
+    case PlainConversion::PendingX:
         pendingX = TextOfNumber(ModelReal(trimmed));
         break;
-    case PLAIN_CONVERSION::Vertex:
+    case PlainConversion::Vertex:
         value += "(" + pendingX + "," + TextOfNumber(ModelReal(trimmed)) + ")";
         break;
-    case PLAIN_CONVERSION::Dash:
+    case PlainConversion::Dash:
         value += "(" + TextOfNumber(ModelReal(trimmed)) + ")";
         break;
     }
 }
 
-const std::string& PLAIN_RECORD::Value(std::string_view name) const
+const std::string& PlainRecord::Value(std::string_view name) const
 {
     std::size_t i = 0;
     while (kind->Fields()[i].name != name)
@@ -85,11 +85,11 @@ const std::string& PLAIN_RECORD::Value(std::string_view name) const
     return values[i];
 }
 
-std::string Listed(const PLAIN_RECORD& record)
+std::string Listed(const PlainRecord& record)
 {
     std::string text;
     for (std::size_t i = 0; i < record.values.size(); ++i) {
-        const PLAIN_FIELD& field = record.kind->Fields()[i];
+        const PlainField& field = record.kind->Fields()[i];
         const bool isCount = field.name == "m_parts" || field.name == "m_entries";
         const std::string value = isCount ? std::to_string(record.inner.size()) : record.values[i];
         if (!field.name.empty())
@@ -100,15 +100,15 @@ std::string Listed(const PLAIN_RECORD& record)
 
 // A line for each field in the order of the alphabet, without quotes.
 
-std::string Sorted(const PLAIN_RECORD& record)
+std::string Sorted(const PlainRecord& record)
 {
     return SortedWith(record, {});
 }
 
-std::string EntityText(const PLAIN_RECORD& entity)
+std::string EntityText(const PlainRecord& entity)
 {
     std::string text = Listed(entity);
-    for (const PLAIN_RECORD& part : entity.inner)
+    for (const PlainRecord& part : entity.inner)
         text += SortedWith(part, {{"part", part.kind->Name().substr(4)}});
     return text;
 }

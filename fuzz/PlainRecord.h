@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-struct PLAIN_RECORD {
-    explicit PLAIN_RECORD(const PlainKind& itsKind);
+struct PlainRecord {
+    explicit PlainRecord(const PlainKind& itsKind);
 
     // Stores a value line in the field of that index; a group's further lines are read.
     void Store(int index, const std::string& line, PlainLines& lines);
@@ -19,11 +19,11 @@ struct PLAIN_RECORD {
     const PlainKind* kind;
     std::vector<std::string> values; // as texts show them
     std::string pendingX = "0";
-    std::vector<PLAIN_RECORD> inner; // parts of a dimension, entries of a table, entities of a block
+    std::vector<PlainRecord> inner; // parts of a dimension, entries of a table, entities of a block
 };
 
 // A line for each field: in the order of the record, or in that of the alphabet and without quotes; an
 // entity's with those of its parts.
-std::string Listed(const PLAIN_RECORD& record);
-std::string Sorted(const PLAIN_RECORD& record);
-std::string EntityText(const PLAIN_RECORD& entity);
+std::string Listed(const PlainRecord& record);
+std::string Sorted(const PlainRecord& record);
+std::string EntityText(const PlainRecord& entity);

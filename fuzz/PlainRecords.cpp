@@ -44,7 +44,7 @@ PlainKind Entity(std::string_view name, std::string_view kind)
         .Text("m_strMaterial", 347)
         .Integer("m_nColor", 62)
         .Integer("m_nLineWeight", 370, "-1")
-        .Rule("m_dLineTypeScale", 48, 48, PLAIN_CONVERSION::IntegerAsReal, "1")
+        .Rule("m_dLineTypeScale", 48, 48, PlainConversion::IntegerAsReal, "1")
         .Integer("m_nVisibility", 60)
         .Integer("m_nProxyByteCount", 92)
         .Text("m_strProxyData", 310)
@@ -70,7 +70,7 @@ PlainKind Polyline()
         .Real("m_dConstantWidth", 43)
         .Real("m_dElevation", 38)
         .Real("m_dThickness", 39)
-        .Rule("m_vertices", 20, 20, PLAIN_CONVERSION::Vertex)
+        .Rule("m_vertices", 20, 20, PlainConversion::Vertex)
         .PendingX(10)
         .Integer("m_nVertexId", 91)
         .Integer("m_nStartWidth", 40)
@@ -246,7 +246,7 @@ std::vector<PlainKind> EntryKinds()
                 .Integer("m_nAlignment", 72)
                 .Integer("m_nDashCount", 73)
                 .Real("m_dPatternLength", 40)
-                .Rule("m_dashes", 49, 49, PLAIN_CONVERSION::Dash),
+                .Rule("m_dashes", 49, 49, PlainConversion::Dash),
             Entry<DXF_TABLES_BLOCK_RECORD>("BLOCK_RECORD", "2")
                 .Text("m_strLayout", 340)
                 .Text("m_strInsertUnits", 70)
@@ -291,14 +291,14 @@ const PlainKind* FindKind(const std::vector<PlainKind>& kinds, std::string_view 
 void PlainKind::AddField(std::string_view name, bool isText)
 {
     m_fields.push_back(
-        {std::string(name), kNoCode, kNoCode, PLAIN_CONVERSION::None, isText ? "" : "0", isText});
+        {std::string(name), kNoCode, kNoCode, PlainConversion::None, isText ? "" : "0", isText});
 }
 
-PlainKind& PlainKind::Rule(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
+PlainKind& PlainKind::Rule(std::string_view name, int firstCode, int lastCode, PlainConversion conversion,
                            std::string_view initial)
 {
     const auto found = std::find_if(m_fields.begin(), m_fields.end(),
-                                    [&](const PLAIN_FIELD& field) { return field.name == name; });
+                                    [&](const PlainField& field) { return field.name == name; });
     if (found == m_fields.end())
         std::abort(); // the record has no such field
     *found = {found->name, firstCode, lastCode, conversion, std::string(initial), found->isText};
@@ -307,43 +307,43 @@ PlainKind& PlainKind::Rule(std::string_view name, int firstCode, int lastCode, P
 
 PlainKind& PlainKind::Constant(std::string_view name, std::string_view value)
 {
-    return Rule(name, kNoCode, kNoCode, PLAIN_CONVERSION::None, value);
+    return Rule(name, kNoCode, kNoCode, PlainConversion::None, value);
 }
 
 PlainKind& PlainKind::Group(std::string_view name, int code)
 {
-    return Rule(name, code, code, PLAIN_CONVERSION::Group, "");
+    return Rule(name, code, code, PlainConversion::Group, "");
 }
 
 PlainKind& PlainKind::PendingX(int code)
 {
-    m_fields.push_back({"", code, code, PLAIN_CONVERSION::PendingX, "", false});
+    m_fields.push_back({"", code, code, PlainConversion::PendingX, "", false});
     return *this;
 }
 
 PlainKind& PlainKind::Real(std::string_view name, int code, std::string_view initial)
 {
-    return Rule(name, code, code, PLAIN_CONVERSION::Real, initial);
+    return Rule(name, code, code, PlainConversion::Real, initial);
 }
 
 PlainKind& PlainKind::Integer(std::string_view name, int code, std::string_view initial)
 {
-    return Rule(name, code, code, PLAIN_CONVERSION::Integer, initial);
+    return Rule(name, code, code, PlainConversion::Integer, initial);
 }
 
 PlainKind& PlainKind::Integers(std::string_view name, int firstCode, int lastCode)
 {
-    return Rule(name, firstCode, lastCode, PLAIN_CONVERSION::Integer, "0");
+    return Rule(name, firstCode, lastCode, PlainConversion::Integer, "0");
 }
 
 PlainKind& PlainKind::Text(std::string_view name, int code)
 {
-    return Rule(name, code, code, PLAIN_CONVERSION::Text, "");
+    return Rule(name, code, code, PlainConversion::Text, "");
 }
 
 PlainKind& PlainKind::RawText(std::string_view name, int code)
 {
-    return Rule(name, code, code, PLAIN_CONVERSION::RawText, "");
+    return Rule(name, code, code, PlainConversion::RawText, "");
 }
 
 PlainKind& PlainKind::Point(std::string_view name, int code)
@@ -362,7 +362,7 @@ int PlainKind::Find(int code, bool own) const
     const std::size_t first = own ? m_own : 0;
     const std::size_t last = own ? m_fields.size() : m_own;
     for (std::size_t i = first; i < last; ++i)
-        if (m_fields[i].conversion != PLAIN_CONVERSION::None && m_fields[i].firstCode <= code &&
+        if (m_fields[i].conversion != PlainConversion::None && m_fields[i].firstCode <= code &&
             code <= m_fields[i].lastCode)
             return static_cast<int>(i);
     return -1;

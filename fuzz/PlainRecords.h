@@ -7,7 +7,7 @@
 #include <vector>
 
 // How the value of a field is read.
-enum class PLAIN_CONVERSION {
+enum class PlainConversion {
     None, // no code fills it
     Real,
     Integer,
@@ -20,11 +20,11 @@ enum class PLAIN_CONVERSION {
     Dash,          // one of a list of reals
 };
 
-struct PLAIN_FIELD {
+struct PlainField {
     std::string name;
     int firstCode;
     int lastCode;
-    PLAIN_CONVERSION conversion;
+    PlainConversion conversion;
     std::string initial; // as texts of records show it
     bool isText;
 };
@@ -49,7 +49,7 @@ public:
     PlainKind& Group(std::string_view name, int code);
     PlainKind& Point(std::string_view name, int code);
     PlainKind& Extrusion();
-    PlainKind& Rule(std::string_view name, int firstCode, int lastCode, PLAIN_CONVERSION conversion,
+    PlainKind& Rule(std::string_view name, int firstCode, int lastCode, PlainConversion conversion,
                     std::string_view initial = "");
     PlainKind& Constant(std::string_view name, std::string_view value);
     // The code of the x that waits for the y of a vertex.
@@ -59,11 +59,11 @@ public:
     int Find(int code, bool own) const;
 
     const std::string& Name() const { return m_name; }
-    const std::vector<PLAIN_FIELD>& Fields() const { return m_fields; }
+    const std::vector<PlainField>& Fields() const { return m_fields; }
 
 private:
     std::string m_name; // the type or marker in a file
-    std::vector<PLAIN_FIELD> m_fields;
+    std::vector<PlainField> m_fields;
     std::size_t m_own = 0;
 };
 

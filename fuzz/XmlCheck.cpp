@@ -14,14 +14,14 @@
 
 namespace {
 
-using NAMES = std::set<std::string_view>;
+using Names = std::set<std::string_view>;
 
 // Attributes that any element may have, and those of one kind.
-const NAMES kStyle = {"stroke",      "stroke-width", "stroke-dasharray", "stroke-linecap",
+const Names kStyle = {"stroke",      "stroke-width", "stroke-dasharray", "stroke-linecap",
                       "fill",        "fill-opacity", "visibility",       "font-size",
                       "text-anchor", "marker-start", "marker-end",       "transform"};
-using ELEMENT = std::pair<const std::string_view, NAMES>;
-const std::map<std::string_view, NAMES> kElements = {
+using Element = std::pair<const std::string_view, Names>;
+const std::map<std::string_view, Names> kElements = {
     {"svg", {"xmlns", "xmlns:xlink", "width", "height", "viewBox"}},
     {"style", {}},
     {"defs", {}},
@@ -38,7 +38,7 @@ const std::map<std::string_view, NAMES> kElements = {
     {"text", {"x", "y", "xml:space"}},
     {"use", {"xlink:href"}},
 };
-const NAMES kNumbers = {
+const Names kNumbers = {
     "x",  "y",     "x1",     "y1",           "x2",          "y2",           "r",        "rx", "ry", "cx",
     "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight", "font-size"};
 // Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
@@ -60,7 +60,7 @@ void RequireNumber(std::string_view element, std::string_view name, const char* 
 
 class Picture {
 public:
-    Picture(const pugi::xml_document& document, BACKDROP backdrop) : m_backdrop(backdrop)
+    Picture(const pugi::xml_document& document, Backdrop backdrop) : m_backdrop(backdrop)
     {
         FuzzRequire(std::string_view(document.document_element().name()) == "svg",
                     "the root is an svg element");
@@ -104,10 +104,10 @@ private:
     bool IsAny(const pugi::xml_node& element, int depth) const
     {
         const std::string_view name = element.name();
-        return m_backdrop == BACKDROP::Any && depth == 1 && (name == "style" || name == "rect");
+        return m_backdrop == Backdrop::Any && depth == 1 && (name == "style" || name == "rect");
     }
 
-    void VisitAttribute(const ELEMENT& element, const pugi::xml_attribute& attribute, bool isAny)
+    void VisitAttribute(const Element& element, const pugi::xml_attribute& attribute, bool isAny)
     {
         const std::string_view name = attribute.name();
         if (name.starts_with(kDataPrefix) && name.size() > kDataPrefix.size())
@@ -132,14 +132,14 @@ private:
         }
     }
 
-    BACKDROP m_backdrop;
+    Backdrop m_backdrop;
     std::set<std::string> m_ids;
     std::set<std::string> m_references; // of those that must be there; a use's symbol may be missing
 };
 
 } // namespace
 
-std::vector<std::string> RequirePicture(const std::string& svg, BACKDROP backdrop)
+std::vector<std::string> RequirePicture(const std::string& svg, Backdrop backdrop)
 {
     RequireWellFormed(svg);
     pugi::xml_document document;

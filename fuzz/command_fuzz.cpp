@@ -119,7 +119,7 @@ public:
                 continue;
             std::ifstream file(entry.path(), std::ios::binary);
             RequirePicture({std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()},
-                           BACKDROP::Checked);
+                           Backdrop::Checked);
             ++pictures;
         }
         return pictures;
@@ -145,12 +145,12 @@ std::string Tame(std::string_view text)
     return tame;
 }
 
-using ARGUMENTS = std::vector<std::string>;
+using ArgumentList = std::vector<std::string>;
 
-ARGUMENTS Arguments(FuzzInput& input)
+ArgumentList Arguments(FuzzInput& input)
 {
     constexpr int kMost = 8;
-    ARGUMENTS arguments(input.Byte() % (kMost + 1));
+    ArgumentList arguments(input.Byte() % (kMost + 1));
     for (std::string& argument : arguments) {
         const std::uint8_t which = input.Byte();
         argument = which == 255 ? Tame(input.Text(input.Byte())) : kWords[which % std::size(kWords)];
@@ -160,7 +160,7 @@ ARGUMENTS Arguments(FuzzInput& input)
 }
 
 // Whether the drawing may be read as a list of names, which may be any.
-bool NamesList(const ARGUMENTS& arguments)
+bool NamesList(const ArgumentList& arguments)
 {
     return std::ranges::any_of(
         arguments, [](std::string_view argument) { return argument.find("files-from") != argument.npos; });
@@ -183,7 +183,7 @@ bool IsHelp(std::string_view argument)
 
 // Whether a command that went well has left a picture in the folder. A list may be empty, and what ends in a
 // dash may send the picture to the standard output.
-bool LeavesPicture(const ARGUMENTS& arguments)
+bool LeavesPicture(const ArgumentList& arguments)
 {
     const auto isOther = [](std::string_view argument) {
         return IsHelp(argument) || (argument.ends_with('-') && argument != "--");
@@ -198,7 +198,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     static Folder folder;
     FuzzInput input(data, size);
-    const ARGUMENTS arguments = Arguments(input);
+    const ArgumentList arguments = Arguments(input);
     folder.Clear();
     const std::string_view drawing = input.Rest();
     WriteFile(kDrawing, NamesList(arguments) ? Tame(drawing) : std::string(drawing));

@@ -21,7 +21,7 @@ void Draw(CDxfSource& source)
     converter.ReadDxfSource(source);
 }
 
-void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::WHICH which)
+void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::Which which)
 {
     bool hasFailed;
     std::size_t live;
@@ -35,7 +35,7 @@ void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::WHICH
     FuzzRequire(live == 0, "nothing is leaked");
     FuzzRequire(hasFailed ? reports >= 1 : reports == 0,
                 "a shortage of memory is reported, and nothing else is");
-    if (which == FailingMemory::WHICH::Nth)
+    if (which == FailingMemory::Which::Nth)
         FuzzRequire(reports <= 1, "one failure is reported once");
     CheckingHost::RequireDone();
 }
@@ -75,9 +75,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint8_t most = input.Byte();
     const std::size_t n = std::size_t{input.Byte()} * ((how & 32) != 0 ? 8 : 1);
     const std::string_view drawing = input.Rest();
-    const FUZZ_READS reads{most, (how & 1) != 0, (how & 2) != 0};
-    const CheckingHost::ANSWERS answers{(how & 4) != 0, (how & 8) != 0, HasSmallNumbers(drawing)};
-    const auto which = (how & 16) != 0 ? FailingMemory::WHICH::NthAndLater : FailingMemory::WHICH::Nth;
+    const FuzzReads reads{most, (how & 1) != 0, (how & 2) != 0};
+    const CheckingHost::Answers answers{(how & 4) != 0, (how & 8) != 0, HasSmallNumbers(drawing)};
+    const auto which = (how & 16) != 0 ? FailingMemory::Which::NthAndLater : FailingMemory::Which::Nth;
 
     CheckingHost::Reset(answers);
     FuzzSource source(drawing, reads);

@@ -14,9 +14,9 @@
 
 namespace {
 
-using FORMAT = char* (*)(double, char*);
+using Formatter = char* (*)(double, char*);
 
-void RequireFormat(FORMAT format, const char* model, double value)
+void RequireFormat(Formatter format, const char* model, double value)
 {
     char text[kLongestNumber];
     const char* const end = format(value, text);

@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         bytes = spelled;
     }
 
-    FUZZ_READS reads{number, (how & 1) != 0, (how & 2) != 0};
+    FuzzReads reads{number, (how & 1) != 0, (how & 2) != 0};
     std::string_view padding;
     if ((how & 0x84) == 0x84) {
         padding = Padding(kBuffer - 8 * std::size_t{number} - how / 8 % 8);

@@ -107,7 +107,7 @@ public:
     void Check(const SvgHostWriteOptions& options)
     {
         const std::string svg = Write(options);
-        const std::vector<std::string> texts = RequirePicture(svg, BACKDROP::Any);
+        const std::vector<std::string> texts = RequirePicture(svg, Backdrop::Any);
         FuzzRequireSame("a picture that is written again", svg, Write(options));
 
         std::sort(m_texts.begin(), m_texts.end());
@@ -127,12 +127,12 @@ public:
     // A writer that takes only so many bytes is told so.
     void CheckStop(std::size_t most)
     {
-        struct ROOM {
+        struct Room {
             std::size_t left;
             bool isFull;
         } room{most, false};
         const auto take = [](void* user, const char*, std::size_t size) {
-            ROOM& its = *static_cast<ROOM*>(user);
+            Room& its = *static_cast<Room*>(user);
             FuzzRequire(!its.isFull, "nothing is written after the end");
             its.isFull = size > its.left;
             its.left -= its.isFull ? 0 : size;

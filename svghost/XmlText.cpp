@@ -51,7 +51,7 @@ std::string XmlTextOf(std::wstring_view text)
     std::string valid;
     valid.reserve(text.size());
     while (!text.empty()) {
-        const DECODED_CHARACTER next = DecodeWide(text);
+        const DecodedCharacter next = DecodeWide(text);
         AppendAllowed(valid, next.value);
         text.remove_prefix(next.size);
     }
@@ -64,7 +64,7 @@ std::string XmlTextOf(std::string_view text)
     valid.reserve(text.size());
     while (!text.empty()) {
         // An encoded surrogate is one character that is not allowed, not three bytes that are none.
-        const DECODED_CHARACTER next = DecodeUtf8(text, UTF8_RANGE::AnyNumber);
+        const DecodedCharacter next = DecodeUtf8(text, Utf8Range::AnyNumber);
         AppendAllowed(valid, next.value);
         text.remove_prefix(next.value == kNoCharacter ? 1 : next.size);
     }
@@ -118,7 +118,7 @@ std::string EscapedForAttribute(std::string_view text)
 void AppendXmlName(std::string& out, std::wstring_view text)
 {
     while (!text.empty()) {
-        const DECODED_CHARACTER next = DecodeWide(text);
+        const DecodedCharacter next = DecodeWide(text);
         text.remove_prefix(next.size);
         const bool opensEscape = next.value == '_' && text.starts_with(L'x');
         if (IsNameCharacter(next.value) && !opensEscape) {

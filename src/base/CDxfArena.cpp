@@ -12,12 +12,12 @@ CDxfArena::~CDxfArena()
         ReleaseChunk(m_chunks);
 }
 
-CDxfArena::CHUNK* CDxfArena::NewChunk(std::size_t size)
+CDxfArena::Chunk* CDxfArena::NewChunk(std::size_t size)
 {
-    if (size > std::numeric_limits<std::size_t>::max() - sizeof(CHUNK))
+    if (size > std::numeric_limits<std::size_t>::max() - sizeof(Chunk))
         throw std::bad_alloc();
-    CHUNK* const chunk = static_cast<CHUNK*>(AllocateChunk(sizeof(CHUNK) + size));
-    chunk->size = sizeof(CHUNK) + size;
+    Chunk* const chunk = static_cast<Chunk*>(AllocateChunk(sizeof(Chunk) + size));
+    chunk->size = sizeof(Chunk) + size;
     chunk->previous = m_chunks;
     chunk->next = nullptr;
     if (m_chunks != nullptr)
@@ -26,7 +26,7 @@ CDxfArena::CHUNK* CDxfArena::NewChunk(std::size_t size)
     return chunk;
 }
 
-void CDxfArena::ReleaseChunk(CHUNK* chunk)
+void CDxfArena::ReleaseChunk(Chunk* chunk)
 {
     if (chunk->previous != nullptr)
         chunk->previous->next = chunk->next;
@@ -41,7 +41,7 @@ void* CDxfArena::AllocateFromNewChunk(std::size_t rounded)
 {
     if (rounded >= kOwnChunk)
         return NewChunk(rounded) + 1;
-    const std::size_t size = std::max(m_nextChunkSize - sizeof(CHUNK), rounded);
+    const std::size_t size = std::max(m_nextChunkSize - sizeof(Chunk), rounded);
     char* const storage = reinterpret_cast<char*>(NewChunk(size) + 1);
     m_next = storage + rounded;
     m_end = storage + size;
@@ -71,7 +71,7 @@ void* CDxfArena::Resize(void* block, std::size_t oldSize, std::size_t newSize)
     if (oldSize != 0)
         std::memcpy(larger, block, oldSize);
     if (oldRounded >= kOwnChunk)
-        ReleaseChunk(static_cast<CHUNK*>(block) - 1);
+        ReleaseChunk(static_cast<Chunk*>(block) - 1);
     return larger;
 }
 

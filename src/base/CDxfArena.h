@@ -65,17 +65,17 @@ private:
     // Each block of at least this size has its own chunk, which is freed when the block outgrows it.
     static constexpr std::size_t kOwnChunk = std::size_t{256} << 10;
 
-    struct CHUNK {
-        CHUNK* previous;
-        CHUNK* next;
+    struct Chunk {
+        Chunk* previous;
+        Chunk* next;
         std::size_t size; // with this header
     };
 
     void* AllocateFromNewChunk(std::size_t rounded);
-    CHUNK* NewChunk(std::size_t size);
-    void ReleaseChunk(CHUNK* chunk);
+    Chunk* NewChunk(std::size_t size);
+    void ReleaseChunk(Chunk* chunk);
 
-    CHUNK* m_chunks = nullptr;
+    Chunk* m_chunks = nullptr;
     char* m_next = nullptr;
     char* m_end = nullptr;
     std::size_t m_nextChunkSize = kFirstChunk;

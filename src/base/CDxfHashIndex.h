@@ -25,7 +25,7 @@ public:
         std::swap(m_count, other.m_count);
         return *this;
     }
-    ~CDxfHashIndex() { FreeChunk(m_slots, m_size * sizeof(SLOT)); }
+    ~CDxfHashIndex() { FreeChunk(m_slots, m_size * sizeof(Slot)); }
 
     // The number that was added with this hash and for which is(number) holds; kNone when there is none.
     template <class Is>
@@ -35,7 +35,7 @@ public:
             return kNone;
         const std::uint32_t kept = Kept(hash);
         for (std::size_t place = kept & (m_size - 1);; place = (place + 1) & (m_size - 1)) {
-            const SLOT slot = m_slots[place];
+            const Slot slot = m_slots[place];
             if (slot.next == 0)
                 return kNone;
             if (slot.hash == kept && is(slot.next - 1))
@@ -61,7 +61,7 @@ public:
 
 private:
     // Open addressing, a power of two of slots, at most half of them filled.
-    struct SLOT {
+    struct Slot {
         std::uint32_t hash;
         std::uint32_t next; // the number after that of the entry, 0 in a free slot
     };
@@ -69,7 +69,7 @@ private:
 
     static std::uint32_t Kept(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }
 
-    void Put(SLOT added)
+    void Put(Slot added)
     {
         std::size_t place = added.hash & (m_size - 1);
         while (m_slots[place].next != 0)
@@ -80,17 +80,17 @@ private:
     void Grow()
     {
         const std::size_t size = m_size == 0 ? kFewestSlots : m_size * 2;
-        SLOT* const slots = static_cast<SLOT*>(AllocateChunk(size * sizeof(SLOT)));
-        std::memset(slots, 0, size * sizeof(SLOT));
-        SLOT* const old = std::exchange(m_slots, slots);
+        Slot* const slots = static_cast<Slot*>(AllocateChunk(size * sizeof(Slot)));
+        std::memset(slots, 0, size * sizeof(Slot));
+        Slot* const old = std::exchange(m_slots, slots);
         const std::size_t oldSize = std::exchange(m_size, size);
         for (std::size_t i = 0; i < oldSize; ++i)
             if (old[i].next != 0)
                 Put(old[i]);
-        FreeChunk(old, oldSize * sizeof(SLOT));
+        FreeChunk(old, oldSize * sizeof(Slot));
     }
 
-    SLOT* m_slots = nullptr;
+    Slot* m_slots = nullptr;
     std::size_t m_size = 0;
     std::size_t m_count = 0;
 };

@@ -40,7 +40,7 @@ DXF_STRING CDxfStore::Keep(std::string_view narrow)
     return DXF_STRING(text);
 }
 
-CDxfStore::WORDS CDxfStore::WordsOf(std::string_view narrow)
+CDxfStore::Words CDxfStore::WordsOf(std::string_view narrow)
 {
     const bool isLong = narrow.size() >= 8;
     return {LoadBytes(narrow.data(), narrow.size()),
@@ -53,11 +53,11 @@ DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
         return KeepLongOnce(narrow);
     if (narrow.empty())
         return {};
-    const WORDS words = WordsOf(narrow);
+    const Words words = WordsOf(narrow);
     // Hashed as sixteen bytes whatever the length, without a branch for it.
     const std::uint64_t hash = HashBytes(&words, sizeof(words), m_hashKey ^ narrow.size());
     const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
-        const NAME& name = m_names[number];
+        const Name& name = m_names[number];
         return name.words.first == words.first && name.words.last == words.last && name.size == narrow.size();
     });
     return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, words, hash);
@@ -67,7 +67,7 @@ DXF_STRING CDxfStore::KeepLongOnce(std::string_view narrow)
 {
     const std::uint64_t hash = HashBytes(narrow.data(), narrow.size(), m_hashKey);
     const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
-        const NAME& name = m_names[number];
+        const Name& name = m_names[number];
         return name.size == narrow.size() &&
                EqualBytes(std::bit_cast<const char*>(name.words.last), narrow.data(), narrow.size());
     });
@@ -77,12 +77,12 @@ DXF_STRING CDxfStore::KeepLongOnce(std::string_view narrow)
     return AddName(narrow, {0, copy}, hash);
 }
 
-DXF_STRING CDxfStore::AddName(std::string_view narrow, const WORDS& words, std::uint64_t hash)
+DXF_STRING CDxfStore::AddName(std::string_view narrow, const Words& words, std::uint64_t hash)
 {
     m_nameIndex.Reserve();
     if (m_nameCount == m_nameCapacity) {
         const std::size_t capacity = std::max(m_nameCapacity * 2, kFewestNames);
-        m_names = static_cast<NAME*>(Resize(m_names, m_nameCapacity * sizeof(NAME), capacity * sizeof(NAME)));
+        m_names = static_cast<Name*>(Resize(m_names, m_nameCapacity * sizeof(Name), capacity * sizeof(Name)));
         m_nameCapacity = capacity;
     }
     const DXF_STRING text = Keep(narrow);

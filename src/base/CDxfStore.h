@@ -35,14 +35,14 @@ public:
 private:
     // A text of up to 16 bytes: its first eight bytes and its last eight, some of them twice; or first has
     // all that there are.
-    struct WORDS {
+    struct Words {
         std::uint64_t first;
         std::uint64_t last;
     };
     // A name of up to 16 bytes is in here itself, so that a look at it takes one cache line. Of a longer one
     // words.last is the address.
-    struct NAME {
-        WORDS words;
+    struct Name {
+        Words words;
         std::size_t size;
         DXF_STRING text;
     };
@@ -51,14 +51,14 @@ private:
     wchar_t* AllocateText(std::size_t length);
     static void SetLength(wchar_t* text, std::size_t length);
     void Grow(DXF_STRING text, std::size_t capacity);
-    static WORDS WordsOf(std::string_view narrow);
+    static Words WordsOf(std::string_view narrow);
     DXF_STRING KeepLongOnce(std::string_view narrow);
-    DXF_STRING AddName(std::string_view narrow, const WORDS& words, std::uint64_t hash);
+    DXF_STRING AddName(std::string_view narrow, const Words& words, std::uint64_t hash);
 
     wchar_t* m_growing = nullptr; // the text that Append wrote last
     std::size_t m_growingCapacity = 0;
 
-    NAME* m_names = nullptr;
+    Name* m_names = nullptr;
     std::size_t m_nameCount = 0;
     std::size_t m_nameCapacity = 0;
     CDxfHashIndex m_nameIndex;

@@ -28,7 +28,7 @@ std::uint64_t Millionths(double value)
     const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
     const int shift = 1075 - static_cast<int>(bits >> 52); // value = mantissa / 2^shift, from 13 to 62
     const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | std::uint64_t{1} << 52;
-    const UINT128 product = Multiply(mantissa, 1'000'000);
+    const Uint128 product = Multiply(mantissa, 1'000'000);
     const std::uint64_t whole = product.low >> shift | product.high << (64 - shift);
     const std::uint64_t rest = product.low & ((std::uint64_t{1} << shift) - 1);
     const std::uint64_t half = std::uint64_t{1} << (shift - 1);

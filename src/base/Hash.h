@@ -10,7 +10,7 @@
 // The high half xor the low half of a product.
 inline std::uint64_t MultiplyAndFold(std::uint64_t a, std::uint64_t b)
 {
-    const UINT128 product = Multiply(a, b);
+    const Uint128 product = Multiply(a, b);
     return product.high ^ product.low;
 }
 

@@ -3,23 +3,23 @@
 
 #include <cstdint>
 
-struct UINT128 {
+struct Uint128 {
     std::uint64_t low;
     std::uint64_t high;
 };
 
 #if defined(__SIZEOF_INT128__) && !defined(PLEXORN_PORTABLE)
 
-inline UINT128 Multiply(std::uint64_t a, std::uint64_t b)
+inline Uint128 Multiply(std::uint64_t a, std::uint64_t b)
 {
-    __extension__ using WIDE = unsigned __int128; // one instruction in place of four and their sums
-    const WIDE product = static_cast<WIDE>(a) * b;
+    __extension__ using Wide = unsigned __int128; // one instruction in place of four and their sums
+    const Wide product = static_cast<Wide>(a) * b;
     return {static_cast<std::uint64_t>(product), static_cast<std::uint64_t>(product >> 64)};
 }
 
 #else
 
-inline UINT128 Multiply(std::uint64_t a, std::uint64_t b)
+inline Uint128 Multiply(std::uint64_t a, std::uint64_t b)
 {
     const std::uint64_t aLow = a & 0xFFFFFFFFu, aHigh = a >> 32;
     const std::uint64_t bLow = b & 0xFFFFFFFFu, bHigh = b >> 32;

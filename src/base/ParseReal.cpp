@@ -77,14 +77,14 @@ constexpr std::ptrdiff_t kMostDecimals = 16;
 constexpr std::ptrdiff_t kMostDigits = 19; // what 64 bits hold
 
 // 10^n, of which 5^n has so many bits.
-struct POWER {
+struct Power {
     std::uint64_t ten;
     std::uint64_t reciprocal; // 2^(63 + bits) / 5^n, rounded down: between 2^63 and 2^64
     std::uint64_t scale;      // the bits of the double 2^(2 - bits - n)
     double real;
 };
 
-constexpr POWER MakePower(int n)
+constexpr Power MakePower(int n)
 {
     std::uint64_t five = 1, ten = 1;
     for (int i = 0; i < n; ++i) {
@@ -103,7 +103,7 @@ constexpr POWER MakePower(int n)
 }
 
 constexpr auto kPowers = [] {
-    std::array<POWER, kMostDecimals + 1> powers{};
+    std::array<Power, kMostDecimals + 1> powers{};
     for (std::size_t n = 1; n < powers.size(); ++n) // 5^0 needs no division
         powers[n] = MakePower(static_cast<int>(n));
     return powers;
@@ -174,7 +174,7 @@ bool ReadDecimal(const char* begin, const char* end, std::uint64_t& digits, std:
 // machine divides exactly; the second happens once in a hundred long ones.
 bool Divide(std::uint64_t digits, std::ptrdiff_t decimals, std::uint64_t sign, double& value)
 {
-    const POWER& power = kPowers[static_cast<std::size_t>(decimals)];
+    const Power& power = kPowers[static_cast<std::size_t>(decimals)];
     const int shift = std::countl_zero(digits | 1);
     const std::uint64_t estimate = Multiply(digits << shift, power.reciprocal).high;
     if (((estimate + 2) & 511) >= 4) {

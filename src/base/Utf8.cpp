@@ -8,14 +8,14 @@ constexpr bool kWideIsUtf16 = sizeof(wchar_t) == 2;
 
 // What may follow the first byte of a sequence: how many bytes, and the range of the first of them (Unicode,
 // table 3-7).
-struct LEAD {
+struct Lead {
     unsigned trails;
     unsigned char low, high;
 };
 
-LEAD LeadOf(unsigned char byte, UTF8_RANGE range)
+Lead LeadOf(unsigned char byte, Utf8Range range)
 {
-    const bool isAnyNumber = range == UTF8_RANGE::AnyNumber;
+    const bool isAnyNumber = range == Utf8Range::AnyNumber;
     const auto bound = [](bool isNarrow, int narrow, int wide) {
         return static_cast<unsigned char>(isNarrow ? narrow : wide);
     };
@@ -53,13 +53,13 @@ char32_t Replaced(char32_t value)
 
 } // namespace
 
-DECODED_CHARACTER DecodeUtf8(std::string_view text, UTF8_RANGE range)
+DecodedCharacter DecodeUtf8(std::string_view text, Utf8Range range)
 {
     const auto byteAt = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
     const unsigned char first = byteAt(0);
     if (first < 0x80)
         return {first, 1};
-    const LEAD lead = LeadOf(first, range);
+    const Lead lead = LeadOf(first, range);
     char32_t value = first & (0x3Fu >> lead.trails);
     for (std::size_t size = 1; size <= lead.trails; ++size) {
         const unsigned char low = size == 1 ? lead.low : 0x80;
@@ -71,7 +71,7 @@ DECODED_CHARACTER DecodeUtf8(std::string_view text, UTF8_RANGE range)
     return {lead.trails == 0 ? kNoCharacter : value, lead.trails + 1};
 }
 
-DECODED_CHARACTER DecodeWide(std::wstring_view text)
+DecodedCharacter DecodeWide(std::wstring_view text)
 {
     const char32_t first = UnitOf(text[0]);
     if (!kWideIsUtf16 || (first & 0xFC00) != 0xD800 || text.size() == 1)
@@ -112,7 +112,7 @@ std::string Utf8FromWide(std::wstring_view text)
             text.remove_prefix(1);
             continue;
         }
-        const DECODED_CHARACTER next = DecodeWide(text);
+        const DecodedCharacter next = DecodeWide(text);
         AppendUtf8(utf8, next.value);
         text.remove_prefix(next.size);
     }
@@ -124,7 +124,7 @@ std::optional<std::wstring> WideFromUtf8(std::string_view text)
     std::wstring wide;
     wide.reserve(text.size());
     while (!text.empty()) {
-        const DECODED_CHARACTER next = DecodeUtf8(text);
+        const DecodedCharacter next = DecodeUtf8(text);
         if (next.value == kNoCharacter)
             return std::nullopt;
         AppendWide(wide, next.value);
@@ -145,7 +145,7 @@ std::string ValidUtf8(std::string_view text)
         text.remove_prefix(size);
         if (text.empty())
             break;
-        const DECODED_CHARACTER next = DecodeUtf8(text);
+        const DecodedCharacter next = DecodeUtf8(text);
         AppendUtf8(valid, next.value);
         text.remove_prefix(next.value == kNoCharacter ? 1 : next.size);
     }
@@ -160,7 +160,7 @@ std::size_t Utf8ToWide(std::string_view text, wchar_t* wide)
             *out++ = static_cast<wchar_t>(text[at++]);
             continue;
         }
-        const DECODED_CHARACTER next = DecodeUtf8(text.substr(at));
+        const DecodedCharacter next = DecodeUtf8(text.substr(at));
         out = WriteWide(out, Replaced(next.value));
         at += next.size;
     }

@@ -24,12 +24,12 @@ constexpr bool IsCharacter(char32_t value)
 }
 
 // What a text begins with, and how many of its bytes or units that takes: at least one.
-struct DECODED_CHARACTER {
+struct DecodedCharacter {
     char32_t value;
     std::size_t size;
 };
 
-enum class UTF8_RANGE : std::uint8_t {
+enum class Utf8Range : std::uint8_t {
     Characters, // well-formed UTF-8
     AnyNumber,  // encoded surrogates and numbers past U+10FFFF, too, each as one number; nothing overlong
 };
@@ -37,11 +37,11 @@ enum class UTF8_RANGE : std::uint8_t {
 // Decodes the start of a text that is not empty. Invalid bytes give kNoCharacter and the size of the longest
 // part that begins a sequence (Unicode calls it a maximal subpart): whoever replaces each part takes that
 // size, whoever replaces each byte takes 1.
-DECODED_CHARACTER DecodeUtf8(std::string_view text, UTF8_RANGE range = UTF8_RANGE::Characters);
+DecodedCharacter DecodeUtf8(std::string_view text, Utf8Range range = Utf8Range::Characters);
 
 // Decodes the start of a wide text that is not empty. A pair of surrogates is one character; a surrogate
 // alone and a number past U+10FFFF come out as they are.
-DECODED_CHARACTER DecodeWide(std::wstring_view text);
+DecodedCharacter DecodeWide(std::wstring_view text);
 
 // Each adds a character to the end of a text; what IsCharacter refuses becomes U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);

@@ -31,7 +31,7 @@ public:
     template <class Make>
     DXF_STYLE_TEXTS Find(const DXF_GRAPHIC_BASE& entity, const Make& make)
     {
-        const KEY key = KeyOf(entity);
+        const Key key = KeyOf(entity);
         const std::uint64_t hash = HashBytes(key.data(), sizeof(key), HashKey(this));
         const std::uint32_t known =
             m_index.Find(hash, [&](std::uint32_t number) { return m_styles[number].key == key; });
@@ -44,13 +44,13 @@ public:
     }
 
 private:
-    using KEY = std::array<std::uint64_t, 4>;
-    struct STYLE {
-        KEY key;
+    using Key = std::array<std::uint64_t, 4>;
+    struct Style {
+        Key key;
         DXF_STYLE_TEXTS texts;
     };
 
-    static KEY KeyOf(const DXF_GRAPHIC_BASE& entity)
+    static Key KeyOf(const DXF_GRAPHIC_BASE& entity)
     {
         const auto pack = [](std::int32_t high, std::int32_t low) {
             return std::uint64_t{static_cast<std::uint32_t>(high)} << 32 | static_cast<std::uint32_t>(low);
@@ -60,6 +60,6 @@ private:
                 pack(entity.m_nColor, entity.m_nLineWeight), pack(0, entity.m_nTrueColor)};
     }
 
-    std::vector<STYLE> m_styles;
+    std::vector<Style> m_styles;
     CDxfHashIndex m_index;
 };

@@ -121,9 +121,9 @@ void CDxfDimensionDrawing::DrawLinear(const DIMENSION& dimension, const DXF_POIN
 {
     const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
     const CDxfGroup group(m_parentNode);
-    DrawLine(p2, d, ARROWS::None);
-    DrawLine(p1, q, ARROWS::None);
-    DrawLine(d, q, ARROWS::Both);
+    DrawLine(p2, d, Arrows::None);
+    DrawLine(p1, q, Arrows::None);
+    DrawLine(d, q, Arrows::Both);
     DrawGeneralValue(dimension, Distance(d, q), DirectionInDegrees(q, d));
 }
 
@@ -133,7 +133,7 @@ void CDxfDimensionDrawing::DrawRadial(const DIMENSION& dimension, const CHORD& r
     const DXF_POINT2D h = Transform(radial.m_dChordPointX, radial.m_dChordPointY);
     const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
     const CDxfGroup group(m_parentNode);
-    DrawLine(d, h, ARROWS::End);
+    DrawLine(d, h, Arrows::End);
     DrawGeneralValue(dimension, 2 * Distance(middle, d), DirectionInDegrees(h, d));
 }
 
@@ -144,23 +144,23 @@ void CDxfDimensionDrawing::DrawDiametric(const DIMENSION& dimension, const CHORD
     const DXF_POINT2D h = Transform(diametric.m_dChordPointX, diametric.m_dChordPointY);
     const DXF_POINT2D middle{(d.x + h.x) / 2, (d.y + h.y) / 2};
     const CDxfGroup group(m_parentNode);
-    DrawLine(d, h, ARROWS::Both);
+    DrawLine(d, h, Arrows::Both);
     DrawGeneralValue(dimension, Distance(middle, d), DirectionInDegrees(h, d));
 }
 
-void CDxfDimensionDrawing::DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, ARROWS arrows,
+void CDxfDimensionDrawing::DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, Arrows arrows,
                                     const wchar_t* color)
 {
     const QlmNode line = qlmCreateLine(m_parentNode, L"", ToFloat(from.x), ToFloat(from.y), ToFloat(to.x),
                                        ToFloat(to.y), 0.0f, 0.0f);
     SetAttribute(line, L"stroke-width", m_strokeWidth.c_str());
-    if (arrows == ARROWS::Both)
+    if (arrows == Arrows::Both)
         SetAttribute(line, L"pg-begin-arrow-type", L"stealth arrow");
-    if (arrows != ARROWS::None)
+    if (arrows != Arrows::None)
         SetAttribute(line, L"pg-end-arrow-type", L"stealth arrow");
-    if (arrows == ARROWS::Both)
+    if (arrows == Arrows::Both)
         SetAttribute(line, L"pg-begin-arrow-size", L"1");
-    if (arrows != ARROWS::None)
+    if (arrows != Arrows::None)
         SetAttribute(line, L"pg-end-arrow-size", L"1");
     if (color != nullptr)
         SetAttribute(line, L"stroke", color);
@@ -184,13 +184,13 @@ const wchar_t* CDxfDimensionDrawing::UnitOf(const DIMENSION& dimension)
 
 void CDxfDimensionDrawing::DrawGeneralValue(const DIMENSION& dimension, double value, double degrees)
 {
-    VALUE_TEXT text;
+    ValueText text;
     text.AddGeneral(value).Add(UnitOf(dimension));
     DrawValue(dimension, text, degrees);
 }
 
 // Shows the value, or the dimension's own text with every "<>" replaced by the value.
-void CDxfDimensionDrawing::DrawValue(const DIMENSION& dimension, const VALUE_TEXT& value, double degrees)
+void CDxfDimensionDrawing::DrawValue(const DIMENSION& dimension, const ValueText& value, double degrees)
 {
     std::wstring_view rest = dimension.m_strText.empty() ? std::wstring_view(L"<>") : dimension.m_strText;
     std::wstring text;

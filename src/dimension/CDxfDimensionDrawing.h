@@ -35,12 +35,12 @@ private:
     using CHORD = DXF_GRAPHIC_DIMENSION_CHORD;
     using ANGULAR = DXF_GRAPHIC_DIMENSION_2LineAngularDimension;
 
-    enum class ARROWS { None, End, Both };
+    enum class Arrows { None, End, Both };
 
     // The value that a dimension shows, as text with its unit.
-    using VALUE_TEXT = CDxfText<kLongestNumber + 1>;
+    using ValueText = CDxfText<kLongestNumber + 1>;
 
-    struct TEXT_RUN;
+    struct TextRun;
 
     void DrawAligned(const DIMENSION& dimension, const ALIGNED& aligned);
     void DrawRotated(const DIMENSION& dimension, const ALIGNED& aligned);
@@ -50,19 +50,19 @@ private:
     void DrawDiametric(const DIMENSION& dimension, const CHORD& diametric);
     void DrawAngular(const DIMENSION& dimension, const ANGULAR& angular);
 
-    void DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, ARROWS arrows,
+    void DrawLine(const DXF_POINT2D& from, const DXF_POINT2D& to, Arrows arrows,
                   const wchar_t* color = nullptr);
     void DrawMark(const DXF_POINT2D& center, const wchar_t* color);
-    void DrawValue(const DIMENSION& dimension, const VALUE_TEXT& value, double degrees);
+    void DrawValue(const DIMENSION& dimension, const ValueText& value, double degrees);
     void DrawGeneralValue(const DIMENSION& dimension, double value, double degrees);
     static const wchar_t* UnitOf(const DIMENSION& dimension);
 
-    void LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer);
-    void LayoutCode(std::wstring_view text, double x, double y, TEXT_RUN& run);
-    void LayoutPlain(std::wstring_view text, double x, double y, const TEXT_RUN& run);
-    void DrawStack(std::wstring_view text, double x, double y, const TEXT_RUN& run);
-    void DrawText(std::wstring_view text, double x, double y, double size, const TEXT_RUN& run);
-    double RunWidth(std::wstring_view text, const TEXT_RUN& run) const;
+    void LayoutPiece(std::wstring_view text, double x, double y, TextRun& outer);
+    void LayoutCode(std::wstring_view text, double x, double y, TextRun& run);
+    void LayoutPlain(std::wstring_view text, double x, double y, const TextRun& run);
+    void DrawStack(std::wstring_view text, double x, double y, const TextRun& run);
+    void DrawText(std::wstring_view text, double x, double y, double size, const TextRun& run);
+    double RunWidth(std::wstring_view text, const TextRun& run) const;
 
     DXF_POINT2D Transform(double x, double y) const { return TransformPoint(x, y, m_scale, m_yAxisMode); }
     void SetAttribute(QlmNode node, const wchar_t* name, const wchar_t* value) const

@@ -60,14 +60,14 @@ std::array<double, 4> SortedBounds(double a, double b, std::int32_t yAxisMode)
 }
 
 // The part of the circle that a dimension measures.
-struct SECTOR {
+struct Sector {
     double span; // degrees
     bool exists;
     double start; // radians
     double end;
 };
 
-SECTOR FindSector(const std::array<double, 4>& bounds, double direction)
+Sector FindSector(const std::array<double, 4>& bounds, double direction)
 {
     std::array<double, 4> s;
     std::transform(bounds.begin(), bounds.end(), s.begin(),
@@ -102,7 +102,7 @@ void CDxfDimensionDrawing::DrawAngular(const DIMENSION& dimension, const ANGULAR
     const double radius = Distance(vertex, a3);
     const auto bounds =
         SortedBounds(DirectionToFarther(vertex, a1, a2), DirectionToFarther(vertex, d, b), m_yAxisMode);
-    const SECTOR sector = FindSector(bounds, PositiveDirection(vertex, a3));
+    const Sector sector = FindSector(bounds, PositiveDirection(vertex, a3));
     const DXF_POINT2D start = sector.exists ? PointOnCircle(vertex, radius, sector.start) : DXF_POINT2D{};
     const DXF_POINT2D end = sector.exists ? PointOnCircle(vertex, radius, sector.end) : DXF_POINT2D{};
 
@@ -112,14 +112,14 @@ void CDxfDimensionDrawing::DrawAngular(const DIMENSION& dimension, const ANGULAR
     const QlmNode path = qlmCreatePath(m_parentNode, L"", data.c_str(), 0.0f, 0.0f);
     SetAttribute(path, L"stroke-width", m_strokeWidth.c_str());
 
-    DrawLine(a1, a2, ARROWS::None, L"#ff0000");
-    DrawLine(d, b, ARROWS::None, L"#00ff00");
+    DrawLine(a1, a2, Arrows::None, L"#ff0000");
+    DrawLine(d, b, Arrows::None, L"#00ff00");
     DrawMark(vertex, nullptr);
     DrawMark(start, L"#ff0000");
     DrawMark(end, L"#00ff00");
     DrawMark(a3, L"#0000ff");
 
-    VALUE_TEXT value;
+    ValueText value;
     value.AddWidth4Fixed2(sector.span).Add(UnitOf(dimension));
     const DXF_POINT2D middle = Transform(dimension.m_dTextMidX, dimension.m_dTextMidY);
     DrawValue(dimension, value, (Direction(middle, vertex) - kPi / 2) * kDegreesPerRadian);

@@ -32,7 +32,7 @@ std::size_t FindSeparator(std::wstring_view text)
 } // namespace
 
 // What all pieces of one text share.
-struct CDxfDimensionDrawing::TEXT_RUN {
+struct CDxfDimensionDrawing::TextRun {
     float angle; // degrees
     double cosine;
     double sine;
@@ -42,7 +42,7 @@ struct CDxfDimensionDrawing::TEXT_RUN {
 void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, float y, float angle)
 {
     const double radians = angle * kRadiansPerDegree;
-    TEXT_RUN run{angle, std::cos(radians), std::sin(radians), kFirstHeight};
+    TextRun run{angle, std::cos(radians), std::sin(radians), kFirstHeight};
     for (std::wstring_view rest = text; !rest.empty();) { // empty pieces are skipped
         const std::wstring_view piece = rest.substr(0, rest.find(L';'));
         if (!piece.empty())
@@ -54,11 +54,11 @@ void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, 
 // A brace after some text begins a nested text, with the first height again. It has no ";" in it, so it is
 // one piece: a round of the loop, however deep the braces go. What follows the outer piece keeps the outer
 // height (quirk 115).
-void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TEXT_RUN& outer)
+void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double y, TextRun& outer)
 {
-    TEXT_RUN nested = outer;
+    TextRun nested = outer;
     nested.height = kFirstHeight; // a code within would end the piece, so nothing changes it
-    for (TEXT_RUN* run = &outer; !text.empty(); run = &nested) {
+    for (TextRun* run = &outer; !text.empty(); run = &nested) {
         const std::size_t brace = text.find(L'{');
         if (text.front() == L'\\')
             return LayoutCode(text, x, y, *run);
@@ -78,7 +78,7 @@ void CDxfDimensionDrawing::LayoutPiece(std::wstring_view text, double x, double 
 
 // A piece that is a code: a height of one digit (quirk 113) or a stack; alignment, colour and all other codes
 // are skipped.
-void CDxfDimensionDrawing::LayoutCode(std::wstring_view text, double x, double y, TEXT_RUN& run)
+void CDxfDimensionDrawing::LayoutCode(std::wstring_view text, double x, double y, TextRun& run)
 {
     const wchar_t code = text.size() > 1 ? text[1] : L'\0';
     if (code == L'H')
@@ -88,7 +88,7 @@ void CDxfDimensionDrawing::LayoutCode(std::wstring_view text, double x, double y
 }
 
 // A piece of plain text; a code within it draws what follows as a stack, whatever its letter (quirk 118).
-void CDxfDimensionDrawing::LayoutPlain(std::wstring_view text, double x, double y, const TEXT_RUN& run)
+void CDxfDimensionDrawing::LayoutPlain(std::wstring_view text, double x, double y, const TextRun& run)
 {
     const std::wstring_view plain = text.substr(0, text.find(L'\\'));
     DrawText(plain, x, y, m_scale * run.height, run);
@@ -99,7 +99,7 @@ void CDxfDimensionDrawing::LayoutPlain(std::wstring_view text, double x, double 
 }
 
 // Numerator and denominator, half as high; nothing without a separator between them.
-void CDxfDimensionDrawing::DrawStack(std::wstring_view text, double x, double y, const TEXT_RUN& run)
+void CDxfDimensionDrawing::DrawStack(std::wstring_view text, double x, double y, const TextRun& run)
 {
     const std::size_t separator = FindSeparator(text);
     if (separator == std::wstring_view::npos)
@@ -113,13 +113,13 @@ void CDxfDimensionDrawing::DrawStack(std::wstring_view text, double x, double y,
 }
 
 // The estimated width of a run: four tenths of the height for each character.
-double CDxfDimensionDrawing::RunWidth(std::wstring_view text, const TEXT_RUN& run) const
+double CDxfDimensionDrawing::RunWidth(std::wstring_view text, const TextRun& run) const
 {
     return ToFloat(LengthInUtf16(text) * m_scale * run.height * 4.0 / 10.0);
 }
 
 void CDxfDimensionDrawing::DrawText(std::wstring_view text, double x, double y, double size,
-                                    const TEXT_RUN& run)
+                                    const TextRun& run)
 {
     const QlmNode node = qlmCreateText(m_parentNode, L"", 0.0f, 0.0f, 0.0f, 0.0f, std::wstring(text).c_str(),
                                        ToFloat(x), ToFloat(y));

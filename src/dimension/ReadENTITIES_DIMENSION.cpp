@@ -41,14 +41,14 @@ void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, CDxfLine value)
 }
 
 // The row of the parts that step over those lists.
-struct OVERRIDES_ROW {
+struct OverridesRow {
     template <class Part>
     static consteval std::array<DXF_FIELD<Part>, 1> Rows()
     {
         return {{{1000, SkipDSTYLE<Part>}}};
     }
 };
-constexpr OVERRIDES_ROW kOverrides;
+constexpr OverridesRow kOverrides;
 
 using SKIPPED = DXF_GRAPHIC_DIMENSION_Entity;
 constexpr auto kSkippedFields = DxfFields<SKIPPED>({End(0), End(100)});
@@ -149,18 +149,18 @@ DXF_END ReadPart(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_DIMENSION& di
 {
     Part* const part = reader.store.New<Part>();
     dimension.m_parts.Add(reader.store, part);
-    typename std::remove_cvref_t<decltype(table)>::RECORD& fields = *part;
+    typename std::remove_cvref_t<decltype(table)>::RecordType& fields = *part;
     const auto ignore = [](std::int32_t, std::string_view) {};
     return reader.ReadFields(stream, fields, table,
                              L"Read_UNKNOWN() Failed to read integer from '%s', Line:%d", ignore);
 }
 
-struct PART_READER {
+struct PartReader {
     std::string_view marker;
     DXF_END (*read)(CDxfRead& reader, CDxfStream& stream, DXF_GRAPHIC_DIMENSION& dimension);
 };
 
-constexpr PART_READER kParts[] = {
+constexpr PartReader kParts[] = {
     {"AcDbEntity", ReadPart<SKIPPED, kSkippedFields>},
     {"AcDbDimension", ReadPart<DIMENSION, kDimensionFields>},
     {"AcDbAlignedDimension", ReadPart<ALIGNED, kAlignedFields>},
@@ -195,7 +195,7 @@ bool CDxfRead::ReadENTITIES_DIMENSION_SWITCH(CDxfStream& stream, DXF_GRAPHIC_DIM
 {
     for (bool metFurtherMarker = false;; metFurtherMarker = true) { // a part a round
         const auto part = std::find_if(std::begin(kParts), std::end(kParts),
-                                       [&](const PART_READER& entry) { return entry.marker == marker; });
+                                       [&](const PartReader& entry) { return entry.marker == marker; });
         if (part == std::end(kParts)) {
             Report(DXF_ERROR_MARKER, L"ReadENTITIES_DIMENSION_SWITCH() Unknown Dimension type '%s', Line:%d",
                    {marker, lineCount});

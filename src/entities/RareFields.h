@@ -37,12 +37,12 @@ void SetRare(CDxfRead& reader, DXF_GRAPHIC_BASE& record, Value DXF_GRAPHIC_RARE:
 template <class Record, auto member>
 void StoreRare(CDxfRead& reader, CDxfStream&, Record& record, CDxfLine line)
 {
-    using VALUE = std::remove_cvref_t<decltype(record.m_rare->*member)>;
-    if constexpr (std::is_same_v<VALUE, double>)
+    using Value = std::remove_cvref_t<decltype(record.m_rare->*member)>;
+    if constexpr (std::is_same_v<Value, double>)
         SetRare(reader, record, member, ParseLineReal(line));
-    else if constexpr (std::is_same_v<VALUE, std::int32_t>)
+    else if constexpr (std::is_same_v<Value, std::int32_t>)
         SetRare(reader, record, member, ParseInteger(line));
-    else if constexpr (std::is_same_v<VALUE, DXF_HANDLE>)
+    else if constexpr (std::is_same_v<Value, DXF_HANDLE>)
         SetRare(reader, record, member, reader.store.KeepHandle(Trim(line)));
     else
         SetRare(reader, record, member, reader.store.KeepOnce(Trim(line)));

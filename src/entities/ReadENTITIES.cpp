@@ -8,14 +8,14 @@
 namespace {
 
 // An entity type that has a reader, or one that is skipped (no reader) with a message text of its own.
-struct ENTITY_READER {
+struct EntityReader {
     std::string_view typeName;
     bool (CDxfRead::*read)(CDxfStream& stream, DXF_ENTITY_LIST& list);
     const wchar_t* failed;
     const wchar_t* skipInteger;
 };
 
-constexpr ENTITY_READER kReaders[] = {
+constexpr EntityReader kReaders[] = {
 #define DXF_FAILED(TYPE) L"ReadENTITIES_" #TYPE L"() Failed to read line, Line:%d"
 #define DXF_READ(number, TYPE, Callback, constness)                                                          \
     {#TYPE, &CDxfRead::ReadENTITIES_##TYPE, DXF_FAILED(TYPE), nullptr},
@@ -33,7 +33,7 @@ constexpr ENTITY_READER kReaders[] = {
 void CDxfRead::ReadENTITIES(CDxfStream& stream, std::string_view typeName, DXF_ENTITY_LIST& list)
 {
     const auto reader = std::find_if(std::begin(kReaders), std::end(kReaders),
-                                     [&](const ENTITY_READER& entry) { return entry.typeName == typeName; });
+                                     [&](const EntityReader& entry) { return entry.typeName == typeName; });
     if (reader == std::end(kReaders)) {
         Report(DXF_ERROR_OBJECT_TYPE, L"%s - Unknown Object Type Name (%d)", {typeName, lineCount});
         Read_UNKNOWN(stream);

@@ -42,7 +42,7 @@ struct DXF_END_ROW {
 // is converted; texts are trimmed.
 template <class Record>
 struct DXF_FIELD {
-    using FUNCTION = void (*)(CDxfRead& reader, CDxfStream& stream, Record& record, CDxfLine value);
+    using Function = void (*)(CDxfRead& reader, CDxfStream& stream, Record& record, CDxfLine value);
 
     consteval DXF_FIELD() = default;
     consteval DXF_FIELD(DXF_END_ROW end) : DXF_FIELD(end.code, end.code, DXF_FIELD_KIND::End) {}
@@ -67,7 +67,7 @@ struct DXF_FIELD {
     {
         handle = member;
     }
-    consteval DXF_FIELD(int code, FUNCTION own) : DXF_FIELD(code, code, DXF_FIELD_KIND::Function)
+    consteval DXF_FIELD(int code, Function own) : DXF_FIELD(code, code, DXF_FIELD_KIND::Function)
     {
         function = own;
     }
@@ -79,7 +79,7 @@ struct DXF_FIELD {
     std::int32_t Record::*integer = nullptr;
     DXF_STRING Record::*text = nullptr;
     DXF_HANDLE Record::*handle = nullptr;
-    FUNCTION function = nullptr;
+    Function function = nullptr;
 
 private:
     consteval DXF_FIELD(int first, int last, DXF_FIELD_KIND how) : firstCode(first), lastCode(last), kind(how)
@@ -113,10 +113,10 @@ consteval DXF_FIELD<Record> RawKeptOnce(int code, DXF_STRING Record::*member)
 template <class Record, std::size_t count>
 class CDxfFieldTable {
 public:
-    using RECORD = Record;
-    using FIELD = DXF_FIELD<Record>;
+    using RecordType = Record;
+    using Field = DXF_FIELD<Record>;
 
-    consteval explicit CDxfFieldTable(const std::array<FIELD, count>& fields)
+    consteval explicit CDxfFieldTable(const std::array<Field, count>& fields)
     {
         static_assert(count < 256);
         for (std::size_t i = 0; i < count; ++i) {
@@ -131,7 +131,7 @@ public:
     }
 
     // The field of a code; its kind is None if the table has none.
-    const FIELD& Find(std::int32_t code) const
+    const Field& Find(std::int32_t code) const
     {
         const auto unsignedCode = static_cast<std::uint32_t>(code);
         return m_fields[unsignedCode < kCodes ? m_index[unsignedCode] : 0];
@@ -141,7 +141,7 @@ private:
     static constexpr std::size_t kCodes = 1024; // the highest code in any table is 1002
 
     std::array<std::uint8_t, kCodes> m_index{};
-    std::array<FIELD, count + 1> m_fields{};
+    std::array<Field, count + 1> m_fields{};
 };
 
 // The table of a record: its own rows, then those of the groups, which several records share. A group has a

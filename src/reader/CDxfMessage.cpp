@@ -33,16 +33,16 @@ void CDxfMessage::Append(const CDxfMessageArgument& argument)
     char number[kLongestNumber];
     wchar_t wide[CDxfStream::kLongestLine];
     switch (argument.m_kind) {
-    case CDxfMessageArgument::KIND::Narrow:
+    case CDxfMessageArgument::Kind::Narrow:
         for (const wchar_t character :
              std::wstring_view(wide, ToWide(argument.m_narrow.substr(0, CDxfStream::kLongestLine), wide)))
             Append(character);
         break;
-    case CDxfMessageArgument::KIND::Wide:
+    case CDxfMessageArgument::Kind::Wide:
         for (const wchar_t character : argument.m_wide)
             Append(character);
         break;
-    case CDxfMessageArgument::KIND::Number:
+    case CDxfMessageArgument::Kind::Number:
         for (const char digit : std::string_view(number, FormatInteger(argument.m_number, number)))
             Append(static_cast<wchar_t>(digit));
         break;

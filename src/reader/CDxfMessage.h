@@ -11,15 +11,15 @@
 // What replaces a "%s" or a "%d": a line of the file, a kept text, or a number.
 class CDxfMessageArgument {
 public:
-    CDxfMessageArgument(std::string_view narrow) : m_kind(KIND::Narrow), m_narrow(narrow) {}
-    CDxfMessageArgument(DXF_STRING wide) : m_kind(KIND::Wide), m_wide(wide) {}
-    CDxfMessageArgument(std::int32_t number) : m_kind(KIND::Number), m_number(number) {}
+    CDxfMessageArgument(std::string_view narrow) : m_kind(Kind::Narrow), m_narrow(narrow) {}
+    CDxfMessageArgument(DXF_STRING wide) : m_kind(Kind::Wide), m_wide(wide) {}
+    CDxfMessageArgument(std::int32_t number) : m_kind(Kind::Number), m_number(number) {}
 
 private:
     friend class CDxfMessage;
-    enum class KIND { Narrow, Wide, Number };
+    enum class Kind { Narrow, Wide, Number };
 
-    KIND m_kind;
+    Kind m_kind;
     std::string_view m_narrow;
     std::wstring_view m_wide;
     std::int32_t m_number = 0;

@@ -27,7 +27,7 @@ const std::filesystem::path kFolder = PLEXORN_TEST_DATA "/issues";
 
 constexpr std::size_t kMostReports = 20; // that are written out
 
-using DOCUMENT = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
+using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
 
 // The names of the drawings of this folder.
 std::vector<std::string> Drawings()
@@ -101,7 +101,7 @@ std::string PictureOf(SvgHostDocument& document)
 
 std::string OutcomeOf(const std::filesystem::path& path)
 {
-    const DOCUMENT document(svgHostCreate(), svgHostDestroy);
+    const Document document(svgHostCreate(), svgHostDestroy);
     const QlmNode context = svgHostBeginImport(document.get());
     EXPECT_TRUE(dxfFileOpen(path.wstring().c_str(), context));
     EXPECT_EQ(qlmGetCurrentSvgNode(context), nullptr) << "the current node is the default place again";
@@ -156,22 +156,22 @@ std::string Longer(const char* name, const std::string& lines, std::size_t more)
     return bytes.insert(end, repeated);
 }
 
-struct COST {
+struct Cost {
     SvgHostStatistics counts;
     std::size_t bytes; // at most at once
 };
 
 // Of an import into a document of at most that many elements.
-COST CostOf(const std::string& drawing, std::size_t most)
+Cost CostOf(const std::string& drawing, std::size_t most)
 {
     const TempFile file(drawing);
     const std::wstring path = file.WidePath();
-    const DOCUMENT document(svgHostCreate(), svgHostDestroy);
+    const Document document(svgHostCreate(), svgHostDestroy);
     svgHostLimitElements(document.get(), most);
     const QlmNode context = svgHostBeginImport(document.get());
     const FailingMemory memory(0);
     EXPECT_TRUE(dxfFileOpen(path.c_str(), context));
-    COST cost = {{}, memory.MostBytes()};
+    Cost cost = {{}, memory.MostBytes()};
     EXPECT_TRUE(svgHostGetStatistics(document.get(), &cost.counts));
     return cost;
 }
@@ -183,7 +183,7 @@ TEST(Story, PolylineOfFarPointsTakesTheMemoryOfItsTextOnce)
 {
     constexpr std::size_t kPoints = 20'000;
     constexpr std::size_t kText = kPoints * 327 * sizeof(wchar_t);
-    const COST cost = CostOf(Longer("polyline_of_far_points", "20\n\n", kPoints), 10);
+    const Cost cost = CostOf(Longer("polyline_of_far_points", "20\n\n", kPoints), 10);
     EXPECT_EQ(cost.counts.elements, 1u);
     EXPECT_EQ(cost.counts.undrawableElements, 1u);
     EXPECT_GT(cost.bytes, kText * 9 / 10);
@@ -196,9 +196,9 @@ TEST(Story, StackedTextDrawnOftenMakesItsElementsAndKeepsThoseThatAreAllowed)
     constexpr std::size_t kOfEach = 300; // texts
     constexpr std::size_t kMost = 1000;
     const std::string drawing = Longer("stacked_text_drawn_often", "100\nAcDbRadialDimension\n", kMarkers);
-    const COST whole = CostOf(drawing, kMarkers * kOfEach * 2);
+    const Cost whole = CostOf(drawing, kMarkers * kOfEach * 2);
     EXPECT_GT(whole.counts.elements, kMarkers * kOfEach);
-    const COST part = CostOf(drawing, kMost);
+    const Cost part = CostOf(drawing, kMost);
     EXPECT_EQ(part.counts.elements, kMost);
     EXPECT_EQ(part.counts.elements + part.counts.elementsBeyondLimit, whole.counts.elements);
     EXPECT_LT(part.bytes, std::size_t{512} << 10) << "most of it is the read buffer";

@@ -11,16 +11,16 @@
 namespace {
 
 // An import through the export.
-struct IMPORT {
+struct ImportCase {
     bool result = false;
     std::size_t symbols = 0;
     std::size_t uses = 0;
     std::size_t errors = 0;
 };
 
-IMPORT ImportOf(const std::wstring& path)
+ImportCase ImportOf(const std::wstring& path)
 {
-    IMPORT import;
+    ImportCase import;
     RecordingHost& host = RecordingHost::OfThread();
     host.Reset();
     import.result = dxfFileOpen(path.c_str(), RecordingHost::Context());
@@ -32,11 +32,11 @@ IMPORT ImportOf(const std::wstring& path)
     return import;
 }
 
-IMPORT ImportOnSmallStack(const std::string& drawing)
+ImportCase ImportOnSmallStack(const std::string& drawing)
 {
     const TempFile file(drawing);
     const std::wstring path = file.WidePath();
-    IMPORT import;
+    ImportCase import;
     EXPECT_TRUE(RunOnSmallStack([&] { import = ImportOf(path); }, 64 * 1024));
     EXPECT_TRUE(import.result);
     EXPECT_EQ(import.errors, 0u);
@@ -47,35 +47,35 @@ IMPORT ImportOnSmallStack(const std::string& drawing)
 
 TEST(BlocksOnASmallStack, BlockThatInsertsItself)
 {
-    const IMPORT import = ImportOnSmallStack(SelfInsertingBlock());
+    const ImportCase import = ImportOnSmallStack(SelfInsertingBlock());
     EXPECT_EQ(import.symbols, 1u);
     EXPECT_EQ(import.uses, 2u);
 }
 
 TEST(BlocksOnASmallStack, BlocksThatInsertEachOther)
 {
-    const IMPORT import = ImportOnSmallStack(MutuallyInsertingBlocks());
+    const ImportCase import = ImportOnSmallStack(MutuallyInsertingBlocks());
     EXPECT_EQ(import.symbols, 2u);
     EXPECT_EQ(import.uses, 4u);
 }
 
 TEST(BlocksOnASmallStack, ChainOfAHundredThousand)
 {
-    const IMPORT import = ImportOnSmallStack(ChainOfBlocks(100'000, false));
+    const ImportCase import = ImportOnSmallStack(ChainOfBlocks(100'000, false));
     EXPECT_EQ(import.symbols, 100'000u);
     EXPECT_EQ(import.uses, 100'001u);
 }
 
 TEST(BlocksOnASmallStack, TowerOfNineLevelsOfTenInserts)
 {
-    const IMPORT import = ImportOnSmallStack(TowerOfBlocks(9, 10));
+    const ImportCase import = ImportOnSmallStack(TowerOfBlocks(9, 10));
     EXPECT_EQ(import.symbols, 9u);
     EXPECT_EQ(import.uses, 91u);
 }
 
 TEST(BlocksOnASmallStack, BlockOfFiftyThousandInserts)
 {
-    const IMPORT import = ImportOnSmallStack(TowerOfBlocks(1, 50'000));
+    const ImportCase import = ImportOnSmallStack(TowerOfBlocks(1, 50'000));
     EXPECT_EQ(import.symbols, 1u);
     EXPECT_EQ(import.uses, 50'001u);
 }

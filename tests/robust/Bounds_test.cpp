@@ -32,13 +32,13 @@ constexpr std::size_t kMostMemoryOfFarNumbers = 82 * sizeof(wchar_t) + 16;
 // Twice the 689,280 bytes that a drawing of many calls takes at its small size.
 constexpr std::size_t kMostMemoryOfManyCalls = 1'380'000;
 
-struct COST {
+struct Cost {
     std::size_t bytes = 0; // at most at once
     std::size_t allocations = 0;
     std::size_t calls = 0;
 };
 
-COST CostOf(const std::string& drawing)
+Cost CostOf(const std::string& drawing)
 {
     RecordingHost& host = RecordingHost::OfThread();
     host.Reset();
@@ -62,7 +62,7 @@ std::string OrdinaryDrawing(std::size_t size)
     return drawing + "0\nENDSEC\n0\nEOF\n";
 }
 
-const HOSTILE_PATTERN& Pattern(const std::string& name)
+const HostilePattern& Pattern(const std::string& name)
 {
     const auto& patterns = HostilePatterns();
     return *std::find_if(patterns.begin(), patterns.end(),
@@ -72,7 +72,7 @@ const HOSTILE_PATTERN& Pattern(const std::string& name)
 std::vector<std::string> Names()
 {
     std::vector<std::string> names;
-    for (const HOSTILE_PATTERN& pattern : HostilePatterns())
+    for (const HostilePattern& pattern : HostilePatterns())
         names.push_back(pattern.name);
     return names;
 }
@@ -94,7 +94,7 @@ std::size_t CountedSize(const std::string& name)
 }
 
 // A drawing with so many bytes that are repeated.
-std::string DrawingOf(const HOSTILE_PATTERN& pattern, std::size_t repeated)
+std::string DrawingOf(const HostilePattern& pattern, std::size_t repeated)
 {
     return pattern.Drawing(pattern.first.size() + pattern.middle.size() + pattern.last.size() + repeated);
 }
@@ -117,7 +117,7 @@ TEST_P(Bounds, MemoryForEachByteHasOne)
     const std::size_t least = HasManyCalls(GetParam()) ? kSizeOfManyCalls : kSize;
     for (const std::size_t size : {least, least * 7 / 5}) {
         const std::string drawing = Pattern(GetParam()).Drawing(size);
-        const COST cost = CostOf(drawing);
+        const Cost cost = CostOf(drawing);
         const std::size_t most = HasFarNumbers(GetParam()) ? kMostMemoryOfFarNumbers : kMostMemory;
         EXPECT_LE(cost.bytes,
                   HasManyCalls(GetParam()) ? kMostMemoryOfManyCalls : most * drawing.size() + kFixed)
@@ -128,10 +128,10 @@ TEST_P(Bounds, MemoryForEachByteHasOne)
 // What is counted is the same on every machine. Lists that double have a step more at twice the size.
 TEST_P(Bounds, CallsAndAllocationsAreInProportionToTheSize)
 {
-    const HOSTILE_PATTERN& pattern = Pattern(GetParam());
+    const HostilePattern& pattern = Pattern(GetParam());
     const std::size_t size = CountedSize(GetParam());
-    const COST half = CostOf(DrawingOf(pattern, size));
-    const COST whole = CostOf(DrawingOf(pattern, 2 * size));
+    const Cost half = CostOf(DrawingOf(pattern, size));
+    const Cost whole = CostOf(DrawingOf(pattern, 2 * size));
     EXPECT_LE(whole.calls, 2 * half.calls + half.calls / 5 + 20);
     EXPECT_LE(whole.allocations, 2 * half.allocations + half.allocations / 5 + 20);
 }
@@ -147,7 +147,7 @@ TEST(Work, OfHostileDrawings)
 {
     RunAtSizes("hostile/ordinary", OrdinaryDrawing(0), OrdinaryDrawing(kCountedSize),
                OrdinaryDrawing(2 * kCountedSize));
-    for (const HOSTILE_PATTERN& pattern : HostilePatterns()) {
+    for (const HostilePattern& pattern : HostilePatterns()) {
         const std::size_t size = CountedSize(pattern.name);
         RunAtSizes((HasFarNumbers(pattern.name) ? "hostile-far/" : "hostile/") + pattern.name,
                    DrawingOf(pattern, 0), DrawingOf(pattern, size), DrawingOf(pattern, 2 * size));
@@ -163,10 +163,10 @@ TEST(FullBounds, FiguresOfTheDocumentationAreThose)
     const bool isPrinted = std::getenv("PLEXORN_BOUNDS") != nullptr;
     std::ifstream page(PLEXORN_TEST_DATA "/../docs/bounds.md");
     const std::string text{std::istreambuf_iterator<char>(page), {}};
-    for (const HOSTILE_PATTERN& pattern : HostilePatterns()) {
+    for (const HostilePattern& pattern : HostilePatterns()) {
         double memory = 0, calls = 0;
         for (const std::size_t size : {kSize, kSize * 7 / 5}) {
-            const COST cost = CostOf(pattern.Drawing(size));
+            const Cost cost = CostOf(pattern.Drawing(size));
             memory = std::max(memory, static_cast<double>(cost.bytes) / static_cast<double>(size));
             calls = std::max(calls, static_cast<double>(cost.calls) / static_cast<double>(size));
         }

@@ -54,7 +54,7 @@ std::vector<std::string> LinesOf(const std::string& trace)
 
 TEST(Denormals, TakenForZeroChangeNoDrawing)
 {
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
+    for (const SweptDrawing& drawing : SweptDrawings()) {
         const std::string expected = TraceOf(drawing.bytes);
         const SmallestNumbersAreZero mode;
         EXPECT_EQ(TraceOf(drawing.bytes), expected) << drawing.name;

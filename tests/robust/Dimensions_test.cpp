@@ -163,12 +163,12 @@ TEST(DegenerateDimensions, OfAnyPointsMakeTheirCalls)
 {
     static const Text kValues[] = {"0",     "-1",     "1",      "1e400", "-1e400",
                                    "1e200", "-1e308", "1e-320", "x",     "2.5"};
-    struct KIND {
+    struct Kind {
         const char* marker;
         std::vector<Text> codes;
         std::size_t calls;
     };
-    const KIND kinds[] = {{"AcDbAlignedDimension", {"13", "23", "14", "24", "50"}, 4 + 2 + 2 + 6 + 5},
+    const Kind kinds[] = {{"AcDbAlignedDimension", {"13", "23", "14", "24", "50"}, 4 + 2 + 2 + 6 + 5},
                           {"AcDbRadialDimension", {"15", "25"}, 4 + 4 + 5},
                           {"AcDbDiametricDimension", {"15", "25"}, 4 + 6 + 5},
                           {"AcDb2LineAngularDimension",
@@ -177,7 +177,7 @@ TEST(DegenerateDimensions, OfAnyPointsMakeTheirCalls)
     std::minstd_rand random(1);
     const auto any = [&] { return kValues[random() % std::size(kValues)]; };
     for (int i = 0; i < 2000; ++i) {
-        for (const KIND& kind : kinds) {
+        for (const Kind& kind : kinds) {
             std::string parts = Part("AcDbDimension", {{10, any()}, {20, any()}, {11, any()}, {21, any()}});
             parts += Part(kind.marker);
             for (const Text code : kind.codes)

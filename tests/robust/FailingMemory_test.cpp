@@ -12,9 +12,9 @@
 
 namespace {
 
-using WHICH = FailingMemory::WHICH;
+using Which = FailingMemory::Which;
 
-struct RESULT {
+struct Result {
     bool returned = false;
     bool failed = false;
     std::size_t allocations = 0;
@@ -22,10 +22,10 @@ struct RESULT {
     std::string trace;
 };
 
-RESULT ImportWithFailure(const std::wstring& path, std::size_t n, WHICH which = WHICH::Nth)
+Result ImportWithFailure(const std::wstring& path, std::size_t n, Which which = Which::Nth)
 {
     RecordingHost::OfThread().Reset();
-    RESULT result;
+    Result result;
     {
         FailingMemory memory(n, which);
         result.returned = dxfFileOpen(path.c_str(), RecordingHost::Context());
@@ -84,7 +84,7 @@ std::string LargeDrawing()
 // Lets each allocation fail until none is left, and says what is wrong with the import that met it.
 void FailEachAllocation(const std::wstring& path)
 {
-    const RESULT whole = ImportWithFailure(path, 0);
+    const Result whole = ImportWithFailure(path, 0);
     ASSERT_TRUE(whole.returned);
     ASSERT_EQ(whole.leaked, 0u);
     ASSERT_GT(whole.allocations, 1u);
@@ -93,10 +93,10 @@ void FailEachAllocation(const std::wstring& path)
     attributes.insert({", \"stroke\", \"RGB(255,255,255)\")", ", \"stroke-width\", \"0.500000\")",
                        ", \"stroke-dasharray\", \"\")", ", \"font-size\", \"5.00\")"});
 
-    for (const WHICH which : {WHICH::Nth, WHICH::NthAndLater})
+    for (const Which which : {Which::Nth, Which::NthAndLater})
         for (std::size_t n = 1;; ++n) {
             SCOPED_TRACE(n);
-            const RESULT result = ImportWithFailure(path, n, which);
+            const Result result = ImportWithFailure(path, n, which);
             EXPECT_TRUE(result.returned);
             EXPECT_EQ(result.leaked, 0u);
             const std::size_t messages =
@@ -107,7 +107,7 @@ void FailEachAllocation(const std::wstring& path)
                 break;
             }
             EXPECT_GE(messages, 1u) << result.trace;
-            if (which == WHICH::Nth) {
+            if (which == Which::Nth) {
                 EXPECT_EQ(messages, 1u) << result.trace;
             }
             for (const std::string& attribute : AttributesOf(result.trace))
@@ -169,7 +169,7 @@ TEST(FailingMemory, LeavesWhatWasReadBefore)
     const TempFile file(drawing + "0\nENDSEC\n0\nEOF\n");
     std::size_t before = 0, most = 0;
     for (std::size_t n = 1;; ++n) {
-        const RESULT result = ImportWithFailure(file.WidePath(), n);
+        const Result result = ImportWithFailure(file.WidePath(), n);
         if (!result.failed)
             break;
         const std::size_t lines = CountOf("qlmCreateLine(ctx, \"\", 0, -0, ", result.trace);
@@ -188,10 +188,10 @@ TEST(FailingMemory, WhileDrawingCostsOneEntityAlone)
 {
     const TempFile file(
         "0\nSECTION\n2\nENTITIES\n0\nLINE\n370\n1\n0\nLINE\n370\n2\n0\nLINE\n370\n3\n0\nENDSEC\n");
-    const RESULT whole = ImportWithFailure(file.WidePath(), 0);
+    const Result whole = ImportWithFailure(file.WidePath(), 0);
     std::size_t drawings = 0;
     for (std::size_t n = 1; n <= whole.allocations; ++n) {
-        const RESULT result = ImportWithFailure(file.WidePath(), n);
+        const Result result = ImportWithFailure(file.WidePath(), n);
         const std::size_t lines = CountOf("qlmCreateLine(", result.trace);
         if (lines != 3)
             continue; // met while reading

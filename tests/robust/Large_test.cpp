@@ -25,14 +25,14 @@ std::string InSection(std::string_view name, const std::string& lines)
 }
 
 // A drawing of n of something, and how many calls it makes.
-struct MANY {
+struct ManyCase {
     const char* name;
     std::function<std::string(int)> drawing;
     int callsForEach;
     int otherCalls;
 };
 
-const MANY kMany[] = {
+const ManyCase kMany[] = {
     {"KnownSections", [](int n) { return Repeat("0\nSECTION\n2\nHEADER\n0\nENDSEC\n", n); }, 0, 0},
     {"UnknownSections", [](int n) { return Repeat("0\nSECTION\n2\nX\n0\nENDSEC\n", n); }, 1, 0},
     {"EntitySections", [](int n) { return Repeat("0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n", n); }, 4,
@@ -124,7 +124,7 @@ void RunAtSizes(const std::string& label, const std::function<std::string(int)>&
     }
 }
 
-class Many : public testing::TestWithParam<MANY> {};
+class Many : public testing::TestWithParam<ManyCase> {};
 
 } // namespace
 
@@ -217,7 +217,7 @@ TEST(ManyLayers, AMillionEntitiesOnLayersThatAreMissing)
 
 TEST(Work, OfManyOfEverything)
 {
-    for (const MANY& many : kMany)
+    for (const ManyCase& many : kMany)
         RunAtSizes(std::string("many/") + many.name, many.drawing, 2000);
 }
 

@@ -15,7 +15,7 @@ namespace {
 std::string TraceOfDrawings()
 {
     std::string traces;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings())
+    for (const SweptDrawing& drawing : SweptDrawings())
         traces += TraceOf(drawing.bytes);
     return traces;
 }

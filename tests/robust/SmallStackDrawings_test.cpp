@@ -29,7 +29,7 @@ std::string ImportOf(const std::string& drawing)
 // The small stack's turn comes first, and what is done only once in a process is done there. The other thread
 // is started in the same way: on Windows the runtime of some compilers has its own threads reckon the sines
 // of huge angles with more digits than those that the system starts.
-std::string ExpectSameOnSmallStack(const SWEPT_DRAWING& drawing)
+std::string ExpectSameOnSmallStack(const SweptDrawing& drawing)
 {
     std::string onSmall, onOrdinary;
     EXPECT_TRUE(RunOnSmallStack([&] { onSmall = ImportOf(drawing.bytes); }));
@@ -60,14 +60,14 @@ std::string WithHugeNumbers(const std::string& drawing)
 
 TEST(SmallStackOfAnyDrawing, DrawsTheSame)
 {
-    for (const SWEPT_DRAWING& drawing : SweptDrawings())
+    for (const SweptDrawing& drawing : SweptDrawings())
         EXPECT_NE(ExpectSameOnSmallStack(drawing), "") << drawing.name;
 }
 
 TEST(SmallStackOfAnyDrawing, DrawsHugeNumbersTheSame)
 {
     std::size_t digits = 0; // the most in a row
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
+    for (const SweptDrawing& drawing : SweptDrawings()) {
         const std::string trace = ExpectSameOnSmallStack({drawing.name, WithHugeNumbers(drawing.bytes)});
         for (std::size_t begin = 0; (begin = trace.find_first_of("0123456789", begin)) != trace.npos;) {
             const std::size_t end = std::min(trace.find_first_not_of("0123456789", begin), trace.size());
@@ -81,15 +81,15 @@ TEST(SmallStackOfAnyDrawing, DrawsHugeNumbersTheSame)
 TEST(SmallStackOfAnyDrawing, IsUnwoundWhereMemoryFails)
 {
     constexpr std::size_t kPlaces = 8;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
+    for (const SweptDrawing& drawing : SweptDrawings()) {
         const std::size_t allocations = OutcomeOf(drawing.bytes).allocations;
         for (std::size_t place = 0; place < kPlaces; ++place) {
-            SWEEP_OPTIONS options;
+            SweepOptions options;
             options.failingAllocation = 1 + allocations * place / kPlaces;
-            options.which = place % 2 == 0 ? FailingMemory::WHICH::Nth : FailingMemory::WHICH::NthAndLater;
-            OUTCOME onSmall;
+            options.which = place % 2 == 0 ? FailingMemory::Which::Nth : FailingMemory::Which::NthAndLater;
+            Outcome onSmall;
             ASSERT_TRUE(RunOnSmallStack([&] { onSmall = OutcomeOf(drawing.bytes, options); }));
-            const OUTCOME expected = OutcomeOf(drawing.bytes, options);
+            const Outcome expected = OutcomeOf(drawing.bytes, options);
             SCOPED_TRACE(drawing.name + ' ' + std::to_string(options.failingAllocation));
             EXPECT_TRUE(onSmall.memoryFailed);
             EXPECT_EQ(onSmall.leaked, 0u);

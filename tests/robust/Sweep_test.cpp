@@ -15,7 +15,7 @@
 
 namespace {
 
-const SWEPT_DRAWING& Drawing(const std::string& name)
+const SweptDrawing& Drawing(const std::string& name)
 {
     const auto& drawings = SweptDrawings();
     return *std::find_if(drawings.begin(), drawings.end(),
@@ -25,7 +25,7 @@ const SWEPT_DRAWING& Drawing(const std::string& name)
 std::vector<std::string> Names()
 {
     std::vector<std::string> names;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings())
+    for (const SweptDrawing& drawing : SweptDrawings())
         names.push_back(drawing.name);
     return names;
 }
@@ -59,9 +59,9 @@ protected:
 
     // The faults that are read plainly too begin with the one of that number, 0 to 4: the sweeps over bytes
     // take different ones.
-    ON_FAULTY ExpectNoFaults(std::size_t readPlainly)
+    OnFaulty ExpectNoFaults(std::size_t readPlainly)
     {
-        return [this, readPlainly](const FAULTY& faulty) {
+        return [this, readPlainly](const Faulty& faulty) {
             const bool isReadPlainly = m_count % PlainStep() == readPlainly % PlainStep();
             ++m_count;
             const std::string exact(faulty.bytes); // ends where its memory ends
@@ -82,11 +82,11 @@ protected:
 
     void SetUp() override { m_whole = WholeDrawing(Bytes()); }
 
-    WHOLE_DRAWING m_whole;
+    WholeImport m_whole;
     std::size_t m_count = 0;
 };
 
-bool IsMessage(const OUTCOME::MESSAGE& message, std::string_view start)
+bool IsMessage(const Outcome::Message& message, std::string_view start)
 {
     return message.text.substr(0, start.size()) == start;
 }
@@ -95,7 +95,7 @@ constexpr std::string_view kReadFailed = "0 11 CDxfRead Failed to read file, Lin
 constexpr std::string_view kOutOfMemory = "0 12 CDxfRead Out of memory, Line:";
 constexpr std::string_view kShortage = "qlmSetLastError(0, \"DXF\", 12, \"CDxfRead Out of memory, Line:";
 
-void ExpectSame(const OUTCOME& outcome, const OUTCOME& expected)
+void ExpectSame(const Outcome& outcome, const Outcome& expected)
 {
     EXPECT_EQ(outcome.tables, expected.tables);
     EXPECT_EQ(outcome.blocks, expected.blocks);
@@ -111,7 +111,7 @@ void ExpectSame(const OUTCOME& outcome, const OUTCOME& expected)
 TEST(SweepItself, TellsWhatAFaultChangesBeforeItsLine)
 {
     const std::string& drawing = Drawing("groups").bytes;
-    const WHOLE_DRAWING whole = WholeDrawing(drawing);
+    const WholeImport whole = WholeDrawing(drawing);
     EXPECT_EQ(FaultsOf(OutcomeOf(drawing), whole, 999, drawing.size()), "");
     const auto faultsOf = [&](const std::string& old, const std::string& changed) {
         std::string faulty = drawing;
@@ -120,7 +120,7 @@ TEST(SweepItself, TellsWhatAFaultChangesBeforeItsLine)
         const auto line =
             1 + std::count(faulty.begin(), faulty.begin() + static_cast<std::ptrdiff_t>(at), '\n');
         faulty.replace(at, old.size(), changed);
-        const OUTCOME outcome = OutcomeOf(faulty);
+        const Outcome outcome = OutcomeOf(faulty);
         EXPECT_EQ(FaultsOf(outcome, whole, static_cast<std::int32_t>(line), faulty.size()), "") << old;
         return FaultsOf(outcome, whole, 999, faulty.size()).substr(0, 5);
     };
@@ -178,11 +178,11 @@ TEST_P(Sweep, WithEveryLineDeletedDoubledAndSwapped)
 // Where reading fails the file ends, but for the message.
 TEST_P(Sweep, ReadingFailsAtEveryByte)
 {
-    CutAtEveryByte(Bytes(), SweepStep(kStep), [this](const FAULTY& faulty) {
+    CutAtEveryByte(Bytes(), SweepStep(kStep), [this](const Faulty& faulty) {
         ++m_count;
-        const OUTCOME cut = OutcomeOf(faulty.bytes);
+        const Outcome cut = OutcomeOf(faulty.bytes);
         FailingReads source(faulty.bytes);
-        OUTCOME failed = OutcomeOf(source);
+        Outcome failed = OutcomeOf(source);
         const auto isReadFailed = [](const auto& message) { return IsMessage(message, kReadFailed); };
         EXPECT_EQ(std::count_if(failed.messages.begin(), failed.messages.end(), isReadFailed),
                   cut.hasEnded ? 1 : 0);
@@ -196,7 +196,7 @@ TEST_P(Sweep, ReadInPiecesOfAnySize)
 {
     for (const std::size_t most : {1u, 2u, 3u, 7u, 63u, 64u, 65u}) {
         ShortReads source(Bytes(), most);
-        const OUTCOME outcome = OutcomeOf(source);
+        const Outcome outcome = OutcomeOf(source);
         ExpectSame(outcome, m_whole.outcome);
         EXPECT_LE(outcome.reads, Bytes().size() / most + 2);
     }
@@ -207,7 +207,7 @@ TEST_P(Sweep, ReadInPiecesOfAnySize)
 // The node that is given for a created one is that of the answer, and an answer of 0 changes nothing else.
 TEST_P(Sweep, TheHostAnswersZeroToEverything)
 {
-    SWEEP_OPTIONS options;
+    SweepOptions options;
     options.refuseAll = true;
     const auto withoutNodes = [](const std::vector<std::string>& drawn) {
         std::vector<std::string> without;
@@ -226,7 +226,7 @@ TEST_P(Sweep, TheHostAnswersZeroToEverything)
         }
         return without;
     };
-    const OUTCOME refused = OutcomeOf(Bytes(), options);
+    const Outcome refused = OutcomeOf(Bytes(), options);
     EXPECT_EQ(refused.tables, m_whole.outcome.tables);
     EXPECT_TRUE(refused.messages == m_whole.outcome.messages);
     EXPECT_EQ(refused.entities, withoutNodes(m_whole.outcome.entities));
@@ -273,15 +273,15 @@ std::size_t CountPartial(const std::vector<std::string>& drawn, const std::vecto
 }
 
 // Reading ended at a shortage, the last message; what was kept by then is drawn.
-void ExpectReadUpToAShortage(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::size_t size,
-                             FailingMemory::WHICH which)
+void ExpectReadUpToAShortage(const Outcome& outcome, const WholeImport& whole, std::size_t size,
+                             FailingMemory::Which which)
 {
-    const OUTCOME::MESSAGE& shortage = outcome.messages.back();
+    const Outcome::Message& shortage = outcome.messages.back();
     EXPECT_EQ(shortage.text, std::string(kOutOfMemory) + std::to_string(shortage.line));
     EXPECT_EQ(std::count_if(outcome.messages.begin(), outcome.messages.end(),
                             [](const auto& message) { return IsMessage(message, kOutOfMemory); }),
               1);
-    if (which == FailingMemory::WHICH::Nth) {
+    if (which == FailingMemory::Which::Nth) {
         EXPECT_EQ(FaultsOf(outcome, whole, shortage.line, size), "");
         EXPECT_EQ(CountShortages(outcome.blocks) + CountShortages(outcome.entities), 0u);
     } else if (outcome.tables == whole.outcome.tables) {
@@ -294,7 +294,7 @@ void ExpectReadUpToAShortage(const OUTCOME& outcome, const WHOLE_DRAWING& whole,
 }
 
 // All was read; a shortage cost one entity alone, and was told once, or every entity that needed memory.
-void ExpectDrawnUpToAShortage(const OUTCOME& outcome, const OUTCOME& whole, FailingMemory::WHICH which)
+void ExpectDrawnUpToAShortage(const Outcome& outcome, const Outcome& whole, FailingMemory::Which which)
 {
     EXPECT_TRUE(outcome.messages == whole.messages);
     ASSERT_EQ(outcome.blocks.size(), whole.blocks.size());
@@ -302,7 +302,7 @@ void ExpectDrawnUpToAShortage(const OUTCOME& outcome, const OUTCOME& whole, Fail
     const std::size_t partial = CountPartial(outcome.blocks, whole.blocks, whole.blocks.size()) +
                                 CountPartial(outcome.entities, whole.entities, whole.entities.size());
     EXPECT_GE(partial, 1u);
-    if (which == FailingMemory::WHICH::Nth) {
+    if (which == FailingMemory::Which::Nth) {
         EXPECT_EQ(partial, 1u);
         EXPECT_EQ(CountShortages(outcome.blocks) + CountShortages(outcome.entities), 1u);
     }
@@ -313,13 +313,13 @@ void ExpectDrawnUpToAShortage(const OUTCOME& outcome, const OUTCOME& whole, Fail
 // Met while reading, a shortage ends it there; met while drawing, it costs the entity alone.
 TEST_P(Sweep, EveryAllocationFails)
 {
-    for (const auto which : {FailingMemory::WHICH::Nth, FailingMemory::WHICH::NthAndLater})
+    for (const auto which : {FailingMemory::Which::Nth, FailingMemory::Which::NthAndLater})
         for (std::size_t n = 1; n <= m_whole.outcome.allocations && !HasFailure(); ++n) {
             SCOPED_TRACE(n);
-            SWEEP_OPTIONS options;
+            SweepOptions options;
             options.failingAllocation = n;
             options.which = which;
-            const OUTCOME outcome = OutcomeOf(Bytes(), options);
+            const Outcome outcome = OutcomeOf(Bytes(), options);
             ASSERT_TRUE(outcome.memoryFailed);
             ASSERT_EQ(outcome.leaked, 0u);
             if (!outcome.messages.empty() && IsMessage(outcome.messages.back(), kOutOfMemory))

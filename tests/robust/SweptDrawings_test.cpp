@@ -40,7 +40,7 @@ TEST(SweptDrawings, AreManyAndReachEveryReader)
     EXPECT_GE(SweptDrawings().size(), 20u);
     std::set<std::uint32_t> entries;
     std::set<int> entities, parts;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
+    for (const SweptDrawing& drawing : SweptDrawings()) {
         CallbackReader reader;
         reader.ReadText(drawing.bytes);
         for (const DXF_TABLES_HEADER* const table : reader.tables)
@@ -66,12 +66,12 @@ TEST(SweptDrawings, ReachEveryOperationThatCreatesAndEveryMessage)
 {
     std::set<std::string> created;
     std::set<int> kinds;
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
-        const OUTCOME outcome = OutcomeOf(drawing.bytes);
+    for (const SweptDrawing& drawing : SweptDrawings()) {
+        const Outcome outcome = OutcomeOf(drawing.bytes);
         for (const auto* list : {&outcome.blocks, &outcome.entities})
             for (const std::string& drawn : *list)
                 AddCreated(drawn, created);
-        for (const OUTCOME::MESSAGE& message : outcome.messages)
+        for (const Outcome::Message& message : outcome.messages)
             kinds.insert(std::stoi(message.text.substr(2)));
     }
     EXPECT_EQ(created, (std::set<std::string>{"Line", "Path", "Circle", "Ellipse", "Polyline", "Polygon",

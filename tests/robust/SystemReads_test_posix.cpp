@@ -17,7 +17,7 @@
 namespace {
 
 // What this thread's reads meet.
-struct READS {
+struct Reads {
     std::size_t most = 0;  // bytes a read, 0 for any number
     int interruptions = 0; // before each read that gives something
     std::size_t left = 0;  // bytes before reading fails
@@ -25,9 +25,9 @@ struct READS {
     int pending = 0;       // interruptions that are still to come before the next read
     std::size_t count = 0; // reads so far
 };
-thread_local READS* reads = nullptr;
+thread_local Reads* reads = nullptr;
 
-std::string TraceOfReads(const TempFile& file, READS plan)
+std::string TraceOfReads(const TempFile& file, Reads plan)
 {
     RecordingHost::OfThread().Reset();
     plan.pending = plan.interruptions;
@@ -69,7 +69,7 @@ extern "C" ssize_t read(int file, void* bytes, size_t size)
 
 TEST(SystemReads, ThatAreShortOrInterruptedChangeNothing)
 {
-    for (const SWEPT_DRAWING& drawing : SweptDrawings()) {
+    for (const SweptDrawing& drawing : SweptDrawings()) {
         const TempFile file(drawing.bytes);
         const std::string expected = TraceOf(drawing.bytes);
         EXPECT_EQ(TraceOfReads(file, {.most = 1}), expected) << drawing.name;
@@ -85,7 +85,7 @@ TEST(SystemReads, ThatFailBehindAnyByteAreReported)
     const std::string failed = "qlmSetLastError(0, \"DXF\", 11, \"CDxfRead Failed to read file, Line:";
     for (const char* name : {"blocks", "groups", "annotations"}) {
         const auto drawing = std::find_if(SweptDrawings().begin(), SweptDrawings().end(),
-                                          [&](const SWEPT_DRAWING& one) { return one.name == name; });
+                                          [&](const SweptDrawing& one) { return one.name == name; });
         ASSERT_NE(drawing, SweptDrawings().end());
         const TempFile file(drawing->bytes);
         for (std::size_t left = 0; left < drawing->bytes.size(); left += SweepStep(7)) {

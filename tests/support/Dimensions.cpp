@@ -58,7 +58,7 @@ FieldTexts PartDefaults(std::string_view marker)
     return With(OwnDefaults(type), {{"part", std::string(type)}, {"m_nPartKind", kKinds.at(type)}});
 }
 
-std::string Part(std::string_view marker, std::initializer_list<GROUP> groups)
+std::string Part(std::string_view marker, std::initializer_list<Group> groups)
 {
     return Dxf({{100, marker}}) + Dxf(groups);
 }

@@ -28,7 +28,7 @@ std::vector<FieldTexts> PartsOf(const DXF_GRAPHIC_DIMENSION& dimension);
 FieldTexts PartDefaults(std::string_view marker);
 
 // The lines of a part: its marker and its groups.
-std::string Part(std::string_view marker, std::initializer_list<GROUP> groups = {});
+std::string Part(std::string_view marker, std::initializer_list<Group> groups = {});
 
 // A drawing that holds one dimension of these parts.
 std::string DimensionDrawing(const std::string& parts);

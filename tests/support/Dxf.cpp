@@ -1,9 +1,9 @@
 #include "support/Dxf.h"
 
-std::string Dxf(std::initializer_list<GROUP> groups)
+std::string Dxf(std::initializer_list<Group> groups)
 {
     std::string text;
-    for (const GROUP& group : groups)
+    for (const Group& group : groups)
         text.append(group.code).append("\n").append(group.value).append("\n");
     return text;
 }
@@ -21,7 +21,7 @@ std::string Section(std::string_view name, std::string_view body)
     return Dxf({{0, "SECTION"}, {2, name}}).append(body) + Dxf({{0, "ENDSEC"}});
 }
 
-std::string EntitiesSection(std::initializer_list<GROUP> groups)
+std::string EntitiesSection(std::initializer_list<Group> groups)
 {
     return Section("ENTITIES", Dxf(groups)) + Dxf({{0, "EOF"}});
 }

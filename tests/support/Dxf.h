@@ -9,9 +9,9 @@
 
 // A group: its code and its value, as lines of a file. A number is written with the fewest characters that
 // give it back; a code that a file would not have may be given as a text.
-struct GROUP {
+struct Group {
     template <class Code, class Value>
-    GROUP(const Code& itsCode, const Value& itsValue) : code(LineOf(itsCode)), value(LineOf(itsValue))
+    Group(const Code& itsCode, const Value& itsValue) : code(LineOf(itsCode)), value(LineOf(itsValue))
     {
     }
 
@@ -32,7 +32,7 @@ private:
 };
 
 // The lines of groups, each ended by a line feed: Dxf({{0, "LINE"}, {8, "Walls"}, {10, 1.5}})
-std::string Dxf(std::initializer_list<GROUP> groups);
+std::string Dxf(std::initializer_list<Group> groups);
 
 // Lines as they are, each ended by a line feed: for tests of lines that are not groups.
 std::string Lines(std::initializer_list<std::string_view> lines);
@@ -41,4 +41,4 @@ std::string Lines(std::initializer_list<std::string_view> lines);
 std::string Section(std::string_view name, std::string_view body);
 
 // A drawing of an ENTITIES section, from SECTION to EOF.
-std::string EntitiesSection(std::initializer_list<GROUP> groups);
+std::string EntitiesSection(std::initializer_list<Group> groups);

@@ -61,7 +61,7 @@ void FreeAligned(void* block)
 
 } // namespace
 
-FailingMemory::FailingMemory(std::size_t n, WHICH which) : m_n(n), m_which(which), m_number(++lastNumber)
+FailingMemory::FailingMemory(std::size_t n, Which which) : m_n(n), m_which(which), m_number(++lastNumber)
 {
     current = this;
 }
@@ -93,7 +93,7 @@ bool FailingMemory::Fails()
     if (memory == nullptr)
         return false;
     ++memory->m_count;
-    const bool isLater = memory->m_which == WHICH::NthAndLater && memory->m_count > memory->m_n;
+    const bool isLater = memory->m_which == Which::NthAndLater && memory->m_count > memory->m_n;
     if (memory->m_n == 0 || (memory->m_count != memory->m_n && !isLater))
         return false;
     memory->m_hasFailed = true;

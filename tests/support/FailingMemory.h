@@ -9,10 +9,10 @@
 // done within a Pause, are not touched.
 class FailingMemory {
 public:
-    enum class WHICH { Nth, NthAndLater };
+    enum class Which { Nth, NthAndLater };
 
     // n is 1 for the first allocation, 0 for none.
-    explicit FailingMemory(std::size_t n, WHICH which = WHICH::Nth);
+    explicit FailingMemory(std::size_t n, Which which = Which::Nth);
     ~FailingMemory();
     FailingMemory(const FailingMemory&) = delete;
     FailingMemory& operator=(const FailingMemory&) = delete;
@@ -48,7 +48,7 @@ public:
 
 private:
     std::size_t m_n;
-    WHICH m_which;
+    Which m_which;
     const std::uint64_t m_number; // no other has it
     bool m_hasFailed = false;
     std::size_t m_count = 0;

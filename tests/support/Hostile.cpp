@@ -37,17 +37,17 @@ std::string Repeat(const std::string& pattern, std::size_t room)
 
 } // namespace
 
-std::string HOSTILE_PATTERN::Drawing(std::size_t size) const
+std::string HostilePattern::Drawing(std::size_t size) const
 {
     const std::size_t room = size - first.size() - middle.size() - last.size();
     const std::size_t half = second.empty() ? room : room / 2;
     return first + Repeat(repeated, half) + middle + Repeat(second, room - half) + last;
 }
 
-const std::vector<HOSTILE_PATTERN>& HostilePatterns()
+const std::vector<HostilePattern>& HostilePatterns()
 {
-    static const std::vector<HOSTILE_PATTERN> patterns = [] {
-        std::vector<HOSTILE_PATTERN> found;
+    static const std::vector<HostilePattern> patterns = [] {
+        std::vector<HostilePattern> found;
         std::istringstream file(BytesOf(PLEXORN_TEST_DATA "/robust/hostile.txt"));
         for (std::string line; std::getline(file, line);) {
             if (line.starts_with('#'))

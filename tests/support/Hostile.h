@@ -6,7 +6,7 @@
 #include <vector>
 
 // A pattern of tests/robust/hostile.txt.
-struct HOSTILE_PATTERN {
+struct HostilePattern {
     std::string name;
     std::string first;
     std::string repeated; // "{n}" becomes the number of the repetition
@@ -18,4 +18,4 @@ struct HOSTILE_PATTERN {
     std::string Drawing(std::size_t size) const;
 };
 
-const std::vector<HOSTILE_PATTERN>& HostilePatterns();
+const std::vector<HostilePattern>& HostilePatterns();

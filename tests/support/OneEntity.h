@@ -40,7 +40,7 @@ public:
     {
         ReadText(Section("ENTITIES", Dxf({{0, type}}).append(groups)) + Dxf({{0, "EOF"}}));
     }
-    OneEntity(std::string_view type, std::initializer_list<GROUP> groups) : OneEntity(type, Dxf(groups)) {}
+    OneEntity(std::string_view type, std::initializer_list<Group> groups) : OneEntity(type, Dxf(groups)) {}
 };
 
 // The messages of an entity of a type whose groups are every code from -3 to 1100 but those in known and 0,

@@ -11,14 +11,14 @@
 
 namespace {
 
-struct FIELD_TEXT {
+struct FieldText {
     std::string name;
     std::string text;
     bool isText;
     bool isRecords;
 };
 
-using FIELDS = std::vector<FIELD_TEXT>;
+using Fields = std::vector<FieldText>;
 
 template <class Number>
 std::string TextOf(Number number)
@@ -65,9 +65,9 @@ template <class Record>
 inline constexpr bool kIsRecords<DXF_LIST<Record*>> = true;
 
 template <class Record>
-FIELDS FieldsOf(const Record& record)
+Fields FieldsOf(const Record& record)
 {
-    FIELDS fields;
+    Fields fields;
     VisitFields(record, [&]<class Value>(const char* name, const Value& value) {
         fields.push_back({name, TextOf(value), kIsText<Value>, kIsRecords<Value>});
     });
@@ -110,7 +110,7 @@ auto AsItsKind(const DXF_TABLES_HEADER& table, const Function& with)
     return with(table);
 }
 
-std::string LineOf(const FIELD_TEXT& field)
+std::string LineOf(const FieldText& field)
 {
     const char* const quote = field.isText ? "\"" : "";
     return field.name + "=" + quote + field.text + quote;
@@ -120,7 +120,7 @@ template <class Record>
 std::string Text(const Record& record)
 {
     std::string text;
-    for (const FIELD_TEXT& field : AsItsKind(record, [](const auto& its) { return FieldsOf(its); }))
+    for (const FieldText& field : AsItsKind(record, [](const auto& its) { return FieldsOf(its); }))
         text += LineOf(field) + '\n';
     return text;
 }
@@ -128,8 +128,8 @@ std::string Text(const Record& record)
 template <class Record>
 std::string ChangedFrom(const Record& record, const Record& made)
 {
-    const FIELDS fields = FieldsOf(record);
-    const FIELDS others = FieldsOf(made);
+    const Fields fields = FieldsOf(record);
+    const Fields others = FieldsOf(made);
     std::string text;
     for (std::size_t i = 0; i < fields.size(); ++i)
         if (fields[i].text != others[i].text)
@@ -143,10 +143,10 @@ std::string Changed(const Record& record)
     return AsItsKind(record, []<class Kind>(const Kind& its) { return ChangedFrom(its, Kind()); });
 }
 
-FieldTexts MapOf(const FIELDS& fields)
+FieldTexts MapOf(const Fields& fields)
 {
     FieldTexts map;
-    for (const FIELD_TEXT& field : fields)
+    for (const FieldText& field : fields)
         if (!field.isRecords)
             map.emplace(field.name, field.text);
     return map;

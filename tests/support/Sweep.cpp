@@ -23,14 +23,14 @@ namespace {
 // Keeps what each record draws apart from the others.
 class SweptReader final : public CDxfReadToQuillmar {
 public:
-    explicit SweptReader(OUTCOME& outcome, bool refuseAll)
+    explicit SweptReader(Outcome& outcome, bool refuseAll)
         : CDxfReadToQuillmar(RecordingHost::Context()), m_outcome(outcome), m_refuseAll(refuseAll)
     {
     }
 
-    KEPT_COUNT Count() const
+    KeptCount Count() const
     {
-        KEPT_COUNT count;
+        KeptCount count;
         for (const DXF_TABLES_HEADER* const table : tables)
             count.tables += table->m_entries.size();
         for (const DXF_BLOCKS_BLOCK* const block : blocks)
@@ -95,7 +95,7 @@ private:
         draw();
     }
 
-    OUTCOME& m_outcome;
+    Outcome& m_outcome;
     const bool m_refuseAll;
     bool m_isDrawing = false;
     const void* m_record = nullptr; // that draws
@@ -107,7 +107,7 @@ private:
 // Counts the reads of another source.
 class CountedSource final : public CDxfSource {
 public:
-    CountedSource(CDxfSource& source, OUTCOME& outcome, const SWEEP_OPTIONS& options)
+    CountedSource(CDxfSource& source, Outcome& outcome, const SweepOptions& options)
         : m_source(source), m_outcome(outcome), m_options(options)
     {
     }
@@ -126,8 +126,8 @@ public:
 
 private:
     CDxfSource& m_source;
-    OUTCOME& m_outcome;
-    const SWEEP_OPTIONS& m_options;
+    Outcome& m_outcome;
+    const SweepOptions& m_options;
 };
 
 // Gives one line a read.
@@ -169,10 +169,10 @@ std::string Compare(const char* what, const std::vector<std::string>& faulty,
 
 } // namespace
 
-const std::vector<SWEPT_DRAWING>& SweptDrawings()
+const std::vector<SweptDrawing>& SweptDrawings()
 {
-    static const std::vector<SWEPT_DRAWING> drawings = [] {
-        std::vector<SWEPT_DRAWING> found;
+    static const std::vector<SweptDrawing> drawings = [] {
+        std::vector<SweptDrawing> found;
         for (const char* folder : {PLEXORN_TEST_DATA "/trace", PLEXORN_TEST_DATA "/robust/drawings"})
             for (const auto& entry : std::filesystem::directory_iterator(folder))
                 if (entry.path().extension() == ".dxf")
@@ -183,9 +183,9 @@ const std::vector<SWEPT_DRAWING>& SweptDrawings()
     return drawings;
 }
 
-OUTCOME OutcomeOf(CDxfSource& source, const SWEEP_OPTIONS& options)
+Outcome OutcomeOf(CDxfSource& source, const SweepOptions& options)
 {
-    OUTCOME outcome;
+    Outcome outcome;
     RecordingHost::OfThread().Reset();
     FailingMemory memory(options.failingAllocation, options.which);
     {
@@ -204,24 +204,24 @@ OUTCOME OutcomeOf(CDxfSource& source, const SWEEP_OPTIONS& options)
     return outcome;
 }
 
-OUTCOME OutcomeOf(std::string_view bytes, const SWEEP_OPTIONS& options)
+Outcome OutcomeOf(std::string_view bytes, const SweepOptions& options)
 {
     CDxfMemory memory(bytes);
     return OutcomeOf(memory, options);
 }
 
-WHOLE_DRAWING WholeDrawing(std::string_view bytes)
+WholeImport WholeDrawing(std::string_view bytes)
 {
-    WHOLE_DRAWING whole;
+    WholeImport whole;
     whole.keptBefore.emplace_back(); // no line is 0
-    SWEEP_OPTIONS options;
-    options.onRead = [&](const KEPT_COUNT& count) { whole.keptBefore.push_back(count); };
+    SweepOptions options;
+    options.onRead = [&](const KeptCount& count) { whole.keptBefore.push_back(count); };
     LineByLine source(bytes);
     whole.outcome = OutcomeOf(source, options);
     return whole;
 }
 
-std::string FaultsOf(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::int32_t line, std::size_t size)
+std::string FaultsOf(const Outcome& outcome, const WholeImport& whole, std::int32_t line, std::size_t size)
 {
     // A dimension repeats its geometry for each marker of its end, which takes no more than 25 bytes.
     if (outcome.lines < 0 || static_cast<std::size_t>(outcome.lines) > size + 10)
@@ -233,7 +233,7 @@ std::string FaultsOf(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::in
     if (outcome.leaked != 0)
         return "leaks " + std::to_string(outcome.leaked) + " blocks";
 
-    const auto isBefore = [&](const OUTCOME::MESSAGE& message) { return message.line < line; };
+    const auto isBefore = [&](const Outcome::Message& message) { return message.line < line; };
     const auto& now = outcome.messages;
     const auto& then = whole.outcome.messages;
     const auto nowEnd = std::find_if_not(now.begin(), now.end(), isBefore);
@@ -241,7 +241,7 @@ std::string FaultsOf(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::in
         return "reports other things before line " + std::to_string(line);
 
     const std::size_t at = std::min(static_cast<std::size_t>(line), whole.keptBefore.size() - 1);
-    const KEPT_COUNT& kept = whole.keptBefore[at];
+    const KeptCount& kept = whole.keptBefore[at];
     std::string fault = Compare("table entry", outcome.tables, whole.outcome.tables, kept.tables);
     if (!fault.empty() || outcome.tables != whole.outcome.tables)
         return fault; // what is drawn depends on all the tables
@@ -249,7 +249,7 @@ std::string FaultsOf(const OUTCOME& outcome, const WHOLE_DRAWING& whole, std::in
     return fault.empty() ? Compare("entity", outcome.entities, whole.outcome.entities, kept.entities) : fault;
 }
 
-void CutAtEveryByte(const std::string& drawing, std::size_t step, const ON_FAULTY& on)
+void CutAtEveryByte(const std::string& drawing, std::size_t step, const OnFaulty& on)
 {
     std::int32_t line = 1;
     for (std::size_t at = 0; at < drawing.size(); ++at) {
@@ -259,7 +259,7 @@ void CutAtEveryByte(const std::string& drawing, std::size_t step, const ON_FAULT
     }
 }
 
-void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, const ON_FAULTY& on)
+void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, const OnFaulty& on)
 {
     std::int32_t line = 1;
     for (std::size_t at = 0; at < drawing.size(); ++at) {
@@ -272,7 +272,7 @@ void ReplaceEveryByte(const std::string& drawing, char by, std::size_t step, con
     }
 }
 
-void DisturbEveryLine(const std::string& drawing, std::size_t step, const ON_FAULTY& on)
+void DisturbEveryLine(const std::string& drawing, std::size_t step, const OnFaulty& on)
 {
     const std::vector<std::string_view> lines = LinesOf(drawing);
     std::size_t begin = 0;

@@ -32,7 +32,7 @@ Outcome Import(std::size_t failing)
 {
     Outcome outcome;
     const std::wstring longText(70'000, L'x');
-    const FailingMemory memory(failing, FailingMemory::WHICH::NthAndLater);
+    const FailingMemory memory(failing, FailingMemory::Which::NthAndLater);
     SvgHostDocument* document = svgHostCreate();
     const QlmNode context = svgHostBeginImport(document);
     const QlmNode symbol = qlmCreateSymbol(context, L"SYMBOL");
@@ -90,7 +90,7 @@ TEST(ShortMemory, NoElementMayBeMissingFromAWrittenDrawing)
     for (bool isWritten = false; !isWritten; ++failures) {
         ASSERT_LT(failures, 1'000u);
         std::string text;
-        const FailingMemory memory(failures + 1, FailingMemory::WHICH::NthAndLater);
+        const FailingMemory memory(failures + 1, FailingMemory::Which::NthAndLater);
         isWritten = svgHostWrite(document.Get(), nullptr, Append, &text);
         EXPECT_EQ(isWritten, text == whole);
         EXPECT_EQ(isWritten, !memory.HasFailed());
@@ -106,7 +106,7 @@ TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
     svgHostLimitElements(document.Get(), 1);
     const std::wstring longText(70'000, L'x');
     {
-        const FailingMemory memory(1, FailingMemory::WHICH::NthAndLater);
+        const FailingMemory memory(1, FailingMemory::Which::NthAndLater);
         for (int i = 0; i < 10'000; ++i) {
             document.Text(0, 0, longText.c_str());
             document.Polyline(longText.c_str());
@@ -143,7 +143,7 @@ TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
         for (bool answered = false; !answered; ++failures) {
             ASSERT_LT(failures, 100);
             const FailingMemory memory(static_cast<std::size_t>(failures) + 1,
-                                       FailingMemory::WHICH::NthAndLater);
+                                       FailingMemory::Which::NthAndLater);
             answered = ask(document.Get());
         }
         EXPECT_GT(failures, 1);

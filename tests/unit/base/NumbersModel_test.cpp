@@ -58,13 +58,13 @@ double RandomDouble(std::mt19937_64& random)
 // Doubles at and around the ends of the range, powers, halves, and values as drawings have them.
 std::vector<double> OddDoubles()
 {
-    using LIMITS = std::numeric_limits<double>;
+    using Limits = std::numeric_limits<double>;
     std::vector<double> values = {0.0,
                                   -0.0,
-                                  LIMITS::max(),
-                                  LIMITS::min(),
-                                  LIMITS::denorm_min(),
-                                  LIMITS::epsilon(),
+                                  Limits::max(),
+                                  Limits::min(),
+                                  Limits::denorm_min(),
+                                  Limits::epsilon(),
                                   0.5,
                                   1.5,
                                   2.5,
@@ -83,7 +83,7 @@ std::vector<double> OddDoubles()
     for (int exponent = -330; exponent <= 308; ++exponent) {
         const double power = std::strtod(("1e" + std::to_string(exponent)).c_str(), nullptr);
         values.insert(values.end(),
-                      {power, std::nextafter(power, 0.0), std::nextafter(power, LIMITS::max())});
+                      {power, std::nextafter(power, 0.0), std::nextafter(power, Limits::max())});
     }
     for (int i = -2000; i <= 2000; ++i)
         values.insert(values.end(), {i / 2000.0, i / 1000.0 + 0.0005, i * 0.0000005});
@@ -93,9 +93,9 @@ std::vector<double> OddDoubles()
     return values;
 }
 
-using FORMAT = char* (*)(double, char*);
+using Formatter = char* (*)(double, char*);
 
-std::string Actual(FORMAT format, double value)
+std::string Actual(Formatter format, double value)
 {
     char text[kLongestNumber];
     return {text, format(value, text)};
@@ -176,7 +176,7 @@ TEST(NumbersModel, RealsNextToTheMiddleOfTwoDoublesAreReadAsByStrtod)
         std::uint64_t power = 1;
         for (std::size_t i = 0; i < decimals; ++i)
             power *= 10;
-        const UINT128 product = Multiply(odd, power);
+        const Uint128 product = Multiply(odd, power);
         const std::uint64_t below = product.high << (64 - shift) | product.low >> shift;
         for (const std::uint64_t digits : {below - 1, below, below + 1, below + 2}) {
             std::string text = std::to_string(digits);

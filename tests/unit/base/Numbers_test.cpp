@@ -24,9 +24,9 @@ std::int32_t CodeOf(std::string_view line)
     return code;
 }
 
-using FORMAT = char* (*)(double, char*);
+using Formatter = char* (*)(double, char*);
 
-std::string Format(FORMAT format, double value)
+std::string Format(Formatter format, double value)
 {
     char text[kLongestNumber];
     return {text, format(value, text)};

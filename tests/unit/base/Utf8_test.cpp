@@ -42,17 +42,17 @@ std::wstring Widened(std::string_view text)
     return wide;
 }
 
-using PART = std::tuple<char32_t, std::size_t>;
+using Part = std::tuple<char32_t, std::size_t>;
 
-PART Utf8Part(std::string_view text, UTF8_RANGE range = UTF8_RANGE::Characters)
+Part Utf8Part(std::string_view text, Utf8Range range = Utf8Range::Characters)
 {
-    const DECODED_CHARACTER next = DecodeUtf8(text, range);
+    const DecodedCharacter next = DecodeUtf8(text, range);
     return {next.value, next.size};
 }
 
-PART WidePart(const std::wstring& text)
+Part WidePart(const std::wstring& text)
 {
-    const DECODED_CHARACTER next = DecodeWide(text);
+    const DecodedCharacter next = DecodeWide(text);
     return {next.value, next.size};
 }
 
@@ -85,9 +85,9 @@ TEST(Utf8, EveryCharacterComesBackFromBothForms)
             continue;
         const std::string utf8 = Utf8Of(character);
         const std::wstring wide = WideOf(character);
-        ASSERT_EQ(Utf8Part(utf8 + "!"), PART(character, utf8.size()));
-        ASSERT_EQ(Utf8Part(utf8, UTF8_RANGE::AnyNumber), PART(character, utf8.size()));
-        ASSERT_EQ(WidePart(wide + L"!"), PART(character, wide.size()));
+        ASSERT_EQ(Utf8Part(utf8 + "!"), Part(character, utf8.size()));
+        ASSERT_EQ(Utf8Part(utf8, Utf8Range::AnyNumber), Part(character, utf8.size()));
+        ASSERT_EQ(WidePart(wide + L"!"), Part(character, wide.size()));
     }
 }
 
@@ -101,37 +101,37 @@ TEST(Utf8, WhatIsNoCharacterIsAppendedAsTheReplacement)
 
 TEST(Utf8, InvalidBytesHaveTheSizeOfThePartThatBeginsASequence)
 {
-    EXPECT_EQ(Utf8Part("\x80\x80"), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xC0\x80"), PART(kNoCharacter, 1)); // overlong
-    EXPECT_EQ(Utf8Part("\xC2"), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xC2x"), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xE0\x9F\xBF"), PART(kNoCharacter, 1)); // overlong
-    EXPECT_EQ(Utf8Part("\xE1\x80"), PART(kNoCharacter, 2));
-    EXPECT_EQ(Utf8Part("\xE1\x80\xC2"), PART(kNoCharacter, 2));
-    EXPECT_EQ(Utf8Part("\xED\xA0\x80"), PART(kNoCharacter, 1)); // a surrogate
-    EXPECT_EQ(Utf8Part("\xF0\x8F\xBF\xBF"), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xF1\x80\x80"), PART(kNoCharacter, 3));
-    EXPECT_EQ(Utf8Part("\xF1\x80\x80x"), PART(kNoCharacter, 3));
-    EXPECT_EQ(Utf8Part("\xF4\x90\x80\x80"), PART(kNoCharacter, 1)); // U+110000
-    EXPECT_EQ(Utf8Part("\xF5\x80\x80\x80"), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xFF"), PART(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\x80\x80"), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xC0\x80"), Part(kNoCharacter, 1)); // overlong
+    EXPECT_EQ(Utf8Part("\xC2"), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xC2x"), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xE0\x9F\xBF"), Part(kNoCharacter, 1)); // overlong
+    EXPECT_EQ(Utf8Part("\xE1\x80"), Part(kNoCharacter, 2));
+    EXPECT_EQ(Utf8Part("\xE1\x80\xC2"), Part(kNoCharacter, 2));
+    EXPECT_EQ(Utf8Part("\xED\xA0\x80"), Part(kNoCharacter, 1)); // a surrogate
+    EXPECT_EQ(Utf8Part("\xF0\x8F\xBF\xBF"), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xF1\x80\x80"), Part(kNoCharacter, 3));
+    EXPECT_EQ(Utf8Part("\xF1\x80\x80x"), Part(kNoCharacter, 3));
+    EXPECT_EQ(Utf8Part("\xF4\x90\x80\x80"), Part(kNoCharacter, 1)); // U+110000
+    EXPECT_EQ(Utf8Part("\xF5\x80\x80\x80"), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xFF"), Part(kNoCharacter, 1));
 }
 
 TEST(Utf8, EncodedSurrogatesAndLargeNumbersAreOneNumberWhereAnyIsTaken)
 {
-    EXPECT_EQ(Utf8Part("\xED\xA0\x80x", UTF8_RANGE::AnyNumber), PART(0xD800, 3));
-    EXPECT_EQ(Utf8Part("\xED\xBF\xBF", UTF8_RANGE::AnyNumber), PART(0xDFFF, 3));
-    EXPECT_EQ(Utf8Part("\xF4\x90\x80\x80", UTF8_RANGE::AnyNumber), PART(0x110000, 4));
-    EXPECT_EQ(Utf8Part("\xF4\xBF\xBF\xBF", UTF8_RANGE::AnyNumber), PART(0x13FFFF, 4));
-    EXPECT_EQ(Utf8Part("\xE0\x9F\xBF", UTF8_RANGE::AnyNumber), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xF0\x8F\xBF\xBF", UTF8_RANGE::AnyNumber), PART(kNoCharacter, 1));
-    EXPECT_EQ(Utf8Part("\xF5\x80\x80\x80", UTF8_RANGE::AnyNumber), PART(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xED\xA0\x80x", Utf8Range::AnyNumber), Part(0xD800, 3));
+    EXPECT_EQ(Utf8Part("\xED\xBF\xBF", Utf8Range::AnyNumber), Part(0xDFFF, 3));
+    EXPECT_EQ(Utf8Part("\xF4\x90\x80\x80", Utf8Range::AnyNumber), Part(0x110000, 4));
+    EXPECT_EQ(Utf8Part("\xF4\xBF\xBF\xBF", Utf8Range::AnyNumber), Part(0x13FFFF, 4));
+    EXPECT_EQ(Utf8Part("\xE0\x9F\xBF", Utf8Range::AnyNumber), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xF0\x8F\xBF\xBF", Utf8Range::AnyNumber), Part(kNoCharacter, 1));
+    EXPECT_EQ(Utf8Part("\xF5\x80\x80\x80", Utf8Range::AnyNumber), Part(kNoCharacter, 1));
 }
 
 TEST(Utf8, PairsAreJoinedWhereWideTextsAreUtf16)
 {
     const std::wstring pair = WideOf({0xD834, 0xDD1E});
-    EXPECT_EQ(WidePart(pair), kWideIsUtf16 ? PART(0x1D11E, 2) : PART(0xD834, 1));
+    EXPECT_EQ(WidePart(pair), kWideIsUtf16 ? Part(0x1D11E, 2) : Part(0xD834, 1));
     EXPECT_EQ(Utf8FromWide(pair), kWideIsUtf16 ? "\xF0\x9D\x84\x9E" : "\xEF\xBF\xBD\xEF\xBF\xBD");
     EXPECT_EQ(WideOf(0x1D11E).size(), kWideIsUtf16 ? 2u : 1u);
     EXPECT_EQ(WideOf(0x1D11E), L"\U0001D11E");
@@ -139,13 +139,13 @@ TEST(Utf8, PairsAreJoinedWhereWideTextsAreUtf16)
 
 TEST(Utf8, SurrogatesAloneComeOutAsTheyAre)
 {
-    EXPECT_EQ(WidePart(WideOf({0xD834})), PART(0xD834, 1));
-    EXPECT_EQ(WidePart(WideOf({0xD834, 'x'})), PART(0xD834, 1));
-    EXPECT_EQ(WidePart(WideOf({0xD834, 0xD834, 0xDD1E})), PART(0xD834, 1));
-    EXPECT_EQ(WidePart(WideOf({0xDD1E, 0xD834})), PART(0xDD1E, 1));
+    EXPECT_EQ(WidePart(WideOf({0xD834})), Part(0xD834, 1));
+    EXPECT_EQ(WidePart(WideOf({0xD834, 'x'})), Part(0xD834, 1));
+    EXPECT_EQ(WidePart(WideOf({0xD834, 0xD834, 0xDD1E})), Part(0xD834, 1));
+    EXPECT_EQ(WidePart(WideOf({0xDD1E, 0xD834})), Part(0xDD1E, 1));
     if (!kWideIsUtf16) {
-        EXPECT_EQ(WidePart(WideOf({0x110000})), PART(0x110000, 1));
-        EXPECT_EQ(WidePart(WideOf({0xFFFFFFFF})), PART(0xFFFFFFFF, 1));
+        EXPECT_EQ(WidePart(WideOf({0x110000})), Part(0x110000, 1));
+        EXPECT_EQ(WidePart(WideOf({0xFFFFFFFF})), Part(0xFFFFFFFF, 1));
     }
 }
 

@@ -11,13 +11,13 @@
 
 namespace {
 
-struct CASE {
+struct Case {
     const char* operation;
     std::string drawing;
     std::string trace;
 };
 
-const CASE kCases[] = {
+const Case kCases[] = {
     {"qlmCreateLine", EntitiesSection({{0, "LINE"}, {10, 1}, {20, 2}, {11, 3}, {21, 4}}),
      "qlmCreateLine(ctx, \"\", 1, -2, 3, -4, 0, 0) = n1\n" + Style("n1")},
     {"qlmCreatePath", EntitiesSection({{0, "ARC"}, {40, 10}, {51, 90}}),
@@ -93,7 +93,7 @@ std::set<std::string> DeclaredOperations()
 
 TEST(EveryOperation, ComesFromItsDrawing)
 {
-    for (const CASE& of : kCases) {
+    for (const Case& of : kCases) {
         EXPECT_EQ(TraceOf(of.drawing), of.trace) << of.operation;
         EXPECT_NE(of.trace.find(std::string(of.operation) + "("), std::string::npos) << of.operation;
     }
@@ -102,7 +102,7 @@ TEST(EveryOperation, ComesFromItsDrawing)
 TEST(EveryOperation, OfTheHeaderStandsInTheTable)
 {
     std::set<std::string> listed;
-    for (const CASE& of : kCases)
+    for (const Case& of : kCases)
         listed.insert(of.operation + std::string_view("qlm").size());
     EXPECT_EQ(DeclaredOperations(), listed);
     EXPECT_EQ(listed.size(), 14u);

@@ -7,7 +7,7 @@
 namespace {
 
 // The three vertices (0, 0), (10, 0), (10, 5) with the given pairs before them.
-std::string Corner(std::initializer_list<GROUP> pairs)
+std::string Corner(std::initializer_list<Group> pairs)
 {
     return Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LWPOLYLINE"}}) + Dxf(pairs) +
            Dxf({{10, 0}, {20, 0}, {10, 10}, {20, 0}, {10, 10}, {20, 5}, {0, "ENDSEC"}, {0, "EOF"}});

@@ -52,7 +52,7 @@ std::string Tables(const std::vector<Layer>& layers, const std::vector<LineType>
     return Section("TABLES", Table("LTYPE", lineTypes) + Table("LAYER", layers));
 }
 
-using Pairs = std::initializer_list<GROUP>;
+using Pairs = std::initializer_list<Group>;
 
 // The values of the attributes of the first node in a trace.
 std::map<std::string, std::string> AttributesOf(const std::string& trace)

@@ -9,19 +9,19 @@
 
 namespace {
 
-struct XY {
+struct Xy {
     std::string_view x;
     std::string_view y;
 };
 
 // D and B are the points of one line, A1 and A2 those of the other, A3 the arc's own point.
-struct ANGLE {
-    XY a1, a2, d, b, a3;
-    XY t = {"14", "22"};
+struct Angle {
+    Xy a1, a2, d, b, a3;
+    Xy t = {"14", "22"};
     std::string_view type = "0";
 };
 
-std::string Parts(const ANGLE& of)
+std::string Parts(const Angle& of)
 {
     return Part("AcDbDimension",
                 {{10, of.d.x}, {20, of.d.y}, {30, 9}, {11, of.t.x}, {21, of.t.y}, {31, 9}, {70, of.type}}) +
@@ -39,7 +39,7 @@ std::string Parts(const ANGLE& of)
                                               {36, 9}});
 }
 
-std::string Drawn(const ANGLE& angle, std::int32_t yAxisMode, double scale = 1.0)
+std::string Drawn(const Angle& angle, std::int32_t yAxisMode, double scale = 1.0)
 {
     return TraceOf(DimensionDrawing(Parts(angle)), [&](CDxfReadToQuillmar& converter) {
         converter.yAxisMode = yAxisMode;
@@ -48,11 +48,11 @@ std::string Drawn(const ANGLE& angle, std::int32_t yAxisMode, double scale = 1.0
 }
 
 // What an angle of the Y mode 1 is drawn as, with both ends of the arc as the trace writes floats.
-std::string Trace(const ANGLE& angle, std::string_view path, std::string_view x, std::string_view start,
+std::string Trace(const Angle& angle, std::string_view path, std::string_view x, std::string_view start,
                   std::string_view end, std::string_view value, std::string_view textAt,
                   std::string_view rotation)
 {
-    const auto point = [](const XY& of) { return std::string(of.x) + ", " + std::string(of.y); };
+    const auto point = [](const Xy& of) { return std::string(of.x) + ", " + std::string(of.y); };
     return DimensionTrace()
         .Begin()
         .Path(path)
@@ -68,13 +68,13 @@ std::string Trace(const ANGLE& angle, std::string_view path, std::string_view x,
 
 // The lines meet at (12, 20); A2 is farther than A1 (0 degrees), D farther than B (270): the bounds are 0,
 // 90, 180 and 270.
-ANGLE Crossing(XY a3)
+Angle Crossing(Xy a3)
 {
     return {.a1 = {"10", "20"}, .a2 = {"20", "20"}, .d = {"12", "10"}, .b = {"12", "25"}, .a3 = a3};
 }
 
 // From X to the text (14, 22) it is -135 degrees; 90 less is -225.
-std::string CrossingTrace(const ANGLE& angle, std::string_view path, std::string_view start,
+std::string CrossingTrace(const Angle& angle, std::string_view path, std::string_view start,
                           std::string_view end, std::string_view value)
 {
     return Trace(angle, path, "12, 20", start, end, value, "14, 24", "-225");
@@ -91,7 +91,7 @@ constexpr const char* kNoArc = "M 0.000000,0.000000 A 5.000000,5.000000, 0 0,0 0
 
 TEST(AngularDimension, MeasuresTheSectorOfTheArcsOwnPoint)
 {
-    const ANGLE first = Crossing({"15", "24"}), second = Crossing({"9", "24"}), third = Crossing({"9", "16"});
+    const Angle first = Crossing({"15", "24"}), second = Crossing({"9", "24"}), third = Crossing({"9", "16"});
     EXPECT_EQ(Drawn(first, 1), CrossingTrace(first, k0To90, "17, 20", "12, 25", "90.00"));
     EXPECT_EQ(Drawn(second, 1), CrossingTrace(second, k90To180, "12, 25", "7, 20", "90.00"));
     EXPECT_EQ(Drawn(third, 1), CrossingTrace(third, k180To270, "7, 20", "12, 15", "90.00"));
@@ -99,13 +99,13 @@ TEST(AngularDimension, MeasuresTheSectorOfTheArcsOwnPoint)
 
 TEST(AngularDimension, AboveTheLargestBoundIsAnAngleOfZeroWithItsArcAtTheOrigin)
 {
-    const ANGLE above = Crossing({"15", "16"});
+    const Angle above = Crossing({"15", "16"});
     EXPECT_EQ(Drawn(above, 1), CrossingTrace(above, kNoArc, "0, 0", "0, 0", "0.00"));
 }
 
 TEST(AngularDimension, OnABoundTakesTheSectorThatIsTestedFirst)
 {
-    const ANGLE at0 = Crossing({"17", "20"}), at180 = Crossing({"7", "20"}), at270 = Crossing({"12", "15"});
+    const Angle at0 = Crossing({"17", "20"}), at180 = Crossing({"7", "20"}), at270 = Crossing({"12", "15"});
     EXPECT_EQ(Drawn(at0, 1), CrossingTrace(at0, k0To90, "17, 20", "12, 25", "90.00"));
     EXPECT_EQ(Drawn(at180, 1), CrossingTrace(at180, k90To180, "12, 25", "7, 20", "90.00"));
     EXPECT_EQ(Drawn(at270, 1), CrossingTrace(at270, k180To270, "7, 20", "12, 15", "90.00"));
@@ -142,7 +142,7 @@ TEST(AngularDimension, WithYDownIsMeasuredInTheDocumentAndSweepsTheOtherWay)
 
 TEST(AngularDimension, InAModeThatIsNeither1Nor2HasYUpAndTheFlagsOfYUp)
 {
-    const ANGLE first = Crossing({"15", "24"});
+    const Angle first = Crossing({"15", "24"});
     for (const std::int32_t mode : {0, 3, -2})
         EXPECT_EQ(Drawn(first, mode), CrossingTrace(first, k0To90, "17, 20", "12, 25", "90.00")) << mode;
 }
@@ -168,21 +168,21 @@ TEST(AngularDimension, ScalesEverythingButTheMarks)
 // A1 is farther, at 180 degrees, whose opposite is 360 and not reduced: the bounds are 90, 180, 270 and 360.
 TEST(AngularDimension, TakesTheFartherOfA1AndA2)
 {
-    ANGLE wrapped = Crossing({"15", "24"});
+    Angle wrapped = Crossing({"15", "24"});
     wrapped.a1 = {"0", "20"};
     EXPECT_EQ(Drawn(wrapped, 1), CrossingTrace(wrapped, k360To90, "17, 20", "12, 25", "630.00"));
-    ANGLE last = Crossing({"15", "16"});
+    Angle last = Crossing({"15", "16"});
     last.a1 = {"0", "20"};
     EXPECT_EQ(Drawn(last, 1), CrossingTrace(last, k270To360, "12, 15", "17, 20", "90.00"));
 }
 
 TEST(AngularDimension, TakesA2OfTwoPointsThatAreEquallyFar)
 {
-    ANGLE right = Crossing({"15", "24"});
+    Angle right = Crossing({"15", "24"});
     right.a1 = {"2", "20"};
     right.a2 = {"22", "20"};
     EXPECT_EQ(Drawn(right, 1), CrossingTrace(right, k0To90, "17, 20", "12, 25", "90.00"));
-    ANGLE left = Crossing({"15", "24"});
+    Angle left = Crossing({"15", "24"});
     left.a1 = {"22", "20"};
     left.a2 = {"2", "20"};
     EXPECT_EQ(Drawn(left, 1), CrossingTrace(left, k360To90, "17, 20", "12, 25", "630.00"));
@@ -190,7 +190,7 @@ TEST(AngularDimension, TakesA2OfTwoPointsThatAreEquallyFar)
 
 TEST(AngularDimension, TakesTheFartherOfDAndBAndBOfTwoThatAreEquallyFar)
 {
-    ANGLE angle = {
+    Angle angle = {
         .a1 = {"12", "10"}, .a2 = {"12", "25"}, .d = {"0", "20"}, .b = {"20", "20"}, .a3 = {"15", "24"}};
     EXPECT_EQ(Drawn(angle, 1), CrossingTrace(angle, k360To90, "17, 20", "12, 25", "630.00")); // D, at 180
     angle.d = {"4", "20"};
@@ -204,7 +204,7 @@ TEST(AngularDimension, TakesTheFartherOfDAndBAndBOfTwoThatAreEquallyFar)
 // 360 - 45 + 270 is shown, where the angle would be 135. The radius is the root of 26.
 TEST(AngularDimension, BelowTheSmallestBoundShowsMoreThanAFullTurn)
 {
-    const ANGLE angle = {.a1 = {"8", "18"},
+    const Angle angle = {.a1 = {"8", "18"},
                          .a2 = {"14", "24"},
                          .d = {"10", "18"},
                          .b = {"10", "25"},
@@ -218,7 +218,7 @@ TEST(AngularDimension, BelowTheSmallestBoundShowsMoreThanAFullTurn)
 // Lines at 30 and 120 degrees through (100, 50), the arc's own point at 10 degrees and 10 away.
 TEST(AngularDimension, BetweenBoundsOf30And300Shows630Degrees)
 {
-    const ANGLE angle = {.a1 = {"95.669872981077806", "47.5"},
+    const Angle angle = {.a1 = {"95.669872981077806", "47.5"},
                          .a2 = {"117.32050807568878", "60"},
                          .d = {"102.5", "45.669872981077806"},
                          .b = {"90", "67.320508075688778"},
@@ -243,7 +243,7 @@ TEST(AngularDimension, BetweenBoundsOf30And300Shows630Degrees)
 // arc's own point, at 90 and 6 away, is in the second.
 TEST(AngularDimension, OfParallelLinesHasItsVertexAtTheOrigin)
 {
-    const ANGLE angle = {.a1 = {"0", "5"},
+    const Angle angle = {.a1 = {"0", "5"},
                          .a2 = {"10", "5"},
                          .d = {"0", "10"},
                          .b = {"20", "10"},
@@ -258,7 +258,7 @@ TEST(AngularDimension, OfParallelLinesHasItsVertexAtTheOrigin)
 // farther than A1 (45 degrees), B farther than D (64.36), the arc's own point at 63.43, the root of 500 away.
 TEST(AngularDimension, OfLinesThatBeginAtOnePointHasItsVertexAtTheOrigin)
 {
-    const ANGLE angle = {.a1 = {"12", "20"},
+    const Angle angle = {.a1 = {"12", "20"},
                          .a2 = {"20", "20"},
                          .d = {"12", "20"},
                          .b = {"12", "25"},
@@ -271,7 +271,7 @@ TEST(AngularDimension, OfLinesThatBeginAtOnePointHasItsVertexAtTheOrigin)
 
 TEST(AngularDimension, OfSlantingLinesThatBeginAtOnePointHasItsVertexAtTheOriginToo)
 {
-    const ANGLE angle = {.a1 = {"12", "20"},
+    const Angle angle = {.a1 = {"12", "20"},
                          .a2 = {"20", "26"},
                          .d = {"12", "20"},
                          .b = {"10", "25"},
@@ -283,7 +283,7 @@ TEST(AngularDimension, OfSlantingLinesThatBeginAtOnePointHasItsVertexAtTheOrigin
 // One line begins on the other, as steep as it and the other way: one numerator alone is 0.
 TEST(AngularDimension, OfALineThatBeginsOnTheOtherHasItsVertexThere)
 {
-    const ANGLE angle = {.a1 = {"10", "10"},
+    const Angle angle = {.a1 = {"10", "10"},
                          .a2 = {"20", "15"},
                          .d = {"0", "15"},
                          .b = {"20", "5"},
@@ -294,26 +294,26 @@ TEST(AngularDimension, OfALineThatBeginsOnTheOtherHasItsVertexThere)
 
 TEST(AngularDimension, OfALineAcrossAnAxisThatBeginsOnTheOtherHasItsVertexThere)
 {
-    const ANGLE level = {.a1 = {"5", "5"},
+    const Angle level = {.a1 = {"5", "5"},
                          .a2 = {"-5", "5"},
                          .d = {"5", "8"},
                          .b = {"5", "2"},
                          .a3 = {"7", "7"},
                          .t = {"0", "-5"}};
-    const ANGLE upright = {.a1 = {"5", "5"},
+    const Angle upright = {.a1 = {"5", "5"},
                            .a2 = {"5", "-5"},
                            .d = {"8", "5"},
                            .b = {"2", "5"},
                            .a3 = {"7", "7"},
                            .t = {"0", "-5"}};
-    for (const ANGLE& angle : {level, upright})
+    for (const Angle& angle : {level, upright})
         EXPECT_NE(Drawn(angle, 1).find("qlmCreateCircle(ctx, \"\", 0.5, 5, 5, 0, 0)"), std::string::npos);
 }
 
 TEST(AngularDimension, OfLinesThatNearlyAreParallelStillMeet)
 {
     // y = 0 and y = (x - 1000) / 1000 meet at (1000, 0).
-    const ANGLE angle = {.a1 = {"0", "0"},
+    const Angle angle = {.a1 = {"0", "0"},
                          .a2 = {"1", "0"},
                          .d = {"0", "-1"},
                          .b = {"1", "-0.999"},
@@ -332,7 +332,7 @@ TEST(AngularDimension, ShowsTheSignForATypeOfExactly2)
                                       {"-2", "90.00"},
                                       {"3", "90.00"},
                                       {"2.9", "90.00\u02DA"}}) {
-        ANGLE angle = Crossing({"15", "24"});
+        Angle angle = Crossing({"15", "24"});
         angle.type = type;
         EXPECT_EQ(Drawn(angle, 1), CrossingTrace(angle, k0To90, "17, 20", "12, 25", value)) << type;
     }
@@ -340,7 +340,7 @@ TEST(AngularDimension, ShowsTheSignForATypeOfExactly2)
 
 TEST(AngularDimension, WhoseArcPointIsItsVertexHasARadiusOfZero)
 {
-    const ANGLE angle = Crossing({"12", "20"});
+    const Angle angle = Crossing({"12", "20"});
     EXPECT_EQ(Drawn(angle, 1),
               CrossingTrace(angle, "M 12.000000,20.000000 A 0.000000,0.000000, 0 0,0 12.000000,20.000000",
                             "12, 20", "12, 20", "90.00"));
@@ -350,7 +350,7 @@ TEST(AngularDimension, WhoseArcPointIsItsVertexHasARadiusOfZero)
 // in their last bit and the distances do not: A2 is taken, at 0 degrees. A1 would give more than a full turn.
 TEST(AngularDimension, ComparesDistancesAndNotTheirSquares)
 {
-    const ANGLE angle = {.a1 = {"-1", "1.4901161193847656e-08"},
+    const Angle angle = {.a1 = {"-1", "1.4901161193847656e-08"},
                          .a2 = {"1", "0"},
                          .d = {"0", "10"},
                          .b = {"2", "9.9999999850988388"},

@@ -14,13 +14,13 @@ std::string Drawn(const std::string& parts)
     return TraceOf(DimensionDrawing(parts), [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; });
 }
 
-struct XY {
+struct Xy {
     std::string_view x;
     std::string_view y;
 };
 
 // Two lines, from a1 to a2 and from d to b, the arc's own point a3; the text is at (14, 22).
-std::string Angular(XY a1, XY a2, XY d, XY b, XY a3)
+std::string Angular(Xy a1, Xy a2, Xy d, Xy b, Xy a3)
 {
     return Part("AcDbDimension", {{10, d.x}, {20, d.y}, {11, 14}, {21, 22}}) +
            Part("AcDb2LineAngularDimension", {{13, a1.x},
@@ -33,7 +33,7 @@ std::string Angular(XY a1, XY a2, XY d, XY b, XY a3)
                                               {26, a3.y}});
 }
 
-constexpr XY kBelowTheAxis = {"17", "19.999999999"};
+constexpr Xy kBelowTheAxis = {"17", "19.999999999"};
 
 // A chord whose two points are the same.
 std::string Chord(std::string_view marker, std::string_view x, std::string_view y)
@@ -41,7 +41,7 @@ std::string Chord(std::string_view marker, std::string_view x, std::string_view 
     return Part("AcDbDimension", {{10, x}, {20, y}, {11, 5}, {21, 6}}) + Part(marker, {{15, x}, {25, y}});
 }
 
-struct LAYOUT {
+struct Layout {
     float x = 10.0f;
     float y = 20.0f;
     float angle = 0.0f;
@@ -49,7 +49,7 @@ struct LAYOUT {
 };
 
 // For each text that is drawn its characters, place and size.
-std::string Laid(std::wstring_view text, const LAYOUT& at)
+std::string Laid(std::wstring_view text, const Layout& at)
 {
     RecordingHost::OfThread().Reset();
     CDxfRead reader;
@@ -140,7 +140,7 @@ TEST(DimensionEdges, NestedTextNarrowsItsYEachTime)
 // As floats these sizes would have no fraction.
 TEST(DimensionEdges, FontSizesAreNotNarrowed)
 {
-    constexpr LAYOUT kLarge = {.scale = 8388608.01};
+    constexpr Layout kLarge = {.scale = 8388608.01};
     EXPECT_EQ(Laid(L"1", kLarge), "\"1\", 10, 20 of 16777216.02\n");
     EXPECT_EQ(Laid(L"A{", kLarge), "\"A\", 10, 20 of 16777216.02\n");
     EXPECT_EQ(Laid(L"\\H4;\\S1/", kLarge), "\"1\", 10, 20 of 16777216.02\n");
@@ -151,12 +151,12 @@ TEST(DimensionEdges, FontSizesAreNotNarrowed)
 // the file still has a line. A list that the file ends has no closing "1002", so no line is read after it.
 TEST(DimensionEdges, LinesOfAStyleListAreCountedBehindTheEndOfTheFile)
 {
-    struct ENDING {
+    struct Ending {
         const char* lines;
         std::int32_t count;
         std::size_t messages;
     };
-    constexpr ENDING kEndings[] = {
+    constexpr Ending kEndings[] = {
         {"1000\nDSTYLE", 4, 1},
         {"1000\nDSTYLE\n", 4, 1},
         {"1000\nDSTYLE\nx", 4, 1},
@@ -172,7 +172,7 @@ TEST(DimensionEdges, LinesOfAStyleListAreCountedBehindTheEndOfTheFile)
         {"1000\nDSTYLE\n1002\n{\n1070\n371\n1002\n}\n0\n", 9, 0},
     };
     for (const std::string_view marker : {"AcDbRotatedDimension", "AcDb2LineAngularDimension"})
-        for (const ENDING& ending : kEndings) {
+        for (const Ending& ending : kEndings) {
             CDxfMemory memory(ending.lines);
             CDxfStream stream(memory);
             ReportingReader reader;

@@ -283,7 +283,7 @@ TEST(DimensionReader, GroupOfAnApplicationBeforeTheFirstMarkerIsKept)
 
 TEST(DimensionReader, EveryDimensionIsHandedToItsCallbackWithItsParts)
 {
-    struct READER : ReportingReader {
+    struct Reader : ReportingReader {
         void OnDimension(const DXF_GRAPHIC_DIMENSION& dimension) override
         {
             parts.push_back(PartsOf(dimension));

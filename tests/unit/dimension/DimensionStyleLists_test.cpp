@@ -9,8 +9,8 @@ using Errors = std::vector<std::string>;
 
 constexpr std::string_view kSkipping[] = {"AcDbRotatedDimension", "AcDb2LineAngularDimension"};
 
-struct ONE_PART {
-    explicit ONE_PART(const std::string& part)
+struct OnePart {
+    explicit OnePart(const std::string& part)
     {
         reader.ReadText(DimensionDrawing(part));
         const auto parts = PartsOf(OnlyEntity<DXF_GRAPHIC_DIMENSION>(reader.entities));
@@ -26,14 +26,14 @@ struct ONE_PART {
 TEST(DimensionStyleLists, AreSteppedOverWithoutAMessage)
 {
     for (const std::string_view marker : kSkipping) {
-        const ONE_PART read(Part(marker, {{1001, "ACAD"},
-                                          {1000, "DSTYLE"},
-                                          {1002, "{"},
-                                          {1070, 371},
-                                          {1070, 5},
-                                          {1070, 41},
-                                          {1040, 2.5},
-                                          {1002, "}"}}));
+        const OnePart read(Part(marker, {{1001, "ACAD"},
+                                         {1000, "DSTYLE"},
+                                         {1002, "{"},
+                                         {1070, 371},
+                                         {1070, 5},
+                                         {1070, 41},
+                                         {1040, 2.5},
+                                         {1002, "}"}}));
         EXPECT_EQ(read.fields, PartDefaults(marker)) << marker;
         EXPECT_EQ(read.reader.errors, Errors()) << marker;
     }
@@ -41,9 +41,9 @@ TEST(DimensionStyleLists, AreSteppedOverWithoutAMessage)
 
 TEST(DimensionStyleLists, NothingWithinIsReadAsAGroup)
 {
-    const ONE_PART read(Part("AcDb2LineAngularDimension") +
-                        Lines({"1000", "DSTYLE", "1002", "{", "13", "5", "0", "LINE", "100", "AcDbNone",
-                               "not a number", "1000", "DSTYLE", "1002", "}", "14", "7"}));
+    const OnePart read(Part("AcDb2LineAngularDimension") +
+                       Lines({"1000", "DSTYLE", "1002", "{", "13", "5", "0", "LINE", "100", "AcDbNone",
+                              "not a number", "1000", "DSTYLE", "1002", "}", "14", "7"}));
     EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"), {{"m_dExtLine2X", "7"}}));
     EXPECT_EQ(read.reader.errors, Errors());
 }
@@ -51,7 +51,7 @@ TEST(DimensionStyleLists, NothingWithinIsReadAsAGroup)
 TEST(DimensionStyleLists, EveryLineOfThemIsCounted)
 {
     for (const std::string_view marker : kSkipping) {
-        const ONE_PART read(
+        const OnePart read(
             Part(marker, {{1000, "DSTYLE"}, {1002, "{"}, {1070, 371}, {1002, "}"}, {"x", "0"}}));
         EXPECT_EQ(read.reader.errors, (Errors{"0 3 Read_UNKNOWN() Failed to read integer from 'x', Line:17",
                                               "0 6 0 - Unknown Object Type Name (18)"}))
@@ -62,7 +62,7 @@ TEST(DimensionStyleLists, EveryLineOfThemIsCounted)
 TEST(DimensionStyleLists, EmptyListIsAList)
 {
     for (const std::string_view marker : kSkipping) {
-        const ONE_PART read(Part(marker, {{1000, "DSTYLE"}, {1002, "{"}, {1002, "}"}}) + Part("AcDbEntity"));
+        const OnePart read(Part(marker, {{1000, "DSTYLE"}, {1002, "{"}, {1002, "}"}}) + Part("AcDbEntity"));
         EXPECT_EQ(read.reader.errors, Errors()) << marker;
         EXPECT_EQ(OnlyEntity<DXF_GRAPHIC_DIMENSION>(read.reader.entities).m_parts.size(), 2u) << marker;
     }
@@ -70,25 +70,24 @@ TEST(DimensionStyleLists, EmptyListIsAList)
 
 TEST(DimensionStyleLists, AreKnownByTrimmedLines)
 {
-    const ONE_PART read(
-        Part("AcDb2LineAngularDimension",
-             {{" 1000", "  DSTYLE "}, {"  1002", " {"}, {13, 5}, {"\t1002 ", " }"}, {14, 7}}));
+    const OnePart read(Part("AcDb2LineAngularDimension",
+                            {{" 1000", "  DSTYLE "}, {"  1002", " {"}, {13, 5}, {"\t1002 ", " }"}, {14, 7}}));
     EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"), {{"m_dExtLine2X", "7"}}));
     EXPECT_EQ(read.reader.errors, Errors());
 }
 
 TEST(DimensionStyleLists, SeveralAreEachSteppedOver)
 {
-    const ONE_PART read(Part("AcDb2LineAngularDimension", {{1000, "DSTYLE"},
-                                                           {1002, "{"},
-                                                           {13, 5},
-                                                           {1002, "}"},
-                                                           {23, 1},
-                                                           {1000, "DSTYLE"},
-                                                           {1002, "{"},
-                                                           {13, 6},
-                                                           {1002, "}"},
-                                                           {24, 2}}));
+    const OnePart read(Part("AcDb2LineAngularDimension", {{1000, "DSTYLE"},
+                                                          {1002, "{"},
+                                                          {13, 5},
+                                                          {1002, "}"},
+                                                          {23, 1},
+                                                          {1000, "DSTYLE"},
+                                                          {1002, "{"},
+                                                          {13, 6},
+                                                          {1002, "}"},
+                                                          {24, 2}}));
     EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"),
                                 {{"m_dExtLine1Y", "1"}, {"m_dExtLine2Y", "2"}}));
     EXPECT_EQ(read.reader.errors, Errors());
@@ -98,7 +97,7 @@ TEST(DimensionStyleLists, SeveralAreEachSteppedOver)
 // follows is read as groups.
 TEST(DimensionStyleLists, ValueOf1002EndsTheListEarly)
 {
-    const ONE_PART read(
+    const OnePart read(
         Part("AcDb2LineAngularDimension") +
         Lines({"1000", "DSTYLE", "1002", "{", "1070", "1002", "1040", "13", "7", "1002", "}", "14", "8"}));
     EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"),
@@ -109,7 +108,7 @@ TEST(DimensionStyleLists, ValueOf1002EndsTheListEarly)
 TEST(DimensionStyleLists, OtherStringThanDSTYLEIsAGroupLikeAnyOther)
 {
     for (const char* other : {"DSTYLES", "dstyle", "", "D STYLE"}) {
-        const ONE_PART read(
+        const OnePart read(
             Part("AcDb2LineAngularDimension", {{1000, other}, {1002, "{"}, {13, 5}, {1002, "}"}, {14, 7}}));
         EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"),
                                     {{"m_dExtLine1X", "5"}, {"m_dExtLine2X", "7"}}))
@@ -121,13 +120,13 @@ TEST(DimensionStyleLists, OtherStringThanDSTYLEIsAGroupLikeAnyOther)
 TEST(DimensionStyleLists, MissingBeginIsReportedAndReadingGoesOnBehindThePair)
 {
     for (const std::string_view marker : kSkipping) {
-        const ONE_PART read(Part(marker, {{1000, "DSTYLE"}, {" 1070 ", "371"}, {100, "AcDbEntity"}}));
+        const OnePart read(Part(marker, {{1000, "DSTYLE"}, {" 1070 ", "371"}, {100, "AcDbEntity"}}));
         EXPECT_EQ(read.reader.errors,
                   Errors{"0 9 ReadENTITIES_DIMENSION() DSTYLE 1002 not found '1070', Line:11"})
             << marker;
         EXPECT_EQ(OnlyEntity<DXF_GRAPHIC_DIMENSION>(read.reader.entities).m_parts.size(), 2u) << marker;
     }
-    const ONE_PART read(Part("AcDb2LineAngularDimension", {{1000, "DSTYLE"}, {"01002", "{"}, {13, 5}}));
+    const OnePart read(Part("AcDb2LineAngularDimension", {{1000, "DSTYLE"}, {"01002", "{"}, {13, 5}}));
     EXPECT_EQ(read.reader.errors,
               Errors{"0 9 ReadENTITIES_DIMENSION() DSTYLE 1002 not found '01002', Line:11"});
     EXPECT_EQ(read.fields, With(PartDefaults("AcDb2LineAngularDimension"), {{"m_dExtLine1X", "5"}}));
@@ -138,14 +137,14 @@ TEST(DimensionStyleLists, InAnyOtherPartAreSteppedOverPairByPair)
     for (const std::string_view marker :
          {"AcDbEntity", "AcDbDimension", "AcDbAlignedDimension", "AcDb3PointAngularDimension",
           "AcDbOrdinateDimension", "AcDbRadialDimension", "AcDbDiametricDimension"}) {
-        const ONE_PART read(Part(
+        const OnePart read(Part(
             marker, {{1001, "ACAD"}, {1000, "DSTYLE"}, {1002, "{"}, {1070, 371}, {1070, 5}, {1002, "}"}}));
         EXPECT_EQ(read.fields, PartDefaults(marker)) << marker;
         EXPECT_EQ(read.reader.errors, Errors()) << marker;
     }
     // Pairs within them are groups of the part.
-    const ONE_PART read(Part("AcDbAlignedDimension",
-                             {{1000, "DSTYLE"}, {1002, "{"}, {13, 5}, {1002, "}"}, {1000, "DSTYLE"}}));
+    const OnePart read(Part("AcDbAlignedDimension",
+                            {{1000, "DSTYLE"}, {1002, "{"}, {13, 5}, {1002, "}"}, {1000, "DSTYLE"}}));
     EXPECT_EQ(read.fields, With(PartDefaults("AcDbAlignedDimension"), {{"m_dExtLine1X", "5"}}));
 }
 

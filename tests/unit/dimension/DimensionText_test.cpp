@@ -7,13 +7,13 @@
 
 namespace {
 
-struct PLACE {
+struct Place {
     float x = 10.0f;
     float y = 20.0f;
     float angle = 0.0f;
 };
 
-std::string Laid(std::wstring_view text, const PLACE& at = {}, double scale = 1.0, std::int32_t yAxisMode = 2)
+std::string Laid(std::wstring_view text, const Place& at = {}, double scale = 1.0, std::int32_t yAxisMode = 2)
 {
     RecordingHost::OfThread().Reset();
     ReportingReader reader;
@@ -24,17 +24,17 @@ std::string Laid(std::wstring_view text, const PLACE& at = {}, double scale = 1.
 }
 
 // What one visible piece becomes.
-struct PIECE {
+struct Piece {
     std::string_view text;
     std::string_view position = "10, 20";
     std::string_view size = "2.00";
 };
 
-std::string Pieces(std::initializer_list<PIECE> pieces, std::string_view rotation = "0")
+std::string Pieces(std::initializer_list<Piece> pieces, std::string_view rotation = "0")
 {
     std::string trace;
     int count = 0;
-    for (const PIECE& piece : pieces) {
+    for (const Piece& piece : pieces) {
         const std::string node = std::string("n").append(std::to_string(++count));
         trace.append("qlmCreateText(ctx, \"\", 0, 0, 0, 0, \"").append(piece.text).append("\", ");
         trace.append(piece.position).append(") = ").append(node).append("\n");
@@ -44,7 +44,7 @@ std::string Pieces(std::initializer_list<PIECE> pieces, std::string_view rotatio
     return trace;
 }
 
-constexpr PLACE kUpward = {10.0f, 20.0f, 90.0f};
+constexpr Place kUpward = {10.0f, 20.0f, 90.0f};
 
 } // namespace
 

@@ -7,7 +7,7 @@
 namespace {
 
 // The trace of a radial dimension of length 2.5 with some groups more in its dimension part.
-std::string Shown(std::initializer_list<GROUP> groups)
+std::string Shown(std::initializer_list<Group> groups)
 {
     return TraceOf(
         DimensionDrawing(Part("AcDbDimension", groups) + Part("AcDbRadialDimension", {{15, 2.5}})));
@@ -24,14 +24,14 @@ std::string NoText()
     return DimensionTrace().Begin().EndArrowLine("0, -0, 2.5, -0").End();
 }
 
-struct KIND {
+struct Kind {
     const char* name;
     std::string part;
     const char* value;
 };
 
 // All of them with D = (0, 0), drawn with Y up.
-const KIND kKinds[] = {
+const Kind kKinds[] = {
     {"aligned", Part("AcDbAlignedDimension", {{23, 2.5}}), "2.5"},
     {"rotated", Part("AcDbAlignedDimension", {{13, 2.5}}) + Part("AcDbRotatedDimension"), "2.5"},
     {"radial", Part("AcDbRadialDimension", {{15, 2.5}}), "2.5"},
@@ -54,7 +54,7 @@ std::string TextsOf(std::string_view trace)
     return texts;
 }
 
-std::string TextsOfKind(const KIND& kind, std::initializer_list<GROUP> groups)
+std::string TextsOfKind(const Kind& kind, std::initializer_list<Group> groups)
 {
     return TextsOf(TraceOf(DimensionDrawing(Part("AcDbDimension", groups) + kind.part),
                            [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; }));
@@ -64,7 +64,7 @@ std::string TextsOfKind(const KIND& kind, std::initializer_list<GROUP> groups)
 
 TEST(DimensionValue, IsShownWithoutAnOverride)
 {
-    for (const KIND& kind : kKinds) {
+    for (const Kind& kind : kKinds) {
         EXPECT_EQ(TextsOfKind(kind, {}), kind.value) << kind.name;
         EXPECT_EQ(TextsOfKind(kind, {{1, ""}}), kind.value) << kind.name;
         EXPECT_EQ(TextsOfKind(kind, {{1, " \t"}}), kind.value) << kind.name; // blanks are trimmed to nothing
@@ -73,7 +73,7 @@ TEST(DimensionValue, IsShownWithoutAnOverride)
 
 TEST(DimensionValue, OfATypeOfExactly2HasTheRingAboveBehindIt)
 {
-    for (const KIND& kind : kKinds) {
+    for (const Kind& kind : kKinds) {
         EXPECT_EQ(TextsOfKind(kind, {{70, 2}}), std::string(kind.value) + "\u02DA") << kind.name;
         for (const char* type : {"0", "1", "3", "5", "34", "66", "130", "162", "-2", "20"})
             EXPECT_EQ(TextsOfKind(kind, {{70, type}}), kind.value) << kind.name << " " << type;
@@ -82,21 +82,21 @@ TEST(DimensionValue, OfATypeOfExactly2HasTheRingAboveBehindIt)
 
 TEST(DimensionValue, MeasurementOfTheFileIsNotUsed)
 {
-    for (const KIND& kind : kKinds)
+    for (const Kind& kind : kKinds)
         EXPECT_EQ(TextsOfKind(kind, {{42, 77}}), kind.value) << kind.name;
 }
 
 TEST(DimensionValue, OverrideHoldsTheValueInPlaceOfItsMark)
 {
     EXPECT_EQ(Shown({{1, "R<>"}}), OneText("R2.5"));
-    for (const KIND& kind : kKinds)
+    for (const Kind& kind : kKinds)
         EXPECT_EQ(TextsOfKind(kind, {{1, "R<>"}}), std::string("R").append(kind.value)) << kind.name;
 }
 
 TEST(DimensionValue, OverrideWithoutAMarkIsShownAsItStands)
 {
     EXPECT_EQ(Shown({{1, " see note < 5 > "}}), OneText("see note < 5 >"));
-    for (const KIND& kind : kKinds)
+    for (const Kind& kind : kKinds)
         EXPECT_EQ(TextsOfKind(kind, {{1, "R"}}), "R") << kind.name;
 }
 

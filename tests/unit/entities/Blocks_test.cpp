@@ -11,7 +11,7 @@ using Errors = std::vector<std::string>;
 // Reads a BLOCKS section with these lines between its name (line 4) and its ENDSEC.
 class BlocksReader : public ReportingReader {
 public:
-    explicit BlocksReader(std::initializer_list<GROUP> groups) { Read(Dxf(groups)); }
+    explicit BlocksReader(std::initializer_list<Group> groups) { Read(Dxf(groups)); }
     explicit BlocksReader(std::string_view lines) { Read(lines); }
 
     // The names of the blocks and the kinds of their entities: "Door: 1 8".
@@ -47,7 +47,7 @@ FieldTexts OnlyBlock(const CDxfRead& reader)
 }
 
 // Reads a section with one block that has these groups.
-FieldTexts HeaderOf(std::initializer_list<GROUP> groups)
+FieldTexts HeaderOf(std::initializer_list<Group> groups)
 {
     BlocksReader reader(Dxf({{0, "BLOCK"}}) + Dxf(groups) + Dxf({{0, "ENDBLK"}}));
     EXPECT_EQ(reader.errors, Errors());

@@ -15,7 +15,7 @@ namespace {
 using Calls = std::vector<std::string>;
 
 // A block with these lines between its name and its ENDBLK.
-std::string Block(std::string_view name, std::initializer_list<GROUP> entities)
+std::string Block(std::string_view name, std::initializer_list<Group> entities)
 {
     return Dxf({{0, "BLOCK"}, {2, name}}) + Dxf(entities) + Dxf({{0, "ENDBLK"}});
 }

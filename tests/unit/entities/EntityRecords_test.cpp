@@ -27,7 +27,7 @@ const std::string kExtrusion = "m_dExtrusionX=0\nm_dExtrusionY=0\nm_dExtrusionZ=
 // The only entity of a section of these lines.
 class OneEntity : public ReportingReader {
 public:
-    explicit OneEntity(std::initializer_list<GROUP> lines) { ReadText(EntitiesSection(lines)); }
+    explicit OneEntity(std::initializer_list<Group> lines) { ReadText(EntitiesSection(lines)); }
 
     std::string Changed() const
     {

@@ -11,12 +11,12 @@
 namespace {
 
 using Texts = std::vector<std::string>;
-using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
+using Reader = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
 // One reader on the lines after a type name.
 class Reading : public ReportingReader {
 public:
-    Reading(READER read, std::string_view lines)
+    Reading(Reader read, std::string_view lines)
     {
         CDxfMemory memory(lines);
         CDxfStream stream(memory);
@@ -35,7 +35,7 @@ public:
 
 struct Entity {
     const char* type;
-    READER read;
+    Reader read;
     int kind;
     std::map<int, const char*> reals;
     std::map<int, const char*> integers;
@@ -118,7 +118,7 @@ const std::vector<Entity> kEntities = {
 const std::set<int> kCommonCodes = {5,   6,   8,   48,  60,  62,  67,  92,  100, 102,
                                     284, 310, 330, 347, 370, 390, 410, 420, 430, 440};
 
-std::string Polyline(std::initializer_list<GROUP> groups)
+std::string Polyline(std::initializer_list<Group> groups)
 {
     return Reading(&CDxfRead::ReadENTITIES_LWPOLYLINE, Dxf(groups) + "0\n").Changed();
 }

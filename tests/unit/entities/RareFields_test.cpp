@@ -11,12 +11,12 @@
 
 namespace {
 
-using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
+using Reader = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
 // What a reader makes of the groups of an entity.
 class ReadOne : public ReportingReader {
 public:
-    explicit ReadOne(std::initializer_list<GROUP> groups, READER read = &CDxfRead::ReadENTITIES_LINE)
+    explicit ReadOne(std::initializer_list<Group> groups, Reader read = &CDxfRead::ReadENTITIES_LINE)
     {
         const std::string drawing = Dxf(groups) + "0\n";
         CDxfMemory memory(drawing);
@@ -34,7 +34,7 @@ TEST(RareFields, LineWithoutThemTakesTwoCacheLines)
 
 TEST(RareFields, ValuesThatAreTheDefaultMakeNothing)
 {
-    for (const READER read : {&CDxfRead::ReadENTITIES_LINE, &CDxfRead::ReadENTITIES_ARC,
+    for (const Reader read : {&CDxfRead::ReadENTITIES_LINE, &CDxfRead::ReadENTITIES_ARC,
                               &CDxfRead::ReadENTITIES_CIRCLE, &CDxfRead::ReadENTITIES_LWPOLYLINE}) {
         const ReadOne one({{39, "0.0"},
                            {48, 1},
@@ -59,7 +59,7 @@ TEST(RareFields, ValuesThatAreTheDefaultMakeNothing)
 
 TEST(RareFields, EveryOtherValueIsKept)
 {
-    const std::pair<GROUP, const char*> kGroups[] = {{{39, 2}, "m_dThickness=2"},
+    const std::pair<Group, const char*> kGroups[] = {{{39, 2}, "m_dThickness=2"},
                                                      {{48, 2}, "m_dLineTypeScale=2"},
                                                      {{67, 1}, "m_nPaperSpace=1"},
                                                      {{92, 7}, "m_nProxyByteCount=7"},

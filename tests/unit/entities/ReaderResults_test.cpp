@@ -7,15 +7,15 @@
 
 namespace {
 
-using READER = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
+using Reader = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
-struct ENTITY {
+struct Entity {
     const char* type;
-    READER read;
+    Reader read;
 };
 
 // DIMENSION has its own rules.
-constexpr ENTITY kEntities[] = {
+constexpr Entity kEntities[] = {
     {"LINE", &CDxfRead::ReadENTITIES_LINE},
     {"ARC", &CDxfRead::ReadENTITIES_ARC},
     {"CIRCLE", &CDxfRead::ReadENTITIES_CIRCLE},
@@ -26,14 +26,14 @@ constexpr ENTITY kEntities[] = {
     {"INSERT", &CDxfRead::ReadENTITIES_INSERT},
 };
 
-struct ENDING {
+struct Ending {
     const char* lines;
     bool result;
     int lineCount;
     const char* message; // the text in quotes of a bad code, null for none
 };
 
-constexpr ENDING kEndings[] = {
+constexpr Ending kEndings[] = {
     {"0\nNEXT\n", true, 1, nullptr},
     {"0", true, 1, nullptr},
     {"8\nA\n 0 \nNEXT\n", true, 3, nullptr},
@@ -51,8 +51,8 @@ constexpr ENDING kEndings[] = {
 
 TEST(ReaderResults, EntityIsTrueOnlyAtAZeroAndKeptInAnyCase)
 {
-    for (const ENTITY& entity : kEntities)
-        for (const ENDING& ending : kEndings) {
+    for (const Entity& entity : kEntities)
+        for (const Ending& ending : kEndings) {
             CDxfMemory memory(ending.lines);
             CDxfStream stream(memory);
             ReportingReader reader;
@@ -77,7 +77,7 @@ TEST(ReaderResults, EntityIsTrueOnlyAtAZeroAndKeptInAnyCase)
 
 TEST(ReaderResults, SkippedEntityIsTrueOnlyAtAZero)
 {
-    for (const ENDING& ending : kEndings) {
+    for (const Ending& ending : kEndings) {
         CDxfMemory memory(ending.lines);
         CDxfStream stream(memory);
         ReportingReader reader;
@@ -89,7 +89,7 @@ TEST(ReaderResults, SkippedEntityIsTrueOnlyAtAZero)
 
 TEST(ReaderResults, BlockIsItsRecordInTheListAtAZeroAndElseNull)
 {
-    for (const ENDING& ending : kEndings) {
+    for (const Ending& ending : kEndings) {
         CDxfMemory memory(ending.lines);
         CDxfStream stream(memory);
         ReportingReader reader;

@@ -22,14 +22,14 @@ using Errors = std::vector<std::string>;
 
 // A message's format, and the drawing that reaches it with all the messages that it gives, as "code kind
 // text".
-struct CASE {
+struct Case {
     std::string format;
     std::string drawing;
     Errors errors;
 };
 
 // The start of a section: its head, groups from line 5 on, and lines as they are, where the drawing ends.
-std::string In(std::string_view section, std::initializer_list<GROUP> groups, std::string_view last = "")
+std::string In(std::string_view section, std::initializer_list<Group> groups, std::string_view last = "")
 {
     return Dxf({{0, "SECTION"}, {2, section}}) + Dxf(groups) + std::string(last);
 }
@@ -50,7 +50,7 @@ const std::pair<std::string, std::string> kEntities[] = {{"LINE", "ReadENTITIES_
                                                          {"HATCH", "ReadENTITIES_HATCH()"},
                                                          {"VIEWPORT", "ReadENTITIES_VIEWPORT()"}};
 
-void AddEntities(std::vector<CASE>& cases)
+void AddEntities(std::vector<Case>& cases)
 {
     for (const auto& [type, name] : kEntities) {
         const std::string integer = name + " Failed to read integer from 'x', Line:7";
@@ -66,9 +66,9 @@ void AddEntities(std::vector<CASE>& cases)
 }
 
 // Messages that a drawing's text can bring about.
-std::vector<CASE> Cases()
+std::vector<Case> Cases()
 {
-    std::vector<CASE> cases = {
+    std::vector<Case> cases = {
         {"%s - Unknown Section Name Line (%d)",
          In("WALLS", {}),
          {"0 2 WALLS - Unknown Section Name Line (4)"}},
@@ -297,7 +297,7 @@ std::set<std::string> MessagesOfTheSources()
 
 TEST(EveryMessage, ComesFromItsDrawingWithNoOther)
 {
-    for (const CASE& of : Cases()) {
+    for (const Case& of : Cases()) {
         CDxfMemory memory(of.drawing);
         EXPECT_EQ(ErrorsOf(memory), of.errors) << of.format;
         EXPECT_TRUE(HoldsOneOf(of.errors, of.format)) << of.format;
@@ -341,7 +341,7 @@ TEST(EveryMessage, OfMemoryThatIsShort)
 TEST(EveryMessage, OfTheSourcesStandsInTheTable)
 {
     std::set<std::string> listed = {kNotOpen, kNotRead, kNoMemory};
-    for (const CASE& of : Cases())
+    for (const Case& of : Cases())
         listed.insert(of.format);
     EXPECT_EQ(MessagesOfTheSources(), listed);
 }
