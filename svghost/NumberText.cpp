@@ -1,7 +1,8 @@
 #include "svghost/NumberText.h"
 
+#include "base/Numbers.h"
+
 #include <cfloat>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -42,22 +43,7 @@ struct NumberShape {
         return digits > 0 && ReadExponent();
     }
 
-    // The quotient of two numbers that are exact has one rounding: the result is the nearest double.
-    bool GetExact(double& number) const
-    {
-        if (hasExponent || digits > 19 || mantissa > (std::uint64_t{1} << 53))
-            return false;
-        number = static_cast<double>(mantissa) / kPowersOfTen[decimals];
-        number = isNegative ? -number : number;
-        return true;
-    }
-
-    // Any number, in as many instructions as std::from_chars takes.
-    bool GetAny(double& number) const
-    {
-        const std::string narrow(begin, end);
-        return std::from_chars(narrow.data(), narrow.data() + narrow.size(), number).ec == std::errc();
-    }
+    double Value() const { return IsExact() ? ExactValue() : ParseReal(std::string(begin, end)); }
 
     // The number's text without the zeros at its end that say nothing.
     std::basic_string_view<Char> ShortText() const
@@ -77,6 +63,16 @@ struct NumberShape {
 
 private:
     static constexpr Char kZero[] = {Char('0')};
+
+    bool IsExact() const { return !hasExponent && digits <= 19 && mantissa <= (std::uint64_t{1} << 53); }
+
+    // The quotient of two numbers that are exact has one rounding: the result is the nearest double. Nearly
+    // all numbers of a picture are such; by ParseReal alone the command takes a seventh more instructions.
+    double ExactValue() const
+    {
+        const double number = static_cast<double>(mantissa) / kPowersOfTen[decimals];
+        return isNegative ? -number : number;
+    }
 
     static unsigned DigitOf(Char character) { return static_cast<unsigned>(character) - unsigned{'0'}; }
 
@@ -117,7 +113,10 @@ template <class Char>
 bool ScanNumber(const Char*& at, double& number, std::basic_string_view<Char>& text)
 {
     NumberShape<Char> shape;
-    if (!shape.Read(at) || (!shape.GetExact(number) && !shape.GetAny(number)) || !IsDrawable(number))
+    if (!shape.Read(at))
+        return false;
+    number = shape.Value();
+    if (!IsDrawable(number))
         return false;
     text = shape.ShortText();
     at = shape.end;

@@ -120,9 +120,9 @@ TEST(Numbers, FarAwayElementsKeepTheViewBoxFinite)
 TEST(Numbers, ManyDecimalsAndExponentsAreRead)
 {
     const HostDocument document;
-    document.Polyline(L"0.1234567890123456789012345,1e2 +5,-.5 1.5e-3,10");
+    document.Polyline(L"0.1234567890123456789012345,1e2 +5,-.5 1.5e-3,10 1e-400,0");
     const ParsedSvg svg(document);
     EXPECT_STREQ(svg.First("polyline").attribute("points").value(),
-                 "0.1234567890123456789012345,1e2 5,-.5 1.5e-3,10");
+                 "0.1234567890123456789012345,1e2 5,-.5 1.5e-3,10 1e-400,0");
     ExpectTight(ViewBoxOf(svg), 0, -0.5, 5, 100, 3);
 }
