@@ -33,6 +33,7 @@ TYPE_LIST = "src/reader/EntityTypes.h"
 # What the folders beside src/ may include of the project, besides their own files: files, and whole folders.
 NEIGHBOURS = {
     "svghost": {"src/base/", "src/host/QuillmarLib.h"},
+    "prepare": {"src/base/", "src/input/"},
     "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", TYPE_LIST,
             "svghost/SvgHost.h"},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},

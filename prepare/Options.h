@@ -1,0 +1,26 @@
+// What is asked of preparing.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace prepare {
+
+enum class Profile {
+    Module,   // makes up for each oddity of the module
+    Standard, // makes up for nothing: for any other program
+};
+
+struct Options {
+    Profile profile = Profile::Module;
+    double tolerance = 0; // how far a flattened curve may be from the true one, in drawing units; 0: chosen
+    bool mayWrap = true;  // whether a far or small drawing may be put into one block near the origin
+    bool showsAllLayers = false;
+    bool isForPaper = false;             // layers that are not plotted are left out
+    std::vector<std::string> onlyLayers; // patterns with '*'; empty: all
+    std::vector<std::string> withoutLayers;
+    std::string encoding; // of the file; empty: as the file says
+    bool redrawsDimensions = false;
+};
+
+} // namespace prepare

@@ -1,0 +1,108 @@
+/** @file
+ * Preparing: rewrites any DXF drawing into a plain one.
+ *
+ * The plain drawing is an R2000 ASCII drawing of lines, arcs, circles, ellipses, polylines, texts and
+ * inserts. It shows what the original shows, for a reader that knows little. Plain C; no function lets an
+ * exception out, and none reads or sets the locale. Several threads can prepare at once.
+ *
+ * Strings are zero-terminated UTF-8.
+ */
+#ifndef PLEXORN_PREPARE_H
+#define PLEXORN_PREPARE_H
+
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(_WIN32) && !defined(PLEXORN_PREPARE_STATIC)
+#if defined(PLEXORN_PREPARE_EXPORTS)
+#define PLEXORN_PREPARE_API __declspec(dllexport)
+#else
+#define PLEXORN_PREPARE_API __declspec(dllimport)
+#endif
+#elif defined(__GNUC__)
+#define PLEXORN_PREPARE_API __attribute__((visibility("default")))
+#else
+#define PLEXORN_PREPARE_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** For whom a drawing is prepared. */
+typedef enum PrepareProfile {
+    PREPARE_FOR_MODULE = 0,  /**< the module Plexorn: made up for what it draws in its own way */
+    PREPARE_FOR_STANDARD = 1 /**< any other program */
+} PrepareProfile;
+
+/** How a preparing ended. */
+typedef enum PrepareResult {
+    PREPARE_DONE = 0,
+    PREPARE_NO_DRAWING = 1,   /**< the input is no DXF drawing */
+    PREPARE_READ_FAILED = 2,  /**< the input could not be read to its end; nothing was written */
+    PREPARE_WRITE_FAILED = 3, /**< the write function gave false */
+    PREPARE_NO_MEMORY = 4,
+    PREPARE_CANCELLED = 5, /**< the progress function gave false */
+    PREPARE_BAD_OPTIONS = 6
+} PrepareResult;
+
+/** What a report entry says. */
+typedef enum PrepareFinding {
+    PREPARE_REWRITTEN = 0, /**< subject is drawn as something else, which detail names */
+    PREPARE_NOT_SHOWN = 1, /**< subject is not drawn; detail says why */
+    PREPARE_CHANGED = 2,   /**< subject is drawn, but not wholly as its author saw it */
+    PREPARE_REPAIRED = 3,  /**< the file was broken here; detail says how it was read */
+    PREPARE_CUT = 4        /**< there was more than bounds allow: the rest is left out */
+} PrepareFinding;
+
+/** One entry of the report: everything of one kind is one entry. Its strings are good during the call. */
+typedef struct PrepareReport {
+    PrepareFinding finding;
+    const char* subject; /**< a type of entity, or another word */
+    const char* detail;
+    uint64_t count;
+    uint64_t firstLine; /**< the line in the input where the first one is; 0: none */
+} PrepareReport;
+
+/** Takes a part of the plain drawing; false stops. */
+typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size);
+/** Gives up to size bytes of the input from offset on, which is 0 or where the part before
+ * ended; returns their
+ * number, 0 at the end, a negative number when reading failed. */
+typedef ptrdiff_t (*PrepareReadFunction)(void* user, uint64_t offset, char* bytes, size_t size);
+typedef void (*PrepareReportFunction)(void* user, const PrepareReport* report);
+/** Called now and then with what share is done, from 0 to 1; false cancels. */
+typedef bool (*PrepareProgressFunction)(void* user, double share);
+
+/** What is asked of preparing. Zero-initialised, it means: for the module, everything chosen. */
+typedef struct PrepareOptions {
+    PrepareProfile profile;
+    double tolerance;   /**< how far a curve drawn as lines may be from the true one, in drawing units;
+                             0: a twentieth of the thinnest stroke, at most 1/4000 of the drawing */
+    bool forbidWrap;    /**< never put a far or small drawing into one block near the origin */
+    bool showAllLayers; /**< draw layers that are off or frozen, too */
+    bool isForPaper;    /**< leave out layers that are not plotted */
+    const char* const* onlyLayers;    /**< patterns with '*', ended by NULL; NULL: all */
+    const char* const* withoutLayers; /**< likewise; NULL: none */
+    const char* encoding;         /**< of the input's texts, such as "ANSI_1252"; NULL: as the input says */
+    bool redrawDimensions;        /**< draw dimensions from their definitions even if they have pictures */
+    PrepareReportFunction report; /**< may be NULL */
+    PrepareProgressFunction progress; /**< may be NULL */
+    void* user;                       /**< given to report, progress, write and read */
+} PrepareOptions;
+
+/** Each prepares a drawing: from a file by its path in UTF-8, from memory, or from a function that can go
+ * back to the front. options may be NULL. Nothing is written before the input has been read whole. */
+PLEXORN_PREPARE_API PrepareResult prepareFile(const char* path, const PrepareOptions* options,
+                                              PrepareWriteFunction write);
+PLEXORN_PREPARE_API PrepareResult prepareMemory(const char* bytes, size_t size, const PrepareOptions* options,
+                                                PrepareWriteFunction write);
+PLEXORN_PREPARE_API PrepareResult prepareStream(PrepareReadFunction read, const PrepareOptions* options,
+                                                PrepareWriteFunction write);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

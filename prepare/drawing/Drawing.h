@@ -1,0 +1,137 @@
+// A drawing's settings, tables and blocks: everything but the entities, which are streamed.
+#pragma once
+
+#include "prepare/drawing/Entities.h"
+#include "prepare/drawing/Names.h"
+#include "prepare/drawing/Point.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace prepare {
+
+// A variable of the HEADER section: its values by group code, as texts of the file.
+struct Variable {
+    std::vector<std::pair<std::int32_t, std::string>> values;
+};
+
+class Header {
+public:
+    // Each gives the variable's value, or otherwise when the header lacks it. names are like "$LTSCALE".
+    double Real(std::string_view name, double otherwise) const;
+    std::int32_t Integer(std::string_view name, std::int32_t otherwise) const;
+    std::string_view Text(std::string_view name) const; // empty when it is missing
+    // False when the header lacks it.
+    bool Point(std::string_view name, Point3& point) const;
+
+    Variable& operator[](std::string_view name);
+
+private:
+    std::map<std::string, Variable, std::less<>> m_variables;
+};
+
+struct Layer {
+    NameId name = kNoName;
+    std::int32_t flags = 0;                  // 70: 1 frozen
+    std::int32_t colour = 7;                 // 62; negative: off
+    std::int32_t trueColour = kNoTrueColour; // 420
+    NameId lineType = kNoName;               // 6
+    std::int32_t weight = kDefaultWeight;    // 370
+    std::int32_t isPlotted = 1;              // 290
+    Handle handle = 0;
+};
+
+struct LineType {
+    NameId name = kNoName;
+    std::string description;
+    std::vector<double> dashes; // 49: above 0 drawn, below 0 a gap, 0 a dot
+    bool hasShapes = false;     // a 74 that is not 0
+};
+
+struct TextStyle {
+    NameId name = kNoName;
+    Handle handle = 0;
+    double height = 0;           // 40; 0: each text has its own
+    double widthFactor = 1;      // 41
+    double oblique = 0;          // 50
+    std::int32_t generation = 0; // 71
+    std::int32_t flags = 0;      // 70: 1 a file of shapes, 4 vertical
+    std::string font;            // 3
+    std::string bigFont;         // 4
+};
+
+// Values of a DIMSTYLE by group code, as texts of the file.
+struct DimStyle {
+    NameId name = kNoName;
+    Handle handle = 0;
+    std::vector<std::pair<std::int32_t, std::string>> values;
+};
+
+struct MultiLineStyle {
+    struct Element {
+        double offset = 0; // 49
+        std::int32_t colour = kByLayer;
+        std::int32_t trueColour = kNoTrueColour;
+        NameId lineType = kNoName;
+    };
+    NameId name = kNoName;
+    Handle handle = 0;
+    std::int32_t flags = 0; // 70: 2 joints, 16 a straight start cap, 32 and 64 round ones; 256 ... the end's
+    double startAngle = 90; // 51
+    double endAngle = 90;   // 52
+    std::vector<Element> elements;
+};
+
+struct Block {
+    NameId name = kNoName;
+    std::uint64_t line = 0;
+    std::int32_t flags = 0; // 70: 4 an external reference, 8 its overlay
+    Point3 base;            // 10
+    std::string path;       // 1: of the external reference
+    NameId layer = kNoName;
+    Handle record = 0; // its BLOCK_RECORD: the owner of the BLOCK, or the record's own
+    std::vector<std::unique_ptr<Entity>> entities;
+
+    // The blocks *Model_Space and *Paper_Space..., in old files $MODEL_SPACE: their entities are the
+    // layouts'.
+    bool isLayout = false;
+};
+
+class Drawing {
+public:
+    Names names;
+    Header header;
+    std::map<NameId, Layer> layers;
+    std::map<NameId, LineType> lineTypes;
+    std::map<NameId, TextStyle> textStyles;
+    std::map<NameId, DimStyle> dimStyles;
+    std::map<NameId, MultiLineStyle> multiLineStyles;
+    std::map<NameId, std::unique_ptr<Block>> blocks; // the first of a name counts
+    std::map<Handle, NameId> blockOfRecord;          // BLOCK_RECORD handles
+    std::map<Handle, NameId> textStyleOfHandle;
+    std::map<Handle, NameId> multiLineStyleOfHandle;
+    std::uint64_t bytes = 0; // read
+    std::uint64_t lines = 0;
+
+    // Each is null when there is none.
+    const Layer* FindLayer(NameId name) const;
+    const LineType* FindLineType(NameId name) const;
+    const TextStyle* FindTextStyle(NameId name) const;
+    const Block* FindBlock(NameId name) const;
+};
+
+// Takes the entities of the ENTITIES section, in file order. VERTEX, ATTRIB and SEQEND come with their
+// POLYLINE or INSERT. An entity is the reader's, good during the call.
+class EntitySink {
+public:
+    virtual void Take(const Entity& entity) = 0;
+
+protected:
+    ~EntitySink() = default;
+};
+
+} // namespace prepare

@@ -1,0 +1,24 @@
+// Reads a drawing: once into an index, then its entities as often as they are wanted.
+#pragma once
+
+#include "input/CDxfSource.h"
+#include "prepare/drawing/Drawing.h"
+#include "prepare/report/Report.h"
+
+#include <string_view>
+
+namespace prepare {
+
+// Reads everything but the entities of the ENTITIES section, which go to sink where it is given and where
+// they come after TABLES and BLOCKS, as in nearly all files; returns whether all of them did. encoding
+// overrides what the file says of itself, if it is not empty. What is broken is read past and reported.
+// Throws std::bad_alloc. *hasFailed is set when the source could not be read to its end.
+bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
+               Report& report, bool& hasFailed);
+
+// Reads the entities of the ENTITIES section (and of a block *Model_Space or *Paper_Space that has any: those
+// come first) of a drawing whose index has been read. Reports nothing: ReadIndex did.
+void ReadEntities(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink& sink,
+                  bool& hasFailed);
+
+} // namespace prepare

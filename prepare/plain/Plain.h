@@ -1,0 +1,78 @@
+// What every drawing comes down to: a few plain kinds of entities in the plane, with their styles resolved.
+#pragma once
+
+#include "prepare/drawing/Drawing.h"
+#include "prepare/drawing/Point.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace prepare {
+
+struct Colour {
+    bool isTrue = false;
+    std::uint32_t rgb = 0;  // 0xRRGGBB of a true colour
+    std::int32_t index = 7; // 1 to 255 of any other; 7 is what shows on the background
+
+    friend bool operator==(const Colour&, const Colour&) = default;
+};
+
+struct Style {
+    Colour colour;
+    std::int32_t weight = 25;           // hundredths of a millimetre on paper, 0: the thinnest
+    double width = 0;                   // of a wide polyline, in drawing units; 0: weight counts
+    const LineType* lineType = nullptr; // null or without dashes: solid
+    double lineTypeScale = 1;           // all scales multiplied
+    NameId layer = kNoName;
+};
+
+struct PlainVertex {
+    Point2 point;
+    double bulge = 0; // of the segment that begins here: the tangent of a quarter of its angle
+};
+
+enum class Anchor : std::uint8_t { Start, Middle, End };
+
+// One line of text without codes: what a text of capitals of height 1 that begins, is centred or ends at
+// (0, 0) becomes when x is along, and y is up, and the origin is point.
+struct PlainText {
+    std::string text; // UTF-8, not empty
+    Point2 point;     // on the base line
+    Point2 along;     // its length is the height times the width factor
+    Point2 up;        // from the base line to the top of capitals
+    Anchor anchor = Anchor::Start;
+    NameId style = kNoName;
+};
+
+// Takes plain entities in the order in which they are drawn. References are good during the call.
+class PlainSink {
+public:
+    virtual ~PlainSink() = default;
+
+    virtual void Line(const Style& style, Point2 start, Point2 end) = 0;
+    virtual void Circle(const Style& style, Point2 centre, double radius) = 0;
+    // Counter-clockwise, in radians; end is above start, by less than a turn.
+    virtual void Arc(const Style& style, Point2 centre, double radius, double start, double end) = 0;
+    // ratio is above 0 and at most 1; parameters as the arc's angles, a turn apart for a whole ellipse.
+    virtual void Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                         double end) = 0;
+    virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
+    virtual void Text(const Style& style, const PlainText& text) = 0;
+    // A use of a block that the output made: mirrored in y if wanted, then turned (radians), then moved.
+    virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
+};
+
+// Where plain entities go: the drawing itself, and blocks, which may be filled at any time.
+class PlainOutput {
+public:
+    virtual ~PlainOutput() = default;
+
+    virtual PlainSink& Model() = 0;
+    // Makes a block for a part of the drawing's block of that name and returns its number.
+    virtual std::size_t NewBlock(std::string_view name) = 0;
+    virtual PlainSink& Block(std::size_t number) = 0;
+};
+
+} // namespace prepare

@@ -1,0 +1,45 @@
+// What preparing met: counted, not listed.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace prepare {
+
+enum class Finding : std::uint8_t {
+    Rewritten, // subject is drawn as something else: "SPLINE", detail "polylines"
+    NotShown,  // subject is not drawn, detail says why
+    Changed,   // subject is drawn, but not wholly as its author saw it
+    Repaired,  // the file is broken here: subject "file", detail says how it was read
+    Cut,       // more than bounds allow: the rest is left out
+};
+
+struct FindingCount {
+    std::uint64_t count = 0;
+    std::uint64_t firstLine = 0; // of the user's file; 0: none
+};
+
+// Equal findings are one entry with a count.
+class Report {
+public:
+    // subject is a type of entity or another word; line is that of the user's file. Throws std::bad_alloc.
+    void Add(Finding finding, std::string_view subject, std::string_view detail, std::uint64_t line,
+             std::uint64_t count = 1);
+
+    struct Key {
+        Finding finding;
+        std::string subject;
+        std::string detail;
+        friend auto operator<=>(const Key&, const Key&) = default;
+    };
+    const std::map<Key, FindingCount>& Entries() const { return m_entries; }
+
+private:
+    std::map<Key, FindingCount> m_entries;
+};
+
+} // namespace prepare

@@ -1,0 +1,41 @@
+// Writes a plain drawing as an R2000 ASCII drawing.
+#pragma once
+
+#include "prepare/Options.h"
+#include "prepare/plain/Placement.h"
+#include "prepare/plain/Plain.h"
+#include "prepare/report/Report.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace prepare {
+
+// Takes bytes, in order; false stops the writing.
+using ByteFunction = std::function<bool(std::string_view bytes)>;
+
+struct WriteSettings {
+    Profile profile = Profile::Module;
+    bool mayWrap = true;
+    Box extents;                     // of all that will be drawn, in drawing units
+    double unitsPerMm = 1;           // the drawing units of a millimetre on the sheet that the picture is
+    double thinnest = 0;             // the least width of a stroke, in drawing units
+    double tolerance = 0;            // of curves that the profile has to flatten
+    std::int32_t thinnestWeight = 0; // of all strokes, hundredths of a millimetre
+    double smallestText = 0;         // the least height of a text, in drawing units; 0: there are none
+};
+
+// The entities are kept, as text, until Finish: blocks and line types are known only then.
+class DrawingWriter : public PlainOutput {
+public:
+    // Writes the drawing; false when write was stopped. To be called once.
+    virtual bool Finish(const ByteFunction& write) = 0;
+};
+
+// The writer of that profile. drawing and report must outlive it.
+std::unique_ptr<DrawingWriter> MakeWriter(const Drawing& drawing, const WriteSettings& settings,
+                                          Report& report);
+
+} // namespace prepare
