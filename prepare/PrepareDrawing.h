@@ -1,0 +1,43 @@
+// Preparing as a whole: reads a drawing, makes it plain and writes it.
+#pragma once
+
+#include "input/CDxfSource.h"
+#include "prepare/Options.h"
+#include "prepare/report/Report.h"
+#include "prepare/write/DrawingWriter.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace prepare {
+
+// An input that can be read from its front as often as it is wanted.
+class ReopenableSource {
+public:
+    virtual ~ReopenableSource() = default;
+
+    // The input from its front; what was given before is read no more. If the input cannot be opened again,
+    // reading fails.
+    virtual CDxfSource& Rewound() = 0;
+    // In bytes; 0 when it is not known.
+    virtual std::uint64_t Size() const { return 0; }
+};
+
+enum class PrepareOutcome : std::uint8_t {
+    Done,
+    NoDrawing,   // the input is no DXF drawing
+    ReadFailed,  // the input could not be read to its end
+    WriteFailed, // the write function gave false
+    Cancelled,   // the progress function gave false
+    BadOptions,  // an encoding that nobody knows
+};
+
+// Takes what share is done, from 0 to 1; false cancels.
+using ProgressFunction = std::function<bool(double share)>;
+
+// Prepares a drawing. Nothing is written before the input has been read whole. progress may be empty. Throws
+// std::bad_alloc, and what the functions throw.
+PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
+                              Report& report, const ProgressFunction& progress);
+
+} // namespace prepare
