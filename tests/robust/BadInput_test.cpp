@@ -16,7 +16,7 @@ const char* const kNotOpened = "qlmSetLastError(0, \"DXF\", 1, \"Failed to load 
 constexpr int kEndOfFile = 0x1A; // the byte
 
 // Its message shows that the reader came as far.
-const char* const kUnknownSection = "0\nSECTION\n2\nX\n";
+const std::string kUnknownSection = Dxf({{0, "SECTION"}, {2, "X"}});
 
 std::string TraceOfPath(const std::wstring& path)
 {
@@ -77,7 +77,7 @@ TEST(BadInput, EmptyFileGivesNothing)
 {
     EXPECT_EQ(TraceOfFile(""), "");
     EXPECT_EQ(TraceOfFile("\n"), "");
-    EXPECT_EQ(TraceOfFile("0\nEOF\n"), "");
+    EXPECT_EQ(TraceOfFile(Dxf({{0, "EOF"}})), "");
     EXPECT_EQ(TraceOfFile("EOF"), "");
 }
 
@@ -110,8 +110,8 @@ TEST(BadInput, BinaryFormGivesNothingButLinesThatAreTooLong)
 TEST(BadInput, OverlongLineIsCutAndReported)
 {
     const std::string longest(1023, 'x');
-    EXPECT_EQ(TraceOfFile(longest + "\n0\nEOF\n"), "");
-    EXPECT_EQ(TraceOfFile(longest + "y\n0\nEOF\n"),
+    EXPECT_EQ(TraceOfFile(longest + "\n" + Dxf({{0, "EOF"}})), "");
+    EXPECT_EQ(TraceOfFile(longest + "y\n" + Dxf({{0, "EOF"}})),
               Message(10, "CDxfRead Line longer than 1023 characters cut, Line:1"));
     EXPECT_EQ(TraceOfFile("\n" + std::string(10'000'000, 'x') + "\n0\nSECTION\n2\nX"),
               Message(10, "CDxfRead Line longer than 1023 characters cut, Line:2") +
@@ -174,7 +174,7 @@ TEST(BadInput, HugeNumbersAreDrawnInAnyPlace)
                        Dxf({{100, "AcDbAlignedDimension"}}) + pairs +
                        Dxf({{100, std::string("AcDb") + part}}) + pairs;
         const std::string trace =
-            Without("qlmSetLastError(1, \"DXF\", 7, ", TraceOf(drawing + "0\nENDSEC\n"));
+            Without("qlmSetLastError(1, \"DXF\", 7, ", TraceOf(drawing + Dxf({{0, "ENDSEC"}})));
         EXPECT_EQ(trace.find("qlmSetLastError"), std::string::npos) << number;
         for (const char* created : {"Line", "Path", "Circle", "Polyline", "Text", "Use", "G"})
             EXPECT_NE(trace.find(std::string("qlmCreate") + created + "("), std::string::npos)

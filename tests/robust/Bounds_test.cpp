@@ -55,11 +55,11 @@ Cost CostOf(const std::string& drawing)
 
 std::string OrdinaryDrawing(std::size_t size)
 {
-    std::string drawing = "0\nSECTION\n2\nENTITIES\n";
+    std::string drawing = Dxf({{0, "SECTION"}, {2, "ENTITIES"}});
     for (std::size_t i = 0; drawing.size() < size; ++i)
         drawing += "  0\nLINE\n  5\n1F\n100\nAcDbEntity\n  8\nWalls\n100\nAcDbLine\n 10\n" +
                    std::to_string(i) + ".25\n 20\n17.5\n 30\n0.0\n 11\n4.125\n 21\n3.5\n 31\n0.0\n";
-    return drawing + "0\nENDSEC\n0\nEOF\n";
+    return drawing + Dxf({{0, "ENDSEC"}, {0, "EOF"}});
 }
 
 const HostilePattern& Pattern(const std::string& name)

@@ -3,6 +3,7 @@
 #include "support/FailingMemory.h"
 
 #include "entry/dxfFileOpen.h"
+#include "support/Dxf.h"
 #include "support/RecordingHost.h"
 #include "support/TempFile.h"
 
@@ -61,24 +62,47 @@ std::set<std::string> AttributesOf(const std::string& trace)
 // styles, texts, and a polyline of many vertices.
 std::string LargeDrawing()
 {
-    std::string drawing = "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLTYPE\n0\nLTYPE\n100\nA\n2\nLONG\n";
+    std::string pattern, entities, points;
     for (int i = 0; i < 6000; ++i)
-        drawing += "49\n" + std::to_string(i) + ".5\n";
-    drawing += "0\nENDTAB\n0\nTABLE\n2\nLAYER\n0\nLAYER\n100\nA\n2\nWALLS\n6\nLONG\n62\n1\n370\n70\n"
-               "0\nLAYER\n100\nA\n2\nDOORS\n6\nLONG\n62\n5\n0\nENDTAB\n0\nENDSEC\n"
-               "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nB\n0\nLINE\n8\nWALLS\n0\nENDBLK\n0\nENDSEC\n"
-               "0\nSECTION\n2\nENTITIES\n";
+        pattern += Dxf({{49, i + 0.5}});
     for (int i = 0; i < 4; ++i) // each writes that text into the trace
-        drawing += "0\nLINE\n8\n" + std::string(i % 2 == 0 ? "WALLS" : "DOORS") + "\n370\n" +
-                   std::to_string(i + 1) + "\n";
+        entities += Dxf({{0, "LINE"}, {8, i % 2 == 0 ? "WALLS" : "DOORS"}, {370, i + 1}});
     for (int i = 0; i < 100; ++i)
-        drawing +=
-            "0\nTEXT\n8\nWALLS\n1\n" + std::string(800, 'x') + "\n0\nINSERT\n2\nB" + std::to_string(i) + "\n";
-    drawing += "0\nLWPOLYLINE\n";
+        entities += Dxf({{0, "TEXT"},
+                         {8, "WALLS"},
+                         {1, std::string(800, 'x')},
+                         {0, "INSERT"},
+                         {2, "B" + std::to_string(i)}});
     for (int i = 0; i < 5000; ++i)
-        drawing += "10\n" + std::to_string(i) + "\n20\n1\n";
-    return drawing + "0\nLINE\n102\n{G\n330\n1F\n102\n}\n0\nDIMENSION\n100\nAcDbDimension\n1\nA{B};\\S1^2;"
-                     "C<>\n100\nAcDbRadialDimension\n15\n1\n0\nENDSEC\n0\nEOF\n";
+        points += Dxf({{10, i}, {20, 1}});
+    return Section("TABLES", Dxf({{0, "TABLE"}, {2, "LTYPE"}, {0, "LTYPE"}, {100, "A"}, {2, "LONG"}}) +
+                                 pattern +
+                                 Dxf({{0, "ENDTAB"},
+                                      {0, "TABLE"},
+                                      {2, "LAYER"},
+                                      {0, "LAYER"},
+                                      {100, "A"},
+                                      {2, "WALLS"},
+                                      {6, "LONG"},
+                                      {62, 1},
+                                      {370, 70},
+                                      {0, "LAYER"},
+                                      {100, "A"},
+                                      {2, "DOORS"},
+                                      {6, "LONG"},
+                                      {62, 5},
+                                      {0, "ENDTAB"}})) +
+           Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "B"}, {0, "LINE"}, {8, "WALLS"}, {0, "ENDBLK"}})) +
+           SectionAlone("ENTITIES", entities + Dxf({{0, "LWPOLYLINE"}}) + points +
+                                        Dxf({{0, "LINE"},
+                                             {102, "{G"},
+                                             {330, "1F"},
+                                             {102, "}"},
+                                             {0, "DIMENSION"},
+                                             {100, "AcDbDimension"},
+                                             {1, "A{B};\\S1^2;C<>"},
+                                             {100, "AcDbRadialDimension"},
+                                             {15, 1}}));
 }
 
 // Lets each allocation fail until none is left, and says what is wrong with the import that met it.
@@ -163,10 +187,7 @@ TEST(LargeDrawingInFailingMemory, IsReportedAndNothingLeaks)
 // A drawing of lines that needs many chunks: each chunk that fails leaves the lines before it.
 TEST(FailingMemory, LeavesWhatWasReadBefore)
 {
-    std::string drawing = "0\nSECTION\n2\nENTITIES\n";
-    for (int i = 0; i < 20'000; ++i)
-        drawing += "0\nLINE\n11\n1\n";
-    const TempFile file(drawing + "0\nENDSEC\n0\nEOF\n");
+    const TempFile file(SectionAlone("ENTITIES", Repeat({{0, "LINE"}, {11, 1}}, 20'000)));
     std::size_t before = 0, most = 0;
     for (std::size_t n = 1;; ++n) {
         const Result result = ImportWithFailure(file.WidePath(), n);
@@ -187,7 +208,7 @@ TEST(FailingMemory, LeavesWhatWasReadBefore)
 TEST(FailingMemory, WhileDrawingCostsOneEntityAlone)
 {
     const TempFile file(
-        "0\nSECTION\n2\nENTITIES\n0\nLINE\n370\n1\n0\nLINE\n370\n2\n0\nLINE\n370\n3\n0\nENDSEC\n");
+        Section("ENTITIES", Dxf({{0, "LINE"}, {370, 1}, {0, "LINE"}, {370, 2}, {0, "LINE"}, {370, 3}})));
     const Result whole = ImportWithFailure(file.WidePath(), 0);
     std::size_t drawings = 0;
     for (std::size_t n = 1; n <= whole.allocations; ++n) {

@@ -10,89 +10,58 @@
 
 namespace {
 
-std::string Repeat(std::string_view text, int count)
-{
-    std::string repeated;
-    repeated.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
-
-std::string InSection(std::string_view name, const std::string& lines)
-{
-    return "0\nSECTION\n2\n" + std::string(name) + "\n" + lines + "0\nENDSEC\n0\nEOF\n";
-}
-
-// A drawing of n of something, and how many calls it makes.
+// A drawing of so many of something, and the calls that it makes.
 struct ManyCase {
     const char* name;
-    std::function<std::string(int)> drawing;
+    const char* section; // nullptr where the parts are sections themselves
+    std::string before;
+    std::string part;
+    std::string after;
     int callsForEach;
     int otherCalls;
+
+    std::string Drawing(int count) const
+    {
+        const std::string body = before + Repeat(part, count) + after;
+        return section != nullptr ? SectionAlone(section, body) : body;
+    }
 };
 
+const std::string kLine = Dxf({{0, "LINE"}});
+const std::string kEndOfTable = Dxf({{0, "ENDTAB"}});
+const std::string kGroup = Dxf({{102, "{G"}, {330, "1F"}, {102, "}"}});
+
 const ManyCase kMany[] = {
-    {"KnownSections", [](int n) { return Repeat("0\nSECTION\n2\nHEADER\n0\nENDSEC\n", n); }, 0, 0},
-    {"UnknownSections", [](int n) { return Repeat("0\nSECTION\n2\nX\n0\nENDSEC\n", n); }, 1, 0},
-    {"EntitySections", [](int n) { return Repeat("0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n", n); }, 4,
+    {"KnownSections", nullptr, "", Dxf({{0, "SECTION"}, {2, "HEADER"}, {0, "ENDSEC"}}), "", 0, 0},
+    {"UnknownSections", nullptr, "", Dxf({{0, "SECTION"}, {2, "X"}, {0, "ENDSEC"}}), "", 1, 0},
+    {"EntitySections", nullptr, "", Section("ENTITIES", kLine), "", 4, 0},
+    {"Tables", "TABLES", "", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "ENDTAB"}}), "", 0, 0},
+    {"TablesOfEntries", "TABLES", "",
+     Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {100, "M"}, {2, "A"}, {0, "ENDTAB"}}), "", 0, 0},
+    {"SkippedTables", "TABLES", "", Dxf({{0, "TABLE"}, {2, "X"}, {0, "X"}, {2, "Y"}, {0, "ENDTAB"}}), "", 1,
      0},
-    {"Tables",
-     [](int n) { return InSection("TABLES", Repeat("0\nTABLE\n2\nLAYER\n0\nENDTAB\n", n)) + "0\nEOF\n"; }, 0,
-     0},
-    {"TablesOfEntries",
-     [](int n) {
-         return InSection("TABLES", Repeat("0\nTABLE\n2\nLAYER\n0\nLAYER\n100\nM\n2\nA\n0\nENDTAB\n", n));
-     },
-     0, 0},
-    {"SkippedTables",
-     [](int n) { return InSection("TABLES", Repeat("0\nTABLE\n2\nX\n0\nX\n2\nY\n0\nENDTAB\n", n)); }, 1, 0},
-    {"TableEntries",
-     [](int n) {
-         return InSection("TABLES",
-                          "0\nTABLE\n2\nLAYER\n" + Repeat("0\nLAYER\n100\nM\n2\nA\n", n) + "0\nENDTAB\n");
-     },
-     0, 0},
-    {"GroupsOfATable",
-     [](int n) {
-         return InSection("TABLES", "0\nTABLE\n" + Repeat("102\n{G\n330\n1F\n102\n}\n", n) + "0\nENDTAB\n");
-     },
-     0, 0},
-    {"GroupsOfAnEntity",
-     [](int n) { return InSection("ENTITIES", "0\nLINE\n" + Repeat("102\n{G\n330\n1F\n102\n}\n", n)); }, 0,
-     4},
-    {"LinesOfAGroup",
-     [](int n) { return InSection("ENTITIES", "0\nLINE\n102\n{G\n" + Repeat("330\n1F\n", n) + "102\n}\n"); },
-     0, 4},
-    {"MarkersOfAnEntity",
-     [](int n) { return InSection("ENTITIES", "0\nLINE\n" + Repeat("100\nAcDbLine\n", n)); }, 0, 4},
-    {"MarkersOfADimension",
-     [](int n) { return InSection("ENTITIES", "0\nDIMENSION\n" + Repeat("100\nAcDbEntity\n", n)); }, 0, 0},
-    {"PartsOfADimension",
-     [](int n) {
-         return InSection("ENTITIES",
-                          "0\nDIMENSION\n100\nAcDbDimension\n" + Repeat("100\nAcDbDimension\n", n));
-     },
-     1, 0},
-    {"StyleListsOfADimension",
-     [](int n) {
-         return InSection("ENTITIES", "0\nDIMENSION\n100\nAcDbRotatedDimension\n" +
-                                          Repeat("1000\nDSTYLE\n1002\n{\n1070\n1\n1002\n}\n", n));
-     },
-     0, 0},
-    {"UnknownCodes", [](int n) { return InSection("ENTITIES", "0\nLINE\n" + Repeat("999\ncomment\n", n)); },
-     1, 4},
-    {"UnknownEntities", [](int n) { return InSection("ENTITIES", Repeat("0\nSOLID\n10\n1\n", n)); }, 1, 0},
-    {"SkippedEntities", [](int n) { return InSection("ENTITIES", Repeat("0\nPOINT\n10\n1\n", n)); }, 0, 0},
-    {"Texts", [](int n) { return InSection("ENTITIES", Repeat("0\nTEXT\n1\ntext\n", n)); }, 3, 0},
-    {"Inserts", [](int n) { return InSection("ENTITIES", Repeat("0\nINSERT\n2\nB\n", n)); }, 1, 0},
-    {"Vertices", [](int n) { return InSection("ENTITIES", "0\nLWPOLYLINE\n" + Repeat("10\n1\n20\n2\n", n)); },
-     0, 4},
-    {"Blocks", [](int n) { return InSection("BLOCKS", Repeat("0\nBLOCK\n2\nB\n0\nENDBLK\n", n)); }, 4, 0},
-    {"NamesOfNoEntity",
-     [](int n) { return InSection("BLOCKS", "0\nBLOCK\n2\nB\n0\n" + Repeat("X\n", n) + "ENDBLK\n"); }, 0, 4},
-    {"EmptyLines", [](int n) { return Repeat("\n", n); }, 0, 0},
-    {"BadCodes", [](int n) { return InSection("ENTITIES", Repeat("0\nLINE\nx\n1\n", n)); }, 7, 0},
+    {"TableEntries", "TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}}), Dxf({{0, "LAYER"}, {100, "M"}, {2, "A"}}),
+     kEndOfTable, 0, 0},
+    {"GroupsOfATable", "TABLES", Dxf({{0, "TABLE"}}), kGroup, kEndOfTable, 0, 0},
+    {"GroupsOfAnEntity", "ENTITIES", kLine, kGroup, "", 0, 4},
+    {"LinesOfAGroup", "ENTITIES", kLine + Dxf({{102, "{G"}}), Dxf({{330, "1F"}}), Dxf({{102, "}"}}), 0, 4},
+    {"MarkersOfAnEntity", "ENTITIES", kLine, Dxf({{100, "AcDbLine"}}), "", 0, 4},
+    {"MarkersOfADimension", "ENTITIES", Dxf({{0, "DIMENSION"}}), Dxf({{100, "AcDbEntity"}}), "", 0, 0},
+    {"PartsOfADimension", "ENTITIES", Dxf({{0, "DIMENSION"}, {100, "AcDbDimension"}}),
+     Dxf({{100, "AcDbDimension"}}), "", 1, 0},
+    {"StyleListsOfADimension", "ENTITIES", Dxf({{0, "DIMENSION"}, {100, "AcDbRotatedDimension"}}),
+     Dxf({{1000, "DSTYLE"}, {1002, "{"}, {1070, 1}, {1002, "}"}}), "", 0, 0},
+    {"UnknownCodes", "ENTITIES", kLine, Dxf({{999, "comment"}}), "", 1, 4},
+    {"UnknownEntities", "ENTITIES", "", Dxf({{0, "SOLID"}, {10, 1}}), "", 1, 0},
+    {"SkippedEntities", "ENTITIES", "", Dxf({{0, "POINT"}, {10, 1}}), "", 0, 0},
+    {"Texts", "ENTITIES", "", Dxf({{0, "TEXT"}, {1, "text"}}), "", 3, 0},
+    {"Inserts", "ENTITIES", "", Dxf({{0, "INSERT"}, {2, "B"}}), "", 1, 0},
+    {"Vertices", "ENTITIES", Dxf({{0, "LWPOLYLINE"}}), Dxf({{10, 1}, {20, 2}}), "", 0, 4},
+    {"Blocks", "BLOCKS", "", Dxf({{0, "BLOCK"}, {2, "B"}, {0, "ENDBLK"}}), "", 4, 0},
+    {"NamesOfNoEntity", "BLOCKS", Dxf({{0, "BLOCK"}, {2, "B"}}) + Lines({"0"}), Lines({"X"}),
+     Lines({"ENDBLK"}), 0, 4},
+    {"EmptyLines", nullptr, "", Lines({""}), "", 0, 0},
+    {"BadCodes", "ENTITIES", "", Dxf({{0, "LINE"}, {"x", 1}}), "", 7, 0},
 };
 
 void Count(const char* drawing, std::size_t size)
@@ -131,8 +100,8 @@ class Many : public testing::TestWithParam<ManyCase> {};
 TEST_P(Many, MakeTheirCallsAndAllocateInProportion)
 {
     const int count = kMillion / 2;
-    const std::string half = GetParam().drawing(count);
-    const std::string full = GetParam().drawing(2 * count);
+    const std::string half = GetParam().Drawing(count);
+    const std::string full = GetParam().Drawing(2 * count);
     const std::size_t allocationsOfHalf = AllocationsOf(half);
     const std::size_t allocations = AllocationsOf(full);
     EXPECT_LE(allocations, 2 * allocationsOfHalf + allocationsOfHalf / 5 + 20);
@@ -149,13 +118,18 @@ namespace {
 // The colours 1 to 6, which the layers take in turn.
 constexpr const char* kColors[] = {"255,0,0", "255,255,0", "0,255,0", "0,255,255", "0,0,255", "255,0,255"};
 
+std::string Numbered(const char* name, int number)
+{
+    return name + std::to_string(number);
+}
+
 std::string Layers(int count)
 {
-    std::string layers = "0\nTABLE\n2\nLAYER\n";
+    std::string layers = Dxf({{0, "TABLE"}, {2, "LAYER"}});
     for (int i = 0; i < count; ++i)
-        layers += "0\nLAYER\n100\nM\n2\nLayer" + std::to_string(i) + "\n62\n" + std::to_string(i % 6 + 1) +
-                  "\n370\n" + std::to_string(i % 200 + 1) + "\n";
-    return "0\nSECTION\n2\nTABLES\n" + layers + "0\nENDTAB\n0\nENDSEC\n";
+        layers +=
+            Dxf({{0, "LAYER"}, {100, "M"}, {2, Numbered("Layer", i)}, {62, i % 6 + 1}, {370, i % 200 + 1}});
+    return Section("TABLES", layers + Dxf({{0, "ENDTAB"}}));
 }
 
 constexpr int kLayers = kMillion / 10;
@@ -164,10 +138,10 @@ constexpr int kLayers = kMillion / 10;
 
 TEST(ManyLayers, EachLendsItsOwnStyle)
 {
-    std::string drawing = Layers(kLayers) + "0\nSECTION\n2\nENTITIES\n";
+    std::string circles;
     for (int i : {0, 4, kLayers / 2, kLayers - 1, kLayers})
-        drawing += "0\nCIRCLE\n8\nLayer" + std::to_string(i) + "\n";
-    const std::string trace = TraceOf(drawing + "0\nENDSEC\n");
+        circles += Dxf({{0, "CIRCLE"}, {8, Numbered("Layer", i)}});
+    const std::string trace = TraceOf(Layers(kLayers) + Section("ENTITIES", circles));
     std::string styles;
     for (std::size_t at = trace.find("\"stroke"); at != std::string::npos;
          at = trace.find("\"stroke", at + 1))
@@ -187,30 +161,28 @@ TEST(ManyLayers, EachLendsItsOwnStyle)
 
 TEST(ManyLayers, AMillionEntitiesOnTheLastOne)
 {
-    const std::string layers = Layers(kLayers);
-    const std::string entity = "0\nLINE\n8\nLayer" + std::to_string(kLayers - 1) + "\n11\n1\n";
-    const std::string drawing =
-        layers + "0\nSECTION\n2\nENTITIES\n" + Repeat(entity, kMillion) + "0\nENDSEC\n";
+    const std::string lines = Repeat({{0, "LINE"}, {8, Numbered("Layer", kLayers - 1)}, {11, 1}}, kMillion);
+    const std::string drawing = Layers(kLayers) + Section("ENTITIES", lines);
     Count(drawing.data(), drawing.size());
     EXPECT_EQ(RecordingHost::OfThread().callCount, 4u * kMillion);
 }
 
 TEST(ManyLayers, AMillionEntitiesOnAllOfThem)
 {
-    std::string drawing = Layers(kLayers) + "0\nSECTION\n2\nENTITIES\n";
+    std::string lines;
     for (int i = 0; i < kMillion; ++i)
-        drawing += "0\nLINE\n8\nLayer" + std::to_string(i % kLayers) + "\n";
-    drawing += "0\nENDSEC\n";
+        lines += Dxf({{0, "LINE"}, {8, Numbered("Layer", i % kLayers)}});
+    const std::string drawing = Layers(kLayers) + Section("ENTITIES", lines);
     Count(drawing.data(), drawing.size());
     EXPECT_EQ(RecordingHost::OfThread().callCount, 4u * kMillion);
 }
 
 TEST(ManyLayers, AMillionEntitiesOnLayersThatAreMissing)
 {
-    std::string drawing = Layers(kLayers) + "0\nSECTION\n2\nENTITIES\n";
+    std::string lines;
     for (int i = 0; i < kMillion; ++i)
-        drawing += "0\nLINE\n8\nMissing" + std::to_string(i) + "\n6\nMissing" + std::to_string(i) + "\n";
-    drawing += "0\nENDSEC\n";
+        lines += Dxf({{0, "LINE"}, {8, Numbered("Missing", i)}, {6, Numbered("Missing", i)}});
+    const std::string drawing = Layers(kLayers) + Section("ENTITIES", lines);
     Count(drawing.data(), drawing.size());
     EXPECT_EQ(RecordingHost::OfThread().callCount, 4u * kMillion);
 }
@@ -218,7 +190,8 @@ TEST(ManyLayers, AMillionEntitiesOnLayersThatAreMissing)
 TEST(Work, OfManyOfEverything)
 {
     for (const ManyCase& many : kMany)
-        RunAtSizes(std::string("many/") + many.name, many.drawing, 2000);
+        RunAtSizes(
+            std::string("many/") + many.name, [&](int count) { return many.Drawing(count); }, 2000);
 }
 
 // Names are looked up in an index: an entity costs the same however many layers there are.
@@ -226,11 +199,10 @@ TEST(Work, OfEntitiesOnManyLayers)
 {
     const auto drawing = [](const char* name) {
         return [name](int count) {
-            std::string entities;
+            std::string lines;
             for (int i = 0; i < count; ++i)
-                entities +=
-                    "0\nLINE\n8\n" + (name + std::to_string(i)) + "\n6\n" + name + std::to_string(i) + "\n";
-            return Layers(count) + InSection("ENTITIES", entities);
+                lines += Dxf({{0, "LINE"}, {8, Numbered(name, i)}, {6, Numbered(name, i)}});
+            return Layers(count) + SectionAlone("ENTITIES", lines);
         };
     };
     RunAtSizes("layers/of entities", drawing("Layer"), 2000);

@@ -1,6 +1,7 @@
 // Whatever a file holds however often, nothing is done for one thing from within another: a thread with a
 // small stack is enough for all of it. (A host may call from any thread it likes.)
 #include "entry/dxfFileOpen.h"
+#include "support/Dxf.h"
 #include "support/RecordingHost.h"
 #include "support/Scale.h"
 #include "support/SmallStack.h"
@@ -27,75 +28,70 @@ std::size_t CallsOnSmallStack(const std::string& drawing)
     return calls;
 }
 
-std::string Repeat(std::string_view text, int count)
-{
-    std::string repeated;
-    for (int i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
-
 constexpr int kMany = kMillion / 10;
 
 } // namespace
 
 TEST(SmallStack, HoldsTablesInARow)
 {
-    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nTABLES\n" +
-                                Repeat("0\nTABLE\n2\nLTYPE\n0\nLTYPE\n100\nM\n2\nA\n0\nENDTAB\n", kMany) +
-                                "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n"),
-              4u);
+    const std::string tables =
+        Repeat({{0, "TABLE"}, {2, "LTYPE"}, {0, "LTYPE"}, {100, "M"}, {2, "A"}, {0, "ENDTAB"}}, kMany);
+    EXPECT_EQ(CallsOnSmallStack(Section("TABLES", tables) + Section("ENTITIES", Dxf({{0, "LINE"}}))), 4u);
 }
 
 TEST(SmallStack, HoldsTableEntriesInARow)
 {
-    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nTABLES\n0\nTABLE\n" +
-                                Repeat("0\nLAYER\n100\nM\n2\nA\n102\n{G\n102\n}\n", kMany) +
-                                "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n0\nENDSEC\n"),
+    const std::string entries = Repeat({{0, "LAYER"}, {100, "M"}, {2, "A"}, {102, "{G"}, {102, "}"}}, kMany);
+    EXPECT_EQ(CallsOnSmallStack(Section("TABLES", Dxf({{0, "TABLE"}}) + entries + Dxf({{0, "ENDTAB"}})) +
+                                Section("ENTITIES", Dxf({{0, "LINE"}, {8, "A"}}))),
               4u);
 }
 
 TEST(SmallStack, HoldsMarkersOfADimensionInARow)
 {
-    for (const char* marker : {"100\nAcDbEntity\n", "100\nAcDbAlignedDimension\n",
-                               "100\nAcDbOrdinateDimension\n", "100\nAcDb3PointAngularDimension\n"})
-        EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n" + Repeat(marker, kMany) +
-                                    "0\nLINE\n0\nENDSEC\n"),
-                  4u)
+    for (const char* marker :
+         {"AcDbEntity", "AcDbAlignedDimension", "AcDbOrdinateDimension", "AcDb3PointAngularDimension"})
+        EXPECT_EQ(
+            CallsOnSmallStack(Section("ENTITIES", Dxf({{0, "DIMENSION"}}) + Repeat({{100, marker}}, kMany) +
+                                                      Dxf({{0, "LINE"}}))),
+            4u)
             << marker;
 }
 
 // Each of them is drawn: a group, a line and a text.
 TEST(SmallStack, HoldsDrawnPartsOfADimensionInARow)
 {
-    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n100\nAcDbDimension\n" +
-                                Repeat("100\nAcDbRadialDimension\n15\n1\n", kMany) + "0\nENDSEC\n"),
-              static_cast<std::size_t>(kMany) * (4 + 4 + 5));
+    EXPECT_EQ(
+        CallsOnSmallStack(Section("ENTITIES", Dxf({{0, "DIMENSION"}, {100, "AcDbDimension"}}) +
+                                                  Repeat({{100, "AcDbRadialDimension"}, {15, 1}}, kMany))),
+        static_cast<std::size_t>(kMany) * (4 + 4 + 5));
 }
 
 TEST(SmallStack, HoldsTheDeepestNestingOfADimensionText)
 {
     const std::string nested = Repeat("A{", 500) + "B" + Repeat("}", 20);
-    EXPECT_GT(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n100\nAcDbDimension\n1\n" + nested +
-                                "\n100\nAcDbRadialDimension\n15\n1\n0\nENDSEC\n"),
+    EXPECT_GT(CallsOnSmallStack(Section("ENTITIES", Dxf({{0, "DIMENSION"},
+                                                         {100, "AcDbDimension"},
+                                                         {1, nested},
+                                                         {100, "AcDbRadialDimension"},
+                                                         {15, 1}}))),
               10u);
 }
 
 TEST(SmallStack, HoldsMistakesWithTheLongestTexts)
 {
     const std::string longest(1023, 'x');
-    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nLINE\n100\n" + longest + "\n" +
-                                Repeat("999\n" + longest + "\n", 100) + longest + "\n0\nENDSEC\n"),
+    EXPECT_EQ(CallsOnSmallStack(Section("ENTITIES", Dxf({{0, "LINE"}, {100, longest}}) +
+                                                        Repeat({{999, longest}}, 100) + Lines({longest}))),
               100u + 2 + 2 + 4); // the line after the bad code is taken for a type name
 }
 
 TEST(SmallStack, HoldsSectionsBlocksAndGroupsInARow)
 {
-    EXPECT_EQ(CallsOnSmallStack(Repeat("0\nSECTION\n2\nX\n", kMany)), static_cast<std::size_t>(kMany));
+    EXPECT_EQ(CallsOnSmallStack(Repeat({{0, "SECTION"}, {2, "X"}}, kMany)), static_cast<std::size_t>(kMany));
+    EXPECT_EQ(CallsOnSmallStack(Section("BLOCKS", Repeat({{0, "BLOCK"}, {0, "ENDBLK"}}, kMany))),
+              static_cast<std::size_t>(kMany) * 4);
     EXPECT_EQ(
-        CallsOnSmallStack("0\nSECTION\n2\nBLOCKS\n" + Repeat("0\nBLOCK\n0\nENDBLK\n", kMany) + "0\nENDSEC\n"),
-        static_cast<std::size_t>(kMany) * 4);
-    EXPECT_EQ(CallsOnSmallStack("0\nSECTION\n2\nENTITIES\n0\nLINE\n" + Repeat("102\n{\n102\n}\n", kMany) +
-                                "0\nENDSEC\n"),
-              4u);
+        CallsOnSmallStack(Section("ENTITIES", Dxf({{0, "LINE"}}) + Repeat({{102, "{"}, {102, "}"}}, kMany))),
+        4u);
 }

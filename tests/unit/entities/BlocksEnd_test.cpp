@@ -29,7 +29,7 @@ std::vector<std::string> Read(std::string_view dxf)
 using Result = std::vector<std::string>;
 
 // Four lines.
-const std::string kBlocks = "0\nSECTION\n2\nBLOCKS\n";
+const std::string kBlocks = Dxf({{0, "SECTION"}, {2, "BLOCKS"}});
 
 } // namespace
 
@@ -53,10 +53,10 @@ TEST(BlocksEnd, NameReadTogetherWithTheEndIsNotLookedAt)
 
 TEST(BlocksEnd, InAHeaderBehindALineFeedGivesTwoMessages)
 {
-    EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n"),
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}})),
               (Result{"entities:", "0 3 ReadBLOCKS_BLOCK Failed to read integer from '', Line:7",
                       "0 5 ReadBLOCKS_BLOCK() Failed to read line, Line:7"}));
-    EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n2\nDoor\n"),
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}, {2, "Door"}})),
               (Result{"entities:", "0 3 ReadBLOCKS_BLOCK Failed to read integer from '', Line:9",
                       "0 5 ReadBLOCKS_BLOCK() Failed to read line, Line:9"}));
 }
@@ -92,7 +92,7 @@ TEST(BlocksEnd, EntityNameReadTogetherWithTheEndIsNotLookedAt)
 
 TEST(BlocksEnd, InAnEntityOfABlockKeepsTheRecord)
 {
-    EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nLINE\n"),
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}, {0, "LINE"}})),
               (Result{": 1", "entities:", "0 3 ReadENTITIES_LINE Failed to read integer from '', Line:9",
                       "0 5 ReadENTITIES_LINE() Failed to read line, Line:9"}));
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nLINE\n10\n5"),
@@ -108,17 +108,17 @@ TEST(BlocksEnd, BehindAnEntityOfABlock)
 
 TEST(BlocksEnd, InAnEndblkGivesOneMessageAtMost)
 {
-    EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nENDBLK\n"),
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}, {0, "ENDBLK"}})),
               (Result{":", "entities:", "0 3 Read_UNKNOWN() Failed to read integer from '', Line:9"}));
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nENDBLK\n5\n1A"), (Result{":", "entities:"}));
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nENDBLK\n0\n"), (Result{":", "entities:"}));
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nENDBLK\n0\nENDSEC"), (Result{":", "entities:"}));
-    EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nENDBLK\n0\nENDSEC\n"), (Result{":", "entities:"}));
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}, {0, "ENDBLK"}, {0, "ENDSEC"}})), (Result{":", "entities:"}));
 }
 
 TEST(BlocksEnd, InAnUnknownObjectOfTheSection)
 {
-    EXPECT_EQ(Read(kBlocks + "0\nFOO\n"),
+    EXPECT_EQ(Read(kBlocks + Dxf({{0, "FOO"}})),
               (Result{"entities:", "0 6 FOO - Unknown Object Type Name (6)",
                       "0 3 Read_UNKNOWN() Failed to read integer from '', Line:7"}));
     EXPECT_EQ(Read(kBlocks + "0\nFOO\n8\nx"),

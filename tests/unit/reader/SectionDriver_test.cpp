@@ -168,7 +168,7 @@ TEST(SectionDriver, FirstLineOfASkippedSectionIsNotCompared)
 TEST(SectionDriver, SkippedSectionWithoutAnEndTakesTheRestOfTheFile)
 {
     for (const std::string_view name : {"HEADER", "CLASSES", "OBJECTS", "THUMBNAILIMAGE", "TABLES"})
-        EXPECT_EQ(CallbacksOf("0\nSECTION\n2\n" + std::string(name) + "\n9\n$A\n1\nx\n0\nEOF\n"), Calls())
+        EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, name}, {9, "$A"}, {1, "x"}, {0, "EOF"}})), Calls())
             << name;
 }
 
