@@ -363,6 +363,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if ((how & 8) != 0)
         options.unit = kUnits[how >> 4];
     run.Check(options);
+    options.sheet = 420;
+    options.usesStandardScale = true;
+    options.showsMost = true;
+    run.Check(options);
     if ((how & 2) != 0)
         run.CheckStop(most);
     return 0;

@@ -58,17 +58,20 @@ Box TextBounds(const SvgHostDocument& document, const Text& text)
     return box;
 }
 
-// What the outline reaches beyond the geometry, arrow heads included; joins are round, ends at most.
-double OutlineReach(const SvgHostDocument& document, const Node& node)
+double WidthOf(const SvgHostDocument& document, const Node& node)
 {
-    double width = 1;
-    if (node.strokeWidth) {
-        const Value& value = document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth);
-        width = value.dropped ? 1 : value.number;
-    }
+    if (node.strokeWidth == 0)
+        return kDefaultStrokeWidth;
+    const Value& value = document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth);
+    return value.dropped ? kDefaultStrokeWidth : value.number;
+}
+
+// What arrow heads reach beyond the geometry.
+double ArrowReach(const SvgHostDocument& document, const Node& node)
+{
     const double arrow =
         std::max(ArrowSize(document, node, ArrowEnd::Begin), ArrowSize(document, node, ArrowEnd::End));
-    return std::max(width / 2, arrow * kArrowHalfWidth);
+    return arrow * kArrowHalfWidth;
 }
 
 Box GeometryBounds(const Node& node)
@@ -118,18 +121,40 @@ bool IsDrawable(const Node& node)
     }
 }
 
-Box BoundsOf(const SvgHostDocument& document, const Node& node)
+namespace {
+
+// Joins of strokes are round, ends at most.
+Extent StrokedExtent(const SvgHostDocument& document, const Node& node)
+{
+    const Box geometry = GeometryBounds(node);
+    const double width = WidthOf(document, node);
+    const double arrow = ArrowReach(document, node);
+    return {geometry.Grown(std::max(width / 2, arrow)), arrow > 0 ? geometry.Grown(arrow) : geometry, width};
+}
+
+Extent UseExtent(const Use& use)
+{
+    Extent extent;
+    if (const Symbol* target = use.target->definition) {
+        const Affine map = TransformOf(use);
+        extent.box.Add(target->box, map);
+        extent.bare.Add(target->bare, map);
+    }
+    return extent;
+}
+
+} // namespace
+
+Extent ExtentOf(const SvgHostDocument& document, const Node& node)
 {
     if (IsContainer(node))
         return {};
-    if (node.kind == Kind::Text)
-        return TextBounds(document, static_cast<const Text&>(node));
-    if (node.kind != Kind::Use)
-        return GeometryBounds(node).Grown(OutlineReach(document, node));
-    Box box;
-    if (const Symbol* target = static_cast<const Use&>(node).target->definition)
-        box.Add(target->box, TransformOf(node));
-    return box;
+    if (node.kind == Kind::Use)
+        return UseExtent(static_cast<const Use&>(node));
+    if (node.kind != Kind::Text)
+        return StrokedExtent(document, node);
+    const Box box = TextBounds(document, static_cast<const Text&>(node));
+    return {box, box, 0};
 }
 
 Affine TransformOf(const Node& node)

@@ -9,13 +9,22 @@ namespace svghost {
 // The size of a text that has none, as SVG gives it.
 inline constexpr double kDefaultFontSize = 16;
 
+// The width of a stroke that has none, as SVG gives it.
+inline constexpr double kDefaultStrokeWidth = 1;
+
 // True when all numbers that the element's geometry and transform are written with are drawable. Containers
 // are written with none, whatever attributes they have.
 bool IsDrawable(const Node& node);
 
-// The box round the element in the space of its container, strokes and arrow heads included; for a use, from
-// the box of the symbol. A text's extent is an estimate. Empty for groups and for what draws nothing.
-Box BoundsOf(const SvgHostDocument& document, const Node& node);
+// The room of one element in the space of its container. A text's is an estimate.
+struct Extent {
+    Box box;          // arrow heads included, and strokes, whose widths are taken as lengths
+    Box bare;         // without the strokes
+    double width = 0; // of the stroke, 0 for what has none
+};
+
+// For a use, from the boxes of the symbol. Empty for groups and for what draws nothing.
+Extent ExtentOf(const SvgHostDocument& document, const Node& node);
 
 // How the element is moved: a use by position, rotation and scale, a text turned about its position, other
 // elements about "center-x", "center-y".

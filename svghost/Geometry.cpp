@@ -103,6 +103,17 @@ Affine Placement(Point position, double degrees, double scaleX, double scaleY)
     return {cosine * scaleX, sine * scaleX, -sine * scaleY, cosine * scaleY, position.x, position.y};
 }
 
+Affine Product(const Affine& outer, const Affine& inner)
+{
+    const Point origin = outer({inner.e, inner.f});
+    return {outer.a * inner.a + outer.c * inner.b,
+            outer.b * inner.a + outer.d * inner.b,
+            outer.a * inner.c + outer.c * inner.d,
+            outer.b * inner.c + outer.d * inner.d,
+            origin.x,
+            origin.y};
+}
+
 void Box::Add(Point point)
 {
     // Written so that a NaN fails it too.

@@ -6,6 +6,8 @@ namespace svghost {
 struct Point {
     double x = 0;
     double y = 0;
+
+    bool operator==(const Point&) const = default;
 };
 
 // The map (x, y) -> (a x + c y + e, b x + d y + f), named as SVG's matrix(a b c d e f).
@@ -24,6 +26,9 @@ Affine RotationAbout(double degrees, Point centre);
 // What translate(position) rotate(degrees) scale(scaleX scaleY) does in SVG.
 Affine Placement(Point position, double degrees, double scaleX, double scaleY);
 
+// First inner, then outer.
+Affine Product(const Affine& outer, const Affine& inner);
+
 // The smallest upright rectangle round what was added; empty until something was.
 class Box {
 public:
@@ -34,6 +39,8 @@ public:
     void Add(const Box& other, const Affine& map);
     // The box grown by distance on every side; an empty one stays empty.
     Box Grown(double distance) const;
+
+    bool operator==(const Box&) const = default;
 
     bool Empty() const { return !(m_low.x <= m_high.x); }
     Point Low() const { return m_low; }

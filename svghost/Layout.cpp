@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace svghost {
 namespace {
@@ -19,7 +20,8 @@ public:
         m_symbol.rendered = 1;
         m_symbol.nesting = 1;
         m_symbol.smallestScale = m_symbol.largestScale = 1;
-        m_symbol.box = Box();
+        m_symbol.box = m_symbol.bare = Box();
+        m_symbol.widest = 0;
     }
 
     void Run()
@@ -40,8 +42,15 @@ private:
         if (node.kind == Kind::Group)
             m_hiddenGroups += node.hidden;
         else if (!node.hidden && m_hiddenGroups == 0)
-            m_symbol.box.Add(BoundsOf(m_document, node));
+            Add(ExtentOf(m_document, node));
         CollectArrows(node);
+    }
+
+    void Add(const Extent& extent)
+    {
+        m_symbol.box.Add(extent.box);
+        m_symbol.bare.Add(extent.bare);
+        m_symbol.widest = std::max(m_symbol.widest, extent.width);
     }
 
     void Leave(const Container& group) { m_hiddenGroups -= group.hidden; }
@@ -114,7 +123,63 @@ private:
     int m_hiddenGroups = 0;
 };
 
-// The box with a margin of two parts in a hundred; never without extent, also for a viewer's 32-bit floats.
+// Finds the scales at which the picture shows each symbol. Users come before what they use.
+class ShownScales {
+public:
+    explicit ShownScales(Layout& layout) : m_layout(layout) {}
+
+    static void Reset(Symbol& symbol)
+    {
+        symbol.shown = 0;
+        symbol.meanScale = 0; // a sum of logarithms until Pass
+        symbol.greatestScale = 0;
+    }
+
+    // Settles the symbol, and passes its scales on to what it uses.
+    void Pass(Symbol& symbol)
+    {
+        symbol.meanScale = symbol.shown > 0 ? std::exp(symbol.meanScale / symbol.shown) : 1;
+        if (symbol.shown == 0)
+            return;
+        const double factor = symbol.greatestScale / symbol.meanScale;
+        m_layout.widestStroke = std::max(m_layout.widestStroke, symbol.widest * factor);
+        m_layout.greatestFactor = std::max(m_layout.greatestFactor, factor);
+        for (const Use* use = symbol.firstUse; use; use = use->nextOfSymbol) {
+            Symbol* target = use->target->definition;
+            if (target && !use->leftOut && !use->hidden)
+                Hand(symbol, *use, *target);
+        }
+    }
+
+private:
+    static void Hand(const Symbol& symbol, const Use& use, Symbol& target)
+    {
+        const double scaleX = std::fabs(use.Number(AttributeId::ScaleX, 1));
+        const double scaleY = std::fabs(use.Number(AttributeId::ScaleY, 1));
+        const double mean = std::log(symbol.meanScale) + (std::log(scaleX) + std::log(scaleY)) / 2;
+        target.shown += symbol.shown;
+        target.meanScale += symbol.shown * mean;
+        target.greatestScale =
+            std::max(target.greatestScale, symbol.greatestScale * std::max(scaleX, scaleY));
+    }
+
+    Layout& m_layout;
+};
+
+// Scales multiply from the root, which is shown once as it is.
+void FindShownScales(Root& root, const std::vector<Symbol*>& order, Layout& layout)
+{
+    for (Symbol* symbol : order)
+        ShownScales::Reset(*symbol);
+    root.shown = root.greatestScale = 1;
+    root.meanScale = 0;
+    ShownScales scales(layout);
+    scales.Pass(root);
+    std::for_each(order.rbegin(), order.rend(), [&](Symbol* symbol) { scales.Pass(*symbol); });
+}
+
+} // namespace
+
 ViewBox ViewBoxRound(const Box& box)
 {
     if (box.Empty())
@@ -124,18 +189,18 @@ ViewBox ViewBoxRound(const Box& box)
     const double farthest = std::max(
         {std::fabs(box.Low().x), std::fabs(box.Low().y), std::fabs(box.High().x), std::fabs(box.High().y)});
     const double larger = std::max(width, height);
-    const double margin = std::max({larger * 0.02, farthest * 1e-6, larger > 0 ? 0.0 : 0.5});
+    const double margin = std::max({larger * kMargin, farthest * 1e-6, larger > 0 ? 0.0 : 0.5});
     return {box.Low().x - margin, box.Low().y - margin, width + 2 * margin, height + 2 * margin, false};
 }
-
-} // namespace
 
 Layout MakeLayout(SvgHostDocument& document)
 {
     Layout layout;
-    for (Symbol* symbol : OrderByReference(document.symbols))
+    const std::vector<Symbol*> order = OrderByReference(document.symbols);
+    for (Symbol* symbol : order)
         SymbolLayout(document, *symbol, layout).Run();
     SymbolLayout(document, document.root, layout).Run();
+    FindShownScales(document.root, order, layout);
     layout.viewBox = ViewBoxRound(document.root.box);
     layout.statistics.elements = document.elements;
     layout.statistics.symbols = document.symbols.size();

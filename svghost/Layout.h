@@ -31,9 +31,19 @@ struct ViewBox {
     bool isMadeUp = true; // there is nothing that it could be taken from
 };
 
+// The margin on each side, as a part of the longer side of what is shown.
+inline constexpr double kMargin = 0.02;
+
+// The box with its margin; never without extent, also for a viewer's 32-bit floats.
+ViewBox ViewBoxRound(const Box& box);
+
 struct Layout {
-    ViewBox viewBox;
+    ViewBox viewBox; // the widths of strokes taken as lengths
     ArrowLooks arrows;
+    // Of strokes whose widths are those of a sheet: the widest one, and the greatest factor by which one is
+    // shown wider than it is meant, as its symbol is used at several scales.
+    double widestStroke = 0;
+    double greatestFactor = 1;
     SvgHostStatistics statistics{};
 };
 

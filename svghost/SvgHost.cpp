@@ -1,5 +1,6 @@
 #include "svghost/SvgHost.h"
 
+#include "svghost/Picture.h"
 #include "svghost/Reports.h"
 #include "svghost/SvgHostDocument.h"
 #include "svghost/SvgWriter.h"
@@ -57,6 +58,15 @@ void svgHostLimitElements(SvgHostDocument* document, size_t most)
         document->mostElements = most;
 }
 
+namespace {
+
+SvgHostViewBox Exported(const ViewBox& box)
+{
+    return {box.x, box.y, box.width, box.height, box.isMadeUp};
+}
+
+} // namespace
+
 bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics)
 {
     if (!document || !statistics)
@@ -75,8 +85,21 @@ bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox)
     if (!document || !viewBox)
         return false;
     try {
-        const ViewBox& box = document->LaidOut().viewBox;
-        *viewBox = {box.x, box.y, box.width, box.height, box.isMadeUp};
+        *viewBox = Exported(document->LaidOut().viewBox);
+        return !document->shortOfMemory;
+    } catch (...) {
+        return false;
+    }
+}
+
+bool svgHostGetPicture(SvgHostDocument* document, const SvgHostWriteOptions* options, SvgHostPicture* picture)
+{
+    if (!document || !picture)
+        return false;
+    try {
+        const Picture made =
+            PictureOf(*document, document->LaidOut(), options ? *options : SvgHostWriteOptions{}, true);
+        *picture = {Exported(made.viewBox), made.width, made.height, made.scale, made.filled, made.isCropped};
         return !document->shortOfMemory;
     } catch (...) {
         return false;
@@ -89,8 +112,10 @@ bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
     if (!document || !write || document->shortOfMemory)
         return false;
     try {
-        return SvgWriter(*document, document->LaidOut(), write, user)
-            .Run(options ? *options : SvgHostWriteOptions{});
+        const SvgHostWriteOptions chosen = options ? *options : SvgHostWriteOptions{};
+        const Layout& layout = document->LaidOut();
+        const Picture picture = PictureOf(*document, layout, chosen, false);
+        return SvgWriter(*document, layout, picture, write, user).Run(chosen);
     } catch (...) {
         return false;
     }

@@ -41,8 +41,9 @@ typedef struct SvgHostError {
     const wchar_t* message; /**< the text, most with the line's number in the drawing; never NULL */
 } SvgHostError;
 
-/** How a document is written. Zero-initialised, it means: no background, no physical size, no style sheet.
- * None of it changes the elements that the operations made. */
+/** How a document is written. Zero-initialised, it means: no background, no physical size, no style sheet,
+ * all of the drawing, and widths of strokes that are lengths of the drawing. Of the elements that the
+ * operations made, only the widths of their strokes depend on it. */
 typedef struct SvgHostWriteOptions {
     const char* background; /**< a CSS colour painted behind the drawing, or NULL for none; it goes into the
                                  file as it is given, escaped as XML wants it but not looked at further */
@@ -51,6 +52,19 @@ typedef struct SvgHostWriteOptions {
     double unit;            /**< how many millimetres one unit of the drawing is long: the root's width and
                                  height are written in millimetres; 0, or what makes them no number that a
                                  viewer can hold, or nothing to measure: the larger side has 1024 pixels */
+    double scale;           /**< the N of the scale 1:N at which the physical size is written; 0: 1, the
+                                 true size */
+    bool usesStandardScale; /**< in place of scale: the first of 1:1, 1:2, 1:5, 1:10, 1:20, 1:25, 1:50,
+                                 1:100, 1:200, 1:250 and so on at which what is shown fits a sheet A0
+                                 (1189 x 841 mm, either way round); the margin comes on top */
+    double sheet;           /**< the longer side, in millimetres, of the sheet on which strokes are as
+                                 wide as the attribute stroke-width says, also in millimetres: each width
+                                 is multiplied by the longer side of the view box, divided by sheet, and
+                                 is at least 1/1750 of that side; a width of 0 stays. In a symbol it is
+                                 divided by the scale at which the symbol is shown, or by the geometric
+                                 mean of several. 0: a width is a length, as SVG takes it */
+    bool showsMost;         /**< whether the view box leaves out what is small and lies far from the rest
+                                 (SvgHostPicture.filled); it stays in the file */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -129,9 +143,29 @@ typedef struct SvgHostViewBox {
     bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above mean nothing then */
 } SvgHostViewBox;
 
-/** Lays the picture out and gives its view box. False, and then nothing in viewBox can be relied on, when
- * memory is short, now or in one of the operations before, or when a pointer is NULL. */
+/** Lays the picture out and gives its view box, as zero-initialised options have it. False, and then nothing
+ * in viewBox can be relied on, when memory is short, now or in one of the operations before, or when a
+ * pointer is NULL. */
 QUILLMARLIB_API bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox);
+
+/** How a document is written with some options. */
+typedef struct SvgHostPicture {
+    SvgHostViewBox viewBox; /**< as it is written */
+    double width;           /**< the physical size, in millimetres; 0: the size is in pixels */
+    double height;          /**< likewise */
+    double scale;           /**< the N of the size's scale 1:N; 0: the size is in pixels */
+    double filled;  /**< which share of the longer side of all that is drawn the most of it takes, from 0
+                         to 1: the 99 parts in a hundred that lie nearest to the middle, where an
+                         element counts with the width and height of its box, and what lies within
+                         half of their longer side round them */
+    bool isCropped; /**< whether the view box leaves something out */
+} SvgHostPicture;
+
+/** Lays the picture out as options, which may be NULL, ask for. False, and then nothing in picture can be
+ * relied on, when memory is short, now or in one of the operations before, or when document or picture is
+ * NULL. */
+QUILLMARLIB_API bool svgHostGetPicture(SvgHostDocument* document, const SvgHostWriteOptions* options,
+                                       SvgHostPicture* picture);
 
 /** Takes one piece of the file: size bytes, which are good during the call and end anywhere, within a
  * character too. False stops the writing. It must neither throw nor call any function of this header for the

@@ -1,5 +1,6 @@
 #include "svghost/SvgWriter.h"
 
+#include "svghost/Bounds.h"
 #include "svghost/NumberText.h"
 #include "svghost/XmlText.h"
 
@@ -29,18 +30,30 @@ void AppendSymbolId(std::string& out, const SymbolName& name, std::size_t defini
     AppendXmlName(out, name.name);
 }
 
+// With four digits, more of which nobody sees; upwards, as a stroke has a least width. Larger than any float
+// it is no number that a viewer can hold, and smaller it is nothing.
+float RoundedUp(double number)
+{
+    constexpr double kSmallest = 1e-37;
+    if (!(number >= kSmallest))
+        return 0;
+    const double unit = std::pow(10, std::floor(std::log10(number)) - 3);
+    const double rounded = std::ceil(number / unit * (1 - 1e-9)) * unit;
+    return static_cast<float>(std::min(rounded, 3e38));
+}
+
 } // namespace
 
-SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgHostWriteFunction write,
-                     void* user)
-    : m_document(document), m_layout(layout), m_out(write, user)
+SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, const Picture& picture,
+                     SvgHostWriteFunction write, void* user)
+    : m_document(document), m_layout(layout), m_picture(picture), m_out(write, user)
 {
 }
 
 bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_out.Declare();
-    OpenRoot(options.unit);
+    OpenRoot();
     if (options.style)
         WriteStyle(options.style);
     WriteDefinitions();
@@ -53,13 +66,15 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
     return m_out.Finish();
 }
 
-void SvgWriter::OpenRoot(double unit)
+void SvgWriter::OpenRoot()
 {
-    const ViewBox& box = m_layout.viewBox;
+    const ViewBox& box = m_picture.viewBox;
     m_out.Begin("svg");
     m_out.SetPlain("xmlns", "http://www.w3.org/2000/svg");
     m_out.SetPlain("xmlns:xlink", "http://www.w3.org/1999/xlink");
-    if (!SetPhysicalSize(unit))
+    if (m_picture.scale > 0)
+        SetPhysicalSize();
+    else
         SetPixelSize();
     // The margin is far wider than the rounding to 32 bits.
     m_out.SetPlain("viewBox", static_cast<float>(box.x), " ", static_cast<float>(box.y), " ",
@@ -69,25 +84,17 @@ void SvgWriter::OpenRoot(double unit)
 
 void SvgWriter::SetPixelSize()
 {
-    const ViewBox& box = m_layout.viewBox;
+    const ViewBox& box = m_picture.viewBox;
     const double scale = kPixels / std::max(box.width, box.height);
     const auto pixels = [&](double side) { return std::max(1.0, std::round(side * scale)); };
     m_out.SetPlain("width", pixels(box.width));
     m_out.SetPlain("height", pixels(box.height));
 }
 
-// False, with nothing set, when there is no unit, nothing to measure, or a side that no viewer can hold.
-bool SvgWriter::SetPhysicalSize(double unit)
+void SvgWriter::SetPhysicalSize()
 {
-    const double width = m_layout.viewBox.width * unit;
-    const double height = m_layout.viewBox.height * unit;
-    // Numbers smaller than a float are not drawable either, and would be written as 0.
-    const auto isSide = [](double side) { return IsDrawable(side) && static_cast<float>(side) > 0; };
-    if (m_layout.viewBox.isMadeUp || !isSide(width) || !isSide(height))
-        return false;
-    m_out.SetPlain("width", static_cast<float>(width), "mm");
-    m_out.SetPlain("height", static_cast<float>(height), "mm");
-    return true;
+    m_out.SetPlain("width", static_cast<float>(m_picture.width), "mm");
+    m_out.SetPlain("height", static_cast<float>(m_picture.height), "mm");
 }
 
 void SvgWriter::WriteStyle(const char* style)
@@ -102,6 +109,8 @@ void SvgWriter::OpenDrawing()
     m_out.Begin("g");
     m_out.SetPlain("fill", "none");
     m_out.Set("stroke", kDefaultColour);
+    if (m_picture.sheetUnit != 0)
+        m_out.SetPlain("stroke-width", RoundedUp(m_picture.ShownWidth(kDefaultStrokeWidth)));
     m_out.SetPlain("stroke-linejoin", "round");
     m_out.SetPlain("font-family", "sans-serif");
     m_out.Open();
@@ -152,16 +161,18 @@ void SvgWriter::WriteSymbol(const Symbol& symbol)
     m_out.SetPlain("id", m_id);
     m_out.Set("data-name", XmlTextOf(symbol.name->name));
     m_out.SetPlain("overflow", "visible");
+    m_scale = symbol.meanScale;
     SetStyle(symbol);
     m_out.Open();
     WriteContents(symbol);
     m_out.Close("symbol");
+    m_scale = 1;
 }
 
 // The rectangle reaches beyond the view box, whose sides seldom have the ratio of whole pixels.
 void SvgWriter::WriteBackground(const char* colour)
 {
-    const ViewBox& box = m_layout.viewBox;
+    const ViewBox& box = m_picture.viewBox;
     m_out.Begin("rect");
     m_out.SetPlain("x", static_cast<float>(box.x - box.width / 2));
     m_out.SetPlain("y", static_cast<float>(box.y - box.height / 2));
@@ -288,10 +299,34 @@ void SvgWriter::WriteUse(const Use& use)
 
 void SvgWriter::SetStyle(const Node& node)
 {
-    SetValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
+    SetStrokeWidth(node);
     SetValue("stroke", AttributeId::Stroke, node.stroke);
     SetDashes(node.dashArray);
     SetExtras(node);
+}
+
+void SvgWriter::SetStrokeWidth(const Node& node)
+{
+    if (m_picture.sheetUnit == 0)
+        return SetValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
+    if (node.strokeWidth == 0 || m_document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth).dropped)
+        return;
+    // What a use says counts for what is in its symbol.
+    const Symbol* target =
+        node.kind == Kind::Use ? static_cast<const Use&>(node).target->definition : nullptr;
+    m_out.SetPlain("stroke-width", SheetWidth(node.strokeWidth, target ? target->meanScale : m_scale));
+}
+
+float SvgWriter::SheetWidth(std::uint32_t index, double scale)
+{
+    if (index >= m_widths.size())
+        m_widths.resize(index + 1);
+    WrittenWidth& written = m_widths[index];
+    if (written.scale != scale) {
+        const double given = m_document.ValueOf(AttributeId::StrokeWidth, index).number;
+        written = {scale, RoundedUp(m_picture.ShownWidth(given) / scale)};
+    }
+    return written.width;
 }
 
 // Round ends make dashes of length 0 seen, as dots. Other dashes do without: the ends would fill the gaps.

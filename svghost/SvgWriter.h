@@ -1,26 +1,30 @@
 // The document as an SVG file.
 #pragma once
 
+#include "svghost/Picture.h"
 #include "svghost/SvgHostDocument.h"
 #include "svghost/XmlStream.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace svghost {
 
 // Writes one document. It has been laid out.
 class SvgWriter {
 public:
-    SvgWriter(const SvgHostDocument& document, const Layout& layout, SvgHostWriteFunction write, void* user);
+    SvgWriter(const SvgHostDocument& document, const Layout& layout, const Picture& picture,
+              SvgHostWriteFunction write, void* user);
 
     // False when memory is short or the write function returned false; it is not called again then.
     bool Run(const SvgHostWriteOptions& options);
 
 private:
-    void OpenRoot(double unit);
+    void OpenRoot();
     void SetPixelSize();
-    bool SetPhysicalSize(double unit);
+    void SetPhysicalSize();
     void WriteStyle(const char* style);
     void OpenDrawing();
     void WriteDefinitions();
@@ -38,6 +42,8 @@ private:
     void OpenGroup(const Container& group);
 
     void SetStyle(const Node& node);
+    void SetStrokeWidth(const Node& node);
+    float SheetWidth(std::uint32_t index, double scale);
     template <std::size_t size>
     void SetValue(const char (&name)[size], AttributeId id, std::uint32_t index);
     void SetDashes(std::uint32_t index);
@@ -49,7 +55,15 @@ private:
 
     const SvgHostDocument& m_document;
     const Layout& m_layout;
+    const Picture& m_picture;
     XmlStream m_out;
+    double m_scale = 1; // at which what is being written is shown
+    // For each value of a stroke's width the one that was written last, and for which scale.
+    struct WrittenWidth {
+        double scale = 0;
+        float width = 0;
+    };
+    std::vector<WrittenWidth> m_widths;
     std::string m_id; // of the symbol that is being written or drawn
 };
 

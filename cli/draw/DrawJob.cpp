@@ -5,6 +5,7 @@
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
+#include "cli/draw/WriteOptions.h"
 #include "cli/files/OutputFile.h"
 #include "cli/files/Source.h"
 #include "cli/system/InterruptGuard.h"
@@ -61,7 +62,7 @@ bool WriteToFile(void* user, const char* bytes, std::size_t size)
 }
 
 // Writes the picture; the result is empty, or why it cannot be written.
-std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& look, double unit)
+std::string WritePicture(SvgHostDocument* document, const Job& job, const SvgHostWriteOptions& options)
 {
     const fs::path path = PathFromArgument(job.output);
     std::error_code error;
@@ -70,10 +71,6 @@ std::string WritePicture(SvgHostDocument* document, const Job& job, const Look& 
     if (error)
         return error.message();
     OutputFile file(path);
-    SvgHostWriteOptions options = {};
-    options.background = look.background ? look.background->c_str() : nullptr;
-    options.style = look.style.empty() ? nullptr : look.style.c_str();
-    options.unit = unit;
     const bool isWritten = file.Error().empty() && svgHostWrite(document, &options, WriteToFile, &file);
     if (isWritten && file.Commit())
         return "";
@@ -137,20 +134,31 @@ std::map<std::string, std::uint64_t> SkippedEntities(const DrawingInfo& info)
     return skipped;
 }
 
-// The size of the picture that was written, in millimetres; nothing when it is in pixels.
-void TellSize(SvgHostDocument* document, const Sizing& sizing, Outcome& outcome)
+// The size of the picture that was written, in millimetres unless it is in pixels, and how much of the
+// picture the drawing fills.
+void TellPicture(SvgHostDocument* document, const SvgHostWriteOptions& options, const Sizing& sizing,
+                 Outcome& outcome)
 {
-    SvgHostViewBox box = {};
     outcome.reason = sizing.reason;
-    if (!sizing.unit || !svgHostGetViewBox(document, &box))
+    SvgHostPicture picture = {};
+    if (!svgHostGetPicture(document, &options, &picture))
+        throw std::bad_alloc();
+    outcome.filled = picture.filled;
+    outcome.isCropped = picture.isCropped;
+    if (!sizing.unit)
         return;
-    if (box.isMadeUp) {
+    if (picture.viewBox.isMadeUp) {
         outcome.reason = "there is nothing to measure";
         return;
     }
+    if (picture.scale == 0) {
+        outcome.reason = "the size in millimetres is more or less than viewers can hold";
+        return;
+    }
     outcome.unit = sizing.unit->name;
-    outcome.width = box.width * sizing.unit->millimetres;
-    outcome.height = box.height * sizing.unit->millimetres;
+    outcome.width = picture.width;
+    outcome.height = picture.height;
+    outcome.scale = picture.scale;
 }
 
 void Draw(Source& source, const Job& job, const Options& options, Report& report)
@@ -177,14 +185,16 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return;
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))
         throw std::bad_alloc();
-    const double unit = sizing.unit ? sizing.unit->millimetres : 0;
-    const std::string reason = WritePicture(document.get(), job, LookFor(options), unit);
+    const Look look = LookFor(options);
+    const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
+    const std::string reason = WritePicture(document.get(), job, written);
     // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;
     if (!reason.empty())
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
-    TellSize(document.get(), sizing, outcome);
+    if (!options.isQuiet)
+        TellPicture(document.get(), written, sizing, outcome);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

@@ -1,6 +1,7 @@
 #include "cli/options/OptionChecks.h"
 
 #include "cli/contents/Units.h"
+#include "cli/options/Options.h"
 
 #include <string_view>
 
@@ -80,6 +81,19 @@ std::string CheckUnits(const std::string& text)
 std::string CheckMessageFormat(const std::string& text)
 {
     return text == "text" || text == "json" ? "" : "'" + text + "' is no form of messages; give text or json";
+}
+
+std::string CheckScale(const std::string& text)
+{
+    const std::string_view view = text;
+    const bool isFine = view.starts_with(kScaleStart) && IsCount(view.substr(kScaleStart.size())) &&
+                        view.find_first_not_of('0', kScaleStart.size()) != std::string_view::npos;
+    return isFine ? "" : "'" + text + "' is not a scale; give 1:N, such as 1:50";
+}
+
+std::string CheckFit(const std::string& text)
+{
+    return text == "all" || text == "most" ? "" : "'" + text + "' cannot be fitted; give all or most";
 }
 
 std::string CheckJobs(const std::string& text)

@@ -9,6 +9,8 @@ std::string CheckNotEmpty(const std::string& text);
 std::string CheckColour(const std::string& text);
 std::string CheckUnits(const std::string& text);
 std::string CheckMessageFormat(const std::string& text);
+std::string CheckScale(const std::string& text);
+std::string CheckFit(const std::string& text);
 std::string CheckJobs(const std::string& text);
 std::string CheckCount(const std::string& text);
 

@@ -36,6 +36,22 @@ constexpr OptionRow kDrawRows[] = {
      "then to "
      "millimetres; none makes the larger side 1024 pixels; or a unit's name, such as mm, cm, m, in, ft",
      &Options::units, CheckUnits},
+    {"--scale", "RATIO",
+     "Write the width and height in millimetres at a scale, 1:N. By default at their true size up to A0 "
+     "(1189 x 841 mm), and larger ones at the first of 1:2, 1:5, 1:10, 1:20, 1:25, 1:50, 1:100 and so on at "
+     "which the drawing fits A0",
+     &Options::scale, CheckScale},
+    {"--true-size", "", "Write the width and height at their true size, however large",
+     &Options::hasTrueSize},
+    {"--fit", "WHAT",
+     "What the picture frames: all of the drawing, the default, or most, which leaves out small things that "
+     "lie far from the rest",
+     &Options::fit, CheckFit},
+    {"--as-is", "",
+     "Take widths of strokes as lengths of the drawing, and sizes as true sizes. By default widths are "
+     "millimetres on a sheet A3 that the picture fills, and no stroke is thinner than 1/1750 of the "
+     "picture's longer side",
+     &Options::isAsIs},
     {"--background", "COLOUR",
      "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
      "with "

@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace plexorn {
@@ -17,6 +18,9 @@ class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+// What the text of a scale 1:N begins with.
+inline constexpr std::string_view kScaleStart = "1:";
 
 // Paths are UTF-8 (on POSIX systems: the bytes as given).
 struct Options {
@@ -33,6 +37,10 @@ struct Options {
     std::string background; // a CSS colour or "none"; empty: what fits the rest
     bool isOnPaper = false;
     bool hasHairlines = false;
+    std::string scale; // of the physical size, as 1:N; empty: the first standard scale at which it fits A0
+    bool hasTrueSize = false;
+    std::string fit = "all";
+    bool isAsIs = false; // widths of strokes and sizes as the drawing states them
     bool isQuiet = false;
     std::string messageFormat = "text";
     std::size_t maxMessages = std::numeric_limits<std::size_t>::max();

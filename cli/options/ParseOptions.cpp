@@ -65,6 +65,10 @@ std::string WhyWrong(const Options& options)
         return "The standard input can be read once only";
     if (options.isNullSeparated && options.list.empty())
         return "--null says how a list is written; give --files-from as well";
+    if (options.hasTrueSize && !options.scale.empty())
+        return "Give --scale or --true-size, not both";
+    if (options.isAsIs && (!options.scale.empty() || options.fit != "all"))
+        return "--as-is leaves sizes and views alone; give it without --scale and --fit";
     if (MeansInfo(options))
         return "info comes first, before its options: plexorn info [OPTIONS] FILE...";
     return "";

@@ -5,6 +5,7 @@
 #include "cli/report/Printable.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace plexorn {
 
@@ -65,8 +66,24 @@ std::string SizeText(const Outcome& outcome)
 {
     if (outcome.unit.empty())
         return Joined({"size in pixels (", outcome.reason, ")"});
-    return Joined({Rounded(outcome.width), " x ", Rounded(outcome.height), " mm (the unit is ", outcome.unit,
-                   ", ", outcome.reason, ")"});
+    const std::string scale = outcome.scale == 1 ? "" : " at 1:" + Rounded(outcome.scale);
+    return Joined({Rounded(outcome.width), " x ", Rounded(outcome.height), " mm", scale, " (the unit is ",
+                   outcome.unit, ", ", outcome.reason, ")"});
+}
+
+// Below a third of its picture a drawing is hard to make out.
+std::string FitText(const Outcome& outcome)
+{
+    if (outcome.isCropped)
+        return "; what lies far from the rest is outside the picture (--fit all shows it)";
+    if (outcome.filled * 3 >= 1)
+        return "";
+    const std::string share =
+        outcome.filled < 0.01 ? "less than 1" : Rounded(std::floor(outcome.filled * 100));
+    return Joined(
+        {"; most of it fills ", share,
+         " % of the picture's longer side, as something small lies far away (--fit most leaves that "
+         "out)"});
 }
 
 std::string SkippedText(const std::map<std::string, std::uint64_t>& skipped)
@@ -88,7 +105,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     out.append(" drawn to ").append(Printable(outcome.output));
     out.append(", ").append(Count(messages, "message", "messages"));
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
-    out.append(", ").append(SizeText(outcome));
+    out.append(", ").append(SizeText(outcome)).append(FitText(outcome));
     for (const Finding& finding : kFindings)
         if (const std::size_t number = outcome.statistics.*finding.count)
             out.append("; ").append(Count(number, finding.singular, finding.plural));
@@ -118,9 +135,13 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
     json.Member("elements", DrawnElements(outcome.statistics)).Member("messages", messages);
     json.Member("milliseconds", outcome.time.count());
     if (outcome.unit.empty())
-        json.Name("unit").Null().Name("width").Null().Name("height").Null();
+        json.Name("unit").Null().Name("width").Null().Name("height").Null().Name("scale").Null();
     else
-        json.Member("unit", outcome.unit).Member("width", outcome.width).Member("height", outcome.height);
+        json.Member("unit", outcome.unit)
+            .Member("width", outcome.width)
+            .Member("height", outcome.height)
+            .Member("scale", outcome.scale);
+    json.Member("filled", outcome.filled).Member("cropped", outcome.isCropped);
     json.Member("sizing", outcome.reason).Name("findings").Open('{');
     for (const Finding& finding : kFindings)
         if (const std::size_t number = outcome.statistics.*finding.count)

@@ -18,6 +18,9 @@ struct Outcome {
     std::chrono::milliseconds time{};
     double width = 0; // in millimetres; 0: the size is in pixels
     double height = 0;
+    double scale = 1;                // the N of the size's scale 1:N
+    double filled = 1;               // the share of the whole drawing's longer side that most of it takes
+    bool isCropped = false;          // whether the picture leaves out what lies far from the most
     std::string_view unit;           // that the size was taken from
     std::string reason;              // of the size
     std::uint64_t unmarkedEntry = 0; // the line of the first entry that needs a marker and has none

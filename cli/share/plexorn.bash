@@ -17,7 +17,7 @@ _plexorn()
     elif [[ $previous == = ]]; then
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --background --paper --hairline -q --quiet --messages --max-messages --strict -h --help --version'
+    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --messages --max-messages --strict -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
         options='--json --texts --files-from -0 --null -r --recursive -h --help'
     fi
@@ -35,6 +35,14 @@ _plexorn()
             ;;
         --units)
             mapfile -t COMPREPLY < <(compgen -W 'header guess none in ft mi mm cm m km uin mil yd angstrom nm um dm dam hm Gm au ly pc usft usin usyd usmi' -- "$current")
+            return
+            ;;
+        --scale)
+            mapfile -t COMPREPLY < <(compgen -W '1:1 1:2 1:5 1:10 1:20 1:25 1:50 1:100' -- "$current")
+            return
+            ;;
+        --fit)
+            mapfile -t COMPREPLY < <(compgen -W 'all most' -- "$current")
             return
             ;;
         --background)

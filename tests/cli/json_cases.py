@@ -16,7 +16,8 @@ class Json(CommandTest):
                                    "text": SOLID_MESSAGE})
         self.assertEqual(drawn.pop("milliseconds") >= 0, True)
         self.assertEqual(drawn, {"type": "drawn", "file": "plan.dxf", "picture": "plan.svg", "elements": 1,
-                                 "messages": 1, "unit": None, "width": None, "height": None,
+                                 "messages": 1, "unit": None, "width": None, "height": None, "scale": None,
+                                 "filled": 1, "cropped": False,
                                  "sizing": "the drawing states no unit", "findings": {}, "skipped": {},
                                  "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0})
 

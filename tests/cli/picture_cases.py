@@ -1,4 +1,5 @@
 """The picture's size, background and look, none of which changes what the module made."""
+import json
 import re
 import shutil
 import subprocess
@@ -55,12 +56,12 @@ class Size(PictureTest):
     def test_every_unit_of_the_header(self):
         for code, unit in enumerate(self.UNITS, start=1):
             with self.subTest(unit=unit):
-                self.expect_width(self.side(insunits(code) + entities(*LONG_LINE)), unit)
+                self.expect_width(self.side(insunits(code) + entities(*LONG_LINE), "--true-size"), unit)
 
     def test_a_unit_that_is_asked_for(self):
         for unit in ("in", "m", "usft", "angstrom"):  # the header's have shown that each one is known
             with self.subTest(unit=unit):
-                self.expect_width(self.side(insunits(4) + entities(*LONG_LINE), "--units", unit), unit)
+                self.expect_width(self.side(insunits(4) + entities(*LONG_LINE), "--units", unit, "--true-size"), unit)
 
     def test_a_drawing_without_a_unit_is_sized_in_pixels(self):
         metric = header("9", "$MEASUREMENT", "70", "1")
@@ -71,7 +72,7 @@ class Size(PictureTest):
     def test_a_guess_is_made_when_asked_for(self):
         for content, unit in ((header("9", "$MEASUREMENT", "70", "0"), "in"), (b"", "mm"), (insunits(6), "m"),
                               (header("9", "$MEASUREMENT", "70", "1"), "mm")):
-            self.expect_width(self.side(content + entities(*LONG_LINE), "--units", "guess"), unit)
+            self.expect_width(self.side(content + entities(*LONG_LINE), "--units", "guess", "--true-size"), unit)
 
     def test_what_was_assumed_is_told(self):
         for content, options, told in (
@@ -88,7 +89,7 @@ class Size(PictureTest):
                 (b"", ["--units", "guess"], " mm (the unit is mm, guessed, the drawing states no unit)\n"),
                 (header("9", "$MEASUREMENT", "70", "0"), ["--units", "guess"],
                  " mm (the unit is in, guessed from $MEASUREMENT)\n")):
-            printed = self.draw(content + entities(*LONG_LINE), *options)[1]
+            printed = self.draw(content + entities(*LONG_LINE), "--as-is", *options)[1]
             self.assertTrue(printed.endswith(told), printed)
 
     def test_nothing_to_measure_has_no_size_in_millimetres(self):
@@ -108,6 +109,99 @@ class Size(PictureTest):
         content = insunits(6) + entities(*LONG_LINE)
         self.assertEqual(self.draw(content)[0], self.draw(content, "-q")[0])
 
+    def told(self, content, *options):
+        """What is said about the size, from the number of milliseconds on."""
+        return self.draw(content, *options)[1].split(" ms, ")[1].rstrip("\n")
+
+    def test_a_drawing_beyond_a0_is_written_at_a_standard_scale(self):
+        metres = insunits(6) + entities(*LONG_LINE)
+        self.assertEqual(self.told(metres), "1041 x 540.6 mm at 1:100 (the unit is m, by $INSUNITS)")
+        self.assertAlmostEqual(self.side(metres)[0], 1040.6, delta=0.1)
+        self.assertEqual(self.told(insunits(4) + entities(*LONG_LINE)),
+                         "104.1 x 54.06 mm (the unit is mm, by $INSUNITS)")
+
+    def test_a_scale_that_is_asked_for(self):
+        metres = insunits(6) + entities(*LONG_LINE)
+        self.assertEqual(self.told(metres, "--scale", "1:250"), "416.2 x 216.2 mm at 1:250 (the unit is m, by $INSUNITS)")
+        self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104062 / 7, delta=1)
+        for options in (["--true-size"], ["--scale", "1:1"]):
+            self.assertAlmostEqual(self.side(metres, *options)[0], 104062, delta=1)
+            self.assertTrue(self.told(metres, *options).endswith(" mm (the unit is m, by $INSUNITS)"))
+        self.assertEqual(self.told(entities(*LONG_LINE), "--scale", "1:5"),
+                         "size in pixels (the drawing states no unit)")
+
+    def test_what_is_no_scale_is_wrong_usage(self):
+        self.write("plan.dxf")
+        for text in ("", "50", "1:", "1:0", "1:00", "2:1", "1:2.5", "1:-5", "1:5 ", "1:1234567890"):
+            self.assertIn("is not a scale", self.expect(2, "plan.dxf", "--scale", text))
+        for options in (["--scale", "1:2", "--true-size"], ["--as-is", "--scale", "1:2"], ["--as-is", "--fit", "most"]):
+            self.expect(2, "plan.dxf", *options)
+        self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_json_has_the_scale(self):
+        for content, options, scale in ((insunits(6), [], 100), (insunits(6), ["--scale", "1:7"], 7),
+                                        (insunits(4), [], 1), (b"", [], None)):
+            printed = self.draw(content + entities(*LONG_LINE), "--messages", "json", *options)[1]
+            drawn = json.loads(printed.splitlines()[-1])
+            self.assertEqual(drawn["scale"], scale)
+            self.assertEqual(drawn["filled"], 1)
+            self.assertIs(drawn["cropped"], False)
+
+
+class Fit(PictureTest):
+    FAR = entities(*LONG_LINE, "0", "LINE", "8", "0", "10", "999.5", "20", "0", "11", "1000", "21", "0")
+
+    def width(self, *options):
+        """The width of the view box, and what was printed."""
+        picture, printed = self.draw(self.FAR, *options)
+        return float(re.search(r'viewBox="\S+ \S+ (\S+)', picture).group(1)), printed
+
+    def test_what_lies_far_away_is_said(self):
+        for options in ([], ["--fit", "all"], ["--as-is"]):
+            width, printed = self.width(*options)
+            self.assertAlmostEqual(width, 1040, delta=2)
+            self.assertIn("; most of it fills 10 % of the picture's longer side, as something small lies far away "
+                          "(--fit most leaves that out)", printed)
+        self.assertNotIn("fills", self.draw(entities(*LONG_LINE))[1])
+
+    def test_most_is_framed_when_asked_for(self):
+        width, printed = self.width("--fit", "most")
+        self.assertAlmostEqual(width, 104, delta=0.2)
+        self.assertIn("; what lies far from the rest is outside the picture (--fit all shows it)", printed)
+        self.assertEqual(self.read("plan.svg").count("<line"), 2)
+        whole = entities(*LONG_LINE)
+        self.assertEqual(self.draw(whole, "--fit", "most")[0], self.draw(whole)[0])
+
+    def test_json_tells_it(self):
+        for options, cropped in ([], False), (["--fit", "most"], True):
+            drawn = json.loads(self.width("--messages", "json", *options)[1].splitlines()[-1])
+            self.assertAlmostEqual(drawn["filled"], 0.1, delta=0.001)
+            self.assertIs(drawn["cropped"], cropped)
+
+    def test_what_cannot_be_fitted_is_wrong_usage(self):
+        self.write("plan.dxf")
+        self.assertIn("cannot be fitted", self.expect(2, "plan.dxf", "--fit", "some"))
+
+
+class Strokes(PictureTest):
+    # A line of the default width, and one of a weight below the thinnest.
+    DRAWING = entities("0", "LINE", "8", "0", "10", "0", "20", "0", "11", "42000", "21", "0",
+                       "0", "LINE", "8", "0", "370", "5", "10", "0", "20", "0", "11", "42000", "21", "21000")
+
+    def widths(self, *options):
+        picture = self.draw(self.DRAWING, *options)[0]
+        side = float(re.search(r'viewBox="\S+ \S+ (\S+)', picture).group(1))
+        return side, [float(width) for width in re.findall(r'<line [^>]*stroke-width="([^"]*)"', picture)]
+
+    def test_widths_are_those_of_a_sheet(self):
+        side, (stated, thin) = self.widths()
+        self.assertAlmostEqual(stated, 0.5 * side / 420, delta=0.05)
+        self.assertAlmostEqual(thin, side / 1750, delta=0.05)
+
+    def test_widths_stay_as_they_are_when_asked_for(self):
+        for options in (["--as-is"], ["--hairline"]):
+            self.assertEqual(self.widths(*options)[1], [0.5, 0.05])
+
 
 class Look(PictureTest):
     DRAWING = entities(*LONG_LINE, "0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "5", "1", "white",
@@ -119,9 +213,11 @@ class Look(PictureTest):
         self.assertNotIn("<rect", self.draw(self.DRAWING, "--paper", "--background", "none")[0])
 
     def test_neither_paper_nor_hairlines_change_an_element(self):
-        plain = self.draw(self.DRAWING, "--background", "white")[0]
-        for options in (["--paper"], ["--hairline"], ["--paper", "--hairline"]):
-            other = self.draw(self.DRAWING, *options, "--background", "white")[0]
+        as_is = ["--background", "white", "--as-is"]
+        for options, common in ((["--paper"], as_is), (["--hairline"], as_is), (["--paper", "--hairline"], as_is),
+                                (["--paper"], as_is[:2])):
+            plain = self.draw(self.DRAWING, *common)[0]
+            other = self.draw(self.DRAWING, *options, *common)[0]
             self.assertNotEqual(other, plain)
             self.assertEqual(inside(other), inside(plain))
             self.assertEqual(other.count("<style>"), 1)
@@ -138,7 +234,7 @@ class Look(PictureTest):
 
     def dark_pixels(self, *options):
         """How many pixels of a white line's picture are dark."""
-        self.draw(entities(*(text.replace("370", "48") for text in LONG_LINE)), *options)
+        self.draw(entities(*(text.replace("370", "48") for text in LONG_LINE)), "--as-is", *options)
         subprocess.run(["rsvg-convert", "-w", "800", "plan.svg", "-o", "plan.png"], cwd=self.folder, check=True)
         return len([level for level in png_levels(self.path("plan.png")) if level < 128])
 

@@ -1,0 +1,23 @@
+#include "cli/draw/WriteOptions.h"
+
+#include <cstdlib>
+
+namespace plexorn {
+
+SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, const Sizing& sizing)
+{
+    SvgHostWriteOptions chosen = {};
+    chosen.background = look.background ? look.background->c_str() : nullptr;
+    chosen.style = look.style.empty() ? nullptr : look.style.c_str();
+    chosen.unit = sizing.unit ? sizing.unit->millimetres : 0;
+    chosen.showsMost = options.fit == "most";
+    // A hairline is as many pixels wide as its width says: it needs no sheet.
+    chosen.sheet = options.isAsIs || options.hasHairlines ? 0 : kSheet;
+    if (!options.scale.empty())
+        chosen.scale = std::strtod(options.scale.c_str() + kScaleStart.size(), nullptr);
+    else
+        chosen.usesStandardScale = !options.isAsIs && !options.hasTrueSize;
+    return chosen;
+}
+
+} // namespace plexorn

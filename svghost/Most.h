@@ -1,0 +1,21 @@
+// Where most of a drawing is.
+#pragma once
+
+#include "svghost/Geometry.h"
+
+struct SvgHostDocument;
+
+namespace svghost {
+
+// How much of the drawing is most of it. An element counts with the width and height of its box.
+inline constexpr double kMostShare = 0.99;
+
+// The box round most of what the laid out document shows, without its strokes. What lies near that box is in
+// it too: so it is the box of everything unless something lies farther off than half its longer side. Takes
+// time linear in the elements, and a few dozen bytes for each.
+Box MostOf(const SvgHostDocument& document);
+
+// The longer side of a box, 0 for an empty one.
+double LongerSide(const Box& box);
+
+} // namespace svghost
