@@ -232,12 +232,25 @@ class Hostile(InfoTest):
     def test_nesting_that_never_ends(self):
         info = self.info(dxf("0", "SECTION", "2", "BLOCKS", *("0", "BLOCK", "2", "A") * 200_000))
         self.assertEqual(info["blocks"][0]["definitions"], 200_000)
-        self.info(b"0\nSECTION\n" * 300_000)
+        info = self.info(b"0\nSECTION\n" * 300_000)
+        self.assertEqual((info["lines"], info["blocks"], info["entities"]), (600_000, [], []))
 
     def test_what_is_no_pair(self):
-        for content in (b"0\n", b"0", b"0\n\n" * 1000, b"0\nSECTION\n2\n" + b"\xff" * 100_000,
-                        b"0\nSECTION\n2\nENTITIES\n" + b"x\n" * 500_000, DRAWING[:-6] + b"99999999999999999999\n1\n" + DRAWING):
-            self.info(content)
+        start, cut = b"0\nSECTION\n2\n", "the file has no EOF: it may have been cut off"
+        for content, lines, entities_found, notes in (
+                (b"0", 1, 0, [cut]),
+                (b"0\n", 1, 0, [cut]),
+                (b"0\n\n" * 1000, 2000, 0, [cut]),
+                (start + b"\xff" * 100_000, 4, 0, [cut]),
+                (start + b"ENTITIES\n" + b"x\n" * 500_000, 500_004, 0,
+                 ["500000 lines stand where a group code belongs and none is, the first at line 5", cut]),
+                # A code beyond 32 bits wraps, and is a code.
+                (DRAWING[:-len(b"0\nEOF\n")] + b"99999999999999999999\n1\n" + DRAWING, 40, 2, [])):
+            with self.subTest(content=content[:40]):
+                info = self.info(content)
+                self.assertEqual((info["bytes"], info["lines"]), (len(content), lines))
+                self.assertEqual(sum(entry["inDrawing"] for entry in info["entities"]), entities_found)
+                self.assertEqual(info["notes"], notes)
 
 
 class Examples(InfoTest):
