@@ -116,6 +116,7 @@ public:
     std::map<Handle, NameId> multiLineStyleOfHandle;
     std::uint64_t bytes = 0; // read
     std::uint64_t lines = 0;
+    bool hasSections = false; // whether a section began anywhere
 
     // Each is null when there is none.
     const Layer* FindLayer(NameId name) const;

@@ -1,0 +1,119 @@
+#include "prepare/PrepareDrawing.h"
+
+#include "prepare/drawing/ReadDrawing.h"
+#include "prepare/plain/Converter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace prepare {
+
+namespace {
+
+// The longer side of the sheet that weights in millimetres are drawn on: an A3 sheet.
+constexpr double kSheet = 420;
+// No stroke is thinner than this share of the picture's longer side, so that it is seen on a screen.
+constexpr double kThinnest = 1.0 / 2000;
+// How far a flattened curve may be from the true one: a share of the thinnest stroke, and of the drawing.
+constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
+// What a drawing may unfold to. An entity that a program wrote has far more than eight bytes.
+constexpr std::uint64_t kPlacedAnyhow = 200'000, kBytesForEachPlaced = 8;
+// A POINT's mark where $PDSIZE does not give its size: a share of the drawing's height, as on a screen.
+constexpr double kPointOfHeight = 0.05;
+
+// Counts the entities that come by.
+class CountingSink final : public EntitySink {
+public:
+    explicit CountingSink(EntitySink& next) : m_next(next) {}
+    void Take(const Entity& entity) override
+    {
+        ++count;
+        m_next.Take(entity);
+    }
+    std::uint64_t count = 0;
+
+private:
+    EntitySink& m_next;
+};
+
+std::uint64_t MostPlaced(std::uint64_t bytes)
+{
+    return kPlacedAnyhow + bytes / kBytesForEachPlaced;
+}
+
+// Half the size of a POINT's mark. $PDSIZE is a length when it is above 0, else percents of the view's
+// height.
+double PointSize(const Drawing& drawing, const Box& extents)
+{
+    const double size = drawing.header.Real("$PDSIZE", 0);
+    if (size > 0)
+        return size / 2;
+    return (size < 0 ? -size / 100 : kPointOfHeight) * extents.Height() / 2;
+}
+
+bool IsDrawing(const Drawing& drawing, std::uint64_t entities)
+{
+    return entities > 0 || drawing.hasSections || !drawing.layers.empty() || !drawing.blocks.empty();
+}
+
+WriteSettings WriteSettingsFor(const Measured& measured, const Options& options)
+{
+    WriteSettings settings;
+    settings.profile = options.profile;
+    settings.mayWrap = options.mayWrap;
+    settings.extents = measured.hull.Bounds();
+    const double side = settings.extents.LongerSide() > 0 ? settings.extents.LongerSide() : 1;
+    settings.unitsPerMm = side / kSheet;
+    settings.thinnest = side * kThinnest;
+    settings.thinnestWeight = measured.thinnestWeight == INT32_MAX ? 0 : measured.thinnestWeight;
+    settings.smallestText = std::isfinite(measured.smallestText) ? measured.smallestText : 0;
+    const double stroke = std::max(settings.thinnest, settings.thinnestWeight / 100.0 * settings.unitsPerMm);
+    settings.tolerance = options.tolerance > 0
+                             ? options.tolerance
+                             : std::min(stroke * kToleranceInStrokes, side * kToleranceInDrawing);
+    return settings;
+}
+
+} // namespace
+
+PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
+                              Report& report, const ProgressFunction& progress)
+{
+    Drawing drawing;
+    bool hasFailed = false;
+    Report unsaid; // of the measuring, which meets what the writing meets again
+    Measure measure;
+    ConvertSettings coarse;
+    coarse.tolerance = 1e100; // as coarse as curves may be
+    coarse.mostPlaced = MostPlaced(source.Size());
+    auto measuring = std::make_unique<Converter>(drawing, options, coarse, measure, unsaid);
+    CountingSink counted(*measuring);
+    if (!ReadIndex(source.Rewound(), options.encoding, drawing, &counted, report, hasFailed) && !hasFailed)
+        ReadEntities(source.Rewound(), options.encoding, drawing, counted, hasFailed);
+    if (hasFailed)
+        return PrepareOutcome::ReadFailed;
+    if (!IsDrawing(drawing, counted.count))
+        return PrepareOutcome::NoDrawing;
+    if (progress && !progress(0.5))
+        return PrepareOutcome::Cancelled;
+
+    const WriteSettings settings = WriteSettingsFor(measure.OfModel(), options);
+    const std::unique_ptr<DrawingWriter> writer = MakeWriter(drawing, settings, report);
+    ConvertSettings fine;
+    fine.tolerance = settings.tolerance;
+    fine.reach = settings.extents;
+    fine.pointSize = PointSize(drawing, settings.extents);
+    fine.mostPlaced = MostPlaced(drawing.bytes);
+    Converter converter(drawing, options, fine, *writer, report);
+    converter.KnowBlocks(measuring->Variants(), measure);
+    ReadEntities(source.Rewound(), options.encoding, drawing, converter, hasFailed);
+    if (hasFailed)
+        return PrepareOutcome::ReadFailed;
+    converter.Finish();
+    if (progress && !progress(0.9))
+        return PrepareOutcome::Cancelled;
+    return writer->Finish(write) ? PrepareOutcome::Done : PrepareOutcome::WriteFailed;
+}
+
+} // namespace prepare

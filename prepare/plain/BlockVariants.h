@@ -1,0 +1,53 @@
+// Blocks of the drawing, made once for each way in which they are used.
+#pragma once
+
+#include "prepare/plain/Matrix.h"
+#include "prepare/plain/Plain.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <tuple>
+
+namespace prepare {
+
+// How a block is placed: baked into its content is what a use cannot say, so that a use only mirrors, turns
+// and moves. Line widths, dashes and texts then keep what the drawing gives them.
+struct SplitPlacement {
+    Matrix baked; // maps the block's coordinates to those of the made block; z comes to nothing
+    Point2 point;
+    double rotation = 0; // radians
+    bool isMirrored = false;
+};
+
+// Splits a placement. Where the x axis of the block is seen from its end, its y axis is turned upright.
+SplitPlacement Split(const Matrix& placement);
+
+// Two uses of a block share what is made when these are equal.
+struct VariantKey {
+    const Block* block = nullptr;
+    std::array<double, 6> baked{}; // rounded
+    bool inherits = false;         // whether what follows counts
+    Style insert;
+
+    // What is compared.
+    auto Order() const
+    {
+        return std::tuple(block, baked, inherits, insert.colour.isTrue, insert.colour.rgb,
+                          insert.colour.index, insert.weight, insert.lineType, insert.layer);
+    }
+
+    VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle, const Style& ofInsert);
+
+    friend bool operator<(const VariantKey& a, const VariantKey& b) { return a.Order() < b.Order(); }
+};
+
+struct BlockVariant {
+    std::size_t number = 0; // of the output
+    Point2 origin;          // the point of the baked content that is the made block's origin
+};
+
+using BlockVariants = std::map<VariantKey, BlockVariant>;
+
+} // namespace prepare

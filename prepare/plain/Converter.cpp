@@ -1,0 +1,329 @@
+#include "prepare/plain/Converter.h"
+
+#include "prepare/plain/DrawEntity.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace prepare {
+
+namespace {
+
+// Deeper nesting is found in no drawing that a program wrote, and it bounds the stack.
+constexpr std::size_t kDeepestNesting = 64;
+
+// The content of a block is moved to the block's origin when it is farther away than so many of its sizes:
+// coordinates in a block may have single precision.
+constexpr double kFarInSizes = 16;
+
+constexpr std::int32_t kConstant = 2; // flag of an attribute
+constexpr std::int32_t kInvisible = 1;
+constexpr std::int32_t kExternal = 4; // flags of a block
+constexpr std::int32_t kOverlaid = 8;
+
+bool IsFinite(Point3 p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+bool IsFinite(const Matrix& matrix)
+{
+    return IsFinite(matrix.x) && IsFinite(matrix.y) && IsFinite(matrix.z) && IsFinite(matrix.origin);
+}
+
+// Programs take a factor of 0 for 1 in the plane; in z it flattens.
+Point3 UsableScale(Point3 scale)
+{
+    return {scale.x == 0 ? 1 : scale.x, scale.y == 0 ? 1 : scale.y, scale.z};
+}
+
+double Radians(double degrees)
+{
+    return degrees * 3.14159265358979323846 / 180;
+}
+
+// Types that a plain drawing has as they are.
+bool IsPlain(const Entity& entity)
+{
+    switch (entity.type) {
+    case EntityType::Line:
+    case EntityType::Circle:
+    case EntityType::Arc:
+    case EntityType::Ellipse:
+    case EntityType::LwPolyline:
+    case EntityType::Text:
+    case EntityType::Insert:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+Converter::Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
+                     PlainOutput& output, Report& report)
+    : m_drawing(drawing), m_options(options), m_settings(settings), m_output(output), m_report(report),
+      m_layers(drawing, options)
+{
+}
+
+void Converter::KnowBlocks(const BlockVariants& variants, const Measure& measure)
+{
+    m_knownVariants = &variants;
+    m_measure = &measure;
+}
+
+void Converter::Take(const Entity& entity)
+{
+    if (!m_styles) {
+        m_styles.emplace(m_drawing);
+        m_noInsert = m_styles->OfNoInsert();
+    }
+    if (entity.isInPaperSpace == 0)
+        Place(entity, {{}, m_noInsert, false, m_output.Model()});
+}
+
+void Converter::Finish()
+{
+    for (const TypeCount& type : m_rewritten)
+        if (type.count > 0)
+            m_report.Add(Finding::Rewritten, m_drawing.names.Text(type.name), "plain entities",
+                         type.firstLine, type.count);
+}
+
+void Converter::Place(const Entity& entity, const Context& context)
+{
+    if (entity.isInvisible == 1 || !TakePlace(entity.line))
+        return;
+    const Style style = m_styles->Of(entity, context.insert, context.isInBlock);
+    if (!IsPlain(entity))
+        CountRewritten(entity);
+    // What an insert shows is decided by the layers in its block, unless its own is frozen.
+    if (entity.type == EntityType::Insert)
+        return PlaceInsert(static_cast<const Insert&>(entity), context, style);
+    if (!m_layers.Shows(style.layer))
+        return;
+    switch (entity.type) {
+    case EntityType::Dimension:
+        return PlaceDimension(static_cast<const Dimension&>(entity), context, style);
+    case EntityType::Table:
+        return PlaceTable(static_cast<const Table&>(entity), context, style);
+    default:
+        return PlaceOther(entity, context, style);
+    }
+}
+
+void Converter::PlaceOther(const Entity& entity, const Context& context, const Style& style)
+{
+    if (!IsShownText(entity, context.isInBlock))
+        return;
+    const Placement placement{m_drawing,        context.matrix,       style,        m_settings.tolerance,
+                              m_settings.reach, m_settings.pointSize, context.sink, m_report};
+    const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
+        return m_styles->OfPart(part, style);
+    };
+    const bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
+    if (entity.type == EntityType::MultiLeader)
+        PlaceLeaderBlock(static_cast<const MultiLeader&>(entity), context, style);
+    if (!isDrawn && entity.type != EntityType::Viewport)
+        m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
+                     entity.line);
+}
+
+// In a block the definition of an attribute is a text only if it is constant: of any other an insert has its
+// own copy.
+bool Converter::IsShownText(const Entity& entity, bool isInBlock) const
+{
+    if (entity.type != EntityType::AttDef && entity.type != EntityType::Attrib)
+        return true;
+    const std::int32_t flags = static_cast<const Text&>(entity).flags;
+    const std::int32_t mode = m_drawing.header.Integer("$ATTMODE", 1);
+    if (mode == 0 || (mode == 1 && (flags & kInvisible) != 0))
+        return false;
+    return entity.type == EntityType::Attrib || !isInBlock || (flags & kConstant) != 0;
+}
+
+void Converter::PlaceInsert(const Insert& insert, const Context& context, const Style& style)
+{
+    if (m_layers.IsFrozen(style.layer))
+        return;
+    PlaceAttributes(insert, context);
+    const Block* const block = m_drawing.FindBlock(insert.block);
+    if (block == nullptr)
+        return m_report.Add(Finding::NotShown, "INSERT", "its block is missing", insert.line);
+    if ((block->flags & (kExternal | kOverlaid)) != 0 && block->entities.empty())
+        return m_report.Add(Finding::NotShown, "INSERT", "it shows another file: " + block->path,
+                            insert.line);
+    PlaceArray(insert, *block, context, style);
+}
+
+// Rows and columns are turned with the insert, but not scaled.
+void Converter::PlaceArray(const Insert& insert, const Block& block, const Context& context,
+                           const Style& style)
+{
+    const Matrix place = context.matrix * FromObject(insert.extrusion) * Moved(insert.point) *
+                         Turned(Radians(insert.rotation));
+    const Matrix shape = Scaled(UsableScale(insert.scale)) * Moved(-1 * block.base);
+    const std::int32_t rows = std::max(insert.rows, 1), columns = std::max(insert.columns, 1);
+    for (std::int32_t row = 0; row < rows; ++row)
+        for (std::int32_t column = 0; column < columns; ++column) {
+            if (row + column > 0 && !TakePlace(insert.line))
+                return;
+            const Point3 step{column * insert.columnSpacing, row * insert.rowSpacing, 0};
+            UseBlock(block, place * Moved(step) * shape, context, style, insert.line);
+        }
+}
+
+void Converter::PlaceAttributes(const Insert& insert, const Context& context)
+{
+    for (const auto& attribute : insert.attributes)
+        Place(*attribute, context);
+}
+
+// The block of a dimension holds what its author saw, in the coordinates of the dimension's own space.
+void Converter::PlaceDimension(const Dimension& dimension, const Context& context, const Style& style)
+{
+    const Block* const block = m_drawing.FindBlock(dimension.block);
+    if (block == nullptr || block->entities.empty())
+        return m_report.Add(Finding::NotShown, m_drawing.names.Text(dimension.typeName),
+                            "it has no picture block", dimension.line);
+    if (!MayEnter(*block, dimension.line))
+        return;
+    const Matrix place = context.matrix * FromObject(dimension.extrusion) * Moved(dimension.insertion);
+    const Matrix matrix = dimension.insertion == Point3{} ? context.matrix : place;
+    DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink});
+}
+
+void Converter::PlaceTable(const Table& table, const Context& context, const Style& style)
+{
+    const Block* const block = m_drawing.FindBlock(table.block);
+    if (block == nullptr || block->entities.empty())
+        return m_report.Add(Finding::NotShown, "ACAD_TABLE", "it has no picture block", table.line);
+    if (!MayEnter(*block, table.line))
+        return;
+    const double rotation = std::atan2(table.direction.y, table.direction.x);
+    const Matrix matrix = context.matrix * FromObject(table.extrusion) * Moved(table.point) *
+                          Turned(rotation) * Moved(-1 * block->base);
+    DrawContents(*block, {matrix, style, true, context.sink});
+}
+
+void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style)
+{
+    constexpr std::int32_t kBlockContent = 1;
+    if (leader.contentType != kBlockContent)
+        return;
+    const auto name = m_drawing.blockOfRecord.find(leader.blockHandle);
+    const Block* const block =
+        name != m_drawing.blockOfRecord.end() ? m_drawing.FindBlock(name->second) : nullptr;
+    if (block == nullptr)
+        return m_report.Add(Finding::NotShown, "MULTILEADER", "its block is missing", leader.line);
+    const Matrix matrix = context.matrix * FromObject(leader.extrusion) * Moved(leader.blockPoint) *
+                          Turned(leader.blockRotation) * Scaled(UsableScale(leader.blockScale)) *
+                          Moved(-1 * block->base);
+    UseBlock(*block, matrix, context, style, leader.line);
+}
+
+// A block with rays is drawn in place: how far they reach depends on where they are.
+void Converter::UseBlock(const Block& block, const Matrix& placement, const Context& context,
+                         const Style& style, std::uint64_t line)
+{
+    if (!IsFinite(placement))
+        return m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
+    if (block.entities.empty() || !MayEnter(block, line))
+        return;
+    if (TraitsOf(block).hasRays)
+        return DrawContents(block, {placement, style, true, context.sink});
+    const SplitPlacement split = Split(placement);
+    const BlockVariant* const variant = VariantOf(block, split, style);
+    Point2 origin = variant->origin;
+    if (split.isMirrored)
+        origin.y = -origin.y;
+    const double cosine = std::cos(split.rotation), sine = std::sin(split.rotation);
+    const Point2 turned{cosine * origin.x - sine * origin.y, sine * origin.x + cosine * origin.y};
+    context.sink.Insert(variant->number, split.point + turned, split.rotation, split.isMirrored);
+}
+
+// Every variant is complete before it is used.
+const BlockVariant* Converter::VariantOf(const Block& block, const SplitPlacement& split, const Style& style)
+{
+    const VariantKey key(block, split, TraitsOf(block).inherits, style);
+    const auto [place, isNew] = m_variants.try_emplace(key);
+    BlockVariant& variant = place->second;
+    if (!isNew)
+        return &variant;
+    variant.origin = OriginOf(key);
+    variant.number = m_output.NewBlock(m_drawing.names.Text(block.name));
+    const Matrix matrix = Moved({-variant.origin.x, -variant.origin.y, 0}) * split.baked;
+    DrawContents(block, {matrix, style, true, m_output.Block(variant.number)});
+    return &variant;
+}
+
+Point2 Converter::OriginOf(const VariantKey& key) const
+{
+    if (m_measure == nullptr)
+        return {};
+    const auto known = m_knownVariants->find(key);
+    if (known == m_knownVariants->end())
+        return {};
+    const Box box = m_measure->OfBlock(known->second.number).hull.Bounds();
+    if (box.IsEmpty())
+        return {};
+    const Point2 centre = 0.5 * (box.min + box.max);
+    return Length(centre) > kFarInSizes * box.LongerSide() ? centre : Point2{};
+}
+
+void Converter::DrawContents(const Block& block, const Context& context)
+{
+    m_open.push_back(&block);
+    for (const auto& entity : block.entities)
+        Place(*entity, context);
+    m_open.pop_back();
+}
+
+bool Converter::MayEnter(const Block& block, std::uint64_t line)
+{
+    if (std::find(m_open.begin(), m_open.end(), &block) != m_open.end()) {
+        m_report.Add(Finding::NotShown, "INSERT", "its block contains itself", line);
+        return false;
+    }
+    if (m_open.size() < kDeepestNesting)
+        return true;
+    m_report.Add(Finding::Cut, "INSERT", "blocks are nested too deep", line);
+    return false;
+}
+
+bool Converter::TakePlace(std::uint64_t line)
+{
+    if (m_placed < m_settings.mostPlaced) {
+        ++m_placed;
+        return true;
+    }
+    m_report.Add(Finding::Cut, "drawing", "its blocks and arrays unfold too far", line);
+    return false;
+}
+
+const Converter::BlockTraits& Converter::TraitsOf(const Block& block)
+{
+    const auto [place, isNew] = m_traits.try_emplace(&block);
+    BlockTraits& traits = place->second;
+    if (isNew)
+        for (const auto& entity : block.entities) {
+            traits.inherits = traits.inherits || m_styles->InheritsFromInsert(*entity);
+            traits.hasRays =
+                traits.hasRays || entity->type == EntityType::Ray || entity->type == EntityType::XLine;
+        }
+    return traits;
+}
+
+void Converter::CountRewritten(const Entity& entity)
+{
+    TypeCount& type = m_rewritten[static_cast<std::size_t>(entity.type)];
+    if (type.count++ == 0) {
+        type.firstLine = entity.line;
+        type.name = entity.typeName;
+    }
+}
+
+} // namespace prepare

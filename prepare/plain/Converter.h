@@ -1,0 +1,101 @@
+// Turns a drawing's entities into plain ones.
+#pragma once
+
+#include "prepare/Options.h"
+#include "prepare/plain/BlockVariants.h"
+#include "prepare/plain/LayerChoice.h"
+#include "prepare/plain/Measure.h"
+#include "prepare/plain/Placement.h"
+#include "prepare/plain/Styles.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace prepare {
+
+struct ConvertSettings {
+    double tolerance = 1; // of flattened curves, in drawing units
+    Box reach;            // of the whole drawing without rays; empty while it is not known
+    double pointSize = 0; // half the size of a POINT's mark
+    // How many entities may be placed, those in blocks counted for each variant of their block. A drawing
+    // that a program wrote has more than eight bytes for each.
+    std::uint64_t mostPlaced = UINT64_MAX;
+};
+
+// Takes the entities of the model space and gives plain ones to the output. The drawing must be complete when
+// the first entity comes.
+class Converter final : public EntitySink {
+public:
+    Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
+              PlainOutput& output, Report& report);
+
+    // Blocks whose content is far from their origin are made around it: known from converting the same
+    // drawing into a measure before. Both must outlive this.
+    void KnowBlocks(const BlockVariants& variants, const Measure& measure);
+
+    void Take(const Entity& entity) override;
+
+    // Reports what was counted. To be called once, after the last entity.
+    void Finish();
+
+    const BlockVariants& Variants() const { return m_variants; }
+
+private:
+    // Where entities are placed.
+    struct Context {
+        Matrix matrix; // from their world or block coordinates to the sink's plane
+        Style insert;
+        bool isInBlock = false;
+        PlainSink& sink;
+    };
+    struct BlockTraits {
+        bool inherits = false;
+        bool hasRays = false;
+    };
+    struct TypeCount {
+        std::uint64_t count = 0;
+        std::uint64_t firstLine = 0;
+        NameId name = kNoName;
+    };
+
+    void Place(const Entity& entity, const Context& context);
+    void PlaceOther(const Entity& entity, const Context& context, const Style& style);
+    void PlaceInsert(const Insert& insert, const Context& context, const Style& style);
+    void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
+    void PlaceAttributes(const Insert& insert, const Context& context);
+    void PlaceDimension(const Dimension& dimension, const Context& context, const Style& style);
+    void PlaceTable(const Table& table, const Context& context, const Style& style);
+    void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
+    void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
+                  std::uint64_t line);
+    void DrawContents(const Block& block, const Context& context);
+    const BlockVariant* VariantOf(const Block& block, const SplitPlacement& split, const Style& style);
+    Point2 OriginOf(const VariantKey& key) const;
+    bool MayEnter(const Block& block, std::uint64_t line);
+    bool TakePlace(std::uint64_t line);
+    bool IsShownText(const Entity& entity, bool isInBlock) const;
+    const BlockTraits& TraitsOf(const Block& block);
+    void CountRewritten(const Entity& entity);
+
+    const Drawing& m_drawing;
+    const Options& m_options;
+    const ConvertSettings m_settings;
+    PlainOutput& m_output;
+    Report& m_report;
+    LayerChoice m_layers;
+    std::optional<StyleResolver> m_styles; // made with the first entity: the tables are complete then
+    Style m_noInsert;
+    BlockVariants m_variants;
+    const BlockVariants* m_knownVariants = nullptr;
+    const Measure* m_measure = nullptr;
+    std::map<const Block*, BlockTraits> m_traits;
+    std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
+    std::uint64_t m_placed = 0;
+    std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;
+};
+
+} // namespace prepare

@@ -1,0 +1,82 @@
+#include "prepare/plain/LayerChoice.h"
+
+#include <algorithm>
+
+namespace prepare {
+
+namespace {
+
+constexpr std::int32_t kFrozen = 1;
+
+char LowerCase(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool MatchesAny(std::string_view name, const std::vector<std::string>& patterns)
+{
+    return std::any_of(patterns.begin(), patterns.end(),
+                       [&](const std::string& pattern) { return MatchesPattern(name, pattern); });
+}
+
+} // namespace
+
+// Only the last star is ever tried again: what an earlier one could take, that one can take, too.
+bool MatchesPattern(std::string_view name, std::string_view pattern)
+{
+    std::size_t at = 0, of = 0, star = std::string_view::npos, retry = 0;
+    while (at < name.size()) {
+        if (of < pattern.size() && pattern[of] == '*') {
+            star = of++;
+            retry = at;
+        } else if (of < pattern.size() && LowerCase(pattern[of]) == LowerCase(name[at])) {
+            ++of;
+            ++at;
+        } else if (star != std::string_view::npos) {
+            of = star + 1;
+            at = ++retry;
+        } else {
+            return false;
+        }
+    }
+    return std::all_of(pattern.begin() + static_cast<std::ptrdiff_t>(of), pattern.end(),
+                       [](char c) { return c == '*'; });
+}
+
+bool LayerChoice::Shows(NameId layer)
+{
+    if (layer >= m_answers.size())
+        m_answers.resize(std::max<std::size_t>(layer + 1, m_drawing.names.Count()), Answer::Unknown);
+    Answer& answer = m_answers[layer];
+    if (answer == Answer::Unknown)
+        answer = Decide(layer) ? Answer::Shown : Answer::Hidden;
+    return answer == Answer::Shown;
+}
+
+bool LayerChoice::IsFrozen(NameId layer) const
+{
+    const Layer* const found = m_drawing.FindLayer(layer);
+    return !m_options.showsAllLayers && found != nullptr && (found->flags & kFrozen) != 0;
+}
+
+// Layers that are asked for by name are shown whatever their state. DEFPOINTS holds the points that
+// dimensions are made from: it is never plotted.
+bool LayerChoice::Decide(NameId layer) const
+{
+    const std::string_view name = layer == kNoName ? "0" : m_drawing.names.Text(layer);
+    if (MatchesAny(name, m_options.withoutLayers))
+        return false;
+    if (!m_options.onlyLayers.empty())
+        return MatchesAny(name, m_options.onlyLayers);
+    if (m_options.showsAllLayers)
+        return true;
+    if (MatchesPattern(name, "DEFPOINTS"))
+        return false;
+    const Layer* const found = m_drawing.FindLayer(layer);
+    if (found == nullptr)
+        return true;
+    return found->colour >= 0 && (found->flags & kFrozen) == 0 &&
+           !(m_options.isForPaper && found->isPlotted == 0);
+}
+
+} // namespace prepare

@@ -1,0 +1,37 @@
+// Which layers are shown.
+#pragma once
+
+#include "prepare/Options.h"
+#include "prepare/drawing/Drawing.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace prepare {
+
+// Whether name is what pattern says: '*' is any text, ASCII letters are the same in both cases. Takes time
+// in proportion to the product of the lengths at most.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+// Decides by a drawing's layers and by what was asked for. Both must outlive it.
+class LayerChoice {
+public:
+    LayerChoice(const Drawing& drawing, const Options& options) : m_drawing(drawing), m_options(options) {}
+
+    // Whether what is on that layer is shown. A layer without a name is layer 0.
+    bool Shows(NameId layer);
+
+    // Whether the layer is frozen: an insert on it shows nothing, whatever the layers in its block.
+    bool IsFrozen(NameId layer) const;
+
+private:
+    bool Decide(NameId layer) const;
+
+    const Drawing& m_drawing;
+    const Options& m_options;
+    enum class Answer : std::uint8_t { Unknown, Shown, Hidden };
+    std::vector<Answer> m_answers; // by name
+};
+
+} // namespace prepare

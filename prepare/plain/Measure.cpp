@@ -1,0 +1,120 @@
+#include "prepare/plain/Measure.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+constexpr double kTurn = 2 * std::numbers::pi;
+
+// Wide enough for nearly any text, in heights of capitals for each byte.
+constexpr double kWidthOfByte = 0.7;
+
+} // namespace
+
+// The bulge is the tangent of a quarter of the arc's angle, below 0 for a clockwise arc.
+BulgeArc ArcOfBulge(Point2 from, Point2 to, double bulge)
+{
+    const Point2 chord = to - from;
+    const double length = Length(chord);
+    if (bulge == 0 || !(length > 0) || !std::isfinite(bulge))
+        return {};
+    BulgeArc arc;
+    const double half = length / 2;
+    arc.radius = half * (1 + bulge * bulge) / (2 * std::fabs(bulge));
+    // From the chord's middle to the centre, to the left of the way for a counter-clockwise arc below half
+    // a turn.
+    const double across = half * (1 - bulge * bulge) / (2 * bulge);
+    arc.centre = {(from.x + to.x) / 2 - across * chord.y / length,
+                  (from.y + to.y) / 2 + across * chord.x / length};
+    const Point2 first = (bulge > 0 ? from : to) - arc.centre;
+    arc.start = std::atan2(first.y, first.x);
+    arc.end = arc.start + 4 * std::atan(std::fabs(bulge));
+    return arc;
+}
+
+Measure::Measure()
+{
+    m_sinks.emplace_back(*this);
+}
+
+std::size_t Measure::NewBlock(std::string_view)
+{
+    m_sinks.emplace_back(*this);
+    return m_sinks.size() - 2;
+}
+
+void Measure::Sink::Line(const Style& style, Point2 start, Point2 end)
+{
+    measured.thinnestWeight = std::min(measured.thinnestWeight, style.weight);
+    measured.hull.Add(start);
+    measured.hull.Add(end);
+}
+
+void Measure::Sink::Circle(const Style& style, Point2 centre, double radius)
+{
+    Arc(style, centre, radius, 0, kTurn);
+}
+
+void Measure::Sink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
+{
+    measured.thinnestWeight = std::min(measured.thinnestWeight, style.weight);
+    measured.hull.AddArc(centre, radius, start, end);
+}
+
+void Measure::Sink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                            double end)
+{
+    constexpr int kSteps = 32;
+    measured.thinnestWeight = std::min(measured.thinnestWeight, style.weight);
+    const Point2 minorAxis{-ratio * majorAxis.y, ratio * majorAxis.x};
+    for (int i = 0; i <= kSteps; ++i) {
+        const double parameter = start + (end - start) * i / kSteps;
+        measured.hull.Add(centre + std::cos(parameter) * majorAxis + std::sin(parameter) * minorAxis);
+    }
+}
+
+void Measure::Sink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    measured.thinnestWeight = std::min(measured.thinnestWeight, style.weight);
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const PlainVertex& from = vertices[i];
+        measured.hull.Add(from.point);
+        if (from.bulge == 0 || (i + 1 == vertices.size() && !isClosed))
+            continue;
+        const PlainVertex& to = vertices[i + 1 == vertices.size() ? 0 : i + 1];
+        const BulgeArc arc = ArcOfBulge(from.point, to.point, from.bulge);
+        if (arc.radius > 0)
+            measured.hull.AddArc(arc.centre, arc.radius, arc.start, arc.end);
+    }
+}
+
+void Measure::Sink::Text(const Style&, const PlainText& text)
+{
+    measured.smallestText = std::min(measured.smallestText, Length(text.up));
+    const double width = kWidthOfByte * static_cast<double>(text.text.size());
+    const double before = text.anchor == Anchor::Start ? 0 : text.anchor == Anchor::Middle ? 0.5 : 1;
+    for (const double x : {-before * width, (1 - before) * width})
+        for (const double y : {-0.3, 1.0})
+            measured.hull.Add(text.point + x * text.along + y * text.up);
+}
+
+void Measure::Sink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+{
+    const Measured& inside = owner.OfBlock(block);
+    measured.thinnestWeight = std::min(measured.thinnestWeight, inside.thinnestWeight);
+    measured.smallestText = std::min(measured.smallestText, inside.smallestText);
+    if (inside.hull.IsEmpty())
+        return;
+    const double cosine = std::cos(rotation), sine = std::sin(rotation);
+    for (Point2 p : inside.hull.Points()) {
+        if (isMirrored)
+            p.y = -p.y;
+        measured.hull.Add(point + Point2{cosine * p.x - sine * p.y, sine * p.x + cosine * p.y});
+    }
+}
+
+} // namespace prepare

@@ -1,0 +1,61 @@
+// Measures a drawing before it is written: how far it reaches, how thin and small it gets.
+#pragma once
+
+#include "prepare/plain/Hull.h"
+#include "prepare/plain/Plain.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+
+namespace prepare {
+
+// What is known of a drawing or a block once all of it has been seen.
+struct Measured {
+    Hull hull;
+    std::int32_t thinnestWeight = INT32_MAX; // hundredths of a millimetre
+    double smallestText = HUGE_VAL;          // the height of its capitals
+};
+
+// Takes plain entities and keeps their measures alone.
+class Measure final : public PlainOutput {
+public:
+    Measure();
+
+    PlainSink& Model() override { return m_sinks[0]; }
+    std::size_t NewBlock(std::string_view name) override;
+    PlainSink& Block(std::size_t number) override { return m_sinks[number + 1]; }
+
+    const Measured& OfModel() const { return m_sinks[0].measured; }
+    const Measured& OfBlock(std::size_t number) const { return m_sinks[number + 1].measured; }
+
+private:
+    struct Sink final : PlainSink {
+        explicit Sink(Measure& itsOwner) : owner(itsOwner) {}
+        void Line(const Style& style, Point2 start, Point2 end) override;
+        void Circle(const Style& style, Point2 centre, double radius) override;
+        void Arc(const Style& style, Point2 centre, double radius, double start, double end) override;
+        void Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                     double end) override;
+        void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
+        void Text(const Style& style, const PlainText& text) override;
+        void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
+
+        Measure& owner;
+        Measured measured;
+    };
+
+    std::deque<Sink> m_sinks; // the model's, then those of the blocks
+};
+
+// The arc that a bulge makes of the segment between two points: its centre, its radius (0 for a straight
+// one), and its angles counter-clockwise, in radians.
+struct BulgeArc {
+    Point2 centre;
+    double radius = 0;
+    double start = 0;
+    double end = 0;
+};
+BulgeArc ArcOfBulge(Point2 from, Point2 to, double bulge);
+
+} // namespace prepare

@@ -1,0 +1,43 @@
+// Colour, line type, weight and layer of entities, with what they inherit.
+#pragma once
+
+#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/Plain.h"
+
+namespace prepare {
+
+// Resolves styles by a drawing's tables, which must be complete and outlive it.
+class StyleResolver {
+public:
+    explicit StyleResolver(const Drawing& drawing);
+
+    // What "by block" means where there is no insert around.
+    Style OfNoInsert() const;
+
+    // The style of an entity; insert is that of the insert around it. An entity of layer 0 in a block is on
+    // the insert's layer.
+    Style Of(const Entity& entity, const Style& insert, bool isInBlock) const;
+
+    // The style of a part of an entity. By layer is by its own layer if it has one, by block is as the entity
+    // itself.
+    Style OfPart(const StyleOfPart& part, const Style& entity) const;
+
+    // Whether the entity's style, or that of what is in it, depends on the insert around it.
+    bool InheritsFromInsert(const Entity& entity) const;
+
+private:
+    Colour ColourOf(std::int32_t colour, std::int32_t trueColour, NameId layer, const Colour& byBlock) const;
+    const LineType* LineTypeOf(NameId lineType, NameId layer, const LineType* byBlock) const;
+    std::int32_t WeightOf(std::int32_t weight, NameId layer, std::int32_t byBlock) const;
+    bool IsLayerZero(NameId layer) const { return layer == kNoName || layer == m_layerZero; }
+
+    const Drawing& m_drawing;
+    NameId m_layerZero;
+    NameId m_byLayer;
+    NameId m_byBlock;
+    NameId m_continuous;
+    std::int32_t m_defaultWeight;
+    double m_lineTypeScale;
+};
+
+} // namespace prepare
