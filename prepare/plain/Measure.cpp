@@ -102,6 +102,13 @@ void Measure::Sink::Text(const Style&, const PlainText& text)
             measured.hull.Add(text.point + x * text.along + y * text.up);
 }
 
+void Measure::Sink::Fill(const Style&, std::span<const std::vector<Point2>> rings)
+{
+    for (const std::vector<Point2>& ring : rings)
+        for (const Point2& point : ring)
+            measured.hull.Add(point);
+}
+
 void Measure::Sink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
     const Measured& inside = owner.OfBlock(block);

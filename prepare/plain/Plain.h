@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace prepare {
 
@@ -60,6 +61,9 @@ public:
                          double end) = 0;
     virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     virtual void Text(const Style& style, const PlainText& text) = 0;
+    // The area within rings by the even-odd rule; each ring is closed and has three points or more. A sink
+    // that has no fills draws the outlines.
+    virtual void Fill(const Style& style, std::span<const std::vector<Point2>> rings);
     // A use of a block that the output made: mirrored in y if wanted, then turned (radians), then moved.
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 };
