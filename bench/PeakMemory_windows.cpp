@@ -1,9 +1,6 @@
 #include "bench/PeakMemory.h"
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "base/Api_windows.h"
 
 #include <psapi.h>
 

@@ -1,14 +1,10 @@
 // What only Windows has among names and files.
+#include "base/Api_windows.h"
 #include "entry/dxfFileOpen.h"
 #include "support/Import.h"
 #include "support/TempFile.h"
 
 #include <gtest/gtest.h>
-
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 #include <thread>
 

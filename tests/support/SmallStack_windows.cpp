@@ -1,9 +1,6 @@
 #include "support/SmallStack.h"
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "base/Api_windows.h"
 
 namespace {
 

@@ -1,14 +1,11 @@
 // The ANSI code page, as the system converts it.
 #include "base/CodePage.h"
 
+#include "base/Api_windows.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
-
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace {
 

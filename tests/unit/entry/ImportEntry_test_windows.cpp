@@ -1,16 +1,12 @@
 #include "entry/dxfFileOpen.h"
 
+#include "base/Api_windows.h"
 #include "support/Import.h"
 #include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 TEST(ImportEntry, FileOfANameThatTheCodePageLacksIsReported)
 {
