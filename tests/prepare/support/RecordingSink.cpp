@@ -54,8 +54,8 @@ void RecordingSink::Circle(const Style& style, Point2 centre, double radius)
 
 void RecordingSink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
 {
-    Add(style, "arc " + At(centre) + " radius " + Number(radius) + " from " + Number(start) + " to " +
-                   Number(end));
+    Add(style,
+        "arc " + At(centre) + " radius " + Number(radius) + " from " + Number(start) + " to " + Number(end));
 }
 
 void RecordingSink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,

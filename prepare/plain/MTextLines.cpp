@@ -1,0 +1,264 @@
+#include "prepare/plain/MTextLines.h"
+
+#include "prepare/plain/TextMetrics.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace prepare {
+
+namespace {
+
+using Kind = MTextItem::Kind;
+
+bool IsFraction(Kind kind)
+{
+    return kind == Kind::Tolerance || kind == Kind::Fraction || kind == Kind::Diagonal;
+}
+
+double WidthOf(std::string_view text, const RunLook& look)
+{
+    return TextWidth(text) * look.height * look.widthFactor;
+}
+
+// Between the parts of a fraction, in heights of its letters; those of a diagonal one overlap.
+constexpr double kFractionGap = 0.4;
+constexpr double kDiagonalGap = -0.2;
+constexpr double kFractionMargin = 0.1;
+
+class LineBreaker {
+public:
+    LineBreaker(const MTextContent& content, double width) : m_content(content), m_limit(width) {}
+
+    std::vector<TextLine> Break()
+    {
+        m_line.isFirst = true;
+        std::size_t first = 0;
+        for (std::size_t i = 0; i < m_content.items.size(); ++i) {
+            const Kind kind = m_content.items[i].kind;
+            if (kind != Kind::ParagraphEnd && kind != Kind::ColumnEnd)
+                continue;
+            BreakParagraph(first, i);
+            first = i + 1;
+        }
+        return std::move(m_lines);
+    }
+
+private:
+    void BreakParagraph(std::size_t first, std::size_t end)
+    {
+        const MTextItem& ending = m_content.items[end];
+        m_line.paragraph = ending.below;
+        while (first < end) {
+            const std::size_t next = EndOfWord(first, end);
+            const Kind kind = m_content.items[first].kind;
+            if (kind == Kind::Blank)
+                m_blanks.push_back(first);
+            else if (kind == Kind::Tab)
+                AddTab();
+            else
+                AddWord(first, next);
+            first = next;
+        }
+        AddLinedBlanks();
+        m_line.endsColumn = ending.kind == Kind::ColumnEnd;
+        if (m_line.height == 0)
+            m_line.height = m_content.looks[ending.look].height;
+        EndLine();
+        m_line.isFirst = true;
+    }
+
+    std::size_t EndOfWord(std::size_t first, std::size_t end) const
+    {
+        const auto joins = [&](std::size_t i) {
+            const Kind kind = m_content.items[i].kind;
+            return kind == Kind::Letters || IsFraction(kind);
+        };
+        std::size_t next = first + 1;
+        if (joins(first))
+            while (next < end && joins(next))
+                ++next;
+        return next;
+    }
+
+    const ParagraphLook& Paragraph() const { return m_content.paragraphs[m_line.paragraph]; }
+
+    // From the left side of the column to the line's start.
+    double Indent() const { return Paragraph().left + (m_line.isFirst ? Paragraph().firstIndent : 0); }
+
+    bool Fits(double width) const
+    {
+        constexpr double kRounding = 1e-6;
+        const double room = m_limit - Indent() - Paragraph().right;
+        return !(m_limit > 0) || m_x + width <= room * (1 + kRounding);
+    }
+
+    double WidthOfItems(std::size_t first, std::size_t end) const
+    {
+        double width = 0;
+        for (; first < end; ++first)
+            width += WidthOfItem(m_content.items[first]);
+        return width;
+    }
+
+    double WidthOfItem(const MTextItem& item) const
+    {
+        const RunLook& look = m_content.looks[item.look];
+        if (!IsFraction(item.kind))
+            return WidthOf(m_content.Text(item), look);
+        return ShapeOfFraction(FractionOf(item), look, look.height).width;
+    }
+
+    LinePart FractionOf(const MTextItem& item) const
+    {
+        LinePart part;
+        part.kind = item.kind;
+        part.look = item.look;
+        part.text = m_content.Text(item);
+        part.below = m_content.Below(item);
+        return part;
+    }
+
+    void AddWord(std::size_t first, std::size_t end)
+    {
+        double blanks = 0;
+        for (const std::size_t blank : m_blanks)
+            blanks += WidthOfItem(m_content.items[blank]);
+        if (m_x > 0 && !Fits(blanks + WidthOfItems(first, end)))
+            BreakLine();
+        AddBlanks();
+        for (; first < end; ++first)
+            AddItem(m_content.items[first]);
+        m_line.width = m_x;
+    }
+
+    void AddBlanks()
+    {
+        for (const std::size_t blank : m_blanks)
+            AddItem(m_content.items[blank]);
+        m_blanks.clear();
+    }
+
+    // Blanks at the end of a paragraph show only the lines along them.
+    void AddLinedBlanks()
+    {
+        const bool areLined = std::any_of(m_blanks.begin(), m_blanks.end(), [&](std::size_t blank) {
+            return m_content.looks[m_content.items[blank].look].lines != 0;
+        });
+        if (areLined) {
+            AddBlanks();
+            m_line.width = m_x;
+        }
+        m_blanks.clear();
+    }
+
+    void AddItem(const MTextItem& item)
+    {
+        const double width = WidthOfItem(item);
+        const RunLook& look = m_content.looks[item.look];
+        if (IsFraction(item.kind)) {
+            m_line.parts.push_back(FractionOf(item));
+            m_line.parts.back().x = m_x;
+            m_line.parts.back().width = width;
+        } else if (JoinsLast(look)) {
+            m_line.parts.back().text += m_content.Text(item);
+            m_line.parts.back().width += width;
+        } else if (item.kind != Kind::Blank || look.lines != 0) {
+            m_line.parts.push_back(
+                {Kind::Letters, item.look, std::string(m_content.Text(item)), {}, m_x, width});
+        }
+        m_x += width;
+        m_line.height = std::max(m_line.height, look.height);
+    }
+
+    // Whether more letters of that look go on where the last part ends.
+    bool JoinsLast(const RunLook& look) const
+    {
+        if (m_line.parts.empty() || IsFraction(m_line.parts.back().kind))
+            return false;
+        const LinePart& last = m_line.parts.back();
+        return m_content.looks[last.look] == look && std::fabs(last.x + last.width - m_x) <= 1e-9 * m_x;
+    }
+
+    // To the next stop; behind the last one stops are four letters apart.
+    void AddTab()
+    {
+        AddBlanks();
+        const double place = Indent() + m_x;
+        const std::vector<double>& tabs = Paragraph().tabs;
+        const auto stop = std::upper_bound(tabs.begin(), tabs.end(), place);
+        const double distance = 4 * m_content.looks.front().height;
+        m_x = (stop != tabs.end() ? *stop : (std::floor(place / distance) + 1) * distance) - Indent();
+    }
+
+    void BreakLine()
+    {
+        m_blanks.clear();
+        EndLine();
+    }
+
+    void EndLine()
+    {
+        for (const LinePart& part : m_line.parts) {
+            if (!IsFraction(part.kind))
+                continue;
+            const FractionShape shape = ShapeOfFraction(part, m_content.looks[part.look], m_line.height);
+            m_line.ascent = std::max(m_line.ascent, shape.top);
+            m_line.descent = std::max(m_line.descent, -shape.lowerY);
+        }
+        m_line.ascent = std::max(m_line.ascent, m_line.height);
+        const std::uint32_t paragraph = m_line.paragraph;
+        m_lines.push_back(std::exchange(m_line, {}));
+        m_line.paragraph = paragraph;
+        m_x = 0;
+    }
+
+    const MTextContent& m_content;
+    const double m_limit;
+    std::vector<TextLine> m_lines;
+    TextLine m_line;
+    double m_x = 0;                    // where the next item begins, from the line's start
+    std::vector<std::size_t> m_blanks; // that are in the line if a word follows
+};
+
+} // namespace
+
+double RaiseOf(const RunLook& look, double lineHeight)
+{
+    return look.alignment * (lineHeight - look.height) / 2;
+}
+
+FractionShape ShapeOfFraction(const LinePart& part, const RunLook& look, double lineHeight)
+{
+    const double upper = WidthOf(part.text, look), lower = WidthOf(part.below, look);
+    const double gap = (part.kind == Kind::Diagonal ? kDiagonalGap : kFractionGap) * look.height;
+    const double margin = kFractionMargin * look.height;
+    const double whole = 2 * look.height + gap;
+
+    FractionShape shape;
+    shape.lowerY = look.alignment * (lineHeight - whole) / 2;
+    shape.upperY = shape.lowerY + look.height + gap;
+    shape.top = shape.lowerY + whole;
+    shape.upperX = margin;
+    shape.lowerX = margin;
+    if (part.kind == Kind::Diagonal) {
+        shape.lowerX += upper + kSlashWidth * look.height;
+        shape.width = shape.lowerX + lower + margin;
+        return shape;
+    }
+    const double wider = std::max(upper, lower);
+    shape.width = wider + 2 * margin;
+    if (part.kind == Kind::Fraction) {
+        shape.upperX += (wider - upper) / 2;
+        shape.lowerX += (wider - lower) / 2;
+    }
+    return shape;
+}
+
+std::vector<TextLine> BreakIntoLines(const MTextContent& content, double width)
+{
+    return LineBreaker(content, width).Break();
+}
+
+} // namespace prepare

@@ -1,0 +1,87 @@
+#include "prepare/plain/TextPieces.h"
+
+#include "prepare/plain/TextCodes.h"
+#include "prepare/plain/TextMetrics.h"
+
+#include <cmath>
+
+namespace prepare {
+
+namespace {
+
+struct KindOfLine {
+    std::uint8_t bit;
+    double height; // above the base line, in heights of capitals
+};
+
+constexpr KindOfLine kKindsOfLines[] = {{kUnderline, -0.2}, {kOverline, 1.2}, {kStrike, 0.5}};
+
+bool IsFinite(Point2 p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+} // namespace
+
+void TextDrawer::Draw(const Style& style, const TextPiece& piece)
+{
+    DrawLetters(style, piece);
+    DrawLinedParts(style, piece);
+}
+
+// Blanks at the ends would be lost in a picture, and move what is centred: the point makes up for them.
+void TextDrawer::DrawLetters(const Style& style, const TextPiece& piece)
+{
+    const std::size_t first = piece.text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return;
+    const std::size_t last = piece.text.find_last_not_of(' ');
+    const double blank = CharacterWidth(U' ') * piece.height * piece.widthFactor;
+    const double before = blank * static_cast<double>(first);
+    const double after = blank * static_cast<double>(piece.text.size() - 1 - last);
+    const double share = ShareBefore(piece.anchor);
+
+    PlainText text;
+    text.text = piece.text.substr(first, last + 1 - first);
+    text.point = m_frame.At(piece.u + before * (1 - share) - after * share, piece.v);
+    text.along = piece.height * piece.widthFactor * m_frame.u;
+    text.up = piece.height * (m_frame.v + piece.slant * m_frame.u);
+    text.anchor = piece.anchor;
+    text.style = m_textStyle;
+    if (!IsFinite(text.point) || !IsFinite(text.along) || !IsFinite(text.up))
+        LeaveOut("numbers that are not finite");
+    else if (!(std::fabs(Cross(text.along, text.up)) > 0))
+        LeaveOut("seen edge-on");
+    else
+        m_placement.sink.Text(style, text);
+}
+
+void TextDrawer::DrawLinedParts(const Style& style, const TextPiece& piece)
+{
+    const double start = piece.u - piece.width * ShareBefore(piece.anchor);
+    for (const LinedPart& part : piece.linedParts)
+        for (const auto& [bit, height] : kKindsOfLines)
+            if ((part.lines & bit) != 0) {
+                const double v = piece.v + height * piece.height;
+                const double lean = height * piece.height * piece.slant;
+                DrawLine(style, {start + part.start + lean, v}, {start + part.end + lean, v});
+            }
+}
+
+void TextDrawer::DrawLine(const Style& style, Point2 start, Point2 end)
+{
+    Style solid = style;
+    solid.lineType = nullptr;
+    solid.width = 0;
+    const Point2 from = m_frame.At(start.x, start.y);
+    const Point2 to = m_frame.At(end.x, end.y);
+    if (IsFinite(from) && IsFinite(to) && !(from == to))
+        m_placement.sink.Line(solid, from, to);
+}
+
+void TextDrawer::LeaveOut(std::string_view reason)
+{
+    m_placement.report.Add(Finding::NotShown, m_typeName, reason, m_line);
+}
+
+} // namespace prepare

@@ -1,0 +1,33 @@
+#include "prepare/plain/TextStyles.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace prepare {
+
+double TextHeightOf(double height, const TextStyle* style, const Header& header)
+{
+    if (!(height <= 0)) // a height that is not a number is not for others to hide
+        return height;
+    if (style != nullptr && style->height > 0)
+        return style->height;
+    constexpr double kUsualHeight = 2.5;
+    const double usual = header.Real("$TEXTSIZE", kUsualHeight);
+    return usual > 0 ? usual : kUsualHeight;
+}
+
+double WidthFactorOf(double factor)
+{
+    return factor > 0 && std::isfinite(factor) ? factor : 1;
+}
+
+double SlantOf(double degrees)
+{
+    constexpr double kSteepest = 85;
+    if (!std::isfinite(degrees))
+        return 0;
+    const double angle = std::remainder(degrees, 360);
+    return std::tan(std::clamp(angle, -kSteepest, kSteepest) * kDegree);
+}
+
+} // namespace prepare
