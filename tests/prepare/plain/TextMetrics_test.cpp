@@ -1,0 +1,48 @@
+#include "prepare/plain/TextMetrics.h"
+
+#include <gtest/gtest.h>
+
+namespace prepare {
+namespace {
+
+TEST(TextMetrics, WidthsAreInHeightsOfCapitals)
+{
+    EXPECT_DOUBLE_EQ(TextWidth(""), 0);
+    EXPECT_DOUBLE_EQ(TextWidth("I"), 0.405);
+    EXPECT_DOUBLE_EQ(TextWidth("W"), 1.356);
+    EXPECT_DOUBLE_EQ(TextWidth("AB"), 0.938 + 0.941);
+}
+
+TEST(TextMetrics, AccentsGreekAndCyrillicHaveTheirOwnWidths)
+{
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u00C4'), 0.938);                // A with two dots: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0131'), CharacterWidth(U'i')); // i without its dot
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0391'), 0.938);                // Alpha: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0410'), 0.938);                // Cyrillic A: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0301'), 0);                    // an accent over the letter before
+}
+
+TEST(TextMetrics, EastAsianCharactersAreAnEmWide)
+{
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u4E2D'), 1.372);
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\uAC00'), 1.372);
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\uFF21'), 1.372);
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\uFF71'), 0.686); // half as wide
+}
+
+TEST(TextMetrics, WhatTheFontLacksIsAsWideAsUsual)
+{
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0E01'), 0.84); // Thai
+    EXPECT_DOUBLE_EQ(CharacterWidth(0xFFFFFFFF), 0.84);
+}
+
+TEST(TextMetrics, TailsReachBelowTheBaseLine)
+{
+    EXPECT_DOUBLE_EQ(InkReachOf("AB").bottom, 0);
+    EXPECT_DOUBLE_EQ(InkReachOf("Ag").bottom, -0.285);
+    EXPECT_DOUBLE_EQ(InkReachOf("xz").top, 0.75);
+    EXPECT_DOUBLE_EQ(InkReachOf("xd").top, 1);
+}
+
+} // namespace
+} // namespace prepare
