@@ -8,13 +8,14 @@ namespace {
 
 // Large enough that the system's calls do not count, small enough to stay in the second-level cache.
 constexpr std::size_t kBufferSize = std::size_t{128} << 10;
+static_assert(CDxfStream::kMostLongestLine <= kBufferSize / 2);
 constexpr char kEndOfFileByte = '\x1A';
 
 } // namespace
 
-CDxfStream::CDxfStream(CDxfSource& source)
-    : m_source(source), m_buffer(new char[kBlock + kBufferSize + kBlock]()), m_front(m_buffer.get() + kBlock),
-      m_line(m_front), m_end(m_front)
+CDxfStream::CDxfStream(CDxfSource& source, std::size_t longestLine)
+    : m_source(source), m_longestLine(longestLine), m_buffer(new char[kBlock + kBufferSize + kBlock]()),
+      m_front(m_buffer.get() + kBlock), m_line(m_front), m_end(m_front), m_longestPlain(longestLine)
 {
     StartBlocksAt(m_line);
 }
@@ -108,8 +109,8 @@ CDxfLine CDxfStream::OtherLine()
 
 CDxfLine CDxfStream::LimitLine(const char* begin, std::size_t size)
 {
-    if (size > kLongestLine) {
-        size = kLongestLine;
+    if (size > m_longestLine) {
+        size = m_longestLine;
         m_lineWasCut = true;
     }
     if (m_longestPlain == 0)
@@ -124,7 +125,7 @@ CDxfLine CDxfStream::LineAtEndOfBuffer()
         const std::size_t begun = static_cast<std::size_t>(m_end - m_line);
         if (m_sourceEnded)
             return LastLine();
-        if (begun > kLongestLine + 1) // more than the longest line and a carriage return
+        if (begun > m_longestLine + 1) // more than the longest line and a carriage return
             return OverlongLine();
         std::memmove(m_front, m_line, begun);
         m_line = m_front;
@@ -148,8 +149,8 @@ CDxfLine CDxfStream::LastLine()
 // Keeps what counts of the begun line at the buffer's front and drops the rest of it.
 CDxfLine CDxfStream::OverlongLine()
 {
-    std::memmove(m_front, m_line, kLongestLine + 1);
-    char* const rest = m_front + kLongestLine + 1;
+    std::memmove(m_front, m_line, m_longestLine + 1);
+    char* const rest = m_front + m_longestLine + 1;
     const char* lineFeed = nullptr;
     while (lineFeed == nullptr && !m_sourceEnded) {
         m_end = rest + Fill(rest);
@@ -158,7 +159,7 @@ CDxfLine CDxfStream::OverlongLine()
     m_eof = lineFeed == nullptr;
     m_line = m_eof ? m_end : lineFeed + 1;
     StartBlocksAt(m_line);
-    return LimitLine(m_front, kLongestLine + 1);
+    return LimitLine(m_front, m_longestLine + 1);
 }
 
 // Reads into the buffer from place on; returns the number of bytes that count.

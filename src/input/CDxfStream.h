@@ -15,15 +15,21 @@
 // Cuts a source into lines as a narrow stream in text mode does that is read with getline into a buffer of
 // 1024 bytes: the same lines, the same end-of-file flag, on every platform. A carriage return right before a
 // line feed is dropped and a byte 0x1A ends the file. A line of more than 1023 bytes gives its first 1023,
-// and a NUL byte ends its line's text.
+// and a NUL byte ends its line's text. Another limit than 1023 can be asked for.
 //
 // The source is read in large blocks, whose line ends are found 64 bytes at a time.
 class CDxfStream {
 public:
     static constexpr std::size_t kLongestLine = 1023;
 
-    // The source must outlive the stream. Throws std::bad_alloc.
-    explicit CDxfStream(CDxfSource& source);
+    // Half of what is read at once.
+    static constexpr std::size_t kMostLongestLine = std::size_t{64} << 10;
+
+    // The source must outlive the stream. longestLine is at most kMostLongestLine. Throws std::bad_alloc.
+    explicit CDxfStream(CDxfSource& source, std::size_t longestLine = kLongestLine);
+
+    // An empty line to begin with, for whoever keeps the last one.
+    CDxfLine EmptyLine() const { return {m_front, 0}; }
 
     // The next line, without its end; empty at the end of the file, as often as it is asked for. The
     // characters stay valid until the next call.
@@ -63,7 +69,7 @@ public:
     // Something happened during the last getline that is to be reported.
     bool HasTrouble() const { return m_lineWasCut || m_readFailed; }
 
-    // Each says once whether the last line was longer than kLongestLine, or whether the source failed.
+    // Each says once whether the last line was longer than the longest one, or whether the source failed.
     bool TakeLineWasCut() { return std::exchange(m_lineWasCut, false); }
     bool TakeReadFailed() { return std::exchange(m_readFailed, false); }
 
@@ -88,6 +94,7 @@ private:
     std::size_t Fill(char* place);
 
     CDxfSource& m_source;
+    const std::size_t m_longestLine;
     std::unique_ptr<char[]> m_buffer; // what is read into, with a block before and after it
     char* const m_front;
     const char* m_line;  // where the next line begins
@@ -97,7 +104,7 @@ private:
     bool m_eof = false;
     bool m_exhausted = false;
     bool m_sourceEnded = false;
-    std::size_t m_longestPlain = kLongestLine; // 0 once there may be a NUL
+    std::size_t m_longestPlain; // the longest line; 0 once there may be a NUL
     bool m_lineWasCut = false;
     bool m_readFailed = false;
 };

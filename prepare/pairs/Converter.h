@@ -1,0 +1,22 @@
+// Makes text of drawings that are written in another way.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace prepare {
+
+// Takes a file part by part.
+class Converter {
+public:
+    virtual ~Converter() = default;
+
+    // Adds the text of the next part to text; what needs bytes of a later part waits for them.
+    virtual void Take(std::string_view bytes, std::string& text) = 0;
+    // Adds the text of what still waits, at the end of the file.
+    virtual void Finish(std::string& text) = 0;
+    // True once the bytes were none of this form: the rest gives no text.
+    virtual bool IsBroken() const { return false; }
+};
+
+} // namespace prepare

@@ -1,0 +1,109 @@
+#include "prepare/pairs/PairReader.h"
+
+namespace prepare {
+
+namespace {
+
+// The format's codes are -5 to 1071. A number beyond is a value.
+constexpr std::int32_t kLeastCode = -999;
+constexpr std::int32_t kGreatestCode = 1099;
+constexpr std::size_t kMostDigits = 4;
+
+// Unlike base's ParseCode, takes nothing but a number in its blanks: "12.5" is no code.
+bool ParseStrictCode(std::string_view line, std::int32_t& code)
+{
+    std::string_view text = Trim(line);
+    const bool isNegative = text.starts_with('-');
+    text.remove_prefix(isNegative ? 1 : 0);
+    if (text.empty() || text.size() > kMostDigits)
+        return false;
+    std::int32_t value = 0;
+    for (const char c : text) {
+        if (!IsDigit(c))
+            return false;
+        value = value * 10 + (c - '0');
+    }
+    value = isNegative ? -value : value;
+    if (value < kLeastCode || value > kGreatestCode)
+        return false;
+    code = value;
+    return true;
+}
+
+} // namespace
+
+bool PairReader::NextSlowly()
+{
+    CDxfLine line = m_stream.EmptyLine();
+    return !m_hasEnded && TakeCodeLine(line) && NextAfter(line);
+}
+
+// Reads a line where a code belongs; false at the end.
+bool PairReader::TakeCodeLine(CDxfLine& line)
+{
+    line = m_stream.getline();
+    ++m_lines;
+    NoteTrouble();
+    if (!m_stream.IsExhausted())
+        return true;
+    --m_lines;
+    return End();
+}
+
+// line has been read where a code belongs.
+bool PairReader::NextAfter(std::string_view line)
+{
+    while (!ParseStrictCode(line, m_code)) {
+        SkipLine(line);
+        CDxfLine next = m_stream.EmptyLine();
+        if (!TakeCodeLine(next))
+            return false;
+        line = next;
+    }
+    if (m_blankLines.count != 0) {
+        if (m_skippedLines.count == 0 || m_blankLines.firstLine < m_skippedLines.firstLine)
+            m_skippedLines.firstLine = m_blankLines.firstLine;
+        m_skippedLines.count += m_blankLines.count;
+        m_blankLines = {};
+    }
+    return ReadValue();
+}
+
+void PairReader::SkipLine(std::string_view line)
+{
+    Tally& tally = Trim(line).empty() ? m_blankLines : m_skippedLines;
+    tally.Add(m_lines);
+}
+
+// A pair that may be the end, or one with which something happened.
+bool PairReader::LookAtPair()
+{
+    NoteTrouble();
+    if (m_stream.IsExhausted()) {
+        --m_lines;
+        return End();
+    }
+    if (m_code == 0 && Trim(m_value) == "EOF") {
+        m_hasEofPair = true;
+        return End();
+    }
+    return true;
+}
+
+void PairReader::NoteTrouble()
+{
+    if (m_stream.TakeLineWasCut())
+        m_cutLines.Add(m_lines);
+    if (m_stream.TakeReadFailed())
+        m_hasFailed = true;
+}
+
+bool PairReader::End()
+{
+    m_hasEnded = true;
+    m_code = 0;
+    m_value = m_stream.EmptyLine();
+    return false;
+}
+
+} // namespace prepare

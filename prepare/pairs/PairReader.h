@@ -1,0 +1,104 @@
+// The group pairs of a drawing.
+#pragma once
+
+#include "base/Numbers.h"
+#include "input/CDxfStream.h"
+#include "prepare/pairs/TextSource.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace prepare {
+
+// How often something was met, and where first.
+struct Tally {
+    std::uint64_t count = 0;
+    std::uint64_t firstLine = 0;
+
+    void Add(std::uint64_t line)
+    {
+        if (count++ == 0)
+            firstLine = line;
+    }
+};
+
+// Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. A line that is no
+// group code where one belongs is skipped: so a file with a line too many or too few gets back into step.
+class PairReader {
+public:
+    static constexpr std::size_t kLongestLine = CDxfStream::kMostLongestLine;
+
+    // The source must outlive this. Throws std::bad_alloc.
+    explicit PairReader(CDxfSource& source) : m_text(source), m_stream(m_text, kLongestLine) {}
+
+    // Steps to the next pair; false at the end, which is the pair 0, EOF or that of the file. Then the pair
+    // is 0 and an empty value.
+    bool Next()
+    {
+        do {
+            if (!NextOrComment())
+                return false;
+        } while (m_code == kComment);
+        return true;
+    }
+
+    std::int32_t Code() const { return m_code; }
+    // Without its line end, with its blanks; good until Next.
+    CDxfLine Value() const { return m_value; }
+    // The line of the code in the file, from 1; in a binary drawing, that of the text it would be.
+    std::uint64_t Line() const { return m_lines - 1; }
+
+    // Each is final once Next has given false.
+    std::uint64_t Lines() const { return m_lines; }
+    std::uint64_t Bytes() const { return m_text.BytesRead(); }
+    bool HasEofPair() const { return m_hasEofPair; }
+    bool HasFailed() const { return m_hasFailed; } // the source could not be read to its end
+    bool IsBrokenBinary() const { return m_text.IsBroken(); }
+    const Tally& SkippedLines() const { return m_skippedLines; } // no codes
+    const Tally& CutLines() const { return m_cutLines; }         // longer than kLongestLine
+
+private:
+    static constexpr std::int32_t kComment = 999;
+
+    bool NextOrComment()
+    {
+        std::string_view line;
+        if (m_hasEnded || !m_stream.TryLine(line)) [[unlikely]]
+            return NextSlowly();
+        ++m_lines;
+        if (!ParseUsualCode(line, m_code)) [[unlikely]]
+            return NextAfter(line);
+        return ReadValue();
+    }
+
+    bool ReadValue()
+    {
+        m_value = m_stream.getline();
+        ++m_lines;
+        if (m_code == 0 || m_stream.HasTrouble() || m_stream.IsExhausted()) [[unlikely]]
+            return LookAtPair();
+        return true;
+    }
+
+    bool NextSlowly();
+    bool NextAfter(std::string_view line);
+    bool LookAtPair();
+    bool TakeCodeLine(CDxfLine& line);
+    void NoteTrouble();
+    void SkipLine(std::string_view line);
+    bool End();
+
+    TextSource m_text;
+    CDxfStream m_stream;
+    CDxfLine m_value = m_stream.EmptyLine();
+    std::int32_t m_code = 0;
+    std::uint64_t m_lines = 0;
+    Tally m_skippedLines;
+    Tally m_blankLines; // counted as skipped once another pair follows
+    Tally m_cutLines;
+    bool m_hasEnded = false;
+    bool m_hasEofPair = false;
+    bool m_hasFailed = false;
+};
+
+} // namespace prepare

@@ -1,0 +1,173 @@
+#include "prepare/pairs/TextSource.h"
+
+#include "prepare/pairs/Utf16Text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <string_view>
+
+namespace prepare {
+
+namespace {
+
+constexpr std::size_t kPart = std::size_t{32} << 10; // converted at once
+
+// How many bytes tell what a file is.
+constexpr std::size_t kFront = 32;
+
+// True when a carriage return is followed by something else than a line feed. Without a branch, so that it
+// is done in wide steps: nearly all drawings have none.
+bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
+{
+    unsigned char found = 0;
+    for (std::size_t i = 0; i + 1 < size; ++i)
+        found = static_cast<unsigned char>(found | ((bytes[i] == '\r') & (bytes[i + 1] != '\n')));
+    return found != 0;
+}
+
+} // namespace
+
+std::ptrdiff_t TextSource::Read(char* bytes, std::size_t size)
+{
+    try {
+        if (!m_hasBegun)
+            Begin();
+        for (;;) {
+            const std::size_t held = m_held;
+            std::memset(bytes, '\r', held);
+            const std::ptrdiff_t count = ReadRaw(bytes + held, size - held);
+            if (count < 0)
+                return count;
+            m_held = 0;
+            std::size_t valid = held + static_cast<std::size_t>(count);
+            if (count != 0)
+                valid = HoldCarriageReturns(bytes, valid);
+            if (HasLoneCarriageReturn(bytes, valid) || (valid != 0 && bytes[valid - 1] == '\r'))
+                valid = NormaliseLineEnds(bytes, valid);
+            BlankInnerEndBytes(bytes, valid);
+            if (valid != 0 || count == 0)
+                return static_cast<std::ptrdiff_t>(valid);
+        }
+    } catch (const std::bad_alloc&) {
+        return -1;
+    }
+}
+
+// Takes carriage returns from the end of a part.
+std::size_t TextSource::HoldCarriageReturns(const char* bytes, std::size_t size)
+{
+    while (size != 0 && bytes[size - 1] == '\r' && m_held < kMostHeld) {
+        --size;
+        ++m_held;
+    }
+    return size;
+}
+
+// Makes one line feed of a line end, whether it is "\n", "\r\n", "\r\r\n" or "\r"; returns the new size.
+std::size_t TextSource::NormaliseLineEnds(char* bytes, std::size_t size)
+{
+    char* out = bytes;
+    std::size_t returns = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        if (bytes[i] == '\r') {
+            ++returns;
+            continue;
+        }
+        if (bytes[i] != '\n')
+            out = std::fill_n(out, returns, '\n');
+        returns = 0;
+        *out++ = bytes[i];
+    }
+    return static_cast<std::size_t>(std::fill_n(out, returns, '\n') - bytes);
+}
+
+// A text can hold the byte that ends a file where it begins a line.
+void TextSource::BlankInnerEndBytes(char* bytes, std::size_t size)
+{
+    if (size == 0)
+        return;
+    char* at = bytes;
+    char* const end = bytes + size;
+    while ((at = static_cast<char*>(std::memchr(at, '\x1A', static_cast<std::size_t>(end - at)))) !=
+           nullptr) {
+        if ((at == bytes ? m_last : at[-1]) != '\n')
+            *at = ' ';
+        if (++at == end)
+            break;
+    }
+    m_last = end[-1];
+}
+
+// Sees what the file is by its first bytes.
+void TextSource::Begin()
+{
+    m_hasBegun = true;
+    char bytes[kFront];
+    std::size_t count = 0;
+    while (count < kFront && !m_hasEnded && !m_hasFailed)
+        count +=
+            static_cast<std::size_t>(std::max<std::ptrdiff_t>(ReadSource(bytes + count, kFront - count), 0));
+    std::string_view front(bytes, count);
+    if (front.starts_with("\xEF\xBB\xBF")) {
+        front.remove_prefix(3);
+    } else if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
+        m_converter = std::make_unique<Utf16Text>(front[0] == '\xFE');
+        front.remove_prefix(2);
+    }
+    m_front = front;
+}
+
+std::ptrdiff_t TextSource::ReadRaw(char* bytes, std::size_t size)
+{
+    if (m_converter)
+        return ReadConverted(bytes, size);
+    if (m_front.empty())
+        return ReadSource(bytes, size);
+    const std::size_t count = m_front.copy(bytes, size);
+    m_front.erase(0, count);
+    return static_cast<std::ptrdiff_t>(count);
+}
+
+std::ptrdiff_t TextSource::ReadConverted(char* bytes, std::size_t size)
+{
+    while (m_given == m_converted.size()) {
+        m_converted.clear();
+        m_given = 0;
+        if (!m_front.empty()) {
+            m_converter->Take(m_front, m_converted);
+            m_front.clear();
+            continue;
+        }
+        if (m_hasFinished)
+            return 0;
+        char part[kPart];
+        const std::ptrdiff_t count = ReadSource(part, kPart);
+        if (count < 0)
+            return count;
+        m_hasFinished = count == 0;
+        if (m_hasFinished)
+            m_converter->Finish(m_converted);
+        else
+            m_converter->Take({part, static_cast<std::size_t>(count)}, m_converted);
+    }
+    const std::size_t count = m_converted.copy(bytes, size, m_given);
+    m_given += count;
+    return static_cast<std::ptrdiff_t>(count);
+}
+
+// Never asks the source again once it has ended or failed.
+std::ptrdiff_t TextSource::ReadSource(char* bytes, std::size_t size)
+{
+    if (m_hasFailed)
+        return -1;
+    if (m_hasEnded)
+        return 0;
+    const std::ptrdiff_t count = m_source.Read(bytes, size);
+    m_hasFailed = count < 0;
+    m_hasEnded = count == 0;
+    m_bytesRead += count > 0 ? static_cast<std::uint64_t>(count) : 0;
+    return count;
+}
+
+} // namespace prepare

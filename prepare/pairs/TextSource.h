@@ -1,0 +1,56 @@
+// Any drawing's bytes as lines of text that end in line feeds.
+#pragma once
+
+#include "input/CDxfSource.h"
+#include "prepare/pairs/Converter.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace prepare {
+
+// Gives the bytes of another source as CDxfStream takes them: byte order marks are dropped, UTF-16 and binary
+// drawings become text, a carriage return that no line feed follows is a line feed, and a byte 0x1A that
+// does not begin a line is a blank. All else stays as it is.
+class TextSource final : public CDxfSource {
+public:
+    // source must outlive this.
+    explicit TextSource(CDxfSource& source) : m_source(source) {}
+
+    // size must be above kMostHeld. Gives a negative number when the other source does, and when memory is
+    // short.
+    std::ptrdiff_t Read(char* bytes, std::size_t size) override;
+
+    std::uint64_t BytesRead() const { return m_bytesRead; }
+    // True once a binary drawing has a group that this form of it cannot have.
+    bool IsBroken() const { return m_converter && m_converter->IsBroken(); }
+
+private:
+    // Carriage returns at the end of a part whose meaning the next byte decides. More are line ends at once.
+    static constexpr std::size_t kMostHeld = 16;
+
+    void Begin();
+    std::ptrdiff_t ReadRaw(char* bytes, std::size_t size);
+    std::ptrdiff_t ReadSource(char* bytes, std::size_t size);
+    std::ptrdiff_t ReadConverted(char* bytes, std::size_t size);
+    std::size_t HoldCarriageReturns(const char* bytes, std::size_t size);
+    static std::size_t NormaliseLineEnds(char* bytes, std::size_t size);
+    void BlankInnerEndBytes(char* bytes, std::size_t size);
+
+    CDxfSource& m_source;
+    std::unique_ptr<Converter> m_converter; // null: the bytes are text as they are
+    std::string m_front;                    // what was read to see what the file is, not given out yet
+    std::string m_converted;                // given out up to m_given
+    std::size_t m_given = 0;
+    std::size_t m_held = 0;
+    std::uint64_t m_bytesRead = 0;
+    char m_last = '\n'; // the byte given out last
+    bool m_hasBegun = false;
+    bool m_hasEnded = false;
+    bool m_hasFailed = false;
+    bool m_hasFinished = false; // m_converter has given all
+};
+
+} // namespace prepare

@@ -1,0 +1,240 @@
+#include "prepare/pairs/PairReader.h"
+
+#include "prepare/support/Dxf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace prepare {
+namespace {
+
+// Gives only a few bytes at once, as a pipe does.
+class SlowSource final : public CDxfSource {
+public:
+    SlowSource(std::string_view bytes, std::size_t most) : m_memory(bytes), m_most(most) {}
+    std::ptrdiff_t Read(char* bytes, std::size_t size) override
+    {
+        return m_memory.Read(bytes, std::min(size, m_most));
+    }
+
+private:
+    CDxfMemory m_memory;
+    std::size_t m_most;
+};
+
+class FailingSource final : public CDxfSource {
+public:
+    explicit FailingSource(std::string_view bytes) : m_memory(bytes) {}
+    std::ptrdiff_t Read(char* bytes, std::size_t size) override
+    {
+        const std::ptrdiff_t count = m_memory.Read(bytes, size);
+        return count == 0 ? -1 : count;
+    }
+
+private:
+    CDxfMemory m_memory;
+};
+
+// Every pair as "line code value;".
+std::string ReadAll(PairReader& reader)
+{
+    std::string all;
+    while (reader.Next())
+        all += std::to_string(reader.Line()) + " " + std::to_string(reader.Code()) + " " +
+               std::string(reader.Value()) + ";";
+    return all;
+}
+
+std::string ReadAll(std::string_view text)
+{
+    CDxfMemory memory(text);
+    PairReader reader(memory);
+    return ReadAll(reader);
+}
+
+std::string Utf16(std::u16string_view text, bool isBigEndian)
+{
+    std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (const char16_t unit : text) {
+        const char low = static_cast<char>(unit & 0xFF), high = static_cast<char>(unit >> 8);
+        bytes += isBigEndian ? high : low;
+        bytes += isBigEndian ? low : high;
+    }
+    return bytes;
+}
+
+TEST(PairReader, PairsHaveTheLineOfTheirCodeAndTheirValueAsItIs)
+{
+    EXPECT_EQ(ReadAll("  0\nSECTION\n  1\n  two blanks \n"), "1 0 SECTION;3 1   two blanks ;");
+}
+
+TEST(PairReader, LinesEndInAnyWay)
+{
+    const std::string pairs = "1 0 LINE;3 8 Walls;5 10 1.5;";
+    for (const std::string end : {"\n", "\r\n", "\r", "\r\r\n"})
+        for (const std::size_t most : {1, 2, 3, 7, 1000}) {
+            const std::string text =
+                "0" + end + "LINE" + end + "8" + end + "Walls" + end + "10" + end + "1.5" + end;
+            SlowSource source(text, most);
+            PairReader reader(source);
+            EXPECT_EQ(ReadAll(reader), pairs) << most;
+        }
+}
+
+TEST(PairReader, EmptyValuesCountAsLinesWhateverTheLineEnd)
+{
+    for (const std::string end : {"\n", "\r\n", "\r"})
+        EXPECT_EQ(ReadAll("1" + end + end + "8" + end + "0" + end), "1 1 ;3 8 0;") << end.size();
+}
+
+TEST(PairReader, ManyCarriageReturnsInARunAreAsManyLines)
+{
+    const std::string text = std::string(100'000, '\r') + "0\rLINE\r";
+    SlowSource source(text, 1000);
+    PairReader reader(source);
+    EXPECT_EQ(ReadAll(reader), "100001 0 LINE;");
+}
+
+TEST(PairReader, CodesMayHaveBlanksOnEitherSide)
+{
+    EXPECT_EQ(ReadAll("     0  \nLINE\n\t62\n7\n"), "1 0 LINE;3 62 7;");
+    EXPECT_EQ(ReadAll("1071\n5\n-4\nAND\n"), "1 1071 5;3 -4 AND;");
+}
+
+TEST(PairReader, TheFileMayEndInTheMiddleOfALineOrAPair)
+{
+    EXPECT_EQ(ReadAll("0\nLINE"), "1 0 LINE;");
+    EXPECT_EQ(ReadAll("0\nLINE\n8"), "1 0 LINE;");
+    EXPECT_EQ(ReadAll("0\nLINE\n8\n"), "1 0 LINE;");
+    EXPECT_EQ(ReadAll(""), "");
+}
+
+TEST(PairReader, NothingAfterThePairEofIsRead)
+{
+    CDxfMemory memory("0\nLINE\n  0\nEOF \n8\nx\n0\nCIRCLE\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 LINE;");
+    EXPECT_TRUE(reader.HasEofPair());
+    EXPECT_FALSE(reader.Next());
+    EXPECT_EQ(reader.Code(), 0);
+    EXPECT_TRUE(reader.Value().empty());
+    EXPECT_EQ(reader.SkippedLines().count, 0u);
+}
+
+TEST(PairReader, AFileWithoutThePairEofSaysSo)
+{
+    CDxfMemory memory("0\nENDSEC\n\n\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 ENDSEC;");
+    EXPECT_FALSE(reader.HasEofPair());
+    EXPECT_EQ(reader.SkippedLines().count, 0u); // blank lines at the end hurt nobody
+}
+
+TEST(PairReader, CommentsAreLeftOut)
+{
+    EXPECT_EQ(ReadAll("999\nmade by hand\n0\nLINE\n999\n0\n999\nEOF\n8\nx\n"), "3 0 LINE;9 8 x;");
+    std::string many;
+    for (int i = 0; i < 300'000; ++i)
+        many += "999\nx\n";
+    EXPECT_EQ(ReadAll(many + "0\nLINE\n"), "600001 0 LINE;");
+}
+
+TEST(PairReader, TheByteThatEndsAFileDoesSoOnlyAtTheBeginOfALine)
+{
+    EXPECT_EQ(ReadAll("0\nLINE\n\x1A\n8\nx\n"), "1 0 LINE;");
+    EXPECT_EQ(ReadAll("0\r\nLINE\r\n\x1A"), "1 0 LINE;");
+    EXPECT_EQ(ReadAll("1\na\x1A"
+                      "b\n8\nx\n"),
+              "1 1 a b;3 8 x;");
+    SlowSource source("1\na\x1A"
+                      "b\n\x1A"
+                      "8\nx\n",
+                      1);
+    PairReader reader(source);
+    EXPECT_EQ(ReadAll(reader), "1 1 a b;");
+}
+
+TEST(PairReader, ByteOrderMarkOfUtf8IsDropped)
+{
+    EXPECT_EQ(ReadAll("\xEF\xBB\xBF  0\nLINE\n"), "1 0 LINE;");
+}
+
+TEST(PairReader, Utf16BecomesUtf8InEitherByteOrder)
+{
+    for (const bool isBigEndian : {false, true})
+        for (const std::size_t most : {1, 3, 1000}) {
+            const std::string bytes = Utf16(u"0\r\nTEXT\r\n1\r\n\u00C4\u20AC\U0001F600\r\n", isBigEndian);
+            SlowSource source(bytes, most);
+            PairReader reader(source);
+            EXPECT_EQ(ReadAll(reader), "1 0 TEXT;3 1 \xC3\x84\xE2\x82\xAC\xF0\x9F\x98\x80;");
+        }
+}
+
+TEST(PairReader, SurrogatesAloneBecomeTheReplacementCharacter)
+{
+    const char16_t text[] = {u'1', u'\n', 0xD800, u'a', 0xDC00, u'\n', u'1', u'\n', 0xD801, 0};
+    EXPECT_EQ(ReadAll(Utf16(text, false)), "1 1 \xEF\xBF\xBD"
+                                           "a\xEF\xBF\xBD;3 1 \xEF\xBF\xBD;");
+}
+
+TEST(PairReader, ALineTooManyIsSkippedAndCounted)
+{
+    CDxfMemory memory("0\nTEXT\n1\nfirst\nsecond\n40\n2.5\nAcDbText\n7\nStandard\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 TEXT;3 1 first;6 40 2.5;9 7 Standard;");
+    EXPECT_EQ(reader.SkippedLines().count, 2u);
+    EXPECT_EQ(reader.SkippedLines().firstLine, 5u);
+}
+
+TEST(PairReader, BlankLinesBetweenPairsAreSkippedAndCounted)
+{
+    CDxfMemory memory("0\nTEXT\n\n  \n40\n2.5\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 TEXT;5 40 2.5;");
+    EXPECT_EQ(reader.SkippedLines().count, 2u);
+    EXPECT_EQ(reader.SkippedLines().firstLine, 3u);
+}
+
+TEST(PairReader, RealsAndNumbersBeyondTheFormatsCodesAreNoCodes)
+{
+    EXPECT_EQ(ReadAll("0.0\n12000\n5E2\n12 13\n 10\n1\n"), "5 10 1;");
+}
+
+TEST(PairReader, LongTextsAreKeptAndLongerOnesCut)
+{
+    const std::string longest(PairReader::kLongestLine, 'a');
+    const std::string text =
+        "1\n" + longest + "\n1\n" + longest + "bc\n1\n" + longest + longest + longest + "\n8\nx\n";
+    CDxfMemory kept(text);
+    PairReader reader(kept);
+    EXPECT_EQ(ReadAll(reader), "1 1 " + longest + ";3 1 " + longest + ";5 1 " + longest + ";7 8 x;");
+    EXPECT_EQ(reader.CutLines().count, 2u);
+    EXPECT_EQ(reader.CutLines().firstLine, 4u);
+}
+
+TEST(PairReader, CountsLinesAndBytes)
+{
+    const std::string text = Dxf({{0, "LINE"}, {8, "x"}, {0, "EOF"}});
+    CDxfMemory memory(text);
+    PairReader reader(memory);
+    ReadAll(reader);
+    EXPECT_EQ(reader.Lines(), 6u);
+    EXPECT_EQ(reader.Bytes(), text.size());
+}
+
+TEST(PairReader, FailureToReadIsTold)
+{
+    FailingSource source("0\nLINE\n8\nx\n");
+    PairReader reader(source);
+    EXPECT_EQ(ReadAll(reader), "1 0 LINE;3 8 x;");
+    EXPECT_TRUE(reader.HasFailed());
+    CDxfMemory memory("0\nLINE\n");
+    PairReader other(memory);
+    ReadAll(other);
+    EXPECT_FALSE(other.HasFailed());
+}
+
+} // namespace
+} // namespace prepare
