@@ -112,7 +112,7 @@ void TextSource::Begin()
     if (front.starts_with("\xEF\xBB\xBF")) {
         front.remove_prefix(3);
     } else if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
-        m_converter = std::make_unique<Utf16Text>(front[0] == '\xFE');
+        m_decoder = std::make_unique<Utf16Text>(front[0] == '\xFE');
         front.remove_prefix(2);
     }
     m_front = front;
@@ -120,8 +120,8 @@ void TextSource::Begin()
 
 std::ptrdiff_t TextSource::ReadRaw(char* bytes, std::size_t size)
 {
-    if (m_converter)
-        return ReadConverted(bytes, size);
+    if (m_decoder)
+        return ReadDecoded(bytes, size);
     if (m_front.empty())
         return ReadSource(bytes, size);
     const std::size_t count = m_front.copy(bytes, size);
@@ -129,13 +129,13 @@ std::ptrdiff_t TextSource::ReadRaw(char* bytes, std::size_t size)
     return static_cast<std::ptrdiff_t>(count);
 }
 
-std::ptrdiff_t TextSource::ReadConverted(char* bytes, std::size_t size)
+std::ptrdiff_t TextSource::ReadDecoded(char* bytes, std::size_t size)
 {
-    while (m_given == m_converted.size()) {
-        m_converted.clear();
+    while (m_given == m_decoded.size()) {
+        m_decoded.clear();
         m_given = 0;
         if (!m_front.empty()) {
-            m_converter->Take(m_front, m_converted);
+            m_decoder->Take(m_front, m_decoded);
             m_front.clear();
             continue;
         }
@@ -147,11 +147,11 @@ std::ptrdiff_t TextSource::ReadConverted(char* bytes, std::size_t size)
             return count;
         m_hasFinished = count == 0;
         if (m_hasFinished)
-            m_converter->Finish(m_converted);
+            m_decoder->Finish(m_decoded);
         else
-            m_converter->Take({part, static_cast<std::size_t>(count)}, m_converted);
+            m_decoder->Take({part, static_cast<std::size_t>(count)}, m_decoded);
     }
-    const std::size_t count = m_converted.copy(bytes, size, m_given);
+    const std::size_t count = m_decoded.copy(bytes, size, m_given);
     m_given += count;
     return static_cast<std::ptrdiff_t>(count);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "input/CDxfSource.h"
-#include "prepare/pairs/Converter.h"
+#include "prepare/pairs/Decoder.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,7 +25,7 @@ public:
 
     std::uint64_t BytesRead() const { return m_bytesRead; }
     // True once a binary drawing has a group that this form of it cannot have.
-    bool IsBroken() const { return m_converter && m_converter->IsBroken(); }
+    bool IsBroken() const { return m_decoder && m_decoder->IsBroken(); }
 
 private:
     // Carriage returns at the end of a part whose meaning the next byte decides. More are line ends at once.
@@ -34,15 +34,15 @@ private:
     void Begin();
     std::ptrdiff_t ReadRaw(char* bytes, std::size_t size);
     std::ptrdiff_t ReadSource(char* bytes, std::size_t size);
-    std::ptrdiff_t ReadConverted(char* bytes, std::size_t size);
+    std::ptrdiff_t ReadDecoded(char* bytes, std::size_t size);
     std::size_t HoldCarriageReturns(const char* bytes, std::size_t size);
     static std::size_t NormaliseLineEnds(char* bytes, std::size_t size);
     void BlankInnerEndBytes(char* bytes, std::size_t size);
 
     CDxfSource& m_source;
-    std::unique_ptr<Converter> m_converter; // null: the bytes are text as they are
-    std::string m_front;                    // what was read to see what the file is, not given out yet
-    std::string m_converted;                // given out up to m_given
+    std::unique_ptr<Decoder> m_decoder; // null: the bytes are text as they are
+    std::string m_front;                // what was read to see what the file is, not given out yet
+    std::string m_decoded;              // given out up to m_given
     std::size_t m_given = 0;
     std::size_t m_held = 0;
     std::uint64_t m_bytesRead = 0;
@@ -50,7 +50,7 @@ private:
     bool m_hasBegun = false;
     bool m_hasEnded = false;
     bool m_hasFailed = false;
-    bool m_hasFinished = false; // m_converter has given all
+    bool m_hasFinished = false; // m_decoder has given all
 };
 
 } // namespace prepare

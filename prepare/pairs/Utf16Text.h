@@ -1,12 +1,12 @@
 // Drawings in UTF-16.
 #pragma once
 
-#include "prepare/pairs/Converter.h"
+#include "prepare/pairs/Decoder.h"
 
 namespace prepare {
 
 // Makes UTF-8 of UTF-16; surrogates alone become U+FFFD.
-class Utf16Text final : public Converter {
+class Utf16Text final : public Decoder {
 public:
     explicit Utf16Text(bool isBigEndian) : m_isBigEndian(isBigEndian) {}
 

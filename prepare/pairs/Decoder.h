@@ -7,9 +7,9 @@
 namespace prepare {
 
 // Takes a file part by part.
-class Converter {
+class Decoder {
 public:
-    virtual ~Converter() = default;
+    virtual ~Decoder() = default;
 
     // Adds the text of the next part to text; what needs bytes of a later part waits for them.
     virtual void Take(std::string_view bytes, std::string& text) = 0;
