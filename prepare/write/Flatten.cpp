@@ -1,0 +1,69 @@
+#include "prepare/write/Flatten.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+constexpr int kMostPieces = 4096;
+
+Point2 LeftOf(Point2 v)
+{
+    return {-v.y, v.x};
+}
+
+} // namespace
+
+CircularArc ArcOnChord(Point2 a, Point2 b, double bulge)
+{
+    const Point2 chord = b - a;
+    const double fromChord = (1 / bulge - bulge) / 4; // of the centre, to the left, in lengths of the chord
+    const Point2 centre = 0.5 * (a + b) + fromChord * LeftOf(chord);
+    if (bulge < 0)
+        std::swap(a, b);
+    CircularArc arc{centre, Length(chord) * (std::fabs(bulge) + 1 / std::fabs(bulge)) / 4,
+                    std::atan2(a.y - centre.y, a.x - centre.x), 0};
+    arc.end = arc.start + 4 * std::atan(std::fabs(bulge));
+    return arc;
+}
+
+int ChordsOfArc(double radius, double angle, double tolerance)
+{
+    if (!(tolerance < radius))
+        return std::clamp(static_cast<int>(std::ceil(angle / (std::numbers::pi / 4))), 1, 8);
+    // Half an angle's chord is radius * (1 - cos) from the arc, twice the square of the sine of a quarter.
+    const double half = 2 * std::asin(std::sqrt(tolerance / (2 * radius)));
+    const double pieces = std::ceil(angle / (2 * half));
+    return pieces < kMostPieces ? std::max(static_cast<int>(pieces), 1) : kMostPieces;
+}
+
+void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, double tolerance)
+{
+    const double height = std::fabs(bulge) * Length(b - a) / 2;
+    if (height > tolerance) {
+        const CircularArc arc = ArcOnChord(a, b, bulge);
+        const int pieces = ChordsOfArc(arc.radius, arc.end - arc.start, tolerance);
+        for (int i = 1; i < pieces; ++i) {
+            const double share = static_cast<double>(bulge > 0 ? i : pieces - i) / pieces;
+            const double angle = arc.start + share * (arc.end - arc.start);
+            points.push_back(arc.centre + arc.radius * Point2{std::cos(angle), std::sin(angle)});
+        }
+    }
+    points.push_back(b);
+}
+
+void AppendEllipseChords(std::vector<Point2>& points, Point2 centre, Point2 majorAxis, double ratio,
+                         double start, double end, double tolerance)
+{
+    const Point2 minorAxis = ratio * LeftOf(majorAxis);
+    const int pieces = ChordsOfArc(Length(majorAxis), end - start, tolerance);
+    for (int i = 0; i <= pieces; ++i) {
+        const double angle = start + (end - start) * i / pieces;
+        points.push_back(centre + std::cos(angle) * majorAxis + std::sin(angle) * minorAxis);
+    }
+}
+
+} // namespace prepare

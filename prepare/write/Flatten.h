@@ -1,0 +1,34 @@
+// Curves as points.
+#pragma once
+
+#include "prepare/drawing/Point.h"
+#include "prepare/plain/Plain.h"
+
+#include <span>
+#include <vector>
+
+namespace prepare {
+
+// A circular arc, counter-clockwise, in radians.
+struct CircularArc {
+    Point2 centre;
+    double radius = 0;
+    double start = 0;
+    double end = 0; // above start
+};
+
+// The arc from a to b whose bulge is not 0; a and b differ.
+CircularArc ArcOnChord(Point2 a, Point2 b, double bulge);
+
+// How many pieces an arc of that angle needs so that no chord is farther than tolerance from it: 1 to 4096.
+int ChordsOfArc(double radius, double angle, double tolerance);
+
+// Adds points of the arc from a to b, without a itself. A bulge of 0, or an arc nearer to its chord than
+// tolerance, adds b alone.
+void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, double tolerance);
+
+// Adds points of an elliptical arc, both ends included.
+void AppendEllipseChords(std::vector<Point2>& points, Point2 centre, Point2 majorAxis, double ratio,
+                         double start, double end, double tolerance);
+
+} // namespace prepare

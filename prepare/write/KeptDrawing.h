@@ -1,0 +1,43 @@
+// What both profiles start from: all plain entities, as they came.
+#pragma once
+
+#include "prepare/write/DrawingWriter.h"
+#include "prepare/write/PlainLog.h"
+#include "prepare/write/StyleTable.h"
+
+#include <deque>
+#include <string>
+
+namespace prepare {
+
+struct KeptBlock {
+    std::string name; // as it was asked for
+    PlainLog log;
+};
+
+// Keeps the entities of the model and of each block in logs. drawing and report must outlive it.
+class KeptDrawing : public DrawingWriter {
+public:
+    KeptDrawing(const Drawing& drawing, const WriteSettings& settings, Report& report)
+        : m_drawing(drawing), m_settings(settings), m_report(report), m_model(m_styles)
+    {
+    }
+
+    PlainSink& Model() override { return m_model; }
+    std::size_t NewBlock(std::string_view name) override
+    {
+        m_blocks.push_back({std::string(name), PlainLog(m_styles)});
+        return m_blocks.size() - 1;
+    }
+    PlainSink& Block(std::size_t number) override { return m_blocks[number].log; }
+
+protected:
+    const Drawing& m_drawing;
+    const WriteSettings m_settings;
+    Report& m_report;
+    StyleTable m_styles;
+    PlainLog m_model;
+    std::deque<KeptBlock> m_blocks;
+};
+
+} // namespace prepare

@@ -1,0 +1,233 @@
+#include "prepare/write/ModuleEntities.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+constexpr double kTurn = 2 * std::numbers::pi;
+constexpr double kDegree = std::numbers::pi / 180;
+
+// Above this, an arc's centre is so far away that its ends are no longer where they should be.
+constexpr double kLargestRadius = 1e10;
+
+} // namespace
+
+Point2 ModuleEntities::Rounded(Point2 p) const
+{
+    return {RoundedTo(p.x, m_out.decimals), RoundedTo(p.y, m_out.decimals)};
+}
+
+// As many decimals of an angle in that unit (in radians) as a point at the radius needs.
+int ModuleEntities::DecimalsOfAngle(double radius, double unit) const
+{
+    const double step = PowerOfTen(-m_out.decimals) / (radius * unit);
+    return std::clamp(static_cast<int>(std::ceil(-std::log10(step))), 0, 14);
+}
+
+void ModuleEntities::Begin(const char* type, StyleId style)
+{
+    m_out.pairs.Text(0, type);
+    m_out.pairs.Raw(m_out.styles.OfStroke(style));
+}
+
+void ModuleEntities::Point(int code, Point2 p)
+{
+    m_out.pairs.Fixed(code, p.x, m_out.decimals);
+    m_out.pairs.Fixed(code + 10, p.y, m_out.decimals);
+}
+
+void ModuleEntities::Line(StyleId style, Point2 start, Point2 end)
+{
+    WriteLine(style, Local(start), Local(end));
+}
+
+void ModuleEntities::WriteLine(StyleId style, Point2 start, Point2 end)
+{
+    if (Rounded(start) == Rounded(end))
+        return;
+    Begin("LINE", style);
+    Point(10, start);
+    Point(11, end);
+}
+
+void ModuleEntities::Circle(StyleId style, Point2 centre, double radius)
+{
+    const double written = m_out.factor * radius;
+    if (RoundedTo(written, m_out.decimals) == 0)
+        return;
+    Begin("CIRCLE", style);
+    Point(10, Local(centre));
+    m_out.pairs.Fixed(40, written, m_out.decimals);
+}
+
+void ModuleEntities::Arc(StyleId style, Point2 centre, double radius, double start, double end)
+{
+    WriteArc(style, Local(centre), m_out.factor * radius, start, end);
+}
+
+void ModuleEntities::WriteArc(StyleId style, Point2 centre, double radius, double start, double end)
+{
+    if (radius > kLargestRadius) {
+        m_points.clear();
+        AppendEllipseChords(m_points, centre, {radius, 0}, 1, start, end, m_out.tolerance);
+        return WritePoints(style, m_points, false);
+    }
+    const int decimals = DecimalsOfAngle(radius, kDegree);
+    ForArcParts(start, end, [&](double first, double last) {
+        const double from = RoundedTo(DegreesOf(first), decimals), to = RoundedTo(DegreesOf(last), decimals);
+        if (from == to)
+            return; // too short to be seen
+        Begin("ARC", style);
+        Point(10, centre);
+        m_out.pairs.Fixed(40, radius, m_out.decimals);
+        m_out.pairs.Fixed(50, from, decimals);
+        m_out.pairs.Fixed(51, to, decimals);
+    });
+}
+
+void ModuleEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                             double end)
+{
+    constexpr double kAlmost = 1e-9;
+    const Point2 axis = m_out.factor * majorAxis;
+    if (Rounded(axis) == Point2{})
+        return;
+    if (end - start > kTurn - kAlmost)
+        WriteEllipse(style, Local(centre), axis, ratio);
+    else
+        WriteEllipticalArc(style, Local(centre), axis, ratio, start, end, 3);
+}
+
+void ModuleEntities::WriteEllipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio)
+{
+    Begin("ELLIPSE", style);
+    Point(10, centre);
+    Point(11, majorAxis);
+    m_out.pairs.Real(40, ratio, 9);
+}
+
+void ModuleEntities::WriteEllipticalArc(StyleId style, Point2 centre, Point2 majorAxis, double ratio,
+                                        double start, double end, int splits)
+{
+    const int decimals = DecimalsOfAngle(Length(majorAxis), 1);
+    const double first = RoundedTo(start, decimals), last = RoundedTo(end, decimals);
+    const DrawnEllipse drawn = HowModuleDraws(ratio, first, last);
+    const bool isLong = end - start > 1;
+    if (drawn != DrawnEllipse::Right && isLong && splits > 0) {
+        const double middle = (start + end) / 2;
+        WriteEllipticalArc(style, centre, majorAxis, ratio, start, middle, splits - 1);
+        WriteEllipticalArc(style, centre, majorAxis, ratio, middle, end, splits - 1);
+    } else if (drawn != DrawnEllipse::Right) {
+        m_points.clear();
+        AppendEllipseChords(m_points, centre, majorAxis, ratio, start, end, m_out.tolerance);
+        WritePoints(style, m_points, false);
+    } else {
+        WriteEllipse(style, centre, majorAxis, ratio);
+        m_out.pairs.Fixed(41, first, decimals);
+        m_out.pairs.Fixed(42, last, decimals);
+    }
+}
+
+void ModuleEntities::Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    if (WriteRoundPolyline(style, vertices, isClosed))
+        return;
+    m_points.clear();
+    m_points.push_back(Local(vertices.front().point));
+    for (std::size_t i = 1; i <= vertices.size(); ++i) {
+        if (i == vertices.size() && !isClosed)
+            break;
+        const PlainVertex& from = vertices[i - 1];
+        const PlainVertex& to = vertices[i % vertices.size()];
+        AppendChords(m_points, Local(from.point), Local(to.point), from.bulge, m_out.tolerance);
+    }
+    WritePoints(style, m_points, isClosed);
+}
+
+// A polyline that is one arc, or a circle of two, is written as that: true when it was.
+bool ModuleEntities::WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    if (vertices.size() != 2)
+        return false;
+    const double bulge = vertices[0].bulge;
+    const Point2 a = Local(vertices[0].point), b = Local(vertices[1].point);
+    if (std::fabs(bulge) * Length(b - a) / 2 < PowerOfTen(-m_out.decimals))
+        return false; // straight
+    const CircularArc arc = ArcOnChord(a, b, bulge);
+    if (!isClosed) {
+        WriteArc(style, arc.centre, arc.radius, arc.start, arc.end);
+        return true;
+    }
+    if (std::fabs(bulge) != 1 || vertices[1].bulge != bulge)
+        return false;
+    Circle(style, 0.5 * (vertices[0].point + vertices[1].point), arc.radius / m_out.factor);
+    return true;
+}
+
+void ModuleEntities::WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed)
+{
+    for (Point2& point : points)
+        point = Rounded(point);
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+    if (isClosed && points.size() > 1 && points.front() == points.back())
+        points.pop_back();
+    if (points.size() < 2)
+        return;
+    if (points.size() == 2)
+        return WriteLine(style, points[0], points[1]);
+    Begin("LWPOLYLINE", style);
+    if (isClosed)
+        m_out.pairs.Integer(70, 1);
+    for (const Point2& point : points)
+        Point(10, point);
+}
+
+ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
+                        int decimals, bool& isCut)
+{
+    return {ValueForModule(text.text, isCut), RoundedTo(factor * place.size, decimals), text.anchor, style};
+}
+
+void ModuleEntities::Text(StyleId style, const LoggedText& text)
+{
+    const TextPlace place = TextPlaceForModule(text.along, text.up);
+    bool isCut = false;
+    const ModuleText written = ModuleTextOf(style, text, place, m_out.factor, m_out.decimals, isCut);
+    if (isCut)
+        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+    if (place.isUpright)
+        return WriteModuleText(m_out.pairs, m_out.styles, written, Local(text.point), m_out.decimals);
+    m_out.pairs.Text(0, "INSERT");
+    m_out.pairs.Text(2, m_out.texts.NameOf(written, place.innerRotation));
+    Point(10, Local(text.point));
+    constexpr int kScaleDecimals = 6;
+    if (const double scale = RoundedTo(place.scaleX, kScaleDecimals); scale != 1)
+        m_out.pairs.Fixed(41, scale, kScaleDecimals);
+    if (const double scale = RoundedTo(place.scaleY, kScaleDecimals); scale != 1)
+        m_out.pairs.Fixed(42, scale, kScaleDecimals);
+    m_out.pairs.Fixed(50, DegreesOf(place.rotation), kRotationDecimals);
+}
+
+void ModuleEntities::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+{
+    const ModuleBlock& used = m_out.blocks[block];
+    if (used.name.empty())
+        return;
+    // Where the origin of the written block comes to.
+    const Point2 inBlock = isMirrored ? Point2{used.origin.x, -used.origin.y} : used.origin;
+    const double cosine = std::cos(rotation), sine = std::sin(rotation);
+    const Point2 moved = {cosine * inBlock.x - sine * inBlock.y, sine * inBlock.x + cosine * inBlock.y};
+    m_out.pairs.Text(0, "INSERT");
+    m_out.pairs.Text(2, used.name);
+    Point(10, Local(point + moved));
+    if (isMirrored)
+        m_out.pairs.Integer(42, -1);
+    if (const double degrees = RoundedTo(DegreesOf(rotation), kRotationDecimals); degrees != 0)
+        m_out.pairs.Fixed(50, degrees, kRotationDecimals);
+}
+
+} // namespace prepare

@@ -1,0 +1,72 @@
+// Writes plain entities as the module has to be told.
+#pragma once
+
+#include "prepare/report/Report.h"
+#include "prepare/write/Flatten.h"
+#include "prepare/write/ModuleStyles.h"
+#include "prepare/write/ModuleTexts.h"
+#include "prepare/write/PlainLog.h"
+
+#include <string>
+#include <vector>
+
+namespace prepare {
+
+// A block as it is written.
+struct ModuleBlock {
+    std::string name; // empty: it is not used
+    Point2 origin;    // what is its origin in the file, in the units of the drawing
+};
+
+// What all entities of a drawing are written with.
+struct ModuleOutput {
+    PairWriter& pairs;
+    const ModuleStyles& styles;
+    const ModuleTexts& texts;
+    const std::vector<ModuleBlock>& blocks;
+    Report& report;
+    double factor = 1;    // written units in one of the drawing
+    int decimals = 0;     // of written coordinates
+    double tolerance = 0; // of flattened curves, in written units
+};
+
+// Texts as ModuleText, and how they come to their places. isCut: the text was too long.
+ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
+                        int decimals, bool& isCut);
+
+class ModuleEntities final : public LogVisitor {
+public:
+    // origin: the point of the drawing that is written as (0, 0).
+    ModuleEntities(const ModuleOutput& output, Point2 origin) : m_out(output), m_origin(origin) {}
+
+    void Line(StyleId style, Point2 start, Point2 end) override;
+    void Circle(StyleId style, Point2 centre, double radius) override;
+    void Arc(StyleId style, Point2 centre, double radius, double start, double end) override;
+    void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                 double end) override;
+    void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) override;
+    void Text(StyleId style, const LoggedText& text) override;
+    void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
+
+private:
+    Point2 Local(Point2 p) const { return m_out.factor * (p - m_origin); }
+    Point2 Rounded(Point2 p) const;
+    int DecimalsOfAngle(double radius, double unit) const;
+
+    // From here on, all numbers are in written units.
+    void Begin(const char* type, StyleId style);
+    void Point(int code, Point2 p);
+    void WriteLine(StyleId style, Point2 start, Point2 end);
+    void WriteArc(StyleId style, Point2 centre, double radius, double start, double end);
+    void WriteEllipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio);
+    void WriteEllipticalArc(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                            double end, int splits);
+    void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
+    bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
+
+    const ModuleOutput& m_out;
+    const Point2 m_origin;
+    std::vector<Point2> m_points;
+};
+
+} // namespace prepare

@@ -1,0 +1,164 @@
+#include "prepare/write/ModuleRemedies.h"
+
+#include "base/Numbers.h"
+#include "base/Utf8.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+// A pattern's lengths as dash, gap, dash, gap: neighbours of one kind are one, and so are the last and the
+// first.
+std::vector<double> Alternating(const std::vector<double>& dashes, double scale, double dot)
+{
+    std::vector<double> result;
+    double leadingGap = 0;
+    for (const double length : dashes) {
+        const bool isGap = length < 0;
+        const double drawn = length == 0 ? dot : std::fabs(length) * scale;
+        if (result.empty() && isGap)
+            leadingGap += drawn;
+        else if (result.size() % 2 == (isGap ? 1 : 0))
+            result.push_back(drawn);
+        else
+            result.back() += drawn;
+    }
+    if (result.size() % 2 == 1 && (leadingGap > 0 || result.size() == 1)) {
+        result.push_back(leadingGap);
+    } else if (result.size() % 2 == 1) {
+        result.front() += result.back();
+        result.pop_back();
+    } else if (!result.empty()) {
+        result.back() += leadingGap;
+    }
+    return result;
+}
+
+// Cuts a pattern to what a host can be asked to draw, at a gap.
+void Limit(std::vector<double>& pattern)
+{
+    constexpr std::size_t kMostLengths = 50;
+    constexpr std::size_t kMostCharacters = 200;
+    std::size_t characters = 0;
+    std::size_t count = 0;
+    while (count + 1 < std::min(pattern.size(), kMostLengths + 1)) {
+        characters += RoomForFixed6(pattern[count]) + RoomForFixed6(pattern[count + 1]) + 2;
+        if (characters > kMostCharacters)
+            break;
+        count += 2;
+    }
+    pattern.resize(count);
+}
+
+double AngleOfParameter(double ratio, double parameter)
+{
+    return std::atan2(ratio * std::sin(parameter), std::cos(parameter));
+}
+
+} // namespace
+
+CodeAndValue ColourForModule(const Colour& colour)
+{
+    if (!colour.isTrue)
+        return {62, colour.index};
+    const std::uint32_t red = colour.rgb >> 16 & 255, green = colour.rgb >> 8 & 255, blue = colour.rgb & 255;
+    if (red == 0 && green == 0 && blue == 0)
+        return {62, 7};
+    return {420, static_cast<std::int32_t>(blue << 16 | green << 8 | red)};
+}
+
+std::int32_t WeightForModule(double width)
+{
+    const double hundredths = std::nearbyint(width * 100);
+    if (!(hundredths >= 1))
+        return 1;
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    return hundredths < kMost ? static_cast<std::int32_t>(hundredths) : kMost;
+}
+
+std::vector<double> DashesForModule(const LineType& lineType, double scale, double width)
+{
+    constexpr double kFarShorter = 4; // a pattern so much shorter than the stroke is wide only blurs
+    if (!std::isfinite(scale) || !(scale > 0))
+        return {};
+    std::vector<double> pattern = Alternating(lineType.dashes, scale, width);
+    Limit(pattern);
+    double dashes = 0, gaps = 0;
+    for (std::size_t i = 0; i < pattern.size(); ++i)
+        (i % 2 == 0 ? dashes : gaps) += pattern[i];
+    if (!std::isfinite(dashes + gaps) || !(gaps > 0) || (dashes + gaps) * kFarShorter < width)
+        return {};
+    return pattern;
+}
+
+DrawnEllipse HowModuleDraws(double ratio, double start, double end)
+{
+    constexpr double kNearlyWhole = 0.0011; // the module takes less than 0.001 for a whole ellipse
+    const double first = AngleOfParameter(ratio, start);
+    const double last = AngleOfParameter(ratio, end);
+    const double between = std::fabs(last - first);
+    if (std::min(between, 2 * std::numbers::pi - between) < kNearlyWhole)
+        return DrawnEllipse::Whole;
+    const bool isLarge = first > last && 2 * std::numbers::pi - first + last >= std::numbers::pi;
+    const bool shouldBe = end - start > std::numbers::pi;
+    return isLarge == shouldBe ? DrawnEllipse::Right : DrawnEllipse::WrongSide;
+}
+
+TextPlace TextPlaceForModule(Point2 along, Point2 up)
+{
+    constexpr double kNothing = 1e-4; // a turn or a stretch that nobody sees
+    const double area = Cross(along, up);
+    const double length = Length(along);
+    const double height = std::fabs(area) / length;
+    TextPlace place;
+    place.size = kFontSizeOfCapitals * height;
+    place.rotation = std::atan2(along.y, along.x);
+    place.scaleX = length / height;
+    place.scaleY = area < 0 ? -1 : 1;
+    if (std::fabs(Dot(along, up)) > kNothing * length * Length(up)) {
+        // Slanted: turn, scale, turn, which any map of the plane is.
+        const Point2 sum = 0.5 * Point2{along.x + up.y, along.y - up.x};
+        const Point2 difference = 0.5 * Point2{along.x - up.y, along.y + up.x};
+        const double a = std::atan2(difference.y, difference.x), b = std::atan2(sum.y, sum.x);
+        place.rotation = (b + a) / 2;
+        place.innerRotation = (b - a) / 2;
+        place.scaleX = (Length(sum) + Length(difference)) / height;
+        place.scaleY = (Length(sum) - Length(difference)) / height;
+    }
+    place.isUpright = place.innerRotation == 0 && std::fabs(place.rotation) < kNothing &&
+                      std::fabs(place.scaleX - 1) < 10 * kNothing && place.scaleY > 0;
+    return place;
+}
+
+std::string ValueForModule(std::string_view utf8, bool& isCut)
+{
+    std::string value;
+    isCut = false;
+    while (!utf8.empty()) {
+        const DecodedCharacter character = DecodeUtf8(utf8);
+        const bool controls = character.value < 0x20 || (character.value >= 0x7F && character.value < 0xA0);
+        const std::size_t size = value.size();
+        AppendUtf8(value, controls ? U' ' : character.value);
+        if (value.size() > kLongestValue) {
+            value.resize(size);
+            isCut = true;
+            break;
+        }
+        utf8.remove_prefix(character.size);
+    }
+    return value;
+}
+
+double FloatStep(double coordinate)
+{
+    const auto narrow = static_cast<float>(std::min(std::fabs(coordinate), 1e38));
+    return static_cast<double>(std::nextafter(narrow, std::numeric_limits<float>::max())) -
+           static_cast<double>(narrow);
+}
+
+} // namespace prepare

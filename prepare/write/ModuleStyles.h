@@ -1,0 +1,37 @@
+// The styles of a drawing as the module understands them.
+#pragma once
+
+#include "prepare/write/PairWriter.h"
+#include "prepare/write/StyleTable.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace prepare {
+
+// Each style's pairs, made once, and the line types that they name.
+class ModuleStyles {
+public:
+    // factor: units of the written drawing in one of the settings.
+    ModuleStyles(const StyleTable& styles, const WriteSettings& settings, double factor);
+
+    // Colour, weight and line type.
+    const std::string& OfStroke(StyleId style) const { return m_strokes[style]; }
+    // The colour alone.
+    const std::string& OfLetters(StyleId style) const { return m_letters[style]; }
+    // The TABLES section; nothing when no line is dashed.
+    void WriteTables(PairWriter& pairs) const;
+
+private:
+    std::string StrokeOf(const Style& style, double width);
+    std::string LineTypeOf(const Style& style, double width);
+
+    std::vector<std::string> m_strokes;
+    std::vector<std::string> m_letters;
+    std::map<std::vector<double>, std::string> m_names; // of line types, by their patterns
+    std::vector<const std::vector<double>*> m_patterns; // in the order of their names
+    double m_factor;
+};
+
+} // namespace prepare

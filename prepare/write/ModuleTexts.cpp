@@ -1,0 +1,81 @@
+#include "prepare/write/ModuleTexts.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+std::int64_t MillionthsOf(double radians)
+{
+    return std::llround(DegreesOf(radians) * 1e6);
+}
+
+std::string NameOfText(std::size_t number)
+{
+    return Numbered('T', number);
+}
+
+std::string NameOfTurned(std::size_t number)
+{
+    return Numbered('S', number);
+}
+
+} // namespace
+
+double DegreesOf(double radians)
+{
+    const double degrees = std::fmod(radians * (180 / std::numbers::pi), 360);
+    return degrees < 0 ? degrees + 360 : degrees;
+}
+
+void WriteModuleText(PairWriter& pairs, const ModuleStyles& styles, const ModuleText& text, Point2 point,
+                     int decimals)
+{
+    pairs.Text(0, "TEXT");
+    pairs.Raw(styles.OfLetters(text.style));
+    pairs.Fixed(10, point.x, decimals);
+    pairs.Fixed(20, point.y + text.size, decimals); // the module takes it off again
+    pairs.Fixed(40, text.size, decimals);
+    pairs.Text(1, text.value);
+    if (text.anchor != Anchor::Start)
+        pairs.Integer(72, text.anchor == Anchor::Middle ? 1 : 2);
+}
+
+void ModuleTexts::Add(const ModuleText& text, double innerRotation)
+{
+    const auto [place, isNew] = m_numbers.try_emplace(text, m_texts.size() + 1);
+    if (isNew)
+        m_texts.push_back(&place->first);
+    if (innerRotation != 0)
+        m_turned.try_emplace({place->second, MillionthsOf(innerRotation)}, m_turned.size() + 1);
+}
+
+std::string ModuleTexts::NameOf(const ModuleText& text, double innerRotation) const
+{
+    const std::size_t number = m_numbers.at(text);
+    if (innerRotation == 0)
+        return NameOfText(number);
+    return NameOfTurned(m_turned.at({number, MillionthsOf(innerRotation)}));
+}
+
+void ModuleTexts::WriteBlocks(PairWriter& pairs, const ModuleStyles& styles, int decimals) const
+{
+    for (std::size_t i = 0; i < m_texts.size(); ++i) {
+        pairs.Text(0, "BLOCK");
+        pairs.Text(2, NameOfText(i + 1));
+        WriteModuleText(pairs, styles, *m_texts[i], {}, decimals);
+        pairs.Text(0, "ENDBLK");
+    }
+    for (const auto& [turned, number] : m_turned) {
+        pairs.Text(0, "BLOCK");
+        pairs.Text(2, NameOfTurned(number));
+        pairs.Text(0, "INSERT");
+        pairs.Text(2, NameOfText(turned.first));
+        pairs.Fixed(50, static_cast<double>(turned.second) * 1e-6, kRotationDecimals);
+        pairs.Text(0, "ENDBLK");
+    }
+}
+
+} // namespace prepare

@@ -1,0 +1,198 @@
+#include "prepare/write/ModuleWriter.h"
+
+#include "base/Numbers.h"
+#include "prepare/write/Wrap.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace prepare {
+
+namespace {
+
+// Finds what is used, before anything is written: blocks that are inserted, and texts that need some.
+class Collector final : public LogVisitor {
+public:
+    Collector(std::size_t blocks, ModuleTexts& texts, double factor, int decimals)
+        : m_isUsed(blocks), m_texts(texts), m_factor(factor), m_decimals(decimals)
+    {
+    }
+
+    void Line(StyleId, Point2, Point2) override {}
+    void Circle(StyleId, Point2, double) override {}
+    void Arc(StyleId, Point2, double, double, double) override {}
+    void Ellipse(StyleId, Point2, Point2, double, double, double) override {}
+    void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
+    void Text(StyleId style, const LoggedText& text) override
+    {
+        const TextPlace place = TextPlaceForModule(text.along, text.up);
+        bool isCut = false;
+        if (!place.isUpright)
+            m_texts.Add(ModuleTextOf(style, text, place, m_factor, m_decimals, isCut), place.innerRotation);
+    }
+    void Insert(std::size_t block, Point2, double, bool) override
+    {
+        if (m_isUsed[block])
+            return;
+        m_isUsed[block] = true;
+        m_used.push_back(block);
+    }
+
+    // The blocks in the order in which they were met; it grows while they are looked at.
+    const std::vector<std::size_t>& Used() const { return m_used; }
+
+private:
+    std::vector<bool> m_isUsed;
+    std::vector<std::size_t> m_used;
+    ModuleTexts& m_texts;
+    double m_factor;
+    int m_decimals;
+};
+
+// Far from its block's origin, what is drawn loses digits (32-bit floats) and an insert's rotation moves it:
+// then the written block has an origin of its own, amid of it.
+Point2 OriginOf(const Box& reach)
+{
+    constexpr double kFar = 4; // sizes
+    if (reach.IsEmpty())
+        return {};
+    const Point2 middle = 0.5 * (reach.min + reach.max);
+    const double size = reach.LongerSide();
+    if (std::max(std::fabs(middle.x), std::fabs(middle.y)) <= kFar * size)
+        return {};
+    if (!(size > 0))
+        return middle;
+    // Of few digits, so that the coordinates keep theirs.
+    const double step = PowerOfTen(static_cast<int>(std::floor(std::log10(size))));
+    return {std::nearbyint(middle.x / step) * step, std::nearbyint(middle.y / step) * step};
+}
+
+// A thousandth of the thinnest stroke is more than anybody sees.
+int DecimalsFor(double stroke)
+{
+    return std::clamp(static_cast<int>(std::ceil(3 - std::log10(stroke))), 0, 15);
+}
+
+void Point(PairWriter& pairs, int code, Point2 p)
+{
+    pairs.Real(code, p.x);
+    pairs.Real(code + 10, p.y);
+}
+
+void BeginSection(PairWriter& pairs, const char* name)
+{
+    pairs.Text(0, "SECTION");
+    pairs.Text(2, name);
+}
+
+// Of the blocks in which a wrapped drawing is: each but the first has the one before in it, in millionths,
+// because a scale has six decimals.
+constexpr int kLeastPower = -6;
+
+std::size_t WrapsFor(const Wrap& wrap)
+{
+    if (!wrap.isNeeded)
+        return 0;
+    return wrap.power > kLeastPower ? 1
+                                    : static_cast<std::size_t>((wrap.power + kLeastPower + 1) / kLeastPower);
+}
+
+void WriteScaled(PairWriter& pairs, const std::string& block, int power)
+{
+    pairs.Text(0, "INSERT");
+    pairs.Text(2, block);
+    const double scale = PowerOfTen(power);
+    pairs.Real(41, scale);
+    pairs.Real(42, scale);
+}
+
+void WriteWrap(PairWriter& pairs, const Wrap& wrap)
+{
+    const std::size_t wraps = WrapsFor(wrap);
+    WriteScaled(pairs, Numbered('W', wraps), wrap.power - static_cast<int>(wraps - 1) * kLeastPower);
+    // As texts that give the same floats back.
+    for (const auto& [code, value] : {std::pair(10, wrap.origin.x), std::pair(20, wrap.origin.y)}) {
+        char number[kLongestShortest];
+        pairs.Text(code, {number, FormatShortest(static_cast<float>(value), number)});
+    }
+}
+
+} // namespace
+
+void ModuleWriter::WriteHeader(PairWriter& pairs) const
+{
+    BeginSection(pairs, "HEADER");
+    pairs.Text(9, "$ACADVER");
+    pairs.Text(1, "AC1015");
+    for (const char* const name : {"$INSUNITS", "$MEASUREMENT"})
+        if (const std::int32_t value = m_drawing.header.Integer(name, -1); value >= 0) {
+            pairs.Text(9, name);
+            pairs.Integer(70, value);
+        }
+    if (!m_settings.extents.IsEmpty()) {
+        pairs.Text(9, "$EXTMIN");
+        Point(pairs, 10, m_settings.extents.min);
+        pairs.Text(9, "$EXTMAX");
+        Point(pairs, 10, m_settings.extents.max);
+    }
+    pairs.Text(0, "ENDSEC");
+}
+
+bool ModuleWriter::Finish(const ByteFunction& write)
+{
+    const Wrap wrap = ChooseWrap(m_settings, m_model.Reach());
+    const ModuleStyles styles(m_styles, m_settings, wrap.factor);
+    const int decimals = DecimalsFor(wrap.stroke);
+    ModuleTexts texts;
+    Collector collector(m_blocks.size(), texts, wrap.factor, decimals);
+    m_model.Replay(collector);
+    for (std::size_t i = 0; i < collector.Used().size(); ++i)
+        m_blocks[collector.Used()[i]].log.Replay(collector);
+
+    std::vector<ModuleBlock> blocks(m_blocks.size());
+    std::size_t number = 0;
+    for (const std::size_t block : collector.Used())
+        if (!m_blocks[block].log.IsEmpty())
+            blocks[block] = {Numbered('P', ++number), OriginOf(m_blocks[block].log.Reach())};
+
+    PairWriter pairs(write);
+    const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
+    const ModuleOutput output{pairs, styles, texts, blocks, m_report, wrap.factor, decimals, tolerance};
+    ModuleEntities model(output, wrap.origin);
+    WriteHeader(pairs);
+    styles.WriteTables(pairs);
+    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded) {
+        BeginSection(pairs, "BLOCKS");
+        for (const std::size_t block : collector.Used())
+            if (!blocks[block].name.empty()) {
+                pairs.Text(0, "BLOCK");
+                pairs.Text(2, blocks[block].name);
+                ModuleEntities entities(output, blocks[block].origin);
+                m_blocks[block].log.Replay(entities);
+                pairs.Text(0, "ENDBLK");
+            }
+        texts.WriteBlocks(pairs, styles, decimals);
+        for (std::size_t i = 1; i <= WrapsFor(wrap); ++i) {
+            pairs.Text(0, "BLOCK");
+            pairs.Text(2, Numbered('W', i));
+            if (i == 1)
+                m_model.Replay(model);
+            else
+                WriteScaled(pairs, Numbered('W', i - 1), kLeastPower);
+            pairs.Text(0, "ENDBLK");
+        }
+        pairs.Text(0, "ENDSEC");
+    }
+    BeginSection(pairs, "ENTITIES");
+    if (wrap.isNeeded)
+        WriteWrap(pairs, wrap);
+    else
+        m_model.Replay(model);
+    pairs.Text(0, "ENDSEC");
+    pairs.Text(0, "EOF");
+    if (wrap.isNeeded)
+        m_report.Add(Finding::Rewritten, "drawing", "one block near the origin", 0);
+    return pairs.Finish();
+}
+
+} // namespace prepare

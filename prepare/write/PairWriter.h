@@ -1,0 +1,60 @@
+// Writes group pairs: a line with the code, a line with the value.
+#pragma once
+
+#include "prepare/write/DrawingWriter.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace prepare {
+
+// Collects text and hands it on in large parts. Lines end with a line feed alone.
+class PairWriter {
+public:
+    explicit PairWriter(const ByteFunction& write);
+    PairWriter(const PairWriter&) = delete;
+    PairWriter& operator=(const PairWriter&) = delete;
+
+    // value holds no line ends.
+    void Text(int code, std::string_view value);
+    void Integer(int code, std::int64_t value);
+    // In upper-case hexadecimal.
+    void Handle(int code, std::uint64_t value);
+    // With as many significant digits as are asked for, at most 17, and no zero too many.
+    void Real(int code, double value, int digits = kDigits);
+    // With that many decimals, 0 to 15, and no zero too many.
+    void Fixed(int code, double value, int decimals);
+    // Pairs as another writer made them.
+    void Raw(std::string_view pairs);
+
+    // Hands on what is left; false when the function ever gave false.
+    bool Finish();
+
+    // What a coordinate keeps: more than any drawing means, and fewer than arithmetic blurs.
+    static constexpr int kDigits = 14;
+
+private:
+    void Code(int code);
+    void EndLine();
+    void Flush();
+
+    const ByteFunction& m_write;
+    std::string m_text;
+    bool m_isStopped = false;
+};
+
+// Each adds the text of a number as PairWriter writes it.
+void AppendReal(std::string& text, double value, int digits);
+void AppendFixed(std::string& text, double value, int decimals);
+
+// A made-up name: the letter and the number.
+std::string Numbered(char letter, std::size_t number);
+
+// 10 to that power, as exactly as a double can say it; powers of -300 to 300.
+double PowerOfTen(int power);
+
+// The nearest number of that many decimals, 0 to 15; value itself where a double has no more.
+double RoundedTo(double value, int decimals);
+
+} // namespace prepare

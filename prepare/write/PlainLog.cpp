@@ -1,0 +1,267 @@
+#include "prepare/write/PlainLog.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <numbers>
+#include <type_traits>
+
+namespace prepare {
+
+namespace {
+
+// Chunks grow, because most blocks are small, and stay small beside a drawing.
+constexpr std::size_t kFirstChunk = 256;
+constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
+
+enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kText, kInsert };
+
+template <class... Numbers>
+bool AreFinite(Numbers... numbers)
+{
+    return (std::isfinite(numbers) && ...);
+}
+
+bool IsFinite(Point2 p)
+{
+    return AreFinite(p.x, p.y);
+}
+
+// Takes values out of a chunk, in the order in which they were put in.
+class Reader {
+public:
+    Reader(const char* bytes, std::size_t size) : m_place(bytes), m_end(bytes + size) {}
+
+    bool IsAtEnd() const { return m_place == m_end; }
+
+    template <class Value>
+    Value Take()
+    {
+        static_assert(std::is_trivially_copyable_v<Value>);
+        Value value;
+        std::memcpy(&value, m_place, sizeof(value));
+        m_place += sizeof(value);
+        return value;
+    }
+
+    const char* Skip(std::size_t size)
+    {
+        const char* const place = m_place;
+        m_place += size;
+        return place;
+    }
+
+private:
+    const char* m_place;
+    const char* m_end;
+};
+
+struct PolylineHead {
+    std::uint64_t count;
+    bool isClosed;
+    bool hasBulges;
+};
+
+void ReplayPolyline(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
+{
+    const auto style = reader.Take<StyleId>();
+    const auto head = reader.Take<PolylineHead>();
+    vertices.clear();
+    for (std::uint64_t i = 0; i < head.count; ++i) {
+        const auto point = reader.Take<Point2>();
+        vertices.push_back({point, head.hasBulges ? reader.Take<double>() : 0});
+    }
+    visitor.Polyline(style, vertices, head.isClosed);
+}
+
+struct TextHead {
+    Point2 point;
+    Point2 along;
+    Point2 up;
+    std::uint64_t size;
+    NameId style;
+    Anchor anchor;
+};
+
+void ReplayText(Reader& reader, LogVisitor& visitor)
+{
+    const auto style = reader.Take<StyleId>();
+    const auto head = reader.Take<TextHead>();
+    const char* const text = reader.Skip(head.size);
+    visitor.Text(style, {{text, head.size}, head.point, head.along, head.up, head.anchor, head.style});
+}
+
+struct InsertRecord {
+    std::uint64_t block;
+    Point2 point;
+    double rotation;
+    bool isMirrored;
+};
+
+struct RoundRecord {
+    Point2 centre;
+    Point2 majorAxis; // of a circle and an arc, its x is the radius
+    double ratio;
+    double start;
+    double end;
+};
+
+void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
+{
+    const auto kind = reader.Take<char>();
+    if (kind == kPolyline)
+        return ReplayPolyline(reader, visitor, vertices);
+    if (kind == kText)
+        return ReplayText(reader, visitor);
+    if (kind == kInsert) {
+        const auto insert = reader.Take<InsertRecord>();
+        return visitor.Insert(insert.block, insert.point, insert.rotation, insert.isMirrored);
+    }
+    const auto style = reader.Take<StyleId>();
+    if (kind == kLine) {
+        const auto start = reader.Take<Point2>();
+        return visitor.Line(style, start, reader.Take<Point2>());
+    }
+    const auto round = reader.Take<RoundRecord>();
+    if (kind == kCircle)
+        visitor.Circle(style, round.centre, round.majorAxis.x);
+    else if (kind == kArc)
+        visitor.Arc(style, round.centre, round.majorAxis.x, round.start, round.end);
+    else
+        visitor.Ellipse(style, round.centre, round.majorAxis, round.ratio, round.start, round.end);
+}
+
+} // namespace
+
+char* PlainLog::Room(std::size_t size)
+{
+    if (m_chunks.empty() || m_chunks.back().room - m_chunks.back().size < size) {
+        const std::size_t usual =
+            m_chunks.empty() ? kFirstChunk : std::min(2 * m_chunks.back().room, kLargestChunk);
+        const std::size_t room = std::max(usual, size);
+        m_chunks.push_back({std::unique_ptr<char[]>(new char[room]), 0, room});
+    }
+    Chunk& chunk = m_chunks.back();
+    char* const place = chunk.bytes.get() + chunk.size;
+    chunk.size += size;
+    return place;
+}
+
+template <class... Values>
+void PlainLog::Add(char kind, const Values&... values)
+{
+    char* place = Room(1 + (sizeof(values) + ...));
+    *place++ = kind;
+    const auto put = [&](const auto& value) {
+        static_assert(std::is_trivially_copyable_v<std::remove_cvref_t<decltype(value)>>);
+        std::memcpy(place, &value, sizeof(value));
+        place += sizeof(value);
+    };
+    (put(values), ...);
+}
+
+void PlainLog::AddRound(Point2 centre, double radius)
+{
+    m_reach.Add(centre - Point2{radius, radius});
+    m_reach.Add(centre + Point2{radius, radius});
+}
+
+void PlainLog::Line(const Style& style, Point2 start, Point2 end)
+{
+    if (!IsFinite(start) || !IsFinite(end))
+        return;
+    Add(kLine, m_styles.Of(style), start, end);
+    m_reach.Add(start);
+    m_reach.Add(end);
+}
+
+void PlainLog::Circle(const Style& style, Point2 centre, double radius)
+{
+    if (!IsFinite(centre) || !std::isfinite(radius) || !(radius > 0))
+        return;
+    Add(kCircle, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, 0, 0});
+    AddRound(centre, radius);
+}
+
+void PlainLog::Arc(const Style& style, Point2 centre, double radius, double start, double end)
+{
+    if (!IsFinite(centre) || !AreFinite(radius, start, end) || !(radius > 0) || !(end > start))
+        return;
+    if (end - start >= 2 * std::numbers::pi)
+        return Circle(style, centre, radius);
+    Add(kArc, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, start, end});
+    AddRound(centre, radius);
+}
+
+void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                       double end)
+{
+    const double radius = Length(majorAxis);
+    if (!IsFinite(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
+        !(end > start))
+        return;
+    Add(kEllipse, m_styles.Of(style), RoundRecord{centre, majorAxis, ratio, start, end});
+    AddRound(centre, radius);
+}
+
+void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    const auto isFinite = [](const PlainVertex& v) { return IsFinite(v.point) && std::isfinite(v.bulge); };
+    if (vertices.size() < 2 || !std::all_of(vertices.begin(), vertices.end(), isFinite))
+        return;
+    const bool hasBulges =
+        std::any_of(vertices.begin(), vertices.end(), [](const PlainVertex& v) { return v.bulge != 0; });
+    const StyleId id = m_styles.Of(style);
+    const PolylineHead head{vertices.size(), isClosed, hasBulges};
+    const std::size_t each = sizeof(Point2) + (hasBulges ? sizeof(double) : 0);
+    char* place = Room(1 + sizeof(id) + sizeof(head) + vertices.size() * each);
+    const auto put = [&](const auto& value) {
+        std::memcpy(place, &value, sizeof(value));
+        place += sizeof(value);
+    };
+    put(kPolyline);
+    put(id);
+    put(head);
+    for (const PlainVertex& vertex : vertices) {
+        put(vertex.point);
+        if (hasBulges)
+            put(vertex.bulge);
+        m_reach.Add(vertex.point);
+    }
+}
+
+void PlainLog::Text(const Style& style, const PlainText& text)
+{
+    if (!IsFinite(text.point) || !IsFinite(text.along) || !IsFinite(text.up) ||
+        Cross(text.along, text.up) == 0)
+        return;
+    const StyleId id = m_styles.Of(style);
+    const TextHead head{text.point, text.along, text.up, text.text.size(), text.style, text.anchor};
+    char* place = Room(1 + sizeof(id) + sizeof(head) + text.text.size());
+    *place++ = kText;
+    std::memcpy(place, &id, sizeof(id));
+    std::memcpy(place + sizeof(id), &head, sizeof(head));
+    std::memcpy(place + sizeof(id) + sizeof(head), text.text.data(), text.text.size());
+    m_reach.Add(text.point);
+    m_reach.Add(text.point + text.up);
+}
+
+void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+{
+    if (!IsFinite(point) || !std::isfinite(rotation))
+        return;
+    Add(kInsert, InsertRecord{block, point, rotation, isMirrored});
+    m_reach.Add(point);
+}
+
+void PlainLog::Replay(LogVisitor& visitor) const
+{
+    std::vector<PlainVertex> vertices;
+    for (const Chunk& chunk : m_chunks) {
+        Reader reader(chunk.bytes.get(), chunk.size);
+        while (!reader.IsAtEnd())
+            ReplayOne(reader, visitor, vertices);
+    }
+}
+
+} // namespace prepare

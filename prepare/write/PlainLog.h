@@ -1,0 +1,80 @@
+// Keeps plain entities, as compactly as they come, until they can be written.
+#pragma once
+
+#include "prepare/plain/Placement.h"
+#include "prepare/plain/Plain.h"
+#include "prepare/write/StyleTable.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace prepare {
+
+// What PlainText is, with its text in the log.
+struct LoggedText {
+    std::string_view text;
+    Point2 point;
+    Point2 along;
+    Point2 up;
+    Anchor anchor;
+    NameId style;
+};
+
+// Takes what a log kept, in the order in which it came. References are good during the call.
+class LogVisitor {
+public:
+    virtual void Line(StyleId style, Point2 start, Point2 end) = 0;
+    virtual void Circle(StyleId style, Point2 centre, double radius) = 0;
+    virtual void Arc(StyleId style, Point2 centre, double radius, double start, double end) = 0;
+    virtual void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                         double end) = 0;
+    virtual void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
+    virtual void Text(StyleId style, const LoggedText& text) = 0;
+    virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
+
+protected:
+    ~LogVisitor() = default;
+};
+
+// A line takes 37 bytes. What has a number that is not finite, or nothing to see, is left out. styles must
+// outlive the log.
+class PlainLog final : public PlainSink {
+public:
+    explicit PlainLog(StyleTable& styles) : m_styles(styles) {}
+
+    void Line(const Style& style, Point2 start, Point2 end) override;
+    void Circle(const Style& style, Point2 centre, double radius) override;
+    void Arc(const Style& style, Point2 centre, double radius, double start, double end) override;
+    void Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                 double end) override;
+    void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
+    void Text(const Style& style, const PlainText& text) override;
+    void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
+
+    void Replay(LogVisitor& visitor) const;
+    bool IsEmpty() const { return m_chunks.empty(); }
+    // Around all points of its entities; of what is inserted, around the point alone.
+    const Box& Reach() const { return m_reach; }
+
+private:
+    struct Chunk {
+        std::unique_ptr<char[]> bytes;
+        std::size_t size = 0;
+        std::size_t room = 0;
+    };
+
+    char* Room(std::size_t size);
+    template <class... Values>
+    void Add(char kind, const Values&... values);
+    void AddRound(Point2 centre, double radius);
+
+    StyleTable& m_styles;
+    std::vector<Chunk> m_chunks;
+    Box m_reach;
+};
+
+} // namespace prepare

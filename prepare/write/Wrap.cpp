@@ -1,0 +1,71 @@
+#include "prepare/write/Wrap.h"
+
+#include "prepare/write/ModuleRemedies.h"
+#include "prepare/write/PairWriter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace prepare {
+
+namespace {
+
+// A weight (370) has hundredths, and a font size two decimals: below these, they are too coarse.
+constexpr double kThinnestStroke = 0.05;
+constexpr double kSmallestFont = 1;
+constexpr double kThickestStroke = 1e7; // hundredths of a larger one are no 32-bit integer
+// What a wrapped drawing is large: strokes then are some units wide, and a 32-bit float is far finer.
+constexpr double kWrappedSize = 20'000;
+
+bool IsWrapNeeded(const WriteSettings& settings, double stroke, double farthest)
+{
+    return stroke < kThinnestStroke || stroke > kThickestStroke || FloatStep(farthest) > stroke / 10 ||
+           (settings.smallestText > 0 && settings.smallestText * kFontSizeOfCapitals < kSmallestFont);
+}
+
+double Farthest(const Box& box)
+{
+    return box.IsEmpty() ? 0
+                         : std::max({std::fabs(box.min.x), std::fabs(box.min.y), std::fabs(box.max.x),
+                                     std::fabs(box.max.y)});
+}
+
+Point2 Centre(const Box& box)
+{
+    if (box.IsEmpty())
+        return {};
+    const auto narrow = [](double value) { return static_cast<double>(static_cast<float>(value)); };
+    return {narrow(box.min.x / 2 + box.max.x / 2), narrow(box.min.y / 2 + box.max.y / 2)};
+}
+
+} // namespace
+
+double StrokeWidth(const WriteSettings& settings, std::int32_t weight, double width)
+{
+    const double wanted = width > 0 ? width : weight / 100.0 * settings.unitsPerMm;
+    return std::max(settings.thinnest, wanted);
+}
+
+Wrap ChooseWrap(const WriteSettings& settings, const Box& reach)
+{
+    Box all = settings.extents;
+    if (!reach.IsEmpty()) {
+        all.Add(reach.min);
+        all.Add(reach.max);
+    }
+    Wrap wrap;
+    wrap.stroke = StrokeWidth(settings, settings.thinnestWeight, 0);
+    if (!(wrap.stroke > 0))
+        wrap.stroke = kThinnestStroke;
+    if (!settings.mayWrap || !IsWrapNeeded(settings, wrap.stroke, Farthest(all)))
+        return wrap;
+    const double size = all.LongerSide() > 0 ? all.LongerSide() : wrap.stroke * 4000;
+    wrap.isNeeded = true;
+    wrap.origin = Centre(all);
+    wrap.power = static_cast<int>(std::lround(std::log10(size / kWrappedSize)));
+    wrap.factor = PowerOfTen(-wrap.power);
+    wrap.stroke *= wrap.factor;
+    return wrap;
+}
+
+} // namespace prepare

@@ -1,0 +1,97 @@
+#include "prepare/write/PairWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace prepare {
+namespace {
+
+std::string Fixed(double value, int decimals)
+{
+    std::string text;
+    AppendFixed(text, value, decimals);
+    return text;
+}
+
+std::string Real(double value, int digits = PairWriter::kDigits)
+{
+    std::string text;
+    AppendReal(text, value, digits);
+    return text;
+}
+
+TEST(PairWriter, FixedNumbersHaveNoZeroTooMany)
+{
+    EXPECT_EQ(Fixed(0, 4), "0");
+    EXPECT_EQ(Fixed(-0.0, 4), "0");
+    EXPECT_EQ(Fixed(12, 4), "12");
+    EXPECT_EQ(Fixed(120, 0), "120");
+    EXPECT_EQ(Fixed(-1.5, 4), "-1.5");
+    EXPECT_EQ(Fixed(0.05, 4), "0.05");
+    EXPECT_EQ(Fixed(0.00004, 4), "0");
+    EXPECT_EQ(Fixed(-0.00004, 4), "0");
+    EXPECT_EQ(Fixed(-0.00006, 4), "-0.0001");
+    EXPECT_EQ(Fixed(1234.56789, 3), "1234.568");
+    EXPECT_EQ(Fixed(1e-15, 15), "0.000000000000001");
+}
+
+TEST(PairWriter, FixedNumbersThatAreTooLargeAreWhole)
+{
+    EXPECT_EQ(Fixed(1e20, 4), "1e+20");
+    EXPECT_EQ(Fixed(-123456789012345.0, 4), "-123456789012345");
+}
+
+TEST(PairWriter, RealNumbersLoseWhatArithmeticBlurs)
+{
+    EXPECT_EQ(Real(0.1 + 0.2), "0.3");
+    EXPECT_EQ(Real(-0.0), "0");
+    EXPECT_EQ(Real(5'600'000.123456), "5600000.123456");
+    EXPECT_EQ(Real(std::acos(-1.0), 9), "3.14159265");
+    EXPECT_EQ(Real(1e300), "1e+300");
+}
+
+TEST(PairWriter, PowersOfTenAreTheNearestDoubles)
+{
+    for (int power = -22; power <= 22; ++power) {
+        std::string text("1e");
+        text += std::to_string(power);
+        EXPECT_EQ(PowerOfTen(power), std::strtod(text.c_str(), nullptr)) << power;
+    }
+}
+
+TEST(PairWriter, LinesEndWithALineFeedAndHandlesAreUpperCase)
+{
+    std::string text;
+    const ByteFunction write = [&](std::string_view bytes) {
+        text += bytes;
+        return true;
+    };
+    PairWriter pairs(write);
+    pairs.Text(0, "LINE");
+    pairs.Handle(5, 0x1ABCDEF);
+    pairs.Integer(370, -3);
+    pairs.Real(10, 2.5);
+    pairs.Fixed(20, 2.25, 1);
+    pairs.Raw("62\n7\n");
+    EXPECT_TRUE(pairs.Finish());
+    EXPECT_EQ(text, "0\nLINE\n5\n1ABCDEF\n370\n-3\n10\n2.5\n20\n2.2\n62\n7\n");
+}
+
+TEST(PairWriter, AFunctionThatStopsIsNotCalledAgain)
+{
+    int calls = 0;
+    const ByteFunction write = [&](std::string_view) {
+        ++calls;
+        return false;
+    };
+    PairWriter pairs(write);
+    for (int i = 0; i < 100'000; ++i)
+        pairs.Text(1, "a text that fills the buffer");
+    EXPECT_FALSE(pairs.Finish());
+    EXPECT_EQ(calls, 1);
+}
+
+} // namespace
+} // namespace prepare
