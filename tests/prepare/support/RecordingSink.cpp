@@ -39,7 +39,10 @@ std::string ColourOf(const Colour& colour)
 
 void RecordingSink::Add(const Style& style, std::string line)
 {
-    lines.push_back(std::move(line) + ColourOf(style.colour));
+    line += ColourOf(style.colour);
+    if (style.width != 0)
+        line += " width " + Number(style.width);
+    lines.push_back(std::move(line));
 }
 
 void RecordingSink::Line(const Style& style, Point2 start, Point2 end)
@@ -80,6 +83,17 @@ void RecordingSink::Text(const Style& style, const PlainText& text)
 {
     Add(style, "text '" + text.text + "' at " + At(text.point) + " along " + At(text.along) + " up " +
                    At(text.up) + " " + Word(text.anchor));
+}
+
+void RecordingSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+{
+    std::string line = "fill";
+    for (const std::vector<Point2>& ring : rings) {
+        line += &ring == rings.data() ? "" : " and";
+        for (const Point2 point : ring)
+            line += " " + At(point);
+    }
+    Add(style, std::move(line));
 }
 
 void RecordingSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)

@@ -9,7 +9,7 @@
 namespace prepare {
 
 // "line 0,0 10,5.5", "text 'A' at 0,0 along 2.5,0 up 0,2.5 start". Numbers have six digits at most. A colour
-// that is not 7 is at the end: "colour 3", "rgb ff0000".
+// that is not 7 is at the end: "colour 3", "rgb ff0000", and so is a width: "width 2".
 class RecordingSink : public PlainSink {
 public:
     std::vector<std::string> lines;
@@ -21,6 +21,7 @@ public:
                  double end) override;
     void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
     void Text(const Style& style, const PlainText& text) override;
+    void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
 private:

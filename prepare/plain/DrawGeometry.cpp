@@ -1,0 +1,87 @@
+#include "prepare/plain/Geometry.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace prepare {
+
+namespace {
+
+// Each reads the record that entities of its type are.
+bool DrawCurve(const Entity& entity, Pen& pen)
+{
+    switch (entity.type) {
+    case EntityType::Line:
+    case EntityType::Line3d:
+        DrawLine(static_cast<const Line&>(entity), pen);
+        return true;
+    case EntityType::Circle:
+        DrawCircle(static_cast<const Circle&>(entity), pen);
+        return true;
+    case EntityType::Arc:
+        DrawArc(static_cast<const Arc&>(entity), pen);
+        return true;
+    case EntityType::Ellipse:
+        DrawEllipse(static_cast<const Ellipse&>(entity), pen);
+        return true;
+    case EntityType::LwPolyline:
+        DrawLwPolyline(static_cast<const LwPolyline&>(entity), pen);
+        return true;
+    case EntityType::Polyline:
+        DrawPolyline(static_cast<const Polyline&>(entity), pen);
+        return true;
+    case EntityType::Spline:
+    case EntityType::Helix:
+        DrawSpline(static_cast<const Spline&>(entity), pen);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool DrawOutline(const Entity& entity, Pen& pen)
+{
+    switch (entity.type) {
+    case EntityType::Solid:
+    case EntityType::Trace:
+        DrawSolid(static_cast<const Solid&>(entity), pen);
+        return true;
+    case EntityType::Mesh:
+        DrawMesh(static_cast<const Mesh&>(entity), pen);
+        return true;
+    case EntityType::Face:
+        DrawFace(static_cast<const Solid&>(entity), pen);
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Their shapes are in a form that only the programs that made them read.
+bool IsModelledSolid(std::string_view typeName)
+{
+    constexpr std::string_view kNames[] = {
+        "3DSOLID",         "REGION",          "BODY",         "SURFACE",       "PLANESURFACE",
+        "EXTRUDEDSURFACE", "REVOLVEDSURFACE", "SWEPTSURFACE", "LOFTEDSURFACE", "NURBSURFACE"};
+    return std::find(std::begin(kNames), std::end(kNames), typeName) != std::end(kNames);
+}
+
+bool ReportSolid(const Entity& entity, Pen& pen)
+{
+    if (entity.type != EntityType::Other || !IsModelledSolid(pen.TypeName()))
+        return false;
+    pen.Report(Finding::NotShown, "a modelled solid or surface");
+    return true;
+}
+
+} // namespace
+
+bool DrawGeometry(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
+{
+    Pen pen(entity, placement, styleOf);
+    const bool isDrawn = DrawCurve(entity, pen) || DrawOutline(entity, pen) || ReportSolid(entity, pen);
+    pen.Finish();
+    return isDrawn;
+}
+
+} // namespace prepare

@@ -1,0 +1,41 @@
+#include "support/Stage.h"
+
+#include <gtest/gtest.h>
+
+namespace prepare {
+
+namespace {
+
+Style StyleOf(const StyleOfPart& part)
+{
+    Style style;
+    style.colour.index = part.colour == kByLayer ? 7 : part.colour;
+    style.layer = part.layer;
+    return style;
+}
+
+const char* Word(Finding finding)
+{
+    constexpr const char* kWords[] = {"rewritten", "not shown", "changed", "repaired", "cut"};
+    return kWords[static_cast<std::size_t>(finding)];
+}
+
+} // namespace
+
+Lines Stage::Draw(const Entity& entity)
+{
+    const Placement placement{drawing, matrix, style, tolerance, reach, pointSize, sink, report};
+    sink.lines.clear();
+    EXPECT_TRUE(DrawGeometry(entity, placement, StyleOf));
+    return sink.lines;
+}
+
+Lines Stage::Findings() const
+{
+    Lines lines;
+    for (const auto& [key, count] : report.Entries())
+        lines.push_back(std::string(Word(key.finding)) + ": " + key.detail);
+    return lines;
+}
+
+} // namespace prepare

@@ -1,0 +1,32 @@
+// Draws single entities for tests.
+#pragma once
+
+#include "prepare/plain/DrawEntity.h"
+#include "support/RecordingSink.h"
+
+#include <string>
+#include <vector>
+
+namespace prepare {
+
+using Lines = std::vector<std::string>;
+
+// What an entity needs around it, and what comes of it. Colours of parts are resolved to themselves.
+class Stage {
+public:
+    Drawing drawing;
+    Matrix matrix;
+    Style style;
+    double tolerance = 0.01;
+    Box reach;
+    double pointSize = 1;
+    RecordingSink sink;
+    Report report;
+
+    // What DrawGeometry draws; its type must be drawn there.
+    Lines Draw(const Entity& entity);
+    // "changed: drawn as its outline", one for each entry.
+    Lines Findings() const;
+};
+
+} // namespace prepare
