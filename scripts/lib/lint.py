@@ -83,17 +83,31 @@ def clang_tidy(path, flags, *options):
     return result.stdout if result.returncode in (0, 1) else result.stdout + result.stderr
 
 
+def clashing(group, output):
+    """The files of a group that do not compile together with those before them, by what clang-tidy said."""
+    wrong = re.findall(r"(?m)^(/[^:\n]+):\d+:\d+: error: .*clang-diagnostic-error", output)
+    return [path for path in group if os.path.join(ROOT, path) in wrong]
+
+
 def look_over(build, number, group, flags):
     """What clang-tidy finds in a group's files. They are read as one, because nearly all of its time goes into the
-    standard library's headers; where that does not compile, as they use one name for two things, each by itself."""
-    if len(group) > 1:
-        together = os.path.join(build, f"group{number}.cpp")
-        with open(together, "w", encoding="utf-8") as file:
-            file.write("".join(f'#include "{os.path.join(ROOT, path)}"\n' for path in group))
+    standard library's headers; those that use a name as another does are read after the rest, as a group of their
+    own."""
+    if len(group) == 1:
+        return clang_tidy(group[0], flags[group[0]])
+    together = os.path.join(build, f"group{number}.cpp")
+    with open(together, "w", encoding="utf-8") as file:
+        file.write("".join(f'#include "{os.path.join(ROOT, path)}"\n' for path in group))
+    # What does not compile costs a tenth when nothing else is looked for.
+    apart = clashing(group, clang_tidy(together, flags[group[0]], "--checks=-*,misc-definitions-in-headers"))
+    if not apart:
         output = clang_tidy(together, flags[group[0]], "--checks=-bugprone-suspicious-include")
         if "clang-diagnostic-error" not in output:
             return output
-    return "".join(clang_tidy(path, flags[path]) for path in group)
+    rest = [path for path in group if path not in apart]
+    if not apart or not rest:
+        return "".join(clang_tidy(path, flags[path]) for path in group)
+    return look_over(build, f"{number}-rest", rest, flags) + look_over(build, f"{number}-apart", apart, flags)
 
 
 def run_clang_tidy(build, paths, jobs):
