@@ -1,0 +1,15 @@
+// Files by their paths in UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+namespace prepare {
+
+// Opens a file to read its bytes; null when that fails. The caller closes it.
+std::FILE* OpenInput(const char* path);
+
+// The size of a file in bytes; 0 when it has none, as a pipe.
+std::uint64_t SizeOfInput(std::FILE* file);
+
+} // namespace prepare

@@ -1,0 +1,61 @@
+#include "prepare/Inputs.h"
+
+#include <utility>
+
+namespace prepare {
+
+CDxfSource& FunctionInput::Rewound()
+{
+    m_offset = 0;
+    return *this;
+}
+
+std::ptrdiff_t FunctionInput::Read(char* bytes, std::size_t size)
+{
+    const std::ptrdiff_t count = m_read(m_user, m_offset, bytes, size);
+    if (count > 0 && static_cast<std::size_t>(count) > size)
+        return -1; // it has written past the end of what it was given, or does not know what it says
+    if (count > 0)
+        m_offset += static_cast<std::uint64_t>(count);
+    return count;
+}
+
+FileInput::FileInput(const char* path) : m_file(OpenInput(path))
+{
+    if (m_file == nullptr)
+        return;
+    m_size = SizeOfInput(m_file.get());
+    if (std::fseek(m_file.get(), 0, SEEK_SET) != 0)
+        ReadWhole();
+}
+
+void FileInput::ReadWhole()
+{
+    char part[1 << 16];
+    while (const std::size_t count = std::fread(part, 1, sizeof(part), m_file.get()))
+        m_bytes.append(part, count);
+    m_isKept = std::ferror(m_file.get()) == 0;
+    m_file.reset();
+    m_size = m_bytes.size();
+}
+
+CDxfSource& FileInput::Rewound()
+{
+    if (m_isKept) {
+        m_memory = CDxfMemory(m_bytes);
+        return m_memory;
+    }
+    if (m_file != nullptr && std::fseek(m_file.get(), 0, SEEK_SET) != 0)
+        m_file.reset();
+    return *this;
+}
+
+std::ptrdiff_t FileInput::Read(char* bytes, std::size_t size)
+{
+    if (m_file == nullptr)
+        return -1;
+    const std::size_t count = std::fread(bytes, 1, size, m_file.get());
+    return count == 0 && std::ferror(m_file.get()) != 0 ? -1 : static_cast<std::ptrdiff_t>(count);
+}
+
+} // namespace prepare
