@@ -109,8 +109,8 @@ TEST(Archive, EveryChangeOfAHeaderIsRefused)
     for (std::size_t at = 0; at < kBlock; ++at) {
         std::string changed = archive;
         changed[at] = static_cast<char>(changed[at] + 1);
-        const bool isBehindTheChecksum = at >= 148 + 7 && at < 148 + 8; // the byte after its zero
-        if (!isBehindTheChecksum) {
+        const bool isAfterTheChecksum = at >= 148 + 7 && at < 148 + 8; // the byte after its zero
+        if (!isAfterTheChecksum) {
             EXPECT_THROW(ReadArchive(changed), std::runtime_error) << at;
         }
     }

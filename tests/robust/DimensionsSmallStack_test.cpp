@@ -37,7 +37,7 @@ TEST(DimensionsOnASmallStack, MillionParts)
               13u);
 }
 
-TEST(DimensionsOnASmallStack, MillionPartsOfAllKindsAndAFaultBehindThem)
+TEST(DimensionsOnASmallStack, MillionPartsOfAllKindsAndAFaultAfterThem)
 {
     std::string all;
     for (const std::string_view marker : kPartMarkers)

@@ -80,7 +80,7 @@ TEST(SystemReads, ThatAreShortOrInterruptedChangeNothing)
 }
 
 // A drawing whose file fails after a byte is the drawing up to there, and one message.
-TEST(SystemReads, ThatFailBehindAnyByteAreReported)
+TEST(SystemReads, ThatFailAfterAnyByteAreReported)
 {
     const std::string failed = "qlmSetLastError(0, \"DXF\", 11, \"CDxfRead Failed to read file, Line:";
     for (const char* name : {"blocks", "groups", "annotations"}) {

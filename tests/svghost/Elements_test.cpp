@@ -219,7 +219,7 @@ TEST(Elements, GroupIsDrawnWhateverItsAttributes)
     }
 }
 
-TEST(Elements, HiddenGroupWithANumberThatIsNoneHidesNothingBehindIt)
+TEST(Elements, HiddenGroupWithAnInvalidNumberHidesNothingAfterIt)
 {
     const HostDocument document;
     const QlmNode group = document.Group();

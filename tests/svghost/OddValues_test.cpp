@@ -106,7 +106,7 @@ TEST(OddPaths, LetterWhoseLowByteIsACommandIsNone)
     EXPECT_EQ(DataOf(L"M 0,0 \x014C 1,1"), "(none)");
 }
 
-TEST(OddPaths, NumbersBehindAClosedPathAreNone)
+TEST(OddPaths, NumbersAfterAClosedPathAreInvalid)
 {
     EXPECT_EQ(DataOf(L"M 0,0 L 1,1 Z 5,5"), "(none)");
 }

@@ -171,7 +171,7 @@ TEST(Xml, FileTellsItsVersionAndEncoding)
     EXPECT_EQ(document.Write().rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg ", 0), 0u);
 }
 
-TEST(Xml, BackgroundStandsBehindTheDrawingAndIsEscaped)
+TEST(Xml, BackgroundIsUnderTheDrawingAndEscaped)
 {
     const HostDocument document;
     document.Line(0, 0, 10, 10);

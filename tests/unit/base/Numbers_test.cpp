@@ -34,7 +34,7 @@ std::string Format(Formatter format, double value)
 
 } // namespace
 
-TEST(ParseCode, ReadsDigitsBehindBlanksAndASign)
+TEST(ParseCode, ReadsDigitsAfterBlanksAndASign)
 {
     EXPECT_EQ(CodeOf("0"), 0);
     EXPECT_EQ(CodeOf("  0"), 0);
@@ -54,7 +54,7 @@ TEST(ParseCode, IgnoresWhatFollowsTheDigits)
     EXPECT_EQ(CodeOf("1e3"), 1);
 }
 
-TEST(ParseCode, IgnoresWhatStandsBehindTheLine)
+TEST(ParseCode, IgnoresWhatComesAfterTheLine)
 {
     const std::string_view text = "   7001  -52";
     for (std::size_t size : {4u, 5u, 6u, 7u}) {

@@ -46,7 +46,7 @@ TEST(StoreRoom, ShrunkBlockKeepsWholeUnitsOfAlignment)
     EXPECT_EQ(store.Allocate(8), block + 104);
 }
 
-TEST(StoreRoom, BlockBehindWhichSomethingStandsIsNotShrunk)
+TEST(StoreRoom, BlockThatSomethingFollowsIsNotShrunk)
 {
     CDxfStore store;
     char* const block = static_cast<char*>(store.Allocate(1000));

@@ -68,7 +68,7 @@ const Case kCases[] = {
 };
 
 // The words after each place where a text has the prefix, up to one of the ends.
-std::set<std::string> WordsBehind(std::string_view prefix, const char* ends, std::string_view text)
+std::set<std::string> WordsAfter(std::string_view prefix, const char* ends, std::string_view text)
 {
     std::set<std::string> words;
     for (std::size_t at = 0; (at = text.find(prefix, at)) != std::string_view::npos;) {
@@ -86,7 +86,7 @@ std::set<std::string> DeclaredOperations()
     for (std::string line; std::getline(file, line);)
         if (line.rfind("QUILLMARLIB_API ", 0) == 0)
             declarations += line;
-    return WordsBehind(" qlm", "(", declarations);
+    return WordsAfter(" qlm", "(", declarations);
 }
 
 } // namespace
@@ -129,8 +129,8 @@ TEST(EveryOperation, SetsTheAttributesThatTheHostKnows)
                          {100, "AcDbDimension"},
                          {100, "AcDbDiametricDimension"}});
     std::set<std::string> names;
-    for (const std::string& node : WordsBehind("ByNode(ctx, ", ",", TraceOf(everything)))
-        names.merge(WordsBehind("ByNode(ctx, " + node + ", \"", "\"", TraceOf(everything)));
+    for (const std::string& node : WordsAfter("ByNode(ctx, ", ",", TraceOf(everything)))
+        names.merge(WordsAfter("ByNode(ctx, " + node + ", \"", "\"", TraceOf(everything)));
     EXPECT_EQ(names,
               (std::set<std::string>{"stroke", "stroke-width", "stroke-dasharray", "visibility",
                                      "fill-opacity", "center-x", "center-y", "rotate", "font-size",

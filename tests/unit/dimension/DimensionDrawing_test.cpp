@@ -139,7 +139,7 @@ TEST(DimensionDrawing, OfAHostThatCreatesNothingSetsTheAttributesOfNoNode)
                          "qlmSetCurrentSvgNode(ctx, 0)\n");
 }
 
-TEST(DimensionDrawing, BehindAClosedGateCallsNothingAndReportsNothing)
+TEST(DimensionDrawing, ThatIsNotToBeDrawnCallsNothingAndReportsNothing)
 {
     const std::string drawing =
         DimensionDrawing(Dimension("0", "3", "0", "0") + Part("AcDbDimension") + Radial("0", "1"));

@@ -149,7 +149,7 @@ TEST(DimensionEdges, FontSizesAreNotNarrowed)
 
 // The first "1002", the "{" and the line after a closing "1002" are each read, and counted, whether or not
 // the file still has a line. A list that the file ends has no closing "1002", so no line is read after it.
-TEST(DimensionEdges, LinesOfAStyleListAreCountedBehindTheEndOfTheFile)
+TEST(DimensionEdges, LinesOfAStyleListAreCountedAfterTheEndOfTheFile)
 {
     struct Ending {
         const char* lines;

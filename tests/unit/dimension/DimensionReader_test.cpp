@@ -256,7 +256,7 @@ TEST(DimensionReader, GroupsBeforeTheFirstMarkerFillTheSharedFields)
     EXPECT_EQ(reader.errors, Errors());
 }
 
-TEST(DimensionReader, LayerBehindTheMarkerIsDropped)
+TEST(DimensionReader, LayerAfterTheMarkerIsDropped)
 {
     EXPECT_EQ(FieldMapOf(OneDimension(Part("AcDbEntity", {{8, "Walls"}, {62, 3}})).Record()),
               SharedDefaults(9));

@@ -117,7 +117,7 @@ TEST(DimensionStyleLists, OtherStringThanDSTYLEIsAGroupLikeAnyOther)
     }
 }
 
-TEST(DimensionStyleLists, MissingBeginIsReportedAndReadingGoesOnBehindThePair)
+TEST(DimensionStyleLists, MissingBeginIsReportedAndReadingGoesOnAfterThePair)
 {
     for (const std::string_view marker : kSkipping) {
         const OnePart read(Part(marker, {{1000, "DSTYLE"}, {" 1070 ", "371"}, {100, "AcDbEntity"}}));
@@ -160,7 +160,7 @@ TEST(DimensionStyleLists, FileThatEndsWithinGivesNoMessage)
     }
 }
 
-TEST(DimensionStyleLists, FileThatEndsBehindDSTYLEGivesAnEmptyLineInPlaceOf1002)
+TEST(DimensionStyleLists, FileThatEndsAfterDSTYLEGivesAnEmptyLineInPlaceOf1002)
 {
     for (const std::string_view end : {"DSTYLE\n", "DSTYLE"}) {
         for (const std::string_view marker : kSkipping) {

@@ -140,7 +140,7 @@ TEST(DimensionTable, OfSeveralAlignedPartsTheLastIsDrawn)
     EXPECT_EQ(Drawn(kAnotherAligned + kDimension + kAligned), AlignedAt5());
 }
 
-TEST(DimensionTable, RotatedIsDrawnWhenItIsTheLastPartBehindADimensionAndAnAlignedPart)
+TEST(DimensionTable, RotatedIsDrawnWhenItIsTheLastPartAfterADimensionAndAnAlignedPart)
 {
     EXPECT_EQ(Drawn(kDimension + kAligned + kRotated), RotatedAt5());
     EXPECT_EQ(Drawn(kEntity + kDimension + kAligned + kRotated), RotatedAt5());
@@ -174,14 +174,14 @@ TEST(DimensionTable, RotatedTakesTheLastAlignedPart)
     EXPECT_EQ(Drawn(kAnotherAligned + kDimension + kAligned + kRotated), RotatedAt5());
 }
 
-TEST(DimensionTable, AlignedBehindARotatedPartIsDrawnAsAligned)
+TEST(DimensionTable, AlignedAfterARotatedPartIsDrawnAsAligned)
 {
     EXPECT_EQ(Drawn(kDimension + kRotated + kAligned), AlignedAt5());
     EXPECT_EQ(Drawn(kDimension + kAligned + kRotated + kAnotherAligned), AlignedAt6());
     EXPECT_EQ(Drawn(kRotated + kDimension + kAligned), AlignedAt5());
 }
 
-TEST(DimensionTable, RadialDiametricAndAngularAreDrawnBehindADimensionPartWhereverTheyStand)
+TEST(DimensionTable, RadialDiametricAndAngularAreDrawnAfterADimensionPartWhereverTheyAre)
 {
     EXPECT_EQ(Drawn(kDimension + kRadial), Radial());
     EXPECT_EQ(Drawn(kDimension + kDiametric), Diametric());

@@ -160,14 +160,14 @@ TEST(DimensionText, StackAcrossTheBaselineTurnsWithTheText)
               Pieces({{"1", "10, 20", "3.00"}, {"2", "6, 20", "3.00"}}, "-90"));
 }
 
-TEST(DimensionText, StackWithoutASeparatorBehindSomethingDrawsNothing)
+TEST(DimensionText, StackWithoutASeparatorAfterSomethingDrawsNothing)
 {
     for (const wchar_t* text :
          {L"\\S/2", L"\\S^2", L"\\S", L"\\S12", L"\\S/", L"\\S^", L"\\S/1/2", L"\\S#", L"\\S1#2"})
         EXPECT_EQ(Laid(text), "") << ToTraceText(text);
 }
 
-TEST(DimensionText, StackWithNothingBehindItsSeparatorDrawsTheNumerator)
+TEST(DimensionText, StackWithNothingAfterItsSeparatorDrawsTheNumerator)
 {
     EXPECT_EQ(Laid(L"\\S1/"), Pieces({{"1", "10, 20", "1.00"}}));
     EXPECT_EQ(Laid(L"\\S1^"), Pieces({{"1", "10, 20", "1.00"}}));
@@ -186,7 +186,7 @@ TEST(DimensionText, FirstCaretSeparatesElseTheFirstSlash)
 }
 
 // The width is 2 x 2 x 4 / 10.
-TEST(DimensionText, StackBehindPlainTextStandsAfterItsWidth)
+TEST(DimensionText, StackAfterPlainTextIsPlacedAfterItsWidth)
 {
     EXPECT_EQ(Laid(L"12\\S1^4"),
               Pieces({{"12"}, {"1", "11.6, 20", "1.00"}, {"4", "11.6, 18.666666", "1.00"}}));
@@ -194,7 +194,7 @@ TEST(DimensionText, StackBehindPlainTextStandsAfterItsWidth)
               Pieces({{"1", "10, 20", "5.00"}, {"3", "12, 20", "2.50"}, {"4", "12, 16.666666", "2.50"}}));
 }
 
-TEST(DimensionText, StackBehindPlainTextMovesUpTheYAxisWithTheText)
+TEST(DimensionText, StackAfterPlainTextMovesUpTheYAxisWithTheText)
 {
     EXPECT_EQ(Laid(L"12\\S1^4", kUpward),
               Pieces({{"12"}, {"1", "10, 21.6", "1.00"}, {"4", "11.333333, 21.6", "1.00"}}, "90"));
@@ -202,7 +202,7 @@ TEST(DimensionText, StackBehindPlainTextMovesUpTheYAxisWithTheText)
               Pieces({{"12"}, {"1", "10, 18.4", "1.00"}, {"4", "8.666667, 18.4", "1.00"}}, "-90"));
 }
 
-TEST(DimensionText, AnyCodeBehindPlainTextIsTakenForAStack)
+TEST(DimensionText, AnyCodeAfterPlainTextIsTakenForAStack)
 {
     EXPECT_EQ(Laid(L"12\\P3/4"),
               Pieces({{"12"}, {"3", "11.6, 20", "1.00"}, {"4", "11.6, 18.666666", "1.00"}}));
@@ -213,7 +213,7 @@ TEST(DimensionText, AnyCodeBehindPlainTextIsTakenForAStack)
     EXPECT_EQ(Laid(L"12\\H9;34"), Pieces({{"12"}, {"34"}})); // and changes no height
 }
 
-TEST(DimensionText, CodeBehindPlainTextWithoutAStackLeavesTheTextAlone)
+TEST(DimensionText, CodeAfterPlainTextWithoutAStackLeavesTheTextAlone)
 {
     for (const wchar_t* text : {L"12\\", L"12\\S", L"12\\S3", L"12\\S/3", L"12\\P34"})
         EXPECT_EQ(Laid(text), Pieces({{"12"}})) << ToTraceText(text);
@@ -226,7 +226,7 @@ TEST(DimensionText, FirstBackslashCutsThePlainText)
               Pieces({{"1"}, {"2", "10.8, 20", "1.00"}, {"3\\x5CS4", "10.8, 18.666666", "1.00"}}));
 }
 
-TEST(DimensionText, BracesBehindTextAreANestedTextWithTheClosingBrace)
+TEST(DimensionText, BracesAfterTextAreANestedTextWithTheClosingBrace)
 {
     EXPECT_EQ(Laid(L"A{B}"), Pieces({{"A"}, {"B}", "10.8, 20"}}));
     EXPECT_EQ(Laid(L"A{B}C"), Pieces({{"A"}, {"B}", "10.8, 20"}})); // what follows is lost
@@ -240,7 +240,7 @@ TEST(DimensionText, NestedTextMovesDownTheYAxisWithTheText)
     EXPECT_EQ(Laid(L"A{B}", {10.0f, 20.0f, 180.0f}), Pieces({{"A"}, {"B}", "9.2, 20"}}, "180"));
 }
 
-TEST(DimensionText, BraceWithoutAPartnerBehindItGivesAnEmptyNestedText)
+TEST(DimensionText, BraceWithoutAPartnerAfterItGivesAnEmptyNestedText)
 {
     EXPECT_EQ(Laid(L"A{B"), Pieces({{"A"}}));
     EXPECT_EQ(Laid(L"A{"), Pieces({{"A"}}));

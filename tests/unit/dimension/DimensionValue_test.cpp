@@ -71,7 +71,7 @@ TEST(DimensionValue, IsShownWithoutAnOverride)
     }
 }
 
-TEST(DimensionValue, OfATypeOfExactly2HasTheRingAboveBehindIt)
+TEST(DimensionValue, OfATypeOfExactly2HasARingAboveAtItsEnd)
 {
     for (const Kind& kind : kKinds) {
         EXPECT_EQ(TextsOfKind(kind, {{70, 2}}), std::string(kind.value) + "\u02DA") << kind.name;
@@ -134,7 +134,7 @@ TEST(DimensionValue, CodesOfAnOverrideAreLaidOut)
 }
 
 // The radial dimension lies along 180 degrees; what follows "2.5" is three characters to the left.
-TEST(DimensionValue, StackBehindTheValueIsLaidOutAlongTheDimension)
+TEST(DimensionValue, StackAfterTheValueIsLaidOutAlongTheDimension)
 {
     EXPECT_EQ(Shown({{11, 7}, {21, -3}, {1, "<>\\S+1^-2;"}}), DimensionTrace()
                                                                   .Begin()

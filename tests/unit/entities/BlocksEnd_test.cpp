@@ -51,7 +51,7 @@ TEST(BlocksEnd, NameReadTogetherWithTheEndIsNotLookedAt)
     EXPECT_EQ(Read(kBlocks + "0\nFOO"), Result{"entities:"});
 }
 
-TEST(BlocksEnd, InAHeaderBehindALineFeedGivesTwoMessages)
+TEST(BlocksEnd, InAHeaderAfterALineFeedGivesTwoMessages)
 {
     EXPECT_EQ(Read(kBlocks + Dxf({{0, "BLOCK"}})),
               (Result{"entities:", "0 3 ReadBLOCKS_BLOCK Failed to read integer from '', Line:7",
@@ -99,7 +99,7 @@ TEST(BlocksEnd, InAnEntityOfABlockKeepsTheRecord)
               (Result{": 1", "entities:", "0 5 ReadENTITIES_LINE() Failed to read line, Line:10"}));
 }
 
-TEST(BlocksEnd, BehindAnEntityOfABlock)
+TEST(BlocksEnd, AfterAnEntityOfABlock)
 {
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nLINE\n0"), (Result{": 1", "entities:"}));
     EXPECT_EQ(Read(kBlocks + "0\nBLOCK\n0\nLINE\n0\n"), (Result{": 1", "entities:"}));

@@ -250,7 +250,7 @@ TEST(Blocks, LinesThatNameNoEntityArePassedOverOneByOne)
     EXPECT_EQ(reader.blocks[0]->m_entities[0]->m_nColor, 0);
 }
 
-TEST(Blocks, LayerNamedLineStartsALineBehindAFailedEntity)
+TEST(Blocks, LayerNamedLineStartsALineAfterAFailedEntity)
 {
     const BlocksReader reader(
         Lines({"0", "BLOCK", "2", "Door", "0", "CIRCLE", "x", "8", "LINE", "8", "Walls", "0", "ENDBLK"}));
@@ -333,7 +333,7 @@ TEST(Blocks, BadCodeInAHeaderDropsTheBlockAndReportsEachOfItsEntities)
     EXPECT_TRUE(reader.entities.empty());
 }
 
-TEST(Blocks, LineBehindABadHeaderCodeMayBeABlockOrTheEnd)
+TEST(Blocks, LineAfterABadHeaderCodeMayBeABlockOrTheEnd)
 {
     const BlocksReader block({{0, "BLOCK"}, {"x", "BLOCK"}, {2, "Door"}, {0, "ENDBLK"}});
     EXPECT_EQ(block.errors, (Errors{"0 3 ReadBLOCKS_BLOCK Failed to read integer from 'x', Line:7",

@@ -169,7 +169,7 @@ TEST(CommonCodes, GroupWithoutLinesIsItsOpeningValue)
     EXPECT_EQ(OneLine(Dxf({{102, "{A"}, {102, "}"}})).Changed(), "m_strAppData=\"{A\"");
 }
 
-TEST(CommonCodes, Line102OfAGroupDropsTheLineBehindItUnlessItEndsTheGroup)
+TEST(CommonCodes, Line102OfAGroupDropsTheLineAfterItUnlessItEndsTheGroup)
 {
     EXPECT_EQ(OneLine("102\n{A\n102\n102\n102\n{B\n}\n102\n}\n").Changed(), "m_strAppData=\"{A\\x0A}\"");
 }

@@ -119,7 +119,7 @@ TEST(EmitCallbacks, BlocksComeBeforeEntitiesWhicheverSectionIsFirst)
     EXPECT_EQ(CallbacksOf(entities + blocks), expected);
 }
 
-TEST(EmitCallbacks, BlocksWithInsertsComeBehindThoseWithoutEachInFileOrder)
+TEST(EmitCallbacks, BlocksWithInsertsComeAfterThoseWithoutEachInFileOrder)
 {
     EXPECT_EQ(
         CallbacksOf(Blocks(Block("N1", {{0, "LINE"}, {8, "x"}, {0, "INSERT"}, {8, "y"}}) +
@@ -173,7 +173,7 @@ TEST(EmitCallbacks, InsertMarksTheBlockThatHoldsIt)
     EXPECT_FALSE(reader.blocks[2]->hasNestedInsert);
 }
 
-TEST(EmitCallbacks, BlockThatIsMarkedAlreadyComesBehindThoseThatAreNot)
+TEST(EmitCallbacks, BlockThatIsMarkedAlreadyComesAfterThoseThatAreNot)
 {
     OddRecords reader;
     reader.AddBlock("Marked").hasNestedInsert = true;

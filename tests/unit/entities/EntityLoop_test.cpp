@@ -102,7 +102,7 @@ TEST(EntityLoop, CodeThatIsNoIntegerGivesTheReadersMessageAndThenTheLoops)
     }
 }
 
-TEST(EntityLoop, FileThatEndsBehindALineEndGivesBothMessagesQuotingTheEmptyLine)
+TEST(EntityLoop, FileThatEndsAfterALineEndGivesBothMessagesQuotingTheEmptyLine)
 {
     for (const Type& type : kTypes)
         EXPECT_EQ(ErrorsOf("0\nSECTION\n2\nENTITIES\n0\n" + type.name + "\n8\na\n"),

@@ -228,7 +228,7 @@ TEST(GeometryReader, EndOfTheFileEndsTheReadingWithWhatWasRead)
     }
 }
 
-TEST(GeometryReader, CodesMayHaveBlanksASignZerosAndLettersBehindThem)
+TEST(GeometryReader, CodesMayHaveBlanksASignZerosAndLettersAfterThem)
 {
     for (const char* const code : {"10", "  10", "\t10", "+10", "010", "10abc", "10 20", "10.5"})
         EXPECT_EQ(Reading(&CDxfRead::ReadENTITIES_LINE, code + std::string("\n3\n0\n")).Changed(),

@@ -75,7 +75,7 @@ TEST(Stream, IsNotAtTheEndBeforeItHasMetIt)
     EXPECT_TRUE(stream.eof());
 }
 
-TEST(Stream, BehindTheEndLinesStayEmptyAndTheFlagStays)
+TEST(Stream, AfterTheEndLinesStayEmptyAndTheFlagStays)
 {
     CDxfMemory memory("last");
     CDxfStream stream(memory);
@@ -171,7 +171,7 @@ TEST(Stream, Byte1AEndsTheFileWhereverAReadEnds)
     }
 }
 
-TEST(Stream, NothingIsReadBehindByte1A)
+TEST(Stream, NothingIsReadAfterByte1A)
 {
     EXPECT_EQ(LinesOf("a\x1A" + Repeat(300000, '\n')), (Texts{"a<eof>"}));
 }

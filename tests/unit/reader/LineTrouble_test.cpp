@@ -99,7 +99,7 @@ TEST(LineTrouble, CutAndReadErrorOfOneLineAreBothReported)
                      "OnError 0 11 CDxfRead Failed to read file, Line:5"}));
 }
 
-TEST(LineTrouble, LineNumbersHoldFarBehindTheFirstBuffer)
+TEST(LineTrouble, LineNumbersAreRightFarAfterTheFirstBuffer)
 {
     std::string comments;
     for (int i = 0; i < 100000; ++i)

@@ -200,7 +200,7 @@ TEST(SectionDriver, SectionsComeInAnyOrderAndAnyNumber)
                      "OnLine a", "OnLine b"}));
 }
 
-TEST(SectionDriver, ReadingGoesOnBehindATablesSection)
+TEST(SectionDriver, ReadingGoesOnAfterATablesSection)
 {
     EXPECT_EQ(
         CallbacksOf(
@@ -233,7 +233,7 @@ TEST(SectionDriver, EntityWhoseTypeNameEndsTheFileIsStillMade)
               (Calls{"OnError 0 5 ReadENTITIES_LINE() Failed to read line, Line:6", "OnLine "}));
 }
 
-TEST(SectionDriver, TypeNameThatEndsTheFileBehindAnEntityIsNotLookedAt)
+TEST(SectionDriver, TypeNameThatEndsTheFileAfterAnEntityIsNotLookedAt)
 {
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nCIRCLE"), (Calls{"OnLine "}));
 }
@@ -247,7 +247,7 @@ TEST(SectionDriver, FileThatStopsAtTheFirstTypeNameReportsAnEmptyName)
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES"), (Calls{"OnError 0 6  - Unknown Object Type Name (6)"}));
 }
 
-TEST(SectionDriver, FileThatStopsBehindALineEndQuotesTheEmptyLineBehindIt)
+TEST(SectionDriver, FileThatStopsAfterALineEndQuotesTheEmptyLineAfterIt)
 {
     EXPECT_EQ(CallbacksOf(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {8, "a"}})),
               (Calls{"OnError 0 3 ReadENTITIES_LINE Failed to read integer from '', Line:9",
@@ -260,7 +260,7 @@ TEST(SectionDriver, FileThatStopsWithoutALineEndGivesNoIntegerMessage)
               (Calls{"OnError 0 5 ReadENTITIES_LINE() Failed to read line, Line:8", "OnLine a"}));
 }
 
-TEST(SectionDriver, ValueLineBehindACodeThatEndsTheFileIsReadAndCounted)
+TEST(SectionDriver, ValueLineAfterACodeThatEndsTheFileIsReadAndCounted)
 {
     EXPECT_EQ(CallbacksOf("0\nSECTION\n2\nENTITIES\n0\nLINE\n8\na\n8"),
               (Calls{"OnError 0 5 ReadENTITIES_LINE() Failed to read line, Line:10", "OnLine "}));

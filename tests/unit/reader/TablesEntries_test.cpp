@@ -265,7 +265,7 @@ TEST(TablesEntries, KindReadersTellHowTheyEnded)
     EXPECT_EQ(reader.errors, (Texts{"0 3 ReaTABLES_BLOCK_RECORD() Failed to read integer from 'x', Line:2"}));
 }
 
-TEST(TablesEntries, CommonReaderTellsWhetherItStoppedAtEndtabBehindAnEntry)
+TEST(TablesEntries, CommonReaderSaysWhetherItStoppedAtEndtabAfterAnEntry)
 {
     const auto common = [](std::string_view typeName, std::string_view text) {
         ReportingReader reader;

@@ -114,7 +114,7 @@ TEST(Tables, SecondGroupFollowsTheFirstWithoutASeparator)
     EXPECT_EQ(ChangedFields(*reader.tables[0]), "m_strAppData=\"{A\\x0A1{B\\x0A2\"");
 }
 
-TEST(Tables, Line102OfAGroupDropsTheLineBehindItUnlessItEndsTheGroup)
+TEST(Tables, Line102OfAGroupDropsTheLineAfterItUnlessItEndsTheGroup)
 {
     const TablesReader reader(Lines({"0", "TABLE", "102", "{A", "102", "102", "102", "{B", " x ", "", "102 ",
                                      " } ", "2", "N", "0", "ENDTAB"}));
@@ -169,7 +169,7 @@ TEST(Tables, UnknownEntryNameIsReportedOnceAndItsTableSkipped)
     EXPECT_EQ(reader.calls, (Texts{"OnError 0 4 ReaTABLES_COMMON() Unknown table name 'ODD', Line:10"}));
 }
 
-TEST(Tables, UnknownNameBehindAKnownEntrySkipsTheRestOfTheTable)
+TEST(Tables, UnknownNameAfterAKnownEntrySkipsTheRestOfTheTable)
 {
     const TablesReader reader(
         Table("LAYER", Entry("LAYER", "a") + Entry("layer", "b") + Entry("LAYER", "c")) +
@@ -228,7 +228,7 @@ TEST(Tables, CodeThatIsNoNumberInAnEntryIsReportedAndTheSectionLeft)
               (Texts{"OnError 0 3 ReaTABLES_COMMON() Failed to read integer from 'x', Line:13", "OnLine a"}));
 }
 
-TEST(Tables, BehindAFailedKindReaderTheNextLineIsTakenAsATypeName)
+TEST(Tables, AfterAFailedKindReaderTheNextLineIsTakenAsATypeName)
 {
     const struct {
         std::string_view type;
@@ -254,7 +254,7 @@ TEST(Tables, BehindAFailedKindReaderTheNextLineIsTakenAsATypeName)
     }
 }
 
-TEST(Tables, EntryTypeBehindAFailedKindReaderIsAnEntry)
+TEST(Tables, EntryTypeAfterAFailedKindReaderIsAnEntry)
 {
     const TablesReader reader(Dxf({{0, "TABLE"},
                                    {2, "T"},
@@ -270,7 +270,7 @@ TEST(Tables, EntryTypeBehindAFailedKindReaderIsAnEntry)
               (Texts{"OnError 0 3 ReaTABLES_LAYER() Failed to read integer from 'x', Line:15"}));
 }
 
-TEST(Tables, FileThatEndsBehindACompletePairQuotesTheEmptyLine)
+TEST(Tables, FileThatEndsAfterACompletePairQuotesTheEmptyLine)
 {
     CallbackReader reader;
     reader.ReadText(Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}, {0, "LAYER"}, {5, "1F"}}));
@@ -326,7 +326,7 @@ TEST(Tables, SkippedTableWithoutAnEndTakesTheRestOfTheFile)
         Texts());
 }
 
-TEST(Tables, LineBehindATableThatIsNoZeroLeavesTheSection)
+TEST(Tables, LineAfterATableThatIsNoZeroLeavesTheSection)
 {
     const TablesReader reader(
         Table("LAYER", Entry("LAYER", "a")) + Lines({"9"}) + Table("LAYER", Entry("LAYER", "b")), kLineA);
@@ -359,7 +359,7 @@ TEST(Tables, AfterAnEmptyTableTheSameHolds)
               (Texts{"OnError 0 2 ODD - Unknown Section Name Line (16)"}));
 }
 
-TEST(Tables, EndsecBehindATableEndsTheSectionAtOnce)
+TEST(Tables, EndsecAfterATableEndsTheSectionAtOnce)
 {
     const std::string start = Dxf({{0, "SECTION"}, {2, "TABLES"}});
     EXPECT_EQ(CallbacksOf(start + Table("T", "") + Dxf({{0, "ENDSEC"}}) + kLineA), (Texts{"OnLine a"}));
