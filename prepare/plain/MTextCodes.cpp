@@ -23,13 +23,22 @@ constexpr std::size_t kMostTabs = 32;
 class Reader {
 public:
     Reader(std::string_view text, const RunLook& first, std::string_view codePage)
-        : m_rest(text.substr(0, kLongest)), m_codePage(codePage), m_base(first), m_look(first)
+        : m_rest(text.substr(0, EndOf(text))), m_codePage(codePage), m_base(first), m_look(first)
     {
-        m_content.isCut = text.size() > kLongest;
+        m_content.isCut = m_rest.size() < text.size();
         m_content.looks.push_back(first);
         m_content.paragraphs.emplace_back();
-        m_lastSemicolon =
-            m_rest.rfind(';') == std::string_view::npos ? nullptr : m_rest.data() + m_rest.rfind(';');
+        if (const std::size_t last = m_rest.rfind(';'); last != std::string_view::npos)
+            m_lastSemicolon = m_rest.data() + last;
+    }
+
+    // Not in the middle of a character.
+    static std::size_t EndOf(std::string_view text)
+    {
+        std::size_t end = std::min(text.size(), kLongest);
+        while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+            --end;
+        return end;
     }
 
     MTextContent Read()
@@ -89,19 +98,13 @@ private:
         }
     }
 
-    // Whether it was one.
-    bool ReadCommonCode()
+    // A sign that begins no code is itself.
+    void ReadCommonCode()
     {
         const TextCode code = ReadTextCode(m_rest, m_codePage);
-        if (code.size == 0) {
-            AddLetters(m_rest.substr(0, 1));
-            Skip(1);
-            return false;
-        }
         m_look.lines ^= code.toggled;
-        AddLetters(code.letters);
-        Skip(code.size);
-        return true;
+        AddLetters(code.size != 0 ? std::string_view(code.letters) : m_rest.substr(0, 1));
+        Skip(std::max<std::size_t>(code.size, 1));
     }
 
     void ReadPlain()
@@ -253,38 +256,56 @@ private:
         Skip(size + 1);
     }
 
-    // Upper text, ^ or / or #, lower text. A backslash takes their meaning from characters.
+    // Upper text, a divider, lower text. Without a divider it is no fraction.
     void ReadFraction()
     {
-        std::string parts[2];
+        std::string above, below;
         Kind kind = Kind::Letters;
-        std::size_t i = 0;
-        for (; i < m_rest.size() && m_rest[i] != ';'; ++i) {
-            const char c = m_rest[i];
-            std::string& part = parts[kind == Kind::Letters ? 0 : 1];
-            if (kind == Kind::Letters && (c == '^' || c == '/' || c == '#')) {
-                kind = c == '^' ? Kind::Tolerance : c == '/' ? Kind::Fraction : Kind::Diagonal;
-                continue;
-            }
-            if (c == '\\' && i + 1 < m_rest.size()) {
-                const TextCode code = ReadTextCode(m_rest.substr(i), m_codePage);
-                AppendWithoutControls(part, code.size != 0 ? std::string_view(code.letters)
-                                                           : m_rest.substr(i + 1, 1));
-                i += code.size != 0 ? code.size - 1 : 1;
-            } else if (c == '%') {
-                const TextCode code = ReadTextCode(m_rest.substr(i), m_codePage);
-                AppendWithoutControls(part,
-                                      code.size != 0 ? std::string_view(code.letters) : m_rest.substr(i, 1));
-                i += code.size != 0 ? code.size - 1 : 0;
-            } else if (c != '{' && c != '}') {
-                AppendWithoutControls(part, m_rest.substr(i, 1));
+        while (!m_rest.empty() && m_rest.front() != ';') {
+            const Kind divided = DividedBy(m_rest.front());
+            if (kind == Kind::Letters && divided != Kind::Letters) {
+                kind = divided;
+                Skip(1);
+            } else {
+                ReadInFraction(kind == Kind::Letters ? above : below);
             }
         }
-        Skip(std::min(i + 1, m_rest.size()));
+        Skip(std::min<std::size_t>(m_rest.size(), 1));
         if (kind == Kind::Letters)
-            AddLetters(parts[0]);
+            AddLetters(above);
         else
-            AddFraction(kind, Trim(parts[0]), Trim(parts[1]));
+            AddFraction(kind, Trim(above), Trim(below));
+    }
+
+    static Kind DividedBy(char divider)
+    {
+        switch (divider) {
+        case '^':
+            return Kind::Tolerance;
+        case '/':
+            return Kind::Fraction;
+        case '#':
+            return Kind::Diagonal;
+        default:
+            return Kind::Letters;
+        }
+    }
+
+    // A character, a code that stands for one, or one that a backslash makes no divider.
+    void ReadInFraction(std::string& part)
+    {
+        const char c = m_rest.front();
+        const TextCode code = c == '^' ? TextCode{} : ReadTextCode(m_rest, m_codePage);
+        if (code.size != 0) {
+            AppendWithoutControls(part, code.letters);
+            Skip(code.size);
+            return;
+        }
+        if (c == '\\')
+            Skip(1);
+        if (c != '{' && c != '}')
+            AppendWithoutControls(part, m_rest.substr(0, 1));
+        Skip(std::min<std::size_t>(m_rest.size(), 1));
     }
 
     void AddFraction(Kind kind, std::string_view above, std::string_view below)

@@ -81,7 +81,9 @@ void TextDrawer::DrawLine(const Style& style, Point2 start, Point2 end)
 
 void TextDrawer::LeaveOut(std::string_view reason)
 {
-    m_placement.report.Add(Finding::NotShown, m_typeName, reason, m_line);
+    if (!m_hasReported)
+        m_placement.report.Add(Finding::NotShown, m_typeName, reason, m_line);
+    m_hasReported = true;
 }
 
 } // namespace prepare

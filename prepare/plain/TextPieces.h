@@ -74,6 +74,7 @@ private:
     const std::string_view m_typeName;
     const std::uint64_t m_line;
     const NameId m_textStyle;
+    bool m_hasReported = false; // an entity is reported once
 };
 
 } // namespace prepare

@@ -1,0 +1,475 @@
+#include "support/TextTrial.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace prepare {
+namespace {
+
+// At the origin, with letters of height 1.
+MText Simple(const char* letters)
+{
+    MText text;
+    text.line = 7;
+    text.text = letters;
+    text.height = 1;
+    return text;
+}
+
+MText Attached(std::int32_t attachment, const char* letters = "A\\PB")
+{
+    MText text = Simple(letters);
+    text.height = 3;
+    text.attachment = attachment;
+    return text;
+}
+
+MText Wrapped(const char* letters, double width)
+{
+    MText text = Simple(letters);
+    text.width = width;
+    return text;
+}
+
+Lines Drawn(const MText& text)
+{
+    TextTrial trial;
+    return trial.Draw(text);
+}
+
+Lines Drawn(const char* letters)
+{
+    return Drawn(Simple(letters));
+}
+
+// Only the words of each piece.
+Lines WordsOf(const MText& text)
+{
+    Lines words;
+    for (const std::string& line : Drawn(text)) {
+        const std::size_t start = line.find('\'');
+        if (start != std::string::npos)
+            words.push_back(line.substr(start + 1, line.rfind('\'') - start - 1));
+    }
+    return words;
+}
+
+TEST(DrawMText, ParagraphsAreFiveThirdsOfTheHeightApart)
+{
+    EXPECT_EQ(Drawn(Attached(1)),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start", "text 'B' at 0,-8 along 3,0 up 0,3 start"}));
+}
+
+TEST(DrawMText, AttachmentsAtTheTopHangFromThePoint)
+{
+    EXPECT_EQ(Drawn(Attached(2)), (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 middle",
+                                         "text 'B' at 0,-8 along 3,0 up 0,3 middle"}));
+    EXPECT_EQ(Drawn(Attached(3)),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 end", "text 'B' at 0,-8 along 3,0 up 0,3 end"}));
+}
+
+TEST(DrawMText, AttachmentsInTheMiddleHaveThePointHalfWay)
+{
+    EXPECT_EQ(Drawn(Attached(4)),
+              (Lines{"text 'A' at 0,1 along 3,0 up 0,3 start", "text 'B' at 0,-4 along 3,0 up 0,3 start"}));
+    EXPECT_EQ(Drawn(Attached(5)),
+              (Lines{"text 'A' at 0,1 along 3,0 up 0,3 middle", "text 'B' at 0,-4 along 3,0 up 0,3 middle"}));
+    EXPECT_EQ(Drawn(Attached(6)),
+              (Lines{"text 'A' at 0,1 along 3,0 up 0,3 end", "text 'B' at 0,-4 along 3,0 up 0,3 end"}));
+}
+
+TEST(DrawMText, AttachmentsAtTheBottomStandOnThePoint)
+{
+    EXPECT_EQ(Drawn(Attached(7)),
+              (Lines{"text 'A' at 0,5 along 3,0 up 0,3 start", "text 'B' at 0,0 along 3,0 up 0,3 start"}));
+    EXPECT_EQ(Drawn(Attached(8)),
+              (Lines{"text 'A' at 0,5 along 3,0 up 0,3 middle", "text 'B' at 0,0 along 3,0 up 0,3 middle"}));
+    EXPECT_EQ(Drawn(Attached(9)),
+              (Lines{"text 'A' at 0,5 along 3,0 up 0,3 end", "text 'B' at 0,0 along 3,0 up 0,3 end"}));
+}
+
+TEST(DrawMText, AnUnknownAttachmentIsTopLeft)
+{
+    EXPECT_EQ(Drawn(Attached(0, "A")), Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start"});
+    EXPECT_EQ(Drawn(Attached(10, "A")), Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start"});
+}
+
+TEST(DrawMText, TheSpacingFactorStretchesTheDistance)
+{
+    MText text = Attached(1);
+    text.spacing = 2;
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start", "text 'B' at 0,-13 along 3,0 up 0,3 start"}));
+}
+
+TEST(DrawMText, SpacingAtLeastGrowsWithHigherLetters)
+{
+    MText text = Attached(1, "A\\P\\H6;B");
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start", "text 'B' at 0,-13 along 6,0 up 0,6 start"}));
+    text.spacingStyle = 2; // exact
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start", "text 'B' at 0,-8 along 6,0 up 0,6 start"}));
+}
+
+TEST(DrawMText, EmptyParagraphsTakeTheirLine)
+{
+    EXPECT_EQ(Drawn(Attached(1, "A\\P\\PB")),
+              (Lines{"text 'A' at 0,-3 along 3,0 up 0,3 start", "text 'B' at 0,-13 along 3,0 up 0,3 start"}));
+}
+
+TEST(DrawMText, RotationIsInDegrees)
+{
+    MText text = Attached(1);
+    text.rotation = 90;
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 3,0 along 0,3 up -3,0 start", "text 'B' at 8,0 along 0,3 up -3,0 start"}));
+}
+
+TEST(DrawMText, ADirectionCountsInPlaceOfTheRotation)
+{
+    MText text = Attached(1, "A");
+    text.rotation = 45;
+    text.direction = {0, -2, 0};
+    text.hasDirection = true;
+    EXPECT_EQ(Drawn(text), Lines{"text 'A' at -3,0 along 0,-3 up 3,0 start"});
+    text.direction = {0, 0, 0}; // none
+    text.rotation = 180;
+    EXPECT_EQ(Drawn(text), Lines{"text 'A' at 0,3 along -3,0 up 0,-3 start"});
+}
+
+TEST(DrawMText, AnExtrusionDownMirrorsIt)
+{
+    MText text = Attached(1, "A");
+    text.point = {10, 20, 0}; // in world coordinates
+    text.extrusion = {0, 0, -1};
+    EXPECT_EQ(Drawn(text), Lines{"text 'A' at 10,17 along -3,0 up 0,3 start"});
+}
+
+TEST(DrawMText, HeightWidthAndObliqueAngleAreTheStyles)
+{
+    TextTrial trial;
+    TextStyle& style = trial.StyleNamed("Narrow");
+    style.height = 4;
+    style.widthFactor = 0.5;
+    style.oblique = 45;
+    MText text = Simple("A");
+    text.height = 0;
+    text.style = style.name;
+    EXPECT_EQ(trial.Draw(text), Lines{"text 'A' at 0,-4 along 2,0 up 4,4 start"});
+}
+
+// A letter of these words is 0.938 (A) or 0.941 (B) wide, a blank 0.436.
+TEST(DrawMText, WordsThatDoNotFitGoToTheNextLine)
+{
+    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 4.2)), (Lines{"AA BB", "AA"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 4.19)), (Lines{"AA", "BB", "AA"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA  BB", 2)), (Lines{"AA", "BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("AAAAAA BB", 2)), (Lines{"AAAAAA", "BB"}));
+}
+
+TEST(DrawMText, LinesOfAWidthAreAlignedInIt)
+{
+    MText text = Wrapped("AA BB", 2);
+    text.attachment = 2; // the point is in the middle of the width
+    EXPECT_EQ(Drawn(text), (Lines{"text 'AA' at 0,-1 along 1,0 up 0,1 middle",
+                                  "text 'BB' at 0,-2.66667 along 1,0 up 0,1 middle"}));
+    text.attachment = 3;
+    EXPECT_EQ(Drawn(text), (Lines{"text 'AA' at 0,-1 along 1,0 up 0,1 end",
+                                  "text 'BB' at 0,-2.66667 along 1,0 up 0,1 end"}));
+}
+
+TEST(DrawMText, HardBlanksDoNotBreakLines)
+{
+    EXPECT_EQ(WordsOf(Wrapped("AA\\~BB AA", 2)), (Lines{"AA BB", "AA"}));
+}
+
+TEST(DrawMText, AWordOfSeveralLooksIsNotBroken)
+{
+    EXPECT_EQ(Drawn(Wrapped("A A{\\C1;B}", 2.4)), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                                         "text 'A' at 0,-2.66667 along 1,0 up 0,1 start",
+                                                         "text 'B' at 0.938,-2.66667 along 1,0 up 0,1 start "
+                                                         "colour 1"}));
+}
+
+TEST(DrawMText, EastAsianTextBreaksBetweenAnyTwoCharacters)
+{
+    EXPECT_EQ(WordsOf(Wrapped("\u4E2D\u6587\u5B57", 3)), (Lines{"\u4E2D\u6587", "\u5B57"}));
+}
+
+TEST(DrawMText, HeightsAreAbsoluteOrFactors)
+{
+    EXPECT_EQ(Drawn("A{\\H2;A}A\\H0.5x;A"),
+              (Lines{"text 'A' at 0,-2 along 1,0 up 0,1 start", "text 'A' at 0.938,-2 along 2,0 up 0,2 start",
+                     "text 'A' at 2.814,-2 along 1,0 up 0,1 start",
+                     "text 'A' at 3.752,-2 along 0.5,0 up 0,0.5 start"}));
+}
+
+TEST(DrawMText, HeightsBeyondAllReasonAreNotTaken)
+{
+    EXPECT_EQ(Drawn("\\H0;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start"});
+    EXPECT_EQ(Drawn("\\H-1;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start"});
+    EXPECT_EQ(Drawn("\\H2000;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start"});
+    EXPECT_EQ(Drawn("\\W0;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, WidthFactorAndObliqueAngleOfARun)
+{
+    EXPECT_EQ(Drawn("\\W2;A\\W0.5x;A"), (Lines{"text 'A' at 0,-1 along 2,0 up 0,1 start",
+                                               "text 'A' at 1.876,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("\\Q45;A"), Lines{"text 'A' at 0,-1 along 1,0 up 1,1 start"});
+}
+
+TEST(DrawMText, ColoursAreIndexesOrTrueOnes)
+{
+    EXPECT_EQ(Drawn("\\C1;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 1"});
+    EXPECT_EQ(Drawn("\\c255;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start rgb ff0000"}); // blue first
+    EXPECT_EQ(Drawn("\\C256;A"), Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 256"});
+}
+
+TEST(DrawMText, BracesEndWhatBeganInThem)
+{
+    EXPECT_EQ(Drawn("{\\C1;{\\C2;A}B}A"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 2",
+                                                 "text 'B' at 0.938,-1 along 1,0 up 0,1 start colour 1",
+                                                 "text 'A' at 1.879,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("}A{{B"), Lines{"text 'AB' at 0,-1 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, BracesTooDeepAreStillPaired)
+{
+    const std::string open(1000, '{'), close(1000, '}');
+    EXPECT_EQ(Drawn(Simple(("\\C1;" + open + "\\C2;A" + close + "B").c_str())),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 2",
+                     "text 'B' at 0.938,-1 along 1,0 up 0,1 start colour 1"}));
+}
+
+TEST(DrawMText, RunsThatLookTheSameAreOne)
+{
+    EXPECT_EQ(Drawn("A{\\fArial|b0|i0|c0|p34;B} \\Fromans.shx;A"),
+              Lines{"text 'AB A' at 0,-1 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, LowerRunsStandOnTheBaseLineHalfWayOrAtTheTop)
+{
+    EXPECT_EQ(Drawn("A{\\H0.5;\\A0;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                                "text 'A' at 0.938,-1 along 0.5,0 up 0,0.5 start"}));
+    EXPECT_EQ(Drawn("A{\\H0.5;\\A1;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                                "text 'A' at 0.938,-0.75 along 0.5,0 up 0,0.5 start"}));
+    EXPECT_EQ(Drawn("A{\\H0.5;\\A2;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                                "text 'A' at 0.938,-0.5 along 0.5,0 up 0,0.5 start"}));
+}
+
+TEST(DrawMText, UnderlineOverlineAndStrike)
+{
+    EXPECT_EQ(Drawn("\\LA\\lB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.938,-1.2",
+                                        "text 'B' at 0.938,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("\\OA\\o"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,0.2 0.938,0.2"}));
+    EXPECT_EQ(Drawn("\\KA\\k"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-0.5 0.938,-0.5"}));
+}
+
+TEST(DrawMText, UnderlinedBlanksAreALine)
+{
+    EXPECT_EQ(Drawn("\\L  "), Lines{"line 0,-1.2 0.872,-1.2"});
+}
+
+// The digits are 0.873 wide; a fraction has a tenth of the height to both sides.
+TEST(DrawMText, FractionsHaveTheirLine)
+{
+    EXPECT_EQ(Drawn("\\S1/22;"),
+              (Lines{"text '1' at 0.5365,-1 along 1,0 up 0,1 start",
+                     "text '22' at 0.1,-2.4 along 1,0 up 0,1 start", "line 0,-1.2 1.946,-1.2"}));
+}
+
+TEST(DrawMText, TolerancesHaveNone)
+{
+    EXPECT_EQ(Drawn("\\S+1^ -2;"), (Lines{"text '+1' at 0.1,-1 along 1,0 up 0,1 start",
+                                          "text '-2' at 0.1,-2.4 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("\\S^2;"), Lines{"text '2' at 0.1,-2.4 along 1,0 up 0,1 start"}); // an index
+    EXPECT_EQ(Drawn("\\S2^;"), Lines{"text '2' at 0.1,-1 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, DiagonalFractionsHaveASlash)
+{
+    EXPECT_EQ(Drawn("\\S1#2;"),
+              (Lines{"text '1' at 0.1,-1 along 1,0 up 0,1 start",
+                     "text '2' at 1.473,-1.8 along 1,0 up 0,1 start", "line 0.973,-1.8 1.473,0"}));
+}
+
+TEST(DrawMText, FractionsAreAsLargeAsTheirHeightSaysAndHalfWayInTheLine)
+{
+    EXPECT_EQ(Drawn("\\A1;A{\\H0.5x;\\S1/2;}A"),
+              (Lines{"text 'A' at 0,-1.1 along 1,0 up 0,1 start",
+                     "text '1' at 0.988,-0.5 along 0.5,0 up 0,0.5 start",
+                     "text '2' at 0.988,-1.2 along 0.5,0 up 0,0.5 start", "line 0.938,-0.6 1.4745,-0.6",
+                     "text 'A' at 1.4745,-1.1 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, EscapesInFractionsAreLetters)
+{
+    EXPECT_EQ(WordsOf(Simple("\\S1\\/2/3\\;4%%d;")), (Lines{"1/2", "3;4\u00B0"}));
+    EXPECT_EQ(WordsOf(Simple("\\SAB;A")), Lines{"ABA"});
+}
+
+TEST(DrawMText, EscapedSigns)
+{
+    EXPECT_EQ(WordsOf(Simple("a\\\\P \\{b\\}")), Lines{"a\\P {b}"});
+}
+
+TEST(DrawMText, CodesOfAllTexts)
+{
+    EXPECT_EQ(WordsOf(Simple("90%%d \\U+2205 5%% %%% x^ 2")), Lines{"90\u00B0 \u2205 5%% % x^2"});
+    EXPECT_EQ(WordsOf(Simple("\\M+182A0")), Lines{"\u3042"});
+    EXPECT_EQ(WordsOf(Simple("A^JB")), (Lines{"A", "B"}));
+    EXPECT_EQ(Drawn("%%uA%%uB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.938,-1.2",
+                                        "text 'B' at 0.938,-1 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, UnknownAndBrokenCodesAreLeftOut)
+{
+    EXPECT_EQ(WordsOf(Simple("A\\zB")), Lines{"AB"});
+    EXPECT_EQ(WordsOf(Simple("A\\")), Lines{"A"});
+    EXPECT_EQ(WordsOf(Simple("A\\fB")), Lines{"AB"}); // has no end
+    EXPECT_EQ(WordsOf(Simple("A\\SB")), Lines{"AB"});
+    EXPECT_EQ(WordsOf(Simple("A\\H;B")), Lines{"AB"});
+    EXPECT_EQ(WordsOf(Simple("A\\C1B")), (Lines{"A", "B"}));
+}
+
+TEST(DrawMText, IndentsAreOfTheFirstLineAndOfTheOthers)
+{
+    EXPECT_EQ(Drawn(Wrapped("\\pi-1,l3;AA BB", 5)),
+              (Lines{"text 'AA' at 2,-1 along 1,0 up 0,1 start",
+                     "text 'BB' at 3,-2.66667 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, ARightIndentNarrowsTheLines)
+{
+    EXPECT_EQ(WordsOf(Wrapped("\\pr1;AA BB", 5)), (Lines{"AA", "BB"}));
+}
+
+TEST(DrawMText, ParagraphsHaveTheirOwnAlignment)
+{
+    EXPECT_EQ(
+        Drawn(Wrapped("\\pqc;A\\P\\pqr;A\\P\\pq*;A", 4)),
+        (Lines{"text 'A' at 2,-1 along 1,0 up 0,1 middle", "text 'A' at 4,-2.66667 along 1,0 up 0,1 end",
+               "text 'A' at 0,-4.33333 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, ParagraphCodesAreKeptUntilTheyAreSetBack)
+{
+    EXPECT_EQ(Drawn("\\pxi2;A\\PA\\P\\pi*;A"), (Lines{"text 'A' at 2,-1 along 1,0 up 0,1 start",
+                                                      "text 'A' at 2,-2.66667 along 1,0 up 0,1 start",
+                                                      "text 'A' at 0,-4.33333 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, TabsGoToTheirStops)
+{
+    EXPECT_EQ(Drawn("\\pt2,c5;A^IA\tA\tA"),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'A' at 2,-1 along 1,0 up 0,1 start",
+                     "text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'A' at 8,-1 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, ListsHaveTheirTextAtTheTab)
+{
+    EXPECT_EQ(Drawn(Wrapped("\\pi-2,l2,t2;1.\tAA BB", 4.5)),
+              (Lines{"text '1.' at 0,-1 along 1,0 up 0,1 start", "text 'AA' at 2,-1 along 1,0 up 0,1 start",
+                     "text 'BB' at 2,-2.66667 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, RunsOfACentredLineAreCentredTogether)
+{
+    MText text = Simple("A{\\C1;A}");
+    text.attachment = 2;
+    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -0.938,-1 along 1,0 up 0,1 start",
+                                  "text 'A' at 0,-1 along 1,0 up 0,1 start colour 1"}));
+}
+
+MText InColumns(const char* letters, std::int32_t columns)
+{
+    MText text = Simple(letters);
+    text.columnType = 1;
+    text.columns = columns;
+    text.columnWidth = 4;
+    text.columnGutter = 1;
+    text.definedHeight = 3;
+    return text;
+}
+
+TEST(DrawMText, ColumnsAreFilledOneAfterTheOther)
+{
+    EXPECT_EQ(
+        Drawn(InColumns("A\\PB\\PA\\PB\\PA", 2)),
+        (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 0,-2.66667 along 1,0 up 0,1 start",
+               "text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'B' at 5,-2.66667 along 1,0 up 0,1 start",
+               "text 'A' at 5,-4.33333 along 1,0 up 0,1 start"})); // the last one takes the rest
+}
+
+TEST(DrawMText, ColumnsHaveHeightsOfTheirOwn)
+{
+    MText text = InColumns("A\\PB\\PA", 3);
+    text.columnType = 2;
+    text.columnHeights = {1, 3};
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 5,-1 along 1,0 up 0,1 start",
+                     "text 'A' at 5,-2.66667 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, ColumnsEndWhereTheTextSaysSo)
+{
+    EXPECT_EQ(Drawn(InColumns("A\\NB", 2)),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 5,-1 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, ColumnsFromTheRight)
+{
+    MText text = InColumns("A\\NB", 2);
+    text.columnsFlowReversed = 1;
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'B' at 0,-1 along 1,0 up 0,1 start"}));
+}
+
+TEST(DrawMText, WhatIsLeftOutIsReported)
+{
+    TextTrial trial;
+    MText text = Simple("\\T2;A");
+    text.fill = 1;
+    text.flow = 3;
+    trial.Draw(text);
+    EXPECT_EQ(trial.Findings(),
+              (Lines{"Changed MTEXT: vertical writing is drawn along a line (1 from line 7)",
+                     "Changed MTEXT: without distances between letters (1 from line 7)",
+                     "Changed MTEXT: without its background fill (1 from line 7)"}));
+}
+
+TEST(DrawMText, BlanksAloneAreLeftOutSilently)
+{
+    TextTrial trial;
+    EXPECT_EQ(trial.Draw(Simple("")), Lines{});
+    EXPECT_EQ(trial.Draw(Simple(" {\\C1; } \\P\\~")), Lines{});
+    EXPECT_EQ(trial.Findings(), Lines{});
+}
+
+TEST(DrawMText, NumbersThatAreNotFiniteAreReportedOnce)
+{
+    for (const double bad : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL}) {
+        TextTrial trial;
+        MText text = Simple("A\\PB{\\C1;C}\\S1/2;");
+        text.point.x = bad;
+        EXPECT_EQ(trial.Draw(text), Lines{});
+        EXPECT_EQ(trial.Findings(), Lines{"NotShown MTEXT: numbers that are not finite (1 from line 7)"});
+    }
+}
+
+TEST(DrawMText, ATextWithoutEndIsCut)
+{
+    TextTrial trial;
+    const std::string endless(300000, 'A');
+    MText text = Simple("");
+    text.text = endless;
+    ASSERT_EQ(trial.Draw(text).size(), 1u);
+    EXPECT_EQ(trial.Findings(), Lines{"Cut MTEXT: a text of more than 256 KB (1 from line 7)"});
+}
+
+} // namespace
+} // namespace prepare
