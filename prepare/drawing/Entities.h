@@ -160,6 +160,8 @@ struct Leader : EntityOf<EntityType::Leader> { // in world coordinates
     std::int32_t byBlockColour = kByBlock;     // 77
     std::vector<Point3> vertices;              // 10
     Point3 horizontal{1, 0, 0};                // 211
+    // Overrides of the style, as a DIMENSION's.
+    std::vector<std::pair<std::int32_t, std::string>> overrides;
 };
 
 struct LeaderLine {
