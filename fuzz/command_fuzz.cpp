@@ -78,7 +78,7 @@ constexpr const char* kWords[] = {"in.dxf",
                                   "pictures/",
                                   "-opictures/",
                                   "-o-"};
-constexpr int kLastExitCode = static_cast<int>(plexorn::ExitCode::SomeFailed);
+constexpr int kLastExitCode = static_cast<int>(plexorn::ExitCode::Blank);
 constexpr const char* kDrawing = "in.dxf";
 
 // The folder, empty at first, removed in the end; what the command reads from a stream is empty too.
@@ -206,7 +206,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzRequire(exitCode >= 0 && exitCode <= kLastExitCode, "the exit code is one of the command's");
     const std::size_t pictures = folder.RequirePictures();
     const auto ended = static_cast<plexorn::ExitCode>(exitCode);
-    const bool isDone = ended == plexorn::ExitCode::Drawn || ended == plexorn::ExitCode::Messages;
+    const bool isDone = ended == plexorn::ExitCode::Drawn || ended == plexorn::ExitCode::Incomplete ||
+                        ended == plexorn::ExitCode::Blank;
     FuzzRequire(!isDone || pictures > 0 || !LeavesPicture(arguments), "what is said to be drawn is there");
     return 0;
 }

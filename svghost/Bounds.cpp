@@ -157,6 +157,28 @@ Extent ExtentOf(const SvgHostDocument& document, const Node& node)
     return {box, box, 0};
 }
 
+bool ShowsSomething(const Node& node, const Box& box)
+{
+    if (box.Empty())
+        return false;
+    switch (node.kind) {
+    case Kind::Circle:
+    case Kind::Ellipse: {
+        const auto& ellipse = static_cast<const Ellipse&>(node);
+        return ellipse.radiusX != 0 && ellipse.radiusY != 0;
+    }
+    case Kind::Text:
+        return node.Number(AttributeId::FontSize, kDefaultFontSize) != 0 &&
+               static_cast<const Text&>(node).text.find_first_not_of(" \t\n\r") != std::string_view::npos;
+    case Kind::Use: {
+        const Symbol* target = static_cast<const Use&>(node).target->definition;
+        return target && target->visible > 0;
+    }
+    default:
+        return true;
+    }
+}
+
 Affine TransformOf(const Node& node)
 {
     if (node.kind == Kind::Use) {

@@ -26,6 +26,10 @@ struct Extent {
 // For a use, from the boxes of the symbol. Empty for groups and for what draws nothing.
 Extent ExtentOf(const SvgHostDocument& document, const Node& node);
 
+// Whether an element that is drawn within box, as ExtentOf gives it, shows something. For a use, its symbol
+// has to be laid out.
+bool ShowsSomething(const Node& node, const Box& box);
+
 // How the element is moved: a use by position, rotation and scale, a text turned about its position, other
 // elements about "center-x", "center-y".
 Affine TransformOf(const Node& node);

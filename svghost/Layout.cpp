@@ -22,6 +22,7 @@ public:
         m_symbol.smallestScale = m_symbol.largestScale = 1;
         m_symbol.box = m_symbol.bare = Box();
         m_symbol.widest = 0;
+        m_symbol.visible = 0;
     }
 
     void Run()
@@ -42,15 +43,16 @@ private:
         if (node.kind == Kind::Group)
             m_hiddenGroups += node.hidden;
         else if (!node.hidden && m_hiddenGroups == 0)
-            Add(ExtentOf(m_document, node));
+            Add(node, ExtentOf(m_document, node));
         CollectArrows(node);
     }
 
-    void Add(const Extent& extent)
+    void Add(const Node& node, const Extent& extent)
     {
         m_symbol.box.Add(extent.box);
         m_symbol.bare.Add(extent.bare);
         m_symbol.widest = std::max(m_symbol.widest, extent.width);
+        m_symbol.visible += ShowsSomething(node, extent.box);
     }
 
     void Leave(const Container& group) { m_hiddenGroups -= group.hidden; }
@@ -203,6 +205,7 @@ Layout MakeLayout(SvgHostDocument& document)
     FindShownScales(document.root, order, layout);
     layout.viewBox = ViewBoxRound(document.root.box);
     layout.statistics.elements = document.elements;
+    layout.statistics.visibleElements = document.root.visible;
     layout.statistics.symbols = document.symbols.size();
     for (const Symbol* symbol : document.symbols)
         layout.statistics.duplicateSymbols += symbol->definition > 1;

@@ -152,11 +152,12 @@ struct Symbol : Container {
     std::size_t rendered = 0;  // elements in a viewer's tree when it is drawn once
     double smallestScale = 1;  // of all that is drawn in it, through uses
     double largestScale = 1;
-    Box box;              // of what is drawn in it, the widths of strokes taken as lengths
-    Box bare;             // the same without the strokes
-    double widest = 0;    // the widest stroke of its own elements
-    double shown = 0;     // how many times the picture shows it
-    double meanScale = 1; // at which it is shown, a geometric mean
+    std::size_t visible = 0; // elements that show something
+    Box box;                 // of what is drawn in it, the widths of strokes taken as lengths
+    Box bare;                // the same without the strokes
+    double widest = 0;       // the widest stroke of its own elements
+    double shown = 0;        // how many times the picture shows it
+    double meanScale = 1;    // at which it is shown, a geometric mean
     double greatestScale = 1;
 };
 

@@ -6,6 +6,7 @@
 #include "svghost/SvgWriter.h"
 
 #include <new>
+#include <utility>
 
 using namespace svghost;
 
@@ -56,6 +57,11 @@ void svgHostLimitElements(SvgHostDocument* document, size_t most)
 {
     if (document)
         document->mostElements = most;
+}
+
+bool svgHostAcceptHoles(SvgHostDocument* document)
+{
+    return document && std::exchange(document->shortOfMemory, false);
 }
 
 namespace {

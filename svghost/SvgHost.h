@@ -85,6 +85,8 @@ typedef struct SvgHostStatistics {
                                      file */
     size_t elementsBeyondLimit; /**< elements never made, and not among elements, because the document had as
                                      many as svgHostLimitElements allows */
+    size_t visibleElements;     /**< elements outside symbols that show something: they have a place, are not
+                                     hidden and not empty; a use is one of them if its symbol has any */
 } SvgHostStatistics;
 
 /** A new, empty document, or NULL when memory is short. The caller destroys it. */
@@ -132,6 +134,10 @@ QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunct
  * can be relied on, when memory is short, now or in one of the operations before, or when a pointer is NULL.
  */
 QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statistics);
+
+/** Takes the document as it is although memory was short in one of the operations before: from now on it is
+ * laid out and written with its holes. True when there were any. NULL is allowed. */
+QUILLMARLIB_API bool svgHostAcceptHoles(SvgHostDocument* document);
 
 /** The part of the drawing's plane that the picture shows, in the drawing's units: all that is drawn, with a
  * margin. */

@@ -1,10 +1,12 @@
 #include "cli/contents/Collector.h"
 
 #include "base/Utf8.h"
+#include "cli/contents/Fate.h"
 #include "cli/contents/LeadingNumbers.h"
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace plexorn {
 
@@ -32,14 +34,15 @@ bool Collector::Take(const PairReader& pair)
 bool Collector::Begin(std::string_view name, std::uint64_t line)
 {
     m_record = Record::None;
+    m_sawMarker = false;
     m_line = line;
-    m_info.isEnded = name == "EOF";
+    m_info.isEnded = name == kEndOfFile;
     if (name == "SECTION") {
         m_section = Section::Named;
-        m_inBlock = false;
+        LeaveBlock();
     } else if (name == "ENDSEC") {
         m_section = Section::None;
-    } else if (m_section == Section::None && name == "EOF") {
+    } else if (m_section == Section::None && name == kEndOfFile) {
         return false;
     } else if (m_section == Section::Tables) {
         BeginEntry(name);
@@ -47,10 +50,12 @@ bool Collector::Begin(std::string_view name, std::uint64_t line)
         BeginEntity(name);
     } else if (m_section == Section::Blocks) {
         if (name == "BLOCK") {
+            LeaveBlock();
             m_record = Record::Block;
             m_name.clear();
+            m_hasBasePoint = false;
         } else if (name == "ENDBLK") {
-            m_inBlock = false;
+            LeaveBlock();
         } else {
             BeginEntity(name);
         }
@@ -83,6 +88,14 @@ void Collector::BeginEntity(std::string_view name)
     m_text.clear();
     m_hidden = false;
     m_marked = false;
+    m_embedded = false;
+    m_otherwise = {};
+    constexpr std::string_view kNames[] = {"LWPOLYLINE", "TEXT", "MTEXT", "INSERT", "DIMENSION"};
+    constexpr Kind kKinds[] = {Kind::Polyline, Kind::Text,      Kind::MText,
+                               Kind::Insert,   Kind::Dimension, Kind::Other};
+    m_kind = kKinds[std::find(std::begin(kNames), std::end(kNames), name) - std::begin(kNames)];
+    if (m_kind == Kind::Dimension)
+        m_dimension = {};
 }
 
 // The reader takes such a record to last until its marker, whatever comes before it.
@@ -94,8 +107,11 @@ bool Collector::NeedsMarker() const
 
 void Collector::EndRecord()
 {
-    if (NeedsMarker() && !m_marked && m_info.unmarkedEntry == 0)
-        m_info.unmarkedEntry = m_line;
+    if (NeedsMarker() && !m_marked) {
+        m_swallowing = m_swallowing || !m_sawMarker;
+        if (m_info.unmarkedEntry == 0)
+            m_info.unmarkedEntry = m_line;
+    }
     if (m_record == Record::Layer)
         EndLayer();
     else if (m_record == Record::LineType)
@@ -104,6 +120,8 @@ void Collector::EndRecord()
         EndBlockHeader();
     else if (m_record == Record::Entity)
         EndEntity();
+    // What holds the marker is swallowed as far as there, and so lost.
+    m_swallowing = m_swallowing && !m_sawMarker;
     m_record = Record::None;
 }
 
@@ -136,6 +154,24 @@ void Collector::EndBlockHeader()
         block.line = m_line;
     m_block = m_name;
     m_inBlock = true;
+    m_blockTally.otherwise[static_cast<std::size_t>(Otherwise::BasePoints)] = m_hasBasePoint;
+}
+
+void Collector::LeaveBlock()
+{
+    if (!m_inBlock)
+        return;
+    BlockInfo& block = m_info.blocks[m_block];
+    if (block.definitions == 1)
+        block.tally = std::move(m_blockTally);
+    m_blockTally = {};
+    m_inBlock = false;
+}
+
+void Collector::Finish()
+{
+    EndRecord();
+    LeaveBlock();
 }
 
 void Collector::EndEntity()
@@ -149,11 +185,55 @@ void Collector::EndEntity()
     ++m_info.layers[m_layerName].entities;
     if (!m_lineTypeName.empty())
         ++m_info.lineTypes[m_lineTypeName].entities;
-    if (m_type == "INSERT")
-        ++m_info.blocks[m_name].inserts;
+    CountEntity(type);
+    if (m_kind == Kind::Insert) {
+        BlockInfo& block = m_info.blocks[m_name];
+        ++block.inserts;
+        block.shownInserts += !m_hidden && IsShown();
+    }
     m_info.hiddenEntities += m_hidden;
     if (m_withTexts && !m_text.empty())
         KeepText();
+}
+
+// Whether the module draws the entity.
+bool Collector::IsShown() const
+{
+    const Fate fate = m_inBlock ? FateInBlock(m_type) : FateInDrawing(m_type);
+    return fate == Fate::Drawn && !m_swallowing && (m_kind != Kind::Dimension || m_dimension.IsDrawn());
+}
+
+void Collector::CountEntity(const TypeInfo& type)
+{
+    const bool isPart =
+        m_type == "VERTEX" || m_type == "SEQEND" || m_type == kEndOfFile || (m_inBlock && m_type == "ATTDEF");
+    if (isPart)
+        return;
+    Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
+    const bool isShown = IsShown();
+    if (isShown)
+        CountOtherwise(tally);
+    if (m_hidden)
+        return;
+    TypeCount& count = tally.types[m_info.types.PlaceOf(type)];
+    ++(isShown ? count.shown : count.missing);
+}
+
+void Collector::CountOtherwise(Tally& tally) const
+{
+    const auto add = [&](Otherwise what, bool isSo) {
+        tally.otherwise[static_cast<std::size_t>(what)] += isSo;
+    };
+    if (m_hidden) {
+        // The flag hides no others.
+        add(Otherwise::Invisible, m_kind != Kind::Other && m_kind != Kind::Polyline);
+        return;
+    }
+    for (std::size_t i = 0; i < kOtherwiseCount; ++i)
+        tally.otherwise[i] += m_otherwise[i] > 0;
+    add(Otherwise::OtherMeasures, m_kind == Kind::Dimension && m_dimension.ShowsOtherNumber());
+    const LayerInfo& layer = m_info.layers[m_layerName];
+    add(Otherwise::HiddenLayers, layer.IsOff() || layer.IsFrozen());
 }
 
 bool Collector::HasTexts() const
@@ -179,6 +259,7 @@ void Collector::KeepText()
 
 void Collector::TakeValue(int code, std::string_view value, std::uint64_t line)
 {
+    m_sawMarker = m_sawMarker || code == 100;
     if (m_section == Section::Named && code == 2) {
         constexpr std::string_view kNames[] = {"HEADER", "TABLES", "BLOCKS", "ENTITIES"};
         constexpr Section kSections[] = {Section::Header, Section::Tables, Section::Blocks, Section::Entities,
@@ -191,6 +272,8 @@ void Collector::TakeValue(int code, std::string_view value, std::uint64_t line)
     } else if (m_record == Record::Block) {
         if (code == 2)
             m_name = value;
+        else if (code == 10 || code == 20)
+            m_hasBasePoint = m_hasBasePoint || LeadingNumber(value).value_or(0) != 0;
     } else if (m_record == Record::Entity) {
         TakeEntity(code, value);
         if (code == 1 || code == 3)
@@ -254,8 +337,54 @@ void Collector::TakeEntity(int code, std::string_view value)
     case 60:
         m_hidden = IntegerOf(value) == 1;
         break;
+    case 67:
+        Note(Otherwise::PaperSpace, !m_inBlock && IntegerOf(value) == 1);
+        break;
+    case 230:
+        Note(Otherwise::Extrusions, m_type != "ARC" && LeadingNumber(value).value_or(0) < 0);
+        break;
     case 100:
         m_marked = m_marked || value == "AcDbDimension";
+        break;
+    default:
+        break;
+    }
+    if (m_kind == Kind::Dimension)
+        m_dimension.Take(code, value);
+    else if (m_kind != Kind::Other)
+        TakeDetail(code, value);
+}
+
+void Collector::TakeDetail(int code, std::string_view value)
+{
+    m_embedded = m_embedded || code == 101;
+    if (m_embedded)
+        return;
+    const auto isNumber = [&] { return LeadingNumber(value).value_or(0) != 0; };
+    switch (m_kind) {
+    case Kind::Polyline:
+        if (code == 42)
+            Note(Otherwise::StraightBulges, isNumber());
+        else if (code == 40 || code == 41 || code == 43)
+            Note(Otherwise::NoWidths, isNumber());
+        break;
+    case Kind::Text:
+        if (code == 50)
+            Note(Otherwise::UnturnedTexts, isNumber());
+        else if (code == 72 || code == 73)
+            Note(Otherwise::MovedTexts, isNumber());
+        break;
+    case Kind::MText:
+        if (code == 50 || code == 21)
+            Note(Otherwise::UnturnedTexts, isNumber());
+        else if (code == 1)
+            Note(Otherwise::FormattingCodes, value.find_first_of("\\{") != std::string_view::npos);
+        else if (code == 3)
+            Note(Otherwise::LostPieces, true);
+        break;
+    case Kind::Insert:
+        if (code == 70 || code == 71)
+            Note(Otherwise::OneOfMany, IntegerOf(value) > 1);
         break;
     default:
         break;
@@ -273,6 +402,7 @@ DrawingInfo CollectInfo(std::FILE* file, bool withTexts)
     info.lines = pairs.Line();
     info.oddLines = pairs.OddLines();
     info.firstOddLine = pairs.FirstOddLine();
+    info.header.readError = pairs.ReadError();
     return info;
 }
 

@@ -1,6 +1,7 @@
 // Counts what the pairs of a drawing hold.
 #pragma once
 
+#include "cli/contents/DimensionMeasure.h"
 #include "cli/contents/DrawingInfo.h"
 #include "cli/contents/PairReader.h"
 
@@ -21,10 +22,12 @@ public:
     // False when the drawing has come to its end mark.
     bool Take(const PairReader& pair);
     // To be called once, after the last pair.
-    void Finish() { EndRecord(); }
+    void Finish();
 
 private:
     enum class Section { None, Named, Header, Tables, Blocks, Entities, Other };
+    // The types of which more is looked at than layer and line type.
+    enum class Kind { Other, Polyline, Text, MText, Insert, Dimension };
     enum class Record { None, Layer, LineType, BlockRecord, Block, Entity };
 
     bool Begin(std::string_view name, std::uint64_t line);
@@ -36,10 +39,16 @@ private:
     void EndLineType();
     void EndBlockHeader();
     void EndEntity();
+    void CountEntity(const TypeInfo& type);
+    bool IsShown() const;
+    void CountOtherwise(Tally& tally) const;
+    void LeaveBlock();
     void KeepText();
     void TakeValue(int code, std::string_view value, std::uint64_t line);
     void TakeEntry(int code, std::string_view value);
     void TakeEntity(int code, std::string_view value);
+    void TakeDetail(int code, std::string_view value);
+    void Note(Otherwise what, bool isSo) { m_otherwise[static_cast<std::size_t>(what)] += isSo; }
     bool HasTexts() const;
     void CheckText(std::string_view value, std::uint64_t line);
 
@@ -50,6 +59,9 @@ private:
     Record m_record = Record::None;
     bool m_inBlock = false;
     std::string m_block; // the block that is open
+    Tally m_blockTally;
+    bool m_hasBasePoint = false;
+    bool m_swallowing = false; // the reader takes what comes for a part of an entry without a marker
 
     // What the record that is read has told until now.
     std::string m_type;
@@ -60,8 +72,13 @@ private:
     std::string m_text;
     LayerInfo m_layer;
     LineTypeInfo m_lineType;
+    Kind m_kind = Kind::Other;
+    OtherwiseCounts m_otherwise{}; // more than 0 for what concerns the entity
+    DimensionMeasure m_dimension;
+    bool m_embedded = false; // in an object within a text, whose codes mean other things
     bool m_hidden = false;
     bool m_marked = false;
+    bool m_sawMarker = false; // any
 };
 
 // Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/contents/Header.h"
+#include "cli/contents/Otherwise.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +13,10 @@
 #include <vector>
 
 namespace plexorn {
+
+// The mark at the end of a file. In a section that nothing ends it is counted as a type all the same, as the
+// reader takes it for one, but it is no entity.
+inline constexpr std::string_view kEndOfFile = "EOF";
 
 // Things with names, in the order in which they came; the first one of a name is the one that counts.
 template <class Thing>
@@ -34,6 +39,11 @@ public:
 
     auto begin() const { return m_things.begin(); }
     auto end() const { return m_things.end(); }
+    // The place of a thing that operator[] gave, until the next new name.
+    std::size_t PlaceOf(const Thing& thing) const
+    {
+        return static_cast<std::size_t>(&thing - m_things.data());
+    }
     std::size_t Count() const { return m_things.size(); }
 
 private:
@@ -65,12 +75,26 @@ struct LineTypeInfo {
     std::uint64_t entities = 0; // those that name it themselves
 };
 
+// The entities of a type that belong in the picture.
+struct TypeCount {
+    std::uint64_t shown = 0;
+    std::uint64_t missing = 0;
+};
+
+// What a part of the drawing, its ENTITIES section or a block, brings to the picture.
+struct Tally {
+    std::map<std::size_t, TypeCount> types; // by the type's place among DrawingInfo::types
+    OtherwiseCounts otherwise{};
+};
+
 struct BlockInfo {
     std::string name;
     std::uint64_t definitions = 0; // the first one is drawn
     std::uint64_t line = 0;        // of the first definition
     std::uint64_t entities = 0;    // in all of them
     std::uint64_t inserts = 0;
+    std::uint64_t shownInserts = 0; // those that are meant to show something
+    Tally tally;                    // of the first definition
 };
 
 struct TypeInfo {
@@ -97,6 +121,7 @@ struct DrawingInfo {
     Named<BlockInfo> blocks;
     Named<TypeInfo> types;
     std::vector<TextInfo> texts;
+    Tally tally;                      // of the ENTITIES section
     std::uint64_t hiddenEntities = 0; // by their own flag
     std::uint64_t oddLines = 0;       // that should hold a group code and do not
     std::uint64_t firstOddLine = 0;

@@ -3,6 +3,7 @@
 
 #include "input/CDxfSource.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdio>
 
@@ -15,12 +16,19 @@ public:
 
     std::ptrdiff_t Read(char* bytes, std::size_t size) override
     {
+        errno = 0;
         const std::size_t count = std::fread(bytes, 1, size, m_file);
-        return count == 0 && std::ferror(m_file) != 0 ? -1 : static_cast<std::ptrdiff_t>(count);
+        if (std::ferror(m_file) != 0)
+            m_error = errno != 0 ? errno : EIO;
+        return count == 0 && m_error != 0 ? -1 : static_cast<std::ptrdiff_t>(count);
     }
+
+    // errno of a reading that failed, 0 when none did.
+    int Error() const { return m_error; }
 
 private:
     std::FILE* m_file;
+    int m_error = 0;
 };
 
 } // namespace plexorn

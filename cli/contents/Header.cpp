@@ -76,6 +76,7 @@ Header ReadHeader(std::FILE* file)
                 break;
         }
     }
+    header.readError = pairs.ReadError();
     return header;
 }
 

@@ -22,6 +22,7 @@ struct Header {
     std::optional<int> measurement; // $MEASUREMENT
     std::optional<HeaderPoint> extentsMin, extentsMax;
     std::optional<HeaderPoint> limitsMin, limitsMax;
+    int readError = 0; // errno of a reading that failed; what follows it is not counted
 };
 
 // Takes the header's pairs one by one.

@@ -31,6 +31,9 @@ public:
     std::uint64_t OddLines() const { return m_oddLines; }
     std::uint64_t FirstOddLine() const { return m_firstOddLine; }
 
+    // errno of a reading that failed, 0 when none did.
+    int ReadError() const { return m_source.Error(); }
+
 private:
     bool NextLine(std::string_view& line);
 

@@ -43,7 +43,9 @@ public:
 
     std::size_t Failed() const { return m_failed; }
     std::size_t Messages() const { return m_messages; }
-    bool IsAnyCutOff() const { return m_cutOff; }
+    std::size_t Blank() const { return m_blank; }
+    bool IsAnyDoubtful() const { return m_doubtful; }
+    bool IsAnyChanged() const { return m_changed; }
     ExitCode LastFailure() const { return m_lastFailure; }
 
 private:
@@ -77,8 +79,11 @@ private:
             report.Failed(ShownName(job.input), std::string("is not drawn: ") + error.what(), ExitCode::File);
         }
         m_messages += report.MessageCount();
-        if (report.IsCutOff())
-            m_cutOff = true;
+        if (report.IsChanged())
+            m_changed = true;
+        if (report.Doubt() == ExitCode::Incomplete)
+            m_doubtful = true;
+        m_blank += report.Doubt() == ExitCode::Blank;
         if (report.Code() != ExitCode::Drawn) {
             ++m_failed;
             m_lastFailure = report.Code();
@@ -92,7 +97,9 @@ private:
     std::atomic<std::size_t> m_next = 0;
     std::atomic<std::size_t> m_failed = 0;
     std::atomic<std::size_t> m_messages = 0;
-    std::atomic<bool> m_cutOff = false;
+    std::atomic<std::size_t> m_blank = 0;
+    std::atomic<bool> m_doubtful = false;
+    std::atomic<bool> m_changed = false;
     std::atomic<ExitCode> m_lastFailure = ExitCode::Drawn;
 };
 
@@ -118,8 +125,10 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
 {
     if (batch.Failed() > 0)
         return jobs > 1 ? ExitCode::SomeFailed : batch.LastFailure();
-    const bool isDoubtful = batch.Messages() > 0 || batch.IsAnyCutOff();
-    return isStrict && isDoubtful ? ExitCode::Messages : ExitCode::Drawn;
+    if (batch.Blank() > 0)
+        return ExitCode::Blank;
+    const bool isChanged = batch.Messages() > 0 || batch.IsAnyChanged();
+    return batch.IsAnyDoubtful() || (isStrict && isChanged) ? ExitCode::Incomplete : ExitCode::Drawn;
 }
 
 } // namespace
@@ -136,7 +145,8 @@ ExitCode DrawAll(const Options& options)
     if (!isOne && !style.isQuiet) {
         auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         auto text = style.isJson ? TotalJson : TotalText;
-        const std::string total = text(jobs.size() - batch.Failed(), batch.Failed(), batch.Messages(), time);
+        const std::string total =
+            text(jobs.size() - batch.Failed(), batch.Blank(), batch.Failed(), batch.Messages(), time);
         printer.Close(total + "\n");
     }
     // Programs that read the objects rely on them: a drawing without one would count as drawn without a

@@ -1,13 +1,18 @@
 #include "cli/draw/DrawJob.h"
 
 #include "base/CodePage.h"
+#include "base/Utf8.h"
 #include "cli/contents/Collector.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
+#include "cli/draw/WhyBlank.h"
 #include "cli/draw/WriteOptions.h"
 #include "cli/files/OutputFile.h"
 #include "cli/files/Source.h"
+#include "cli/options/Percentage.h"
+#include "cli/report/LineOfMessage.h"
+#include "cli/report/ShareText.h"
 #include "cli/system/InterruptGuard.h"
 #include "cli/system/Native.h"
 
@@ -20,6 +25,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <optional>
 #include <system_error>
 
 namespace plexorn {
@@ -31,10 +37,20 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
 
+// Why a picture has holes, as the end of a sentence.
+std::string HoleText(const SvgHostError& error)
+{
+    const std::string text = Utf8FromWide(error.message ? error.message : L"");
+    const std::string line(LineOfMessage(text));
+    return error.kind == DXF_ERROR_READ ? "cannot be read beyond line " + line
+                                        : "is not drawn whole: memory is short at line " + line;
+}
+
 // Hands the reports of an import on.
 struct Listener {
     Report& report;
     bool isUnread = false;
+    std::string hole{}; // why a part of the drawing was not read
     bool isShortOfMemory = false;
 
     // It is called from within the host, which no exception may cross.
@@ -43,7 +59,10 @@ struct Listener {
         auto* self = static_cast<Listener*>(user);
         try {
             self->isUnread = self->isUnread || error->kind == DXF_ERROR_OPEN;
-            self->report.Message(*error);
+            if (error->kind == DXF_ERROR_READ || error->kind == DXF_ERROR_MEMORY)
+                self->hole = HoleText(*error);
+            else
+                self->report.Message(*error);
         } catch (...) {
             self->isShortOfMemory = true;
         }
@@ -96,8 +115,9 @@ std::string WhyNotOpened(const fs::path& path, const char* otherwise)
     return again ? otherwise : std::generic_category().message(errno);
 }
 
-// Reads the drawing into document; false, with the report told, when it could not be read.
-bool Import(Source& source, SvgHostDocument* document, Report& report)
+// Reads the drawing into document; false, with the report told, when it could not be read. A hole is why a
+// part of it could not.
+bool Import(Source& source, SvgHostDocument* document, Report& report, std::string& hole)
 {
     const ModulePath modulePath(source.Path());
     if (modulePath.Name().empty()) {
@@ -113,6 +133,8 @@ bool Import(Source& source, SvgHostDocument* document, Report& report)
     svgHostOnError(document, nullptr, nullptr);
     if (listener.isShortOfMemory)
         throw std::bad_alloc();
+    if (hole.empty())
+        hole = listener.hole;
     if (listener.isUnread)
         report.Failed(source.ShownName(),
                       "cannot be read: " + WhyNotOpened(source.Path(), "the reader could not open it"),
@@ -161,30 +183,83 @@ void TellPicture(SvgHostDocument* document, const SvgHostWriteOptions& options, 
     outcome.scale = picture.scale;
 }
 
+// What the drawing holds, or its header alone. When memory is short and it goes on, it has what there was.
+DrawingInfo ReadContents(Source& source, bool isAll, bool keepsGoing)
+{
+    DrawingInfo info;
+    try {
+        if (isAll)
+            return CollectInfo(source.Rewound(), false);
+        info.header = ReadHeader(source.Rewound());
+    } catch (const std::bad_alloc&) {
+        if (!keepsGoing)
+            throw;
+        info.header.readError = ENOMEM;
+    }
+    return info;
+}
+
+std::string HoleOf(const DrawingInfo& info)
+{
+    const int error = info.header.readError;
+    return error == 0 ? "" : "cannot be read to its end: " + std::generic_category().message(error);
+}
+
+void TellContents(const DrawingInfo& info, Outcome& outcome)
+{
+    outcome.skipped = SkippedEntities(info);
+    outcome.unmarkedEntry = info.unmarkedEntry;
+    outcome.isEnded = info.isEnded;
+    outcome.otherTexts = IsCodePageUtf8() ? info.otherTexts : 0;
+    outcome.oddLines = info.oddLines;
+    outcome.share = ShareOf(info);
+    outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(info);
+}
+
+// Says what is wrong with a picture that was drawn, and corrects the share by it.
+void TellDoubts(const DrawingInfo& info, Outcome& outcome, const Options& options, Report& report)
+{
+    if (!outcome.hole.empty())
+        report.Doubtful(outcome.hole + "; the picture lacks what follows", ExitCode::Incomplete);
+    if (outcome.isBlank)
+        report.Doubtful(WhyBlank(info, outcome.share, outcome.statistics.elements), ExitCode::Blank);
+    const SvgHostStatistics& met = outcome.statistics;
+    const std::uint64_t leftOut =
+        met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
+    outcome.share.shown -=
+        outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
+    const std::optional<double> least = PercentageOf(options.minDrawn);
+    if (least && outcome.share.Percent() < *least)
+        report.Doubtful(ShareText(outcome.share) + ", less than " + options.minDrawn + " (--min-drawn)",
+                        ExitCode::Incomplete);
+}
+
 void Draw(Source& source, const Job& job, const Options& options, Report& report)
 {
     const Clock::time_point start = Clock::now();
     Outcome outcome;
     outcome.output = job.output;
-    Sizing sizing;
-    if (options.isQuiet && !options.isStrict) {
-        sizing = SizingFor(ReadHeader(source.Rewound()), options.units);
-    } else {
-        const DrawingInfo info = CollectInfo(source.Rewound(), false);
-        outcome.skipped = SkippedEntities(info);
-        outcome.unmarkedEntry = info.unmarkedEntry;
-        outcome.isEnded = info.isEnded;
-        outcome.otherTexts = IsCodePageUtf8() ? info.otherTexts : 0;
-        sizing = SizingFor(info.header, options.units);
-    }
+    const bool asksAboutAll = !options.isQuiet || options.isStrict || !options.minDrawn.empty();
+    DrawingInfo info = ReadContents(source, asksAboutAll, options.keepsGoing);
+    outcome.hole = HoleOf(info);
+    if (!outcome.hole.empty() && !options.keepsGoing)
+        return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
+    const Sizing sizing = SizingFor(info.header, options.units);
     const Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
     svgHostLimitElements(document.get(), MostElements(source.Path()));
-    if (!Import(source, document.get(), report))
+    if (!Import(source, document.get(), report, outcome.hole))
         return;
+    if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())
+        outcome.hole = "is not drawn whole: memory is short";
+    if (!outcome.hole.empty() && !options.keepsGoing)
+        return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))
         throw std::bad_alloc();
+    if (outcome.statistics.visibleElements == 0 && !asksAboutAll)
+        info = ReadContents(source, true, options.keepsGoing);
+    TellContents(info, outcome);
     const Look look = LookFor(options);
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
     const std::string reason = WritePicture(document.get(), job, written);
@@ -195,6 +270,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
     if (!options.isQuiet)
         TellPicture(document.get(), written, sizing, outcome);
+    TellDoubts(info, outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

@@ -107,9 +107,15 @@ int ReadFile(const std::string& name, ListReader& reader)
     if (!file)
         return errno;
     char block[1 << 14];
-    while (const std::size_t size = std::fread(block, 1, sizeof block, file.get()))
+    for (;;) {
+        errno = 0;
+        const std::size_t size = std::fread(block, 1, sizeof block, file.get());
+        if (std::ferror(file.get()) != 0)
+            return errno != 0 ? errno : EIO;
+        if (size == 0)
+            return 0;
         reader.Take(block, size);
-    return std::ferror(file.get()) ? errno : 0;
+    }
 }
 
 std::vector<std::string> ReadList(const Options& options)

@@ -33,8 +33,9 @@ Source::Source(const std::string& name) : m_shownName(name)
         reason = Open();
     std::string head(kSniffedSize, '\0');
     if (reason.empty()) {
+        errno = 0;
         head.resize(std::fread(head.data(), 1, head.size(), m_file.get()));
-        reason = std::ferror(m_file.get()) ? ReasonOf(errno) : "";
+        reason = std::ferror(m_file.get()) ? ReasonOf(errno != 0 ? errno : EIO) : "";
     }
     if (!reason.empty())
         Refuse("cannot be read: " + reason, ExitCode::File);
@@ -65,8 +66,10 @@ std::string Source::Open()
 
 std::FILE* Source::Rewound()
 {
-    // What cannot be read again shows when it is read.
-    static_cast<void>(std::fseek(m_file.get(), 0, SEEK_SET));
+    errno = 0;
+    if (std::fseek(m_file.get(), 0, SEEK_SET) != 0)
+        throw std::system_error(errno != 0 ? errno : EIO, std::generic_category());
+    std::clearerr(m_file.get());
     return m_file.get();
 }
 

@@ -27,7 +27,7 @@ public:
     // The name for people.
     const std::string& ShownName() const { return m_shownName; }
     const std::filesystem::path& Path() const { return m_path; }
-    // The file from its start on.
+    // The file from its start on. Throws std::system_error when it cannot be read from there.
     std::FILE* Rewound();
 
 private:

@@ -5,6 +5,7 @@
 #include "cli/contents/Units.h"
 #include "cli/info/Notes.h"
 #include "cli/report/Json.h"
+#include "cli/report/ShareText.h"
 
 namespace plexorn {
 
@@ -75,6 +76,7 @@ public:
 
     std::string Finish()
     {
+        AddShare(m_json, ShareOf(m_info));
         m_json.Name("notes").Open('[');
         for (const std::string& note : NotesOn(m_info))
             m_json.Text(note);

@@ -7,6 +7,7 @@
 #include "cli/info/Table.h"
 #include "cli/report/Joined.h"
 #include "cli/report/Printable.h"
+#include "cli/report/ShareText.h"
 
 #include <charconv>
 
@@ -93,6 +94,8 @@ public:
         Line("measurement", MeasurementText(header));
         Line("extents", BoxText(header.extentsMin, header.extentsMax));
         Line("limits", BoxText(header.limitsMin, header.limitsMax));
+        const Share share = ShareOf(m_info);
+        Line("share", ShareText(share) + MissingText(share));
     }
 
     void AddEntities()

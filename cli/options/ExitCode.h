@@ -5,11 +5,12 @@ namespace plexorn {
 
 enum class ExitCode : int {
     Drawn = 0,       // all is done, whatever the messages about the drawings
-    Messages = 1,    // all is done, there were messages, and --strict was given
+    Incomplete = 1,  // all is done, but not all is shown, and --strict, --min-drawn or --keep-going was given
     Usage = 2,       // the command line is wrong
     File = 3,        // the file cannot be read or the SVG cannot be written
     NotAsciiDxf = 4, // the file is something else
-    SomeFailed = 5   // of several drawings, at least one failed
+    SomeFailed = 5,  // of several drawings, at least one failed
+    Blank = 6        // all is done, but nothing of a drawing that holds entities is visible
 };
 
 } // namespace plexorn

@@ -2,6 +2,7 @@
 
 #include "cli/contents/Units.h"
 #include "cli/options/Options.h"
+#include "cli/options/Percentage.h"
 
 #include <string_view>
 
@@ -100,6 +101,11 @@ std::string CheckJobs(const std::string& text)
 {
     const bool isFine = IsCount(text) && text.size() <= 3 && text.find_first_not_of('0') != std::string::npos;
     return isFine ? "" : "'" + text + "' is no number of drawings at a time; give 1 to 999";
+}
+
+std::string CheckPercentage(const std::string& text)
+{
+    return PercentageOf(text) ? "" : "'" + text + "' is not a percentage; give 0 to 100, as in 95%";
 }
 
 std::string CheckCount(const std::string& text)

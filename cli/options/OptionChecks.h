@@ -12,6 +12,7 @@ std::string CheckMessageFormat(const std::string& text);
 std::string CheckScale(const std::string& text);
 std::string CheckFit(const std::string& text);
 std::string CheckJobs(const std::string& text);
+std::string CheckPercentage(const std::string& text);
 std::string CheckCount(const std::string& text);
 
 } // namespace plexorn

@@ -67,8 +67,18 @@ constexpr OptionRow kDrawRows[] = {
     {"--max-messages", "N", "Print at most N messages about each drawing, and how many more there are",
      &Options::maxMessages, CheckCount},
     {"--strict", "",
-     "End with exit code 1 when there was any message about a drawing, or a drawing's file has no EOF",
+     "End with exit code 1 when anything of a drawing is not shown as the drawing states it, or there was "
+     "any "
+     "message about it, or its file has no EOF",
      &Options::isStrict},
+    {"--min-drawn", "SHARE",
+     "End with exit code 1 when less than this share of a drawing's entities is shown, such as 95%",
+     &Options::minDrawn, CheckPercentage},
+    {"--keep-going", "",
+     "Draw what there is of a drawing that cannot be read to its end or for which memory is short, say what "
+     "is "
+     "missing, and end with exit code 1",
+     &Options::keepsGoing},
     kHelp,
     {"--version", "", "Print the version and end"},
 };
@@ -76,6 +86,8 @@ constexpr OptionRow kDrawRows[] = {
 constexpr OptionRow kInfoRows[] = {
     {"--json", "", "Print one JSON object a line, one for each drawing", &Options::isJson},
     {"--texts", "", "List the texts of the drawing too", &Options::withTexts},
+    {"--summary", "", "Print one sum of all drawings: how much of them is shown, and what is missing",
+     &Options::isSummary},
     kFilesFrom,
     kNull,
     kRecursive,
@@ -95,12 +107,14 @@ constexpr CommandRow kInfo = {"plexorn info",
 
 constexpr ExitRow kExitRows[] = {
     {ExitCode::Drawn, "drawn (or told, for info), whatever the messages"},
-    {ExitCode::Messages,
-     "drawn, there were messages about a drawing or its file has no EOF, and --strict was given"},
+    {ExitCode::Incomplete, "drawn, but not all of a drawing is shown as it should be, and --strict, "
+                           "--min-drawn or --keep-going was "
+                           "given"},
     {ExitCode::Usage, "wrong usage"},
     {ExitCode::File, "the file cannot be read, or the SVG or what was asked for cannot be written"},
     {ExitCode::NotAsciiDxf, "the file is not an ASCII DXF"},
     {ExitCode::SomeFailed, "of several drawings, at least one failed; the others are drawn"},
+    {ExitCode::Blank, "drawn, but nothing is visible of a drawing that holds entities, or of one of several"},
 };
 
 } // namespace

@@ -45,11 +45,14 @@ struct Options {
     std::string messageFormat = "text";
     std::size_t maxMessages = std::numeric_limits<std::size_t>::max();
     bool isStrict = false;
+    std::string minDrawn; // the least share of the entities, as a percentage; empty for none
+    bool keepsGoing = false;
 
     // Info.
     bool isInfo = false;
     bool isJson = false;
     bool withTexts = false;
+    bool isSummary = false;
 };
 
 // Whether the standard input is meant more than once, by the names of drawings and that of the list.

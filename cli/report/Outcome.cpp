@@ -3,9 +3,12 @@
 #include "cli/report/Joined.h"
 #include "cli/report/Json.h"
 #include "cli/report/Printable.h"
+#include "cli/report/ShareText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace plexorn {
 
@@ -86,30 +89,28 @@ std::string FitText(const Outcome& outcome)
          "out)"});
 }
 
-std::string SkippedText(const std::map<std::string, std::uint64_t>& skipped)
-{
-    std::string out;
-    for (const auto& [type, count] : skipped)
-        out.append(out.empty() ? "; not drawn by this version: " : ", ")
-            .append(std::to_string(count))
-            .append(" ")
-            .append(Printable(type));
-    return out;
-}
-
 } // namespace
+
+bool IsShownAsStated(const Outcome& outcome)
+{
+    const auto isMet = [&](const Finding& finding) { return outcome.statistics.*finding.count > 0; };
+    return outcome.share.IsWhole() && outcome.hole.empty() && outcome.isEnded && outcome.unmarkedEntry == 0 &&
+           outcome.otherTexts == 0 && outcome.oddLines == 0 &&
+           std::none_of(std::begin(kFindings), std::end(kFindings), isMet);
+}
 
 std::string OutcomeText(const Outcome& outcome, std::size_t messages)
 {
     std::string out = Count(DrawnElements(outcome.statistics), "element", "elements");
     out.append(" drawn to ").append(Printable(outcome.output));
+    out.append(outcome.hole.empty() ? ", " : ", at most ").append(ShareText(outcome.share));
     out.append(", ").append(Count(messages, "message", "messages"));
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
     out.append(", ").append(SizeText(outcome)).append(FitText(outcome));
     for (const Finding& finding : kFindings)
         if (const std::size_t number = outcome.statistics.*finding.count)
             out.append("; ").append(Count(number, finding.singular, finding.plural));
-    out += SkippedText(outcome.skipped);
+    out += MissingText(outcome.share);
     if (outcome.unmarkedEntry != 0)
         out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
                        " may be lost (an entry without a subclass marker)"});
@@ -121,10 +122,11 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     return out;
 }
 
-std::string TotalText(std::size_t drawn, std::size_t failed, std::size_t messages,
+std::string TotalText(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
                       std::chrono::milliseconds time)
 {
-    return std::to_string(drawn) + " drawn, " + std::to_string(failed) + " failed, " +
+    const std::string blanks = blank == 0 ? "" : "of them " + std::to_string(blank) + " blank, ";
+    return std::to_string(drawn) + " drawn, " + blanks + std::to_string(failed) + " failed, " +
            Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
 }
 
@@ -149,7 +151,14 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
     json.Close('}').Name("skipped").Open('{');
     for (const auto& [type, count] : outcome.skipped)
         json.Member(type, count);
-    json.Close('}').Name("unmarkedEntry");
+    json.Close('}');
+    AddShare(json, outcome.share);
+    json.Name("holes");
+    if (outcome.hole.empty())
+        json.Null();
+    else
+        json.Text(outcome.hole);
+    json.Member("blank", outcome.isBlank).Name("unmarkedEntry");
     if (outcome.unmarkedEntry == 0)
         json.Null();
     else
@@ -158,11 +167,15 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
     return json.Close('}').Result();
 }
 
-std::string TotalJson(std::size_t drawn, std::size_t failed, std::size_t messages,
+std::string TotalJson(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
                       std::chrono::milliseconds time)
 {
     Json json;
-    json.Open('{').Member("type", "total").Member("drawn", drawn).Member("failed", failed);
+    json.Open('{')
+        .Member("type", "total")
+        .Member("drawn", drawn)
+        .Member("blank", blank)
+        .Member("failed", failed);
     return json.Member("messages", messages).Member("milliseconds", time.count()).Close('}').Result();
 }
 

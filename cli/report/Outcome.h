@@ -1,6 +1,7 @@
 // What became of drawings that were drawn.
 #pragma once
 
+#include "cli/contents/Share.h"
 #include "svghost/SvgHost.h"
 
 #include <chrono>
@@ -26,18 +27,26 @@ struct Outcome {
     std::uint64_t unmarkedEntry = 0; // the line of the first entry that needs a marker and has none
     bool isEnded = true;             // whether the file ends with its EOF
     std::uint64_t otherTexts = 0;    // pieces of text that are drawn with U+FFFD, as they are not UTF-8
+    std::uint64_t oddLines = 0;      // where a group code belongs and none is
+    Share share;                     // of the drawing, as far as it could be read
+    bool isBlank = false;            // whether nothing of it is visible, though the drawing holds entities
+    std::string hole;                // why the picture has holes, empty: it has none
     // The entities that are not drawn and that no message mentions.
     std::map<std::string, std::uint64_t> skipped;
 };
 
-// The closing lines: of a drawing (after its name), and of several.
+// Whether the picture shows all of the drawing as the drawing states it. Messages are not looked at.
+bool IsShownAsStated(const Outcome& outcome);
+
+// The closing lines: of a drawing (after its name), and of several. Of those that were drawn, so many are
+// blank.
 std::string OutcomeText(const Outcome& outcome, std::size_t messages);
-std::string TotalText(std::size_t drawn, std::size_t failed, std::size_t messages,
+std::string TotalText(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
                       std::chrono::milliseconds time);
 
 // The same for programs, as one object without its line end.
 std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages);
-std::string TotalJson(std::size_t drawn, std::size_t failed, std::size_t messages,
+std::string TotalJson(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
                       std::chrono::milliseconds time);
 
 } // namespace plexorn

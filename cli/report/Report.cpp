@@ -5,6 +5,8 @@
 #include "cli/report/LineOfMessage.h"
 #include "cli/report/Printable.h"
 
+#include <algorithm>
+
 namespace plexorn {
 
 namespace {
@@ -88,9 +90,19 @@ void Report::Failed(std::string_view file, std::string_view reason, ExitCode cod
 {
     m_code = code;
     AddHeldBack();
+    AddReason("failed", file, reason, code);
+}
+
+void Report::Doubtful(std::string_view reason, ExitCode code)
+{
+    m_doubts.emplace_back(reason, code);
+}
+
+void Report::AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code)
+{
     if (m_style.isJson) {
         Json json;
-        json.Open('{').Member("type", "failed").Member("file", file).Member("exit", static_cast<int>(code));
+        json.Open('{').Member("type", type).Member("file", file).Member("exit", static_cast<int>(code));
         m_out.append(json.Member("text", reason).Close('}').Result()).append("\n");
     } else {
         m_out.append(Printable(file)).append(": ");
@@ -101,8 +113,10 @@ void Report::Failed(std::string_view file, std::string_view reason, ExitCode cod
 
 void Report::Drawn(const Outcome& outcome)
 {
-    m_cutOff = !outcome.isEnded;
+    m_changed = !IsShownAsStated(outcome);
     AddHeldBack();
+    for (const auto& [reason, code] : m_doubts)
+        AddReason("doubtful", m_file, reason, code);
     if (m_style.isQuiet)
         return;
     if (m_style.isJson)
@@ -110,6 +124,14 @@ void Report::Drawn(const Outcome& outcome)
     else
         m_out.append(Printable(m_file)).append(": ").append(OutcomeText(outcome, m_messages));
     m_out.append("\n");
+}
+
+ExitCode Report::Doubt() const
+{
+    ExitCode code = ExitCode::Drawn;
+    for (const auto& doubt : m_doubts)
+        code = std::max(code, doubt.second);
+    return code;
 }
 
 void Report::Pass()

@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace plexorn {
 
@@ -33,16 +35,22 @@ public:
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
     void Drawn(const Outcome& outcome);
+    // Why a drawing that will be drawn is not as it should be, as the end of a sentence; it is printed in any
+    // case.
+    void Doubtful(std::string_view reason, ExitCode code);
 
     std::size_t MessageCount() const { return m_messages; }
-    // Whether a drawing was drawn of which a part may be missing in the file.
-    bool IsCutOff() const { return m_cutOff; }
+    // Whether a drawing was drawn of which not all is shown as the drawing states it.
+    bool IsChanged() const { return m_changed; }
+    // The greatest code that Doubtful had, ExitCode::Drawn without any.
+    ExitCode Doubt() const;
     // ExitCode::Drawn while nothing failed.
     ExitCode Code() const { return m_code; }
 
 private:
     void AddMessage(const SvgHostError& error);
     void AddHeldBack();
+    void AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code);
     void AddColoured(std::string_view sequence, std::string_view text);
     void Pass();
 
@@ -52,7 +60,8 @@ private:
     ReportStyle m_style;
     std::string m_out;
     std::size_t m_messages = 0;
-    bool m_cutOff = false;
+    bool m_changed = false;
+    std::vector<std::pair<std::string, ExitCode>> m_doubts;
     ExitCode m_code = ExitCode::Drawn;
 };
 

@@ -17,9 +17,9 @@ _plexorn()
     elif [[ $previous == = ]]; then
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --messages --max-messages --strict -h --help --version'
+    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
-        options='--json --texts --files-from -0 --null -r --recursive -h --help'
+        options='--json --texts --summary --files-from -0 --null -r --recursive -h --help'
     fi
     case $previous in
         -o | --output)
@@ -54,6 +54,10 @@ _plexorn()
             return
             ;;
         --max-messages)
+            return
+            ;;
+        --min-drawn)
+            mapfile -t COMPREPLY < <(compgen -W '100% 99% 95% 90% 50%' -- "$current")
             return
             ;;
     esac

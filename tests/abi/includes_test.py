@@ -46,7 +46,7 @@ COMMAND_ROOMS = {
     "draw": ({"contents", "files", "options", "report", "system"},
              {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "info": ({"contents", "files", "options", "report"}, set()),
-    "report": ({"options"}, {"svghost/SvgHost.h"}),
+    "report": ({"contents", "options"}, {"svghost/SvgHost.h"}),
     "files": ({"options", "system"}, set()),
     "options": ({"contents"}, set()),
     "contents": (set(), {"src/input/", TYPE_LIST}),

@@ -7,6 +7,7 @@ import unittest
 COMMAND = None
 VERSION = None
 EMULATOR = []
+PRELOAD = None
 
 NOBODY = 65534
 

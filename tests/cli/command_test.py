@@ -10,9 +10,11 @@ if __name__ == "__main__":
     parser = argparse.ArgumentParser()
     parser.add_argument("--command", required=True)
     parser.add_argument("--version", required=True)
+    parser.add_argument("--preload", help="the library that lets reads fail")
     parser.add_argument("--emulator", nargs="+", default=[])
     args, rest = parser.parse_known_args()
     command_support.COMMAND = args.command
     command_support.VERSION = args.version
+    command_support.PRELOAD = args.preload
     command_support.EMULATOR = args.emulator
     unittest.main(module=None, argv=sys.argv[:1] + rest)

@@ -1,7 +1,7 @@
 """Messages for programs, and how many of them are printed."""
 import json
 
-from command_support import CommandTest, DRAWING_WITH_MESSAGE, SOLID_MESSAGE, dxf, entities
+from command_support import CommandTest, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
 
 
 class Json(CommandTest):
@@ -19,6 +19,8 @@ class Json(CommandTest):
                                  "messages": 1, "unit": None, "width": None, "height": None, "scale": None,
                                  "filled": 1, "cropped": False,
                                  "sizing": "the drawing states no unit", "findings": {}, "skipped": {},
+                                 "share": {"entities": 2, "shown": 1, "percent": 50, "missing": {"SOLID": 1},
+                                           "otherwise": {}}, "holes": None, "blank": False,
                                  "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0})
 
     def test_a_file_without_an_end_is_told(self):
@@ -30,24 +32,25 @@ class Json(CommandTest):
     def test_a_message_without_a_line_has_null(self):
         part = ("100", "AcDbDimension")
         self.write("plan.dxf", entities("0", "DIMENSION", *part, *part))
-        self.assertIsNone(self.objects(0, "plan.dxf")[0]["line"])
+        self.assertIsNone(self.objects(6, "plan.dxf")[0]["line"])
 
     def test_texts_of_every_kind_stay_json(self):
         for name in ('A"\\\x1b\t', "Tür", "\u2028"):
             self.write("plan.dxf", entities("0", name))
-            self.assertEqual(self.objects(0, "plan.dxf")[0]["type"], "message")
+            self.assertEqual(self.objects(6, "plan.dxf")[0]["type"], "message")
 
     def test_failures_and_the_total_are_objects(self):
         self.write("a.dxf")
         self.write("b.dxf", b"")
         self.write("c.dxf", entities("0", "HATCH", "0", "INSERT", "2", "NOWHERE"))
-        a, b, c, total = self.objects(5, "a.dxf", "b.dxf", "c.dxf")
+        a, b, doubtful, c, total = self.objects(5, "a.dxf", "b.dxf", "c.dxf")
         self.assertEqual(a["type"], "drawn")
         self.assertEqual(b, {"type": "failed", "file": "b.dxf", "exit": 4, "text": "is empty"})
+        self.assertEqual((doubtful["file"], doubtful["exit"]), ("c.dxf", 6))
         self.assertEqual(c["findings"], {"insertsOfMissingBlocks": 1})
         self.assertEqual(c["skipped"], {"HATCH": 1})
         self.assertGreaterEqual(total.pop("milliseconds"), 0)
-        self.assertEqual(total, {"type": "total", "drawn": 2, "failed": 1, "messages": 0})
+        self.assertEqual(total, {"type": "total", "drawn": 2, "blank": 1, "failed": 1, "messages": 0})
 
     def test_names_of_every_kind(self):
         self.write("план 'ß'.dxf")
@@ -56,16 +59,16 @@ class Json(CommandTest):
 
 class MaxMessages(CommandTest):
     def test_the_rest_is_counted(self):
-        self.write("plan.dxf", entities(*("0", "SOLID") * 1237))
+        self.write("plan.dxf", entities(*LINE, *("0", "SOLID") * 1237))
         lines = self.expect(0, "--max-messages", "3", "plan.dxf").splitlines()
-        self.assertEqual([line.split(":")[1] for line in lines[:3]], ["6", "8", "10"])
+        self.assertEqual([line.split(":")[1] for line in lines[:3]], ["18", "20", "22"])
         self.assertEqual(lines[3], "plan.dxf: … and 1234 more")
         self.assertIn(", 1237 messages, ", lines[4])
         self.assertEqual(len(lines), 5)
 
     def test_each_drawing_has_its_own_share(self):
         for name in ("a.dxf", "b.dxf"):
-            self.write(name, entities(*("0", "SOLID") * 5))
+            self.write(name, entities(*LINE, *("0", "SOLID") * 5))
         printed = self.expect(0, "--max-messages=2", "a.dxf", "b.dxf")
         self.assertIn("a.dxf: … and 3 more\n", printed)
         self.assertIn("b.dxf: … and 3 more\n", printed)
@@ -77,10 +80,10 @@ class MaxMessages(CommandTest):
         self.assertEqual(self.expect(0, "-q", "--max-messages", "0", "plan.dxf"), "")
 
     def test_the_rest_is_an_object_for_programs(self):
-        self.write("plan.dxf", entities(*("0", "SOLID") * 5))
+        self.write("plan.dxf", entities(*LINE, *("0", "SOLID") * 5))
         lines = self.expect(0, "--messages=json", "--max-messages=1", "plan.dxf").splitlines()
         self.assertEqual(json.loads(lines[1]), {"type": "more", "file": "plan.dxf", "messages": 4})
 
     def test_what_is_skipped_without_a_message_is_told(self):
-        self.write("plan.dxf", entities(*("0", "HATCH") * 3, "0", "SPLINE", "0", "SOLID"))
-        self.assertIn("; not drawn by this version: 3 HATCH, 1 SPLINE\n", self.expect(0, "plan.dxf"))
+        self.write("plan.dxf", entities(*LINE, *("0", "HATCH") * 3, "0", "SPLINE", "0", "SOLID"))
+        self.assertIn("; missing: 3 HATCH, 1 SOLID, 1 SPLINE\n", self.expect(0, "plan.dxf"))

@@ -81,7 +81,7 @@ class Manual(PageTest):
         text = subprocess.run([os.path.join(BIN, "plexorn"), "--help"], capture_output=True, text=True).stdout
         codes = re.findall(r"^  (\d) ", text, re.MULTILINE)
         self.assertEqual(re.findall(r"^\| (\d) \|", page("manual.md"), re.MULTILINE), codes)
-        self.assertEqual(codes, ["0", "1", "2", "3", "4", "5"])
+        self.assertEqual(codes, ["0", "1", "2", "3", "4", "5", "6"])
 
 
 class ManyDrawings(PageTest):

@@ -4,7 +4,7 @@ import re
 
 from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, entities
 
-DRAWN = re.compile(r"^(.+): (\d+) elements? drawn to (.+), (\d+) messages?, \d+ ms, ")
+DRAWN = re.compile(r"^(.+): (\d+) elements? drawn to (.+?), [^,]*, (\d+) messages?, \d+ ms, ")
 
 
 def without_times(text):

@@ -28,10 +28,10 @@ def inside(picture):
 
 
 class PictureTest(CommandTest):
-    def draw(self, content, *options):
+    def draw(self, content, *options, code=0):
         """The picture, and what was printed."""
         self.write("plan.dxf", content)
-        printed = self.expect(0, "plan.dxf", *options)
+        printed = self.expect(code, "plan.dxf", *options)
         return self.read("plan.svg"), printed
 
     def side(self, content, *options):
@@ -93,9 +93,9 @@ class Size(PictureTest):
             self.assertTrue(printed.endswith(told), printed)
 
     def test_nothing_to_measure_has_no_size_in_millimetres(self):
-        for content in (entities(), entities("0", "INSERT", "2", "NOWHERE"),
-                        entities(*LONG_LINE[:2], "60", "1", *LONG_LINE[2:])):
-            picture, printed = self.draw(insunits(6) + content)
+        for content, code in ((entities(), 0), (entities("0", "INSERT", "2", "NOWHERE"), 6),
+                              (entities(*LONG_LINE[:2], "60", "1", *LONG_LINE[2:]), 6)):
+            picture, printed = self.draw(insunits(6) + content, code=code)
             self.assertNotIn("mm", picture[:picture.index(">", picture.index("<svg"))])
             self.assertIn("size in pixels (there is nothing to measure)", printed)
 

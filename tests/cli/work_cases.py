@@ -23,7 +23,7 @@ class Proportion(CommandTest):
     def test_messages(self):
         for options in ([], ["--messages", "json"], ["-q"]):
             with self.subTest(options=options):
-                self.check(lambda count: entities(*("0", "SOLID") * count), 2000, "plan.dxf", *options)
+                self.check(lambda count: entities(*command_support.LINE, *("0", "SOLID") * count), 2000, "plan.dxf", *options)
 
     def test_elements(self):
         self.check(lambda count: entities(*command_support.LINE * count), 1000, "plan.dxf")

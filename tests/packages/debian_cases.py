@@ -122,6 +122,16 @@ class Thumbnailer(InRoot):
         environment = {**os.environ, "PATH": f"{self.usr}/bin:{os.environ['PATH']}"}
         return subprocess.run(shlex.split(line), env=environment, capture_output=True, text=True)
 
+    def test_a_drawing_of_which_nothing_is_visible_has_no_picture(self):
+        lines = {"empty": [], "blank": ["0", "POINT", "8", "0", "10", "1", "20", "2"]}
+        for name, entity in lines.items():
+            with self.subTest(drawing=name), tempfile.TemporaryDirectory() as folder:
+                drawing, picture = os.path.join(folder, "a.dxf"), os.path.join(folder, "a.png")
+                with open(drawing, "w", encoding="utf-8") as file:
+                    file.write("\n".join(["0", "SECTION", "2", "ENTITIES", *entity, "0", "ENDSEC", "0", "EOF", ""]))
+                self.assertEqual(self.call(drawing, picture, 64).returncode, 6)
+                self.assertFalse(os.path.exists(picture))
+
     def test_it_is_for_dxf_drawings(self):
         self.assertIn("image/vnd.dxf", self.entry["Thumbnailer Entry"]["MimeType"].split(";"))
         self.assertTrue(shutil.which(self.entry["Thumbnailer Entry"]["TryExec"], path=f"{self.usr}/bin"))

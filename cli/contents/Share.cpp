@@ -1,0 +1,106 @@
+#include "cli/contents/Share.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace plexorn {
+
+namespace {
+
+// Sums the tallies that make up the picture.
+class Summing {
+public:
+    explicit Summing(const DrawingInfo& info) : m_counts(info.types.Count()) {}
+
+    void Add(const Tally& tally)
+    {
+        for (const auto& [type, count] : tally.types) {
+            m_counts[type].shown += count.shown;
+            m_counts[type].missing += count.missing;
+        }
+        for (std::size_t i = 0; i < kOtherwiseCount; ++i)
+            m_share.otherwise[i] += tally.otherwise[i];
+    }
+
+    // So many inserts more show nothing.
+    void AddEmptyInserts(const DrawingInfo& info, std::uint64_t count)
+    {
+        for (std::size_t i = 0; const TypeInfo& type : info.types) {
+            if (type.name == "INSERT") {
+                count = std::min(count, m_counts[i].shown);
+                m_counts[i].shown -= count;
+                m_counts[i].missing += count;
+            }
+            ++i;
+        }
+    }
+
+    Share Finish(const DrawingInfo& info)
+    {
+        for (std::size_t i = 0; const TypeInfo& type : info.types) {
+            const TypeCount& count = m_counts[i++];
+            m_share.shown += count.shown;
+            m_share.entities += count.shown + count.missing;
+            if (count.missing > 0)
+                m_share.missing[type.name] = count.missing;
+        }
+        return m_share;
+    }
+
+private:
+    std::vector<TypeCount> m_counts;
+    Share m_share;
+};
+
+std::uint64_t& CountOf(OtherwiseCounts& counts, Otherwise what)
+{
+    return counts[static_cast<std::size_t>(what)];
+}
+
+} // namespace
+
+double Share::Percent() const
+{
+    return entities == 0 ? 100 : static_cast<double>(shown) * 100 / static_cast<double>(entities);
+}
+
+bool Share::IsWhole() const
+{
+    return shown == entities &&
+           std::all_of(otherwise.begin(), otherwise.end(), [](std::uint64_t count) { return count == 0; });
+}
+
+void Share::Add(const Share& other)
+{
+    entities += other.entities;
+    shown += other.shown;
+    for (const auto& [type, count] : other.missing)
+        missing[type] += count;
+    for (std::size_t i = 0; i < kOtherwiseCount; ++i)
+        otherwise[i] += other.otherwise[i];
+}
+
+Share ShareOf(const DrawingInfo& info)
+{
+    Summing summing(info);
+    summing.Add(info.tally);
+    std::uint64_t emptyInserts = 0;
+    for (const BlockInfo& block : info.blocks) {
+        if (block.definitions == 0)
+            emptyInserts += block.shownInserts;
+        else if (block.inserts > 0)
+            summing.Add(block.tally);
+    }
+    summing.AddEmptyInserts(info, emptyInserts);
+    Share share = summing.Finish(info);
+    // Sheets alone are as good a picture as the model alone.
+    std::uint64_t& paper = CountOf(share.otherwise, Otherwise::PaperSpace);
+    if (paper ==
+        std::accumulate(info.tally.types.begin(), info.tally.types.end(), std::uint64_t(0),
+                        [](std::uint64_t sum, const auto& entry) { return sum + entry.second.shown; }))
+        paper = 0;
+    return share;
+}
+
+} // namespace plexorn

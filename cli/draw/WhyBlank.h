@@ -1,0 +1,19 @@
+// Why nothing of a drawing is visible.
+#pragma once
+
+#include "cli/contents/DrawingInfo.h"
+#include "cli/contents/Share.h"
+
+#include <cstddef>
+
+#include <string>
+
+namespace plexorn {
+
+// Whether the drawing has any entity, also one within a block.
+bool HoldsEntities(const DrawingInfo& info);
+
+// The reason, as a sentence for a drawing that holds entities and of which the reader made so many elements.
+std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);
+
+} // namespace plexorn

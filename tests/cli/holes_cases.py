@@ -1,0 +1,147 @@
+"""Drawings that cannot be read to their end, and short memory: a picture with holes is never written as if it were whole.
+Linux only."""
+import os
+import re
+import resource
+import subprocess
+
+import command_support
+from command_support import CommandTest, entities
+
+TEXT = ("0", "TEXT", "8", "0", "10", "1", "20", "2", "40", "3", "1")
+
+
+class Holes(CommandTest):
+    COUNT = 3000
+
+    def setUp(self):
+        super().setUp()
+        texts = (line for number in range(self.COUNT) for line in (*TEXT, f"text {number}"))
+        self.write("plan.dxf", entities(*texts))
+        self.write("plan.svg", b"old")
+
+    def texts(self):
+        return self.read("plan.svg").count("<text")
+
+
+class FailingReads(Holes):
+    AFTER = 20_000
+
+    def failing(self, by, after=AFTER):
+        return {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_READS_AFTER": str(after),
+                "FAILING_READS_BY": by}
+
+    def split(self, printed):
+        """What the module says of the line at which reading failed, and what the command says."""
+        lines = printed.splitlines()
+        messages = [line for line in lines if re.match(r"plan\.dxf:\d+: ", line)]
+        self.assertEqual(lines[:len(messages)], messages)
+        return messages, lines[len(messages):]
+
+    def test_the_library_is_loaded(self):
+        result = subprocess.run(["cat", "plan.dxf"], cwd=self.folder, env=self.failing("read"), capture_output=True)
+        self.assertIn(b"Input/output error", result.stderr)
+        self.assertEqual(len(result.stdout), self.AFTER)
+
+    def test_one_line_and_the_older_picture_stays(self):
+        reasons = {"read": r"cannot be read beyond line \d+", "fread": "cannot be read to its end: Input/output error",
+                   "read fread": "cannot be read( to its end: Input/output error| beyond line \\d+)"}
+        for by, reason in reasons.items():
+            for options in ([], ["-q"], ["--strict"], ["-q", "--strict"]):
+                with self.subTest(by=by, options=options):
+                    if (by, "-q" in options and "--strict" not in options) == ("fread", True):
+                        continue  # the header alone is read then, which ends before
+                    printed = self.expect(3, "plan.dxf", *options, env=self.failing(by))
+                    messages, told = self.split(printed)
+                    self.assertRegex(told[0], "^plan.dxf: " + reason + "$")
+                    self.assertEqual(len(told), 1)
+                    self.assertTrue("-q" not in options or not messages, messages)
+                    self.assertEqual(self.names(), ["plan.dxf", "plan.svg"])
+                    self.assertEqual(self.read("plan.svg"), "old")
+
+    def test_to_keep_going_draws_what_there_is(self):
+        for by in ("read", "read fread"):
+            for options in ([], ["-q"]):
+                with self.subTest(by=by, options=options):
+                    self.write("plan.svg", b"old")
+                    printed = self.split(self.expect(1, "--keep-going", "plan.dxf", *options, env=self.failing(by)))[1]
+                    self.assertRegex(printed[0], "^plan.dxf: cannot be read .*; the picture lacks what follows$")
+                    self.assertEqual(len(printed), 1 if options else 2)
+                    self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+                    self.assertGreater(self.texts(), 100)
+                    self.assertLess(self.texts(), self.COUNT)
+                    if not options:
+                        self.assertIn(", at most ", printed[1])
+
+    def test_to_keep_going_changes_nothing_of_a_whole_drawing(self):
+        self.expect(0, "-q", "plan.dxf")
+        whole = self.read("plan.svg")
+        self.assertEqual(self.expect(0, "-q", "--keep-going", "plan.dxf"), "")
+        self.assertEqual(self.read("plan.svg"), whole)
+
+    def test_a_start_that_cannot_be_read(self):
+        for arguments in (["-q", "plan.dxf"], ["info", "plan.dxf"], ["--keep-going", "plan.dxf"]):
+            self.assertEqual(self.expect(3, *arguments, env=self.failing("fread", 0)),
+                             "plan.dxf: cannot be read: Input/output error\n")
+
+    def test_the_standard_input(self):
+        with open(self.path("plan.dxf"), "rb") as drawing:
+            printed = self.expect(3, "-", "-o", "plan.svg", stdin=drawing, env=self.failing("read"))
+        self.assertEqual(printed, "<stdin>: cannot be read: Input/output error\n")
+        self.assertEqual(self.read("plan.svg"), "old")
+
+    def test_info(self):
+        for options in ([], ["--json"], ["--summary"]):
+            result = self.plexorn("info", "plan.dxf", *options, env=self.failing("fread"))
+            self.assertEqual((result.returncode, result.stderr),
+                             (3, "plan.dxf: cannot be read: Input/output error\n"))
+
+    def test_a_list(self):
+        self.write("list", b"plan.dxf\n" * 10_000)
+        for command in ([], ["info"]):
+            printed = self.expect(2, *command, "--files-from", "list", env=self.failing("fread", 50_000))
+            self.assertIn("list: cannot be read: Input/output error\n", printed)
+        self.assertEqual(self.read("plan.svg"), "old")
+
+
+class ShortMemory(Holes):
+    COUNT = 35_249
+
+    def limited(self, kilobytes, *options):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
+        return self.plexorn("-j", "1", "plan.dxf", *options, preexec_fn=limit)
+
+    def test_a_picture_is_whole_or_the_older_one_stays(self):
+        codes = set()
+        for kilobytes in range(12_000, 44_000, 2_000):
+            for options in ([], ["-q"]):
+                with self.subTest(kilobytes=kilobytes, options=options):
+                    self.write("plan.svg", b"old")
+                    result = self.limited(kilobytes, *options)
+                    if result.returncode == 127:
+                        continue  # the command itself cannot be loaded
+                    codes.add(result.returncode)
+                    if result.returncode == 0:
+                        self.assertEqual(self.texts(), self.COUNT)
+                    else:
+                        self.assertEqual(result.returncode, 3)
+                        self.assertRegex(result.stderr, "^plan.dxf: is not drawn[^\n]*: memory is short[^\n]*\n$|"
+                                                        "^plan.svg: cannot be written: Cannot allocate memory\n$")
+                        self.assertEqual(self.read("plan.svg"), "old")
+        self.assertEqual(codes, {0, 3})
+
+    def test_to_keep_going_says_what_is_missing(self):
+        holes = 0
+        for kilobytes in range(12_000, 44_000, 1_000):
+            with self.subTest(kilobytes=kilobytes):
+                self.write("plan.svg", b"old")
+                result = self.limited(kilobytes, "-q", "--keep-going")
+                if result.returncode == 1:
+                    self.assertRegex(result.stderr, "^plan.dxf: [^\n]*; the picture lacks what follows\n")
+                    self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+                    self.assertLess(self.texts(), self.COUNT)
+                    holes += 1
+                elif result.returncode == 0:
+                    self.assertEqual(self.texts(), self.COUNT)
+        self.assertGreater(holes, 0)

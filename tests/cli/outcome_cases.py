@@ -1,0 +1,272 @@
+"""What of a drawing is shown, and what the exit code says about it."""
+import json
+import os
+
+from command_support import CommandTest, DRAWING, LINE, dxf, entities
+
+HATCH = ("0", "HATCH", "8", "0")
+HIDDEN_LINE = ("0", "LINE", "8", "0", "60", "1", *LINE[4:])
+
+
+def blocks(*lines):
+    return dxf("0", "SECTION", "2", "BLOCKS", *lines, "0", "ENDSEC")
+
+
+def block(name, *lines):
+    return ("0", "BLOCK", "2", name, *lines, "0", "ENDBLK")
+
+
+def insert(name, *lines):
+    return ("0", "INSERT", "8", "0", "2", name, *lines)
+
+
+def dimension(part, *lines, stated="10"):
+    return ("0", "DIMENSION", "100", "AcDbEntity", "8", "0", "100", "AcDbDimension", "10", "10", "20", "5", "70", "1",
+            "42", stated, "100", part, *lines)
+
+
+def aligned(stated):
+    return dimension("AcDbAlignedDimension", "13", "0", "23", "0", "14", "10", "24", "0", stated=stated)
+
+
+class OutcomeTest(CommandTest):
+    def drawn(self, content, *options, code=0):
+        """The object about the drawing."""
+        self.write("plan.dxf", content)
+        printed = self.expect(code, "--messages=json", "plan.dxf", *options)
+        [found] = [entry for entry in map(json.loads, printed.splitlines()) if entry["type"] == "drawn"]
+        return found
+
+    def info(self, content):
+        self.write("plan.dxf", content)
+        return json.loads(self.plexorn("info", "--json", "plan.dxf").stdout)
+
+
+class NothingVisible(OutcomeTest):
+    BLANK = {
+        "it cannot draw 2 HATCH": entities(*HATCH * 2),
+        "it cannot draw 1 INSERT": entities(*insert("NOWHERE")),
+        "1 entity is invisible": entities(*HIDDEN_LINE),
+        "what it draws is empty or has no usable place": blocks(*block("A"), *block("B")) + entities(*insert("A"), *insert("B")),
+        "nothing inserts the blocks that its entities are in": blocks(*block("A", *LINE)) + entities(),
+        "the entry at line 10 has no subclass marker": dxf(
+            "0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "A", "0", "ENDTAB", "0",
+            "ENDSEC") + DRAWING,
+    }
+    EMPTY = {
+        "text": entities("0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", ""),
+        "polyline": entities("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"),
+        "circle": entities("0", "CIRCLE", "8", "0", "10", "1", "20", "1", "40", "0"),
+        "nested": blocks(*block("A"), *block("B", *insert("A"))) + entities(*insert("B")),
+        "hidden in a block": blocks(*block("A", *HIDDEN_LINE)) + entities(*insert("A")),
+        "no number": entities("0", "CIRCLE", "8", "0", "10", "1e999", "20", "1", "40", "1"),
+    }
+
+    def test_one_line_says_why_and_the_code_is_6(self):
+        for reason, content in self.BLANK.items():
+            for options in ([], ["-q"], ["--strict"], ["-q", "--strict"], ["--min-drawn", "0"]):
+                with self.subTest(reason=reason, options=options):
+                    self.write("plan.dxf", content)
+                    printed = self.expect(6, "plan.dxf", *options)
+                    lines = [line for line in printed.splitlines() if "nothing of it is visible" in line]
+                    self.assertEqual(len(lines), 1, printed)
+                    self.assertIn("plan.dxf: nothing of it is visible: ", lines[0])
+                    self.assertIn(reason, lines[0])
+                    self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+
+    def test_what_is_empty_is_not_visible(self):
+        for name, content in self.EMPTY.items():
+            with self.subTest(name=name):
+                self.write("plan.dxf", content)
+                self.assertIn("nothing of it is visible", self.expect(6, "-q", "plan.dxf"))
+
+    def test_programs_are_told(self):
+        self.write("plan.dxf", self.BLANK["it cannot draw 2 HATCH"])
+        doubtful, drawn = map(json.loads, self.expect(6, "--messages=json", "plan.dxf").splitlines())
+        self.assertEqual(doubtful, {"type": "doubtful", "file": "plan.dxf", "exit": 6,
+                                    "text": "nothing of it is visible: it cannot draw 2 HATCH"})
+        self.assertIs(drawn["blank"], True)
+        self.assertEqual(drawn["share"], {"entities": 2, "shown": 0, "percent": 0, "missing": {"HATCH": 2},
+                                          "otherwise": {}})
+
+    def test_one_visible_element_is_enough(self):
+        for content in (entities(*HATCH, *LINE), blocks(*block("A", *LINE)) + entities(*insert("A"), *HIDDEN_LINE)):
+            self.assertIs(self.drawn(content)["blank"], False)
+
+    def test_a_drawing_without_entities_is_no_failure(self):
+        for content in (entities(), blocks(*block("A")) + entities(), dxf("0", "EOF")):
+            self.write("plan.dxf", content)
+            self.assertNotIn("visible", self.expect(0, "--strict", "plan.dxf"))
+            self.assertEqual(self.expect(0, "-q", "plan.dxf"), "")
+
+    def test_of_several_a_failure_comes_first(self):
+        self.write("a.dxf", entities(*HATCH))
+        self.write("b.dxf")
+        printed = self.expect(6, "a.dxf", "b.dxf")
+        self.assertRegex(printed.splitlines()[-1], r"^2 drawn, of them 1 blank, 0 failed, ")
+        self.expect(6, "--strict", "a.dxf", "b.dxf")
+        self.expect(5, "a.dxf", "b.dxf", "none.dxf")
+
+
+class Shares(OutcomeTest):
+    def test_the_line_has_the_share_and_what_is_missing(self):
+        self.write("plan.dxf", entities(*LINE, *LINE, *HATCH, "0", "SOLID", *insert("NOWHERE")))
+        printed = self.expect(0, "plan.dxf")
+        self.assertIn(", 2 of 5 entities shown (40.0 %), ", printed)
+        self.assertIn("; missing: 1 HATCH, 1 INSERT, 1 SOLID\n", printed)
+        self.write("plan.dxf")
+        self.assertIn(", 1 entity shown, ", self.expect(0, "plan.dxf"))
+
+    def test_the_share_is_rounded_down(self):
+        self.write("plan.dxf", entities(*LINE * 2999, *HATCH))
+        self.assertIn(", 2999 of 3000 entities shown (99.9 %), ", self.expect(0, "plan.dxf"))
+
+    def share(self, content, code=0):
+        drawn = self.drawn(content, code=code)["share"]
+        self.assertEqual(self.info(content)["share"], drawn)
+        return drawn
+
+    def test_blocks_count_once_when_they_are_inserted(self):
+        content = blocks(*block("A", *LINE, *LINE, *HATCH), *block("B", *HATCH * 5), *block("A", *HATCH * 7)) + entities(
+            *insert("A") * 3)
+        self.assertEqual(self.share(content), {"entities": 6, "shown": 5, "percent": 5 * 100 / 6, "missing": {"HATCH": 1},
+                                               "otherwise": {}})
+
+    def test_parts_and_what_is_invisible_do_not_count(self):
+        polyline = ("0", "POLYLINE", "8", "0", *("0", "VERTEX", "8", "0") * 4, "0", "SEQEND")
+        content = blocks(*block("A", *LINE, "0", "ATTDEF", "2", "T")) + entities(*insert("A"), *polyline, *HIDDEN_LINE)
+        share = self.share(content)
+        self.assertEqual((share["entities"], share["shown"], share["missing"]), (3, 2, {"POLYLINE": 1}))
+
+    def test_what_is_left_out_is_not_shown(self):
+        content = entities(*LINE, "0", "CIRCLE", "8", "0", "10", "1e999", "20", "1", "40", "1")
+        share = self.drawn(content)["share"]
+        self.assertEqual((share["entities"], share["shown"]), (2, 1))
+
+    def test_what_is_shown_otherwise(self):
+        off = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbSymbolTableRecord",
+                  "2", "Off", "62", "-1", "0", "ENDTAB", "0", "ENDSEC")
+        text = ("0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", "a")
+        mtext = ("0", "MTEXT", "8", "0", "10", "1", "20", "1", "40", "2")
+        vertices = ("10", "1", "20", "1", "10", "5", "20", "1")
+        for name, content in {
+                "bulgesStraight": entities("0", "LWPOLYLINE", *vertices, "42", "0.5", "42", "1"),
+                "widthsLeftOut": entities("0", "LWPOLYLINE", "43", "2", *vertices),
+                "textsUnturned": entities(*text, "50", "30"),
+                "textsMoved": entities(*text, "72", "1"),
+                "formattingCodes": entities(*mtext, "1", "a\\Pb"),
+                "piecesLost": entities(*mtext, "3", "a", "1", "b"),
+                "onHiddenLayers": off + entities("0", "LINE", "8", "Off", *LINE[4:]),
+                "invisibleShown": entities(*text, "60", "1", *LINE),
+                "extrusionsLeftOut": entities("0", "CIRCLE", "10", "1", "20", "1", "40", "1", "230", "-1"),
+                "rowsAndColumnsOnce": blocks(*block("A", *LINE)) + entities(*insert("A", "70", "2")),
+                "basePointsLeftOut": blocks(*block("A", "10", "5", "20", "0", *LINE)) + entities(*insert("A")),
+                "paperSpaceOverModel": entities(*LINE, *LINE, "67", "1"),
+                "dimensionsOfOtherNumber": entities(*aligned("11")),
+        }.items():
+            with self.subTest(name=name):
+                self.assertEqual(self.share(content)["otherwise"], {name: 1})
+                self.assertIn("; shown otherwise: 1 ", self.expect(0, "plan.dxf"))
+                self.expect(1, "--strict", "plan.dxf")
+                self.expect(1, "-q", "--strict", "plan.dxf")
+
+    def test_sheets_alone_are_over_nothing(self):
+        self.assertEqual(self.share(entities(*LINE, "67", "1"))["otherwise"], {})
+
+    def test_numbers_of_dimensions(self):
+        for content, differs in (
+                (aligned("10"), False), (aligned("10.0000001"), False), (aligned("10.01"), True), (aligned("-1"), False),
+                (dimension("AcDbRadialDimension", "15", "0", "25", "5"), False),
+                (dimension("AcDbDiametricDimension", "15", "0", "25", "5"), True),
+                (dimension("AcDbDiametricDimension", "15", "0", "25", "5", stated="5"), False)):
+            with self.subTest(content=content):
+                otherwise = self.share(entities(*content))["otherwise"]
+                self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
+        self.assertEqual(self.share(entities(*aligned("11"), "1", "own"))["otherwise"], {})
+
+    def test_the_number_is_the_one_in_the_picture(self):
+        """What the command computes is what the module writes, for every kind of dimension."""
+        points = ("13", "1", "23", "2", "14", "9", "24", "4")
+        angular = ("13", "0", "23", "0", "14", "0", "24", "10", "15", "0", "25", "0", "16", "3", "26", "8")
+        kinds = [("AcDbAlignedDimension", points), ("AcDbRadialDimension", ("15", "1", "25", "2")),
+                 ("AcDbDiametricDimension", ("15", "1", "25", "2")), ("AcDb2LineAngularDimension", angular)]
+        kinds += [("AcDbAlignedDimension", (*points, "50", angle, "100", "AcDbRotatedDimension"))
+                  for angle in ("0", "90", "30")]
+        for kind, lines in kinds:
+            with self.subTest(kind=kind, lines=lines):
+                self.drawn(entities(*dimension(kind, *lines)))
+                shown = float(self.read("plan.svg").split("</text>")[0].rsplit(">", 1)[1].strip("\u02da"))
+                if "Angular" in kind:
+                    shown *= 3.14159265358979 / 180
+                for factor, differs in ((1, False), (1.01, True)):
+                    content = entities(*dimension(kind, *lines, stated=str(shown * factor)))
+                    otherwise = self.drawn(content)["share"]["otherwise"]
+                    self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
+
+    def test_dimensions_that_are_not_drawn_are_missing(self):
+        for kind in ("AcDbOrdinateDimension", "AcDb3PointAngularDimension"):
+            share = self.share(entities(*LINE, *dimension(kind, "13", "0", "23", "0")))
+            self.assertEqual((share["shown"], share["missing"]), (1, {"DIMENSION": 1}))
+
+    def test_strict_needs_no_message(self):
+        for content in (entities(*LINE, *HATCH), entities(*LINE, *insert("NOWHERE"))):
+            self.write("plan.dxf", content)
+            self.expect(1, "--strict", "plan.dxf")
+            self.expect(1, "-q", "--strict", "plan.dxf")
+            self.expect(0, "plan.dxf")
+        self.write("plan.dxf")
+        self.expect(0, "--strict", "plan.dxf")
+
+
+class MinDrawn(OutcomeTest):
+    def test_a_share_below_it_is_said(self):
+        self.write("plan.dxf", entities(*LINE * 3, *HATCH))
+        for share in ("75", "75%", "0", "0%", "74.9%"):
+            self.assertEqual(self.expect(0, "-q", "--min-drawn", share, "plan.dxf"), "")
+        for share in ("75.1", "76%", "100"):
+            self.assertEqual(self.expect(1, "-q", f"--min-drawn={share}", "plan.dxf"),
+                             f"plan.dxf: 3 of 4 entities shown (75.0 %), less than {share} (--min-drawn)\n")
+
+    def test_a_drawing_without_entities_is_whole(self):
+        self.write("plan.dxf", entities())
+        self.expect(0, "--min-drawn", "100", "plan.dxf")
+
+    def test_of_several_one_is_enough(self):
+        self.write("a.dxf")
+        self.write("b.dxf", entities(*LINE, *HATCH))
+        printed = self.expect(1, "-q", "--min-drawn", "95%", "a.dxf", "b.dxf")
+        self.assertTrue(printed.startswith("b.dxf: 1 of 2 entities shown (50.0 %), "), printed)
+
+    def test_what_is_no_percentage(self):
+        self.write("plan.dxf")
+        for text in ("101", "-1", "-0", "x", "95%%", "", "%", "1e1", "nan", "inf", "95 %", "0x1"):
+            with self.subTest(text=text):
+                self.assertIn(f"'{text}' is not a percentage; give 0 to 100, as in 95%",
+                              self.expect(2, f"--min-drawn={text}", "plan.dxf") if text else
+                              self.expect(2, "--min-drawn", "", "plan.dxf"))
+
+
+class Summary(OutcomeTest):
+    def summary(self, code, *arguments):
+        result = self.plexorn("info", "--summary", *arguments)
+        self.assertEqual(result.returncode, code)
+        return result.stdout
+
+    def test_several_drawings_are_summed_up(self):
+        os.mkdir(self.path("in"))
+        self.write("in/a.dxf")
+        self.write("in/b.dxf", entities(*LINE, *HATCH * 2))
+        self.write("in/c.dxf", entities("0", "TEXT", "40", "1", "1", "a", "50", "90", *HATCH))
+        self.write("in/d.dxf", b"")
+        found = json.loads(self.summary(5, "--json", "-r", "in"))
+        self.assertEqual(found, {"drawings": 3, "failed": 1, "whole": 1, "share": {
+            "entities": 6, "shown": 3, "percent": 50, "missing": {"HATCH": 3}, "otherwise": {"textsUnturned": 1}}})
+        words = [" ".join(line.split()) for line in self.summary(5, "-r", "in").splitlines()]
+        self.assertEqual(words, ["3 drawings, 1 shown as stated, 1 failed; 3 of 6 entities shown (50.0 %)", "",
+                                 "missing entities drawings", "HATCH 3 2", "",
+                                 "shown otherwise entities drawings", "texts not turned 1 1"])
+
+    def test_no_drawing(self):
+        result = self.plexorn("info", "--summary", "--files-from", "-")
+        self.assertEqual((result.returncode, result.stdout),
+                         (0, "0 drawings, 0 shown as stated, 0 failed; no entities\n"))
