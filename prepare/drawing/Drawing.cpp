@@ -2,66 +2,78 @@
 
 #include "base/Numbers.h"
 
+#include <cmath>
+
 namespace prepare {
 
 namespace {
 
-// The first value of that code, or of any code if it is 0; null when there is none.
+// The first value of a variable with that code; null when there is none.
 const std::string* ValueOf(const Variable& variable, std::int32_t code)
 {
-    for (const auto& [itsCode, value] : variable.values)
-        if (code == 0 || itsCode == code)
+    for (const auto& [its, value] : variable.values)
+        if (its == code)
             return &value;
     return nullptr;
 }
 
-template <typename Map, typename Key>
-auto FindIn(const Map& map, const Key& key) -> decltype(&map.begin()->second)
+double FiniteReal(std::string_view text, double otherwise)
 {
-    const auto found = map.find(key);
+    const double real = ParseReal(text);
+    return std::isfinite(real) ? real : otherwise;
+}
+
+template <class Map>
+auto FindIn(const Map& map, NameId name)
+{
+    const auto found = map.find(name);
     return found == map.end() ? nullptr : &found->second;
 }
 
 } // namespace
 
-double Header::Real(std::string_view name, double otherwise) const
-{
-    const Variable* const variable = FindIn(m_variables, name);
-    const std::string* const value = variable != nullptr ? ValueOf(*variable, 0) : nullptr;
-    return value != nullptr ? ParseReal(*value) : otherwise;
-}
-
-std::int32_t Header::Integer(std::string_view name, std::int32_t otherwise) const
-{
-    const Variable* const variable = FindIn(m_variables, name);
-    const std::string* const value = variable != nullptr ? ValueOf(*variable, 0) : nullptr;
-    return value != nullptr ? ParseInteger(*value) : otherwise;
-}
-
-std::string_view Header::Text(std::string_view name) const
-{
-    const Variable* const variable = FindIn(m_variables, name);
-    const std::string* const value = variable != nullptr ? ValueOf(*variable, 0) : nullptr;
-    return value != nullptr ? std::string_view(*value) : std::string_view();
-}
-
-bool Header::Point(std::string_view name, Point3& point) const
-{
-    const Variable* const variable = FindIn(m_variables, name);
-    if (variable == nullptr)
-        return false;
-    double* const coordinates[] = {&point.x, &point.y, &point.z};
-    for (std::int32_t i = 0; i < 3; ++i) {
-        const std::string* const value = ValueOf(*variable, 10 + 10 * i);
-        *coordinates[i] = value != nullptr ? ParseReal(*value) : 0;
-    }
-    return true;
-}
-
 Variable& Header::operator[](std::string_view name)
 {
     const auto found = m_variables.find(name);
     return found != m_variables.end() ? found->second : m_variables[std::string(name)];
+}
+
+double Header::Real(std::string_view name, double otherwise) const
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end() || found->second.values.empty())
+        return otherwise;
+    return FiniteReal(found->second.values.front().second, otherwise);
+}
+
+std::int32_t Header::Integer(std::string_view name, std::int32_t otherwise) const
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end() || found->second.values.empty())
+        return otherwise;
+    return ParseInteger(found->second.values.front().second);
+}
+
+std::string_view Header::Text(std::string_view name) const
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end() || found->second.values.empty())
+        return {};
+    return Trim(found->second.values.front().second);
+}
+
+bool Header::Point(std::string_view name, Point3& point) const
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end())
+        return false;
+    const std::string* const x = ValueOf(found->second, 10);
+    const std::string* const y = ValueOf(found->second, 20);
+    const std::string* const z = ValueOf(found->second, 30);
+    if (x == nullptr || y == nullptr)
+        return false;
+    point = {FiniteReal(*x, 0), FiniteReal(*y, 0), z == nullptr ? 0 : FiniteReal(*z, 0)};
+    return true;
 }
 
 const Layer* Drawing::FindLayer(NameId name) const
@@ -81,8 +93,8 @@ const TextStyle* Drawing::FindTextStyle(NameId name) const
 
 const Block* Drawing::FindBlock(NameId name) const
 {
-    const auto* const block = FindIn(blocks, name);
-    return block != nullptr ? block->get() : nullptr;
+    const auto found = blocks.find(name);
+    return found == blocks.end() ? nullptr : found->second.get();
 }
 
 } // namespace prepare

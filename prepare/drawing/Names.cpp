@@ -20,16 +20,14 @@ std::string InLowerCase(std::string_view name)
 
 } // namespace
 
-Names::Names()
+Names::Names() : m_recent(kRecent), m_key(HashKey(this))
 {
     m_texts.emplace_back();
     m_ids.emplace("", kNoName);
 }
 
-NameId Names::Of(std::string_view name)
+NameId Names::Look(std::string_view name)
 {
-    if (name == m_last)
-        return m_lastId;
     const auto [place, isNew] = m_ids.try_emplace(InLowerCase(name), static_cast<NameId>(m_texts.size()));
     if (isNew) {
         try {
@@ -39,9 +37,10 @@ NameId Names::Of(std::string_view name)
             throw;
         }
     }
-    m_last = name;
-    m_lastId = place->second;
-    return m_lastId;
+    Recent& recent = m_recent[Place(name)];
+    recent.name = name;
+    recent.id = place->second;
+    return recent.id;
 }
 
 NameId Names::Find(std::string_view name) const

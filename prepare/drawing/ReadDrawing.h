@@ -19,6 +19,6 @@ bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, 
 // Reads the entities of the ENTITIES section (and of a block *Model_Space or *Paper_Space that has any: those
 // come first) of a drawing whose index has been read. Reports nothing: ReadIndex did.
 void ReadEntities(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink& sink,
-                  bool& hasFailed);
+                  bool& hasFailed, Report* report = nullptr);
 
 } // namespace prepare

@@ -1,0 +1,42 @@
+// Reads entities into records.
+#pragma once
+
+#include "prepare/drawing/ReadRecords.h"
+#include "prepare/drawing/RecordReader.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace prepare {
+
+// Reads entity by entity, a POLYLINE with its vertices and an INSERT with its attributes.
+class EntityReader {
+public:
+    // reader must outlive this.
+    explicit EntityReader(RecordReader& reader) : m_reader(reader) {}
+
+    // Reads the entity whose type's name is the pair at hand, up to the next record that is not a part of it.
+    // Null where none is to be kept.
+    std::unique_ptr<Entity> Read();
+
+private:
+    EntityType TypeOf(std::string_view name, NameId id);
+    std::unique_ptr<Entity> ReadOne();
+    void ReadVertices(Polyline& polyline);
+    void ReadAttributes(Insert& insert);
+    void PlaceInSpace(Entity& entity);
+    bool NextIs(EntityType type);
+    bool IsUsable(const Entity& entity);
+
+    RecordReader& m_reader;
+    std::vector<std::uint8_t> m_types; // by NameId: the type and 1, or 0 while it is not known
+    Handle m_lastOwner = 0;
+    enum class Space : std::uint8_t { Unknown, Model, Paper } m_lastSpace = Space::Unknown;
+};
+
+// True for the names of the blocks of the layouts, in new and old files.
+bool IsModelSpaceName(std::string_view name);
+bool IsPaperSpaceName(std::string_view name);
+
+} // namespace prepare

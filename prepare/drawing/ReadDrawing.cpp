@@ -1,0 +1,286 @@
+#include "prepare/drawing/ReadDrawing.h"
+
+#include "prepare/drawing/EntityReader.h"
+#include "prepare/drawing/Fields.h"
+#include "prepare/drawing/ReadTables.h"
+
+namespace prepare {
+
+namespace {
+
+constexpr auto kBlock = Fields<Block>({
+    {1, &Block::path},
+    Field<Block>(2, &Block::name).OnlyFirst(),
+    {8, &Block::layer},
+    {10, &Block::base},
+    {70, &Block::flags},
+    {102, [](RecordReader& reader, Block&, CDxfLine) { reader.SkipGroup(); }},
+    Field<Block>(330, &Block::record).OnlyFirst(),
+});
+
+// What the end of the file is called: the pair that says so ends it for PairReader, too.
+constexpr std::string_view kEnd = "EOF";
+
+// One pass over a file. What ends a section is unread, so that each function begins at a record of its own.
+class Pass {
+public:
+    Pass(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink, Report* report)
+        : m_reader(source, encoding, drawing, report), m_entities(m_reader), m_drawing(drawing), m_sink(sink)
+    {
+    }
+
+    // Everything; the entities go to the sink if they can. True when all went there.
+    bool ReadIndex();
+    // The entities alone; what is found in them goes to report, if it is not null.
+    void ReadEntities(Report* report);
+
+    bool HasFailed() const { return m_reader.Pairs().HasFailed(); }
+
+private:
+    std::string_view NextRecord();
+    std::string_view NextSection();
+    void ReadSection(std::string_view name);
+    void ReadTablesSection();
+    void ReadObjectsSection();
+    void ReadBlocksSection();
+    void ReadBlock();
+    void ReadBlockEntities(Block& block);
+    void KeepBlock(std::unique_ptr<Block> block);
+    void ReadEntitiesSection();
+    void SkipSection();
+    bool IsSectionEnd(std::string_view record);
+    void GiveLayoutBlocks();
+    void KnowRecords();
+    void NotePairs();
+
+    RecordReader m_reader;
+    EntityReader m_entities;
+    Drawing& m_drawing;
+    EntitySink* m_sink; // null: entities are skipped
+    bool m_hasTables = false;
+    bool m_hasBlocks = false;
+    bool m_hasGivenLayouts = false;
+    bool m_hasSkippedEntities = false;
+};
+
+// The type of the next record, kEnd at the end of the file.
+std::string_view Pass::NextRecord()
+{
+    while (m_reader.NextPair())
+        if (m_reader.Code() == 0)
+            return Trim(m_reader.Value());
+    return kEnd;
+}
+
+// The name of the next section; empty at the end of the file. Records outside of sections are passed over.
+std::string_view Pass::NextSection()
+{
+    for (;;) {
+        const std::string_view record = NextRecord();
+        if (record == kEnd)
+            return {};
+        if (record != "SECTION")
+            continue;
+        m_drawing.hasSections = true;
+        if (m_reader.NextField() && m_reader.Code() == 2 && !Trim(m_reader.Value()).empty())
+            return Trim(m_reader.Value());
+    }
+}
+
+// True at the end of a section; where that is missing, the section ends before the next one.
+bool Pass::IsSectionEnd(std::string_view record)
+{
+    if (record == "ENDSEC")
+        return true;
+    if (record != kEnd && record != "SECTION")
+        return false;
+    m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
+    m_reader.Unread();
+    return true;
+}
+
+void Pass::SkipSection()
+{
+    while (!IsSectionEnd(NextRecord())) {
+    }
+}
+
+void Pass::ReadTablesSection()
+{
+    m_hasTables = true;
+    for (std::string_view record; !IsSectionEnd(record = NextRecord());)
+        ReadTableEntry(m_reader);
+}
+
+void Pass::ReadObjectsSection()
+{
+    for (std::string_view record; !IsSectionEnd(record = NextRecord());)
+        if (record == "MLINESTYLE")
+            ReadTableEntry(m_reader);
+}
+
+void Pass::ReadBlocksSection()
+{
+    m_hasBlocks = true;
+    for (std::string_view record; !IsSectionEnd(record = NextRecord());)
+        if (record == "BLOCK")
+            ReadBlock();
+}
+
+void Pass::ReadBlock()
+{
+    auto block = std::make_unique<Block>();
+    block->line = m_reader.Line() + 1;
+    m_reader.Read(*block, kBlock);
+    if (m_reader.TakeIsBroken())
+        m_reader.Note(Finding::Repaired, "BLOCK", "a value is not a number: 0 is read", block->line);
+    const std::string_view name = m_drawing.names.Text(block->name);
+    block->isLayout = IsModelSpaceName(name) || IsPaperSpaceName(name);
+    ReadBlockEntities(*block);
+    KeepBlock(std::move(block));
+}
+
+void Pass::KeepBlock(std::unique_ptr<Block> block)
+{
+    const std::uint64_t line = block->line;
+    if (block->name == kNoName)
+        return m_reader.Note(Finding::Repaired, "BLOCK", "one without a name is left out", line);
+    std::unique_ptr<Block>& kept = m_drawing.blocks[block->name];
+    if (kept == nullptr)
+        kept = std::move(block);
+    else
+        m_reader.Note(Finding::Repaired, "BLOCK", "a second one of the same name is left out", line);
+}
+
+void Pass::ReadBlockEntities(Block& block)
+{
+    const bool isPaper = IsPaperSpaceName(m_drawing.names.Text(block.name));
+    for (;;) {
+        const std::string_view record = NextRecord();
+        if (record == "ENDBLK")
+            return;
+        if (record == kEnd || record == "BLOCK" || record == "ENDSEC" || record == "SECTION") {
+            m_reader.Note(Finding::Repaired, "BLOCK", "ends without ENDBLK", block.line);
+            return m_reader.Unread();
+        }
+        if (std::unique_ptr<Entity> entity = m_entities.Read()) {
+            if (isPaper)
+                entity->isInPaperSpace = 1;
+            block.entities.push_back(std::move(entity));
+        }
+    }
+}
+
+// The entities of the layouts' blocks come before those of the section.
+void Pass::GiveLayoutBlocks()
+{
+    if (std::exchange(m_hasGivenLayouts, true))
+        return;
+    for (const auto& [name, block] : m_drawing.blocks)
+        if (block->isLayout)
+            for (const std::unique_ptr<Entity>& entity : block->entities)
+                m_sink->Take(*entity);
+}
+
+void Pass::ReadEntitiesSection()
+{
+    if (m_sink == nullptr || m_hasSkippedEntities) {
+        m_hasSkippedEntities = true;
+        return SkipSection();
+    }
+    GiveLayoutBlocks();
+    while (!IsSectionEnd(NextRecord()))
+        if (const std::unique_ptr<Entity> entity = m_entities.Read())
+            m_sink->Take(*entity);
+}
+
+void Pass::ReadSection(std::string_view name)
+{
+    if (name == "HEADER") {
+        ReadHeader(m_reader);
+    } else if (name == "TABLES") {
+        ReadTablesSection();
+    } else if (name == "BLOCKS") {
+        ReadBlocksSection();
+    } else if (name == "OBJECTS") {
+        ReadObjectsSection();
+    } else if (name == "ENTITIES") {
+        m_hasSkippedEntities = m_hasSkippedEntities || !m_hasTables || !m_hasBlocks;
+        ReadEntitiesSection();
+    } else {
+        SkipSection();
+    }
+}
+
+bool Pass::ReadIndex()
+{
+    for (std::string_view name; !(name = NextSection()).empty();)
+        ReadSection(name);
+    KnowRecords();
+    if (m_sink != nullptr && !m_hasSkippedEntities)
+        GiveLayoutBlocks();
+    NotePairs();
+    m_drawing.bytes = m_reader.Pairs().Bytes();
+    m_drawing.lines = m_reader.Pairs().Lines();
+    return m_sink != nullptr && !m_hasSkippedEntities;
+}
+
+void Pass::ReadEntities(Report* report)
+{
+    m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"));
+    GiveLayoutBlocks();
+    for (std::string_view name; !(name = NextSection()).empty();) {
+        if (name != "ENTITIES")
+            continue;
+        m_reader.SetReport(report);
+        ReadEntitiesSection();
+        m_reader.SetReport(nullptr);
+    }
+}
+
+// Blocks and their records know each other, whichever of them says so.
+void Pass::KnowRecords()
+{
+    for (const auto& [name, block] : m_drawing.blocks)
+        if (block->record != 0)
+            m_drawing.blockOfRecord.try_emplace(block->record, name);
+    for (const auto& [record, name] : m_drawing.blockOfRecord) {
+        const auto block = m_drawing.blocks.find(name);
+        if (block != m_drawing.blocks.end() && block->second->record == 0)
+            block->second->record = record;
+    }
+}
+
+void Pass::NotePairs()
+{
+    const PairReader& pairs = m_reader.Pairs();
+    const auto note = [&](Finding finding, const Tally& tally, std::string_view detail) {
+        if (tally.count != 0)
+            m_reader.Note(finding, "file", detail, tally.firstLine, tally.count);
+    };
+    note(Finding::Repaired, pairs.SkippedLines(), "a line is skipped that is not a group code");
+    note(Finding::Cut, pairs.CutLines(), "a line is longer than 65,536 bytes");
+    if (!pairs.HasEofPair())
+        m_reader.Note(Finding::Repaired, "file", "ends without EOF", pairs.Lines());
+}
+
+} // namespace
+
+bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
+               Report& report, bool& hasFailed)
+{
+    Pass pass(source, encoding, drawing, sink, &report);
+    const bool hasGivenAll = pass.ReadIndex();
+    hasFailed = pass.HasFailed();
+    return hasGivenAll;
+}
+
+void ReadEntities(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink& sink,
+                  bool& hasFailed, Report* report)
+{
+    Pass pass(source, encoding, drawing, &sink, nullptr);
+    pass.ReadEntities(report);
+    hasFailed = pass.HasFailed();
+}
+
+} // namespace prepare

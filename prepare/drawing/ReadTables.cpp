@@ -1,0 +1,205 @@
+#include "prepare/drawing/ReadTables.h"
+
+#include "prepare/drawing/Fields.h"
+
+#include <algorithm>
+
+namespace prepare {
+
+namespace {
+
+template <class Record>
+void SkipGroupOf(RecordReader& reader, Record&, CDxfLine)
+{
+    reader.SkipGroup();
+}
+
+void ReadTrueColour(RecordReader& reader, Layer& layer, CDxfLine value)
+{
+    layer.trueColour = reader.Integer(value) & 0xFFFFFF;
+}
+
+constexpr auto kLayer = Fields<Layer>({
+    {2, &Layer::name},
+    Field<Layer>(5, &Layer::handle).OnlyFirst(),
+    {6, &Layer::lineType},
+    {62, &Layer::colour},
+    {70, &Layer::flags},
+    {102, SkipGroupOf<Layer>},
+    {290, &Layer::isPlotted},
+    {370, &Layer::weight},
+    {420, ReadTrueColour},
+});
+
+void ReadShapeFlags(RecordReader& reader, LineType& lineType, CDxfLine value)
+{
+    lineType.hasShapes = lineType.hasShapes || reader.Integer(value) != 0;
+}
+
+constexpr auto kLineType = Fields<LineType>({
+    {2, &LineType::name},
+    {3, &LineType::description},
+    {49, &LineType::dashes},
+    {74, ReadShapeFlags},
+    {102, SkipGroupOf<LineType>},
+});
+
+constexpr auto kTextStyle = Fields<TextStyle>({
+    {2, &TextStyle::name},
+    {3, &TextStyle::font},
+    {4, &TextStyle::bigFont},
+    Field<TextStyle>(5, &TextStyle::handle).OnlyFirst(),
+    {40, &TextStyle::height},
+    {41, &TextStyle::widthFactor},
+    {50, &TextStyle::oblique},
+    {70, &TextStyle::flags},
+    {71, &TextStyle::generation},
+    {102, SkipGroupOf<TextStyle>},
+});
+
+struct BlockRecord {
+    NameId name = kNoName;
+    Handle handle = 0;
+};
+
+constexpr auto kBlockRecord = Fields<BlockRecord>({
+    Field<BlockRecord>(2, &BlockRecord::name).OnlyFirst(),
+    Field<BlockRecord>(5, &BlockRecord::handle).OnlyFirst(),
+    {102, SkipGroupOf<BlockRecord>},
+});
+
+void BeginElement(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
+{
+    MultiLineStyle::Element element;
+    element.offset = reader.Real(value);
+    reader.Append(style.elements, element);
+}
+
+// 62, 420 and 6 before the first element are the fill's.
+template <std::int32_t MultiLineStyle::Element::*member>
+void ReadElementColour(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
+{
+    if (!style.elements.empty())
+        style.elements.back().*member = reader.Integer(value);
+}
+
+void ReadElementLineType(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
+{
+    if (!style.elements.empty())
+        style.elements.back().lineType = reader.Name(value);
+}
+
+constexpr auto kMultiLineStyle = Fields<MultiLineStyle>({
+    {2, &MultiLineStyle::name},
+    Field<MultiLineStyle>(5, &MultiLineStyle::handle).OnlyFirst(),
+    {6, ReadElementLineType},
+    {49, BeginElement},
+    {51, &MultiLineStyle::startAngle},
+    {52, &MultiLineStyle::endAngle},
+    {62, ReadElementColour<&MultiLineStyle::Element::colour>},
+    {70, &MultiLineStyle::flags},
+    {102, SkipGroupOf<MultiLineStyle>},
+    {420, ReadElementColour<&MultiLineStyle::Element::trueColour>},
+});
+
+// The values of a dimension style stay texts.
+void ReadDimStyle(RecordReader& reader)
+{
+    constexpr std::int32_t kFirstXdata = 1000;
+    constexpr std::size_t kMostValues = 1000;
+    DimStyle style;
+    while (reader.NextField()) {
+        const std::int32_t code = reader.Code();
+        if (code == 102)
+            reader.SkipGroup();
+        else if (code == 2)
+            style.name = reader.Name(reader.Value());
+        else if (code == 105)
+            style.handle = reader.ReadHandle(reader.Value());
+        else if (code != 100 && code != 330 && code < kFirstXdata && style.values.size() < kMostValues)
+            style.values.emplace_back(code, reader.Text(reader.Value()));
+    }
+    if (style.name != kNoName)
+        reader.drawing.dimStyles.try_emplace(style.name, std::move(style));
+}
+
+// Reads an entry and keeps it if it has a name, and a new one.
+template <const auto& table, class Record>
+Record ReadEntry(RecordReader& reader, std::map<NameId, Record>& entries, std::string_view type)
+{
+    Record record;
+    const std::uint64_t line = reader.Line() + 1;
+    reader.Read(record, table);
+    if (reader.TakeIsBroken())
+        reader.Note(Finding::Repaired, type, "a value is not a number: 0 is read", line);
+    if (reader.TakeIsCut())
+        reader.Note(Finding::Cut, type, "more than 1,000,000 parts", line);
+    if (record.name != kNoName && !entries.try_emplace(record.name, record).second)
+        reader.Note(Finding::Repaired, type, "a second one of the same name is left out", line);
+    return record;
+}
+
+void ReadBlockRecord(RecordReader& reader)
+{
+    BlockRecord record;
+    reader.Read(record, kBlockRecord);
+    if (record.handle != 0)
+        reader.drawing.blockOfRecord.try_emplace(record.handle, record.name);
+}
+
+void ReadTextStyle(RecordReader& reader)
+{
+    const TextStyle style = ReadEntry<kTextStyle>(reader, reader.drawing.textStyles, "STYLE");
+    if (style.handle != 0)
+        reader.drawing.textStyleOfHandle.try_emplace(style.handle, style.name);
+}
+
+void ReadMultiLineStyle(RecordReader& reader)
+{
+    const MultiLineStyle style =
+        ReadEntry<kMultiLineStyle>(reader, reader.drawing.multiLineStyles, "MLINESTYLE");
+    if (style.handle != 0)
+        reader.drawing.multiLineStyleOfHandle.try_emplace(style.handle, style.name);
+}
+
+} // namespace
+
+void ReadHeader(RecordReader& reader)
+{
+    constexpr std::size_t kMostValues = 100;
+    Variable* variable = nullptr;
+    while (reader.NextField()) {
+        const std::string_view value = reader.Value();
+        if (reader.Code() == 9) {
+            variable = &reader.drawing.header[Trim(value)];
+            if (!variable->values.empty())
+                variable = nullptr;
+        } else if (variable != nullptr && variable->values.size() < kMostValues) {
+            variable->values.emplace_back(reader.Code(), reader.Text(value));
+        }
+    }
+    reader.SetCodePage(reader.drawing.header.Text("$DWGCODEPAGE"));
+}
+
+void ReadTableEntry(RecordReader& reader)
+{
+    Drawing& drawing = reader.drawing;
+    const std::string_view type = Trim(reader.Value());
+    reader.phase = 0;
+    if (type == "LAYER")
+        ReadEntry<kLayer>(reader, drawing.layers, "LAYER");
+    else if (type == "LTYPE")
+        ReadEntry<kLineType>(reader, drawing.lineTypes, "LTYPE");
+    else if (type == "STYLE")
+        ReadTextStyle(reader);
+    else if (type == "DIMSTYLE")
+        ReadDimStyle(reader);
+    else if (type == "BLOCK_RECORD")
+        ReadBlockRecord(reader);
+    else if (type == "MLINESTYLE")
+        ReadMultiLineStyle(reader);
+    else
+        reader.SkipFields();
+}
+
+} // namespace prepare

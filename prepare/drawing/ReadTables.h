@@ -1,0 +1,17 @@
+// Reads what a drawing lists by name: its header, its tables and the styles among its objects.
+#pragma once
+
+#include "prepare/drawing/RecordReader.h"
+
+#include <string_view>
+
+namespace prepare {
+
+// Reads the variables of the HEADER section, up to the next record. The first value of a variable counts.
+void ReadHeader(RecordReader& reader);
+
+// Reads the table entry whose type's name is the pair at hand, up to the next record. The first entry of a
+// name counts. Of a type that is not kept, nothing is stored.
+void ReadTableEntry(RecordReader& reader);
+
+} // namespace prepare

@@ -1,0 +1,140 @@
+#include "prepare/drawing/EntityFields.h"
+#include "prepare/drawing/ReadRecords.h"
+
+namespace prepare {
+
+namespace {
+
+constexpr auto kText = EntityFields<Text>({
+    {1, &Text::text},
+    {7, &Text::style},
+    {10, &Text::point},
+    {11, &Text::alignment, &Text::hasAlignment},
+    {40, &Text::height},
+    {41, &Text::widthFactor},
+    {50, &Text::rotation},
+    {51, &Text::oblique, &Text::hasOblique},
+    {71, &Text::generation},
+    {72, &Text::horizontal},
+    {73, &Text::vertical},
+});
+
+// The MTEXT that an attribute of several lines embeds: its text counts, nothing else of it.
+struct EmbeddedText {
+    std::string text;
+};
+
+constexpr auto kEmbeddedText = Fields<EmbeddedText>({
+    Field<EmbeddedText>(1, &EmbeddedText::text).Joined(),
+    Field<EmbeddedText>(3, &EmbeddedText::text).Joined(),
+    {101, [](RecordReader& reader, EmbeddedText&, CDxfLine) { reader.SkipFields(); }},
+});
+
+void ReadEmbeddedText(RecordReader& reader, Text& text, CDxfLine)
+{
+    EmbeddedText embedded;
+    reader.Read(embedded, kEmbeddedText);
+    text.hasMText = true;
+    if (!embedded.text.empty())
+        text.text = std::move(embedded.text);
+}
+
+constexpr auto kAttribute = EntityFields<Text>({
+    {1, &Text::text},
+    {2, &Text::tag},
+    {3, &Text::prompt},
+    {7, &Text::style},
+    {10, &Text::point},
+    {11, &Text::alignment, &Text::hasAlignment},
+    {40, &Text::height},
+    {41, &Text::widthFactor},
+    {50, &Text::rotation},
+    {51, &Text::oblique, &Text::hasOblique},
+    {70, &Text::flags},
+    {71, &Text::generation},
+    {72, &Text::horizontal},
+    {74, &Text::vertical},
+    {101, ReadEmbeddedText},
+});
+
+struct Columns {
+    std::int32_t type = 0;
+    std::int32_t count = 0;
+    std::int32_t areReversed = 0;
+    double width = 0;
+    double gutter = 0;
+    double definedHeight = 0;
+    std::vector<double> heights;
+};
+
+constexpr auto kColumns = Fields<Columns>({
+    {41, &Columns::definedHeight},
+    {44, &Columns::width},
+    {45, &Columns::gutter},
+    {46, &Columns::heights},
+    {71, &Columns::type},
+    {72, &Columns::count},
+    {74, &Columns::areReversed},
+});
+
+// Of the embedded object only the columns count: its other codes repeat the MTEXT's in another order.
+void ReadColumns(RecordReader& reader, MText& text, CDxfLine)
+{
+    Columns columns;
+    reader.Read(columns, kColumns);
+    text.columnType = columns.type;
+    text.columns = columns.count;
+    text.columnsFlowReversed = columns.areReversed;
+    text.columnWidth = columns.width;
+    text.columnGutter = columns.gutter;
+    text.definedHeight = columns.definedHeight;
+    text.columnHeights = std::move(columns.heights);
+}
+
+void ReadRotation(RecordReader& reader, MText& text, CDxfLine value)
+{
+    text.rotation = reader.Real(value);
+    text.hasDirection = false;
+}
+
+constexpr auto kMText = EntityFields<MText>({
+    Field<MText>(1, &MText::text).Joined(),
+    Field<MText>(3, &MText::text).Joined(),
+    {7, &MText::style},
+    {10, &MText::point},
+    {11, &MText::direction, &MText::hasDirection},
+    {40, &MText::height},
+    {41, &MText::width},
+    {44, &MText::spacing},
+    {46, &MText::definedHeight},
+    {48, &MText::columnWidth},
+    {49, &MText::columnGutter},
+    {50, ReadRotation},
+    {71, &MText::attachment},
+    {72, &MText::flow},
+    {73, &MText::spacingStyle},
+    {75, &MText::columnType},
+    {76, &MText::columns},
+    {78, &MText::columnsFlowReversed},
+    {90, &MText::fill},
+    {101, ReadColumns},
+});
+
+} // namespace
+
+std::unique_ptr<Entity> ReadText(RecordReader& reader)
+{
+    return ReadByTable<kText, Text>(reader);
+}
+
+std::unique_ptr<Entity> ReadAttribute(RecordReader& reader)
+{
+    return ReadByTable<kAttribute, Text>(reader);
+}
+
+std::unique_ptr<Entity> ReadMText(RecordReader& reader)
+{
+    return ReadByTable<kMText, MText>(reader);
+}
+
+} // namespace prepare

@@ -1,0 +1,101 @@
+#include "prepare/drawing/RecordReader.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace prepare {
+
+namespace {
+
+bool IsAscii(std::string_view text)
+{
+    unsigned char all = 0;
+    for (const char c : text)
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+    return all < 0x80;
+}
+
+// Code pages that files name without a number.
+constexpr std::pair<std::string_view, std::string_view> kWords[] = {
+    {"BIG5", "950"}, {"GB2312", "936"}, {"KSC5601", "949"}, {"JOHAB", "1361"}, {"SHIFT_JIS", "932"}};
+
+std::string_view NumberedCodePage(std::string_view name)
+{
+    for (const auto& [word, number] : kWords) {
+        const bool isIt =
+            name.size() >= word.size() &&
+            std::equal(word.begin(), word.end(), name.end() - static_cast<std::ptrdiff_t>(word.size()),
+                       [](char a, char b) { return a == (b >= 'a' && b <= 'z' ? b - 'a' + 'A' : b); });
+        if (isIt)
+            return number;
+    }
+    return name;
+}
+
+} // namespace
+
+RecordReader::RecordReader(CDxfSource& source, std::string_view encoding, Drawing& itsDrawing, Report* report)
+    : drawing(itsDrawing), m_pairs(source), m_report(report), m_hasEncoding(!encoding.empty()),
+      m_codePage(std::make_unique<NamedCodePage>(NumberedCodePage(encoding)))
+{
+}
+
+void RecordReader::SetCodePage(std::string_view name)
+{
+    if (!m_hasEncoding)
+        m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
+}
+
+void RecordReader::SkipGroup()
+{
+    if (!Trim(Value()).starts_with('{'))
+        return;
+    constexpr std::int32_t kFirstXdata = 1000;
+    while (NextField()) {
+        if (Code() == 102 && Trim(Value()) == "}")
+            return;
+        if (Code() >= kFirstXdata)
+            return Unread();
+    }
+}
+
+Handle RecordReader::ReadHandle(std::string_view value) const
+{
+    constexpr std::size_t kMostDigits = 16;
+    const std::string_view text = Trim(value);
+    Handle handle = 0;
+    for (const char c : text.substr(0, kMostDigits)) {
+        if (IsDigit(c))
+            handle = handle * 16 + static_cast<Handle>(c - '0');
+        else if (const char letter = static_cast<char>(c | 0x20); letter >= 'a' && letter <= 'f')
+            handle = handle * 16 + static_cast<Handle>(letter - 'a' + 10);
+        else
+            return 0;
+    }
+    return handle;
+}
+
+std::string RecordReader::Text(std::string_view value) const
+{
+    while (value.ends_with('\r'))
+        value.remove_suffix(1);
+    return IsAscii(value) ? std::string(value) : m_codePage->Utf8(value);
+}
+
+NameId RecordReader::Name(std::string_view value)
+{
+    const std::string_view name = Trim(value);
+    return IsAscii(name) ? drawing.names.Of(name) : drawing.names.Of(m_codePage->Utf8(name));
+}
+
+// ParseReal gives 0 for words and 1 for "1.#QNAN", as some programs write what is no number.
+double RecordReader::LookAtReal(std::string_view value, double real)
+{
+    const bool isWord = value.find_first_of("#nNiI") != std::string_view::npos;
+    if (!isWord && std::isfinite(real))
+        return real;
+    m_isBroken = true;
+    return 0;
+}
+
+} // namespace prepare
