@@ -16,7 +16,7 @@ constexpr double kWidthOfByte = 0.7;
 } // namespace
 
 // The bulge is the tangent of a quarter of the arc's angle, below 0 for a clockwise arc.
-BulgeArc ArcOfBulge(Point2 from, Point2 to, double bulge)
+BulgeArc CircularArcOf(Point2 from, Point2 to, double bulge)
 {
     const Point2 chord = to - from;
     const double length = Length(chord);
@@ -86,7 +86,7 @@ void Measure::Sink::Polyline(const Style& style, std::span<const PlainVertex> ve
         if (from.bulge == 0 || (i + 1 == vertices.size() && !isClosed))
             continue;
         const PlainVertex& to = vertices[i + 1 == vertices.size() ? 0 : i + 1];
-        const BulgeArc arc = ArcOfBulge(from.point, to.point, from.bulge);
+        const BulgeArc arc = CircularArcOf(from.point, to.point, from.bulge);
         if (arc.radius > 0)
             measured.hull.AddArc(arc.centre, arc.radius, arc.start, arc.end);
     }

@@ -57,6 +57,6 @@ struct BulgeArc {
     double start = 0;
     double end = 0;
 };
-BulgeArc ArcOfBulge(Point2 from, Point2 to, double bulge);
+BulgeArc CircularArcOf(Point2 from, Point2 to, double bulge);
 
 } // namespace prepare

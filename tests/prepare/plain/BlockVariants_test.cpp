@@ -1,0 +1,84 @@
+#include "prepare/plain/BlockVariants.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+
+// Where a use of the baked content puts a point of the block.
+Point2 Used(const SplitPlacement& split, Point3 p)
+{
+    Point2 baked = split.baked.Flat(p);
+    if (split.isMirrored)
+        baked.y = -baked.y;
+    const double cosine = std::cos(split.rotation), sine = std::sin(split.rotation);
+    return split.point + Point2{cosine * baked.x - sine * baked.y, sine * baked.x + cosine * baked.y};
+}
+
+void ExpectSplitsAlike(const Matrix& placement)
+{
+    const SplitPlacement split = Split(placement);
+    for (const Point3 p :
+         {Point3{0, 0, 0}, Point3{1, 0, 0}, Point3{0, 1, 0}, Point3{0, 0, 1}, Point3{3, -4, 5}}) {
+        EXPECT_NEAR(Used(split, p).x, placement.Flat(p).x, 1e-12);
+        EXPECT_NEAR(Used(split, p).y, placement.Flat(p).y, 1e-12);
+    }
+}
+
+TEST(Split, TurnsScalesMirrorsAndSkewsComeTogetherAgain)
+{
+    ExpectSplitsAlike({});
+    ExpectSplitsAlike(Moved({5, 6, 7}) * Turned(2.5));
+    ExpectSplitsAlike(Turned(-1) * Scaled({-1, 1, 1}));
+    ExpectSplitsAlike(Turned(0.3) * Scaled({2, -3, 4}) * Turned(0.7));
+    ExpectSplitsAlike(FromObject({0, 0, -1}) * Turned(0.3) * Scaled({2, 3, 4}));
+    ExpectSplitsAlike(FromObject({1, 2, 3}) * Turned(0.3) * Scaled({2, 3, 4}) * Moved({-1, -2, -3}));
+    ExpectSplitsAlike(FromObject({1, 0, 0})); // seen from the side
+}
+
+TEST(Split, ATurnAloneBakesNothing)
+{
+    const Block block;
+    const VariantKey plain(block, Split({}), false, {});
+    const VariantKey turned(block, Split(Moved({5, 6, 0}) * Turned(2.5)), false, {});
+    EXPECT_FALSE(plain < turned);
+    EXPECT_FALSE(turned < plain);
+    EXPECT_NEAR(Split(Turned(2.5)).rotation, 2.5, 1e-15);
+}
+
+TEST(Split, AMirrorAloneBakesNothing)
+{
+    const Block block;
+    const VariantKey plain(block, Split({}), false, {});
+    const VariantKey mirrored(block, Split(Scaled({-1, 1, 1})), false, {});
+    EXPECT_FALSE(plain < mirrored);
+    EXPECT_FALSE(mirrored < plain);
+    EXPECT_TRUE(Split(Scaled({-1, 1, 1})).isMirrored);
+    EXPECT_NEAR(std::fabs(Split(Scaled({-1, 1, 1})).rotation), kPi, 1e-15);
+}
+
+TEST(VariantKey, TheInsertsStyleCountsForWhatInheritsAlone)
+{
+    const Block block;
+    Style red;
+    red.colour.index = 1;
+    EXPECT_FALSE(VariantKey(block, Split({}), false, {}) < VariantKey(block, Split({}), false, red));
+    const VariantKey a(block, Split({}), true, {}), b(block, Split({}), true, red);
+    EXPECT_TRUE(a < b || b < a);
+}
+
+TEST(VariantKey, ScalesThatDifferAreDifferent)
+{
+    const Block block;
+    const VariantKey a(block, Split(Scaled({1, 1, 1})), false, {});
+    const VariantKey b(block, Split(Scaled({1.001, 1, 1})), false, {});
+    EXPECT_TRUE(a < b || b < a);
+}
+
+} // namespace
+} // namespace prepare

@@ -1,0 +1,96 @@
+#include "prepare/plain/LayerChoice.h"
+
+#include <gtest/gtest.h>
+
+namespace prepare {
+namespace {
+
+class LayerChoices : public testing::Test {
+protected:
+    NameId AddLayer(const char* name, std::int32_t colour, std::int32_t flags, std::int32_t isPlotted = 1)
+    {
+        Layer layer;
+        layer.name = drawing.names.Of(name);
+        layer.colour = colour;
+        layer.flags = flags;
+        layer.isPlotted = isPlotted;
+        drawing.layers.emplace(layer.name, layer);
+        return layer.name;
+    }
+    bool Shows(NameId layer) { return LayerChoice(drawing, options).Shows(layer); }
+
+    Drawing drawing;
+    Options options;
+};
+
+TEST_F(LayerChoices, LayersThatAreOffOrFrozenAreHidden)
+{
+    EXPECT_TRUE(Shows(AddLayer("on", 7, 0)));
+    EXPECT_FALSE(Shows(AddLayer("off", -7, 0)));
+    EXPECT_FALSE(Shows(AddLayer("frozen", 7, 1)));
+    EXPECT_TRUE(Shows(AddLayer("locked", 7, 4)));
+}
+
+TEST_F(LayerChoices, ALayerThatNoTableHasIsShown)
+{
+    EXPECT_TRUE(Shows(drawing.names.Of("made up")));
+    EXPECT_TRUE(Shows(kNoName));
+}
+
+TEST_F(LayerChoices, DefpointsIsHiddenInAnyCase)
+{
+    EXPECT_FALSE(Shows(AddLayer("Defpoints", 7, 0)));
+}
+
+TEST_F(LayerChoices, WhatIsNotPlottedIsHiddenOnPaperAlone)
+{
+    const NameId frame = AddLayer("frame", 7, 0, 0);
+    EXPECT_TRUE(Shows(frame));
+    options.isForPaper = true;
+    EXPECT_FALSE(Shows(frame));
+}
+
+TEST_F(LayerChoices, AllLayersAreShownWhenThatIsAskedFor)
+{
+    options.showsAllLayers = true;
+    EXPECT_TRUE(Shows(AddLayer("off", -7, 1, 0)));
+    EXPECT_TRUE(Shows(AddLayer("Defpoints", 7, 0)));
+}
+
+TEST_F(LayerChoices, LayersAskedForByNameAreShownWhateverTheirStateAndNoOthers)
+{
+    options.onlyLayers = {"wall*"};
+    EXPECT_TRUE(Shows(AddLayer("WALLS-1", -7, 0)));
+    EXPECT_FALSE(Shows(AddLayer("doors", 7, 0)));
+}
+
+TEST_F(LayerChoices, LayersNamedAsUnwantedAreHiddenThoughAskedFor)
+{
+    options.onlyLayers = {"wall*"};
+    options.withoutLayers = {"*-2"};
+    EXPECT_TRUE(Shows(AddLayer("wall-1", 7, 0)));
+    EXPECT_FALSE(Shows(AddLayer("wall-2", 7, 0)));
+}
+
+TEST_F(LayerChoices, LayerZeroIsFoundByItsName)
+{
+    options.withoutLayers = {"0"};
+    EXPECT_FALSE(Shows(kNoName));
+}
+
+TEST(MatchesPattern, AStarIsAnyText)
+{
+    EXPECT_TRUE(MatchesPattern("", "*"));
+    EXPECT_TRUE(MatchesPattern("abc", "a*c"));
+    EXPECT_TRUE(MatchesPattern("ac", "a*c"));
+    EXPECT_TRUE(MatchesPattern("abcbc", "a*bc"));
+    EXPECT_TRUE(MatchesPattern("abc", "***"));
+    EXPECT_FALSE(MatchesPattern("abd", "a*c"));
+    EXPECT_FALSE(MatchesPattern("abc", "ab"));
+    EXPECT_FALSE(MatchesPattern("ab", "abc"));
+    EXPECT_FALSE(MatchesPattern("", "a"));
+    EXPECT_TRUE(MatchesPattern("", ""));
+}
+
+} // namespace
+} // namespace prepare

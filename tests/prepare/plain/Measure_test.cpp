@@ -1,0 +1,116 @@
+#include "prepare/plain/Measure.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+
+void ExpectBox(const Box& box, double left, double bottom, double right, double top)
+{
+    EXPECT_NEAR(box.min.x, left, 1e-9);
+    EXPECT_NEAR(box.min.y, bottom, 1e-9);
+    EXPECT_NEAR(box.max.x, right, 1e-9);
+    EXPECT_NEAR(box.max.y, top, 1e-9);
+}
+
+TEST(Measure, NothingHasAnEmptyBox)
+{
+    EXPECT_TRUE(Measure().OfModel().hull.Bounds().IsEmpty());
+}
+
+TEST(Measure, AnArcReachesAsFarAsItGoes)
+{
+    Measure measure;
+    measure.Model().Arc({}, {0, 0}, 10, 0, kPi); // the upper half
+    ExpectBox(measure.OfModel().hull.Bounds(), -10, 0, 10, 10);
+}
+
+TEST(Measure, ABulgeReachesBeyondItsEnds)
+{
+    Measure measure;
+    const std::array<PlainVertex, 2> halfCircle{{{{0, 0}, 1}, {{10, 0}, 0}}};
+    measure.Model().Polyline({}, halfCircle, false); // counter-clockwise: below the chord
+    ExpectBox(measure.OfModel().hull.Bounds(), 0, -5, 10, 0);
+}
+
+TEST(Measure, TheBulgeOfTheLastVertexCountsWhereThePolylineIsClosed)
+{
+    const std::array<PlainVertex, 2> vertices{{{{0, 0}, 0}, {{10, 0}, 1}}};
+    Measure open, closed;
+    open.Model().Polyline({}, vertices, false);
+    closed.Model().Polyline({}, vertices, true);
+    ExpectBox(open.OfModel().hull.Bounds(), 0, 0, 10, 0);
+    ExpectBox(closed.OfModel().hull.Bounds(), 0, 0, 10, 5);
+}
+
+TEST(Measure, AUseOfABlockIsItsContentMirroredTurnedAndMoved)
+{
+    Measure measure;
+    const std::size_t block = measure.NewBlock("B");
+    measure.Block(block).Line({}, {1, 2}, {5, 3});
+    measure.Model().Insert(block, {100, 200}, kPi / 2, true);
+    // (1, 2) -> (1, -2) -> (2, 1); (5, 3) -> (5, -3) -> (3, 5)
+    ExpectBox(measure.OfModel().hull.Bounds(), 102, 201, 103, 205);
+}
+
+TEST(Measure, KeepsTheThinnestWeightAndTheSmallestText)
+{
+    Measure measure;
+    Style thin;
+    thin.weight = 13;
+    measure.Model().Line(thin, {0, 0}, {1, 1});
+    measure.Model().Line({}, {0, 0}, {1, 1});
+    measure.Model().Text({}, {"a", {0, 0}, {2, 0}, {0, 2}, Anchor::Start, kNoName});
+    measure.Model().Text({}, {"b", {0, 0}, {3, 0}, {0, 3}, Anchor::Start, kNoName});
+    EXPECT_EQ(measure.OfModel().thinnestWeight, 13);
+    EXPECT_EQ(measure.OfModel().smallestText, 2);
+}
+
+TEST(Measure, PointsThatAreNoNumbersDoNotCount)
+{
+    Measure measure;
+    measure.Model().Line({}, {NAN, 0}, {1, 1});
+    measure.Model().Line({}, {HUGE_VAL, 0}, {2, 2});
+    ExpectBox(measure.OfModel().hull.Bounds(), 1, 1, 2, 2);
+}
+
+TEST(CircularArcOf, AQuarterTurn)
+{
+    const BulgeArc arc = CircularArcOf({1, 0}, {0, 1}, std::tan(kPi / 8));
+    EXPECT_NEAR(arc.centre.x, 0, 1e-12);
+    EXPECT_NEAR(arc.centre.y, 0, 1e-12);
+    EXPECT_NEAR(arc.radius, 1, 1e-12);
+    EXPECT_NEAR(arc.start, 0, 1e-12);
+    EXPECT_NEAR(arc.end, kPi / 2, 1e-12);
+}
+
+TEST(CircularArcOf, AClockwiseArcIsToldFromItsEnd)
+{
+    const BulgeArc arc = CircularArcOf({0, 1}, {1, 0}, -std::tan(kPi / 8));
+    EXPECT_NEAR(arc.centre.x, 0, 1e-12);
+    EXPECT_NEAR(arc.start, 0, 1e-12);
+    EXPECT_NEAR(arc.end, kPi / 2, 1e-12);
+}
+
+TEST(CircularArcOf, MoreThanHalfATurn)
+{
+    const BulgeArc arc = CircularArcOf({1, 0}, {0, -1}, std::tan(3 * kPi / 8)); // three quarters of a turn
+    EXPECT_NEAR(arc.centre.x, 0, 1e-12);
+    EXPECT_NEAR(arc.centre.y, 0, 1e-12);
+    EXPECT_NEAR(arc.end - arc.start, 3 * kPi / 2, 1e-12);
+}
+
+TEST(CircularArcOf, IsNoneForStraightSegmentsAndPoints)
+{
+    EXPECT_EQ(CircularArcOf({0, 0}, {1, 0}, 0).radius, 0);
+    EXPECT_EQ(CircularArcOf({1, 1}, {1, 1}, 1).radius, 0);
+}
+
+} // namespace
+} // namespace prepare
