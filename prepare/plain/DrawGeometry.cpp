@@ -1,3 +1,4 @@
+#include "prepare/plain/DrawHatch.h"
 #include "prepare/plain/Geometry.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ bool DrawCurve(const Entity& entity, Pen& pen)
     }
 }
 
-bool DrawOutline(const Entity& entity, Pen& pen)
+bool DrawArea(const Entity& entity, Pen& pen)
 {
     switch (entity.type) {
     case EntityType::Solid:
@@ -51,6 +52,9 @@ bool DrawOutline(const Entity& entity, Pen& pen)
         return true;
     case EntityType::Face:
         DrawFace(static_cast<const Solid&>(entity), pen);
+        return true;
+    case EntityType::Hatch:
+        DrawHatch(static_cast<const Hatch&>(entity), pen);
         return true;
     default:
         return false;
@@ -79,7 +83,7 @@ bool ReportSolid(const Entity& entity, Pen& pen)
 bool DrawGeometry(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
 {
     Pen pen(entity, placement, styleOf);
-    const bool isDrawn = DrawCurve(entity, pen) || DrawOutline(entity, pen) || ReportSolid(entity, pen);
+    const bool isDrawn = DrawCurve(entity, pen) || DrawArea(entity, pen) || ReportSolid(entity, pen);
     pen.Finish();
     return isDrawn;
 }

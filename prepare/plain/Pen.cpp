@@ -141,9 +141,14 @@ void Pen::Fill(std::span<const Point2> points)
         Lose();
         return;
     }
-    m_hasDrawn = true;
     const std::vector<Point2> ring(points.begin(), points.end());
-    m_placement.sink.Fill(m_style, {&ring, 1});
+    Fill({&ring, 1});
+}
+
+void Pen::Fill(std::span<const std::vector<Point2>> rings)
+{
+    m_hasDrawn = true;
+    m_placement.sink.Fill(m_style, rings);
 }
 
 void Pen::Report(Finding finding, std::string_view detail)

@@ -25,6 +25,8 @@ public:
     // The entity's own style, and that of a part, for all that follows.
     void UseOwnStyle() { m_style = m_placement.style; }
     void UseStyleOf(const StyleOfPart& part) { m_style = m_styleOf(part); }
+    // Any other style for all that follows.
+    void UseStyle(const Style& style) { m_style = style; }
     // The width of strokes from now on, in the output's units; 0: the weight counts.
     void UseWidth(double width) { m_style.width = width; }
 
@@ -37,6 +39,8 @@ public:
     void Polyline(std::span<const Point2> points, bool isClosed);
     // The area within three points or more.
     void Fill(std::span<const Point2> points);
+    // The area within rings by the even-odd rule; all their points are finite.
+    void Fill(std::span<const std::vector<Point2>> rings);
 
     std::string_view TypeName() const { return m_placement.drawing.names.Text(m_entity.typeName); }
     void Report(Finding finding, std::string_view detail);

@@ -22,10 +22,12 @@ struct Colour {
 
 struct Style {
     Colour colour;
-    std::int32_t weight = 25;           // hundredths of a millimetre on paper, 0: the thinnest
-    double width = 0;                   // of a wide polyline, in drawing units; 0: weight counts
-    const LineType* lineType = nullptr; // null or without dashes: solid
-    double lineTypeScale = 1;           // all scales multiplied
+    std::int32_t weight = 25; // hundredths of a millimetre on paper, 0: the thinnest
+    double width = 0;         // of a wide polyline, in drawing units; 0: weight counts
+    // Null or without dashes: solid. One with a name is the drawing's; one without may be gone after the call
+    // that has this style.
+    const LineType* lineType = nullptr;
+    double lineTypeScale = 1; // all scales multiplied
     NameId layer = kNoName;
 };
 

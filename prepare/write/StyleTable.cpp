@@ -6,12 +6,28 @@ namespace prepare {
 
 namespace {
 
-auto KeyOf(const Style& style)
+bool HasNamelessLineType(const Style& style)
 {
-    // Line types by their names: where they are in memory differs from run to run.
-    return std::tuple(style.colour.isTrue, style.colour.rgb, style.colour.index, style.weight, style.width,
-                      style.lineType == nullptr ? kNoName : style.lineType->name, style.lineTypeScale,
-                      style.layer);
+    return style.lineType != nullptr && style.lineType->name == kNoName;
+}
+
+using Key = std::tuple<bool, std::uint32_t, std::int32_t, std::int32_t, double, NameId,
+                       const std::vector<double>&, double, NameId>;
+
+// Line types by their names, or by their dashes when they have none: where they are in memory differs from
+// run to run, and tells nothing once an entity is gone.
+Key KeyOf(const Style& style)
+{
+    static const std::vector<double> kNoDashes;
+    return {style.colour.isTrue,
+            style.colour.rgb,
+            style.colour.index,
+            style.weight,
+            style.width,
+            style.lineType == nullptr ? kNoName : style.lineType->name,
+            HasNamelessLineType(style) ? style.lineType->dashes : kNoDashes,
+            style.lineTypeScale,
+            style.layer};
 }
 
 } // namespace
@@ -29,9 +45,12 @@ StyleId StyleTable::Of(const Style& style)
     if (known != m_ids.end())
         return m_last = known->second;
     const auto id = static_cast<StyleId>(m_styles.size());
+    Style kept = style;
+    if (HasNamelessLineType(style))
+        kept.lineType = &m_lineTypes.emplace_back(*style.lineType);
     m_styles.push_back(nullptr); // first: nothing is half done when memory is short
     try {
-        m_styles.back() = &m_ids.emplace(style, id).first->first;
+        m_styles.back() = &m_ids.emplace(kept, id).first->first;
     } catch (...) {
         m_styles.pop_back();
         throw;

@@ -35,6 +35,16 @@ std::string ColourOf(const Colour& colour)
     return text;
 }
 
+std::string DashesOf(const LineType* lineType)
+{
+    if (lineType == nullptr || lineType->name != kNoName)
+        return "";
+    std::string text = " dashes";
+    for (const double dash : lineType->dashes)
+        text += " " + Number(dash);
+    return text;
+}
+
 } // namespace
 
 void RecordingSink::Add(const Style& style, std::string line)
@@ -42,6 +52,7 @@ void RecordingSink::Add(const Style& style, std::string line)
     line += ColourOf(style.colour);
     if (style.width != 0)
         line += " width " + Number(style.width);
+    line += DashesOf(style.lineType);
     lines.push_back(std::move(line));
 }
 

@@ -9,7 +9,8 @@
 namespace prepare {
 
 // "line 0,0 10,5.5", "text 'A' at 0,0 along 2.5,0 up 0,2.5 start". Numbers have six digits at most. A colour
-// that is not 7 is at the end: "colour 3", "rgb ff0000", and so is a width: "width 2".
+// that is not 7 is at the end: "colour 3", "rgb ff0000"; then a width: "width 2"; then a line type that has
+// no name: "dashes 2 -1".
 class RecordingSink : public PlainSink {
 public:
     std::vector<std::string> lines;
