@@ -1,0 +1,12 @@
+// The colours of the format's colour numbers.
+#pragma once
+
+#include <cstdint>
+
+namespace prepare {
+
+// The colour number, 1 to 255 but not 7 (which depends on the background), that is nearest to 0xRRGGBB. A
+// grey stays grey.
+std::int32_t NearestColourIndex(std::uint32_t rgb);
+
+} // namespace prepare

@@ -1,0 +1,196 @@
+#include "prepare/write/StandardEntities.h"
+
+#include "prepare/write/Flatten.h"
+#include "prepare/write/ModuleTexts.h"
+#include "prepare/write/Palette.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace prepare {
+
+namespace {
+
+// Angles and factors are computed back and forth: these digits survive it.
+constexpr int kAngleDigits = 12;
+
+std::string Pair(int code, std::string_view value)
+{
+    return std::to_string(code).append("\n").append(value).append("\n");
+}
+
+void WriteDegrees(PairWriter& pairs, int code, double degrees)
+{
+    constexpr int kDecimals = 10;
+    const double rounded = RoundedTo(degrees, kDecimals);
+    pairs.Real(code, rounded >= 360 ? rounded - 360 : rounded, kAngleDigits);
+}
+
+std::vector<PlainVertex> ArcVertices(Point2 centre, double radius, double start, double end)
+{
+    const int pieces = end - start > std::numbers::pi ? 2 : 1;
+    const double angle = (end - start) / pieces;
+    std::vector<PlainVertex> vertices;
+    for (int i = 0; i <= pieces; ++i) {
+        const double at = start + i * angle;
+        vertices.push_back(
+            {centre + radius * Point2{std::cos(at), std::sin(at)}, i < pieces ? std::tan(angle / 4) : 0});
+    }
+    return vertices;
+}
+
+std::string TextOf(const Style& style, const StandardTables& tables)
+{
+    std::string pairs = Pair(8, tables.LayerName(style.layer));
+    if (style.lineType != nullptr && !style.lineType->dashes.empty())
+        pairs += Pair(6, tables.LineTypeName(style.lineType->name));
+    const Colour& colour = style.colour;
+    pairs += Pair(62, std::to_string(colour.isTrue ? NearestColourIndex(colour.rgb) : colour.index));
+    if (colour.isTrue)
+        pairs += Pair(420, std::to_string(colour.rgb & 0xFFFFFF));
+    pairs += Pair(370, std::to_string(NearestWeight(style.weight)));
+    if (style.lineTypeScale != 1) {
+        std::string scale;
+        AppendReal(scale, style.lineTypeScale, kAngleDigits);
+        pairs += Pair(48, scale);
+    }
+    return pairs;
+}
+
+} // namespace
+
+std::vector<std::string> StandardStyleTexts(const StyleTable& styles, const StandardTables& tables)
+{
+    std::vector<std::string> texts;
+    for (StyleId id = 0; id < styles.Count(); ++id)
+        texts.push_back(TextOf(styles[id], tables));
+    return texts;
+}
+
+void StandardEntities::Begin(const char* type, std::string_view style)
+{
+    PairWriter& pairs = m_out.pairs;
+    pairs.Text(0, type);
+    pairs.Handle(5, m_out.handle++);
+    pairs.Handle(330, m_owner);
+    pairs.Text(100, "AcDbEntity");
+    pairs.Raw(style);
+}
+
+void StandardEntities::Line(StyleId style, Point2 start, Point2 end)
+{
+    if (IsWide(style))
+        return Polyline(style, std::vector<PlainVertex>{{start, 0}, {end, 0}}, false);
+    Begin("LINE", m_out.styleTexts[style]);
+    m_out.pairs.Text(100, "AcDbLine");
+    WritePoint3(m_out.pairs, 10, start);
+    WritePoint3(m_out.pairs, 11, end);
+}
+
+void StandardEntities::Circle(StyleId style, Point2 centre, double radius)
+{
+    if (IsWide(style))
+        return Polyline(
+            style, std::vector<PlainVertex>{{centre - Point2{radius, 0}, 1}, {centre + Point2{radius, 0}, 1}},
+            true);
+    Begin("CIRCLE", m_out.styleTexts[style]);
+    m_out.pairs.Text(100, "AcDbCircle");
+    WritePoint3(m_out.pairs, 10, centre);
+    m_out.pairs.Real(40, radius);
+}
+
+void StandardEntities::Arc(StyleId style, Point2 centre, double radius, double start, double end)
+{
+    if (IsWide(style))
+        return Polyline(style, ArcVertices(centre, radius, start, end), false);
+    Begin("ARC", m_out.styleTexts[style]);
+    m_out.pairs.Text(100, "AcDbCircle");
+    WritePoint3(m_out.pairs, 10, centre);
+    m_out.pairs.Real(40, radius);
+    m_out.pairs.Text(100, "AcDbArc");
+    WriteDegrees(m_out.pairs, 50, DegreesOf(start));
+    WriteDegrees(m_out.pairs, 51, DegreesOf(end));
+}
+
+void StandardEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                               double end)
+{
+    if (IsWide(style)) {
+        std::vector<Point2> points;
+        AppendEllipseChords(points, centre, majorAxis, ratio, start, end, m_out.tolerance);
+        std::vector<PlainVertex> vertices;
+        for (const Point2& point : points)
+            vertices.push_back({point, 0});
+        return Polyline(style, vertices, false);
+    }
+    Begin("ELLIPSE", m_out.styleTexts[style]);
+    m_out.pairs.Text(100, "AcDbEllipse");
+    WritePoint3(m_out.pairs, 10, centre);
+    WritePoint3(m_out.pairs, 11, majorAxis);
+    m_out.pairs.Real(40, ratio, kAngleDigits);
+    const bool isWhole = end - start > 2 * std::numbers::pi - 1e-9;
+    m_out.pairs.Real(41, isWhole ? 0 : start, kAngleDigits);
+    m_out.pairs.Real(42, isWhole ? 2 * std::numbers::pi : end, isWhole ? 16 : kAngleDigits);
+}
+
+void StandardEntities::Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    PairWriter& pairs = m_out.pairs;
+    Begin("LWPOLYLINE", m_out.styleTexts[style]);
+    pairs.Text(100, "AcDbPolyline");
+    pairs.Integer(90, static_cast<std::int64_t>(vertices.size()));
+    pairs.Integer(70, isClosed ? 1 : 0);
+    if (IsWide(style))
+        pairs.Real(43, m_out.styles[style].width);
+    for (const PlainVertex& vertex : vertices) {
+        WritePoint2(pairs, 10, vertex.point);
+        if (vertex.bulge != 0)
+            pairs.Real(42, vertex.bulge, kAngleDigits);
+    }
+}
+
+void StandardEntities::Text(StyleId style, const LoggedText& text)
+{
+    constexpr int kMirroredInY = 4;
+    PairWriter& pairs = m_out.pairs;
+    const double length = Length(text.along);
+    const Point2 x = (1 / length) * text.along;
+    const double area = Cross(text.along, text.up);
+    const double height = std::fabs(area) / length;
+    bool isCut = false;
+    const std::string value = EscapedText(text.text, isCut);
+    if (isCut)
+        m_out.report.Add(Finding::Cut, "TEXT", "after 2000 bytes", 0);
+    Begin("TEXT", m_out.styleTexts[style]);
+    pairs.Text(100, "AcDbText");
+    WritePoint3(pairs, 10, text.point);
+    pairs.Real(40, height, kAngleDigits);
+    pairs.Text(1, value);
+    WriteDegrees(pairs, 50, DegreesOf(std::atan2(x.y, x.x)));
+    pairs.Real(41, length / height, kAngleDigits);
+    WriteDegrees(pairs, 51, std::atan(Dot(text.up, x) / height) * (180 / std::numbers::pi));
+    pairs.Text(7, m_out.tables.TextStyleName(text.style));
+    if (area < 0)
+        pairs.Integer(71, kMirroredInY);
+    if (text.anchor != Anchor::Start) {
+        pairs.Integer(72, text.anchor == Anchor::Middle ? 1 : 2);
+        WritePoint3(pairs, 11, text.point);
+    }
+    pairs.Text(100, "AcDbText");
+}
+
+void StandardEntities::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+{
+    if (m_out.blockNames[block].empty())
+        return;
+    PairWriter& pairs = m_out.pairs;
+    Begin("INSERT", Pair(8, "0"));
+    pairs.Text(100, "AcDbBlockReference");
+    pairs.Text(2, m_out.blockNames[block]);
+    WritePoint3(pairs, 10, point);
+    if (isMirrored)
+        pairs.Integer(42, -1);
+    WriteDegrees(pairs, 50, DegreesOf(rotation));
+}
+
+} // namespace prepare

@@ -1,0 +1,169 @@
+#include "prepare/write/StandardWriter.h"
+
+#include "prepare/write/StandardEntities.h"
+
+#include <algorithm>
+
+namespace prepare {
+
+namespace {
+
+// Finds the blocks and text styles that are used, before anything is written.
+class Collector final : public LogVisitor {
+public:
+    explicit Collector(const std::deque<KeptBlock>& blocks) : isUsed(blocks.size()), m_blocks(blocks) {}
+
+    void Line(StyleId, Point2, Point2) override {}
+    void Circle(StyleId, Point2, double) override {}
+    void Arc(StyleId, Point2, double, double, double) override {}
+    void Ellipse(StyleId, Point2, Point2, double, double, double) override {}
+    void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
+    void Text(StyleId, const LoggedText& text) override { textStyles.insert(text.style); }
+    void Insert(std::size_t block, Point2, double, bool) override
+    {
+        if (isUsed[block] || m_blocks[block].log.IsEmpty())
+            return;
+        isUsed[block] = true;
+        m_used.push_back(block);
+    }
+
+    void Collect(const PlainLog& model)
+    {
+        model.Replay(*this);
+        for (std::size_t i = 0; i < m_used.size(); ++i)
+            m_blocks[m_used[i]].log.Replay(*this);
+    }
+
+    std::vector<bool> isUsed;
+    std::set<NameId> textStyles;
+
+private:
+    const std::deque<KeptBlock>& m_blocks;
+    std::vector<std::size_t> m_used; // it grows while they are looked at
+};
+
+void WriteMarked(PairWriter& pairs, const char* type, std::uint64_t handle, std::uint64_t owner,
+                 bool isInPaperSpace, const char* marker)
+{
+    pairs.Text(0, type);
+    pairs.Handle(5, handle);
+    pairs.Handle(330, owner);
+    pairs.Text(100, "AcDbEntity");
+    if (isInPaperSpace)
+        pairs.Integer(67, 1);
+    pairs.Text(8, "0");
+    pairs.Text(100, marker);
+}
+
+void BeginBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, std::string_view name,
+                bool isInPaperSpace = false)
+{
+    WriteMarked(pairs, "BLOCK", handle, owner, isInPaperSpace, "AcDbBlockBegin");
+    pairs.Text(2, name);
+    pairs.Integer(70, 0);
+    WritePoint3(pairs, 10, {});
+    pairs.Text(3, name);
+    pairs.Text(1, "");
+}
+
+void EndBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, bool isInPaperSpace = false)
+{
+    WriteMarked(pairs, "ENDBLK", handle, owner, isInPaperSpace, "AcDbBlockEnd");
+}
+
+void WriteLayoutBlocks(PairWriter& pairs)
+{
+    BeginBlock(pairs, kModelBegin, kModelRecord, "*Model_Space");
+    EndBlock(pairs, kModelEnd, kModelRecord);
+    BeginBlock(pairs, kPaperBegin, kPaperRecord, "*Paper_Space", true);
+    EndBlock(pairs, kPaperEnd, kPaperRecord, true);
+}
+
+void BeginSection(PairWriter& pairs, const char* name)
+{
+    pairs.Text(0, "SECTION");
+    pairs.Text(2, name);
+}
+
+} // namespace
+
+std::vector<StandardBlock> StandardWriter::NamedBlocks(const std::vector<bool>& isUsed) const
+{
+    StandardNames names({});
+    std::vector<StandardBlock> blocks;
+    for (std::size_t number = 0; number < m_blocks.size(); ++number)
+        if (isUsed[number])
+            blocks.push_back({names.Take(m_blocks[number].name), 0, number});
+    std::sort(blocks.begin(), blocks.end(),
+              [](const StandardBlock& a, const StandardBlock& b) { return a.name < b.name; });
+    return blocks;
+}
+
+void StandardWriter::WriteHeader(PairWriter& pairs, std::uint64_t handleSeed) const
+{
+    BeginSection(pairs, "HEADER");
+    pairs.Text(9, "$ACADVER");
+    pairs.Text(1, "AC1015");
+    pairs.Text(9, "$DWGCODEPAGE");
+    pairs.Text(3, "ANSI_1252");
+    if (!m_settings.extents.IsEmpty())
+        for (const auto& [name, point] :
+             {std::pair("$EXTMIN", m_settings.extents.min), std::pair("$EXTMAX", m_settings.extents.max)}) {
+            pairs.Text(9, name);
+            pairs.Real(10, point.x, kComputedDigits);
+            pairs.Real(20, point.y, kComputedDigits);
+            pairs.Integer(30, 0);
+        }
+    pairs.Text(9, "$LTSCALE");
+    pairs.Integer(40, 1);
+    pairs.Text(9, "$HANDSEED");
+    pairs.Handle(5, handleSeed);
+    for (const char* const name : {"$INSUNITS", "$MEASUREMENT"})
+        if (const std::int32_t value = m_drawing.header.Integer(name, -1); value >= 0) {
+            pairs.Text(9, name);
+            pairs.Integer(70, value);
+        }
+    pairs.Text(0, "ENDSEC");
+}
+
+bool StandardWriter::Finish(const ByteFunction& write)
+{
+    Collector collector(m_blocks);
+    collector.Collect(m_model);
+    const StandardTables tables(m_drawing, m_styles, collector.textStyles);
+    const std::vector<std::string> styleTexts = StandardStyleTexts(m_styles, tables);
+
+    std::vector<StandardBlock> blocks = NamedBlocks(collector.isUsed);
+    std::vector<std::string> names(m_blocks.size());
+    std::uint64_t handle = kFirstFree;
+    std::uint64_t seed = kFirstFree + tables.MostHandles() + m_model.Count();
+    for (StandardBlock& block : blocks) {
+        names[block.number] = block.name;
+        block.record = handle++;
+        seed += 3 + m_blocks[block.number].log.Count(); // its record, begin and end
+    }
+
+    PairWriter pairs(write);
+    const StandardOutput output{pairs, m_styles, styleTexts,           tables,
+                                names, m_report, m_settings.tolerance, handle};
+    WriteHeader(pairs, seed);
+    tables.Write(pairs, blocks, m_settings.extents, handle);
+    BeginSection(pairs, "BLOCKS");
+    WriteLayoutBlocks(pairs);
+    for (const StandardBlock& block : blocks) {
+        BeginBlock(pairs, handle++, block.record, block.name);
+        StandardEntities entities(output, block.record);
+        m_blocks[block.number].log.Replay(entities);
+        EndBlock(pairs, handle++, block.record);
+    }
+    pairs.Text(0, "ENDSEC");
+    BeginSection(pairs, "ENTITIES");
+    StandardEntities model(output, kModelRecord);
+    m_model.Replay(model);
+    pairs.Text(0, "ENDSEC");
+    WriteStandardObjects(pairs, m_settings.extents);
+    pairs.Text(0, "EOF");
+    return pairs.Finish();
+}
+
+} // namespace prepare
