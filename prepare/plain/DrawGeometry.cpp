@@ -61,6 +61,51 @@ bool DrawArea(const Entity& entity, Pen& pen)
     }
 }
 
+bool DrawCompound(const Entity& entity, Pen& pen)
+{
+    switch (entity.type) {
+    case EntityType::MultiLine:
+        DrawMultiLine(static_cast<const MultiLine&>(entity), pen);
+        return true;
+    case EntityType::Leader:
+        DrawLeader(static_cast<const Leader&>(entity), pen);
+        return true;
+    case EntityType::MultiLeader:
+        DrawMultiLeader(static_cast<const MultiLeader&>(entity), pen);
+        return true;
+    case EntityType::Ray:
+    case EntityType::XLine:
+        DrawRay(static_cast<const Ray&>(entity), pen);
+        return true;
+    case EntityType::Point:
+        DrawPoint(static_cast<const PointEntity&>(entity), pen);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool DrawFramed(const Entity& entity, Pen& pen)
+{
+    switch (entity.type) {
+    case EntityType::Image:
+        DrawImage(static_cast<const Image&>(entity), pen);
+        return true;
+    case EntityType::Underlay:
+        DrawUnderlay(static_cast<const Image&>(entity), pen);
+        return true;
+    case EntityType::OleFrame:
+    case EntityType::Ole2Frame:
+        DrawOleFrame(static_cast<const OleFrame&>(entity), pen);
+        return true;
+    case EntityType::Wipeout:
+        pen.Report(Finding::NotShown, "what it covers is drawn");
+        return true;
+    default:
+        return false;
+    }
+}
+
 // Their shapes are in a form that only the programs that made them read.
 bool IsModelledSolid(std::string_view typeName)
 {
@@ -83,7 +128,8 @@ bool ReportSolid(const Entity& entity, Pen& pen)
 bool DrawGeometry(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
 {
     Pen pen(entity, placement, styleOf);
-    const bool isDrawn = DrawCurve(entity, pen) || DrawArea(entity, pen) || ReportSolid(entity, pen);
+    const bool isDrawn = DrawCurve(entity, pen) || DrawArea(entity, pen) || DrawCompound(entity, pen) ||
+                         DrawFramed(entity, pen) || ReportSolid(entity, pen);
     pen.Finish();
     return isDrawn;
 }

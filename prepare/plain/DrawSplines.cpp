@@ -116,6 +116,13 @@ void DrawThroughFitPoints(const Spline& spline, Pen& pen)
 
 } // namespace
 
+void DrawThrough(const std::vector<Point3>& points, Pen& pen)
+{
+    Spline spline;
+    spline.fitPoints = points;
+    DrawThroughFitPoints(spline, pen);
+}
+
 void DrawSpline(const Spline& spline, Pen& pen)
 {
     if (spline.controlPoints.size() >= 2)

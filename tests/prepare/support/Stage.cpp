@@ -9,7 +9,9 @@ namespace {
 Style StyleOf(const StyleOfPart& part)
 {
     Style style;
-    style.colour.index = part.colour == kByLayer ? 7 : part.colour;
+    style.colour.index = part.colour == kByLayer || part.colour == kByBlock ? 7 : part.colour;
+    style.colour.isTrue = part.trueColour != kNoTrueColour;
+    style.colour.rgb = style.colour.isTrue ? static_cast<std::uint32_t>(part.trueColour) : 0;
     style.layer = part.layer;
     return style;
 }

@@ -11,7 +11,8 @@ namespace prepare {
 
 using Lines = std::vector<std::string>;
 
-// What an entity needs around it, and what comes of it. Colours of parts are resolved to themselves.
+// What an entity needs around it, and what comes of it. Colours of parts are resolved to
+// themselves, and to 7 by layer and by block.
 class Stage {
 public:
     Drawing drawing;

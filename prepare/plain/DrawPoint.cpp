@@ -1,0 +1,64 @@
+// POINT, by the drawing's $PDMODE.
+#include "prepare/plain/Geometry.h"
+
+namespace prepare {
+
+namespace {
+
+enum PointMode : std::int32_t { Nothing = 1, Plus = 2, Cross = 3, Tick = 4, InCircle = 32, InSquare = 64 };
+
+constexpr std::int32_t kShapes = 7; // the others are added to one of them
+
+// Marks lie in the output's plane; their x axis is turned clockwise by the point's angle.
+struct Mark {
+    Point2 centre;
+    Point2 x;
+    Point2 y;
+    Pen& pen;
+
+    Point2 At(double right, double up) const { return centre + right * x + up * y; }
+    void Line(Point2 from, Point2 to) const { pen.Line(At(from.x, from.y), At(to.x, to.y)); }
+};
+
+// As long as the thinnest stroke is wide, for a tolerance that was chosen by it.
+void DrawDot(Point2 point, Pen& pen)
+{
+    constexpr double kTolerancesOfStroke = 20;
+    const double half = kTolerancesOfStroke * pen.Place().tolerance / 2;
+    pen.Line({point.x - half, point.y}, {point.x + half, point.y});
+}
+
+// The lines of plus and cross reach out of a circle or square around them.
+void DrawShape(const Mark& mark, std::int32_t shape)
+{
+    if (shape == Plus) {
+        mark.Line({-2, 0}, {2, 0});
+        mark.Line({0, -2}, {0, 2});
+    } else if (shape == Cross) {
+        mark.Line({-2, -2}, {2, 2});
+        mark.Line({-2, 2}, {2, -2});
+    } else if (shape == Tick) {
+        mark.Line({0, 0}, {0, 1});
+    } else if (shape != Nothing) {
+        DrawDot(mark.centre, mark.pen);
+    }
+}
+
+} // namespace
+
+void DrawPoint(const PointEntity& point, Pen& pen)
+{
+    const double angle = -Radians(point.xAxisAngle), size = pen.Place().pointSize;
+    const Point2 x{size * std::cos(angle), size * std::sin(angle)};
+    const Mark mark{pen.Place().matrix.Flat(point.point), x, LeftOf(x), pen};
+    const std::int32_t mode = pen.Place().drawing.header.Integer("$PDMODE", 0);
+    DrawShape(mark, mode & kShapes);
+    if ((mode & InCircle) != 0)
+        pen.Arc({mark.centre, mark.x, mark.y});
+    if ((mode & InSquare) != 0) {
+        const Point2 corners[] = {mark.At(-1, -1), mark.At(1, -1), mark.At(1, 1), mark.At(-1, 1)};
+        pen.Polyline(corners, true);
+    }
+}
+
+} // namespace prepare

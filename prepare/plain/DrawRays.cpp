@@ -1,0 +1,51 @@
+// RAY and XLINE, as far as the drawing reaches.
+#include "prepare/plain/Geometry.h"
+
+#include <algorithm>
+
+namespace prepare {
+
+namespace {
+
+// The part of a line that is in a box, in parameters.
+struct Part {
+    double first;
+    double last;
+
+    // Leaves what is between two bounds in one coordinate.
+    void CutTo(double start, double direction, double low, double high);
+};
+
+void Part::CutTo(double start, double direction, double low, double high)
+{
+    if (direction == 0) {
+        if (start < low || start > high)
+            last = first;
+        return;
+    }
+    const double a = (low - start) / direction, b = (high - start) / direction;
+    first = std::max(first, std::min(a, b));
+    last = std::min(last, std::max(a, b));
+}
+
+} // namespace
+
+void DrawRay(const Ray& ray, Pen& pen)
+{
+    const Box& reach = pen.Place().reach;
+    const Point2 start = pen.Place().matrix.Flat(ray.start);
+    const Point2 direction = pen.Place().matrix.FlatDirection(ray.direction);
+    if (!IsFinite(start) || !IsFinite(direction)) {
+        pen.Lose();
+        return;
+    }
+    if (reach.IsEmpty() || direction == Point2{})
+        return;
+    Part part{ray.type == EntityType::XLine ? -HUGE_VAL : 0, HUGE_VAL};
+    part.CutTo(start.x, direction.x, reach.min.x, reach.max.x);
+    part.CutTo(start.y, direction.y, reach.min.y, reach.max.y);
+    if (part.first < part.last)
+        pen.Line(start + part.first * direction, start + part.last * direction);
+}
+
+} // namespace prepare
