@@ -14,6 +14,8 @@ struct Point {
 struct Affine {
     double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
 
+    bool operator==(const Affine&) const = default;
+
     Point operator()(Point point) const
     {
         return {a * point.x + c * point.y + e, b * point.x + d * point.y + f};

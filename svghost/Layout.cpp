@@ -1,6 +1,7 @@
 #include "svghost/Layout.h"
 
 #include "svghost/Bounds.h"
+#include "svghost/Fills.h"
 #include "svghost/References.h"
 #include "svghost/SvgHostDocument.h"
 
@@ -199,8 +200,10 @@ Layout MakeLayout(SvgHostDocument& document)
 {
     Layout layout;
     const std::vector<Symbol*> order = OrderByReference(document.symbols);
-    for (Symbol* symbol : order)
+    for (Symbol* symbol : order) {
         SymbolLayout(document, *symbol, layout).Run();
+        symbol->isFill = IsFill(*symbol);
+    }
     SymbolLayout(document, document.root, layout).Run();
     FindShownScales(document.root, order, layout);
     layout.viewBox = ViewBoxRound(document.root.box);

@@ -120,6 +120,7 @@ struct SymbolName {
     std::wstring_view name;
     Symbol* definition = nullptr; // the first symbol of that name
     std::size_t definitions = 0;
+    std::size_t uses = 0;
 };
 
 struct Use : Node {
@@ -145,6 +146,7 @@ struct Symbol : Container {
     Use* firstUse = nullptr;
     Use* lastUse = nullptr;
     // Filled by the layout.
+    bool isFill = false;       // drawn as one area
     std::uint32_t visited = 0; // when the search for cycles came here, from 1
     std::uint32_t lowest = 0;  // the earliest visit that can be reached from here
     std::uint32_t cycle = 0;   // symbols that reach each other have the same number, from 1

@@ -89,6 +89,7 @@ Use* SvgHostDocument::CreateUse(const wchar_t* name, float x, float y)
     use->x = x;
     use->y = y;
     use->target = SymbolNamed(name);
+    ++use->target->uses;
     Symbol& owner = *current->owner;
     Link(owner.firstUse, owner.lastUse, *use, &Use::nextOfSymbol);
     Append(*use);

@@ -1,6 +1,7 @@
 #include "svghost/SvgWriter.h"
 
 #include "svghost/Bounds.h"
+#include "svghost/Fills.h"
 #include "svghost/NumberText.h"
 #include "svghost/XmlText.h"
 
@@ -40,6 +41,13 @@ float RoundedUp(double number)
     const double unit = std::pow(10, std::floor(std::log10(number)) - 3);
     const double rounded = std::ceil(number / unit * (1 - 1e-9)) * unit;
     return static_cast<float>(std::min(rounded, 3e38));
+}
+
+// An area that is used once is drawn where it is used. Were each use of another one drawn so, a file could
+// grow to the product of its uses and its points.
+bool IsDrawnInPlace(const Symbol& symbol)
+{
+    return symbol.isFill && symbol.name->uses <= 1;
 }
 
 } // namespace
@@ -127,7 +135,8 @@ void SvgWriter::WriteDefinitions()
         WriteArrow("end", 1, look.first, look.second, number);
     }
     for (const Symbol* symbol : m_document.symbols)
-        WriteSymbol(*symbol);
+        if (!IsDrawnInPlace(*symbol))
+            WriteSymbol(*symbol);
     m_out.Close("defs");
 }
 
@@ -164,7 +173,10 @@ void SvgWriter::WriteSymbol(const Symbol& symbol)
     m_scale = symbol.meanScale;
     SetStyle(symbol);
     m_out.Open();
-    WriteContents(symbol);
+    if (symbol.isFill)
+        WriteFill(symbol);
+    else
+        WriteContents(symbol);
     m_out.Close("symbol");
     m_scale = 1;
 }
@@ -279,13 +291,43 @@ void SvgWriter::WriteText(const Text& text)
 
 void SvgWriter::WriteUse(const Use& use)
 {
-    const double rotation = use.Number(AttributeId::Rotate, 0);
-    const double scaleX = use.Number(AttributeId::ScaleX, 1);
-    const double scaleY = use.Number(AttributeId::ScaleY, 1);
+    const Symbol* target = use.target->definition;
+    if (target && IsDrawnInPlace(*target)) {
+        WriteFill(*target);
+        if (TransformOf(use) != Affine())
+            SetPlace(use);
+        return SetExtras(use);
+    }
     m_out.Begin("use");
     m_id.clear();
     AppendSymbolId(m_id, *use.target, 1);
     m_out.SetPlain("xlink:href", "#", m_id);
+    SetPlace(use);
+    SetStyle(use);
+}
+
+// The area between the edges has their colour. A point is in it if a line from there to the outside crosses
+// an odd number of them.
+void SvgWriter::WriteFill(const Symbol& fill)
+{
+    std::uint32_t stroke = 0;
+    m_out.Begin("path");
+    m_out.BeginValue("d");
+    ForFillEdges(fill, [&](const Shape& edge) {
+        stroke = edge.stroke;
+        m_out.PutAll("M", edge.data, "Z");
+    });
+    m_out.EndValue();
+    m_out.SetPlain("fill", StrokeColour(stroke));
+    m_out.SetPlain("fill-rule", "evenodd");
+    m_out.SetPlain("stroke", "none");
+}
+
+void SvgWriter::SetPlace(const Use& use)
+{
+    const double rotation = use.Number(AttributeId::Rotate, 0);
+    const double scaleX = use.Number(AttributeId::ScaleX, 1);
+    const double scaleY = use.Number(AttributeId::ScaleY, 1);
     m_out.BeginValue("transform");
     m_out.PutAll("translate(", use.x, ",", use.y);
     if (rotation != 0)
@@ -294,7 +336,6 @@ void SvgWriter::WriteUse(const Use& use)
         m_out.PutAll(") scale(", scaleX, ",", scaleY);
     m_out.Put(")");
     m_out.EndValue();
-    SetStyle(use);
 }
 
 void SvgWriter::SetStyle(const Node& node)

@@ -39,6 +39,8 @@ private:
     void WriteShape(const Shape& shape);
     void WriteText(const Text& text);
     void WriteUse(const Use& use);
+    void WriteFill(const Symbol& fill);
+    void SetPlace(const Use& use);
     void OpenGroup(const Container& group);
 
     void SetStyle(const Node& node);

@@ -1,0 +1,23 @@
+// Symbols that are areas.
+#pragma once
+
+#include "svghost/Node.h"
+
+namespace svghost {
+
+// Whether the symbol has a name for fills and nothing but polygons in it, which are drawn where they are. The
+// symbol has been laid out.
+bool IsFill(const Symbol& symbol);
+
+// Calls take(shape) for the polygons of a fill that are drawn.
+template <class Take>
+void ForFillEdges(const Symbol& fill, const Take& take)
+{
+    for (const Node* node = fill.first; node; node = node->next) {
+        const auto& shape = static_cast<const Shape&>(*node);
+        if (!shape.leftOut && !shape.hidden && !shape.data.empty())
+            take(shape);
+    }
+}
+
+} // namespace svghost
