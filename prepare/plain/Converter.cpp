@@ -124,7 +124,8 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
-    const bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
+    bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
+    isDrawn = DrawNotes(entity, placement, styleOf) || isDrawn;
     if (entity.type == EntityType::MultiLeader)
         PlaceLeaderBlock(static_cast<const MultiLeader&>(entity), context, style);
     if (!isDrawn && entity.type != EntityType::Viewport)
@@ -200,7 +201,7 @@ void Converter::PlaceTable(const Table& table, const Context& context, const Sty
 {
     const Block* const block = m_drawing.FindBlock(table.block);
     if (block == nullptr || block->entities.empty())
-        return m_report.Add(Finding::NotShown, "ACAD_TABLE", "it has no picture block", table.line);
+        return PlaceOther(table, context, style);
     if (!MayEnter(*block, table.line))
         return;
     const double rotation = std::atan2(table.direction.y, table.direction.x);

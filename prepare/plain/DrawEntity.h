@@ -26,4 +26,8 @@ bool DrawGeometry(const Entity& entity, const Placement& placement, const PartSt
 // whether an attribute is to be seen.
 bool DrawTexts(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
+// The frame of a TOLERANCE, the text of a MULTILEADER, and an ACAD_TABLE that has no picture block: false
+// when the type is not among them.
+bool DrawNotes(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
+
 } // namespace prepare

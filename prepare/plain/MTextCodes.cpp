@@ -5,6 +5,7 @@
 #include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextStyles.h"
+#include "prepare/plain/ToleranceSigns.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,7 +83,7 @@ private:
     {
         Skip(1);
         if (m_outer.size() < kMostBraces)
-            m_outer.push_back(m_look);
+            m_outer.push_back({m_look, m_isSigns});
         else
             ++m_bracesTooDeep;
     }
@@ -93,7 +94,8 @@ private:
         if (m_bracesTooDeep != 0) {
             --m_bracesTooDeep;
         } else if (!m_outer.empty()) {
-            m_look = m_outer.back();
+            m_look = m_outer.back().look;
+            m_isSigns = m_outer.back().isSigns;
             m_outer.pop_back();
         }
     }
@@ -110,8 +112,19 @@ private:
     void ReadPlain()
     {
         const std::size_t size = std::min(m_rest.find_first_of("\\{}%^"), m_rest.size());
-        AddLetters(m_rest.substr(0, size));
+        if (m_isSigns)
+            AddSigns(m_rest.substr(0, size));
+        else
+            AddLetters(m_rest.substr(0, size));
         Skip(size);
+    }
+
+    void AddSigns(std::string_view letters)
+    {
+        for (std::size_t i = 0; i < letters.size(); ++i) {
+            const std::string_view sign = ToleranceSign(letters[i]);
+            AddLetters(sign.empty() ? letters.substr(i, 1) : sign);
+        }
     }
 
     void ReadBackslash()
@@ -253,6 +266,8 @@ private:
         const std::size_t size = m_rest.find(';');
         if (code == 'p')
             ReadParagraphLook(m_rest.substr(0, size));
+        else
+            m_isSigns = IsSignFont(m_rest.substr(0, size));
         Skip(size + 1);
     }
 
@@ -453,7 +468,12 @@ private:
     const std::string_view m_codePage;
     const RunLook m_base;
     RunLook m_look;
-    std::vector<RunLook> m_outer; // of the braces that are open
+    bool m_isSigns = false; // letters are those of a font of signs
+    struct Outer {
+        RunLook look;
+        bool isSigns;
+    };
+    std::vector<Outer> m_outer; // of the braces that are open
     std::size_t m_bracesTooDeep = 0;
     MTextContent m_content;
 };

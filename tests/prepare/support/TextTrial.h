@@ -1,4 +1,4 @@
-// Draws one text and gives what came out as lines of text.
+// Draws one text or note and gives what came out as lines of text.
 #pragma once
 
 #include "prepare/plain/DrawEntity.h"
@@ -26,7 +26,7 @@ struct TextTrial {
             style.colour.index = part.colour;
             return style;
         };
-        if (!DrawTexts(entity, placement, styleOf))
+        if (!DrawTexts(entity, placement, styleOf) && !DrawNotes(entity, placement, styleOf))
             sink.lines.push_back("not a text");
         return std::move(sink.lines);
     }
