@@ -19,12 +19,6 @@ constexpr double kExact = 9e15;
 constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-void AppendShortest(std::string& text, double value)
-{
-    char number[kLongestShortest];
-    text.append(number, FormatShortest(value, number));
-}
-
 } // namespace
 
 std::string Numbered(char letter, std::size_t number)
@@ -52,7 +46,7 @@ void AppendFixed(std::string& text, double value, int decimals)
 {
     const double scaled = value * kPowers[decimals];
     if (!(std::fabs(scaled) < kExact)) {
-        AppendShortest(text, value);
+        AppendReal(text, value, PairWriter::kDigits);
         return;
     }
     auto whole = static_cast<std::int64_t>(std::nearbyint(std::fabs(scaled)));

@@ -83,8 +83,8 @@ void StandardEntities::Line(StyleId style, Point2 start, Point2 end)
         return Polyline(style, std::vector<PlainVertex>{{start, 0}, {end, 0}}, false);
     Begin("LINE", m_out.styleTexts[style]);
     m_out.pairs.Text(100, "AcDbLine");
-    WritePoint3(m_out.pairs, 10, start);
-    WritePoint3(m_out.pairs, 11, end);
+    WritePoint3(m_out.pairs, 10, start, m_out.decimals);
+    WritePoint3(m_out.pairs, 11, end, m_out.decimals);
 }
 
 void StandardEntities::Circle(StyleId style, Point2 centre, double radius)
@@ -95,8 +95,8 @@ void StandardEntities::Circle(StyleId style, Point2 centre, double radius)
             true);
     Begin("CIRCLE", m_out.styleTexts[style]);
     m_out.pairs.Text(100, "AcDbCircle");
-    WritePoint3(m_out.pairs, 10, centre);
-    m_out.pairs.Real(40, radius);
+    WritePoint3(m_out.pairs, 10, centre, m_out.decimals);
+    m_out.pairs.Fixed(40, radius, m_out.decimals);
 }
 
 void StandardEntities::Arc(StyleId style, Point2 centre, double radius, double start, double end)
@@ -105,8 +105,8 @@ void StandardEntities::Arc(StyleId style, Point2 centre, double radius, double s
         return Polyline(style, ArcVertices(centre, radius, start, end), false);
     Begin("ARC", m_out.styleTexts[style]);
     m_out.pairs.Text(100, "AcDbCircle");
-    WritePoint3(m_out.pairs, 10, centre);
-    m_out.pairs.Real(40, radius);
+    WritePoint3(m_out.pairs, 10, centre, m_out.decimals);
+    m_out.pairs.Fixed(40, radius, m_out.decimals);
     m_out.pairs.Text(100, "AcDbArc");
     WriteDegrees(m_out.pairs, 50, DegreesOf(start));
     WriteDegrees(m_out.pairs, 51, DegreesOf(end));
@@ -125,8 +125,8 @@ void StandardEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, d
     }
     Begin("ELLIPSE", m_out.styleTexts[style]);
     m_out.pairs.Text(100, "AcDbEllipse");
-    WritePoint3(m_out.pairs, 10, centre);
-    WritePoint3(m_out.pairs, 11, majorAxis);
+    WritePoint3(m_out.pairs, 10, centre, m_out.decimals);
+    WritePoint3(m_out.pairs, 11, majorAxis, m_out.decimals);
     m_out.pairs.Real(40, ratio, kAngleDigits);
     const bool isWhole = end - start > 2 * std::numbers::pi - 1e-9;
     m_out.pairs.Real(41, isWhole ? 0 : start, kAngleDigits);
@@ -143,7 +143,7 @@ void StandardEntities::Polyline(StyleId style, std::span<const PlainVertex> vert
     if (IsWide(style))
         pairs.Real(43, m_out.styles[style].width);
     for (const PlainVertex& vertex : vertices) {
-        WritePoint2(pairs, 10, vertex.point);
+        WritePoint2(pairs, 10, vertex.point, m_out.decimals);
         if (vertex.bulge != 0)
             pairs.Real(42, vertex.bulge, kAngleDigits);
     }
@@ -163,7 +163,7 @@ void StandardEntities::Text(StyleId style, const LoggedText& text)
         m_out.report.Add(Finding::Cut, "TEXT", "after 2000 bytes", 0);
     Begin("TEXT", m_out.styleTexts[style]);
     pairs.Text(100, "AcDbText");
-    WritePoint3(pairs, 10, text.point);
+    WritePoint3(pairs, 10, text.point, m_out.decimals);
     pairs.Real(40, height, kAngleDigits);
     pairs.Text(1, value);
     WriteDegrees(pairs, 50, DegreesOf(std::atan2(x.y, x.x)));
@@ -174,7 +174,7 @@ void StandardEntities::Text(StyleId style, const LoggedText& text)
         pairs.Integer(71, kMirroredInY);
     if (text.anchor != Anchor::Start) {
         pairs.Integer(72, text.anchor == Anchor::Middle ? 1 : 2);
-        WritePoint3(pairs, 11, text.point);
+        WritePoint3(pairs, 11, text.point, m_out.decimals);
     }
     pairs.Text(100, "AcDbText");
 }
@@ -187,7 +187,7 @@ void StandardEntities::Insert(std::size_t block, Point2 point, double rotation, 
     Begin("INSERT", Pair(8, "0"));
     pairs.Text(100, "AcDbBlockReference");
     pairs.Text(2, m_out.blockNames[block]);
-    WritePoint3(pairs, 10, point);
+    WritePoint3(pairs, 10, point, m_out.decimals);
     if (isMirrored)
         pairs.Integer(42, -1);
     WriteDegrees(pairs, 50, DegreesOf(rotation));

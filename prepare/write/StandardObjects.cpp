@@ -52,7 +52,7 @@ void WriteAxes(PairWriter& pairs)
 {
     for (const auto& [code, point] :
          {std::pair(13, Point2{0, 0}), std::pair(16, Point2{1, 0}), std::pair(17, Point2{0, 1})}) {
-        WritePoint2(pairs, code, point);
+        WritePoint2(pairs, code, point, 0);
         pairs.Integer(code + 20, 0);
     }
     pairs.Integer(76, 0);
@@ -68,9 +68,9 @@ void WriteLayout(PairWriter& pairs, bool isModel, const Box& extents)
     pairs.Text(1, isModel ? "Model" : "Layout1");
     pairs.Integer(70, 1);
     pairs.Integer(71, isModel ? 0 : 1);
-    WritePoint2(pairs, 10, {0, 0});
-    WritePoint2(pairs, 11, {420, 297});
-    WritePoint2(pairs, 12, {0, 0});
+    WritePoint2(pairs, 10, {0, 0}, 0);
+    WritePoint2(pairs, 11, {420, 297}, 0);
+    WritePoint2(pairs, 12, {0, 0}, 0);
     pairs.Integer(32, 0);
     const bool hasExtents = isModel && !extents.IsEmpty();
     for (const auto& [code, point] : {std::pair(14, hasExtents ? extents.min : Point2{}),

@@ -92,16 +92,16 @@ void WriteViewport(PairWriter& pairs, const Box& extents)
     BeginTable(pairs, "VPORT", kVPortTable, 1);
     BeginEntry(pairs, "VPORT", "AcDbViewportTableRecord", kActiveVPort, kVPortTable, "*Active");
     pairs.Integer(70, 0);
-    WritePoint2(pairs, 10, {0, 0});
-    WritePoint2(pairs, 11, {1, 1});
+    WritePoint2(pairs, 10, {0, 0}, 0);
+    WritePoint2(pairs, 11, {1, 1}, 0);
     pairs.Real(12, centre.x, kComputedDigits);
     pairs.Real(22, centre.y, kComputedDigits);
-    WritePoint2(pairs, 13, {0, 0});
-    WritePoint2(pairs, 14, {10, 10});
-    WritePoint2(pairs, 15, {10, 10});
-    WritePoint3(pairs, 16, {0, 0});
-    pairs.Integer(36, 1);
-    WritePoint3(pairs, 17, {0, 0});
+    WritePoint2(pairs, 13, {0, 0}, 0);
+    WritePoint2(pairs, 14, {10, 10}, 0);
+    WritePoint2(pairs, 15, {10, 10}, 0);
+    WritePoint2(pairs, 16, {0, 0}, 0);
+    pairs.Integer(36, 1); // from above
+    WritePoint3(pairs, 17, {0, 0}, 0);
     pairs.Real(40, height > 0 ? height : 1, kComputedDigits);
     pairs.Integer(41, 2);
     pairs.Integer(42, 50);
@@ -160,17 +160,16 @@ std::int32_t NearestWeight(std::int32_t weight)
     return nearest;
 }
 
-void WritePoint2(PairWriter& pairs, int code, Point2 point)
+void WritePoint2(PairWriter& pairs, int code, Point2 point, int decimals)
 {
-    pairs.Real(code, point.x);
-    pairs.Real(code + 10, point.y);
+    pairs.Fixed(code, point.x, decimals);
+    pairs.Fixed(code + 10, point.y, decimals);
 }
 
-void WritePoint3(PairWriter& pairs, int code, Point2 point)
+void WritePoint3(PairWriter& pairs, int code, Point2 point, int decimals)
 {
-    WritePoint2(pairs, code, point);
-    // The directions of views are the only ones in z.
-    pairs.Integer(code + 20, code == 16 ? 1 : 0);
+    WritePoint2(pairs, code, point, decimals);
+    pairs.Integer(code + 20, 0);
 }
 
 StandardTables::StandardTables(const Drawing& drawing, const StyleTable& styles,

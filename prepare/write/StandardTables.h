@@ -88,8 +88,8 @@ std::int32_t NearestWeight(std::int32_t weight);
 // What is computed of a drawing is the same in a second preparing to so many digits.
 inline constexpr int kComputedDigits = 9;
 
-// A point in the plane of that code.
-void WritePoint3(PairWriter& pairs, int code, Point2 point);
-void WritePoint2(PairWriter& pairs, int code, Point2 point);
+// A point in the plane; 2 and 3 are the coordinates that it has in the file.
+void WritePoint3(PairWriter& pairs, int code, Point2 point, int decimals);
+void WritePoint2(PairWriter& pairs, int code, Point2 point, int decimals);
 
 } // namespace prepare

@@ -3,6 +3,7 @@
 #include "prepare/write/StandardEntities.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace prepare {
 
@@ -61,7 +62,7 @@ void BeginBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, st
     WriteMarked(pairs, "BLOCK", handle, owner, isInPaperSpace, "AcDbBlockBegin");
     pairs.Text(2, name);
     pairs.Integer(70, 0);
-    WritePoint3(pairs, 10, {});
+    WritePoint3(pairs, 10, {}, 0);
     pairs.Text(3, name);
     pairs.Text(1, "");
 }
@@ -83,6 +84,18 @@ void BeginSection(PairWriter& pairs, const char* name)
 {
     pairs.Text(0, "SECTION");
     pairs.Text(2, name);
+}
+
+// As many as a double surely has at the farthest coordinate. Where differences vanish, arithmetic leaves
+// digits that mean nothing: they are not written.
+int DecimalsFor(const Box& extents)
+{
+    constexpr double kDigitsOfAll = 14;
+    double farthest = 1e-300;
+    if (!extents.IsEmpty())
+        for (const double value : {extents.min.x, extents.min.y, extents.max.x, extents.max.y})
+            farthest = std::max(farthest, std::fabs(value));
+    return static_cast<int>(std::clamp(kDigitsOfAll - std::ceil(std::log10(farthest)), 0.0, 15.0));
 }
 
 } // namespace
@@ -144,8 +157,15 @@ bool StandardWriter::Finish(const ByteFunction& write)
     }
 
     PairWriter pairs(write);
-    const StandardOutput output{pairs, m_styles, styleTexts,           tables,
-                                names, m_report, m_settings.tolerance, handle};
+    const StandardOutput output{pairs,
+                                m_styles,
+                                styleTexts,
+                                tables,
+                                names,
+                                m_report,
+                                DecimalsFor(m_settings.extents),
+                                m_settings.tolerance,
+                                handle};
     WriteHeader(pairs, seed);
     tables.Write(pairs, blocks, m_settings.extents, handle);
     BeginSection(pairs, "BLOCKS");
