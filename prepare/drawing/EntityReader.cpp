@@ -73,14 +73,24 @@ bool IsPaperSpaceName(std::string_view name)
     return IsOneOf(name, "*PAPER_SPACE", "$PAPER_SPACE");
 }
 
-EntityType EntityReader::TypeOf(std::string_view name, NameId id)
+// The number of the type's name in the pair at hand. A few programs write types in lower case.
+NameId EntityReader::TypeName()
+{
+    const std::string_view name = Trim(m_reader.Value());
+    const bool hasLower = std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+    Names& names = m_reader.drawing.names;
+    return hasLower ? names.OfWord(InUpperCase(name)) : names.OfWord(name);
+}
+
+EntityType EntityReader::TypeOf(NameId id)
 {
     constexpr std::uint8_t kUnknown = 0;
     if (id >= m_types.size())
         m_types.resize(m_reader.drawing.names.Count(), kUnknown);
     std::uint8_t& known = m_types[id];
     if (known == kUnknown)
-        known = static_cast<std::uint8_t>(static_cast<int>(EntityTypeOf(InUpperCase(Trim(name)))) + 1);
+        known =
+            static_cast<std::uint8_t>(static_cast<int>(EntityTypeOf(m_reader.drawing.names.Text(id))) + 1);
     return static_cast<EntityType>(known - 1);
 }
 
@@ -101,8 +111,8 @@ std::unique_ptr<Entity> EntityReader::Read()
 std::unique_ptr<Entity> EntityReader::ReadOne()
 {
     const std::uint64_t line = m_reader.Line() + 1;
-    const NameId name = m_reader.Name(m_reader.Value());
-    const EntityType type = TypeOf(m_reader.Value(), name);
+    const NameId name = TypeName();
+    const EntityType type = TypeOf(name);
     m_reader.phase = 0;
     std::unique_ptr<Entity> entity = ReadFunctionOf(type)(m_reader);
     entity->type = type;
@@ -128,8 +138,7 @@ bool EntityReader::NextIs(EntityType type)
 {
     if (!m_reader.NextPair())
         return false;
-    const NameId name = m_reader.Name(m_reader.Value());
-    const bool is = TypeOf(m_reader.Value(), name) == type;
+    const bool is = TypeOf(TypeName()) == type;
     m_reader.Unread();
     return is;
 }
@@ -141,7 +150,7 @@ void EntityReader::ReadVertices(Polyline& polyline)
         const std::uint64_t line = m_reader.Line() + 1;
         VertexRecord record;
         record.line = line;
-        record.typeName = m_reader.Name(m_reader.Value());
+        record.typeName = TypeName();
         record.vertex.startWidth = polyline.startWidth;
         record.vertex.endWidth = polyline.endWidth;
         m_reader.Read(record, kVertex);

@@ -21,7 +21,8 @@ public:
     std::unique_ptr<Entity> Read();
 
 private:
-    EntityType TypeOf(std::string_view name, NameId id);
+    NameId TypeName();
+    EntityType TypeOf(NameId name);
     std::unique_ptr<Entity> ReadOne();
     void ReadVertices(Polyline& polyline);
     void ReadAttributes(Insert& insert);

@@ -1,6 +1,7 @@
 #include "prepare/drawing/Names.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace prepare {
 
@@ -20,7 +21,7 @@ std::string InLowerCase(std::string_view name)
 
 } // namespace
 
-Names::Names() : m_recent(kRecent), m_key(HashKey(this))
+Names::Names() : m_recent(kRecent), m_recentWords(kRecent), m_key(HashKey(this))
 {
     m_texts.emplace_back();
     m_ids.emplace("", kNoName);
@@ -28,17 +29,26 @@ Names::Names() : m_recent(kRecent), m_key(HashKey(this))
 
 NameId Names::Look(std::string_view name)
 {
-    const auto [place, isNew] = m_ids.try_emplace(InLowerCase(name), static_cast<NameId>(m_texts.size()));
+    return Number(m_ids, InLowerCase(name), name, m_recent[Place(name)]);
+}
+
+NameId Names::LookWord(std::string_view word)
+{
+    return word.empty() ? kNoName : Number(m_words, std::string(word), word, m_recentWords[Place(word)]);
+}
+
+NameId Names::Number(Numbers& numbers, std::string key, std::string_view text, Recent& recent)
+{
+    const auto [place, isNew] = numbers.try_emplace(std::move(key), static_cast<NameId>(m_texts.size()));
     if (isNew) {
         try {
-            m_texts.emplace_back(name);
+            m_texts.emplace_back(text);
         } catch (...) {
-            m_ids.erase(place);
+            numbers.erase(place);
             throw;
         }
     }
-    Recent& recent = m_recent[Place(name)];
-    recent.name = name;
+    recent.name = text;
     recent.id = place->second;
     return recent.id;
 }

@@ -260,7 +260,10 @@ void Pass::NotePairs()
     };
     note(Finding::Repaired, pairs.SkippedLines(), "a line is skipped that is not a group code");
     note(Finding::Cut, pairs.CutLines(), "a line is longer than 65,536 bytes");
-    if (!pairs.HasEofPair())
+    if (pairs.IsBrokenBinary())
+        m_reader.Note(Finding::Cut, "file", "a binary value is of an unknown kind: the rest is left out",
+                      pairs.Lines());
+    else if (!pairs.HasEofPair())
         m_reader.Note(Finding::Repaired, "file", "ends without EOF", pairs.Lines());
 }
 

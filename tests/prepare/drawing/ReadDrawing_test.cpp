@@ -1,0 +1,292 @@
+#include "prepare/support/ReadText.h"
+
+#include <gtest/gtest.h>
+
+namespace prepare {
+namespace {
+
+const std::string kTables = Dxf({{0, "SECTION"}, {2, "TABLES"}, {0, "ENDSEC"}});
+const std::string kBlocks = Dxf({{0, "SECTION"}, {2, "BLOCKS"}, {0, "ENDSEC"}});
+const std::string kEntities =
+    Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {8, "a"}, {0, "CIRCLE"}, {8, "b"}, {0, "ENDSEC"}});
+const std::string kEof = Dxf({{0, "EOF"}});
+
+// What ReadEntities gives of a drawing whose index has been read.
+std::string EntitiesAgain(ReadDrawingOf& read, const std::string& text)
+{
+    read.entities.clear();
+    CDxfMemory memory(text);
+    ReadEntities(memory, {}, read.drawing, read, read.hasFailed, &read.report);
+    return read.entities;
+}
+
+TEST(ReadDrawing, EntitiesAfterTablesAndBlocksGoToTheSinkAtOnce)
+{
+    const std::string text = kTables + kBlocks + kEntities + kEof;
+    ReadDrawingOf read(text);
+    EXPECT_TRUE(read.hasGivenAll);
+    EXPECT_FALSE(read.hasFailed);
+    EXPECT_EQ(read.entities, "LINE a;CIRCLE b;");
+    EXPECT_EQ(EntitiesAgain(read, text), "LINE a;CIRCLE b;");
+    EXPECT_TRUE(read.report.Entries().empty());
+    EXPECT_EQ(read.drawing.bytes, text.size());
+    EXPECT_TRUE(read.drawing.hasSections);
+}
+
+TEST(ReadDrawing, EntitiesBeforeTablesOrBlocksAreLeftForLater)
+{
+    for (const std::string& text :
+         {kEntities + kTables + kBlocks + kEof, kTables + kEntities + kBlocks + kEof, kEntities + kEof,
+          kEntities + kTables + kBlocks + kEntities}) {
+        ReadDrawingOf read(text);
+        EXPECT_FALSE(read.hasGivenAll);
+        EXPECT_EQ(read.entities, "");
+        EXPECT_EQ(EntitiesAgain(read, text).substr(0, 16), "LINE a;CIRCLE b;");
+    }
+}
+
+TEST(ReadDrawing, SectionsMayComeTwice)
+{
+    const ReadDrawingOf read(kTables + kBlocks + kEntities + kEntities + kEof);
+    EXPECT_EQ(read.entities, "LINE a;CIRCLE b;LINE a;CIRCLE b;");
+}
+
+TEST(ReadDrawing, HeaderVariablesKeepTheirFirstValuesByCode)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"},
+                                  {2, "HEADER"},
+                                  {9, "$LTSCALE"},
+                                  {40, "2.5"},
+                                  {9, "$EXTMIN"},
+                                  {10, "1"},
+                                  {20, "2"},
+                                  {30, "3"},
+                                  {9, "$ACADVER"},
+                                  {1, " AC1009 "},
+                                  {9, "$LTSCALE"},
+                                  {40, "9"},
+                                  {9, "$PDMODE"},
+                                  {70, "34"},
+                                  {0, "ENDSEC"}}));
+    const Header& header = read.drawing.header;
+    EXPECT_EQ(header.Real("$LTSCALE", 1), 2.5);
+    EXPECT_EQ(header.Real("$MISSING", 7), 7);
+    EXPECT_EQ(header.Integer("$PDMODE", 0), 34);
+    EXPECT_EQ(header.Text("$ACADVER"), "AC1009");
+    Point3 point;
+    EXPECT_TRUE(header.Point("$EXTMIN", point));
+    EXPECT_EQ(point, (Point3{1, 2, 3}));
+    EXPECT_FALSE(header.Point("$LTSCALE", point));
+}
+
+TEST(ReadDrawing, TablesAreReadWithoutSubclassMarkersAndInAnyOrder)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"},  {2, "TABLES"},
+                                  {0, "TABLE"},    {2, "LAYER"},
+                                  {70, "9"},       {0, "LAYER"},
+                                  {62, "-3"},      {70, "5"},
+                                  {6, "DASHED"},   {2, "Walls"},
+                                  {420, "255"},    {370, "50"},
+                                  {290, "0"},      {0, "LAYER"},
+                                  {2, "WALLS"},    {62, "1"},
+                                  {0, "ENDTAB"},   {0, "TABLE"},
+                                  {2, "LTYPE"},    {0, "LTYPE"},
+                                  {2, "DASHED"},   {3, "__ __"},
+                                  {49, "5"},       {74, "0"},
+                                  {49, "-2"},      {74, "2"},
+                                  {0, "STYLE"},    {5, "11"},
+                                  {2, "Standard"}, {40, "2"},
+                                  {41, "0.8"},     {50, "15"},
+                                  {71, "4"},       {3, "txt.shx"},
+                                  {4, "big.shx"},  {0, "DIMSTYLE"},
+                                  {105, "27"},     {100, "AcDbDimStyleTableRecord"},
+                                  {2, "ISO"},      {3, " mm"},
+                                  {140, "2.5"},    {0, "BLOCK_RECORD"},
+                                  {5, "1F"},       {2, "*Model_Space"},
+                                  {0, "ENDSEC"},   {0, "SECTION"},
+                                  {2, "OBJECTS"},  {0, "DICTIONARY"},
+                                  {5, "C"},        {0, "MLINESTYLE"},
+                                  {5, "18"},       {2, "STANDARD"},
+                                  {70, "16"},      {62, "9"},
+                                  {51, "45"},      {49, "0.5"},
+                                  {62, "1"},       {6, "DASHED"},
+                                  {49, "-0.5"},    {0, "ENDSEC"}}));
+    const Layer* const walls = read.drawing.FindLayer(read.Id("walls"));
+    ASSERT_NE(walls, nullptr);
+    EXPECT_EQ(walls->colour, -3);
+    EXPECT_EQ(walls->flags, 5);
+    EXPECT_EQ(walls->lineType, read.Id("DASHED"));
+    EXPECT_EQ(walls->trueColour, 255);
+    EXPECT_EQ(walls->weight, 50);
+    EXPECT_EQ(walls->isPlotted, 0);
+    EXPECT_EQ(read.Found(Finding::Repaired, "LAYER"), "a second one of the same name is left out at 28, 1;");
+    const LineType* const dashed = read.drawing.FindLineType(read.Id("DASHED"));
+    ASSERT_NE(dashed, nullptr);
+    EXPECT_EQ(dashed->dashes, (std::vector<double>{5, -2}));
+    EXPECT_TRUE(dashed->hasShapes);
+    const TextStyle* const style = read.drawing.FindTextStyle(read.Id("Standard"));
+    ASSERT_NE(style, nullptr);
+    EXPECT_EQ(style->widthFactor, 0.8);
+    EXPECT_EQ(style->font, "txt.shx");
+    EXPECT_EQ(style->bigFont, "big.shx");
+    EXPECT_EQ(read.drawing.textStyleOfHandle.at(0x11), read.Id("Standard"));
+    const DimStyle& dimStyle = read.drawing.dimStyles.at(read.Id("ISO"));
+    EXPECT_EQ(dimStyle.handle, 0x27u);
+    const std::vector<std::pair<std::int32_t, std::string>> values{{3, " mm"}, {140, "2.5"}};
+    EXPECT_EQ(dimStyle.values, values);
+    EXPECT_EQ(read.drawing.blockOfRecord.at(0x1F), read.Id("*Model_Space"));
+    const MultiLineStyle& multi =
+        read.drawing.multiLineStyles.at(read.drawing.multiLineStyleOfHandle.at(0x18));
+    EXPECT_EQ(multi.startAngle, 45);
+    ASSERT_EQ(multi.elements.size(), 2u);
+    EXPECT_EQ(multi.elements[0].colour, 1);
+    EXPECT_EQ(multi.elements[0].lineType, read.Id("DASHED"));
+    EXPECT_EQ(multi.elements[1].colour, kByLayer);
+}
+
+TEST(ReadDrawing, BlocksKeepTheirEntitiesAndTheFirstOfANameCounts)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"},  {2, "BLOCKS"}, {0, "BLOCK"},  {8, "L"},      {330, "20"},
+                                  {2, "Door"},     {70, "4"},     {10, "1"},     {20, "2"},     {3, "Door"},
+                                  {1, "door.dwg"}, {0, "LINE"},   {0, "ARC"},    {0, "ENDBLK"}, {5, "9"},
+                                  {0, "BLOCK"},    {2, "DOOR"},   {0, "ENDBLK"}, {0, "ENDSEC"}, {0, "EOF"}}));
+    const Block* const door = read.drawing.FindBlock(read.Id("door"));
+    ASSERT_NE(door, nullptr);
+    EXPECT_EQ(door->line, 6u);
+    EXPECT_EQ(door->base, (Point3{1, 2, 0}));
+    EXPECT_EQ(door->flags, 4);
+    EXPECT_EQ(door->path, "door.dwg");
+    EXPECT_EQ(door->record, 0x20u);
+    EXPECT_EQ(door->entities.size(), 2u);
+    EXPECT_FALSE(door->isLayout);
+    EXPECT_EQ(read.drawing.blockOfRecord.at(0x20), read.Id("Door"));
+    EXPECT_EQ(read.Found(Finding::Repaired, "BLOCK"), "a second one of the same name is left out at 32, 1;");
+    EXPECT_EQ(read.entities, "");
+}
+
+TEST(ReadDrawing, ABlockWithoutEndblkEndsAtTheNextBlockOrTheSection)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"},
+                                  {2, "BLOCKS"},
+                                  {0, "BLOCK"},
+                                  {2, "One"},
+                                  {0, "LINE"},
+                                  {0, "BLOCK"},
+                                  {2, "Two"},
+                                  {0, "ARC"},
+                                  {0, "ARC"},
+                                  {0, "ENDSEC"}}) +
+                             kTables + kEntities + kEof);
+    EXPECT_EQ(read.drawing.FindBlock(read.Id("One"))->entities.size(), 1u);
+    EXPECT_EQ(read.drawing.FindBlock(read.Id("Two"))->entities.size(), 2u);
+    EXPECT_EQ(read.Found(Finding::Repaired, "BLOCK"), "ends without ENDBLK at 6, 2;");
+    EXPECT_EQ(read.entities, "LINE a;CIRCLE b;");
+}
+
+TEST(ReadDrawing, EntitiesOfTheLayoutsBlocksComeFirst)
+{
+    const std::string text = kTables +
+                             Dxf({{0, "SECTION"},
+                                  {2, "BLOCKS"},
+                                  {0, "BLOCK"},
+                                  {2, "*MODEL_SPACE"},
+                                  {0, "ARC"},
+                                  {8, "m"},
+                                  {0, "ENDBLK"},
+                                  {0, "BLOCK"},
+                                  {2, "*Paper_Space0"},
+                                  {0, "POINT"},
+                                  {8, "p"},
+                                  {0, "ENDBLK"},
+                                  {0, "BLOCK"},
+                                  {2, "Own"},
+                                  {0, "TEXT"},
+                                  {0, "ENDBLK"},
+                                  {0, "ENDSEC"}}) +
+                             kEntities + kEof;
+    ReadDrawingOf read(text);
+    EXPECT_EQ(read.entities, "ARC m;POINT* p;LINE a;CIRCLE b;");
+    EXPECT_EQ(EntitiesAgain(read, text), "ARC m;POINT* p;LINE a;CIRCLE b;");
+    EXPECT_TRUE(read.drawing.FindBlock(read.Id("*Paper_Space0"))->isLayout);
+}
+
+TEST(ReadDrawing, TheOwnerOrTheLayoutSaysThatAnEntityIsInPaperSpace)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"},
+                                  {2, "TABLES"},
+                                  {0, "BLOCK_RECORD"},
+                                  {5, "1B"},
+                                  {2, "*Paper_Space"},
+                                  {0, "BLOCK_RECORD"},
+                                  {5, "1F"},
+                                  {2, "*Model_Space"},
+                                  {0, "ENDSEC"}}) +
+                             kBlocks +
+                             Dxf({{0, "SECTION"},
+                                  {2, "ENTITIES"},
+                                  {0, "LINE"},
+                                  {330, "1B"},
+                                  {0, "LINE"},
+                                  {330, "1F"},
+                                  {410, "Sheet"},
+                                  {0, "LINE"},
+                                  {67, "1"},
+                                  {0, "LINE"},
+                                  {410, "Sheet"},
+                                  {0, "LINE"},
+                                  {410, "Model"},
+                                  {0, "ENDSEC"}}));
+    EXPECT_EQ(read.entities, "LINE* ;LINE ;LINE* ;LINE* ;LINE ;");
+}
+
+TEST(ReadDrawing, SectionsWithoutEndsecAndFilesWithoutEofAreReadAndReported)
+{
+    const ReadDrawingOf read(kTables + kBlocks + Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}}) +
+                             Dxf({{0, "SECTION"}, {2, "OBJECTS"}, {0, "DICTIONARY"}}));
+    EXPECT_EQ(read.entities, "LINE ;");
+    EXPECT_EQ(read.Found(Finding::Repaired, "file"),
+              "a section ends without ENDSEC at 19, 2;ends without EOF at 24, 1;");
+}
+
+TEST(ReadDrawing, LinesThatAreNoCodesAreReportedWithTheFirst)
+{
+    const ReadDrawingOf read(kTables + kBlocks +
+                             "0\nSECTION\nwhat\n2\nENTITIES\n0\nLINE\n8\na\n\nb\n0\nENDSEC\n" + kEof);
+    EXPECT_EQ(read.entities, "LINE a;");
+    EXPECT_EQ(read.Found(Finding::Repaired, "file"), "a line is skipped that is not a group code at 15, 3;");
+}
+
+TEST(ReadDrawing, TextsBecomeUtf8FromTheCodePageTheFileNames)
+{
+    const auto drawing = [](const std::string& page) {
+        return Dxf({{0, "SECTION"}, {2, "HEADER"}, {9, "$DWGCODEPAGE"}, {3, page}, {0, "ENDSEC"}}) + kTables +
+               kBlocks +
+               Dxf({{0, "SECTION"},
+                    {2, "ENTITIES"},
+                    {0, "LINE"},
+                    {8, "\xC4\\U+00C4"},
+                    {0, "LINE"},
+                    {8, "\xC3\x84"},
+                    {0, "ENDSEC"},
+                    {0, "EOF"}});
+    };
+    EXPECT_EQ(ReadDrawingOf(drawing("ANSI_1252")).entities, "LINE \xC3\x84\\U+00C4;LINE \xC3\x84;");
+    EXPECT_EQ(ReadDrawingOf(drawing("ANSI_1251")).entities, "LINE \xD0\x94\\U+00C4;LINE \xC3\x84;");
+    EXPECT_EQ(ReadDrawingOf(drawing("ANSI_1251"), "ANSI_1252").entities,
+              "LINE \xC3\x84\\U+00C4;LINE \xC3\x84;");
+}
+
+TEST(ReadDrawing, FailureToReadIsTold)
+{
+    struct Failing final : CDxfSource {
+        std::ptrdiff_t Read(char*, std::size_t) override { return -1; }
+    } source;
+    Drawing drawing;
+    Report report;
+    bool hasFailed = false;
+    EXPECT_FALSE(ReadIndex(source, {}, drawing, nullptr, report, hasFailed));
+    EXPECT_TRUE(hasFailed);
+}
+
+} // namespace
+} // namespace prepare
