@@ -1,5 +1,6 @@
 #include "prepare/pairs/TextSource.h"
 
+#include "prepare/pairs/BinaryText.h"
 #include "prepare/pairs/Utf16Text.h"
 
 #include <algorithm>
@@ -114,6 +115,8 @@ void TextSource::Begin()
     } else if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
         m_decoder = std::make_unique<Utf16Text>(front[0] == '\xFE');
         front.remove_prefix(2);
+    } else if (front.starts_with(BinaryText::kSentinel)) {
+        m_decoder = std::make_unique<BinaryText>();
     }
     m_front = front;
 }

@@ -179,6 +179,62 @@ TEST(PairReader, SurrogatesAloneBecomeTheReplacementCharacter)
                                            "a\xEF\xBF\xBD;3 1 \xEF\xBF\xBD;");
 }
 
+std::string Bytes(std::initializer_list<int> values)
+{
+    std::string bytes;
+    for (const int value : values)
+        bytes += static_cast<char>(value);
+    return bytes;
+}
+
+const std::string kSentinel("AutoCAD Binary DXF\r\n\x1A\0", 22);
+
+TEST(PairReader, BinaryDrawingsWithCodesOfOneByteBecomeText)
+{
+    const std::string text =
+        kSentinel + Bytes({0, 'L', 'I', 'N', 'E', 0, 8, 'a', '\n', 'b', 0, 62, 0xFE, 0xFF, 10}) +
+        Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x3F, 0xFF, 0xE8, 0x03, 'X', 0, 0xFF, 0xEC, 0x03, 2, 1}) +
+        Bytes({0xAB, 0, 'E', 'O', 'F', 0, 'j', 'u', 'n', 'k'});
+    for (const std::size_t most : {1, 3, 1000}) {
+        SlowSource source(text, most);
+        PairReader reader(source);
+        EXPECT_EQ(ReadAll(reader), "1 0 LINE;3 8 a b;5 62 -2;7 10 1.5;9 1000 X;11 1004 01AB;");
+        EXPECT_TRUE(reader.HasEofPair());
+    }
+}
+
+TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
+{
+    const std::string text = kSentinel +
+                             Bytes({0, 0, 'L', 0, 90, 0, 1, 2, 0, 0, 0x22, 0x01, 1, 160, 0, 1, 0, 0}) +
+                             Bytes({0, 0, 1, 0, 0, 0x36, 0x01, 1, 0xF0, 0x2F, 0x04, 0xFF, 0xFF, 0xFF, 0xFF}) +
+                             Bytes({0, 0, 'E', 'O', 'F', 0});
+    for (const std::size_t most : {1, 3, 1000}) {
+        SlowSource source(text, most);
+        PairReader reader(source);
+        EXPECT_EQ(ReadAll(reader), "1 0 L;3 90 513;5 290 1;7 160 1099511627777;9 310 F0;11 1071 -1;");
+    }
+}
+
+TEST(PairReader, ABinaryValueOfAnUnknownKindEndsTheReading)
+{
+    const std::string text = kSentinel + Bytes({0, 0, 'L', 0, 250, 0, 1, 2, 3});
+    CDxfMemory memory(text);
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 L;");
+    EXPECT_TRUE(reader.IsBrokenBinary());
+}
+
+TEST(PairReader, LongBinaryTextsAreCut)
+{
+    const std::string text =
+        kSentinel + Bytes({0, 'L', 0, 1}) + std::string(200'000, 'a') + Bytes({0, 8, 'x', 0});
+    CDxfMemory memory(text);
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 L;3 1 " + std::string(PairReader::kLongestLine, 'a') + ";5 8 x;");
+    EXPECT_EQ(reader.CutLines().count, 1u);
+}
+
 TEST(PairReader, ALineTooManyIsSkippedAndCounted)
 {
     CDxfMemory memory("0\nTEXT\n1\nfirst\nsecond\n40\n2.5\nAcDbText\n7\nStandard\n");
