@@ -1,4 +1,5 @@
 #include "cli/RunCommand.h"
+#include "cli/system/InterruptGuard.h"
 
 #include <csignal>
 #include <string>
@@ -9,5 +10,6 @@ int main(int argc, char** argv)
     // A picture beyond the largest file that is allowed fails as on a full disk, and the other drawings go
     // on.
     std::signal(SIGXFSZ, SIG_IGN);
+    plexorn::SayWhenStopped();
     return plexorn::RunCommand(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

@@ -1,5 +1,6 @@
 #include "base/Utf8.h"
 #include "cli/RunCommand.h"
+#include "cli/system/InterruptGuard.h"
 
 #include <string>
 #include <vector>
@@ -29,6 +30,7 @@ int main()
     // What is printed is UTF-8; a console keeps its code page beyond the process, so it is put back.
     UINT codePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
+    plexorn::SayWhenStopped();
     int exitCode = plexorn::RunCommand(Arguments());
     SetConsoleOutputCP(codePage);
     return exitCode;

@@ -65,6 +65,8 @@ typedef struct SvgHostWriteOptions {
                                  mean of several. 0: a width is a length, as SVG takes it */
     bool showsMost;         /**< whether the view box leaves out what is small and lies far from the rest
                                  (SvgHostPicture.filled); it stays in the file */
+    const char* generator;  /**< what makes the picture, written as the root's attribute data-generator, or
+                                 NULL for none */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */

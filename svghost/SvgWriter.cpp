@@ -61,7 +61,7 @@ SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, cons
 bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_out.Declare();
-    OpenRoot();
+    OpenRoot(options);
     if (options.style)
         WriteStyle(options.style);
     WriteDefinitions();
@@ -74,12 +74,14 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
     return m_out.Finish();
 }
 
-void SvgWriter::OpenRoot()
+void SvgWriter::OpenRoot(const SvgHostWriteOptions& options)
 {
     const ViewBox& box = m_picture.viewBox;
     m_out.Begin("svg");
     m_out.SetPlain("xmlns", "http://www.w3.org/2000/svg");
     m_out.SetPlain("xmlns:xlink", "http://www.w3.org/1999/xlink");
+    if (options.generator)
+        m_out.Set("data-generator", XmlTextOf(options.generator));
     if (m_picture.scale > 0)
         SetPhysicalSize();
     else

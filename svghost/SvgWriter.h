@@ -22,7 +22,7 @@ public:
     bool Run(const SvgHostWriteOptions& options);
 
 private:
-    void OpenRoot();
+    void OpenRoot(const SvgHostWriteOptions& options);
     void SetPixelSize();
     void SetPhysicalSize();
     void WriteStyle(const char* style);

@@ -42,6 +42,7 @@ public:
     }
 
     std::size_t Failed() const { return m_failed; }
+    std::size_t Skipped() const { return m_skipped; }
     std::size_t Messages() const { return m_messages; }
     std::size_t Blank() const { return m_blank; }
     bool IsAnyDoubtful() const { return m_doubtful; }
@@ -84,6 +85,7 @@ private:
         if (report.Doubt() == ExitCode::Incomplete)
             m_doubtful = true;
         m_blank += report.Doubt() == ExitCode::Blank;
+        m_skipped += report.IsSkipped();
         if (report.Code() != ExitCode::Drawn) {
             ++m_failed;
             m_lastFailure = report.Code();
@@ -96,6 +98,7 @@ private:
     Printer& m_printer;
     std::atomic<std::size_t> m_next = 0;
     std::atomic<std::size_t> m_failed = 0;
+    std::atomic<std::size_t> m_skipped = 0;
     std::atomic<std::size_t> m_messages = 0;
     std::atomic<std::size_t> m_blank = 0;
     std::atomic<bool> m_doubtful = false;
@@ -109,6 +112,8 @@ ReportStyle StyleFor(const Options& options)
     ReportStyle style;
     style.isJson = options.messageFormat == "json";
     style.isQuiet = options.isQuiet;
+    style.isStrict = options.isStrict;
+    style.isVerbose = options.isVerbose;
     style.isColoured = !style.isJson && !(noColour && *noColour) && IsTerminal(stderr);
     style.maxMessages = options.maxMessages;
     return style;
@@ -145,8 +150,9 @@ ExitCode DrawAll(const Options& options)
     if (!isOne && !style.isQuiet) {
         auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         auto text = style.isJson ? TotalJson : TotalText;
+        const std::size_t drawn = jobs.size() - batch.Failed() - batch.Skipped();
         const std::string total =
-            text(jobs.size() - batch.Failed(), batch.Blank(), batch.Failed(), batch.Messages(), time);
+            text({drawn, batch.Blank(), batch.Skipped(), batch.Failed()}, batch.Messages(), time);
         printer.Close(total + "\n");
     }
     // Programs that read the objects rely on them: a drawing without one would count as drawn without a

@@ -8,6 +8,7 @@
 #include "cli/draw/Look.h"
 #include "cli/draw/WhyBlank.h"
 #include "cli/draw/WriteOptions.h"
+#include "cli/files/OlderPicture.h"
 #include "cli/files/OutputFile.h"
 #include "cli/files/Source.h"
 #include "cli/options/Percentage.h"
@@ -253,8 +254,10 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return;
     if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())
         outcome.hole = "is not drawn whole: memory is short";
-    if (!outcome.hole.empty() && !options.keepsGoing)
+    if (!outcome.hole.empty() && !options.keepsGoing) {
+        report.DropMessages();
         return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
+    }
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))
         throw std::bad_alloc();
     if (outcome.statistics.visibleElements == 0 && !asksAboutAll)
@@ -262,13 +265,15 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     TellContents(info, outcome);
     const Look look = LookFor(options);
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
+    // Without the mark in the pictures themselves nobody can tell.
+    outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
     const std::string reason = WritePicture(document.get(), job, written);
     // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;
     if (!reason.empty())
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
-    if (!options.isQuiet)
+    if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
     TellDoubts(info, outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
@@ -286,6 +291,9 @@ void DrawJob(const Job& job, const Options& options, Report& report)
         return report.Failed(source.ShownName(), source.Reason(), source.Code());
     if (job.output != kStandardStream && IsSameFile(source.Path(), PathFromArgument(job.output)))
         return report.Failed(job.output, "is the drawing itself; give another name with -o", ExitCode::Usage);
+    const std::string whyLeftAlone = WhyLeftAlone(source.Path(), job.output, options);
+    if (!whyLeftAlone.empty())
+        return report.Skipped(job.output, whyLeftAlone);
     Draw(source, job, options, report);
 }
 

@@ -1,10 +1,9 @@
 #include "cli/draw/WhyBlank.h"
 
 #include "cli/report/Joined.h"
-#include "cli/report/Printable.h"
+#include "cli/report/ShareText.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace plexorn {
 
@@ -13,17 +12,6 @@ namespace {
 void AddReason(std::string& reasons, const std::string& reason)
 {
     reasons.append(reasons.empty() ? "" : "; ").append(reason);
-}
-
-std::string MissingTypes(const Share& share)
-{
-    std::string types;
-    for (const auto& [type, count] : share.missing)
-        types.append(types.empty() ? "" : ", ")
-            .append(std::to_string(count))
-            .append(" ")
-            .append(Printable(type));
-    return types;
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "cli/draw/WriteOptions.h"
 
+#include "cli/files/OlderPicture.h"
+
 #include <cstdlib>
 
 namespace plexorn {
@@ -10,6 +12,7 @@ SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, co
     chosen.background = look.background ? look.background->c_str() : nullptr;
     chosen.style = look.style.empty() ? nullptr : look.style.c_str();
     chosen.unit = sizing.unit ? sizing.unit->millimetres : 0;
+    chosen.generator = options.isAsIs ? nullptr : kGenerator;
     chosen.showsMost = options.fit == "most";
     // A hairline is as many pixels wide as its width says: it needs no sheet.
     chosen.sheet = options.isAsIs || options.hasHairlines ? 0 : kSheet;

@@ -1,5 +1,6 @@
 #include "cli/files/Inputs.h"
 
+#include "cli/files/Wildcards.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
@@ -132,13 +133,27 @@ std::vector<std::string> ReadList(const Options& options)
     return names;
 }
 
+// The names on the command line; areMany becomes true when one of them is a pattern.
+std::vector<std::string> GivenNames(const Options& options, bool& areMany)
+{
+    if (DoShellsExpandNames())
+        return options.inputs;
+    std::vector<std::string> names;
+    for (const std::string& input : options.inputs) {
+        const std::vector<std::string> matches = ExpandWildcards(input);
+        areMany = areMany || matches.front() != input;
+        names.insert(names.end(), matches.begin(), matches.end());
+    }
+    return names;
+}
+
 } // namespace
 
 Inputs FindInputs(const Options& options)
 {
-    std::vector<std::string> names = options.inputs;
     Inputs inputs;
-    inputs.areMany = names.size() > 1 || !options.list.empty();
+    std::vector<std::string> names = GivenNames(options, inputs.areMany);
+    inputs.areMany = inputs.areMany || names.size() > 1 || !options.list.empty();
     if (!options.list.empty()) {
         std::vector<std::string> listed = ReadList(options);
         names.insert(names.end(), listed.begin(), listed.end());

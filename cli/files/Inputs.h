@@ -29,7 +29,7 @@ struct Input {
 struct Inputs {
     std::vector<Input> files;
     // Whether the command line can mean several drawings, however many there are: it has several names, a
-    // folder, or a list.
+    // folder, a pattern that the command expands, or a list.
     bool areMany = false;
 };
 

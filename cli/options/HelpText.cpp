@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
+#include <string_view>
 
 namespace plexorn {
 
@@ -41,6 +43,13 @@ void AppendRow(std::string& out, const std::string& name, std::string_view help)
     AppendWrapped(out, 2 + name.size(), help);
 }
 
+void AppendRows(std::string& out, std::string_view title, std::span<const HelpRow> rows)
+{
+    out.append("\n").append(title).append(":\n");
+    for (const HelpRow& row : rows)
+        AppendRow(out, std::string(row.name), row.help);
+}
+
 } // namespace
 
 std::string HelpText(const CommandRow& command)
@@ -60,7 +69,10 @@ std::string HelpText(const CommandRow& command)
             name.append(" ").append(row.value);
         AppendRow(out, name, row.help);
     }
-    out.append("\nMessages go to the standard error stream as FILE:LINE: text.\n\nExit codes:\n");
+    out.append("\nMessages go to the standard error stream as FILE:LINE: text.\n");
+    AppendRows(out, "Examples", command.examples);
+    AppendRows(out, "Limits and faults", LimitTable());
+    out.append("\nExit codes:\n");
     for (const ExitRow& row : ExitTable())
         AppendRow(out, std::to_string(static_cast<int>(row.code)), row.help);
     return out;

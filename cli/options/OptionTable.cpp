@@ -24,6 +24,8 @@ constexpr OptionRow kDrawRows[] = {
      "pictures, which is made when it is missing. By default each picture stands beside its drawing, with "
      ".svg in place of .dxf; that of the standard input goes to the standard output",
      &Options::output, CheckNotEmpty},
+    {"--no-clobber", "", "Skip drawings whose picture exists", &Options::keepsPictures},
+    {"--newer-only", "", "Skip drawings that are not newer than their picture", &Options::drawsNewerOnly},
     {"-j,--jobs", "N", "Draw N drawings at a time; by default as many as the machine has cores",
      &Options::jobs, CheckJobs},
     kFilesFrom,
@@ -62,9 +64,12 @@ constexpr OptionRow kDrawRows[] = {
     {"--hairline", "", "Let strokes keep their width on the screen however far the picture is enlarged",
      &Options::hasHairlines},
     {"-q,--quiet", "", "Print errors only, no messages about the drawings", &Options::isQuiet},
+    {"--verbose", "", "Print every message, instead of one line for all that say the same",
+     &Options::isVerbose},
     {"--messages", "FORM", "The form of what is printed: text, the default, or json, one object a line",
      &Options::messageFormat, CheckMessageFormat},
-    {"--max-messages", "N", "Print at most N messages about each drawing, and how many more there are",
+    {"--max-messages", "N",
+     "Print at most N lines of messages about each drawing, and how many more messages there are",
      &Options::maxMessages, CheckCount},
     {"--strict", "",
      "End with exit code 1 when anything of a drawing is not shown as the drawing states it, or there was "
@@ -94,16 +99,37 @@ constexpr OptionRow kInfoRows[] = {
     kHelp,
 };
 
+constexpr HelpRow kDrawExamples[] = {
+    {"plexorn plan.dxf", "Draw plan.svg beside the drawing"},
+    {"plexorn -r in -o out/", "Draw a tree of drawings into a tree of pictures"},
+    {"plexorn info plan.dxf", "Show what the drawing holds and what of it is drawn"},
+};
+
+constexpr HelpRow kInfoExamples[] = {
+    {"plexorn info plan.dxf", "Show what the drawing holds and what of it is drawn"},
+    {"plexorn info -r --json .", "The same of all drawings in this folder and those in it, for a program"},
+    {"plexorn info --texts a.dxf", "List the texts of the drawing too"},
+};
+
+constexpr HelpRow kLimits[] = {
+    {"Drawings", "ASCII DXF, no binary DXF and no DWG; a closing line names the types that are not drawn"},
+    {"Pictures", "SVG; other programs, such as rsvg-convert or Inkscape, convert it"},
+    {"Elements", "100,000 for each drawing, and one more for each eight bytes of its file"},
+    {"Faults",
+     "Report them to the maintainer whom your package names, or as CONTRIBUTING.md in the sources says, with "
+     "the drawing and with what plexorn --version prints"},
+};
+
 constexpr CommandRow kDraw = {
     "plexorn", "Draws ASCII DXF files as SVG pictures.",
     "A drawing, an ASCII DXF file; - is the standard input, a folder stands for every .dxf file in it",
-    kDrawRows};
+    kDrawRows, kDrawExamples};
 
 constexpr CommandRow kInfo = {"plexorn info",
                               "Tells what ASCII DXF files hold: version, units, extents, layers, line types, "
                               "blocks, and for each type of "
                               "entity how many there are and whether they are drawn.",
-                              "A drawing, as for plexorn itself", kInfoRows};
+                              "A drawing, as for plexorn itself", kInfoRows, kInfoExamples};
 
 constexpr ExitRow kExitRows[] = {
     {ExitCode::Drawn, "drawn (or told, for info), whatever the messages"},
@@ -127,6 +153,11 @@ const CommandRow& DrawCommand()
 const CommandRow& InfoCommand()
 {
     return kInfo;
+}
+
+std::span<const HelpRow> LimitTable()
+{
+    return kLimits;
 }
 
 std::span<const ExitRow> ExitTable()

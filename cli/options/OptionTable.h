@@ -26,12 +26,19 @@ struct OptionRow {
     std::string (*check)(const std::string&) = nullptr;
 };
 
+// A line of the help: what it is about, and what is to be said.
+struct HelpRow {
+    std::string_view name;
+    std::string_view help;
+};
+
 // One way to call the command: plexorn itself, or a command within it.
 struct CommandRow {
     std::string_view name; // "plexorn" or "plexorn info"
     std::string_view help;
     std::string_view fileHelp; // what FILE is
     std::span<const OptionRow> options;
+    std::span<const HelpRow> examples;
 };
 
 const CommandRow& DrawCommand();
@@ -42,5 +49,8 @@ struct ExitRow {
     std::string_view help;
 };
 std::span<const ExitRow> ExitTable();
+
+// What the command cannot do, and what to do with its faults.
+std::span<const HelpRow> LimitTable();
 
 } // namespace plexorn

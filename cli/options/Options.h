@@ -32,6 +32,8 @@ struct Options {
 
     // Drawing.
     std::string output;
+    bool keepsPictures = false; // a picture that exists is not replaced
+    bool drawsNewerOnly = false;
     std::size_t jobs = 0; // 0: as many as the machine has cores
     std::string units = "header";
     std::string background; // a CSS colour or "none"; empty: what fits the rest
@@ -42,6 +44,7 @@ struct Options {
     std::string fit = "all";
     bool isAsIs = false; // widths of strokes and sizes as the drawing states them
     bool isQuiet = false;
+    bool isVerbose = false;
     std::string messageFormat = "text";
     std::size_t maxMessages = std::numeric_limits<std::size_t>::max();
     bool isStrict = false;

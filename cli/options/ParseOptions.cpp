@@ -3,6 +3,7 @@
 #include "cli/options/HelpText.h"
 #include "cli/options/OptionChecks.h"
 #include "cli/options/OptionTable.h"
+#include "cli/options/Suggestion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -56,6 +57,29 @@ bool MeansInfo(const Options& options)
            !std::filesystem::exists("info", ignored);
 }
 
+// The names that are wrong, and what was meant by the first of them for which something is near.
+std::string ExtraText(const CommandRow& command, const std::string& error,
+                      const std::vector<std::string>& extras)
+{
+    for (const std::string& extra : extras)
+        if (const std::string meant = SuggestedOption(command, extra); !meant.empty())
+            return error + "\nDid you mean " + meant + "?";
+    return error;
+}
+
+// Why the first word is wrong: the name of a command that is written wrongly is taken for a drawing.
+std::string WhyNoDrawing(const Options& options)
+{
+    if (options.isInfo || options.inputs.empty())
+        return "";
+    const std::string& word = options.inputs[0];
+    const std::string meant = SuggestedCommand(word);
+    std::error_code ignored;
+    if (meant.empty() || std::filesystem::exists(word, ignored))
+        return "";
+    return word + ": there is no such file\nDid you mean " + meant + "?";
+}
+
 // Why the arguments, each of them right, cannot be followed together; empty when they can.
 std::string WhyWrong(const Options& options)
 {
@@ -71,7 +95,7 @@ std::string WhyWrong(const Options& options)
         return "--as-is leaves sizes and views alone; give it without --scale and --fit";
     if (MeansInfo(options))
         return "info comes first, before its options: plexorn info [OPTIONS] FILE...";
-    return "";
+    return WhyNoDrawing(options);
 }
 
 std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std::string> arguments,
@@ -90,6 +114,8 @@ std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std
     try {
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
+    } catch (const CLI::ExtrasError& error) {
+        return WrongUsage(ExtraText(command, error.what(), app.remaining()));
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Printed() : ExitCode::Usage;
     }

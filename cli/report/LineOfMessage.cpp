@@ -1,6 +1,7 @@
 #include "cli/report/LineOfMessage.h"
 
 #include <cstddef>
+#include <initializer_list>
 
 namespace plexorn {
 
@@ -22,6 +23,18 @@ std::string_view LineOfMessage(std::string_view message)
     const std::string_view digits = TrailingDigits(message);
     message.remove_suffix(digits.size());
     return message.ends_with(isInParentheses ? " (" : "Line:") ? digits : std::string_view();
+}
+
+std::string_view WithoutLine(std::string_view message)
+{
+    const std::string_view line = LineOfMessage(message);
+    if (line.empty())
+        return message;
+    message.remove_suffix(static_cast<std::size_t>(message.data() + message.size() - line.data()));
+    for (const std::string_view words : {" (", "Line:", " Line", " ", ","})
+        if (message.ends_with(words))
+            message.remove_suffix(words.size());
+    return message;
 }
 
 } // namespace plexorn

@@ -9,4 +9,7 @@ namespace plexorn {
 // after a blank), as its digits; empty when it names none.
 std::string_view LineOfMessage(std::string_view message);
 
+// message without that line and the words that lead to it; all of it when it names none.
+std::string_view WithoutLine(std::string_view message);
+
 } // namespace plexorn

@@ -119,15 +119,17 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
             {"; ", Count(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
     if (!outcome.isEnded)
         out += "; the file has no EOF: it may have been cut off";
+    if (outcome.hasReplacedOther)
+        out += "; replaced a file that plexorn had not drawn";
     return out;
 }
 
-std::string TotalText(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
-                      std::chrono::milliseconds time)
+std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::milliseconds time)
 {
-    const std::string blanks = blank == 0 ? "" : "of them " + std::to_string(blank) + " blank, ";
-    return std::to_string(drawn) + " drawn, " + blanks + std::to_string(failed) + " failed, " +
-           Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
+    const std::string blank = totals.blank == 0 ? "" : "of them " + std::to_string(totals.blank) + " blank, ";
+    const std::string skipped = totals.skipped == 0 ? "" : std::to_string(totals.skipped) + " skipped, ";
+    return std::to_string(totals.drawn) + " drawn, " + blank + skipped + std::to_string(totals.failed) +
+           " failed, " + Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
 }
 
 std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages)
@@ -164,18 +166,19 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
     else
         json.Count(outcome.unmarkedEntry);
     json.Member("ended", outcome.isEnded).Member("textsNotUtf8", outcome.otherTexts);
+    json.Member("replacedOther", outcome.hasReplacedOther);
     return json.Close('}').Result();
 }
 
-std::string TotalJson(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
-                      std::chrono::milliseconds time)
+std::string TotalJson(const Totals& totals, std::size_t messages, std::chrono::milliseconds time)
 {
     Json json;
     json.Open('{')
         .Member("type", "total")
-        .Member("drawn", drawn)
-        .Member("blank", blank)
-        .Member("failed", failed);
+        .Member("drawn", totals.drawn)
+        .Member("blank", totals.blank)
+        .Member("skipped", totals.skipped)
+        .Member("failed", totals.failed);
     return json.Member("messages", messages).Member("milliseconds", time.count()).Close('}').Result();
 }
 

@@ -31,6 +31,7 @@ struct Outcome {
     Share share;                     // of the drawing, as far as it could be read
     bool isBlank = false;            // whether nothing of it is visible, though the drawing holds entities
     std::string hole;                // why the picture has holes, empty: it has none
+    bool hasReplacedOther = false;   // whether the picture replaced a file that this command had not written
     // The entities that are not drawn and that no message mentions.
     std::map<std::string, std::uint64_t> skipped;
 };
@@ -38,15 +39,20 @@ struct Outcome {
 // Whether the picture shows all of the drawing as the drawing states it. Messages are not looked at.
 bool IsShownAsStated(const Outcome& outcome);
 
-// The closing lines: of a drawing (after its name), and of several. Of those that were drawn, so many are
-// blank.
+// What became of several drawings, how many of each.
+struct Totals {
+    std::size_t drawn = 0;
+    std::size_t blank = 0; // of those that were drawn
+    std::size_t skipped = 0;
+    std::size_t failed = 0;
+};
+
+// The closing lines: of a drawing (after its name), and of several.
 std::string OutcomeText(const Outcome& outcome, std::size_t messages);
-std::string TotalText(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
-                      std::chrono::milliseconds time);
+std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::milliseconds time);
 
 // The same for programs, as one object without its line end.
 std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages);
-std::string TotalJson(std::size_t drawn, std::size_t blank, std::size_t failed, std::size_t messages,
-                      std::chrono::milliseconds time);
+std::string TotalJson(const Totals& totals, std::size_t messages, std::chrono::milliseconds time);
 
 } // namespace plexorn

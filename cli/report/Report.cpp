@@ -31,10 +31,17 @@ std::string MessageJson(const std::string& file, const std::string& text, const 
     return json.Close('}').Result() + "\n";
 }
 
+std::string SkippedJson(const std::string& file, std::string_view picture, std::string_view reason)
+{
+    Json json;
+    json.Open('{').Member("type", "skipped").Member("file", file).Member("picture", picture);
+    return json.Member("text", reason).Close('}').Result();
+}
+
 } // namespace
 
 Report::Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style)
-    : m_printer(printer), m_number(number), m_file(file), m_style(style)
+    : m_printer(printer), m_number(number), m_file(file), m_style(style), m_groups(style.maxMessages)
 {
 }
 
@@ -46,25 +53,54 @@ Report::~Report()
 
 void Report::Message(const SvgHostError& error)
 {
-    if (m_messages++ >= m_style.maxMessages || m_style.isQuiet)
+    const bool isHeldBack = ++m_messages > m_style.maxMessages && !PrintsGroups();
+    if (isHeldBack || m_style.isQuiet)
         return;
-    AddMessage(error);
+    const std::string text = Utf8FromWide(error.message ? error.message : L"");
+    if (PrintsGroups())
+        m_groups.Add(error.kind, text);
+    else
+        AddMessage(error, text);
     if (m_out.size() >= kPassSize)
         Pass();
 }
 
-void Report::AddMessage(const SvgHostError& error)
+void Report::AddMessage(const SvgHostError& error, const std::string& text)
 {
-    const std::string text = Utf8FromWide(error.message ? error.message : L"");
     if (m_style.isJson) {
         m_out += MessageJson(m_file, text, error);
         return;
     }
+    AddPlace(LineOfMessage(text));
+    m_out.append(Printable(WithoutLine(text))).append("\n");
+}
+
+// The drawing's name and, where there is one, the line in it.
+void Report::AddPlace(std::string_view line)
+{
     std::string place = Printable(m_file);
-    if (const std::string_view line = LineOfMessage(text); !line.empty())
+    if (!line.empty())
         place.append(":").append(line);
     AddColoured(kBold, place.append(":"));
-    m_out.append(" ").append(Printable(text)).append("\n");
+    m_out.append(" ");
+}
+
+void Report::AddGroups()
+{
+    for (const MessageGroup& group : m_groups.Groups()) {
+        AddPlace(group.line);
+        m_out.append(Printable(group.text));
+        if (group.count > 1)
+            m_out.append(" (").append(std::to_string(group.count)).append(" times)");
+        m_out.append("\n");
+    }
+    if (m_groups.Further() == 0)
+        return;
+    const std::size_t kinds = m_groups.FurtherKinds();
+    m_out.append(Printable(m_file)).append(": … and ").append(std::to_string(m_groups.Further()));
+    m_out.append(m_groups.Further() == 1 ? " more message of " : " more messages of ");
+    m_out.append(std::to_string(kinds)).append(kinds == 1 ? " kind" : " kinds");
+    m_out.append(kinds == MessageGroups::kMostCountedKinds ? " or more\n" : "\n");
 }
 
 void Report::AddColoured(std::string_view sequence, std::string_view text)
@@ -72,8 +108,11 @@ void Report::AddColoured(std::string_view sequence, std::string_view text)
     m_out.append(m_style.isColoured ? sequence : "").append(text).append(m_style.isColoured ? kPlain : "");
 }
 
+// What a drawing's messages still have to say when there are no more of them.
 void Report::AddHeldBack()
 {
+    if (PrintsGroups())
+        return AddGroups();
     if (m_style.isQuiet || m_messages <= m_style.maxMessages)
         return;
     const std::size_t more = m_messages - m_style.maxMessages;
@@ -117,7 +156,8 @@ void Report::Drawn(const Outcome& outcome)
     AddHeldBack();
     for (const auto& [reason, code] : m_doubts)
         AddReason("doubtful", m_file, reason, code);
-    if (m_style.isQuiet)
+    const bool isRefused = m_style.isStrict && (m_messages > 0 || m_changed);
+    if (m_style.isQuiet && !isRefused)
         return;
     if (m_style.isJson)
         m_out.append(OutcomeJson(m_file, outcome, m_messages));
@@ -132,6 +172,22 @@ ExitCode Report::Doubt() const
     for (const auto& doubt : m_doubts)
         code = std::max(code, doubt.second);
     return code;
+}
+
+void Report::Skipped(std::string_view picture, std::string_view reason)
+{
+    m_skipped = true;
+    if (m_style.isQuiet)
+        return;
+    if (m_style.isJson)
+        m_out.append(SkippedJson(m_file, picture, reason)).append("\n");
+    else
+        m_out.append(Printable(m_file))
+            .append(": skipped, ")
+            .append(Printable(picture))
+            .append(" ")
+            .append(reason)
+            .append("\n");
 }
 
 void Report::Pass()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/options/ExitCode.h"
+#include "cli/report/MessageGroups.h"
 #include "cli/report/Outcome.h"
 #include "cli/report/Printer.h"
 #include "svghost/SvgHost.h"
@@ -18,11 +19,13 @@ namespace plexorn {
 struct ReportStyle {
     bool isJson = false;
     bool isQuiet = false;
+    bool isStrict = false;  // a drawing that --strict does not accept has its closing line under isQuiet too
+    bool isVerbose = false; // messages are printed one by one; JSON does so anyway
     bool isColoured = false;
-    std::size_t maxMessages = 0;
+    std::size_t maxMessages = 0; // or groups of messages, where they are printed
 };
 
-// One drawing's report. Nothing is kept of its messages but their number.
+// One drawing's report. What it keeps of the drawing's messages has a bound.
 class Report {
 public:
     Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style);
@@ -34,21 +37,29 @@ public:
     void Message(const SvgHostError& error);
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
+    // The messages until now, as far as they are not printed yet, are not worth their lines.
+    void DropMessages() { m_groups = MessageGroups(m_style.maxMessages); }
     void Drawn(const Outcome& outcome);
     // Why a drawing that will be drawn is not as it should be, as the end of a sentence; it is printed in any
     // case.
     void Doubtful(std::string_view reason, ExitCode code);
+    // The drawing is left alone, and why, as the end of a sentence.
+    void Skipped(std::string_view picture, std::string_view reason);
 
     std::size_t MessageCount() const { return m_messages; }
     // Whether a drawing was drawn of which not all is shown as the drawing states it.
     bool IsChanged() const { return m_changed; }
     // The greatest code that Doubtful had, ExitCode::Drawn without any.
     ExitCode Doubt() const;
+    bool IsSkipped() const { return m_skipped; }
     // ExitCode::Drawn while nothing failed.
     ExitCode Code() const { return m_code; }
 
 private:
-    void AddMessage(const SvgHostError& error);
+    bool PrintsGroups() const { return !m_style.isJson && !m_style.isVerbose; }
+    void AddMessage(const SvgHostError& error, const std::string& text);
+    void AddPlace(std::string_view line);
+    void AddGroups();
     void AddHeldBack();
     void AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code);
     void AddColoured(std::string_view sequence, std::string_view text);
@@ -60,8 +71,10 @@ private:
     ReportStyle m_style;
     std::string m_out;
     std::size_t m_messages = 0;
+    MessageGroups m_groups;
     bool m_changed = false;
     std::vector<std::pair<std::string, ExitCode>> m_doubts;
+    bool m_skipped = false;
     ExitCode m_code = ExitCode::Drawn;
 };
 

@@ -2,12 +2,20 @@
 
 #include "cli/report/Printable.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace plexorn {
 
 namespace {
+
+// More of them are as good as none to people; programs have them all.
+constexpr std::size_t kMostTypes = 20;
 
 std::string Counted(std::uint64_t number, std::string_view singular, std::string_view plural)
 {
@@ -27,14 +35,32 @@ std::string ShareText(const Share& share)
            std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %)";
 }
 
+std::string MissingTypes(const Share& share)
+{
+    std::vector<std::pair<std::string, std::uint64_t>> types(share.missing.begin(), share.missing.end());
+    std::stable_sort(types.begin(), types.end(),
+                     [](const auto& a, const auto& b) { return a.second > b.second; });
+    std::string text;
+    std::uint64_t further = 0;
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        const auto& [type, count] = types[i];
+        if (i < kMostTypes)
+            text.append(text.empty() ? "" : ", ")
+                .append(std::to_string(count))
+                .append(" ")
+                .append(Printable(type));
+        else
+            further += count;
+    }
+    if (further > 0)
+        text.append(", ").append(std::to_string(further)).append(" of ");
+    return further > 0 ? text + Counted(types.size() - kMostTypes, "other type", "other types") : text;
+}
+
 std::string MissingText(const Share& share)
 {
-    std::string missing, otherwise;
-    for (const auto& [type, count] : share.missing)
-        missing.append(missing.empty() ? "; missing: " : ", ")
-            .append(std::to_string(count))
-            .append(" ")
-            .append(Printable(type));
+    std::string otherwise;
+    const std::string missing = share.missing.empty() ? "" : "; missing: " + MissingTypes(share);
     for (std::size_t i = 0; i < kOtherwiseCount; ++i)
         if (share.otherwise[i] > 0)
             otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")

@@ -10,6 +10,8 @@ namespace plexorn {
 
 // "10 of 12 entities shown (83.3 %)". The percentage is rounded down: 100 stands for all alone.
 std::string ShareText(const Share& share);
+// "2 HATCH, 1 SPLINE": the types with the most entities that are missing, and how many more there are.
+std::string MissingTypes(const Share& share);
 // "; missing: 2 HATCH; shown otherwise: 1 text not turned", or an empty text.
 std::string MissingText(const Share& share);
 

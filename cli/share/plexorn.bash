@@ -17,7 +17,7 @@ _plexorn()
     elif [[ $previous == = ]]; then
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    local options='-o --output -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
+    local options='-o --output --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
         options='--json --texts --summary --files-from -0 --null -r --recursive -h --help'
     fi

@@ -1,7 +1,10 @@
 #include "cli/system/InterruptGuard.h"
 
+#include "cli/system/Native.h"
+
 #include <atomic>
 #include <csignal>
+#include <cstdio>
 #include <iterator>
 #include <mutex>
 
@@ -37,7 +40,26 @@ extern "C" void RememberSignal(int signal)
     std::signal(signal, RememberSignal);
 }
 
+// A terminal shows the keys that were pressed, or how far the drawings are.
+bool beginsOnNewLine = false;
+
+extern "C" void SayAndEnd(int signal)
+{
+    if (beginsOnNewLine)
+        PutOutNow("\n");
+    PutOutNow("plexorn: stopped before it was done\n");
+    EndBySignal(signal);
+}
+
 } // namespace
+
+void SayWhenStopped()
+{
+    beginsOnNewLine = IsTerminal(stderr);
+    for (const int signal : kSignals)
+        if (std::signal(signal, SayAndEnd) == SIG_IGN)
+            std::signal(signal, SIG_IGN);
+}
 
 InterruptGuard::InterruptGuard()
 {

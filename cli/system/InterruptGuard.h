@@ -17,4 +17,8 @@ public:
     static bool IsInterrupted();
 };
 
+// From now on the process says that it was stopped when Ctrl-C or a request to end ends it. To be called
+// before any InterruptGuard is made.
+void SayWhenStopped();
+
 } // namespace plexorn

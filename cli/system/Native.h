@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace plexorn {
 
@@ -18,6 +19,14 @@ std::string ArgumentFromPath(const std::filesystem::path& path);
 // A text that is the same for all names of a file that differ in their writing alone: relative or not,
 // through links, in small or capital letters where the system takes them for the same.
 std::string FileKey(const std::filesystem::path& path);
+
+// Whether the system's shells put names in place of patterns such as *.dxf.
+bool DoShellsExpandNames();
+
+// A text that is the same for all names of one file, hard links included; empty when there is no file.
+std::string FileIdentity(const std::filesystem::path& path);
+// The same for the file that stream is open on; empty when it is a terminal, a pipe or a device.
+std::string FileIdentity(std::FILE* stream);
 
 // Whether an argument ends as a folder's name does that need not exist.
 bool EndsAsFolder(const std::string& argument);
@@ -81,6 +90,11 @@ bool NamesOpenFile(const std::filesystem::path& path);
 
 // Whether what is written to stream is shown on a terminal that understands control sequences.
 bool IsTerminal(std::FILE* stream);
+
+// Writes text to the standard error stream at once; can be called by a handler of a signal.
+void PutOutNow(std::string_view text);
+// Ends the process as if signal had not been handled; can be called by its handler.
+void EndBySignal(int signal);
 
 // This process's number, no other running process has it.
 unsigned long ProcessNumber();

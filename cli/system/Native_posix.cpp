@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <string_view>
 #include <system_error>
@@ -23,6 +24,11 @@ void CopyAccess(int descriptor, const struct stat& model)
 {
     [[maybe_unused]] const int isOwnerKept = fchown(descriptor, model.st_uid, model.st_gid);
     [[maybe_unused]] const int isModeKept = fchmod(descriptor, model.st_mode & 0777);
+}
+
+std::string IdentityOf(const struct stat& status)
+{
+    return std::to_string(status.st_dev) + " " + std::to_string(status.st_ino);
 }
 
 } // namespace
@@ -42,6 +48,23 @@ std::string FileKey(const fs::path& path)
     std::error_code error;
     const fs::path canonical = fs::weakly_canonical(path, error);
     return (error ? path.lexically_normal() : canonical).native();
+}
+
+bool DoShellsExpandNames()
+{
+    return true;
+}
+
+std::string FileIdentity(const fs::path& path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? IdentityOf(status) : "";
+}
+
+std::string FileIdentity(std::FILE* stream)
+{
+    struct stat status = {};
+    return fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode) ? IdentityOf(status) : "";
 }
 
 bool EndsAsFolder(const std::string& argument)
@@ -149,6 +172,18 @@ bool NamesOpenFile(const fs::path& path)
     std::error_code error;
     const std::string folder = fs::weakly_canonical(path.parent_path(), error).native();
     return folder == "/dev" || folder == "/dev/fd" || folder.starts_with("/proc/");
+}
+
+void PutOutNow(std::string_view text)
+{
+    [[maybe_unused]] ssize_t size = write(STDERR_FILENO, text.data(), text.size());
+}
+
+void EndBySignal(int signal)
+{
+    // It waits until the handler returns, if it is called by one.
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
 }
 
 unsigned long ProcessNumber()

@@ -60,6 +60,15 @@ std::FILE* Open(const fs::path& path, int flags, const wchar_t* mode)
     return _wfdopen(descriptor, mode);
 }
 
+std::string IdentityOf(HANDLE file)
+{
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (GetFileType(file) != FILE_TYPE_DISK || !GetFileInformationByHandle(file, &information))
+        return "";
+    return std::to_string(information.dwVolumeSerialNumber) + " " +
+           std::to_string(information.nFileIndexHigh) + " " + std::to_string(information.nFileIndexLow);
+}
+
 } // namespace
 
 fs::path PathFromArgument(const std::string& argument)
@@ -79,6 +88,29 @@ std::string FileKey(const fs::path& path)
     std::wstring name = (error ? path.lexically_normal() : canonical).generic_wstring();
     CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
     return Utf8FromWide(name);
+}
+
+bool DoShellsExpandNames()
+{
+    return false;
+}
+
+std::string FileIdentity(const fs::path& path)
+{
+    // Without access it can be opened whoever has it open; with the flag, folders too.
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE file =
+        CreateFileW(path.c_str(), 0, kShared, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return "";
+    std::string identity = IdentityOf(file);
+    CloseHandle(file);
+    return identity;
+}
+
+std::string FileIdentity(std::FILE* stream)
+{
+    return IdentityOf(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))));
 }
 
 bool EndsAsFolder(const std::string& argument)
@@ -181,6 +213,20 @@ bool SyncToDisk(std::FILE* file)
 bool NamesOpenFile(const fs::path&)
 {
     return false;
+}
+
+void PutOutNow(std::string_view text)
+{
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written,
+              nullptr);
+}
+
+// The code with which the system itself ends a process at Ctrl-C.
+void EndBySignal(int)
+{
+    constexpr UINT kControlC = 0xC000013A;
+    TerminateProcess(GetCurrentProcess(), kControlC);
 }
 
 unsigned long ProcessNumber()

@@ -42,11 +42,11 @@ NEIGHBOURS = {
 # The rooms of cli/ that each one may include from, besides itself; "" are the files beside the rooms. What a room knows
 # of the project beyond src/base is in its second set.
 COMMAND_ROOMS = {
-    "": ({"draw", "info", "options"}, set()),
+    "": ({"draw", "info", "options", "system"}, set()),
     "draw": ({"contents", "files", "options", "report", "system"},
              {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "info": ({"contents", "files", "options", "report"}, set()),
-    "report": ({"contents", "options"}, {"svghost/SvgHost.h"}),
+    "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "files": ({"options", "system"}, set()),
     "options": ({"contents"}, set()),
     "contents": (set(), {"src/input/", TYPE_LIST}),

@@ -1,7 +1,7 @@
 """Files that cannot be read or written, names of every kind, and pictures whole or not at all."""
 import os
 
-from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, SOLID_MESSAGE
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, SOLID_TEXT
 
 NAMES = ("Grundriß.dxf", "план этажа.dxf", "図面.dxf", "café & 'co'.dxf", "\U0001F3E0.dxf", "a b.dxf", "100%.dxf")
 
@@ -63,7 +63,7 @@ class Files(CommandTest):
             self.write(f"{folder}/plan.dxf", DRAWING_WITH_MESSAGE)
             with self.subTest(folder=folder):
                 printed = self.expect(0, f"{folder}/plan.dxf", "-o", f"{folder}/{name}.svg")
-                self.assertIn(f"{folder}/plan.dxf:6: {SOLID_MESSAGE}\n", printed)
+                self.assertIn(f"{folder}/plan.dxf:6: {SOLID_TEXT}\n", printed)
                 self.assertEqual(sorted(os.listdir(self.path(folder))), sorted(["plan.dxf", f"{name}.svg"]))
 
     def test_line_ends_do_not_show_in_the_picture(self):

@@ -21,7 +21,8 @@ class Json(CommandTest):
                                  "sizing": "the drawing states no unit", "findings": {}, "skipped": {},
                                  "share": {"entities": 2, "shown": 1, "percent": 50, "missing": {"SOLID": 1},
                                            "otherwise": {}}, "holes": None, "blank": False,
-                                 "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0})
+                                 "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0,
+                                 "replacedOther": False})
 
     def test_a_file_without_an_end_is_told(self):
         self.write("plan.dxf", entities()[:-len("  0\nEOF\n")])
@@ -33,6 +34,18 @@ class Json(CommandTest):
         part = ("100", "AcDbDimension")
         self.write("plan.dxf", entities("0", "DIMENSION", *part, *part))
         self.assertIsNone(self.objects(6, "plan.dxf")[0]["line"])
+
+    def test_every_message_is_an_object(self):
+        self.write("plan.dxf", entities(*("0", "SOLID") * 50, *LINE))
+        self.assertEqual([message["line"] for message in self.objects(0, "plan.dxf")[:-1]], list(range(6, 106, 2)))
+
+    def test_a_drawing_that_is_skipped_is_an_object(self):
+        self.write("plan.dxf")
+        self.write("plan.svg", b"mine")
+        self.assertEqual(self.objects(0, "--no-clobber", "plan.dxf"),
+                         [{"type": "skipped", "file": "plan.dxf", "picture": "plan.svg", "text": "exists"}])
+        self.assertIs(self.objects(0, "plan.dxf")[-1]["replacedOther"], True)
+        self.assertIs(self.objects(0, "plan.dxf")[-1]["replacedOther"], False)
 
     def test_texts_of_every_kind_stay_json(self):
         for name in ('A"\\\x1b\t', "Tür", "\u2028"):
@@ -50,7 +63,7 @@ class Json(CommandTest):
         self.assertEqual(c["findings"], {"insertsOfMissingBlocks": 1})
         self.assertEqual(c["skipped"], {"HATCH": 1})
         self.assertGreaterEqual(total.pop("milliseconds"), 0)
-        self.assertEqual(total, {"type": "total", "drawn": 2, "blank": 1, "failed": 1, "messages": 0})
+        self.assertEqual(total, {"type": "total", "drawn": 2, "blank": 1, "skipped": 0, "failed": 1, "messages": 0})
 
     def test_names_of_every_kind(self):
         self.write("план 'ß'.dxf")
@@ -60,7 +73,7 @@ class Json(CommandTest):
 class MaxMessages(CommandTest):
     def test_the_rest_is_counted(self):
         self.write("plan.dxf", entities(*LINE, *("0", "SOLID") * 1237))
-        lines = self.expect(0, "--max-messages", "3", "plan.dxf").splitlines()
+        lines = self.expect(0, "--verbose", "--max-messages", "3", "plan.dxf").splitlines()
         self.assertEqual([line.split(":")[1] for line in lines[:3]], ["18", "20", "22"])
         self.assertEqual(lines[3], "plan.dxf: … and 1234 more")
         self.assertIn(", 1237 messages, ", lines[4])
@@ -69,7 +82,7 @@ class MaxMessages(CommandTest):
     def test_each_drawing_has_its_own_share(self):
         for name in ("a.dxf", "b.dxf"):
             self.write(name, entities(*LINE, *("0", "SOLID") * 5))
-        printed = self.expect(0, "--max-messages=2", "a.dxf", "b.dxf")
+        printed = self.expect(0, "--verbose", "--max-messages=2", "a.dxf", "b.dxf")
         self.assertIn("a.dxf: … and 3 more\n", printed)
         self.assertIn("b.dxf: … and 3 more\n", printed)
         self.assertIn("2 drawn, 0 failed, 10 messages", printed)

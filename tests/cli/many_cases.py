@@ -2,7 +2,7 @@
 import os
 import re
 
-from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, entities
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_TEXT, entities
 
 DRAWN = re.compile(r"^(.+): (\d+) elements? drawn to (.+?), [^,]*, (\d+) messages?, \d+ ms, ")
 
@@ -211,7 +211,8 @@ class Answers(Many):
         printed = [without_times(self.expect(5, "in", "-j", str(jobs), "-o", "out/")) for jobs in (1, 2, 8)]
         self.assertEqual(printed[0], printed[1])
         self.assertEqual(printed[0], printed[2])
-        self.assertEqual(printed[0].count(SOLID_MESSAGE), 20)
+        self.assertEqual(printed[0].count(f":6: {SOLID_TEXT}\n"), 20)
+        self.assertIn(f"in/00.dxf:{12 * 20_000 + 6}: {SOLID_TEXT} (2000 times)\n", printed[0])
 
     def test_pictures_do_not_depend_on_the_number_at_a_time(self):
         for number in range(8):
@@ -276,4 +277,4 @@ class Streams(Many):
 
     def test_messages_about_the_standard_input_have_their_lines(self):
         printed = self.expect(0, "-", "-o", "plan.svg", stdin=None, input=DRAWING_WITH_MESSAGE)
-        self.assertIn(f"<stdin>:6: {SOLID_MESSAGE}\n", printed)
+        self.assertIn(f"<stdin>:6: {SOLID_TEXT}\n", printed)

@@ -1,22 +1,24 @@
 """What is printed about a drawing."""
 import re
 
-from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_TEXT, dxf, entities
 
 SUMMARY = re.compile(r"^plan\.dxf: (\d+) elements? drawn to plan\.svg, [^,]*, (\d+) messages?, \d+ ms, "
                      r"size in pixels \(the drawing states no unit\)(.*)$")
 
 
-class Messages(CommandTest):
-    def messages(self, content, code=0):
+class Printed(CommandTest):
+    def messages(self, content, *options, code=0):
         """Draws content; the lines printed before the closing one, and the closing one's parts."""
         self.write("plan.dxf", content)
-        *lines, last = self.expect(code, "plan.dxf").splitlines()
+        *lines, last = self.expect(code, "plan.dxf", *options).splitlines()
         self.assertRegex(last, SUMMARY)
         if code == 6:
             self.assertIn("nothing of it is visible", lines.pop())
         return lines, SUMMARY.match(last).groups()
 
+
+class Messages(Printed):
     def test_nothing_goes_to_the_standard_output(self):
         self.write("plan.dxf", DRAWING_WITH_MESSAGE)
         self.assertEqual(self.plexorn("plan.dxf").stdout, "")
@@ -26,21 +28,21 @@ class Messages(CommandTest):
 
     def test_a_line_number_in_parentheses(self):
         lines, summary = self.messages(DRAWING_WITH_MESSAGE)
-        self.assertEqual(lines, [f"plan.dxf:6: {SOLID_MESSAGE}"])
+        self.assertEqual(lines, [f"plan.dxf:6: {SOLID_TEXT}"])
         self.assertEqual(summary, ("1", "1", "; missing: 1 SOLID"))
 
     def test_a_line_number_in_parentheses_after_the_word(self):
         lines, _ = self.messages(dxf("0", "SECTION", "2", "HOUSES", "0", "ENDSEC", "0", "EOF"))
-        self.assertEqual(lines, ["plan.dxf:4: HOUSES - Unknown Section Name Line (4)"])
+        self.assertEqual(lines, ["plan.dxf:4: HOUSES - Unknown Section Name"])
 
     def test_a_line_number_after_a_colon(self):
         lines, _ = self.messages(entities("0", "LINE", "abc", "0", "LINE"))
-        self.assertEqual(lines[:2], ["plan.dxf:7: ReadENTITIES_LINE Failed to read integer from 'abc', Line:7",
-                                     "plan.dxf:7: ReadENTITIES_LINE() Failed to read line, Line:7"])
+        self.assertEqual(lines[:2], ["plan.dxf:7: ReadENTITIES_LINE Failed to read integer from 'abc'",
+                                     "plan.dxf:7: ReadENTITIES_LINE() Failed to read line"])
 
     def test_a_number_that_is_part_of_a_name_is_no_line_number(self):
         lines, _ = self.messages(entities("0", "WALL (3)", *LINE))
-        self.assertEqual(lines, ["plan.dxf:6: WALL (3) - Unknown Object Type Name (6)"])
+        self.assertEqual(lines, ["plan.dxf:6: WALL (3) - Unknown Object Type Name"])
 
     def test_a_message_without_a_line(self):
         part = ("100", "AcDbDimension")
@@ -49,7 +51,7 @@ class Messages(CommandTest):
 
     def test_control_characters_of_the_file_do_not_reach_the_terminal(self):
         lines, _ = self.messages(entities("0", "A\x1b[2JB\x7f", *LINE))
-        self.assertEqual(lines, [r"plan.dxf:6: A\x1B[2JB\x7F - Unknown Object Type Name (6)"])
+        self.assertEqual(lines, [r"plan.dxf:6: A\x1B[2JB\x7F - Unknown Object Type Name"])
 
     def test_what_the_host_met_stands_in_the_closing_line(self):
         _, (_, _, findings) = self.messages(entities("0", "INSERT", "2", "NOWHERE", "0", "INSERT", "2", "NOWHERE"), code=6)
@@ -96,7 +98,73 @@ class Messages(CommandTest):
     def test_a_hundred_thousand_messages(self):
         count = 100_000
         self.write("plan.dxf", entities(*LINE, *("0", "SOLID") * count))
-        lines = self.expect(0, "plan.dxf").splitlines()
+        lines = self.expect(0, "--verbose", "plan.dxf").splitlines()
         self.assertEqual(len(lines), count + 1)
-        last = len(LINE) + 2 * count + 4
-        self.assertEqual(lines[-2], f"plan.dxf:{last}: SOLID - Unknown Object Type Name ({last})")
+        self.assertEqual(lines[-2], f"plan.dxf:{len(LINE) + 2 * count + 4}: {SOLID_TEXT}")
+
+
+class Groups(Printed):
+    """Messages that say the same are one line."""
+
+    @staticmethod
+    def circles(*pairs):
+        """Each of these codes and values in a circle of its own, which knows none of them."""
+        return entities(*(text for code, value in pairs
+                          for text in ("0", "CIRCLE", "100", "AcDbCircle", code, value)), *LINE)
+
+    def test_the_same_message_is_one_line_with_the_line_of_the_first_and_the_number(self):
+        lines, (_, count, _) = self.messages(entities("0", "SOLID", *LINE, *("0", "SOLID") * 99))
+        self.assertEqual(lines, [f"plan.dxf:6: {SOLID_TEXT} (100 times)"])
+        self.assertEqual(count, "100")
+
+    def test_a_hundred_thousand_messages_are_one_line(self):
+        lines, (_, count, _) = self.messages(entities(*("0", "SOLID") * 100_000, *LINE))
+        self.assertEqual((len(lines), count), (1, "100000"))
+
+    def test_types_are_told_apart_and_stand_in_the_order_of_the_drawing(self):
+        lines, _ = self.messages(entities(*("0", "SOLID", "0", "WALL") * 3, *LINE))
+        self.assertEqual(lines, [f"plan.dxf:6: {SOLID_TEXT} (3 times)",
+                                 "plan.dxf:8: WALL - Unknown Object Type Name (3 times)"])
+
+    def test_values_of_a_group_code_do_not_tell_messages_apart(self):
+        lines, _ = self.messages(self.circles(("71", "1"), ("71", "2"), ("72", "5"), ("72", "5"), ("73", "x")))
+        prefix = "ReadENTITIES_COMMON Unknown Dimension type AcDbCircle"
+        self.assertEqual([line.split(": ", 1)[1] for line in lines],
+                         [f"{prefix} ('71' = '…') (2 times)", f"{prefix} ('72' = '5') (2 times)",
+                          f"{prefix} ('73' = 'x')"])
+
+    def test_what_is_no_group_code_does_not_tell_messages_apart(self):
+        lines, _ = self.messages(entities("0", "SOLID", "abc", "1", "0", "SOLID", "it's", "1", *LINE))
+        self.assertIn("plan.dxf:7: Read_UNKNOWN() Failed to read integer from '…' (2 times)", lines)
+
+    def test_verbose_prints_every_message(self):
+        lines, _ = self.messages(self.circles(("71", "1"), ("71", "2")), "--verbose")
+        prefix = "ReadENTITIES_COMMON Unknown Dimension type AcDbCircle"
+        self.assertEqual(lines, [f"plan.dxf:10: {prefix} ('71' = '1')", f"plan.dxf:16: {prefix} ('71' = '2')"])
+
+    def test_a_long_text_is_cut_between_characters_unless_verbose(self):
+        name = "Ä" * 400
+        [line], _ = self.messages(entities("0", name, *LINE))
+        self.assertRegex(line, r"^plan\.dxf:6: Ä{100,200}…$")
+        [line], _ = self.messages(entities("0", name, *LINE), "--verbose")
+        self.assertEqual(line, f"plan.dxf:6: {name} - Unknown Object Type Name")
+
+    def test_no_drawing_brings_more_lines_than_some_hundred(self):
+        types = (text for number in range(700) for text in ("0", f"T{number}") * 2)
+        lines, (_, count, _) = self.messages(entities(*types, *LINE))
+        self.assertEqual(count, "1400")
+        self.assertEqual(len(lines), 301)
+        self.assertEqual(lines[299], "plan.dxf:1202: T299 - Unknown Object Type Name (2 times)")
+        self.assertEqual(lines[300], "plan.dxf: … and 800 more messages of 400 kinds")
+
+    def test_kinds_beyond_counting(self):
+        lines, _ = self.messages(entities(*(text for number in range(12_000) for text in ("0", f"T{number}")), *LINE))
+        self.assertEqual(lines[-1], "plan.dxf: … and 11700 more messages of 10000 kinds or more")
+
+    def test_max_messages_counts_lines(self):
+        content = entities(*("0", "SOLID", "0", "WALL", "0", "ROOF") * 3, "0", "DOOR", *LINE)
+        lines, _ = self.messages(content, "--max-messages", "3")
+        self.assertEqual(lines[2:], ["plan.dxf:10: ROOF - Unknown Object Type Name (3 times)",
+                                     "plan.dxf: … and 1 more message of 1 kind"])
+        lines, _ = self.messages(content, "--max-messages", "0")
+        self.assertEqual(lines, ["plan.dxf: … and 10 more messages of 4 kinds"])

@@ -1,4 +1,5 @@
 """The command line: options, defaults, wrong usage."""
+import os
 import xml.etree.ElementTree as ElementTree
 
 import command_support
@@ -12,8 +13,21 @@ class Options(CommandTest):
         for text in ("plexorn [OPTIONS] FILE...", "plexorn info", "-o,--output", "--background", "#1e1e1e", "--quiet", "--version",
                      "0 drawn", "1 drawn, but not all of a drawing is shown as it should be", "2 wrong usage", "3 the file cannot be read",
                      "4 the file is not an ASCII DXF", "5 of several drawings, at least one failed",
-                     "6 drawn, but nothing is visible"):
+                     "6 drawn, but nothing is visible",
+                     "Limits and faults:", "100,000 for each drawing", "CONTRIBUTING.md"):
             self.assertIn(text, " ".join(result.stdout.split()))
+
+    def test_help_has_three_examples_that_run(self):
+        for command in ([], ["info"]):
+            listed = self.plexorn(*command, "--help").stdout.split("\nExamples:\n")[1].split("\n\n")[0]
+            examples = [line.split("  ")[1] for line in listed.splitlines() if line.startswith("  plexorn ")]
+            self.assertEqual(len(examples), 3, listed)
+            os.makedirs(self.path("in"), exist_ok=True)
+            for name in ("plan.dxf", "a.dxf", "in/b.dxf"):
+                self.write(name)
+            for example in examples:
+                self.assertEqual(self.expect(0, "-q", *example.split()[1:]) if "info" not in example else
+                                 self.expect(0, *example.split()[1:]), "", example)
 
     def test_version(self):
         result = self.plexorn("--version")

@@ -117,6 +117,14 @@ class Shares(OutcomeTest):
         self.write("plan.dxf")
         self.assertIn(", 1 entity shown, ", self.expect(0, "plan.dxf"))
 
+    def test_of_many_types_the_most_frequent_are_named(self):
+        types = (text for number in range(30) for text in ("0", f"T{number:02}") * (number + 1))
+        self.write("plan.dxf", entities(*LINE, *types))
+        named = ", ".join(f"{number + 1} T{number:02}" for number in range(29, 9, -1))
+        self.assertIn(f"; missing: {named}, 55 of 10 other types\n", self.expect(0, "--max-messages=0", "plan.dxf"))
+        self.assertEqual(len(self.share(entities(*LINE, *("0", "A", "0", "B") * 20, *(
+            text for number in range(30) for text in ("0", f"T{number}"))))["missing"]), 32)
+
     def test_the_share_is_rounded_down(self):
         self.write("plan.dxf", entities(*LINE * 2999, *HATCH))
         self.assertIn(", 2999 of 3000 entities shown (99.9 %), ", self.expect(0, "plan.dxf"))

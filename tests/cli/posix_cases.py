@@ -256,14 +256,14 @@ class Descriptors(CommandTest):
 class Interruption(CommandTest):
     COUNT = 200_000
 
-    def interrupted(self, number, names, *arguments):
+    def interrupted(self, number, names, *arguments, **options):
         """Draws big drawings into the folder out, where there are files already, and sends the signal when a new one is
         there; the exit code. Does so with bigger ones again when the command was through before the signal came."""
         already = {name: self.read("out/" + name) for name in os.listdir(self.path("out"))}
         for doublings in range(6):
             for name in names:
                 self.write(name, entities(*LINE * (self.COUNT << doublings)))
-            process = subprocess.Popen([command_support.COMMAND, "-q", *arguments], cwd=self.folder,
+            process = subprocess.Popen([command_support.COMMAND, "-q", *arguments], cwd=self.folder, **options,
                                        preexec_fn=lambda: signal.signal(number, signal.SIG_DFL))
             while process.poll() is None and len(os.listdir(self.path("out"))) == len(already):
                 time.sleep(0.001)
@@ -291,6 +291,31 @@ class Interruption(CommandTest):
                 self.assertEqual(code, -number)
                 self.assertEqual(os.listdir(self.path("out")), ["plan.svg"])
                 self.assertEqual(self.read("out/plan.svg"), "old")
+
+    def stopped(self, number):
+        """What a command that waits for its drawing says when it is sent that signal."""
+        process = subprocess.Popen([command_support.COMMAND, "-q", "-", "-o", "plan.svg"], cwd=self.folder,
+                                   stdin=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   preexec_fn=lambda: signal.signal(number, signal.SIG_DFL))
+        process.stdin.write(DRAWING)
+        process.stdin.flush()
+        while process.poll() is None and self.bytes_in_pipe(process.stdin):
+            time.sleep(0.001)
+        process.send_signal(number)
+        _, printed = process.communicate(timeout=300)
+        self.assertEqual(process.returncode, -number)
+        return printed.decode()
+
+    def test_it_says_that_it_stopped(self):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            self.assertEqual(self.stopped(number), "plexorn: stopped before it was done\n")
+
+    def test_it_says_so_while_a_picture_is_written(self):
+        os.mkdir(self.path("out"))
+        with open(self.path("printed"), "wb") as printed:
+            code = self.interrupted(signal.SIGINT, ["plan.dxf"], "plan.dxf", "-o", "out/plan.svg", stderr=printed)
+        self.assertEqual(code, -signal.SIGINT)
+        self.assertEqual(self.read("printed"), "plexorn: stopped before it was done\n")
 
     def test_a_signal_that_is_ignored_stays_ignored(self):
         self.write("plan.dxf", entities(*LINE * self.COUNT))
@@ -349,7 +374,7 @@ class Terminal(CommandTest):
 
     def test_colours_stand_on_a_terminal_only(self):
         self.write("plan.dxf", DRAWING_WITH_MESSAGE)
-        self.assertIn("\x1b[1mplan.dxf:6:\x1b[0m ", self.on_terminal("plan.dxf", NO_COLOR=""))
+        self.assertIn("\x1b[1mplan.dxf:6:\x1b[0m SOLID", self.on_terminal("plan.dxf", NO_COLOR=""))
         self.assertIn("\x1b[31mcannot be read", self.on_terminal("none.dxf", NO_COLOR=""))
         self.assertNotIn("\x1b", self.expect(0, "plan.dxf"))
 

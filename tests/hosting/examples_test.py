@@ -26,7 +26,7 @@ class BuiltHere(ExamplePrograms, unittest.TestCase):
             with self.subTest(drawing=drawing), tempfile.TemporaryDirectory() as folder:
                 picture = os.path.join(folder, "picture.svg")
                 code, _, messages = run_text(*ARGS.emulator, ARGS.command, drawing, "-o", picture, "--background",
-                                             "none", "--units", "none")
+                                             "none", "--units", "none", "--as-is")
                 self.assertEqual(code, 0, messages)
                 with open(picture, encoding="utf-8") as file:
                     self.assertEqual(run_text(*self.minimal_host, drawing)[1], file.read())

@@ -125,3 +125,16 @@ TEST(Root, ADocumentWithoutPlacesHasAViewBoxThatIsMadeUpAndNoPhysicalSize)
     EXPECT_GT(asked.width, 0);
     EXPECT_EQ(Written(document, 25.4), Written(document, 0));
 }
+
+TEST(Root, NamesWhatMadeItWhenAsked)
+{
+    HostDocument document;
+    ThinLine(document);
+    SvgHostWriteOptions options{};
+    EXPECT_EQ(document.Write(options).find("data-generator"), std::string::npos);
+    const std::string unnamed = Inside(document.Write(options));
+    options.generator = "a \"program\" & more";
+    const std::string named = document.Write(options);
+    EXPECT_EQ(RootAttribute(named, "data-generator"), "a \"program\" & more");
+    EXPECT_EQ(Inside(named), unnamed);
+}

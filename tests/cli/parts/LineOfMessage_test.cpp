@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 using plexorn::LineOfMessage;
+using plexorn::WithoutLine;
 
 TEST(LineOfMessage, AfterAWord)
 {
@@ -37,4 +38,15 @@ TEST(LineOfMessage, OnlyAtTheEndAndWholeInItsForm)
     EXPECT_EQ(LineOfMessage("Line 7"), "");
     EXPECT_EQ(LineOfMessage("name(7)"), "");
     EXPECT_EQ(LineOfMessage("from 'Line:3', Line:7"), "7");
+}
+
+TEST(LineOfMessage, TheTextWithoutIt)
+{
+    EXPECT_EQ(WithoutLine("Failed to read integer from 'x', Line:7"), "Failed to read integer from 'x'");
+    EXPECT_EQ(WithoutLine("Failed to read integer from 'x' Line:7"), "Failed to read integer from 'x'");
+    EXPECT_EQ(WithoutLine("WALLS - Unknown Section Name Line (4)"), "WALLS - Unknown Section Name");
+    EXPECT_EQ(WithoutLine("SOLID - Unknown Object Type Name (6)"), "SOLID - Unknown Object Type Name");
+    EXPECT_EQ(WithoutLine("AcDbDimension data duplicated."), "AcDbDimension data duplicated.");
+    EXPECT_EQ(WithoutLine("Line:7"), "");
+    EXPECT_EQ(WithoutLine(""), "");
 }

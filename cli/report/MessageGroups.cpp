@@ -1,0 +1,77 @@
+#include "cli/report/MessageGroups.h"
+
+#include "cli/report/LineOfMessage.h"
+#include "host/ReportKinds.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace plexorn {
+
+namespace {
+
+constexpr std::size_t kMostBytes = 240;
+constexpr std::string_view kEllipsis = "…";
+
+std::string Shortened(std::string_view text)
+{
+    if (text.size() <= kMostBytes)
+        return std::string(text);
+    std::size_t end = kMostBytes;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end;
+    return std::string(text.substr(0, end)).append(kEllipsis);
+}
+
+// Where a message of that kind quotes a value of the file; past its end when it quotes none. Names, such as
+// those of entity types and subclasses, are no values: each is a message of its own.
+std::size_t BeginOfValue(int kind, std::string_view text)
+{
+    if (kind == DXF_ERROR_INTEGER || kind == DXF_ERROR_DSTYLE)
+        return std::min(text.find('\''), text.size());
+    // The group code is quoted first: ('43' = '0.5').
+    constexpr std::string_view kBeforeValue = "' = ";
+    const std::size_t before = kind == DXF_ERROR_GROUP_CODE ? text.find(kBeforeValue) : text.npos;
+    return before == text.npos ? text.size() : before + kBeforeValue.size();
+}
+
+std::string WithoutValue(int kind, std::string_view text)
+{
+    const std::size_t begin = BeginOfValue(kind, text);
+    if (begin == text.size())
+        return Shortened(text);
+    std::string general(text.substr(0, begin));
+    general.append("'").append(kEllipsis).append(text.ends_with(')') ? "')" : "'");
+    return Shortened(general);
+}
+
+} // namespace
+
+MessageGroups::MessageGroups(std::size_t most) : m_most(std::min(most, kMostGroups)) {}
+
+void MessageGroups::Add(int kind, std::string_view text)
+{
+    const std::string_view plain = WithoutLine(text);
+    Key key(kind, WithoutValue(kind, plain));
+    const auto known = m_indices.find(key);
+    if (known != m_indices.end()) {
+        MessageGroup& group = m_groups[known->second];
+        ++group.count;
+        if (group.text != key.second && group.text != Shortened(plain))
+            group.text = key.second;
+    } else if (m_groups.size() < m_most) {
+        m_groups.push_back({std::string(LineOfMessage(text)), Shortened(plain), 1});
+        m_indices.emplace(std::move(key), m_groups.size() - 1);
+    } else {
+        AddFurther(key);
+    }
+}
+
+void MessageGroups::AddFurther(const Key& key)
+{
+    ++m_further;
+    if (m_furtherKinds.size() < kMostCountedKinds)
+        m_furtherKinds.insert(std::hash<std::string>()(key.second) + static_cast<std::size_t>(key.first));
+}
+
+} // namespace plexorn
