@@ -1,5 +1,6 @@
 #include "prepare/plain/Converter.h"
 
+#include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
 
 #include <algorithm>
@@ -187,14 +188,28 @@ void Converter::PlaceAttributes(const Insert& insert, const Context& context)
 void Converter::PlaceDimension(const Dimension& dimension, const Context& context, const Style& style)
 {
     const Block* const block = m_drawing.FindBlock(dimension.block);
-    if (block == nullptr || block->entities.empty())
-        return m_report.Add(Finding::NotShown, m_drawing.names.Text(dimension.typeName),
-                            "it has no picture block", dimension.line);
+    if (m_options.redrawsDimensions || block == nullptr || block->entities.empty())
+        return RedrawDimension(dimension, context, style);
     if (!MayEnter(*block, dimension.line))
         return;
     const Matrix place = context.matrix * FromObject(dimension.extrusion) * Moved(dimension.insertion);
     const Matrix matrix = dimension.insertion == Point3{} ? context.matrix : place;
     DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink});
+}
+
+void Converter::RedrawDimension(const Dimension& dimension, const Context& context, const Style& style)
+{
+    const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
+        return m_styles->OfPart(part, style);
+    };
+    const BlockPlacer placeBlock = [&](const Block& block, const Matrix& matrix, const Style& ofPart) {
+        if (TakePlace(dimension.line))
+            UseBlock(block, matrix, context, ofPart, dimension.line);
+    };
+    DrawDimension(dimension,
+                  {m_drawing, context.matrix, style, m_settings.tolerance, m_settings.reach,
+                   m_settings.pointSize, context.sink, m_report},
+                  styleOf, placeBlock);
 }
 
 void Converter::PlaceTable(const Table& table, const Context& context, const Style& style)

@@ -68,6 +68,7 @@ private:
     void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
     void PlaceAttributes(const Insert& insert, const Context& context);
     void PlaceDimension(const Dimension& dimension, const Context& context, const Style& style);
+    void RedrawDimension(const Dimension& dimension, const Context& context, const Style& style);
     void PlaceTable(const Table& table, const Context& context, const Style& style);
     void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,

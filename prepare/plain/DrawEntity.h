@@ -14,6 +14,7 @@ struct StyleOfPart {
     std::int32_t trueColour = kNoTrueColour;
     NameId lineType = kNoName;
     NameId layer = kNoName;
+    std::int32_t weight = kWeightByBlock; // as 370 would be: by block is the whole entity's
 };
 
 // Resolves the style of a part; given by who places the entity.

@@ -53,6 +53,7 @@ Style StyleResolver::OfPart(const StyleOfPart& part, const Style& entity) const
     style.colour = ColourOf(part.colour, part.trueColour, style.layer, entity.colour);
     if (part.lineType != kNoName)
         style.lineType = LineTypeOf(part.lineType, style.layer, entity.lineType);
+    style.weight = WeightOf(part.weight, style.layer, entity.weight);
     return style;
 }
 

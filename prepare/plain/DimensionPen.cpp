@@ -1,0 +1,267 @@
+#include "prepare/plain/DimensionPen.h"
+
+#include "prepare/plain/DrawMText.h"
+#include "prepare/plain/MTextLines.h"
+#include "prepare/plain/TextStyles.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace prepare {
+
+namespace {
+
+constexpr std::int32_t kPlacedByUser = 128; // of a dimension's kind
+
+// From base line to base line, in heights of the text.
+constexpr double kLineDistance = 5.0 / 3;
+
+Point2 Direction(double angle)
+{
+    return {std::cos(angle), std::sin(angle)};
+}
+
+// Narrows a passage to where start + t * step lies between -half and half.
+void Narrow(Passage& passage, double start, double step, double half)
+{
+    if (step == 0) {
+        if (std::fabs(start) >= half)
+            passage.to = passage.from;
+        return;
+    }
+    const double a = (-half - start) / step, b = (half - start) / step;
+    passage.from = std::max(passage.from, std::min(a, b));
+    passage.to = std::min(passage.to, std::max(a, b));
+}
+
+bool IsInside(const DimensionLabel& label, double gap, Point2 point)
+{
+    const Point2 from = point - label.centre;
+    return std::fabs(Dot(from, label.along)) < label.width / 2 + gap &&
+           std::fabs(Dot(from, label.Up())) < label.height / 2 + gap;
+}
+
+// Angles at which a circle crosses the line at that distance from the label's centre, seen along normal.
+void AddCrossings(Point2 fromLabel, double radius, Point2 normal, double distance,
+                  std::vector<double>& angles)
+{
+    const double cosine = (distance - Dot(fromLabel, normal)) / radius;
+    if (!(std::fabs(cosine) < 1))
+        return;
+    const double middle = std::atan2(normal.y, normal.x), half = std::acos(cosine);
+    angles.push_back(middle - half);
+    angles.push_back(middle + half);
+}
+
+} // namespace
+
+double DimensionLabel::ReachAlong(Point2 direction) const
+{
+    return (std::fabs(Dot(direction, along)) * width + std::fabs(Dot(direction, Up())) * height) / 2;
+}
+
+Passage PassageThrough(const DimensionLabel& label, double gap, Point2 start, Point2 direction)
+{
+    Passage passage{-HUGE_VAL, HUGE_VAL};
+    const Point2 from = start - label.centre;
+    Narrow(passage, Dot(from, label.along), Dot(direction, label.along), label.width / 2 + gap);
+    Narrow(passage, Dot(from, label.Up()), Dot(direction, label.Up()), label.height / 2 + gap);
+    return passage;
+}
+
+DimensionPen::DimensionPen(const Dimension& dimension, const Placement& placement, const PartStyler& styleOf,
+                           const BlockPlacer& placeBlock)
+    : m_dimension(dimension), m_placement(placement), m_styleOf(styleOf), m_placeBlock(placeBlock),
+      m_pen(dimension, placement, styleOf),
+      m_style(DimensionStyleOf(placement.drawing, dimension.style, dimension.overrides)),
+      m_fromObject(FromObject(dimension.extrusion)),
+      m_horizontal(Direction(-dimension.horizontalDirection * kDegree))
+{
+    const double elevation = Dot(dimension.definition, m_fromObject.z);
+    m_toPlane = placement.matrix * m_fromObject * Moved({0, 0, elevation});
+}
+
+Point2 DimensionPen::Local(Point3 world) const
+{
+    return {Dot(world, m_fromObject.x), Dot(world, m_fromObject.y)};
+}
+
+// Straight up is readable, straight down is not, whatever files round off.
+Point2 DimensionPen::Readable(Point2 direction) const
+{
+    constexpr double kNearlyUpright = 1e-4;
+    const double x = Dot(direction, m_horizontal), y = Cross(m_horizontal, direction);
+    const bool isUpsideDown = x < -kNearlyUpright || (x <= kNearlyUpright && y < 0);
+    return isUpsideDown ? -1 * direction : direction;
+}
+
+// Programs that leave the place of the text to others write the origin.
+bool DimensionPen::HasTextPoint() const
+{
+    return (m_dimension.kind & kPlacedByUser) != 0 || !(TextPoint() == Point2{});
+}
+
+DimensionLabel DimensionPen::Label(std::string text) const
+{
+    DimensionLabel label;
+    if (text.empty() || !(m_style.textHeight > 0))
+        return label;
+    const TextStyle* const letters = m_placement.drawing.FindTextStyle(m_style.textStyle);
+    RunLook look;
+    look.height = m_style.textHeight;
+    look.widthFactor = WidthFactorOf(letters != nullptr ? letters->widthFactor : 1);
+    const std::string_view codePage = m_placement.drawing.header.Text("$DWGCODEPAGE");
+    const std::vector<TextLine> lines = BreakIntoLines(ReadMText(text, look, codePage), 0);
+    for (const TextLine& line : lines)
+        label.width = std::max(label.width, line.width);
+    if (!lines.empty())
+        label.height = look.height * (1 + kLineDistance * static_cast<double>(lines.size() - 1));
+    label.text = std::move(text);
+    return label;
+}
+
+Point2 DimensionPen::LabelDirection(bool isHorizontal, Point2 along) const
+{
+    if (m_dimension.textRotation != 0)
+        return Direction((m_dimension.textRotation - m_dimension.horizontalDirection) * kDegree);
+    return isHorizontal ? m_horizontal : Readable(along);
+}
+
+void DimensionPen::Use(std::int32_t colour, std::int32_t weight)
+{
+    m_part.colour = colour;
+    m_part.weight = weight;
+    m_pen.UseStyleOf(m_part);
+}
+
+void DimensionPen::Line(Point2 start, Point2 end)
+{
+    if (!(start == end))
+        m_pen.Line(m_toPlane.Flat({start.x, start.y, 0}), m_toPlane.Flat({end.x, end.y, 0}));
+}
+
+void DimensionPen::LineAround(const DimensionLabel& label, Point2 start, Point2 end)
+{
+    // A text above the line is one gap away from it: touching is not crossing.
+    constexpr double kNearly = 0.99;
+    Passage passage;
+    if (!label.IsEmpty())
+        passage = PassageThrough(label, kNearly * Gap(), start, end - start);
+    passage.from = std::max(passage.from, 0.0);
+    passage.to = std::min(passage.to, 1.0);
+    if (passage.IsEmpty())
+        return Line(start, end);
+    if (passage.from > 0)
+        Line(start, start + passage.from * (end - start));
+    if (passage.to < 1)
+        Line(start + passage.to * (end - start), end);
+}
+
+void DimensionPen::Arc(Point2 centre, double radius, double start, double sweep)
+{
+    EllipticArc arc;
+    arc.centre = m_toPlane.Flat({centre.x, centre.y, 0});
+    arc.u = m_toPlane.FlatDirection({radius, 0, 0});
+    arc.v = m_toPlane.FlatDirection({0, radius, 0});
+    arc.start = std::min(start, start + sweep);
+    arc.end = std::max(start, start + sweep);
+    m_pen.Arc(arc);
+}
+
+// The arc is cut where it crosses the sides of the label, and the pieces outside are drawn.
+void DimensionPen::ArcAround(const DimensionLabel& label, Point2 centre, double radius, double start,
+                             double sweep)
+{
+    constexpr double kNearly = 0.99;
+    if (label.IsEmpty() || !(radius > 0))
+        return Arc(centre, radius, start, sweep);
+    const double gap = kNearly * Gap();
+    std::vector<double> angles;
+    for (const double side : {-1.0, 1.0}) {
+        AddCrossings(centre - label.centre, radius, label.along, side * (label.width / 2 + gap), angles);
+        AddCrossings(centre - label.centre, radius, label.Up(), side * (label.height / 2 + gap), angles);
+    }
+    const double first = std::min(start, start + sweep), last = std::max(start, start + sweep);
+    for (double& angle : angles)
+        angle = first + Wrapped(angle - first);
+    angles.push_back(last);
+    std::sort(angles.begin(), angles.end());
+    double from = first, begin = first;
+    for (const double angle : angles) {
+        const double to = std::min(angle, last), middle = (from + to) / 2;
+        if (IsInside(label, gap, centre + radius * Direction(middle))) {
+            if (from > begin)
+                Arc(centre, radius, begin, from - begin);
+            begin = to;
+        }
+        from = to;
+    }
+    if (last > begin)
+        Arc(centre, radius, begin, last - begin);
+}
+
+void DimensionPen::Polyline(std::span<const Point2> points, bool isClosed)
+{
+    std::vector<Point2> there;
+    for (const Point2 point : points)
+        there.push_back(m_toPlane.Flat({point.x, point.y, 0}));
+    m_pen.Polyline(there, isClosed);
+}
+
+void DimensionPen::Fill(std::span<const Point2> points)
+{
+    std::vector<Point2> there;
+    for (const Point2 point : points)
+        there.push_back(m_toPlane.Flat({point.x, point.y, 0}));
+    m_pen.Fill(there);
+}
+
+void DimensionPen::Block(const prepare::Block& block, Point2 at, Point2 direction, double size)
+{
+    const Matrix turn{{direction.x, direction.y, 0}, {-direction.y, direction.x, 0}, {0, 0, 1}, {}};
+    const Matrix matrix =
+        m_toPlane * Moved({at.x, at.y, 0}) * turn * Scaled({size, size, size}) * Moved(-1 * block.base);
+    if (m_placeBlock)
+        m_placeBlock(block, matrix, m_styleOf(m_part));
+}
+
+void DimensionPen::Text(const DimensionLabel& label)
+{
+    constexpr std::int32_t kMiddleCentre = 5;
+    if (label.IsEmpty())
+        return;
+    if (!IsFinite(label.centre) || !IsFinite(label.along))
+        return m_pen.Lose();
+    MText text;
+    text.line = m_dimension.line;
+    text.typeName = m_dimension.typeName;
+    text.extrusion = m_dimension.extrusion;
+    const double elevation = Dot(m_dimension.definition, m_fromObject.z);
+    text.point = m_fromObject.Apply({label.centre.x, label.centre.y, elevation});
+    text.direction = m_fromObject.Direction({label.along.x, label.along.y, 0});
+    text.hasDirection = true;
+    text.height = m_style.textHeight;
+    text.attachment = kMiddleCentre;
+    text.style = m_style.textStyle;
+    text.text = label.text;
+    StyleOfPart part;
+    part.colour = m_style.textColour;
+    const Placement placement{m_placement.drawing,   m_placement.matrix, m_styleOf(part),
+                              m_placement.tolerance, m_placement.reach,  m_placement.pointSize,
+                              m_placement.sink,      m_placement.report};
+    DrawMText(text, placement, m_styleOf, m_pen.TypeName());
+    if (m_style.gap < 0)
+        Frame(label);
+}
+
+void DimensionPen::Frame(const DimensionLabel& label)
+{
+    const Point2 x = (label.width / 2 + Gap()) * label.along, y = (label.height / 2 + Gap()) * label.Up();
+    const std::array corners{label.centre - x - y, label.centre + x - y, label.centre + x + y,
+                             label.centre - x + y};
+    UseLine();
+    Polyline(corners, true);
+}
+
+} // namespace prepare
