@@ -144,7 +144,6 @@ char* PlainLog::Room(std::size_t size)
     Chunk& chunk = m_chunks.back();
     char* const place = chunk.bytes.get() + chunk.size;
     chunk.size += size;
-    ++m_count;
     return place;
 }
 

@@ -56,8 +56,7 @@ public:
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     void Replay(LogVisitor& visitor) const;
-    bool IsEmpty() const { return m_count == 0; }
-    std::uint64_t Count() const { return m_count; }
+    bool IsEmpty() const { return m_chunks.empty(); }
     // Around all points of its entities; of what is inserted, around the point alone.
     const Box& Reach() const { return m_reach; }
 
@@ -76,7 +75,6 @@ private:
     StyleTable& m_styles;
     std::vector<Chunk> m_chunks;
     Box m_reach;
-    std::uint64_t m_count = 0;
 };
 
 } // namespace prepare

@@ -58,7 +58,7 @@ void WriteAxes(PairWriter& pairs)
     pairs.Integer(76, 0);
 }
 
-void WriteLayout(PairWriter& pairs, bool isModel, const Box& extents)
+void WriteLayout(PairWriter& pairs, bool isModel, const Box& extents, int decimals)
 {
     pairs.Text(0, "LAYOUT");
     pairs.Handle(5, isModel ? kModelLayout : kPaperLayout);
@@ -75,9 +75,7 @@ void WriteLayout(PairWriter& pairs, bool isModel, const Box& extents)
     const bool hasExtents = isModel && !extents.IsEmpty();
     for (const auto& [code, point] : {std::pair(14, hasExtents ? extents.min : Point2{}),
                                       std::pair(15, hasExtents ? extents.max : Point2{})}) {
-        pairs.Real(code, point.x, kComputedDigits);
-        pairs.Real(code + 10, point.y, kComputedDigits);
-        pairs.Integer(code + 20, 0);
+        WritePoint3(pairs, code, point, DecimalsOfExtents(decimals));
     }
     pairs.Integer(146, 0);
     WriteAxes(pairs);
@@ -86,7 +84,7 @@ void WriteLayout(PairWriter& pairs, bool isModel, const Box& extents)
 
 } // namespace
 
-void WriteStandardObjects(PairWriter& pairs, const Box& extents)
+void WriteStandardObjects(PairWriter& pairs, const Box& extents, int decimals)
 {
     pairs.Text(0, "SECTION");
     pairs.Text(2, "OBJECTS");
@@ -105,8 +103,8 @@ void WriteStandardObjects(PairWriter& pairs, const Box& extents)
     pairs.Text(0, "ACDBPLACEHOLDER");
     pairs.Handle(5, kPlotStyle);
     pairs.Handle(330, kPlotStyleDictionary);
-    WriteLayout(pairs, true, extents);
-    WriteLayout(pairs, false, extents);
+    WriteLayout(pairs, true, extents, decimals);
+    WriteLayout(pairs, false, extents, decimals);
     pairs.Text(0, "ENDSEC");
 }
 

@@ -12,6 +12,8 @@ namespace {
 constexpr std::int32_t kWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
                                      53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 
+constexpr const char* kFixedLineTypes[] = {"ByBlock", "ByLayer", "Continuous"};
+
 void BeginTable(PairWriter& pairs, const char* name, std::uint64_t handle, std::size_t entries)
 {
     pairs.Text(0, "TABLE");
@@ -85,7 +87,7 @@ void WriteLineType(PairWriter& pairs, std::uint64_t handle, std::string_view nam
     }
 }
 
-void WriteViewport(PairWriter& pairs, const Box& extents)
+void WriteViewport(PairWriter& pairs, const Box& extents, int decimals)
 {
     const Point2 centre = extents.IsEmpty() ? Point2{} : 0.5 * (extents.min + extents.max);
     const double height = std::max(extents.Height(), extents.Width() / 2);
@@ -94,15 +96,14 @@ void WriteViewport(PairWriter& pairs, const Box& extents)
     pairs.Integer(70, 0);
     WritePoint2(pairs, 10, {0, 0}, 0);
     WritePoint2(pairs, 11, {1, 1}, 0);
-    pairs.Real(12, centre.x, kComputedDigits);
-    pairs.Real(22, centre.y, kComputedDigits);
+    WritePoint2(pairs, 12, centre, DecimalsOfExtents(decimals));
     WritePoint2(pairs, 13, {0, 0}, 0);
     WritePoint2(pairs, 14, {10, 10}, 0);
     WritePoint2(pairs, 15, {10, 10}, 0);
     WritePoint2(pairs, 16, {0, 0}, 0);
     pairs.Integer(36, 1); // from above
     WritePoint3(pairs, 17, {0, 0}, 0);
-    pairs.Real(40, height > 0 ? height : 1, kComputedDigits);
+    pairs.Fixed(40, height > 0 ? height : 1, DecimalsOfExtents(decimals));
     pairs.Integer(41, 2);
     pairs.Integer(42, 50);
     for (const int code : {43, 44, 50, 51, 71})
@@ -197,16 +198,22 @@ StandardTables::StandardTables(const Drawing& drawing, const StyleTable& styles,
     }
 }
 
-std::uint64_t StandardTables::MostHandles() const
+StandardTables::Entries StandardTables::TextStyles() const
 {
-    constexpr std::uint64_t kStandardEntries = 8; // the layer 0, three line types, a text style, and room
-    return m_layers.size() + m_lineTypes.size() + m_textStyles.size() + kStandardEntries;
+    std::map<NameId, std::string> all = m_textStyles;
+    all.emplace(m_drawing.names.Find("Standard"), "Standard");
+    return ByName(all);
+}
+
+std::uint64_t StandardTables::HandleCount() const
+{
+    return ByName(m_layers).size() + m_lineTypes.size() + std::size(kFixedLineTypes) + TextStyles().size();
 }
 
 void StandardTables::WriteLineTypes(PairWriter& pairs, std::uint64_t& handle) const
 {
-    BeginTable(pairs, "LTYPE", kLineTypeTable, m_lineTypes.size() + 3);
-    for (const char* const name : {"ByBlock", "ByLayer", "Continuous"})
+    BeginTable(pairs, "LTYPE", kLineTypeTable, m_lineTypes.size() + std::size(kFixedLineTypes));
+    for (const char* const name : kFixedLineTypes)
         WriteLineType(pairs, handle++, name, nullptr);
     for (const auto& [name, id] : ByName(m_lineTypes))
         WriteLineType(pairs, handle++, name, m_drawing.FindLineType(id));
@@ -235,9 +242,7 @@ void StandardTables::WriteLayers(PairWriter& pairs, std::uint64_t& handle) const
 
 void StandardTables::WriteTextStyles(PairWriter& pairs, std::uint64_t& handle) const
 {
-    std::map<NameId, std::string> all = m_textStyles;
-    all.emplace(m_drawing.names.Find("Standard"), "Standard");
-    const auto styles = ByName(all);
+    const Entries styles = TextStyles();
     BeginTable(pairs, "STYLE", kTextStyleTable, styles.size());
     for (const auto& [name, id] : styles) {
         const TextStyle* const style =
@@ -256,11 +261,11 @@ void StandardTables::WriteTextStyles(PairWriter& pairs, std::uint64_t& handle) c
 }
 
 void StandardTables::Write(PairWriter& pairs, const std::vector<StandardBlock>& blocks, const Box& extents,
-                           std::uint64_t& handle) const
+                           int decimals, std::uint64_t& handle) const
 {
     pairs.Text(0, "SECTION");
     pairs.Text(2, "TABLES");
-    WriteViewport(pairs, extents);
+    WriteViewport(pairs, extents, decimals);
     WriteLineTypes(pairs, handle);
     WriteLayers(pairs, handle);
     WriteTextStyles(pairs, handle);

@@ -63,14 +63,18 @@ public:
     const std::string& TextStyleName(NameId name) const { return m_textStyles.at(name); }
 
     // The TABLES section; handle is the next free one.
-    void Write(PairWriter& pairs, const std::vector<StandardBlock>& blocks, const Box& extents,
+    void Write(PairWriter& pairs, const std::vector<StandardBlock>& blocks, const Box& extents, int decimals,
                std::uint64_t& handle) const;
-    // More than the handles that Write takes.
-    std::uint64_t MostHandles() const;
+    // How many handles Write takes.
+    std::uint64_t HandleCount() const;
 
 private:
     void WriteLineTypes(PairWriter& pairs, std::uint64_t& handle) const;
     void WriteLayers(PairWriter& pairs, std::uint64_t& handle) const;
+    // Each name with what is defined under it, in the order of the names.
+    using Entries = std::vector<std::pair<std::string, NameId>>;
+    Entries TextStyles() const;
+
     void WriteTextStyles(PairWriter& pairs, std::uint64_t& handle) const;
 
     const Drawing& m_drawing;
@@ -80,13 +84,17 @@ private:
 };
 
 // The OBJECTS section: the dictionaries, and a layout for the model and one for an empty sheet.
-void WriteStandardObjects(PairWriter& pairs, const Box& extents);
+void WriteStandardObjects(PairWriter& pairs, const Box& extents, int decimals);
 
 // The weight (370) that is nearest among those that the format has.
 std::int32_t NearestWeight(std::int32_t weight);
 
-// What is computed of a drawing is the same in a second preparing to so many digits.
-inline constexpr int kComputedDigits = 9;
+// What is computed of the whole drawing has fewer decimals than its coordinates: it comes out the same in a
+// second preparing.
+constexpr int DecimalsOfExtents(int decimals)
+{
+    return decimals > 5 ? decimals - 5 : 0;
+}
 
 // A point in the plane; 2 and 3 are the coordinates that it has in the file.
 void WritePoint3(PairWriter& pairs, int code, Point2 point, int decimals);

@@ -14,15 +14,22 @@ class Collector final : public LogVisitor {
 public:
     explicit Collector(const std::deque<KeptBlock>& blocks) : isUsed(blocks.size()), m_blocks(blocks) {}
 
-    void Line(StyleId, Point2, Point2) override {}
-    void Circle(StyleId, Point2, double) override {}
-    void Arc(StyleId, Point2, double, double, double) override {}
-    void Ellipse(StyleId, Point2, Point2, double, double, double) override {}
-    void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
-    void Text(StyleId, const LoggedText& text) override { textStyles.insert(text.style); }
+    void Line(StyleId, Point2, Point2) override { ++count; }
+    void Circle(StyleId, Point2, double) override { ++count; }
+    void Arc(StyleId, Point2, double, double, double) override { ++count; }
+    void Ellipse(StyleId, Point2, Point2, double, double, double) override { ++count; }
+    void Polyline(StyleId, std::span<const PlainVertex>, bool) override { ++count; }
+    void Text(StyleId, const LoggedText& text) override
+    {
+        ++count;
+        textStyles.insert(text.style);
+    }
     void Insert(std::size_t block, Point2, double, bool) override
     {
-        if (isUsed[block] || m_blocks[block].log.IsEmpty())
+        if (m_blocks[block].log.IsEmpty())
+            return;
+        ++count;
+        if (isUsed[block])
             return;
         isUsed[block] = true;
         m_used.push_back(block);
@@ -37,6 +44,7 @@ public:
 
     std::vector<bool> isUsed;
     std::set<NameId> textStyles;
+    std::uint64_t count = 0; // of entities that will be written
 
 private:
     const std::deque<KeptBlock>& m_blocks;
@@ -123,9 +131,7 @@ void StandardWriter::WriteHeader(PairWriter& pairs, std::uint64_t handleSeed) co
         for (const auto& [name, point] :
              {std::pair("$EXTMIN", m_settings.extents.min), std::pair("$EXTMAX", m_settings.extents.max)}) {
             pairs.Text(9, name);
-            pairs.Real(10, point.x, kComputedDigits);
-            pairs.Real(20, point.y, kComputedDigits);
-            pairs.Integer(30, 0);
+            WritePoint3(pairs, 10, point, DecimalsOfExtents(DecimalsFor(m_settings.extents)));
         }
     pairs.Text(9, "$LTSCALE");
     pairs.Integer(40, 1);
@@ -149,25 +155,19 @@ bool StandardWriter::Finish(const ByteFunction& write)
     std::vector<StandardBlock> blocks = NamedBlocks(collector.isUsed);
     std::vector<std::string> names(m_blocks.size());
     std::uint64_t handle = kFirstFree;
-    std::uint64_t seed = kFirstFree + tables.MostHandles() + m_model.Count();
+    std::uint64_t seed = kFirstFree + tables.HandleCount() + collector.count;
     for (StandardBlock& block : blocks) {
         names[block.number] = block.name;
         block.record = handle++;
-        seed += 3 + m_blocks[block.number].log.Count(); // its record, begin and end
+        seed += 3; // its record, begin and end
     }
 
     PairWriter pairs(write);
-    const StandardOutput output{pairs,
-                                m_styles,
-                                styleTexts,
-                                tables,
-                                names,
-                                m_report,
-                                DecimalsFor(m_settings.extents),
-                                m_settings.tolerance,
-                                handle};
+    const int decimals = DecimalsFor(m_settings.extents);
+    const StandardOutput output{pairs,    m_styles, styleTexts,           tables, names,
+                                m_report, decimals, m_settings.tolerance, handle};
     WriteHeader(pairs, seed);
-    tables.Write(pairs, blocks, m_settings.extents, handle);
+    tables.Write(pairs, blocks, m_settings.extents, decimals, handle);
     BeginSection(pairs, "BLOCKS");
     WriteLayoutBlocks(pairs);
     for (const StandardBlock& block : blocks) {
@@ -181,7 +181,7 @@ bool StandardWriter::Finish(const ByteFunction& write)
     StandardEntities model(output, kModelRecord);
     m_model.Replay(model);
     pairs.Text(0, "ENDSEC");
-    WriteStandardObjects(pairs, m_settings.extents);
+    WriteStandardObjects(pairs, m_settings.extents, decimals);
     pairs.Text(0, "EOF");
     return pairs.Finish();
 }
