@@ -98,6 +98,9 @@ bool DrawFramed(const Entity& entity, Pen& pen)
     case EntityType::Ole2Frame:
         DrawOleFrame(static_cast<const OleFrame&>(entity), pen);
         return true;
+    case EntityType::Proxy:
+        DrawProxy(static_cast<const Proxy&>(entity), pen);
+        return true;
     case EntityType::Wipeout:
         pen.Report(Finding::NotShown, "what it covers is drawn");
         return true;

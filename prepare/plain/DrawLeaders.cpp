@@ -2,6 +2,7 @@
 #include "base/Numbers.h"
 #include "prepare/plain/Arrowheads.h"
 #include "prepare/plain/Geometry.h"
+#include "prepare/plain/PackedColour.h"
 
 #include <charconv>
 #include <string_view>
@@ -113,28 +114,6 @@ void DrawArrow(std::string_view name, const std::vector<Point3>& points, double 
     const Matrix& matrix = pen.Place().matrix;
     DrawArrowhead(name, matrix.Flat(points[0]), matrix.FlatDirection(points[1] - points[0]),
                   size * ScaleOf(matrix), pen);
-}
-
-// Colours of a MULTILEADER are packed: what kind, then the index or the red, green and blue.
-StyleOfPart UnpackColour(std::int32_t packed)
-{
-    const auto bits = static_cast<std::uint32_t>(packed);
-    StyleOfPart part;
-    part.colour = kByBlock;
-    switch (bits >> 24) {
-    case 0xC0:
-        part.colour = kByLayer;
-        break;
-    case 0xC2:
-        part.trueColour = static_cast<std::int32_t>(bits & 0xFFFFFF);
-        break;
-    case 0xC3:
-        part.colour = static_cast<std::int32_t>(bits & 0xFF);
-        break;
-    default:
-        break;
-    }
-    return part;
 }
 
 // The line from the arrow to the landing, and the dogleg after it.

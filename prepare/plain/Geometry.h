@@ -29,5 +29,6 @@ void DrawPoint(const PointEntity& point, Pen& pen);
 void DrawImage(const Image& image, Pen& pen);
 void DrawUnderlay(const Image& underlay, Pen& pen);
 void DrawOleFrame(const OleFrame& frame, Pen& pen);
+void DrawProxy(const Proxy& proxy, Pen& pen);
 
 } // namespace prepare

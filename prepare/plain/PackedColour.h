@@ -1,4 +1,5 @@
-// Colours of a MULTILEADER: four bytes in one number, the first of which says what the others are.
+// Colours of a MULTILEADER or in a proxy's picture: four bytes in one number, the first of which says what
+// the others are.
 #pragma once
 
 #include "prepare/plain/DrawEntity.h"
