@@ -11,33 +11,37 @@ Point3& PointOf(Dimension& dimension)
     return dimension.points[number];
 }
 
-// Where in the extended data a dimension is.
+// Where in the extended data a dimension or a leader is: there both override their style.
 enum XdataPhase : std::int32_t { kOther, kApplication, kStyle, kCode, kValue };
 
-void BeginApplication(RecordReader& reader, Dimension&, CDxfLine value)
+template <class Record>
+void BeginApplication(RecordReader& reader, Record&, CDxfLine value)
 {
     reader.phase = Trim(value) == "ACAD" ? kApplication : kOther;
 }
 
 // The overridden variable's code comes as a value of its own, before the value.
-void AddOverride(RecordReader& reader, Dimension& dimension, CDxfLine value)
+template <class Record>
+void AddOverride(RecordReader& reader, Record& record, CDxfLine value)
 {
     if (reader.phase != kValue)
         return;
-    if (!dimension.overrides.empty())
-        dimension.overrides.back().second = reader.Text(value);
+    if (!record.overrides.empty())
+        record.overrides.back().second = reader.Text(value);
     reader.phase = kCode;
 }
 
-void ReadText(RecordReader& reader, Dimension& dimension, CDxfLine value)
+template <class Record>
+void ReadText(RecordReader& reader, Record& record, CDxfLine value)
 {
     if (reader.phase == kApplication && Trim(value) == "DSTYLE")
         reader.phase = kStyle;
     else
-        AddOverride(reader, dimension, value);
+        AddOverride(reader, record, value);
 }
 
-void ReadBrace(RecordReader& reader, Dimension&, CDxfLine value)
+template <class Record>
+void ReadBrace(RecordReader& reader, Record&, CDxfLine value)
 {
     const std::string_view brace = Trim(value);
     if (reader.phase == kStyle && brace == "{")
@@ -46,11 +50,12 @@ void ReadBrace(RecordReader& reader, Dimension&, CDxfLine value)
         reader.phase = kApplication;
 }
 
-void ReadShort(RecordReader& reader, Dimension& dimension, CDxfLine value)
+template <class Record>
+void ReadShort(RecordReader& reader, Record& record, CDxfLine value)
 {
     if (reader.phase != kCode)
-        return AddOverride(reader, dimension, value);
-    reader.Append(dimension.overrides, {reader.Integer(value), std::string()});
+        return AddOverride(reader, record, value);
+    reader.Append(record.overrides, {reader.Integer(value), std::string()});
     reader.phase = kValue;
 }
 
@@ -74,14 +79,34 @@ constexpr auto kDimension = EntityFields<Dimension>({
     // The classes of dimensions of arcs have the codes again, for other things.
     Field<Dimension>(70, &Dimension::kind).OnlyFirst(),
     Field<Dimension>(71, &Dimension::attachment).OnlyFirst(),
-    {1000, ReadText},
-    {1001, BeginApplication},
-    {1002, ReadBrace},
-    {1003, AddOverride},
-    {1005, AddOverride},
-    {1040, AddOverride},
-    {1070, ReadShort},
-    {1071, AddOverride},
+    {1000, ReadText<Dimension>},
+    {1001, BeginApplication<Dimension>},
+    {1002, ReadBrace<Dimension>},
+    {1003, AddOverride<Dimension>},
+    {1005, AddOverride<Dimension>},
+    {1040, AddOverride<Dimension>},
+    {1070, ReadShort<Dimension>},
+    {1071, AddOverride<Dimension>},
+});
+
+constexpr auto kLeader = EntityFields<Leader>({
+    {3, &Leader::dimStyle},
+    {10, &Leader::vertices},
+    {41, &Leader::textWidth},
+    {71, &Leader::hasArrow},
+    {72, &Leader::isSpline},
+    {74, &Leader::hookIsForward},
+    {75, &Leader::hasHookLine},
+    {77, &Leader::byBlockColour},
+    {211, &Leader::horizontal},
+    {1000, ReadText<Leader>},
+    {1001, BeginApplication<Leader>},
+    {1002, ReadBrace<Leader>},
+    {1003, AddOverride<Leader>},
+    {1005, AddOverride<Leader>},
+    {1040, AddOverride<Leader>},
+    {1070, ReadShort<Leader>},
+    {1071, AddOverride<Leader>},
 });
 
 } // namespace
@@ -89,6 +114,11 @@ constexpr auto kDimension = EntityFields<Dimension>({
 std::unique_ptr<Entity> ReadDimension(RecordReader& reader)
 {
     return ReadByTable<kDimension, Dimension>(reader);
+}
+
+std::unique_ptr<Entity> ReadLeader(RecordReader& reader)
+{
+    return ReadByTable<kLeader, Leader>(reader);
 }
 
 } // namespace prepare

@@ -183,18 +183,6 @@ constexpr auto kMultiLine = EntityFields<MultiLine>({
     {340, &MultiLine::styleHandle},
 });
 
-constexpr auto kLeader = EntityFields<Leader>({
-    {3, &Leader::dimStyle},
-    {10, &Leader::vertices},
-    {41, &Leader::textWidth},
-    {71, &Leader::hasArrow},
-    {72, &Leader::isSpline},
-    {74, &Leader::hookIsForward},
-    {75, &Leader::hasHookLine},
-    {77, &Leader::byBlockColour},
-    {211, &Leader::horizontal},
-});
-
 constexpr auto kRay = EntityFields<Ray>({
     {10, &Ray::start},
     {11, &Ray::direction},
@@ -383,7 +371,7 @@ ReadFunction ReadFunctionOf(EntityType type)
     case EntityType::MultiLine:
         return ReadByTable<kMultiLine, MultiLine>;
     case EntityType::Leader:
-        return ReadByTable<kLeader, Leader>;
+        return ReadLeader;
     case EntityType::MultiLeader:
         return ReadMultiLeader;
     case EntityType::Ray:

@@ -19,6 +19,7 @@ std::unique_ptr<Entity> ReadText(RecordReader& reader);
 std::unique_ptr<Entity> ReadMText(RecordReader& reader);
 std::unique_ptr<Entity> ReadHatch(RecordReader& reader);
 std::unique_ptr<Entity> ReadDimension(RecordReader& reader);
+std::unique_ptr<Entity> ReadLeader(RecordReader& reader);
 std::unique_ptr<Entity> ReadMultiLeader(RecordReader& reader);
 std::unique_ptr<Entity> ReadTable(RecordReader& reader);
 

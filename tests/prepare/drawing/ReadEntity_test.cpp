@@ -364,6 +364,28 @@ TEST(ReadEntity, DimensionReadsItsOverridesFromTheExtendedData)
     EXPECT_EQ(dimension.overrides, overrides);
 }
 
+TEST(ReadEntity, LeaderReadsItsOverridesAsADimensionDoes)
+{
+    const ReadBlock block({{0, "LEADER"},
+                           {3, "ISO"},
+                           {71, "0"},
+                           {10, "1"},
+                           {10, "2"},
+                           {1001, "ACAD"},
+                           {1000, "DSTYLE"},
+                           {1002, "{"},
+                           {1070, "41"},
+                           {1040, "2.5"},
+                           {1070, "341"},
+                           {1005, "1A"},
+                           {1002, "}"}});
+    const Leader& leader = block.As<Leader>();
+    EXPECT_EQ(leader.hasArrow, 0);
+    EXPECT_EQ(leader.vertices.size(), 2U);
+    const std::vector<std::pair<std::int32_t, std::string>> overrides{{41, "2.5"}, {341, "1A"}};
+    EXPECT_EQ(leader.overrides, overrides);
+}
+
 TEST(ReadEntity, MTextJoinsItsPartsAndTakesOnlyColumnsFromTheEmbeddedObject)
 {
     const ReadBlock block({{0, "MTEXT"},
