@@ -1,5 +1,7 @@
 #include "prepare/write/ModuleEntities.h"
 
+#include "prepare/write/AgreedNames.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -13,6 +15,11 @@ constexpr double kDegree = std::numbers::pi / 180;
 
 // Above this, an arc's centre is so far away that its ends are no longer where they should be.
 constexpr double kLargestRadius = 1e10;
+
+std::string FillName(std::size_t number)
+{
+    return std::string(kFillPrefix) + std::to_string(number);
+}
 
 } // namespace
 
@@ -168,22 +175,68 @@ bool ModuleEntities::WriteRoundPolyline(StyleId style, std::span<const PlainVert
     return true;
 }
 
-void ModuleEntities::WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed)
+// As they are written, without points on the one before.
+void ModuleEntities::RoundPoints(std::vector<Point2>& points, bool isClosed) const
 {
     for (Point2& point : points)
         point = Rounded(point);
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (isClosed && points.size() > 1 && points.front() == points.back())
         points.pop_back();
+}
+
+void ModuleEntities::WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed)
+{
+    RoundPoints(points, isClosed);
     if (points.size() < 2)
         return;
     if (points.size() == 2)
         return WriteLine(style, points[0], points[1]);
+    WritePolyline(style, points, isClosed);
+}
+
+void ModuleEntities::WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed)
+{
     Begin("LWPOLYLINE", style);
     if (isClosed)
         m_out.pairs.Integer(70, 1);
     for (const Point2& point : points)
         Point(10, point);
+}
+
+// Leaves the ring as it is written in m_points; false when it is too small to be seen.
+bool ModuleEntities::TakeRing(const std::vector<Point2>& ring)
+{
+    m_points.clear();
+    for (const Point2 point : ring)
+        m_points.push_back(Local(point));
+    RoundPoints(m_points, true);
+    return m_points.size() > 2;
+}
+
+void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<Point2>> rings)
+{
+    bool hasBegun = false;
+    for (const std::vector<Point2>& ring : rings) {
+        if (!TakeRing(ring))
+            continue;
+        if (!hasBegun) {
+            m_out.pairs.Text(0, "BLOCK");
+            m_out.pairs.Text(2, FillName(++m_out.fills.blocks));
+        }
+        hasBegun = true;
+        WritePolyline(style, m_points, true);
+    }
+    if (hasBegun)
+        m_out.pairs.Text(0, "ENDBLK");
+}
+
+void ModuleEntities::Fill(StyleId, std::span<const std::vector<Point2>> rings)
+{
+    if (std::none_of(rings.begin(), rings.end(), [&](const auto& ring) { return TakeRing(ring); }))
+        return;
+    m_out.pairs.Text(0, "INSERT");
+    m_out.pairs.Text(2, FillName(++m_out.fills.inserts));
 }
 
 ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,

@@ -18,6 +18,12 @@ struct ModuleBlock {
     Point2 origin;    // what is its origin in the file, in the units of the drawing
 };
 
+// How many areas were written so far, and how many inserted.
+struct FillCounts {
+    std::size_t blocks = 0;
+    std::size_t inserts = 0;
+};
+
 // What all entities of a drawing are written with.
 struct ModuleOutput {
     PairWriter& pairs;
@@ -25,6 +31,7 @@ struct ModuleOutput {
     const ModuleTexts& texts;
     const std::vector<ModuleBlock>& blocks;
     Report& report;
+    FillCounts& fills;
     double factor = 1;    // written units in one of the drawing
     int decimals = 0;     // of written coordinates
     double tolerance = 0; // of flattened curves, in written units
@@ -45,8 +52,14 @@ public:
     void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                  double end) override;
     void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) override;
+    // Inserts the block that WriteFillBlock wrote for it.
+    void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Text(StyleId style, const LoggedText& text) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
+
+    // Writes the block of an area. All areas have theirs written in the order in which they are inserted,
+    // before the first one is.
+    void WriteFillBlock(StyleId style, std::span<const std::vector<Point2>> rings);
 
 private:
     Point2 Local(Point2 p) const { return m_out.factor * (p - m_origin); }
@@ -61,7 +74,10 @@ private:
     void WriteEllipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio);
     void WriteEllipticalArc(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                             double end, int splits);
+    void RoundPoints(std::vector<Point2>& points, bool isClosed) const;
     void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
+    void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed);
+    bool TakeRing(const std::vector<Point2>& ring);
     bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
 
     const ModuleOutput& m_out;

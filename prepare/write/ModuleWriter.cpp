@@ -1,6 +1,7 @@
 #include "prepare/write/ModuleWriter.h"
 
 #include "base/Numbers.h"
+#include "prepare/write/ModuleFills.h"
 #include "prepare/write/Wrap.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ public:
     void Arc(StyleId, Point2, double, double, double) override {}
     void Ellipse(StyleId, Point2, Point2, double, double, double) override {}
     void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
+    void Fill(StyleId, std::span<const std::vector<Point2>>) override { m_hasFills = true; }
     void Text(StyleId style, const LoggedText& text) override
     {
         const TextPlace place = TextPlaceForModule(text.along, text.up);
@@ -40,10 +42,12 @@ public:
 
     // The blocks in the order in which they were met; it grows while they are looked at.
     const std::vector<std::size_t>& Used() const { return m_used; }
+    bool HasFills() const { return m_hasFills; }
 
 private:
     std::vector<bool> m_isUsed;
     std::vector<std::size_t> m_used;
+    bool m_hasFills = false;
     ModuleTexts& m_texts;
     double m_factor;
     int m_decimals;
@@ -157,12 +161,24 @@ bool ModuleWriter::Finish(const ByteFunction& write)
 
     PairWriter pairs(write);
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
-    const ModuleOutput output{pairs, styles, texts, blocks, m_report, wrap.factor, decimals, tolerance};
+    FillCounts fills;
+    const ModuleOutput output{pairs, styles,      texts,    blocks,   m_report,
+                              fills, wrap.factor, decimals, tolerance};
     ModuleEntities model(output, wrap.origin);
     WriteHeader(pairs);
     styles.WriteTables(pairs);
-    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded) {
+    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded || collector.HasFills()) {
         BeginSection(pairs, "BLOCKS");
+        const auto writeFills = [&](const PlainLog& log, Point2 origin) {
+            ModuleEntities entities(output, origin);
+            ModuleFills areas(entities);
+            log.Replay(areas);
+        };
+        for (const std::size_t block : collector.Used())
+            if (collector.HasFills() && !blocks[block].name.empty())
+                writeFills(m_blocks[block].log, blocks[block].origin);
+        if (collector.HasFills())
+            writeFills(m_model, wrap.origin);
         for (const std::size_t block : collector.Used())
             if (!blocks[block].name.empty()) {
                 pairs.Text(0, "BLOCK");

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kFirstChunk = 256;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
-enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kText, kInsert };
+enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kText, kInsert };
 
 template <class... Numbers>
 bool AreFinite(Numbers... numbers)
@@ -74,6 +74,18 @@ void ReplayPolyline(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex
     visitor.Polyline(style, vertices, head.isClosed);
 }
 
+void ReplayFill(Reader& reader, LogVisitor& visitor)
+{
+    const auto style = reader.Take<StyleId>();
+    std::vector<std::vector<Point2>> rings(reader.Take<std::uint64_t>());
+    for (std::vector<Point2>& ring : rings) {
+        ring.resize(reader.Take<std::uint64_t>());
+        for (Point2& point : ring)
+            point = reader.Take<Point2>();
+    }
+    visitor.Fill(style, rings);
+}
+
 struct TextHead {
     Point2 point;
     Point2 along;
@@ -111,6 +123,8 @@ void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& ve
     const auto kind = reader.Take<char>();
     if (kind == kPolyline)
         return ReplayPolyline(reader, visitor, vertices);
+    if (kind == kFill)
+        return ReplayFill(reader, visitor);
     if (kind == kText)
         return ReplayText(reader, visitor);
     if (kind == kInsert) {
@@ -227,6 +241,37 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
         if (hasBulges)
             put(vertex.bulge);
         m_reach.Add(vertex.point);
+    }
+}
+
+void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+{
+    std::uint64_t size = sizeof(std::uint64_t);
+    for (const std::vector<Point2>& ring : rings) {
+        if (!std::all_of(ring.begin(), ring.end(), [](Point2 point) { return IsFinite(point); }))
+            return;
+        size += sizeof(std::uint64_t) + ring.size() * sizeof(Point2);
+    }
+    Style thin = style; // the edges of a fill have no width
+    thin.weight = 0;
+    thin.width = 0;
+    thin.lineType = nullptr;
+    thin.lineTypeScale = 1;
+    const StyleId id = m_styles.Of(thin);
+    char* place = Room(1 + sizeof(id) + size);
+    const auto put = [&](const auto& value) {
+        std::memcpy(place, &value, sizeof(value));
+        place += sizeof(value);
+    };
+    put(kFill);
+    put(id);
+    put(std::uint64_t{rings.size()});
+    for (const std::vector<Point2>& ring : rings) {
+        put(std::uint64_t{ring.size()});
+        for (const Point2 point : ring) {
+            put(point);
+            m_reach.Add(point);
+        }
     }
 }
 

@@ -33,6 +33,8 @@ public:
     virtual void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                          double end) = 0;
     virtual void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
+    // The style is as thin as any.
+    virtual void Fill(StyleId style, std::span<const std::vector<Point2>> rings) = 0;
     virtual void Text(StyleId style, const LoggedText& text) = 0;
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 
@@ -52,6 +54,7 @@ public:
     void Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
                  double end) override;
     void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
+    void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
     void Text(const Style& style, const PlainText& text) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 

@@ -43,7 +43,7 @@ std::string TextOf(const Style& style, const StandardTables& tables)
 {
     std::string pairs = Pair(8, tables.LayerName(style.layer));
     if (style.lineType != nullptr && !style.lineType->dashes.empty())
-        pairs += Pair(6, tables.LineTypeName(style.lineType->name));
+        pairs += Pair(6, tables.LineTypeName(*style.lineType));
     const Colour& colour = style.colour;
     pairs += Pair(62, std::to_string(colour.isTrue ? NearestColourIndex(colour.rgb) : colour.index));
     if (colour.isTrue)
@@ -147,6 +147,35 @@ void StandardEntities::Polyline(StyleId style, std::span<const PlainVertex> vert
         if (vertex.bulge != 0)
             pairs.Real(42, vertex.bulge, kAngleDigits);
     }
+}
+
+// A solid HATCH, its islands by odd parity.
+void StandardEntities::Fill(StyleId style, std::span<const std::vector<Point2>> rings)
+{
+    constexpr int kExternal = 1, kPolylineLoop = 2;
+    PairWriter& pairs = m_out.pairs;
+    Begin("HATCH", m_out.styleTexts[style]);
+    pairs.Text(100, "AcDbHatch");
+    WritePoint3(pairs, 10, {}, m_out.decimals);
+    pairs.Integer(210, 0);
+    pairs.Integer(220, 0);
+    pairs.Integer(230, 1);
+    pairs.Text(2, "SOLID");
+    pairs.Integer(70, 1);
+    pairs.Integer(71, 0);
+    pairs.Integer(91, static_cast<std::int64_t>(rings.size()));
+    for (const std::vector<Point2>& ring : rings) {
+        pairs.Integer(92, &ring == rings.data() ? kExternal | kPolylineLoop : kPolylineLoop);
+        pairs.Integer(72, 0);
+        pairs.Integer(73, 1);
+        pairs.Integer(93, static_cast<std::int64_t>(ring.size()));
+        for (const Point2 point : ring)
+            WritePoint2(pairs, 10, point, m_out.decimals);
+        pairs.Integer(97, 0);
+    }
+    pairs.Integer(75, 0);
+    pairs.Integer(76, 1);
+    pairs.Integer(98, 0);
 }
 
 void StandardEntities::Text(StyleId style, const LoggedText& text)

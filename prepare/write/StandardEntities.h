@@ -37,6 +37,7 @@ public:
     void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                  double end) override;
     void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) override;
+    void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Text(StyleId style, const LoggedText& text) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 

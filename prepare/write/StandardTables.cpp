@@ -180,8 +180,13 @@ StandardTables::StandardTables(const Drawing& drawing, const StyleTable& styles,
     std::set<NameId> layers, lineTypes;
     for (StyleId id = 0; id < styles.Count(); ++id) {
         layers.insert(styles[id].layer);
-        if (styles[id].lineType != nullptr && !styles[id].lineType->dashes.empty())
-            lineTypes.insert(styles[id].lineType->name);
+        const LineType* const lineType = styles[id].lineType;
+        if (lineType == nullptr || lineType->dashes.empty())
+            continue;
+        if (lineType->name != kNoName)
+            lineTypes.insert(lineType->name);
+        else
+            m_namelessLineTypes.try_emplace(lineType->dashes);
     }
     const Names& names = drawing.names;
     StandardNames layerNames({"0"}), lineTypeNames({"ByBlock", "ByLayer", "Continuous"});
@@ -191,6 +196,9 @@ StandardTables::StandardTables(const Drawing& drawing, const StyleTable& styles,
     m_layers.emplace(names.Find("0"), "0");
     for (const NameId id : InOrder(names, lineTypes))
         m_lineTypes[id] = lineTypeNames.Take(names.Text(id));
+    std::size_t number = 0;
+    for (auto& [dashes, name] : m_namelessLineTypes)
+        name = lineTypeNames.Take("PATTERN_" + std::to_string(++number));
     const NameId standard = names.Find("Standard");
     for (const NameId id : InOrder(names, textStyles)) {
         const bool isStandard = drawing.FindTextStyle(id) == nullptr || id == standard;
@@ -207,16 +215,30 @@ StandardTables::Entries StandardTables::TextStyles() const
 
 std::uint64_t StandardTables::HandleCount() const
 {
-    return ByName(m_layers).size() + m_lineTypes.size() + std::size(kFixedLineTypes) + TextStyles().size();
+    return ByName(m_layers).size() + m_lineTypes.size() + m_namelessLineTypes.size() +
+           std::size(kFixedLineTypes) + TextStyles().size();
+}
+
+const std::string& StandardTables::LineTypeName(const LineType& lineType) const
+{
+    return lineType.name != kNoName ? m_lineTypes.at(lineType.name) : m_namelessLineTypes.at(lineType.dashes);
 }
 
 void StandardTables::WriteLineTypes(PairWriter& pairs, std::uint64_t& handle) const
 {
-    BeginTable(pairs, "LTYPE", kLineTypeTable, m_lineTypes.size() + std::size(kFixedLineTypes));
+    std::map<std::string, LineType> all; // in the order of the names
+    for (const auto& [name, id] : ByName(m_lineTypes))
+        if (const LineType* const lineType = m_drawing.FindLineType(id))
+            all.emplace(name, *lineType);
+        else
+            all.emplace(name, LineType());
+    for (const auto& [dashes, name] : m_namelessLineTypes)
+        all[name].dashes = dashes;
+    BeginTable(pairs, "LTYPE", kLineTypeTable, all.size() + std::size(kFixedLineTypes));
     for (const char* const name : kFixedLineTypes)
         WriteLineType(pairs, handle++, name, nullptr);
-    for (const auto& [name, id] : ByName(m_lineTypes))
-        WriteLineType(pairs, handle++, name, m_drawing.FindLineType(id));
+    for (const auto& [name, lineType] : all)
+        WriteLineType(pairs, handle++, name, &lineType);
     EndTable(pairs);
 }
 

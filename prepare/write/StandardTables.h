@@ -59,7 +59,7 @@ public:
 
     // "0" for none and for a name that the drawing lacks.
     const std::string& LayerName(NameId name) const { return m_layers.at(name); }
-    const std::string& LineTypeName(NameId name) const { return m_lineTypes.at(name); }
+    const std::string& LineTypeName(const LineType& lineType) const;
     const std::string& TextStyleName(NameId name) const { return m_textStyles.at(name); }
 
     // The TABLES section; handle is the next free one.
@@ -80,6 +80,7 @@ private:
     const Drawing& m_drawing;
     std::map<NameId, std::string> m_layers;
     std::map<NameId, std::string> m_lineTypes;
+    std::map<std::vector<double>, std::string> m_namelessLineTypes; // by their dashes
     std::map<NameId, std::string> m_textStyles;
 };
 

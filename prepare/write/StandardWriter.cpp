@@ -19,6 +19,7 @@ public:
     void Arc(StyleId, Point2, double, double, double) override { ++count; }
     void Ellipse(StyleId, Point2, Point2, double, double, double) override { ++count; }
     void Polyline(StyleId, std::span<const PlainVertex>, bool) override { ++count; }
+    void Fill(StyleId, std::span<const std::vector<Point2>>) override { ++count; }
     void Text(StyleId, const LoggedText& text) override
     {
         ++count;
