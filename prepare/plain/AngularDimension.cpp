@@ -40,7 +40,7 @@ private:
     struct End {
         double angle = 0;
         double outward = 1; // the sign of angles past the end
-        Arrowhead arrow;
+        DimensionArrow arrow;
         bool isHidden = false;
     };
 
@@ -66,7 +66,7 @@ private:
 ArcDrawing::ArcDrawing(DimensionPen& pen, const ArcLine& line, bool isSwapped, std::string text)
     : m_pen(pen), m_style(pen.Style()), m_line(line), m_label(pen.Label(std::move(text)))
 {
-    const Arrowhead first = FirstArrowOf(pen), second = SecondArrowOf(pen);
+    const DimensionArrow first = FirstArrowOf(pen), second = SecondArrowOf(pen);
     const bool hides[] = {m_style.hidesLine1 != 0, m_style.hidesLine2 != 0};
     m_ends[0] = {line.start, -1, isSwapped ? second : first, hides[isSwapped ? 1 : 0]};
     m_ends[1] = {line.start + line.sweep, 1, isSwapped ? first : second, hides[isSwapped ? 0 : 1]};
@@ -119,7 +119,7 @@ void ArcDrawing::DrawEnd(const End& end)
     const Point2 tip = m_line.At(end.angle);
     const Point2 back = m_line.At(end.angle + side * AngleOfChord(end.arrow.size));
     const Point2 tangent = -side * LeftOf(Direction(end.angle));
-    DrawArrowhead(m_pen, end.arrow, tip, end.arrow.isStroke ? tangent : Unit(tip - back, tangent));
+    DrawArrow(m_pen, end.arrow, tip, end.arrow.isStroke ? tangent : Unit(tip - back, tangent));
 }
 
 void ArcDrawing::Draw()

@@ -11,11 +11,12 @@ namespace {
 struct Frame {
     Point2 tip;
     Point2 x;
+    Point2 y;
     Pen& pen;
 
-    Point2 At(double along, double across) const { return tip + along * x + across * LeftOf(x); }
+    Point2 At(double along, double across) const { return tip + along * x + across * y; }
     void Line(Point2 from, Point2 to) const { pen.Line(At(from.x, from.y), At(to.x, to.y)); }
-    void Circle(double radius) const { pen.Arc({tip, radius * x, radius * LeftOf(x)}); }
+    void Circle(double radius) const { pen.Arc({tip, radius * x, radius * y}); }
 };
 
 enum class Shape : std::uint8_t {
@@ -23,6 +24,7 @@ enum class Shape : std::uint8_t {
     Filled,
     Blank,
     Open,
+    RightAngle,
     Tick,
     WideTick,
     Dot,
@@ -52,7 +54,7 @@ constexpr NamedShape kShapes[] = {
     {"CLOSED", Shape::Blank, kUsualHalfWidth},
     {"OPEN", Shape::Open, kUsualHalfWidth},
     {"OPEN30", Shape::Open, kHalfWidthOf30Degrees},
-    {"OPEN90", Shape::Open, 0.5},
+    {"OPEN90", Shape::RightAngle, 0.5},
     {"OBLIQUE", Shape::Tick, 0.5},
     {"ARCHTICK", Shape::WideTick, 0.5},
     {"DOT", Shape::Dot, 0.5},
@@ -101,6 +103,15 @@ void DrawBox(const Frame& frame, double half, bool isFilled)
         frame.pen.Polyline(corners, true);
 }
 
+void DrawWideTick(const Frame& frame, double half)
+{
+    constexpr double kHalfWidth = 0.053; // across the axes: 0.075 across the stroke
+    const Point2 corners[] = {
+        frame.At(-half + kHalfWidth, -half - kHalfWidth), frame.At(half + kHalfWidth, half - kHalfWidth),
+        frame.At(half - kHalfWidth, half + kHalfWidth), frame.At(-half - kHalfWidth, -half + kHalfWidth)};
+    frame.pen.Fill(corners);
+}
+
 // A polygon that looks round at an arrowhead's size.
 void DrawDisk(const Frame& frame, double radius)
 {
@@ -117,7 +128,7 @@ void DrawDisk(const Frame& frame, double radius)
 void DrawIntegral(const Frame& frame, double radius)
 {
     for (const double side : {1.0, -1.0}) {
-        const Point2 y = side * radius * LeftOf(frame.x);
+        const Point2 y = side * radius * frame.y;
         frame.pen.Arc({frame.tip + y, side * radius * frame.x, y, -kTurn / 4, 0});
     }
 }
@@ -136,14 +147,18 @@ void Draw(const Frame& frame, const NamedShape& shape)
     case Shape::Datum:
         DrawTriangle(frame, {1, 0}, 0, size, shape.shape == Shape::FilledDatum);
         break;
-    case Shape::Open: {
-        const Point2 corners[] = {frame.At(1, size), frame.At(0, 0), frame.At(1, -size)};
+    case Shape::Open:
+    case Shape::RightAngle: {
+        const double length = shape.shape == Shape::RightAngle ? size : 1;
+        const Point2 corners[] = {frame.At(length, size), frame.At(0, 0), frame.At(length, -size)};
         frame.pen.Polyline(corners, false);
         break;
     }
     case Shape::Tick:
-    case Shape::WideTick:
         frame.Line({-size, -size}, {size, size});
+        break;
+    case Shape::WideTick:
+        DrawWideTick(frame, size);
         break;
     case Shape::Dot:
         DrawDisk(frame, size);
@@ -169,8 +184,15 @@ void Draw(const Frame& frame, const NamedShape& shape)
 void DrawArrowhead(std::string_view name, Point2 tip, Point2 direction, double size, Pen& pen)
 {
     const double length = Length(direction);
-    if (length > 0 && std::isfinite(length) && size > 0)
-        Draw({tip, (size / length) * direction, pen}, ShapeOf(name));
+    if (!(length > 0) || !std::isfinite(length) || !(size > 0))
+        return;
+    const Point2 x = (size / length) * direction;
+    DrawArrowhead(name, tip, x, LeftOf(x), pen);
+}
+
+void DrawArrowhead(std::string_view name, Point2 tip, Point2 x, Point2 y, Pen& pen)
+{
+    Draw({tip, x, y, pen}, ShapeOf(name));
 }
 
 } // namespace prepare

@@ -11,4 +11,8 @@ namespace prepare {
 // an empty name and one that is not known are the filled triangle. direction is where the line comes from.
 void DrawArrowhead(std::string_view name, Point2 tip, Point2 direction, double size, Pen& pen);
 
+// The same with its axes: x is where the line comes from, as long as the arrowhead, and y is to the left of
+// x, to the right in a mirrored picture.
+void DrawArrowhead(std::string_view name, Point2 tip, Point2 x, Point2 y, Pen& pen);
+
 } // namespace prepare

@@ -1,5 +1,6 @@
 #include "prepare/plain/DimensionPen.h"
 
+#include "prepare/plain/Arrowheads.h"
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/MTextLines.h"
 #include "prepare/plain/TextStyles.h"
@@ -201,20 +202,11 @@ void DimensionPen::ArcAround(const DimensionLabel& label, Point2 centre, double 
         Arc(centre, radius, begin, last - begin);
 }
 
-void DimensionPen::Polyline(std::span<const Point2> points, bool isClosed)
+void DimensionPen::Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size)
 {
-    std::vector<Point2> there;
-    for (const Point2 point : points)
-        there.push_back(m_toPlane.Flat({point.x, point.y, 0}));
-    m_pen.Polyline(there, isClosed);
-}
-
-void DimensionPen::Fill(std::span<const Point2> points)
-{
-    std::vector<Point2> there;
-    for (const Point2 point : points)
-        there.push_back(m_toPlane.Flat({point.x, point.y, 0}));
-    m_pen.Fill(there);
+    const Point2 x = -size * direction, y = LeftOf(x);
+    DrawArrowhead(name, m_toPlane.Flat({tip.x, tip.y, 0}), m_toPlane.FlatDirection({x.x, x.y, 0}),
+                  m_toPlane.FlatDirection({y.x, y.y, 0}), m_pen);
 }
 
 void DimensionPen::Block(const prepare::Block& block, Point2 at, Point2 direction, double size)
@@ -260,8 +252,12 @@ void DimensionPen::Frame(const DimensionLabel& label)
     const Point2 x = (label.width / 2 + Gap()) * label.along, y = (label.height / 2 + Gap()) * label.Up();
     const std::array corners{label.centre - x - y, label.centre + x - y, label.centre + x + y,
                              label.centre - x + y};
+    std::array<Point2, 4> there;
+    std::transform(corners.begin(), corners.end(), there.begin(), [this](Point2 corner) {
+        return m_toPlane.Flat({corner.x, corner.y, 0});
+    });
     UseLine();
-    Polyline(corners, true);
+    m_pen.Polyline(there, true);
 }
 
 } // namespace prepare

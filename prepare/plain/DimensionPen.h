@@ -5,8 +5,8 @@
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/Pen.h"
 
-#include <span>
 #include <string>
+#include <string_view>
 
 namespace prepare {
 
@@ -68,8 +68,8 @@ public:
     void Arc(Point2 centre, double radius, double start, double sweep);
     void ArcAround(const DimensionLabel& label, Point2 centre, double radius, double start, double sweep);
     void Circle(Point2 centre, double radius) { Arc(centre, radius, 0, kTurn); }
-    void Polyline(std::span<const Point2> points, bool isClosed);
-    void Fill(std::span<const Point2> points);
+    // direction is that of the line at the tip, towards it, of length 1.
+    void Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size);
     // A block with its base at that point, its x axis along direction, a vector of length 1.
     void Block(const prepare::Block& block, Point2 at, Point2 direction, double size);
     void Text(const DimensionLabel& label);

@@ -25,7 +25,7 @@ private:
         Point2 measured;
         Point2 foot;
         Point2 outward;
-        Arrowhead arrow;
+        DimensionArrow arrow;
         bool hidesLine = false;
         bool hidesExtension = false;
     };
@@ -203,7 +203,7 @@ void LinearDrawing::Draw()
             continue;
         DrawOutside(i);
         const Point2 outward = m_ends[i].outward;
-        DrawArrowhead(m_pen, m_ends[i].arrow, m_ends[i].foot, m_hasInnerArrows ? outward : -1 * outward);
+        DrawArrow(m_pen, m_ends[i].arrow, m_ends[i].foot, m_hasInnerArrows ? outward : -1 * outward);
     }
     m_pen.Text(m_label);
 }

@@ -15,7 +15,8 @@ public:
 
 private:
     void PlaceLabel();
-    bool IsAlong() const { return std::fabs(Cross(m_label.along, m_outward)) < 1e-6; }
+    bool IsParallel() const { return std::fabs(Cross(m_label.along, m_outward)) < 1e-6; }
+    bool IsAlong() const;
     void DrawOutside();
     void DrawHook(Point2 toward);
     void DrawAlong(Point2 toward);
@@ -30,7 +31,7 @@ private:
     Point2 m_outward; // from the centre to the tip
     double m_radius = 0;
     bool m_isDiameter = false;
-    Arrowhead m_arrow;
+    DimensionArrow m_arrow;
     DimensionLabel m_label;
     bool m_isInside = true;
 };
@@ -68,8 +69,15 @@ void RadialDrawing::PlaceLabel()
     const double reach = m_label.ReachAlong(m_outward) + m_pen.Gap();
     const Point2 inside = m_isDiameter ? m_centre : m_centre + m_radius / 2 * m_outward;
     m_label.centre = m_isInside ? inside : m_tip + (2 * m_arrow.size + reach) * m_outward;
-    if (IsAlong())
+    if (IsParallel())
         m_label.centre = m_label.centre + OffsetOfLabel(m_pen, m_label, true) * m_label.Up();
+}
+
+// Whether the text is on the ray or next to it.
+bool RadialDrawing::IsAlong() const
+{
+    const double away = std::fabs(Cross(m_outward, m_label.centre - m_tip));
+    return IsParallel() && away <= m_label.height / 2 + m_pen.Gap() + m_style.textHeight / 2;
 }
 
 // The line ends below the text if that is above it, else before it.
@@ -80,7 +88,7 @@ void RadialDrawing::DrawAlong(Point2 toward)
     const double to = passage.IsEmpty() ? Dot(m_label.centre - m_tip, toward) + reach : passage.from;
     if (to > m_arrow.inset)
         m_pen.Line(m_tip + m_arrow.inset * toward, m_tip + to * toward);
-    DrawArrowhead(m_pen, m_arrow, m_tip, -1 * toward);
+    DrawArrow(m_pen, m_arrow, m_tip, -1 * toward);
 }
 
 // A leader to a text that is not along it ends in a short line towards the text, or under it.
@@ -101,7 +109,7 @@ void RadialDrawing::DrawHook(Point2 toward)
     if (Length(elbow - m_tip) > m_arrow.inset)
         m_pen.Line(m_tip + m_arrow.inset * direction, elbow);
     m_pen.Line(elbow, isUnder ? level + half * toText : start);
-    DrawArrowhead(m_pen, m_arrow, m_tip, -1 * direction);
+    DrawArrow(m_pen, m_arrow, m_tip, -1 * direction);
 }
 
 // An arrow from outside to the other end of a diameter.
@@ -110,7 +118,7 @@ void RadialDrawing::DrawBackArrow()
     const Point2 tip = m_centre - m_radius * m_outward;
     if (!m_arrow.isStroke)
         m_pen.Line(tip - m_arrow.inset * m_outward, tip - 2 * m_arrow.size * m_outward);
-    DrawArrowhead(m_pen, SecondArrowOf(m_pen), tip, m_outward);
+    DrawArrow(m_pen, SecondArrowOf(m_pen), tip, m_outward);
 }
 
 void RadialDrawing::DrawOutside()
@@ -128,16 +136,16 @@ void RadialDrawing::DrawOutside()
 void RadialDrawing::DrawInside()
 {
     if (m_isDiameter) {
-        const Arrowhead second = SecondArrowOf(m_pen);
+        const DimensionArrow second = SecondArrowOf(m_pen);
         const Point2 other = m_centre - m_radius * m_outward;
         m_pen.LineAround(m_label, other + second.inset * m_outward, m_tip - m_arrow.inset * m_outward);
-        DrawArrowhead(m_pen, m_arrow, m_tip, m_outward);
-        return DrawArrowhead(m_pen, second, other, -1 * m_outward);
+        DrawArrow(m_pen, m_arrow, m_tip, m_outward);
+        return DrawArrow(m_pen, second, other, -1 * m_outward);
     }
     if (m_style.drawsLineInside == 0)
         return IsAlong() ? DrawAlong(-1 * m_outward) : DrawHook(-1 * m_outward);
     m_pen.LineAround(m_label, m_centre, m_tip - m_arrow.inset * m_outward);
-    DrawArrowhead(m_pen, m_arrow, m_tip, m_outward);
+    DrawArrow(m_pen, m_arrow, m_tip, m_outward);
 }
 
 // A cross, and with a negative size lines past the circle as well.
@@ -163,7 +171,7 @@ void RadialDrawing::Draw()
     if (m_label.IsEmpty()) {
         m_pen.Line(m_isDiameter ? m_centre - m_radius * m_outward : m_centre,
                    m_tip - m_arrow.inset * m_outward);
-        return DrawArrowhead(m_pen, m_arrow, m_tip, m_outward);
+        return DrawArrow(m_pen, m_arrow, m_tip, m_outward);
     }
     m_isInside ? DrawInside() : DrawOutside();
     m_pen.Text(m_label);
@@ -201,12 +209,12 @@ void DrawJoggedDimension(DimensionPen& pen)
     const double distance = std::fabs(Cross(outward, shown - tip)), slope = std::tan(style.jogAngle);
     const double back = slope > 1e-3 ? distance / (2 * slope) : 0;
     const auto at = [&](Point2 on, double along) { return on + (Dot(jog - on, outward) + along) * outward; };
-    const Arrowhead arrow = FirstArrowOf(pen);
+    const DimensionArrow arrow = FirstArrowOf(pen);
     pen.UseLine();
     pen.LineAround(label, shown, at(shown, back));
     pen.LineAround(label, at(shown, back), at(tip, -back));
     pen.LineAround(label, at(tip, -back), tip - arrow.inset * outward);
-    DrawArrowhead(pen, arrow, tip, outward);
+    DrawArrow(pen, arrow, tip, outward);
     pen.Text(label);
 }
 

@@ -43,7 +43,7 @@ TEST(DrawLeader, ItsDimensionStyleGivesTheArrowsSizeShapeAndTheColour)
     stage.drawing.blockOfRecord[0x1A] = stage.drawing.names.Of("_Open90");
     stage.drawing.dimStyles[leader.dimStyle].values = {{41, "1"}, {40, "2"}, {341, "1A"}, {176, "3"}};
     EXPECT_EQ(stage.Draw(leader),
-              (Lines{"polyline 0,0 10,0 10,5 colour 3", "polyline 2,1 0,0 2,-1 colour 3"}));
+              (Lines{"polyline 0,0 10,0 10,5 colour 3", "polyline 1,1 0,0 1,-1 colour 3"}));
     leader.overrides = {{41, "2"}, {341, "0"}};
     EXPECT_EQ(stage.Draw(leader)[1], "fill 0,0 4,0.666667 4,-0.666667 colour 3");
     leader.overrides = {{41, "2.6"}}; // two of 5.2 do not fit in 10
