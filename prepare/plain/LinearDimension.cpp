@@ -134,21 +134,21 @@ bool LinearDrawing::HasMiddle() const
     return m_isInside && !m_isOnLine;
 }
 
+// Each half ends at the text's place when the other one is hidden.
 void LinearDrawing::DrawMiddle()
 {
     const double split = m_isInside && !m_label.IsEmpty()
                              ? std::clamp(AlongLine(m_label.centre), 0.0, m_length)
                              : m_length / 2;
-    const double halves[] = {split, m_length - split};
+    Point2 ends[2];
     for (std::size_t i = 0; i < m_ends.size(); ++i) {
         const End& end = m_ends[i];
-        if (end.hidesLine)
-            continue;
         const double beyond = end.arrow.isStroke ? m_style.lineBeyond : 0;
         const double inset = m_hasInnerArrows ? end.arrow.inset : 0;
-        m_pen.LineAround(m_label, end.foot + (beyond - inset) * end.outward,
-                         end.foot - halves[i] * end.outward);
+        ends[i] =
+            end.hidesLine ? m_ends[0].foot + split * m_along : end.foot + (beyond - inset) * end.outward;
     }
+    m_pen.LineAround(m_label, ends[0], ends[1]);
 }
 
 // The line behind an arrow that is outside, and the line to a text that is.

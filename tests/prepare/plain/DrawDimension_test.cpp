@@ -116,8 +116,7 @@ TEST(DrawDimension, LinearWithoutText)
     EXPECT_EQ(trial.Draw(dimension), (Lines{
                                          "line 0,0.5 0,11 colour 2",
                                          "line 20,0.5 20,11 colour 2",
-                                         "line 1,10 10,10 colour 1",
-                                         "line 19,10 10,10 colour 1",
+                                         "line 1,10 19,10 colour 1",
                                          "fill 0,10 1,10.1667 1,9.83333 colour 1",
                                          "fill 20,10 19,9.83333 19,10.1667 colour 1",
                                      }));
@@ -129,7 +128,7 @@ TEST(DrawDimension, TheLineLeavesRoomForTheText)
     const Lines lines = trial.Draw(trial.Linear());
     EXPECT_EQ(TextPart(lines), Lines{"text '20' at 10,9 along 2,0 up 0,2 middle"});
     EXPECT_EQ(LinePart(lines)[0], "line 1,10 7.264,10");
-    EXPECT_EQ(LinePart(lines)[1], "line 19,10 12.736,10");
+    EXPECT_EQ(LinePart(lines)[1], "line 12.736,10 19,10");
 }
 
 TEST(DrawDimension, ATextAboveTheLineLeavesItWhole)
@@ -139,7 +138,7 @@ TEST(DrawDimension, ATextAboveTheLineLeavesItWhole)
     dimension.overrides = {{77, "1"}};
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(TextPart(lines), Lines{"text '20' at 10,11 along 2,0 up 0,2 middle"});
-    EXPECT_EQ(LinePart(lines)[0], "line 1,10 10,10");
+    EXPECT_EQ(LinePart(lines)[0], "line 1,10 19,10");
     dimension.overrides = {{77, "4"}};
     EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 10,7 along 2,0 up 0,2 middle"});
 }
@@ -208,7 +207,7 @@ TEST(DrawDimension, WithoutRoomArrowsAndTextGoOutside)
                                    "fill 2,10 3,10.1667 3,9.83333",
                                }));
     dimension.overrides = {{172, "1"}};
-    EXPECT_EQ(LinePart(trial.Draw(dimension))[0], "line 0,10 1,10");
+    EXPECT_EQ(LinePart(trial.Draw(dimension))[0], "line 0,10 2,10");
     dimension.overrides = {{174, "1"}, {175, "1"}};
     EXPECT_EQ(LinePart(trial.Draw(dimension)), Lines{});
 }
@@ -253,8 +252,7 @@ TEST(DrawDimension, TicksCrossTheLinesEnds)
     dimension.text = " ";
     dimension.overrides = {{142, "1"}, {46, "3"}};
     EXPECT_EQ(LinePart(trial.Draw(dimension)), (Lines{
-                                                   "line -3,10 10,10",
-                                                   "line 23,10 10,10",
+                                                   "line -3,10 23,10",
                                                    "line -1,9 1,11",
                                                    "line 21,11 19,9",
                                                }));
@@ -267,8 +265,7 @@ TEST(DrawDimension, ArrowheadsByName)
     dimension.text = " ";
     dimension.overrides = {{173, "1"}, {6, "_DotBlank"}, {7, "none"}};
     EXPECT_EQ(LinePart(trial.Draw(dimension)), (Lines{
-                                                   "line 0.5,10 10,10",
-                                                   "line 20,10 10,10",
+                                                   "line 0.5,10 20,10",
                                                    "circle 0,10 radius 0.5",
                                                }));
 }
@@ -281,7 +278,7 @@ TEST(DrawDimension, ArrowheadsByHandle)
     dimension.text = " ";
     dimension.overrides = {{342, "2a"}, {281, "1"}};
     EXPECT_EQ(LinePart(trial.Draw(dimension)),
-              (Lines{"line 20,10 10,10", "polyline 19.5,9.5 20,10 19.5,10.5"}));
+              (Lines{"line 10,10 20,10", "polyline 19.5,9.5 20,10 19.5,10.5"}));
 }
 
 TEST(DrawDimension, ArrowheadsOfTheDrawingsOwnArePlaced)
