@@ -56,8 +56,12 @@ private:
         const Matrix fromObject = FromObject(m_entity.extrusion);
         Point3 along = m_entity.direction;
         if (!m_entity.hasDirection || !(Length(along) > 0)) {
+            // The angle is from the world's x axis, even where the text is seen from below; only in a tilted
+            // plane is it from the plane's own.
             const double angle = m_entity.rotation * kDegree;
-            along = fromObject.Direction({std::cos(angle), std::sin(angle), 0});
+            along = {std::cos(angle), std::sin(angle), 0};
+            if (fromObject.z.x != 0 || fromObject.z.y != 0)
+                along = fromObject.Direction(along);
         }
         along = (1 / Length(along)) * along;
         TextFrame frame;
@@ -342,7 +346,9 @@ void DrawMTextOf(const Text& entity, const Placement& placement, const PartStyle
     text.extrusion = entity.extrusion;
     text.point = FromObject(entity.extrusion).Apply(isAtFirst ? entity.point : entity.alignment);
     text.height = entity.height;
-    text.rotation = entity.rotation;
+    const double angle = entity.rotation * kDegree;
+    text.direction = FromObject(entity.extrusion).Direction({std::cos(angle), std::sin(angle), 0});
+    text.hasDirection = true;
     text.style = entity.style;
     text.text = entity.text;
     text.attachment = AttachmentOf(entity);

@@ -140,12 +140,12 @@ TEST(DrawMText, ADirectionCountsInPlaceOfTheRotation)
     EXPECT_EQ(Drawn(text), Lines{"text 'A' at 0,3 along -3,0 up 0,-3 start"});
 }
 
-TEST(DrawMText, AnExtrusionDownMirrorsIt)
+TEST(DrawMText, AnExtrusionDownTurnsItUpsideDown)
 {
     MText text = Attached(1, "A");
     text.point = {10, 20, 0}; // in world coordinates
     text.extrusion = {0, 0, -1};
-    EXPECT_EQ(Drawn(text), Lines{"text 'A' at 10,17 along -3,0 up 0,3 start"});
+    EXPECT_EQ(Drawn(text), Lines{"text 'A' at 10,23 along 3,0 up 0,-3 start"});
 }
 
 TEST(DrawMText, HeightWidthAndObliqueAngleAreTheStyles)

@@ -313,6 +313,16 @@ TEST(DrawText, AnAttributeOfSeveralLinesIsLaidOutAsAnMText)
                                   "text 'B' at 30,34.6667 along 2,0 up 0,2 middle"}));
 }
 
+TEST(DrawText, SeenFromBelowAnAttributeOfSeveralLinesIsMirrored)
+{
+    Text text = Simple("A\\PB");
+    text.type = EntityType::Attrib;
+    text.hasMText = true;
+    text.extrusion = {0, 0, -1};
+    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -10,23.3333 along -2,0 up 0,2 start",
+                                  "text 'B' at -10,20 along -2,0 up 0,2 start"}));
+}
+
 TEST(DrawText, VerticalWritingIsReported)
 {
     TextTrial trial;
