@@ -48,11 +48,7 @@ double StrokeWidth(const WriteSettings& settings, std::int32_t weight, double wi
 
 Wrap ChooseWrap(const WriteSettings& settings, const Box& reach)
 {
-    Box all = settings.extents;
-    if (!reach.IsEmpty()) {
-        all.Add(reach.min);
-        all.Add(reach.max);
-    }
+    const Box& all = settings.extents.IsEmpty() ? reach : settings.extents;
     Wrap wrap;
     wrap.stroke = StrokeWidth(settings, settings.thinnestWeight, 0);
     if (!(wrap.stroke > 0))

@@ -15,7 +15,7 @@ struct Wrap {
     double stroke = 0; // the width of the thinnest stroke, in the block's units
 };
 
-// reach is around all points of the drawing.
+// reach is around all points of the model: it counts where the settings have no extents.
 Wrap ChooseWrap(const WriteSettings& settings, const Box& reach);
 
 // The width of the strokes of that weight and width, in drawing units.

@@ -36,7 +36,7 @@ std::string WrittenDrawing::Entities()
     const std::string text = Text();
     const std::string begin = "2\nENTITIES\n";
     const std::size_t from = text.find(begin) + begin.size();
-    std::string entities = text.substr(from, text.rfind("\n0\nENDSEC\n") - from);
+    std::string entities = text.substr(from, text.find("\n0\nENDSEC\n", from - 1) - from);
     std::replace(entities.begin(), entities.end(), '\n', ' ');
     return entities;
 }
