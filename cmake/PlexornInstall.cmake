@@ -14,10 +14,12 @@ set(PLEXORN_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/plexorn)
 if(WIN32)
     set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_BINDIR})
     set(PLEXORN_INSTALL_HOSTDIR ${CMAKE_INSTALL_BINDIR})
+    set(PLEXORN_INSTALL_PREPAREDIR ${CMAKE_INSTALL_BINDIR})
     set(PLEXORN_INSTALL_DOCDIR doc)
 else()
     set(PLEXORN_INSTALL_MODULEDIR ${CMAKE_INSTALL_LIBDIR}/plexorn/module)
     set(PLEXORN_INSTALL_HOSTDIR ${CMAKE_INSTALL_LIBDIR}/plexorn/svghost)
+    set(PLEXORN_INSTALL_PREPAREDIR ${CMAKE_INSTALL_LIBDIR}/plexorn/prepare)
     set(PLEXORN_INSTALL_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/plexorn)
 endif()
 
@@ -32,6 +34,9 @@ endfunction()
 
 plexorn_keep_symbols(plexorn_core)
 plexorn_install_library(plexorn_module module ${PLEXORN_INSTALL_MODULEDIR})
+plexorn_keep_symbols(plexorn_prepare_core)
+plexorn_install_library(plexorn_prepare prepare ${PLEXORN_INSTALL_PREPAREDIR})
+install(FILES prepare/Prepare.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/prepare COMPONENT development)
 if(PLEXORN_HOST)
     plexorn_install_library(svghost host ${PLEXORN_INSTALL_HOSTDIR})
     install(FILES svghost/SvgHost.h DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/svghost COMPONENT development)
@@ -55,7 +60,7 @@ install(FILES src/host/QuillmarLib.h src/host/ReportKinds.h
     DESTINATION ${PLEXORN_INSTALL_INCLUDEDIR}/host COMPONENT development)
 if(WIN32)
     # Other linkers make their own import libraries of these.
-    install(FILES src/entry/Plexorn.def src/host/QuillmarLib.def
+    install(FILES src/entry/Plexorn.def src/host/QuillmarLib.def prepare/PlexornPrepare.def
         DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 endif()
 
@@ -113,7 +118,8 @@ endif()
 set(PLEXORN_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/Plexorn)
 configure_package_config_file(cmake/install/PlexornConfig.cmake.in
     ${CMAKE_BINARY_DIR}/install/PlexornConfig.cmake INSTALL_DESTINATION ${PLEXORN_INSTALL_CMAKEDIR}
-    PATH_VARS PLEXORN_INSTALL_INCLUDEDIR PLEXORN_INSTALL_MODULEDIR PLEXORN_INSTALL_HOSTDIR CMAKE_INSTALL_LIBDIR
+    PATH_VARS PLEXORN_INSTALL_INCLUDEDIR PLEXORN_INSTALL_MODULEDIR PLEXORN_INSTALL_HOSTDIR
+              PLEXORN_INSTALL_PREPAREDIR CMAKE_INSTALL_LIBDIR
     NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/install/PlexornConfigVersion.cmake
     COMPATIBILITY SameMinorVersion)
@@ -124,12 +130,14 @@ install(FILES ${CMAKE_BINARY_DIR}/install/PlexornConfig.cmake ${CMAKE_BINARY_DIR
 if(WIN32)
     set(module_link "-L\${prefix}/${CMAKE_INSTALL_LIBDIR}")
     set(host_link "")
+    set(prepare_link "-L\${prefix}/${CMAKE_INSTALL_LIBDIR}")
 else()
     set(module_link "-L\${prefix}/${PLEXORN_INSTALL_MODULEDIR} -Wl,-rpath,\${prefix}/${PLEXORN_INSTALL_MODULEDIR}")
     set(host_link "-L\${prefix}/${PLEXORN_INSTALL_HOSTDIR} -Wl,-rpath,\${prefix}/${PLEXORN_INSTALL_HOSTDIR} ")
+    set(prepare_link "-L\${prefix}/${PLEXORN_INSTALL_PREPAREDIR} -Wl,-rpath,\${prefix}/${PLEXORN_INSTALL_PREPAREDIR}")
 endif()
-foreach(package plexorn plexorn-svghost)
-    if(package STREQUAL plexorn OR PLEXORN_HOST)
+foreach(package plexorn plexorn-prepare plexorn-svghost)
+    if(NOT package STREQUAL plexorn-svghost OR PLEXORN_HOST)
         configure_file(cmake/install/${package}.pc.in ${CMAKE_BINARY_DIR}/install/${package}.pc @ONLY)
         install(FILES ${CMAKE_BINARY_DIR}/install/${package}.pc
             DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

@@ -38,13 +38,13 @@ typedef enum PrepareProfile {
 
 /** How a preparing ended. */
 typedef enum PrepareResult {
-    PREPARE_DONE = 0,
+    PREPARE_DONE = 0,         /**< the plain drawing has been written */
     PREPARE_NO_DRAWING = 1,   /**< the input is no DXF drawing */
     PREPARE_READ_FAILED = 2,  /**< the input could not be read to its end; nothing was written */
     PREPARE_WRITE_FAILED = 3, /**< the write function gave false */
-    PREPARE_NO_MEMORY = 4,
-    PREPARE_CANCELLED = 5, /**< the progress function gave false */
-    PREPARE_BAD_OPTIONS = 6
+    PREPARE_NO_MEMORY = 4,    /**< memory was short */
+    PREPARE_CANCELLED = 5,    /**< the progress function gave false */
+    PREPARE_BAD_OPTIONS = 6   /**< an option that has no such value, or a function that is missing */
 } PrepareResult;
 
 /** What a report entry says. */
@@ -58,31 +58,31 @@ typedef enum PrepareFinding {
 
 /** One entry of the report: everything of one kind is one entry. Its strings are good during the call. */
 typedef struct PrepareReport {
-    PrepareFinding finding;
-    const char* subject; /**< a type of entity, or another word */
-    const char* detail;
-    uint64_t count;
-    uint64_t firstLine; /**< the line in the input where the first one is; 0: none */
+    PrepareFinding finding; /**< what it says */
+    const char* subject;    /**< a type of entity, or another word */
+    const char* detail;     /**< as the finding says */
+    uint64_t count;         /**< how many there are */
+    uint64_t firstLine;     /**< the line in the input where the first one is; 0: none */
 } PrepareReport;
 
 /** Takes a part of the plain drawing; false stops. */
 typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size);
 /** Gives up to size bytes of the input from offset on, which is 0 or where the part before
- * ended; returns their
- * number, 0 at the end, a negative number when reading failed. */
+ * ended; returns their number, 0 at the end, a negative number when reading failed. */
 typedef ptrdiff_t (*PrepareReadFunction)(void* user, uint64_t offset, char* bytes, size_t size);
+/** Takes the entries of the report, at the end. */
 typedef void (*PrepareReportFunction)(void* user, const PrepareReport* report);
 /** Called now and then with what share is done, from 0 to 1; false cancels. */
 typedef bool (*PrepareProgressFunction)(void* user, double share);
 
 /** What is asked of preparing. Zero-initialised, it means: for the module, everything chosen. */
 typedef struct PrepareOptions {
-    PrepareProfile profile;
-    double tolerance;   /**< how far a curve drawn as lines may be from the true one, in drawing units;
-                             0: a twentieth of the thinnest stroke, at most 1/4000 of the drawing */
-    bool forbidWrap;    /**< never put a far or small drawing into one block near the origin */
-    bool showAllLayers; /**< draw layers that are off or frozen, too */
-    bool isForPaper;    /**< leave out layers that are not plotted */
+    PrepareProfile profile; /**< for whom */
+    double tolerance;       /**< how far a curve drawn as lines may be from the true one, in drawing units;
+                                 0: a twentieth of the thinnest stroke, at most 1/4000 of the drawing */
+    bool forbidWrap;        /**< never put a far or small drawing into one block near the origin */
+    bool showAllLayers;     /**< draw layers that are off or frozen, too */
+    bool isForPaper;        /**< leave out layers that are not plotted */
     const char* const* onlyLayers;    /**< patterns with '*', ended by NULL; NULL: all */
     const char* const* withoutLayers; /**< likewise; NULL: none */
     const char* encoding;         /**< of the input's texts, such as "ANSI_1252"; NULL: as the input says */
@@ -92,12 +92,15 @@ typedef struct PrepareOptions {
     void* user;                       /**< given to report, progress, write and read */
 } PrepareOptions;
 
-/** Each prepares a drawing: from a file by its path in UTF-8, from memory, or from a function that can go
- * back to the front. options may be NULL. Nothing is written before the input has been read whole. */
+/** Prepares the drawing in a file and gives the plain one to write, part after part. path is UTF-8; options
+ * may be NULL. Nothing is written before the input has been read whole. A file that cannot be opened is one
+ * that cannot be read. */
 PLEXORN_PREPARE_API PrepareResult prepareFile(const char* path, const PrepareOptions* options,
                                               PrepareWriteFunction write);
+/** The same for a drawing in memory. bytes may be NULL when size is 0. */
 PLEXORN_PREPARE_API PrepareResult prepareMemory(const char* bytes, size_t size, const PrepareOptions* options,
                                                 PrepareWriteFunction write);
+/** The same for a drawing that a function gives, which is asked for all of it more than once. */
 PLEXORN_PREPARE_API PrepareResult prepareStream(PrepareReadFunction read, const PrepareOptions* options,
                                                 PrepareWriteFunction write);
 

@@ -8,7 +8,8 @@ import tempfile
 import unittest
 
 ARGS = None
-HEADERS = ("host/QuillmarLib.h", "host/ReportKinds.h", "entry/dxfFileOpen.h", "svghost/SvgHost.h")
+HEADERS = ("host/QuillmarLib.h", "host/ReportKinds.h", "entry/dxfFileOpen.h", "svghost/SvgHost.h",
+           "prepare/Prepare.h")
 WARNINGS = ("-Wall", "-Wextra", "-Wpedantic", "-Werror")
 # On Windows the address of an imported function is no constant; a static host's is.
 STATIC = "#define QUILLMARLIB_STATIC\n#define PLEXORN_STATIC\n"

@@ -36,7 +36,8 @@ NEIGHBOURS = {
     "prepare": {"src/base/", "src/input/"},
     "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", TYPE_LIST,
             "svghost/SvgHost.h"},
-    "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"},
+    "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h",
+                 "prepare/Prepare.h"},
 }
 
 # The rooms of cli/ that each one may include from, besides itself; "" are the files beside the rooms. What a room knows

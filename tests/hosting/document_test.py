@@ -168,7 +168,7 @@ class Document(unittest.TestCase):
             self.assertTrue(os.path.exists(os.path.join(ROOT, "docs", link)), link)
 
     def test_every_file_that_is_named_is_there(self):
-        for name in re.findall(r"`((?:examples|entry|host|svghost)/[\w./]+)`", document()):
+        for name in re.findall(r"`((?:examples|entry|host|prepare|svghost)/[\w./]+)`", document()):
             found = [base for base in ("", "src") if os.path.exists(os.path.join(ROOT, base, name))]
             self.assertTrue(found, name)
 

@@ -6,7 +6,8 @@ import sys
 import tempfile
 import unittest
 
-from example_programs import DRAWING, FLOOR_PLAN, ROOT, ExamplePrograms, expected_calls, program, run_text
+from example_programs import (DRAWING, FLOOR_PLAN, ROOT, ExamplePrograms, expected_calls, names_of_elements, program,
+                              run_text)
 
 ARGS = None
 
@@ -14,6 +15,7 @@ ARGS = None
 class BuiltHere(ExamplePrograms, unittest.TestCase):
     def setUp(self):
         self.minimal_host = program(ARGS.programs, "minimal_host", ARGS.emulator)
+        self.prepare_and_import = program(ARGS.programs, "prepare_and_import", ARGS.emulator)
         self.record_calls = program(os.path.join(ARGS.programs, "own_host"), "record_calls", ARGS.emulator)
 
     def test_the_calls_are_every_operation_of_the_host(self):
@@ -30,6 +32,19 @@ class BuiltHere(ExamplePrograms, unittest.TestCase):
                 self.assertEqual(code, 0, messages)
                 with open(picture, encoding="utf-8") as file:
                     self.assertEqual(run_text(*self.minimal_host, drawing)[1], file.read())
+
+    def test_a_prepared_drawing_shows_what_the_module_passes_over(self):
+        with tempfile.TemporaryDirectory() as folder:
+            prepared = os.path.join(folder, "prepared.dxf")
+            code, svg, messages = run_text(*self.prepare_and_import, DRAWING, prepared)
+            self.assertEqual(code, 0, messages)
+            self.assertNotIn("Unknown", messages) # the module has nothing to say
+            _, before, _ = run_text(*self.minimal_host, DRAWING)
+            self.assertNotEqual(svg, before)
+            self.assertLessEqual({"svg", "line", "circle", "text"}, names_of_elements(svg))
+            self.assertEqual(run_text(*self.minimal_host, prepared), (0, svg, ""))
+            code, _, messages = run_text(*self.prepare_and_import, "none.dxf", prepared)
+            self.assertEqual((code, messages), (1, "preparing ended with 2\n"))
 
     @unittest.skipIf(os.name != "posix", "the name goes through the locale")
     def test_a_name_beyond_ascii(self):
