@@ -20,11 +20,13 @@ struct Mark {
     void Line(Point2 from, Point2 to) const { pen.Line(At(from.x, from.y), At(to.x, to.y)); }
 };
 
-// As long as the thinnest stroke is wide, for a tolerance that was chosen by it.
+// As long as the thinnest stroke is wide, for a tolerance that was chosen by it. While the drawing is being
+// measured there is no such tolerance yet, and the dot is its centre.
 void DrawDot(Point2 point, Pen& pen)
 {
     constexpr double kTolerancesOfStroke = 20;
-    const double half = kTolerancesOfStroke * pen.Place().tolerance / 2;
+    const bool isMeasuring = pen.Place().pointSize == 0 && pen.Place().reach.IsEmpty();
+    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().tolerance / 2;
     pen.Line({point.x - half, point.y}, {point.x + half, point.y});
 }
 

@@ -1,4 +1,4 @@
-// The outlines of SOLID, TRACE and 3DFACE.
+// SOLID and TRACE, which are areas, and 3DFACE, which is an outline.
 #include "prepare/plain/Geometry.h"
 
 #include <array>
@@ -57,7 +57,6 @@ void DrawSolid(const Solid& solid, Pen& pen)
                                       matrix.Flat(fourth), matrix.Flat(solid.corners[2])};
     const bool isTriangle = fourth == solid.corners[2];
     pen.Fill({outline, isTriangle ? kCorners - 1 : kCorners});
-    pen.Report(Finding::Changed, "drawn as its outline");
 }
 
 void DrawFace(const Solid& face, Pen& pen)

@@ -24,6 +24,18 @@ TEST(DrawPoint, WithoutAModeItIsADotOfAStrokesWidth)
     EXPECT_EQ(PointInMode("0"), Lines{"line 9.9,20 10.1,20"});
 }
 
+TEST(DrawPoint, WhileTheDrawingIsMeasuredADotIsItsCentre)
+{
+    Stage stage;
+    stage.tolerance = 1e100;
+    stage.pointSize = 0;
+    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line 0,0 0,0"});
+    stage.reach.Add({-50, 0});
+    stage.reach.Add({50, 0});
+    stage.tolerance = 0.01;
+    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line -0.1,0 0.1,0"}); // a drawing without height
+}
+
 TEST(DrawPoint, TheModeGivesTheMark)
 {
     EXPECT_EQ(PointInMode("1"), Lines{});
