@@ -67,7 +67,7 @@ double Share::Percent() const
 
 bool Share::IsWhole() const
 {
-    return shown == entities &&
+    return shown == entities && changed.empty() &&
            std::all_of(otherwise.begin(), otherwise.end(), [](std::uint64_t count) { return count == 0; });
 }
 
@@ -79,6 +79,8 @@ void Share::Add(const Share& other)
         missing[type] += count;
     for (std::size_t i = 0; i < kOtherwiseCount; ++i)
         otherwise[i] += other.otherwise[i];
+    for (const auto& [how, count] : other.changed)
+        changed[how] += count;
 }
 
 Share ShareOf(const DrawingInfo& info)

@@ -6,6 +6,8 @@
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
+#include "cli/draw/PreparedDrawing.h"
+#include "cli/draw/PreparedShare.h"
 #include "cli/draw/WhyBlank.h"
 #include "cli/draw/WriteOptions.h"
 #include "cli/files/OlderPicture.h"
@@ -116,11 +118,12 @@ std::string WhyNotOpened(const fs::path& path, const char* otherwise)
     return again ? otherwise : std::generic_category().message(errno);
 }
 
-// Reads the drawing into document; false, with the report told, when it could not be read. A hole is why a
-// part of it could not.
-bool Import(Source& source, SvgHostDocument* document, Report& report, std::string& hole)
+// Reads the drawing in the file path, which is source's own or a prepared one, into document; false, with the
+// report told, when it could not be read. A hole is why a part of it could not.
+bool Import(Source& source, const fs::path& path, SvgHostDocument* document, Report& report,
+            std::string& hole)
 {
-    const ModulePath modulePath(source.Path());
+    const ModulePath modulePath(path);
     if (modulePath.Name().empty()) {
         report.Failed(source.ShownName(),
                       "cannot be read: " +
@@ -250,7 +253,13 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     if (!document)
         throw std::bad_alloc();
     svgHostLimitElements(document.get(), MostElements(source.Path()));
-    if (!Import(source, document.get(), report, outcome.hole))
+    std::optional<PreparedDrawing> prepared;
+    if (!options.isAsIs) {
+        prepared.emplace(source, options);
+        if (!prepared->Reason().empty())
+            return report.Failed(source.ShownName(), prepared->Reason(), ExitCode::File);
+    }
+    if (!Import(source, prepared ? prepared->Path() : source.Path(), document.get(), report, outcome.hole))
         return;
     if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())
         outcome.hole = "is not drawn whole: memory is short";
@@ -263,6 +272,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     if (outcome.statistics.visibleElements == 0 && !asksAboutAll)
         info = ReadContents(source, true, options.keepsGoing);
     TellContents(info, outcome);
+    if (prepared)
+        TellPrepared(prepared->Findings(), outcome, report);
     const Look look = LookFor(options);
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
     // Without the mark in the pictures themselves nobody can tell.

@@ -14,7 +14,9 @@ constexpr const char* kPaperStyle = "[stroke=\"#ffffff\"]{stroke:#000000}"
 
 // Not inherited, and so it is said to every element that has a stroke.
 constexpr const char* kHairlineStyle =
-    "line,path,circle,ellipse,polyline,polygon{vector-effect:non-scaling-stroke}";
+    "line,path,circle,ellipse,polyline,polygon{vector-effect:non-scaling-stroke";
+// Widths of a prepared drawing are lengths of the drawing and mean nothing in pixels.
+constexpr const char* kOnePixel = ";stroke-width:1px";
 
 } // namespace
 
@@ -29,7 +31,7 @@ Look LookFor(const Options& options)
     if (options.isOnPaper)
         look.style += kPaperStyle;
     if (options.hasHairlines)
-        look.style += kHairlineStyle;
+        look.style.append(kHairlineStyle).append(options.isAsIs ? "" : kOnePixel).append("}");
     return look;
 }
 

@@ -14,8 +14,6 @@ SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, co
     chosen.unit = sizing.unit ? sizing.unit->millimetres : 0;
     chosen.generator = options.isAsIs ? nullptr : kGenerator;
     chosen.showsMost = options.fit == "most";
-    // A hairline is as many pixels wide as its width says: it needs no sheet.
-    chosen.sheet = options.isAsIs || options.hasHairlines ? 0 : kSheet;
     if (!options.scale.empty())
         chosen.scale = std::strtod(options.scale.c_str() + kScaleStart.size(), nullptr);
     else

@@ -23,7 +23,7 @@ Source::Source(const std::string& name) : m_shownName(name)
 {
     if (name == kStandardStream) {
         m_shownName = "<stdin>";
-        m_copy.emplace();
+        m_copy.emplace(ReadStandardInput);
         m_path = m_copy->Path();
     } else {
         m_path = PathFromArgument(name);

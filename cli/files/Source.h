@@ -34,7 +34,7 @@ private:
     void Refuse(const std::string& reason, ExitCode code);
     std::string Open();
 
-    std::optional<InputCopy> m_copy;
+    std::optional<PrivateFile> m_copy;
     std::filesystem::path m_path;
     std::string m_shownName;
     FilePointer m_file{nullptr, std::fclose};

@@ -65,6 +65,25 @@ void Report::Message(const SvgHostError& error)
         Pass();
 }
 
+void Report::Finding(std::string_view text, std::uint64_t line, std::uint64_t count)
+{
+    if (m_messages++ >= m_style.maxMessages || m_style.isQuiet)
+        return;
+    if (m_style.isJson) {
+        Json json;
+        json.Open('{').Member("type", "finding").Member("file", m_file).Name("line");
+        if (line == 0)
+            json.Null();
+        else
+            json.Digits(std::to_string(line));
+        m_out.append(json.Member("count", count).Member("text", text).Close('}').Result()).append("\n");
+        return;
+    }
+    AddColoured(kBold, Printable(m_file) + (line == 0 ? ":" : ":" + std::to_string(line) + ":"));
+    m_out.append(" ").append(Printable(text));
+    m_out.append(count > 1 ? " (" + std::to_string(count) + " times)" : "").append("\n");
+}
+
 void Report::AddMessage(const SvgHostError& error, const std::string& text)
 {
     if (m_style.isJson) {

@@ -8,6 +8,7 @@
 #include "svghost/SvgHost.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,6 +36,8 @@ public:
     Report& operator=(const Report&) = delete;
 
     void Message(const SvgHostError& error);
+    // What was found in so many places of the drawing, first in that line; 0: in none that can be named.
+    void Finding(std::string_view text, std::uint64_t line, std::uint64_t count);
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
     // The messages until now, as far as they are not printed yet, are not worth their lines.

@@ -65,6 +65,11 @@ std::string MissingText(const Share& share)
         if (share.otherwise[i] > 0)
             otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
                 .append(Counted(share.otherwise[i], kOtherwiseRows[i].singular, kOtherwiseRows[i].plural));
+    for (const auto& [how, count] : share.changed)
+        otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
+            .append(std::to_string(count))
+            .append(" ")
+            .append(Printable(how));
     return missing + otherwise;
 }
 
@@ -78,6 +83,8 @@ void AddShare(Json& json, const Share& share)
     for (std::size_t i = 0; i < kOtherwiseCount; ++i)
         if (share.otherwise[i] > 0)
             json.Member(kOtherwiseRows[i].name, share.otherwise[i]);
+    for (const auto& [how, count] : share.changed)
+        json.Member(how, count);
     json.Close('}').Close('}');
 }
 

@@ -50,17 +50,21 @@ private:
     int m_descriptor = -1;
 };
 
-// The standard input as a file that can be read more than once, for as long as this object lives. Nobody
-// finds it afterwards, also when the process is told to end.
-class InputCopy {
+// Takes bytes; false, with errno set, stops whoever gives them.
+using ByteFunction = std::function<bool(const char* bytes, std::size_t size)>;
+
+// Bytes as a file that can be read more than once, for as long as this object lives. Nobody finds it
+// afterwards, also when the process is told to end.
+class PrivateFile {
 public:
-    InputCopy();
-    ~InputCopy();
-    InputCopy(const InputCopy&) = delete;
-    InputCopy& operator=(const InputCopy&) = delete;
+    // fill gives the bytes; its result is errno, 0 when nothing failed.
+    explicit PrivateFile(const std::function<int(const ByteFunction& out)>& fill);
+    ~PrivateFile();
+    PrivateFile(const PrivateFile&) = delete;
+    PrivateFile& operator=(const PrivateFile&) = delete;
 
     const std::filesystem::path& Path() const { return m_path; }
-    // Why the copy could not be made; empty when it was.
+    // Why the file could not be made; empty when it was.
     const std::string& Error() const { return m_error; }
 
 private:
@@ -70,9 +74,9 @@ private:
     std::string m_error;
 };
 
-// Appends the standard input to out, bytes as they are, until its end or until out returns
-// false; the result is errno, 0 when nothing failed.
-int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out);
+// Gives the standard input to out, bytes as they are, until its end or until out returns false; the result is
+// errno, 0 when nothing failed.
+int ReadStandardInput(const ByteFunction& out);
 
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
 // exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,

@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +30,20 @@ void CopyAccess(int descriptor, const struct stat& model)
 std::string IdentityOf(const struct stat& status)
 {
     return std::to_string(status.st_dev) + " " + std::to_string(status.st_ino);
+}
+
+// A file without a name, in memory where the system has such files.
+std::FILE* OpenNameless()
+{
+#ifdef MFD_CLOEXEC
+    const int descriptor = memfd_create("plexorn", MFD_CLOEXEC);
+    if (descriptor >= 0) {
+        if (std::FILE* const file = fdopen(descriptor, "w+b"))
+            return file;
+        close(descriptor);
+    }
+#endif
+    return std::tmpfile();
 }
 
 } // namespace
@@ -72,7 +87,7 @@ bool EndsAsFolder(const std::string& argument)
     return argument.ends_with('/');
 }
 
-int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out)
+int ReadStandardInput(const ByteFunction& out)
 {
     char block[1 << 16];
     for (;;) {
@@ -86,12 +101,12 @@ int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t si
     }
 }
 
-InputCopy::InputCopy() : m_file(std::tmpfile())
+PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill) : m_file(OpenNameless())
 {
     // It has no name, and so it is gone with the process; as an open file it has one of another kind.
     int error = m_file ? 0 : errno;
     if (m_file)
-        error = ReadStandardInput([this](const char* bytes, std::size_t size) {
+        error = fill([this](const char* bytes, std::size_t size) {
             return std::fwrite(bytes, 1, size, m_file) == size;
         });
     if (error == 0 && std::fflush(m_file) != 0)
@@ -102,7 +117,7 @@ InputCopy::InputCopy() : m_file(std::tmpfile())
         m_path = "/dev/fd/" + std::to_string(fileno(m_file));
 }
 
-InputCopy::~InputCopy()
+PrivateFile::~PrivateFile()
 {
     if (m_file)
         std::fclose(m_file);

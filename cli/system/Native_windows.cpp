@@ -118,7 +118,7 @@ bool EndsAsFolder(const std::string& argument)
     return argument.ends_with('/') || argument.ends_with('\\');
 }
 
-int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t size)>& out)
+int ReadStandardInput(const ByteFunction& out)
 {
     _setmode(_fileno(stdin), _O_BINARY);
     static char block[1 << 16];
@@ -132,12 +132,12 @@ int ReadStandardInput(const std::function<bool(const char* bytes, std::size_t si
 }
 
 // The file has a name, which an interruption must not leave: it waits until the file is removed.
-InputCopy::InputCopy() : m_guard(std::in_place), m_path(TemporaryFile())
+PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill) : m_guard(std::in_place), m_path(TemporaryFile())
 {
     m_file = m_path.empty() ? nullptr : Open(m_path, _O_WRONLY | _O_TRUNC, L"wb");
     int error = m_file ? 0 : (errno ? errno : EIO);
     if (m_file)
-        error = ReadStandardInput([this](const char* bytes, std::size_t size) {
+        error = fill([this](const char* bytes, std::size_t size) {
             errno = EINTR;
             return !InterruptGuard::IsInterrupted() && std::fwrite(bytes, 1, size, m_file) == size;
         });
@@ -148,7 +148,7 @@ InputCopy::InputCopy() : m_guard(std::in_place), m_path(TemporaryFile())
         m_error = std::generic_category().message(error);
 }
 
-InputCopy::~InputCopy()
+PrivateFile::~PrivateFile()
 {
     if (!m_path.empty())
         DeleteFileW(m_path.c_str());

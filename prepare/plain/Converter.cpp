@@ -88,6 +88,7 @@ void Converter::Take(const Entity& entity)
 
 void Converter::Finish()
 {
+    m_report.entities += m_toBeSeen;
     for (const TypeCount& type : m_rewritten)
         if (type.count > 0)
             m_report.Add(Finding::Rewritten, m_drawing.names.Text(type.name), "plain entities",
@@ -99,13 +100,14 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (entity.isInvisible == 1 || !TakePlace(entity.line))
         return;
     const Style style = m_styles->Of(entity, context.insert, context.isInBlock);
-    if (!IsPlain(entity))
-        CountRewritten(entity);
     // What an insert shows is decided by the layers in its block, unless its own is frozen.
     if (entity.type == EntityType::Insert)
         return PlaceInsert(static_cast<const Insert&>(entity), context, style);
-    if (!m_layers.Shows(style.layer))
+    if (!m_layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
+    ++m_toBeSeen;
+    if (!IsPlain(entity))
+        CountRewritten(entity);
     switch (entity.type) {
     case EntityType::Dimension:
         return PlaceDimension(static_cast<const Dimension&>(entity), context, style);
@@ -118,8 +120,6 @@ void Converter::Place(const Entity& entity, const Context& context)
 
 void Converter::PlaceOther(const Entity& entity, const Context& context, const Style& style)
 {
-    if (!IsShownText(entity, context.isInBlock))
-        return;
     const Placement placement{m_drawing,        context.matrix,       style,        m_settings.tolerance,
                               m_settings.reach, m_settings.pointSize, context.sink, m_report};
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
@@ -151,6 +151,7 @@ void Converter::PlaceInsert(const Insert& insert, const Context& context, const 
 {
     if (m_layers.IsFrozen(style.layer))
         return;
+    ++m_toBeSeen;
     PlaceAttributes(insert, context);
     const Block* const block = m_drawing.FindBlock(insert.block);
     if (block == nullptr)

@@ -96,6 +96,7 @@ private:
     std::map<const Block*, BlockTraits> m_traits;
     std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
     std::uint64_t m_placed = 0;
+    std::uint64_t m_toBeSeen = 0;
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;
 };
 

@@ -38,6 +38,10 @@ public:
     };
     const std::map<Key, FindingCount>& Entries() const { return m_entries; }
 
+    // How many entities were met that are to be seen, those in blocks once for each way in which their block
+    // is used.
+    std::uint64_t entities = 0;
+
 private:
     std::map<Key, FindingCount> m_entries;
 };

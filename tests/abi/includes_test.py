@@ -35,7 +35,7 @@ NEIGHBOURS = {
     "svghost": {"src/base/", "src/host/QuillmarLib.h"},
     "prepare": {"src/base/", "src/input/"},
     "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", TYPE_LIST,
-            "svghost/SvgHost.h"},
+            "svghost/SvgHost.h", "prepare/"},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h",
                  "prepare/Prepare.h"},
 }
@@ -45,7 +45,7 @@ NEIGHBOURS = {
 COMMAND_ROOMS = {
     "": ({"draw", "info", "options", "system"}, set()),
     "draw": ({"contents", "files", "options", "report", "system"},
-             {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h"}),
+             {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/"}),
     "info": ({"contents", "files", "options", "report"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "files": ({"options", "system"}, set()),

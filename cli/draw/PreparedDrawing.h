@@ -1,0 +1,33 @@
+// A drawing prepared, so that the module reads all of it.
+#pragma once
+
+#include "cli/files/Source.h"
+#include "cli/options/Options.h"
+#include "cli/system/Native.h"
+#include "prepare/PrepareDrawing.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace plexorn {
+
+// Prepares a drawing for the module, into a file that nobody else finds.
+class PreparedDrawing {
+public:
+    // Throws std::bad_alloc.
+    PreparedDrawing(Source& source, const Options& options);
+
+    // Why there is no prepared drawing, as the end of a sentence; empty when there is one.
+    const std::string& Reason() const { return m_reason; }
+    const std::filesystem::path& Path() const { return m_file->Path(); }
+    // What was met in the drawing.
+    const prepare::Report& Findings() const { return m_findings; }
+
+private:
+    prepare::Report m_findings;
+    std::optional<PrivateFile> m_file;
+    std::string m_reason;
+};
+
+} // namespace plexorn
