@@ -79,8 +79,8 @@ void Report::Finding(std::string_view text, std::uint64_t line, std::uint64_t co
         m_out.append(json.Member("count", count).Member("text", text).Close('}').Result()).append("\n");
         return;
     }
-    AddColoured(kBold, Printable(m_file) + (line == 0 ? ":" : ":" + std::to_string(line) + ":"));
-    m_out.append(" ").append(Printable(text));
+    AddPlace(line == 0 ? std::string() : std::to_string(line));
+    m_out.append(Printable(text));
     m_out.append(count > 1 ? " (" + std::to_string(count) + " times)" : "").append("\n");
 }
 
