@@ -40,6 +40,7 @@ class Json(CommandTest):
         self.assertEqual([message["line"] for message in self.objects(0, "plan.dxf")[:-1]], list(range(6, 106, 2)))
 
     def test_a_drawing_that_is_skipped_is_an_object(self):
+        self.AS_IS = False
         self.write("plan.dxf")
         self.write("plan.svg", b"mine")
         self.assertEqual(self.objects(0, "--no-clobber", "plan.dxf"),

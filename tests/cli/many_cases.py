@@ -265,7 +265,8 @@ class Streams(Many):
         self.expect(0, "plan.dxf")
         import subprocess
         import command_support
-        result = subprocess.run([*command_support.EMULATOR, command_support.COMMAND, "-q", "plan.dxf", "-o", "-"],
+        result = subprocess.run([*command_support.EMULATOR, command_support.COMMAND, "--as-is", "-q", "plan.dxf",
+                                 "-o", "-"],
                                 cwd=self.folder, capture_output=True, stdin=subprocess.DEVNULL, check=True)
         with open(self.path("plan.svg"), "rb") as file:
             self.assertEqual(result.stdout, file.read())

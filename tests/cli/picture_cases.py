@@ -109,6 +109,10 @@ class Size(PictureTest):
         content = insunits(6) + entities(*LONG_LINE)
         self.assertEqual(self.draw(content)[0], self.draw(content, "-q")[0])
 
+    def setUp(self):
+        super().setUp()
+        self.AS_IS = False
+
     def told(self, content, *options):
         """What is said about the size, from the number of milliseconds on."""
         return self.draw(content, *options)[1].split(" ms, ")[1].rstrip("\n")
@@ -149,6 +153,7 @@ class Size(PictureTest):
 
 
 class Fit(PictureTest):
+    AS_IS = False
     FAR = entities(*LONG_LINE, "0", "LINE", "8", "0", "10", "999.5", "20", "0", "11", "1000", "21", "0")
 
     def width(self, *options):
@@ -184,6 +189,7 @@ class Fit(PictureTest):
 
 
 class Strokes(PictureTest):
+    AS_IS = False
     # A line of the default width, and one of a weight below the thinnest.
     DRAWING = entities("0", "LINE", "8", "0", "10", "0", "20", "0", "11", "42000", "21", "0",
                        "0", "LINE", "8", "0", "370", "5", "10", "0", "20", "0", "11", "42000", "21", "21000")
@@ -194,13 +200,15 @@ class Strokes(PictureTest):
         return side, [float(width) for width in re.findall(r'<line [^>]*stroke-width="([^"]*)"', picture)]
 
     def test_widths_are_those_of_a_sheet(self):
-        side, (stated, thin) = self.widths()
-        self.assertAlmostEqual(stated, 0.5 * side / 420, delta=0.05)
-        self.assertAlmostEqual(thin, side / 1750, delta=0.05)
+        # A quarter of a millimetre of a sheet's 420, and the thinnest.
+        self.assertEqual(self.widths()[1], [42000 * 0.25 / 420, 42000 / 1750])
 
     def test_widths_stay_as_they_are_when_asked_for(self):
-        for options in (["--as-is"], ["--hairline"]):
+        for options in (["--as-is"], ["--as-is", "--hairline"]):
             self.assertEqual(self.widths(*options)[1], [0.5, 0.05])
+
+    def test_hairlines_are_a_pixel_wide(self):
+        self.assertIn("vector-effect:non-scaling-stroke;stroke-width:1px}", self.draw(self.DRAWING, "--hairline")[0])
 
 
 class Look(PictureTest):
