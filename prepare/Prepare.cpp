@@ -95,7 +95,8 @@ PrepareResult Prepare(ReopenableSource& source, const PrepareOptions& options, P
     if (options.progress != nullptr)
         progress = [&](double share) { return options.progress(options.user, share); };
     const PrepareOutcome outcome = PrepareDrawing(source, OptionsOf(options), writeBytes, report, progress);
-    TellReport(report, options);
+    if (outcome == PrepareOutcome::Done)
+        TellReport(report, options);
     return ResultOf(outcome);
 }
 

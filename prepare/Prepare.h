@@ -70,7 +70,7 @@ typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size)
 /** Gives up to size bytes of the input from offset on, which is 0 or where the part before
  * ended; returns their number, 0 at the end, a negative number when reading failed. */
 typedef ptrdiff_t (*PrepareReadFunction)(void* user, uint64_t offset, char* bytes, size_t size);
-/** Takes the entries of the report, at the end. */
+/** Takes the entries of the report, once the plain drawing has been written. */
 typedef void (*PrepareReportFunction)(void* user, const PrepareReport* report);
 /** Called now and then with what share is done, from 0 to 1; false cancels. */
 typedef bool (*PrepareProgressFunction)(void* user, double share);
