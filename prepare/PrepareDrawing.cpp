@@ -14,7 +14,7 @@ namespace {
 // The longer side of the sheet that weights in millimetres are drawn on: an A3 sheet.
 constexpr double kSheet = 420;
 // No stroke is thinner than this share of the picture's longer side, so that it is seen on a screen.
-constexpr double kThinnest = 1.0 / 1750;
+constexpr double kThinnest = 1.0 / 1500;
 // How far a flattened curve may be from the true one: a share of the thinnest stroke, and of the drawing.
 constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
 // What a drawing may unfold to. An entity that a program wrote has far more than eight bytes.

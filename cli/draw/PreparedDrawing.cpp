@@ -48,10 +48,9 @@ PreparedDrawing::PreparedDrawing(Source& source, const Options& options)
             [&](std::string_view bytes) { return out(bytes.data(), bytes.size()); }, m_findings, {});
         return outcome == prepare::PrepareOutcome::WriteFailed ? errno : 0;
     });
+    m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
     if (outcome == prepare::PrepareOutcome::ReadFailed)
         m_reason = "cannot be read to its end";
-    else if (outcome == prepare::PrepareOutcome::NoDrawing)
-        m_reason = "holds no drawing";
     else if (!m_file->Error().empty())
         m_reason = "cannot be prepared: " + m_file->Error();
 }

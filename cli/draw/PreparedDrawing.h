@@ -20,13 +20,15 @@ public:
 
     // Why there is no prepared drawing, as the end of a sentence; empty when there is one.
     const std::string& Reason() const { return m_reason; }
-    const std::filesystem::path& Path() const { return m_file->Path(); }
+    // The prepared drawing; where there is nothing to prepare, the drawing itself.
+    const std::filesystem::path& Path() const { return m_path; }
     // What was met in the drawing.
     const prepare::Report& Findings() const { return m_findings; }
 
 private:
     prepare::Report m_findings;
     std::optional<PrivateFile> m_file;
+    std::filesystem::path m_path;
     std::string m_reason;
 };
 

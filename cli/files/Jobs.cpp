@@ -37,7 +37,7 @@ std::string_view OtherForm(const std::string& output)
                                            "webp", "avif", "ico",  "pdf", "ps",  "eps", "emf",
                                            "wmf",  "svgz", "dwg",  "dwf", "stl"};
     const std::size_t dot = output.rfind('.');
-    if (dot == output.npos)
+    if (dot == std::string_view::npos)
         return "";
     std::string ending = output.substr(dot + 1);
     for (char& letter : ending)

@@ -53,7 +53,7 @@ bool HoldsOtherFile(const std::string& output)
     std::string head(kMarkedSize, '\0');
     head.resize(std::fread(head.data(), 1, head.size(), file.get()));
     const std::string mark = std::string(" data-generator=\"") + kGenerator + "\"";
-    return !head.empty() && head.find(mark) == head.npos;
+    return !head.empty() && head.find(mark) == std::string_view::npos;
 }
 
 } // namespace plexorn

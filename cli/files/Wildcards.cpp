@@ -33,7 +33,7 @@ std::size_t CharacterSize(std::string_view text, std::size_t at)
 // Goes back to the last * alone, as an earlier one could take no more than that one does.
 bool Matches(std::string_view pattern, std::string_view name)
 {
-    std::size_t p = 0, n = 0, afterStar = pattern.npos, taken = 0;
+    std::size_t p = 0, n = 0, afterStar = std::string_view::npos, taken = 0;
     while (n < name.size()) {
         if (p < pattern.size() && pattern[p] == '*') {
             afterStar = ++p;
@@ -44,7 +44,7 @@ bool Matches(std::string_view pattern, std::string_view name)
         } else if (p < pattern.size() && SmallLetter(pattern[p]) == SmallLetter(name[n])) {
             ++p;
             ++n;
-        } else if (afterStar != pattern.npos) {
+        } else if (afterStar != std::string_view::npos) {
             p = afterStar;
             taken += CharacterSize(name, taken);
             n = taken;
@@ -52,7 +52,7 @@ bool Matches(std::string_view pattern, std::string_view name)
             return false;
         }
     }
-    return pattern.find_first_not_of('*', p) == pattern.npos;
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
 void AddMatches(const fs::path& folder, const std::string& pattern, std::vector<fs::path>& found)
@@ -71,7 +71,7 @@ std::vector<fs::path> Below(const std::vector<fs::path>& folders, const fs::path
 {
     std::vector<fs::path> found;
     const std::string pattern = ArgumentFromPath(name);
-    const bool isPattern = pattern.find_first_of(kWildcards) != pattern.npos;
+    const bool isPattern = pattern.find_first_of(kWildcards) != std::string_view::npos;
     for (const fs::path& folder : folders) {
         std::error_code ignored;
         if (isPattern)
@@ -87,7 +87,7 @@ std::vector<fs::path> Below(const std::vector<fs::path>& folders, const fs::path
 bool HasWildcards(const std::string& name)
 {
     const bool isVerbatim = name.starts_with("\\\\?\\") || name.starts_with("//?/");
-    return !isVerbatim && name.find_first_of(kWildcards) != name.npos;
+    return !isVerbatim && name.find_first_of(kWildcards) != std::string_view::npos;
 }
 
 std::vector<std::string> ExpandWildcards(const std::string& name)
@@ -102,6 +102,7 @@ std::vector<std::string> ExpandWildcards(const std::string& name)
     if (found.empty())
         return {name};
     std::vector<std::string> names;
+    names.reserve(found.size());
     for (const fs::path& match : found)
         names.push_back(ArgumentFromPath(match));
     std::sort(names.begin(), names.end());

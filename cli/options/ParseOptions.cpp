@@ -63,7 +63,7 @@ std::string ExtraText(const CommandRow& command, const std::string& error,
 {
     for (const std::string& extra : extras)
         if (const std::string meant = SuggestedOption(command, extra); !meant.empty())
-            return error + "\nDid you mean " + meant + "?";
+            return std::string(error).append("\nDid you mean ").append(meant).append("?");
     return error;
 }
 

@@ -31,8 +31,9 @@ std::size_t BeginOfValue(int kind, std::string_view text)
         return std::min(text.find('\''), text.size());
     // The group code is quoted first: ('43' = '0.5').
     constexpr std::string_view kBeforeValue = "' = ";
-    const std::size_t before = kind == DXF_ERROR_GROUP_CODE ? text.find(kBeforeValue) : text.npos;
-    return before == text.npos ? text.size() : before + kBeforeValue.size();
+    const std::size_t before =
+        kind == DXF_ERROR_GROUP_CODE ? text.find(kBeforeValue) : std::string_view::npos;
+    return before == std::string_view::npos ? text.size() : before + kBeforeValue.size();
 }
 
 std::string WithoutValue(int kind, std::string_view text)

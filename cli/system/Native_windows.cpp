@@ -132,7 +132,8 @@ int ReadStandardInput(const ByteFunction& out)
 }
 
 // The file has a name, which an interruption must not leave: it waits until the file is removed.
-PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill) : m_guard(std::in_place), m_path(TemporaryFile())
+PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill)
+    : m_guard(std::in_place), m_path(TemporaryFile())
 {
     m_file = m_path.empty() ? nullptr : Open(m_path, _O_WRONLY | _O_TRUNC, L"wb");
     int error = m_file ? 0 : (errno ? errno : EIO);

@@ -14,16 +14,16 @@ struct Matrix {
     Point3 z{0, 0, 1};
     Point3 origin;
 
-    constexpr Point3 Direction(Point3 v) const { return v.x * x + v.y * y + v.z * z; }
-    constexpr Point3 Apply(Point3 p) const { return Direction(p) + origin; }
+    constexpr Point3 Direction(const Point3& v) const { return v.x * x + v.y * y + v.z * z; }
+    constexpr Point3 Apply(const Point3& p) const { return Direction(p) + origin; }
 
     // As Direction and Apply, seen from above.
-    constexpr Point2 Flat(Point3 p) const
+    constexpr Point2 Flat(const Point3& p) const
     {
         const Point3 there = Apply(p);
         return {there.x, there.y};
     }
-    constexpr Point2 FlatDirection(Point3 v) const
+    constexpr Point2 FlatDirection(const Point3& v) const
     {
         const Point3 there = Direction(v);
         return {there.x, there.y};
@@ -37,14 +37,14 @@ struct Matrix {
     }
 };
 
-constexpr Matrix Moved(Point3 by)
+constexpr Matrix Moved(const Point3& by)
 {
     Matrix matrix;
     matrix.origin = by;
     return matrix;
 }
 
-constexpr Matrix Scaled(Point3 by)
+constexpr Matrix Scaled(const Point3& by)
 {
     return {{by.x, 0, 0}, {0, by.y, 0}, {0, 0, by.z}, {}};
 }
@@ -60,7 +60,7 @@ inline Matrix Turned(double radians)
 // axis: where the normal is within 1/64 of the world's z axis in x and y, x is the world's y axis crossed
 // with the normal, else the world's z axis crossed with it. An extrusion without a length is the world's z
 // axis.
-inline Matrix FromObject(Point3 extrusion)
+inline Matrix FromObject(const Point3& extrusion)
 {
     const double length = Length(extrusion);
     if (!(length > 0) || !std::isfinite(length))

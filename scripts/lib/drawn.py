@@ -53,7 +53,7 @@ def info_of(command, path):
 def is_empty(command, path):
     with tempfile.TemporaryDirectory(prefix="plexorn-drawn-") as folder:
         picture = os.path.join(folder, "picture.svg")
-        subprocess.run([command, path, "-q", "-o", picture], capture_output=True)
+        subprocess.run([command, "--as-is", path, "-q", "-o", picture], capture_output=True)
         return not os.path.exists(picture) or not shows_something(ElementTree.parse(picture).getroot())
 
 

@@ -79,6 +79,7 @@ class NewerOnly(Manners):
 
 
 class ReplacedPictures(Manners):
+    AS_IS = False
     WORDS = "; replaced a file that plexorn had not drawn\n"
 
     def test_a_picture_of_another_program_is_replaced_with_a_word(self):

@@ -200,8 +200,8 @@ class Strokes(PictureTest):
         return side, [float(width) for width in re.findall(r'<line [^>]*stroke-width="([^"]*)"', picture)]
 
     def test_widths_are_those_of_a_sheet(self):
-        # A quarter of a millimetre of a sheet's 420, and the thinnest.
-        self.assertEqual(self.widths()[1], [42000 * 0.25 / 420, 42000 / 1750])
+        # Both are thinner on a sheet than the thinnest, 1/1500 of it.
+        self.assertEqual(self.widths()[1], [28, 28])
 
     def test_widths_stay_as_they_are_when_asked_for(self):
         for options in (["--as-is"], ["--as-is", "--hairline"]):

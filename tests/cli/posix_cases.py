@@ -359,7 +359,8 @@ class Terminal(CommandTest):
         """What the command prints on a terminal."""
         parent, child = pty.openpty()
         # A terminal's own line ends are no matter here.
-        process = subprocess.Popen([command_support.COMMAND, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL,
+        process = subprocess.Popen([command_support.COMMAND, "--as-is", *arguments], cwd=self.folder,
+                                   stdin=subprocess.DEVNULL,
                                    stderr=child, env={**os.environ, "TERM": "xterm", **environment})
         os.close(child)
         printed = b""

@@ -55,7 +55,7 @@ class Picture:
         if element.get("visibility") == "hidden":
             return counts
         width = float(element.get("stroke-width", inherited))
-        if element.tag in STROKED:
+        if element.tag in STROKED and element.get("stroke") != "none":
             counts[width] += 1
         elif element.tag == SVG + "use":
             scale = scale_of(element.get("transform"))

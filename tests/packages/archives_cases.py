@@ -34,7 +34,7 @@ class Unpacked(unittest.TestCase):
 class Contents(Unpacked):
     def binaries(self):
         names = [name for name in support.expected_files() if re.search(r"\.(so|dll|exe)$|^bin/plexorn$", name)]
-        self.assertEqual(len(names), 3)
+        self.assertEqual(len(names), 4)
         return names
 
     def test_each_archive_has_these_files_and_no_other(self):
@@ -87,7 +87,7 @@ class Contents(Unpacked):
             for archive in support.archives():
                 support.unpack(archive, folder)
             files = support.files_below(folder)
-            self.assertEqual(len([name for name in files if name.endswith(".debug")]), 3)
+            self.assertEqual(len([name for name in files if name.endswith(".debug")]), 4)
             for name in files:
                 with open(os.path.join(folder, name), "rb") as file:
                     self.assertNotIn(support.ROOT.encode(), file.read(), name)
@@ -133,7 +133,7 @@ class Command(Unpacked):
         with open(FLOOR_PLAN, "rb") as source, open(os.path.join(self.folder, name), "wb") as copy:
             copy.write(source.read())
         plexorn = program(os.path.join(self.prefix, "bin"), "plexorn", support.ARGS.emulator)
-        code, _, messages = run_text(*plexorn, name, "-o", "Bild é.svg", cwd=self.folder, env=self.environment())
+        code, _, messages = run_text(*plexorn, "--as-is", name, "-o", "Bild é.svg", cwd=self.folder, env=self.environment())
         self.assertEqual(code, 0, messages)
         self.assertIn("1066 elements drawn", messages)
         with open(os.path.join(self.folder, "Bild é.svg"), encoding="utf-8") as file:

@@ -98,7 +98,7 @@ TEST(Fills, TheHostAndTheWriterAgreeOnTheirName)
     EXPECT_EQ(std::wstring(kFillPrefix.begin(), kFillPrefix.end()), svghost::kFillPrefix);
 }
 
-TEST(StandardProfile, LineTypesOfPatternsHaveNames)
+TEST(Fills, LineTypesOfPatternsHaveNames)
 {
     WrittenDrawing written(Profile::Standard);
     Style style = StyleOf(1);
