@@ -120,16 +120,16 @@ class Size(PictureTest):
     def test_a_drawing_beyond_a0_is_written_at_a_standard_scale(self):
         metres = insunits(6) + entities(*LONG_LINE)
         self.assertEqual(self.told(metres), "1041 x 540.7 mm at 1:100 (the unit is m, by $INSUNITS)")
-        self.assertAlmostEqual(self.side(metres)[0], 1040.6, delta=0.1)
+        self.assertAlmostEqual(self.side(metres)[0], 1040.7, delta=0.1)
         self.assertEqual(self.told(insunits(4) + entities(*LONG_LINE)),
                          "104.1 x 54.06 mm (the unit is mm, by $INSUNITS)")
 
     def test_a_scale_that_is_asked_for(self):
         metres = insunits(6) + entities(*LONG_LINE)
         self.assertEqual(self.told(metres, "--scale", "1:250"), "416.3 x 216.3 mm at 1:250 (the unit is m, by $INSUNITS)")
-        self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104062 / 7, delta=1)
+        self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104073 / 7, delta=1)
         for options in (["--true-size"], ["--scale", "1:1"]):
-            self.assertAlmostEqual(self.side(metres, *options)[0], 104062, delta=1)
+            self.assertAlmostEqual(self.side(metres, *options)[0], 104073, delta=1)
             self.assertTrue(self.told(metres, *options).endswith(" mm (the unit is m, by $INSUNITS)"))
         self.assertEqual(self.told(entities(*LONG_LINE), "--scale", "1:5"),
                          "size in pixels (the drawing states no unit)")
