@@ -50,9 +50,10 @@ constexpr OptionRow kDrawRows[] = {
      "lie far from the rest",
      &Options::fit, CheckFit},
     {"--as-is", "",
-     "Take widths of strokes as lengths of the drawing, and sizes as true sizes. By default widths are "
-     "millimetres on a sheet A3 that the picture fills, and no stroke is thinner than 1/1750 of the "
-     "picture's longer side",
+     "Draw what the module draws by itself, with widths of strokes as lengths of the drawing, and sizes as "
+     "true sizes. By default a drawing is prepared first, so that all of it is drawn, widths are "
+     "millimetres on a sheet A3 that the drawing fills, and no stroke is thinner than 1/1500 of the "
+     "drawing's longer side",
      &Options::isAsIs},
     {"--background", "COLOUR",
      "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "

@@ -16,7 +16,7 @@ complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l units -x -a 'he
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l scale -x -a '1:1 1:2 1:5 1:10 1:20 1:25 1:50 1:100' -d 'Write the width and height in millimetres at a scale'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l true-size -d 'Write the width and height at their true size, however large'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l fit -x -a 'all most' -d 'What the picture frames'
-complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l as-is -d 'Take widths of strokes as lengths of the drawing, and sizes as true sizes'
+complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l as-is -d 'Draw what the module draws by itself, with widths of strokes as lengths of the drawing'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l background -x -a 'none white black #1e1e1e' -d 'The CSS colour behind the drawing'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l paper -d 'Show the drawing as on a sheet of paper'
 complete -c plexorn -n 'not __fish_seen_subcommand_from info' -l hairline -d 'Let strokes keep their width on the screen however far the picture is enlarged'

@@ -122,7 +122,7 @@ class Size(PictureTest):
         self.assertEqual(self.told(metres), "1041 x 540.7 mm at 1:100 (the unit is m, by $INSUNITS)")
         self.assertAlmostEqual(self.side(metres)[0], 1040.7, delta=0.1)
         self.assertEqual(self.told(insunits(4) + entities(*LONG_LINE)),
-                         "104.1 x 54.06 mm (the unit is mm, by $INSUNITS)")
+                         "104.1 x 54.07 mm (the unit is mm, by $INSUNITS)")
 
     def test_a_scale_that_is_asked_for(self):
         metres = insunits(6) + entities(*LONG_LINE)
