@@ -100,7 +100,8 @@ class Hostile(unittest.TestCase):
                 file.write(hostile.drawing(hostile.patterns()[name], SIZE))
             # What a sanitizer keeps of freed memory is not the command's.
             environment = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"}
-            command = [*ARGUMENTS.emulator, ARGUMENTS.command, "--as-is", *arguments]
+            as_is = [] if arguments[0] == "info" else ["--as-is"]
+            command = [*ARGUMENTS.emulator, ARGUMENTS.command, *as_is, *arguments]
             starter = STARTER.replace("{limit}", str(ROOM if ARGUMENTS.megabytes else 0))
             result = subprocess.run([sys.executable, "-c", starter, *command], cwd=folder, env=environment,
                                     capture_output=True, text=True, timeout=600, check=True)
