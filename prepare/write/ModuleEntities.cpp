@@ -32,7 +32,8 @@ Point2 ModuleEntities::Rounded(Point2 p) const
 int ModuleEntities::DecimalsOfAngle(double radius, double unit) const
 {
     const double step = PowerOfTen(-m_out.decimals) / (radius * unit);
-    return std::clamp(static_cast<int>(std::ceil(-std::log10(step))), 0, 14);
+    const double decimals = std::ceil(-std::log10(step));
+    return decimals > 0 ? static_cast<int>(std::min(decimals, 14.0)) : 0; // also where it is no number
 }
 
 void ModuleEntities::Begin(const char* type, StyleId style)

@@ -53,7 +53,8 @@ Wrap ChooseWrap(const WriteSettings& settings, const Box& reach)
     wrap.stroke = StrokeWidth(settings, settings.thinnestWeight, 0);
     if (!(wrap.stroke > 0))
         wrap.stroke = kThinnestStroke;
-    if (!settings.mayWrap || settings.extents.IsEmpty() || !IsWrapNeeded(settings, wrap.stroke, Farthest(all)))
+    if (!settings.mayWrap || settings.extents.IsEmpty() ||
+        !IsWrapNeeded(settings, wrap.stroke, Farthest(all)))
         return wrap;
     const double size = all.LongerSide() > 0 ? all.LongerSide() : wrap.stroke * 4000;
     wrap.isNeeded = true;

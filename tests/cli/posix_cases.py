@@ -241,7 +241,7 @@ class Texts(CommandTest):
 class Descriptors(CommandTest):
     def test_a_reason_is_told_when_there_are_too_few(self):
         self.write("plan.dxf")
-        for count in range(3, 8):
+        for count in range(3, 12):
             def limit(count=count):
                 resource.setrlimit(resource.RLIMIT_NOFILE, (count, count))
             result = subprocess.run([command_support.COMMAND, "-q", "plan.dxf"], cwd=self.folder, close_fds=True,
