@@ -7,6 +7,24 @@
 
 namespace plexorn {
 
+namespace {
+
+bool IsOtherForm(std::FILE* file)
+{
+    char head[prepare::TextSource::kFront];
+    const std::size_t size = std::fread(head, 1, sizeof head, file);
+    std::rewind(file);
+    return prepare::TextSource::Decodes({head, size});
+}
+
+} // namespace
+
+PairReader::PairReader(std::FILE* file)
+    : m_source(file), m_text(m_source),
+      m_stream(IsOtherForm(file) ? static_cast<CDxfSource&>(m_text) : m_source)
+{
+}
+
 bool PairReader::NextLine(std::string_view& line)
 {
     line = m_stream.getline();

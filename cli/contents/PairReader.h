@@ -3,6 +3,7 @@
 
 #include "cli/contents/FileSource.h"
 #include "input/CDxfStream.h"
+#include "prepare/pairs/TextSource.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -11,11 +12,12 @@
 namespace plexorn {
 
 // Joins a drawing's lines, as the module cuts them, into pairs of a group code and a value. A line that is no
-// code where one belongs is left out, which brings a file with one line too many back into step.
+// code where one belongs is left out, which brings a file with one line too many back into step. A form that
+// the module does not read is made a text first.
 class PairReader {
 public:
-    // Reads file from where it is; the caller closes it. Throws std::bad_alloc.
-    explicit PairReader(std::FILE* file) : m_source(file), m_stream(m_source) {}
+    // Reads file from its start; the caller closes it. Throws std::bad_alloc.
+    explicit PairReader(std::FILE* file);
 
     // Moves on to the next pair. False at the end, or when the file cannot be read on (std::ferror says so);
     // a code without a value is no pair.
@@ -38,6 +40,7 @@ private:
     bool NextLine(std::string_view& line);
 
     FileSource m_source;
+    prepare::TextSource m_text;
     CDxfStream m_stream;
     std::uint64_t m_line = 0;
     std::int32_t m_code = 0;

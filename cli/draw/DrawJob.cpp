@@ -297,7 +297,7 @@ void DrawJob(const Job& job, const Options& options, Report& report)
 {
     if (!job.reason.empty())
         return report.Failed(ShownName(job.input), job.reason, job.code);
-    Source source(job.input);
+    Source source(job.input, options.isAsIs ? Forms::Ascii : Forms::All);
     if (!source.Reason().empty())
         return report.Failed(source.ShownName(), source.Reason(), source.Code());
     if (job.output != kStandardStream && IsSameFile(source.Path(), PathFromArgument(job.output)))

@@ -49,7 +49,9 @@ PreparedDrawing::PreparedDrawing(Source& source, const Options& options)
         return outcome == prepare::PrepareOutcome::WriteFailed ? errno : 0;
     });
     m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
-    if (outcome == prepare::PrepareOutcome::ReadFailed)
+    if (outcome == prepare::PrepareOutcome::NoDrawing && !source.IsAscii())
+        m_reason = "is a DXF with nothing in it";
+    else if (outcome == prepare::PrepareOutcome::ReadFailed)
         m_reason = "cannot be read to its end";
     else if (!m_file->Error().empty())
         m_reason = "cannot be prepared: " + m_file->Error();

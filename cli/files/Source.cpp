@@ -2,6 +2,7 @@
 
 #include "cli/files/Inputs.h"
 #include "cli/files/WhyNotAsciiDxf.h"
+#include "prepare/pairs/TextSource.h"
 
 #include <cerrno>
 #include <system_error>
@@ -19,7 +20,7 @@ std::string ReasonOf(int error)
 
 } // namespace
 
-Source::Source(const std::string& name) : m_shownName(name)
+Source::Source(const std::string& name, Forms forms) : m_shownName(name)
 {
     if (name == kStandardStream) {
         m_shownName = "<stdin>";
@@ -39,7 +40,7 @@ Source::Source(const std::string& name) : m_shownName(name)
     }
     if (!reason.empty())
         Refuse("cannot be read: " + reason, ExitCode::File);
-    else if (const std::string other = WhyNotAsciiDxf(head); !other.empty())
+    else if (const std::string other = WhyNotTaken(head, forms); !other.empty())
         Refuse(other, ExitCode::NotAsciiDxf);
 }
 
@@ -47,6 +48,12 @@ void Source::Refuse(const std::string& reason, ExitCode code)
 {
     m_reason = reason;
     m_code = code;
+}
+
+std::string Source::WhyNotTaken(const std::string& head, Forms forms)
+{
+    m_isAscii = forms == Forms::Ascii || !prepare::TextSource::Decodes(head);
+    return m_isAscii ? WhyNotAsciiDxf(head) : "";
 }
 
 // Nothing but a regular file is opened: a pipe could keep its reader waiting.

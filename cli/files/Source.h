@@ -4,6 +4,7 @@
 #include "cli/options/ExitCode.h"
 #include "cli/system/Native.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -14,11 +15,14 @@ namespace plexorn {
 
 using FilePointer = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
+// The forms of a DXF that are taken: those that the module reads, or those that preparing reads.
+enum class Forms : std::uint8_t { Ascii, All };
+
 // The drawing that a name means: a file, or what the standard input brings. It has been looked at: while
-// Reason is empty, it can be read and may well be an ASCII DXF.
+// Reason is empty, it can be read and may well be a DXF of these forms.
 class Source {
 public:
-    explicit Source(const std::string& name);
+    explicit Source(const std::string& name, Forms forms = Forms::Ascii);
 
     // Why it cannot be taken, as the end of a sentence, and the exit code for that.
     const std::string& Reason() const { return m_reason; }
@@ -27,17 +31,21 @@ public:
     // The name for people.
     const std::string& ShownName() const { return m_shownName; }
     const std::filesystem::path& Path() const { return m_path; }
+    // False for a form that only preparing reads.
+    bool IsAscii() const { return m_isAscii; }
     // The file from its start on. Throws std::system_error when it cannot be read from there.
     std::FILE* Rewound();
 
 private:
     void Refuse(const std::string& reason, ExitCode code);
     std::string Open();
+    std::string WhyNotTaken(const std::string& head, Forms forms);
 
     std::optional<PrivateFile> m_copy;
     std::filesystem::path m_path;
     std::string m_shownName;
     FilePointer m_file{nullptr, std::fclose};
+    bool m_isAscii = true;
     std::string m_reason;
     ExitCode m_code = ExitCode::File;
 };

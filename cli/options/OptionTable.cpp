@@ -113,7 +113,7 @@ constexpr HelpRow kInfoExamples[] = {
 };
 
 constexpr HelpRow kLimits[] = {
-    {"Drawings", "ASCII DXF, no binary DXF and no DWG; a closing line names the types that are not drawn"},
+    {"Drawings", "text or binary DXF, no DWG; a closing line names the types that are not drawn"},
     {"Pictures", "SVG; other programs, such as rsvg-convert or Inkscape, convert it"},
     {"Elements", "100,000 for each drawing, and one more for each eight bytes of its file"},
     {"Faults",
@@ -122,9 +122,9 @@ constexpr HelpRow kLimits[] = {
 };
 
 constexpr CommandRow kDraw = {
-    "plexorn", "Draws ASCII DXF files as SVG pictures.",
-    "A drawing, an ASCII DXF file; - is the standard input, a folder stands for every .dxf file in it",
-    kDrawRows, kDrawExamples};
+    "plexorn", "Draws DXF files as SVG pictures.",
+    "A drawing, a DXF file; - is the standard input, a folder stands for every .dxf file in it", kDrawRows,
+    kDrawExamples};
 
 constexpr CommandRow kInfo = {"plexorn info",
                               "Tells what ASCII DXF files hold: version, units, extents, layers, line types, "
@@ -139,7 +139,7 @@ constexpr ExitRow kExitRows[] = {
                            "given"},
     {ExitCode::Usage, "wrong usage"},
     {ExitCode::File, "the file cannot be read, or the SVG or what was asked for cannot be written"},
-    {ExitCode::NotAsciiDxf, "the file is not an ASCII DXF"},
+    {ExitCode::NotAsciiDxf, "the file is not a DXF that can be read"},
     {ExitCode::SomeFailed, "of several drawings, at least one failed; the others are drawn"},
     {ExitCode::Blank, "drawn, but nothing is visible of a drawing that holds entities, or of one of several"},
 };

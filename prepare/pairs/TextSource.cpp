@@ -14,8 +14,10 @@ namespace {
 
 constexpr std::size_t kPart = std::size_t{32} << 10; // converted at once
 
-// How many bytes tell what a file is.
-constexpr std::size_t kFront = 32;
+bool IsUtf16(std::string_view front)
+{
+    return front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF");
+}
 
 // True when a carriage return is followed by something else than a line feed. Without a branch, so that it
 // is done in wide steps: nearly all drawings have none.
@@ -28,6 +30,11 @@ bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
 }
 
 } // namespace
+
+bool TextSource::Decodes(std::string_view front)
+{
+    return IsUtf16(front) || front.starts_with(BinaryText::kSentinel);
+}
 
 std::ptrdiff_t TextSource::Read(char* bytes, std::size_t size)
 {
@@ -112,7 +119,7 @@ void TextSource::Begin()
     std::string_view front(bytes, count);
     if (front.starts_with("\xEF\xBB\xBF")) {
         front.remove_prefix(3);
-    } else if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
+    } else if (IsUtf16(front)) {
         m_decoder = std::make_unique<Utf16Text>(front[0] == '\xFE');
         front.remove_prefix(2);
     } else if (front.starts_with(BinaryText::kSentinel)) {

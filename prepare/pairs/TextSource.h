@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace prepare {
 
@@ -16,6 +17,11 @@ namespace prepare {
 // does not begin a line is a blank. All else stays as it is.
 class TextSource final : public CDxfSource {
 public:
+    // How many bytes from its start tell what a file is.
+    static constexpr std::size_t kFront = 32;
+    // Whether a file that begins so is a binary drawing or UTF-16.
+    static bool Decodes(std::string_view front);
+
     // source must outlive this.
     explicit TextSource(CDxfSource& source) : m_source(source) {}
 

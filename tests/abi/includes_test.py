@@ -48,9 +48,9 @@ COMMAND_ROOMS = {
              {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/"}),
     "info": ({"contents", "files", "options", "report"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
-    "files": ({"options", "system"}, set()),
+    "files": ({"options", "system"}, {"prepare/pairs/"}),
     "options": ({"contents"}, set()),
-    "contents": (set(), {"src/input/", TYPE_LIST}),
+    "contents": (set(), {"src/input/", TYPE_LIST, "prepare/pairs/"}),
     "system": (set(), set()),
 }
 

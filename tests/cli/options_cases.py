@@ -12,7 +12,7 @@ class Options(CommandTest):
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         for text in ("plexorn [OPTIONS] FILE...", "plexorn info", "-o,--output", "--background", "#1e1e1e", "--quiet", "--version",
                      "0 drawn", "1 drawn, but not all of a drawing is shown as it should be", "2 wrong usage", "3 the file cannot be read",
-                     "4 the file is not an ASCII DXF", "5 of several drawings, at least one failed",
+                     "4 the file is not a DXF that can be read", "5 of several drawings, at least one failed",
                      "6 drawn, but nothing is visible",
                      "Limits and faults:", "100,000 for each drawing", "CONTRIBUTING.md"):
             self.assertIn(text, " ".join(result.stdout.split()))

@@ -216,6 +216,20 @@ TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
     }
 }
 
+TEST(TextSource, KnowsTheFormsThatItDecodes)
+{
+    EXPECT_TRUE(TextSource::Decodes(kSentinel + '\0'));
+    EXPECT_FALSE(TextSource::Decodes(kSentinel.substr(0, 21)));
+    EXPECT_TRUE(TextSource::Decodes("\xFF\xFE"
+                                    "0"));
+    EXPECT_TRUE(TextSource::Decodes("\xFE\xFF"
+                                    "0"));
+    EXPECT_FALSE(TextSource::Decodes("\xEF\xBB\xBF"
+                                     "0\n"));
+    EXPECT_FALSE(TextSource::Decodes("  0\nSECTION\n"));
+    EXPECT_FALSE(TextSource::Decodes(""));
+}
+
 TEST(PairReader, ABinaryValueOfAnUnknownKindEndsTheReading)
 {
     const std::string text = kSentinel + Bytes({0, 0, 'L', 0, 250, 0, 1, 2, 3});
