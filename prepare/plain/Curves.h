@@ -58,6 +58,8 @@ struct EllipticArc {
     double end = kTurn;
 
     Point2 At(double t) const { return centre + std::cos(t) * u + std::sin(t) * v; }
+    // The direction in which it runs there, of any length.
+    Point2 Along(double t) const { return std::cos(t) * v - std::sin(t) * u; }
     bool IsFinite() const;
 };
 

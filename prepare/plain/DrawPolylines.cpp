@@ -1,5 +1,6 @@
 // LWPOLYLINE and POLYLINE, but for meshes.
 #include "prepare/plain/Geometry.h"
+#include "prepare/plain/WideBands.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -24,6 +25,12 @@ struct FlatPolyline {
     const PolylineVertex& After(std::size_t i) const { return vertices[i + 1 < vertices.size() ? i + 1 : 0]; }
 };
 
+bool IsStraight(double bulge)
+{
+    constexpr double kStraight = 1e-9; // an arc of that bulge looks straight at any size
+    return !std::isfinite(bulge) || std::fabs(bulge) < kStraight;
+}
+
 // Takes vertices to the output's plane.
 class Path {
 public:
@@ -31,12 +38,16 @@ public:
 
     // Draws that many segments from the first one on; the whole polyline if they are all.
     void Draw(std::size_t first, std::size_t count);
+    // Fills that many segments from the first one on, as wide as they are at each place.
+    void Fill(std::size_t first, std::size_t count);
     // How much longer a width is in the output.
     double Scale() const { return std::sqrt(std::fabs(Cross(m_u, m_v))); }
 
 private:
     void Add(const PolylineVertex& vertex, const PolylineVertex& next);
     void AddArc(const PolylineVertex& vertex, const PolylineVertex& next);
+    EllipticArc ArcTo(const PolylineVertex& vertex, const PolylineVertex& next) const;
+    WideSegment Wide(const PolylineVertex& vertex, const PolylineVertex& next) const;
 
     const FlatPolyline& m_polyline;
     Pen& m_pen;
@@ -73,8 +84,7 @@ void Path::Draw(std::size_t first, std::size_t count)
 
 void Path::Add(const PolylineVertex& vertex, const PolylineVertex& next)
 {
-    constexpr double kStraight = 1e-9; // an arc of that bulge looks straight at any size
-    const bool isStraight = !std::isfinite(vertex.bulge) || std::fabs(vertex.bulge) < kStraight;
+    const bool isStraight = IsStraight(vertex.bulge);
     if (!std::isfinite(vertex.bulge))
         m_pen.Lose();
     m_vertices.push_back(
@@ -83,13 +93,49 @@ void Path::Add(const PolylineVertex& vertex, const PolylineVertex& next)
         AddArc(vertex, next);
 }
 
-void Path::AddArc(const PolylineVertex& vertex, const PolylineVertex& next)
+EllipticArc Path::ArcTo(const PolylineVertex& vertex, const PolylineVertex& next) const
 {
     EllipticArc arc =
         ArcOfBulge({vertex.point.x, vertex.point.y}, {next.point.x, next.point.y}, vertex.bulge);
     arc.centre = m_matrix.Flat({arc.centre.x, arc.centre.y, 0});
     arc.u = m_matrix.FlatDirection({arc.u.x, arc.u.y, 0});
     arc.v = m_matrix.FlatDirection({arc.v.x, arc.v.y, 0});
+    return arc;
+}
+
+WideSegment Path::Wide(const PolylineVertex& vertex, const PolylineVertex& next) const
+{
+    const double scale = Scale() / 2;
+    WideSegment wide;
+    wide.points = {m_matrix.Flat({vertex.point.x, vertex.point.y, 0})};
+    wide.startHalf = scale * vertex.startWidth;
+    wide.endHalf = scale * vertex.endWidth;
+    if (!IsStraight(vertex.bulge)) {
+        const EllipticArc arc = ArcTo(vertex, next);
+        const double radius = Length(arc.u), half = std::max(wide.startHalf, wide.endHalf);
+        wide.startDirection = arc.Along(arc.start);
+        wide.endDirection = arc.Along(arc.end);
+        if (arc.IsFinite())
+            Flatten(arc, m_pen.Place().tolerance * radius / (radius + half), wide.points);
+    }
+    if (wide.points.size() > 1)
+        wide.points.pop_back(); // the next vertex is exact
+    wide.points.push_back(m_matrix.Flat({next.point.x, next.point.y, 0}));
+    return wide;
+}
+
+void Path::Fill(std::size_t first, std::size_t count)
+{
+    std::vector<WideSegment> segments;
+    segments.reserve(count);
+    for (std::size_t i = first; i < first + count; ++i)
+        segments.push_back(Wide(m_polyline.vertices[i], m_polyline.After(i)));
+    FillBands(segments, count == m_polyline.vertices.size(), m_pen);
+}
+
+void Path::AddArc(const PolylineVertex& vertex, const PolylineVertex& next)
+{
+    const EllipticArc arc = ArcTo(vertex, next);
     if (!arc.IsFinite()) {
         m_pen.Lose();
         return;
@@ -107,23 +153,36 @@ double WidthOf(const PolylineVertex& vertex)
     return mean > 0 && std::isfinite(mean) ? mean : 0;
 }
 
-// Each run of segments of the same width is a polyline of its own.
+bool IsWidth(double width)
+{
+    return width >= 0 && std::isfinite(width);
+}
+
+bool IsTapered(const PolylineVertex& vertex)
+{
+    return vertex.startWidth != vertex.endWidth && IsWidth(vertex.startWidth) && IsWidth(vertex.endWidth);
+}
+
+// Each run of segments of the same width is a polyline of its own. Where a width varies along a segment, all
+// that is wide is an area, so that the segments' corners meet.
 void DrawFlat(const FlatPolyline& polyline, Pen& pen)
 {
     if (polyline.vertices.size() < 2)
         return;
     Path path(polyline, pen);
     const std::size_t segments = polyline.Segments();
-    bool isTapered = false;
+    const auto& vertices = polyline.vertices;
+    const bool isArea =
+        std::any_of(vertices.begin(), vertices.begin() + static_cast<std::ptrdiff_t>(segments), IsTapered);
     for (std::size_t first = 0, end = 0; first < segments; first = end) {
-        const double width = WidthOf(polyline.vertices[first]);
-        for (end = first; end < segments && WidthOf(polyline.vertices[end]) == width; ++end)
-            isTapered |= polyline.vertices[end].startWidth != polyline.vertices[end].endWidth;
-        pen.UseWidth(width * path.Scale());
-        path.Draw(first, end - first);
+        const double width = WidthOf(vertices[first]);
+        const bool isBand = isArea && width > 0;
+        const auto isOfRun = [&](double other) { return isBand ? other > 0 : other == width; };
+        for (end = first; end < segments && isOfRun(WidthOf(vertices[end]));)
+            ++end;
+        pen.UseWidth(isBand ? 0 : width * path.Scale());
+        isBand ? path.Fill(first, end - first) : path.Draw(first, end - first);
     }
-    if (isTapered)
-        pen.Report(Finding::Changed, "a width that varies along a segment is drawn as its mean");
 }
 
 // Those that are drawn: a spline's frame is not, where there is more than the frame.
