@@ -1,9 +1,11 @@
 #include "cli/RunCommand.h"
 
-#include "cli/draw/DrawAll.h"
+#include "cli/batch/RunBatch.h"
+#include "cli/draw/DrawJob.h"
 #include "cli/info/TellAll.h"
 #include "cli/options/ExitCode.h"
 #include "cli/options/ParseOptions.h"
+#include "cli/prepare/PrepareJob.h"
 
 #include <cstdio>
 #include <exception>
@@ -21,14 +23,26 @@ ExitCode Refuse(const char* reason, ExitCode code) noexcept
     return code;
 }
 
+ExitCode Follow(const Options& options)
+{
+    switch (options.task) {
+    case Task::Info:
+        return TellAll(options);
+    case Task::Prepare:
+        return RunBatch(options, PrepareJob);
+    case Task::Draw:
+        break;
+    }
+    return RunBatch(options, DrawJob);
+}
+
 ExitCode Run(std::vector<std::string> arguments)
 {
     try {
         std::variant<Options, ExitCode> parsed = ParseOptions(std::move(arguments));
         if (const ExitCode* exitCode = std::get_if<ExitCode>(&parsed))
             return *exitCode;
-        const Options& options = std::get<Options>(parsed);
-        return options.isInfo ? TellAll(options) : DrawAll(options);
+        return Follow(std::get<Options>(parsed));
     } catch (const UsageError& error) {
         return Refuse((std::string(error.what()) + "\nRun with --help for more information.").c_str(),
                       ExitCode::Usage);

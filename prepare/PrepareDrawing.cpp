@@ -1,5 +1,6 @@
 #include "prepare/PrepareDrawing.h"
 
+#include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/Converter.h"
 
@@ -80,6 +81,8 @@ WriteSettings WriteSettingsFor(const Measured& measured, const Options& options)
 PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
                               Report& report, const ProgressFunction& progress)
 {
+    if (!options.encoding.empty() && !IsEncoding(options.encoding))
+        return PrepareOutcome::BadOptions;
     Drawing drawing;
     bool hasFailed = false;
     Report unsaid; // of the measuring, which meets what the writing meets again

@@ -2,20 +2,19 @@
 
 #include "base/CodePage.h"
 #include "base/Utf8.h"
+#include "cli/batch/OpenJob.h"
+#include "cli/batch/WriteOutput.h"
 #include "cli/contents/Collector.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
-#include "cli/draw/PreparedDrawing.h"
-#include "cli/draw/PreparedShare.h"
 #include "cli/draw/WhyBlank.h"
 #include "cli/draw/WriteOptions.h"
 #include "cli/files/OlderPicture.h"
-#include "cli/files/OutputFile.h"
 #include "cli/files/Source.h"
-#include "cli/options/Percentage.h"
+#include "cli/prepare/Findings.h"
+#include "cli/prepare/PreparedDrawing.h"
 #include "cli/report/LineOfMessage.h"
-#include "cli/report/ShareText.h"
 #include "cli/system/InterruptGuard.h"
 #include "cli/system/Native.h"
 
@@ -72,31 +71,9 @@ struct Listener {
     }
 };
 
-bool IsSameFile(const fs::path& a, const fs::path& b)
-{
-    std::error_code ignored;
-    return fs::equivalent(a, b, ignored);
-}
-
 bool WriteToFile(void* user, const char* bytes, std::size_t size)
 {
     return static_cast<OutputFile*>(user)->Write(bytes, size);
-}
-
-// Writes the picture; the result is empty, or why it cannot be written.
-std::string WritePicture(SvgHostDocument* document, const Job& job, const SvgHostWriteOptions& options)
-{
-    const fs::path path = PathFromArgument(job.output);
-    std::error_code error;
-    if (job.makesFolders && path.has_parent_path())
-        fs::create_directories(path.parent_path(), error);
-    if (error)
-        return error.message();
-    OutputFile file(path);
-    const bool isWritten = file.Error().empty() && svgHostWrite(document, &options, WriteToFile, &file);
-    if (isWritten && file.Commit())
-        return "";
-    return file.Error().empty() ? std::generic_category().message(ENOMEM) : file.Error();
 }
 
 // How many elements a drawing may have. One that a program wrote has thirty bytes and more for each of them;
@@ -220,6 +197,16 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
     outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(info);
 }
 
+// What preparing met counts in place of what the module alone would show.
+void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
+{
+    outcome.share = TellFindings(findings, report);
+    outcome.skipped.clear();
+    outcome.unmarkedEntry = 0;
+    outcome.otherTexts = 0;
+    outcome.oddLines = 0;
+}
+
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
 void TellDoubts(const DrawingInfo& info, Outcome& outcome, const Options& options, Report& report)
 {
@@ -232,10 +219,7 @@ void TellDoubts(const DrawingInfo& info, Outcome& outcome, const Options& option
         met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
     outcome.share.shown -=
         outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
-    const std::optional<double> least = PercentageOf(options.minDrawn);
-    if (least && outcome.share.Percent() < *least)
-        report.Doubtful(ShareText(outcome.share) + ", less than " + options.minDrawn + " (--min-drawn)",
-                        ExitCode::Incomplete);
+    TellShare(outcome.share, options, report);
 }
 
 void Draw(Source& source, const Job& job, const Options& options, Report& report)
@@ -278,7 +262,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
     // Without the mark in the pictures themselves nobody can tell.
     outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
-    const std::string reason = WritePicture(document.get(), job, written);
+    const std::string reason = WriteOutput(
+        job, [&](OutputFile& file) { return svgHostWrite(document.get(), &written, WriteToFile, &file); });
     // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;
@@ -298,14 +283,8 @@ void DrawJob(const Job& job, const Options& options, Report& report)
     if (!job.reason.empty())
         return report.Failed(ShownName(job.input), job.reason, job.code);
     Source source(job.input, options.isAsIs ? Forms::Ascii : Forms::All);
-    if (!source.Reason().empty())
-        return report.Failed(source.ShownName(), source.Reason(), source.Code());
-    if (job.output != kStandardStream && IsSameFile(source.Path(), PathFromArgument(job.output)))
-        return report.Failed(job.output, "is the drawing itself; give another name with -o", ExitCode::Usage);
-    const std::string whyLeftAlone = WhyLeftAlone(source.Path(), job.output, options);
-    if (!whyLeftAlone.empty())
-        return report.Skipped(job.output, whyLeftAlone);
-    Draw(source, job, options, report);
+    if (IsReady(source, job, options, report))
+        Draw(source, job, options, report);
 }
 
 } // namespace plexorn

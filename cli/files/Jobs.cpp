@@ -16,15 +16,29 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string PictureName(const std::string& drawing)
+// What is made of drawings.
+struct Product {
+    std::string_view ending;
+    std::string_view name;
+};
+
+Product ProductOf(Task task)
 {
-    if (drawing == kStandardStream)
-        return "stdin.svg";
-    constexpr std::size_t kEnding = 4; // ".dxf"
-    return (EndsInDxf(drawing) ? drawing.substr(0, drawing.size() - kEnding) : drawing) + ".svg";
+    return task == Task::Prepare ? Product{".dxf", "prepared drawing"} : Product{".svg", "picture"};
 }
 
-bool IsFolderForPictures(const std::string& output)
+std::string OutputName(const std::string& drawing, std::string_view ending)
+{
+    if (drawing == kStandardStream)
+        return std::string("stdin").append(ending);
+    constexpr std::size_t kEnding = 4; // ".dxf"
+    std::string name = drawing;
+    if (EndsInDxf(drawing))
+        name.resize(name.size() - kEnding);
+    return name.append(ending);
+}
+
+bool IsFolder(const std::string& output)
 {
     std::error_code ignored;
     return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
@@ -48,13 +62,14 @@ std::string_view OtherForm(const std::string& output)
 
 std::string OutputFor(const Input& input, const Options& options, bool isFolder)
 {
+    const std::string_view ending = ProductOf(options.task).ending;
     if (isFolder) {
-        const fs::path picture = PathFromArgument(PictureName(input.name)).filename();
+        const fs::path picture = PathFromArgument(OutputName(input.name, ending)).filename();
         return ArgumentFromPath(PathFromArgument(options.output) / input.below / picture);
     }
     if (!options.output.empty())
         return options.output;
-    return input.name == kStandardStream ? kStandardStream : PictureName(input.name);
+    return input.name == kStandardStream ? kStandardStream : OutputName(input.name, ending);
 }
 
 // What the bytes of a picture reach: a file's identity, or an empty text for a terminal, a pipe and the like.
@@ -66,8 +81,9 @@ std::string IdentityOfOutput(const std::string& output)
 // Finds drawings whose pictures would replace each other, or something that is read.
 class Clashes {
 public:
-    Clashes(const std::vector<Input>& inputs, const std::string& list)
+    Clashes(const std::vector<Input>& inputs, const Options& options) : m_task(options.task)
     {
+        const std::string& list = options.list;
         for (const Input& input : inputs)
             if (input.name != kStandardStream)
                 AddDrawing(PathFromArgument(input.name));
@@ -89,7 +105,12 @@ public:
         if (!isNew && other->second.second == input)
             return true;
         if (!isNew)
-            Refuse(job, job.output + " is the picture of " + other->second.first + " already");
+            Refuse(job, std::string(job.output)
+                            .append(" is the ")
+                            .append(ProductOf(m_task).name)
+                            .append(" of ")
+                            .append(other->second.first)
+                            .append(" already"));
         else if (output != input && m_drawings.contains(output))
             Refuse(job, job.output + " is one of the drawings; give another place with -o");
         else
@@ -122,34 +143,45 @@ private:
             Refuse(job, job.output + " is " + read->second + "; give another place with -o");
     }
 
-    static void Refuse(Job& job, const std::string& reason)
+    void Refuse(Job& job, const std::string& reason) const
     {
-        job.reason = "is not drawn: " + reason;
+        job.reason = NotDone(m_task) + reason;
         job.code = ExitCode::Usage;
     }
 
+    Task m_task;
     std::set<std::string> m_drawings;
     std::map<std::string, const char*> m_read; // by identity
     std::map<std::string, std::pair<std::string, std::string>> m_pictures;
 };
 
+// Throws UsageError when that is no name for what is made.
+void CheckOutput(const std::string& output, Task task)
+{
+    if (const std::string_view form = OtherForm(output); !form.empty() && task == Task::Draw)
+        throw UsageError(output + ": a picture is written as SVG, not as " + std::string(form) +
+                         "; give a name that ends in .svg, and convert that file");
+    else if (!form.empty())
+        throw UsageError(output + ": a drawing is prepared as ASCII DXF, not as " + std::string(form));
+    // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
+    if (EndsInDxf(output) && task == Task::Draw)
+        throw UsageError(output + ": a picture's name cannot end in .dxf, as drawings' names do");
+}
+
 } // namespace
 
 std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
 {
-    const bool isFolder = !options.output.empty() && IsFolderForPictures(options.output);
-    if (const std::string_view form = isFolder ? "" : OtherForm(options.output); !form.empty())
-        throw UsageError(options.output + ": a picture is written as SVG, not as " + std::string(form) +
-                         "; give a name that ends in .svg, and convert that file");
-    // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
-    if (!isFolder && EndsInDxf(options.output))
-        throw UsageError(options.output + ": a picture's name cannot end in .dxf, as drawings' names do");
+    const bool isFolder = !options.output.empty() && IsFolder(options.output);
+    if (!isFolder)
+        CheckOutput(options.output, options.task);
     if (inputs.areMany && !options.output.empty() && !isFolder)
-        throw UsageError(options.output +
-                         ": several drawings need a folder for their pictures; a name with a "
-                         "slash at its end is one");
+        throw UsageError(std::string(options.output)
+                             .append(": several drawings need a folder for their ")
+                             .append(ProductOf(options.task).name)
+                             .append("s; a name with a slash at its end is one"));
     std::vector<Job> jobs;
-    Clashes clashes(inputs.files, options.list);
+    Clashes clashes(inputs.files, options);
     for (const Input& input : inputs.files) {
         Job job{input.name, OutputFor(input, options, isFolder), isFolder, input.reason};
         if (!job.reason.empty() || !clashes.IsRepeated(job))

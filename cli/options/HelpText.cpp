@@ -56,10 +56,13 @@ std::string HelpText(const CommandRow& command)
 {
     std::string out(command.help);
     out.append("\nUsage: ").append(command.name).append(" [OPTIONS] FILE...\n");
-    if (&command == &DrawCommand())
-        out.append("       ")
-            .append(InfoCommand().name)
-            .append(" [OPTIONS] FILE...    (see plexorn info --help)\n");
+    if (command.task == Task::Draw)
+        for (const CommandRow& other : Commands().subspan(1))
+            out.append("       ")
+                .append(other.name)
+                .append(" [OPTIONS] FILE...    (see ")
+                .append(other.name)
+                .append(" --help)\n");
     out.append("\n");
     AppendRow(out, "FILE", command.fileHelp);
     out.append("\nOptions:\n");

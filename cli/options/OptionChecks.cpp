@@ -3,6 +3,8 @@
 #include "cli/contents/Units.h"
 #include "cli/options/Options.h"
 #include "cli/options/Percentage.h"
+#include "cli/options/Tolerance.h"
+#include "prepare/drawing/Encoding.h"
 
 #include <string_view>
 
@@ -111,6 +113,30 @@ std::string CheckPercentage(const std::string& text)
 std::string CheckCount(const std::string& text)
 {
     return IsCount(text) ? "" : "'" + text + "' is not a number of messages";
+}
+
+std::string CheckReader(const std::string& text)
+{
+    return text == "module" || text == "standard"
+               ? ""
+               : "'" + text + "' is no reader of drawings; give module or standard";
+}
+
+std::string CheckLayers(const std::string& text)
+{
+    return text == "shown" || text == "all" ? "" : "'" + text + "' are no layers; give shown or all";
+}
+
+std::string CheckTolerance(const std::string& text)
+{
+    return ToleranceOf(text) ? "" : "'" + text + "' is no tolerance; give a length above 0, such as 0.01";
+}
+
+std::string CheckEncoding(const std::string& text)
+{
+    return prepare::IsEncoding(text)
+               ? ""
+               : "'" + text + "' is not an encoding; give a name such as UTF-8, ANSI_1252 or SHIFT_JIS";
 }
 
 } // namespace plexorn

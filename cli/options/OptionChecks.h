@@ -14,5 +14,9 @@ std::string CheckFit(const std::string& text);
 std::string CheckJobs(const std::string& text);
 std::string CheckPercentage(const std::string& text);
 std::string CheckCount(const std::string& text);
+std::string CheckReader(const std::string& text);
+std::string CheckLayers(const std::string& text);
+std::string CheckTolerance(const std::string& text);
+std::string CheckEncoding(const std::string& text);
 
 } // namespace plexorn

@@ -16,6 +16,54 @@ constexpr OptionRow kNull = {"-0,--null", "", "The names in LIST end with a NUL 
 constexpr OptionRow kRecursive = {
     "-r,--recursive", "", "Take the drawings in the folders within a folder as well", &Options::isRecursive};
 constexpr OptionRow kHelp = {"-h,--help", "", "Print this help and end"};
+constexpr OptionRow kLayers = {
+    "--layers", "WHICH",
+    "The layers that are shown: shown, the default, are those that are neither off nor frozen, without "
+    "DEFPOINTS; all are all",
+    &Options::layers, CheckLayers};
+constexpr OptionRow kLayer = {"--layer", "NAME",
+                              "Show this layer alone, or those alone that match NAME, in which * is any "
+                              "text; may be given several times",
+                              &Options::onlyLayers, CheckNotEmpty};
+constexpr OptionRow kNotLayer = {"--not-layer", "NAME",
+                                 "Leave this layer out, or those that match NAME; may be given several times",
+                                 &Options::withoutLayers, CheckNotEmpty};
+constexpr OptionRow kTolerance = {
+    "--tolerance", "LENGTH",
+    "How far a curve that is drawn as short lines may be from the true one, in units of the drawing. By "
+    "default a twentieth of the thinnest stroke, and at most 1/4000 of the drawing's size",
+    &Options::tolerance, CheckTolerance};
+constexpr OptionRow kNoWrap = {
+    "--no-wrap", "",
+    "Never put a drawing that is far from its origin, or very small, into one block near the origin, which "
+    "keeps it sharp",
+    &Options::forbidsWrap};
+constexpr OptionRow kEncoding = {"--encoding", "NAME",
+                                 "The encoding of the drawing's texts, such as ANSI_1252 or SHIFT_JIS, "
+                                 "whatever the drawing says of itself",
+                                 &Options::encoding, CheckEncoding};
+constexpr OptionRow kRedrawDimensions = {
+    "--redraw-dimensions", "",
+    "Draw dimensions from their points and styles, even those that come with a picture of their own",
+    &Options::redrawsDimensions};
+constexpr OptionRow kQuiet = {"-q,--quiet", "", "Print errors only, no messages about the drawings",
+                              &Options::isQuiet};
+constexpr OptionRow kMessages = {"--messages", "FORM",
+                                 "The form of what is printed: text, the default, or json, one object a line",
+                                 &Options::messageFormat, CheckMessageFormat};
+constexpr OptionRow kMaxMessages = {
+    "--max-messages", "N",
+    "Print at most N lines of messages about each drawing, and how many more messages there are",
+    &Options::maxMessages, CheckCount};
+constexpr OptionRow kStrict = {
+    "--strict", "",
+    "End with exit code 1 when anything of a drawing is not shown as the drawing states it, or there was any "
+    "message about it, or its file has no EOF",
+    &Options::isStrict};
+constexpr OptionRow kMinDrawn = {
+    "--min-drawn", "SHARE",
+    "End with exit code 1 when less than this share of a drawing's entities is shown, such as 95%",
+    &Options::minDrawn, CheckPercentage};
 
 constexpr OptionRow kDrawRows[] = {
     {"-o,--output", "PATH",
@@ -55,31 +103,31 @@ constexpr OptionRow kDrawRows[] = {
      "millimetres on a sheet A3 that the drawing fills, and no stroke is thinner than 1/1500 of the "
      "drawing's longer side",
      &Options::isAsIs},
+    kLayers,
+    kLayer,
+    kNotLayer,
+    kTolerance,
+    kNoWrap,
+    kEncoding,
+    kRedrawDimensions,
     {"--background", "COLOUR",
      "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
      "with "
      "--paper",
      &Options::background, CheckColour},
-    {"--paper", "", "Show the drawing as on a sheet of paper: white is shown black, on a white background",
+    {"--paper", "",
+     "Show the drawing as on a sheet of paper: white is shown black, on a white background, and layers that "
+     "are not plotted are left out",
      &Options::isOnPaper},
     {"--hairline", "", "Let strokes keep their width on the screen however far the picture is enlarged",
      &Options::hasHairlines},
-    {"-q,--quiet", "", "Print errors only, no messages about the drawings", &Options::isQuiet},
+    kQuiet,
     {"--verbose", "", "Print every message, instead of one line for all that say the same",
      &Options::isVerbose},
-    {"--messages", "FORM", "The form of what is printed: text, the default, or json, one object a line",
-     &Options::messageFormat, CheckMessageFormat},
-    {"--max-messages", "N",
-     "Print at most N lines of messages about each drawing, and how many more messages there are",
-     &Options::maxMessages, CheckCount},
-    {"--strict", "",
-     "End with exit code 1 when anything of a drawing is not shown as the drawing states it, or there was "
-     "any "
-     "message about it, or its file has no EOF",
-     &Options::isStrict},
-    {"--min-drawn", "SHARE",
-     "End with exit code 1 when less than this share of a drawing's entities is shown, such as 95%",
-     &Options::minDrawn, CheckPercentage},
+    kMessages,
+    kMaxMessages,
+    kStrict,
+    kMinDrawn,
     {"--keep-going", "",
      "Draw what there is of a drawing that cannot be read to its end or for which memory is short, say what "
      "is "
@@ -87,6 +135,41 @@ constexpr OptionRow kDrawRows[] = {
      &Options::keepsGoing},
     kHelp,
     {"--version", "", "Print the version and end"},
+};
+
+constexpr OptionRow kPrepareRows[] = {
+    {"-o,--output", "PATH",
+     "The prepared drawing; - is the standard output. For several drawings, or with a slash at its end, the "
+     "folder for them, which is made when it is missing. Only a drawing of the standard input does without, "
+     "and "
+     "goes to the standard output",
+     &Options::output, CheckNotEmpty},
+    {"--for", "READER",
+     "Who reads the prepared drawing: module, the default, is Plexorn's module, and standard any other "
+     "program",
+     &Options::readBy, CheckReader},
+    {"--no-clobber", "", "Skip drawings whose prepared drawing exists", &Options::keepsPictures},
+    {"--newer-only", "", "Skip drawings that are not newer than their prepared drawing",
+     &Options::drawsNewerOnly},
+    {"-j,--jobs", "N", "Prepare N drawings at a time; by default as many as the machine has cores",
+     &Options::jobs, CheckJobs},
+    kFilesFrom,
+    kNull,
+    kRecursive,
+    kLayers,
+    kLayer,
+    kNotLayer,
+    {"--paper", "", "Leave out layers that are not plotted", &Options::isOnPaper},
+    kTolerance,
+    kNoWrap,
+    kEncoding,
+    kRedrawDimensions,
+    kQuiet,
+    kMessages,
+    kMaxMessages,
+    kStrict,
+    kMinDrawn,
+    kHelp,
 };
 
 constexpr OptionRow kInfoRows[] = {
@@ -112,6 +195,13 @@ constexpr HelpRow kInfoExamples[] = {
     {"plexorn info --texts a.dxf", "List the texts of the drawing too"},
 };
 
+constexpr HelpRow kPrepareExamples[] = {
+    {"plexorn prepare plan.dxf -o flat.dxf", "Rewrite a drawing for the module"},
+    {"plexorn prepare --for standard plan.dxf -o cut.dxf",
+     "The same for a laser cutter or an old CAD program"},
+    {"plexorn prepare -r in -o out/", "Rewrite a tree of drawings into another"},
+};
+
 constexpr HelpRow kLimits[] = {
     {"Drawings", "text or binary DXF, no DWG; a closing line names the types that are not drawn"},
     {"Pictures", "SVG; other programs, such as rsvg-convert or Inkscape, convert it"},
@@ -121,19 +211,22 @@ constexpr HelpRow kLimits[] = {
      "the drawing and with what plexorn --version prints"},
 };
 
-constexpr CommandRow kDraw = {
-    "plexorn", "Draws DXF files as SVG pictures.",
-    "A drawing, a DXF file; - is the standard input, a folder stands for every .dxf file in it", kDrawRows,
-    kDrawExamples};
-
-constexpr CommandRow kInfo = {"plexorn info",
-                              "Tells what ASCII DXF files hold: version, units, extents, layers, line types, "
-                              "blocks, and for each type of "
-                              "entity how many there are and whether they are drawn.",
-                              "A drawing, as for plexorn itself", kInfoRows, kInfoExamples};
+constexpr CommandRow kCommands[] = {
+    {Task::Draw, "plexorn", "Draws DXF files as SVG pictures.",
+     "A drawing, a DXF file; - is the standard input, a folder stands for every .dxf file in it", kDrawRows,
+     kDrawExamples},
+    {Task::Info, "plexorn info",
+     "Tells what ASCII DXF files hold: version, units, extents, layers, line types, blocks, and for each "
+     "type of entity how many there are and whether they are drawn.",
+     "A drawing, as for plexorn itself", kInfoRows, kInfoExamples},
+    {Task::Prepare, "plexorn prepare",
+     "Rewrites DXF files into plain ones, of lines, arcs, circles, ellipses, polylines, texts and inserts "
+     "alone, that show the same.",
+     "A drawing, as for plexorn itself", kPrepareRows, kPrepareExamples},
+};
 
 constexpr ExitRow kExitRows[] = {
-    {ExitCode::Drawn, "drawn (or told, for info), whatever the messages"},
+    {ExitCode::Drawn, "drawn (or told, for info; or prepared), whatever the messages"},
     {ExitCode::Incomplete, "drawn, but not all of a drawing is shown as it should be, and --strict, "
                            "--min-drawn or --keep-going was "
                            "given"},
@@ -146,14 +239,14 @@ constexpr ExitRow kExitRows[] = {
 
 } // namespace
 
-const CommandRow& DrawCommand()
+std::span<const CommandRow> Commands()
 {
-    return kDraw;
+    return kCommands;
 }
 
-const CommandRow& InfoCommand()
+const CommandRow& CommandFor(Task task)
 {
-    return kInfo;
+    return kCommands[static_cast<std::size_t>(task)];
 }
 
 std::span<const HelpRow> LimitTable()

@@ -10,12 +10,14 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace plexorn {
 
-// Where the parser puts an option; std::monostate for those that it answers itself.
-using OptionTarget =
-    std::variant<std::monostate, bool Options::*, std::string Options::*, std::size_t Options::*>;
+// Where the parser puts an option, one that may be given several times into a vector; std::monostate for
+// those that it answers itself.
+using OptionTarget = std::variant<std::monostate, bool Options::*, std::string Options::*,
+                                  std::size_t Options::*, std::vector<std::string> Options::*>;
 
 struct OptionRow {
     std::string_view names; // "-o,--output"
@@ -34,6 +36,7 @@ struct HelpRow {
 
 // One way to call the command: plexorn itself, or a command within it.
 struct CommandRow {
+    Task task;
     std::string_view name; // "plexorn" or "plexorn info"
     std::string_view help;
     std::string_view fileHelp; // what FILE is
@@ -41,8 +44,9 @@ struct CommandRow {
     std::span<const HelpRow> examples;
 };
 
-const CommandRow& DrawCommand();
-const CommandRow& InfoCommand();
+// All of them, in the order of Task.
+std::span<const CommandRow> Commands();
+const CommandRow& CommandFor(Task task);
 
 struct ExitRow {
     ExitCode code;

@@ -22,15 +22,35 @@ public:
 // What the text of a scale 1:N begins with.
 inline constexpr std::string_view kScaleStart = "1:";
 
+// The command within the command.
+enum class Task { Draw, Info, Prepare };
+
+// What is done to a drawing: "drawn" or "prepared".
+std::string_view DoneWord(Task task);
+// What a reason follows why it is not: "is not drawn: ".
+std::string NotDone(Task task);
+
 // Paths are UTF-8 (on POSIX systems: the bytes as given).
 struct Options {
-    // Both commands.
+    Task task = Task::Draw;
+
+    // All commands.
     std::vector<std::string> inputs;
     std::string list; // the file that names further drawings, "-" for the standard input; empty for none
     bool isNullSeparated = false;
     bool isRecursive = false;
 
-    // Drawing.
+    // Preparing, which drawing does too.
+    std::string readBy = "module"; // for whom a drawing is prepared
+    std::string layers = "shown";
+    std::vector<std::string> onlyLayers; // names with '*'; empty: all
+    std::vector<std::string> withoutLayers;
+    std::string tolerance; // of flattened curves, a positive number; empty: chosen
+    bool forbidsWrap = false;
+    std::string encoding; // empty: as the drawing says
+    bool redrawsDimensions = false;
+
+    // Drawing, and most of them preparing.
     std::string output;
     bool keepsPictures = false; // a picture that exists is not replaced
     bool drawsNewerOnly = false;
@@ -52,7 +72,6 @@ struct Options {
     bool keepsGoing = false;
 
     // Info.
-    bool isInfo = false;
     bool isJson = false;
     bool withTexts = false;
     bool isSummary = false;

@@ -26,7 +26,9 @@ void AddOption(CLI::App& app, const OptionRow& row, Options& options)
         return;
     }
     CLI::Option* option = nullptr;
-    if (const auto* text = std::get_if<std::string Options::*>(&row.target))
+    if (const auto* texts = std::get_if<std::vector<std::string> Options::*>(&row.target))
+        option = app.add_option(names, options.*(*texts), help)->allow_extra_args(false);
+    else if (const auto* text = std::get_if<std::string Options::*>(&row.target))
         option = app.add_option(names, options.*(*text), help);
     else if (const auto* number = std::get_if<std::size_t Options::*>(&row.target))
         option = app.add_option(names, options.*(*number), help);
@@ -49,12 +51,38 @@ ExitCode Printed()
     return ExitCode::File;
 }
 
-// The command's word after an option is taken for a drawing's name.
-bool MeansInfo(const Options& options)
+// The word of a command within the command, such as "info"; empty for the command itself.
+std::string_view WordOf(const CommandRow& command)
 {
+    const std::string_view name = command.name;
+    const std::size_t blank = name.find(' ');
+    return blank == std::string_view::npos ? std::string_view() : name.substr(blank + 1);
+}
+
+// The command whose word comes after an option, where it is taken for a drawing's name; null for none.
+const CommandRow* MisplacedCommand(const Options& options)
+{
+    if (options.task != Task::Draw || options.inputs.empty())
+        return nullptr;
+    const std::string& word = options.inputs[0];
     std::error_code ignored;
-    return !options.isInfo && !options.inputs.empty() && options.inputs[0] == "info" &&
-           !std::filesystem::exists("info", ignored);
+    for (const CommandRow& command : Commands())
+        if (word == WordOf(command) && !std::filesystem::exists(word, ignored))
+            return &command;
+    return nullptr;
+}
+
+// Whether anything is said about how the drawing is prepared.
+bool AsksForPreparing(const Options& options)
+{
+    return options.layers != "shown" || !options.onlyLayers.empty() || !options.withoutLayers.empty() ||
+           !options.tolerance.empty() || options.forbidsWrap || !options.encoding.empty() ||
+           options.redrawsDimensions;
+}
+
+bool IsStandardInputAlone(const Options& options)
+{
+    return options.list.empty() && options.inputs.size() == 1 && options.inputs[0] == kStandardStream;
 }
 
 // The names that are wrong, and what was meant by the first of them for which something is near.
@@ -70,7 +98,7 @@ std::string ExtraText(const CommandRow& command, const std::string& error,
 // Why the first word is wrong: the name of a command that is written wrongly is taken for a drawing.
 std::string WhyNoDrawing(const Options& options)
 {
-    if (options.isInfo || options.inputs.empty())
+    if (options.task != Task::Draw || options.inputs.empty())
         return "";
     const std::string& word = options.inputs[0];
     const std::string meant = SuggestedCommand(word);
@@ -93,8 +121,16 @@ std::string WhyWrong(const Options& options)
         return "Give --scale or --true-size, not both";
     if (options.isAsIs && (!options.scale.empty() || options.fit != "all"))
         return "--as-is leaves sizes and views alone; give it without --scale and --fit";
-    if (MeansInfo(options))
-        return "info comes first, before its options: plexorn info [OPTIONS] FILE...";
+    if (options.isAsIs && AsksForPreparing(options))
+        return "--as-is draws what the module draws by itself; give it without what is said about layers, "
+               "curves, texts and dimensions";
+    if (options.task == Task::Prepare && options.output.empty() && !IsStandardInputAlone(options))
+        return "Say with -o where the prepared drawing goes";
+    if (const CommandRow* const command = MisplacedCommand(options))
+        return std::string(WordOf(*command))
+            .append(" comes first, before its options: ")
+            .append(command->name)
+            .append(" [OPTIONS] FILE...");
     return WhyNoDrawing(options);
 }
 
@@ -109,7 +145,7 @@ std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std
     app.add_option("FILE", options.inputs, "")->check(CheckNotEmpty, "", "");
     for (const OptionRow& row : command.options)
         AddOption(app, row, options);
-    if (!options.isInfo)
+    if (options.task == Task::Draw)
         app.set_version_flag("--version", "plexorn " PLEXORN_VERSION);
     try {
         std::reverse(arguments.begin(), arguments.end());
@@ -129,11 +165,12 @@ std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std
 std::variant<Options, ExitCode> ParseOptions(std::vector<std::string> arguments)
 {
     Options options;
-    options.isInfo = !arguments.empty() && arguments[0] == "info";
-    if (!options.isInfo)
-        return Parse(DrawCommand(), std::move(arguments), options);
-    arguments.erase(arguments.begin());
-    return Parse(InfoCommand(), std::move(arguments), options);
+    for (const CommandRow& command : Commands().subspan(1))
+        if (!arguments.empty() && arguments[0] == WordOf(command))
+            options.task = command.task;
+    if (options.task != Task::Draw)
+        arguments.erase(arguments.begin());
+    return Parse(CommandFor(options.task), std::move(arguments), options);
 }
 
 } // namespace plexorn

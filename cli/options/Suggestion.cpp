@@ -57,9 +57,9 @@ std::string SuggestedOption(const CommandRow& command, std::string_view argument
     const std::string_view name = argument.substr(0, argument.find('='));
     if (!name.starts_with("--"))
         return "";
-    const CommandRow& other = &command == &DrawCommand() ? InfoCommand() : DrawCommand();
-    if (FindOption(other, name))
-        return std::string(other.name).append(" ").append(name);
+    for (const CommandRow& other : Commands())
+        if (other.task != command.task && FindOption(other, name))
+            return std::string(other.name).append(" ").append(name);
     std::string_view nearest;
     std::size_t least = MostDistance(name.substr(2)) + 1;
     for (const OptionRow& row : command.options) {
@@ -74,8 +74,10 @@ std::string SuggestedOption(const CommandRow& command, std::string_view argument
 
 std::string SuggestedCommand(std::string_view word)
 {
-    constexpr std::pair<std::string_view, std::string_view> kMeant[] = {
-        {"info", "plexorn info"}, {"help", "plexorn --help"}, {"version", "plexorn --version"}};
+    constexpr std::pair<std::string_view, std::string_view> kMeant[] = {{"info", "plexorn info"},
+                                                                        {"prepare", "plexorn prepare"},
+                                                                        {"help", "plexorn --help"},
+                                                                        {"version", "plexorn --version"}};
     for (const auto& [name, meant] : kMeant)
         if (EditDistance(word, name) <= 1)
             return std::string(meant);

@@ -124,12 +124,23 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     return out;
 }
 
+std::string OutcomeText(const PreparedOutcome& outcome, std::size_t messages)
+{
+    std::string out = "prepared to ";
+    out.append(Printable(outcome.output)).append(" (").append(Count(outcome.bytes, "byte", "bytes"));
+    out.append("), ").append(ShareText(outcome.share));
+    out.append(", ").append(Count(messages, "message", "messages"));
+    return out.append(", ").append(std::to_string(outcome.time.count())).append(" ms") +
+           MissingText(outcome.share);
+}
+
 std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::milliseconds time)
 {
     const std::string blank = totals.blank == 0 ? "" : "of them " + std::to_string(totals.blank) + " blank, ";
     const std::string skipped = totals.skipped == 0 ? "" : std::to_string(totals.skipped) + " skipped, ";
-    return std::to_string(totals.drawn) + " drawn, " + blank + skipped + std::to_string(totals.failed) +
-           " failed, " + Count(messages, "message", "messages") + ", " + std::to_string(time.count()) + " ms";
+    return Count(totals.done, totals.doneWord, totals.doneWord) + ", " + blank + skipped +
+           std::to_string(totals.failed) + " failed, " + Count(messages, "message", "messages") + ", " +
+           std::to_string(time.count()) + " ms";
 }
 
 std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages)
@@ -170,12 +181,23 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
     return json.Close('}').Result();
 }
 
+std::string OutcomeJson(const std::string& file, const PreparedOutcome& outcome, std::size_t messages)
+{
+    Json json;
+    json.Open('{').Member("type", "prepared").Member("file", file).Member("output", outcome.output);
+    json.Member("bytes", outcome.bytes)
+        .Member("messages", messages)
+        .Member("milliseconds", outcome.time.count());
+    AddShare(json, outcome.share);
+    return json.Close('}').Result();
+}
+
 std::string TotalJson(const Totals& totals, std::size_t messages, std::chrono::milliseconds time)
 {
     Json json;
     json.Open('{')
         .Member("type", "total")
-        .Member("drawn", totals.drawn)
+        .Member(totals.doneWord, totals.done)
         .Member("blank", totals.blank)
         .Member("skipped", totals.skipped)
         .Member("failed", totals.failed);

@@ -36,12 +36,21 @@ struct Outcome {
     std::map<std::string, std::uint64_t> skipped;
 };
 
+// What became of a drawing that was prepared.
+struct PreparedOutcome {
+    std::string output;
+    std::uint64_t bytes = 0; // of the prepared drawing
+    Share share;
+    std::chrono::milliseconds time{};
+};
+
 // Whether the picture shows all of the drawing as the drawing states it. Messages are not looked at.
 bool IsShownAsStated(const Outcome& outcome);
 
 // What became of several drawings, how many of each.
 struct Totals {
-    std::size_t drawn = 0;
+    std::string_view doneWord; // what was done to them: "drawn" or "prepared"
+    std::size_t done = 0;
     std::size_t blank = 0; // of those that were drawn
     std::size_t skipped = 0;
     std::size_t failed = 0;
@@ -49,10 +58,12 @@ struct Totals {
 
 // The closing lines: of a drawing (after its name), and of several.
 std::string OutcomeText(const Outcome& outcome, std::size_t messages);
+std::string OutcomeText(const PreparedOutcome& outcome, std::size_t messages);
 std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::milliseconds time);
 
 // The same for programs, as one object without its line end.
 std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::size_t messages);
+std::string OutcomeJson(const std::string& file, const PreparedOutcome& outcome, std::size_t messages);
 std::string TotalJson(const Totals& totals, std::size_t messages, std::chrono::milliseconds time);
 
 } // namespace plexorn

@@ -171,7 +171,18 @@ void Report::AddReason(std::string_view type, std::string_view file, std::string
 
 void Report::Drawn(const Outcome& outcome)
 {
-    m_changed = !IsShownAsStated(outcome);
+    Close(outcome, IsShownAsStated(outcome));
+}
+
+void Report::Prepared(const PreparedOutcome& outcome)
+{
+    Close(outcome, outcome.share.IsWhole());
+}
+
+template <class AnyOutcome>
+void Report::Close(const AnyOutcome& outcome, bool isWhole)
+{
+    m_changed = !isWhole;
     AddHeldBack();
     for (const auto& [reason, code] : m_doubts)
         AddReason("doubtful", m_file, reason, code);

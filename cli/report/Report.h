@@ -43,6 +43,7 @@ public:
     // The messages until now, as far as they are not printed yet, are not worth their lines.
     void DropMessages() { m_groups = MessageGroups(m_style.maxMessages); }
     void Drawn(const Outcome& outcome);
+    void Prepared(const PreparedOutcome& outcome);
     // Why a drawing that will be drawn is not as it should be, as the end of a sentence; it is printed in any
     // case.
     void Doubtful(std::string_view reason, ExitCode code);
@@ -67,6 +68,8 @@ private:
     void AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code);
     void AddColoured(std::string_view sequence, std::string_view text);
     void Pass();
+    template <class AnyOutcome>
+    void Close(const AnyOutcome& outcome, bool isWhole);
 
     Printer& m_printer;
     std::size_t m_number;

@@ -17,9 +17,12 @@ _plexorn()
     elif [[ $previous == = ]]; then
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    local options='-o --output --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
+    local options='-o --output --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --layers --layer --not-layer --tolerance --no-wrap --encoding --redraw-dimensions --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
         options='--json --texts --summary --files-from -0 --null -r --recursive -h --help'
+    fi
+    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == prepare ]]; then
+        options='-o --output --for --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions -q --quiet --messages --max-messages --strict --min-drawn -h --help'
     fi
     case $previous in
         -o | --output)
@@ -45,6 +48,23 @@ _plexorn()
             mapfile -t COMPREPLY < <(compgen -W 'all most' -- "$current")
             return
             ;;
+        --layers)
+            mapfile -t COMPREPLY < <(compgen -W 'shown all' -- "$current")
+            return
+            ;;
+        --layer)
+            return
+            ;;
+        --not-layer)
+            return
+            ;;
+        --tolerance)
+            return
+            ;;
+        --encoding)
+            mapfile -t COMPREPLY < <(compgen -W 'UTF-8 ANSI_1250 ANSI_1251 ANSI_1252 ANSI_1253 ANSI_1254 BIG5 GB2312 KSC5601 SHIFT_JIS' -- "$current")
+            return
+            ;;
         --background)
             mapfile -t COMPREPLY < <(compgen -W 'none white black #1e1e1e' -- "$current")
             return
@@ -60,14 +80,18 @@ _plexorn()
             mapfile -t COMPREPLY < <(compgen -W '100% 99% 95% 90% 50%' -- "$current")
             return
             ;;
+        --for)
+            mapfile -t COMPREPLY < <(compgen -W 'module standard' -- "$current")
+            return
+            ;;
     esac
     if [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
         return
     fi
     _plexorn_drawings "$current"
-    if [[ $COMP_CWORD == 1 && info == "$current"* ]]; then
-        COMPREPLY+=(info)
+    if [[ $COMP_CWORD == 1 ]]; then
+        mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W 'info prepare' -- "$current")
     fi
 }
 complete -o filenames -F _plexorn plexorn

@@ -1,5 +1,7 @@
 #include "prepare/drawing/RecordReader.h"
 
+#include "prepare/drawing/Encoding.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -13,23 +15,6 @@ bool IsAscii(std::string_view text)
     for (const char c : text)
         all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
     return all < 0x80;
-}
-
-// Code pages that files name without a number.
-constexpr std::pair<std::string_view, std::string_view> kWords[] = {
-    {"BIG5", "950"}, {"GB2312", "936"}, {"KSC5601", "949"}, {"JOHAB", "1361"}, {"SHIFT_JIS", "932"}};
-
-std::string_view NumberedCodePage(std::string_view name)
-{
-    for (const auto& [word, number] : kWords) {
-        const bool isIt =
-            name.size() >= word.size() &&
-            std::equal(word.begin(), word.end(), name.end() - static_cast<std::ptrdiff_t>(word.size()),
-                       [](char a, char b) { return a == (b >= 'a' && b <= 'z' ? b - 'a' + 'A' : b); });
-        if (isIt)
-            return number;
-    }
-    return name;
 }
 
 } // namespace

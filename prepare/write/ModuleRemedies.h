@@ -23,9 +23,10 @@
 //   62  texts are one height below their point     their points are one height above
 //   63  texts are not turned or stretched          they are in blocks, which are
 //   64, 65  second points and other anchors        the point is the anchor, at the start, middle or end
-//   67, 68  font sizes have two decimals, 0 is 5   a drawing of small texts is put into a block in other
-//   units 77  base points are ignored                    there are none 81  inserts have no style what is in
-//   a block has its own 82  rows and columns are drawn once            there are none
+//   67, 68  font sizes have two decimals, 0 is 5   a drawing of small texts is made larger in a block
+//   77  base points are ignored                    there are none
+//   81  inserts have no style                      what is in a block has its own
+//   82  rows and columns are drawn once            there are none
 //  119, 120  unknown codes are reported            none is written
 #pragma once
 

@@ -14,6 +14,9 @@ public:
     NamedCodePage(const NamedCodePage&) = delete;
     NamedCodePage& operator=(const NamedCodePage&) = delete;
 
+    // Whether the system has the code page.
+    bool IsKnown() const;
+
     // Throws std::bad_alloc.
     std::string Utf8(std::string_view text) const;
 

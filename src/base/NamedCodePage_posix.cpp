@@ -21,6 +21,11 @@ NamedCodePage::~NamedCodePage()
         iconv_close(m_converter);
 }
 
+bool NamedCodePage::IsKnown() const
+{
+    return m_converter != nullptr;
+}
+
 std::string NamedCodePage::Converted(std::string_view text) const
 {
     if (m_converter == nullptr)

@@ -9,6 +9,11 @@ NamedCodePage::NamedCodePage(std::string_view name) : m_number(NumberIn(name)) {
 
 NamedCodePage::~NamedCodePage() = default;
 
+bool NamedCodePage::IsKnown() const
+{
+    return IsValidCodePage(m_number) != 0;
+}
+
 std::string NamedCodePage::Converted(std::string_view text) const
 {
     const int size = static_cast<int>(text.size()); // a few lines

@@ -66,9 +66,11 @@ class Manual(PageTest):
 
     def test_every_option_has_an_example(self):
         self.assertGreater(len(options()), 20)
-        for command in ([], ["info"]):
+        def named(line):
+            return [word for word in ("info", "prepare") if f"plexorn {word} " in line]
+        for command in ([], ["info"], ["prepare"]):
             words = {re.sub(r"=.*", "", word) for line in commands("manual.md") for word in line.split()
-                     if (" info " in line) == bool(command)}
+                     if named(line) == command}
             self.assertEqual([option for option in options(*command) if option not in words], [])
 
     def test_every_unit_stands_in_it(self):

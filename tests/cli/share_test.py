@@ -14,7 +14,7 @@ ARGS = None
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 SHARE = os.path.join(ROOT, "cli", "share")
-COMMANDS = ((), ("info",))
+COMMANDS = ((), ("info",), ("prepare",))
 
 
 def shared(name):
@@ -104,7 +104,7 @@ class ManualPage(ShareTest):
         self.assertIn(f'"Plexorn {ARGS.version}"', self.page().split("\n")[0])
 
     def test_it_has_exactly_the_options_of_the_help_with_their_explanations(self):
-        for command, section in zip(COMMANDS, ("OPTIONS", "OPTIONS OF PLEXORN INFO")):
+        for command, section in zip(COMMANDS, ("OPTIONS", "OPTIONS OF PLEXORN INFO", "OPTIONS OF PLEXORN PREPARE")):
             rows = [(", ".join(filter(None, (short, long))) + (f" {value}" if value else ""), explanation + ".")
                     for short, long, value, explanation in rows_of_help(*command)]
             self.assertEqual(self.paragraphs(section), rows)
@@ -141,13 +141,16 @@ class Bash(ShareTest):
         self.assertEqual(self.complete("-"), every)
         self.assertEqual(self.complete("--ma"), ["--max-messages"])
         self.assertEqual(self.complete("info", "--"), sorted(long for _, long in options_of_help("info")))
+        self.assertEqual(self.complete("prepare", "--"), sorted(long for _, long in options_of_help("prepare")))
 
     def test_exactly_the_options_with_a_value_wait_for_one(self):
         cases = re.findall(r"^        (?:(-\w) \| )?(--[\w-]+)\)$", shared("plexorn.bash"), re.MULTILINE)
-        self.assertEqual(cases, [(short, long) for short, long, value, _ in rows_of_help() if value])
+        options = dict.fromkeys((short, long) for command in ((), ("prepare",))
+                                for short, long, value, _ in rows_of_help(*command) if value)
+        self.assertEqual(cases, list(options))
 
     def test_drawings_and_folders(self):
-        self.assertEqual(self.complete(""), ["B.DXF", "a plan.dxf", "folder", "info"])
+        self.assertEqual(self.complete(""), ["B.DXF", "a plan.dxf", "folder", "info", "prepare"])
         self.assertEqual(self.complete("a"), ["a plan.dxf"])
         self.assertEqual(self.complete("info", ""), ["B.DXF", "a plan.dxf", "folder"])
 
@@ -178,11 +181,11 @@ class ZshTable(ShareTest):
     """Read as a text, which needs no zsh."""
 
     def test_it_has_exactly_the_options_of_the_help(self):
-        info, draw = shared("_plexorn").split("\nelse\n")
+        info, prepare, draw = re.split(r"\n(?:elif .*|else)\n", shared("_plexorn"))
         # An equals sign after the name lets a value follow in the same word.
         row = re.compile(r"^        (?:'\((-\w) (--[\w-]+)\)'\{\1,\2(=)?\}'|'(--[\w-]+)(=)?)\[[^]]+\](:\w+:)?",
                          re.MULTILINE)
-        for command, text in zip(COMMANDS, (draw, info)):
+        for command, text in zip(COMMANDS, (draw, info, prepare)):
             rows = row.findall(text)
             self.assertEqual([bool(first or second) for _, _, first, _, second, _ in rows],
                              [bool(value) for *_, value in rows])
@@ -230,7 +233,7 @@ class Zsh(ShareTest):
         self.complete("plexorn --max-mess", "ages")
 
     def test_a_terminal_gets_drawings_and_folders(self):
-        self.assertNotIn("picture", self.complete("plexorn ", "SECTION.DXF", "folder", "info", "plan.dxf"))
+        self.assertNotIn("picture", self.complete("plexorn ", "SECTION.DXF", "folder", "info", "plan.dxf", "prepare"))
         for line in ("plexorn info ", "plexorn plan.dxf "):
             self.assertNotIn("picture", self.complete(line, "SECTION.DXF", "folder", "plan.dxf"))
 
@@ -245,11 +248,12 @@ class FishTable(ShareTest):
     """Read as a text, which needs no fish."""
 
     def test_it_has_exactly_the_options_of_the_help(self):
-        row = re.compile(r"^complete -c plexorn -n '(not )?__fish_seen_subcommand_from info'(?: -s (\w))? -l ([\w-]+)"
+        row = re.compile(r"^complete -c plexorn -n '(not )?__fish_seen_subcommand_from ([\w ]+)'(?: -s (\w))? -l ([\w-]+)"
                          r"( -r -F| -x)?", re.MULTILINE)
-        rows = [("not " if command == () else "", short[1:], long[2:], bool(value))
+        condition = {(): ("not ", "info prepare"), ("info",): ("", "info"), ("prepare",): ("", "prepare")}
+        rows = [(*condition[command], short[1:], long[2:], bool(value))
                 for command in COMMANDS for short, long, value, _ in rows_of_help(*command)]
-        found = [(which, short, long, bool(value)) for which, short, long, value in row.findall(shared("plexorn.fish"))]
+        found = [(*others, bool(value)) for *others, value in row.findall(shared("plexorn.fish"))]
         self.assertEqual(found, rows)
 
     def test_every_unit(self):
@@ -275,6 +279,7 @@ class Fish(ShareTest):
     def test_options_and_values(self):
         self.assertEqual(self.complete("plexorn --"), sorted(long for _, long in options_of_help()))
         self.assertEqual(self.complete("plexorn info --"), sorted(long for _, long in options_of_help("info")))
+        self.assertEqual(self.complete("plexorn prepare --"), sorted(long for _, long in options_of_help("prepare")))
         self.assertEqual(self.complete("plexorn --messages "), ["json", "text"])
         self.assertEqual(self.complete("plexorn --messages="), ["--messages=json", "--messages=text"])
 
@@ -284,7 +289,7 @@ class Fish(ShareTest):
         os.mkdir(os.path.join(self.folder, "folder"))
         self.file(os.path.join("folder", "c.dxf"), "")
         drawings = ["B.DXF", "a plan.dxf", "folder/"]
-        self.assertEqual(self.complete("plexorn "), sorted([*drawings, "info"]))
+        self.assertEqual(self.complete("plexorn "), sorted([*drawings, "info", "prepare"]))
         self.assertEqual(self.complete("plexorn B.DXF "), drawings)
         self.assertEqual(self.complete("plexorn info "), drawings)
         self.assertEqual(self.complete("plexorn folder/"), ["folder/c.dxf"])

@@ -3,11 +3,11 @@
 
 #include <gtest/gtest.h>
 
-using plexorn::DrawCommand;
+using plexorn::CommandFor;
 using plexorn::EditDistance;
-using plexorn::InfoCommand;
 using plexorn::SuggestedCommand;
 using plexorn::SuggestedOption;
+using plexorn::Task;
 
 TEST(EditDistance, CountsLetters)
 {
@@ -29,17 +29,18 @@ TEST(EditDistance, WordsOfOtherLengthsAreFarApart)
 
 TEST(Suggestion, OptionsOfTheCommandAndOfTheOther)
 {
-    EXPECT_EQ(SuggestedOption(DrawCommand(), "--papre"), "--paper");
-    EXPECT_EQ(SuggestedOption(DrawCommand(), "--unit=mm"), "--units");
-    EXPECT_EQ(SuggestedOption(DrawCommand(), "--texts"), "plexorn info --texts");
-    EXPECT_EQ(SuggestedOption(InfoCommand(), "--strict"), "plexorn --strict");
-    EXPECT_EQ(SuggestedOption(InfoCommand(), "--jsno"), "--json");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), "--papre"), "--paper");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), "--unit=mm"), "--units");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), "--texts"), "plexorn info --texts");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Info), "--strict"), "plexorn --strict");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Info), "--jsno"), "--json");
+    EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), "--for=standard"), "plexorn prepare --for");
 }
 
 TEST(Suggestion, NothingIsNear)
 {
     for (const char* argument : {"--", "-x", "--xyz", "plan.dxf", ""})
-        EXPECT_EQ(SuggestedOption(DrawCommand(), argument), "");
+        EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), argument), "");
     EXPECT_EQ(SuggestedCommand("plan.dxf"), "");
     EXPECT_EQ(SuggestedCommand(""), "");
     EXPECT_EQ(SuggestedCommand("information"), "");

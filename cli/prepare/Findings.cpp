@@ -1,4 +1,4 @@
-#include "cli/draw/PreparedShare.h"
+#include "cli/prepare/Findings.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -24,7 +24,7 @@ std::string MessageText(const prepare::Report::Key& key)
 
 } // namespace
 
-void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
+Share TellFindings(const prepare::Report& findings, Report& report)
 {
     Share share;
     std::uint64_t missing = 0;
@@ -41,11 +41,7 @@ void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& rep
     }
     share.entities = std::max(findings.entities, missing);
     share.shown = share.entities - missing;
-    outcome.share = share;
-    outcome.skipped.clear();
-    outcome.unmarkedEntry = 0;
-    outcome.otherTexts = 0;
-    outcome.oddLines = 0;
+    return share;
 }
 
 } // namespace plexorn

@@ -1,11 +1,8 @@
-#include "cli/draw/DrawAll.h"
+#include "cli/batch/RunBatch.h"
 
-#include "cli/draw/DrawJob.h"
 #include "cli/files/Inputs.h"
-#include "cli/files/Jobs.h"
 #include "cli/report/Outcome.h"
 #include "cli/report/Printer.h"
-#include "cli/report/Report.h"
 #include "cli/system/InterruptGuard.h"
 #include "cli/system/Native.h"
 
@@ -28,8 +25,9 @@ using Clock = std::chrono::steady_clock;
 
 class Batch {
 public:
-    Batch(const std::vector<Job>& jobs, const Options& options, const ReportStyle& style, Printer& printer)
-        : m_jobs(jobs), m_options(options), m_style(style), m_printer(printer)
+    Batch(const std::vector<Job>& jobs, const Options& options, DoJob doJob, const ReportStyle& style,
+          Printer& printer)
+        : m_jobs(jobs), m_options(options), m_doJob(doJob), m_style(style), m_printer(printer)
     {
     }
 
@@ -65,19 +63,19 @@ private:
     {
         for (std::size_t number = m_next++; number < m_jobs.size() && !InterruptGuard::IsInterrupted();
              number = m_next++)
-            DrawNumber(number);
+            DoNumber(number);
     }
 
-    void DrawNumber(std::size_t number)
+    void DoNumber(std::size_t number)
     {
         const Job& job = m_jobs[number];
         Report report(m_printer, number, ShownName(job.input), m_style);
         try {
-            DrawJob(job, m_options, report);
+            m_doJob(job, m_options, report);
         } catch (const std::bad_alloc&) {
-            report.Failed(ShownName(job.input), "is not drawn: memory is short", ExitCode::File);
+            report.Failed(ShownName(job.input), NotDone(m_options.task) + "memory is short", ExitCode::File);
         } catch (const std::exception& error) {
-            report.Failed(ShownName(job.input), std::string("is not drawn: ") + error.what(), ExitCode::File);
+            report.Failed(ShownName(job.input), NotDone(m_options.task) + error.what(), ExitCode::File);
         }
         m_messages += report.MessageCount();
         if (report.IsChanged())
@@ -94,6 +92,7 @@ private:
 
     const std::vector<Job>& m_jobs;
     const Options& m_options;
+    const DoJob m_doJob;
     const ReportStyle& m_style;
     Printer& m_printer;
     std::atomic<std::size_t> m_next = 0;
@@ -138,21 +137,22 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
 
 } // namespace
 
-ExitCode DrawAll(const Options& options)
+ExitCode RunBatch(const Options& options, DoJob doJob)
 {
     const Clock::time_point start = Clock::now();
     const std::vector<Job> jobs = PlanJobs(FindInputs(options), options);
     const ReportStyle style = StyleFor(options);
     const bool isOne = jobs.size() == 1;
     Printer printer(jobs.size(), !isOne && !style.isQuiet && !style.isJson && IsTerminal(stderr));
-    Batch batch(jobs, options, style, printer);
+    Batch batch(jobs, options, doJob, style, printer);
     batch.Run(ThreadCount(options, jobs.size()));
     if (!isOne && !style.isQuiet) {
         auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         auto text = style.isJson ? TotalJson : TotalText;
-        const std::size_t drawn = jobs.size() - batch.Failed() - batch.Skipped();
+        const std::size_t done = jobs.size() - batch.Failed() - batch.Skipped();
         const std::string total =
-            text({drawn, batch.Blank(), batch.Skipped(), batch.Failed()}, batch.Messages(), time);
+            text({DoneWord(options.task), done, batch.Blank(), batch.Skipped(), batch.Failed()},
+                 batch.Messages(), time);
         printer.Close(total + "\n");
     }
     // Programs that read the objects rely on them: a drawing without one would count as drawn without a

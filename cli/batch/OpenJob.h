@@ -1,0 +1,19 @@
+// What decides whether a drawing of a batch is worked on.
+#pragma once
+
+#include "cli/contents/Share.h"
+#include "cli/files/Jobs.h"
+#include "cli/files/Source.h"
+#include "cli/options/Options.h"
+#include "cli/report/Report.h"
+
+namespace plexorn {
+
+// Whether source, which is job's drawing, could be opened and its output is to be written; if not, the report
+// is told.
+bool IsReady(const Source& source, const Job& job, const Options& options, Report& report);
+
+// Says that too little of a drawing is shown, if options ask for more.
+void TellShare(const Share& share, const Options& options, Report& report);
+
+} // namespace plexorn

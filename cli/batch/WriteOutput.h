@@ -1,0 +1,16 @@
+// Writing what is made of a drawing.
+#pragma once
+
+#include "cli/files/Jobs.h"
+#include "cli/files/OutputFile.h"
+
+#include <functional>
+#include <string>
+
+namespace plexorn {
+
+// Lets write fill job's output, in its folder, which is made if it may be; the output is written whole or,
+// when write gives false, not at all. Gives why it is not, as the end of a sentence; else an empty text.
+std::string WriteOutput(const Job& job, const std::function<bool(OutputFile& file)>& write);
+
+} // namespace plexorn

@@ -1,0 +1,72 @@
+#include "cli/prepare/PrepareJob.h"
+
+#include "cli/batch/OpenJob.h"
+#include "cli/batch/WriteOutput.h"
+#include "cli/prepare/Findings.h"
+#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/RewoundFile.h"
+#include "cli/system/InterruptGuard.h"
+
+#include <chrono>
+#include <string>
+#include <system_error>
+
+namespace plexorn {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using prepare::PrepareOutcome;
+
+// Why there is no prepared drawing, as the end of a sentence.
+void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::string& whyNotWritten,
+                 const Source& source, const Job& job, Report& report)
+{
+    if (outcome == PrepareOutcome::NoDrawing)
+        return report.Failed(source.ShownName(), "is a DXF with nothing in it", ExitCode::NotAsciiDxf);
+    if (outcome == PrepareOutcome::ReadFailed)
+        return report.Failed(source.ShownName(),
+                             "cannot be read to its end: " + std::generic_category().message(input.Error()),
+                             ExitCode::File);
+    report.Failed(job.output, "cannot be written: " + whyNotWritten, ExitCode::File);
+}
+
+void Prepare(Source& source, const Job& job, const Options& options, Report& report)
+{
+    const Clock::time_point start = Clock::now();
+    RewoundFile input(source);
+    prepare::Report findings;
+    PrepareOutcome outcome = PrepareOutcome::Done;
+    PreparedOutcome told;
+    const std::string reason = WriteOutput(job, [&](OutputFile& file) {
+        const auto write = [&](std::string_view bytes) {
+            told.bytes += bytes.size();
+            return file.Write(bytes.data(), bytes.size());
+        };
+        outcome = prepare::PrepareDrawing(input, PrepareOptionsFor(options), write, findings, {});
+        return outcome == PrepareOutcome::Done;
+    });
+    // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
+    if (!reason.empty() && InterruptGuard::IsInterrupted())
+        return;
+    if (!reason.empty())
+        return TellFailure(outcome, input, reason, source, job, report);
+    told.output = job.output;
+    told.share = TellFindings(findings, report);
+    TellShare(told.share, options, report);
+    told.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    report.Prepared(told);
+}
+
+} // namespace
+
+void PrepareJob(const Job& job, const Options& options, Report& report)
+{
+    if (!job.reason.empty())
+        return report.Failed(ShownName(job.input), job.reason, job.code);
+    Source source(job.input, Forms::All);
+    if (IsReady(source, job, options, report))
+        Prepare(source, job, options, report);
+}
+
+} // namespace plexorn

@@ -1,0 +1,22 @@
+#include "cli/prepare/PrepareOptions.h"
+
+#include "cli/options/Tolerance.h"
+
+namespace plexorn {
+
+prepare::Options PrepareOptionsFor(const Options& options)
+{
+    prepare::Options wanted;
+    wanted.profile = options.readBy == "standard" ? prepare::Profile::Standard : prepare::Profile::Module;
+    wanted.tolerance = ToleranceOf(options.tolerance).value_or(0);
+    wanted.mayWrap = !options.forbidsWrap;
+    wanted.showsAllLayers = options.layers == "all";
+    wanted.isForPaper = options.isOnPaper;
+    wanted.onlyLayers = options.onlyLayers;
+    wanted.withoutLayers = options.withoutLayers;
+    wanted.encoding = options.encoding;
+    wanted.redrawsDimensions = options.redrawsDimensions;
+    return wanted;
+}
+
+} // namespace plexorn

@@ -1,0 +1,12 @@
+// How a drawing is to be prepared.
+#pragma once
+
+#include "cli/options/Options.h"
+#include "prepare/Options.h"
+
+namespace plexorn {
+
+// What options ask for.
+prepare::Options PrepareOptionsFor(const Options& options);
+
+} // namespace plexorn

@@ -1,0 +1,191 @@
+"""plexorn prepare, and what the options of preparing do to a drawing and to its picture."""
+import json
+import os
+import re
+
+from command_support import CommandTest, DRAWING, LINE, dxf, entities
+
+SPLINE = ("0", "SPLINE", "8", "0", "70", "8", "71", "3", "72", "8", "73", "4",
+          *(word for knot in "00001111" for word in ("40", knot)),
+          *(word for point in ((0, 0), (0, 10), (10, 10), (10, 0)) for word in ("10", str(point[0]), "20", str(point[1]))))
+SOLID = ("0", "3DSOLID", "8", "0")
+
+
+def layer(name, colour="7", flags="0", plotted="1"):
+    return ("0", "LAYER", "100", "AcDbLayerTableRecord", "2", name, "70", flags, "62", colour, "290", plotted)
+
+
+def with_layers(layers, *lines):
+    return (dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", *(word for row in layers for word in row),
+                "0", "ENDTAB", "0", "ENDSEC") + entities(*lines))
+
+
+def line_on(name, length):
+    return ("0", "LINE", "8", name, "10", "0", "20", "0", "11", str(length), "21", "0")
+
+
+class PrepareTest(CommandTest):
+    AS_IS = False
+
+    def pairs(self, name):
+        lines = self.read(name).split("\n")
+        return [(int(code), value) for code, value in zip(lines[0::2], lines[1::2])]
+
+    def entity_values(self, name, wanted):
+        """The values of a group code in a prepared drawing's ENTITIES section."""
+        pairs = self.pairs(name)
+        pairs = pairs[pairs.index((2, "ENTITIES")):]
+        return [value for code, value in pairs[:pairs.index((0, "ENDSEC"))] if code == wanted]
+
+    def types(self, name):
+        return self.entity_values(name, 0)
+
+    def ends(self, *options, content):
+        """The ends of the lines that are shown, from a drawing of lines that begin at the origin."""
+        self.write("plan.dxf", content)
+        self.expect(0, "prepare", "--for", "standard", "-q", "plan.dxf", "-o", "out.dxf", *options)
+        return self.entity_values("out.dxf", 11)
+
+
+class Prepare(PrepareTest):
+    def test_a_drawing_becomes_a_plain_one(self):
+        self.write("plan.dxf", entities(*SPLINE, *LINE))
+        said = self.expect(0, "prepare", "--for", "standard", "plan.dxf", "-o", "out.dxf")
+        size = os.path.getsize(self.path("out.dxf"))
+        self.assertRegex(said, rf"^plan.dxf: prepared to out.dxf \({size} bytes\), all 2 entities shown, 0 messages, \d+ ms\n$")
+        self.assertEqual(self.types("out.dxf"), ["LWPOLYLINE", "LINE"])
+
+    def test_the_standard_streams(self):
+        result = self.plexorn("prepare", "-", stdin=None, input=DRAWING)
+        self.write("plan.dxf")
+        self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf")
+        self.assertEqual(result.stdout, self.read("out.dxf"))
+        self.assertEqual(self.plexorn("prepare", "plan.dxf", "-o", "-").stdout, result.stdout)
+
+    def test_an_output_is_named_unless_the_drawing_is_the_standard_input(self):
+        self.write("plan.dxf")
+        self.assertIn("Say with -o where the prepared drawing goes", self.expect(2, "prepare", "plan.dxf"))
+        self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_several_drawings_go_into_a_folder(self):
+        os.mkdir(self.path("in"))
+        os.mkdir(self.path("in/deep"))
+        for name in ("in/a.dxf", "in/deep/b.DXF"):
+            self.write(name)
+        said = self.expect(0, "prepare", "-r", "in", "-o", "out/")
+        self.assertRegex(said.splitlines()[-1], r"^2 prepared, 0 failed, 0 messages, \d+ ms$")
+        self.assertEqual(sorted(os.listdir(self.path("out"))), ["a.dxf", "deep"])
+        self.assertEqual(os.listdir(self.path("out/deep")), ["b.dxf"])
+        said = self.expect(2, "prepare", "in/a.dxf", "in/deep/b.DXF", "-o", "one.dxf")
+        self.assertIn("several drawings need a folder for their prepared drawings", said)
+
+    def test_the_drawing_itself_and_other_drawings_are_not_written_over(self):
+        for name in ("a.dxf", "b.dxf"):
+            self.write(name)
+        self.assertIn("a.dxf is the drawing itself", self.expect(2, "prepare", "a.dxf", "-o", "a.dxf").replace(":", ""))
+        os.mkdir(self.path("out"))
+        self.write("out/a.dxf")
+        self.assertIn("a.dxf: is not prepared: ", self.expect(5, "prepare", "a.dxf", "out/a.dxf", "-o", "out"))
+        self.assertEqual(self.read("a.dxf"), DRAWING.decode())
+
+    def test_an_ending_that_is_not_written_is_refused(self):
+        self.write("plan.dxf")
+        self.assertIn("a drawing is prepared as ASCII DXF, not as dwg",
+                      self.expect(2, "prepare", "plan.dxf", "-o", "plan.dwg"))
+
+    def test_a_prepared_drawing_that_exists_is_left_alone_if_asked(self):
+        self.write("plan.dxf")
+        self.write("out.dxf", b"older")
+        self.assertIn("skipped, out.dxf exists", self.expect(0, "prepare", "--no-clobber", "plan.dxf", "-o", "out.dxf"))
+        self.assertEqual(self.read("out.dxf"), "older")
+
+    def test_what_is_no_drawing_leaves_nothing(self):
+        self.write("plan.dxf", b"no drawing\n")
+        self.expect(4, "prepare", "plan.dxf", "-o", "out.dxf")
+        self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_what_is_not_shown_is_said_and_counted(self):
+        self.write("plan.dxf", entities(*LINE, *SOLID))
+        said = self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf")
+        self.assertIn("plan.dxf:18: 3DSOLID is not shown: ", said)
+        self.assertIn("1 of 2 entities shown (50.0 %)", said)
+        self.expect(1, "prepare", "--strict", "plan.dxf", "-o", "out.dxf")
+        self.expect(1, "prepare", "--min-drawn", "51%", "plan.dxf", "-o", "out.dxf")
+        self.expect(0, "prepare", "--min-drawn", "50%", "plan.dxf", "-o", "out.dxf")
+        *_, closing = map(json.loads, self.expect(0, "prepare", "--messages=json", "plan.dxf", "-o", "out.dxf").splitlines())
+        self.assertEqual((closing["type"], closing["output"], closing["share"]["missing"]),
+                         ("prepared", "out.dxf", {"3DSOLID": 1}))
+
+    def test_the_module_is_drawn_from_it_without_a_message(self):
+        self.write("plan.dxf", entities(*SPLINE, *SOLID, *LINE))
+        self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf")
+        self.assertIn(" 0 messages", self.expect(0, "--as-is", "out.dxf"))
+
+    def test_the_word_prepare_comes_first(self):
+        self.write("plan.dxf")
+        self.assertIn("prepare comes first, before its options", self.expect(2, "-q", "prepare", "plan.dxf"))
+
+
+class OptionsOfPreparing(PrepareTest):
+    LAYERS = with_layers([layer("SHOWN"), layer("OFF", "-7"), layer("FROZEN", "7", "1"), layer("DEFPOINTS"),
+                          layer("UNPLOTTED", plotted="0")],
+                         *line_on("SHOWN", 1), *line_on("OFF", 2), *line_on("FROZEN", 3), *line_on("DEFPOINTS", 4),
+                         *line_on("UNPLOTTED", 5))
+
+    def test_layers(self):
+        for options, shown in (((), "15"), (("--layers", "all"), "12345"), (("--paper",), "1"), (("--layer", "SHOWN"), "1"),
+                               (("--layer", "*N*", "--layers=all"), "1345"), (("--not-layer", "un*"), "1"),
+                               (("--layer", "SHOWN", "--layer", "UNPLOTTED"), "15"),
+                               (("--layers=all", "--not-layer", "OFF", "--not-layer", "DEF*"), "135")):
+            with self.subTest(options):
+                self.assertEqual(self.ends(*options, content=self.LAYERS), [*shown])
+
+    def test_the_picture_shows_the_same_layers(self):
+        self.write("plan.dxf", self.LAYERS)
+        for options, lines in (((), 2), (("--layers=all",), 5), (("--layer", "SHOWN"), 1)):
+            self.expect(0, "plan.dxf", *options)
+            self.assertEqual(self.read("plan.svg").count("<line"), lines, options)
+
+    def test_tolerance(self):
+        self.write("plan.dxf", entities(*SPLINE))
+        vertices = []
+        for tolerance in ("1", "0.1", "1e-4"):
+            self.expect(0, "prepare", "--for=standard", "--tolerance", tolerance, "plan.dxf", "-o", "out.dxf")
+            [count] = map(int, self.entity_values("out.dxf", 90))
+            vertices.append(count)
+        self.assertLess(vertices[0] * 2, vertices[1])
+        self.assertLess(vertices[1] * 10, vertices[2])
+        for wrong in ("0", "-1", "nan", "inf", "1mm", ""):
+            self.assertIn("is no tolerance", self.expect(2, "--tolerance", wrong, "plan.dxf"))
+
+    def test_no_wrap(self):
+        self.write("plan.dxf", entities("0", "LINE", "8", "0", "10", "2500000", "20", "5600000", "11", "2500020", "21", "5600000"))
+        self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf")
+        self.assertEqual(self.types("out.dxf"), ["INSERT"])
+        self.expect(0, "prepare", "--no-wrap", "plan.dxf", "-o", "out.dxf")
+        self.assertEqual(self.types("out.dxf"), ["LINE"])
+
+    def test_encoding(self):
+        text = entities("0", "TEXT", "8", "0", "10", "0", "20", "0", "40", "1", "1", "VALUE").replace(b"VALUE", b"\xcf\xf0\xe8")
+        self.write("plan.dxf", text)
+        for name, shown in (("ANSI_1251", "При"), ("ansi_1252", "Ïðè"), ("1251", "При")):
+            self.expect(0, "--encoding", name, "plan.dxf")
+            self.assertIn(f">{shown}<", self.read("plan.svg"))
+        self.assertIn("is not an encoding", self.expect(2, "--encoding", "klingon", "plan.dxf"))
+
+    def test_redrawn_dimensions(self):
+        dimension = ("0", "DIMENSION", "100", "AcDbEntity", "8", "0", "100", "AcDbDimension", "2", "*D1", "10", "10", "20", "5",
+                     "70", "1", "100", "AcDbAlignedDimension", "13", "0", "23", "0", "14", "10", "24", "0")
+        self.write("plan.dxf", dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "*D1", "10", "0", "20", "0", *LINE,
+                                   "0", "ENDBLK", "0", "ENDSEC") + entities(*dimension))
+        self.expect(0, "plan.dxf")
+        self.assertNotIn("<text", self.read("plan.svg"))
+        self.expect(0, "--redraw-dimensions", "plan.dxf")
+        self.assertRegex(self.read("plan.svg"), r">10\.0000<")
+
+    def test_what_the_module_draws_by_itself_is_not_prepared(self):
+        self.write("plan.dxf")
+        for option in ("--layers=all", "--layer=0", "--not-layer=0", "--tolerance=1", "--no-wrap", "--encoding=1252",
+                       "--redraw-dimensions"):
+            self.assertIn("--as-is draws what the module draws by itself", self.expect(2, "--as-is", option, "plan.dxf"))
+        self.assertIsNone(re.search("svg", " ".join(self.names())))
