@@ -43,13 +43,15 @@ NEIGHBOURS = {
 # The rooms of cli/ that each one may include from, besides itself; "" are the files beside the rooms. What a room knows
 # of the project beyond src/base is in its second set.
 COMMAND_ROOMS = {
-    "": ({"draw", "info", "options", "system"}, set()),
-    "draw": ({"contents", "files", "options", "report", "system"},
-             {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/"}),
+    "": ({"batch", "draw", "info", "options", "prepare", "system"}, set()),
+    "draw": ({"batch", "contents", "files", "options", "prepare", "report", "system"},
+             {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/report/"}),
+    "prepare": ({"batch", "contents", "files", "options", "report", "system"}, {"prepare/"}),
+    "batch": ({"contents", "files", "options", "report", "system"}, set()),
     "info": ({"contents", "files", "options", "report"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "files": ({"options", "system"}, {"prepare/pairs/"}),
-    "options": ({"contents"}, set()),
+    "options": ({"contents"}, {"prepare/drawing/Encoding.h"}),
     "contents": (set(), {"src/input/", TYPE_LIST, "prepare/pairs/"}),
     "system": (set(), set()),
 }
