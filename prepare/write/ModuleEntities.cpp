@@ -1,5 +1,6 @@
 #include "prepare/write/ModuleEntities.h"
 
+#include "prepare/plain/Placement.h"
 #include "prepare/write/AgreedNames.h"
 
 #include <algorithm>
@@ -177,10 +178,10 @@ bool ModuleEntities::WriteRoundPolyline(StyleId style, std::span<const PlainVert
 }
 
 // As they are written, without points on the one before.
-void ModuleEntities::RoundPoints(std::vector<Point2>& points, bool isClosed) const
+void ModuleEntities::RoundPoints(std::vector<Point2>& points, bool isClosed, int decimals) const
 {
     for (Point2& point : points)
-        point = Rounded(point);
+        point = {RoundedTo(point.x, decimals), RoundedTo(point.y, decimals)};
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (isClosed && points.size() > 1 && points.front() == points.back())
         points.pop_back();
@@ -188,45 +189,65 @@ void ModuleEntities::RoundPoints(std::vector<Point2>& points, bool isClosed) con
 
 void ModuleEntities::WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed)
 {
-    RoundPoints(points, isClosed);
+    RoundPoints(points, isClosed, m_out.decimals);
     if (points.size() < 2)
         return;
     if (points.size() == 2)
         return WriteLine(style, points[0], points[1]);
-    WritePolyline(style, points, isClosed);
+    WritePolyline(style, points, isClosed, m_out.decimals);
 }
 
-void ModuleEntities::WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed)
+void ModuleEntities::WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed,
+                                   int decimals)
 {
     Begin("LWPOLYLINE", style);
     if (isClosed)
         m_out.pairs.Integer(70, 1);
-    for (const Point2& point : points)
-        Point(10, point);
+    for (const Point2& point : points) {
+        m_out.pairs.Fixed(10, point.x, decimals);
+        m_out.pairs.Fixed(20, point.y, decimals);
+    }
+}
+
+// A stroke that is shorter than a step of the coordinates is seen by its width, but an area has none: a small
+// one needs more decimals.
+int ModuleEntities::DecimalsOfArea(std::span<const std::vector<Point2>> rings) const
+{
+    constexpr double kStepsAcross = 500;
+    constexpr int kMostMore = 4, kMost = 15;
+    Box box;
+    for (const std::vector<Point2>& ring : rings)
+        for (const Point2 point : ring)
+            box.Add(point);
+    const double wanted = std::ceil(std::log10(kStepsAcross / (m_out.factor * box.LongerSide())));
+    if (!(wanted > m_out.decimals))
+        return m_out.decimals;
+    return std::min({wanted < kMost ? static_cast<int>(wanted) : kMost, m_out.decimals + kMostMore, kMost});
 }
 
 // Leaves the ring as it is written in m_points; false when it is too small to be seen.
-bool ModuleEntities::TakeRing(const std::vector<Point2>& ring)
+bool ModuleEntities::TakeRing(const std::vector<Point2>& ring, int decimals)
 {
     m_points.clear();
     for (const Point2 point : ring)
         m_points.push_back(Local(point));
-    RoundPoints(m_points, true);
+    RoundPoints(m_points, true, decimals);
     return m_points.size() > 2;
 }
 
 void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<Point2>> rings)
 {
     bool hasBegun = false;
+    const int decimals = DecimalsOfArea(rings);
     for (const std::vector<Point2>& ring : rings) {
-        if (!TakeRing(ring))
+        if (!TakeRing(ring, decimals))
             continue;
         if (!hasBegun) {
             m_out.pairs.Text(0, "BLOCK");
             m_out.pairs.Text(2, FillName(++m_out.fills.blocks));
         }
         hasBegun = true;
-        WritePolyline(style, m_points, true);
+        WritePolyline(style, m_points, true, decimals);
     }
     if (hasBegun)
         m_out.pairs.Text(0, "ENDBLK");
@@ -234,7 +255,8 @@ void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<P
 
 void ModuleEntities::Fill(StyleId, std::span<const std::vector<Point2>> rings)
 {
-    if (std::none_of(rings.begin(), rings.end(), [&](const auto& ring) { return TakeRing(ring); }))
+    const int decimals = DecimalsOfArea(rings);
+    if (std::none_of(rings.begin(), rings.end(), [&](const auto& ring) { return TakeRing(ring, decimals); }))
         return;
     m_out.pairs.Text(0, "INSERT");
     m_out.pairs.Text(2, FillName(++m_out.fills.inserts));

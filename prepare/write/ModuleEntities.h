@@ -74,10 +74,11 @@ private:
     void WriteEllipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio);
     void WriteEllipticalArc(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                             double end, int splits);
-    void RoundPoints(std::vector<Point2>& points, bool isClosed) const;
+    void RoundPoints(std::vector<Point2>& points, bool isClosed, int decimals) const;
     void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
-    void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed);
-    bool TakeRing(const std::vector<Point2>& ring);
+    void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed, int decimals);
+    int DecimalsOfArea(std::span<const std::vector<Point2>> rings) const;
+    bool TakeRing(const std::vector<Point2>& ring, int decimals);
     bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
 
     const ModuleOutput& m_out;

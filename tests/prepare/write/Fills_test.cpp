@@ -65,6 +65,18 @@ TEST(Fills, AreInTheBlocksThatHaveThem)
     EXPECT_EQ(EntitiesIn(text), "0 INSERT 2 PLEXORN_FILL_2 0 INSERT 2 P1 10 5 20 5");
 }
 
+// Strokes that are 0.25 wide have coordinates of four decimals.
+TEST(Fills, SmallOnesHaveMoreDecimals)
+{
+    WrittenDrawing written;
+    written.Model().Line(StyleOf(3), {0, 0}, {10, 1.000012});
+    written.Model().Fill(StyleOf(1), Rings{{{1, 0}, {1.0012, 0}, {1.0012, 0.000312}}});
+    const std::string text = written.Text();
+    EXPECT_EQ(BlocksIn(text), "0 BLOCK 2 PLEXORN_FILL_1 0 LWPOLYLINE 62 1 370 25 70 1 "
+                              "10 1 20 0 10 1.0012 20 0 10 1.0012 20 0.000312 0 ENDBLK");
+    EXPECT_EQ(EntitiesIn(text), "0 LINE 62 3 370 25 10 0 20 0 11 10 21 1 0 INSERT 2 PLEXORN_FILL_1");
+}
+
 TEST(Fills, TooSmallOrNotFiniteTheyAreLeftOut)
 {
     WrittenDrawing written;
