@@ -90,9 +90,9 @@ void Converter::Finish()
 {
     m_report.entities += m_toBeSeen;
     for (const TypeCount& type : m_rewritten)
-        if (type.count > 0)
-            m_report.Add(Finding::Rewritten, m_drawing.names.Text(type.name), "plain entities",
-                         type.firstLine, type.count);
+        if (const std::string made = TextOf(type.made); !made.empty())
+            m_report.Add(Finding::Rewritten, m_drawing.names.Text(type.name), made, type.firstLine,
+                         type.count);
 }
 
 void Converter::Place(const Entity& entity, const Context& context)
@@ -106,15 +106,23 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (!m_layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
     ++m_toBeSeen;
-    if (!IsPlain(entity))
-        CountRewritten(entity);
+    if (IsPlain(entity))
+        PlaceOther(entity, context, style);
+    else
+        PlaceRewritten(entity, context, style);
+}
+
+void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)
+{
+    CountedSink counted(context.sink, CountRewritten(entity).made);
+    const Context counting{context.matrix, context.insert, context.isInBlock, counted};
     switch (entity.type) {
     case EntityType::Dimension:
-        return PlaceDimension(static_cast<const Dimension&>(entity), context, style);
+        return PlaceDimension(static_cast<const Dimension&>(entity), counting, style);
     case EntityType::Table:
-        return PlaceTable(static_cast<const Table&>(entity), context, style);
+        return PlaceTable(static_cast<const Table&>(entity), counting, style);
     default:
-        return PlaceOther(entity, context, style);
+        return PlaceOther(entity, counting, style);
     }
 }
 
@@ -334,13 +342,14 @@ const Converter::BlockTraits& Converter::TraitsOf(const Block& block)
     return traits;
 }
 
-void Converter::CountRewritten(const Entity& entity)
+Converter::TypeCount& Converter::CountRewritten(const Entity& entity)
 {
     TypeCount& type = m_rewritten[static_cast<std::size_t>(entity.type)];
     if (type.count++ == 0) {
         type.firstLine = entity.line;
         type.name = entity.typeName;
     }
+    return type;
 }
 
 } // namespace prepare

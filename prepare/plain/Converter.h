@@ -3,6 +3,7 @@
 
 #include "prepare/Options.h"
 #include "prepare/plain/BlockVariants.h"
+#include "prepare/plain/CountedSink.h"
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
 #include "prepare/plain/Placement.h"
@@ -56,13 +57,16 @@ private:
         bool inherits = false;
         bool hasRays = false;
     };
+    // The entities of a type, and what they became.
     struct TypeCount {
         std::uint64_t count = 0;
         std::uint64_t firstLine = 0;
         NameId name = kNoName;
+        PlainCounts made{};
     };
 
     void Place(const Entity& entity, const Context& context);
+    void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);
     void PlaceInsert(const Insert& insert, const Context& context, const Style& style);
     void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
@@ -80,7 +84,7 @@ private:
     bool TakePlace(std::uint64_t line);
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);
-    void CountRewritten(const Entity& entity);
+    TypeCount& CountRewritten(const Entity& entity);
 
     const Drawing& m_drawing;
     const Options& m_options;

@@ -86,7 +86,6 @@ void Edges::Draw()
         m_pen.Line(m_points[edge.from], m_points[edge.to]);
         last = edge;
     }
-    m_pen.Report(Finding::Rewritten, "lines");
 }
 
 bool IsFace(const PolylineVertex& vertex)
@@ -127,7 +126,6 @@ void DrawPolygonMesh(const Polyline& mesh, Pen& pen)
             line.push_back(grid.points[row * grid.columns + column]);
         pen.Polyline(line, (mesh.flags & ClosedInM) != 0);
     }
-    pen.Report(Finding::Rewritten, "polylines");
 }
 
 void DrawPolyface(const Polyline& polyface, Pen& pen)

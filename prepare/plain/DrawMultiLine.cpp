@@ -219,7 +219,6 @@ void MultiLineDrawer::Draw()
 {
     if (m_multiLine.vertices.size() < 2)
         return;
-    m_pen.Report(Finding::Rewritten, "polylines");
     if (m_style == nullptr)
         m_pen.Report(Finding::Changed, "its style is missing");
     if (m_elements == 0) {

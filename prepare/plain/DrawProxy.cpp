@@ -240,7 +240,6 @@ void DrawProxy(const Proxy& proxy, Pen& pen)
     ProxyDrawer drawer(pen);
     for (ProxyCommand command; graphics.Next(command);)
         drawer.Take(command);
-    pen.Report(Finding::Rewritten, "its picture");
     if (drawer.HasSkipped())
         pen.Report(Finding::Changed, "parts of its picture are left out");
     if (!graphics.IsWhole())

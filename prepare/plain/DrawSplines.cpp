@@ -40,7 +40,6 @@ std::vector<WeightedPoint> ControlPoints(const Spline& spline, Pen& pen)
 
 void Draw(const std::vector<Point2>& points, Pen& pen)
 {
-    pen.Report(Finding::Rewritten, "polylines");
     if (points.size() == 2)
         pen.Line(points[0], points[1]);
     else

@@ -11,7 +11,7 @@
 namespace prepare {
 
 enum class Finding : std::uint8_t {
-    Rewritten, // subject is drawn as something else: "SPLINE", detail "polylines"
+    Rewritten, // subject is drawn as something else: "SPLINE", detail "3 polylines"
     NotShown,  // subject is not drawn, detail says why
     Changed,   // subject is drawn, but not wholly as its author saw it
     Repaired,  // the file is broken here: subject "file", detail says how it was read

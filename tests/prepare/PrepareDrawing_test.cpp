@@ -1,0 +1,97 @@
+// Preparing as a whole: drawing in, plain drawing and report out.
+#include "prepare/PrepareDrawing.h"
+
+#include "prepare/Inputs.h"
+#include "support/Dxf.h"
+
+#include <gtest/gtest.h>
+
+namespace prepare {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct Prepared {
+    PrepareOutcome outcome = PrepareOutcome::Done;
+    std::string text;
+    Report report;
+
+    // "SPLINE: 1 polyline (2 from line 5)", of all entries that say what was rewritten.
+    Lines Rewritten() const
+    {
+        Lines lines;
+        for (const auto& [key, met] : report.Entries())
+            if (key.finding == Finding::Rewritten)
+                lines.push_back(key.subject + ": " + key.detail + " (" + std::to_string(met.count) +
+                                " from line " + std::to_string(met.firstLine) + ")");
+        return lines;
+    }
+};
+
+Prepared PreparedFrom(const std::string& drawing, Options options = {})
+{
+    Prepared prepared;
+    MemoryInput input(drawing);
+    options.profile = Profile::Standard;
+    const auto write = [&](std::string_view bytes) {
+        prepared.text += bytes;
+        return true;
+    };
+    prepared.outcome = PrepareDrawing(input, options, write, prepared.report, {});
+    return prepared;
+}
+
+std::string Section(const char* name, const std::string& content)
+{
+    return Dxf({{0, "SECTION"}, {2, name}}) + content + Dxf({{0, "ENDSEC"}});
+}
+
+const std::string kLine = Dxf({{0, "LINE"}, {8, "0"}, {10, "0"}, {20, "0"}, {11, "9"}, {21, "9"}});
+const std::string kPoint = Dxf({{0, "POINT"}, {8, "0"}, {10, "1"}, {20, "1"}});
+const std::string kDimension = Dxf({{0, "DIMENSION"}, {8, "0"}, {2, "*D1"}, {10, "0"}, {20, "0"}});
+const std::string kSolid = Dxf({{0, "3DSOLID"}, {8, "0"}});
+
+TEST(PrepareDrawing, ReportSaysIntoHowManyOfWhat)
+{
+    const std::string mesh = Dxf({{0, "3DFACE"},
+                                  {8, "0"},
+                                  {10, "0"},
+                                  {20, "0"},
+                                  {11, "1"},
+                                  {21, "0"},
+                                  {12, "1"},
+                                  {22, "1"},
+                                  {13, "0"},
+                                  {23, "1"},
+                                  {70, "1"}});
+    const Prepared prepared = PreparedFrom(Section("ENTITIES", kLine + mesh + mesh));
+    EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
+    EXPECT_EQ(prepared.Rewritten(), Lines{"3DFACE: 2 polylines (2 from line 18)"});
+    EXPECT_EQ(prepared.report.entities, 3u);
+}
+
+TEST(PrepareDrawing, ReportCountsTheContentOfADimensionsBlock)
+{
+    const std::string block = Dxf({{0, "BLOCK"}, {2, "*D1"}}) + kLine + kLine + Dxf({{0, "ENDBLK"}});
+    const Prepared prepared = PreparedFrom(Section("BLOCKS", block) + Section("ENTITIES", kDimension));
+    EXPECT_EQ(prepared.Rewritten(), Lines{"DIMENSION: 2 lines (1 from line 42)"});
+}
+
+TEST(PrepareDrawing, WhatIsNotShownIsNotRewritten)
+{
+    const Prepared prepared = PreparedFrom(Section("ENTITIES", kLine + kSolid));
+    EXPECT_EQ(prepared.Rewritten(), Lines{});
+    EXPECT_EQ(prepared.report.entities, 2u);
+}
+
+TEST(PrepareDrawing, UnknownEncodingIsABadOption)
+{
+    Options options;
+    options.encoding = "klingon";
+    EXPECT_EQ(PreparedFrom(Section("ENTITIES", kLine), options).outcome, PrepareOutcome::BadOptions);
+    options.encoding = "ansi_1251";
+    EXPECT_EQ(PreparedFrom(Section("ENTITIES", kLine), options).outcome, PrepareOutcome::Done);
+}
+
+} // namespace
+} // namespace prepare
