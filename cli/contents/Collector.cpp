@@ -1,7 +1,9 @@
 #include "cli/contents/Collector.h"
 
+#include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "cli/contents/Fate.h"
+#include "cli/contents/FileSource.h"
 #include "cli/contents/LeadingNumbers.h"
 
 #include <algorithm>
@@ -21,29 +23,28 @@ int IntegerOf(std::string_view value)
 
 } // namespace
 
-bool Collector::Take(const PairReader& pair)
+void Collector::Take(const prepare::PairReader& pair)
 {
+    const std::string_view value = Trim(pair.Value());
+    const std::uint64_t line = pair.Line() + 1;
     if (pair.Code() == 0) {
         EndRecord();
-        return Begin(pair.Value(), pair.Line());
+        Begin(value, line);
+    } else {
+        TakeValue(pair.Code(), value, line);
     }
-    TakeValue(pair.Code(), pair.Value(), pair.Line());
-    return true;
 }
 
-bool Collector::Begin(std::string_view name, std::uint64_t line)
+void Collector::Begin(std::string_view name, std::uint64_t line)
 {
     m_record = Record::None;
     m_sawMarker = false;
     m_line = line;
-    m_info.isEnded = name == kEndOfFile;
     if (name == "SECTION") {
         m_section = Section::Named;
         LeaveBlock();
     } else if (name == "ENDSEC") {
         m_section = Section::None;
-    } else if (m_section == Section::None && name == kEndOfFile) {
-        return false;
     } else if (m_section == Section::Tables) {
         BeginEntry(name);
     } else if (m_section == Section::Entities) {
@@ -60,7 +61,6 @@ bool Collector::Begin(std::string_view name, std::uint64_t line)
             BeginEntity(name);
         }
     }
-    return true;
 }
 
 void Collector::BeginEntry(std::string_view name)
@@ -205,8 +205,7 @@ bool Collector::IsShown() const
 
 void Collector::CountEntity(const TypeInfo& type)
 {
-    const bool isPart =
-        m_type == "VERTEX" || m_type == "SEQEND" || m_type == kEndOfFile || (m_inBlock && m_type == "ATTDEF");
+    const bool isPart = m_type == "VERTEX" || m_type == "SEQEND" || (m_inBlock && m_type == "ATTDEF");
     if (isPart)
         return;
     Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
@@ -394,15 +393,17 @@ void Collector::TakeDetail(int code, std::string_view value)
 DrawingInfo CollectInfo(std::FILE* file, bool withTexts)
 {
     DrawingInfo info;
-    PairReader pairs(file);
+    FileSource source(file);
+    prepare::PairReader pairs(source);
     Collector collector(info, withTexts);
-    while (pairs.Next() && collector.Take(pairs)) {
-    }
+    while (pairs.Next())
+        collector.Take(pairs);
     collector.Finish();
-    info.lines = pairs.Line();
-    info.oddLines = pairs.OddLines();
-    info.firstOddLine = pairs.FirstOddLine();
-    info.header.readError = pairs.ReadError();
+    info.isEnded = pairs.HasEofPair();
+    info.lines = pairs.Lines();
+    info.oddLines = pairs.SkippedLines().count;
+    info.firstOddLine = pairs.SkippedLines().firstLine;
+    info.header.readError = source.Error();
     return info;
 }
 

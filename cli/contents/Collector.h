@@ -3,7 +3,7 @@
 
 #include "cli/contents/DimensionMeasure.h"
 #include "cli/contents/DrawingInfo.h"
-#include "cli/contents/PairReader.h"
+#include "prepare/pairs/PairReader.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -19,8 +19,7 @@ public:
     {
     }
 
-    // False when the drawing has come to its end mark.
-    bool Take(const PairReader& pair);
+    void Take(const prepare::PairReader& pair);
     // To be called once, after the last pair.
     void Finish();
 
@@ -30,7 +29,7 @@ private:
     enum class Kind { Other, Polyline, Text, MText, Insert, Dimension };
     enum class Record { None, Layer, LineType, BlockRecord, Block, Entity };
 
-    bool Begin(std::string_view name, std::uint64_t line);
+    void Begin(std::string_view name, std::uint64_t line);
     void BeginEntry(std::string_view name);
     void BeginEntity(std::string_view name);
     bool NeedsMarker() const;

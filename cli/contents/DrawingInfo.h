@@ -14,10 +14,6 @@
 
 namespace plexorn {
 
-// The mark at the end of a file. In a section that nothing ends it is counted as a type all the same, as the
-// reader takes it for one, but it is no entity.
-inline constexpr std::string_view kEndOfFile = "EOF";
-
 // Things with names, in the order in which they came; the first one of a name is the one that counts.
 template <class Thing>
 class Named {

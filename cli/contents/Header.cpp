@@ -1,7 +1,9 @@
 #include "cli/contents/Header.h"
 
+#include "base/Numbers.h"
+#include "cli/contents/FileSource.h"
 #include "cli/contents/LeadingNumbers.h"
-#include "cli/contents/PairReader.h"
+#include "prepare/pairs/PairReader.h"
 
 namespace plexorn {
 
@@ -61,22 +63,24 @@ Header ReadHeader(std::FILE* file)
 {
     Header header;
     HeaderReader reader(header);
-    PairReader pairs(file);
+    FileSource source(file);
+    prepare::PairReader pairs(source);
     bool isInSection = false, isInHeader = false;
     while (pairs.Next()) {
+        const std::string_view value = Trim(pairs.Value());
         if (pairs.Code() == 0) {
-            isInSection = pairs.Value() == "SECTION";
+            isInSection = value == "SECTION";
             if (!isInSection)
                 break;
         } else if (isInHeader) {
-            reader.Take(pairs.Code(), pairs.Value());
+            reader.Take(pairs.Code(), value);
         } else if (isInSection && pairs.Code() == 2) {
-            isInHeader = pairs.Value() == "HEADER";
+            isInHeader = value == "HEADER";
             if (!isInHeader)
                 break;
         }
     }
-    header.readError = pairs.ReadError();
+    header.readError = source.Error();
     return header;
 }
 

@@ -200,7 +200,8 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
 // What preparing met counts in place of what the module alone would show.
 void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
 {
-    outcome.share = TellFindings(findings, report);
+    TellFindings(findings, report);
+    outcome.share = ShareOf(findings);
     outcome.skipped.clear();
     outcome.unmarkedEntry = 0;
     outcome.otherTexts = 0;

@@ -18,8 +18,7 @@ void AddReason(std::string& reasons, const std::string& reason)
 
 bool HoldsEntities(const DrawingInfo& info)
 {
-    const auto isEntity = [](const TypeInfo& type) { return type.name != kEndOfFile; };
-    return std::any_of(info.types.begin(), info.types.end(), isEntity);
+    return info.types.Count() > 0;
 }
 
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements)

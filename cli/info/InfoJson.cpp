@@ -13,7 +13,8 @@ namespace {
 
 class JsonOfInfo {
 public:
-    JsonOfInfo(const std::string& file, const DrawingInfo& info) : m_info(info), m_page(info.header.codePage)
+    JsonOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
+        : m_info(info), m_becoming(becoming), m_page(info.header.codePage)
     {
         m_json.Open('{').Member("file", file).Member("bytes", info.bytes).Member("lines", info.lines);
     }
@@ -59,6 +60,8 @@ public:
             m_json.Member("line", type.line);
             m_json.Member("fate", NameOfFate(FateInDrawing(type.name)));
             m_json.Member("fateInBlocks", NameOfFate(FateInBlock(type.name)));
+            if (m_becoming != nullptr)
+                AddBecoming(type);
         });
     }
 
@@ -76,9 +79,9 @@ public:
 
     std::string Finish()
     {
-        AddShare(m_json, ShareOf(m_info));
+        AddShare(m_json, m_becoming != nullptr ? m_becoming->share : ShareOf(m_info));
         m_json.Name("notes").Open('[');
-        for (const std::string& note : NotesOn(m_info))
+        for (const std::string& note : NotesOn(m_info, m_becoming))
             m_json.Text(note);
         return m_json.Close(']').Close('}').Result() + "\n";
     }
@@ -91,6 +94,25 @@ private:
             m_json.Name(name).Null();
         else
             m_json.Member(name, m_page.Utf8(text));
+    }
+
+    void AddBecoming(const TypeInfo& type)
+    {
+        const auto found = m_becoming->types.find(type.name);
+        const TypeBecoming becoming = found == m_becoming->types.end() ? TypeBecoming() : found->second;
+        m_json.Name("becomes").Open('{');
+        Text("into", becoming.into);
+        AddCounts("notShown", becoming.notShown);
+        AddCounts("changed", becoming.changed);
+        m_json.Close('}');
+    }
+
+    void AddCounts(std::string_view name, const std::map<std::string, std::uint64_t>& counts)
+    {
+        m_json.Name(name).Open('{');
+        for (const auto& [what, count] : counts)
+            m_json.Member(what, count);
+        m_json.Close('}');
     }
 
     void Integer(std::string_view name, std::optional<int> number)
@@ -126,15 +148,17 @@ private:
     }
 
     const DrawingInfo& m_info;
+    const Becoming* m_becoming;
     NamedCodePage m_page;
     Json m_json;
 };
 
 } // namespace
 
-std::string InfoJson(const std::string& file, const DrawingInfo& info, bool withTexts)
+std::string InfoJson(const std::string& file, const DrawingInfo& info, const Becoming* becoming,
+                     bool withTexts)
 {
-    JsonOfInfo json(file, info);
+    JsonOfInfo json(file, info, becoming);
     json.AddHeader();
     json.AddTables();
     json.AddEntities();

@@ -75,9 +75,22 @@ std::string FateText(const TypeInfo& type)
     return type.inDrawing == 0 ? text : std::string(TextOfFate(outside)) + "; in blocks " + text;
 }
 
+// What becomes of a type of which preparing has nothing to say.
+std::string_view TextOfUnchanged(const TypeInfo& type)
+{
+    if (type.name == "VERTEX" || type.name == "SEQEND")
+        return "a part of the entity before it";
+    if (type.name == "VIEWPORT")
+        return "not shown: a window of a layout";
+    if (type.name == "ATTDEF" && type.inDrawing == 0)
+        return "inserts have their own texts for it";
+    return "drawn";
+}
+
 class TextOfInfo {
 public:
-    TextOfInfo(const std::string& file, const DrawingInfo& info) : m_info(info), m_page(info.header.codePage)
+    TextOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
+        : m_info(info), m_becoming(becoming), m_page(info.header.codePage)
     {
         m_out.append(Printable(file)).append("\n");
     }
@@ -94,7 +107,7 @@ public:
         Line("measurement", MeasurementText(header));
         Line("extents", BoxText(header.extentsMin, header.extentsMax));
         Line("limits", BoxText(header.limitsMin, header.limitsMax));
-        const Share share = ShareOf(m_info);
+        const Share share = m_becoming != nullptr ? m_becoming->share : ShareOf(m_info);
         Line("share", ShareText(share) + MissingText(share));
     }
 
@@ -103,7 +116,7 @@ public:
         Table table({"entities", ">in drawing", ">in blocks", ">first line", "what becomes of them"});
         for (const TypeInfo& type : m_info.types)
             table.Add({Safe(type.name), std::to_string(type.inDrawing), std::to_string(type.inBlocks),
-                       std::to_string(type.line), FateText(type)});
+                       std::to_string(type.line), BecomingText(type)});
         Add(table);
     }
 
@@ -138,13 +151,22 @@ public:
 
     std::string Finish()
     {
-        for (const std::string& note : NotesOn(m_info))
+        for (const std::string& note : NotesOn(m_info, m_becoming))
             m_out.append("  note: ").append(note).append("\n");
         return m_out;
     }
 
 private:
     std::string Safe(std::string_view text) const { return Printable(m_page.Utf8(text)); }
+
+    std::string BecomingText(const TypeInfo& type) const
+    {
+        if (m_becoming == nullptr)
+            return FateText(type);
+        const auto found = m_becoming->types.find(type.name);
+        return found == m_becoming->types.end() ? std::string(TextOfUnchanged(type))
+                                                : Printable(found->second.Text());
+    }
 
     static std::string BlockState(const BlockInfo& block)
     {
@@ -166,15 +188,17 @@ private:
     }
 
     const DrawingInfo& m_info;
+    const Becoming* m_becoming;
     NamedCodePage m_page;
     std::string m_out;
 };
 
 } // namespace
 
-std::string InfoText(const std::string& file, const DrawingInfo& info, bool withTexts)
+std::string InfoText(const std::string& file, const DrawingInfo& info, const Becoming* becoming,
+                     bool withTexts)
 {
-    TextOfInfo text(file, info);
+    TextOfInfo text(file, info, becoming);
     text.AddHeader();
     text.AddEntities();
     text.AddTables();

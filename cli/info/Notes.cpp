@@ -41,21 +41,13 @@ std::uint64_t MissingBlocks(const DrawingInfo& info)
                       [](const BlockInfo& block) { return block.definitions == 0; }));
 }
 
-} // namespace
-
-std::vector<std::string> NotesOn(const DrawingInfo& info)
+// What of the file the module alone does not read as it is meant.
+void AddNotesOfModule(const DrawingInfo& info, std::vector<std::string>& notes)
 {
-    std::vector<std::string> notes;
     if (info.unmarkedEntry != 0)
         notes.push_back("the entry at line " + std::to_string(info.unmarkedEntry) +
                         " has no subclass marker: the reader takes what follows it for a part of it, and the "
                         "drawing may come out empty");
-    if (info.oddLines != 0)
-        notes.push_back(Numbered(info.oddLines, "line stands", "lines stand") +
-                        " where a group code belongs and none is, the first at line " +
-                        std::to_string(info.firstOddLine));
-    if (!info.isEnded)
-        notes.push_back("the file has no EOF: it may have been cut off");
     if (info.otherTexts != 0 && IsCodePageUtf8())
         notes.push_back(OtherTextsNote(info));
     if (const std::uint64_t count = EntitiesOnHiddenLayers(info))
@@ -66,6 +58,35 @@ std::vector<std::string> NotesOn(const DrawingInfo& info)
         notes.push_back(Numbered(
             info.hiddenEntities, "entity is invisible by a flag of its own; it is in the picture, hidden",
             "entities are invisible by a flag of their own; they are in the picture, hidden"));
+}
+
+void AddNotesOfPreparing(const DrawingInfo& info, const Becoming& becoming, std::vector<std::string>& notes)
+{
+    notes.insert(notes.end(), becoming.repairs.begin(), becoming.repairs.end());
+    if (const std::uint64_t count = EntitiesOnHiddenLayers(info))
+        notes.push_back(Numbered(count, "entity is", "entities are") +
+                        " on layers that are off or frozen (--layers all shows such layers)");
+    if (info.hiddenEntities != 0)
+        notes.push_back(Numbered(info.hiddenEntities,
+                                 "entity is invisible by a flag of its own, and left out",
+                                 "entities are invisible by a flag of their own, and left out"));
+}
+
+} // namespace
+
+std::vector<std::string> NotesOn(const DrawingInfo& info, const Becoming* becoming)
+{
+    std::vector<std::string> notes;
+    if (becoming == nullptr && info.oddLines != 0)
+        notes.push_back(Numbered(info.oddLines, "line stands", "lines stand") +
+                        " where a group code belongs and none is, the first at line " +
+                        std::to_string(info.firstOddLine));
+    if (!info.isEnded)
+        notes.push_back("the file has no EOF: it may have been cut off");
+    if (becoming == nullptr)
+        AddNotesOfModule(info, notes);
+    else
+        AddNotesOfPreparing(info, *becoming, notes);
     if (const std::uint64_t count = MissingBlocks(info))
         notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
     return notes;

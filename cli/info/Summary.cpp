@@ -7,9 +7,8 @@
 
 namespace plexorn {
 
-void Summary::Add(const DrawingInfo& info)
+void Summary::Add(const Share& share)
 {
-    const Share share = ShareOf(info);
     ++m_drawings;
     m_whole += share.IsWhole();
     m_share.Add(share);
@@ -17,6 +16,8 @@ void Summary::Add(const DrawingInfo& info)
         ++m_drawingsMissing[type];
     for (std::size_t i = 0; i < kOtherwiseCount; ++i)
         m_drawingsOtherwise[i] += share.otherwise[i] > 0;
+    for (const auto& [how, count] : share.changed)
+        ++m_drawingsChanged[how];
 }
 
 std::string Summary::Text() const
@@ -34,6 +35,8 @@ std::string Summary::Text() const
         if (m_share.otherwise[i] > 0)
             otherwise.Add({std::string(kOtherwiseRows[i].plural), std::to_string(m_share.otherwise[i]),
                            std::to_string(m_drawingsOtherwise[i])});
+    for (const auto& [how, count] : m_share.changed)
+        otherwise.Add({Printable(how), std::to_string(count), std::to_string(m_drawingsChanged.at(how))});
     if (otherwise.Rows() > 0)
         out.append("\n").append(otherwise.Text());
     return out;

@@ -1,7 +1,7 @@
 // What several drawings would lose when they are drawn.
 #pragma once
 
-#include "cli/contents/DrawingInfo.h"
+#include "cli/contents/Otherwise.h"
 #include "cli/contents/Share.h"
 
 #include <array>
@@ -14,7 +14,7 @@ namespace plexorn {
 // Sums drawings up, of which nothing else is kept.
 class Summary {
 public:
-    void Add(const DrawingInfo& info);
+    void Add(const Share& share);
     void AddFailed() { ++m_failed; }
 
     // A table in UTF-8 without control characters, and one JSON object and a line end (docs/manual.md).
@@ -28,6 +28,7 @@ private:
     Share m_share;
     std::map<std::string, std::uint64_t> m_drawingsMissing; // by type: in how many drawings it is missing
     OtherwiseCounts m_drawingsOtherwise{};
+    std::map<std::string, std::uint64_t> m_drawingsChanged;
 };
 
 } // namespace plexorn

@@ -6,6 +6,7 @@
 #include "cli/info/InfoJson.h"
 #include "cli/info/InfoText.h"
 #include "cli/info/Summary.h"
+#include "cli/prepare/Becoming.h"
 #include "cli/report/Report.h"
 
 #include <cerrno>
@@ -35,15 +36,29 @@ void Print(const std::string& text)
                                  std::generic_category().message(errno));
 }
 
-// What the drawing holds; nothing, with the report told, when it cannot be read.
-std::optional<DrawingInfo> ReadInfo(Source& source, const Options& options, Report& report)
+// What is told about a drawing.
+struct Told {
+    DrawingInfo info;
+    std::optional<Becoming> becoming; // unless it is not prepared
+};
+
+Told ReadWhole(Source& source, const Options& options)
+{
+    Told told;
+    told.info = CollectInfo(source.Rewound(), options.withTexts);
+    if (told.info.header.readError != 0)
+        throw std::system_error(told.info.header.readError, std::generic_category());
+    if (!options.isAsIs)
+        told.becoming = BecomingOf(source, options);
+    return told;
+}
+
+// Nothing, with the report told, when the drawing cannot be read.
+std::optional<Told> Read(Source& source, const Options& options, Report& report)
 {
     std::string reason;
     try {
-        DrawingInfo info = CollectInfo(source.Rewound(), options.withTexts);
-        if (info.header.readError == 0)
-            return info;
-        reason = std::generic_category().message(info.header.readError);
+        return ReadWhole(source, options);
     } catch (const std::bad_alloc&) {
         reason = "memory is short";
     } catch (const std::system_error& error) {
@@ -57,18 +72,18 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
 {
     if (!input.reason.empty())
         return report.Failed(input.name, input.reason, ExitCode::File);
-    Source source(input.name);
+    Source source(input.name, options.isAsIs ? Forms::Ascii : Forms::All);
     if (!source.Reason().empty())
         return report.Failed(source.ShownName(), source.Reason(), source.Code());
-    std::optional<DrawingInfo> read = ReadInfo(source, options, report);
-    if (!read)
+    std::optional<Told> told = Read(source, options, report);
+    if (!told)
         return;
-    DrawingInfo& info = *read;
+    const Becoming* const becoming = told->becoming ? &*told->becoming : nullptr;
     if (options.isSummary)
-        return summary.Add(info);
-    info.bytes = SizeOf(source.Path());
-    Print(options.isJson ? InfoJson(source.ShownName(), info, options.withTexts)
-                         : InfoText(source.ShownName(), info, options.withTexts));
+        return summary.Add(becoming != nullptr ? becoming->share : ShareOf(told->info));
+    told->info.bytes = SizeOf(source.Path());
+    const auto text = options.isJson ? InfoJson : InfoText;
+    Print(text(source.ShownName(), told->info, becoming, options.withTexts));
 }
 
 } // namespace

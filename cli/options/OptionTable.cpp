@@ -175,6 +175,7 @@ constexpr OptionRow kPrepareRows[] = {
 constexpr OptionRow kInfoRows[] = {
     {"--json", "", "Print one JSON object a line, one for each drawing", &Options::isJson},
     {"--texts", "", "List the texts of the drawing too", &Options::withTexts},
+    {"--as-is", "", "Tell what the module does by itself, without preparing", &Options::isAsIs},
     {"--summary", "", "Print one sum of all drawings: how much of them is shown, and what is missing",
      &Options::isSummary},
     kFilesFrom,
@@ -216,8 +217,8 @@ constexpr CommandRow kCommands[] = {
      "A drawing, a DXF file; - is the standard input, a folder stands for every .dxf file in it", kDrawRows,
      kDrawExamples},
     {Task::Info, "plexorn info",
-     "Tells what ASCII DXF files hold: version, units, extents, layers, line types, blocks, and for each "
-     "type of entity how many there are and whether they are drawn.",
+     "Tells what DXF files hold: version, units, extents, layers, line types, blocks, and for each "
+     "type of entity how many there are and what becomes of them.",
      "A drawing, as for plexorn itself", kInfoRows, kInfoExamples},
     {Task::Prepare, "plexorn prepare",
      "Rewrites DXF files into plain ones, of lines, arcs, circles, ellipses, polylines, texts and inserts "

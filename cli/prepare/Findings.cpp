@@ -24,14 +24,11 @@ std::string MessageText(const prepare::Report::Key& key)
 
 } // namespace
 
-Share TellFindings(const prepare::Report& findings, Report& report)
+Share ShareOf(const prepare::Report& findings)
 {
     Share share;
     std::uint64_t missing = 0;
     for (const auto& [key, met] : findings.Entries()) {
-        if (key.finding == Finding::Rewritten)
-            continue;
-        report.Finding(MessageText(key), met.firstLine, met.count);
         if (key.finding == Finding::NotShown) {
             share.missing[key.subject] += met.count;
             missing += met.count;
@@ -42,6 +39,13 @@ Share TellFindings(const prepare::Report& findings, Report& report)
     share.entities = std::max(findings.entities, missing);
     share.shown = share.entities - missing;
     return share;
+}
+
+void TellFindings(const prepare::Report& findings, Report& report)
+{
+    for (const auto& [key, met] : findings.Entries())
+        if (key.finding != Finding::Rewritten)
+            report.Finding(MessageText(key), met.firstLine, met.count);
 }
 
 } // namespace plexorn

@@ -7,7 +7,10 @@
 
 namespace plexorn {
 
-// Reports what preparing met as messages; gives the share of the drawing that is shown.
-Share TellFindings(const prepare::Report& findings, Report& report);
+// The share of the drawing that is shown.
+Share ShareOf(const prepare::Report& findings);
+
+// Reports what preparing met as messages.
+void TellFindings(const prepare::Report& findings, Report& report);
 
 } // namespace plexorn

@@ -52,7 +52,8 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     if (!reason.empty())
         return TellFailure(outcome, input, reason, source, job, report);
     told.output = job.output;
-    told.share = TellFindings(findings, report);
+    TellFindings(findings, report);
+    told.share = ShareOf(findings);
     TellShare(told.share, options, report);
     told.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Prepared(told);

@@ -19,7 +19,7 @@ _plexorn()
     fi
     local options='-o --output --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --layers --layer --not-layer --tolerance --no-wrap --encoding --redraw-dimensions --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
-        options='--json --texts --summary --files-from -0 --null -r --recursive -h --help'
+        options='--json --texts --as-is --summary --files-from -0 --null -r --recursive -h --help'
     fi
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == prepare ]]; then
         options='-o --output --for --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions -q --quiet --messages --max-messages --strict --min-drawn -h --help'

@@ -97,7 +97,8 @@ void Converter::Finish()
 
 void Converter::Place(const Entity& entity, const Context& context)
 {
-    if (entity.isInvisible == 1 || !TakePlace(entity.line))
+    // A window of a layout shows nothing by itself.
+    if (entity.isInvisible == 1 || entity.type == EntityType::Viewport || !TakePlace(entity.line))
         return;
     const Style style = m_styles->Of(entity, context.insert, context.isInBlock);
     // What an insert shows is decided by the layers in its block, unless its own is frozen.
@@ -137,7 +138,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     isDrawn = DrawNotes(entity, placement, styleOf) || isDrawn;
     if (entity.type == EntityType::MultiLeader)
         PlaceLeaderBlock(static_cast<const MultiLeader&>(entity), context, style);
-    if (!isDrawn && entity.type != EntityType::Viewport)
+    if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
 }

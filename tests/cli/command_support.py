@@ -55,12 +55,13 @@ class CommandTest(unittest.TestCase):
     # Whether drawings are drawn as the module draws them by itself, unless a test asks for more: what the command
     # says of the module's messages is tested that way.
     AS_IS = True
-    NOT_AS_IS = ("info", "prepare", "--as-is", "--scale", "--true-size", "--fit", "--help", "-h", "--version")
+    NOT_AS_IS = ("prepare", "--as-is", "--scale", "--true-size", "--fit", "--help", "-h", "--version")
 
     def plexorn(self, *arguments, **options):
         """Runs the command; its output is text with plain line ends."""
         if self.AS_IS and not any(str(argument).startswith(self.NOT_AS_IS) for argument in arguments):
-            arguments = ("--as-is", *arguments)
+            command = arguments[:arguments[:1] == ("info",)]
+            arguments = (*command, "--as-is", *arguments[len(command):])
         options = {"timeout": 300, "stdin": subprocess.DEVNULL, **options}
         result = subprocess.run([*EMULATOR, COMMAND, *arguments], cwd=self.folder, capture_output=True, **options)
         result.stdout = result.stdout.decode("utf-8").replace("\r\n", "\n")

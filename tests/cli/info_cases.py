@@ -196,7 +196,7 @@ class Lines(InfoTest):
     def test_a_long_line_counts_with_its_first_characters(self):
         for size in (1023, 1024, 70_000, 1_000_000):
             count, layers = self.lines_of(entities("0", "LINE", "8", "x" * size, *LINE))
-            self.assertEqual((count, layers[0]["name"]), (2, "x" * min(size, 1023)))
+            self.assertEqual((count, len(layers[0]["name"])), (2, min(size, 65_536)))
 
     def test_lines_at_every_place_of_a_block(self):
         for size in range(65_400, 65_560, 7):
@@ -244,13 +244,67 @@ class Hostile(InfoTest):
                 (start + b"\xff" * 100_000, 4, 0, [cut]),
                 (start + b"ENTITIES\n" + b"x\n" * 500_000, 500_004, 0,
                  ["500000 lines stand where a group code belongs and none is, the first at line 5", cut]),
-                # A code beyond 32 bits wraps, and is a code.
-                (DRAWING[:-len(b"0\nEOF\n")] + b"99999999999999999999\n1\n" + DRAWING, 40, 2, [])):
+                # The format has no such code.
+                (DRAWING[:-len(b"0\nEOF\n")] + b"99999999999999999999\n0\nENDSEC\n" + DRAWING, 41, 2,
+                 ["1 line stands where a group code belongs and none is, the first at line 19"])):
             with self.subTest(content=content[:40]):
                 info = self.info(content)
                 self.assertEqual((info["bytes"], info["lines"]), (len(content), lines))
                 self.assertEqual(sum(entry["inDrawing"] for entry in info["entities"]), entities_found)
                 self.assertEqual(info["notes"], notes)
+
+
+class Prepared(InfoTest):
+    """What becomes of entities when the drawing is prepared, as the command draws it."""
+    AS_IS = False
+    FACE = ("0", "3DFACE", "8", "0", "10", "0", "20", "0", "11", "5", "21", "0", "12", "5", "22", "5", "13", "0", "23", "5")
+    UNSHOWN = ("0", "3DSOLID", "8", "0")
+
+    def test_into_how_many_of_what_and_what_is_not_shown(self):
+        info = self.info(entities(*LINE, *self.FACE, *self.FACE, *self.UNSHOWN))
+        self.assertEqual({entry["name"]: entry["becomes"] for entry in info["entities"]}, {
+            "LINE": {"into": None, "notShown": {}, "changed": {}},
+            "3DFACE": {"into": "2 polylines", "notShown": {}, "changed": {}},
+            "3DSOLID": {"into": None, "notShown": {"a modelled solid or surface": 1}, "changed": {}}})
+        self.assertEqual((info["share"]["entities"], info["share"]["shown"], info["share"]["missing"]), (4, 3, {"3DSOLID": 1}))
+
+    def test_the_table_says_it_in_words(self):
+        self.write("plan.dxf", entities(*LINE, *self.FACE, *self.UNSHOWN, "0", "VIEWPORT", "8", "0"))
+        printed = self.plexorn("info", "plan.dxf").stdout
+        for type_, words in (("LINE", "drawn"), ("3DFACE", "drawn as 1 polyline"),
+                             ("3DSOLID", "1 not shown: a modelled solid or surface"),
+                             ("VIEWPORT", "not shown: a window of a layout")):
+            self.assertRegex(printed, rf"(?m)^  {type_} +1 +0 +\d+  {words}$")
+        self.assertIn("share         2 of 3 entities shown (66.6 %); missing: 1 3DSOLID\n", printed)
+
+    def test_notes_say_what_was_repaired_and_what_is_left_out(self):
+        content = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbLayerTableRecord",
+                      "2", "OFF", "70", "0", "62", "-7", "0", "ENDTAB", "0", "ENDSEC",
+                      "0", "SECTION", "2", "ENTITIES", *LINE, "0", "LINE", "8", "OFF", *LINE[4:], "junk")
+        self.assertEqual(self.info(content)["notes"], [
+            "the file has no EOF: it may have been cut off",
+            "line 51: file: a line is skipped that is not a group code",
+            "line 50: file: a section ends without ENDSEC",
+            "line 51: file: ends without EOF",
+            "1 entity is on layers that are off or frozen (--layers all shows such layers)"])
+
+    def test_the_sum_of_several(self):
+        self.write("a.dxf", entities(*LINE, *self.UNSHOWN))
+        self.write("b.dxf", entities(*LINE, *self.UNSHOWN, *self.UNSHOWN))
+        self.assertEqual(self.plexorn("info", "--summary", "a.dxf", "b.dxf").stdout.split("\n"), [
+            "2 drawings, 0 shown as stated, 0 failed; 2 of 5 entities shown (40.0 %)", "",
+            "  missing  entities  drawings", "  3DSOLID         3         2", ""])
+
+    def test_other_forms_are_told_too(self):
+        wide = entities(*LINE).decode().encode("utf-16")
+        self.assertEqual(self.info(wide)["entities"][0]["name"], "LINE")
+        self.expect(4, "info", "--as-is", "plan.dxf")
+
+    def test_it_agrees_with_the_picture(self):
+        self.write("plan.dxf", entities(*LINE, *self.FACE, *self.UNSHOWN))
+        [share] = [entry["share"] for entry in map(json.loads, self.expect(0, "--messages=json", "plan.dxf").splitlines())
+                   if entry["type"] == "drawn"]
+        self.assertEqual(json.loads(self.plexorn("info", "--json", "plan.dxf").stdout)["share"], share)
 
 
 class Examples(InfoTest):

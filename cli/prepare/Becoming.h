@@ -1,0 +1,35 @@
+// What becomes of the entities of a drawing when it is prepared.
+#pragma once
+
+#include "cli/contents/Share.h"
+#include "cli/files/Source.h"
+#include "cli/options/Options.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace plexorn {
+
+// Of the entities of one type.
+struct TypeBecoming {
+    std::string into; // "3 polylines, 1 line"; empty when they stay what they are, or are not shown
+    std::map<std::string, std::uint64_t> notShown; // why, and how many
+    std::map<std::string, std::uint64_t> changed;  // what is shown otherwise, and of how many
+
+    // As a part of a sentence for people.
+    std::string Text() const;
+};
+
+struct Becoming {
+    Share share;
+    std::map<std::string, TypeBecoming> types; // by name; without those that stay what they are
+    std::vector<std::string> repairs;          // what was wrong with the file, and the first line of that
+};
+
+// Prepares source's drawing and keeps what became of it alone. Throws std::bad_alloc, and std::system_error
+// when the drawing cannot be read to its end.
+Becoming BecomingOf(Source& source, const Options& options);
+
+} // namespace plexorn
