@@ -3,7 +3,7 @@
     drawn.py [--command PLEXORN] FOLDER
 
 Draws every .dxf file of FOLDER and prints how many pictures show nothing and why, and for each type of entity in how
-many drawings it occurs, how often, and whether it is drawn. "plexorn info" counts the entities. Vertices and ends of
+many drawings it occurs, how often, and whether it is drawn. "plexorn info --as-is" counts the entities. Vertices and ends of
 sequences are parts of other entities and are not counted. A picture shows nothing if it has no line, shape or text, not
 in the symbols that it uses either.
 """
@@ -45,8 +45,8 @@ def shows_something(picture):
 
 
 def info_of(command, path):
-    """What "plexorn info" says of a drawing; None if the file is not an ASCII DXF."""
-    result = subprocess.run([command, "info", "--json", path], capture_output=True, text=True)
+    """What "plexorn info --as-is" says of a drawing; None if the file is not an ASCII DXF."""
+    result = subprocess.run([command, "info", "--as-is", "--json", path], capture_output=True, text=True)
     return json.loads(result.stdout) if result.returncode == 0 else None
 
 
