@@ -1,5 +1,6 @@
 #include "svghost/Attributes.h"
 
+#include "base/Numbers.h"
 #include "svghost/NumberText.h"
 #include "svghost/XmlText.h"
 
@@ -110,11 +111,10 @@ bool ResolveStroke(std::wstring_view text, std::string& out)
         out += XmlTextOf(text);
         return !text.empty();
     }
-    constexpr char kDigits[] = "0123456789abcdef";
     out += '#';
     for (const unsigned part : parts) {
-        out += kDigits[part >> 4];
-        out += kDigits[part & 15];
+        char digits[2];
+        out.append(digits, FormatHex(part, 2, digits));
     }
     return true;
 }

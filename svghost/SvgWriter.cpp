@@ -24,8 +24,9 @@ void AppendSymbolId(std::string& out, const SymbolName& name, std::size_t defini
     if (definition == 1) {
         out += "s-";
     } else {
+        char digits[kLongestInteger];
         out += 'd';
-        out += std::to_string(definition);
+        out.append(digits, FormatInteger(definition, digits));
         out += '-';
     }
     AppendXmlName(out, name.name);

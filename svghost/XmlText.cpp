@@ -1,10 +1,10 @@
 #include "svghost/XmlText.h"
 
+#include "base/Numbers.h"
 #include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace svghost {
 namespace {
@@ -126,11 +126,7 @@ void AppendXmlName(std::string& out, std::wstring_view text)
             continue;
         }
         char digits[8];
-        const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<unsigned>(next.value), 16);
-        out += "_x";
-        for (const char* digit = digits; digit != end.ptr; ++digit)
-            out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
-        out += '_';
+        out.append("_x").append(digits, FormatUpperHex(next.value, 1, digits)).append("_");
     }
 }
 

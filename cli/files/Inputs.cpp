@@ -1,5 +1,6 @@
 #include "cli/files/Inputs.h"
 
+#include "base/Letters.h"
 #include "cli/files/Wildcards.h"
 #include "cli/system/Native.h"
 
@@ -16,10 +17,7 @@ namespace fs = std::filesystem;
 bool EndsInDxf(std::string_view path)
 {
     constexpr std::string_view kExtension = ".dxf";
-    auto sameLetter = [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; };
-    return path.size() > kExtension.size() &&
-           std::equal(kExtension.begin(), kExtension.end(), path.end() - kExtension.size(),
-                      [&](char b, char a) { return sameLetter(a, b); });
+    return path.size() > kExtension.size() && EndsInLetters(path, kExtension);
 }
 
 std::string ShownName(const std::string& input)

@@ -1,5 +1,6 @@
 #include "cli/files/Jobs.h"
 
+#include "base/Letters.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
@@ -53,9 +54,7 @@ std::string_view OtherForm(const std::string& output)
     const std::size_t dot = output.rfind('.');
     if (dot == std::string_view::npos)
         return "";
-    std::string ending = output.substr(dot + 1);
-    for (char& letter : ending)
-        letter = letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    const std::string ending = InSmallLetters(output.substr(dot + 1));
     const auto form = std::find(std::begin(kForms), std::end(kForms), ending);
     return form == std::end(kForms) ? std::string_view() : *form;
 }

@@ -1,5 +1,7 @@
 #include "cli/files/Wildcards.h"
 
+#include "base/Letters.h"
+#include "base/Utf8.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
@@ -16,16 +18,11 @@ namespace {
 
 constexpr std::string_view kWildcards = "*?";
 
-char SmallLetter(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 // The bytes of the UTF-8 character that begins at that place.
 std::size_t CharacterSize(std::string_view text, std::size_t at)
 {
     std::size_t end = at + 1;
-    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+    while (end < text.size() && IsTrailByte(text[end]))
         ++end;
     return end - at;
 }

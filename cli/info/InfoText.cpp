@@ -6,10 +6,9 @@
 #include "cli/info/Notes.h"
 #include "cli/info/Table.h"
 #include "cli/report/Joined.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"
-
-#include <charconv>
 
 namespace plexorn {
 
@@ -17,10 +16,7 @@ namespace {
 
 std::string Short(double number)
 {
-    char text[32];
-    const std::to_chars_result result =
-        std::to_chars(text, text + sizeof text, number, std::chars_format::general, 8);
-    return std::string(text, result.ptr);
+    return Rounded(number, 8);
 }
 
 std::string PointText(const HeaderPoint& point)

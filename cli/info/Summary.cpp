@@ -2,6 +2,7 @@
 
 #include "cli/info/Table.h"
 #include "cli/report/Json.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"
 
@@ -22,9 +23,9 @@ void Summary::Add(const Share& share)
 
 std::string Summary::Text() const
 {
-    std::string out = std::to_string(m_drawings) + (m_drawings == 1 ? " drawing, " : " drawings, ") +
-                      std::to_string(m_whole) + " shown as stated, " + std::to_string(m_failed) +
-                      " failed; " + ShareText(m_share) + "\n";
+    std::string out = Counted(m_drawings, "drawing", "drawings") + ", " + std::to_string(m_whole) +
+                      " shown as stated, " + std::to_string(m_failed) + " failed; " + ShareText(m_share) +
+                      "\n";
     Table missing({"missing", ">entities", ">drawings"});
     for (const auto& [type, count] : m_share.missing)
         missing.Add({Printable(type), std::to_string(count), std::to_string(m_drawingsMissing.at(type))});

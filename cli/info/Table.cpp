@@ -1,5 +1,7 @@
 #include "cli/info/Table.h"
 
+#include "base/Utf8.h"
+
 #include <algorithm>
 
 namespace plexorn {
@@ -9,9 +11,8 @@ namespace {
 // The number of characters of a UTF-8 text.
 std::size_t WidthOf(std::string_view text)
 {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-    }));
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char byte) { return !IsTrailByte(byte); }));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "cli/options/OptionChecks.h"
 
+#include "base/Letters.h"
 #include "cli/contents/Units.h"
 #include "cli/options/Options.h"
 #include "cli/options/Percentage.h"
@@ -33,13 +34,7 @@ bool IsHexColour(std::string_view text)
 // What a picture must not hold: it would be fetched.
 bool IsFetched(std::string_view function)
 {
-    constexpr std::string_view kSmall = "url", kLarge = "URL";
-    if (function.size() != kSmall.size())
-        return false;
-    for (std::size_t i = 0; i < kSmall.size(); ++i)
-        if (function[i] != kSmall[i] && function[i] != kLarge[i])
-            return false;
-    return true;
+    return AreSameLetters(function, "url");
 }
 
 // rgb(...), hsl(...) and their like; what is in the parentheses is for the viewer to judge.

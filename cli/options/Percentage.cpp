@@ -1,18 +1,22 @@
 #include "cli/options/Percentage.h"
 
-#include <charconv>
+#include "base/Numbers.h"
+
+#include <algorithm>
+#include <string_view>
 
 namespace plexorn {
 
 std::optional<double> PercentageOf(const std::string& text)
 {
-    const char* end = text.data() + text.size();
-    if (text.ends_with('%'))
-        --end;
-    double number = 0;
-    const std::from_chars_result result = std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    const bool isNumber = result.ec == std::errc() && result.ptr == end && text[0] != '-';
-    return isNumber && number >= 0 && number <= 100 ? std::optional(number) : std::nullopt;
+    std::string_view digits = text;
+    if (digits.ends_with('%'))
+        digits.remove_suffix(1);
+    const auto points = std::count(digits.begin(), digits.end(), '.');
+    const bool isNumber = points <= 1 && digits.size() > static_cast<std::size_t>(points) &&
+                          digits.find_first_not_of("0123456789.") == std::string_view::npos;
+    const double number = ParseReal(digits);
+    return isNumber && number <= 100 ? std::optional(number) : std::nullopt;
 }
 
 } // namespace plexorn

@@ -1,9 +1,10 @@
 #include "cli/report/Json.h"
 
+#include "base/Numbers.h"
 #include "base/Utf8.h"
+#include "cli/report/IsUpperControl.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace plexorn {
@@ -12,21 +13,14 @@ namespace {
 
 void AppendNumber(std::string& out, unsigned character)
 {
-    constexpr char kDigits[] = "0123456789abcdef";
-    out.append({'\\', 'u', kDigits[character >> 12], kDigits[(character >> 8) & 15],
-                kDigits[(character >> 4) & 15], kDigits[character & 15]});
+    char digits[4];
+    out.append("\\u").append(digits, FormatHex(character, 4, digits));
 }
 
 // U+2028 and U+2029 end a line for some programs, an object is one line for all.
 bool IsSeparator(std::string_view text)
 {
     return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9");
-}
-
-// U+0080 to U+009F are control characters too.
-bool IsUpperControl(std::string_view text)
-{
-    return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
 }
 
 // Whether a byte is, or may begin, a character that is written otherwise.
@@ -118,9 +112,8 @@ Json& Json::Number(double number)
 {
     if (!std::isfinite(number))
         return Null();
-    char text[32];
-    const std::to_chars_result result = std::to_chars(text, text + sizeof text, number);
-    return Raw(std::string_view(text, static_cast<std::size_t>(result.ptr - text)));
+    char text[kLongestShortest];
+    return Raw(std::string_view(text, FormatShortest(number, text)));
 }
 
 } // namespace plexorn

@@ -1,5 +1,6 @@
 #include "cli/report/MessageGroups.h"
 
+#include "base/Utf8.h"
 #include "cli/report/LineOfMessage.h"
 #include "host/ReportKinds.h"
 
@@ -17,10 +18,7 @@ std::string Shortened(std::string_view text)
 {
     if (text.size() <= kMostBytes)
         return std::string(text);
-    std::size_t end = kMostBytes;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end;
-    return std::string(text.substr(0, end)).append(kEllipsis);
+    return std::string(StartOfUtf8(text, kMostBytes)).append(kEllipsis);
 }
 
 // Where a message of that kind quotes a value of the file; past its end when it quotes none. Names, such as

@@ -2,22 +2,17 @@
 
 #include "cli/report/Joined.h"
 #include "cli/report/Json.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <iterator>
 
 namespace plexorn {
 
 namespace {
-
-std::string Count(std::uint64_t number, std::string_view singular, std::string_view plural)
-{
-    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
-}
 
 // What the host met that the picture does not show.
 struct Finding {
@@ -56,21 +51,17 @@ std::size_t DrawnElements(const SvgHostStatistics& statistics)
 }
 
 // Four digits are enough for a size.
-std::string Rounded(double number)
+std::string Size(double number)
 {
-    char text[32];
-    const std::to_chars_result result =
-        number < 1e4 ? std::to_chars(text, text + sizeof text, number, std::chars_format::general, 4)
-                     : std::to_chars(text, text + sizeof text, number, std::chars_format::general, 7);
-    return std::string(text, result.ptr);
+    return Rounded(number, number < 1e4 ? 4 : 7);
 }
 
 std::string SizeText(const Outcome& outcome)
 {
     if (outcome.unit.empty())
         return Joined({"size in pixels (", outcome.reason, ")"});
-    const std::string scale = outcome.scale == 1 ? "" : " at 1:" + Rounded(outcome.scale);
-    return Joined({Rounded(outcome.width), " x ", Rounded(outcome.height), " mm", scale, " (the unit is ",
+    const std::string scale = outcome.scale == 1 ? "" : " at 1:" + Size(outcome.scale);
+    return Joined({Size(outcome.width), " x ", Size(outcome.height), " mm", scale, " (the unit is ",
                    outcome.unit, ", ", outcome.reason, ")"});
 }
 
@@ -81,8 +72,7 @@ std::string FitText(const Outcome& outcome)
         return "; what lies far from the rest is outside the picture (--fit all shows it)";
     if (outcome.filled * 3 >= 1)
         return "";
-    const std::string share =
-        outcome.filled < 0.01 ? "less than 1" : Rounded(std::floor(outcome.filled * 100));
+    const std::string share = outcome.filled < 0.01 ? "less than 1" : Size(std::floor(outcome.filled * 100));
     return Joined(
         {"; most of it fills ", share,
          " % of the picture's longer side, as something small lies far away (--fit most leaves that "
@@ -101,22 +91,22 @@ bool IsShownAsStated(const Outcome& outcome)
 
 std::string OutcomeText(const Outcome& outcome, std::size_t messages)
 {
-    std::string out = Count(DrawnElements(outcome.statistics), "element", "elements");
+    std::string out = Counted(DrawnElements(outcome.statistics), "element", "elements");
     out.append(" drawn to ").append(Printable(outcome.output));
     out.append(outcome.hole.empty() ? ", " : ", at most ").append(ShareText(outcome.share));
-    out.append(", ").append(Count(messages, "message", "messages"));
+    out.append(", ").append(Counted(messages, "message", "messages"));
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
     out.append(", ").append(SizeText(outcome)).append(FitText(outcome));
     for (const Finding& finding : kFindings)
         if (const std::size_t number = outcome.statistics.*finding.count)
-            out.append("; ").append(Count(number, finding.singular, finding.plural));
+            out.append("; ").append(Counted(number, finding.singular, finding.plural));
     out += MissingText(outcome.share);
     if (outcome.unmarkedEntry != 0)
         out += Joined({"; what follows line ", std::to_string(outcome.unmarkedEntry),
                        " may be lost (an entry without a subclass marker)"});
     if (outcome.otherTexts != 0)
         out += Joined(
-            {"; ", Count(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
+            {"; ", Counted(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
     if (!outcome.isEnded)
         out += "; the file has no EOF: it may have been cut off";
     if (outcome.hasReplacedOther)
@@ -127,9 +117,9 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
 std::string OutcomeText(const PreparedOutcome& outcome, std::size_t messages)
 {
     std::string out = "prepared to ";
-    out.append(Printable(outcome.output)).append(" (").append(Count(outcome.bytes, "byte", "bytes"));
+    out.append(Printable(outcome.output)).append(" (").append(Counted(outcome.bytes, "byte", "bytes"));
     out.append("), ").append(ShareText(outcome.share));
-    out.append(", ").append(Count(messages, "message", "messages"));
+    out.append(", ").append(Counted(messages, "message", "messages"));
     return out.append(", ").append(std::to_string(outcome.time.count())).append(" ms") +
            MissingText(outcome.share);
 }
@@ -138,8 +128,8 @@ std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::m
 {
     const std::string blank = totals.blank == 0 ? "" : "of them " + std::to_string(totals.blank) + " blank, ";
     const std::string skipped = totals.skipped == 0 ? "" : std::to_string(totals.skipped) + " skipped, ";
-    return Count(totals.done, totals.doneWord, totals.doneWord) + ", " + blank + skipped +
-           std::to_string(totals.failed) + " failed, " + Count(messages, "message", "messages") + ", " +
+    return Counted(totals.done, totals.doneWord, totals.doneWord) + ", " + blank + skipped +
+           std::to_string(totals.failed) + " failed, " + Counted(messages, "message", "messages") + ", " +
            std::to_string(time.count()) + " ms";
 }
 

@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "cli/report/Json.h"
 #include "cli/report/LineOfMessage.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 
 #include <algorithm>
@@ -116,9 +117,9 @@ void Report::AddGroups()
     if (m_groups.Further() == 0)
         return;
     const std::size_t kinds = m_groups.FurtherKinds();
-    m_out.append(Printable(m_file)).append(": … and ").append(std::to_string(m_groups.Further()));
-    m_out.append(m_groups.Further() == 1 ? " more message of " : " more messages of ");
-    m_out.append(std::to_string(kinds)).append(kinds == 1 ? " kind" : " kinds");
+    m_out.append(Printable(m_file)).append(": … and ");
+    m_out.append(Counted(m_groups.Further(), "more message of ", "more messages of "));
+    m_out.append(Counted(kinds, "kind", "kinds"));
     m_out.append(kinds == MessageGroups::kMostCountedKinds ? " or more\n" : "\n");
 }
 

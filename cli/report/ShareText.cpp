@@ -1,5 +1,6 @@
 #include "cli/report/ShareText.h"
 
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ namespace {
 
 // More of them are as good as none to people; programs have them all.
 constexpr std::size_t kMostTypes = 20;
-
-std::string Counted(std::uint64_t number, std::string_view singular, std::string_view plural)
-{
-    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
-}
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "prepare/drawing/EntityReader.h"
 
+#include "base/Letters.h"
 #include "prepare/drawing/EntityFields.h"
 
 #include <algorithm>
@@ -47,17 +48,9 @@ constexpr auto kVertex = EntityFields<VertexRecord>({
     {74, ReadCorner<3>},
 });
 
-std::string InUpperCase(std::string_view name)
-{
-    std::string upper(name);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return upper;
-}
-
 bool IsOneOf(std::string_view name, std::string_view newName, std::string_view oldName)
 {
-    const std::string upper = InUpperCase(name.substr(0, newName.size()));
+    const std::string upper = InCapitals(name.substr(0, newName.size()));
     return upper == newName || upper == oldName;
 }
 
@@ -79,7 +72,7 @@ NameId EntityReader::TypeName()
     const std::string_view name = Trim(m_reader.Value());
     const bool hasLower = std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
     Names& names = m_reader.drawing.names;
-    return hasLower ? names.OfWord(InUpperCase(name)) : names.OfWord(name);
+    return hasLower ? names.OfWord(InCapitals(name)) : names.OfWord(name);
 }
 
 EntityType EntityReader::TypeOf(NameId id)
@@ -202,7 +195,7 @@ void EntityReader::PlaceInSpace(Entity& entity)
     if (m_lastSpace == Space::Paper)
         entity.isInPaperSpace = 1;
     else if (m_lastSpace == Space::Unknown && entity.layout != kNoName)
-        entity.isInPaperSpace |= InUpperCase(drawing.names.Text(entity.layout)) != "MODEL";
+        entity.isInPaperSpace |= InCapitals(drawing.names.Text(entity.layout)) != "MODEL";
 }
 
 } // namespace prepare

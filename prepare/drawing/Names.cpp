@@ -1,25 +1,11 @@
 #include "prepare/drawing/Names.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace prepare {
-
-namespace {
-
-char LowerCase(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string InLowerCase(std::string_view name)
-{
-    std::string lower(name);
-    std::transform(lower.begin(), lower.end(), lower.begin(), LowerCase);
-    return lower;
-}
-
-} // namespace
 
 Names::Names() : m_recent(kRecent), m_recentWords(kRecent), m_key(HashKey(this))
 {
@@ -29,7 +15,7 @@ Names::Names() : m_recent(kRecent), m_recentWords(kRecent), m_key(HashKey(this))
 
 NameId Names::Look(std::string_view name)
 {
-    return Number(m_ids, InLowerCase(name), name, m_recent[Place(name)]);
+    return Number(m_ids, InSmallLetters(name), name, m_recent[Place(name)]);
 }
 
 NameId Names::LookWord(std::string_view word)
@@ -55,7 +41,7 @@ NameId Names::Number(Numbers& numbers, std::string key, std::string_view text, R
 
 NameId Names::Find(std::string_view name) const
 {
-    const auto found = m_ids.find(InLowerCase(name));
+    const auto found = m_ids.find(InSmallLetters(name));
     return found == m_ids.end() ? kNoName : found->second;
 }
 

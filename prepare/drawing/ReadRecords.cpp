@@ -278,14 +278,6 @@ void BeginData(RecordReader& reader, Proxy&, CDxfLine)
     reader.phase = 2;
 }
 
-std::int32_t HexDigit(char c)
-{
-    if (IsDigit(c))
-        return c - '0';
-    const char letter = static_cast<char>(c | 0x20);
-    return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
-}
-
 void ReadGraphics(RecordReader& reader, Proxy& proxy, CDxfLine value)
 {
     constexpr std::size_t kMostBytes = std::size_t{64} << 20;

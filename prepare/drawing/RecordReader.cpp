@@ -46,18 +46,7 @@ void RecordReader::SkipGroup()
 
 Handle RecordReader::ReadHandle(std::string_view value) const
 {
-    constexpr std::size_t kMostDigits = 16;
-    const std::string_view text = Trim(value);
-    Handle handle = 0;
-    for (const char c : text.substr(0, kMostDigits)) {
-        if (IsDigit(c))
-            handle = handle * 16 + static_cast<Handle>(c - '0');
-        else if (const char letter = static_cast<char>(c | 0x20); letter >= 'a' && letter <= 'f')
-            handle = handle * 16 + static_cast<Handle>(letter - 'a' + 10);
-        else
-            return 0;
-    }
-    return handle;
+    return ParseHex(Trim(value)).value_or(0);
 }
 
 std::string RecordReader::Text(std::string_view value) const

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <charconv>
 #include <cstring>
 #include <limits>
 
@@ -54,8 +53,8 @@ std::uint64_t LittleEndian(std::string_view bytes, std::size_t size)
 
 void AppendNumber(std::string& text, std::int64_t value)
 {
-    char digits[24];
-    text.append(digits, std::to_chars(digits, std::end(digits), value).ptr);
+    char digits[kLongestInteger];
+    text.append(digits, FormatInteger(value, digits));
 }
 
 void AppendReal(std::string& text, double value)
@@ -66,11 +65,9 @@ void AppendReal(std::string& text, double value)
 
 void AppendHex(std::string& text, std::string_view bytes)
 {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
+        char digits[2];
+        text.append(digits, FormatUpperHex(static_cast<unsigned char>(c), 2, digits));
     }
 }
 

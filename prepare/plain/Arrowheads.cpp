@@ -1,5 +1,7 @@
 #include "prepare/plain/Arrowheads.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 #include <string>
 
@@ -74,9 +76,7 @@ NamedShape ShapeOf(std::string_view name)
 {
     if (!name.empty() && name.front() == '_')
         name.remove_prefix(1);
-    std::string upper(name);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    const std::string upper = InCapitals(name);
     for (const NamedShape& shape : kShapes) {
         if (shape.name == upper)
             return shape;

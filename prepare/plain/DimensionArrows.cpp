@@ -1,5 +1,7 @@
 #include "prepare/plain/DimensionArrows.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -37,14 +39,11 @@ constexpr ShapeRow kShapes[] = {
     {"NONE", 0, true},
 };
 
-std::string InUpperCase(std::string_view name)
+std::string WithoutUnderscore(std::string_view name)
 {
     if (!name.empty() && name[0] == '_')
         name.remove_prefix(1);
-    std::string upper(name);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return upper;
+    return InCapitals(name);
 }
 
 DimensionArrow ArrowOf(const DimensionPen& pen, std::string_view name)
@@ -52,7 +51,7 @@ DimensionArrow ArrowOf(const DimensionPen& pen, std::string_view name)
     const DimensionStyle& style = pen.Style();
     if (style.tickSize > 0) // from end to end a stroke is twice as wide as the tick is high
         return {"OBLIQUE", nullptr, 2 * style.tickSize, 0, true};
-    const std::string upper = InUpperCase(name);
+    const std::string upper = WithoutUnderscore(name);
     for (const ShapeRow& row : kShapes)
         if (row.name == upper)
             return {upper, nullptr, style.arrowSize, row.inset * style.arrowSize, row.isStroke};

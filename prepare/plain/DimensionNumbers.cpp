@@ -1,7 +1,7 @@
+#include "base/Numbers.h"
 #include "prepare/plain/DimensionValue.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace prepare {
@@ -33,11 +33,12 @@ double Nudged(double value)
     return value < kMostWhole ? value * (1 + 1e-13) : value;
 }
 
-std::string ToText(double value, std::chars_format form, std::int32_t decimals)
+using Form = char* (*)(double value, int decimals, char* out);
+
+std::string ToText(double value, Form form, std::int32_t decimals)
 {
-    char text[512];
-    const auto result = std::to_chars(text, text + sizeof text, Nudged(value), form, decimals);
-    return {text, result.ptr};
+    char text[kLongestFormatted];
+    return {text, form(Nudged(value), decimals, text)};
 }
 
 void DropZeros(std::string& text, std::int32_t zeros)
@@ -57,7 +58,7 @@ void DropZeros(std::string& text, std::int32_t zeros)
 // A number that is not below 0.
 std::string Decimal(double value, const NumberFormat& format)
 {
-    std::string text = ToText(value, std::chars_format::fixed, Usable(format.decimals));
+    std::string text = ToText(value, FormatFixed, Usable(format.decimals));
     DropZeros(text, format.zeros);
     std::replace(text.begin(), text.end(), '.', format.separator);
     return text;
@@ -65,7 +66,7 @@ std::string Decimal(double value, const NumberFormat& format)
 
 std::string Scientific(double value, const NumberFormat& format)
 {
-    std::string text = ToText(value, std::chars_format::scientific, Usable(format.decimals));
+    std::string text = ToText(value, FormatScientific, Usable(format.decimals));
     std::replace(text.begin(), text.end(), 'e', 'E');
     std::replace(text.begin(), text.end(), '.', format.separator);
     return text;
@@ -73,7 +74,7 @@ std::string Scientific(double value, const NumberFormat& format)
 
 std::string Whole(double value)
 {
-    return ToText(value, std::chars_format::fixed, 0);
+    return ToText(value, FormatFixed, 0);
 }
 
 std::string Fraction(std::int64_t upper, std::int64_t lower, std::int32_t form)

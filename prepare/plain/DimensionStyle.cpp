@@ -1,9 +1,9 @@
 #include "prepare/plain/DimensionStyle.h"
 
 #include "base/Numbers.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <span>
 
@@ -107,12 +107,7 @@ constexpr std::size_t kLongestText = 256;
 
 std::string Shortened(std::string_view text)
 {
-    if (text.size() <= kLongestText)
-        return std::string(text);
-    std::size_t size = kLongestText;
-    while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80)
-        --size;
-    return std::string(text.substr(0, size));
+    return std::string(StartOfUtf8(text, kLongestText));
 }
 
 // Sizes that programs write are far from this; products of them stay finite.
@@ -120,10 +115,7 @@ constexpr double kLargest = 1e100;
 
 Handle HandleOf(std::string_view text)
 {
-    text = Trim(text);
-    Handle handle = 0;
-    std::from_chars(text.data(), text.data() + text.size(), handle, 16);
-    return handle;
+    return ParseHex(Trim(text)).value_or(0);
 }
 
 // Reads a style's values one after another: later ones replace earlier ones.

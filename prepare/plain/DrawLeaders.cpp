@@ -4,7 +4,6 @@
 #include "prepare/plain/Geometry.h"
 #include "prepare/plain/PackedColour.h"
 
-#include <charconv>
 #include <string_view>
 #include <vector>
 
@@ -74,10 +73,7 @@ std::string_view ArrowOfBlock(Handle record, const Drawing& drawing)
 std::string_view LeaderStyle::Arrow() const
 {
     constexpr std::int32_t kArrowBlock = 341;
-    const std::string_view value = Value(kArrowBlock);
-    Handle handle = 0;
-    std::from_chars(value.data(), value.data() + value.size(), handle, 16);
-    return ArrowOfBlock(handle, m_drawing);
+    return ArrowOfBlock(ParseHex(Trim(Value(kArrowBlock))).value_or(0), m_drawing);
 }
 
 // How much longer lengths are in the output.

@@ -1,5 +1,7 @@
 #include "prepare/plain/LayerChoice.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 
 namespace prepare {
@@ -7,11 +9,6 @@ namespace prepare {
 namespace {
 
 constexpr std::int32_t kFrozen = 1;
-
-char LowerCase(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool MatchesAny(std::string_view name, const std::vector<std::string>& patterns)
 {
@@ -29,7 +26,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern)
         if (of < pattern.size() && pattern[of] == '*') {
             star = of++;
             retry = at;
-        } else if (of < pattern.size() && LowerCase(pattern[of]) == LowerCase(name[at])) {
+        } else if (of < pattern.size() && SmallLetter(pattern[of]) == SmallLetter(name[at])) {
             ++of;
             ++at;
         } else if (star != std::string_view::npos) {

@@ -34,13 +34,7 @@ public:
     }
 
     // Not in the middle of a character.
-    static std::size_t EndOf(std::string_view text)
-    {
-        std::size_t end = std::min(text.size(), kLongest);
-        while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-            --end;
-        return end;
-    }
+    static std::size_t EndOf(std::string_view text) { return StartOfUtf8(text, kLongest).size(); }
 
     MTextContent Read()
     {

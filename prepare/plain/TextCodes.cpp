@@ -1,6 +1,7 @@
 #include "prepare/plain/TextCodes.h"
 
 #include "base/NamedCodePage.h"
+#include "base/Numbers.h"
 #include "base/Utf8.h"
 
 #include <algorithm>
@@ -15,34 +16,11 @@ constexpr bool IsControl(char c)
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
-constexpr bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-std::optional<unsigned> HexDigit(char c)
-{
-    if (IsDigit(c))
-        return static_cast<unsigned>(c - '0');
-    const char small = static_cast<char>(c | 0x20);
-    if (small >= 'a' && small <= 'f')
-        return static_cast<unsigned>(small - 'a' + 10);
-    return std::nullopt;
-}
-
 // Four digits at the start of text.
 std::optional<unsigned> FourHexDigits(std::string_view text)
 {
-    if (text.size() < 4)
-        return std::nullopt;
-    unsigned value = 0;
-    for (const char c : text.substr(0, 4)) {
-        const std::optional<unsigned> digit = HexDigit(c);
-        if (!digit)
-            return std::nullopt;
-        value = value * 16 + *digit;
-    }
-    return value;
+    const auto value = text.size() < 4 ? std::nullopt : ParseHex(text.substr(0, 4));
+    return value ? std::optional(static_cast<unsigned>(*value)) : std::nullopt;
 }
 
 std::string Utf8Of(char32_t character)
@@ -102,7 +80,7 @@ TextCode ReadPercentCode(std::string_view text, std::string_view codePage)
     default:
         break;
     }
-    if (text.size() < 5 || !std::all_of(text.begin() + 2, text.begin() + 5, IsDigit))
+    if (text.size() < 5 || !std::all_of(text.begin() + 2, text.begin() + 5, IsDigit<char>))
         return {};
     const auto digit = [&](std::size_t place) { return static_cast<unsigned>(text[place] - '0'); };
     return {5, NumberedCharacter(digit(2) * 100 + digit(3) * 10 + digit(4), codePage)};

@@ -1,5 +1,7 @@
 #include "prepare/plain/ToleranceSigns.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -37,8 +39,7 @@ constexpr std::string_view kSigns[] = {
 bool IsSignFont(std::string_view font)
 {
     constexpr std::string_view kName = "gdt";
-    return font.size() >= kName.size() && std::equal(kName.begin(), kName.end(), font.begin(),
-                                                     [](char a, char b) { return a == (b | 0x20); });
+    return AreSameLetters(font.substr(0, kName.size()), kName);
 }
 
 std::string_view ToleranceSign(char letter)

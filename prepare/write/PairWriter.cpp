@@ -3,7 +3,6 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace prepare {
@@ -54,8 +53,8 @@ void AppendFixed(std::string& text, double value, int decimals)
         whole /= 10;
     if (value < 0 && whole != 0)
         text += '-';
-    char digits[20];
-    const auto size = static_cast<int>(std::to_chars(digits, digits + sizeof(digits), whole).ptr - digits);
+    char digits[kLongestInteger];
+    const auto size = static_cast<int>(FormatInteger(whole, digits) - digits);
     if (decimals == 0) {
         text.append(digits, static_cast<std::size_t>(size));
         return;
@@ -73,10 +72,8 @@ void AppendReal(std::string& text, double value, int digits)
 {
     if (value == 0)
         value = 0; // without its sign
-    char number[kLongestShortest + 8];
-    const auto end =
-        std::to_chars(number, number + sizeof(number), value, std::chars_format::general, digits);
-    text.append(number, end.ptr);
+    char number[kLongestFormatted];
+    text.append(number, FormatGeneral(value, digits, number));
 }
 
 PairWriter::PairWriter(const ByteFunction& write) : m_write(write)
@@ -86,7 +83,7 @@ PairWriter::PairWriter(const ByteFunction& write) : m_write(write)
 
 void PairWriter::Code(int code)
 {
-    char number[12];
+    char number[kLongestInteger];
     m_text.append(number, FormatInteger(code, number));
     m_text += '\n';
 }
@@ -115,19 +112,16 @@ void PairWriter::Text(int code, std::string_view value)
 void PairWriter::Integer(int code, std::int64_t value)
 {
     Code(code);
-    char number[24];
-    m_text.append(number, std::to_chars(number, number + sizeof(number), value).ptr);
+    char number[kLongestInteger];
+    m_text.append(number, FormatInteger(value, number));
     EndLine();
 }
 
 void PairWriter::Handle(int code, std::uint64_t value)
 {
     Code(code);
-    char number[24];
-    char* const end = std::to_chars(number, number + sizeof(number), value, 16).ptr;
-    std::transform(number, end, number,
-                   [](char digit) { return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit; });
-    m_text.append(number, end);
+    char number[16];
+    m_text.append(number, FormatUpperHex(value, 1, number));
     EndLine();
 }
 

@@ -1,5 +1,7 @@
 #include "prepare/write/StandardNames.h"
 
+#include "base/Letters.h"
+#include "base/Numbers.h"
 #include "base/Utf8.h"
 
 #include <algorithm>
@@ -13,10 +15,8 @@ constexpr std::size_t kLongestName = 200; // of 255 bytes, with room for a numbe
 
 void AppendEscape(std::string& text, char32_t unit)
 {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    text += "\\U+";
-    for (int shift = 12; shift >= 0; shift -= 4)
-        text += kDigits[unit >> shift & 15];
+    char digits[4];
+    text.append("\\U+").append(digits, FormatUpperHex(unit & 0xFFFF, 4, digits));
 }
 
 bool BeginsEscape(std::string_view text)
@@ -90,13 +90,6 @@ std::string Escaped(std::string_view utf8, std::size_t longest, bool& isCut, con
     return LooksLikeUtf8(text) ? WrittenAs(Form::Escape, utf8, longest, isCut, append) : text;
 }
 
-std::string InLowerCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
 } // namespace
 
 std::string EscapedValue(std::string_view utf8)
@@ -123,7 +116,7 @@ std::string EscapedText(std::string_view utf8, bool& isCut)
 StandardNames::StandardNames(std::initializer_list<std::string_view> reserved)
 {
     for (const std::string_view name : reserved)
-        m_taken.emplace(InLowerCase(std::string(name)), 2);
+        m_taken.emplace(InSmallLetters(name), 2);
 }
 
 std::string StandardNames::Take(std::string_view name)
@@ -137,11 +130,11 @@ std::string StandardNames::Take(std::string_view name)
     valid = Escaped(valid, kLongestName, isCut, AppendCharacter);
     if (valid.empty())
         valid.assign(1, '_');
-    const auto [first, isNew] = m_taken.emplace(InLowerCase(valid), 2);
+    const auto [first, isNew] = m_taken.emplace(InSmallLetters(valid), 2);
     std::string unique = valid;
     for (bool isFree = isNew; !isFree;) {
         unique = valid + '_' + std::to_string(first->second++);
-        isFree = m_taken.emplace(InLowerCase(unique), 2).second;
+        isFree = m_taken.emplace(InSmallLetters(unique), 2).second;
     }
     return unique;
 }

@@ -12,6 +12,15 @@ bool IsDigit(Character character)
     return character >= Character{'0'} && character <= Character{'9'};
 }
 
+// The value of a hexadecimal digit; -1 for any other character.
+constexpr int HexDigit(char character)
+{
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    const int small = character | 0x20;
+    return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
+}
+
 inline const char* SkipBlanks(const char* at, const char* end)
 {
     while (at != end && IsBlank(*at))

@@ -14,7 +14,16 @@ char* FormatReal(double value, char* out, std::chars_format format, int precisio
 {
     if (std::isnan(value))
         return std::copy_n("nan", 3, out);
-    return std::to_chars(out, out + kLongestNumber, value, format, precision).ptr;
+    return std::to_chars(out, out + kLongestFormatted, value, format, precision).ptr;
+}
+
+char* FormatHexWith(const char (&digitsOf)[17], std::uint64_t value, std::size_t digits, char* out)
+{
+    while (digits < 16 && value >> (4 * digits) != 0)
+        ++digits;
+    for (std::size_t i = digits; i-- > 0; value >>= 4)
+        out[i] = digitsOf[value & 15];
+    return out + digits;
 }
 
 // Between these lie almost all coordinates; their millionths are whole numbers of 64 bits and come from the
@@ -88,4 +97,39 @@ char* FormatGeneral(double value, char* out)
 char* FormatInteger(std::int32_t value, char* out)
 {
     return std::to_chars(out, out + kLongestNumber, value).ptr;
+}
+
+char* FormatSigned(std::int64_t value, char* out)
+{
+    return std::to_chars(out, out + kLongestInteger, value).ptr;
+}
+
+char* FormatUnsigned(std::uint64_t value, char* out)
+{
+    return std::to_chars(out, out + kLongestInteger, value).ptr;
+}
+
+char* FormatFixed(double value, int decimals, char* out)
+{
+    return FormatReal(value, out, std::chars_format::fixed, decimals);
+}
+
+char* FormatScientific(double value, int decimals, char* out)
+{
+    return FormatReal(value, out, std::chars_format::scientific, decimals);
+}
+
+char* FormatGeneral(double value, int digits, char* out)
+{
+    return FormatReal(value, out, std::chars_format::general, digits);
+}
+
+char* FormatHex(std::uint64_t value, std::size_t digits, char* out)
+{
+    return FormatHexWith("0123456789abcdef", value, digits, out);
+}
+
+char* FormatUpperHex(std::uint64_t value, std::size_t digits, char* out)
+{
+    return FormatHexWith("0123456789ABCDEF", value, digits, out);
 }

@@ -5,8 +5,10 @@
 #include "base/CDxfLine.h"
 
 #include <bit>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 // Reads a group code as "%d" does: blanks, a sign and digits, anything after them ignored. Returns false,
@@ -49,6 +51,19 @@ double ParseReal(std::string_view text);
 // The same for a whole line, in wide steps: bytes around it are read, though they do not count.
 double ParseLineReal(CDxfLine line);
 
+// Reads up to 16 hexadecimal digits; nothing when text has another character, or none.
+inline std::optional<std::uint64_t> ParseHex(std::string_view text)
+{
+    std::uint64_t value = 0;
+    for (const char character : text) {
+        const int digit = HexDigit(character);
+        if (digit < 0)
+            return std::nullopt;
+        value = value << 4 | static_cast<unsigned>(digit);
+    }
+    return text.empty() || text.size() > 16 ? std::nullopt : std::optional(value);
+}
+
 // Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
 inline std::string_view Trim(std::string_view text)
 {
@@ -69,6 +84,31 @@ char* FormatFixed6(double value, char* out);
 char* FormatWidth4Fixed2(double value, char* out);
 char* FormatGeneral(double value, char* out);
 char* FormatInteger(std::int32_t value, char* out);
+
+// The same for wider integers, which have up to kLongestInteger digits and a sign.
+inline constexpr std::size_t kLongestInteger = 20;
+char* FormatSigned(std::int64_t value, char* out);
+char* FormatUnsigned(std::uint64_t value, char* out);
+template <std::integral Integer>
+char* FormatInteger(Integer value, char* out)
+{
+    if constexpr (std::signed_integral<Integer>)
+        return FormatSigned(value, out);
+    else
+        return FormatUnsigned(value, out);
+}
+
+// As "%.*f", "%.*e" and "%.*g": with so many decimals, or digits, up to kMostDigits; in at most
+// kLongestFormatted characters.
+inline constexpr int kMostDigits = 20;
+inline constexpr std::size_t kLongestFormatted = 309 + 1 + 1 + kMostDigits;
+char* FormatFixed(double value, int decimals, char* out);
+char* FormatScientific(double value, int decimals, char* out);
+char* FormatGeneral(double value, int digits, char* out);
+
+// As "%0*x" and "%0*X": with zeros in front up to so many digits; in at most 16 characters, or digits.
+char* FormatHex(std::uint64_t value, std::size_t digits, char* out);
+char* FormatUpperHex(std::uint64_t value, std::size_t digits, char* out);
 
 // The longest text that reads back as a double and has no digit too many: a sign, 17 digits with a point, and
 // an exponent of three digits.

@@ -23,6 +23,22 @@ constexpr bool IsCharacter(char32_t value)
     return value <= 0x10FFFF && !IsSurrogate(value);
 }
 
+// Whether a byte goes on with a character that an earlier byte began.
+constexpr bool IsTrailByte(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+// The longest start of a UTF-8 text that has at most so many bytes and does not end within a character.
+constexpr std::string_view StartOfUtf8(std::string_view text, std::size_t most)
+{
+    if (text.size() <= most)
+        return text;
+    while (most > 0 && IsTrailByte(text[most]))
+        --most;
+    return text.substr(0, most);
+}
+
 // What a text begins with, and how many of its bytes or units that takes: at least one.
 struct DecodedCharacter {
     char32_t value;

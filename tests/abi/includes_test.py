@@ -56,6 +56,10 @@ COMMAND_ROOMS = {
     "system": (set(), set()),
 }
 
+# Numbers become texts, and texts numbers, in src/base alone: one form of each number everywhere, whatever the locale.
+NUMBER_HEADER = "charconv"
+NUMBER_FOLDER = "src/base/"
+
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
 # Files that exist for one system may use that system; the module object, its framework; the rest the
 # standard library alone.
@@ -135,6 +139,11 @@ def command_problem(file, target):
     return None if is_among(target, known | {"src/base/"}) else "knows too much"
 
 
+def number_problem(file, name):
+    is_elsewhere = name == NUMBER_HEADER and not file.startswith(NUMBER_FOLDER)
+    return f"is for {NUMBER_FOLDER} alone; use base/Numbers.h" if is_elsewhere else None
+
+
 def is_homeless(file):
     """Whether a file is in a folder that nobody planned."""
     top = file.split("/")[0]
@@ -149,7 +158,7 @@ def problems(root):
                 found.append(f"{file}: is in no known folder")
                 continue
             for bracket, name in includes_of(root, file):
-                problem = check(root, file, bracket, name)
+                problem = number_problem(file, name) or check(root, file, bracket, name)
                 if problem:
                     found.append(f"{file}: {name}: {problem}")
     return found
@@ -205,6 +214,10 @@ class Checker(unittest.TestCase):
 
     def test_the_system_in_a_file_of_that_system(self):
         self.assertEqual(self.check({"src/reader/a_posix.cpp": "#include <unistd.h>\n"}), [])
+
+    def test_numbers_of_its_own(self):
+        found = self.check({"src/base/a.cpp": "#include <charconv>\n", "prepare/b.cpp": "#include <charconv>\n"})
+        self.assertEqual(found, ["prepare/b.cpp: charconv: is for src/base/ alone; use base/Numbers.h"])
 
     def test_a_folder_that_nobody_planned(self):
         found = self.check({"src/util/a.h": ""})

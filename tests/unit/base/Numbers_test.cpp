@@ -327,6 +327,70 @@ TEST(FormatInteger, HasSignAndDigits)
     EXPECT_EQ(format(std::numeric_limits<std::int32_t>::min()), "-2147483648");
 }
 
+TEST(FormatInteger, TakesIntegersOfAnyWidth)
+{
+    char text[kLongestInteger];
+    const auto format = [&](auto value) { return std::string(text, FormatInteger(value, text)); };
+    EXPECT_EQ(format(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
+    EXPECT_EQ(format(std::numeric_limits<std::uint64_t>::max()), "18446744073709551615");
+    EXPECT_EQ(format(std::uint32_t{4294967295}), "4294967295");
+    EXPECT_EQ(format(static_cast<short>(-12)), "-12");
+}
+
+TEST(FormatFixed, HasTheDecimalsItIsGiven)
+{
+    char text[kLongestFormatted];
+    const auto format = [&](double value, int decimals) {
+        return std::string(text, FormatFixed(value, decimals, text));
+    };
+    EXPECT_EQ(format(2.5, 0), "2");
+    EXPECT_EQ(format(3.5, 0), "4");
+    EXPECT_EQ(format(1.0 / 3, 3), "0.333");
+    EXPECT_EQ(format(-kNan, 3), "nan");
+    EXPECT_EQ(format(-std::numeric_limits<double>::max(), kMostDigits).size(), kLongestFormatted);
+}
+
+TEST(FormatScientific, HasTheDecimalsItIsGiven)
+{
+    char text[kLongestFormatted];
+    EXPECT_EQ(std::string(text, FormatScientific(12345.0, 2, text)), "1.23e+04");
+    EXPECT_EQ(std::string(text, FormatScientific(0.5, 0, text)), "5e-01");
+}
+
+TEST(FormatGeneral, HasTheDigitsItIsGiven)
+{
+    char text[kLongestFormatted];
+    const auto format = [&](double value, int digits) {
+        return std::string(text, FormatGeneral(value, digits, text));
+    };
+    EXPECT_EQ(format(1234567.0, 7), "1234567");
+    EXPECT_EQ(format(1234567.0, 4), "1.235e+06");
+    EXPECT_EQ(format(0.1, 17), "0.10000000000000001");
+}
+
+TEST(FormatHex, HasZerosInFrontAndSmallOrCapitalLetters)
+{
+    char text[20];
+    const auto small = [&](std::uint64_t value, std::size_t digits) {
+        return std::string(text, FormatHex(value, digits, text));
+    };
+    EXPECT_EQ(small(0x1B, 4), "001b");
+    EXPECT_EQ(small(0xABCDE, 2), "abcde");
+    EXPECT_EQ(small(0, 1), "0");
+    EXPECT_EQ(small(std::numeric_limits<std::uint64_t>::max(), 1), "ffffffffffffffff");
+    EXPECT_EQ(small(0xF, 20), "0000000000000000000f");
+    EXPECT_EQ(std::string(text, FormatUpperHex(0x1B, 4, text)), "001B");
+}
+
+TEST(ParseHex, TakesNothingButDigits)
+{
+    EXPECT_EQ(ParseHex("1f"), 0x1Fu);
+    EXPECT_EQ(ParseHex("1F"), 0x1Fu);
+    EXPECT_EQ(ParseHex("FFFFFFFFFFFFFFFF"), std::numeric_limits<std::uint64_t>::max());
+    for (const char* text : {"", "g", "1 ", " 1", "0x1", "-1", "1FFFFFFFFFFFFFFFF", "@", "`", "Ff:"})
+        EXPECT_EQ(ParseHex(text), std::nullopt) << text;
+}
+
 TEST(Numbers, DoNotFollowTheLocaleOfTheHost)
 {
     const std::string before = std::setlocale(LC_ALL, nullptr);

@@ -58,6 +58,17 @@ Part WidePart(const std::wstring& text)
 
 } // namespace
 
+TEST(StartOfUtf8, EndsBeforeACharacterThatDoesNotFit)
+{
+    EXPECT_EQ(StartOfUtf8("abc", 3), "abc");
+    EXPECT_EQ(StartOfUtf8("abc", 2), "ab");
+    EXPECT_EQ(StartOfUtf8("a\xC3\xA4z", 2), "a");
+    EXPECT_EQ(StartOfUtf8("a\xC3\xA4z", 3), "a\xC3\xA4");
+    EXPECT_EQ(StartOfUtf8("\xF0\x9F\x9A\xAA", 3), "");
+    EXPECT_EQ(StartOfUtf8("\x80\x80\x80", 2), "");
+    EXPECT_EQ(StartOfUtf8("abc", 0), "");
+}
+
 TEST(Utf8, SurrogatesAndNumbersPastTheLastCharacterAreNoCharacters)
 {
     for (const char32_t character : {0u, 0x7Fu, 0xD7FFu, 0xE000u, 0xFFFEu, 0xFFFFu, 0x10FFFFu})
