@@ -192,6 +192,7 @@ void Collector::EndEntity()
         block.shownInserts += !m_hidden && IsShown();
     }
     m_info.hiddenEntities += m_hidden;
+    m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
     if (m_withTexts && !m_text.empty())
         KeepText();
 }

@@ -119,12 +119,21 @@ struct DrawingInfo {
     std::vector<TextInfo> texts;
     Tally tally;                      // of the ENTITIES section
     std::uint64_t hiddenEntities = 0; // by their own flag
+    std::uint64_t paperEntities = 0;  // in the paper space, outside of blocks
     std::uint64_t oddLines = 0;       // that should hold a group code and do not
     std::uint64_t firstOddLine = 0;
     std::uint64_t otherTexts = 0;     // pieces of text that are not UTF-8
     std::uint64_t firstOtherText = 0; // the line of the first one
     std::uint64_t unmarkedEntry = 0;  // the line of the first one that needs a marker and has none
     bool isEnded = false;             // whether the file ends with its EOF
+
+    std::uint64_t EntitiesOnHiddenLayers() const
+    {
+        std::uint64_t count = 0;
+        for (const LayerInfo& layer : layers)
+            count += layer.IsOff() || layer.IsFrozen() ? layer.entities : 0;
+        return count;
+    }
 };
 
 } // namespace plexorn

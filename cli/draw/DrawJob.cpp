@@ -40,20 +40,34 @@ using Clock = std::chrono::steady_clock;
 using Document = std::unique_ptr<SvgHostDocument, decltype(&svgHostDestroy)>;
 
 // Why a picture has holes, as the end of a sentence.
-std::string HoleText(const SvgHostError& error)
+std::string HoleText(const SvgHostError& error, bool isPrepared)
 {
+    const bool isUnread = error.kind == DXF_ERROR_READ;
+    if (isPrepared)
+        return isUnread ? "cannot be read back as it was prepared" : "is not drawn whole: memory is short";
     const std::string text = Utf8FromWide(error.message ? error.message : L"");
     const std::string line(LineOfMessage(text));
-    return error.kind == DXF_ERROR_READ ? "cannot be read beyond line " + line
-                                        : "is not drawn whole: memory is short at line " + line;
+    return isUnread ? "cannot be read beyond line " + line
+                    : "is not drawn whole: memory is short at line " + line;
 }
 
 // Hands the reports of an import on.
 struct Listener {
     Report& report;
+    bool isPrepared;
     bool isUnread = false;
     std::string hole{}; // why a part of the drawing was not read
     bool isShortOfMemory = false;
+
+    // A line of a prepared drawing is no line of the user's.
+    void Pass(const SvgHostError& error) const
+    {
+        if (!isPrepared)
+            return report.Message(error);
+        const std::string text = Utf8FromWide(error.message ? error.message : L"");
+        const std::wstring told = WideFromUtf8(WithoutLine(text)).value_or(L"");
+        report.Message({error.code, error.kind, told.c_str()});
+    }
 
     // It is called from within the host, which no exception may cross.
     static void Receive(void* user, const SvgHostError* error) noexcept
@@ -62,9 +76,9 @@ struct Listener {
         try {
             self->isUnread = self->isUnread || error->kind == DXF_ERROR_OPEN;
             if (error->kind == DXF_ERROR_READ || error->kind == DXF_ERROR_MEMORY)
-                self->hole = HoleText(*error);
+                self->hole = HoleText(*error, self->isPrepared);
             else
-                self->report.Message(*error);
+                self->Pass(*error);
         } catch (...) {
             self->isShortOfMemory = true;
         }
@@ -108,7 +122,7 @@ bool Import(Source& source, const fs::path& path, SvgHostDocument* document, Rep
                       ExitCode::File);
         return false;
     }
-    Listener listener{report};
+    Listener listener{report, path != source.Path()};
     svgHostOnError(document, Listener::Receive, &listener);
     dxfFileOpen(modulePath.Name().c_str(), svgHostBeginImport(document));
     svgHostOnError(document, nullptr, nullptr);
@@ -186,6 +200,22 @@ std::string HoleOf(const DrawingInfo& info)
     return error == 0 ? "" : "cannot be read to its end: " + std::generic_category().message(error);
 }
 
+// Prepares a drawing unless it is drawn as it is. When memory is short for that and the command keeps going,
+// it is drawn as it is, too.
+void Prepare(std::optional<PreparedDrawing>& prepared, Source& source, const Options& options, Report& report)
+{
+    if (options.isAsIs)
+        return;
+    try {
+        prepared.emplace(source, options);
+    } catch (const std::bad_alloc&) {
+        if (!options.keepsGoing || !source.IsAscii())
+            throw;
+        report.Doubtful("is not prepared: memory is short; it is drawn as with --as-is",
+                        ExitCode::Incomplete);
+    }
+}
+
 void TellContents(const DrawingInfo& info, Outcome& outcome)
 {
     outcome.skipped = SkippedEntities(info);
@@ -209,12 +239,17 @@ void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& rep
 }
 
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
-void TellDoubts(const DrawingInfo& info, Outcome& outcome, const Options& options, Report& report)
+void TellDoubts(const DrawingInfo& info, bool isPrepared, Outcome& outcome, const Options& options,
+                Report& report)
 {
     if (!outcome.hole.empty())
         report.Doubtful(outcome.hole + "; the picture lacks what follows", ExitCode::Incomplete);
-    if (outcome.isBlank)
-        report.Doubtful(WhyBlank(info, outcome.share, outcome.statistics.elements), ExitCode::Blank);
+    if (outcome.isBlank && !outcome.hole.empty())
+        report.Doubtful("nothing of it is visible: what could be drawn shows nothing", ExitCode::Blank);
+    else if (outcome.isBlank)
+        report.Doubtful(isPrepared ? WhyPreparedIsBlank(info, outcome.share)
+                                   : WhyBlank(info, outcome.share, outcome.statistics.elements),
+                        ExitCode::Blank);
     const SvgHostStatistics& met = outcome.statistics;
     const std::uint64_t leftOut =
         met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
@@ -239,11 +274,11 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         throw std::bad_alloc();
     svgHostLimitElements(document.get(), MostElements(source.Path()));
     std::optional<PreparedDrawing> prepared;
-    if (!options.isAsIs) {
-        prepared.emplace(source, options);
-        if (!prepared->Reason().empty())
-            return report.Failed(source.ShownName(), prepared->Reason(), ExitCode::File);
-    }
+    Prepare(prepared, source, options, report);
+    if (prepared && !prepared->Reason().empty())
+        return report.Failed(source.ShownName(), prepared->Reason(), ExitCode::File);
+    if (prepared && outcome.hole.empty())
+        outcome.hole = prepared->Hole();
     if (!Import(source, prepared ? prepared->Path() : source.Path(), document.get(), report, outcome.hole))
         return;
     if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())
@@ -272,7 +307,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
     if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
-    TellDoubts(info, outcome, options, report);
+    TellDoubts(info, prepared.has_value(), outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

@@ -1,17 +1,41 @@
 #include "cli/draw/WhyBlank.h"
 
 #include "cli/report/Joined.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/ShareText.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
 
 namespace plexorn {
 
 namespace {
 
+constexpr std::string_view kBlank = "nothing of it is visible: ";
+constexpr std::string_view kOnlyInBlocks = "nothing inserts the blocks that its entities are in";
+
 void AddReason(std::string& reasons, const std::string& reason)
 {
     reasons.append(reasons.empty() ? "" : "; ").append(reason);
+}
+
+// A reason that holds for so many entities; none if it holds for none.
+void AddCounted(std::string& reasons, std::uint64_t count, std::string_view what)
+{
+    if (count > 0)
+        AddReason(reasons, Joined({Counted(count, "entity is ", "entities are "), what}));
+}
+
+// Whether all of the model space is in blocks.
+bool IsAllInBlocks(const DrawingInfo& info)
+{
+    std::uint64_t outside = 0, inside = 0;
+    for (const TypeInfo& type : info.types) {
+        outside += type.inDrawing;
+        inside += type.inBlocks;
+    }
+    return inside > 0 && outside == info.paperEntities;
 }
 
 } // namespace
@@ -30,15 +54,26 @@ std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t el
                           " has no subclass marker, and what follows it is taken for a part of it"}));
     else if (!share.missing.empty())
         AddReason(reasons, "it cannot draw " + MissingTypes(share));
-    if (info.hiddenEntities > 0)
-        AddReason(reasons, std::to_string(info.hiddenEntities) +
-                               (info.hiddenEntities == 1 ? " entity is" : " entities are") + " invisible");
+    AddCounted(reasons, info.hiddenEntities, "invisible");
     if (share.shown > 0)
         AddReason(reasons, elements > 0 ? "what it draws is empty or has no usable place"
                                         : "the reader does not find what it could draw");
-    if (reasons.empty())
-        reasons = "nothing inserts the blocks that its entities are in";
-    return "nothing of it is visible: " + reasons;
+    return Joined({kBlank, reasons.empty() ? kOnlyInBlocks : reasons});
+}
+
+std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share)
+{
+    std::string reasons;
+    if (!share.missing.empty())
+        AddReason(reasons, "it cannot draw " + MissingTypes(share));
+    if (IsAllInBlocks(info)) {
+        AddReason(reasons, std::string(kOnlyInBlocks));
+    } else {
+        AddCounted(reasons, info.hiddenEntities, "invisible");
+        AddCounted(reasons, info.EntitiesOnHiddenLayers(), "on layers that are off or frozen");
+    }
+    AddCounted(reasons, info.paperEntities, "in the paper space");
+    return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});
 }
 
 } // namespace plexorn

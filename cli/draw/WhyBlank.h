@@ -5,7 +5,6 @@
 #include "cli/contents/Share.h"
 
 #include <cstddef>
-
 #include <string>
 
 namespace plexorn {
@@ -13,7 +12,11 @@ namespace plexorn {
 // Whether the drawing has any entity, also one within a block.
 bool HoldsEntities(const DrawingInfo& info);
 
-// The reason, as a sentence for a drawing that holds entities and of which the reader made so many elements.
+// The reason, as a sentence for a drawing that holds entities and of which the module, by itself, made so
+// many elements.
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);
+
+// The same for a drawing that was prepared.
+std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share);
 
 } // namespace plexorn

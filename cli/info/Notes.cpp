@@ -3,6 +3,7 @@
 #include "base/CodePage.h"
 #include "base/Utf8.h"
 #include "cli/report/Joined.h"
+#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 
 #include <algorithm>
@@ -11,27 +12,14 @@ namespace plexorn {
 
 namespace {
 
-std::string Numbered(std::uint64_t number, std::string_view singular, std::string_view plural)
-{
-    return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
-}
-
 std::string OtherTextsNote(const DrawingInfo& info)
 {
     std::string page;
     if (!info.header.codePage.empty())
         page = Joined({" ($DWGCODEPAGE is ", Printable(ValidUtf8(info.header.codePage)), ")"});
-    return Joined({Numbered(info.otherTexts, "text is", "texts are"), " not UTF-8", page,
+    return Joined({Counted(info.otherTexts, "text is", "texts are"), " not UTF-8", page,
                    ", the first at line ", std::to_string(info.firstOtherText),
                    "; what is no UTF-8 is drawn as U+FFFD"});
-}
-
-std::uint64_t EntitiesOnHiddenLayers(const DrawingInfo& info)
-{
-    std::uint64_t count = 0;
-    for (const LayerInfo& layer : info.layers)
-        count += layer.IsOff() || layer.IsFrozen() ? layer.entities : 0;
-    return count;
 }
 
 std::uint64_t MissingBlocks(const DrawingInfo& info)
@@ -50,12 +38,12 @@ void AddNotesOfModule(const DrawingInfo& info, std::vector<std::string>& notes)
                         "drawing may come out empty");
     if (info.otherTexts != 0 && IsCodePageUtf8())
         notes.push_back(OtherTextsNote(info));
-    if (const std::uint64_t count = EntitiesOnHiddenLayers(info))
+    if (const std::uint64_t count = info.EntitiesOnHiddenLayers())
         notes.push_back(
-            Numbered(count, "entity is on a layer that is off or frozen; it is drawn all the same",
-                     "entities are on layers that are off or frozen; they are drawn all the same"));
+            Counted(count, "entity is on a layer that is off or frozen; it is drawn all the same",
+                    "entities are on layers that are off or frozen; they are drawn all the same"));
     if (info.hiddenEntities != 0)
-        notes.push_back(Numbered(
+        notes.push_back(Counted(
             info.hiddenEntities, "entity is invisible by a flag of its own; it is in the picture, hidden",
             "entities are invisible by a flag of their own; they are in the picture, hidden"));
 }
@@ -63,13 +51,12 @@ void AddNotesOfModule(const DrawingInfo& info, std::vector<std::string>& notes)
 void AddNotesOfPreparing(const DrawingInfo& info, const Becoming& becoming, std::vector<std::string>& notes)
 {
     notes.insert(notes.end(), becoming.repairs.begin(), becoming.repairs.end());
-    if (const std::uint64_t count = EntitiesOnHiddenLayers(info))
-        notes.push_back(Numbered(count, "entity is", "entities are") +
+    if (const std::uint64_t count = info.EntitiesOnHiddenLayers())
+        notes.push_back(Counted(count, "entity is", "entities are") +
                         " on layers that are off or frozen (--layers all shows such layers)");
     if (info.hiddenEntities != 0)
-        notes.push_back(Numbered(info.hiddenEntities,
-                                 "entity is invisible by a flag of its own, and left out",
-                                 "entities are invisible by a flag of their own, and left out"));
+        notes.push_back(Counted(info.hiddenEntities, "entity is invisible by a flag of its own, and left out",
+                                "entities are invisible by a flag of their own, and left out"));
 }
 
 } // namespace
@@ -78,7 +65,7 @@ std::vector<std::string> NotesOn(const DrawingInfo& info, const Becoming* becomi
 {
     std::vector<std::string> notes;
     if (becoming == nullptr && info.oddLines != 0)
-        notes.push_back(Numbered(info.oddLines, "line stands", "lines stand") +
+        notes.push_back(Counted(info.oddLines, "line stands", "lines stand") +
                         " where a group code belongs and none is, the first at line " +
                         std::to_string(info.firstOddLine));
     if (!info.isEnded)
@@ -88,7 +75,7 @@ std::vector<std::string> NotesOn(const DrawingInfo& info, const Becoming* becomi
     else
         AddNotesOfPreparing(info, *becoming, notes);
     if (const std::uint64_t count = MissingBlocks(info))
-        notes.push_back(Numbered(count, "block is", "blocks are") + " inserted but not defined");
+        notes.push_back(Counted(count, "block is", "blocks are") + " inserted but not defined");
     return notes;
 }
 

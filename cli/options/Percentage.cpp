@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace plexorn {
@@ -12,11 +11,10 @@ std::optional<double> PercentageOf(const std::string& text)
     std::string_view digits = text;
     if (digits.ends_with('%'))
         digits.remove_suffix(1);
-    const auto points = std::count(digits.begin(), digits.end(), '.');
-    const bool isNumber = points <= 1 && digits.size() > static_cast<std::size_t>(points) &&
-                          digits.find_first_not_of("0123456789.") == std::string_view::npos;
-    const double number = ParseReal(digits);
-    return isNumber && number <= 100 ? std::optional(number) : std::nullopt;
+    if (digits.find_first_not_of("0123456789.") != std::string_view::npos)
+        return std::nullopt;
+    const std::optional<double> number = ParseWholeReal(digits);
+    return number && *number <= 100 ? number : std::nullopt;
 }
 
 } // namespace plexorn

@@ -8,8 +8,8 @@
 #include "cli/system/InterruptGuard.h"
 
 #include <chrono>
+#include <new>
 #include <string>
-#include <system_error>
 
 namespace plexorn {
 
@@ -24,10 +24,10 @@ void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::st
 {
     if (outcome == PrepareOutcome::NoDrawing)
         return report.Failed(source.ShownName(), "is a DXF with nothing in it", ExitCode::NotAsciiDxf);
+    if (outcome == PrepareOutcome::ReadFailed && input.Error() == 0)
+        throw std::bad_alloc(); // reading needs memory, too
     if (outcome == PrepareOutcome::ReadFailed)
-        return report.Failed(source.ShownName(),
-                             "cannot be read to its end: " + std::generic_category().message(input.Error()),
-                             ExitCode::File);
+        return report.Failed(source.ShownName(), input.WhyFailed(), ExitCode::File);
     report.Failed(job.output, "cannot be written: " + whyNotWritten, ExitCode::File);
 }
 

@@ -2,29 +2,51 @@
 
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
+#include "cli/system/InterruptGuard.h"
 
 #include <cerrno>
-#include <system_error>
+#include <exception>
+#include <new>
 
 namespace plexorn {
 
 PreparedDrawing::PreparedDrawing(Source& source, const Options& options)
 {
-    RewoundFile input(source);
+    RewoundFile input(source, options.keepsGoing);
     prepare::PrepareOutcome outcome = prepare::PrepareOutcome::Done;
+    std::exception_ptr thrown; // the file is there, and must not stay
     m_file.emplace([&](const ByteFunction& out) {
-        outcome = prepare::PrepareDrawing(
-            input, PrepareOptionsFor(options),
-            [&](std::string_view bytes) { return out(bytes.data(), bytes.size()); }, m_findings, {});
+        try {
+            outcome = prepare::PrepareDrawing(
+                input, PrepareOptionsFor(options),
+                [&](std::string_view bytes) { return out(bytes.data(), bytes.size()); }, m_findings,
+                [](double) { return !InterruptGuard::IsInterrupted(); });
+        } catch (...) {
+            thrown = std::current_exception();
+        }
         return outcome == prepare::PrepareOutcome::WriteFailed ? errno : 0;
     });
+    if (thrown)
+        std::rethrow_exception(thrown);
     m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
-    if (outcome == prepare::PrepareOutcome::NoDrawing && !source.IsAscii())
-        m_reason = "is a DXF with nothing in it";
-    else if (outcome == prepare::PrepareOutcome::ReadFailed)
-        m_reason = "cannot be read to its end: " + std::generic_category().message(input.Error());
-    else if (!m_file->Error().empty())
+    if (input.Error() != 0)
+        m_hole = input.WhyFailed();
+    m_reason = ReasonFor(outcome, source);
+    if (m_reason.empty() && !m_file->Error().empty())
         m_reason = "cannot be prepared: " + m_file->Error();
+}
+
+std::string PreparedDrawing::ReasonFor(prepare::PrepareOutcome outcome, const Source& source) const
+{
+    if (outcome == prepare::PrepareOutcome::NoDrawing && !source.IsAscii())
+        return "is a DXF with nothing in it";
+    if (outcome == prepare::PrepareOutcome::Cancelled)
+        return "is not drawn: stopped";
+    if (outcome != prepare::PrepareOutcome::ReadFailed)
+        return "";
+    if (m_hole.empty())
+        throw std::bad_alloc(); // reading needs memory, too
+    return m_hole;
 }
 
 } // namespace plexorn

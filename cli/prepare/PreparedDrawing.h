@@ -15,21 +15,26 @@ namespace plexorn {
 // Prepares a drawing for the module, into a file that nobody else finds.
 class PreparedDrawing {
 public:
-    // Throws std::bad_alloc.
+    // With --keep-going, what cannot be read ends the drawing. Throws std::bad_alloc.
     PreparedDrawing(Source& source, const Options& options);
 
     // Why there is no prepared drawing, as the end of a sentence; empty when there is one.
     const std::string& Reason() const { return m_reason; }
+    // Why the prepared drawing lacks a part of the drawing, as the end of a sentence; empty when it does not.
+    const std::string& Hole() const { return m_hole; }
     // The prepared drawing; where there is nothing to prepare, the drawing itself.
     const std::filesystem::path& Path() const { return m_path; }
     // What was met in the drawing.
     const prepare::Report& Findings() const { return m_findings; }
 
 private:
+    std::string ReasonFor(prepare::PrepareOutcome outcome, const Source& source) const;
+
     prepare::Report m_findings;
     std::optional<PrivateFile> m_file;
     std::filesystem::path m_path;
     std::string m_reason;
+    std::string m_hole;
 };
 
 } // namespace plexorn

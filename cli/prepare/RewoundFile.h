@@ -5,20 +5,28 @@
 #include "cli/files/Source.h"
 #include "prepare/PrepareDrawing.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <system_error>
 
 namespace plexorn {
 
 // The file of a drawing, from its start again as often as it is wanted.
-class RewoundFile final : public prepare::ReopenableSource {
+class RewoundFile final : public prepare::ReopenableSource, private CDxfSource {
 public:
-    // source must outlive this.
-    explicit RewoundFile(Source& source) : m_source(source) {}
+    // source must outlive this. Where reading fails, the file ends if it keeps going.
+    explicit RewoundFile(Source& source, bool keepsGoing = false) : m_source(source), m_keepsGoing(keepsGoing)
+    {
+    }
 
-    CDxfSource& Rewound() override { return m_reader.emplace(m_source.Rewound()); }
+    CDxfSource& Rewound() override
+    {
+        m_reader.emplace(m_source.Rewound());
+        return *this;
+    }
 
     std::uint64_t Size() const override
     {
@@ -27,12 +35,27 @@ public:
         return error ? 0 : size;
     }
 
-    // errno of a reading that failed, 0 when none did.
-    int Error() const { return m_reader ? m_reader->Error() : 0; }
+    // errno of a reading that failed, 0 when none did; and why, as the end of a sentence.
+    int Error() const { return m_error; }
+    std::string WhyFailed() const
+    {
+        return "cannot be read to its end: " + std::generic_category().message(m_error);
+    }
 
 private:
+    std::ptrdiff_t Read(char* bytes, std::size_t size) override
+    {
+        const std::ptrdiff_t count = m_reader->Read(bytes, size);
+        if (count >= 0)
+            return count;
+        m_error = m_reader->Error();
+        return m_keepsGoing ? 0 : count;
+    }
+
     Source& m_source;
+    bool m_keepsGoing;
     std::optional<FileSource> m_reader;
+    int m_error = 0;
 };
 
 } // namespace plexorn

@@ -48,6 +48,10 @@ std::int32_t ParseInteger(std::string_view text);
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
 
+// Reads a number that is the whole text, in the form that it has for ParseReal, but with neither blanks nor a
+// '+' before it; nothing for any other text, and for what a double cannot hold.
+std::optional<double> ParseWholeReal(std::string_view text);
+
 // The same for a whole line, in wide steps: bytes around it are read, though they do not count.
 double ParseLineReal(CDxfLine line);
 

@@ -215,3 +215,11 @@ double ParseLineReal(CDxfLine line)
 }
 
 #endif
+
+std::optional<double> ParseWholeReal(std::string_view text)
+{
+    double value = 0;
+    const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isWhole = result.ec == std::errc() && result.ptr == text.data() + text.size();
+    return isWhole && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}

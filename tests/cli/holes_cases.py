@@ -8,7 +8,9 @@ import subprocess
 import command_support
 from command_support import CommandTest, entities
 
-TEXT = ("0", "TEXT", "8", "0", "10", "1", "20", "2", "40", "3", "1")
+
+def text(number):
+    return ("0", "TEXT", "8", "0", "10", str(number), "20", "2", "40", "3", "1", f"text {number}")
 
 
 class Holes(CommandTest):
@@ -16,21 +18,26 @@ class Holes(CommandTest):
 
     def setUp(self):
         super().setUp()
-        texts = (line for number in range(self.COUNT) for line in (*TEXT, f"text {number}"))
+        texts = (line for number in range(self.COUNT) for line in text(number))
         self.write("plan.dxf", entities(*texts))
         self.write("plan.svg", b"old")
 
     def texts(self):
         return self.read("plan.svg").count("<text")
 
-
-class FailingReads(Holes):
     AFTER = 20_000
 
     def failing(self, by, after=AFTER):
         return {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_READS_AFTER": str(after),
                 "FAILING_READS_BY": by}
 
+    def limited(self, kilobytes, *options):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
+        return self.plexorn("-j", "1", "plan.dxf", *options, preexec_fn=limit)
+
+
+class FailingReads(Holes):
     def said(self, printed):
         """What is said beside what the reader tells of the line at which reading failed."""
         lines = printed.splitlines()
@@ -104,11 +111,6 @@ class FailingReads(Holes):
 class ShortMemory(Holes):
     COUNT = 35_249
 
-    def limited(self, kilobytes, *options):
-        def limit():
-            resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
-        return self.plexorn("-j", "1", "plan.dxf", *options, preexec_fn=limit)
-
     def test_a_picture_is_whole_or_the_older_one_stays(self):
         codes = set()
         for kilobytes in range(12_000, 44_000, 2_000):
@@ -142,3 +144,81 @@ class ShortMemory(Holes):
                 elif result.returncode == 0:
                     self.assertEqual(self.texts(), self.COUNT)
         self.assertGreater(holes, 0)
+
+
+class PreparedFailingReads(Holes):
+    """The drawing is read to be prepared, by fread, and read back prepared, by read."""
+    AS_IS = False
+
+    def test_one_line_and_the_older_picture_stays(self):
+        reasons = {"fread": "cannot be read to its end: Input/output error",
+                   "read": "cannot be read back as it was prepared"}
+        for by, reason in reasons.items():
+            for options in ([], ["-q"], ["--strict"], ["--messages", "text"]):
+                with self.subTest(by=by, options=options):
+                    self.assertEqual(self.expect(3, "plan.dxf", *options, env=self.failing(by)), f"plan.dxf: {reason}\n")
+                    self.assertEqual(self.names(), ["plan.dxf", "plan.svg"])
+                    self.assertEqual(self.read("plan.svg"), "old")
+
+    def test_to_keep_going_draws_what_there_is(self):
+        for options in ([], ["-q"]):
+            with self.subTest(options=options):
+                self.write("plan.svg", b"old")
+                lines = self.expect(1, "--keep-going", "plan.dxf", *options, env=self.failing("fread")).splitlines()
+                place = 0 if options else -2
+                self.assertEqual(lines[place], "plan.dxf: cannot be read to its end: Input/output error; the picture "
+                                               "lacks what follows")
+                self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+                self.assertGreater(self.texts(), 100)
+                self.assertLess(self.texts(), self.COUNT)
+                if not options:
+                    self.assertIn(", at most ", lines[-1])
+
+    def test_no_line_of_the_prepared_drawing_is_told(self):
+        printed = self.plexorn("--keep-going", "plan.dxf", env=self.failing("read")).stderr
+        self.assertIn("plan.dxf: cannot be read back as it was prepared; the picture lacks what follows\n", printed)
+        self.assertNotRegex(printed, r"plan\.dxf:\d")
+
+    def test_to_keep_going_changes_nothing_of_a_whole_drawing(self):
+        self.expect(0, "-q", "plan.dxf")
+        whole = self.read("plan.svg")
+        self.assertEqual(self.expect(0, "-q", "--keep-going", "plan.dxf"), "")
+        self.assertEqual(self.read("plan.svg"), whole)
+
+
+class PreparedShortMemory(Holes):
+    AS_IS = False
+    COUNT = 35_249
+
+    def test_a_picture_is_whole_or_the_older_one_stays(self):
+        codes = set()
+        for kilobytes in range(8_000, 44_000, 2_000):
+            for options in ([], ["-q"]):
+                with self.subTest(kilobytes=kilobytes, options=options):
+                    self.write("plan.svg", b"old")
+                    result = self.limited(kilobytes, *options)
+                    if result.returncode == 127:
+                        continue  # the command itself cannot be loaded
+                    codes.add(result.returncode)
+                    if result.returncode == 0:
+                        self.assertEqual(self.texts(), self.COUNT)
+                    else:
+                        self.assertEqual(result.returncode, 3)
+                        self.assertRegex(result.stderr, "^plan.dxf: is not drawn[^\n]*: memory is short\n$|"
+                                                        "^plan.svg: cannot be written: Cannot allocate memory\n$")
+                        self.assertEqual(self.read("plan.svg"), "old")
+        self.assertEqual(codes, {0, 3})
+
+    def test_to_keep_going_draws_it_as_it_is(self):
+        unprepared = 0
+        for kilobytes in range(7_000, 44_000, 1_000):
+            with self.subTest(kilobytes=kilobytes):
+                self.write("plan.svg", b"old")
+                result = self.limited(kilobytes, "-q", "--keep-going")
+                if result.returncode == 1:
+                    self.assertRegex(result.stderr, "^plan.dxf: [^\n]*memory is short")
+                    self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+                    unprepared += "plan.dxf: is not prepared: memory is short; it is drawn as with --as-is\n" in result.stderr
+                elif result.returncode == 0:
+                    self.assertEqual(self.texts(), self.COUNT)
+        self.assertGreater(unprepared, 0)

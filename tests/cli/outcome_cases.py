@@ -108,6 +108,35 @@ class NothingVisible(OutcomeTest):
         self.expect(5, "a.dxf", "b.dxf", "none.dxf")
 
 
+class PreparedNothingVisible(OutcomeTest):
+    AS_IS = False
+    LAYER = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "0", "70", "1", "0", "ENDTAB", "0",
+             "ENDSEC")
+    BLANK = {
+        "it cannot draw 2 3DSOLID": entities(*("0", "3DSOLID", "8", "0") * 2),
+        "it cannot draw 1 INSERT": entities(*insert("NOWHERE")),
+        "1 entity is invisible": entities(*HIDDEN_LINE),
+        "1 entity is on layers that are off or frozen": dxf(*LAYER) + DRAWING,
+        "2 entities are in the paper space": entities(*(*LINE, "67", "1") * 2),
+        "nothing inserts the blocks that its entities are in": blocks(*block("A", *LINE)) + entities(),
+        "nothing inserts the blocks that its entities are in; 1 entity is in the paper space":
+            blocks(*block("A", *LINE)) + entities(*LINE, "67", "1"),
+        "what it holds is empty or has no usable place": entities("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"),
+    }
+
+    def test_one_line_says_why_and_the_code_is_6(self):
+        for reason, content in self.BLANK.items():
+            for options in ([], ["-q"], ["-q", "--strict"]):
+                with self.subTest(reason=reason, options=options):
+                    self.write("plan.dxf", content)
+                    printed = self.expect(6, "plan.dxf", *options)
+                    self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", printed)
+
+    def test_entries_without_markers_hide_nothing(self):
+        self.write("plan.dxf", NothingVisible.BLANK["the entry at line 10 has no subclass marker"])
+        self.assertEqual(self.expect(0, "-q", "--strict", "plan.dxf"), "")
+
+
 class Shares(OutcomeTest):
     def test_the_line_has_the_share_and_what_is_missing(self):
         self.write("plan.dxf", entities(*LINE, *LINE, *HATCH, "0", "SOLID", *insert("NOWHERE")))

@@ -382,6 +382,16 @@ TEST(FormatHex, HasZerosInFrontAndSmallOrCapitalLetters)
     EXPECT_EQ(std::string(text, FormatUpperHex(0x1B, 4, text)), "001B");
 }
 
+TEST(ParseWholeReal, TakesNothingButANumber)
+{
+    EXPECT_EQ(ParseWholeReal("0.5"), 0.5);
+    EXPECT_EQ(ParseWholeReal("-1.5e3"), -1500.0);
+    EXPECT_EQ(ParseWholeReal(".5"), 0.5);
+    EXPECT_EQ(ParseWholeReal("5."), 5.0);
+    for (const char* text : {"", ".", " 1", "1 ", "+1", "1x", "0x1", "1,5", "inf", "nan", "1e999", "-"})
+        EXPECT_EQ(ParseWholeReal(text), std::nullopt) << text;
+}
+
 TEST(ParseHex, TakesNothingButDigits)
 {
     EXPECT_EQ(ParseHex("1f"), 0x1Fu);
