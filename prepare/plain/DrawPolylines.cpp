@@ -164,7 +164,8 @@ bool IsTapered(const PolylineVertex& vertex)
 }
 
 // Each run of segments of the same width is a polyline of its own. Where a width varies along a segment, all
-// that is wide is an area, so that the segments' corners meet.
+// that is wide is an area, so that the segments' corners meet; its middle line is seen where it ends in a
+// tip.
 void DrawFlat(const FlatPolyline& polyline, Pen& pen)
 {
     if (polyline.vertices.size() < 2)
@@ -181,7 +182,12 @@ void DrawFlat(const FlatPolyline& polyline, Pen& pen)
         for (end = first; end < segments && isOfRun(WidthOf(vertices[end]));)
             ++end;
         pen.UseWidth(isBand ? 0 : width * path.Scale());
-        isBand ? path.Fill(first, end - first) : path.Draw(first, end - first);
+        if (isBand) {
+            path.Fill(first, end - first);
+            pen.UseThinnest();
+        }
+        path.Draw(first, end - first);
+        pen.UseOwnStyle();
     }
 }
 

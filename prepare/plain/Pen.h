@@ -29,6 +29,8 @@ public:
     void UseStyle(const Style& style) { m_style = style; }
     // The width of strokes from now on, in the output's units; 0: the weight counts.
     void UseWidth(double width) { m_style.width = width; }
+    // Strokes as thin as any from now on.
+    void UseThinnest() { m_style.width = m_style.weight = 0; }
 
     void Line(Point2 start, Point2 end);
     // As a circle, an arc, an ellipse or, seen from the side, a line. arc.end is not below arc.start, and by

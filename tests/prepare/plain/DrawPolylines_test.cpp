@@ -107,13 +107,14 @@ TEST(DrawLwPolyline, RunsOfOneWidthAreDrawnTogether)
     EXPECT_TRUE(stage.Findings().empty());
 }
 
+// And a thin line in its middle, so that its tip is seen.
 TEST(DrawLwPolyline, ATaperedSegmentIsAnArea)
 {
     Stage stage;
     LwPolyline arrow = Through({Wide(0, 0, 0, 0), Wide(2, 0, 4, 0), Wide(7, 8, 6, 0)});
-    EXPECT_EQ(stage.Draw(arrow), (Lines{"polyline 0,0 4,0", "fill 4,1 6,0 4,-1"}));
+    EXPECT_EQ(stage.Draw(arrow), (Lines{"polyline 0,0 4,0", "fill 4,1 6,0 4,-1", "polyline 4,0 6,0"}));
     stage.matrix = Scaled({3, -3, 1});
-    EXPECT_EQ(stage.Draw(arrow), (Lines{"polyline 0,0 12,0", "fill 12,3 18,0 12,-3"}));
+    EXPECT_EQ(stage.Draw(arrow), (Lines{"polyline 0,0 12,0", "fill 12,3 18,0 12,-3", "polyline 12,0 18,0"}));
     EXPECT_TRUE(stage.Findings().empty());
 }
 
@@ -122,13 +123,13 @@ TEST(DrawLwPolyline, BandsOfATaperedPolylineShareTheirCorners)
 {
     Stage stage;
     EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 0, 0), Wide(2, 2, 10, 0), Wide(0, 0, 10, 10)})),
-              Lines{"fill 0,0 9,1 11,-1 and 9,1 9,10 11,10 11,-1"});
+              (Lines{"fill 0,0 9,1 11,-1 and 9,1 9,10 11,10 11,-1", "polyline 0,0 10,0 10,10"}));
     // One that is too short for the mitre, and a sharp bend, are areas of their own.
     EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 0, 0), Wide(2, 2, 10, 0), Wide(0, 0, 10, 0.5)})),
-              (Lines{"fill 0,0 10,1 10,-1", "fill 9,0 9,0.5 11,0.5 11,0"}));
+              (Lines{"fill 0,0 10,1 10,-1", "fill 9,0 9,0.5 11,0.5 11,0", "polyline 0,0 10,0 10,0.5"}));
     EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 0, 0), Wide(2, 2, 10, 0), Wide(0, 0, 0, 0)})),
-              (Lines{"fill 0,0 10,1 10,-1", "fill 10,-1 0,-1 0,1 10,1"}));
-    EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 0, 0), Wide(2, 2, 10, 0), Wide(0, 0, 4, 4)})).size(), 2u);
+              (Lines{"fill 0,0 10,1 10,-1", "fill 10,-1 0,-1 0,1 10,1", "polyline 0,0 10,0 0,0"}));
+    EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 0, 0), Wide(2, 2, 10, 0), Wide(0, 0, 4, 4)})).size(), 3u);
 }
 
 TEST(DrawLwPolyline, BandsThatMayOverlapAreAreasOfTheirOwn)
@@ -136,9 +137,10 @@ TEST(DrawLwPolyline, BandsThatMayOverlapAreAreasOfTheirOwn)
     Stage stage;
     const Lines drawn = stage.Draw(Through(
         {Wide(2, 2, 0, 0), Wide(2, 2, 10, 0), Wide(2, 2, 10, 10), Wide(2, 1, 5, 10), Wide(1, 1, 5, -5)}));
-    ASSERT_EQ(drawn.size(), 2u);
+    ASSERT_EQ(drawn.size(), 3u);
     EXPECT_EQ(drawn[0], "fill 0,1 9,1 11,-1 0,-1 and 9,1 9,9 11,11 11,-1 and 9,9 6,9 4,11 11,11");
     EXPECT_EQ(drawn[1], "fill 6,9 5.5,-5 4.5,-5 4,11");
+    EXPECT_EQ(drawn[2], "polyline 0,0 10,0 10,10 5,10 5,-5");
 }
 
 TEST(DrawLwPolyline, AClosedTaperedOneIsMitredAtItsFirstVertexToo)
@@ -147,7 +149,7 @@ TEST(DrawLwPolyline, AClosedTaperedOneIsMitredAtItsFirstVertexToo)
     EXPECT_EQ(stage.Draw(Through({Wide(2, 4, 0, 0), Wide(4, 4, 10, 0), Wide(4, 2, 10, 10), Wide(2, 2, 0, 10)},
                                  true)),
               (Lines{"fill 1,1 8,2 12,-2 -1,-1 and 8,2 8,8 12,12 12,-2 and 8,8 1,9 -1,11 12,12",
-                     "fill 1,9 1,1 -1,-1 -1,11"}));
+                     "fill 1,9 1,1 -1,-1 -1,11", "closed polyline 0,0 10,0 10,10 0,10"}));
 }
 
 // Half a circle of radius 1, from 0 to 1 wide, as two chords: at its ends it is at right angles to the
@@ -158,18 +160,19 @@ TEST(DrawLwPolyline, ATaperedArcIsABandAroundIt)
     stage.tolerance = 0.5;
     PolylineVertex arc = Wide(0, 1, 0, 0);
     arc.bulge = 1;
-    EXPECT_EQ(stage.Draw(Through({arc, Vertex(2, 0)})), Lines{"fill 0,0 1,-0.646447 1.5,0 2.5,0 1,-1.35355"});
+    EXPECT_EQ(stage.Draw(Through({arc, Vertex(2, 0)})),
+              (Lines{"fill 0,0 1,-0.646447 1.5,0 2.5,0 1,-1.35355", "polyline 0,0 bulge 1 2,0"}));
 }
 
 TEST(DrawLwPolyline, BandsWithoutLengthOrNumbersAreLeftOut)
 {
     Stage stage;
     EXPECT_EQ(stage.Draw(Through({Wide(0, 2, 1, 1), Wide(0, 2, 1, 1), Vertex(3, 1)})),
-              Lines{"fill 1,1 3,2 3,0"});
+              (Lines{"fill 1,1 3,2 3,0", "polyline 1,1 1,1 3,1"}));
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(
         stage.Draw(Through({Wide(0, 2, 0, 0), Wide(0, 2, infinity, 0), Wide(0, 2, 4, 0), Vertex(8, 0)})),
-        Lines{"fill 4,0 8,1 8,-1"});
+        (Lines{"fill 4,0 8,1 8,-1", "polyline 0,0 4,0 8,0"}));
     EXPECT_EQ(stage.Findings(), Lines{"changed: parts with numbers out of range are left out"});
 }
 
