@@ -67,6 +67,25 @@ std::vector<std::string> StandardStyleTexts(const StyleTable& styles, const Stan
     return texts;
 }
 
+std::vector<std::vector<Point2>> WrittenRings(std::span<const std::vector<Point2>> rings, int decimals)
+{
+    std::vector<std::vector<Point2>> written;
+    for (const std::vector<Point2>& ring : rings) {
+        std::vector<Point2> points;
+        points.reserve(ring.size());
+        for (const Point2 point : ring) {
+            const Point2 rounded{RoundedTo(point.x, decimals), RoundedTo(point.y, decimals)};
+            if (points.empty() || !(rounded == points.back()))
+                points.push_back(rounded);
+        }
+        while (points.size() > 1 && points.front() == points.back())
+            points.pop_back();
+        if (points.size() > 2)
+            written.push_back(std::move(points));
+    }
+    return written;
+}
+
 void StandardEntities::Begin(const char* type, std::string_view style)
 {
     PairWriter& pairs = m_out.pairs;
@@ -150,8 +169,11 @@ void StandardEntities::Polyline(StyleId style, std::span<const PlainVertex> vert
 }
 
 // A solid HATCH, its islands by odd parity.
-void StandardEntities::Fill(StyleId style, std::span<const std::vector<Point2>> rings)
+void StandardEntities::Fill(StyleId style, std::span<const std::vector<Point2>> allRings)
 {
+    const std::vector<std::vector<Point2>> rings = WrittenRings(allRings, m_out.decimals);
+    if (rings.empty())
+        return;
     constexpr int kExternal = 1, kPolylineLoop = 2;
     PairWriter& pairs = m_out.pairs;
     Begin("HATCH", m_out.styleTexts[style]);

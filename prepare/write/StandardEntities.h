@@ -26,6 +26,9 @@ struct StandardOutput {
 // The pairs of each style that every type has.
 std::vector<std::string> StandardStyleTexts(const StyleTable& styles, const StandardTables& tables);
 
+// The rings of a fill as they are written: without points on the one before, and none that bounds no area.
+std::vector<std::vector<Point2>> WrittenRings(std::span<const std::vector<Point2>> rings, int decimals);
+
 class StandardEntities final : public LogVisitor {
 public:
     // owner: the block record of the entities.

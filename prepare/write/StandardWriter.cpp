@@ -1,5 +1,6 @@
 #include "prepare/write/StandardWriter.h"
 
+#include "prepare/write/LogExtents.h"
 #include "prepare/write/StandardEntities.h"
 
 #include <algorithm>
@@ -12,14 +13,20 @@ namespace {
 // Finds the blocks and text styles that are used, before anything is written.
 class Collector final : public LogVisitor {
 public:
-    explicit Collector(const std::deque<KeptBlock>& blocks) : isUsed(blocks.size()), m_blocks(blocks) {}
+    Collector(const std::deque<KeptBlock>& blocks, int decimals)
+        : isUsed(blocks.size()), m_blocks(blocks), m_decimals(decimals)
+    {
+    }
 
     void Line(StyleId, Point2, Point2) override { ++count; }
     void Circle(StyleId, Point2, double) override { ++count; }
     void Arc(StyleId, Point2, double, double, double) override { ++count; }
     void Ellipse(StyleId, Point2, Point2, double, double, double) override { ++count; }
     void Polyline(StyleId, std::span<const PlainVertex>, bool) override { ++count; }
-    void Fill(StyleId, std::span<const std::vector<Point2>>) override { ++count; }
+    void Fill(StyleId, std::span<const std::vector<Point2>> rings) override
+    {
+        count += WrittenRings(rings, m_decimals).empty() ? 0 : 1;
+    }
     void Text(StyleId, const LoggedText& text) override
     {
         ++count;
@@ -49,6 +56,7 @@ public:
 
 private:
     const std::deque<KeptBlock>& m_blocks;
+    const int m_decimals;
     std::vector<std::size_t> m_used; // it grows while they are looked at
 };
 
@@ -121,18 +129,18 @@ std::vector<StandardBlock> StandardWriter::NamedBlocks(const std::vector<bool>& 
     return blocks;
 }
 
-void StandardWriter::WriteHeader(PairWriter& pairs, std::uint64_t handleSeed) const
+void StandardWriter::WriteHeader(PairWriter& pairs, const Box& extents, std::uint64_t handleSeed) const
 {
     BeginSection(pairs, "HEADER");
     pairs.Text(9, "$ACADVER");
     pairs.Text(1, "AC1015");
     pairs.Text(9, "$DWGCODEPAGE");
     pairs.Text(3, "ANSI_1252");
-    if (!m_settings.extents.IsEmpty())
+    if (!extents.IsEmpty())
         for (const auto& [name, point] :
-             {std::pair("$EXTMIN", m_settings.extents.min), std::pair("$EXTMAX", m_settings.extents.max)}) {
+             {std::pair("$EXTMIN", extents.min), std::pair("$EXTMAX", extents.max)}) {
             pairs.Text(9, name);
-            WritePoint3(pairs, 10, point, DecimalsOfExtents(DecimalsFor(m_settings.extents)));
+            WritePoint3(pairs, 10, point, DecimalsOfExtents(DecimalsFor(extents)));
         }
     pairs.Text(9, "$LTSCALE");
     pairs.Integer(40, 1);
@@ -148,7 +156,9 @@ void StandardWriter::WriteHeader(PairWriter& pairs, std::uint64_t handleSeed) co
 
 bool StandardWriter::Finish(const ByteFunction& write)
 {
-    Collector collector(m_blocks);
+    const Box extents = ExtentsOf(m_model, m_blocks);
+    const int decimals = DecimalsFor(extents);
+    Collector collector(m_blocks, decimals);
     collector.Collect(m_model);
     const StandardTables tables(m_drawing, m_styles, collector.textStyles);
     const std::vector<std::string> styleTexts = StandardStyleTexts(m_styles, tables);
@@ -164,11 +174,10 @@ bool StandardWriter::Finish(const ByteFunction& write)
     }
 
     PairWriter pairs(write);
-    const int decimals = DecimalsFor(m_settings.extents);
     const StandardOutput output{pairs,    m_styles, styleTexts,           tables, names,
                                 m_report, decimals, m_settings.tolerance, handle};
-    WriteHeader(pairs, seed);
-    tables.Write(pairs, blocks, m_settings.extents, decimals, handle);
+    WriteHeader(pairs, extents, seed);
+    tables.Write(pairs, blocks, extents, decimals, handle);
     BeginSection(pairs, "BLOCKS");
     WriteLayoutBlocks(pairs);
     for (const StandardBlock& block : blocks) {
@@ -182,7 +191,7 @@ bool StandardWriter::Finish(const ByteFunction& write)
     StandardEntities model(output, kModelRecord);
     m_model.Replay(model);
     pairs.Text(0, "ENDSEC");
-    WriteStandardObjects(pairs, m_settings.extents, decimals);
+    WriteStandardObjects(pairs, extents, decimals);
     pairs.Text(0, "EOF");
     return pairs.Finish();
 }

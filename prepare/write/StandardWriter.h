@@ -17,7 +17,7 @@ public:
 private:
     // In the order of their names.
     std::vector<StandardBlock> NamedBlocks(const std::vector<bool>& isUsed) const;
-    void WriteHeader(PairWriter& pairs, std::uint64_t handleSeed) const;
+    void WriteHeader(PairWriter& pairs, const Box& extents, std::uint64_t handleSeed) const;
 };
 
 } // namespace prepare

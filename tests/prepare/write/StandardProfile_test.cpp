@@ -147,6 +147,38 @@ TEST_F(StandardProfile, BlocksAreInTheOrderOfTheirNamesAndOwnWhatIsInThem)
     EXPECT_EQ(text.find("unused"), std::string::npos);
 }
 
+// They are of what is written, however far the drawing was measured to reach: so they are the same again.
+TEST_F(StandardProfile, ExtentsAreOfWhatIsWritten)
+{
+    DrawingWriter& writer = written.Writer();
+    const std::size_t outer = writer.NewBlock("Outer"), inner = writer.NewBlock("Inner");
+    writer.Block(inner).Arc(red, {0, 0}, 5, 0, kPi / 2);
+    writer.Block(outer).Insert(inner, {10, 0}, kPi, false);
+    writer.Block(writer.NewBlock("unused")).Line(red, {0, 0}, {1000, 0});
+    Model().Insert(outer, {0, 20}, 0, true);
+    Model().Line(red, {5, 18}, {12, 18.5});
+    EXPECT_NE(Flat().find("$EXTMIN 10 5 20 18 30 0 9 $EXTMAX 10 12 20 25 30 0"), std::string::npos);
+}
+
+// Each point once, as a reader has it, and no ring that bounds nothing. Handles are counted without the fill
+// that is left out.
+TEST_F(StandardProfile, FillsHaveNoPointTwice)
+{
+    const double near = 1e-16;
+    const std::vector<Point2> triangle{{0, 0}, {4, 0}, {4, near}, {4 + near, 0}, {0, 3}, {0, near}};
+    const std::vector<Point2> line{{1, 1}, {2, 1}, {2, 1 + near}};
+    Model().Fill(red, std::vector<std::vector<Point2>>{triangle, line});
+    Model().Fill(red, std::vector<std::vector<Point2>>{line});
+    const std::string text = Flat();
+    EXPECT_NE(text.find("91 1 92 3 72 0 73 1 93 3 10 0 20 0 10 4 20 0 10 0 20 3 97 0 75 0"),
+              std::string::npos);
+    EXPECT_EQ(text.find("0 HATCH"), text.rfind("0 HATCH"));
+    const std::string without = text.substr(text.find("$HANDSEED"), 20);
+    written = WrittenDrawing(Profile::Standard);
+    Model().Fill(red, std::vector<std::vector<Point2>>{triangle});
+    EXPECT_NE(Flat().find(without), std::string::npos);
+}
+
 // Each handle (5, and 105 of a dimension style) once, all below the seed.
 TEST_F(StandardProfile, HandlesDifferAndAreBelowTheSeed)
 {
