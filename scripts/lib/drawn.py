@@ -2,10 +2,11 @@
 
     drawn.py [--command PLEXORN] FOLDER
 
-Draws every .dxf file of FOLDER and prints how many pictures show nothing and why, and for each type of entity in how
-many drawings it occurs, how often, and whether it is drawn. "plexorn info --as-is" counts the entities. Vertices and ends of
-sequences are parts of other entities and are not counted. A picture shows nothing if it has no line, shape or text, not
-in the symbols that it uses either.
+Draws every .dxf file of FOLDER and prints how much of them is shown. Then it draws them as the module does by itself,
+and prints how many pictures show nothing and why, and for each type of entity in how many drawings it occurs, how
+often, and whether it is drawn. "plexorn info --as-is" counts these entities. Vertices and ends of sequences are parts
+of other entities and are not counted. A picture shows nothing if it has no line, shape or text, not in the symbols that
+it uses either.
 """
 import argparse
 import collections
@@ -26,6 +27,7 @@ ONLY_IN_BLOCKS = "nothing of a drawn type outside blocks that are not inserted"
 SHOWN = {SVG + name for name in ("line", "path", "circle", "ellipse", "polyline", "polygon", "text")}
 
 Count = collections.namedtuple("Count", "name drawn drawings in_drawing in_blocks")
+Shown = collections.namedtuple("Shown", "drawings entities shown missing blank")
 Result = collections.namedtuple("Result", "files drawings empty losing types")
 
 
@@ -57,6 +59,26 @@ def is_empty(command, path):
         return not os.path.exists(picture) or not shows_something(ElementTree.parse(picture).getroot())
 
 
+def outcome_of(command, path):
+    """What the command says of a picture that it drew; None if it drew none."""
+    with tempfile.TemporaryDirectory(prefix="plexorn-drawn-") as folder:
+        result = subprocess.run([command, "--messages=json", path, "-o", os.path.join(folder, "picture.svg")],
+                                capture_output=True, text=True)
+    told = map(json.loads, result.stderr.splitlines())
+    return next((one for one in told if one["type"] == "drawn"), None)
+
+
+def count_shown(command, folder):
+    """What is shown of the drawings of a folder."""
+    outcomes = [outcome for path in drawings_in(folder) if (outcome := outcome_of(command, path))]
+    shares = [outcome["share"] for outcome in outcomes]
+    missing = collections.Counter()
+    for share in shares:
+        missing.update(share["missing"])
+    return Shown(len(outcomes), sum(share["entities"] for share in shares), sum(share["shown"] for share in shares),
+                 missing, sum(outcome["blank"] for outcome in outcomes))
+
+
 def why_empty(info):
     if not info["entities"]:
         return NO_ENTITIES
@@ -75,8 +97,12 @@ def types_of(infos):
     return sorted(counts, key=lambda count: (-count.in_drawing - count.in_blocks, count.name))
 
 
+def drawings_in(folder):
+    return sorted(os.path.join(folder, name) for name in os.listdir(folder) if name.lower().endswith(".dxf"))
+
+
 def count(command, folder):
-    paths = sorted(os.path.join(folder, name) for name in os.listdir(folder) if name.lower().endswith(".dxf"))
+    paths = drawings_in(folder)
     infos = {path: info for path in paths if (info := info_of(command, path))}
     types = types_of(infos.values())
     missing = {one.name for one in types if not one.drawn}
@@ -103,12 +129,19 @@ def report(result):
     return lines
 
 
+def report_shown(shown):
+    missing = ", ".join(f"{number} {name}" for name, number in sorted(shown.missing.items())) or "nothing"
+    return [f"{shown.drawings} drawings drawn, {shown.blank} of the pictures show nothing",
+            f"{shown.shown} of {shown.entities} entities are shown; missing: {missing}", ""]
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--command", default=os.path.join(ROOT, "build", "release", "bin", "plexorn"))
     parser.add_argument("folder")
     arguments = parser.parse_args()
-    print("\n".join(report(count(arguments.command, arguments.folder))))
+    print("\n".join(report_shown(count_shown(arguments.command, arguments.folder)) +
+                    ["As the module draws them by itself:"] + report(count(arguments.command, arguments.folder))))
 
 
 if __name__ == "__main__":

@@ -61,7 +61,31 @@ class Counts(unittest.TestCase):
             self.assertEqual(self.shows(f'{symbols}<g><use xlink:href="#{used}"/></g>'), shown, used)
 
 
+    def test_of_what_is_shown(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, text in {**DRAWINGS, "g.dxf": drawing(f"{LINE} 0 3DSOLID 0 3DSOLID")}.items():
+                with open(os.path.join(folder, name), "w", encoding="utf-8", newline="\n") as file:
+                    file.write(text)
+            shown = drawn.count_shown(ARGS.command, folder)
+        self.assertEqual((shown.drawings, shown.blank, shown.missing), (6, 1, {"3DSOLID": 2}))
+        self.assertEqual(shown.entities - shown.shown, 2)
+        self.assertIn("missing: 2 3DSOLID", drawn.report_shown(shown)[1])
+
+
 class Readme(unittest.TestCase):
+    def test_the_command_shows_as_much_as_it_says(self):
+        if not os.path.isdir(ARGS.corpus):
+            self.skipTest("the real drawings are not here")
+        shown = drawn.count_shown(ARGS.command, ARGS.corpus)
+        with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+            text = re.sub(r"\s+", " ", file.read())
+        told = re.search(r"In (\d+) real drawings, .* at least ([\d.]+) % of the entities .* What is missing is of the types "
+                         r"([^.]+)\. (\d+) pictures show nothing", text)
+        self.assertEqual(shown.drawings, int(told[1]))
+        self.assertGreaterEqual(100 * shown.shown / shown.entities, float(told[2]))
+        self.assertLessEqual(set(shown.missing), set(re.split(", | and ", told[3])))
+        self.assertLessEqual(shown.blank, int(told[4]))
+
     def test_its_figures_are_those_that_are_counted(self):
         if not os.path.isdir(ARGS.corpus):
             self.skipTest("the real drawings are not here")

@@ -75,6 +75,14 @@ class Import(unittest.TestCase):
             self.assertEqual((result.returncode, result.stdout), (4, ""))
             self.assertEqual(os.listdir(folder), ["plan.dxf"])
 
+    def test_names_the_picture_of_which_nothing_is_visible(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "plan.dxf")
+            with open(path, "wb") as file:
+                file.write(b"0\nSECTION\n2\nENTITIES\n0\nLINE\n60\n1\n0\nENDSEC\n0\nEOF\n")
+            result = run("scripts/import", path)
+            self.assertEqual((result.returncode, result.stdout), (6, os.path.join(folder, "plan.svg") + "\n"))
+
     def test_takes_a_name_for_the_picture(self):
         with tempfile.TemporaryDirectory() as folder:
             path = os.path.join(folder, "a plan.DXF")

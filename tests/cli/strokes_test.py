@@ -1,4 +1,5 @@
-"""Strokes can be seen and pictures can be opened: of the drawings at hand, fitted into a screen, and of their sizes."""
+"""Strokes can be seen and pictures can be opened, and none is blank whose exit code says that it was drawn: of the
+drawings at hand, fitted into a screen, and of their sizes."""
 import argparse
 import collections
 import glob
@@ -13,6 +14,9 @@ import xml.etree.ElementTree as ElementTree
 
 ARGS = None
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "scripts", "lib"))
+import drawn  # noqa: E402
+
 SVG = "{http://www.w3.org/2000/svg}"
 HREF = "{http://www.w3.org/1999/xlink}href"
 STROKED = {SVG + name for name in ("line", "path", "circle", "ellipse", "polyline", "polygon")}
@@ -90,9 +94,14 @@ class Strokes(unittest.TestCase):
                     with open(path, "rb") as file:
                         picture = Picture(file.read())
                     self.assertLessEqual(picture.longest(), LARGEST, drawing)
+                    self.assertTrue(drawn.shows_something(picture.root) or self.is_empty(drawing), drawing)
                     medians[os.path.basename(drawing)] = picture.median()
                     os.unlink(path)
         self.judge({name: median for name, median in medians.items() if median is not None}, least)
+
+    def is_empty(self, drawing):
+        info = drawn.info_of(ARGS.command, drawing)
+        return info is not None and not info["entities"]
 
     def judge(self, medians, least):
         self.assertGreaterEqual(len(medians), least, "there are too few pictures with strokes")
