@@ -1,5 +1,6 @@
 #include "prepare/write/Wrap.h"
 
+#include "base/Numbers.h"
 #include "prepare/write/ModuleRemedies.h"
 #include "prepare/write/PairWriter.h"
 
@@ -30,12 +31,34 @@ double Farthest(const Box& box)
                                      std::fabs(box.max.y)});
 }
 
+// Whether a 32-bit float holds the value, and the shortest text that gives this float back says the very
+// value: hosts keep floats, and may write them so.
+bool IsExact(double value)
+{
+    const volatile auto narrow = static_cast<float>(value); // g++ 12 drops both conversions of a pair
+    char text[kLongestShortest];
+    return static_cast<double>(narrow) == value && ParseReal({text, FormatShortest(narrow, text)}) == value;
+}
+
+// An exact value near that one: about as near as floats are there.
+double ExactNear(double value)
+{
+    constexpr double kTooFar = 1e37;
+    if (!(std::fabs(value) < kTooFar))
+        return 0;
+    double step = FloatStep(value), exact = 0;
+    do {
+        exact = std::round(value / step) * step + 0.0; // no -0
+        step *= 2;
+    } while (!IsExact(exact));
+    return exact;
+}
+
 Point2 Centre(const Box& box)
 {
     if (box.IsEmpty())
         return {};
-    const auto narrow = [](double value) { return static_cast<double>(static_cast<float>(value)); };
-    return {narrow(box.min.x / 2 + box.max.x / 2), narrow(box.min.y / 2 + box.max.y / 2)};
+    return {ExactNear(box.min.x / 2 + box.max.x / 2), ExactNear(box.min.y / 2 + box.max.y / 2)};
 }
 
 } // namespace

@@ -307,6 +307,21 @@ qlmSetAttributeByNode(ctx, n3, "scale-y", "0.001000")
               (Report::Key{Finding::Rewritten, "drawing", "one block near the origin"}));
 }
 
+// The middle of this one is neither a 32-bit float nor what a float's shortest text says.
+TEST_F(ModuleProfile, DrawingsFarFromTheOriginAreAsSharpAsThere)
+{
+    written.settings.extents = {};
+    written.settings.extents.Add({2'499'999.5, 5'599'999});
+    written.settings.extents.Add({2'500'020.14842, 5'600'019.8845});
+    written.settings.thinnest = 0.01;
+    written.settings.thinnestWeight = 0;
+    Model().Line(StyleOf(1, 1), {2'500'000.125, 5'600'000.003}, {2'500'020.014, 5'600'010.001});
+    const std::string calls = Calls();
+    EXPECT_NE(calls.find("qlmCreateLine(ctx, \"\", -9875, 9497, 10014, -501, 0, 0)"), std::string::npos)
+        << calls;
+    EXPECT_NE(calls.find("\"W1\", \"hmi\", 2500010, -5600009.5)"), std::string::npos) << calls;
+}
+
 TEST_F(ModuleProfile, TinyDrawingsAreWrappedTwice67)
 {
     written.settings.extents = {};
