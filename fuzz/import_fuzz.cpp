@@ -44,10 +44,10 @@ void DrawInFailingMemory(CDxfSource& source, std::size_t n, FailingMemory::Which
 // number.
 bool IsLarge(std::string_view text)
 {
-    constexpr std::size_t kMostDigits = 6;
+    constexpr std::size_t kMostWholeDigits = 6;
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
     const std::string_view rest = text.substr(digits);
-    return digits > kMostDigits || (digits > 0 && (rest.starts_with('e') || rest.starts_with('E')));
+    return digits > kMostWholeDigits || (digits > 0 && (rest.starts_with('e') || rest.starts_with('E')));
 }
 
 // Whether all numbers of the drawing are below a million, with six decimals at most, and none is given by a
