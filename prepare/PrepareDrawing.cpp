@@ -58,12 +58,24 @@ bool IsDrawing(const Drawing& drawing, std::uint64_t entities)
     return entities > 0 || drawing.hasSections || !drawing.layers.empty() || !drawing.blocks.empty();
 }
 
-WriteSettings WriteSettingsFor(const Measured& measured, const Options& options)
+// Of a drawing of nothing but rays: around their starts.
+Box ExtentsOfRays(const Box& starts)
+{
+    const double margin = starts.LongerSide() > 0 ? starts.LongerSide() / 2 : 1;
+    Box extents;
+    if (!starts.IsEmpty()) {
+        extents.Add(starts.min - Point2{margin, margin});
+        extents.Add(starts.max + Point2{margin, margin});
+    }
+    return extents;
+}
+
+WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, const Options& options)
 {
     WriteSettings settings;
     settings.profile = options.profile;
     settings.mayWrap = options.mayWrap;
-    settings.extents = measured.hull.Bounds();
+    settings.extents = measured.hull.IsEmpty() ? ExtentsOfRays(rayStarts) : measured.hull.Bounds();
     const double side = settings.extents.LongerSide() > 0 ? settings.extents.LongerSide() : 1;
     settings.unitsPerMm = side / kSheet;
     settings.thinnest = side * kThinnest;
@@ -101,7 +113,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     if (progress && !progress(0.5))
         return PrepareOutcome::Cancelled;
 
-    const WriteSettings settings = WriteSettingsFor(measure.OfModel(), options);
+    const WriteSettings settings = WriteSettingsFor(measure.OfModel(), measuring->RayStarts(), options);
     const std::unique_ptr<DrawingWriter> writer = MakeWriter(drawing, settings, report);
     ConvertSettings fine;
     fine.tolerance = settings.tolerance;

@@ -46,7 +46,10 @@ private:
     void ReadBlock();
     void ReadBlockEntities(Block& block);
     void KeepBlock(std::unique_ptr<Block> block);
+    bool MayGiveEntities();
+    void GiveEntity();
     void ReadEntitiesSection();
+    void ReadOutsideOfSections(std::string_view record);
     void SkipSection();
     bool IsSectionEnd(std::string_view record);
     void GiveLayoutBlocks();
@@ -57,10 +60,12 @@ private:
     EntityReader m_entities;
     Drawing& m_drawing;
     EntitySink* m_sink; // null: entities are skipped
+    bool m_isIndex = false;
     bool m_hasTables = false;
     bool m_hasBlocks = false;
     bool m_hasGivenLayouts = false;
     bool m_hasSkippedEntities = false;
+    bool m_isInLooseBlock = false; // in a block outside of sections
 };
 
 // The type of the next record, kEnd at the end of the file.
@@ -72,15 +77,19 @@ std::string_view Pass::NextRecord()
     return kEnd;
 }
 
-// The name of the next section; empty at the end of the file. Records outside of sections are passed over.
+// The name of the next section; empty at the end of the file. Of the records outside of sections, entities
+// are taken as those of ENTITIES.
 std::string_view Pass::NextSection()
 {
     for (;;) {
         const std::string_view record = NextRecord();
         if (record == kEnd)
             return {};
-        if (record != "SECTION")
+        if (record != "SECTION") {
+            ReadOutsideOfSections(record);
             continue;
+        }
+        m_isInLooseBlock = false;
         m_drawing.hasSections = true;
         if (m_reader.NextField() && m_reader.Code() == 2 && !Trim(m_reader.Value()).empty())
             return Trim(m_reader.Value());
@@ -182,16 +191,40 @@ void Pass::GiveLayoutBlocks()
                 m_sink->Take(*entity);
 }
 
+// Whether entities can go to the sink by now; if not, none that follow do.
+bool Pass::MayGiveEntities()
+{
+    m_hasSkippedEntities = m_hasSkippedEntities || m_sink == nullptr;
+    if (!m_hasSkippedEntities)
+        GiveLayoutBlocks();
+    return !m_hasSkippedEntities;
+}
+
+void Pass::GiveEntity()
+{
+    if (const std::unique_ptr<Entity> entity = m_entities.Read())
+        m_sink->Take(*entity);
+}
+
 void Pass::ReadEntitiesSection()
 {
-    if (m_sink == nullptr || m_hasSkippedEntities) {
-        m_hasSkippedEntities = true;
+    if (!MayGiveEntities())
         return SkipSection();
-    }
-    GiveLayoutBlocks();
     while (!IsSectionEnd(NextRecord()))
-        if (const std::unique_ptr<Entity> entity = m_entities.Read())
-            m_sink->Take(*entity);
+        GiveEntity();
+}
+
+// Files that are lists of entities alone are found, and such without the begin of a section.
+void Pass::ReadOutsideOfSections(std::string_view record)
+{
+    if (record == "BLOCK" || record == "ENDBLK")
+        m_isInLooseBlock = record == "BLOCK";
+    if (m_isInLooseBlock || EntityTypeOf(record) == EntityType::Other)
+        return;
+    m_reader.Note(Finding::Repaired, "file", "an entity outside of sections is taken", m_reader.Line());
+    m_hasSkippedEntities = m_hasSkippedEntities || (m_isIndex && (!m_hasTables || !m_hasBlocks));
+    if (MayGiveEntities())
+        GiveEntity();
 }
 
 void Pass::ReadSection(std::string_view name)
@@ -214,6 +247,7 @@ void Pass::ReadSection(std::string_view name)
 
 bool Pass::ReadIndex()
 {
+    m_isIndex = true;
     for (std::string_view name; !(name = NextSection()).empty();)
         ReadSection(name);
     KnowRecords();

@@ -129,6 +129,8 @@ void Converter::PlaceRewritten(const Entity& entity, const Context& context, con
 
 void Converter::PlaceOther(const Entity& entity, const Context& context, const Style& style)
 {
+    if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
+        AddRayStart(static_cast<const Ray&>(entity), context);
     const Placement placement{m_drawing,        context.matrix,       style,        m_settings.tolerance,
                               m_settings.reach, m_settings.pointSize, context.sink, m_report};
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
@@ -141,6 +143,13 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
+}
+
+void Converter::AddRayStart(const Ray& ray, const Context& context)
+{
+    const Point2 start = context.matrix.Flat(ray.start);
+    if (std::isfinite(start.x) && std::isfinite(start.y))
+        m_rayStarts.Add(start);
 }
 
 // In a block the definition of an attribute is a text only if it is constant: of any other an insert has its

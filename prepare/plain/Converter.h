@@ -44,6 +44,8 @@ public:
     void Finish();
 
     const BlockVariants& Variants() const { return m_variants; }
+    // Around the points where rays start, wherever they reach.
+    const Box& RayStarts() const { return m_rayStarts; }
 
 private:
     // Where entities are placed.
@@ -67,6 +69,7 @@ private:
 
     void Place(const Entity& entity, const Context& context);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
+    void AddRayStart(const Ray& ray, const Context& context);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);
     void PlaceInsert(const Insert& insert, const Context& context, const Style& style);
     void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
@@ -99,6 +102,7 @@ private:
     const Measure* m_measure = nullptr;
     std::map<const Block*, BlockTraits> m_traits;
     std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
+    Box m_rayStarts;
     std::uint64_t m_placed = 0;
     std::uint64_t m_toBeSeen = 0;
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;

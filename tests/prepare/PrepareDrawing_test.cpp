@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace prepare {
 namespace {
 
@@ -82,6 +84,30 @@ TEST(PrepareDrawing, WhatIsNotShownIsNotRewritten)
     const Prepared prepared = PreparedFrom(Section("ENTITIES", kLine + kSolid));
     EXPECT_EQ(prepared.Rewritten(), Lines{});
     EXPECT_EQ(prepared.report.entities, 2u);
+}
+
+TEST(PrepareDrawing, RaysAloneAreDrawnAroundTheirStarts)
+{
+    const std::string ray =
+        Dxf({{0, "RAY"}, {8, "0"}, {10, "3"}, {20, "4"}, {11, "1"}, {21, "0"}, {0, "XLINE"}, {8, "0"}}) +
+        Dxf({{10, "3"}, {20, "8"}, {11, "0"}, {21, "1"}});
+    std::string text = PreparedFrom(Section("ENTITIES", ray)).text;
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    EXPECT_NE(text.find("AcDbLine 10 3 20 4 30 0 11 5 21 4 31 0"), std::string::npos) << text;
+    EXPECT_NE(text.find("AcDbLine 10 3 20 2 30 0 11 3 21 10 31 0"), std::string::npos) << text;
+}
+
+// Marks whose size is a share of the drawing's make it larger.
+TEST(PrepareDrawing, PreparedAgainADrawingIsTheSame)
+{
+    const std::string header =
+        Dxf({{9, "$PDMODE"}, {70, "35"}, {9, "$PDSIZE"}, {40, "-3"}, {9, "$ACADVER"}, {1, "AC1009"}});
+    const std::string trace = Dxf({{0, "TRACE"}, {8, "0"}, {10, "2"}, {20, "2"}, {11, "3"}, {21, "2"}}) +
+                              Dxf({{12, "2"}, {22, "3"}, {13, "2"}, {23, "3"}});
+    const std::string once =
+        PreparedFrom(Section("HEADER", header) + Section("ENTITIES", kPoint + kLine + trace + kPoint)).text;
+    EXPECT_NE(once.find("HATCH"), std::string::npos);
+    EXPECT_EQ(PreparedFrom(once).text, once);
 }
 
 TEST(PrepareDrawing, UnknownEncodingIsABadOption)

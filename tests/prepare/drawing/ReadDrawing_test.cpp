@@ -45,6 +45,28 @@ TEST(ReadDrawing, EntitiesBeforeTablesOrBlocksAreLeftForLater)
     }
 }
 
+// Wherever they are; but not those of a block, and no records of other kinds.
+TEST(ReadDrawing, EntitiesOutsideOfSectionsAreTaken)
+{
+    const std::string loose = Dxf({{0, "ARC"}, {8, "c"}, {0, "LAYER"}, {2, "x"}});
+    const std::string block = Dxf({{0, "BLOCK"}, {2, "x"}, {0, "LINE"}, {8, "d"}, {0, "ENDBLK"}});
+    const std::string nameless = Dxf({{0, "SECTION"}, {0, "POINT"}, {8, "e"}, {0, "ENDSEC"}});
+    const std::string texts[] = {loose + kEof, kTables + kBlocks + block + loose + kEof,
+                                 loose + kEntities + kTables + kBlocks + nameless + block,
+                                 kTables + kBlocks + nameless + kEntities + loose};
+    const bool areGivenAtOnce[] = {false, true, false, true};
+    const std::string wanted[] = {"ARC c;", "ARC c;", "ARC c;LINE a;CIRCLE b;POINT e;",
+                                  "POINT e;LINE a;CIRCLE b;ARC c;"};
+    for (std::size_t i = 0; i < std::size(texts); ++i) {
+        ReadDrawingOf read(texts[i]);
+        EXPECT_EQ(read.hasGivenAll, areGivenAtOnce[i]) << i;
+        EXPECT_EQ(read.entities, areGivenAtOnce[i] ? wanted[i] : "") << i;
+        EXPECT_EQ(read.report.Entries().begin()->first,
+                  (Report::Key{Finding::Repaired, "file", "an entity outside of sections is taken"}));
+        EXPECT_EQ(EntitiesAgain(read, texts[i]), wanted[i]) << i;
+    }
+}
+
 TEST(ReadDrawing, SectionsMayComeTwice)
 {
     const ReadDrawingOf read(kTables + kBlocks + kEntities + kEntities + kEof);
