@@ -26,16 +26,21 @@ constexpr double kPointOfHeight = 0.05;
 // Counts the entities that come by.
 class CountingSink final : public EntitySink {
 public:
-    explicit CountingSink(EntitySink& next) : m_next(next) {}
+    explicit CountingSink(EntitySink& next) : m_next(&next) {}
     void Take(const Entity& entity) override
     {
         ++count;
-        m_next.Take(entity);
+        m_next->Take(entity);
+    }
+    void StartAgain(EntitySink& next)
+    {
+        m_next = &next;
+        count = 0;
     }
     std::uint64_t count = 0;
 
 private:
-    EntitySink& m_next;
+    EntitySink* m_next;
 };
 
 std::uint64_t MostPlaced(std::uint64_t bytes)
@@ -98,14 +103,21 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     Drawing drawing;
     bool hasFailed = false;
     Report unsaid; // of the measuring, which meets what the writing meets again
-    Measure measure;
     ConvertSettings coarse;
     coarse.tolerance = 1e100; // as coarse as curves may be
     coarse.mostPlaced = MostPlaced(source.Size());
-    auto measuring = std::make_unique<Converter>(drawing, options, coarse, measure, unsaid);
+    auto measure = std::make_unique<Measure>();
+    auto measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);
     CountingSink counted(*measuring);
-    if (!ReadIndex(source.Rewound(), options.encoding, drawing, &counted, report, hasFailed) && !hasFailed)
+    const bool hasMetAll =
+        ReadIndex(source.Rewound(), options.encoding, drawing, &counted, report, hasFailed);
+    // Where inserts are cut off is known after the entities alone.
+    if (!hasFailed && (!hasMetAll || !drawing.filterOfInsert.empty())) {
+        measure = std::make_unique<Measure>();
+        measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);
+        counted.StartAgain(*measuring);
         ReadEntities(source.Rewound(), options.encoding, drawing, counted, hasFailed);
+    }
     if (hasFailed)
         return PrepareOutcome::ReadFailed;
     if (!IsDrawing(drawing, counted.count))
@@ -113,7 +125,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     if (progress && !progress(0.5))
         return PrepareOutcome::Cancelled;
 
-    const WriteSettings settings = WriteSettingsFor(measure.OfModel(), measuring->RayStarts(), options);
+    const WriteSettings settings = WriteSettingsFor(measure->OfModel(), measuring->RayStarts(), options);
     const std::unique_ptr<DrawingWriter> writer = MakeWriter(drawing, settings, report);
     ConvertSettings fine;
     fine.tolerance = settings.tolerance;
@@ -121,7 +133,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     fine.pointSize = PointSize(drawing, settings.extents);
     fine.mostPlaced = MostPlaced(drawing.bytes);
     Converter converter(drawing, options, fine, *writer, report);
-    converter.KnowBlocks(measuring->Variants(), measure);
+    converter.KnowBlocks(measuring->Variants(), *measure);
     ReadEntities(source.Rewound(), options.encoding, drawing, converter, hasFailed);
     if (hasFailed)
         return PrepareOutcome::ReadFailed;

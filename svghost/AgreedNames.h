@@ -9,4 +9,7 @@ namespace svghost {
 // has the same name.
 inline constexpr std::wstring_view kFillPrefix = L"PLEXORN_FILL_";
 
+// The same of an area that hides what was drawn before it.
+inline constexpr std::wstring_view kMaskPrefix = L"PLEXORN_FILL_MASK_";
+
 } // namespace svghost

@@ -1,5 +1,6 @@
 #include "svghost/SvgWriter.h"
 
+#include "svghost/AgreedNames.h"
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
 #include "svghost/NumberText.h"
@@ -61,6 +62,7 @@ SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, cons
 
 bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
+    m_background = options.background;
     m_out.Declare();
     OpenRoot(options);
     if (options.style)
@@ -309,8 +311,8 @@ void SvgWriter::WriteUse(const Use& use)
     SetStyle(use);
 }
 
-// The area between the edges has their colour. A point is in it if a line from there to the outside crosses
-// an odd number of them.
+// The area between the edges has their colour, or hides with the background's what was drawn before. A point
+// is in it if a line from there to the outside crosses an odd number of them.
 void SvgWriter::WriteFill(const Symbol& fill)
 {
     std::uint32_t stroke = 0;
@@ -321,9 +323,13 @@ void SvgWriter::WriteFill(const Symbol& fill)
         m_out.PutAll("M", edge.data, "Z");
     });
     m_out.EndValue();
-    m_out.SetPlain("fill", StrokeColour(stroke));
+    const bool isMask = fill.name->name.starts_with(kMaskPrefix);
+    m_out.SetPlain("fill", isMask ? std::string_view("none") : StrokeColour(stroke));
     m_out.SetPlain("fill-rule", "evenodd");
     m_out.SetPlain("stroke", "none");
+    // A style sheet may change colours of the drawing, but not the background's.
+    if (isMask && m_background)
+        m_out.Set("style", XmlTextOf(std::string_view(std::string("fill:").append(m_background))));
 }
 
 void SvgWriter::SetPlace(const Use& use)

@@ -59,7 +59,8 @@ private:
     const Layout& m_layout;
     const Picture& m_picture;
     XmlStream m_out;
-    double m_scale = 1; // at which what is being written is shown
+    const char* m_background = nullptr; // null: none
+    double m_scale = 1;                 // at which what is being written is shown
     // For each value of a stroke's width the one that was written last, and for which scale.
     struct WrittenWidth {
         double scale = 0;

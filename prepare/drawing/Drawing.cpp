@@ -97,4 +97,10 @@ const Block* Drawing::FindBlock(NameId name) const
     return found == blocks.end() ? nullptr : found->second.get();
 }
 
+const SpatialFilter* Drawing::FindFilter(Handle insert) const
+{
+    const auto found = filterOfInsert.find(insert);
+    return found == filterOfInsert.end() ? nullptr : &found->second;
+}
+
 } // namespace prepare

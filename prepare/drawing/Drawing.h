@@ -101,6 +101,16 @@ struct Block {
     bool isLayout = false;
 };
 
+// SPATIAL_FILTER: where an insert is cut off.
+struct SpatialFilter {
+    Handle owner = 0;
+    std::vector<Point2> boundary; // 10, in the boundary's own coordinates; two are corners of a rectangle
+    std::int32_t isOn = 1;        // 71
+    // 40: perhaps the distance of a plane; then two matrices of three rows of four numbers, from the world to
+    // the block, and from the world to the boundary.
+    std::vector<double> numbers;
+};
+
 class Drawing {
 public:
     Names names;
@@ -114,7 +124,9 @@ public:
     std::map<Handle, NameId> blockOfRecord;          // BLOCK_RECORD handles
     std::map<Handle, NameId> textStyleOfHandle;
     std::map<Handle, NameId> multiLineStyleOfHandle;
-    std::uint64_t bytes = 0; // read
+    std::map<Handle, SpatialFilter> filterOfInsert;
+    std::map<Handle, Handle> placeInOrder; // of entities that are drawn in another one's place
+    std::uint64_t bytes = 0;               // read
     std::uint64_t lines = 0;
     bool hasSections = false; // whether a section began anywhere
 
@@ -123,6 +135,14 @@ public:
     const LineType* FindLineType(NameId name) const;
     const TextStyle* FindTextStyle(NameId name) const;
     const Block* FindBlock(NameId name) const;
+    const SpatialFilter* FindFilter(Handle insert) const;
+
+    // What entities are sorted by to be in the order of drawing.
+    Handle PlaceOf(Handle entity) const
+    {
+        const auto place = placeInOrder.find(entity);
+        return place != placeInOrder.end() ? place->second : entity;
+    }
 };
 
 // Takes the entities of the ENTITIES section, in file order. VERTEX, ATTRIB and SEQEND come with their

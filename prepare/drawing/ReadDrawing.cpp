@@ -2,7 +2,10 @@
 
 #include "prepare/drawing/EntityReader.h"
 #include "prepare/drawing/Fields.h"
+#include "prepare/drawing/ReadObjects.h"
 #include "prepare/drawing/ReadTables.h"
+
+#include <algorithm>
 
 namespace prepare {
 
@@ -25,7 +28,8 @@ constexpr std::string_view kEnd = "EOF";
 class Pass {
 public:
     Pass(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink, Report* report)
-        : m_reader(source, encoding, drawing, report), m_entities(m_reader), m_drawing(drawing), m_sink(sink)
+        : m_reader(source, encoding, drawing, report), m_entities(m_reader), m_objects(m_reader),
+          m_drawing(drawing), m_sink(sink)
     {
     }
 
@@ -54,10 +58,12 @@ private:
     bool IsSectionEnd(std::string_view record);
     void GiveLayoutBlocks();
     void KnowRecords();
+    void SortBlocks();
     void NotePairs();
 
     RecordReader m_reader;
     EntityReader m_entities;
+    ObjectReader m_objects;
     Drawing& m_drawing;
     EntitySink* m_sink; // null: entities are skipped
     bool m_isIndex = false;
@@ -126,6 +132,8 @@ void Pass::ReadObjectsSection()
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
         if (record == "MLINESTYLE")
             ReadTableEntry(m_reader);
+        else
+            m_objects.Read(record);
 }
 
 void Pass::ReadBlocksSection()
@@ -251,6 +259,8 @@ bool Pass::ReadIndex()
     for (std::string_view name; !(name = NextSection()).empty();)
         ReadSection(name);
     KnowRecords();
+    m_objects.Finish();
+    SortBlocks();
     if (m_sink != nullptr && !m_hasSkippedEntities)
         GiveLayoutBlocks();
     NotePairs();
@@ -282,6 +292,25 @@ void Pass::KnowRecords()
         const auto block = m_drawing.blocks.find(name);
         if (block != m_drawing.blocks.end() && block->second->record == 0)
             block->second->record = record;
+    }
+}
+
+// Puts the entities of blocks into the order of drawing.
+void Pass::SortBlocks()
+{
+    if (m_drawing.placeInOrder.empty())
+        return;
+    const auto isBefore = [&](const std::unique_ptr<Entity>& a, const std::unique_ptr<Entity>& b) {
+        return m_drawing.PlaceOf(a->handle) < m_drawing.PlaceOf(b->handle);
+    };
+    for (const auto& [name, block] : m_drawing.blocks) {
+        auto& entities = block->entities;
+        const bool isSorted =
+            std::none_of(entities.begin(), entities.end(), [&](const std::unique_ptr<Entity>& entity) {
+                return m_drawing.placeInOrder.contains(entity->handle);
+            });
+        if (!isSorted)
+            std::stable_sort(entities.begin(), entities.end(), isBefore);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "prepare/plain/Converter.h"
 
+#include "prepare/plain/ClipBoundary.h"
+#include "prepare/plain/ClipSink.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
 
@@ -44,6 +46,12 @@ double Radians(double degrees)
     return degrees * 3.14159265358979323846 / 180;
 }
 
+// $XCLIPFRAME: 0 never, 1 always, 2 while it is edited, but not on paper.
+bool ShowsBoundaries(const Drawing& drawing)
+{
+    return drawing.header.Integer("$XCLIPFRAME", 0) == 1;
+}
+
 // Types that a plain drawing has as they are.
 bool IsPlain(const Entity& entity)
 {
@@ -82,6 +90,8 @@ void Converter::Take(const Entity& entity)
         m_styles.emplace(m_drawing);
         m_noInsert = m_styles->OfNoInsert();
     }
+    if (!m_drawing.placeInOrder.empty())
+        m_output.UsePlace(m_drawing.PlaceOf(entity.handle));
     if (entity.isInPaperSpace == 0)
         Place(entity, {{}, m_noInsert, false, m_output.Model()});
 }
@@ -107,7 +117,9 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (!m_layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
     ++m_toBeSeen;
-    if (IsPlain(entity))
+    if (entity.type == EntityType::Wipeout && m_options.profile == Profile::Standard)
+        m_report.Add(Finding::NotShown, "WIPEOUT", "what it covers is drawn", entity.line);
+    else if (IsPlain(entity))
         PlaceOther(entity, context, style);
     else
         PlaceRewritten(entity, context, style);
@@ -116,7 +128,7 @@ void Converter::Place(const Entity& entity, const Context& context)
 void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)
 {
     CountedSink counted(context.sink, CountRewritten(entity).made);
-    const Context counting{context.matrix, context.insert, context.isInBlock, counted};
+    const Context counting{context.matrix, context.insert, context.isInBlock, counted, context.isCut};
     switch (entity.type) {
     case EntityType::Dimension:
         return PlaceDimension(static_cast<const Dimension&>(entity), counting, style);
@@ -187,14 +199,37 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
     const Matrix place = context.matrix * FromObject(insert.extrusion) * Moved(insert.point) *
                          Turned(Radians(insert.rotation));
     const Matrix shape = Scaled(UsableScale(insert.scale)) * Moved(-1 * block.base);
+    const SpatialFilter* const filter = m_drawing.FindFilter(insert.handle);
     const std::int32_t rows = std::max(insert.rows, 1), columns = std::max(insert.columns, 1);
     for (std::int32_t row = 0; row < rows; ++row)
         for (std::int32_t column = 0; column < columns; ++column) {
             if (row + column > 0 && !TakePlace(insert.line))
                 return;
             const Point3 step{column * insert.columnSpacing, row * insert.rowSpacing, 0};
-            UseBlock(block, place * Moved(step) * shape, context, style, insert.line);
+            const Matrix placement = place * Moved(step) * shape;
+            if (filter != nullptr)
+                DrawCut(insert, *filter, block, placement, context, style);
+            else
+                UseBlock(block, placement, context, style, insert.line);
         }
+}
+
+void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
+                        const Matrix& placement, const Context& context, const Style& style)
+{
+    const ClipRegion region(BoundaryOf(filter, placement));
+    if (region.IsEmpty() || !IsFinite(placement))
+        return UseBlock(block, placement, context, style, insert.line);
+    if (!MayEnter(block, insert.line))
+        return;
+    ClipSink sink(region, m_settings.tolerance, context.sink);
+    DrawContents(block, {placement, style, true, sink, true});
+    if (!ShowsBoundaries(m_drawing))
+        return;
+    std::vector<PlainVertex> frame;
+    for (const Point2 corner : region.Corners())
+        frame.push_back({corner, 0});
+    context.sink.Polyline(style, frame, true);
 }
 
 void Converter::PlaceAttributes(const Insert& insert, const Context& context)
@@ -213,7 +248,7 @@ void Converter::PlaceDimension(const Dimension& dimension, const Context& contex
         return;
     const Matrix place = context.matrix * FromObject(dimension.extrusion) * Moved(dimension.insertion);
     const Matrix matrix = dimension.insertion == Point3{} ? context.matrix : place;
-    DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink});
+    DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink, context.isCut});
 }
 
 void Converter::RedrawDimension(const Dimension& dimension, const Context& context, const Style& style)
@@ -241,7 +276,7 @@ void Converter::PlaceTable(const Table& table, const Context& context, const Sty
     const double rotation = std::atan2(table.direction.y, table.direction.x);
     const Matrix matrix = context.matrix * FromObject(table.extrusion) * Moved(table.point) *
                           Turned(rotation) * Moved(-1 * block->base);
-    DrawContents(*block, {matrix, style, true, context.sink});
+    DrawContents(*block, {matrix, style, true, context.sink, context.isCut});
 }
 
 void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style)
@@ -260,7 +295,7 @@ void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& conte
     UseBlock(*block, matrix, context, style, leader.line);
 }
 
-// A block with rays is drawn in place: how far they reach depends on where they are.
+// A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut off.
 void Converter::UseBlock(const Block& block, const Matrix& placement, const Context& context,
                          const Style& style, std::uint64_t line)
 {
@@ -268,8 +303,8 @@ void Converter::UseBlock(const Block& block, const Matrix& placement, const Cont
         return m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
     if (block.entities.empty() || !MayEnter(block, line))
         return;
-    if (TraitsOf(block).hasRays)
-        return DrawContents(block, {placement, style, true, context.sink});
+    if (TraitsOf(block).hasRays || context.isCut)
+        return DrawContents(block, {placement, style, true, context.sink, context.isCut});
     const SplitPlacement split = Split(placement);
     const BlockVariant* const variant = VariantOf(block, split, style);
     Point2 origin = variant->origin;

@@ -54,6 +54,7 @@ private:
         Style insert;
         bool isInBlock = false;
         PlainSink& sink;
+        bool isCut = false; // the sink takes no inserts
     };
     struct BlockTraits {
         bool inherits = false;
@@ -78,6 +79,8 @@ private:
     void RedrawDimension(const Dimension& dimension, const Context& context, const Style& style);
     void PlaceTable(const Table& table, const Context& context, const Style& style);
     void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
+    void DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
+                 const Matrix& placement, const Context& context, const Style& style);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
                   std::uint64_t line);
     void DrawContents(const Block& block, const Context& context);

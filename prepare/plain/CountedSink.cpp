@@ -62,6 +62,11 @@ void CountedSink::Fill(const Style& style, std::span<const std::vector<Point2>> 
     Count(PlainKind::Area).Fill(style, rings);
 }
 
+void CountedSink::Mask(std::span<const std::vector<Point2>> rings)
+{
+    Count(PlainKind::Area).Mask(rings);
+}
+
 void CountedSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
     Count(PlainKind::Insert).Insert(block, point, rotation, isMirrored);

@@ -32,6 +32,7 @@ public:
     void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
     void Text(const Style& style, const PlainText& text) override;
     void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
+    void Mask(std::span<const std::vector<Point2>> rings) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
 private:

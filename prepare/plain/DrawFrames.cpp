@@ -1,4 +1,4 @@
-// The frames of IMAGE, underlays, OLEFRAME and OLE2FRAME; WIPEOUT has none to be seen.
+// The frames of IMAGE, underlays, OLEFRAME and OLE2FRAME; what WIPEOUT hides.
 #include "prepare/plain/Geometry.h"
 
 #include <vector>
@@ -25,10 +25,8 @@ std::vector<Point2> Outline(const std::vector<Point2>& clip)
     return {clip[0], {clip[1].x, clip[0].y}, clip[1], {clip[0].x, clip[1].y}};
 }
 
-} // namespace
-
 // Pixels are counted down from the top; their coordinates are those of their middles.
-void DrawImage(const Image& image, Pen& pen)
+std::vector<Point2> CornersOf(const Image& image, const Pen& pen)
 {
     const bool isClipped = image.isClipped != 0 && (image.display & kUsesClip) != 0 && image.clip.size() >= 2;
     const std::vector<Point2> whole = {{-0.5, -0.5}, {image.size.x - 0.5, image.size.y - 0.5}};
@@ -37,7 +35,19 @@ void DrawImage(const Image& image, Pen& pen)
         const double right = corner.x + 0.5, up = image.size.y - corner.y - 0.5;
         corner = pen.Place().matrix.Flat(image.point + right * image.u + up * image.v);
     }
-    DrawFrame(std::move(corners), pen);
+    return corners;
+}
+
+} // namespace
+
+void DrawImage(const Image& image, Pen& pen)
+{
+    DrawFrame(CornersOf(image, pen), pen);
+}
+
+void DrawWipeout(const Image& wipeout, Pen& pen)
+{
+    pen.Mask(CornersOf(wipeout, pen));
 }
 
 void DrawUnderlay(const Image& underlay, Pen& pen)

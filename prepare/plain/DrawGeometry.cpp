@@ -102,7 +102,7 @@ bool DrawFramed(const Entity& entity, Pen& pen)
         DrawProxy(static_cast<const Proxy&>(entity), pen);
         return true;
     case EntityType::Wipeout:
-        pen.Report(Finding::NotShown, "what it covers is drawn");
+        DrawWipeout(static_cast<const Image&>(entity), pen);
         return true;
     default:
         return false;

@@ -27,6 +27,7 @@ void DrawMultiLeader(const MultiLeader& leader, Pen& pen);
 void DrawRay(const Ray& ray, Pen& pen);
 void DrawPoint(const PointEntity& point, Pen& pen);
 void DrawImage(const Image& image, Pen& pen);
+void DrawWipeout(const Image& wipeout, Pen& pen);
 void DrawUnderlay(const Image& underlay, Pen& pen);
 void DrawOleFrame(const OleFrame& frame, Pen& pen);
 void DrawProxy(const Proxy& proxy, Pen& pen);

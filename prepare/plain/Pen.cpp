@@ -151,6 +151,16 @@ void Pen::Fill(std::span<const std::vector<Point2>> rings)
     m_placement.sink.Fill(m_style, rings);
 }
 
+void Pen::Mask(const std::vector<Point2>& points)
+{
+    if (!std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); }))
+        return Lose();
+    if (points.size() < 3)
+        return;
+    m_hasDrawn = true;
+    m_placement.sink.Mask({&points, 1});
+}
+
 void Pen::Report(Finding finding, std::string_view detail)
 {
     m_placement.report.Add(finding, TypeName(), detail, m_entity.line);

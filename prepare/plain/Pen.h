@@ -44,6 +44,9 @@ public:
     // The area within rings by the even-odd rule; all their points are finite.
     void Fill(std::span<const std::vector<Point2>> rings);
 
+    // Hides what was drawn before within three points or more.
+    void Mask(const std::vector<Point2>& points);
+
     std::string_view TypeName() const { return m_placement.drawing.names.Text(m_entity.typeName); }
     void Report(Finding finding, std::string_view detail);
     // Notes that something with a number that is not finite was left out.

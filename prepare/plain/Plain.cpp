@@ -13,4 +13,6 @@ void PlainSink::Fill(const Style& style, std::span<const std::vector<Point2>> ri
     }
 }
 
+void PlainSink::Mask(std::span<const std::vector<Point2>>) {}
+
 } // namespace prepare

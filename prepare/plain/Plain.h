@@ -66,6 +66,8 @@ public:
     // The area within rings by the even-odd rule; each ring is closed and has three points or more. A sink
     // that has no fills draws the outlines.
     virtual void Fill(const Style& style, std::span<const std::vector<Point2>> rings);
+    // An area that hides what was drawn before. A sink that cannot hide leaves it out.
+    virtual void Mask(std::span<const std::vector<Point2>> rings);
     // A use of a block that the output made: mirrored in y if wanted, then turned (radians), then moved.
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 };
@@ -76,6 +78,9 @@ public:
     virtual ~PlainOutput() = default;
 
     virtual PlainSink& Model() = 0;
+    // What the model takes from now on is drawn in the order of these places, where they are given: all of
+    // equal ones in the order in which it came.
+    virtual void UsePlace(std::uint64_t) {}
     // Makes a block for a part of the drawing's block of that name and returns its number.
     virtual std::size_t NewBlock(std::string_view name) = 0;
     virtual PlainSink& Block(std::size_t number) = 0;

@@ -9,4 +9,7 @@ namespace prepare {
 // all in its colour. The reference host has the same name.
 inline constexpr std::string_view kFillPrefix = "PLEXORN_FILL_";
 
+// The same of an area that hides what was drawn before it: in the background's colour.
+inline constexpr std::string_view kMaskPrefix = "PLEXORN_FILL_MASK_";
+
 } // namespace prepare

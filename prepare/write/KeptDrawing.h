@@ -24,6 +24,7 @@ public:
     }
 
     PlainSink& Model() override { return m_model; }
+    void UsePlace(std::uint64_t place) override { m_model.UsePlace(place); }
     std::size_t NewBlock(std::string_view name) override
     {
         m_blocks.push_back({std::string(name), PlainLog(m_styles)});

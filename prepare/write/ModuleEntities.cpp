@@ -17,9 +17,9 @@ constexpr double kDegree = std::numbers::pi / 180;
 // Above this, an arc's centre is so far away that its ends are no longer where they should be.
 constexpr double kLargestRadius = 1e10;
 
-std::string FillName(std::size_t number)
+std::string AreaName(std::string_view prefix, std::size_t number)
 {
-    return std::string(kFillPrefix) + std::to_string(number);
+    return std::string(prefix) + std::to_string(number);
 }
 
 } // namespace
@@ -235,7 +235,8 @@ bool ModuleEntities::TakeRing(const std::vector<Point2>& ring, int decimals)
     return m_points.size() > 2;
 }
 
-void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<Point2>> rings)
+void ModuleEntities::WriteAreaBlock(StyleId style, std::span<const std::vector<Point2>> rings,
+                                    std::string_view prefix)
 {
     bool hasBegun = false;
     const int decimals = DecimalsOfArea(rings);
@@ -244,7 +245,7 @@ void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<P
             continue;
         if (!hasBegun) {
             m_out.pairs.Text(0, "BLOCK");
-            m_out.pairs.Text(2, FillName(++m_out.fills.blocks));
+            m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.blocks));
         }
         hasBegun = true;
         WritePolyline(style, m_points, true, decimals);
@@ -255,11 +256,21 @@ void ModuleEntities::WriteFillBlock(StyleId style, std::span<const std::vector<P
 
 void ModuleEntities::Fill(StyleId, std::span<const std::vector<Point2>> rings)
 {
+    InsertArea(rings, kFillPrefix);
+}
+
+void ModuleEntities::Mask(StyleId, std::span<const std::vector<Point2>> rings)
+{
+    InsertArea(rings, kMaskPrefix);
+}
+
+void ModuleEntities::InsertArea(std::span<const std::vector<Point2>> rings, std::string_view prefix)
+{
     const int decimals = DecimalsOfArea(rings);
     if (std::none_of(rings.begin(), rings.end(), [&](const auto& ring) { return TakeRing(ring, decimals); }))
         return;
     m_out.pairs.Text(0, "INSERT");
-    m_out.pairs.Text(2, FillName(++m_out.fills.inserts));
+    m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.inserts));
 }
 
 ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,

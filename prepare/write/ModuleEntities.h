@@ -8,6 +8,7 @@
 #include "prepare/write/PlainLog.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace prepare {
@@ -52,14 +53,15 @@ public:
     void Ellipse(StyleId style, Point2 centre, Point2 majorAxis, double ratio, double start,
                  double end) override;
     void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) override;
-    // Inserts the block that WriteFillBlock wrote for it.
+    // Each inserts the block that WriteAreaBlock wrote for it.
     void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override;
+    void Mask(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Text(StyleId style, const LoggedText& text) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     // Writes the block of an area. All areas have theirs written in the order in which they are inserted,
     // before the first one is.
-    void WriteFillBlock(StyleId style, std::span<const std::vector<Point2>> rings);
+    void WriteAreaBlock(StyleId style, std::span<const std::vector<Point2>> rings, std::string_view prefix);
 
 private:
     Point2 Local(Point2 p) const { return m_out.factor * (p - m_origin); }
@@ -78,6 +80,7 @@ private:
     void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
     void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed, int decimals);
     int DecimalsOfArea(std::span<const std::vector<Point2>> rings) const;
+    void InsertArea(std::span<const std::vector<Point2>> rings, std::string_view prefix);
     bool TakeRing(const std::vector<Point2>& ring, int decimals);
     bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
 

@@ -1,6 +1,7 @@
 // Blocks that are areas, for hosts that know their names.
 #pragma once
 
+#include "prepare/write/AgreedNames.h"
 #include "prepare/write/ModuleEntities.h"
 
 namespace prepare {
@@ -17,7 +18,11 @@ public:
     void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
     void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override
     {
-        m_entities.WriteFillBlock(style, rings);
+        m_entities.WriteAreaBlock(style, rings, kFillPrefix);
+    }
+    void Mask(StyleId style, std::span<const std::vector<Point2>> rings) override
+    {
+        m_entities.WriteAreaBlock(style, rings, kMaskPrefix);
     }
     void Text(StyleId, const LoggedText&) override {}
     void Insert(std::size_t, Point2, double, bool) override {}

@@ -25,6 +25,7 @@ public:
     void Ellipse(StyleId, Point2, Point2, double, double, double) override {}
     void Polyline(StyleId, std::span<const PlainVertex>, bool) override {}
     void Fill(StyleId, std::span<const std::vector<Point2>>) override { m_hasFills = true; }
+    void Mask(StyleId, std::span<const std::vector<Point2>>) override { m_hasFills = true; }
     void Text(StyleId style, const LoggedText& text) override
     {
         const TextPlace place = TextPlaceForModule(text.along, text.up);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <numeric>
 #include <type_traits>
 
 namespace prepare {
@@ -14,7 +15,7 @@ namespace {
 constexpr std::size_t kFirstChunk = 256;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
-enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kText, kInsert };
+enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kMask, kText, kInsert };
 
 template <class... Numbers>
 bool AreFinite(Numbers... numbers)
@@ -74,7 +75,7 @@ void ReplayPolyline(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex
     visitor.Polyline(style, vertices, head.isClosed);
 }
 
-void ReplayFill(Reader& reader, LogVisitor& visitor)
+void ReplayArea(Reader& reader, LogVisitor& visitor, char kind)
 {
     const auto style = reader.Take<StyleId>();
     std::vector<std::vector<Point2>> rings(reader.Take<std::uint64_t>());
@@ -83,7 +84,10 @@ void ReplayFill(Reader& reader, LogVisitor& visitor)
         for (Point2& point : ring)
             point = reader.Take<Point2>();
     }
-    visitor.Fill(style, rings);
+    if (kind == kFill)
+        visitor.Fill(style, rings);
+    else
+        visitor.Mask(style, rings);
 }
 
 struct TextHead {
@@ -123,8 +127,8 @@ void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& ve
     const auto kind = reader.Take<char>();
     if (kind == kPolyline)
         return ReplayPolyline(reader, visitor, vertices);
-    if (kind == kFill)
-        return ReplayFill(reader, visitor);
+    if (kind == kFill || kind == kMask)
+        return ReplayArea(reader, visitor, kind);
     if (kind == kText)
         return ReplayText(reader, visitor);
     if (kind == kInsert) {
@@ -246,6 +250,16 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
 
 void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
+    AddArea(kFill, style, rings);
+}
+
+void PlainLog::Mask(std::span<const std::vector<Point2>> rings)
+{
+    AddArea(kMask, {}, rings);
+}
+
+void PlainLog::AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings)
+{
     std::uint64_t size = sizeof(std::uint64_t);
     for (const std::vector<Point2>& ring : rings) {
         if (!std::all_of(ring.begin(), ring.end(), [](Point2 point) { return IsFinite(point); }))
@@ -263,7 +277,7 @@ void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rin
         std::memcpy(place, &value, sizeof(value));
         place += sizeof(value);
     };
-    put(kFill);
+    put(kind);
     put(id);
     put(std::uint64_t{rings.size()});
     for (const std::vector<Point2>& ring : rings) {
@@ -299,14 +313,32 @@ void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isM
     m_reach.Add(point);
 }
 
-void PlainLog::Replay(LogVisitor& visitor) const
+void PlainLog::Replay(const Part& from, const Part& to, LogVisitor& visitor,
+                      std::vector<PlainVertex>& vertices) const
 {
-    std::vector<PlainVertex> vertices;
-    for (const Chunk& chunk : m_chunks) {
-        Reader reader(chunk.bytes.get(), chunk.size);
+    const std::size_t first = from.chunks > 0 ? from.chunks - 1 : 0;
+    for (std::size_t i = first; i < to.chunks; ++i) {
+        const std::size_t begin = i == first ? from.offset : 0;
+        const std::size_t end = i + 1 == to.chunks ? to.offset : m_chunks[i].size;
+        Reader reader(m_chunks[i].bytes.get() + begin, end - begin);
         while (!reader.IsAtEnd())
             ReplayOne(reader, visitor, vertices);
     }
+}
+
+void PlainLog::Replay(LogVisitor& visitor) const
+{
+    std::vector<PlainVertex> vertices;
+    const Part end{0, m_chunks.size(), EndOfChunk()};
+    std::vector<Part> parts = m_parts;
+    parts.insert(parts.begin(), {0, 0, 0});
+    parts.push_back(end);
+    std::vector<std::size_t> order(parts.size() - 1);
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin() + 1, order.end(),
+                     [&](std::size_t a, std::size_t b) { return parts[a].place < parts[b].place; });
+    for (const std::size_t i : order)
+        Replay(parts[i], parts[i + 1], visitor, vertices);
 }
 
 } // namespace prepare

@@ -35,6 +35,8 @@ public:
     virtual void Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     // The style is as thin as any.
     virtual void Fill(StyleId style, std::span<const std::vector<Point2>> rings) = 0;
+    // Left out by those that cannot hide what was drawn before.
+    virtual void Mask(StyleId, std::span<const std::vector<Point2>>) {}
     virtual void Text(StyleId style, const LoggedText& text) = 0;
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 
@@ -55,8 +57,13 @@ public:
                  double end) override;
     void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
     void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
+    void Mask(std::span<const std::vector<Point2>> rings) override;
     void Text(const Style& style, const PlainText& text) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
+
+    // What comes from now on has that place in the order in which it is replayed. Without places, and of
+    // equal ones, that is the order in which it came.
+    void UsePlace(std::uint64_t place) { m_parts.push_back({place, m_chunks.size(), EndOfChunk()}); }
 
     void Replay(LogVisitor& visitor) const;
     bool IsEmpty() const { return m_chunks.empty(); }
@@ -70,13 +77,25 @@ private:
         std::size_t room = 0;
     };
 
+    // Begins at an offset of the chunk before the given number of them.
+    struct Part {
+        std::uint64_t place;
+        std::size_t chunks;
+        std::size_t offset;
+    };
+
+    std::size_t EndOfChunk() const { return m_chunks.empty() ? 0 : m_chunks.back().size; }
+    void Replay(const Part& from, const Part& to, LogVisitor& visitor,
+                std::vector<PlainVertex>& vertices) const;
     char* Room(std::size_t size);
     template <class... Values>
     void Add(char kind, const Values&... values);
+    void AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings);
     void AddRound(Point2 centre, double radius);
 
     StyleTable& m_styles;
     std::vector<Chunk> m_chunks;
+    std::vector<Part> m_parts;
     Box m_reach;
 };
 

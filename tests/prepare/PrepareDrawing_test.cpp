@@ -110,6 +110,56 @@ TEST(PrepareDrawing, PreparedAgainADrawingIsTheSame)
     EXPECT_EQ(PreparedFrom(once).text, once);
 }
 
+std::string LineTo(const char* handle, const char* x)
+{
+    return Dxf({{0, "LINE"}, {5, handle}, {8, "0"}, {10, "0"}, {20, "0"}, {11, x}, {21, "0"}});
+}
+
+// The positions of texts in another; npos sorts behind all.
+bool AreInOrder(const std::string& text, const Lines& parts)
+{
+    std::size_t last = 0;
+    for (const std::string& part : parts) {
+        const std::size_t place = text.find(part);
+        if (place == std::string::npos || place < last)
+            return false;
+        last = place;
+    }
+    return true;
+}
+
+TEST(PrepareDrawing, EntitiesAreInTheirOrderOfDrawing)
+{
+    const std::string entities = Section("ENTITIES", LineTo("10", "1.5") + LineTo("11", "2.5") +
+                                                         LineTo("12", "3.5") + LineTo("13", "4.5"));
+    EXPECT_TRUE(AreInOrder(PreparedFrom(entities).text,
+                           {"\n11\n1.5\n", "\n11\n2.5\n", "\n11\n3.5\n", "\n11\n4.5\n"}));
+    const std::string order =
+        Dxf({{0, "SORTENTSTABLE"}, {5, "A"}, {331, "10"}, {5, "13"}, {331, "13"}, {5, "10"}});
+    EXPECT_TRUE(AreInOrder(PreparedFrom(entities + Section("OBJECTS", order)).text,
+                           {"\n11\n4.5\n", "\n11\n2.5\n", "\n11\n3.5\n", "\n11\n1.5\n"}));
+}
+
+// A block with a line of 10 units is cut off at 2.5 and 7.5, where its insert is then moved by 100.
+TEST(PrepareDrawing, InsertsAreCutOff)
+{
+    const std::string drawing =
+        Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "B"}}) + LineTo("10", "10") + Dxf({{0, "ENDBLK"}})) +
+        Section("ENTITIES", Dxf({{0, "INSERT"}, {5, "20"}, {8, "0"}, {2, "B"}, {10, "100"}, {20, "0"}}));
+    const std::string filter =
+        Dxf({{0, "DICTIONARY"}, {5, "30"}, {330, "20"}, {0, "DICTIONARY"}, {5, "31"}, {330, "30"}}) +
+        Dxf({{0, "SPATIAL_FILTER"}, {330, "31"}, {10, "2.5"}, {20, "-1"}, {10, "7.5"}, {20, "1"}, {71, "1"}});
+    const std::string cut = PreparedFrom(drawing + Section("OBJECTS", filter)).text;
+    EXPECT_TRUE(AreInOrder(cut, {"$EXTMIN\n10\n102.5\n", "$EXTMAX\n10\n107.5\n",
+                                 "AcDbLine\n10\n102.5\n20\n0\n30\n0\n11\n107.5\n"}))
+        << cut;
+    EXPECT_EQ(cut.find("INSERT"), std::string::npos);
+    const std::string frame = Section("HEADER", Dxf({{9, "$XCLIPFRAME"}, {280, "1"}}));
+    EXPECT_NE(PreparedFrom(frame + drawing + Section("OBJECTS", filter)).text.find("LWPOLYLINE"),
+              std::string::npos);
+    EXPECT_NE(PreparedFrom(drawing).text.find("INSERT"), std::string::npos);
+}
+
 TEST(PrepareDrawing, UnknownEncodingIsABadOption)
 {
     Options options;

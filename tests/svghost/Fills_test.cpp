@@ -47,6 +47,20 @@ TEST(Fills, AnAreaIsOnePathWhereItIsUsed)
     EXPECT_FALSE(svg.Definitions().child("symbol"));
 }
 
+TEST(Fills, AMaskHasTheColourOfTheBackground)
+{
+    const HostDocument document;
+    AddSquareWithHole(document, L"PLEXORN_FILL_MASK_1");
+    document.Use(L"PLEXORN_FILL_MASK_1", 0, 0);
+    SvgHostWriteOptions options = {};
+    EXPECT_FALSE(ParsedSvg(document.Write(options)).First("path").attribute("style"));
+    options.background = "#1e1e1e";
+    const ParsedSvg svg(document.Write(options));
+    EXPECT_STREQ(svg.First("path").attribute("d").value(), "M0,0 10,0 10,10 0,10ZM2,2 8,2 8,8Z");
+    EXPECT_STREQ(svg.First("path").attribute("fill").value(), "none");
+    EXPECT_STREQ(svg.First("path").attribute("style").value(), "fill:#1e1e1e");
+}
+
 TEST(Fills, AnAreaIsMovedAndTurnedAsItsUseIs)
 {
     const HostDocument document;

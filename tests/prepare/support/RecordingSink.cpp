@@ -96,15 +96,28 @@ void RecordingSink::Text(const Style& style, const PlainText& text)
                    At(text.up) + " " + Word(text.anchor));
 }
 
-void RecordingSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+namespace {
+
+std::string AreaOf(std::string line, std::span<const std::vector<Point2>> rings)
 {
-    std::string line = "fill";
     for (const std::vector<Point2>& ring : rings) {
         line += &ring == rings.data() ? "" : " and";
         for (const Point2 point : ring)
             line += " " + At(point);
     }
-    Add(style, std::move(line));
+    return line;
+}
+
+} // namespace
+
+void RecordingSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+{
+    Add(style, AreaOf("fill", rings));
+}
+
+void RecordingSink::Mask(std::span<const std::vector<Point2>> rings)
+{
+    lines.push_back(AreaOf("mask", rings));
 }
 
 void RecordingSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)

@@ -50,6 +50,21 @@ TEST(Fills, AreBlocksOfThinPolylinesForTheModule)
                                 "0 LINE 62 3 370 25 10 1 20 1 11 2 21 2");
 }
 
+TEST(Fills, MasksHaveANameOfTheirOwn)
+{
+    WrittenDrawing written;
+    written.Model().Fill(StyleOf(1), Rings{{{0, 0}, {9, 0}, {9, 9}}});
+    written.Model().Mask(Rings{{{0, 0}, {1, 0}, {1, 1}}});
+    const std::string text = written.Text();
+    EXPECT_NE(BlocksIn(text).find("0 BLOCK 2 PLEXORN_FILL_MASK_2 0 LWPOLYLINE "), std::string::npos);
+    EXPECT_EQ(EntitiesIn(text), "0 INSERT 2 PLEXORN_FILL_1 0 INSERT 2 PLEXORN_FILL_MASK_2");
+    WrittenDrawing standard(Profile::Standard);
+    standard.Model().Mask(Rings{{{0, 0}, {1, 0}, {1, 1}}});
+    const std::string other = standard.Text();
+    EXPECT_EQ(other.find("PLEXORN"), std::string::npos);
+    EXPECT_EQ(other.find("LWPOLYLINE"), std::string::npos);
+}
+
 TEST(Fills, AreInTheBlocksThatHaveThem)
 {
     WrittenDrawing written;
@@ -108,6 +123,7 @@ TEST(Fills, AreSolidHatchesForOtherPrograms)
 TEST(Fills, TheHostAndTheWriterAgreeOnTheirName)
 {
     EXPECT_EQ(std::wstring(kFillPrefix.begin(), kFillPrefix.end()), svghost::kFillPrefix);
+    EXPECT_EQ(std::wstring(kMaskPrefix.begin(), kMaskPrefix.end()), svghost::kMaskPrefix);
 }
 
 TEST(Fills, LineTypesOfPatternsHaveNames)

@@ -1,0 +1,31 @@
+// Reads what objects say about entities: where inserts are cut off, and the order of drawing.
+#pragma once
+
+#include "prepare/drawing/RecordReader.h"
+
+#include <map>
+#include <string_view>
+#include <vector>
+
+namespace prepare {
+
+// Collects objects, of which each knows only its owner.
+class ObjectReader {
+public:
+    explicit ObjectReader(RecordReader& reader) : m_reader(reader) {}
+
+    // Reads an object whose type's name is the pair at hand, up to the next record.
+    void Read(std::string_view type);
+    // Tells the drawing what was read. To be called once, after the last object.
+    void Finish();
+
+private:
+    void ReadDictionary();
+    void ReadSortTable();
+
+    RecordReader& m_reader;
+    std::map<Handle, Handle> m_owners; // of dictionaries
+    std::vector<SpatialFilter> m_filters;
+};
+
+} // namespace prepare

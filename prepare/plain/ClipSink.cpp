@@ -1,0 +1,172 @@
+#include "prepare/plain/ClipSink.h"
+
+#include "prepare/plain/Curves.h"
+#include "prepare/plain/TextMetrics.h"
+
+#include <algorithm>
+
+namespace prepare {
+
+namespace {
+
+Box BoxOf(std::span<const Point2> points)
+{
+    Box box;
+    for (const Point2 point : points)
+        box.Add(point);
+    return box;
+}
+
+// A polyline's points, with its bulges flattened.
+std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, double tolerance)
+{
+    std::vector<Point2> points{vertices.front().point};
+    for (std::size_t i = 1; i < vertices.size() + (isClosed ? 1 : 0); ++i) {
+        const PlainVertex& from = vertices[i - 1];
+        const Point2 to = vertices[i % vertices.size()].point;
+        if (from.bulge != 0 && !(from.point == to)) {
+            Flatten(ArcOfBulge(from.point, to, from.bulge), tolerance, points);
+            points.pop_back();
+        }
+        points.push_back(to);
+    }
+    return points;
+}
+
+double ShareBefore(Anchor anchor)
+{
+    return anchor == Anchor::Start ? 0 : anchor == Anchor::Middle ? 0.5 : 1;
+}
+
+} // namespace
+
+// However coarse curves may be, what is cut of them has about its shape.
+double ClipSink::CutTolerance(const ClipRegion& region, double tolerance)
+{
+    constexpr double kCoarsest = 1.0 / 256;
+    return std::min(tolerance, kCoarsest * region.Bounds().LongerSide());
+}
+
+void ClipSink::Line(const Style& style, Point2 start, Point2 end)
+{
+    for (const auto& [from, to] : m_region.Inside(start, end))
+        m_next.Line(style, from > 0 ? start + from * (end - start) : start,
+                    to < 1 ? start + to * (end - start) : end);
+}
+
+ClipSide ClipSink::SideOfCircle(Point2 centre, double radius) const
+{
+    return m_region.SideOf({centre - Point2{radius, radius}, centre + Point2{radius, radius}});
+}
+
+void ClipSink::Circle(const Style& style, Point2 centre, double radius)
+{
+    const ClipSide side = SideOfCircle(centre, radius);
+    if (side == ClipSide::Inside)
+        m_next.Circle(style, centre, radius);
+    else if (side == ClipSide::Across)
+        Curve(style, centre, {radius, 0}, {0, radius}, 0, kTurn);
+}
+
+void ClipSink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
+{
+    const ClipSide side = SideOfCircle(centre, radius);
+    if (side == ClipSide::Inside)
+        m_next.Arc(style, centre, radius, start, end);
+    else if (side == ClipSide::Across)
+        Curve(style, centre, {radius, 0}, {0, radius}, start, end);
+}
+
+void ClipSink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                       double end)
+{
+    const ClipSide side = SideOfCircle(centre, Length(majorAxis));
+    if (side == ClipSide::Inside)
+        m_next.Ellipse(style, centre, majorAxis, ratio, start, end);
+    else if (side == ClipSide::Across)
+        Curve(style, centre, majorAxis, ratio * LeftOf(majorAxis), start, end);
+}
+
+void ClipSink::Curve(const Style& style, Point2 centre, Point2 u, Point2 v, double start, double end)
+{
+    const EllipticArc arc{centre, u, v, start, end};
+    std::vector<Point2> points{arc.At(start)};
+    Flatten(arc, m_tolerance, points);
+    Cut(style, points);
+}
+
+void ClipSink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
+{
+    if (vertices.empty())
+        return;
+    const std::vector<Point2> points = PointsOf(vertices, isClosed, m_tolerance);
+    const ClipSide side = m_region.SideOf(BoxOf(points));
+    if (side == ClipSide::Inside)
+        m_next.Polyline(style, vertices, isClosed);
+    else if (side == ClipSide::Across)
+        Cut(style, points);
+}
+
+void ClipSink::Cut(const Style& style, const std::vector<Point2>& points)
+{
+    std::vector<PlainVertex> run;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const Point2 way = points[i] - points[i - 1];
+        bool goesOn = false; // up to the segment's end
+        for (const auto& [from, to] : m_region.Inside(points[i - 1], points[i])) {
+            if (from > 0 || run.empty()) {
+                Give(style, run);
+                run.push_back({points[i - 1] + from * way, 0});
+            }
+            goesOn = !(to < 1);
+            run.push_back({goesOn ? points[i] : points[i - 1] + to * way, 0});
+        }
+        if (!goesOn && way != Point2{})
+            Give(style, run);
+    }
+    Give(style, run);
+}
+
+// Hands a run on and empties it.
+void ClipSink::Give(const Style& style, std::vector<PlainVertex>& run)
+{
+    if (run.size() > 1)
+        m_next.Polyline(style, run, false);
+    run.clear();
+}
+
+void ClipSink::Text(const Style& style, const PlainText& text)
+{
+    const double middle = (0.5 - ShareBefore(text.anchor)) * TextWidth(text.text);
+    if (m_region.Contains(text.point + middle * text.along + 0.5 * text.up))
+        m_next.Text(style, text);
+}
+
+template <class Take>
+void ClipSink::CutArea(std::span<const std::vector<Point2>> rings, const Take& take)
+{
+    Box box;
+    for (const std::vector<Point2>& ring : rings)
+        for (const Point2 point : ring)
+            box.Add(point);
+    const ClipSide side = m_region.SideOf(box);
+    if (side == ClipSide::Inside)
+        return take(rings);
+    if (side == ClipSide::Outside)
+        return;
+    const std::vector<std::vector<Point2>> inside = m_region.Inside(rings);
+    if (!inside.empty())
+        take(inside);
+}
+
+void ClipSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+{
+    CutArea(rings, [&](std::span<const std::vector<Point2>> inside) { m_next.Fill(style, inside); });
+}
+
+void ClipSink::Mask(std::span<const std::vector<Point2>> rings)
+{
+    CutArea(rings, [&](std::span<const std::vector<Point2>> inside) { m_next.Mask(inside); });
+}
+
+} // namespace prepare
