@@ -116,7 +116,8 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
         measure = std::make_unique<Measure>();
         measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);
         counted.StartAgain(*measuring);
-        ReadEntities(source.Rewound(), options.encoding, drawing, counted, hasFailed);
+        ReadEntities(source.Rewound(), options.encoding, drawing, counted, hasFailed,
+                     hasMetAll ? nullptr : &report);
     }
     if (hasFailed)
         return PrepareOutcome::ReadFailed;

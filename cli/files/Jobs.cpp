@@ -157,10 +157,11 @@ private:
 // Throws UsageError when that is no name for what is made.
 void CheckOutput(const std::string& output, Task task)
 {
-    if (const std::string_view form = OtherForm(output); !form.empty() && task == Task::Draw)
+    const std::string_view form = OtherForm(output);
+    if (!form.empty() && task == Task::Draw)
         throw UsageError(output + ": a picture is written as SVG, not as " + std::string(form) +
                          "; give a name that ends in .svg, and convert that file");
-    else if (!form.empty())
+    if (!form.empty())
         throw UsageError(output + ": a drawing is prepared as ASCII DXF, not as " + std::string(form));
     // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
     if (EndsInDxf(output) && task == Task::Draw)

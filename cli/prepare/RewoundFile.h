@@ -45,6 +45,8 @@ public:
 private:
     std::ptrdiff_t Read(char* bytes, std::size_t size) override
     {
+        if (!m_reader)
+            return 0;
         const std::ptrdiff_t count = m_reader->Read(bytes, size);
         if (count >= 0)
             return count;

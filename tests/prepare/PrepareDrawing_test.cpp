@@ -53,6 +53,28 @@ const std::string kPoint = Dxf({{0, "POINT"}, {8, "0"}, {10, "1"}, {20, "1"}});
 const std::string kDimension = Dxf({{0, "DIMENSION"}, {8, "0"}, {2, "*D1"}, {10, "0"}, {20, "0"}});
 const std::string kSolid = Dxf({{0, "3DSOLID"}, {8, "0"}});
 
+// "LINE: what was found of it (1)", of all entries.
+Lines Findings(const std::string& drawing)
+{
+    const Prepared prepared = PreparedFrom(drawing);
+    Lines lines;
+    for (const auto& [key, met] : prepared.report.Entries())
+        lines.push_back(key.subject + ": " + key.detail + " (" + std::to_string(met.count) + ")");
+    return lines;
+}
+
+TEST(PrepareDrawing, BrokenEntitiesBeforeTheTablesAreReportedOnceAsThoseAfterThem)
+{
+    const std::string broken = Dxf({{0, "LINE"}, {8, "0"}, {10, "nan"}, {20, "0"}, {11, "9"}, {21, "9"}});
+    const std::string entities = Section("ENTITIES", broken + kLine);
+    const std::string tables =
+        Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, "A"}, {0, "ENDTAB"}}));
+    const std::string end = Dxf({{0, "EOF"}});
+    const Lines usual = Findings(tables + entities + end);
+    EXPECT_FALSE(usual.empty());
+    EXPECT_EQ(Findings(entities + tables + end), usual);
+}
+
 TEST(PrepareDrawing, ReportSaysIntoHowManyOfWhat)
 {
     const std::string mesh = Dxf({{0, "3DFACE"},
