@@ -19,7 +19,7 @@ constexpr double kThinnest = 1.0 / 1500;
 // How far a flattened curve may be from the true one: a share of the thinnest stroke, and of the drawing.
 constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
 // What a drawing may unfold to. An entity that a program wrote has far more than eight bytes.
-constexpr std::uint64_t kPlacedAnyhow = 200'000, kBytesForEachPlaced = 8;
+constexpr std::uint64_t kPlacedAnyhow = 100'000, kBytesForEachPlaced = 8;
 // A POINT's mark where $PDSIZE does not give its size: a share of the drawing's height, as on a screen.
 constexpr double kPointOfHeight = 0.05;
 

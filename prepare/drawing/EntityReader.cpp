@@ -171,7 +171,7 @@ void EntityReader::ReadAttributes(Insert& insert)
         std::unique_ptr<Entity> attribute = ReadOne();
         PlaceInSpace(*attribute);
         if (IsUsable(*attribute) && insert.attributes.size() < RecordReader::kMostElements)
-            insert.attributes.emplace_back(static_cast<Text*>(attribute.release()));
+            insert.attributes.push_back(std::unique_ptr<Text>(static_cast<Text*>(attribute.release())));
     }
     if (hasAny && NextIs(EntityType::SeqEnd)) {
         m_reader.NextPair();

@@ -36,10 +36,21 @@ void ReadShapeFlags(RecordReader& reader, LineType& lineType, CDxfLine value)
     lineType.hasShapes = lineType.hasShapes || reader.Integer(value) != 0;
 }
 
+// Programs write up to twelve. What is scaled in many ways is kept as often.
+constexpr std::size_t kMostDashes = 256;
+
+void AddDash(RecordReader& reader, LineType& lineType, CDxfLine value)
+{
+    if (lineType.dashes.size() < kMostDashes)
+        reader.Append(lineType.dashes, reader.Real(value));
+    else if (lineType.dashes.size() == kMostDashes)
+        reader.Note(Finding::Cut, "LTYPE", "a pattern of more than 256 dashes", reader.Line());
+}
+
 constexpr auto kLineType = Fields<LineType>({
     {2, &LineType::name},
     {3, &LineType::description},
-    {49, &LineType::dashes},
+    {49, AddDash},
     {74, ReadShapeFlags},
     {102, SkipGroupOf<LineType>},
 });

@@ -2,7 +2,7 @@
 #include "prepare/PrepareDrawing.h"
 
 #include "prepare/Inputs.h"
-#include "support/Dxf.h"
+#include "prepare/support/Dxf.h"
 
 #include <gtest/gtest.h>
 
