@@ -272,14 +272,16 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     const Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
-    svgHostLimitElements(document.get(), MostElements(source.Path()));
     std::optional<PreparedDrawing> prepared;
     Prepare(prepared, source, options, report);
     if (prepared && !prepared->Reason().empty())
         return report.Failed(source.ShownName(), prepared->Reason(), ExitCode::File);
     if (prepared && outcome.hole.empty())
         outcome.hole = prepared->Hole();
-    if (!Import(source, prepared ? prepared->Path() : source.Path(), document.get(), report, outcome.hole))
+    // Preparing has bounds of its own, and its drawings have far more bytes for each element.
+    const fs::path& drawn = prepared ? prepared->Path() : source.Path();
+    svgHostLimitElements(document.get(), MostElements(drawn));
+    if (!Import(source, drawn, document.get(), report, outcome.hole))
         return;
     if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())
         outcome.hole = "is not drawn whole: memory is short";

@@ -1,5 +1,7 @@
 #include "prepare/pairs/PairReader.h"
 
+#include <new>
+
 namespace prepare {
 
 namespace {
@@ -94,8 +96,11 @@ void PairReader::NoteTrouble()
 {
     if (m_stream.TakeLineWasCut())
         m_cutLines.Add(m_lines);
-    if (m_stream.TakeReadFailed())
-        m_hasFailed = true;
+    if (!m_stream.TakeReadFailed())
+        return;
+    if (m_text.IsShortOfMemory())
+        throw std::bad_alloc();
+    m_hasFailed = true;
 }
 
 bool PairReader::End()

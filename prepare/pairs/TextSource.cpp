@@ -58,6 +58,7 @@ std::ptrdiff_t TextSource::Read(char* bytes, std::size_t size)
                 return static_cast<std::ptrdiff_t>(valid);
         }
     } catch (const std::bad_alloc&) {
+        m_isShortOfMemory = true;
         return -1;
     }
 }

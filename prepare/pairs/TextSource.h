@@ -30,6 +30,8 @@ public:
     std::ptrdiff_t Read(char* bytes, std::size_t size) override;
 
     std::uint64_t BytesRead() const { return m_bytesRead; }
+    // True once memory was short, which is why reading failed then.
+    bool IsShortOfMemory() const { return m_isShortOfMemory; }
     // True once a binary drawing has a group that this form of it cannot have.
     bool IsBroken() const { return m_decoder && m_decoder->IsBroken(); }
 
@@ -56,6 +58,7 @@ private:
     bool m_hasBegun = false;
     bool m_hasEnded = false;
     bool m_hasFailed = false;
+    bool m_isShortOfMemory = false;
     bool m_hasFinished = false; // m_decoder has given all
 };
 
