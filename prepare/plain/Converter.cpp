@@ -192,7 +192,7 @@ void Converter::PlaceInsert(const Insert& insert, const Context& context, const 
     PlaceArray(insert, *block, context, style);
 }
 
-// Rows and columns are turned with the insert, but not scaled.
+// Rows and columns are turned with the insert, but not scaled. Each place has the attributes, too.
 void Converter::PlaceArray(const Insert& insert, const Block& block, const Context& context,
                            const Style& style)
 {
@@ -206,6 +206,8 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
             if (row + column > 0 && !TakePlace(insert.line))
                 return;
             const Point3 step{column * insert.columnSpacing, row * insert.rowSpacing, 0};
+            if (row + column > 0)
+                PlaceAttributes(insert, MovedBy(step, insert, context));
             const Matrix placement = place * Moved(step) * shape;
             if (filter != nullptr)
                 DrawCut(insert, *filter, block, placement, context, style);
@@ -230,6 +232,12 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
     for (const Point2 corner : region.Corners())
         frame.push_back({corner, 0});
     context.sink.Polyline(style, frame, true);
+}
+
+Converter::Context Converter::MovedBy(Point3 step, const Insert& insert, const Context& context)
+{
+    const Point3 turned = (FromObject(insert.extrusion) * Turned(Radians(insert.rotation))).Direction(step);
+    return {context.matrix * Moved(turned), context.insert, context.isInBlock, context.sink, context.isCut};
 }
 
 void Converter::PlaceAttributes(const Insert& insert, const Context& context)

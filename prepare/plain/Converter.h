@@ -74,6 +74,7 @@ private:
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);
     void PlaceInsert(const Insert& insert, const Context& context, const Style& style);
     void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
+    static Context MovedBy(Point3 step, const Insert& insert, const Context& context);
     void PlaceAttributes(const Insert& insert, const Context& context);
     void PlaceDimension(const Dimension& dimension, const Context& context, const Style& style);
     void RedrawDimension(const Dimension& dimension, const Context& context, const Style& style);

@@ -97,10 +97,11 @@ Point2 DimensionPen::Readable(Point2 direction) const
     return isUpsideDown ? -1 * direction : direction;
 }
 
-// Programs that leave the place of the text to others write the origin.
+// Programs that leave the place of the text to others write the origin, or the definition point once more.
 bool DimensionPen::HasTextPoint() const
 {
-    return (m_dimension.kind & kPlacedByUser) != 0 || !(TextPoint() == Point2{});
+    const bool isComputed = !(TextPoint() == Point2{}) && !(TextPoint() == Local(m_dimension.definition));
+    return isComputed || (m_dimension.kind & kPlacedByUser) != 0;
 }
 
 DimensionLabel DimensionPen::Label(std::string text) const

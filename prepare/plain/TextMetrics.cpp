@@ -9,7 +9,7 @@ namespace prepare {
 namespace {
 
 // Of what the table lacks: about the mean of small letters.
-constexpr std::uint16_t kUsualWidth = 840;
+constexpr std::uint16_t kUsualWidth = 756;
 
 // The height of an x.
 constexpr double kSmallHeight = 0.75;

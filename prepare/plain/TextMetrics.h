@@ -1,6 +1,6 @@
 // How much room letters take. The font is not known to the drawing's reader, and what shows the picture
-// chooses its own: the widths are those of DejaVu Sans, which many systems show as "sans-serif" and which is
-// about as wide as the stroke fonts that drawings use most.
+// chooses its own: the widths are those of DejaVu Sans Condensed, which is hardly wider than the sans-serif
+// fonts that drawings name most. Lines broken by a wider font would end before their author's.
 #pragma once
 
 #include "prepare/plain/FontWidths.h"

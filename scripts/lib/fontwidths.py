@@ -1,24 +1,25 @@
 #!/usr/bin/env python3
-"""Writes prepare/plain/FontWidths.h: how wide the letters of DejaVu Sans are, by the height of its capitals.
+"""Writes prepare/plain/FontWidths.h: how wide the letters of DejaVu Sans Condensed are, by the height of
+its capitals.
 
 usage: fontwidths.py [FONT] > prepare/plain/FontWidths.h
 
-FONT is DejaVuSans.ttf, by default where Debian's fonts-dejavu-core puts it. Needs python3-fonttools.
+FONT is DejaVuSansCondensed.ttf, by default where Debian's fonts-dejavu-extra puts it. Needs python3-fonttools.
 """
 import sys
 import textwrap
 
 from fontTools.ttLib import TTFont
 
-FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf"
 
 # What European drawings write: Latin, accents, Greek and Cyrillic; more Latin; punctuation, currencies,
 # fractions, arrows, mathematical and technical signs.
 RANGES = ((0x20, 0x52F), (0x1E00, 0x1EFF), (0x2000, 0x23FF))
 
 HEAD = """\
-// How wide the letters of DejaVu Sans are, in thousandths of the height of its capitals. Written by
-// scripts/lib/fontwidths.py from the font's own tables (version %s); not to be edited.
+// How wide the letters of DejaVu Sans Condensed are, in thousandths of the height of its capitals. Written
+// by scripts/lib/fontwidths.py from the font's own tables (version %s); not to be edited.
 #pragma once
 
 #include <cstdint>

@@ -127,8 +127,8 @@ TEST(DrawDimension, TheLineLeavesRoomForTheText)
     Trial trial;
     const Lines lines = trial.Draw(trial.Linear());
     EXPECT_EQ(TextPart(lines), Lines{"text '20' at 10,9 along 2,0 up 0,2 middle"});
-    EXPECT_EQ(LinePart(lines)[0], "line 1,10 7.264,10");
-    EXPECT_EQ(LinePart(lines)[1], "line 12.736,10 19,10");
+    EXPECT_EQ(LinePart(lines)[0], "line 1,10 7.44,10");
+    EXPECT_EQ(LinePart(lines)[1], "line 12.56,10 19,10");
 }
 
 TEST(DrawDimension, ATextAboveTheLineLeavesItWhole)
@@ -199,7 +199,7 @@ TEST(DrawDimension, WithoutRoomArrowsAndTextGoOutside)
     Dimension dimension = trial.Linear();
     dimension.points[1] = {2, 0, 0};
     const Lines lines = trial.Draw(dimension);
-    EXPECT_EQ(TextPart(lines), Lines{"text '2' at 5.873,9 along 2,0 up 0,2 middle"});
+    EXPECT_EQ(TextPart(lines), Lines{"text '2' at 5.785,9 along 2,0 up 0,2 middle"});
     EXPECT_EQ(LinePart(lines), (Lines{
                                    "line -1,10 -2,10",
                                    "fill 0,10 -1,9.83333 -1,10.1667",
@@ -212,6 +212,17 @@ TEST(DrawDimension, WithoutRoomArrowsAndTextGoOutside)
     EXPECT_EQ(LinePart(trial.Draw(dimension)), Lines{});
 }
 
+TEST(DrawDimension, APointThatIsTheDefinitionPointOnceMoreIsNoPlaceOfTheText)
+{
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    const Lines own = trial.Draw(dimension);
+    dimension.textPoint = dimension.definition;
+    EXPECT_EQ(trial.Draw(dimension), own);
+    dimension.kind = kPlacedByUser;
+    EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 20,9 along 2,0 up 0,2 middle"});
+}
+
 TEST(DrawDimension, AMovedTextHasALeader)
 {
     Trial trial;
@@ -219,7 +230,7 @@ TEST(DrawDimension, AMovedTextHasALeader)
     dimension.overrides = {{279, "1"}};
     dimension.textPoint = {25, 20, 0};
     const Lines lines = trial.Draw(dimension);
-    EXPECT_EQ(TextPart(lines), Lines{"text '20' at 26.746,19 along 2,0 up 0,2 middle"});
+    EXPECT_EQ(TextPart(lines), Lines{"text '20' at 26.57,19 along 2,0 up 0,2 middle"});
     EXPECT_EQ(LinePart(lines)[0], "line 10,10 23,20");
     EXPECT_EQ(LinePart(lines)[1], "line 23,20 24,20");
 }
@@ -300,7 +311,7 @@ TEST(DrawDimension, AFramedText)
     Trial trial;
     Dimension dimension = trial.Linear();
     dimension.overrides = {{147, "-1"}};
-    EXPECT_EQ(trial.Draw(dimension).back(), "closed polyline 7.254,8 12.746,8 12.746,12 7.254,12 colour 1");
+    EXPECT_EQ(trial.Draw(dimension).back(), "closed polyline 7.43,8 12.57,8 12.57,12 7.43,12 colour 1");
 }
 
 TEST(DrawDimension, AngleOfTwoLines)
@@ -370,7 +381,7 @@ TEST(DrawDimension, RadiusWithItsTextAlong)
     dimension.textPoint = {18, 0, 0};
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(TextPart(lines), Lines{"text 'R10' at 18,-1 along 2,0 up 0,2 middle"});
-    EXPECT_EQ(LinePart(lines), (Lines{"line 11,0 14.311,0", "fill 10,0 11,0.166667 11,-0.166667"}));
+    EXPECT_EQ(LinePart(lines), (Lines{"line 11,0 14.583,0", "fill 10,0 11,0.166667 11,-0.166667"}));
 }
 
 TEST(DrawDimension, RadiusWithALeader)
@@ -382,8 +393,8 @@ TEST(DrawDimension, RadiusWithALeader)
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(LinePart(lines)[0], "line -2,0 2,0");
     EXPECT_EQ(LinePart(lines)[1], "line 0,-2 0,2");
-    EXPECT_EQ(LinePart(lines)[2], "line 10.5524,0.833602 15.301,8");
-    EXPECT_EQ(LinePart(lines)[3], "line 15.301,8 16.301,8");
+    EXPECT_EQ(LinePart(lines)[2], "line 10.5716,0.820531 15.573,8");
+    EXPECT_EQ(LinePart(lines)[3], "line 15.573,8 16.573,8");
 }
 
 TEST(DrawDimension, CentreLinesPassTheCircle)
@@ -409,8 +420,8 @@ TEST(DrawDimension, DiameterWithItsTextInside)
     const Lines lines = trial.Draw(trial.Radial(3));
     EXPECT_EQ(TextPart(lines), Lines{"text 'Ø20' at 0,-1 along 2,0 up 0,2 middle"});
     EXPECT_EQ(LinePart(lines), (Lines{
-                                   "line -9,0 -3.816,0",
-                                   "line 3.816,0 9,0",
+                                   "line -9,0 -3.531,0",
+                                   "line 3.531,0 9,0",
                                    "fill 10,0 9,-0.166667 9,0.166667",
                                    "fill -10,0 -9,0.166667 -9,-0.166667",
                                }));
@@ -421,7 +432,7 @@ TEST(DrawDimension, TheLeaderOfADiameterIsAtTheNearerEnd)
     Trial trial;
     Dimension dimension = trial.Radial(3);
     dimension.textPoint = {-20, 0, 0};
-    EXPECT_EQ(LinePart(trial.Draw(dimension))[0], "line -11,0 -16.184,0");
+    EXPECT_EQ(LinePart(trial.Draw(dimension))[0], "line -11,0 -16.469,0");
 }
 
 TEST(DrawDimension, OrdinatesAreMeasuredFromTheOrigin)
@@ -432,11 +443,11 @@ TEST(DrawDimension, OrdinatesAreMeasuredFromTheOrigin)
     dimension.points[0] = {5, 9, 0};
     dimension.points[1] = {15, 9, 0};
     EXPECT_EQ(trial.Draw(dimension),
-              (Lines{"line 5.5,9 15,9 colour 2", "text '7' at 16.873,8 along 2,0 up 0,2 middle colour 3"}));
+              (Lines{"line 5.5,9 15,9 colour 2", "text '7' at 16.785,8 along 2,0 up 0,2 middle colour 3"}));
     dimension.kind = 6 + 64;
     dimension.points[1] = {5, 19, 0};
     EXPECT_EQ(trial.Draw(dimension),
-              (Lines{"line 5,9.5 5,19 colour 2", "text '4' at 6,20.873 along 0,2 up -2,0 middle colour 3"}));
+              (Lines{"line 5,9.5 5,19 colour 2", "text '4' at 6,20.785 along 0,2 up -2,0 middle colour 3"}));
 }
 
 TEST(DrawDimension, TheLeaderOfAnOrdinateMayStepAside)
@@ -461,7 +472,7 @@ TEST(DrawDimension, ArcLength)
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(ExtensionPart(lines), (Lines{"line 10.5,0 13,0", "line 0,10.5 0,13"}));
     EXPECT_EQ(TextPart(lines), Lines{"text '16' at 8.48528,7.48528 along 2,0 up 0,2 middle"});
-    EXPECT_EQ(LinePart(lines).back(), "arc 4.73928,7.68528 radius 1.6 from 0 to 3.14159");
+    EXPECT_EQ(LinePart(lines).back(), "arc 4.91528,7.68528 radius 1.6 from 0 to 3.14159");
 }
 
 TEST(DrawDimension, ShortArcsHaveParallelExtensionLines)

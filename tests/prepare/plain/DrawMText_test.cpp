@@ -161,11 +161,11 @@ TEST(DrawMText, HeightWidthAndObliqueAngleAreTheStyles)
     EXPECT_EQ(trial.Draw(text), Lines{"text 'A' at 0,-4 along 2,0 up 4,4 start"});
 }
 
-// A letter of these words is 0.938 (A) or 0.941 (B) wide, a blank 0.436.
+// A letter of these words is 0.844 (A) or 0.847 (B) wide, a blank 0.392.
 TEST(DrawMText, WordsThatDoNotFitGoToTheNextLine)
 {
-    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 4.2)), (Lines{"AA BB", "AA"}));
-    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 4.19)), (Lines{"AA", "BB", "AA"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 3.78)), (Lines{"AA BB", "AA"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB AA", 3.77)), (Lines{"AA", "BB", "AA"}));
     EXPECT_EQ(WordsOf(Wrapped("AA  BB", 2)), (Lines{"AA", "BB"}));
     EXPECT_EQ(WordsOf(Wrapped("AAAAAA BB", 2)), (Lines{"AAAAAA", "BB"}));
 }
@@ -190,7 +190,7 @@ TEST(DrawMText, AWordOfSeveralLooksIsNotBroken)
 {
     EXPECT_EQ(Drawn(Wrapped("A A{\\C1;B}", 2.4)), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
                                                          "text 'A' at 0,-2.66667 along 1,0 up 0,1 start",
-                                                         "text 'B' at 0.938,-2.66667 along 1,0 up 0,1 start "
+                                                         "text 'B' at 0.844,-2.66667 along 1,0 up 0,1 start "
                                                          "colour 1"}));
 }
 
@@ -202,9 +202,9 @@ TEST(DrawMText, EastAsianTextBreaksBetweenAnyTwoCharacters)
 TEST(DrawMText, HeightsAreAbsoluteOrFactors)
 {
     EXPECT_EQ(Drawn("A{\\H2;A}A\\H0.5x;A"),
-              (Lines{"text 'A' at 0,-2 along 1,0 up 0,1 start", "text 'A' at 0.938,-2 along 2,0 up 0,2 start",
-                     "text 'A' at 2.814,-2 along 1,0 up 0,1 start",
-                     "text 'A' at 3.752,-2 along 0.5,0 up 0,0.5 start"}));
+              (Lines{"text 'A' at 0,-2 along 1,0 up 0,1 start", "text 'A' at 0.844,-2 along 2,0 up 0,2 start",
+                     "text 'A' at 2.532,-2 along 1,0 up 0,1 start",
+                     "text 'A' at 3.376,-2 along 0.5,0 up 0,0.5 start"}));
 }
 
 TEST(DrawMText, HeightsBeyondAllReasonAreNotTaken)
@@ -218,7 +218,7 @@ TEST(DrawMText, HeightsBeyondAllReasonAreNotTaken)
 TEST(DrawMText, WidthFactorAndObliqueAngleOfARun)
 {
     EXPECT_EQ(Drawn("\\W2;A\\W0.5x;A"), (Lines{"text 'A' at 0,-1 along 2,0 up 0,1 start",
-                                               "text 'A' at 1.876,-1 along 1,0 up 0,1 start"}));
+                                               "text 'A' at 1.688,-1 along 1,0 up 0,1 start"}));
     EXPECT_EQ(Drawn("\\Q45;A"), Lines{"text 'A' at 0,-1 along 1,0 up 1,1 start"});
 }
 
@@ -232,8 +232,8 @@ TEST(DrawMText, ColoursAreIndexesOrTrueOnes)
 TEST(DrawMText, BracesEndWhatBeganInThem)
 {
     EXPECT_EQ(Drawn("{\\C1;{\\C2;A}B}A"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 2",
-                                                 "text 'B' at 0.938,-1 along 1,0 up 0,1 start colour 1",
-                                                 "text 'A' at 1.879,-1 along 1,0 up 0,1 start"}));
+                                                 "text 'B' at 0.844,-1 along 1,0 up 0,1 start colour 1",
+                                                 "text 'A' at 1.691,-1 along 1,0 up 0,1 start"}));
     EXPECT_EQ(Drawn("}A{{B"), Lines{"text 'AB' at 0,-1 along 1,0 up 0,1 start"});
 }
 
@@ -242,7 +242,7 @@ TEST(DrawMText, BracesTooDeepAreStillPaired)
     const std::string open(1000, '{'), close(1000, '}');
     EXPECT_EQ(Drawn(Simple(("\\C1;" + open + "\\C2;A" + close + "B").c_str())),
               (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start colour 2",
-                     "text 'B' at 0.938,-1 along 1,0 up 0,1 start colour 1"}));
+                     "text 'B' at 0.844,-1 along 1,0 up 0,1 start colour 1"}));
 }
 
 TEST(DrawMText, RunsThatLookTheSameAreOne)
@@ -254,32 +254,32 @@ TEST(DrawMText, RunsThatLookTheSameAreOne)
 TEST(DrawMText, LowerRunsStandOnTheBaseLineHalfWayOrAtTheTop)
 {
     EXPECT_EQ(Drawn("A{\\H0.5;\\A0;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
-                                                "text 'A' at 0.938,-1 along 0.5,0 up 0,0.5 start"}));
+                                                "text 'A' at 0.844,-1 along 0.5,0 up 0,0.5 start"}));
     EXPECT_EQ(Drawn("A{\\H0.5;\\A1;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
-                                                "text 'A' at 0.938,-0.75 along 0.5,0 up 0,0.5 start"}));
+                                                "text 'A' at 0.844,-0.75 along 0.5,0 up 0,0.5 start"}));
     EXPECT_EQ(Drawn("A{\\H0.5;\\A2;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
-                                                "text 'A' at 0.938,-0.5 along 0.5,0 up 0,0.5 start"}));
+                                                "text 'A' at 0.844,-0.5 along 0.5,0 up 0,0.5 start"}));
 }
 
 TEST(DrawMText, UnderlineOverlineAndStrike)
 {
-    EXPECT_EQ(Drawn("\\LA\\lB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.938,-1.2",
-                                        "text 'B' at 0.938,-1 along 1,0 up 0,1 start"}));
-    EXPECT_EQ(Drawn("\\OA\\o"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,0.2 0.938,0.2"}));
-    EXPECT_EQ(Drawn("\\KA\\k"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-0.5 0.938,-0.5"}));
+    EXPECT_EQ(Drawn("\\LA\\lB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.844,-1.2",
+                                        "text 'B' at 0.844,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("\\OA\\o"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,0.2 0.844,0.2"}));
+    EXPECT_EQ(Drawn("\\KA\\k"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-0.5 0.844,-0.5"}));
 }
 
 TEST(DrawMText, UnderlinedBlanksAreALine)
 {
-    EXPECT_EQ(Drawn("\\L  "), Lines{"line 0,-1.2 0.872,-1.2"});
+    EXPECT_EQ(Drawn("\\L  "), Lines{"line 0,-1.2 0.784,-1.2"});
 }
 
 // The digits are 0.873 wide; a fraction has a tenth of the height to both sides.
 TEST(DrawMText, FractionsHaveTheirLine)
 {
     EXPECT_EQ(Drawn("\\S1/22;"),
-              (Lines{"text '1' at 0.5365,-1 along 1,0 up 0,1 start",
-                     "text '22' at 0.1,-2.4 along 1,0 up 0,1 start", "line 0,-1.2 1.946,-1.2"}));
+              (Lines{"text '1' at 0.4925,-1 along 1,0 up 0,1 start",
+                     "text '22' at 0.1,-2.4 along 1,0 up 0,1 start", "line 0,-1.2 1.77,-1.2"}));
 }
 
 TEST(DrawMText, TolerancesHaveNone)
@@ -294,16 +294,16 @@ TEST(DrawMText, DiagonalFractionsHaveASlash)
 {
     EXPECT_EQ(Drawn("\\S1#2;"),
               (Lines{"text '1' at 0.1,-1 along 1,0 up 0,1 start",
-                     "text '2' at 1.473,-1.8 along 1,0 up 0,1 start", "line 0.973,-1.8 1.473,0"}));
+                     "text '2' at 1.385,-1.8 along 1,0 up 0,1 start", "line 0.885,-1.8 1.385,0"}));
 }
 
 TEST(DrawMText, FractionsAreAsLargeAsTheirHeightSaysAndHalfWayInTheLine)
 {
     EXPECT_EQ(Drawn("\\A1;A{\\H0.5x;\\S1/2;}A"),
               (Lines{"text 'A' at 0,-1.1 along 1,0 up 0,1 start",
-                     "text '1' at 0.988,-0.5 along 0.5,0 up 0,0.5 start",
-                     "text '2' at 0.988,-1.2 along 0.5,0 up 0,0.5 start", "line 0.938,-0.6 1.4745,-0.6",
-                     "text 'A' at 1.4745,-1.1 along 1,0 up 0,1 start"}));
+                     "text '1' at 0.894,-0.5 along 0.5,0 up 0,0.5 start",
+                     "text '2' at 0.894,-1.2 along 0.5,0 up 0,0.5 start", "line 0.844,-0.6 1.3365,-0.6",
+                     "text 'A' at 1.3365,-1.1 along 1,0 up 0,1 start"}));
 }
 
 TEST(DrawMText, EscapesInFractionsAreLetters)
@@ -322,8 +322,8 @@ TEST(DrawMText, CodesOfAllTexts)
     EXPECT_EQ(WordsOf(Simple("90%%d \\U+2205 5%% %%% x^ 2")), Lines{"90\u00B0 \u2205 5%% % x^2"});
     EXPECT_EQ(WordsOf(Simple("\\M+182A0")), Lines{"\u3042"});
     EXPECT_EQ(WordsOf(Simple("A^JB")), (Lines{"A", "B"}));
-    EXPECT_EQ(Drawn("%%uA%%uB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.938,-1.2",
-                                        "text 'B' at 0.938,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("%%uA%%uB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.844,-1.2",
+                                        "text 'B' at 0.844,-1 along 1,0 up 0,1 start"}));
 }
 
 TEST(DrawMText, UnknownAndBrokenCodesAreLeftOut)
@@ -345,7 +345,7 @@ TEST(DrawMText, IndentsAreOfTheFirstLineAndOfTheOthers)
 
 TEST(DrawMText, ARightIndentNarrowsTheLines)
 {
-    EXPECT_EQ(WordsOf(Wrapped("\\pr1;AA BB", 5)), (Lines{"AA", "BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("\\pr1;AA BB", 4.5)), (Lines{"AA", "BB"}));
 }
 
 TEST(DrawMText, ParagraphsHaveTheirOwnAlignment)
@@ -381,7 +381,7 @@ TEST(DrawMText, RunsOfACentredLineAreCentredTogether)
 {
     MText text = Simple("A{\\C1;A}");
     text.attachment = 2;
-    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -0.938,-1 along 1,0 up 0,1 start",
+    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -0.844,-1 along 1,0 up 0,1 start",
                                   "text 'A' at 0,-1 along 1,0 up 0,1 start colour 1"}));
 }
 

@@ -28,23 +28,23 @@ TextTrial TrialOfNotes()
 TEST(DrawNotes, AToleranceHasAFrameOfTwoHeights)
 {
     EXPECT_EQ(TrialOfNotes().Draw(Framed("A%%v")),
-              (Lines{"text 'A' at 10.969,19.5 along 1,0 up 0,1 middle colour 0", "line 10,21 10,19 colour 0",
-                     "line 10,21 11.938,21 colour 0", "line 10,19 11.938,19 colour 0",
-                     "line 11.938,21 11.938,19 colour 0"}));
+              (Lines{"text 'A' at 10.922,19.5 along 1,0 up 0,1 middle colour 0", "line 10,21 10,19 colour 0",
+                     "line 10,21 11.844,21 colour 0", "line 10,19 11.844,19 colour 0",
+                     "line 11.844,21 11.844,19 colour 0"}));
 }
 
 TEST(DrawNotes, AToleranceHasACellForEachPartAndARowForEachLine)
 {
     EXPECT_EQ(TrialOfNotes().Draw(Framed("A%%vA%%v%%v^JA")),
-              (Lines{"text 'A' at 10.969,19.5 along 1,0 up 0,1 middle colour 0", "line 10,21 10,19 colour 0",
-                     "line 10,21 11.938,21 colour 0", "line 10,19 11.938,19 colour 0",
-                     "line 11.938,21 11.938,19 colour 0",
-                     "text 'A' at 12.907,19.5 along 1,0 up 0,1 middle colour 0",
-                     "line 11.938,21 13.876,21 colour 0", "line 11.938,19 13.876,19 colour 0",
-                     "line 13.876,21 13.876,19 colour 0",
-                     "text 'A' at 10.969,17.5 along 1,0 up 0,1 middle colour 0", "line 10,19 10,17 colour 0",
-                     "line 10,19 11.938,19 colour 0", "line 10,17 11.938,17 colour 0",
-                     "line 11.938,19 11.938,17 colour 0"}));
+              (Lines{"text 'A' at 10.922,19.5 along 1,0 up 0,1 middle colour 0", "line 10,21 10,19 colour 0",
+                     "line 10,21 11.844,21 colour 0", "line 10,19 11.844,19 colour 0",
+                     "line 11.844,21 11.844,19 colour 0",
+                     "text 'A' at 12.766,19.5 along 1,0 up 0,1 middle colour 0",
+                     "line 11.844,21 13.688,21 colour 0", "line 11.844,19 13.688,19 colour 0",
+                     "line 13.688,21 13.688,19 colour 0",
+                     "text 'A' at 10.922,17.5 along 1,0 up 0,1 middle colour 0", "line 10,19 10,17 colour 0",
+                     "line 10,19 11.844,19 colour 0", "line 10,17 11.844,17 colour 0",
+                     "line 11.844,19 11.844,17 colour 0"}));
 }
 
 TEST(DrawNotes, AToleranceTakesSizeAndColoursFromItsStyle)
@@ -56,15 +56,15 @@ TEST(DrawNotes, AToleranceTakesSizeAndColoursFromItsStyle)
     tolerance.style = name;
     tolerance.direction = {0, 4, 0};
     EXPECT_EQ(trial.Draw(tolerance),
-              (Lines{"text 'A' at 10.25,20.4845 along 0,0.5 up -0.5,0 middle colour 3",
-                     "line 9.5,20 10.5,20 colour 1", "line 9.5,20 9.5,20.969 colour 1",
-                     "line 10.5,20 10.5,20.969 colour 1", "line 9.5,20.969 10.5,20.969 colour 1"}));
+              (Lines{"text 'A' at 10.25,20.461 along 0,0.5 up -0.5,0 middle colour 3",
+                     "line 9.5,20 10.5,20 colour 1", "line 9.5,20 9.5,20.922 colour 1",
+                     "line 10.5,20 10.5,20.922 colour 1", "line 9.5,20.922 10.5,20.922 colour 1"}));
 }
 
 TEST(DrawNotes, LettersOfTheFontOfSignsAreSigns)
 {
     EXPECT_EQ(TrialOfNotes().Draw(Framed("{\\Fgdt;j}")).front(),
-              "text '\u2316' at 10.92,19.5 along 1,0 up 0,1 middle colour 0");
+              "text '\u2316' at 10.878,19.5 along 1,0 up 0,1 middle colour 0");
     EXPECT_EQ(ToleranceSign('n'), "\u00D8");
     EXPECT_EQ(ToleranceSign('u'), "\u23E4");
     EXPECT_EQ(ToleranceSign('v'), "");

@@ -79,7 +79,7 @@ TEST(DrawText, FitKeepsTheHeightAndFillsTheDistanceOfItsPoints)
 {
     Text text = Aligned("AB", 5, 0);
     text.alignment = {10 + 2 * 1.879 * 3, 20, 0};
-    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 15.637,20 along 6,0 up 0,2 middle"});
+    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 15.637,20 along 6.66706,0 up 0,2 middle"});
 }
 
 TEST(DrawText, FitFollowsItsPointsWhateverItsRotation)
@@ -87,21 +87,21 @@ TEST(DrawText, FitFollowsItsPointsWhateverItsRotation)
     Text text = Aligned("AB", 5, 0);
     text.rotation = 45;
     text.alignment = {10, 20 + 2 * 1.879, 0};
-    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 10,21.879 along 0,2 up -2,0 middle"});
+    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 10,21.879 along 0,2.22235 up -2,0 middle"});
 }
 
 TEST(DrawText, AlignedGrowsWithTheDistanceOfItsPoints)
 {
     Text text = Aligned("AB", 3, 0);
     text.alignment = {10 + 2 * 1.879 * 3, 20, 0};
-    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 15.637,20 along 6,0 up 0,6 middle"});
+    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 15.637,20 along 6.66706,0 up 0,6.66706 middle"});
 }
 
 TEST(DrawText, AlignedKeepsTheHeightThatAnotherFontExplains)
 {
     Text text = Aligned("AB", 3, 0);
     text.alignment = {10 + 2 * 1.879 * 1.2, 20, 0};
-    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 12.2548,20 along 2.4,0 up 0,2 middle"});
+    EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 12.2548,20 along 2.66682,0 up 0,2 middle"});
 }
 
 TEST(DrawText, FitBetweenEqualPointsIsAsWithoutAlignment)
@@ -242,9 +242,9 @@ TEST(DrawText, BlanksAloneAreLeftOutSilently)
 // A blank is 0.436 heights wide.
 TEST(DrawText, BlanksAtTheEndsMoveTheWordsAsIfTheyWereThere)
 {
-    EXPECT_EQ(Drawn(Simple(" AB  ")), Lines{"text 'AB' at 10.872,20 along 2,0 up 0,2 start"});
-    EXPECT_EQ(Drawn(Aligned(" AB  ", 2, 0)), Lines{"text 'AB' at 28.256,40 along 2,0 up 0,2 end"});
-    EXPECT_EQ(Drawn(Aligned(" AB  ", 1, 0)), Lines{"text 'AB' at 29.564,40 along 2,0 up 0,2 middle"});
+    EXPECT_EQ(Drawn(Simple(" AB  ")), Lines{"text 'AB' at 10.784,20 along 2,0 up 0,2 start"});
+    EXPECT_EQ(Drawn(Aligned(" AB  ", 2, 0)), Lines{"text 'AB' at 28.432,40 along 2,0 up 0,2 end"});
+    EXPECT_EQ(Drawn(Aligned(" AB  ", 1, 0)), Lines{"text 'AB' at 29.608,40 along 2,0 up 0,2 middle"});
 }
 
 TEST(DrawText, CodesBecomeTheirSigns)
@@ -261,15 +261,15 @@ TEST(DrawText, FormattingOfMTextIsNoneHere)
 TEST(DrawText, UnderlineRunsBelowTheLettersBetweenItsCodes)
 {
     EXPECT_EQ(Drawn(Simple("A%%uB%%uA")),
-              (Lines{"text 'ABA' at 10,20 along 2,0 up 0,2 start", "line 11.876,19.6 13.758,19.6"}));
+              (Lines{"text 'ABA' at 10,20 along 2,0 up 0,2 start", "line 11.688,19.6 13.382,19.6"}));
 }
 
 TEST(DrawText, LinesThatAreNotEndedRunToTheEnd)
 {
     EXPECT_EQ(Drawn(Simple("%%oAB")),
-              (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 10,22.4 13.758,22.4"}));
+              (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 10,22.4 13.382,22.4"}));
     EXPECT_EQ(Drawn(Simple("A%%kB")),
-              (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 11.876,21 13.758,21"}));
+              (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 11.688,21 13.382,21"}));
 }
 
 TEST(DrawText, LinesFollowAlignmentWidthAndTurn)
@@ -278,12 +278,12 @@ TEST(DrawText, LinesFollowAlignmentWidthAndTurn)
     text.widthFactor = 0.5;
     text.rotation = 90;
     EXPECT_EQ(Drawn(text),
-              (Lines{"text 'AB' at 30,40 along 0,1 up -2,0 middle", "line 30.4,39.0605 30.4,40.9395"}));
+              (Lines{"text 'AB' at 30,40 along 0,1 up -2,0 middle", "line 30.4,39.1545 30.4,40.8455"}));
 }
 
 TEST(DrawText, UnderlinedBlanksAreALine)
 {
-    EXPECT_EQ(Drawn(Simple("%%u  ")), Lines{"line 10,19.6 11.744,19.6"});
+    EXPECT_EQ(Drawn(Simple("%%u  ")), Lines{"line 10,19.6 11.568,19.6"});
 }
 
 TEST(DrawText, AnAttributeShowsItsText)

@@ -8,17 +8,17 @@ namespace {
 TEST(TextMetrics, WidthsAreInHeightsOfCapitals)
 {
     EXPECT_DOUBLE_EQ(TextWidth(""), 0);
-    EXPECT_DOUBLE_EQ(TextWidth("I"), 0.405);
-    EXPECT_DOUBLE_EQ(TextWidth("W"), 1.356);
-    EXPECT_DOUBLE_EQ(TextWidth("AB"), 0.938 + 0.941);
+    EXPECT_DOUBLE_EQ(TextWidth("I"), 0.364);
+    EXPECT_DOUBLE_EQ(TextWidth("W"), 1.22);
+    EXPECT_DOUBLE_EQ(TextWidth("AB"), 0.844 + 0.847);
 }
 
 TEST(TextMetrics, AccentsGreekAndCyrillicHaveTheirOwnWidths)
 {
-    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u00C4'), 0.938);                // A with two dots: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u00C4'), 0.844);                // A with two dots: as A
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0131'), CharacterWidth(U'i')); // i without its dot
-    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0391'), 0.938);                // Alpha: as A
-    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0410'), 0.938);                // Cyrillic A: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0391'), 0.844);                // Alpha: as A
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0410'), 0.844);                // Cyrillic A: as A
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0301'), 0);                    // an accent over the letter before
 }
 
@@ -32,8 +32,8 @@ TEST(TextMetrics, EastAsianCharactersAreAnEmWide)
 
 TEST(TextMetrics, WhatTheFontLacksIsAsWideAsUsual)
 {
-    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0E01'), 0.84); // Thai
-    EXPECT_DOUBLE_EQ(CharacterWidth(0xFFFFFFFF), 0.84);
+    EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0E01'), 0.756); // Thai
+    EXPECT_DOUBLE_EQ(CharacterWidth(0xFFFFFFFF), 0.756);
 }
 
 TEST(TextMetrics, TailsReachBelowTheBaseLine)

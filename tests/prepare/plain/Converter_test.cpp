@@ -1,0 +1,78 @@
+#include "prepare/plain/Converter.h"
+#include "support/RecordingSink.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace prepare {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class RecordingOutput final : public PlainOutput {
+public:
+    PlainSink& Model() override { return model; }
+    std::size_t NewBlock(std::string_view) override
+    {
+        blocks.emplace_back();
+        return blocks.size() - 1;
+    }
+    PlainSink& Block(std::size_t number) override { return blocks[number]; }
+
+    RecordingSink model;
+    std::deque<RecordingSink> blocks;
+};
+
+std::unique_ptr<Text> Attribute(const Point3& point)
+{
+    auto attribute = std::make_unique<Text>();
+    attribute->type = EntityType::Attrib;
+    attribute->text = "A";
+    attribute->point = point;
+    attribute->height = 1;
+    return attribute;
+}
+
+TEST(Converter, EachPlaceOfAnArrayHasTheAttributes)
+{
+    Drawing drawing;
+    Insert insert;
+    insert.block = drawing.names.Of("BLOCK");
+    auto block = std::make_unique<Block>();
+    block->name = insert.block;
+    block->entities.push_back(std::make_unique<Line>());
+    drawing.blocks[insert.block] = std::move(block);
+    insert.point = {10, 20, 0};
+    insert.rotation = 90;
+    insert.scale = {2, 2, 2};
+    insert.columns = 2;
+    insert.rows = 2;
+    insert.columnSpacing = 100;
+    insert.rowSpacing = 1000;
+    insert.attributes.push_back(Attribute({5, 6, 0}));
+
+    RecordingOutput output;
+    Report report;
+    Converter converter(drawing, {}, {}, output, report);
+    converter.Take(insert);
+    const Lines texts = {
+        "text 'A' at 5,6 along 1,0 up 0,1 start",
+        "text 'A' at 5,106 along 1,0 up 0,1 start",
+        "text 'A' at -995,6 along 1,0 up 0,1 start",
+        "text 'A' at -995,106 along 1,0 up 0,1 start",
+    };
+    Lines drawn;
+    for (const std::string& line : output.model.lines)
+        if (line.starts_with("text"))
+            drawn.push_back(line);
+    EXPECT_EQ(drawn, texts);
+    EXPECT_EQ(output.model.lines.size(), 8U);
+}
+
+} // namespace
+} // namespace prepare
