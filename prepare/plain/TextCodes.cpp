@@ -3,8 +3,11 @@
 #include "base/NamedCodePage.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
+#include "prepare/drawing/Encoding.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <optional>
 
 namespace prepare {
@@ -33,6 +36,18 @@ std::string Utf8Of(char32_t character)
 // The sign of a diameter is the letter that every font and most code pages have.
 constexpr char32_t kDegree = 0xB0, kPlusMinus = 0xB1, kDiameter = 0xD8;
 
+// Opening a code page takes long, and a text may ask for one every few bytes: the last ones stay open.
+const NamedCodePage& CodePageOf(std::string_view name)
+{
+    constexpr std::size_t kMost = 8;
+    thread_local std::map<std::string, NamedCodePage, std::less<>> pages;
+    if (const auto known = pages.find(name); known != pages.end())
+        return known->second;
+    if (pages.size() >= kMost)
+        pages.clear();
+    return pages.try_emplace(std::string(name), NumberedCodePage(name)).first->second;
+}
+
 // Codes 127 to 129 are those of the signs in the stroke fonts.
 std::string NumberedCharacter(unsigned number, std::string_view codePage)
 {
@@ -49,7 +64,7 @@ std::string NumberedCharacter(unsigned number, std::string_view codePage)
     if (number < 0x20 || number > 0xFF)
         return {};
     const char byte = static_cast<char>(number);
-    return NamedCodePage(codePage.empty() ? "ANSI_1252" : codePage).Utf8({&byte, 1});
+    return CodePageOf(codePage.empty() ? "ANSI_1252" : codePage).Utf8({&byte, 1});
 }
 
 TextCode ReadPercentCode(std::string_view text, std::string_view codePage)
@@ -149,7 +164,7 @@ TextCode ReadEastAsianCode(std::string_view text)
         return {};
     TextCode code;
     const EastAsianPage& page = kEastAsianPages[text[3] - '1'];
-    const NamedCodePage codePage(page.name);
+    const NamedCodePage& codePage = CodePageOf(page.name);
     while (const std::optional<unsigned> next = ReadEastAsianEscape(text.substr(code.size), text[3])) {
         code.letters += FromEastAsianPage(codePage, page.marker, *next);
         code.size += kEastAsianEscape;

@@ -21,8 +21,8 @@ public:
     std::string Utf8(std::string_view text) const;
 
 private:
-    // From the code page to UTF-8; empty when text has a byte that the code page does not know. In the files
-    // of the systems, as the constructor and the destructor are.
+    // From the code page to UTF-8, with U+FFFD for bytes that it does not know; empty when the system does
+    // not have the code page. In the files of the systems, as the constructor and the destructor are.
     std::string Converted(std::string_view text) const;
 
     // The number at the end of a code page's name; that of the Western European one when there is none.

@@ -6,11 +6,26 @@
 
 #include <iconv.h>
 
+namespace {
+
+// Converters have no number for these.
+std::string ConverterName(unsigned number)
+{
+    constexpr unsigned kIso8859 = 28590, kLastIso8859 = kIso8859 + 16, kMacintosh = 10000;
+    if (number == kMacintosh)
+        return "MACINTOSH";
+    if (number > kIso8859 && number <= kLastIso8859)
+        return "ISO-8859-" + std::to_string(number - kIso8859);
+    return "CP" + std::to_string(number);
+}
+
+} // namespace
+
 NamedCodePage::NamedCodePage(std::string_view name) : m_number(NumberIn(name))
 {
     // What iconv_open returns when it has no converter.
     static const iconv_t kNone = std::bit_cast<iconv_t>(std::intptr_t{-1});
-    const iconv_t converter = iconv_open("UTF-8", ("CP" + std::to_string(m_number)).c_str());
+    const iconv_t converter = iconv_open("UTF-8", ConverterName(m_number).c_str());
     if (converter != kNone)
         m_converter = converter;
 }
@@ -32,6 +47,7 @@ std::string NamedCodePage::Converted(std::string_view text) const
         return {};
     // No character of a code page takes more bytes than this in UTF-8.
     constexpr std::size_t kLongest = 4;
+    constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
     std::string out(text.size() * kLongest, '\0');
     std::string in(text);
     char* source = in.data();
@@ -39,8 +55,17 @@ std::string NamedCodePage::Converted(std::string_view text) const
     std::size_t sourceLeft = in.size();
     std::size_t targetLeft = out.size();
     iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(m_converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1))
-        return {};
+    while (iconv(m_converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1)) {
+        // A wrong byte, or the text ends amid a character.
+        if (sourceLeft == 0 || targetLeft < kReplacement.size())
+            return {};
+        kReplacement.copy(target, kReplacement.size());
+        target += kReplacement.size();
+        targetLeft -= kReplacement.size();
+        ++source;
+        --sourceLeft;
+        iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
+    }
     out.resize(out.size() - targetLeft);
     return out;
 }

@@ -17,10 +17,10 @@ bool NamedCodePage::IsKnown() const
 std::string NamedCodePage::Converted(std::string_view text) const
 {
     const int size = static_cast<int>(text.size()); // a few lines
-    const int wideSize = MultiByteToWideChar(m_number, MB_ERR_INVALID_CHARS, text.data(), size, nullptr, 0);
+    const int wideSize = MultiByteToWideChar(m_number, 0, text.data(), size, nullptr, 0);
     if (wideSize <= 0)
         return {};
     std::wstring wide(static_cast<std::size_t>(wideSize), L'\0');
-    MultiByteToWideChar(m_number, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), wideSize);
+    MultiByteToWideChar(m_number, 0, text.data(), size, wide.data(), wideSize);
     return Utf8FromWide(wide);
 }
