@@ -1,15 +1,23 @@
-// Names of symbols by which a prepared drawing says what the operations cannot.
+// Names of symbols by which a prepared drawing says what the operations cannot. The preparing library has the
+// same names.
 #pragma once
 
 #include <string_view>
 
 namespace svghost {
 
-// What begins the name of a symbol that is an area: the polygons in it are its edges. The preparing library
-// has the same name.
+// What begins the name of a symbol that is an area: the polygons in it are its edges.
 inline constexpr std::wstring_view kFillPrefix = L"PLEXORN_FILL_";
 
 // The same of an area that hides what was drawn before it.
 inline constexpr std::wstring_view kMaskPrefix = L"PLEXORN_FILL_MASK_";
+
+// What begins the name of a symbol that is a line of writing: the texts in it follow each other, from, around
+// or to the symbol's origin, as the anchor of the first one says. Or one use of such a symbol is in it.
+inline constexpr std::wstring_view kTextPrefix = L"PLEXORN_TEXT_";
+
+// What begins the name of a symbol that is a part of the drawing: where it is used once, its contents may be
+// in the place of its use.
+inline constexpr std::wstring_view kPartPrefix = L"PLEXORN_PART_";
 
 } // namespace svghost

@@ -4,6 +4,7 @@
 #include "svghost/Fills.h"
 #include "svghost/References.h"
 #include "svghost/SvgHostDocument.h"
+#include "svghost/Texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -203,6 +204,7 @@ Layout MakeLayout(SvgHostDocument& document)
     for (Symbol* symbol : order) {
         SymbolLayout(document, *symbol, layout).Run();
         symbol->isFill = IsFill(*symbol);
+        symbol->isWriting = IsWriting(*symbol);
     }
     SymbolLayout(document, document.root, layout).Run();
     FindShownScales(document.root, order, layout);

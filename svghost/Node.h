@@ -147,6 +147,7 @@ struct Symbol : Container {
     Use* lastUse = nullptr;
     // Filled by the layout.
     bool isFill = false;       // drawn as one area
+    bool isWriting = false;    // drawn as one line of writing
     std::uint32_t visited = 0; // when the search for cycles came here, from 1
     std::uint32_t lowest = 0;  // the earliest visit that can be reached from here
     std::uint32_t cycle = 0;   // symbols that reach each other have the same number, from 1

@@ -4,10 +4,12 @@
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
 #include "svghost/NumberText.h"
+#include "svghost/Texts.h"
 #include "svghost/XmlText.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace svghost {
 namespace {
@@ -45,11 +47,22 @@ float RoundedUp(double number)
     return static_cast<float>(std::min(rounded, 3e38));
 }
 
-// An area that is used once is drawn where it is used. Were each use of another one drawn so, a file could
-// grow to the product of its uses and its points.
+// A longer line of writing that is used again is written once.
+constexpr std::size_t kLongestRepeated = 1000;
+
+bool IsPart(const Symbol& symbol)
+{
+    return symbol.definition == 1 && symbol.name->name.starts_with(kPartPrefix) && !symbol.extra &&
+           symbol.strokeWidth == 0 && symbol.stroke == 0 && symbol.dashArray == 0;
+}
+
+// What is used once is drawn where it is used. Were each use of anything drawn so, a file could grow to the
+// product of its uses and its points; writing is short, and is searched and selected where it is.
 bool IsDrawnInPlace(const Symbol& symbol)
 {
-    return symbol.isFill && symbol.name->uses <= 1;
+    if (symbol.isWriting && LengthOfWriting(symbol) <= kLongestRepeated)
+        return true;
+    return (symbol.isFill || symbol.isWriting || IsPart(symbol)) && symbol.name->uses <= 1;
 }
 
 } // namespace
@@ -297,18 +310,82 @@ void SvgWriter::WriteText(const Text& text)
 void SvgWriter::WriteUse(const Use& use)
 {
     const Symbol* target = use.target->definition;
-    if (target && IsDrawnInPlace(*target)) {
-        WriteFill(*target);
-        if (TransformOf(use) != Affine())
-            SetPlace(use);
-        return SetExtras(use);
-    }
+    if (target && IsDrawnInPlace(*target))
+        return WriteInPlace(use, *target);
     m_out.Begin("use");
     m_id.clear();
     AppendSymbolId(m_id, *use.target, 1);
     m_out.SetPlain("xlink:href", "#", m_id);
     SetPlace(use);
     SetStyle(use);
+}
+
+void SvgWriter::WriteInPlace(const Use& use, const Symbol& symbol)
+{
+    if (symbol.isWriting)
+        return WriteLineOfText(use, symbol);
+    if (!symbol.isFill)
+        return WritePart(use, symbol);
+    WriteFill(symbol);
+    if (TransformOf(use) != Affine())
+        SetPlace(use);
+    SetExtras(use);
+}
+
+void SvgWriter::WritePart(const Use& use, const Symbol& part)
+{
+    m_out.Begin("g");
+    SetPlace(use);
+    SetStyle(use);
+    m_out.Open();
+    const double scale = std::exchange(m_scale, part.meanScale);
+    WriteContents(part);
+    m_scale = scale;
+    m_out.Close("g");
+}
+
+// One element, so that the words are found and selected where they are seen. Each run follows the one before
+// in the viewer's own font; all have the anchor of the first.
+void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
+{
+    m_out.Begin("text");
+    m_out.BeginValue("transform");
+    PutPlace(use);
+    const Symbol* line = &writing;
+    if (const Use* inner = InnerUse(writing)) {
+        m_out.Put(" ");
+        PutPlace(*inner);
+        line = inner->target->definition;
+    }
+    m_out.EndValue();
+    SetExtras(use);
+    const Text& first = static_cast<const Text&>(*line->first);
+    if (first.x != 0 && !first.next)
+        m_out.SetPlain("x", first.x);
+    if (first.y != 0)
+        m_out.SetPlain("y", first.y);
+    m_out.SetPlain("fill", StrokeColour(first.stroke));
+    m_out.SetPlain("stroke", "none");
+    bool keepsBlanks = false;
+    for (const Node* run = &first; run; run = run->next)
+        keepsBlanks = keepsBlanks || static_cast<const Text*>(run)->keepsBlanks;
+    if (keepsBlanks)
+        m_out.SetPlain("xml:space", "preserve");
+    SetExtras(first);
+    m_out.OpenText(first.text);
+    for (const Node* run = first.next; run; run = run->next)
+        WriteRun(static_cast<const Text&>(*run), first);
+    m_out.Close("text");
+}
+
+void SvgWriter::WriteRun(const Text& run, const Text& first)
+{
+    m_out.Begin("tspan");
+    if (run.stroke != first.stroke)
+        m_out.SetPlain("fill", StrokeColour(run.stroke));
+    if (const double size = run.Number(AttributeId::FontSize, 0); IsDrawable(size) && size != 0)
+        m_out.SetPlain("font-size", std::fabs(size));
+    m_out.SetRun(run.text);
 }
 
 // The area between the edges has their colour, or hides with the background's what was drawn before. A point
@@ -334,17 +411,22 @@ void SvgWriter::WriteFill(const Symbol& fill)
 
 void SvgWriter::SetPlace(const Use& use)
 {
+    m_out.BeginValue("transform");
+    PutPlace(use);
+    m_out.EndValue();
+}
+
+void SvgWriter::PutPlace(const Use& use)
+{
     const double rotation = use.Number(AttributeId::Rotate, 0);
     const double scaleX = use.Number(AttributeId::ScaleX, 1);
     const double scaleY = use.Number(AttributeId::ScaleY, 1);
-    m_out.BeginValue("transform");
     m_out.PutAll("translate(", use.x, ",", use.y);
     if (rotation != 0)
         m_out.PutAll(") rotate(", rotation);
     if (scaleX != 1 || scaleY != 1)
         m_out.PutAll(") scale(", scaleX, ",", scaleY);
     m_out.Put(")");
-    m_out.EndValue();
 }
 
 void SvgWriter::SetStyle(const Node& node)

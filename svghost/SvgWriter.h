@@ -39,8 +39,13 @@ private:
     void WriteShape(const Shape& shape);
     void WriteText(const Text& text);
     void WriteUse(const Use& use);
+    void WriteInPlace(const Use& use, const Symbol& symbol);
     void WriteFill(const Symbol& fill);
+    void WritePart(const Use& use, const Symbol& part);
+    void WriteLineOfText(const Use& use, const Symbol& writing);
+    void WriteRun(const Text& run, const Text& first);
     void SetPlace(const Use& use);
+    void PutPlace(const Use& use);
     void OpenGroup(const Container& group);
 
     void SetStyle(const Node& node);

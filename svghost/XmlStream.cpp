@@ -14,12 +14,23 @@ void XmlStream::Close(std::string_view name)
 
 void XmlStream::SetText(std::string_view text)
 {
+    SetRun(text);
+    Put("\n");
+}
+
+void XmlStream::OpenText(std::string_view text)
+{
     m_inTag = false;
     Put(">");
     PutEscaped(text, XmlPlace::Text);
+}
+
+void XmlStream::SetRun(std::string_view text)
+{
+    OpenText(text);
     Put("</");
     Put(m_element);
-    Put(">\n");
+    Put(">");
 }
 
 void XmlStream::Set(std::string_view name, std::string_view value)

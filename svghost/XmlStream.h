@@ -49,6 +49,12 @@ public:
     // Ends the element begun last with a text in it, escaped.
     void SetText(std::string_view text);
 
+    // Opens the element begun last for a text, escaped: elements that end with SetRun come into it until
+    // Close.
+    void OpenText(std::string_view text);
+    // Ends the element begun last, which is within a text, with a run of its text, escaped.
+    void SetRun(std::string_view text);
+
     // An attribute of the element begun last, escaped.
     void Set(std::string_view name, std::string_view value);
 

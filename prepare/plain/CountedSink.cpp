@@ -57,6 +57,12 @@ void CountedSink::Text(const Style& style, const PlainText& text)
     Count(PlainKind::Text).Text(style, text);
 }
 
+void CountedSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+{
+    m_counts[static_cast<std::size_t>(PlainKind::Text)] += runs.size();
+    m_next.LineOfText(point, runs);
+}
+
 void CountedSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
     Count(PlainKind::Area).Fill(style, rings);

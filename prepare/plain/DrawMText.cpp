@@ -198,18 +198,58 @@ private:
         const double anchor = left + (right - left) * share;
         // Alone, a part is anchored as its line is aligned; what another font's width is spreads as meant.
         if (line.parts.size() == 1 && line.parts.front().kind == Kind::Letters && line.parts.front().x == 0) {
-            DrawPart(line.parts.front(), line, anchor, base,
-                     share == 0  ? Anchor::Start
-                     : share < 1 ? Anchor::Middle
-                                 : Anchor::End);
+            const LinePart& part = line.parts.front();
+            m_drawer.Draw(StyleFor(part.look), PieceOf(part, line, anchor, base, AnchorOf(share)));
             return;
         }
         const double start = anchor - line.width * share;
-        for (const LinePart& part : line.parts)
-            if (part.kind == Kind::Letters)
-                DrawPart(part, line, start + part.x, base, Anchor::Start);
-            else
+        for (std::size_t first = 0, end = 0; first < line.parts.size(); first = end) {
+            const LinePart& part = line.parts[first];
+            end = EndOfRuns(line, first);
+            if (part.kind != Kind::Letters)
                 DrawFraction(part, line, start + part.x, base);
+            else if (first == 0 && end == line.parts.size() && part.x == 0)
+                DrawRuns(line, first, end, start, anchor, base, AnchorOf(share));
+            else
+                DrawRuns(line, first, end, start, start + part.x, base, Anchor::Start);
+        }
+    }
+
+    static Anchor AnchorOf(double share)
+    {
+        return share == 0 ? Anchor::Start : share < 1 ? Anchor::Middle : Anchor::End;
+    }
+
+    // Parts that can be written as one: from the first on, those at the same height in letters of the same
+    // proportions, without a tab or a fraction between them.
+    std::size_t EndOfRuns(const TextLine& line, std::size_t first) const
+    {
+        const auto lookOf = [&](std::size_t i) { return m_content.looks[line.parts[i].look]; };
+        const RunLook look = lookOf(first);
+        std::size_t end = first + 1;
+        while (line.parts[first].kind == Kind::Letters && end < line.parts.size() &&
+               line.parts[end].kind == Kind::Letters && !line.parts[end].isAfterTab &&
+               lookOf(end).widthFactor == look.widthFactor && lookOf(end).slant == look.slant &&
+               RaiseOf(lookOf(end), line.height) == RaiseOf(look, line.height))
+            ++end;
+        return end;
+    }
+
+    // start is that of the line, u the anchor of these parts.
+    void DrawRuns(const TextLine& line, std::size_t first, std::size_t end, double start, double u,
+                  double base, Anchor anchor)
+    {
+        std::vector<StyledPiece> pieces;
+        for (; first < end; ++first) {
+            const LinePart& part = line.parts[first];
+            const double place = start + part.x + ShareBefore(anchor) * part.width;
+            const std::size_t blanks = first + 1 < end ? line.parts[first + 1].blanks : 0;
+            pieces.push_back({StyleFor(part.look), PieceOf(part, line, place, base, anchor), blanks});
+        }
+        if (pieces.size() == 1)
+            m_drawer.Draw(pieces.front().style, pieces.front().piece);
+        else
+            m_drawer.DrawRuns(u, pieces);
     }
 
     TextPiece PieceOf(const RunLook& look, std::string_view text) const
@@ -222,7 +262,7 @@ private:
         return piece;
     }
 
-    void DrawPart(const LinePart& part, const TextLine& line, double u, double base, Anchor anchor)
+    TextPiece PieceOf(const LinePart& part, const TextLine& line, double u, double base, Anchor anchor) const
     {
         const RunLook& look = m_content.looks[part.look];
         TextPiece piece = PieceOf(look, WithPlainBlanks(part.text));
@@ -232,7 +272,7 @@ private:
         piece.anchor = anchor;
         if (look.lines != 0)
             piece.linedParts.push_back({0, part.width, look.lines});
-        m_drawer.Draw(StyleFor(part.look), piece);
+        return piece;
     }
 
     // Lines are broken: blanks that do not break are none but blanks.

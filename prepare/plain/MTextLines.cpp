@@ -158,18 +158,29 @@ private:
         const double width = WidthOfItem(item);
         const RunLook& look = m_content.looks[item.look];
         if (IsFraction(item.kind)) {
-            m_line.parts.push_back(FractionOf(item));
-            m_line.parts.back().x = m_x;
-            m_line.parts.back().width = width;
+            BeginPart(FractionOf(item), width);
         } else if (JoinsLast(look)) {
             m_line.parts.back().text += m_content.Text(item);
             m_line.parts.back().width += width;
         } else if (item.kind != Kind::Blank || look.lines != 0) {
-            m_line.parts.push_back(
-                {Kind::Letters, item.look, std::string(m_content.Text(item)), {}, m_x, width});
+            LinePart part;
+            part.look = item.look;
+            part.text = m_content.Text(item);
+            BeginPart(std::move(part), width);
+        } else {
+            ++m_loneBlanks;
         }
         m_x += width;
         m_line.height = std::max(m_line.height, look.height);
+    }
+
+    void BeginPart(LinePart&& part, double width)
+    {
+        part.x = m_x;
+        part.width = width;
+        part.blanks = std::exchange(m_loneBlanks, 0);
+        part.isAfterTab = std::exchange(m_isAfterTab, false);
+        m_line.parts.push_back(std::move(part));
     }
 
     // Whether more letters of that look go on where the last part ends.
@@ -185,6 +196,8 @@ private:
     void AddTab()
     {
         AddBlanks();
+        m_isAfterTab = true;
+        m_loneBlanks = 0;
         const double place = Indent() + m_x;
         const std::vector<double>& tabs = Paragraph().tabs;
         const auto stop = std::upper_bound(tabs.begin(), tabs.end(), place);
@@ -212,6 +225,8 @@ private:
         m_lines.push_back(std::exchange(m_line, {}));
         m_line.paragraph = paragraph;
         m_x = 0;
+        m_loneBlanks = 0;
+        m_isAfterTab = false;
     }
 
     const MTextContent& m_content;
@@ -220,6 +235,8 @@ private:
     TextLine m_line;
     double m_x = 0;                    // where the next item begins, from the line's start
     std::vector<std::size_t> m_blanks; // that are in the line if a word follows
+    std::size_t m_loneBlanks = 0;      // after the last part
+    bool m_isAfterTab = false;
 };
 
 } // namespace

@@ -18,6 +18,8 @@ struct LinePart {
     std::string below;
     double x = 0; // from the line's start
     double width = 0;
+    std::size_t blanks = 0;  // before it that are in no part
+    bool isAfterTab = false; // what is before it ends anywhere
 };
 
 struct TextLine {

@@ -2,6 +2,12 @@
 
 namespace prepare {
 
+void PlainSink::LineOfText(Point2, std::span<const PlainRun> runs)
+{
+    for (const PlainRun& run : runs)
+        Text(run.style, run.text);
+}
+
 void PlainSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
     std::vector<PlainVertex> outline;

@@ -49,6 +49,13 @@ struct PlainText {
     NameId style = kNoName;
 };
 
+// A text that the next one follows on its line.
+struct PlainRun {
+    Style style;
+    PlainText text;
+    std::size_t blanks = 0; // between it and the next one
+};
+
 // Takes plain entities in the order in which they are drawn. References are good during the call.
 class PlainSink {
 public:
@@ -63,6 +70,10 @@ public:
                          double end) = 0;
     virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     virtual void Text(const Style& style, const PlainText& text) = 0;
+    // A line of writing: texts on one base line, in letters of the same proportions, each at its own place.
+    // From, around or to point the whole is anchored as each of them is. A sink that knows no runs takes
+    // texts.
+    virtual void LineOfText(Point2 point, std::span<const PlainRun> runs);
     // The area within rings by the even-odd rule; each ring is closed and has three points or more. A sink
     // that has no fills draws the outlines.
     virtual void Fill(const Style& style, std::span<const std::vector<Point2>> rings);

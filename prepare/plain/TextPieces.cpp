@@ -3,7 +3,9 @@
 #include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace prepare {
 
@@ -25,16 +27,39 @@ bool IsFinite(Point2 p)
 
 void TextDrawer::Draw(const Style& style, const TextPiece& piece)
 {
-    DrawLetters(style, piece);
+    if (const std::optional<PlainText> text = LettersOf(piece))
+        m_placement.sink.Text(style, *text);
     DrawLinedParts(style, piece);
 }
 
+void TextDrawer::DrawRuns(double u, std::span<const StyledPiece> pieces)
+{
+    std::vector<PlainRun> runs;
+    std::size_t blanks = 0; // after the last run
+    for (const auto& [style, piece, blanksAfter] : pieces) {
+        const std::size_t before = std::min(piece.text.find_first_not_of(' '), piece.text.size());
+        if (!runs.empty())
+            runs.back().blanks = blanks + before;
+        if (std::optional<PlainText> text = LettersOf(piece)) {
+            blanks = piece.text.size() - before - text->text.size();
+            runs.push_back({style, std::move(*text)});
+        } else {
+            blanks += before;
+        }
+        blanks += blanksAfter;
+    }
+    if (!runs.empty())
+        m_placement.sink.LineOfText(m_frame.At(u, pieces.front().piece.v), runs);
+    for (const StyledPiece& run : pieces)
+        DrawLinedParts(run.style, run.piece);
+}
+
 // Blanks at the ends would be lost in a picture, and move what is centred: the point makes up for them.
-void TextDrawer::DrawLetters(const Style& style, const TextPiece& piece)
+std::optional<PlainText> TextDrawer::LettersOf(const TextPiece& piece)
 {
     const std::size_t first = piece.text.find_first_not_of(' ');
     if (first == std::string::npos)
-        return;
+        return std::nullopt;
     const std::size_t last = piece.text.find_last_not_of(' ');
     const double blank = CharacterWidth(U' ') * piece.height * piece.widthFactor;
     const double before = blank * static_cast<double>(first);
@@ -53,7 +78,8 @@ void TextDrawer::DrawLetters(const Style& style, const TextPiece& piece)
     else if (!(std::fabs(Cross(text.along, text.up)) > 0))
         LeaveOut("seen edge-on");
     else
-        m_placement.sink.Text(style, text);
+        return text;
+    return std::nullopt;
 }
 
 void TextDrawer::DrawLinedParts(const Style& style, const TextPiece& piece)

@@ -4,7 +4,10 @@
 #include "prepare/plain/Placement.h"
 #include "prepare/plain/Plain.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +44,13 @@ struct TextPiece {
     std::vector<LinedPart> linedParts;
 };
 
+// A piece in a style of its own that the next one follows on the line.
+struct StyledPiece {
+    Style style;
+    TextPiece piece;
+    std::size_t blanks = 0; // between it and the next one
+};
+
 // How far before the anchor a line of that width begins, in widths.
 constexpr double ShareBefore(Anchor anchor)
 {
@@ -61,11 +71,15 @@ public:
     // finite is left out and reported.
     void Draw(const Style& style, const TextPiece& piece);
 
+    // Pieces on one base line and of one width factor and slant, each at its own place; u is that of the
+    // whole line's anchor.
+    void DrawRuns(double u, std::span<const StyledPiece> pieces);
+
     // A line that belongs to the text, from and to its own coordinates.
     void DrawLine(const Style& style, Point2 start, Point2 end);
 
 private:
-    void DrawLetters(const Style& style, const TextPiece& piece);
+    std::optional<PlainText> LettersOf(const TextPiece& piece);
     void DrawLinedParts(const Style& style, const TextPiece& piece);
     void LeaveOut(std::string_view reason);
 

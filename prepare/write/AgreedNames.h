@@ -1,4 +1,4 @@
-// Names of blocks that say to a host what the module cannot.
+// Names of blocks that say to a host what the module cannot. The reference host has the same names.
 #pragma once
 
 #include <string_view>
@@ -6,10 +6,19 @@
 namespace prepare {
 
 // What begins the name of a block that is an area: in it are nothing but closed polylines, the area's edges,
-// all in its colour. The reference host has the same name.
+// all in its colour.
 inline constexpr std::string_view kFillPrefix = "PLEXORN_FILL_";
 
 // The same of an area that hides what was drawn before it: in the background's colour.
 inline constexpr std::string_view kMaskPrefix = "PLEXORN_FILL_MASK_";
+
+// What begins the name of a block that is a line of writing: in it are texts that follow each other on one
+// base line, from, around or to the block's origin, as they are aligned; each is at its own place, too. Or
+// one insert of such a block is in it.
+inline constexpr std::string_view kTextPrefix = "PLEXORN_TEXT_";
+
+// What begins the name of a block that is a part of the drawing. Where it is inserted once, a host may draw
+// its contents there.
+inline constexpr std::string_view kPartPrefix = "PLEXORN_PART_";
 
 } // namespace prepare

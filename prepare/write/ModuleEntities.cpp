@@ -19,7 +19,7 @@ constexpr double kLargestRadius = 1e10;
 
 std::string AreaName(std::string_view prefix, std::size_t number)
 {
-    return std::string(prefix) + std::to_string(number);
+    return Numbered(prefix, number);
 }
 
 } // namespace
@@ -279,6 +279,25 @@ ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& 
     return {ValueForModule(text.text, isCut), RoundedTo(factor * place.size, decimals), text.anchor, style};
 }
 
+ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
+                        int decimals, bool& isCut)
+{
+    const LoggedText& first = runs.front().text;
+    const double capitals = factor * place.size / kFontSizeOfCapitals;
+    ModuleLine line;
+    for (const LoggedRun& run : runs) {
+        TextPlace own = place;
+        own.size = place.size * Length(run.text.along) / Length(first.along);
+        bool isRunCut = false;
+        ModuleText text = ModuleTextOf(run.style, run.text, own, factor, decimals, isRunCut);
+        isCut = isCut || isRunCut;
+        text.value.append(std::min(run.blanks, kLongestValue - text.value.size()), ' ');
+        const double along = Cross(run.text.point - point, first.up) / Cross(first.along, first.up);
+        line.push_back({std::move(text), RoundedTo(along * capitals, decimals)});
+    }
+    return line;
+}
+
 void ModuleEntities::Text(StyleId style, const LoggedText& text)
 {
     const TextPlace place = TextPlaceForModule(text.along, text.up);
@@ -288,9 +307,24 @@ void ModuleEntities::Text(StyleId style, const LoggedText& text)
         m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
     if (place.isUpright)
         return WriteModuleText(m_out.pairs, m_out.styles, written, Local(text.point), m_out.decimals);
+    InsertText(m_out.texts.NameOf({{written}}, place.innerRotation), text.point, place);
+}
+
+void ModuleEntities::LineOfText(Point2 point, std::span<const LoggedRun> runs)
+{
+    const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
+    bool isCut = false;
+    const ModuleLine line = ModuleLineOf(point, runs, place, m_out.factor, m_out.decimals, isCut);
+    if (isCut)
+        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+    InsertText(m_out.texts.NameOf(line, place.innerRotation), point, place);
+}
+
+void ModuleEntities::InsertText(const std::string& block, Point2 point, const TextPlace& place)
+{
     m_out.pairs.Text(0, "INSERT");
-    m_out.pairs.Text(2, m_out.texts.NameOf(written, place.innerRotation));
-    Point(10, Local(text.point));
+    m_out.pairs.Text(2, block);
+    Point(10, Local(point));
     constexpr int kScaleDecimals = 6;
     if (const double scale = RoundedTo(place.scaleX, kScaleDecimals); scale != 1)
         m_out.pairs.Fixed(41, scale, kScaleDecimals);

@@ -42,6 +42,10 @@ struct ModuleOutput {
 ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
                         int decimals, bool& isCut);
 
+// A line of them, whose place is that of its first text.
+ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
+                        int decimals, bool& isCut);
+
 class ModuleEntities final : public LogVisitor {
 public:
     // origin: the point of the drawing that is written as (0, 0).
@@ -57,6 +61,7 @@ public:
     void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Mask(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Text(StyleId style, const LoggedText& text) override;
+    void LineOfText(Point2 point, std::span<const LoggedRun> runs) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     // Writes the block of an area. All areas have theirs written in the order in which they are inserted,
@@ -67,6 +72,8 @@ private:
     Point2 Local(Point2 p) const { return m_out.factor * (p - m_origin); }
     Point2 Rounded(Point2 p) const;
     int DecimalsOfAngle(double radius, double unit) const;
+
+    void InsertText(const std::string& block, Point2 point, const TextPlace& place);
 
     // From here on, all numbers are in written units.
     void Begin(const char* type, StyleId style);

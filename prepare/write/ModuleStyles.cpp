@@ -60,7 +60,7 @@ std::string ModuleStyles::LineTypeOf(const Style& style, double width)
         return {};
     const auto [place, isNew] = m_names.try_emplace(std::move(pattern));
     if (isNew) {
-        place->second = Numbered('D', m_names.size());
+        place->second = Numbered("D", m_names.size());
         m_patterns.push_back(&place->first);
     }
     return place->second;

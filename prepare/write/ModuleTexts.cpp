@@ -1,5 +1,7 @@
 #include "prepare/write/ModuleTexts.h"
 
+#include "prepare/write/AgreedNames.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -14,12 +16,7 @@ std::int64_t MillionthsOf(double radians)
 
 std::string NameOfText(std::size_t number)
 {
-    return Numbered('T', number);
-}
-
-std::string NameOfTurned(std::size_t number)
-{
-    return Numbered('S', number);
+    return Numbered(kTextPrefix, number);
 }
 
 } // namespace
@@ -43,34 +40,36 @@ void WriteModuleText(PairWriter& pairs, const ModuleStyles& styles, const Module
         pairs.Integer(72, text.anchor == Anchor::Middle ? 1 : 2);
 }
 
-void ModuleTexts::Add(const ModuleText& text, double innerRotation)
+void ModuleTexts::Add(const ModuleLine& line, double innerRotation)
 {
-    const auto [place, isNew] = m_numbers.try_emplace(text, m_texts.size() + 1);
+    const auto [place, isNew] = m_numbers.try_emplace(line, m_lines.size() + 1);
     if (isNew)
-        m_texts.push_back(&place->first);
+        m_lines.push_back(&place->first);
     if (innerRotation != 0)
         m_turned.try_emplace({place->second, MillionthsOf(innerRotation)}, m_turned.size() + 1);
 }
 
-std::string ModuleTexts::NameOf(const ModuleText& text, double innerRotation) const
+// Those that are turned are numbered after the lines.
+std::string ModuleTexts::NameOf(const ModuleLine& line, double innerRotation) const
 {
-    const std::size_t number = m_numbers.at(text);
+    const std::size_t number = m_numbers.at(line);
     if (innerRotation == 0)
         return NameOfText(number);
-    return NameOfTurned(m_turned.at({number, MillionthsOf(innerRotation)}));
+    return NameOfText(m_lines.size() + m_turned.at({number, MillionthsOf(innerRotation)}));
 }
 
 void ModuleTexts::WriteBlocks(PairWriter& pairs, const ModuleStyles& styles, int decimals) const
 {
-    for (std::size_t i = 0; i < m_texts.size(); ++i) {
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
         pairs.Text(0, "BLOCK");
         pairs.Text(2, NameOfText(i + 1));
-        WriteModuleText(pairs, styles, *m_texts[i], {}, decimals);
+        for (const ModuleRun& run : *m_lines[i])
+            WriteModuleText(pairs, styles, run.text, {run.x, 0}, decimals);
         pairs.Text(0, "ENDBLK");
     }
     for (const auto& [turned, number] : m_turned) {
         pairs.Text(0, "BLOCK");
-        pairs.Text(2, NameOfTurned(number));
+        pairs.Text(2, NameOfText(m_lines.size() + number));
         pairs.Text(0, "INSERT");
         pairs.Text(2, NameOfText(turned.first));
         pairs.Fixed(50, static_cast<double>(turned.second) * 1e-6, kRotationDecimals);

@@ -23,26 +23,36 @@ struct ModuleText {
     friend auto operator<=>(const ModuleText&, const ModuleText&) = default;
 };
 
+// A text of a line, and where its anchor is, from the line's.
+struct ModuleRun {
+    ModuleText text;
+    double x = 0;
+
+    friend auto operator<=>(const ModuleRun&, const ModuleRun&) = default;
+};
+
+using ModuleLine = std::vector<ModuleRun>;
+
 // point is on the base line.
 void WriteModuleText(PairWriter& pairs, const ModuleStyles& styles, const ModuleText& text, Point2 point,
                      int decimals);
 
-// The blocks that have one text at their origin, and those that have one of these, turned. Equal texts share
-// a block.
+// The blocks that have a line of texts at their origin, and those that have one of these, turned. Equal lines
+// share a block.
 class ModuleTexts {
 public:
-    // Both take a text that is not upright: with letters that are not slanted, the turn is 0.
-    void Add(const ModuleText& text, double innerRotation);
-    std::string NameOf(const ModuleText& text, double innerRotation) const;
+    // Both take a line that needs a block: with letters that are not slanted, the turn is 0.
+    void Add(const ModuleLine& line, double innerRotation);
+    std::string NameOf(const ModuleLine& line, double innerRotation) const;
 
-    bool IsEmpty() const { return m_texts.empty(); }
+    bool IsEmpty() const { return m_lines.empty(); }
     void WriteBlocks(PairWriter& pairs, const ModuleStyles& styles, int decimals) const;
 
 private:
-    using Turned = std::pair<std::size_t, std::int64_t>; // a text's number, and millionths of a degree
+    using Turned = std::pair<std::size_t, std::int64_t>; // a line's number, and millionths of a degree
 
-    std::map<ModuleText, std::size_t> m_numbers;
-    std::vector<const ModuleText*> m_texts; // the keys of m_numbers
+    std::map<ModuleLine, std::size_t> m_numbers;
+    std::vector<const ModuleLine*> m_lines; // the keys of m_numbers
     std::map<Turned, std::size_t> m_turned;
 };
 

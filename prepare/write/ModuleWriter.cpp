@@ -1,6 +1,7 @@
 #include "prepare/write/ModuleWriter.h"
 
 #include "base/Numbers.h"
+#include "prepare/write/AgreedNames.h"
 #include "prepare/write/ModuleFills.h"
 #include "prepare/write/Wrap.h"
 
@@ -31,7 +32,14 @@ public:
         const TextPlace place = TextPlaceForModule(text.along, text.up);
         bool isCut = false;
         if (!place.isUpright)
-            m_texts.Add(ModuleTextOf(style, text, place, m_factor, m_decimals, isCut), place.innerRotation);
+            m_texts.Add({{ModuleTextOf(style, text, place, m_factor, m_decimals, isCut)}},
+                        place.innerRotation);
+    }
+    void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
+    {
+        const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
+        bool isCut = false;
+        m_texts.Add(ModuleLineOf(point, runs, place, m_factor, m_decimals, isCut), place.innerRotation);
     }
     void Insert(std::size_t block, Point2, double, bool) override
     {
@@ -102,6 +110,11 @@ std::size_t WrapsFor(const Wrap& wrap)
                                     : static_cast<std::size_t>((wrap.power + kLeastPower + 1) / kLeastPower);
 }
 
+std::string NameOfWrap(std::size_t number)
+{
+    return Numbered(std::string(kPartPrefix) + 'W', number);
+}
+
 void WriteScaled(PairWriter& pairs, const std::string& block, int power)
 {
     pairs.Text(0, "INSERT");
@@ -114,7 +127,7 @@ void WriteScaled(PairWriter& pairs, const std::string& block, int power)
 void WriteWrap(PairWriter& pairs, const Wrap& wrap)
 {
     const std::size_t wraps = WrapsFor(wrap);
-    WriteScaled(pairs, Numbered('W', wraps), wrap.power - static_cast<int>(wraps - 1) * kLeastPower);
+    WriteScaled(pairs, NameOfWrap(wraps), wrap.power - static_cast<int>(wraps - 1) * kLeastPower);
     // As texts that give the same floats back.
     for (const auto& [code, value] : {std::pair(10, wrap.origin.x), std::pair(20, wrap.origin.y)}) {
         char number[kLongestShortest];
@@ -158,7 +171,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     std::size_t number = 0;
     for (const std::size_t block : collector.Used())
         if (!m_blocks[block].log.IsEmpty())
-            blocks[block] = {Numbered('P', ++number), OriginOf(m_blocks[block].log.Reach())};
+            blocks[block] = {Numbered(kPartPrefix, ++number), OriginOf(m_blocks[block].log.Reach())};
 
     PairWriter pairs(write);
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
@@ -191,11 +204,11 @@ bool ModuleWriter::Finish(const ByteFunction& write)
         texts.WriteBlocks(pairs, styles, decimals);
         for (std::size_t i = 1; i <= WrapsFor(wrap); ++i) {
             pairs.Text(0, "BLOCK");
-            pairs.Text(2, Numbered('W', i));
+            pairs.Text(2, NameOfWrap(i));
             if (i == 1)
                 m_model.Replay(model);
             else
-                WriteScaled(pairs, Numbered('W', i - 1), kLeastPower);
+                WriteScaled(pairs, NameOfWrap(i - 1), kLeastPower);
             pairs.Text(0, "ENDBLK");
         }
         pairs.Text(0, "ENDSEC");

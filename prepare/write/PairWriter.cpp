@@ -20,9 +20,9 @@ constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
 
 } // namespace
 
-std::string Numbered(char letter, std::size_t number)
+std::string Numbered(std::string_view prefix, std::size_t number)
 {
-    std::string name(1, letter);
+    std::string name(prefix);
     name += std::to_string(number);
     return name;
 }

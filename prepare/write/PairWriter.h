@@ -48,8 +48,8 @@ private:
 void AppendReal(std::string& text, double value, int digits);
 void AppendFixed(std::string& text, double value, int decimals);
 
-// A made-up name: the letter and the number.
-std::string Numbered(char letter, std::size_t number);
+// A made-up name: the prefix and the number.
+std::string Numbered(std::string_view prefix, std::size_t number);
 
 // 10 to that power, as exactly as a double can say it; powers of -300 to 300.
 double PowerOfTen(int power);

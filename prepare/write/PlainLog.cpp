@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kFirstChunk = 256;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
-enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kMask, kText, kInsert };
+enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kMask, kText, kLineOfText, kInsert };
 
 template <class... Numbers>
 bool AreFinite(Numbers... numbers)
@@ -99,12 +99,29 @@ struct TextHead {
     Anchor anchor;
 };
 
+LoggedText TakeText(Reader& reader)
+{
+    const auto head = reader.Take<TextHead>();
+    const char* const text = reader.Skip(head.size);
+    return {{text, head.size}, head.point, head.along, head.up, head.anchor, head.style};
+}
+
 void ReplayText(Reader& reader, LogVisitor& visitor)
 {
     const auto style = reader.Take<StyleId>();
-    const auto head = reader.Take<TextHead>();
-    const char* const text = reader.Skip(head.size);
-    visitor.Text(style, {{text, head.size}, head.point, head.along, head.up, head.anchor, head.style});
+    visitor.Text(style, TakeText(reader));
+}
+
+void ReplayLineOfText(Reader& reader, LogVisitor& visitor)
+{
+    const auto point = reader.Take<Point2>();
+    std::vector<LoggedRun> runs(reader.Take<std::uint64_t>());
+    for (LoggedRun& run : runs) {
+        run.blanks = reader.Take<std::uint64_t>();
+        run.style = reader.Take<StyleId>();
+        run.text = TakeText(reader);
+    }
+    visitor.LineOfText(point, runs);
 }
 
 struct InsertRecord {
@@ -131,6 +148,8 @@ void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& ve
         return ReplayArea(reader, visitor, kind);
     if (kind == kText)
         return ReplayText(reader, visitor);
+    if (kind == kLineOfText)
+        return ReplayLineOfText(reader, visitor);
     if (kind == kInsert) {
         const auto insert = reader.Take<InsertRecord>();
         return visitor.Insert(insert.block, insert.point, insert.rotation, insert.isMirrored);
@@ -149,7 +168,35 @@ void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& ve
         visitor.Ellipse(style, round.centre, round.majorAxis, round.ratio, round.start, round.end);
 }
 
+bool IsDrawn(const PlainText& text)
+{
+    return IsFinite(text.point) && IsFinite(text.along) && IsFinite(text.up) &&
+           Cross(text.along, text.up) != 0;
+}
+
+// Whether the texts can be drawn as one: all to be seen, and none of them lost beside another one.
+bool AreAlike(std::span<const PlainRun> runs)
+{
+    constexpr double kMost = 1000;
+    const double first = runs.empty() ? 0 : Length(runs.front().text.along);
+    return std::all_of(runs.begin(), runs.end(), [&](const PlainRun& run) {
+        const double size = Length(run.text.along);
+        return IsDrawn(run.text) && size <= kMost * first && first <= kMost * size;
+    });
+}
+
+std::size_t SizeOf(const PlainText& text)
+{
+    return sizeof(StyleId) + sizeof(TextHead) + text.text.size();
+}
+
 } // namespace
+
+void LogVisitor::LineOfText(Point2, std::span<const LoggedRun> runs)
+{
+    for (const LoggedRun& run : runs)
+        Text(run.style, run.text);
+}
 
 char* PlainLog::Room(std::size_t size)
 {
@@ -291,18 +338,44 @@ void PlainLog::AddArea(char kind, const Style& style, std::span<const std::vecto
 
 void PlainLog::Text(const Style& style, const PlainText& text)
 {
-    if (!IsFinite(text.point) || !IsFinite(text.along) || !IsFinite(text.up) ||
-        Cross(text.along, text.up) == 0)
+    if (!IsDrawn(text))
         return;
+    char* place = Room(1 + SizeOf(text));
+    *place++ = kText;
+    PutText(place, style, text);
+}
+
+char* PlainLog::PutText(char* place, const Style& style, const PlainText& text)
+{
     const StyleId id = m_styles.Of(style);
     const TextHead head{text.point, text.along, text.up, text.text.size(), text.style, text.anchor};
-    char* place = Room(1 + sizeof(id) + sizeof(head) + text.text.size());
-    *place++ = kText;
     std::memcpy(place, &id, sizeof(id));
     std::memcpy(place + sizeof(id), &head, sizeof(head));
     std::memcpy(place + sizeof(id) + sizeof(head), text.text.data(), text.text.size());
     m_reach.Add(text.point);
     m_reach.Add(text.point + text.up);
+    return place + SizeOf(text);
+}
+
+void PlainLog::LineOfText(Point2 point, std::span<const PlainRun> runs)
+{
+    if (!IsFinite(point) || !AreAlike(runs))
+        return PlainSink::LineOfText(point, runs);
+    std::uint64_t size = 1 + sizeof(point) + sizeof(size);
+    for (const PlainRun& run : runs)
+        size += sizeof(size) + SizeOf(run.text);
+    char* place = Room(size);
+    const auto put = [&](const auto& value) {
+        std::memcpy(place, &value, sizeof(value));
+        place += sizeof(value);
+    };
+    put(kLineOfText);
+    put(point);
+    put(std::uint64_t{runs.size()});
+    for (const PlainRun& run : runs) {
+        put(std::uint64_t{run.blanks});
+        place = PutText(place, run.style, run.text);
+    }
 }
 
 void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)

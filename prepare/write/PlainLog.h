@@ -20,8 +20,15 @@ struct LoggedText {
     Point2 point;
     Point2 along;
     Point2 up;
-    Anchor anchor;
-    NameId style;
+    Anchor anchor = Anchor::Start;
+    NameId style = kNoName;
+};
+
+// What PlainRun is.
+struct LoggedRun {
+    StyleId style = 0;
+    LoggedText text;
+    std::size_t blanks = 0;
 };
 
 // Takes what a log kept, in the order in which it came. References are good during the call.
@@ -38,6 +45,8 @@ public:
     // Left out by those that cannot hide what was drawn before.
     virtual void Mask(StyleId, std::span<const std::vector<Point2>>) {}
     virtual void Text(StyleId style, const LoggedText& text) = 0;
+    // One that knows no runs takes texts.
+    virtual void LineOfText(Point2 point, std::span<const LoggedRun> runs);
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 
 protected:
@@ -59,6 +68,7 @@ public:
     void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
     void Mask(std::span<const std::vector<Point2>> rings) override;
     void Text(const Style& style, const PlainText& text) override;
+    void LineOfText(Point2 point, std::span<const PlainRun> runs) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     // What comes from now on has that place in the order in which it is replayed. Without places, and of
@@ -91,6 +101,7 @@ private:
     template <class... Values>
     void Add(char kind, const Values&... values);
     void AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings);
+    char* PutText(char* place, const Style& style, const PlainText& text);
     void AddRound(Point2 centre, double radius);
 
     StyleTable& m_styles;

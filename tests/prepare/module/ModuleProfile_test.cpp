@@ -199,15 +199,15 @@ TEST_F(ModuleProfile, OtherTextsAreInBlocksAndEqualOnesShareThem63)
     Model().Text(red, {"up", {1, 2}, {0, 2}, {-2, 0}, Anchor::Start, kNoName});
     Model().Text(red, {"up", {3, 4}, {-4, 0}, {0, 2}, Anchor::Start, kNoName});
     EXPECT_EQ(Calls(), R"calls(qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateSymbol(ctx, "T1") = n1
+qlmCreateSymbol(ctx, "PLEXORN_TEXT_1") = n1
 qlmSetCurrentSvgNode(ctx, n1)
 qlmCreateText(ctx, "", 0, 0, 0, 0, "up", 0, 0) = n2
 qlmSetAttributeByNode(ctx, n2, "font-size", "2.78")
 qlmSetAttributeByNode(ctx, n2, "stroke", "RGB(255,0,0)")
 qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateUse(ctx, "", 0, 0, "T1", "hmi", 1, -2) = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_1", "hmi", 1, -2) = n3
 qlmSetAttributeByNode(ctx, n3, "rotate", "-90.000000")
-qlmCreateUse(ctx, "", 0, 0, "T1", "hmi", 3, -4) = n4
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_1", "hmi", 3, -4) = n4
 qlmSetAttributeByNode(ctx, n4, "rotate", "-180.000000")
 qlmSetAttributeByNode(ctx, n4, "scale-x", "2.000000")
 qlmSetAttributeByNode(ctx, n4, "scale-y", "-1.000000")
@@ -218,18 +218,64 @@ TEST_F(ModuleProfile, SlantedTextIsTurnedScaledAndTurned63)
 {
     Model().Text(red, {"lean", {1, 2}, {2, 0}, {1, 2}, Anchor::Start, kNoName});
     // Half the angle of the shear, and the golden ratio: the axes of a shear by one half.
-    EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "T1") = n1
+    EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "PLEXORN_TEXT_1") = n1
 qlmCreateText(ctx, "", 0, 0, 0, 0, "lean", 0, 0) = n2
 qlmSetAttributeByNode(ctx, n2, "font-size", "2.78")
 qlmSetAttributeByNode(ctx, n2, "stroke", "RGB(255,0,0)")
-qlmCreateSymbol(ctx, "S1") = n3
-qlmCreateUse(ctx, "", 0, 0, "T1", "hmi", 0, -0) = n4
+qlmCreateSymbol(ctx, "PLEXORN_TEXT_2") = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_1", "hmi", 0, -0) = n4
 qlmSetAttributeByNode(ctx, n4, "rotate", "-307.981873")
-qlmCreateUse(ctx, "", 0, 0, "S1", "hmi", 1, -2) = n5
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_2", "hmi", 1, -2) = n5
 qlmSetAttributeByNode(ctx, n5, "rotate", "-37.981876")
 qlmSetAttributeByNode(ctx, n5, "scale-x", "1.280776")
 qlmSetAttributeByNode(ctx, n5, "scale-y", "0.780776")
 )calls");
+}
+
+TEST_F(ModuleProfile, RunsOfALineAreInABlockInTheirOrder)
+{
+    const Style blue = StyleOf(5);
+    const std::vector<PlainRun> runs = {
+        {red, {"one", {10, 2}, {2, 0}, {0, 2}, Anchor::Middle, kNoName}, 2},
+        {blue, {"two", {16, 2}, {4, 0}, {0, 4}, Anchor::Middle, kNoName}, 0},
+    };
+    Model().LineOfText({12, 2}, runs);
+    Model().LineOfText({12, 2}, runs);
+    EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "PLEXORN_TEXT_1") = n1
+qlmCreateText(ctx, "", -2, 0, 0, 0, "one  ", 0, 0) = n2
+qlmSetAttributeByNode(ctx, n2, "font-size", "2.78")
+qlmSetAttributeByNode(ctx, n2, "stroke", "RGB(255,0,0)")
+qlmSetAttributeByNode(ctx, n2, "text-anchor", "middle")
+qlmCreateText(ctx, "", 4, 0, 0, 0, "two", 0, 0) = n3
+qlmSetAttributeByNode(ctx, n3, "font-size", "5.56")
+qlmSetAttributeByNode(ctx, n3, "stroke", "RGB(0,0,255)")
+qlmSetAttributeByNode(ctx, n3, "text-anchor", "middle")
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_1", "hmi", 12, -2) = n4
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_1", "hmi", 12, -2) = n5
+)calls");
+}
+
+TEST_F(ModuleProfile, RunsOfATurnedLineAreTurnedTogether)
+{
+    const std::vector<PlainRun> runs = {
+        {red, {"one", {1, 2}, {0, 2}, {-1, 0}, Anchor::Start, kNoName}, 0},
+        {red, {"two", {1, 8}, {0, 4}, {-2, 0}, Anchor::Start, kNoName}, 0},
+    };
+    Model().LineOfText({1, 2}, runs);
+    // The block is in heights of the letters, 1, and the use is twice as wide.
+    const std::string calls = Created();
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", 3, 0, 0, 0, \"two\""), std::string::npos) << calls;
+    EXPECT_NE(Calls().find("\"rotate\", \"-90.000000\""), std::string::npos);
+    EXPECT_NE(Calls().find("\"scale-x\", \"2.000000\""), std::string::npos);
+}
+
+TEST_F(ModuleProfile, RunsThatCannotBeSeenTogetherAreTexts)
+{
+    Model().LineOfText({0, 0}, std::vector<PlainRun>{
+                                   {red, {"one", {0, 0}, {2, 0}, {0, 2}, Anchor::Start, kNoName}, 0},
+                                   {red, {"two", {6, 0}, {2e-4, 0}, {0, 2e-4}, Anchor::Start, kNoName}, 0},
+                               });
+    EXPECT_EQ(Calls().find("qlmCreateSymbol"), std::string::npos);
 }
 
 TEST_F(ModuleProfile, LongTextsAreCutAndReported5)
@@ -254,17 +300,17 @@ TEST_F(ModuleProfile, InsertsAreMirroredTurnedAndMoved)
     written.Writer().Block(inner).Line(red, {0, 0}, {2, 0});
     EXPECT_EQ(Without("qlmSetAttributeByNode(ctx, n4", Without("qlmSetAttributeByNode(ctx, n2", Calls())),
               R"calls(qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateSymbol(ctx, "P2") = n1
+qlmCreateSymbol(ctx, "PLEXORN_PART_2") = n1
 qlmSetCurrentSvgNode(ctx, n1)
 qlmCreateLine(ctx, "", 0, -0, 2, -0, 0, 0) = n2
 qlmSetCurrentSvgNode(ctx, 0)
 qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateSymbol(ctx, "P1") = n3
+qlmCreateSymbol(ctx, "PLEXORN_PART_1") = n3
 qlmSetCurrentSvgNode(ctx, n3)
 qlmCreateLine(ctx, "", 0, -0, 1, -1, 0, 0) = n4
-qlmCreateUse(ctx, "", 0, 0, "P2", "hmi", 1, -1) = n5
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_2", "hmi", 1, -1) = n5
 qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateUse(ctx, "", 0, 0, "P1", "hmi", 3, -4) = n6
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_1", "hmi", 3, -4) = n6
 qlmSetAttributeByNode(ctx, n6, "rotate", "-30.000000")
 qlmSetAttributeByNode(ctx, n6, "scale-y", "-1.000000")
 )calls");
@@ -276,10 +322,10 @@ TEST_F(ModuleProfile, BlocksFarFromTheirOriginGetOneOfTheirOwn45)
     written.Writer().Block(block).Line(red, {1'000'000, 2'000'000}, {1'000'010, 2'000'004.5});
     Model().Insert(block, {-1'000'000, -2'000'000}, 0, false);
     Model().Insert(block, {-2'000'000, 1'000'000}, -kPi / 2, false);
-    EXPECT_EQ(Created(), R"calls(qlmCreateSymbol(ctx, "P1") = n1
+    EXPECT_EQ(Created(), R"calls(qlmCreateSymbol(ctx, "PLEXORN_PART_1") = n1
 qlmCreateLine(ctx, "", 0, -0, 10, -4.5, 0, 0) = n2
-qlmCreateUse(ctx, "", 0, 0, "P1", "hmi", 0, -0) = n3
-qlmCreateUse(ctx, "", 0, 0, "P1", "hmi", 0, -0) = n4
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_1", "hmi", 0, -0) = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_1", "hmi", 0, -0) = n4
 )calls");
 }
 
@@ -292,14 +338,14 @@ TEST_F(ModuleProfile, DrawingsFarFromTheOriginAreWrapped45)
     written.settings.thinnestWeight = 0;
     Model().Line(StyleOf(1, 1), {2'500'000, 5'600'000}, {2'500'020, 5'600'010.001});
     EXPECT_EQ(Calls(), R"calls(qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateSymbol(ctx, "W1") = n1
+qlmCreateSymbol(ctx, "PLEXORN_PART_W1") = n1
 qlmSetCurrentSvgNode(ctx, n1)
 qlmCreateLine(ctx, "", -10000, 5000, 10000, -5001, 0, 0) = n2
 qlmSetAttributeByNode(ctx, n2, "stroke-width", "10.000000")
 qlmSetAttributeByNode(ctx, n2, "stroke", "RGB(255,0,0)")
 qlmSetAttributeByNode(ctx, n2, "stroke-dasharray", "")
 qlmSetCurrentSvgNode(ctx, 0)
-qlmCreateUse(ctx, "", 0, 0, "W1", "hmi", 2500010, -5600005) = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_W1", "hmi", 2500010, -5600005) = n3
 qlmSetAttributeByNode(ctx, n3, "scale-x", "0.001000")
 qlmSetAttributeByNode(ctx, n3, "scale-y", "0.001000")
 )calls");
@@ -319,7 +365,7 @@ TEST_F(ModuleProfile, DrawingsFarFromTheOriginAreAsSharpAsThere)
     const std::string calls = Calls();
     EXPECT_NE(calls.find("qlmCreateLine(ctx, \"\", -9875, 9497, 10014, -501, 0, 0)"), std::string::npos)
         << calls;
-    EXPECT_NE(calls.find("\"W1\", \"hmi\", 2500010, -5600009.5)"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("\"PLEXORN_PART_W1\", \"hmi\", 2500010, -5600009.5)"), std::string::npos) << calls;
 }
 
 TEST_F(ModuleProfile, TinyDrawingsAreWrappedTwice67)
@@ -330,16 +376,16 @@ TEST_F(ModuleProfile, TinyDrawingsAreWrappedTwice67)
     written.settings.thinnest = 1e-9;
     written.settings.thinnestWeight = 0;
     Model().Line(StyleOf(1, 0), {-1e-6, 0}, {1e-6, 0});
-    EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "W1") = n1
+    EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "PLEXORN_PART_W1") = n1
 qlmCreateLine(ctx, "", -10000, -0, 10000, -0, 0, 0) = n2
 qlmSetAttributeByNode(ctx, n2, "stroke-width", "10.000000")
 qlmSetAttributeByNode(ctx, n2, "stroke", "RGB(255,0,0)")
 qlmSetAttributeByNode(ctx, n2, "stroke-dasharray", "")
-qlmCreateSymbol(ctx, "W2") = n3
-qlmCreateUse(ctx, "", 0, 0, "W1", "hmi", 0, -0) = n4
+qlmCreateSymbol(ctx, "PLEXORN_PART_W2") = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_W1", "hmi", 0, -0) = n4
 qlmSetAttributeByNode(ctx, n4, "scale-x", "0.000001")
 qlmSetAttributeByNode(ctx, n4, "scale-y", "0.000001")
-qlmCreateUse(ctx, "", 0, 0, "W2", "hmi", 0, -0) = n5
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_PART_W2", "hmi", 0, -0) = n5
 qlmSetAttributeByNode(ctx, n5, "scale-x", "0.000100")
 qlmSetAttributeByNode(ctx, n5, "scale-y", "0.000100")
 )calls");

@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <limits>
+#include <span>
+#include <string>
 
 namespace prepare {
 namespace {
@@ -263,8 +265,9 @@ TEST(DrawMText, LowerRunsStandOnTheBaseLineHalfWayOrAtTheTop)
 
 TEST(DrawMText, UnderlineOverlineAndStrike)
 {
-    EXPECT_EQ(Drawn("\\LA\\lB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.844,-1.2",
-                                        "text 'B' at 0.844,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("\\LA\\lB"),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 0.844,-1 along 1,0 up 0,1 start",
+                     "line 0,-1.2 0.844,-1.2"}));
     EXPECT_EQ(Drawn("\\OA\\o"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,0.2 0.844,0.2"}));
     EXPECT_EQ(Drawn("\\KA\\k"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-0.5 0.844,-0.5"}));
 }
@@ -322,8 +325,9 @@ TEST(DrawMText, CodesOfAllTexts)
     EXPECT_EQ(WordsOf(Simple("90%%d \\U+2205 5%% %%% x^ 2")), Lines{"90\u00B0 \u2205 5%% % x^2"});
     EXPECT_EQ(WordsOf(Simple("\\M+182A0")), Lines{"\u3042"});
     EXPECT_EQ(WordsOf(Simple("A^JB")), (Lines{"A", "B"}));
-    EXPECT_EQ(Drawn("%%uA%%uB"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "line 0,-1.2 0.844,-1.2",
-                                        "text 'B' at 0.844,-1 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(Drawn("%%uA%%uB"),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 0.844,-1 along 1,0 up 0,1 start",
+                     "line 0,-1.2 0.844,-1.2"}));
 }
 
 TEST(DrawMText, UnknownAndBrokenCodesAreLeftOut)
@@ -381,8 +385,8 @@ TEST(DrawMText, RunsOfACentredLineAreCentredTogether)
 {
     MText text = Simple("A{\\C1;A}");
     text.attachment = 2;
-    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -0.844,-1 along 1,0 up 0,1 start",
-                                  "text 'A' at 0,-1 along 1,0 up 0,1 start colour 1"}));
+    EXPECT_EQ(Drawn(text), (Lines{"text 'A' at -0.422,-1 along 1,0 up 0,1 middle",
+                                  "text 'A' at 0.422,-1 along 1,0 up 0,1 middle colour 1"}));
 }
 
 MText InColumns(const char* letters, std::int32_t columns)
@@ -469,6 +473,63 @@ TEST(DrawMText, ATextWithoutEndIsCut)
     text.text = endless;
     ASSERT_EQ(trial.Draw(text).size(), 1u);
     EXPECT_EQ(trial.Findings(), Lines{"Cut MTEXT: a text of more than 256 KB (1 from line 7)"});
+}
+
+// Takes only lines of writing, with the blanks between runs: "0,-1: A  B".
+class LinesOfText final : public RecordingSink {
+public:
+    Lines whole;
+
+    void LineOfText(Point2 point, std::span<const PlainRun> runs) override
+    {
+        std::string line = std::to_string(std::lround(point.x * 1000)) + ":";
+        for (const PlainRun& run : runs)
+            line += " '" + run.text.text + std::string(run.blanks, '_') + "'";
+        whole.push_back(line);
+        PlainSink::LineOfText(point, runs);
+    }
+};
+
+LinesOfText LinesIn(const MText& text)
+{
+    TextTrial trial;
+    LinesOfText sink;
+    const Placement placement{trial.drawing, {}, {}, 0.01, {}, 0, sink, trial.report};
+    DrawTexts(text, placement, [](const StyleOfPart& part) {
+        Style style;
+        style.colour.index = part.colour;
+        return style;
+    });
+    return sink;
+}
+
+TEST(DrawMText, RunsOfALineAreGivenTogetherWithTheBlanksBetweenThem)
+{
+    EXPECT_EQ(LinesIn(Simple("A {\\C1;B}C{\\C1; }{\\C2; A}")).whole, Lines{"0: 'A_' 'B' 'C__' 'A'"});
+    EXPECT_EQ(LinesIn(Simple("A\\C1;B\\PA\\H2;B")).whole, (Lines{"0: 'A' 'B'", "0: 'A' 'B'"}));
+    EXPECT_EQ(LinesIn(Simple("A")).whole, Lines{});
+}
+
+TEST(DrawMText, TheAnchorOfRunsIsThatOfTheirLine)
+{
+    MText text = Wrapped("A{\\C1;B}", 10);
+    text.attachment = 2;
+    const LinesOfText centred = LinesIn(text);
+    EXPECT_EQ(centred.whole, Lines{"0: 'A' 'B'"});
+    EXPECT_EQ(centred.lines, (Lines{"text 'A' at -0.4235,-1 along 1,0 up 0,1 middle",
+                                    "text 'B' at 0.422,-1 along 1,0 up 0,1 middle colour 1"}));
+    text.attachment = 3;
+    EXPECT_EQ(LinesIn(text).lines, (Lines{"text 'A' at -0.847,-1 along 1,0 up 0,1 end",
+                                          "text 'B' at 0,-1 along 1,0 up 0,1 end colour 1"}));
+}
+
+TEST(DrawMText, TabsFractionsHeightsAndProportionsEndRuns)
+{
+    EXPECT_EQ(LinesIn(Simple("A\\C1;B^IA\\C2;B")).whole, (Lines{"0: 'A' 'B'", "4000: 'A' 'B'"}));
+    EXPECT_EQ(LinesIn(Simple("A\\C1;B\\S1/2;A\\C2;B")).whole.size(), 2U);
+    EXPECT_EQ(LinesIn(Simple("A\\W2;B")).whole, Lines{});
+    EXPECT_EQ(LinesIn(Simple("A\\Q15;B")).whole, Lines{});
+    EXPECT_EQ(LinesIn(Simple("A{\\H0.5;\\A1;B}")).whole, Lines{});
 }
 
 } // namespace

@@ -76,8 +76,8 @@ TEST(Fills, AreInTheBlocksThatHaveThem)
     EXPECT_EQ(BlocksIn(text),
               "0 BLOCK 2 PLEXORN_FILL_1 0 LWPOLYLINE 62 1 370 25 70 1 10 0 20 0 10 1 20 0 10 1 20 1 0 ENDBLK "
               "0 BLOCK 2 PLEXORN_FILL_2 0 LWPOLYLINE 62 2 370 25 70 1 10 0 20 0 10 9 20 0 10 9 20 9 0 ENDBLK "
-              "0 BLOCK 2 P1 0 INSERT 2 PLEXORN_FILL_1 0 ENDBLK");
-    EXPECT_EQ(EntitiesIn(text), "0 INSERT 2 PLEXORN_FILL_2 0 INSERT 2 P1 10 5 20 5");
+              "0 BLOCK 2 PLEXORN_PART_1 0 INSERT 2 PLEXORN_FILL_1 0 ENDBLK");
+    EXPECT_EQ(EntitiesIn(text), "0 INSERT 2 PLEXORN_FILL_2 0 INSERT 2 PLEXORN_PART_1 10 5 20 5");
 }
 
 // Strokes that are 0.25 wide have coordinates of four decimals.

@@ -1,0 +1,58 @@
+#include "svghost/Texts.h"
+
+#include "svghost/AgreedNames.h"
+
+namespace svghost {
+namespace {
+
+bool IsRun(const Node& node)
+{
+    return node.kind == Kind::Text && !node.leftOut && !node.hidden &&
+           node.Number(AttributeId::Rotate, 0) == 0;
+}
+
+// The runs after the first one have what it has, but for their colour and size.
+bool IsFurtherRun(const Node& node)
+{
+    for (const ExtraAttribute* extra = node.extra; extra; extra = extra->next)
+        if (extra->id != AttributeId::FontSize && extra->id != AttributeId::TextAnchor)
+            return false;
+    return IsRun(node);
+}
+
+bool IsPlainUse(const Node& node)
+{
+    if (node.kind != Kind::Use || node.leftOut || node.hidden)
+        return false;
+    const Symbol* target = static_cast<const Use&>(node).target->definition;
+    return target && target->isWriting && !InnerUse(*target);
+}
+
+} // namespace
+
+bool IsWriting(const Symbol& symbol)
+{
+    if (symbol.definition != 1 || !symbol.name->name.starts_with(kTextPrefix) || !symbol.first ||
+        symbol.extra)
+        return false;
+    if (!symbol.first->next && IsPlainUse(*symbol.first))
+        return true;
+    if (!IsRun(*symbol.first))
+        return false;
+    for (const Node* node = symbol.first->next; node; node = node->next)
+        if (!IsFurtherRun(*node))
+            return false;
+    return true;
+}
+
+std::size_t LengthOfWriting(const Symbol& writing)
+{
+    if (const Use* inner = InnerUse(writing))
+        return LengthOfWriting(*inner->target->definition);
+    std::size_t length = 0;
+    for (const Node* node = writing.first; node; node = node->next)
+        length += static_cast<const Text*>(node)->text.size();
+    return length;
+}
+
+} // namespace svghost

@@ -1,0 +1,147 @@
+// Lines of writing and parts: symbols whose names begin as prepared drawings' do.
+#include "svghost/HostDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace svghost_tests;
+
+namespace {
+
+void AddRun(const HostDocument& document, const wchar_t* text, const wchar_t* colour, const wchar_t* size,
+            float x = 0)
+{
+    const QlmNode node = document.Text(x, 0, text);
+    document.Set(node, L"stroke", colour);
+    document.Set(node, L"font-size", size);
+    document.Set(node, L"text-anchor", L"middle");
+}
+
+void AddWord(const HostDocument& document, const wchar_t* symbol, const wchar_t* text)
+{
+    document.Begin(symbol);
+    AddRun(document, text, L"#ff8000", L"2");
+    document.End();
+}
+
+} // namespace
+
+TEST(Texts, ALineOfWritingIsATextWhereItIsUsed)
+{
+    const HostDocument document;
+    AddWord(document, L"PLEXORN_TEXT_1", L"up");
+    document.Set(document.Use(L"PLEXORN_TEXT_1", 5, 6), L"rotate", L"-90");
+    document.Use(L"PLEXORN_TEXT_1", 7, 8);
+    const ParsedSvg svg(document);
+    const pugi::xml_node text = svg.First("text");
+    EXPECT_STREQ(text.text().get(), "up");
+    EXPECT_STREQ(text.attribute("transform").value(), "translate(5,6) rotate(-90)");
+    EXPECT_STREQ(text.attribute("fill").value(), "#ff8000");
+    EXPECT_STREQ(text.attribute("font-size").value(), "2");
+    EXPECT_STREQ(text.attribute("text-anchor").value(), "middle");
+    EXPECT_FALSE(text.attribute("x"));
+    EXPECT_STREQ(text.next_sibling("text").attribute("transform").value(), "translate(7,8)");
+    EXPECT_FALSE(svg.First("use"));
+    EXPECT_FALSE(svg.Definitions().child("symbol"));
+}
+
+TEST(Texts, RunsOfALineFollowEachOther)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    AddRun(document, L"red ", L"#ff0000", L"2", -3);
+    AddRun(document, L"<large>", L"#ff0000", L"4", 0);
+    AddRun(document, L"blue", L"#0000ff", L"2", 3);
+    document.End();
+    document.Use(L"PLEXORN_TEXT_1", 5, 6);
+    const std::string svg = document.Write();
+    EXPECT_NE(svg.find("<text transform=\"translate(5,6)\" fill=\"#ff0000\" stroke=\"none\" "
+                       "xml:space=\"preserve\" font-size=\"2\" text-anchor=\"middle\">red "
+                       "<tspan font-size=\"4\">&lt;large&gt;</tspan>"
+                       "<tspan fill=\"#0000ff\" font-size=\"2\">blue</tspan></text>\n"),
+              std::string::npos)
+        << svg;
+}
+
+TEST(Texts, WritingThatIsTurnedInItsSymbolHasBothTurns)
+{
+    const HostDocument document;
+    AddWord(document, L"PLEXORN_TEXT_1", L"lean");
+    document.Begin(L"PLEXORN_TEXT_2");
+    document.Set(document.Use(L"PLEXORN_TEXT_1", 0, 0), L"rotate", L"30");
+    document.End();
+    document.Set(document.Use(L"PLEXORN_TEXT_2", 5, 6), L"scale-x", L"2");
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.First("text").attribute("transform").value(),
+                 "translate(5,6) scale(2,1) translate(0,0) rotate(30)");
+    EXPECT_FALSE(svg.First("use"));
+    EXPECT_FALSE(svg.Definitions().child("symbol"));
+}
+
+TEST(Texts, OtherSymbolsOfTheNameAreSymbols)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    document.Line(0, 0, 1, 1);
+    document.End();
+    document.Begin(L"PLEXORN_TEXT_2");
+    document.Set(document.Text(0, 0, L"turned"), L"rotate", L"1");
+    document.End();
+    document.Begin(L"PLEXORN_TEXT_3");
+    document.Use(L"PLEXORN_TEXT_3", 0, 0);
+    document.End();
+    document.Begin(L"PLEXORN_TEXT_4");
+    document.End();
+    for (const wchar_t* name : {L"PLEXORN_TEXT_1", L"PLEXORN_TEXT_2", L"PLEXORN_TEXT_3", L"PLEXORN_TEXT_4"})
+        document.Use(name, 0, 0);
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.First("use").attribute("xlink:href").value(), "#s-PLEXORN_TEXT_1");
+    EXPECT_STREQ(svg.First("use").next_sibling().attribute("xlink:href").value(), "#s-PLEXORN_TEXT_2");
+}
+
+TEST(Texts, LongWritingThatIsUsedAgainIsWrittenOnce)
+{
+    const HostDocument document;
+    AddWord(document, L"PLEXORN_TEXT_1", std::wstring(1001, L'x').c_str());
+    document.Use(L"PLEXORN_TEXT_1", 0, 0);
+    document.Use(L"PLEXORN_TEXT_1", 0, 10);
+    const ParsedSvg svg(document);
+    EXPECT_TRUE(svg.Definitions().child("symbol").child("text"));
+    EXPECT_STREQ(svg.First("use").attribute("xlink:href").value(), "#s-PLEXORN_TEXT_1");
+}
+
+TEST(Parts, APartThatIsUsedOnceIsWhereItIsUsed)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_PART_1");
+    document.Line(0, 0, 1, 1);
+    document.End();
+    document.Begin(L"PLEXORN_PART_2");
+    document.Set(document.Use(L"PLEXORN_PART_1", 1, 2), L"scale-x", L"0.5");
+    document.End();
+    document.Use(L"PLEXORN_PART_2", 3, 4);
+    const ParsedSvg svg(document);
+    const pugi::xml_node outer = svg.First("g"), inner = outer.child("g");
+    EXPECT_STREQ(outer.attribute("transform").value(), "translate(3,4)");
+    EXPECT_STREQ(inner.attribute("transform").value(), "translate(1,2) scale(0.5,1)");
+    EXPECT_STREQ(inner.child("line").attribute("x2").value(), "1");
+    EXPECT_FALSE(svg.Definitions().child("symbol"));
+}
+
+TEST(Parts, APartThatIsUsedAgainOrInItselfIsASymbol)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_PART_1");
+    document.Line(0, 0, 1, 1);
+    document.End();
+    document.Use(L"PLEXORN_PART_1", 0, 0);
+    document.Use(L"PLEXORN_PART_1", 3, 4);
+    document.Begin(L"PLEXORN_PART_2");
+    document.Use(L"PLEXORN_PART_2", 0, 0);
+    document.Line(0, 0, 2, 2);
+    document.End();
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.First("use").attribute("xlink:href").value(), "#s-PLEXORN_PART_1");
+    EXPECT_STREQ(svg.Definitions().child("symbol").child("line").attribute("x2").value(), "1");
+}
