@@ -130,6 +130,8 @@ bool HasFormOf(std::string_view name, std::string_view value)
         return !value.empty() && IsTransform(value);
     if (name == "viewBox")
         return IsViewBox(value);
+    if (name == "style")
+        return value.starts_with("fill:");
     return name != "stroke-dasharray" || IsDashes(value);
 }
 

@@ -32,10 +32,11 @@ const std::map<std::string_view, Names> kElements = {
     {"line", {"x1", "y1", "x2", "y2"}},
     {"circle", {"r", "cx", "cy"}},
     {"ellipse", {"rx", "ry", "cx", "cy"}},
-    {"path", {"d"}},
+    {"path", {"d", "style"}},
     {"polyline", {"points"}},
     {"polygon", {"points"}},
     {"text", {"x", "y", "xml:space"}},
+    {"tspan", {}},
     {"use", {"xlink:href"}},
 };
 const Names kNumbers = {
@@ -87,7 +88,7 @@ private:
             FuzzFail("an element is a known one", "", element.name());
         for (const pugi::xml_attribute& attribute : element.attributes())
             VisitAttribute(*known, attribute, IsAny(element, depth));
-        if (known->first == "text")
+        if (known->first == "text" || known->first == "tspan")
             texts.insert(element.child_value());
         if (known->first == "style")
             FuzzRequire(depth == 1 && (IsAny(element, depth) || !MayFetch(element.child_value())),
@@ -119,7 +120,10 @@ private:
         if (!HasFormOf(name, value))
             FuzzFail("a value has the form of its attribute", name, value);
         const bool isMarker = name == "marker-start" || name == "marker-end";
-        if (!isMarker && !(isAny && name == "fill") && MayFetch(value))
+        // What hides other things has the background's colour in its style.
+        const bool isBackdrop = isAny && name == "fill";
+        const bool isMask = m_backdrop == Backdrop::Any && name == "style";
+        if (!isMarker && !isBackdrop && !isMask && MayFetch(value))
             FuzzFail("nothing is fetched", name, value);
         if (name == "id")
             FuzzRequire(m_ids.insert(value).second, "an identifier is there once");

@@ -67,6 +67,7 @@ private:
     Drawing& m_drawing;
     EntitySink* m_sink; // null: entities are skipped
     bool m_isIndex = false;
+    bool m_notesSections = true; // the first of two passes does
     bool m_hasTables = false;
     bool m_hasBlocks = false;
     bool m_hasGivenLayouts = false;
@@ -109,7 +110,8 @@ bool Pass::IsSectionEnd(std::string_view record)
         return true;
     if (record != kEnd && record != "SECTION")
         return false;
-    m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
+    if (m_notesSections)
+        m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
     m_reader.Unread();
     return true;
 }
@@ -271,6 +273,7 @@ bool Pass::ReadIndex()
 
 void Pass::ReadEntities(Report* report)
 {
+    m_notesSections = false;
     m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"));
     GiveLayoutBlocks();
     for (std::string_view name; !(name = NextSection()).empty();) {

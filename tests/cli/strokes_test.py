@@ -62,13 +62,12 @@ class Picture:
         if element.tag in STROKED and element.get("stroke") != "none":
             counts[width] += 1
         elif element.tag == SVG + "use":
-            scale = scale_of(element.get("transform"))
-            for inner, count in self.widths_of_symbol(element.get(HREF), width).items():
-                counts[inner * scale] += count
+            counts += self.widths_of_symbol(element.get(HREF), width)
         else:
             for child in element:
                 counts += self.widths(child, width)
-        return counts
+        scale = scale_of(element.get("transform"))
+        return collections.Counter({inner * scale: count for inner, count in counts.items()})
 
     def widths_of_symbol(self, name, inherited):
         if (name, inherited) not in self.known:
