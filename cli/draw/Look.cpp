@@ -11,6 +11,8 @@ constexpr const char* kWhite = "white";
 // a fill as well; it is neither a text nor the path of an arrow.
 constexpr const char* kPaperStyle = "[stroke=\"#ffffff\"]{stroke:#000000}"
                                     "text[fill=\"#ffffff\"],path[fill=\"#ffffff\"]{fill:#000000}";
+// Prepared drawings have texts of several runs, each with its colour.
+constexpr const char* kPaperRunStyle = "tspan[fill=\"#ffffff\"]{fill:#000000}";
 
 // Not inherited, and so it is said to every element that has a stroke.
 constexpr const char* kHairlineStyle =
@@ -29,7 +31,7 @@ Look LookFor(const Options& options)
     else if (options.background == "none")
         look.background.reset();
     if (options.isOnPaper)
-        look.style += kPaperStyle;
+        look.style.append(kPaperStyle).append(options.isAsIs ? "" : kPaperRunStyle);
     if (options.hasHairlines)
         look.style.append(kHairlineStyle).append(options.isAsIs ? "" : kOnePixel).append("}");
     return look;

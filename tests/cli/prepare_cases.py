@@ -146,6 +146,15 @@ class OptionsOfPreparing(PrepareTest):
             self.expect(0, "plan.dxf", *options)
             self.assertEqual(self.read("plan.svg").count("<line"), lines, options)
 
+    def test_white_runs_of_a_text_are_black_on_paper(self):
+        self.write("plan.dxf", entities("0", "MTEXT", "8", "0", "10", "0", "20", "0", "40", "2", "1", r"{\C1;red} white"))
+        self.expect(0, "--paper", "plan.dxf")
+        picture = self.read("plan.svg")
+        self.assertRegex(picture, r'<text [^>]*fill="#ff0000"[^>]*>red *<tspan [^>]*fill="#ffffff"[^>]*> *white</tspan>')
+        self.assertIn('tspan[fill="#ffffff"]{fill:#000000}', picture)
+        self.expect(0, "--paper", "--as-is", "plan.dxf")
+        self.assertNotIn("tspan", self.read("plan.svg"))
+
     def test_tolerance(self):
         self.write("plan.dxf", entities(*SPLINE))
         vertices = []

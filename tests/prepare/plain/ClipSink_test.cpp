@@ -13,7 +13,7 @@ protected:
     const ClipRegion region{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}};
     RecordingSink taken;
     ClipSink sink{region, 0.01, taken};
-    const Style style;
+    const Style style{};
 };
 
 TEST_F(ClipSinkTest, WhatIsInsideStaysAsItIs)
