@@ -35,9 +35,7 @@ static bool prepareDrawing(const char* path, const char* prepared)
     FILE* file = fopen(prepared, "wb");
     if (file == NULL)
         return false;
-    PrepareOptions options = {PREPARE_FOR_MODULE};
-    options.report = printReport;
-    options.user = file;
+    const PrepareOptions options = {.profile = PREPARE_FOR_MODULE, .report = printReport, .user = file};
     const PrepareResult result = prepareFile(path, &options, writeToFile);
     if (result != PREPARE_DONE)
         fprintf(stderr, "preparing ended with %d\n", (int)result);
