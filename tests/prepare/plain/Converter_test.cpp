@@ -58,7 +58,8 @@ TEST(Converter, EachPlaceOfAnArrayHasTheAttributes)
 
     RecordingOutput output;
     Report report;
-    Converter converter(drawing, {}, {}, output, report);
+    const Options options;
+    Converter converter(drawing, options, {}, output, report);
     converter.Take(insert);
     const Lines texts = {
         "text 'A' at 5,6 along 1,0 up 0,1 start",
