@@ -37,11 +37,13 @@ TEST(Encoding, WordsOfOldFilesAreCodePages)
     EXPECT_EQ(Converted("Shift-JIS", "\x82\xA0"), "\u3042");
 }
 
+#ifndef _WIN32 // whose tables have characters for wrong bytes, too
 TEST(Encoding, AWrongOrMissingByteIsReplacedAlone)
 {
     EXPECT_EQ(Converted("ANSI_932", "\x82\xA0\x82"), "\u3042\uFFFD");
     EXPECT_EQ(Converted("ANSI_874", "\xA1\xDB\xA1"), "\u0E01\uFFFD\u0E01");
 }
+#endif
 
 TEST(Encoding, OnlyNamesOfCodePagesAreEncodings)
 {

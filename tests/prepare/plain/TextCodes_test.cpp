@@ -82,7 +82,11 @@ TEST(TextCodes, CharactersOfEastAsianPages)
 
 TEST(TextCodes, BytesThatAreNoCharacterAreReplaced)
 {
+#ifdef _WIN32 // whose table has a private character for each of them
+    EXPECT_EQ(Read("\\M+1FFFF\\M+182A0"), "16: \uF8F3\uF8F3\u3042");
+#else
     EXPECT_EQ(Read("\\M+1FFFF\\M+182A0"), "16: \uFFFD\u3042");
+#endif
 }
 
 TEST(TextCodes, CaretsStandForControlCharacters)
