@@ -8,15 +8,15 @@ set(CPACK_PACKAGE_VENDOR "The Plexorn authors")
 # The first line is the summary, see cpack_generator.cmake.
 set(CPACK_COMPONENT_PLEXORN_DESCRIPTION
     "draws DXF drawings as SVG pictures
-Plexorn reads ASCII DXF drawings and draws them through the
-operations of a host program. This package has the module for such
-hosts, a reference host that makes an SVG document, the command
-plexorn, which puts both together, and what file managers need to
-show drawings as small pictures.")
+Plexorn reads DXF drawings and draws them through the operations of
+a host program. This package has the module for such hosts, a library
+that prepares drawings for it, a reference host that makes an SVG
+document, the command plexorn, which uses all of them, and what file
+managers need to show drawings as small pictures.")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "draws DXF drawings as SVG pictures (development files)
-Plexorn reads ASCII DXF drawings and draws them through the
-operations of a host program. This package has what such programs
+Plexorn reads DXF drawings and draws them through the operations of
+a host program. This package has what such programs
 are built with: headers, files for CMake and pkg-config, a page for
 their authors, and examples.")
 set(CPACK_VERBATIM_VARIABLES ON)
