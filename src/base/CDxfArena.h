@@ -6,9 +6,9 @@
 #include <string_view>
 #include <utility>
 
-// Hands out storage from large chunks and frees all of them together, without running destructors: what is
-// made here owns nothing that lives elsewhere. Running out of memory throws std::bad_alloc and leaves the
-// arena as it was.
+// Gives storage from large chunks and frees all of them together, without running destructors: what is made
+// here owns nothing that lives elsewhere. Running out of memory throws std::bad_alloc and leaves the arena as
+// it was.
 class CDxfArena {
 public:
     CDxfArena() = default;

@@ -27,7 +27,8 @@ public:
     }
     ~CDxfHashIndex() { FreeChunk(m_slots, m_size * sizeof(Slot)); }
 
-    // The number that was added with this hash and for which is(number) holds; kNone when there is none.
+    // The number that was added with this hash and for which is(number) is true; kNone if there is no such
+    // number.
     template <class Is>
     std::uint32_t Find(std::uint64_t hash, const Is& is) const
     {
@@ -43,7 +44,8 @@ public:
         }
     }
 
-    // Makes room for one more, of four thousand million at most. Throws std::bad_alloc and is then as it was.
+    // Makes room for one more, of at most four thousand million. Throws std::bad_alloc and then stays as it
+    // was.
     void Reserve()
     {
         if (m_count >= kNone - 1)

@@ -26,7 +26,7 @@ public:
         return {text, text + (m_bits >> kSizeShift & 7)};
     }
 
-    // A handle is either in place or not, whoever kept it.
+    // The same handle is always in place, or never, in every store.
     friend bool operator==(const DXF_HANDLE& left, const DXF_HANDLE& right)
     {
         return left.m_bits == right.m_bits ||

@@ -7,7 +7,7 @@
 #include <string_view>
 
 // A wide, zero-terminated text in storage that the reader owns; no larger than a pointer, because a drawing
-// holds a dozen for each entity. Copies refer to the same characters. Empty until it is assigned.
+// has a dozen for each entity. Copies refer to the same characters. Empty until it is assigned.
 class DXF_STRING {
 public:
     constexpr DXF_STRING() = default;

@@ -40,7 +40,7 @@ inline bool ParseCode(std::string_view line, std::int32_t& code)
     return ParseUsualCode(line, code) || ParseAnyCode(line, code);
 }
 
-// Reads an integer as _wtoi does: blanks, a sign and digits; 0 when there are none; saturates.
+// Reads an integer as _wtoi does: blanks, a sign and digits; 0 without digits; saturates.
 std::int32_t ParseInteger(std::string_view text);
 
 // Reads a real as _wtof does: blanks, a sign, decimal digits with a point, an exponent with digits; 0 when

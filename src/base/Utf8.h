@@ -23,7 +23,7 @@ constexpr bool IsCharacter(char32_t value)
     return value <= 0x10FFFF && !IsSurrogate(value);
 }
 
-// Whether a byte goes on with a character that an earlier byte began.
+// Whether a byte continues a character that an earlier byte began.
 constexpr bool IsTrailByte(char byte)
 {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
@@ -51,8 +51,8 @@ enum class Utf8Range : std::uint8_t {
 };
 
 // Decodes the start of a text that is not empty. Invalid bytes give kNoCharacter and the size of the longest
-// part that begins a sequence (Unicode calls it a maximal subpart): whoever replaces each part takes that
-// size, whoever replaces each byte takes 1.
+// part that begins a sequence (Unicode calls it a maximal subpart): to replace each part, use that size; to
+// replace each byte, use 1.
 DecodedCharacter DecodeUtf8(std::string_view text, Utf8Range range = Utf8Range::Characters);
 
 // Decodes the start of a wide text that is not empty. A pair of surrogates is one character; a surrogate

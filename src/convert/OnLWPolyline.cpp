@@ -9,7 +9,7 @@
 void CDxfReadToQuillmar::GrowPoints(const DXF_POINT2D* vertex, const DXF_POINT2D* end)
 {
     if (m_points.empty())
-        std::wstring().swap(m_points); // the room of the polyline before is not held beside the new one
+        std::wstring().swap(m_points); // frees the room of the last polyline before the new one needs its own
     std::size_t room = m_points.size();
     for (; vertex != end; ++vertex) {
         const DXF_POINT2D point = Transform(vertex->x, vertex->y);

@@ -20,7 +20,7 @@ double LengthInUtf16(std::wstring_view text)
     return static_cast<double>(length);
 }
 
-// The place of a separator that has something before it: npos when there is none.
+// The place of a separator that has something before it; npos if there is no such separator.
 std::size_t FindSeparator(std::wstring_view text)
 {
     std::size_t place = text.find(L'^');

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-// What a record is. Whoever walks over records switches on it and passes over any other number.
+// What a record is. Code that goes through records switches on it and skips any other number.
 enum DXF_ENTITY_TYPE : std::int32_t {
     DXF_ENTITY_NONE = 0,
 #define DXF_NUMBER(number, TYPE, Callback, constness) DXF_ENTITY_##TYPE = (number),

@@ -91,7 +91,7 @@ QUILLMARLIB_API void qlmSetAttributeByNode(QlmNode context, QlmNode node, const 
                                            const wchar_t* value);
 
 /** Reports a problem of the file. The source is always "DXF", the boolean false and extra 0. The result is
- * handed back to the reader, which ignores it. */
+ * returned to the reader, which ignores it. */
 QUILLMARLIB_API int qlmSetLastError(int code, const wchar_t* source, int kind, const wchar_t* message,
                                     bool unused, intptr_t extra);
 

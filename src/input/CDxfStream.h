@@ -12,10 +12,10 @@
 #include <string_view>
 #include <utility>
 
-// Cuts a source into lines as a narrow stream in text mode does that is read with getline into a buffer of
-// 1024 bytes: the same lines, the same end-of-file flag, on every platform. A carriage return right before a
+// Cuts a source into lines as a narrow stream in text mode does when getline reads it into a buffer of 1024
+// bytes: the same lines and the same end-of-file flag, on every platform. A carriage return right before a
 // line feed is dropped and a byte 0x1A ends the file. A line of more than 1023 bytes gives its first 1023,
-// and a NUL byte ends its line's text. Another limit than 1023 can be asked for.
+// and a NUL byte ends its line's text. The limit can be another number than 1023.
 //
 // The source is read in large blocks, whose line ends are found 64 bytes at a time.
 class CDxfStream {
@@ -28,7 +28,7 @@ public:
     // The source must outlive the stream. longestLine is at most kMostLongestLine. Throws std::bad_alloc.
     explicit CDxfStream(CDxfSource& source, std::size_t longestLine = kLongestLine);
 
-    // An empty line to begin with, for whoever keeps the last one.
+    // An empty line to begin with, for code that keeps the last one.
     CDxfLine EmptyLine() const { return {m_front, 0}; }
 
     // The next line, without its end; empty at the end of the file, as often as it is asked for. The
@@ -63,7 +63,7 @@ public:
     // the empty line after it.
     bool eof() const { return m_eof; }
 
-    // True once getline has found nothing left to read: the empty line that it gave is none of the file's.
+    // True once getline has found nothing left to read: the empty line that it gave is not in the file.
     bool IsExhausted() const { return m_exhausted; }
 
     // Something happened during the last getline that is to be reported.

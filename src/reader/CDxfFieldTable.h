@@ -87,7 +87,7 @@ private:
     }
 };
 
-// The rows that are not a code and a member alone.
+// The rows that are more than a code and a member.
 consteval DXF_END_ROW End(int code)
 {
     return {code};
@@ -130,7 +130,7 @@ public:
         }
     }
 
-    // The field of a code; its kind is None if the table has none.
+    // The field of a code; its kind is None if the code is not in the table.
     const Field& Find(std::int32_t code) const
     {
         const auto unsignedCode = static_cast<std::uint32_t>(code);

@@ -28,7 +28,7 @@ private:
 // A finished message, in a buffer of its own, so that it needs no memory from the heap.
 class CDxfMessage {
 public:
-    // format holds "%s" and "%d" alone, each standing for the next argument.
+    // format contains only "%s" and "%d"; the next argument replaces each of them.
     CDxfMessage(const wchar_t* format, std::initializer_list<CDxfMessageArgument> arguments);
 
     const wchar_t* c_str() const { return m_text; }

@@ -36,7 +36,7 @@ public:
         m_index.Add(hash, static_cast<std::uint32_t>(m_records.size() - 1));
     }
 
-    // Null if there is none; an empty name finds nothing.
+    // Null if there is no such record; an empty name finds nothing.
     const Record* Find(std::wstring_view name) const
     {
         const std::uint32_t number = name.empty() ? CDxfHashIndex::kNone : FindNumber(name, Hash(name));

@@ -31,7 +31,7 @@ class CDxfFieldTable;
 // Records of entities in file order, owned by the reader.
 using DXF_ENTITY_LIST = DXF_LIST<DXF_GRAPHIC_BASE*>;
 
-// The colour of every lookup that finds none: white, as 0x00BBGGRR.
+// The colour of every lookup without a result: white, as 0x00BBGGRR.
 inline constexpr std::uint32_t kDxfWhite = 0xFFFFFF;
 
 // How the reading of a record's group codes ended: at the code 0 or 100 that its table lists as an end, or
@@ -49,7 +49,7 @@ enum DXF_END : int {
 #define DXF_DECLARE_READER(number, TYPE, Callback, constness)                                                \
     bool ReadENTITIES_##TYPE(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
-// Reads a DXF file into records and then hands each record to a callback. One object reads one file.
+// Reads a DXF file into records and then passes each record to a callback. One object reads one file.
 //
 // Every problem of the file becomes one OnError call; reading goes on where it can. A record is in its list
 // before its fields are read, so one that a fault cut short is kept and drawn. All records live until the
@@ -111,7 +111,7 @@ public:
     // True for the names that begin an entity within a block.
     static bool IsEntityTypeName(std::string_view name);
 
-    // Hands every block and then every entity to its callback: blocks without an INSERT first, then blocks
+    // Passes every block and then every entity to its callback: blocks without an INSERT first, then blocks
     // with one, each kind in file order.
     void EmitCallbacks();
 
@@ -146,7 +146,7 @@ public:
     std::string_view ReadTrimmed(CDxfStream& stream);
 
     // Reads a group code; false, after the message with the trimmed line and the line number, when the line
-    // holds none.
+    // has none.
     bool ReadCode(CDxfStream& stream, std::int32_t& code, const wchar_t* message);
 
     // Reads the pairs of a record by its table until a code that the table lists as an end; pairs of other

@@ -25,7 +25,7 @@ struct DXF_TABLES_COMMON {
     DXF_STRING m_strAppData;        // 102, the lines of the application groups
     DXF_HANDLE m_strOwnerHandle;    // 330
     DXF_STRING m_strSpare;          // never filled
-    DXF_STRING m_strFirstSubclass;  // 100, the marker that hands the entry to its kind's reader
+    DXF_STRING m_strFirstSubclass;  // 100, the marker that decides which reader gets the entry
 };
 
 struct DXF_TABLES_LAYER : DXF_TABLES_COMMON {

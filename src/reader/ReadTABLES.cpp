@@ -38,7 +38,7 @@ constexpr auto kTableFields = DxfFields<HEADER>({
     {70, &HEADER::m_nMaxEntries},
 });
 
-// The first code 100 hands an entry to its kind's reader; a code 0 before it ends nothing (quirk 16).
+// The first code 100 passes an entry to its kind's reader; a code 0 before it ends nothing (quirk 16).
 constexpr auto kEntryFields = DxfFields<DXF_TABLES_COMMON>({
     End(100),
     {5, &DXF_TABLES_COMMON::m_strHandle},
