@@ -9,7 +9,7 @@ namespace prepare {
 // Opens a file to read its bytes; null when that fails. The caller closes it.
 std::FILE* OpenInput(const char* path);
 
-// The size of a file in bytes; 0 when it has none, as a pipe.
+// The size of a file in bytes; 0 when it has none, such as a pipe.
 std::uint64_t SizeOfInput(std::FILE* file);
 
 } // namespace prepare

@@ -27,7 +27,7 @@ private:
     CDxfMemory m_source;
 };
 
-// Bytes that a function gives, from the offset on that it is asked for.
+// Bytes that a function gives, from a given offset on.
 class FunctionInput final : public ReopenableSource, CDxfSource {
 public:
     FunctionInput(PrepareReadFunction read, void* user) : m_read(read), m_user(user) {}
@@ -42,7 +42,7 @@ private:
     std::uint64_t m_offset = 0;
 };
 
-// A file. What cannot be read again from its front, as a pipe, is kept in memory.
+// A file. One that cannot be read again from its front, such as a pipe, is kept in memory.
 class FileInput final : public ReopenableSource, CDxfSource {
 public:
     // Reading fails when the file cannot be opened.

@@ -1,4 +1,4 @@
-// What is asked of preparing.
+// How a drawing is prepared.
 #pragma once
 
 #include <string>

@@ -2,8 +2,8 @@
  * Preparing: rewrites any DXF drawing into a plain one.
  *
  * The plain drawing is an R2000 ASCII drawing of lines, arcs, circles, ellipses, polylines, texts and
- * inserts. It shows what the original shows, for a reader that knows little. Plain C; no function lets an
- * exception out, and none reads or sets the locale. Several threads can prepare at once.
+ * inserts. It shows what the original shows, for a reader that knows little of the format. Plain C; no
+ * function throws an exception, and none reads or sets the locale. Several threads can prepare at once.
  *
  * Strings are zero-terminated UTF-8.
  */
@@ -30,33 +30,33 @@
 extern "C" {
 #endif
 
-/** For whom a drawing is prepared. */
+/** Which reader a drawing is prepared for. */
 typedef enum PrepareProfile {
-    PREPARE_FOR_MODULE = 0,  /**< the module Plexorn: made up for what it draws in its own way */
+    PREPARE_FOR_MODULE = 0,  /**< the module Plexorn: makes up for what it draws in its own way */
     PREPARE_FOR_STANDARD = 1 /**< any other program */
 } PrepareProfile;
 
-/** How a preparing ended. */
+/** How preparing ended. */
 typedef enum PrepareResult {
     PREPARE_DONE = 0,         /**< the plain drawing has been written */
-    PREPARE_NO_DRAWING = 1,   /**< the input is no DXF drawing */
+    PREPARE_NO_DRAWING = 1,   /**< the input is not a DXF drawing */
     PREPARE_READ_FAILED = 2,  /**< the input could not be read to its end; nothing was written */
-    PREPARE_WRITE_FAILED = 3, /**< the write function gave false */
+    PREPARE_WRITE_FAILED = 3, /**< the write function returned false */
     PREPARE_NO_MEMORY = 4,    /**< memory was short */
-    PREPARE_CANCELLED = 5,    /**< the progress function gave false */
-    PREPARE_BAD_OPTIONS = 6   /**< an option that has no such value, or a function that is missing */
+    PREPARE_CANCELLED = 5,    /**< the progress function returned false */
+    PREPARE_BAD_OPTIONS = 6   /**< an option has an invalid value, or a function is missing */
 } PrepareResult;
 
 /** What a report entry says. */
 typedef enum PrepareFinding {
     PREPARE_REWRITTEN = 0, /**< subject is drawn as something else, which detail names */
     PREPARE_NOT_SHOWN = 1, /**< subject is not drawn; detail says why */
-    PREPARE_CHANGED = 2,   /**< subject is drawn, but not wholly as its author saw it */
+    PREPARE_CHANGED = 2,   /**< subject is drawn, but not quite as its author saw it */
     PREPARE_REPAIRED = 3,  /**< the file was broken here; detail says how it was read */
-    PREPARE_CUT = 4        /**< there was more than bounds allow: the rest is left out */
+    PREPARE_CUT = 4        /**< there was more than the limits allow; the rest is left out */
 } PrepareFinding;
 
-/** One entry of the report: everything of one kind is one entry. Its strings are good during the call. */
+/** One entry of the report: everything of one kind is one entry. Its strings are valid during the call. */
 typedef struct PrepareReport {
     PrepareFinding finding; /**< what it says */
     const char* subject;    /**< a type of entity, or another word */
@@ -72,10 +72,10 @@ typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size)
 typedef ptrdiff_t (*PrepareReadFunction)(void* user, uint64_t offset, char* bytes, size_t size);
 /** Takes the entries of the report, once the plain drawing has been written. */
 typedef void (*PrepareReportFunction)(void* user, const PrepareReport* report);
-/** Called now and then with what share is done, from 0 to 1; false cancels. */
+/** Called now and then with the share that is done, from 0 to 1; false cancels. */
 typedef bool (*PrepareProgressFunction)(void* user, double share);
 
-/** What is asked of preparing. Zero-initialised, it means: for the module, everything chosen. */
+/** How to prepare. Zero-initialised, it means: for the module, with the defaults. */
 typedef struct PrepareOptions {
     PrepareProfile profile; /**< for whom */
     double tolerance;       /**< how far a curve drawn as lines may be from the true one, in drawing units;
@@ -93,14 +93,14 @@ typedef struct PrepareOptions {
 } PrepareOptions;
 
 /** Prepares the drawing in a file and gives the plain one to write, part after part. path is UTF-8; options
- * may be NULL. Nothing is written before the input has been read whole. A file that cannot be opened is one
- * that cannot be read. */
+ * may be NULL. Nothing is written before the whole input has been read. A file that cannot be opened is a
+ * file that cannot be read. */
 PLEXORN_PREPARE_API PrepareResult prepareFile(const char* path, const PrepareOptions* options,
                                               PrepareWriteFunction write);
 /** The same for a drawing in memory. bytes may be NULL when size is 0. */
 PLEXORN_PREPARE_API PrepareResult prepareMemory(const char* bytes, size_t size, const PrepareOptions* options,
                                                 PrepareWriteFunction write);
-/** The same for a drawing that a function gives, which is asked for all of it more than once. */
+/** The same for a drawing that a function gives; it is called for the whole drawing more than once. */
 PLEXORN_PREPARE_API PrepareResult prepareStream(PrepareReadFunction read, const PrepareOptions* options,
                                                 PrepareWriteFunction write);
 

@@ -11,13 +11,13 @@
 
 namespace prepare {
 
-// An input that can be read from its front as often as it is wanted.
+// An input that can be read from its front any number of times.
 class ReopenableSource {
 public:
     virtual ~ReopenableSource() = default;
 
-    // The input from its front; what was given before is read no more. If the input cannot be opened again,
-    // reading fails.
+    // The input from its front; a source that was returned before is not read any more. If the input cannot
+    // be opened again, reading fails.
     virtual CDxfSource& Rewound() = 0;
     // In bytes; 0 when it is not known.
     virtual std::uint64_t Size() const { return 0; }
@@ -25,17 +25,17 @@ public:
 
 enum class PrepareOutcome : std::uint8_t {
     Done,
-    NoDrawing,   // the input is no DXF drawing
+    NoDrawing,   // the input is not a DXF drawing
     ReadFailed,  // the input could not be read to its end
     WriteFailed, // the write function gave false
     Cancelled,   // the progress function gave false
-    BadOptions,  // an encoding that nobody knows
+    BadOptions,  // an unknown encoding
 };
 
-// Takes what share is done, from 0 to 1; false cancels.
+// Gets the share that is done, from 0 to 1; false cancels.
 using ProgressFunction = std::function<bool(double share)>;
 
-// Prepares a drawing. Nothing is written before the input has been read whole. progress may be empty. Throws
+// Prepares a drawing. Nothing is written before the whole input has been read. progress may be empty. Throws
 // std::bad_alloc, and what the functions throw.
 PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
                               Report& report, const ProgressFunction& progress);

@@ -188,7 +188,7 @@ bool MayFetch(std::wstring_view text)
     for (std::size_t open = text.find(L'('); open != std::wstring_view::npos;
          open = text.find(L'(', open + 1)) {
         const std::wstring_view before = text.substr(0, open);
-        const std::size_t start = before.find_last_of(L" ,()") + 1; // 0 when there is none
+        const std::size_t start = before.find_last_of(L" ,()") + 1; // 0 without such a character
         if (!IsColourFunction(before.substr(start)))
             return true;
     }

@@ -13,7 +13,7 @@ namespace svghost {
 // U+00FF, nearly all, are kept in one byte a character.
 class ErrorLog {
 public:
-    // Hands further reports to function instead of keeping them; null keeps them again.
+    // Passes further reports to function instead of keeping them; null keeps them again.
     void SetListener(SvgHostErrorFunction function, void* user);
     void Add(int code, int kind, const wchar_t* message);
     std::size_t Count() const { return m_reports.size(); }

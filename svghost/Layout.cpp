@@ -71,7 +71,7 @@ private:
     bool KeepUse(const Use& use)
     {
         const Symbol* target = use.target->definition;
-        // A use of nothing draws nothing, but it is written for whoever adds the symbol.
+        // A use of a missing symbol draws nothing, but it is written: somebody may add the symbol.
         m_layout.statistics.missingSymbols += !target;
         if (target && m_symbol.kind == Kind::Symbol && target->cycle == m_symbol.cycle) {
             ++m_layout.statistics.cyclicUses;

@@ -41,7 +41,7 @@ struct Layout {
     ViewBox viewBox; // the widths of strokes taken as lengths
     ArrowLooks arrows;
     // Of strokes whose widths are those of a sheet: the widest one, and the greatest factor by which one is
-    // shown wider than it is meant, as its symbol is used at several scales.
+    // shown wider than it should be, because its symbol is used at several scales.
     double widestStroke = 0;
     double greatestFactor = 1;
     SvgHostStatistics statistics{};

@@ -20,8 +20,8 @@ const wchar_t* TextOf(const wchar_t* text)
     return text ? text : L"";
 }
 
-// Calls create(document); 0 without a document, beyond its limit, and when memory is short. An ignored
-// group has no end that could go astray: whoever made it sets the current node to what it was before.
+// Calls create(document); 0 without a document, beyond its limit, and when memory is short. An ignored group
+// needs no end: the caller sets the current node to what it was before.
 template <class Create>
 QlmNode Make(QlmNode context, Create create)
 {

@@ -1,8 +1,8 @@
 /** @file
  * The reference host: answers the module's fourteen operations with a real SVG document.
  *
- * This is the interface beside the fourteen (host/QuillmarLib.h): make a document, hand its context node to
- * dxfFileOpen, read what was reported, write the SVG. Plain C; no function lets an exception out, and none
+ * This is the interface besides the fourteen (host/QuillmarLib.h): make a document, pass its context node to
+ * dxfFileOpen, read what was reported, write the SVG. Plain C; no function throws an exception, and none
  * reads or sets the locale.
  *
  * Strings are zero-terminated: char is UTF-8, wchar_t is UTF-16 on Windows and UTF-32 elsewhere.
@@ -45,8 +45,8 @@ typedef struct SvgHostError {
  * all of the drawing, and widths of strokes that are lengths of the drawing. Of the elements that the
  * operations made, only the widths of their strokes depend on it. */
 typedef struct SvgHostWriteOptions {
-    const char* background; /**< a CSS colour painted behind the drawing, or NULL for none; it goes into the
-                                 file as it is given, escaped as XML wants it but not looked at further */
+    const char* background; /**< a CSS colour painted under the drawing, or NULL for none; it goes into the
+                                 file as it is given, escaped as XML requires but not checked further */
     const char* style;      /**< a style sheet, written as the root's first element, or NULL for none; it goes
                                  into the file as the background does */
     double unit;            /**< how many millimetres one unit of the drawing is long: the root's width and
@@ -103,7 +103,7 @@ QUILLMARLIB_API void svgHostDestroy(SvgHostDocument* document);
  * the calling thread is kept by this document (the report itself names no document), until the next call on
  * this thread. NULL gives 0 and ends the keeping.
  *
- * To be called by the thread that calls dxfFileOpen, before each call. The node is the same each time, and a
+ * Call it on the thread that calls dxfFileOpen, before each call. The node is the same each time, and a
  * further import into the same document adds to what is there. */
 QUILLMARLIB_API QlmNode svgHostBeginImport(SvgHostDocument* document);
 
@@ -111,9 +111,9 @@ QUILLMARLIB_API QlmNode svgHostBeginImport(SvgHostDocument* document);
  * short is lost. */
 QUILLMARLIB_API size_t svgHostErrorCount(const SvgHostDocument* document);
 
-/** Fills error with the report at index, counted from 0. False, and error as it was, when there is none, when
- * memory is short, or when a pointer is NULL. The message belongs to the document and is good until the next
- * call of svgHostGetError for it. */
+/** Fills error with the report at index, counted from 0. False, and error as it was, if there is no such
+ * report, if memory is short, or if a pointer is NULL. The message belongs to the document and is valid until
+ * the next call of svgHostGetError for it. */
 QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t index, SvgHostError* error);
 
 /** Lets the document have at most so many elements, symbols and groups included; 0, as at first: any number.
@@ -123,12 +123,12 @@ QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t ind
  * go anyway. NULL is allowed. */
 QUILLMARLIB_API void svgHostLimitElements(SvgHostDocument* document, size_t most);
 
-/** What svgHostOnError calls: user is what was given there. The error and its message are good during the
+/** What svgHostOnError calls: user is what was given there. The error and its message are valid during the
  * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call
  * any function of this header for the document. */
 typedef void (*SvgHostErrorFunction)(void* user, const SvgHostError* error);
 
-/** Hands every further report to function as it comes, instead of keeping it; NULL keeps them again. Reports
+/** Passes every further report to function as it comes, instead of keeping it; NULL keeps them again. Reports
  * kept before stay. A broken drawing can bring millions of reports: this way they take no memory. */
 QUILLMARLIB_API void svgHostOnError(SvgHostDocument* document, SvgHostErrorFunction function, void* user);
 

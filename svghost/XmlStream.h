@@ -12,8 +12,8 @@
 
 namespace svghost {
 
-// Writes elements in order as UTF-8, one a line, and hands them on in pieces of some tens of kilobytes: what
-// it takes is one such piece, however large the file is. Names are literals or texts that XML allows as
+// Writes elements in order as UTF-8, one a line, and passes them on in pieces of some tens of kilobytes. It
+// needs room for one such piece, however large the file is. Names are literals or texts that XML allows as
 // names; values and texts are UTF-8 of characters that XML allows. Throws std::bad_alloc when it is made and
 // memory is short, and nothing later.
 class XmlStream {

@@ -63,7 +63,7 @@ std::string XmlTextOf(std::string_view text)
     std::string valid;
     valid.reserve(text.size());
     while (!text.empty()) {
-        // An encoded surrogate is one character that is not allowed, not three bytes that are none.
+        // An encoded surrogate is one character that is not allowed, not three invalid bytes.
         const DecodedCharacter next = DecodeUtf8(text, Utf8Range::AnyNumber);
         AppendAllowed(valid, next.value);
         text.remove_prefix(next.value == kNoCharacter ? 1 : next.size);

@@ -9,8 +9,8 @@
 
 namespace plexorn {
 
-// Whether source, which is job's drawing, could be opened and its output is to be written; if not, the report
-// is told.
+// Whether source, which is job's drawing, could be opened and its output should be written; if not, the
+// report says why.
 bool IsReady(const Source& source, const Job& job, const Options& options, Report& report);
 
 // Says that too little of a drawing is shown, if options ask for more.

@@ -62,7 +62,7 @@ private:
     bool m_hasBasePoint = false;
     bool m_swallowing = false; // the reader takes what comes for a part of an entry without a marker
 
-    // What the record that is read has told until now.
+    // What is known so far of the record that is being read.
     std::string m_type;
     std::uint64_t m_line = 0;
     std::string m_name;

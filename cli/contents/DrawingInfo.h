@@ -18,7 +18,7 @@ namespace plexorn {
 template <class Thing>
 class Named {
 public:
-    // The thing of that name, a new one when there is none yet.
+    // The thing of that name; a new one if the name is new.
     Thing& operator[](std::string_view name)
     {
         // Neighbours often share a layer or a type.

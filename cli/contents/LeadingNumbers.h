@@ -7,12 +7,12 @@
 
 namespace plexorn {
 
-// The integer that text begins with after blanks, whatever follows it; nothing when there is none. One that
-// 32 bits cannot hold is the nearest that they can.
+// The integer that text begins with after blanks, whatever follows it; nothing if it begins with no integer.
+// One that does not fit 32 bits becomes the nearest that does.
 std::optional<std::int32_t> LeadingInteger(std::string_view text);
 
-// The decimal number that text begins with after blanks; nothing when there is none, or when it is beyond a
-// double's range, large or small.
+// The decimal number that text begins with after blanks; nothing if it begins with no number, or if that is
+// beyond a double's range, large or small.
 std::optional<double> LeadingNumber(std::string_view text);
 
 } // namespace plexorn

@@ -1,4 +1,4 @@
-// What a picture shows otherwise than the drawing states it.
+// What a picture shows differently from what the drawing states.
 #pragma once
 
 #include <array>

@@ -16,7 +16,7 @@ struct Share {
     std::uint64_t shown = 0;
     std::map<std::string, std::uint64_t> missing; // by type
     OtherwiseCounts otherwise{};
-    std::map<std::string, std::uint64_t> changed; // of a prepared drawing: what is shown otherwise, and how
+    std::map<std::string, std::uint64_t> changed; // of a prepared drawing: what is shown differently, and how
 
     // As a percentage; 100 for a drawing without entities.
     double Percent() const;

@@ -14,7 +14,7 @@ struct Unit {
     double millimetres;
 };
 
-// The unit of that name or code; null when there is none.
+// The unit of that name or code; null if there is no such unit.
 const Unit* FindUnit(std::string_view name);
 const Unit* FindUnit(int code);
 

@@ -51,7 +51,7 @@ std::string HoleText(const SvgHostError& error, bool isPrepared)
                     : "is not drawn whole: memory is short at line " + line;
 }
 
-// Hands the reports of an import on.
+// Passes the reports of an import on.
 struct Listener {
     Report& report;
     bool isPrepared;
@@ -101,16 +101,16 @@ std::size_t MostElements(const fs::path& drawing)
     return static_cast<std::size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<std::size_t>::max()));
 }
 
-// Why the module could not open a file that the command could. The module gives no reason, but whoever tries
-// again meets the same one; otherwise is the text for any other.
+// Why the module could not open a file that the command could. The module gives no reason, but a second try
+// meets the same one. If the second try works, the result is the text in otherwise.
 std::string WhyNotOpened(const fs::path& path, const char* otherwise)
 {
     const FilePointer again(OpenForReading(path), std::fclose);
     return again ? otherwise : std::generic_category().message(errno);
 }
 
-// Reads the drawing in the file path, which is source's own or a prepared one, into document; false, with the
-// report told, when it could not be read. A hole is why a part of it could not.
+// Reads the drawing in the file path, which is source's own or a prepared one, into document; false, after a
+// report, when it could not be read. hole says why a part of it could not be read.
 bool Import(Source& source, const fs::path& path, SvgHostDocument* document, Report& report,
             std::string& hole)
 {
@@ -298,7 +298,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         TellPrepared(prepared->Findings(), outcome, report);
     const Look look = LookFor(options);
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
-    // Without the mark in the pictures themselves nobody can tell.
+    // Only pictures that have the mark themselves can be recognised.
     outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
     const std::string reason = WriteOutput(
         job, [&](OutputFile& file) { return svgHostWrite(document.get(), &written, WriteToFile, &file); });

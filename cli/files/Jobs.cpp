@@ -45,7 +45,7 @@ bool IsFolder(const std::string& output)
     return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
 }
 
-// The form that a picture's name promises and that this command does not write; empty when there is none.
+// The form that a picture's name promises and that this command does not write; empty if it promises none.
 std::string_view OtherForm(const std::string& output)
 {
     constexpr std::string_view kForms[] = {"png",  "jpg",  "jpeg", "gif", "bmp", "tif", "tiff",

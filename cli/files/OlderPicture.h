@@ -8,8 +8,8 @@
 
 namespace plexorn {
 
-// Why the picture at output (kStandardStream is none) is not drawn anew from the file drawing, as the end of
-// a sentence that begins with the picture; empty when it is drawn.
+// Why the picture at output (kStandardStream is no picture) is not drawn again from the file drawing, as the
+// end of a sentence that begins with the picture; empty when it is drawn.
 std::string WhyLeftAlone(const std::filesystem::path& drawing, const std::string& output,
                          const Options& options);
 

@@ -12,10 +12,10 @@
 namespace plexorn {
 
 // A file that is written under a temporary name in the target's folder and takes the target's name when it is
-// complete: whoever reads the target sees the old file or the new one. A symbolic link stays, its target
-// is replaced or made; a device, a pipe or the standard output (-, /dev/stdout) is written to directly. Who
-// may read and write an older file may do so with the new one. Destroyed without Commit, it leaves no trace,
-// also when the process is told to end: that fails a write, and happens when this object is gone.
+// complete: a reader of the target sees the old file or the new one. A symbolic link stays, its target is
+// replaced or made; a device, a pipe or the standard output (-, /dev/stdout) is written to directly. Who may
+// read and write an older file may do so with the new one. Destroyed without Commit, it leaves no trace, not
+// even when a signal ends the process: the signal makes writes fail and waits until this object is gone.
 class OutputFile {
 public:
     // The target that is the standard output.

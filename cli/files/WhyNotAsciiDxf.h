@@ -1,4 +1,4 @@
-// Tells from its first bytes whether a file can be an ASCII DXF.
+// Finds out from its first bytes whether a file can be an ASCII DXF.
 #pragma once
 
 #include <cstddef>

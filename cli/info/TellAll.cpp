@@ -36,7 +36,7 @@ void Print(const std::string& text)
                                  std::generic_category().message(errno));
 }
 
-// What is told about a drawing.
+// What is printed about a drawing.
 struct Told {
     DrawingInfo info;
     std::optional<Becoming> becoming; // unless it is not prepared
@@ -53,7 +53,7 @@ Told ReadWhole(Source& source, const Options& options)
     return told;
 }
 
-// Nothing, with the report told, when the drawing cannot be read.
+// Nothing, after a report, when the drawing cannot be read.
 std::optional<Told> Read(Source& source, const Options& options, Report& report)
 {
     std::string reason;

@@ -6,7 +6,7 @@
 
 namespace plexorn {
 
-// Tells on the standard output what the drawings that options names hold. Returns the exit code. Throws
+// Prints on the standard output what the drawings that options names hold. Returns the exit code. Throws
 // UsageError.
 ExitCode TellAll(const Options& options);
 

@@ -8,7 +8,7 @@
 
 namespace plexorn {
 
-// Builds one JSON value in a string. Names and texts are UTF-8; bytes that are none become U+FFFD.
+// Builds one JSON value in a string. Names and texts are UTF-8; invalid bytes become U+FFFD.
 class Json {
 public:
     // Begin and end an object or an array: the whole value, or the value of a member or an element.

@@ -34,7 +34,7 @@ public:
     // The groups, in the order of their first messages.
     const std::vector<MessageGroup>& Groups() const { return m_groups; }
     // The messages that are in none of the groups, and how many kinds of them there are: kMostCountedKinds
-    // stands for any larger number too.
+    // also means any larger number.
     std::size_t Further() const { return m_further; }
     std::size_t FurtherKinds() const { return m_furtherKinds.size(); }
 

@@ -8,7 +8,7 @@
 
 namespace plexorn {
 
-// "10 of 12 entities shown (83.3 %)". The percentage is rounded down: 100 stands for all alone.
+// "10 of 12 entities shown (83.3 %)". The percentage is rounded down: only all is 100.
 std::string ShareText(const Share& share);
 // "2 HATCH, 1 SPLINE": the types with the most entities that are missing, and how many more there are.
 std::string MissingTypes(const Share& share);

@@ -50,11 +50,11 @@ private:
     int m_descriptor = -1;
 };
 
-// Takes bytes; false, with errno set, stops whoever gives them.
+// Takes bytes; false, with errno set, stops the caller.
 using ByteFunction = std::function<bool(const char* bytes, std::size_t size)>;
 
-// Bytes as a file that can be read more than once, for as long as this object lives. Nobody finds it
-// afterwards, also when the process is told to end.
+// Bytes as a file that can be read more than once, for as long as this object lives. Nothing is left of it
+// afterwards, not even when a signal ends the process.
 class PrivateFile {
 public:
     // fill gives the bytes; its result is errno, 0 when nothing failed.

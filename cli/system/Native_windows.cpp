@@ -38,7 +38,7 @@ std::wstring ShortName(const std::wstring& name)
     return shortName;
 }
 
-// A new file with an ASCII name in the folder for temporary files; empty when there is none.
+// A new file with an ASCII name in the folder for temporary files; empty when it cannot be made.
 std::wstring TemporaryFile()
 {
     wchar_t folder[MAX_PATH + 1];
@@ -97,7 +97,7 @@ bool DoShellsExpandNames()
 
 std::string FileIdentity(const fs::path& path)
 {
-    // Without access it can be opened whoever has it open; with the flag, folders too.
+    // Without access, a file can be opened even if others have it open; with the flag, folders too.
     constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     HANDLE file =
         CreateFileW(path.c_str(), 0, kShared, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);

@@ -8,7 +8,7 @@ namespace prepare {
 
 namespace {
 
-// The first value of a variable with that code; null when there is none.
+// The first value of a variable with that code; null if it has no such value.
 const std::string* ValueOf(const Variable& variable, std::int32_t code)
 {
     for (const auto& [its, value] : variable.values)

@@ -21,7 +21,8 @@ struct Variable {
 
 class Header {
 public:
-    // Each gives the variable's value, or otherwise when the header lacks it. names are like "$LTSCALE".
+    // Each gives the variable's value, or the value of otherwise when the header lacks it. names are like
+    // "$LTSCALE".
     double Real(std::string_view name, double otherwise) const;
     std::int32_t Integer(std::string_view name, std::int32_t otherwise) const;
     std::string_view Text(std::string_view name) const; // empty when it is missing
@@ -130,14 +131,14 @@ public:
     std::uint64_t lines = 0;
     bool hasSections = false; // whether a section began anywhere
 
-    // Each is null when there is none.
+    // Each is null when nothing has that name or handle.
     const Layer* FindLayer(NameId name) const;
     const LineType* FindLineType(NameId name) const;
     const TextStyle* FindTextStyle(NameId name) const;
     const Block* FindBlock(NameId name) const;
     const SpatialFilter* FindFilter(Handle insert) const;
 
-    // What entities are sorted by to be in the order of drawing.
+    // The sort key that puts entities in the order of drawing.
     Handle PlaceOf(Handle entity) const
     {
         const auto place = placeInOrder.find(entity);
@@ -146,7 +147,7 @@ public:
 };
 
 // Takes the entities of the ENTITIES section, in file order. VERTEX, ATTRIB and SEQEND come with their
-// POLYLINE or INSERT. An entity is the reader's, good during the call.
+// POLYLINE or INSERT. An entity belongs to the reader and is valid during the call.
 class EntitySink {
 public:
     virtual void Take(const Entity& entity) = 0;

@@ -1,5 +1,5 @@
-// One record for each type of entity, as it is in the file: coordinates in the entity's own system (object
-// or world), angles in the file's units, names looked up by nobody yet.
+// One record for each type of entity, as it is in the file: coordinates in the entity's own system (object or
+// world), angles in the file's units, names not looked up yet.
 #pragma once
 
 #include "prepare/drawing/EntityType.h"
@@ -13,7 +13,7 @@
 
 namespace prepare {
 
-// A file numbers its objects in hexadecimal; 0 is none.
+// A file numbers its objects in hexadecimal; 0 means no object.
 using Handle = std::uint64_t;
 
 inline constexpr std::int32_t kByBlock = 0;

@@ -48,7 +48,7 @@ consteval auto EntityFields(const Field<Record> (&rows)[count])
     return FieldTable<Record, (count + kCommon.size()) * 3>(rows, count, kCommon.data(), kCommon.size());
 }
 
-// Reads an entity whose table says all.
+// Reads an entity that needs nothing but its table.
 template <const auto& table, class Record>
 std::unique_ptr<Entity> ReadByTable(RecordReader& reader)
 {

@@ -10,14 +10,14 @@
 
 namespace prepare {
 
-// Reads entity by entity, a POLYLINE with its vertices and an INSERT with its attributes.
+// Reads one entity after another, a POLYLINE with its vertices and an INSERT with its attributes.
 class EntityReader {
 public:
     // reader must outlive this.
     explicit EntityReader(RecordReader& reader) : m_reader(reader) {}
 
     // Reads the entity whose type's name is the pair at hand, up to the next record that is not a part of it.
-    // Null where none is to be kept.
+    // Null for an entity that is not kept.
     std::unique_ptr<Entity> Read();
 
 private:

@@ -1,4 +1,4 @@
-// Reads a drawing: once into an index, then its entities as often as they are wanted.
+// Reads a drawing: once into an index, then its entities any number of times.
 #pragma once
 
 #include "input/CDxfSource.h"
@@ -11,8 +11,8 @@ namespace prepare {
 
 // Reads everything but the entities of the ENTITIES section, which go to sink where it is given and where
 // they come after TABLES and BLOCKS, as in nearly all files; returns whether all of them did. encoding
-// overrides what the file says of itself, if it is not empty. What is broken is read past and reported.
-// Throws std::bad_alloc. *hasFailed is set when the source could not be read to its end.
+// overrides what the file says of itself, if it is not empty. Broken parts are skipped and reported. Throws
+// std::bad_alloc. *hasFailed is set when the source could not be read to its end.
 bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
                Report& report, bool& hasFailed);
 

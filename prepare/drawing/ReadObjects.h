@@ -16,7 +16,7 @@ public:
 
     // Reads an object whose type's name is the pair at hand, up to the next record.
     void Read(std::string_view type);
-    // Tells the drawing what was read. To be called once, after the last object.
+    // Enters into the drawing what was read. Call it once, after the last object.
     void Finish();
 
 private:

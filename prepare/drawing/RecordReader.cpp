@@ -62,7 +62,7 @@ NameId RecordReader::Name(std::string_view value)
     return IsAscii(name) ? drawing.names.Of(name) : drawing.names.Of(m_codePage->Utf8(name));
 }
 
-// ParseReal gives 0 for words and 1 for "1.#QNAN", as some programs write what is no number.
+// ParseReal gives 0 for words and 1 for "1.#QNAN", as some programs write invalid numbers.
 double RecordReader::LookAtReal(std::string_view value, double real)
 {
     const bool isWord = value.find_first_of("#nNiI") != std::string_view::npos;

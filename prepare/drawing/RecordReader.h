@@ -93,7 +93,7 @@ public:
     // Steps over a group's pairs (102) up to its closing brace, and not beyond the record or its own data.
     void SkipGroup();
 
-    // Each converts a value. What is no number, or is infinite, gives 0 and breaks the record.
+    // Each converts a value. A value that is not a number, or is infinite, gives 0 and breaks the record.
     double Real(CDxfLine value)
     {
         const double real = ParseLineReal(value);
@@ -123,14 +123,14 @@ public:
             Cut();
     }
 
-    // Whether a number was none since the last call.
+    // Whether there was an invalid number since the last call.
     bool TakeIsBroken() { return std::exchange(m_isBroken, false); }
     bool TakeIsCut() { return std::exchange(m_isCut, false); }
 
-    // How texts are to be read from now on; nothing when the file's encoding was given.
+    // How texts are read from now on; without effect when the encoding was given.
     void SetCodePage(std::string_view name);
 
-    // Findings go there from now on; nowhere when it is null.
+    // Findings go to this report from now on; nowhere if it is null.
     void SetReport(Report* report) { m_report = report; }
     void Note(Finding finding, std::string_view subject, std::string_view detail, std::uint64_t line,
               std::uint64_t times = 1)
@@ -172,7 +172,7 @@ private:
 
     PairReader m_pairs;
     Report* m_report;
-    bool m_hasEncoding; // given, so that what the file says does not count
+    bool m_hasEncoding; // given by the caller, so what the file says does not count
     std::unique_ptr<NamedCodePage> m_codePage;
     bool m_isAgain = false;
     bool m_hasPair = false;

@@ -8,8 +8,8 @@
 
 namespace prepare {
 
-// Makes text pairs of a binary drawing's, so that all after is the same. Reals become the shortest texts that
-// read back as the same.
+// Turns the pairs of a binary drawing into text pairs, so that everything after is the same. Reals become the
+// shortest texts that read back as the same.
 class BinaryText final : public Decoder {
 public:
     // What a binary drawing begins with.

@@ -1,4 +1,4 @@
-// Makes text of drawings that are written in another way.
+// Turns drawings in other forms into text.
 #pragma once
 
 #include <string>
@@ -13,9 +13,9 @@ public:
 
     // Adds the text of the next part to text; what needs bytes of a later part waits for them.
     virtual void Take(std::string_view bytes, std::string& text) = 0;
-    // Adds the text of what still waits, at the end of the file.
+    // Adds the text of the bytes that still wait, at the end of the file.
     virtual void Finish(std::string& text) = 0;
-    // True once the bytes were none of this form: the rest gives no text.
+    // True once there were bytes that this form cannot have: the rest gives no text.
     virtual bool IsBroken() const { return false; }
 };
 

@@ -22,8 +22,8 @@ struct Tally {
     }
 };
 
-// Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. A line that is no
-// group code where one belongs is skipped: so a file with a line too many or too few gets back into step.
+// Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. Where a group code
+// belongs, any other line is skipped: so a file with a line too many or too few gets back into step.
 class PairReader {
 public:
     static constexpr std::size_t kLongestLine = CDxfStream::kMostLongestLine;

@@ -13,11 +13,11 @@
 namespace prepare {
 
 // Gives the bytes of another source as CDxfStream takes them: byte order marks are dropped, UTF-16 and binary
-// drawings become text, a carriage return that no line feed follows is a line feed, and a byte 0x1A that
-// does not begin a line is a blank. All else stays as it is.
+// drawings become text, a carriage return that no line feed follows is a line feed, and a byte 0x1A that does
+// not begin a line is a blank. Everything else stays as it is.
 class TextSource final : public CDxfSource {
 public:
-    // How many bytes from its start tell what a file is.
+    // How many bytes at its start show what a file is.
     static constexpr std::size_t kFront = 32;
     // Whether a file that begins so is a binary drawing or UTF-16.
     static bool Decodes(std::string_view front);
@@ -59,7 +59,7 @@ private:
     bool m_hasEnded = false;
     bool m_hasFailed = false;
     bool m_isShortOfMemory = false;
-    bool m_hasFinished = false; // m_decoder has given all
+    bool m_hasFinished = false; // m_decoder has given everything
 };
 
 } // namespace prepare

@@ -5,7 +5,7 @@
 
 namespace prepare {
 
-// Makes UTF-8 of UTF-16; surrogates alone become U+FFFD.
+// Turns UTF-16 into UTF-8; single surrogates become U+FFFD.
 class Utf16Text final : public Decoder {
 public:
     explicit Utf16Text(bool isBigEndian) : m_isBigEndian(isBigEndian) {}

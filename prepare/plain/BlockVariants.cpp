@@ -7,8 +7,8 @@ namespace prepare {
 
 namespace {
 
-// Keeps 32 bits of a number: placements that are meant to be the same differ in the last few alone. What is
-// nothing beside the largest one is 0.
+// Keeps 32 bits of a number: placements that should be the same differ only in the last few. A number that is
+// negligible compared with the largest one is 0.
 double Rounded(double value, double largest)
 {
     if (std::fabs(value) <= largest * 1e-12)

@@ -12,10 +12,10 @@
 
 namespace prepare {
 
-// How a block is placed: baked into its content is what a use cannot say, so that a use only mirrors, turns
+// How a block is placed. What a use cannot express is baked into its content, so a use only mirrors, turns
 // and moves. Line widths, dashes and texts then keep what the drawing gives them.
 struct SplitPlacement {
-    Matrix baked; // maps the block's coordinates to those of the made block; z comes to nothing
+    Matrix baked; // maps the block's coordinates to those of the made block; z is dropped
     Point2 point;
     double rotation = 0; // radians
     bool isMirrored = false;

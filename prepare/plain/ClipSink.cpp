@@ -127,7 +127,7 @@ void ClipSink::Cut(const Style& style, const std::vector<Point2>& points)
     Give(style, run);
 }
 
-// Hands a run on and empties it.
+// Passes a run on and empties it.
 void ClipSink::Give(const Style& style, std::vector<PlainVertex>& run)
 {
     if (run.size() > 1)

@@ -6,7 +6,7 @@
 
 namespace prepare {
 
-// Hands on what is inside a region. Curves across its edge become polylines; a text is shown where its middle
+// Passes on what is inside a region. Curves across its edge become polylines; a text is shown if its middle
 // is inside. Takes no inserts: what is cut must be drawn in its place.
 class ClipSink final : public PlainSink {
 public:

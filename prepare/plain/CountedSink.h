@@ -16,7 +16,7 @@ inline constexpr std::size_t kPlainKinds = 8;
 // How many there are of each kind.
 using PlainCounts = std::array<std::uint64_t, kPlainKinds>;
 
-// "2 lines, 1 polyline"; empty when there are none.
+// "2 lines, 1 polyline"; empty when nothing was counted.
 std::string TextOf(const PlainCounts& counts);
 
 // Passes everything on to another sink and counts it.

@@ -17,14 +17,14 @@ struct StyleOfPart {
     std::int32_t weight = kWeightByBlock; // as 370 would be: by block is the whole entity's
 };
 
-// Resolves the style of a part; given by who places the entity.
+// Resolves the style of a part; comes from the code that places the entity.
 using PartStyler = std::function<Style(const StyleOfPart& part)>;
 
 // Curves, lines, points and outlines: false when the type is not among them.
 bool DrawGeometry(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
 // TEXT, ATTRIB, ATTDEF and MTEXT: false when the type is not among them. Inserts and blocks decide before
-// whether an attribute is to be seen.
+// whether an attribute is visible.
 bool DrawTexts(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
 // The frame of a TOLERANCE, the text of a MULTILEADER, and an ACAD_TABLE that has no picture block: false

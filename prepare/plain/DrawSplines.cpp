@@ -84,7 +84,7 @@ std::vector<Point3> FitPoints(const Spline& spline, Pen& pen)
     return points;
 }
 
-// The direction as a derivative: parameters are lengths. False when there is none.
+// The direction as a derivative: parameters are lengths. False without a direction.
 bool FlatTangent(Point3 tangent, const Matrix& matrix, Point2& flat)
 {
     const double length = Length(tangent);

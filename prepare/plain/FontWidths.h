@@ -1,5 +1,5 @@
-// How wide the letters of DejaVu Sans Condensed are, in thousandths of the height of its capitals. Written
-// by scripts/lib/fontwidths.py from the font's own tables (version 2.37); not to be edited.
+// How wide the letters of DejaVu Sans Condensed are, in thousandths of the height of its capitals. Written by
+// scripts/lib/fontwidths.py from the font's own tables (version 2.37); do not edit it.
 #pragma once
 
 #include <cstdint>

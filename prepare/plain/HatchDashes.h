@@ -7,7 +7,7 @@
 
 namespace prepare {
 
-// Dashes and gaps by turns, a dash first and a gap last; empty for a solid line.
+// Dashes and gaps in turn, a dash first and a gap last; empty for a solid line.
 struct HatchDashes {
     std::vector<double> lengths; // gaps are below 0
     double origin = 0;           // where the first dash begins

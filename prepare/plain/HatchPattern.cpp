@@ -17,7 +17,7 @@ constexpr double kClosest = 0.25;
 // How often the edges of the rings may be looked at: what the most elaborate pattern takes on a small hatch,
 // and on any hatch.
 constexpr double kLooksAnyhow = 1e6, kLooksOfEdge = 256;
-// Beyond, a number has no digits left to tell a line from the next one.
+// Beyond this, a number has no digits left to distinguish a line from the next one.
 constexpr double kFarthest = 1e12;
 
 // Lines at equal distances, in coordinates of their own: across is the line's number, and along runs on each

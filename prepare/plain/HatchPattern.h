@@ -8,7 +8,7 @@
 
 namespace prepare {
 
-// A hatch takes no more lines than that.
+// The most lines of a hatch.
 inline constexpr std::size_t kMostHatchLines = 20'000;
 
 // Draws the pattern's lines within rings, by the even-odd rule; a dashed line is one stroke with a line type,

@@ -10,8 +10,8 @@
 
 namespace prepare {
 
-// Whether name is what pattern says: '*' is any text, ASCII letters are the same in both cases. Takes time
-// in proportion to the product of the lengths at most.
+// Whether name matches pattern: '*' is any text, and the case of ASCII letters does not matter. The time is
+// at most in proportion to the product of the lengths.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
 // Decides by a drawing's layers and by what was asked for. Both must outlive it.

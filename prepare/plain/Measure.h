@@ -17,7 +17,7 @@ struct Measured {
     double smallestText = HUGE_VAL;          // the height of its capitals
 };
 
-// Takes plain entities and keeps their measures alone.
+// Takes plain entities and keeps only their measures.
 class Measure final : public PlainOutput {
 public:
     Measure();

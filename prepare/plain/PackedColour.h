@@ -8,7 +8,7 @@
 
 namespace prepare {
 
-// As by block is what is not known.
+// An unknown colour is by block.
 inline StyleOfPart UnpackColour(std::int32_t packed)
 {
     constexpr std::uint32_t kAsLayer = 0xC0, kTrue = 0xC2, kIndex = 0xC3;

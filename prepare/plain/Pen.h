@@ -12,7 +12,7 @@
 
 namespace prepare {
 
-// Hands parts in the output's plane to the placement's sink. A part with a number that is not finite is left
+// Passes parts in the output's plane to the placement's sink. A part with a number that is not finite is left
 // out, and so is one without size; Finish reports the former. The entity and the placement must outlive it.
 class Pen {
 public:
@@ -51,7 +51,7 @@ public:
     void Report(Finding finding, std::string_view detail);
     // Notes that something with a number that is not finite was left out.
     void Lose() { m_hasLost = true; }
-    // To be called last.
+    // Call it last.
     void Finish();
 
 private:

@@ -1,4 +1,5 @@
-// What every drawing comes down to: a few plain kinds of entities in the plane, with their styles resolved.
+// What every drawing is rewritten into: a few plain kinds of entities in the plane, with their styles
+// resolved.
 #pragma once
 
 #include "prepare/drawing/Drawing.h"

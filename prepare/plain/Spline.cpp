@@ -149,7 +149,7 @@ bool IsRational(const BSpline& spline)
                        [&](const WeightedPoint& point) { return point.w != points.front().w; });
 }
 
-// Solves equations of which each has its unknown and the ones beside it.
+// Solves equations that each contain their own unknown and the ones before and after it.
 class Tridiagonal {
 public:
     explicit Tridiagonal(std::size_t count) : m_rows(count) {}

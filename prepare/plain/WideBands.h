@@ -9,7 +9,7 @@
 namespace prepare {
 
 // A segment of a wide polyline: its middle line, and half its width at both ends, from one to the other
-// evenly. Where the line stands for a curve, it has other directions at its ends than its first and last
+// evenly. If the line replaces a curve, its directions at the ends differ from those of its first and last
 // pieces.
 struct WideSegment {
     std::vector<Point2> points;
@@ -19,7 +19,7 @@ struct WideSegment {
     Point2 endDirection = {};
 };
 
-// Fills segments of which each begins where the one before ends, mitred where they meet at a blunt angle.
+// Fills segments that each begin where the one before ends, mitred where they meet at a blunt angle.
 // isClosed: the first one begins where the last one ends.
 void FillBands(std::span<const WideSegment> segments, bool isClosed, Pen& pen);
 

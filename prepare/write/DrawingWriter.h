@@ -24,7 +24,7 @@ struct WriteSettings {
     double thinnest = 0;             // the least width of a stroke, in drawing units
     double tolerance = 0;            // of curves that the profile has to flatten
     std::int32_t thinnestWeight = 0; // of all strokes, hundredths of a millimetre
-    double smallestText = 0;         // the least height of a text, in drawing units; 0: there are none
+    double smallestText = 0;         // the least height of a text, in drawing units; 0: no texts
 };
 
 // The entities are kept, as text, until Finish: blocks and line types are known only then.

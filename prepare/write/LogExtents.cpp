@@ -11,7 +11,7 @@ namespace {
 
 class LogMeasure;
 
-// Hands a log to the measure of the model or of a block.
+// Passes a log to the measure of the model or of a block.
 class MeasuringVisitor final : public LogVisitor {
 public:
     MeasuringVisitor(LogMeasure& owner, PlainSink& sink) : m_owner(owner), m_sink(sink) {}

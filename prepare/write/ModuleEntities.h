@@ -1,4 +1,4 @@
-// Writes plain entities as the module has to be told.
+// Writes plain entities in the way that the module needs.
 #pragma once
 
 #include "prepare/report/Report.h"

@@ -1,4 +1,4 @@
-// What the module draws in its own way, and how a drawing says what is meant all the same: the whole list.
+// What the module draws in its own way, and how a prepared drawing makes up for it: the complete list.
 // The numbers are those of docs/quirks.md.
 //
 //    5  a line is cut after 1023 bytes             texts are cut after 1000, with a report

@@ -9,7 +9,7 @@ namespace prepare {
 
 namespace {
 
-constexpr std::size_t kPart = std::size_t{1} << 16; // what is handed on at once
+constexpr std::size_t kPart = std::size_t{1} << 16; // how much is passed on at once
 
 // Up to here doubles and the integers below them are the same, and a value times a power of ten is exact
 // enough to be rounded.

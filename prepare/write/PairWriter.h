@@ -9,7 +9,7 @@
 
 namespace prepare {
 
-// Collects text and hands it on in large parts. Lines end with a line feed alone.
+// Collects text and passes it on in large parts. Lines end with a single line feed.
 class PairWriter {
 public:
     explicit PairWriter(const ByteFunction& write);
@@ -28,7 +28,7 @@ public:
     // Pairs as another writer made them.
     void Raw(std::string_view pairs);
 
-    // Hands on what is left; false when the function ever gave false.
+    // Passes the rest on; false if the function ever returned false.
     bool Finish();
 
     // What a coordinate keeps: more than any drawing means, and fewer than arithmetic blurs.

@@ -11,7 +11,7 @@ namespace prepare {
 
 namespace {
 
-// Chunks grow, because most blocks are small, and stay small beside a drawing.
+// Chunks grow, because most blocks are small, but stay small compared with a drawing.
 constexpr std::size_t kFirstChunk = 256;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
@@ -174,7 +174,7 @@ bool IsDrawn(const PlainText& text)
            Cross(text.along, text.up) != 0;
 }
 
-// Whether the texts can be drawn as one: all to be seen, and none of them lost beside another one.
+// Whether the texts can be drawn as one: all are visible, and none is too small compared with another.
 bool AreAlike(std::span<const PlainRun> runs)
 {
     constexpr double kMost = 1000;

@@ -14,8 +14,8 @@ bool HasNamelessLineType(const Style& style)
 using Key = std::tuple<bool, std::uint32_t, std::int32_t, std::int32_t, double, NameId,
                        const std::vector<double>&, double, NameId>;
 
-// Line types by their names, or by their dashes when they have none: where they are in memory differs from
-// run to run, and tells nothing once an entity is gone.
+// Line types by their names, or by their dashes when they have no name: addresses in memory differ from run
+// to run, and mean nothing once an entity is gone.
 Key KeyOf(const Style& style)
 {
     static const std::vector<double> kNoDashes;

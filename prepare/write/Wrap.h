@@ -5,8 +5,8 @@
 
 namespace prepare {
 
-// A drawing whose coordinates, strokes or letters the module cannot say is put into one block: moved to the
-// origin, in other units. A point p of the drawing is factor * (p - origin) in the block.
+// A drawing whose coordinates, strokes or letters the module cannot express is put into one block: moved to
+// the origin, in other units. A point p of the drawing is factor * (p - origin) in the block.
 struct Wrap {
     bool isNeeded = false;
     Point2 origin; // what a 32-bit float holds exactly
