@@ -1,5 +1,5 @@
-// Names of symbols by which a prepared drawing says what the operations cannot. The preparing library has the
-// same names.
+// Names of symbols by which a prepared drawing says what the operations cannot express. The preparing library
+// has the same names.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-// The attributes that the module sets: their names, and their values made fit for SVG.
+// The attributes that the module sets: their names, and their values as SVG needs them.
 #pragma once
 
 #include "base/CDxfArena.h"
@@ -11,13 +11,13 @@
 
 namespace svghost {
 
-// The attribute called name, Other for a name that the host does not know.
+// The attribute called name; Other for a name that the host does not know.
 AttributeId AttributeByName(std::wstring_view name);
 
 // One text that an attribute was set to, resolved once.
 struct Value {
     std::wstring_view source;
-    std::string_view text; // in UTF-8, escaped as an attribute has it
+    std::string_view text; // in UTF-8, escaped for an attribute
     double number = 0;     // of a stroke width
     bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
     bool tooLong = false;  // a dash pattern beyond kLongestDashArray, dropped too
@@ -67,14 +67,14 @@ private:
 // however many elements have it.
 std::wstring_view DashArrayText(const wchar_t* text);
 
-// Each appends the attribute's text for SVG to out; false when it is not to be written.
+// Each appends the attribute's text for SVG to out; false when the attribute is not written.
 bool ResolveStroke(std::wstring_view text, std::string& out);
 bool ResolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
 bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
 bool ResolveTextAnchor(std::wstring_view text, std::string& out);
 
-// Whether a viewer may take the text for the name of something to fetch, such as url(...): it is not to be
-// written then, as a picture fetches nothing.
+// Whether a viewer may take the text for the name of something to fetch, such as url(...): it is not written
+// then, because a picture fetches nothing.
 bool MayFetch(std::wstring_view text);
 
 } // namespace svghost

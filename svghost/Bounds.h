@@ -1,4 +1,4 @@
-// The room that an element takes.
+// The space that an element takes.
 #pragma once
 
 #include "svghost/Geometry.h"
@@ -16,7 +16,7 @@ inline constexpr double kDefaultStrokeWidth = 1;
 // are written with none, whatever attributes they have.
 bool IsDrawable(const Node& node);
 
-// The room of one element in the space of its container. A text's is an estimate.
+// The space that one element takes, in the coordinates of its container. For a text it is an estimate.
 struct Extent {
     Box box;          // arrow heads included, and strokes, whose widths are taken as lengths
     Box bare;         // without the strokes

@@ -17,7 +17,7 @@ public:
     void SetListener(SvgHostErrorFunction function, void* user);
     void Add(int code, int kind, const wchar_t* message);
     std::size_t Count() const { return m_reports.size(); }
-    // The message is good until the next call.
+    // The message is valid until the next call.
     SvgHostError At(std::size_t index);
 
 private:
@@ -25,7 +25,7 @@ private:
         int code;
         int kind;
         std::string_view narrow;
-        const wchar_t* wide; // null when narrow holds the message
+        const wchar_t* wide; // null when narrow has the message
     };
 
     CDxfArena m_texts;

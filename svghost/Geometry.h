@@ -34,7 +34,7 @@ Affine Product(const Affine& outer, const Affine& inner);
 // The smallest upright rectangle round what was added; empty until something was.
 class Box {
 public:
-    // Points that are not finite or too far away for a viewer to show are passed over.
+    // Points that are not finite or too far away for a viewer to show are ignored.
     void Add(Point point);
     void Add(const Box& other);
     // Adds the picture of other under map: the box round its four corners.

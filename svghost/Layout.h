@@ -11,15 +11,15 @@ namespace svghost {
 inline constexpr std::uint32_t kDeepestUse = 100;
 
 // How many elements a document of so many elements may unfold into when its uses are drawn: a picture of a
-// few inserts within inserts must not grow beyond what a viewer shows in some two seconds, and a big honest
-// drawing must stay whole.
+// few inserts within inserts must not grow beyond what a viewer shows in about two seconds, and a big
+// ordinary drawing must stay whole.
 constexpr std::size_t RenderBudget(std::size_t elements)
 {
     return 300'000 + 16 * elements;
 }
 
 // How far uses within uses may shrink or enlarge: some viewers refuse a whole file for one transform that
-// they cannot turn back, as with a scale of 0.
+// they cannot invert, such as a scale of 0.
 inline constexpr double kSmallestScale = 1e-50;
 inline constexpr double kLargestScale = 1e50;
 
@@ -28,7 +28,7 @@ struct ViewBox {
     double y = 0;
     double width = 100;
     double height = 100;
-    bool isMadeUp = true; // there is nothing that it could be taken from
+    bool isMadeUp = true; // nothing has a place that it could be taken from
 };
 
 // The margin on each side, as a part of the longer side of what is shown.

@@ -9,9 +9,9 @@ namespace svghost {
 bool IsDrawable(double number);
 
 // Reads the decimal number that a text begins with and moves at to its end. shortText is the number without
-// the zeros at its end that say nothing, in the text itself or in one that lives as long as the program.
-// False for anything that is not a drawable number, the words for infinity and not-a-number included. Char is
-// char or wchar_t, the text ends with a zero.
+// unneeded zeros at its end, in the text itself or in one that lives as long as the program. False for
+// anything that is not a drawable number, the words for infinity and not-a-number included. Char is char or
+// wchar_t, the text ends with a zero.
 template <class Char>
 bool ScanNumber(const Char*& at, double& number, std::basic_string_view<Char>& shortText);
 

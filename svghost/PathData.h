@@ -45,12 +45,12 @@ private:
 };
 
 // Reads points ("x,y" pairs), adds them to out in short form and each to box. False when a number is not
-// drawable or the text is anything else than whole pairs; an empty text is good.
+// drawable or the text is anything but complete pairs; an empty text is fine.
 bool ScanPoints(const wchar_t* text, ShortForm& out, Box& box);
 
 // Reads path data made of absolute move-to, line-to, elliptical-arc and close commands, adds it to out in
 // short form and its picture under map to box. False when a number is not drawable or for any other text; an
-// empty one is good. Char is char or wchar_t.
+// empty one is fine. Char is char or wchar_t.
 template <class Char>
 bool ScanPath(const Char* text, const Affine& map, ShortForm& out, Box& box);
 

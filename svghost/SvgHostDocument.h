@@ -21,7 +21,8 @@ struct SvgHostDocument {
     svghost::Root root{*this};
     svghost::Container* current = &root;
     std::vector<svghost::Symbol*> symbols; // all of them, in the order of creation
-    // Shared with the threads that report into it, so that a late report finds nothing instead of ruins.
+    // Shared with the threads that report into it, so a late report finds no document instead of a destroyed
+    // one.
     std::shared_ptr<svghost::ErrorLog> errors = std::make_shared<svghost::ErrorLog>();
     std::size_t elements = 0;
     std::size_t mostElements = 0; // 0: any number

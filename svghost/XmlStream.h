@@ -101,8 +101,8 @@ public:
         (Put(parts), ...);
     }
 
-    // To be called once, when all is closed. False when the write function returned false; it was not called
-    // again then.
+    // Call it once, when everything is closed. False when the write function returned false; it was not
+    // called again then.
     bool Finish();
 
 private:

@@ -1,4 +1,4 @@
-// Texts of the drawing made fit for an XML file.
+// Texts of the drawing as an XML file needs them.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ std::string XmlTextOf(std::string_view text);
 // text its '>'.
 enum class XmlPlace : std::uint8_t { Attribute = 1, Text = 2 };
 
-// The number of bytes at the begin of text that are written there as they are.
+// The number of bytes at the start of text that are written there as they are.
 std::size_t CountPlain(std::string_view text, XmlPlace place);
 
 // Writes the escape of a byte that CountPlain stops at, and returns its end.
@@ -29,7 +29,7 @@ char* WriteEscape(char byte, char* out);
 // The text, in UTF-8 of characters that XML allows, as it is written into an attribute.
 std::string EscapedForAttribute(std::string_view text);
 
-// Appends a part of an XML name that no other text gives: ASCII letters, digits, '-', '.' and '_' as they
+// Appends a part of an XML name that differs for every text: ASCII letters, digits, '-', '.' and '_' as they
 // are, any other character (and an '_' before an 'x') as _xHH_ with its hexadecimal number.
 void AppendXmlName(std::string& out, std::wstring_view text);
 

@@ -12,8 +12,8 @@ namespace plexorn {
 // short.
 using DoJob = void (*)(const Job& job, const Options& options, Report& report);
 
-// Does it to all drawings that options names, several at a time, and prints how it went. Returns the exit
-// code. Throws UsageError.
+// Does the work on all drawings that options names, several at a time, and prints how it went. Returns the
+// exit code. Throws UsageError.
 ExitCode RunBatch(const Options& options, DoJob doJob);
 
 } // namespace plexorn

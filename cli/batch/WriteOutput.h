@@ -10,7 +10,8 @@
 namespace plexorn {
 
 // Lets write fill job's output, in its folder, which is made if it may be; the output is written whole or,
-// when write gives false, not at all. Gives why it is not, as the end of a sentence; else an empty text.
+// when write gives false, not at all. Returns why the output is not written, as the end of a sentence;
+// otherwise an empty text.
 std::string WriteOutput(const Job& job, const std::function<bool(OutputFile& file)>& write);
 
 } // namespace plexorn

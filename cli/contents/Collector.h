@@ -20,7 +20,7 @@ public:
     }
 
     void Take(const prepare::PairReader& pair);
-    // To be called once, after the last pair.
+    // Call it once, after the last pair.
     void Finish();
 
 private:
@@ -60,7 +60,7 @@ private:
     std::string m_block; // the block that is open
     Tally m_blockTally;
     bool m_hasBasePoint = false;
-    bool m_swallowing = false; // the reader takes what comes for a part of an entry without a marker
+    bool m_swallowing = false; // the reader takes what follows as part of an entry without a marker
 
     // What is known so far of the record that is being read.
     std::string m_type;
@@ -81,7 +81,7 @@ private:
 };
 
 // Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that
-// it takes grows with the number of different names (and with the texts) alone.
+// it takes grows only with the number of different names (and with the texts).
 DrawingInfo CollectInfo(std::FILE* file, bool withTexts);
 
 } // namespace plexorn

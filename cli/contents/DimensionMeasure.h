@@ -16,7 +16,7 @@ public:
     // Whether the module draws it at all.
     bool IsDrawn() const;
     // Whether it shows a number that differs from the measurement that the file states (group 42). False when
-    // the file states none, or the dimension has a text of its own.
+    // the file states no measurement, or the dimension has a text of its own.
     bool ShowsOtherNumber() const;
 
 private:

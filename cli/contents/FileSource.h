@@ -1,4 +1,4 @@
-// A drawing's bytes out of an open file.
+// A drawing's bytes from an open file.
 #pragma once
 
 #include "input/CDxfSource.h"
@@ -23,7 +23,7 @@ public:
         return count == 0 && m_error != 0 ? -1 : static_cast<std::ptrdiff_t>(count);
     }
 
-    // errno of a reading that failed, 0 when none did.
+    // errno of a failed read, 0 without a failure.
     int Error() const { return m_error; }
 
 private:

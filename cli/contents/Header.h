@@ -18,11 +18,11 @@ struct Header {
     std::string version;            // $ACADVER
     std::string codePage;           // $DWGCODEPAGE
     std::optional<int> units;       // $INSUNITS
-    std::string unitsText;          // its digits as written: units may be the nearest int alone
+    std::string unitsText;          // its digits as written: units may be only the nearest int
     std::optional<int> measurement; // $MEASUREMENT
     std::optional<HeaderPoint> extentsMin, extentsMax;
     std::optional<HeaderPoint> limitsMin, limitsMax;
-    int readError = 0; // errno of a reading that failed; what follows it is not counted
+    int readError = 0; // errno of a failed read; what follows it is not counted
 };
 
 // Takes the header's pairs one by one.

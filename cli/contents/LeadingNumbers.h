@@ -1,4 +1,4 @@
-// Numbers that may be missing where one belongs.
+// Numbers at the start of texts that may have none.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@ namespace plexorn {
 struct TypeBecoming {
     std::string into; // "3 polylines, 1 line"; empty when they stay what they are, or are not shown
     std::map<std::string, std::uint64_t> notShown; // why, and how many
-    std::map<std::string, std::uint64_t> changed;  // what is shown otherwise, and of how many
+    std::map<std::string, std::uint64_t> changed;  // what is shown differently, and of how many
 
     // As a part of a sentence for people.
     std::string Text() const;
@@ -28,7 +28,7 @@ struct Becoming {
     std::vector<std::string> repairs;          // what was wrong with the file, and the first line of that
 };
 
-// Prepares source's drawing and keeps what became of it alone. Throws std::bad_alloc, and std::system_error
+// Prepares source's drawing and keeps only what became of it. Throws std::bad_alloc, and std::system_error
 // when the drawing cannot be read to its end.
 Becoming BecomingOf(Source& source, const Options& options);
 

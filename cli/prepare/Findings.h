@@ -1,4 +1,4 @@
-// What preparing a drawing met, as the command says it.
+// What preparing found in a drawing, as the command says it.
 #pragma once
 
 #include "cli/contents/Share.h"
@@ -10,7 +10,7 @@ namespace plexorn {
 // The share of the drawing that is shown.
 Share ShareOf(const prepare::Report& findings);
 
-// Reports what preparing met as messages.
+// Reports what preparing found as messages.
 void TellFindings(const prepare::Report& findings, Report& report);
 
 } // namespace plexorn

@@ -1,4 +1,4 @@
-// How a drawing is to be prepared.
+// How the command prepares a drawing.
 #pragma once
 
 #include "cli/options/Options.h"

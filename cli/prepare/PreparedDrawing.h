@@ -1,4 +1,4 @@
-// A drawing prepared, so that the module reads all of it.
+// A prepared drawing, which the module reads completely.
 #pragma once
 
 #include "cli/files/Source.h"
@@ -12,7 +12,7 @@
 
 namespace plexorn {
 
-// Prepares a drawing for the module, into a file that nobody else finds.
+// Prepares a drawing for the module, into a file that no other process finds.
 class PreparedDrawing {
 public:
     // With --keep-going, what cannot be read ends the drawing. Throws std::bad_alloc.
@@ -24,7 +24,7 @@ public:
     const std::string& Hole() const { return m_hole; }
     // The prepared drawing; where there is nothing to prepare, the drawing itself.
     const std::filesystem::path& Path() const { return m_path; }
-    // What was met in the drawing.
+    // What preparing found in the drawing.
     const prepare::Report& Findings() const { return m_findings; }
 
 private:

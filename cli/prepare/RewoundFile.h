@@ -14,7 +14,7 @@
 
 namespace plexorn {
 
-// The file of a drawing, from its start again as often as it is wanted.
+// The file of a drawing, which can be read from its start any number of times.
 class RewoundFile final : public prepare::ReopenableSource, private CDxfSource {
 public:
     // source must outlive this. Where reading fails, the file ends if it keeps going.
@@ -35,7 +35,7 @@ public:
         return error ? 0 : size;
     }
 
-    // errno of a reading that failed, 0 when none did; and why, as the end of a sentence.
+    // errno of a failed read, 0 without a failure; and why it failed, as the end of a sentence.
     int Error() const { return m_error; }
     std::string WhyFailed() const
     {

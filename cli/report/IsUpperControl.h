@@ -1,4 +1,4 @@
-// Control characters beyond ASCII.
+// Control characters outside ASCII.
 #pragma once
 
 #include <string_view>

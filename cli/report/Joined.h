@@ -1,4 +1,4 @@
-// Texts put together.
+// Joined texts.
 #pragma once
 
 #include <initializer_list>

@@ -43,7 +43,7 @@ public:
             return Name(name).Number(value);
     }
 
-    // What was built until now.
+    // What has been built so far.
     const std::string& Result() const { return m_out; }
 
 private:

@@ -1,4 +1,4 @@
-// Where a message of the module is about.
+// The line that a message of the module is about.
 #pragma once
 
 #include <string_view>

@@ -21,16 +21,16 @@ struct Outcome {
     double height = 0;
     double scale = 1;                // the N of the size's scale 1:N
     double filled = 1;               // the share of the whole drawing's longer side that most of it takes
-    bool isCropped = false;          // whether the picture leaves out what lies far from the most
-    std::string_view unit;           // that the size was taken from
+    bool isCropped = false;          // whether the picture leaves out what lies far from most of the drawing
+    std::string_view unit;           // where the size comes from
     std::string reason;              // of the size
     std::uint64_t unmarkedEntry = 0; // the line of the first entry that needs a marker and has none
     bool isEnded = true;             // whether the file ends with its EOF
     std::uint64_t otherTexts = 0;    // pieces of text that are drawn with U+FFFD, as they are not UTF-8
-    std::uint64_t oddLines = 0;      // where a group code belongs and none is
+    std::uint64_t oddLines = 0;      // lines that are not group codes where these belong
     Share share;                     // of the drawing, as far as it could be read
     bool isBlank = false;            // whether nothing of it is visible, though the drawing holds entities
-    std::string hole;                // why the picture has holes, empty: it has none
+    std::string hole;                // why parts of the picture are missing; empty: it is complete
     bool hasReplacedOther = false;   // whether the picture replaced a file that this command had not written
     // The entities that are not drawn and that no message mentions.
     std::map<std::string, std::uint64_t> skipped;
@@ -44,7 +44,7 @@ struct PreparedOutcome {
     std::chrono::milliseconds time{};
 };
 
-// Whether the picture shows all of the drawing as the drawing states it. Messages are not looked at.
+// Whether the picture shows all of the drawing as the drawing states it. Messages do not count.
 bool IsShownAsStated(const Outcome& outcome);
 
 // What became of several drawings, how many of each.

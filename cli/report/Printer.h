@@ -1,4 +1,4 @@
-// What several drawings that are drawn at a time have to say, printed one drawing after the other.
+// What is said about several drawings that are drawn at the same time, printed one drawing after the other.
 #pragma once
 
 #include <chrono>
@@ -12,8 +12,8 @@
 namespace plexorn {
 
 // Prints to the standard error stream, in the order of the drawings' numbers, from 0 on: what a drawing says
-// is kept until its turn has come, and when much is kept already, who says more waits. All its functions can
-// be called on any thread. Numbers have to be begun in their order.
+// is kept until its turn has come, and when much is kept already, a thread that says more waits. All its
+// functions can be called on any thread. Numbers have to be begun in their order.
 class Printer {
 public:
     // Shows on a terminal how far count drawings are, when showsProgress.

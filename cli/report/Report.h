@@ -26,21 +26,21 @@ struct ReportStyle {
     std::size_t maxMessages = 0; // or groups of messages, where they are printed
 };
 
-// One drawing's report. What it keeps of the drawing's messages has a bound.
+// One drawing's report. It keeps a bounded part of the drawing's messages.
 class Report {
 public:
     Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style);
-    // Brings everything to the printer and ends the drawing's turn.
+    // Passes everything to the printer and ends the drawing's turn.
     ~Report();
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
     void Message(const SvgHostError& error);
-    // What was found in so many places of the drawing, first in that line; 0: in none that can be named.
+    // What was found in count places of the drawing, first in that line; 0: in no line that can be named.
     void Finding(std::string_view text, std::uint64_t line, std::uint64_t count);
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
-    // The messages until now, as far as they are not printed yet, are not worth their lines.
+    // Drops the messages that are not printed yet.
     void DropMessages() { m_groups = MessageGroups(m_style.maxMessages); }
     void Drawn(const Outcome& outcome);
     void Prepared(const PreparedOutcome& outcome);

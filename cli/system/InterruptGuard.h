@@ -1,4 +1,4 @@
-// An interruption that waits until what was begun is undone.
+// Interruptions that wait until unfinished files are removed.
 #pragma once
 
 namespace plexorn {
@@ -13,12 +13,12 @@ public:
     InterruptGuard(const InterruptGuard&) = delete;
     InterruptGuard& operator=(const InterruptGuard&) = delete;
 
-    // Whether the process shall end.
+    // Whether the process should end.
     static bool IsInterrupted();
 };
 
-// From now on the process says that it was stopped when Ctrl-C or a request to end ends it. To be called
-// before any InterruptGuard is made.
+// From now on the process says that it was stopped when Ctrl-C or a request to end ends it. Call it before
+// any InterruptGuard is made.
 void SayWhenStopped();
 
 } // namespace plexorn

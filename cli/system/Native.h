@@ -1,4 +1,4 @@
-// What differs between the systems; native_posix.cpp and native_windows.cpp each hold all of it.
+// What differs between the systems; Native_posix.cpp and Native_windows.cpp each define all of it.
 #pragma once
 
 #include "cli/system/InterruptGuard.h"
@@ -16,11 +16,11 @@ namespace plexorn {
 std::filesystem::path PathFromArgument(const std::string& argument);
 std::string ArgumentFromPath(const std::filesystem::path& path);
 
-// A text that is the same for all names of a file that differ in their writing alone: relative or not,
+// A text that is the same for all names of a file that differ only in their spelling: relative or not,
 // through links, in small or capital letters where the system takes them for the same.
 std::string FileKey(const std::filesystem::path& path);
 
-// Whether the system's shells put names in place of patterns such as *.dxf.
+// Whether the system's shells expand patterns such as *.dxf.
 bool DoShellsExpandNames();
 
 // A text that is the same for all names of one file, hard links included; empty when there is no file.
@@ -28,7 +28,7 @@ std::string FileIdentity(const std::filesystem::path& path);
 // The same for the file that stream is open on; empty when it is a terminal, a pipe or a device.
 std::string FileIdentity(std::FILE* stream);
 
-// Whether an argument ends as a folder's name does that need not exist.
+// Whether an argument ends like the name of a folder that may not exist yet.
 bool EndsAsFolder(const std::string& argument);
 
 // A name of an existing file with which the module can open it. The module turns the wide name into the
@@ -64,7 +64,7 @@ public:
     PrivateFile& operator=(const PrivateFile&) = delete;
 
     const std::filesystem::path& Path() const { return m_path; }
-    // Why the file could not be made; empty when it was.
+    // Why the file could not be made; empty if it was made.
     const std::string& Error() const { return m_error; }
 
 private:
