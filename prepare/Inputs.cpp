@@ -14,7 +14,7 @@ std::ptrdiff_t FunctionInput::Read(char* bytes, std::size_t size)
 {
     const std::ptrdiff_t count = m_read(m_user, m_offset, bytes, size);
     if (count > 0 && static_cast<std::size_t>(count) > size)
-        return -1; // it has written past the end of what it was given, or does not know what it says
+        return -1; // the function has written past the end of its room, or returned a wrong number
     if (count > 0)
         m_offset += static_cast<std::uint64_t>(count);
     return count;

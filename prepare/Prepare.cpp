@@ -100,7 +100,7 @@ PrepareResult Prepare(ReopenableSource& source, const PrepareOptions& options, P
     return ResultOf(outcome);
 }
 
-// Makes the input and prepares it. What is thrown is a lack of memory, whatever it is called.
+// Makes the input and prepares it. Every exception means that memory is short, whatever its type.
 template <class MakeInput>
 PrepareResult PrepareGuarded(const PrepareOptions* options, PrepareWriteFunction write, bool hasInput,
                              const MakeInput& makeInput)

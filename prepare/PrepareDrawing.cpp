@@ -14,7 +14,7 @@ namespace {
 
 // The longer side of the sheet that weights in millimetres are drawn on: an A3 sheet.
 constexpr double kSheet = 420;
-// No stroke is thinner than this share of the picture's longer side, so that it is seen on a screen.
+// No stroke is thinner than this share of the picture's longer side, so that it is visible on a screen.
 constexpr double kThinnest = 1.0 / 1500;
 // How far a flattened curve may be from the true one: a share of the thinnest stroke, and of the drawing.
 constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
@@ -102,7 +102,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
         return PrepareOutcome::BadOptions;
     Drawing drawing;
     bool hasFailed = false;
-    Report unsaid; // of the measuring, which meets what the writing meets again
+    Report unsaid; // of measuring, which finds the same as writing
     ConvertSettings coarse;
     coarse.tolerance = 1e100; // as coarse as curves may be
     coarse.mostPlaced = MostPlaced(source.Size());
@@ -111,7 +111,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     CountingSink counted(*measuring);
     const bool hasMetAll =
         ReadIndex(source.Rewound(), options.encoding, drawing, &counted, report, hasFailed);
-    // Where inserts are cut off is known after the entities alone.
+    // Where inserts are cut off is known only after the entities.
     if (!hasFailed && (!hasMetAll || !drawing.filterOfInsert.empty())) {
         measure = std::make_unique<Measure>();
         measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);

@@ -116,7 +116,7 @@ Affine Product(const Affine& outer, const Affine& inner)
 
 void Box::Add(Point point)
 {
-    // Written so that a NaN fails it too.
+    // Written so that a NaN fails this check too.
     if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest))
         return;
     if (Empty()) {

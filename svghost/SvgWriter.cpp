@@ -18,7 +18,7 @@ namespace {
 constexpr double kPixels = 1024;
 
 // Elements without a colour of their own, which are those of dimensions, get that of a dimension's text: it
-// is seen on black and on white.
+// is visible on black and on white.
 constexpr std::string_view kDefaultColour = "#00ff00";
 
 // Only the first symbol of a name is referred to; the prefixes keep all identifiers apart.
@@ -35,8 +35,8 @@ void AppendSymbolId(std::string& out, const SymbolName& name, std::size_t defini
     AppendXmlName(out, name.name);
 }
 
-// With four digits, more of which nobody sees; upwards, as a stroke has a least width. Larger than any float
-// it is no number that a viewer can hold, and smaller it is nothing.
+// With four digits, because nobody sees more; rounded up, because a stroke has a least width. A viewer cannot
+// hold a number larger than any float, and one smaller than any float is nothing.
 float RoundedUp(double number)
 {
     constexpr double kSmallest = 1e-37;
@@ -344,7 +344,7 @@ void SvgWriter::WritePart(const Use& use, const Symbol& part)
     m_out.Close("g");
 }
 
-// One element, so that the words are found and selected where they are seen. Each run follows the one before
+// One element, so that people find and select the words where they see them. Each run follows the one before
 // in the viewer's own font; all have the anchor of the first.
 void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
 {
@@ -461,7 +461,7 @@ float SvgWriter::SheetWidth(std::uint32_t index, double scale)
     return written.width;
 }
 
-// Round ends make dashes of length 0 seen, as dots. Other dashes do without: the ends would fill the gaps.
+// Round ends make dashes of length 0 visible, as dots. Other dashes have none: they would fill the gaps.
 void SvgWriter::SetDashes(std::uint32_t index)
 {
     const Value& dashes = m_document.ValueOf(AttributeId::DashArray, index);

@@ -11,7 +11,7 @@ bool IsRun(const Node& node)
            node.Number(AttributeId::Rotate, 0) == 0;
 }
 
-// The runs after the first one have what it has, but for their colour and size.
+// The other runs have the attributes of the first one, except for their colour and size.
 bool IsFurtherRun(const Node& node)
 {
     for (const ExtraAttribute* extra = node.extra; extra; extra = extra->next)

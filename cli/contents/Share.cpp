@@ -23,7 +23,7 @@ public:
             m_share.otherwise[i] += tally.otherwise[i];
     }
 
-    // So many inserts more show nothing.
+    // This many further inserts show nothing.
     void AddEmptyInserts(const DrawingInfo& info, std::uint64_t count)
     {
         for (std::size_t i = 0; const TypeInfo& type : info.types) {

@@ -59,7 +59,7 @@ struct Listener {
     std::string hole{}; // why a part of the drawing was not read
     bool isShortOfMemory = false;
 
-    // A line of a prepared drawing is no line of the user's.
+    // A line of a prepared drawing is not a line of the user's file.
     void Pass(const SvgHostError& error) const
     {
         if (!isPrepared)
@@ -227,7 +227,7 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
     outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(info);
 }
 
-// What preparing met counts in place of what the module alone would show.
+// What preparing found counts in place of what the module alone would show.
 void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
 {
     TellFindings(findings, report);

@@ -14,7 +14,7 @@ constexpr const char* kPaperStyle = "[stroke=\"#ffffff\"]{stroke:#000000}"
 // Prepared drawings have texts of several runs, each with its colour.
 constexpr const char* kPaperRunStyle = "tspan[fill=\"#ffffff\"]{fill:#000000}";
 
-// Not inherited, and so it is said to every element that has a stroke.
+// This is not inherited, so each kind of element that has a stroke gets it.
 constexpr const char* kHairlineStyle =
     "line,path,circle,ellipse,polyline,polygon{vector-effect:non-scaling-stroke";
 // Widths of a prepared drawing are lengths of the drawing and mean nothing in pixels.

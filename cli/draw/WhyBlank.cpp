@@ -20,7 +20,7 @@ void AddReason(std::string& reasons, const std::string& reason)
     reasons.append(reasons.empty() ? "" : "; ").append(reason);
 }
 
-// A reason that holds for so many entities; none if it holds for none.
+// A reason that concerns so many entities; empty if it concerns no entity.
 void AddCounted(std::string& reasons, std::uint64_t count, std::string_view what)
 {
     if (count > 0)

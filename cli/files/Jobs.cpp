@@ -91,7 +91,7 @@ public:
         AddRead(FileIdentity(stdin), "the file of the standard input");
     }
 
-    // Whether job is another one once more; a job that clashes is given a reason.
+    // Whether job repeats another one; a job that clashes gets a reason.
     bool IsRepeated(Job& job)
     {
         if (job.output == kStandardStream) {
@@ -163,7 +163,7 @@ void CheckOutput(const std::string& output, Task task)
                          "; give a name that ends in .svg, and convert that file");
     if (!form.empty())
         throw UsageError(output + ": a drawing is prepared as ASCII DXF, not as " + std::string(form));
-    // A shell that puts names in place of a pattern (-o *.dxf) makes a drawing the picture of another.
+    // A shell that expands a pattern (-o *.dxf) makes a drawing the picture of another.
     if (EndsInDxf(output) && task == Task::Draw)
         throw UsageError(output + ": a picture's name cannot end in .dxf, as drawings' names do");
 }

@@ -29,7 +29,7 @@ std::uint64_t MissingBlocks(const DrawingInfo& info)
                       [](const BlockInfo& block) { return block.definitions == 0; }));
 }
 
-// What of the file the module alone does not read as it is meant.
+// What the module by itself does not read as the file intends.
 void AddNotesOfModule(const DrawingInfo& info, std::vector<std::string>& notes)
 {
     if (info.unmarkedEntry != 0)

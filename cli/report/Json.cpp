@@ -23,7 +23,7 @@ bool IsSeparator(std::string_view text)
     return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9");
 }
 
-// Whether a byte is, or may begin, a character that is written otherwise.
+// Whether a byte is, or may begin, a character that is written in another form.
 bool MayBeEscaped(char character)
 {
     const auto byte = static_cast<unsigned char>(character);

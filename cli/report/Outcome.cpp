@@ -14,7 +14,7 @@ namespace plexorn {
 
 namespace {
 
-// What the host met that the picture does not show.
+// What the host found and the picture does not show.
 struct Finding {
     std::size_t SvgHostStatistics::*count;
     std::string_view name; // for programs

@@ -15,7 +15,7 @@ namespace plexorn {
 
 namespace {
 
-// More of them are as good as none to people; programs have them all.
+// More of them do not help people; programs get all of them.
 constexpr std::size_t kMostTypes = 20;
 
 } // namespace

@@ -129,8 +129,8 @@ ModulePath::ModulePath(const fs::path& path)
         m_name = *name;
         return;
     }
-    // A name of bytes that are no UTF-8, from an older system or an archive, has no wide form; an open file
-    // has a second name.
+    // A name with invalid bytes, from an older system or an archive, has no wide form; an open file has a
+    // second name.
     m_descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (m_descriptor >= 0)
         m_name = L"/dev/fd/" + std::to_wstring(m_descriptor);
@@ -169,7 +169,7 @@ std::FILE* CreateNew(const fs::path& path, const fs::path& model)
 {
     struct stat old = {};
     const bool hasModel = stat(model.c_str(), &old) == 0;
-    // Nobody else gets at it before it has the mode that it shall have.
+    // Nobody else can open it before it has its final mode.
     const int descriptor =
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
     if (descriptor >= 0 && hasModel)

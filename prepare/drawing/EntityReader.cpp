@@ -114,7 +114,7 @@ std::unique_ptr<Entity> EntityReader::ReadOne()
     return entity;
 }
 
-// Reports what is broken in an entity; false when it is not to be kept.
+// Reports what is broken in an entity; false when it is not kept.
 bool EntityReader::IsUsable(const Entity& entity)
 {
     const std::string_view name = m_reader.drawing.names.Text(entity.typeName);

@@ -224,7 +224,7 @@ void Pass::ReadEntitiesSection()
         GiveEntity();
 }
 
-// Files that are lists of entities alone are found, and such without the begin of a section.
+// Some files are only lists of entities, and some lack the start of a section.
 void Pass::ReadOutsideOfSections(std::string_view record)
 {
     if (record == "BLOCK" || record == "ENDBLK")

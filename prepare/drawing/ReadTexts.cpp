@@ -19,7 +19,7 @@ constexpr auto kText = EntityFields<Text>({
     {73, &Text::vertical},
 });
 
-// The MTEXT that an attribute of several lines embeds: its text counts, nothing else of it.
+// The MTEXT that an attribute of several lines embeds: only its text counts.
 struct EmbeddedText {
     std::string text;
 };

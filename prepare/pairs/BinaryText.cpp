@@ -166,7 +166,7 @@ std::size_t BinaryText::TakeValue(std::int32_t code, std::string_view bytes, std
         return 1 + size;
     }
     }
-    m_isBroken = true; // how long the value is cannot be known
+    m_isBroken = true; // the length of the value is unknown
     return 0;
 }
 

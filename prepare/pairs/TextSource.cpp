@@ -19,8 +19,8 @@ bool IsUtf16(std::string_view front)
     return front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF");
 }
 
-// True when a carriage return is followed by something else than a line feed. Without a branch, so that it
-// is done in wide steps: nearly all drawings have none.
+// True when a carriage return is followed by anything but a line feed. Without a branch, so that it is done
+// in wide steps: nearly all drawings have none.
 bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
 {
     unsigned char found = 0;

@@ -160,7 +160,7 @@ ClipRegion::Shares ClipRegion::Inside(Point2 from, Point2 to) const
     return shares;
 }
 
-// The parts share their edges alone, so what is inside them is one area by the same rule.
+// The parts share only their edges, so what is inside them is one area by the same rule.
 std::vector<std::vector<Point2>> ClipRegion::Inside(std::span<const std::vector<Point2>> rings) const
 {
     std::vector<std::vector<Point2>> inside;

@@ -13,7 +13,7 @@ namespace prepare {
 
 namespace {
 
-// Deeper nesting is found in no drawing that a program wrote, and it bounds the stack.
+// No drawing that a program wrote is nested deeper, and this limit bounds the stack.
 constexpr std::size_t kDeepestNesting = 64;
 
 // The content of a block is moved to the block's origin when it is farther away than so many of its sizes:

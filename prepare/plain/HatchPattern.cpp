@@ -142,7 +142,7 @@ private:
     Style m_solid;
     Style m_dashed;
     LineType m_lineType;     // of the family that is being drawn
-    std::size_t m_spare = 0; // how many lines may be drawn beside one for each piece
+    std::size_t m_spare = 0; // how many lines may be drawn besides one for each piece
     bool m_isShifted = false;
 };
 

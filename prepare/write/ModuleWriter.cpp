@@ -63,7 +63,7 @@ private:
 };
 
 // Far from its block's origin, what is drawn loses digits (32-bit floats) and an insert's rotation moves it:
-// then the written block has an origin of its own, amid of it.
+// then the written block has an origin of its own, in its middle.
 Point2 OriginOf(const Box& reach)
 {
     constexpr double kFar = 4; // sizes

@@ -11,7 +11,7 @@ namespace prepare {
 
 namespace {
 
-// Angles and factors are computed back and forth: these digits survive it.
+// Angles and factors are computed back and forth: this many digits stay right.
 constexpr int kAngleDigits = 12;
 
 std::string Pair(int code, std::string_view value)

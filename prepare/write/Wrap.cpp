@@ -15,7 +15,7 @@ namespace {
 constexpr double kThinnestStroke = 0.05;
 constexpr double kSmallestFont = 1;
 constexpr double kThickestStroke = 1e7; // hundredths of a larger one are no 32-bit integer
-// What a wrapped drawing is large: strokes then are some units wide, and a 32-bit float is far finer.
+// How large a wrapped drawing is: strokes then are some units wide, and a 32-bit float is far finer.
 constexpr double kWrappedSize = 20'000;
 
 bool IsWrapNeeded(const WriteSettings& settings, double stroke, double farthest)
@@ -31,7 +31,7 @@ double Farthest(const Box& box)
                                      std::fabs(box.max.y)});
 }
 
-// Whether a 32-bit float holds the value, and the shortest text that gives this float back says the very
+// Whether a 32-bit float holds the value, and the shortest text that gives this float back has exactly that
 // value: hosts keep floats, and may write them so.
 bool IsExact(double value)
 {

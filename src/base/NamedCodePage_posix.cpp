@@ -56,7 +56,7 @@ std::string NamedCodePage::Converted(std::string_view text) const
     std::size_t targetLeft = out.size();
     iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
     while (iconv(m_converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1)) {
-        // A wrong byte, or the text ends amid a character.
+        // An invalid byte, or the text ends within a character.
         if (sourceLeft == 0 || targetLeft < kReplacement.size())
             return {};
         kReplacement.copy(target, kReplacement.size());

@@ -18,7 +18,7 @@ bool IsReadable(HANDLE file)
 CDxfFile::CDxfFile(const char* path)
     : m_file(reinterpret_cast<std::intptr_t>(
           CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                      // Who serves a pipe learns who opened it, and may not act in his name.
+                      // The server of a pipe learns who opened it, but may not act in that user's name.
                       FILE_FLAG_SEQUENTIAL_SCAN | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION, nullptr)))
 {
     if (IsOpen() && !IsReadable(reinterpret_cast<HANDLE>(m_file))) {
