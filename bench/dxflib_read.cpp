@@ -1,5 +1,5 @@
-// A rival: reads a drawing with dxflib and counts what it is told of, with callbacks that keep every entity
-// as plainly as a program would that wants to draw it.
+// A rival: reads a drawing with dxflib and counts what its callbacks get, with callbacks that keep every
+// entity as plainly as a program would that wants to draw it.
 #include <dxflib/dl_creationadapter.h>
 #include <dxflib/dl_dxf.h>
 

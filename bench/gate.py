@@ -26,7 +26,7 @@ SIZE_MB = 0.4
 
 
 def tools():
-    """What the counts depend on beside the code."""
+    """What the counts depend on besides the code."""
     compiler = subprocess.run(["g++", "-dumpfullversion"], capture_output=True, text=True).stdout.strip()
     return "g++ %s, glibc %s, %s" % (compiler, platform.libc_ver()[1], platform.machine())
 

@@ -1,4 +1,4 @@
-// Times the conversions of numbers beside the standard library's, on numbers such as drawings hold.
+// Times the conversions of numbers and those of the standard library, on numbers as in drawings.
 //
 //     plexorn_number_bench [--runs N]
 //

@@ -1,4 +1,4 @@
-# What a debugger needs is made with every release, and shipped apart from it: FILE.debug belongs beside FILE,
+# What a debugger needs is made with every release, and shipped apart from it: FILE.debug belongs next to FILE,
 # which names it.
 if(MSVC OR PLEXORN_SANITIZE OR NOT CMAKE_BUILD_TYPE STREQUAL "Release")
     set(PLEXORN_SPLIT_SYMBOLS OFF)

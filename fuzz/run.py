@@ -57,7 +57,7 @@ def kept_archive(target):
 
 
 def first_inputs(target, work):
-    """The folders of what a run starts from beside what earlier ones found."""
+    """The folders of what a run starts from besides what earlier ones found."""
     return [os.path.join(work, name, target) for name in ("unpacked", "seeds")]
 
 

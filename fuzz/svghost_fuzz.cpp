@@ -124,7 +124,7 @@ public:
         CheckReports();
     }
 
-    // A writer that takes only so many bytes is told so.
+    // A writer that takes only so many bytes stops the writing.
     void CheckStop(std::size_t most)
     {
         struct Room {

@@ -1,4 +1,4 @@
-# Installs ${file} in ${destination}, compressed into ${compressed} if that is set; nothing when there is none.
+# Installs ${file} in ${destination}, compressed into ${compressed} if that is set; nothing if it does not exist.
 if(EXISTS "${file}")
     if(DEFINED compressed)
         include("${CMAKE_CURRENT_LIST_DIR}/compress.cmake")

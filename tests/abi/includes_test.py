@@ -79,7 +79,7 @@ def includes_of(root, file):
 
 
 def resolve(root, file, name):
-    """The file of the project that a quoted include names, from root; None when there is none."""
+    """The file of the project that a quoted include names, from root; None if it names no such file."""
     for base in (os.path.dirname(file), "src", ""):
         path = os.path.normpath(os.path.join(base, name)).replace(os.sep, "/")
         if os.path.isfile(os.path.join(root, path)):

@@ -62,7 +62,7 @@ def symbols_of(listing):
 
 
 def arrows_of(listing, operations):
-    """The arrows between folders; the host's operations are those of src/host, whoever gives them."""
+    """The arrows between folders; the host's operations belong to src/host, whatever defines them."""
     undefined, defined = symbols_of(listing)
     homes = collections.defaultdict(set)
     for path, names in defined.items():

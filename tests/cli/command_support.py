@@ -26,7 +26,7 @@ DRAWING = entities(*LINE)
 # SOLID is no type that is drawn: one message, which names line 6.
 DRAWING_WITH_MESSAGE = entities("  0", "SOLID", *LINE)
 SOLID_MESSAGE = "SOLID - Unknown Object Type Name (6)"
-# The same for people, who see the line beside the drawing's name.
+# The same for people, who see the line after the drawing's name.
 SOLID_TEXT = "SOLID - Unknown Object Type Name"
 
 

@@ -39,7 +39,7 @@ class Holes(CommandTest):
 
 class FailingReads(Holes):
     def said(self, printed):
-        """What is said beside what the reader tells of the line at which reading failed."""
+        """What is said besides the reader's message about the line at which reading failed."""
         lines = printed.splitlines()
         messages = [line for line in lines if re.match(r"plan\.dxf:\d+: ", line)]
         self.assertEqual(lines[:len(messages)], messages)

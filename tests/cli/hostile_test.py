@@ -34,7 +34,7 @@ print(code, used.ru_maxrss)
 # What is given up long before a machine suffers, in megabytes (and five minutes of the processor).
 ROOM = 1000
 
-# The megabytes of what is beyond the limit, which docs/bounds.md tells: its host gets the text of all points in one
+# The megabytes of what is beyond the limit, as docs/bounds.md says: its host gets the text of all points in one
 # piece, of 317 wide characters each.
 TOO_DEAR = {"polyline-far-x": (200, 350), "polyline-far-y": (200, 350)}
 
@@ -87,13 +87,13 @@ PATTERNS = ("line", "arc", "text", "mtext", "line-with-a-name", "styles", "block
             "nested-text-drawn-often", "measured-text-drawn-often", "stacked-text-drawn-often",
             "dimension-2lineangulardimension", "line-feeds", "zero-bytes", *TOO_DEAR)
 
-# The worst of them for what the command tells of a drawing.
+# The worst of them for what the command says of a drawing.
 TOLD = ("line-with-a-name", "unknown-codes", "bad-codes", "polyline-far-x", "stacked-text-drawn-often")
 
 
 class Hostile(unittest.TestCase):
     def cost(self, name, *arguments):
-        """The exit code and the megabytes of a pattern, and the picture, None when there is none."""
+        """The exit code and the megabytes of a pattern, and the picture, None without a picture."""
         with tempfile.TemporaryDirectory(prefix="plexorn-hostile-") as folder:
             path = os.path.join(folder, "plan.dxf")
             with open(path, "wb") as file:

@@ -21,7 +21,7 @@ REAL_DRAWINGS = (
     "roof-dimensions-polylines-r2007", "supported-entities-r2000", "texts-in-block-linetypes-r2007",
     "unicode-escapes-in-table-names-r2013", "visibility-layers-off-frozen-r2018", "woodshed-plan-dims-r2007")
 
-# These belong to the entity before them there, and stand for themselves in a file.
+# These belong to the entity before them there, and are entities of their own in a file.
 PARTS = {"VERTEX", "SEQEND", "ATTRIB"}
 # Layers that the other reader adds to every drawing.
 ADDED_LAYERS = {"0", "Defpoints"}

@@ -22,7 +22,7 @@ def insunits(code):
 
 
 def inside(picture):
-    """What stands between the root's start tag and its end tag, without a style element."""
+    """What is between the root's start tag and its end tag, without a style element."""
     text = picture[picture.index(">", picture.index("<svg")) + 1:picture.rindex("</svg>")]
     return re.sub(r"\n?<style>[^<]*</style>", "", text)
 

@@ -51,7 +51,7 @@ class Readme(unittest.TestCase):
         self.assertGreater(len(self.picture("examples/floor-plan.svg").findall(f".//{SVG}line")), 20)
 
     def test_the_second_command_is_what_runs_the_tests(self):
-        # Run here it would run itself; what can be asked of it is that it is there and tells about itself.
+        # Run here it would run itself; what can be checked is that it is there and explains itself.
         result = self.run_shown(FIRST_COMMANDS[1] + " --help")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertIn("builds and runs every test", result.stdout)

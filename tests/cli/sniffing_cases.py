@@ -1,4 +1,4 @@
-"""Files that are no ASCII DXF end with exit code 4 and are told apart."""
+"""Files that are no ASCII DXF end with exit code 4, and the message says what they are."""
 import gzip
 import io
 import lzma

@@ -137,7 +137,7 @@ std::string LineTo(const char* handle, const char* x)
     return Dxf({{0, "LINE"}, {5, handle}, {8, "0"}, {10, "0"}, {20, "0"}, {11, x}, {21, "0"}});
 }
 
-// The positions of texts in another; npos sorts behind all.
+// The positions of texts in another; npos sorts after all others.
 bool AreInOrder(const std::string& text, const Lines& parts)
 {
     std::size_t last = 0;

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t kCount = 40'000; // sections, each of which is told while it is read
+constexpr std::size_t kCount = 40'000; // sections, each of which is reported while it is read
 constexpr std::string_view kSection = "0\nSECTION\n2\nX\n";
 
 std::string Sections(std::size_t count)
@@ -23,7 +23,7 @@ std::string Sections(std::size_t count)
     return drawing;
 }
 
-// Imports a file, does something to it at the tenth message, and returns how many sections were told.
+// Imports a file, does something to it at the tenth message, and returns how many sections were reported.
 std::size_t SectionsOf(const TempFile& file, const std::function<void()>& change)
 {
     RecordingHost& host = RecordingHost::OfThread();

@@ -1,4 +1,4 @@
-// A host that plays sound or draws in real time may have told the processor to take the smallest numbers for
+// A host that plays sound or draws in real time may have set the processor to treat the smallest numbers as
 // zero: drawings are drawn as ever.
 #include "support/Import.h"
 #include "support/Sweep.h"

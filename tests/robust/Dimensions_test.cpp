@@ -110,7 +110,7 @@ TEST(DegenerateDimensions, SlopeOfInfinitePointsIsNotANumber)
 }
 
 // Distances are roots of sums of squares: the squares overflow before the distance does, and what is not a
-// number stays so beside what is infinite.
+// number stays so next to an infinite number.
 TEST(DegenerateDimensions, DistancesOverflowAsSumsOfSquaresDo)
 {
     EXPECT_EQ(Drawn(D("0", "0") + Part("AcDbRadialDimension", {{15, "1e200"}})),

@@ -1,4 +1,4 @@
-// A host may have set any locale: numbers are read and written with points all the same.
+// A host may have set any locale: numbers are still read and written with points.
 #include "entry/dxfFileOpen.h"
 #include "support/Import.h"
 #include "support/RuntimeLocale.h"

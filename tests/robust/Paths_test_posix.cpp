@@ -1,4 +1,4 @@
-// What is no plain file, or may not be read: a host never waits for it.
+// What is not a regular file, or may not be read: a host never waits for it.
 #include "entry/dxfFileOpen.h"
 #include "support/Import.h"
 #include "support/TempFile.h"

@@ -236,7 +236,7 @@ TEST_P(Sweep, TheHostAnswersZeroToEverything)
 
 namespace {
 
-// How often a shortage has been told while drawing.
+// How often a shortage has been reported while drawing.
 std::size_t CountShortages(const std::vector<std::string>& drawn)
 {
     std::size_t count = 0;
@@ -293,7 +293,8 @@ void ExpectReadUpToAShortage(const Outcome& outcome, const WholeImport& whole, s
     }
 }
 
-// All was read; a shortage cost one entity alone, and was told once, or every entity that needed memory.
+// Everything was read. A shortage cost one entity and was reported once, or it cost every entity that needed
+// memory.
 void ExpectDrawnUpToAShortage(const Outcome& outcome, const Outcome& whole, FailingMemory::Which which)
 {
     EXPECT_TRUE(outcome.messages == whole.messages);

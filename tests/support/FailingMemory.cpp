@@ -14,7 +14,7 @@ std::atomic<std::uint64_t> lastNumber = 0;
 void* (*allocateBlock)(std::size_t) = std::malloc;
 void (*releaseBlock)(void*) = std::free;
 
-// Stands before each block.
+// Comes before each block.
 struct alignas(std::max_align_t) HEADER {
     std::uint64_t owner;
     std::size_t size;

@@ -1,4 +1,4 @@
-// The one list of the fields of every record. Whoever writes records out or models them goes by it.
+// The one list of the fields of every record. Code that writes records out or models them uses it.
 #pragma once
 
 #include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"

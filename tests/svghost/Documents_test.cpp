@@ -1,4 +1,4 @@
-// Documents beside each other, on several threads; reports; writing.
+// Several documents at once, on several threads; reports; writing.
 #include "svghost/HostDocument.h"
 
 #include <gtest/gtest.h>

@@ -20,7 +20,7 @@ bool HasOddNumber(const std::string& text)
     return text.find("nan") != std::string::npos || text.find("inf") != std::string::npos;
 }
 
-// The number of elements left out of a drawing that has this one, and a good line beside it.
+// The number of elements left out of a drawing that has this one, and a good line next to it.
 template <class Create>
 std::size_t LeftOut(Create create)
 {

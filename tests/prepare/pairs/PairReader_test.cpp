@@ -129,7 +129,7 @@ TEST(PairReader, AFileWithoutThePairEofSaysSo)
     PairReader reader(memory);
     EXPECT_EQ(ReadAll(reader), "1 0 ENDSEC;");
     EXPECT_FALSE(reader.HasEofPair());
-    EXPECT_EQ(reader.SkippedLines().count, 0u); // blank lines at the end hurt nobody
+    EXPECT_EQ(reader.SkippedLines().count, 0u); // blank lines at the end do no harm
 }
 
 TEST(PairReader, CommentsAreLeftOut)

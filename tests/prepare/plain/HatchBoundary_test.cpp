@@ -225,7 +225,7 @@ TEST(HatchBoundary, IslandsAreThoseOfTheStyle)
     EXPECT_EQ(Areas(hatch), (std::vector{64.0, 16.0}));
     hatch.style = 2;
     EXPECT_EQ(Areas(hatch), std::vector{64.0});
-    hatch.loops[0].flags = 2; // without an external loop there is nothing to tell them by
+    hatch.loops[0].flags = 2; // without an external loop nothing distinguishes them
     EXPECT_EQ(Areas(hatch), (std::vector{64.0, 16.0, 4.0}));
 }
 

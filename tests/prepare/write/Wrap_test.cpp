@@ -33,7 +33,7 @@ TEST(Wrap, NearAndLargeDrawingsNeedNone)
     EXPECT_TRUE(WrapOf({5'000'000, 50}, 100).isNeeded);
 }
 
-// Whoever keeps the place as a float, or writes that float as text, keeps all of it.
+// A host that keeps the place as a float, or writes that float as text, keeps all of it.
 TEST(Wrap, ItsPlaceIsSaidByAFloat)
 {
     for (const double size : {20.0, 0.02})

@@ -184,7 +184,7 @@ TEST(DimensionFaults, MarkersAreComparedExactly)
     }
 }
 
-// What the readers answer to whoever calls them.
+// What the readers return to their callers.
 TEST(DimensionFaults, IsTrueOnceAMarkerWasMetWhateverCameOfIt)
 {
     const std::map<std::string, bool> kResults = {{"100\nAcDbEntity\n0\n", true},

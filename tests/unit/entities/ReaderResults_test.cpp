@@ -1,4 +1,4 @@
-// What the readers of entities and blocks answer to whoever calls them.
+// What the readers of entities and blocks return to their callers.
 #include "entities/DXF_BLOCKS_BLOCK.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
 #include "support/Import.h"
