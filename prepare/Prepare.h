@@ -2,8 +2,9 @@
  * Preparing: rewrites any DXF drawing into a plain one.
  *
  * The plain drawing is an R2000 ASCII drawing of lines, arcs, circles, ellipses, polylines, texts and
- * inserts. It shows what the original shows, for a reader that knows little of the format. Plain C; no
- * function throws an exception, and none reads or sets the locale. Several threads can prepare at once.
+ * inserts, with areas as blocks of outlines (for the module) or as solid hatches. It shows what the original
+ * shows, for a reader that knows little of the format. Plain C; no function throws an exception, and none
+ * reads or sets the locale. Several threads can prepare at once.
  *
  * Strings are zero-terminated UTF-8.
  */
