@@ -92,7 +92,7 @@ def draw_stair(space):
     space.circle("STAIR", left, 50, 0.6)
     space.line("STAIR", left + 0.6, 50, 119.5, 50)
     space.polyline("STAIR", [(117.5, 51), (119.5, 50), (117.5, 49)])
-    space.text("ROOM-AREA", 103, 47.5, 1.8, "up", 2, TOP)
+    space.text("ROOM-AREA", 103, 47.5, 1.4, "up", 2, TOP)
 
 
 def draw_grid(space):
@@ -109,23 +109,23 @@ def draw_grid(space):
 def draw_rooms(space):
     """Every justification of TEXT and the three upper attachments of MTEXT are used once or more."""
     def area(x, y, string, attachment=2):
-        space.mtext("ROOM-AREA", x, y, 1.8, string, attachment)
+        space.mtext("ROOM-AREA", x, y, 1.4, string, attachment)
 
-    space.text("ROOM-NAME", 24, 37, 3, "LIVING ROOM", 1, TOP)
+    space.text("ROOM-NAME", 24, 37, 2.4, "LIVING ROOM", 1, TOP)
     area(24, 32.5, "38.4 sqm, oak")
-    space.text("ROOM-NAME", 90, 40, 2.5, "DINING", 2, TOP)
+    space.text("ROOM-NAME", 90, 40, 2, "DINING", 2, TOP)
     area(90, 36.5, "parquet", 3)
-    space.text("ROOM-NAME", 94, 33.5, 2.5, "KITCHEN", 0, TOP)
+    space.text("ROOM-NAME", 94, 33.5, 2, "KITCHEN", 0, TOP)
     area(94, 30, "19.4 sqm, tiles", 1)
-    space.text("ROOM-NAME", 56, 52.5, 2.5, "HALL", 1, TOP)
+    space.text("ROOM-NAME", 56, 52.5, 2, "HALL", 1, TOP)
     area(56, 49, "21.7 sqm, slate")
-    space.text("ROOM-NAME", 27, 79, 2.5, "BEDROOM", 3, 0, second=(40.5, 79))
-    area(27, 75.5, "18.9 sqm", 1)
-    space.text("ROOM-NAME", 50.5, 83, 2.5, "BATH", 4, 0, second=(54, 84.2))
+    space.text("ROOM-NAME", 26, 79, 2, "BEDROOM", 3, 0, second=(38.5, 79))
+    area(26, 76, "18.9 sqm", 1)
+    space.text("ROOM-NAME", 50.5, 83, 2, "BATH", 4, 0, second=(54, 84.2))
     area(54, 79.5, "8.1 sqm")
-    space.text("ROOM-NAME", 72.5, 81.5, 2.5, "STUDY", 5, 0, second=(82, 81.5))
+    space.text("ROOM-NAME", 72.5, 81.5, 2, "STUDY", 5, 0, second=(82, 81.5))
     area(77.2, 78, "9.4 sqm")
-    space.text("ROOM-NAME", 106, 75, 2.5, "BEDROOM", 1, TOP)
+    space.text("ROOM-NAME", 106, 75, 2, "BEDROOM", 1, TOP)
     area(106, 71.5, "18.9 sqm")
     space.text("ROOM-AREA", 46, -9.8, 2.2, "TERRACE", 1, TOP, color=42)
 
@@ -170,8 +170,8 @@ def draw_sheet(space):
     for metre in range(5):
         x = -30 + 10 * metre
         space.rectangle("SHEET", x, -29, x + 10, -28 if metre % 2 else -27, weight=18)
-        space.text("SHEET", x, -30, 1.8, str(metre), 1, TOP)
-    space.text("SHEET", 20, -30, 1.8, "5 m", 1, TOP)
+        space.text("SHEET", x, -30, 1.4, str(metre), 1, TOP)
+    space.text("SHEET", 20, -30, 1.4, "5 m", 1, TOP)
 
 
 def drawing():
