@@ -56,11 +56,27 @@ COMMAND_ROOMS = {
     "system": (set(), set()),
 }
 
+# The same for prepare/: the rooms are the stages of the way from a file to a plain drawing. All know the options.
+PREPARE_OPTIONS = "prepare/Options.h"
+PREPARE_ROOMS = {
+    "": ({"drawing", "plain", "report", "write"}, {"src/input/"}),
+    "write": ({"drawing", "plain", "report"}, {PREPARE_OPTIONS}),
+    "plain": ({"drawing", "report"}, {PREPARE_OPTIONS}),
+    "drawing": ({"pairs", "report"}, {"src/input/"}),
+    "pairs": (set(), {"src/input/"}),
+    "report": (set(), set()),
+}
+
+# The folders that have rooms.
+ROOMS = {"cli": COMMAND_ROOMS, "prepare": PREPARE_ROOMS}
+
 # Numbers become texts, and texts numbers, in src/base alone: one form of each number everywhere, whatever the locale.
 NUMBER_HEADER = "charconv"
 NUMBER_FOLDER = "src/base/"
 
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
+# What a folder uses beyond that: the command a package of its own, the examples in C more of the C library.
+LIBRARIES = {"cli": re.compile(r"CLI/.+\.hpp"), "examples": re.compile(r"(?:locale|stdarg|stdio|stdlib)\.h")}
 # Files that exist for one system may use that system; the module object, its framework; the rest the
 # standard library alone.
 PLATFORM_FILE = re.compile(r"(_posix|_windows)\.(cpp|h)$|\.rc(\.in)?$|/CPlexornApp\.(cpp|h)$")
@@ -116,27 +132,35 @@ def is_among(target, known):
 def neighbour_problem(root, file, bracket, name):
     folder = file.split("/")[0]
     target = resolve(root, file, name)
+    if bracket == "<":
+        return None if is_library(file, name) else "needs more than the standard library"
     if target is None:
-        return None if bracket == "<" else "names no file of the project"
-    if bracket == "<" and not target.startswith("src/"):
-        return None
+        return "names no file of the project"
     if not is_among(target, NEIGHBOURS[folder] | {folder + "/"}):
         return "knows too much"
-    return command_problem(file, target) if folder == "cli" else None
+    return room_problem(file, target) if folder in ROOMS else None
+
+
+def is_library(file, name):
+    library = LIBRARIES.get(file.split("/")[0])
+    return (is_standard(name) or PLATFORM_FILE.search("/" + file) is not None
+            or library is not None and library.fullmatch(name) is not None)
 
 
 def room_of(file):
-    """The room of a file of cli/."""
+    """The room of a file in a folder that has rooms."""
     folders = file.split("/")[1:-1]
     return folders[0] if folders else ""
 
 
-def command_problem(file, target):
-    room = room_of(file)
-    rooms, known = COMMAND_ROOMS[room]
-    if target.startswith("cli/"):
-        return None if room_of(target) in rooms | {room} else "goes against the arrows"
-    return None if is_among(target, known | {"src/base/"}) else "knows too much"
+def room_problem(file, target):
+    folder, room = file.split("/")[0], room_of(file)
+    rooms, known = ROOMS[folder][room]
+    if is_among(target, known | {"src/base/"}):
+        return None
+    if not target.startswith(folder + "/"):
+        return "knows too much"
+    return None if room_of(target) in rooms | {room} else "goes against the arrows"
 
 
 def number_problem(file, name):
@@ -147,7 +171,7 @@ def number_problem(file, name):
 def is_homeless(file):
     """Whether a file is in a folder that nobody planned."""
     top = file.split("/")[0]
-    return top == "src" and file.split("/")[1] not in ARROWS or top == "cli" and room_of(file) not in COMMAND_ROOMS
+    return top == "src" and file.split("/")[1] not in ARROWS or top in ROOMS and room_of(file) not in ROOMS[top]
 
 
 def problems(root):
@@ -172,15 +196,17 @@ class Project(unittest.TestCase):
         folders = {file.split("/")[1] for file in files_of(ARGS.root, "src")}
         self.assertEqual(folders, set(ARROWS))
 
-    def test_every_room_of_the_command_is_read(self):
-        self.assertEqual({room_of(file) for file in files_of(ARGS.root, "cli")}, set(COMMAND_ROOMS))
+    def test_every_room_is_read(self):
+        for folder, rooms in ROOMS.items():
+            self.assertEqual({room_of(file) for file in files_of(ARGS.root, folder)}, set(rooms))
 
     def test_no_room_leads_back_to_itself(self):
-        left = {room: set(rooms) for room, (rooms, _) in COMMAND_ROOMS.items()}
-        while left:
-            ends = {room for room, rooms in left.items() if not rooms & set(left)}
-            self.assertTrue(ends, left)
-            left = {room: rooms for room, rooms in left.items() if room not in ends}
+        for table in ROOMS.values():
+            left = {room: set(rooms) for room, (rooms, _) in table.items()}
+            while left:
+                ends = {room for room, rooms in left.items() if not rooms & set(left)}
+                self.assertTrue(ends, left)
+                left = {room: rooms for room, rooms in left.items() if room not in ends}
 
 
 class Checker(unittest.TestCase):
@@ -250,6 +276,37 @@ class Checker(unittest.TestCase):
     def test_a_host_that_knows_dxf(self):
         found = self.check({"src/entry/a.h": "", "svghost/b.cpp": '#include "entry/a.h"\n#include <map>\n'})
         self.assertEqual(found, ["svghost/b.cpp: entry/a.h: knows too much"])
+
+    def test_a_library_in_the_host_and_in_the_preparer(self):
+        found = self.check({"svghost/a.cpp": "#include <pugixml.hpp>\n", "prepare/a.cpp": "#include <CLI/CLI.hpp>\n",
+                            "cli/options/a.cpp": "#include <CLI/CLI.hpp>\n"})
+        self.assertEqual(found, ["svghost/a.cpp: pugixml.hpp: needs more than the standard library",
+                                 "prepare/a.cpp: CLI/CLI.hpp: needs more than the standard library"])
+
+    def test_a_system_outside_the_files_of_that_system(self):
+        found = self.check({"prepare/a.cpp": "#include <sys/stat.h>\n",
+                            "prepare/b_posix.cpp": "#include <sys/stat.h>\n"})
+        self.assertEqual(found, ["prepare/a.cpp: sys/stat.h: needs more than the standard library"])
+
+    def test_stages_of_the_preparer_backwards(self):
+        found = self.check({"prepare/write/a.h": "", "prepare/pairs/b.h": '#include "prepare/write/a.h"\n',
+                            "prepare/plain/c.h": '#include "prepare/pairs/b.h"\n'})
+        self.assertEqual(found, ["prepare/pairs/b.h: prepare/write/a.h: goes against the arrows",
+                                 "prepare/plain/c.h: prepare/pairs/b.h: goes against the arrows"])
+
+    def test_a_stage_that_reads_files_and_need_not(self):
+        found = self.check({"src/input/a.h": "", "prepare/plain/b.h": '#include "input/a.h"\n'})
+        self.assertEqual(found, ["prepare/plain/b.h: input/a.h: knows too much"])
+
+    def test_a_preparer_that_knows_the_module_or_the_host(self):
+        found = self.check({"src/reader/a.h": "", "svghost/a.h": "",
+                            "prepare/drawing/b.h": '#include "reader/a.h"\n#include "svghost/a.h"\n'})
+        self.assertEqual(found, ["prepare/drawing/b.h: reader/a.h: knows too much",
+                                 "prepare/drawing/b.h: svghost/a.h: knows too much"])
+
+    def test_a_base_that_prepares(self):
+        found = self.check({"prepare/a.h": "", "src/base/b.h": '#include "prepare/a.h"\n'})
+        self.assertEqual(found, ["src/base/b.h: prepare/a.h: goes against the arrows"])
 
     def test_what_is_allowed(self):
         found = self.check({"src/host/QuillmarLib.h": "", "svghost/SvgHost.h": '#include "host/QuillmarLib.h"\n',

@@ -12,7 +12,7 @@ import subprocess
 import sys
 import unittest
 
-from includes_test import ARROWS, NEIGHBOURS, TYPE_LIST
+from includes_test import ARROWS, NEIGHBOURS, READER_KNOWS, TYPE_LIST
 
 ARGS = None
 
@@ -23,6 +23,11 @@ UPWARD = {
     ("entities", "dimension"): {"CDxfRead::ReadENTITIES_DIMENSION"},
 }
 
+# The folders with sources that are built, and of their headers those that are lists alone: they have no symbols.
+PARTS = ("src", *(name for name in NEIGHBOURS if name != "examples"))
+LISTS = {READER_KNOWS, TYPE_LIST}
+
+PART = re.compile(rf"(?:^|/)({'|'.join(PARTS)})/CMakeFiles/[^/]+\.dir/(.+)\.(?:o|obj)$")
 SYMBOL = re.compile(r"^(?:[0-9a-f]+)? +([A-Za-z]) (.+)$")
 # An inline function is defined by every object that needs it, so its definition belongs to no folder.
 STRONG = set("TDBRGSA")
@@ -32,7 +37,7 @@ Arrow = collections.namedtuple("Arrow", "folder other symbol")
 
 def folder_of(path):
     """The folder that the rules know an object file by; None for an object of no source of ours."""
-    found = re.search(r"(?:^|/)(src|svghost|cli)/CMakeFiles/[^/]+\.dir/(.+)\.(?:o|obj)$", path.replace(os.sep, "/"))
+    found = PART.search(path.replace(os.sep, "/"))
     if not found:
         return None
     part, source = found.groups()
@@ -86,7 +91,7 @@ def allowed_folders(folder):
         below = set(ARROWS[folder])
         return below.union(*map(allowed_folders, below))
     # src/base/Utf8.h is of the folder base, svghost/SvgHost.h of the folder svghost.
-    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder] - {TYPE_LIST}}
+    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder] - LISTS}
 
 
 def problems(arrows, upward):
@@ -108,7 +113,7 @@ def problems(arrows, upward):
 
 def object_files(root, build):
     """The objects of sources that are still there: a build keeps those of files that were moved."""
-    for part in ("src", "svghost", "cli"):
+    for part in PARTS:
         for folder, _, names in os.walk(os.path.join(build, part)):
             for name in sorted(names):
                 path = os.path.join(folder, name)
@@ -137,7 +142,7 @@ class Project(unittest.TestCase):
     def test_every_folder_with_sources_is_read(self):
         with_sources = {name for name in ARROWS
                         if any(file.endswith(".cpp") for file in os.listdir(os.path.join(ARGS.root, "src", name)))}
-        self.assertEqual(self.folders, with_sources | {"svghost", "cli"})
+        self.assertEqual(self.folders, with_sources.union(PARTS) - {"src"})
 
 
 class Checker(unittest.TestCase):
@@ -185,6 +190,32 @@ class Checker(unittest.TestCase):
         found = self.check({"src/reader/A.cpp": ["0000000000000010 T Read()"],
                             "cli/info/B.cpp": ["                 U Read()"]})
         self.assertEqual(found, ["cli uses Read() of reader: goes against the arrows"])
+
+    def test_a_command_that_draws_by_itself(self):
+        found = self.check({"svghost/A.cpp": ["0000000000000000 T qlmCreateLine"],
+                            "cli/draw/B.cpp": ["                 U qlmCreateLine"]})
+        self.assertEqual(found, ["cli uses qlmCreateLine of host: goes against the arrows"])
+
+    def test_a_preparer_that_reaches_into_the_module(self):
+        found = self.check({"src/reader/A.cpp": ["0000000000000010 T Read()"],
+                            "prepare/drawing/B.cpp": ["                 U Read()"]})
+        self.assertEqual(found, ["prepare uses Read() of reader: goes against the arrows"])
+
+    def test_a_preparer_that_writes_pictures(self):
+        found = self.check({"svghost/A.cpp": ["0000000000000010 T WritePath()"],
+                            "prepare/write/B.cpp": ["                 U WritePath()"]})
+        self.assertEqual(found, ["prepare uses WritePath() of svghost: goes against the arrows"])
+
+    def test_a_base_that_prepares(self):
+        found = self.check({"prepare/A.cpp": ["0000000000000010 T PrepareDrawing()"],
+                            "src/base/B.cpp": ["                 U PrepareDrawing()"]})
+        self.assertEqual(found, ["base uses PrepareDrawing() of prepare: goes against the arrows"])
+
+    def test_a_preparer_on_the_base_and_below_the_command(self):
+        self.assertEqual(self.check({"src/base/A.cpp": ["0000000000000010 T ParseReal()"],
+                                     "prepare/A.cpp": ["0000000000000010 T PrepareDrawing()",
+                                                       "                 U ParseReal()"],
+                                     "cli/prepare/B.cpp": ["                 U PrepareDrawing()"]}), [])
 
     def test_what_is_inline_belongs_to_nobody(self):
         self.assertEqual(self.check({"src/convert/A.cpp": ["0000000000000000 W std::min()"],
