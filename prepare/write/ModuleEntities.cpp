@@ -2,10 +2,12 @@
 
 #include "prepare/plain/Placement.h"
 #include "prepare/write/AgreedNames.h"
+#include "prepare/write/ModuleEncoding.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace prepare {
 
@@ -274,13 +276,17 @@ void ModuleEntities::InsertArea(std::span<const std::vector<Point2>> rings, std:
 }
 
 ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
-                        int decimals, bool& isCut)
+                        int decimals, TextLoss& loss)
 {
-    return {ValueForModule(text.text, isCut), RoundedTo(factor * place.size, decimals), text.anchor, style};
+    bool isCut = false;
+    std::string value = ValueForModule(text.text, isCut);
+    const bool isReplaced = !EncodeForModule(value);
+    loss = {loss.isCut || isCut, loss.isReplaced || isReplaced};
+    return {std::move(value), RoundedTo(factor * place.size, decimals), text.anchor, style};
 }
 
 ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
-                        int decimals, bool& isCut)
+                        int decimals, TextLoss& loss)
 {
     const LoggedText& first = runs.front().text;
     const double capitals = factor * place.size / kFontSizeOfCapitals;
@@ -288,9 +294,7 @@ ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const Tex
     for (const LoggedRun& run : runs) {
         TextPlace own = place;
         own.size = place.size * Length(run.text.along) / Length(first.along);
-        bool isRunCut = false;
-        ModuleText text = ModuleTextOf(run.style, run.text, own, factor, decimals, isRunCut);
-        isCut = isCut || isRunCut;
+        ModuleText text = ModuleTextOf(run.style, run.text, own, factor, decimals, loss);
         text.value.append(std::min(run.blanks, kLongestValue - text.value.size()), ' ');
         const double along = Cross(run.text.point - point, first.up) / Cross(first.along, first.up);
         line.push_back({std::move(text), RoundedTo(along * capitals, decimals)});
@@ -298,13 +302,20 @@ ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const Tex
     return line;
 }
 
+void ModuleEntities::Tell(const TextLoss& loss)
+{
+    if (loss.isCut)
+        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+    if (loss.isReplaced)
+        m_out.report.Add(Finding::Changed, "TEXT", "without letters that the system's code page lacks", 0);
+}
+
 void ModuleEntities::Text(StyleId style, const LoggedText& text)
 {
     const TextPlace place = TextPlaceForModule(text.along, text.up);
-    bool isCut = false;
-    const ModuleText written = ModuleTextOf(style, text, place, m_out.factor, m_out.decimals, isCut);
-    if (isCut)
-        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+    TextLoss loss;
+    const ModuleText written = ModuleTextOf(style, text, place, m_out.factor, m_out.decimals, loss);
+    Tell(loss);
     if (place.isUpright)
         return WriteModuleText(m_out.pairs, m_out.styles, written, Local(text.point), m_out.decimals);
     InsertText(m_out.texts.NameOf({{written}}, place.innerRotation), text.point, place);
@@ -313,10 +324,9 @@ void ModuleEntities::Text(StyleId style, const LoggedText& text)
 void ModuleEntities::LineOfText(Point2 point, std::span<const LoggedRun> runs)
 {
     const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
-    bool isCut = false;
-    const ModuleLine line = ModuleLineOf(point, runs, place, m_out.factor, m_out.decimals, isCut);
-    if (isCut)
-        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+    TextLoss loss;
+    const ModuleLine line = ModuleLineOf(point, runs, place, m_out.factor, m_out.decimals, loss);
+    Tell(loss);
     InsertText(m_out.texts.NameOf(line, place.innerRotation), point, place);
 }
 

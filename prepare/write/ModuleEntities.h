@@ -38,13 +38,19 @@ struct ModuleOutput {
     double tolerance = 0; // of flattened curves, in written units
 };
 
-// Texts as ModuleText, and how they come to their places. isCut: the text was too long.
+// What of a text the module does not get.
+struct TextLoss {
+    bool isCut = false;      // it is too long
+    bool isReplaced = false; // it has letters that the system's code page lacks
+};
+
+// Texts as ModuleText, and how they come to their places.
 ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
-                        int decimals, bool& isCut);
+                        int decimals, TextLoss& loss);
 
 // A line of them, whose place is that of its first text.
 ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
-                        int decimals, bool& isCut);
+                        int decimals, TextLoss& loss);
 
 class ModuleEntities final : public LogVisitor {
 public:
@@ -73,6 +79,7 @@ private:
     Point2 Rounded(Point2 p) const;
     int DecimalsOfAngle(double radius, double unit) const;
 
+    void Tell(const TextLoss& loss);
     void InsertText(const std::string& block, Point2 point, const TextPlace& place);
 
     // From here on, all numbers are in written units.

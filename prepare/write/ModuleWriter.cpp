@@ -30,16 +30,16 @@ public:
     void Text(StyleId style, const LoggedText& text) override
     {
         const TextPlace place = TextPlaceForModule(text.along, text.up);
-        bool isCut = false;
+        TextLoss unsaid;
         if (!place.isUpright)
-            m_texts.Add({{ModuleTextOf(style, text, place, m_factor, m_decimals, isCut)}},
+            m_texts.Add({{ModuleTextOf(style, text, place, m_factor, m_decimals, unsaid)}},
                         place.innerRotation);
     }
     void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
     {
         const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
-        bool isCut = false;
-        m_texts.Add(ModuleLineOf(point, runs, place, m_factor, m_decimals, isCut), place.innerRotation);
+        TextLoss unsaid; // the writing meets it again
+        m_texts.Add(ModuleLineOf(point, runs, place, m_factor, m_decimals, unsaid), place.innerRotation);
     }
     void Insert(std::size_t block, Point2, double, bool) override
     {

@@ -1,7 +1,7 @@
-"""What only Windows has: a shell that leaves patterns to the command."""
+"""What only Windows has: a shell that leaves patterns to the command, and code pages."""
 import os
 
-from command_support import CommandTest
+from command_support import CommandTest, entities
 
 
 class Patterns(CommandTest):
@@ -40,3 +40,22 @@ class Patterns(CommandTest):
 
     def test_info(self):
         self.assertEqual(self.plexorn("info", "a*.dxf", "--json").stdout.count('"file":"a'), 2)
+
+
+class Texts(CommandTest):
+    """The module reads texts in the system's code page, and gets prepared ones in it."""
+    AS_IS = False
+
+    def drawn(self, text):
+        """What is said about a drawing with that text, and its picture."""
+        self.write("plan.dxf", entities("0", "TEXT", "8", "0", "10", "0", "20", "0", "40", "1", "1", text))
+        return self.expect(0, "plan.dxf"), self.read("plan.svg")
+
+    def test_letters_of_the_code_page_are_drawn(self):
+        said, picture = self.drawn("8 × 45° ± 0.1")
+        self.assertIn(">8 × 45° ± 0.1<", picture)
+        self.assertNotIn("code page", said)
+
+    def test_letters_that_it_lacks_are_told(self):
+        said, picture = self.drawn("Ж א あ")
+        self.assertEqual("TEXT without letters that the system's code page lacks" in said, ">Ж א あ<" not in picture)
