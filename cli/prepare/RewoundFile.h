@@ -3,8 +3,10 @@
 
 #include "cli/contents/FileSource.h"
 #include "cli/files/Source.h"
+#include "cli/system/InterruptGuard.h"
 #include "prepare/PrepareDrawing.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -14,7 +16,8 @@
 
 namespace plexorn {
 
-// The file of a drawing, which can be read from its start any number of times.
+// The file of a drawing, which can be read from its start any number of times. Reading fails once the command
+// is interrupted.
 class RewoundFile final : public prepare::ReopenableSource, private CDxfSource {
 public:
     // source must outlive this. Where reading fails, the file ends if it keeps going.
@@ -47,6 +50,10 @@ private:
     {
         if (!m_reader)
             return 0;
+        if (InterruptGuard::IsInterrupted()) {
+            m_error = EINTR;
+            return -1;
+        }
         const std::ptrdiff_t count = m_reader->Read(bytes, size);
         if (count >= 0)
             return count;

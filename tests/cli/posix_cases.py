@@ -12,6 +12,7 @@ import subprocess
 import sys
 import termios
 import time
+import unittest
 
 import command_support
 from command_support import LINE, NOBODY, CommandTest, DRAWING, DRAWING_WITH_MESSAGE, dxf, entities
@@ -316,6 +317,34 @@ class Interruption(CommandTest):
             code = self.interrupted(signal.SIGINT, ["plan.dxf"], "plan.dxf", "-o", "out/plan.svg", stderr=printed)
         self.assertEqual(code, -signal.SIGINT)
         self.assertEqual(self.read("printed"), "plexorn: stopped before it was done\n")
+
+    def bytes_read_after_interruption(self, bytes_wanted):
+        """Sends the signal when a drawing begins to be prepared; how much was read in the end."""
+        process = subprocess.Popen([command_support.COMMAND, "prepare", "-q", "plan.dxf", "-o", "out/plan.dxf"],
+                                   cwd=self.folder, stderr=subprocess.DEVNULL,
+                                   preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        while process.poll() is None and not os.listdir(self.path("out")):
+            pass
+        process.send_signal(signal.SIGINT)
+        os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
+        with open(f"/proc/{process.pid}/io", encoding="ascii") as file:
+            count = int(file.read().split()[1])
+        if process.wait() == 0:
+            os.remove(self.path("out/plan.dxf"))
+            return bytes_wanted
+        self.assertEqual((process.returncode, os.listdir(self.path("out"))), (-signal.SIGINT, []))
+        return count
+
+    @unittest.skipUnless(os.path.exists("/proc/self/io"), "this system does not count what is read")
+    def test_an_interruption_of_preparing_does_not_wait_until_all_is_read(self):
+        os.mkdir(self.path("out"))
+        for doublings in range(4):
+            self.write("plan.dxf", entities(*LINE * (self.COUNT << doublings)))
+            whole = 2 * os.path.getsize(self.path("plan.dxf"))
+            # The signal can be late.
+            if self.bytes_read_after_interruption(whole) < whole:
+                return
+        self.fail("all of the drawing was read after the signal")
 
     def test_a_signal_that_is_ignored_stays_ignored(self):
         self.write("plan.dxf", entities(*LINE * self.COUNT))
