@@ -73,6 +73,7 @@ private:
         try {
             m_doJob(job, m_options, report);
         } catch (const std::bad_alloc&) {
+            report.DropMessages();
             report.Failed(ShownName(job.input), NotDone(m_options.task) + "memory is short", ExitCode::File);
         } catch (const std::exception& error) {
             report.Failed(ShownName(job.input), NotDone(m_options.task) + error.what(), ExitCode::File);

@@ -132,6 +132,19 @@ class ShortMemory(Holes):
                         self.assertEqual(self.read("plan.svg"), "old")
         self.assertEqual(codes, {0, 3})
 
+    def test_messages_do_not_come_with_the_failure(self):
+        with open(self.path("plan.dxf"), "rb") as drawing:
+            texts = drawing.read()
+        self.write("plan.dxf", texts.replace(b"\n0\nTEXT\n", b"\n0\nSOLID\n0\n3DSOLID\n0\nTEXT\n", 1))
+        failed = 0
+        for kilobytes in range(self.LEAST_KILOBYTES, 44_000, 1_000):
+            with self.subTest(kilobytes=kilobytes):
+                result = self.limited(kilobytes)
+                if result.returncode == 3:
+                    self.assertRegex(result.stderr, "^plan[^\n]*: [^\n]*(memory is short|allocate memory)[^\n]*\n$")
+                    failed += 1
+        self.assertGreater(failed, 0)
+
     def test_to_keep_going_says_what_is_missing(self):
         holes = 0
         for kilobytes in range(12_000, 44_000, 1_000):
