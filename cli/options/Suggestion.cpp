@@ -31,6 +31,17 @@ const OptionRow* FindOption(const CommandRow& command, std::string_view name)
     return found == command.options.end() ? nullptr : &*found;
 }
 
+// The only option whose name begins with that; null when there is none, or more than one.
+const OptionRow* OnlyOneThatBegins(const CommandRow& command, std::string_view name)
+{
+    const auto begins = [&](const OptionRow& row) { return LongName(row).starts_with(name); };
+    const auto first = std::find_if(command.options.begin(), command.options.end(), begins);
+    if (name.size() <= 2 || first == command.options.end() ||
+        std::any_of(first + 1, command.options.end(), begins))
+        return nullptr;
+    return &*first;
+}
+
 } // namespace
 
 std::size_t EditDistance(std::string_view a, std::string_view b)
@@ -60,6 +71,8 @@ std::string SuggestedOption(const CommandRow& command, std::string_view argument
     for (const CommandRow& other : Commands())
         if (other.task != command.task && FindOption(other, name))
             return std::string(other.name).append(" ").append(name);
+    if (const OptionRow* const only = OnlyOneThatBegins(command, name))
+        return std::string(LongName(*only));
     std::string_view nearest;
     std::size_t least = MostDistance(name.substr(2)) + 1;
     for (const OptionRow& row : command.options) {
@@ -78,8 +91,9 @@ std::string SuggestedCommand(std::string_view word)
                                                                         {"prepare", "plexorn prepare"},
                                                                         {"help", "plexorn --help"},
                                                                         {"version", "plexorn --version"}};
+    constexpr std::size_t kLeastOfBegin = 3;
     for (const auto& [name, meant] : kMeant)
-        if (EditDistance(word, name) <= 1)
+        if (EditDistance(word, name) <= 1 || (word.size() >= kLeastOfBegin && name.starts_with(word)))
             return std::string(meant);
     return "";
 }

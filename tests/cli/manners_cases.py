@@ -126,7 +126,8 @@ class Meant(Manners):
         self.write("plan.dxf")
         for wrong, meant in (("--backgroun=red", "--background"), ("--pape", "--paper"), ("--strcit", "--strict"),
                              ("--hairlines", "--hairline"), ("--max-message", "--max-messages"),
-                             ("--json", "plexorn info --json"), ("--recursiv", "--recursive")):
+                             ("--json", "plexorn info --json"), ("--recursiv", "--recursive"), ("--out", "--output"),
+                             ("--red", "--redraw-dimensions"), ("--verb=1", "--verbose")):
             printed = self.expect(2, "plan.dxf", wrong)
             self.assertIn(f"\nDid you mean {meant}?\n", printed)
             self.assertIn("--help", printed)
@@ -136,12 +137,12 @@ class Meant(Manners):
 
     def test_nothing_is_guessed_when_nothing_is_near(self):
         self.write("plan.dxf")
-        for wrong in ("--colour", "--x", "-x", "--" + "a" * 5000):
+        for wrong in ("--colour", "--x", "-x", "--no", "--" + "a" * 5000):
             self.assertNotIn("Did you mean", self.expect(2, "plan.dxf", wrong))
 
     def test_a_command_that_is_written_wrongly(self):
         self.write("plan.dxf")
-        for wrong, meant in (("inof", "plexorn info"), ("nfo", "plexorn info"), ("infos", "plexorn info"),
+        for wrong, meant in (("inof", "plexorn info"), ("nfo", "plexorn info"), ("infos", "plexorn info"), ("prep", "plexorn prepare"),
                              ("help", "plexorn --help"), ("version", "plexorn --version")):
             self.assertIn(f"{wrong}: there is no such file\nDid you mean {meant}?\n", self.expect(2, wrong, "plan.dxf"))
         self.assertEqual(self.names(), ["plan.dxf"])
