@@ -1,6 +1,7 @@
 #include "cli/files/Jobs.h"
 
 #include "base/Letters.h"
+#include "cli/files/ReadFiles.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
@@ -80,15 +81,12 @@ std::string IdentityOfOutput(const std::string& output)
 // Finds drawings whose pictures would replace each other, or something that is read.
 class Clashes {
 public:
-    Clashes(const std::vector<Input>& inputs, const Options& options) : m_task(options.task)
+    Clashes(const std::vector<Input>& inputs, const Options& options)
+        : m_task(options.task), m_read(inputs, options)
     {
-        const std::string& list = options.list;
         for (const Input& input : inputs)
             if (input.name != kStandardStream)
-                AddDrawing(PathFromArgument(input.name));
-        if (!list.empty() && list != kStandardStream)
-            AddRead(FileIdentity(PathFromArgument(list)), "the list of the drawings");
-        AddRead(FileIdentity(stdin), "the file of the standard input");
+                m_drawings.insert(FileKey(PathFromArgument(input.name)));
     }
 
     // Whether job repeats another one; a job that clashes gets a reason.
@@ -118,28 +116,16 @@ public:
     }
 
 private:
-    void AddDrawing(const std::filesystem::path& path)
-    {
-        m_drawings.insert(FileKey(path));
-        AddRead(FileIdentity(path), "one of the drawings");
-    }
-
-    void AddRead(const std::string& identity, const char* what)
-    {
-        if (!identity.empty())
-            m_read.try_emplace(identity, what);
-    }
-
     // A drawing's own file is refused when it is drawn.
     void RefuseWhatIsRead(Job& job) const
     {
         const std::string identity = IdentityOfOutput(job.output);
-        const auto read = m_read.find(identity);
+        const char* const what = m_read.WhatIs(identity);
         const bool isOwn = !identity.empty() && job.input != kStandardStream &&
                            job.output != kStandardStream &&
                            identity == FileIdentity(PathFromArgument(job.input));
-        if (read != m_read.end() && !isOwn)
-            Refuse(job, job.output + " is " + read->second + "; give another place with -o");
+        if (what != nullptr && !isOwn)
+            Refuse(job, job.output + " is " + what + "; give another place with -o");
     }
 
     void Refuse(Job& job, const std::string& reason) const
@@ -150,7 +136,7 @@ private:
 
     Task m_task;
     std::set<std::string> m_drawings;
-    std::map<std::string, const char*> m_read; // by identity
+    ReadFiles m_read;
     std::map<std::string, std::pair<std::string, std::string>> m_pictures;
 };
 

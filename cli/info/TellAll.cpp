@@ -2,11 +2,13 @@
 
 #include "cli/contents/Collector.h"
 #include "cli/files/Inputs.h"
+#include "cli/files/ReadFiles.h"
 #include "cli/files/Source.h"
 #include "cli/info/InfoJson.h"
 #include "cli/info/InfoText.h"
 #include "cli/info/Summary.h"
 #include "cli/prepare/Becoming.h"
+#include "cli/prepare/Findings.h"
 #include "cli/report/Report.h"
 
 #include <cerrno>
@@ -86,11 +88,19 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
     Print(text(source.ShownName(), told->info, becoming, options.withTexts));
 }
 
+// Throws UsageError when what is told would be written into a file that is read.
+void CheckStandardOutput(const Inputs& inputs, const Options& options)
+{
+    if (const char* const what = ReadFiles(inputs.files, options).WhatIsStandardOutput())
+        throw UsageError(std::string("the standard output is ") + what + "; give it another place");
+}
+
 } // namespace
 
 ExitCode TellAll(const Options& options)
 {
-    Inputs inputs = FindInputs(options);
+    const Inputs inputs = FindInputs(options);
+    CheckStandardOutput(inputs, options);
     Printer printer(inputs.files.size(), false);
     Summary summary;
     ExitCode code = ExitCode::Drawn;

@@ -206,6 +206,20 @@ class WhatIsRead(Manners):
         self.assertEqual(self.drawn_from("a.svg", "--files-from", "-").returncode, 2)
         self.assertEqual(self.read("a.svg"), "a.dxf\n")
 
+    def test_what_a_drawing_holds_is_not_told_into_it(self):
+        self.write("a.dxf")
+        self.write("list", b"a.dxf\n")
+        for arguments, into, what in ((["a.dxf"], "a.dxf", "one of the drawings"),
+                                      (["--summary", "."], "a.dxf", "one of the drawings"),
+                                      (["--files-from", "list"], "list", "the list of the drawings")):
+            before = self.read(into)
+            with open(self.path(into), "ab") as out:
+                result = subprocess.run([command_support.COMMAND, "info", *arguments], stdout=out, stderr=subprocess.PIPE,
+                                        stdin=subprocess.DEVNULL, cwd=self.folder, check=False)
+            self.assertEqual(result.returncode, 2)
+            self.assertIn(f"the standard output is {what}; give it another place", result.stderr.decode())
+            self.assertEqual(self.read(into), before)
+
     def test_the_standard_output_that_is_a_drawing(self):
         self.write("a.dxf")
         with open(self.path("a.dxf"), "ab") as out:

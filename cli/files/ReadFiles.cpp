@@ -1,0 +1,36 @@
+#include "cli/files/ReadFiles.h"
+
+#include "cli/system/Native.h"
+
+#include <cstdio>
+
+namespace plexorn {
+
+ReadFiles::ReadFiles(const std::vector<Input>& inputs, const Options& options)
+{
+    for (const Input& input : inputs)
+        if (input.name != kStandardStream)
+            Add(FileIdentity(PathFromArgument(input.name)), "one of the drawings");
+    if (!options.list.empty() && options.list != kStandardStream)
+        Add(FileIdentity(PathFromArgument(options.list)), "the list of the drawings");
+    Add(FileIdentity(stdin), "the file of the standard input");
+}
+
+const char* ReadFiles::WhatIs(const std::string& identity) const
+{
+    const auto found = m_files.find(identity);
+    return found == m_files.end() ? nullptr : found->second;
+}
+
+const char* ReadFiles::WhatIsStandardOutput() const
+{
+    return WhatIs(FileIdentity(stdout));
+}
+
+void ReadFiles::Add(const std::string& identity, const char* what)
+{
+    if (!identity.empty())
+        m_files.try_emplace(identity, what);
+}
+
+} // namespace plexorn
