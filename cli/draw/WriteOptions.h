@@ -8,10 +8,6 @@
 
 namespace plexorn {
 
-// The longer side, in millimetres, of the sheet A3. Widths of strokes are taken for those on a sheet of that
-// size, which is about as large as a screen.
-inline constexpr double kSheet = 420;
-
 // What options ask for. The result refers to texts in look.
 SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, const Sizing& sizing);
 
