@@ -189,7 +189,8 @@ void Collector::EndEntity()
     if (m_kind == Kind::Insert) {
         BlockInfo& block = m_info.blocks[m_name];
         ++block.inserts;
-        block.shownInserts += !m_hidden && IsShown();
+        Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
+        tally.inserts[m_info.blocks.PlaceOf(block)] += !m_hidden && IsShown();
     }
     m_info.hiddenEntities += m_hidden;
     m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;

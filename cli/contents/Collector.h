@@ -81,7 +81,8 @@ private:
 };
 
 // Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that
-// it takes grows only with the number of different names (and with the texts).
+// it takes grows only with the number of different names, of pairs of blocks of which one inserts the other,
+// and of texts.
 DrawingInfo CollectInfo(std::FILE* file, bool withTexts);
 
 } // namespace plexorn

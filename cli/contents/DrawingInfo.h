@@ -81,6 +81,9 @@ struct TypeCount {
 struct Tally {
     std::map<std::size_t, TypeCount> types; // by the type's place among DrawingInfo::types
     OtherwiseCounts otherwise{};
+    // The blocks that are inserted, by their places among DrawingInfo::blocks, and how many of the inserts
+    // are meant to show something.
+    std::map<std::size_t, std::uint64_t> inserts;
 };
 
 struct BlockInfo {
@@ -89,8 +92,7 @@ struct BlockInfo {
     std::uint64_t line = 0;        // of the first definition
     std::uint64_t entities = 0;    // in all of them
     std::uint64_t inserts = 0;
-    std::uint64_t shownInserts = 0; // those that are meant to show something
-    Tally tally;                    // of the first definition
+    Tally tally; // of the first definition
 };
 
 struct TypeInfo {

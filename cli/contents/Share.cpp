@@ -1,6 +1,8 @@
 #include "cli/contents/Share.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <numeric>
 #include <vector>
 
@@ -53,6 +55,28 @@ private:
     Share m_share;
 };
 
+// Those of the blocks that make up the picture: the drawing itself inserts them, or one of them does. Inserts
+// of blocks that are missing are counted.
+std::vector<const Tally*> InsertedTallies(const DrawingInfo& info, std::uint64_t& emptyInserts)
+{
+    std::vector<const Tally*> found;
+    std::vector<bool> isFound(info.blocks.Count());
+    const auto addFrom = [&](const Tally& tally) {
+        for (const auto& [place, shown] : tally.inserts) {
+            const BlockInfo& block = *std::next(info.blocks.begin(), static_cast<std::ptrdiff_t>(place));
+            if (block.definitions == 0)
+                emptyInserts += shown;
+            else if (!isFound[place])
+                found.push_back(&block.tally);
+            isFound[place] = true;
+        }
+    };
+    addFrom(info.tally);
+    for (std::size_t next = 0; next < found.size(); ++next)
+        addFrom(*found[next]);
+    return found;
+}
+
 std::uint64_t& CountOf(OtherwiseCounts& counts, Otherwise what)
 {
     return counts[static_cast<std::size_t>(what)];
@@ -88,12 +112,8 @@ Share ShareOf(const DrawingInfo& info)
     Summing summing(info);
     summing.Add(info.tally);
     std::uint64_t emptyInserts = 0;
-    for (const BlockInfo& block : info.blocks) {
-        if (block.definitions == 0)
-            emptyInserts += block.shownInserts;
-        else if (block.inserts > 0)
-            summing.Add(block.tally);
-    }
+    for (const Tally* const tally : InsertedTallies(info, emptyInserts))
+        summing.Add(*tally);
     summing.AddEmptyInserts(info, emptyInserts);
     Share share = summing.Finish(info);
     // Sheets alone are as good a picture as the model alone.

@@ -54,7 +54,10 @@ std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t el
                           " has no subclass marker, and what follows it is taken for a part of it"}));
     else if (!share.missing.empty())
         AddReason(reasons, "it cannot draw " + MissingTypes(share));
-    AddCounted(reasons, info.hiddenEntities, "invisible");
+    if (share.entities == 0 && IsAllInBlocks(info))
+        AddReason(reasons, std::string(kOnlyInBlocks));
+    else
+        AddCounted(reasons, info.hiddenEntities, "invisible");
     if (share.shown > 0)
         AddReason(reasons, elements > 0 ? "what it draws is empty or has no usable place"
                                         : "the reader does not find what it could draw");

@@ -169,6 +169,14 @@ class Shares(OutcomeTest):
         self.assertEqual(self.share(content), {"entities": 6, "shown": 5, "percent": 5 * 100 / 6, "missing": {"HATCH": 1},
                                                "otherwise": {}})
 
+    def test_blocks_in_blocks_that_nothing_inserts_do_not_count(self):
+        nested = blocks(*block("A", *LINE, *HATCH), *block("B", *insert("A"), *insert("NOWHERE"), *HIDDEN_LINE))
+        self.assertEqual(self.share(nested + entities(), code=6)["entities"], 0)
+        self.write("plan.dxf", nested + entities())
+        self.assertIn("visible: nothing inserts the blocks that its entities are in\n", self.expect(6, "-q", "plan.dxf"))
+        share = self.share(nested + entities(*insert("B")))
+        self.assertEqual((share["entities"], share["shown"], share["missing"]), (5, 3, {"HATCH": 1, "INSERT": 1}))
+
     def test_parts_and_what_is_invisible_do_not_count(self):
         polyline = ("0", "POLYLINE", "8", "0", *("0", "VERTEX", "8", "0") * 4, "0", "SEQEND")
         content = blocks(*block("A", *LINE, "0", "ATTDEF", "2", "T")) + entities(*insert("A"), *polyline, *HIDDEN_LINE)
