@@ -207,7 +207,7 @@ void Prepare(std::optional<PreparedDrawing>& prepared, Source& source, const Opt
     if (options.isAsIs)
         return;
     try {
-        prepared.emplace(source, options);
+        prepared.emplace(source, options, report);
     } catch (const std::bad_alloc&) {
         if (!options.keepsGoing || !source.IsAscii())
             throw;

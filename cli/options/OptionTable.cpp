@@ -60,6 +60,9 @@ constexpr OptionRow kStrict = {
     "End with exit code 1 when anything of a drawing is not shown as the drawing states it, or there was any "
     "message about it, or its file has no EOF",
     &Options::isStrict};
+constexpr OptionRow kVerbose = {"--verbose", "",
+                                "Print every message, instead of one line for all that say the same",
+                                &Options::isVerbose};
 constexpr OptionRow kMinDrawn = {
     "--min-drawn", "SHARE",
     "End with exit code 1 when less than this share of a drawing's entities is shown, such as 95%",
@@ -122,8 +125,7 @@ constexpr OptionRow kDrawRows[] = {
     {"--hairline", "", "Let strokes keep their width on the screen however far the picture is enlarged",
      &Options::hasHairlines},
     kQuiet,
-    {"--verbose", "", "Print every message, instead of one line for all that say the same",
-     &Options::isVerbose},
+    kVerbose,
     kMessages,
     kMaxMessages,
     kStrict,
@@ -165,6 +167,7 @@ constexpr OptionRow kPrepareRows[] = {
     kEncoding,
     kRedrawDimensions,
     kQuiet,
+    kVerbose,
     kMessages,
     kMaxMessages,
     kStrict,

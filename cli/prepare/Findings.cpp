@@ -1,6 +1,7 @@
 #include "cli/prepare/Findings.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -22,6 +23,13 @@ std::string MessageText(const prepare::Report::Key& key)
     }
 }
 
+// What is shown as it is, if in other words, is not worth a message.
+void Tell(const prepare::Report::Key& key, std::uint64_t line, std::uint64_t count, Report& report)
+{
+    if (key.finding != Finding::Rewritten)
+        report.Finding(MessageText(key), line, count);
+}
+
 } // namespace
 
 Share ShareOf(const prepare::Report& findings)
@@ -41,11 +49,26 @@ Share ShareOf(const prepare::Report& findings)
     return share;
 }
 
+void AddSheets(const DrawingInfo& info, Share& share)
+{
+    share.otherwise[static_cast<std::size_t>(Otherwise::NoSheets)] += info.sheetEntities;
+}
+
+void ListFindings(prepare::Report& findings, Report& report)
+{
+    if (!report.ListsMessages())
+        return;
+    findings.TellTo([&report](const prepare::Report::Key& key, std::uint64_t line, std::uint64_t count) {
+        Tell(key, line, count, report);
+    });
+}
+
 void TellFindings(const prepare::Report& findings, Report& report)
 {
+    if (report.ListsMessages())
+        return;
     for (const auto& [key, met] : findings.Entries())
-        if (key.finding != Finding::Rewritten)
-            report.Finding(MessageText(key), met.firstLine, met.count);
+        Tell(key, met.firstLine, met.count, report);
 }
 
 } // namespace plexorn

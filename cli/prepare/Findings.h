@@ -9,8 +9,14 @@ namespace plexorn {
 
 // The share of the drawing that is shown.
 Share ShareOf(const prepare::Report& findings);
+// Adds to it what of the drawing is beyond the model space, which is what preparing keeps.
+void AddSheets(const DrawingInfo& info, Share& share);
 
-// Reports what preparing found as messages.
+// Has report list what is added to findings from now on, if it lists messages one by one. report must outlive
+// the preparing.
+void ListFindings(prepare::Report& findings, Report& report);
+
+// Reports what preparing found as messages, one for each kind, unless report has listed them.
 void TellFindings(const prepare::Report& findings, Report& report);
 
 } // namespace plexorn

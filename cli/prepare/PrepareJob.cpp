@@ -36,6 +36,7 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     const Clock::time_point start = Clock::now();
     RewoundFile input(source);
     prepare::Report findings;
+    ListFindings(findings, report);
     PrepareOutcome outcome = PrepareOutcome::Done;
     PreparedOutcome told;
     const std::string reason = WriteOutput(job, [&](OutputFile& file) {

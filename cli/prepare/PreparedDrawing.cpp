@@ -1,5 +1,6 @@
 #include "cli/prepare/PreparedDrawing.h"
 
+#include "cli/prepare/Findings.h"
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 #include "cli/system/InterruptGuard.h"
@@ -10,8 +11,9 @@
 
 namespace plexorn {
 
-PreparedDrawing::PreparedDrawing(Source& source, const Options& options)
+PreparedDrawing::PreparedDrawing(Source& source, const Options& options, Report& report)
 {
+    ListFindings(m_findings, report);
     RewoundFile input(source, options.keepsGoing);
     prepare::PrepareOutcome outcome = prepare::PrepareOutcome::Done;
     std::exception_ptr thrown; // the file is there, and must not stay

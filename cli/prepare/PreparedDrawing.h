@@ -3,6 +3,7 @@
 
 #include "cli/files/Source.h"
 #include "cli/options/Options.h"
+#include "cli/report/Report.h"
 #include "cli/system/Native.h"
 #include "prepare/PrepareDrawing.h"
 
@@ -15,8 +16,9 @@ namespace plexorn {
 // Prepares a drawing for the module, into a file that no other process finds.
 class PreparedDrawing {
 public:
-    // With --keep-going, what cannot be read ends the drawing. Throws std::bad_alloc.
-    PreparedDrawing(Source& source, const Options& options);
+    // With --keep-going, what cannot be read ends the drawing. What is met is listed in report, if that lists
+    // messages one by one. Throws std::bad_alloc.
+    PreparedDrawing(Source& source, const Options& options, Report& report);
 
     // Why there is no prepared drawing, as the end of a sentence; empty when there is one.
     const std::string& Reason() const { return m_reason; }

@@ -62,13 +62,22 @@ void MessageGroups::Add(int kind, std::string_view text)
         m_groups.push_back({std::string(LineOfMessage(text)), Shortened(plain), 1});
         m_indices.emplace(std::move(key), m_groups.size() - 1);
     } else {
-        AddFurther(key);
+        AddFurther(key, 1);
     }
 }
 
-void MessageGroups::AddFurther(const Key& key)
+void MessageGroups::AddGroup(MessageGroup group)
 {
-    ++m_further;
+    group.text = Shortened(group.text);
+    if (m_groups.size() < m_most)
+        m_groups.push_back(std::move(group));
+    else
+        AddFurther({0, group.text}, group.count);
+}
+
+void MessageGroups::AddFurther(const Key& key, std::size_t count)
+{
+    m_further += count;
     if (m_furtherKinds.size() < kMostCountedKinds)
         m_furtherKinds.insert(std::hash<std::string>()(key.second) + static_cast<std::size_t>(key.first));
 }

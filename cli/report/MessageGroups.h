@@ -30,6 +30,8 @@ public:
 
     // kind is a DXF_ERROR_KIND, text the module's text in UTF-8.
     void Add(int kind, std::string_view text);
+    // A group that is counted already and that no other one is like.
+    void AddGroup(MessageGroup group);
 
     // The groups, in the order of their first messages.
     const std::vector<MessageGroup>& Groups() const { return m_groups; }
@@ -41,7 +43,7 @@ public:
 private:
     using Key = std::pair<int, std::string>;
 
-    void AddFurther(const Key& key);
+    void AddFurther(const Key& key, std::size_t count);
 
     std::size_t m_most;
     std::vector<MessageGroup> m_groups;

@@ -32,6 +32,12 @@ std::string MessageJson(const std::string& file, const std::string& text, const 
     return json.Close('}').Result() + "\n";
 }
 
+// Of a line's number; empty for none.
+std::string DigitsOf(std::uint64_t line)
+{
+    return line == 0 ? std::string() : std::to_string(line);
+}
+
 std::string SkippedJson(const std::string& file, std::string_view picture, std::string_view reason)
 {
     Json json;
@@ -54,35 +60,46 @@ Report::~Report()
 
 void Report::Message(const SvgHostError& error)
 {
-    const bool isHeldBack = ++m_messages > m_style.maxMessages && !PrintsGroups();
-    if (isHeldBack || m_style.isQuiet)
+    ++m_messages;
+    if (m_style.isQuiet || IsHeldBack())
         return;
     const std::string text = Utf8FromWide(error.message ? error.message : L"");
-    if (PrintsGroups())
-        m_groups.Add(error.kind, text);
-    else
-        AddMessage(error, text);
-    if (m_out.size() >= kPassSize)
-        Pass();
+    if (!ListsMessages())
+        return m_groups.Add(error.kind, text);
+    AddMessage(error, text);
+    EndListed(1);
 }
 
 void Report::Finding(std::string_view text, std::uint64_t line, std::uint64_t count)
 {
-    if (m_messages++ >= m_style.maxMessages || m_style.isQuiet)
+    m_messages += static_cast<std::size_t>(count);
+    if (m_style.isQuiet || IsHeldBack())
         return;
-    if (m_style.isJson) {
-        Json json;
-        json.Open('{').Member("type", "finding").Member("file", m_file).Name("line");
-        if (line == 0)
-            json.Null();
-        else
-            json.Digits(std::to_string(line));
-        m_out.append(json.Member("count", count).Member("text", text).Close('}').Result()).append("\n");
-        return;
-    }
-    AddPlace(line == 0 ? std::string() : std::to_string(line));
-    m_out.append(Printable(text));
-    m_out.append(count > 1 ? " (" + std::to_string(count) + " times)" : "").append("\n");
+    if (!ListsMessages())
+        return m_groups.AddGroup({DigitsOf(line), std::string(text), static_cast<std::size_t>(count)});
+    AddFinding(text, line, count);
+    EndListed(static_cast<std::size_t>(count));
+}
+
+void Report::EndListed(std::size_t messages)
+{
+    ++m_listed;
+    m_told += messages;
+    if (m_out.size() >= kPassSize)
+        Pass();
+}
+
+void Report::AddFinding(std::string_view text, std::uint64_t line, std::uint64_t count)
+{
+    if (!m_style.isJson)
+        return AddLine(DigitsOf(line), text, count);
+    Json json;
+    json.Open('{').Member("type", "finding").Member("file", m_file).Name("line");
+    if (line == 0)
+        json.Null();
+    else
+        json.Digits(DigitsOf(line));
+    m_out.append(json.Member("count", count).Member("text", text).Close('}').Result()).append("\n");
 }
 
 void Report::AddMessage(const SvgHostError& error, const std::string& text)
@@ -91,8 +108,16 @@ void Report::AddMessage(const SvgHostError& error, const std::string& text)
         m_out += MessageJson(m_file, text, error);
         return;
     }
-    AddPlace(LineOfMessage(text));
-    m_out.append(Printable(WithoutLine(text))).append("\n");
+    AddLine(LineOfMessage(text), WithoutLine(text), 1);
+}
+
+void Report::AddLine(std::string_view line, std::string_view text, std::uint64_t count)
+{
+    AddPlace(line);
+    m_out.append(Printable(text));
+    if (count > 1)
+        m_out.append(" (").append(std::to_string(count)).append(" times)");
+    m_out.append("\n");
 }
 
 // The drawing's name and, where there is one, the line in it.
@@ -107,13 +132,8 @@ void Report::AddPlace(std::string_view line)
 
 void Report::AddGroups()
 {
-    for (const MessageGroup& group : m_groups.Groups()) {
-        AddPlace(group.line);
-        m_out.append(Printable(group.text));
-        if (group.count > 1)
-            m_out.append(" (").append(std::to_string(group.count)).append(" times)");
-        m_out.append("\n");
-    }
+    for (const MessageGroup& group : m_groups.Groups())
+        AddLine(group.line, group.text, group.count);
     if (m_groups.Further() == 0)
         return;
     const std::size_t kinds = m_groups.FurtherKinds();
@@ -131,11 +151,11 @@ void Report::AddColoured(std::string_view sequence, std::string_view text)
 // What a drawing's messages still have to say when there are no more of them.
 void Report::AddHeldBack()
 {
-    if (PrintsGroups())
+    if (!ListsMessages())
         return AddGroups();
-    if (m_style.isQuiet || m_messages <= m_style.maxMessages)
+    if (m_style.isQuiet || m_messages == m_told)
         return;
-    const std::size_t more = m_messages - m_style.maxMessages;
+    const std::size_t more = m_messages - m_told;
     if (m_style.isJson) {
         Json json;
         json.Open('{').Member("type", "more").Member("file", m_file).Member("messages", more).Close('}');

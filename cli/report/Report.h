@@ -36,8 +36,10 @@ public:
     Report& operator=(const Report&) = delete;
 
     void Message(const SvgHostError& error);
-    // What was found in count places of the drawing, first in that line; 0: in no line that can be named.
+    // What was found so many times in the drawing, first in that line; 0: in no line that can be named.
     void Finding(std::string_view text, std::uint64_t line, std::uint64_t count);
+    // Whether messages are printed one by one, rather than one line for all that say the same.
+    bool ListsMessages() const { return m_style.isJson || m_style.isVerbose; }
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
     // Drops the messages that are not printed yet.
@@ -60,8 +62,12 @@ public:
     ExitCode Code() const { return m_code; }
 
 private:
-    bool PrintsGroups() const { return !m_style.isJson && !m_style.isVerbose; }
+    bool IsHeldBack() const { return ListsMessages() && m_listed >= m_style.maxMessages; }
     void AddMessage(const SvgHostError& error, const std::string& text);
+    void AddFinding(std::string_view text, std::uint64_t line, std::uint64_t count);
+    void AddLine(std::string_view line, std::string_view text, std::uint64_t count);
+    // A line was added for so many messages.
+    void EndListed(std::size_t messages);
     void AddPlace(std::string_view line);
     void AddGroups();
     void AddHeldBack();
@@ -77,6 +83,8 @@ private:
     ReportStyle m_style;
     std::string m_out;
     std::size_t m_messages = 0;
+    std::size_t m_listed = 0; // lines that list messages one by one
+    std::size_t m_told = 0;   // messages in these lines
     MessageGroups m_groups;
     bool m_changed = false;
     std::vector<std::pair<std::string, ExitCode>> m_doubts;

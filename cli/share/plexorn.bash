@@ -22,7 +22,7 @@ _plexorn()
         options='--json --texts --as-is --summary --files-from -0 --null -r --recursive -h --help'
     fi
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == prepare ]]; then
-        options='-o --output --for --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions -q --quiet --messages --max-messages --strict --min-drawn -h --help'
+        options='-o --output --for --no-clobber --newer-only -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions -q --quiet --verbose --messages --max-messages --strict --min-drawn -h --help'
     fi
     case $previous in
         -o | --output)

@@ -62,6 +62,7 @@ complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l no-wrap -d 'Neve
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l encoding -x -a 'UTF-8 ANSI_1250 ANSI_1251 ANSI_1252 ANSI_1253 ANSI_1254 BIG5 GB2312 KSC5601 SHIFT_JIS' -d 'The encoding of the texts, whatever the drawing says'
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l redraw-dimensions -d 'Draw dimensions from their points and styles'
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -s q -l quiet -d 'Print errors only'
+complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l verbose -d 'Print every message, instead of one line for all that say the same'
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l messages -x -a 'text json' -d 'The form of what is printed'
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l max-messages -x -d 'Print at most N lines of messages about each drawing'
 complete -c plexorn -n '__fish_seen_subcommand_from prepare' -l strict -d 'End with exit code 1 when anything of a drawing is not shown as it is'

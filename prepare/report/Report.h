@@ -1,8 +1,9 @@
-// What preparing met: counted, not listed.
+// What preparing met: counted, and told one by one to whoever listens.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -38,12 +39,17 @@ public:
     };
     const std::map<Key, FindingCount>& Entries() const { return m_entries; }
 
+    // Called with each finding when it is added.
+    using Listener = std::function<void(const Key& key, std::uint64_t line, std::uint64_t count)>;
+    void TellTo(Listener listener) { m_listener = std::move(listener); }
+
     // How many entities were met that are to be seen, those in blocks once for each way in which their block
     // is used.
     std::uint64_t entities = 0;
 
 private:
     std::map<Key, FindingCount> m_entries;
+    Listener m_listener;
 };
 
 } // namespace prepare

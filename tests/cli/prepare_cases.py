@@ -127,6 +127,44 @@ class Prepare(PrepareTest):
         self.assertIn("prepare comes first, before its options", self.expect(2, "-q", "prepare", "plan.dxf"))
 
 
+class Findings(PrepareTest):
+    """What preparing meets is told as messages, one line for each kind or one by one."""
+    CONTENT = entities(*SOLID, *LINE, *SOLID, "0", "REGION", "8", "0", *SOLID)
+    COMMANDS = ((), ("prepare", "-o", "out.dxf"))
+
+    def told(self, *arguments):
+        self.write("plan.dxf", self.CONTENT)
+        *lines, closing = self.expect(0, *arguments, "plan.dxf").splitlines()
+        self.assertIn(", 4 messages, ", closing)
+        return [line.replace("a modelled solid or surface", "modelled") for line in lines]
+
+    def test_one_line_for_each_kind(self):
+        for command in self.COMMANDS:
+            self.assertEqual(self.told(*command), ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
+                                                   "plan.dxf:26: REGION is not shown: modelled"])
+
+    def test_every_one(self):
+        for command in self.COMMANDS:
+            self.assertEqual(self.told(*command, "--verbose"), [
+                "plan.dxf:6: 3DSOLID is not shown: modelled", "plan.dxf:22: 3DSOLID is not shown: modelled",
+                "plan.dxf:26: REGION is not shown: modelled", "plan.dxf:30: 3DSOLID is not shown: modelled"])
+
+    def test_programs_get_every_one(self):
+        for command in self.COMMANDS:
+            self.write("plan.dxf", self.CONTENT)
+            *found, closing = map(json.loads, self.expect(0, *command, "--messages=json", "plan.dxf").splitlines())
+            self.assertEqual([(one["type"], one["line"], one["count"], one["text"].split()[0]) for one in found],
+                             [("finding", 6, 1, "3DSOLID"), ("finding", 22, 1, "3DSOLID"), ("finding", 26, 1, "REGION"),
+                              ("finding", 30, 1, "3DSOLID")])
+            self.assertEqual(closing["messages"], 4)
+
+    def test_no_more_lines_than_asked_for(self):
+        self.assertEqual(self.told("--max-messages", "1"),
+                         ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
+                          "plan.dxf: … and 1 more message of 1 kind"])
+        self.assertEqual(self.told("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
+
+
 class OptionsOfPreparing(PrepareTest):
     LAYERS = with_layers([layer("SHOWN"), layer("OFF", "-7"), layer("FROZEN", "7", "1"), layer("DEFPOINTS"),
                           layer("UNPLOTTED", plotted="0")],
