@@ -1,5 +1,6 @@
 #include "cli/contents/Collector.h"
 
+#include "base/Letters.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "cli/contents/Fate.h"
@@ -19,6 +20,14 @@ constexpr std::string_view kTextTypes[] = {"TEXT", "MTEXT", "ATTRIB", "ATTDEF", 
 int IntegerOf(std::string_view value)
 {
     return LeadingInteger(value).value_or(0);
+}
+
+// The blocks of further sheets have names with a number at the end.
+bool IsSheetName(std::string_view block)
+{
+    constexpr std::string_view kName = "*Paper_Space", kOldName = "$PAPER_SPACE";
+    const std::string_view begin = block.substr(0, kName.size());
+    return AreSameLetters(begin, kName) || AreSameLetters(begin, kOldName);
 }
 
 } // namespace
@@ -154,6 +163,7 @@ void Collector::EndBlockHeader()
         block.line = m_line;
     m_block = m_name;
     m_inBlock = true;
+    m_isOfSheet = IsSheetName(m_name);
     m_blockTally.otherwise[static_cast<std::size_t>(Otherwise::BasePoints)] = m_hasBasePoint;
 }
 
@@ -194,8 +204,23 @@ void Collector::EndEntity()
     }
     m_info.hiddenEntities += m_hidden;
     m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
+    m_info.sheetEntities += IsOnSheet();
     if (m_withTexts && !m_text.empty())
         KeepText();
+}
+
+// Whether the entity counts with another one.
+bool Collector::IsPart() const
+{
+    return m_type == "VERTEX" || m_type == "SEQEND" || (m_inBlock && m_type == "ATTDEF");
+}
+
+// A VIEWPORT shows the model, and nothing of its own.
+bool Collector::IsOnSheet() const
+{
+    const bool isInPaperSpace =
+        m_inBlock ? m_isOfSheet : m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
+    return isInPaperSpace && !m_hidden && m_type != "VIEWPORT" && !IsPart();
 }
 
 // Whether the module draws the entity.
@@ -207,8 +232,7 @@ bool Collector::IsShown() const
 
 void Collector::CountEntity(const TypeInfo& type)
 {
-    const bool isPart = m_type == "VERTEX" || m_type == "SEQEND" || (m_inBlock && m_type == "ATTDEF");
-    if (isPart)
+    if (IsPart())
         return;
     Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
     const bool isShown = IsShown();

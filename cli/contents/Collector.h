@@ -39,6 +39,8 @@ private:
     void EndBlockHeader();
     void EndEntity();
     void CountEntity(const TypeInfo& type);
+    bool IsPart() const;
+    bool IsOnSheet() const;
     bool IsShown() const;
     void CountOtherwise(Tally& tally) const;
     void LeaveBlock();
@@ -57,7 +59,8 @@ private:
     Section m_section = Section::None;
     Record m_record = Record::None;
     bool m_inBlock = false;
-    std::string m_block; // the block that is open
+    bool m_isOfSheet = false; // the open block
+    std::string m_block;      // the block that is open
     Tally m_blockTally;
     bool m_hasBasePoint = false;
     bool m_swallowing = false; // the reader takes what follows as part of an entry without a marker

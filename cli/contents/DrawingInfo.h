@@ -122,6 +122,7 @@ struct DrawingInfo {
     Tally tally;                      // of the ENTITIES section
     std::uint64_t hiddenEntities = 0; // by their own flag
     std::uint64_t paperEntities = 0;  // in the paper space, outside of blocks
+    std::uint64_t sheetEntities = 0;  // to be seen on the sheets of the paper space, without their windows
     std::uint64_t oddLines = 0;       // that should hold a group code and do not
     std::uint64_t firstOddLine = 0;
     std::uint64_t otherTexts = 0;     // pieces of text that are not UTF-8

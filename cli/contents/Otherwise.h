@@ -22,8 +22,9 @@ enum class Otherwise {
     OneOfMany,
     BasePoints,
     PaperSpace,
+    NoSheets,
 };
-inline constexpr std::size_t kOtherwiseCount = 13;
+inline constexpr std::size_t kOtherwiseCount = 14;
 
 // How many entities each of them concerns. An entity may count for several.
 using OtherwiseCounts = std::array<std::uint64_t, kOtherwiseCount>;
@@ -52,6 +53,7 @@ inline constexpr std::array<OtherwiseRow, kOtherwiseCount> kOtherwiseRows{{
     {"basePointsLeftOut", "block without its base point", "blocks without their base point"},
     {"paperSpaceOverModel", "entity of the paper space over the model",
      "entities of the paper space over the model"},
+    {"paperSpaceLeftOut", "entity of the paper space left out", "entities of the paper space left out"},
 }};
 
 } // namespace plexorn

@@ -228,10 +228,11 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
 }
 
 // What preparing found counts in place of what the module alone would show.
-void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
+void TellPrepared(const DrawingInfo& info, const prepare::Report& findings, Outcome& outcome, Report& report)
 {
     TellFindings(findings, report);
     outcome.share = ShareOf(findings);
+    AddSheets(info, outcome.share);
     outcome.skipped.clear();
     outcome.unmarkedEntry = 0;
     outcome.otherTexts = 0;
@@ -295,7 +296,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         info = ReadContents(source, true, options.keepsGoing);
     TellContents(info, outcome);
     if (prepared)
-        TellPrepared(prepared->Findings(), outcome, report);
+        TellPrepared(info, prepared->Findings(), outcome, report);
     const Look look = LookFor(options);
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
     // Only pictures that have the mark themselves can be recognised.

@@ -50,8 +50,10 @@ Told ReadWhole(Source& source, const Options& options)
     told.info = CollectInfo(source.Rewound(), options.withTexts);
     if (told.info.header.readError != 0)
         throw std::system_error(told.info.header.readError, std::generic_category());
-    if (!options.isAsIs)
+    if (!options.isAsIs) {
         told.becoming = BecomingOf(source, options);
+        AddSheets(told.info, told.becoming->share);
+    }
     return told;
 }
 

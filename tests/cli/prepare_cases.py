@@ -165,6 +165,30 @@ class Findings(PrepareTest):
         self.assertEqual(self.told("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
 
 
+class Sheets(PrepareTest):
+    """What is in the paper space is not drawn, and the command says so."""
+    ON_SHEET = (*LINE, "67", "1")
+    WORDS = "; shown otherwise: 1 entity of the paper space left out"
+
+    def test_they_are_counted(self):
+        in_block = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "*Paper_Space0", *LINE, "0", "VIEWPORT", "0", "ENDBLK",
+                       "0", "ENDSEC")
+        for content in (entities(*LINE, *self.ON_SHEET), in_block + DRAWING):
+            self.write("plan.dxf", content)
+            printed = self.expect(0, "plan.dxf")
+            self.assertIn(", 1 entity shown, ", printed)
+            self.assertTrue(printed.endswith(self.WORDS + "\n"), printed)
+            self.assertIn(self.WORDS, self.expect(1, "-q", "--strict", "plan.dxf"))
+            self.assertIn(self.WORDS, self.plexorn("info", "plan.dxf").stdout)
+            self.assertIn("1 drawing, 0 shown as stated, 0 failed;", self.plexorn("info", "--summary", "plan.dxf").stdout)
+            told = json.loads(self.expect(0, "--messages=json", "plan.dxf"))
+            self.assertEqual(told["share"]["otherwise"], {"paperSpaceLeftOut": 1})
+
+    def test_windows_to_the_model_and_what_is_invisible_do_not_count(self):
+        self.write("plan.dxf", entities(*LINE, "0", "VIEWPORT", "67", "1", *self.ON_SHEET, "60", "1"))
+        self.assertEqual(self.expect(0, "-q", "--strict", "plan.dxf"), "")
+
+
 class OptionsOfPreparing(PrepareTest):
     LAYERS = with_layers([layer("SHOWN"), layer("OFF", "-7"), layer("FROZEN", "7", "1"), layer("DEFPOINTS"),
                           layer("UNPLOTTED", plotted="0")],
