@@ -208,12 +208,16 @@ void Report::Close(const AnyOutcome& outcome, bool isWhole)
     for (const auto& [reason, code] : m_doubts)
         AddReason("doubtful", m_file, reason, code);
     const bool isRefused = m_style.isStrict && (m_messages > 0 || m_changed);
+    const bool isByUntold = isRefused && isWhole && m_style.isQuiet;
     if (m_style.isQuiet && !isRefused)
         return;
     if (m_style.isJson)
         m_out.append(OutcomeJson(m_file, outcome, m_messages));
     else
-        m_out.append(Printable(m_file)).append(": ").append(OutcomeText(outcome, m_messages));
+        m_out.append(Printable(m_file))
+            .append(": ")
+            .append(OutcomeText(outcome, m_messages))
+            .append(isByUntold ? "; --strict accepts no message (they are printed without --quiet)" : "");
     m_out.append("\n");
 }
 

@@ -3,7 +3,7 @@ import os
 import subprocess
 
 import command_support
-from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, entities
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, dxf, entities
 
 OTHER = entities(*LINE * 2)
 
@@ -158,6 +158,21 @@ class Meant(Manners):
         self.write("b.dxf", DRAWING[:-len(b"  0\nEOF\n")])
         self.assertRegex(self.expect(1, "-q", "--strict", "b.dxf"), r"^b\.dxf: .*the file has no EOF.*\n$")
         self.assertEqual(self.expect(0, "-q", "--strict", "a.dxf"), "")
+
+
+class QuietAndStrict(Manners):
+    AS_IS = False
+    # A second entry of a name is a message about a drawing of which all is shown.
+    TWICE = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "STYLE", *("0", "STYLE", "2", "Roman") * 2, "0", "ENDTAB",
+                "0", "ENDSEC") + DRAWING
+
+    def test_a_message_alone_is_a_reason_that_is_named(self):
+        self.write("plan.dxf", self.TWICE)
+        self.assertRegex(self.expect(1, "-q", "--strict", "plan.dxf"),
+                         r"^plan\.dxf: .*, 1 message, .*; --strict accepts no message \(they are printed without --quiet\)\n$")
+        self.assertNotIn("--strict", self.expect(1, "--strict", "plan.dxf"))
+        self.write("plan.dxf", entities(*LINE, "0", "3DSOLID"))
+        self.assertRegex(self.expect(1, "-q", "--strict", "plan.dxf"), r"^plan\.dxf: .*; missing: 1 3DSOLID\n$")
 
 
 class WhatIsRead(Manners):
