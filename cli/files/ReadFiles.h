@@ -17,7 +17,7 @@ public:
     ReadFiles(const std::vector<Input>& inputs, const Options& options);
 
     // What the file of that identity, or that of the standard output, is among them, such as "one of the
-    // drawings"; null if it is none.
+    // drawings"; null if it is none of them.
     const char* WhatIs(const std::string& identity) const;
     const char* WhatIsStandardOutput() const;
 

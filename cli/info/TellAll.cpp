@@ -90,7 +90,7 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
     Print(text(source.ShownName(), told->info, becoming, options.withTexts));
 }
 
-// Throws UsageError when what is told would be written into a file that is read.
+// Throws UsageError when the output would be written into a file that is read.
 void CheckStandardOutput(const Inputs& inputs, const Options& options)
 {
     if (const char* const what = ReadFiles(inputs.files, options).WhatIsStandardOutput())

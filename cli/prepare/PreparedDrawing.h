@@ -16,8 +16,8 @@ namespace plexorn {
 // Prepares a drawing for the module, into a file that no other process finds.
 class PreparedDrawing {
 public:
-    // With --keep-going, what cannot be read ends the drawing. What is met is listed in report, if that lists
-    // messages one by one. Throws std::bad_alloc.
+    // With --keep-going, what cannot be read ends the drawing. What preparing finds is listed in report, if
+    // that lists messages one by one. Throws std::bad_alloc.
     PreparedDrawing(Source& source, const Options& options, Report& report);
 
     // Why there is no prepared drawing, as the end of a sentence; empty when there is one.

@@ -1,4 +1,4 @@
-// What preparing met: counted, and told one by one to whoever listens.
+// What preparing found: counted, and passed one by one to a listener.
 #pragma once
 
 #include <cstddef>
@@ -43,8 +43,7 @@ public:
     using Listener = std::function<void(const Key& key, std::uint64_t line, std::uint64_t count)>;
     void TellTo(Listener listener) { m_listener = std::move(listener); }
 
-    // How many entities were met that are to be seen, those in blocks once for each way in which their block
-    // is used.
+    // How many visible entities there were, those in blocks once for each way in which their block is used.
     std::uint64_t entities = 0;
 
 private:

@@ -38,7 +38,7 @@ public:
     void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
     {
         const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
-        TextLoss unsaid; // the writing meets it again
+        TextLoss unsaid; // writing finds it again
         m_texts.Add(ModuleLineOf(point, runs, place, m_factor, m_decimals, unsaid), place.innerRotation);
     }
     void Insert(std::size_t block, Point2, double, bool) override
