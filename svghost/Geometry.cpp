@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace svghost {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 // Viewers calculate with 32-bit floats: beyond this the size of a view box may overflow in them.
 constexpr double kFarthest = 1e30;
@@ -49,7 +48,7 @@ struct CentredArc {
 // From end points to centre as SVG's implementation notes give it; radii too small are enlarged.
 CentredArc Centred(const Arc& arc)
 {
-    const double angle = arc.rotation * kPi / 180;
+    const double angle = arc.rotation * std::numbers::pi / 180;
     const double cosine = angle == 0 ? 1 : std::cos(angle);
     const double sine = angle == 0 ? 0 : std::sin(angle);
     const double halfX = (arc.start.x - arc.end.x) / 2;
@@ -97,7 +96,7 @@ Affine RotationAbout(double degrees, Point centre)
 
 Affine Placement(Point position, double degrees, double scaleX, double scaleY)
 {
-    const double angle = std::fmod(degrees, 360) * kPi / 180;
+    const double angle = std::fmod(degrees, 360) * std::numbers::pi / 180;
     const double cosine = std::cos(angle);
     const double sine = std::sin(angle);
     return {cosine * scaleX, sine * scaleX, -sine * scaleY, cosine * scaleY, position.x, position.y};

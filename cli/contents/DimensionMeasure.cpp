@@ -7,13 +7,13 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <numbers>
 
 namespace plexorn {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kDegrees = 180 / kPi;
+constexpr double kDegrees = 180 / std::numbers::pi;
 
 double Distance(const HeaderPoint& a, const HeaderPoint& b)
 {

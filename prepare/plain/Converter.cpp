@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace prepare {
 
@@ -43,7 +44,7 @@ Point3 UsableScale(Point3 scale)
 
 double Radians(double degrees)
 {
-    return degrees * 3.14159265358979323846 / 180;
+    return degrees * std::numbers::pi / 180;
 }
 
 // $XCLIPFRAME: 0 never, 1 always, 2 while it is edited, but not on paper.

@@ -3,12 +3,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace prepare {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr std::int32_t kMostDecimals = 8;
 constexpr double kMostWhole = 1e15; // halves and smaller parts still count
 
@@ -232,7 +232,7 @@ std::string FormatAngle(double radians, const NumberFormat& format)
     if (!std::isfinite(radians))
         return {};
     const NumberFormat angles = OfAngles(format);
-    const double degrees = std::fabs(radians) * 180 / kPi;
+    const double degrees = std::fabs(radians) * 180 / std::numbers::pi;
     const bool hasParts = degrees < kMostWhole;
     if (format.unit == kMinutes && hasParts)
         return DegreesAndMinutes(degrees, angles);

@@ -1,6 +1,7 @@
 #include "prepare/plain/DimensionValue.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace prepare {
 
@@ -115,7 +116,7 @@ std::string ValueWriter::Stacked(const std::string& upper, const std::string& lo
 // Tolerances of angles are in degrees.
 double InUnits(double tolerance, bool isAngle)
 {
-    return isAngle ? tolerance * 3.14159265358979323846 / 180 : tolerance;
+    return isAngle ? tolerance * std::numbers::pi / 180 : tolerance;
 }
 
 std::string ValueWriter::Limits(double value, const NumberFormat& format, const NumberFormat& tolerances,

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cmath>
+#include <numbers>
 
-inline constexpr double kPi = 3.141592653589793;
+inline constexpr double kPi = std::numbers::pi;
 inline constexpr double kTwoPi = 6.283185307179586;
 inline constexpr double kDegreesPerRadian = 57.29577951308232;
 
