@@ -9,11 +9,6 @@ namespace prepare {
 
 namespace {
 
-std::string PairText(int code, std::string_view value)
-{
-    return std::to_string(code).append("\n").append(value).append("\n");
-}
-
 void WriteLineType(PairWriter& pairs, std::string_view name, const std::vector<double>& pattern)
 {
     constexpr int kDigitsOfDashes = 9;

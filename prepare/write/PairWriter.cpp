@@ -27,6 +27,11 @@ std::string Numbered(std::string_view prefix, std::size_t number)
     return name;
 }
 
+std::string PairText(int code, std::string_view value)
+{
+    return std::to_string(code).append("\n").append(value).append("\n");
+}
+
 double PowerOfTen(int power)
 {
     double result = 1;

@@ -48,6 +48,9 @@ private:
 void AppendReal(std::string& text, double value, int digits);
 void AppendFixed(std::string& text, double value, int decimals);
 
+// A pair as PairWriter writes it, for Raw. value holds no line ends.
+std::string PairText(int code, std::string_view value);
+
 // A made-up name: the prefix and the number.
 std::string Numbered(std::string_view prefix, std::size_t number);
 

@@ -14,11 +14,6 @@ namespace {
 // Angles and factors are computed back and forth: this many digits stay right.
 constexpr int kAngleDigits = 12;
 
-std::string Pair(int code, std::string_view value)
-{
-    return std::to_string(code).append("\n").append(value).append("\n");
-}
-
 void WriteDegrees(PairWriter& pairs, int code, double degrees)
 {
     constexpr int kDecimals = 10;
@@ -41,18 +36,18 @@ std::vector<PlainVertex> ArcVertices(Point2 centre, double radius, double start,
 
 std::string TextOf(const Style& style, const StandardTables& tables)
 {
-    std::string pairs = Pair(8, tables.LayerName(style.layer));
+    std::string pairs = PairText(8, tables.LayerName(style.layer));
     if (style.lineType != nullptr && !style.lineType->dashes.empty())
-        pairs += Pair(6, tables.LineTypeName(*style.lineType));
+        pairs += PairText(6, tables.LineTypeName(*style.lineType));
     const Colour& colour = style.colour;
-    pairs += Pair(62, std::to_string(colour.isTrue ? NearestColourIndex(colour.rgb) : colour.index));
+    pairs += PairText(62, std::to_string(colour.isTrue ? NearestColourIndex(colour.rgb) : colour.index));
     if (colour.isTrue)
-        pairs += Pair(420, std::to_string(colour.rgb & 0xFFFFFF));
-    pairs += Pair(370, std::to_string(NearestWeight(style.weight)));
+        pairs += PairText(420, std::to_string(colour.rgb & 0xFFFFFF));
+    pairs += PairText(370, std::to_string(NearestWeight(style.weight)));
     if (style.lineTypeScale != 1) {
         std::string scale;
         AppendReal(scale, style.lineTypeScale, kAngleDigits);
-        pairs += Pair(48, scale);
+        pairs += PairText(48, scale);
     }
     return pairs;
 }
@@ -235,7 +230,7 @@ void StandardEntities::Insert(std::size_t block, Point2 point, double rotation, 
     if (m_out.blockNames[block].empty())
         return;
     PairWriter& pairs = m_out.pairs;
-    Begin("INSERT", Pair(8, "0"));
+    Begin("INSERT", PairText(8, "0"));
     pairs.Text(100, "AcDbBlockReference");
     pairs.Text(2, m_out.blockNames[block]);
     WritePoint3(pairs, 10, point, m_out.decimals);
