@@ -1,8 +1,7 @@
 #include "cli/draw/WriteOptions.h"
 
+#include "base/Numbers.h"
 #include "cli/files/OlderPicture.h"
-
-#include <cstdlib>
 
 namespace plexorn {
 
@@ -15,7 +14,7 @@ SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, co
     chosen.generator = options.isAsIs ? nullptr : kGenerator;
     chosen.showsMost = options.fit == "most";
     if (!options.scale.empty())
-        chosen.scale = std::strtod(options.scale.c_str() + kScaleStart.size(), nullptr);
+        chosen.scale = ParseReal(std::string_view(options.scale).substr(kScaleStart.size()));
     else
         chosen.usesStandardScale = !options.isAsIs && !options.hasTrueSize;
     return chosen;

@@ -73,6 +73,9 @@ ROOMS = {"cli": COMMAND_ROOMS, "prepare": PREPARE_ROOMS}
 # Numbers become texts, and texts numbers, in src/base alone: one form of each number everywhere, whatever the locale.
 NUMBER_HEADER = "charconv"
 NUMBER_FOLDER = "src/base/"
+# What reads and writes numbers in a way of its own. Texts may be printed.
+NUMBER_CALL = re.compile(r"\b((?:strto|wcsto|sto|ato|wto)[a-z]+|v?s[wn]*(?:printf|scanf))\(|"
+                         r"\b(v?f?w?printf)\([^\"]*\"(?:[^\"%]|%[s%])*%[^s%]")
 
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
 # What a folder uses beyond that: the command a package of its own, the examples in C more of the C library.
@@ -168,6 +171,15 @@ def number_problem(file, name):
     return f"is for {NUMBER_FOLDER} alone; use base/Numbers.h" if is_elsewhere else None
 
 
+def number_calls(root, file):
+    """What a file calls to read or write numbers in a way of its own; examples are hosts, which know no src/base."""
+    if file.startswith((NUMBER_FOLDER, "examples/")):
+        return
+    with open(os.path.join(root, file), encoding="utf-8") as source:
+        for found in NUMBER_CALL.findall(source.read()):
+            yield f"{file}: {found[0] or found[1]}: use base/Numbers.h"
+
+
 def is_homeless(file):
     """Whether a file is in a folder that nobody planned."""
     top = file.split("/")[0]
@@ -185,6 +197,7 @@ def problems(root):
                 problem = number_problem(file, name) or check(root, file, bracket, name)
                 if problem:
                     found.append(f"{file}: {name}: {problem}")
+            found += number_calls(root, file)
     return found
 
 
@@ -244,6 +257,19 @@ class Checker(unittest.TestCase):
     def test_numbers_of_its_own(self):
         found = self.check({"src/base/a.cpp": "#include <charconv>\n", "prepare/b.cpp": "#include <charconv>\n"})
         self.assertEqual(found, ["prepare/b.cpp: charconv: is for src/base/ alone; use base/Numbers.h"])
+
+    def test_numbers_by_the_locale(self):
+        found = self.check({"cli/draw/a.cpp": "x = std::strtod(text, nullptr);\n",
+                            "svghost/b.cpp": "y = std::stoi(text);\n",
+                            "prepare/c.cpp": 'std::snprintf(text, 9, "%d", 1);\n',
+                            "src/reader/d.cpp": 'std::fprintf(file, "line %d", 1);\n'})
+        self.assertEqual(found, ["src/reader/d.cpp: fprintf: use base/Numbers.h",
+                                 "svghost/b.cpp: stoi: use base/Numbers.h",
+                                 "prepare/c.cpp: snprintf: use base/Numbers.h",
+                                 "cli/draw/a.cpp: strtod: use base/Numbers.h"])
+
+    def test_a_text_that_is_printed(self):
+        self.assertEqual(self.check({"cli/a.cpp": 'std::fprintf(stderr, "plexorn: %s\\n", "100 %");\n'}), [])
 
     def test_a_folder_that_nobody_planned(self):
         found = self.check({"src/util/a.h": ""})
