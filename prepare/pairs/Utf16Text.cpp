@@ -18,14 +18,14 @@ void Utf16Text::Take(std::string_view bytes, std::string& text)
 
 void Utf16Text::TakeUnit(char32_t unit, std::string& text)
 {
-    const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
+    const bool isLow = IsLowSurrogate(unit);
     if (m_high != 0) {
-        AppendUtf8(text, isLow ? 0x10000 + ((m_high - 0xD800) << 10) + (unit - 0xDC00) : m_high);
+        AppendUtf8(text, isLow ? JoinSurrogates(m_high, unit) : m_high);
         m_high = 0;
         if (isLow)
             return;
     }
-    if (unit >= 0xD800 && unit < 0xDC00)
+    if (IsHighSurrogate(unit))
         m_high = unit;
     else
         AppendUtf8(text, unit);

@@ -115,10 +115,10 @@ TextCode ReadUnicodeCode(std::string_view text)
     const std::optional<unsigned> first = ReadUnicodeEscape(text);
     if (!first)
         return {};
-    if (*first >= 0xD800 && *first < 0xDC00) {
+    if (IsHighSurrogate(*first)) {
         const std::optional<unsigned> second = ReadUnicodeEscape(text.substr(kUnicodeEscape));
-        if (second && *second >= 0xDC00 && *second < 0xE000)
-            return {2 * kUnicodeEscape, Utf8Of(0x10000 + ((*first - 0xD800) << 10) + (*second - 0xDC00))};
+        if (second && IsLowSurrogate(*second))
+            return {2 * kUnicodeEscape, Utf8Of(JoinSurrogates(*first, *second))};
     }
     return {kUnicodeEscape, Utf8Of(*first)};
 }

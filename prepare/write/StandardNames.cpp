@@ -43,8 +43,8 @@ void AppendCharacter(std::string& text, char32_t character, std::string_view fro
     else if (character < 0x10000)
         AppendEscape(text, character);
     else {
-        AppendEscape(text, 0xD800 + ((character - 0x10000) >> 10));
-        AppendEscape(text, 0xDC00 + ((character - 0x10000) & 0x3FF));
+        AppendEscape(text, HighSurrogateOf(character));
+        AppendEscape(text, LowSurrogateOf(character));
     }
 }
 

@@ -38,8 +38,8 @@ char32_t UnitOf(wchar_t unit)
 wchar_t* WriteWide(wchar_t* out, char32_t character)
 {
     if (kWideIsUtf16 && character >= 0x10000) {
-        *out++ = static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10));
-        *out++ = static_cast<wchar_t>(0xDC00 + (character & 0x3FF));
+        *out++ = static_cast<wchar_t>(HighSurrogateOf(character));
+        *out++ = static_cast<wchar_t>(LowSurrogateOf(character));
     } else {
         *out++ = static_cast<wchar_t>(character);
     }
@@ -74,12 +74,12 @@ DecodedCharacter DecodeUtf8(std::string_view text, Utf8Range range)
 DecodedCharacter DecodeWide(std::wstring_view text)
 {
     const char32_t first = UnitOf(text[0]);
-    if (!kWideIsUtf16 || (first & 0xFC00) != 0xD800 || text.size() == 1)
+    if (!kWideIsUtf16 || !IsHighSurrogate(first) || text.size() == 1)
         return {first, 1};
     const char32_t second = UnitOf(text[1]);
-    if ((second & 0xFC00) != 0xDC00)
+    if (!IsLowSurrogate(second))
         return {first, 1};
-    return {0x10000 + ((first & 0x3FF) << 10) + (second & 0x3FF), 2};
+    return {JoinSurrogates(first, second), 2};
 }
 
 void AppendUtf8(std::string& text, char32_t character)

@@ -17,6 +17,32 @@ constexpr bool IsSurrogate(char32_t value)
     return value >= 0xD800 && value <= 0xDFFF;
 }
 
+// UTF-16 writes a character past U+FFFF as two surrogates, a high one and a low one.
+constexpr bool IsHighSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool IsLowSurrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+constexpr char32_t JoinSurrogates(char32_t high, char32_t low)
+{
+    return 0x10000 + ((high & 0x3FF) << 10) + (low & 0x3FF);
+}
+
+constexpr char32_t HighSurrogateOf(char32_t character)
+{
+    return 0xD800 + ((character - 0x10000) >> 10);
+}
+
+constexpr char32_t LowSurrogateOf(char32_t character)
+{
+    return 0xDC00 + (character & 0x3FF);
+}
+
 // True for what UTF-8 can encode: the values up to U+10FFFF without the surrogates.
 constexpr bool IsCharacter(char32_t value)
 {

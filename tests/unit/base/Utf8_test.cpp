@@ -148,6 +148,21 @@ TEST(Utf8, PairsAreJoinedWhereWideTextsAreUtf16)
     EXPECT_EQ(WideOf(0x1D11E), L"\U0001D11E");
 }
 
+TEST(Utf8, CharactersPastU_FFFFAndTheirSurrogates)
+{
+    for (const auto& [character, high, low] :
+         {std::tuple<char32_t, char32_t, char32_t>{0x10000, 0xD800, 0xDC00},
+          {0x1D11E, 0xD834, 0xDD1E},
+          {0x10FFFF, 0xDBFF, 0xDFFF}}) {
+        EXPECT_EQ(HighSurrogateOf(character), high);
+        EXPECT_EQ(LowSurrogateOf(character), low);
+        EXPECT_EQ(JoinSurrogates(high, low), character);
+        EXPECT_TRUE(IsHighSurrogate(high) && !IsHighSurrogate(low) && !IsLowSurrogate(high) &&
+                    IsLowSurrogate(low));
+    }
+    EXPECT_FALSE(IsHighSurrogate(0xD7FF) || IsLowSurrogate(0xE000));
+}
+
 TEST(Utf8, SurrogatesAloneComeOutAsTheyAre)
 {
     EXPECT_EQ(WidePart(WideOf({0xD834})), Part(0xD834, 1));
