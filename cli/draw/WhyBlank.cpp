@@ -1,6 +1,6 @@
 #include "cli/draw/WhyBlank.h"
 
-#include "cli/report/Joined.h"
+#include "base/Joined.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/ShareText.h"
 

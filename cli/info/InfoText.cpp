@@ -1,11 +1,11 @@
 #include "cli/info/InfoText.h"
 
+#include "base/Joined.h"
 #include "base/NamedCodePage.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
 #include "cli/info/Notes.h"
 #include "cli/info/Table.h"
-#include "cli/report/Joined.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"

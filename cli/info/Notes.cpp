@@ -1,8 +1,8 @@
 #include "cli/info/Notes.h"
 
 #include "base/CodePage.h"
+#include "base/Joined.h"
 #include "base/Utf8.h"
-#include "cli/report/Joined.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 

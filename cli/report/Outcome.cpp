@@ -1,6 +1,6 @@
 #include "cli/report/Outcome.h"
 
-#include "cli/report/Joined.h"
+#include "base/Joined.h"
 #include "cli/report/Json.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"

@@ -1,6 +1,6 @@
 #include "cli/report/Printer.h"
 
-#include "cli/report/Joined.h"
+#include "base/Joined.h"
 
 #include <cstdio>
 

@@ -1,5 +1,7 @@
+#include "prepare/plain/DimensionNumbers.h"
+
+#include "base/Joined.h"
 #include "base/Numbers.h"
-#include "prepare/plain/DimensionValue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -210,14 +212,6 @@ std::string Bearing(double degrees, const NumberFormat& format)
 }
 
 } // namespace
-
-std::string Joined(std::initializer_list<std::string_view> parts)
-{
-    std::string text;
-    for (const std::string_view part : parts)
-        text += part;
-    return text;
-}
 
 std::string FormatLength(double value, const NumberFormat& format)
 {

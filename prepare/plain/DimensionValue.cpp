@@ -1,5 +1,8 @@
 #include "prepare/plain/DimensionValue.h"
 
+#include "base/Joined.h"
+#include "prepare/plain/DimensionNumbers.h"
+
 #include <cmath>
 #include <numbers>
 

@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-namespace plexorn {
-
 // All parts, one after the other.
 inline std::string Joined(std::initializer_list<std::string_view> parts)
 {
@@ -15,5 +13,3 @@ inline std::string Joined(std::initializer_list<std::string_view> parts)
         out += part;
     return out;
 }
-
-} // namespace plexorn
