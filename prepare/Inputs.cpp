@@ -1,5 +1,7 @@
 #include "prepare/Inputs.h"
 
+#include "input/CDxfOpenFile.h"
+
 #include <utility>
 
 namespace prepare {
@@ -54,8 +56,7 @@ std::ptrdiff_t FileInput::Read(char* bytes, std::size_t size)
 {
     if (m_file == nullptr)
         return -1;
-    const std::size_t count = std::fread(bytes, 1, size, m_file.get());
-    return count == 0 && std::ferror(m_file.get()) != 0 ? -1 : static_cast<std::ptrdiff_t>(count);
+    return CDxfOpenFile(m_file.get()).Read(bytes, size);
 }
 
 } // namespace prepare

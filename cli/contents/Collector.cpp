@@ -4,8 +4,8 @@
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "cli/contents/Fate.h"
-#include "cli/contents/FileSource.h"
 #include "cli/contents/LeadingNumbers.h"
+#include "input/CDxfOpenFile.h"
 
 #include <algorithm>
 #include <iterator>
@@ -419,7 +419,7 @@ void Collector::TakeDetail(int code, std::string_view value)
 DrawingInfo CollectInfo(std::FILE* file, bool withTexts)
 {
     DrawingInfo info;
-    FileSource source(file);
+    CDxfOpenFile source(file);
     prepare::PairReader pairs(source);
     Collector collector(info, withTexts);
     while (pairs.Next())

@@ -1,8 +1,8 @@
 #include "cli/contents/Header.h"
 
 #include "base/Numbers.h"
-#include "cli/contents/FileSource.h"
 #include "cli/contents/LeadingNumbers.h"
+#include "input/CDxfOpenFile.h"
 #include "prepare/pairs/PairReader.h"
 
 namespace plexorn {
@@ -63,7 +63,7 @@ Header ReadHeader(std::FILE* file)
 {
     Header header;
     HeaderReader reader(header);
-    FileSource source(file);
+    CDxfOpenFile source(file);
     prepare::PairReader pairs(source);
     bool isInSection = false, isInHeader = false;
     while (pairs.Next()) {

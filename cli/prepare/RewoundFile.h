@@ -1,9 +1,9 @@
 // A drawing's file as preparing reads it.
 #pragma once
 
-#include "cli/contents/FileSource.h"
 #include "cli/files/Source.h"
 #include "cli/system/InterruptGuard.h"
+#include "input/CDxfOpenFile.h"
 #include "prepare/PrepareDrawing.h"
 
 #include <cerrno>
@@ -63,7 +63,7 @@ private:
 
     Source& m_source;
     bool m_keepsGoing;
-    std::optional<FileSource> m_reader;
+    std::optional<CDxfOpenFile> m_reader;
     int m_error = 0;
 };
 

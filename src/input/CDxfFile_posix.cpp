@@ -1,21 +1,10 @@
 #include "input/CDxfSource.h"
 
+#include "input/Readable_posix.h"
+
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-
-namespace {
-
-// Files and pipes: a directory cannot be read, and a device may have no end.
-bool IsReadable(int file)
-{
-    struct stat status;
-    return fstat(file, &status) == 0 &&
-           (S_ISREG(status.st_mode) || S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
-}
-
-} // namespace
 
 // Opened without waiting: a pipe that nobody writes to is empty and keeps no host waiting. Reading waits.
 CDxfFile::CDxfFile(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK))

@@ -46,7 +46,7 @@ COMMAND_ROOMS = {
     "": ({"batch", "draw", "info", "options", "prepare", "system"}, set()),
     "draw": ({"batch", "contents", "files", "options", "prepare", "report", "system"},
              {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/report/"}),
-    "prepare": ({"batch", "contents", "files", "options", "report", "system"}, {"prepare/"}),
+    "prepare": ({"batch", "contents", "files", "options", "report", "system"}, {"src/input/", "prepare/"}),
     "batch": ({"contents", "files", "options", "report", "system"}, set()),
     "info": ({"contents", "files", "options", "prepare", "report"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),

@@ -7,12 +7,10 @@
 #include <cstddef>
 #include <cstdio>
 
-namespace plexorn {
-
 // Reads a file from where it is to its end; the caller closes it.
-class FileSource final : public CDxfSource {
+class CDxfOpenFile final : public CDxfSource {
 public:
-    explicit FileSource(std::FILE* file) : m_file(file) {}
+    explicit CDxfOpenFile(std::FILE* file) : m_file(file) {}
 
     std::ptrdiff_t Read(char* bytes, std::size_t size) override
     {
@@ -30,5 +28,3 @@ private:
     std::FILE* m_file;
     int m_error = 0;
 };
-
-} // namespace plexorn
