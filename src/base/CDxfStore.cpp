@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kFewestNames = 64;
+constexpr std::size_t kFewestKept = 64;
 
 } // namespace
 
@@ -56,39 +56,40 @@ DXF_STRING CDxfStore::KeepOnce(std::string_view narrow)
     const Words words = WordsOf(narrow);
     // Hashed as sixteen bytes whatever the length, without a branch for it.
     const std::uint64_t hash = HashBytes(&words, sizeof(words), m_hashKey ^ narrow.size());
-    const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
-        const Name& name = m_names[number];
-        return name.words.first == words.first && name.words.last == words.last && name.size == narrow.size();
+    const std::uint32_t known = m_keptIndex.Find(hash, [&](std::uint32_t number) {
+        const KeptText& kept = m_kept[number];
+        return kept.words.first == words.first && kept.words.last == words.last && kept.size == narrow.size();
     });
-    return known != CDxfHashIndex::kNone ? m_names[known].text : AddName(narrow, words, hash);
+    return known != CDxfHashIndex::kNone ? m_kept[known].text : AddKept(narrow, words, hash);
 }
 
 DXF_STRING CDxfStore::KeepLongOnce(std::string_view narrow)
 {
     const std::uint64_t hash = HashBytes(narrow.data(), narrow.size(), m_hashKey);
-    const std::uint32_t known = m_nameIndex.Find(hash, [&](std::uint32_t number) {
-        const Name& name = m_names[number];
-        return name.size == narrow.size() &&
-               EqualBytes(std::bit_cast<const char*>(name.words.last), narrow.data(), narrow.size());
+    const std::uint32_t known = m_keptIndex.Find(hash, [&](std::uint32_t number) {
+        const KeptText& kept = m_kept[number];
+        return kept.size == narrow.size() &&
+               EqualBytes(std::bit_cast<const char*>(kept.words.last), narrow.data(), narrow.size());
     });
     if (known != CDxfHashIndex::kNone)
-        return m_names[known].text;
+        return m_kept[known].text;
     const std::uint64_t copy = reinterpret_cast<std::uintptr_t>(Copy(narrow).data());
-    return AddName(narrow, {0, copy}, hash);
+    return AddKept(narrow, {0, copy}, hash);
 }
 
-DXF_STRING CDxfStore::AddName(std::string_view narrow, const Words& words, std::uint64_t hash)
+DXF_STRING CDxfStore::AddKept(std::string_view narrow, const Words& words, std::uint64_t hash)
 {
-    m_nameIndex.Reserve();
-    if (m_nameCount == m_nameCapacity) {
-        const std::size_t capacity = std::max(m_nameCapacity * 2, kFewestNames);
-        m_names = static_cast<Name*>(Resize(m_names, m_nameCapacity * sizeof(Name), capacity * sizeof(Name)));
-        m_nameCapacity = capacity;
+    m_keptIndex.Reserve();
+    if (m_keptCount == m_keptCapacity) {
+        const std::size_t capacity = std::max(m_keptCapacity * 2, kFewestKept);
+        m_kept = static_cast<KeptText*>(
+            Resize(m_kept, m_keptCapacity * sizeof(KeptText), capacity * sizeof(KeptText)));
+        m_keptCapacity = capacity;
     }
     const DXF_STRING text = Keep(narrow);
-    m_names[m_nameCount] = {words, narrow.size(), text};
-    m_nameIndex.Add(hash, static_cast<std::uint32_t>(m_nameCount));
-    ++m_nameCount;
+    m_kept[m_keptCount] = {words, narrow.size(), text};
+    m_keptIndex.Add(hash, static_cast<std::uint32_t>(m_keptCount));
+    ++m_keptCount;
     return text;
 }
 

@@ -39,9 +39,9 @@ private:
         std::uint64_t first;
         std::uint64_t last;
     };
-    // A name of up to 16 bytes is in here itself, so that a look at it takes one cache line. Of a longer one
-    // words.last is the address.
-    struct Name {
+    // A text kept once. One of up to 16 bytes is in here itself, so that a look at it takes one cache line.
+    // Of a longer one words.last is the address.
+    struct KeptText {
         Words words;
         std::size_t size;
         DXF_STRING text;
@@ -53,14 +53,14 @@ private:
     void Grow(DXF_STRING text, std::size_t capacity);
     static Words WordsOf(std::string_view narrow);
     DXF_STRING KeepLongOnce(std::string_view narrow);
-    DXF_STRING AddName(std::string_view narrow, const Words& words, std::uint64_t hash);
+    DXF_STRING AddKept(std::string_view narrow, const Words& words, std::uint64_t hash);
 
     wchar_t* m_growing = nullptr; // the text that Append wrote last
     std::size_t m_growingCapacity = 0;
 
-    Name* m_names = nullptr;
-    std::size_t m_nameCount = 0;
-    std::size_t m_nameCapacity = 0;
-    CDxfHashIndex m_nameIndex;
+    KeptText* m_kept = nullptr;
+    std::size_t m_keptCount = 0;
+    std::size_t m_keptCapacity = 0;
+    CDxfHashIndex m_keptIndex;
     std::uint64_t m_hashKey;
 };
