@@ -63,14 +63,14 @@ consteval DXF_FIELD<DXF_GRAPHIC_BASE> Rare(int code, DXF_RARE_MEMBER<member>)
 }
 
 // The rows of the entities that have a thickness, and of those that have an extrusion direction.
-struct DXF_THICKNESS_ROW {
+struct ThicknessRow {
     template <class Record>
     static consteval std::array<DXF_FIELD<Record>, 1> Rows()
     {
         return {{{39, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dThickness>}}};
     }
 };
-struct DXF_EXTRUSION_ROWS {
+struct ExtrusionRows {
     template <class Record>
     static consteval std::array<DXF_FIELD<Record>, 3> Rows()
     {
@@ -79,5 +79,5 @@ struct DXF_EXTRUSION_ROWS {
                  {230, StoreRare<Record, &DXF_GRAPHIC_RARE::m_dExtrusionZ>}}};
     }
 };
-inline constexpr DXF_THICKNESS_ROW kThickness;
-inline constexpr DXF_EXTRUSION_ROWS kExtrusion;
+inline constexpr ThicknessRow kThickness;
+inline constexpr ExtrusionRows kExtrusion;
