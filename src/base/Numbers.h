@@ -48,12 +48,12 @@ std::int32_t ParseInteger(std::string_view text);
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
 
+// As ParseReal, of a line in wide steps: bytes around it are read, though they do not count.
+double ParseLineReal(CDxfLine line);
+
 // Reads a number that is the whole text, in the form that it has for ParseReal, but with neither blanks nor a
 // '+' before it; nothing for any other text, and for what a double cannot hold.
 std::optional<double> ParseWholeReal(std::string_view text);
-
-// The same for a whole line, in wide steps: bytes around it are read, though they do not count.
-double ParseLineReal(CDxfLine line);
 
 // Reads up to 16 hexadecimal digits; nothing when text has another character, or none.
 inline std::optional<std::uint64_t> ParseHex(std::string_view text)
