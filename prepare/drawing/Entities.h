@@ -49,7 +49,6 @@ struct Entity {
 // The type of each record is its first base's argument.
 template <EntityType itsType>
 struct EntityOf : Entity {
-    static constexpr EntityType kType = itsType;
     EntityOf() : Entity(itsType) {}
 };
 

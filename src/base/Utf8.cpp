@@ -96,12 +96,6 @@ void AppendUtf8(std::string& text, char32_t character)
         text += static_cast<char>(0x80 | (value >> (6 * (i - 1)) & 0x3F));
 }
 
-void AppendWide(std::wstring& text, char32_t character)
-{
-    wchar_t units[2];
-    text.append(units, WriteWide(units, Replaced(character)));
-}
-
 std::string Utf8FromWide(std::wstring_view text)
 {
     std::string utf8;
@@ -127,7 +121,8 @@ std::optional<std::wstring> WideFromUtf8(std::string_view text)
         const DecodedCharacter next = DecodeUtf8(text);
         if (next.value == kNoCharacter)
             return std::nullopt;
-        AppendWide(wide, next.value);
+        wchar_t units[2];
+        wide.append(units, WriteWide(units, next.value));
         text.remove_prefix(next.size);
     }
     return wide;

@@ -85,9 +85,8 @@ DecodedCharacter DecodeUtf8(std::string_view text, Utf8Range range = Utf8Range::
 // alone and a number past U+10FFFF come out as they are.
 DecodedCharacter DecodeWide(std::wstring_view text);
 
-// Each adds a character to the end of a text; what IsCharacter refuses becomes U+FFFD.
+// Adds a character to the end of a text; what IsCharacter refuses becomes U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
-void AppendWide(std::wstring& text, char32_t character);
 
 // The UTF-8 form of a wide text; surrogates alone and numbers past U+10FFFF become U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);

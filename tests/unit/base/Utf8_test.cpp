@@ -30,9 +30,7 @@ std::string Utf8Of(char32_t character)
 
 std::wstring WideOf(char32_t character)
 {
-    std::wstring text;
-    AppendWide(text, character);
-    return text;
+    return WideFromUtf8(Utf8Of(character)).value();
 }
 
 std::wstring Widened(std::string_view text)
