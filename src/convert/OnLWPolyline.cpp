@@ -45,7 +45,7 @@ void CDxfReadToQuillmar::OnLWPolyline(const DXF_GRAPHIC_LWPOLYLINE& polyline)
     QlmNode node;
     if (polyline.m_nFlags == 0) {
         node = qlmCreatePolyline(parentNode, L"", m_points.c_str(), 0.0f, 0.0f);
-    } else { // any flag makes it a polygon, not the closed bit alone
+    } else { // any flag makes it a polygon, not the closed bit alone (quirk 57)
         node = qlmCreatePolygon(parentNode, L"", m_points.c_str(), 0.0f, 0.0f);
         SetAttribute(node, L"fill-opacity", L"0");
     }

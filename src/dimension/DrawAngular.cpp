@@ -14,7 +14,7 @@
 namespace {
 
 // Where the line through a1 and a2 meets the line through b1 and b2; (0, 0) when they are parallel or the
-// same.
+// same (quirk 110).
 DXF_POINT2D Intersection(const DXF_POINT2D& a1, const DXF_POINT2D& a2, const DXF_POINT2D& b1,
                          const DXF_POINT2D& b2)
 {

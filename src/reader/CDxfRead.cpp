@@ -44,20 +44,6 @@ bool CDxfRead::TakeOtherCode(std::string_view line, std::int32_t& code, const wc
     return false;
 }
 
-void CDxfRead::ReadGroup(CDxfStream& stream, DXF_STRING& text, std::string_view value, std::string_view code)
-{
-    store.Append(text, value);
-    while (!stream.eof()) {
-        const std::string_view line = ReadTrimmed(stream);
-        if (line != code) {
-            store.Append(text, "\n");
-            store.Append(text, line);
-        } else if (ReadTrimmed(stream) == "}") {
-            return;
-        }
-    }
-}
-
 void CDxfRead::Report(int kind, const wchar_t* format, std::initializer_list<CDxfMessageArgument> arguments)
 {
     OnError(0, kind, CDxfMessage(format, arguments).c_str(), 0);

@@ -24,7 +24,7 @@ void CDxfRead::ReadDxfSource(CDxfSource& source)
 
 // Only "0", "SECTION", "2", name is acted on, and between these four the end of the file is not looked for:
 // a file that stops there has a section with an empty name. "EOF" ends the reading only where a "0" is
-// expected.
+// expected, which a value of an unknown section can be, too (quirk 13).
 void CDxfRead::ReadSections(CDxfStream& stream)
 {
     std::string_view line = ReadTrimmed(stream);
@@ -40,7 +40,7 @@ void CDxfRead::ReadSections(CDxfStream& stream)
 void CDxfRead::ReadSection(CDxfStream& stream, std::string_view name)
 {
     if (name == "HEADER" || name == "CLASSES" || name == "OBJECTS" || name == "THUMBNAILIMAGE") {
-        ReadLine(stream); // not compared
+        ReadLine(stream); // the next code
         SkipToENDSEC(stream);
     } else if (name == "TABLES") {
         ReadSectionTABLES(stream);
