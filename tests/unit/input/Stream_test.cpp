@@ -8,8 +8,14 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
+
+// Bytes around a line are read, so only the stream's own buffer makes lines.
+static_assert(!std::is_constructible_v<CDxfLine, std::string_view>);
+static_assert(!std::is_constructible_v<CDxfLine, const char*>);
+static_assert(!std::is_constructible_v<CDxfLine, const char*, std::size_t>);
 
 namespace {
 
