@@ -17,7 +17,7 @@ enum class Kind : std::uint8_t { Line, Path, Circle, Ellipse, Polyline, Polygon,
 // How far a group has come: the current node is asked for, set to the group, and set back.
 enum class Group { None, Begun, Open };
 
-constexpr int kKinds = 13; // of reports, 0 among them
+constexpr int kKinds = DXF_ERROR_MEMORY + 1; // of reports, 0 among them
 
 struct State {
     CheckingHost::Answers answers;
