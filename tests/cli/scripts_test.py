@@ -40,18 +40,23 @@ class Help(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (3, "import: none.dxf: no such file\n"))
 
 
+def of_a_file(text, check):
+    """What check finds in a file of that text, which it calls FILE. The rules are those of the folder: the file is made
+    within the project."""
+    os.makedirs(os.path.join(ROOT, "build"), exist_ok=True)
+    with tempfile.NamedTemporaryFile("w", suffix=".cpp", dir=os.path.join(ROOT, "build")) as file:
+        file.write(text)
+        file.flush()
+        return [line.replace(file.name, "FILE") for line in check(file.name)]
+
+
 class Format(unittest.TestCase):
     def setUp(self):
         if shutil.which(lint.FORMATTER) is None:
             self.skipTest("no " + lint.FORMATTER)
 
     def check(self, text):
-        # The format is that of the folder: the file is made within the project.
-        os.makedirs(os.path.join(ROOT, "build"), exist_ok=True)
-        with tempfile.NamedTemporaryFile("w", suffix=".cpp", dir=os.path.join(ROOT, "build")) as file:
-            file.write(text)
-            file.flush()
-            return [line.replace(file.name, "FILE") for line in lint.run_clang_format([file.name])]
+        return of_a_file(text, lambda path: lint.run_clang_format([path]))
 
     def test_a_file_that_differs_is_found_once(self):
         self.assertEqual(self.check("int a;\nint  b;\nint  c;\n"),
@@ -63,6 +68,29 @@ class Format(unittest.TestCase):
     def test_every_folder_with_sources_is_looked_at(self):
         folders = {path.split(os.sep)[0] for path in lint.formatted_sources()}
         self.assertLessEqual({"src", "svghost", "cli", "tests", "fuzz", "bench", "examples"}, folders)
+
+
+class Names(unittest.TestCase):
+    def setUp(self):
+        if shutil.which("clang-tidy-19") is None:
+            self.skipTest("no clang-tidy-19")
+
+    def check(self, text):
+        lines = of_a_file(text, lambda path: lint.clang_tidy(path, ["-std=c++20"]).splitlines())
+        return [line.split(" [")[0] for line in lines if ": error: " in line]
+
+    def test_wrong_names_are_found(self):
+        self.assertEqual(self.check("class wrong_class {\n    int size = 0;\n};\n"
+                                    "int WrongLocal()\n{\n    const int Size = 1;\n    return Size;\n}\n"
+                                    "void wrong_function() {}\n"),
+                         ["FILE:1:7: error: invalid case style for class 'wrong_class'",
+                          "FILE:2:9: error: invalid case style for private member 'size'",
+                          "FILE:6:15: error: invalid case style for variable 'Size'",
+                          "FILE:9:6: error: invalid case style for function 'wrong_function'"])
+
+    def test_names_as_they_should_be(self):
+        self.assertEqual(self.check("class Right {\n    int m_size = 0;\n};\n"
+                                    "int RightLocal()\n{\n    const int size = 1;\n    return size;\n}\n"), [])
 
 
 class Import(unittest.TestCase):
