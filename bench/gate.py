@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
-"""Counts the instructions that reading and drawing cost for each byte of small fixed drawings, and fails when one
-has risen by more than 3 % over the counts kept in bench/instructions.txt.
+"""Counts the instructions that reading, importing and writing pictures cost for each byte of small fixed drawings, and
+fails when one has risen by more than 3 % over the counts kept in bench/instructions.txt.
 
-    gate.py --bench PLEXORN_BENCH [--update]
+    gate.py --bench PLEXORN_BENCH --command PLEXORN [--update]
+
+"read" and "import" are stages of plexorn_bench; "picture" is the command with --as-is, so the import, the reference
+host and the SVG.
 
 Counts come from callgrind, so they are the same on a busy machine; what a run costs before and after the drawing is
 taken off by a run over an empty drawing. --update writes the counts anew: do that when a change is meant to cost
@@ -21,7 +24,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 KEPT = os.path.join(HERE, "instructions.txt")
 LIMIT = 1.03
 KINDS = ("mixed", "lines", "polylines", "texts", "dimensions", "layers", "blocks")
-STAGES = ("read", "import")
+STAGES = ("read", "import", "picture")
 SIZE_MB = 0.4
 
 
@@ -31,10 +34,13 @@ def tools():
     return "g++ %s, glibc %s, %s" % (compiler, platform.libc_ver()[1], platform.machine())
 
 
-def instructions(bench, stage, path, folder):
+def instructions(programs, stage, path, folder):
     """The instructions of one run of a stage over a drawing."""
-    command = ["valgrind", "--tool=callgrind", "--callgrind-out-file=" + os.path.join(folder, "out"), bench, "--stage",
-               stage, path]
+    if stage == "picture":
+        run = [programs.command, "--as-is", "-q", "-j", "1", path, "-o", os.path.join(folder, "picture.svg")]
+    else:
+        run = [programs.bench, "--stage", stage, path]
+    command = ["valgrind", "--tool=callgrind", "--callgrind-out-file=" + os.path.join(folder, "out"), *run]
     process = subprocess.run(command, capture_output=True, text=True)
     found = re.search(r"Collected : (\d+)", process.stderr)
     if process.returncode != 0 or not found:
@@ -42,20 +48,20 @@ def instructions(bench, stage, path, folder):
     return int(found[1])
 
 
-def measure(bench):
+def measure(programs):
     """Instructions for each byte, by drawing and stage."""
     counts = {}
     with tempfile.TemporaryDirectory() as folder:
         empty = os.path.join(folder, "empty.dxf")
         with open(empty, "w") as file:
             file.write("  0\nEOF\n")
-        base = {stage: instructions(bench, stage, empty, folder) for stage in STAGES}
+        base = {stage: instructions(programs, stage, empty, folder) for stage in STAGES}
         for kind in KINDS:
             path = os.path.join(folder, kind + ".dxf")
             subprocess.run([sys.executable, os.path.join(HERE, "generate.py"), kind, str(SIZE_MB), path], check=True,
                            stdout=subprocess.DEVNULL)
             for stage in STAGES:
-                count = instructions(bench, stage, path, folder) - base[stage]
+                count = instructions(programs, stage, path, folder) - base[stage]
                 counts[kind + " " + stage] = count / os.path.getsize(path)
     return counts
 
@@ -85,9 +91,10 @@ def compare(counts, kept):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--bench", required=True, help="the program plexorn_bench of a release build")
+    parser.add_argument("--command", required=True, help="the command plexorn of the same build")
     parser.add_argument("--update", action="store_true", help="keep the counts instead of comparing them")
     arguments = parser.parse_args()
-    counts = measure(arguments.bench)
+    counts = measure(arguments)
     if arguments.update:
         write_kept(counts)
         return 0
