@@ -1,5 +1,6 @@
 #include "svghost/Attributes.h"
 
+#include "base/Blanks.h"
 #include "base/Numbers.h"
 #include "svghost/NumberText.h"
 #include "svghost/XmlText.h"
@@ -58,7 +59,7 @@ bool ReadColourPart(std::wstring_view& text, unsigned& part)
     const auto skip = [&] { text.remove_prefix(std::min(text.find_first_not_of(L' '), text.size())); };
     skip();
     std::size_t digits = 0;
-    for (part = 0; digits < text.size() && text[digits] >= L'0' && text[digits] <= L'9'; ++digits)
+    for (part = 0; digits < text.size() && IsDigit(text[digits]); ++digits)
         part = std::min(part * 10 + static_cast<unsigned>(text[digits] - L'0'), 255u);
     text.remove_prefix(digits);
     skip();

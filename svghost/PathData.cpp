@@ -5,8 +5,9 @@
 namespace svghost {
 namespace {
 
+// The blanks of SVG, of which those of a drawing's numbers have two more.
 template <class Char>
-bool IsBlank(Char character)
+bool IsPathBlank(Char character)
 {
     return character == Char(' ') || character == Char('\t') || character == Char('\n') ||
            character == Char('\r');
@@ -15,7 +16,7 @@ bool IsBlank(Char character)
 template <class Char>
 void SkipBlanks(const Char*& at)
 {
-    while (IsBlank(*at))
+    while (IsPathBlank(*at))
         ++at;
 }
 

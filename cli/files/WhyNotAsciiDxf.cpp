@@ -1,5 +1,7 @@
 #include "cli/files/WhyNotAsciiDxf.h"
 
+#include "base/Numbers.h"
+
 namespace plexorn {
 
 namespace {
@@ -51,16 +53,11 @@ bool HasSignature(std::string_view head, const Signature& signature)
            head.compare(signature.offset, signature.bytes.size(), signature.bytes) == 0;
 }
 
-constexpr std::string_view kBlanks = " \t\r\v\f";
-
 // The first line of head that is not blank, without blanks at its ends.
 std::string_view FirstLine(std::string_view head)
 {
-    const std::size_t start = head.find_first_not_of(" \t\r\v\f\n"sv);
-    if (start == std::string_view::npos)
-        return {};
-    const std::string_view line = head.substr(start, head.find('\n', start) - start);
-    return line.substr(0, line.find_last_not_of(kBlanks) + 1);
+    const std::string_view text = Trim(head);
+    return Trim(text.substr(0, text.find('\n')));
 }
 
 // Group codes have one to four digits; a sign occurs in the codes that programs keep to themselves.
