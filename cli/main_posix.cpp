@@ -1,5 +1,6 @@
 #include "cli/RunCommand.h"
 #include "cli/system/InterruptGuard.h"
+#include "cli/system/Native.h"
 
 #include <csignal>
 #include <string>
@@ -7,6 +8,7 @@
 
 int main(int argc, char** argv)
 {
+    plexorn::FillStandardStreams();
     // A picture beyond the largest file that is allowed fails as on a full disk, and the other drawings go
     // on.
     std::signal(SIGXFSZ, SIG_IGN);

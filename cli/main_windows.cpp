@@ -1,6 +1,7 @@
 #include "base/Utf8.h"
 #include "cli/RunCommand.h"
 #include "cli/system/InterruptGuard.h"
+#include "cli/system/Native.h"
 
 #include <string>
 #include <vector>
@@ -27,6 +28,7 @@ std::vector<std::string> Arguments()
 
 int main()
 {
+    plexorn::FillStandardStreams();
     // What is printed is UTF-8; a console keeps its code page beyond the process, so it is put back.
     UINT codePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);

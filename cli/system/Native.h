@@ -78,6 +78,11 @@ private:
 // errno, 0 when nothing failed.
 int ReadStandardInput(const ByteFunction& out);
 
+// Gives a process that was started without a standard stream the null device in its place: the first file
+// that is opened would take it, and messages would be written into that file. To be called before any is
+// opened.
+void FillStandardStreams();
+
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
 // exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,
 // when there is one.

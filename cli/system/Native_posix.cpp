@@ -142,6 +142,16 @@ ModulePath::~ModulePath()
         close(m_descriptor);
 }
 
+void FillStandardStreams()
+{
+    // A missing output takes nothing: who writes to it learns that the bytes are lost.
+    int descriptor = open("/dev/null", O_RDONLY);
+    while (descriptor >= 0 && descriptor < STDERR_FILENO)
+        descriptor = open("/dev/null", O_RDONLY);
+    if (descriptor > STDERR_FILENO)
+        close(descriptor);
+}
+
 std::FILE* OpenForReading(const fs::path& path)
 {
     return std::fopen(path.c_str(), "rb");

@@ -174,6 +174,17 @@ ModulePath::~ModulePath()
         DeleteFileW(m_copy.c_str());
 }
 
+void FillStandardStreams()
+{
+    // A missing output takes nothing: who writes to it learns that the bytes are lost.
+    constexpr int kStandardError = 2;
+    int descriptor = _wopen(L"NUL", _O_RDONLY);
+    while (descriptor >= 0 && descriptor < kStandardError)
+        descriptor = _wopen(L"NUL", _O_RDONLY);
+    if (descriptor > kStandardError)
+        _close(descriptor);
+}
+
 std::FILE* OpenForReading(const fs::path& path)
 {
     return Open(path, _O_RDONLY, L"rb");

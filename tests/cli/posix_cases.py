@@ -254,6 +254,24 @@ class Descriptors(CommandTest):
         self.assertEqual(result.returncode, 0)
 
 
+    def test_no_message_gets_into_a_picture_when_standard_streams_are_closed(self):
+        self.write("plan.dxf", DRAWING_WITH_MESSAGE)
+        self.expect(0, "plan.dxf", "-o", "whole.svg")
+        for closed in ((0,), (1,), (2,), (1, 2), (0, 1, 2)):
+            def close(closed=closed):
+                for descriptor in closed:
+                    os.close(descriptor)
+            subprocess.run([command_support.COMMAND, "--as-is", "--verbose", "plan.dxf"], cwd=self.folder,
+                           preexec_fn=close, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
+            self.assertEqual(self.read("plan.svg"), self.read("whole.svg"), closed)
+
+    def test_what_goes_to_a_closed_standard_output_is_not_taken_for_written(self):
+        self.write("plan.dxf")
+        result = subprocess.run([command_support.COMMAND, "plan.dxf", "-o", "-"], cwd=self.folder,
+                                preexec_fn=lambda: os.close(1), stderr=subprocess.PIPE, text=True)
+        self.assertEqual((result.returncode, "cannot be written" in result.stderr), (3, True), result.stderr)
+
+
 class Interruption(CommandTest):
     COUNT = 200_000
 
