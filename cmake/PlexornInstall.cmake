@@ -45,10 +45,10 @@ if(PLEXORN_CLI)
     if(NOT WIN32)
         file(RELATIVE_PATH to_module /${CMAKE_INSTALL_BINDIR} /${PLEXORN_INSTALL_MODULEDIR})
         file(RELATIVE_PATH to_host /${CMAKE_INSTALL_BINDIR} /${PLEXORN_INSTALL_HOSTDIR})
-        set(search_path "$ORIGIN/${to_module}" "$ORIGIN/${to_host}")
-        # The build's path is longer than the installed one: CMake would fill it up with empty entries, and
-        # each of these is the working directory.
-        set_target_properties(plexorn_cli PROPERTIES INSTALL_RPATH "${search_path}" BUILD_RPATH "${search_path}")
+        # The build tree keeps its libraries in ../lib. It has the installed path, as CMake would end one of its own
+        # with an empty entry, and that is the working directory.
+        set_target_properties(plexorn_cli PROPERTIES BUILD_WITH_INSTALL_RPATH ON
+            INSTALL_RPATH "$ORIGIN/${to_module};$ORIGIN/${to_host};$ORIGIN/../lib")
     endif()
     install(TARGETS plexorn_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT command)
     plexorn_split_symbols(plexorn_cli command ${CMAKE_INSTALL_BINDIR})

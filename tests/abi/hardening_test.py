@@ -57,6 +57,13 @@ class Elf(unittest.TestCase):
             self.assertTrue(self.dynamic(headers, "FLAGS_1") & PIE_1)
 
     @of_each_binary
+    def test_libraries_are_looked_for_beside_the_binary_alone(self, _, headers):
+        # An empty entry is the working directory.
+        for path in re.findall(r"(?m)^ +(?:RPATH|RUNPATH) +(.*)$", headers):
+            for folder in path.split(":"):
+                self.assertRegex(folder, r"^\$ORIGIN/", path)
+
+    @of_each_binary
     def test_return_addresses_are_guarded(self, path, _):
         self.assertIn("__stack_chk_fail", self.needed_functions(path))
 
