@@ -1,4 +1,5 @@
-#include "prepare/plain/Placement.h"
+#include "prepare/write/StandardObjects.h"
+
 #include "prepare/write/StandardTables.h"
 
 #include <utility>

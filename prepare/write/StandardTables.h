@@ -84,9 +84,6 @@ private:
     std::map<NameId, std::string> m_textStyles;
 };
 
-// The OBJECTS section: the dictionaries, and a layout for the model and one for an empty sheet.
-void WriteStandardObjects(PairWriter& pairs, const Box& extents, int decimals);
-
 // The weight (370) that is nearest among those that the format has.
 std::int32_t NearestWeight(std::int32_t weight);
 

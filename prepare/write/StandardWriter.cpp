@@ -2,6 +2,7 @@
 
 #include "prepare/write/LogExtents.h"
 #include "prepare/write/StandardEntities.h"
+#include "prepare/write/StandardObjects.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,5 @@
 #include "prepare/write/DrawingWriter.h"
+
 #include "prepare/write/ModuleWriter.h"
 #include "prepare/write/StandardWriter.h"
 
