@@ -3,8 +3,10 @@
 #include "cli/batch/RunBatch.h"
 #include "cli/draw/DrawJob.h"
 #include "cli/info/TellAll.h"
+#include "cli/info/TellLayouts.h"
 #include "cli/options/ExitCode.h"
 #include "cli/options/ParseOptions.h"
+#include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareJob.h"
 
 #include <cstdio>
@@ -29,11 +31,11 @@ ExitCode Follow(const Options& options)
     case Task::Info:
         return TellAll(options);
     case Task::Prepare:
-        return RunBatch(options, PrepareJob);
+        return RunBatch(options, PrepareJob, LayoutsIn);
     case Task::Draw:
         break;
     }
-    return RunBatch(options, DrawJob);
+    return options.listsLayouts ? TellLayouts(options) : RunBatch(options, DrawJob, LayoutsIn);
 }
 
 ExitCode Run(std::vector<std::string> arguments)

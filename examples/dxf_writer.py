@@ -36,7 +36,11 @@ class Space:
         self.entities = []
 
     def add(self, kind, layer, groups, color=None, ltype=None, weight=None, hidden=False):
-        pairs = [(0, kind), (5, self.drawing.next_handle()), (330, self.record), (100, "AcDbEntity"), (8, layer)]
+        """Returns the entity's handle."""
+        handle = self.drawing.next_handle()
+        pairs = [(0, kind), (5, handle), (330, self.record), (100, "AcDbEntity")]
+        pairs += [(67, 1)] if self is self.drawing.paper else []
+        pairs.append((8, layer))
         if ltype is not None:
             pairs.append((6, ltype))
         if color is not None:
@@ -46,6 +50,7 @@ class Space:
         if hidden:
             pairs.append((60, 1))
         self.entities.append(pairs + groups)
+        return handle
 
     def line(self, layer, x1, y1, x2, y2, **style):
         self.add("LINE", layer, [(100, "AcDbLine")] + point(10, x1, y1) + point(11, x2, y2), **style)
@@ -60,7 +65,7 @@ class Space:
         self.polyline(layer, [(x1, y1), (x2, y1), (x2, y2), (x1, y2)], closed=True, **style)
 
     def circle(self, layer, x, y, radius, **style):
-        self.add("CIRCLE", layer, [(100, "AcDbCircle")] + point(10, x, y) + [(40, radius)], **style)
+        return self.add("CIRCLE", layer, [(100, "AcDbCircle")] + point(10, x, y) + [(40, radius)], **style)
 
     def arc(self, layer, x, y, radius, start, end, **style):
         """Counter-clockwise from start to end, in degrees."""
@@ -101,6 +106,21 @@ class Space:
             groups.append((50, rotation))
         self.add("INSERT", layer, groups, **style)
 
+    def viewport(self, layer, number, x, y, width, height, view_x, view_y, scale, twist=0.0, frozen=(),
+                 outline=None):
+        """A window of the paper space around (x, y) that shows the model around (view_x, view_y); the sheet itself
+        is number 1. twist is in degrees, frozen the names of layers, outline the handle of what it is cut along."""
+        turned = math.radians(twist)
+        centre = (view_x * math.cos(turned) - view_y * math.sin(turned),
+                  view_x * math.sin(turned) + view_y * math.cos(turned))
+        groups = [(100, "AcDbViewport")] + point(10, x, y) + [(40, width), (41, height), (68, number), (69, number)]
+        groups += flat_point(12, *centre) + flat_point(13, 0, 0) + flat_point(14, 10, 10) + flat_point(15, 10, 10)
+        groups += point(16, 0, 0, 1) + point(17, 0, 0) + [(42, 50.0), (43, 0.0), (44, 0.0), (45, height / scale),
+                                                          (50, 0.0), (51, twist), (72, 1000)]
+        groups += [(331, self.drawing.layer_handle(name)) for name in frozen]
+        groups += [(90, 819232 + (0x10000 if outline else 0))] + ([(340, outline)] if outline else []) + [(1, "")]
+        self.add("VIEWPORT", layer, groups)
+
     def dimension(self, layer, kind, definition, text_middle, subclasses, text=""):
         """A dimension and the block that pictures it; returns the block to draw into."""
         picture = self.drawing.block("*D%d" % self.drawing.next_dimension())
@@ -122,6 +142,8 @@ class Drawing:
         self.dimensions = 0
         self.ltypes = [("ByBlock", "", []), ("ByLayer", "", []), ("Continuous", "Solid line", [])]
         self.layers = []
+        self.layer_handles = {}
+        self.page = (0.0, 0.0, 0.0)  # of Layout1: its paper's width, height and margin, in millimetres
         self.blocks = []
         self.model = self.block("*Model_Space")
         self.paper = self.block("*Paper_Space")
@@ -139,6 +161,12 @@ class Drawing:
 
     def layer(self, name, color, ltype="Continuous", weight=-3):
         self.layers.append((name, color, ltype, weight))
+
+    def layer_handle(self, name):
+        """The handle of a layer that something refers to."""
+        if name not in self.layer_handles:
+            self.layer_handles[name] = self.next_handle()
+        return self.layer_handles[name]
 
     def block(self, name):
         space = Space(self, name)
@@ -205,7 +233,7 @@ class Drawing:
                     (77, 1), (73, 0), (74, 0)]
         return (self._table("VPORT", "8", "AcDbViewportTableRecord", [(view, None)])
                 + self._table("LTYPE", "5", "AcDbLinetypeTableRecord", [(self._ltype(*e), None) for e in self.ltypes])
-                + self._table("LAYER", "2", "AcDbLayerTableRecord", [(self._layer(*e), None) for e in self.layers])
+                + self._table("LAYER", "2", "AcDbLayerTableRecord", [(self._layer(*e), self.layer_handles.get(e[0])) for e in self.layers])
                 + self._table("STYLE", "3", "AcDbTextStyleTableRecord", [(style, None)])
                 + self._table("VIEW", "6", "", []) + self._table("UCS", "7", "", [])
                 + self._table("APPID", "9", "AcDbRegAppTableRecord", [([(2, "ACAD"), (70, 0)], None)])
@@ -244,7 +272,7 @@ class Drawing:
         return pairs
 
     def _entities(self):
-        return [pair for entity in self.model.entities for pair in entity]
+        return [pair for entity in self.model.entities + self.paper.entities for pair in entity]
 
     def _objects(self):
         def dictionary(handle, owner, entries, kind="DICTIONARY", tail=()):
@@ -261,11 +289,12 @@ class Drawing:
                 + dictionary("1A", "C", [("Model", "1B"), ("Layout1", "1E")])
                 + self._layout("1B", "Model", 0, self.model, 1024) + self._layout("1E", "Layout1", 1, self.paper, 0))
 
-    @staticmethod
-    def _layout(handle, name, order, space, flags):
+    def _layout(self, handle, name, order, space, flags):
         plot = [(1, ""), (2, "none_device"), (4, ""), (6, "")]
-        plot += [(code, 0.0) for code in (40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 140, 141)]
-        plot += [(142, 1.0), (143, 1.0), (70, flags), (72, 0), (73, 0), (74, 5), (7, ""), (75, 16), (147, 1.0)]
+        width, height, margin = self.page if space is self.paper else (0.0, 0.0, 0.0)
+        plot += [(code, margin) for code in (40, 41, 42, 43)] + [(44, width), (45, height)]
+        plot += [(code, 0.0) for code in (46, 47, 48, 49, 140, 141)]
+        plot += [(142, 1.0), (143, 1.0), (70, flags), (72, 1 if width else 0), (73, 0), (74, 5), (7, ""), (75, 16), (147, 1.0)]
         return ([(0, "LAYOUT"), (5, handle), (330, "1A"), (100, "AcDbPlotSettings")] + plot
                 + [(148, 0.0), (149, 0.0), (100, "AcDbLayout"), (1, name), (70, 1), (71, order)]
                 + flat_point(10, 0, 0) + flat_point(11, 420, 297) + point(12, 0, 0) + point(14, 0, 0)

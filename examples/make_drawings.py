@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the example drawings, floor-plan.dxf and machine-part.dxf.
+"""Writes the example drawings, floor-plan.dxf, machine-part.dxf and part-sheet.dxf.
 
     make_drawings.py [FOLDER]
 
@@ -12,8 +12,10 @@ sys.dont_write_bytecode = True
 
 import floor_plan  # noqa: E402
 import machine_part  # noqa: E402
+import part_sheet  # noqa: E402
 
-DRAWINGS = [("floor-plan.dxf", floor_plan, "\n"), ("machine-part.dxf", machine_part, "\r\n")]
+DRAWINGS = [("floor-plan.dxf", floor_plan, "\n"), ("machine-part.dxf", machine_part, "\r\n"),
+            ("part-sheet.dxf", part_sheet, "\n")]
 
 
 def main(arguments):

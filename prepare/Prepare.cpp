@@ -2,6 +2,7 @@
 
 #include "prepare/Inputs.h"
 #include "prepare/PrepareDrawing.h"
+#include "prepare/PrepareSheet.h"
 
 #include <cmath>
 
@@ -22,6 +23,8 @@ PrepareResult ResultOf(PrepareOutcome outcome)
         return PREPARE_WRITE_FAILED;
     case PrepareOutcome::Cancelled:
         return PREPARE_CANCELLED;
+    case PrepareOutcome::NoLayout:
+        return PREPARE_NO_LAYOUT;
     case PrepareOutcome::BadOptions:
         break;
     }
@@ -71,6 +74,8 @@ Options OptionsOf(const PrepareOptions& given)
     options.withoutLayers = PatternsOf(given.withoutLayers);
     options.encoding = given.encoding == nullptr ? "" : given.encoding;
     options.redrawsDimensions = given.redrawDimensions;
+    options.marksLayers = given.markLayers;
+    options.layout = given.layout == nullptr ? "" : given.layout;
     return options;
 }
 
@@ -85,8 +90,26 @@ void TellReport(const Report& report, const PrepareOptions& options)
     }
 }
 
+// Tells the layouts if they are wanted; what comes of it is PREPARE_DONE when preparing may go on.
+PrepareResult TellLayouts(ReopenableSource& source, const PrepareOptions& options)
+{
+    if (options.layouts == nullptr)
+        return PREPARE_DONE;
+    std::vector<LayoutSize> layouts;
+    const PrepareOutcome outcome =
+        ListLayouts(source, options.encoding == nullptr ? "" : options.encoding, layouts);
+    for (const LayoutSize& layout : layouts) {
+        const PrepareLayout told = {layout.name.c_str(), layout.width, layout.height};
+        if (!options.layouts(options.user, &told))
+            return PREPARE_CANCELLED;
+    }
+    return ResultOf(outcome);
+}
+
 PrepareResult Prepare(ReopenableSource& source, const PrepareOptions& options, PrepareWriteFunction write)
 {
+    if (const PrepareResult told = TellLayouts(source, options); told != PREPARE_DONE)
+        return told;
     Report report;
     const auto writeBytes = [&](std::string_view bytes) {
         return write(options.user, bytes.data(), bytes.size());

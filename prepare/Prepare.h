@@ -45,7 +45,8 @@ typedef enum PrepareResult {
     PREPARE_WRITE_FAILED = 3, /**< the write function returned false */
     PREPARE_NO_MEMORY = 4,    /**< memory was short */
     PREPARE_CANCELLED = 5,    /**< the progress function returned false */
-    PREPARE_BAD_OPTIONS = 6   /**< an option has an invalid value, or a function is missing */
+    PREPARE_BAD_OPTIONS = 6,  /**< an option has an invalid value, or a function is missing */
+    PREPARE_NO_LAYOUT = 7     /**< the drawing has no layout of that name */
 } PrepareResult;
 
 /** What a report entry says. */
@@ -66,6 +67,13 @@ typedef struct PrepareReport {
     uint64_t firstLine;     /**< the line in the input where the first one is; 0: none */
 } PrepareReport;
 
+/** A layout of the drawing: a sheet. Its strings are good during the call. */
+typedef struct PrepareLayout {
+    const char* name; /**< as layout in the options takes it */
+    double width;     /**< of its paper, in millimetres; 0: not known */
+    double height;    /**< likewise */
+} PrepareLayout;
+
 /** Takes a part of the plain drawing; false stops. */
 typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size);
 /** Gives up to size bytes of the input from offset on, which is 0 or where the part before
@@ -73,6 +81,8 @@ typedef bool (*PrepareWriteFunction)(void* user, const char* bytes, size_t size)
 typedef ptrdiff_t (*PrepareReadFunction)(void* user, uint64_t offset, char* bytes, size_t size);
 /** Takes the entries of the report, once the plain drawing has been written. */
 typedef void (*PrepareReportFunction)(void* user, const PrepareReport* report);
+/** Takes the layouts of the drawing, in the order of their tabs; false stops, and nothing is prepared. */
+typedef bool (*PrepareLayoutFunction)(void* user, const PrepareLayout* layout);
 /** Called now and then with the share that is done, from 0 to 1; false cancels. */
 typedef bool (*PrepareProgressFunction)(void* user, double share);
 
@@ -90,7 +100,15 @@ typedef struct PrepareOptions {
     bool redrawDimensions;        /**< draw dimensions from their definitions even if they have pictures */
     PrepareReportFunction report; /**< may be NULL */
     PrepareProgressFunction progress; /**< may be NULL */
-    void* user;                       /**< given to report, progress, write and read */
+    void* user;                       /**< given to the functions */
+    const char* layout; /**< the layout that is prepared, in any case of its ASCII letters. One whose paper
+                             is known is written in millimetres, with its lower left corner at the origin,
+                             and tolerance is in millimetres; what its viewports show are blocks of their
+                             own. NULL, "" or "Model": the model space */
+    bool markLayers; /**< for the module: empty blocks with agreed names (PLEXORN_LAYER_ and the layer's name)
+                          are inserted where another layer begins. The reference host takes them for
+                          that, and any other shows nothing of them */
+    PrepareLayoutFunction layouts; /**< told of the layouts first; may be NULL */
 } PrepareOptions;
 
 /** Prepares the drawing in a file and gives the plain one to write, part after part. path is UTF-8; options

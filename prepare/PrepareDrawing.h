@@ -30,6 +30,7 @@ enum class PrepareOutcome : std::uint8_t {
     WriteFailed, // the write function gave false
     Cancelled,   // the progress function gave false
     BadOptions,  // an unknown encoding
+    NoLayout,    // the drawing has no layout of that name
 };
 
 // Gets the share that is done, from 0 to 1; false cancels.

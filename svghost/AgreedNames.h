@@ -20,4 +20,11 @@ inline constexpr std::wstring_view kTextPrefix = L"PLEXORN_TEXT_";
 // in the place of its use.
 inline constexpr std::wstring_view kPartPrefix = L"PLEXORN_PART_";
 
+// What begins the name of a part that is all of the drawing.
+inline constexpr std::wstring_view kWrapPrefix = L"PLEXORN_PART_W";
+
+// What begins the name of a symbol that is empty: what comes after its use, in the same symbol or drawing, is
+// on the layer that the rest of the name is. Where that is empty, it is on none, or on several.
+inline constexpr std::wstring_view kLayerPrefix = L"PLEXORN_LAYER_";
+
 } // namespace svghost

@@ -67,6 +67,25 @@ void SetSize(Picture& picture, const Box& box, const SvgHostWriteOptions& option
     picture.scale = scale;
 }
 
+bool HasFrame(const SvgHostWriteOptions& options)
+{
+    const SvgHostViewBox& frame = options.frame;
+    return frame.width > 0 && frame.height > 0 && IsDrawable(frame.width) && IsDrawable(frame.height) &&
+           IsDrawable(frame.x) && IsDrawable(frame.y);
+}
+
+// What is framed is known, whatever is drawn.
+void UseFrame(Picture& picture, const SvgHostWriteOptions& options)
+{
+    const SvgHostViewBox& frame = options.frame;
+    picture.viewBox = {frame.x, frame.y, frame.width, frame.height, false};
+    picture.sheetUnit = HasSheet(options) ? LongerSide(picture.viewBox) / options.sheet : 0;
+    Box box;
+    box.Add({frame.x, frame.y});
+    box.Add({frame.x + frame.width, frame.y + frame.height});
+    SetSize(picture, box, options);
+}
+
 } // namespace
 
 double Picture::ShownWidth(double given) const
@@ -86,6 +105,10 @@ Picture PictureOf(const SvgHostDocument& document, const Layout& layout, const S
     if (LongerSide(all) > 0)
         picture.filled = std::min(1.0, LongerSide(most) / LongerSide(all));
     picture.isCropped = options.showsMost && most != all;
+    if (HasFrame(options)) {
+        UseFrame(picture, options);
+        return picture;
+    }
     const Box shown = picture.isCropped ? most : all;
     Frame(picture, picture.isCropped || HasSheet(options) ? shown : document.root.box, layout, options);
     SetSize(picture, shown, options);

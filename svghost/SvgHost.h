@@ -41,6 +41,16 @@ typedef struct SvgHostError {
     const wchar_t* message; /**< the text, most with the line's number in the drawing; never NULL */
 } SvgHostError;
 
+/** The part of the drawing's plane that the picture shows, in the drawing's units: all that is drawn, with a
+ * margin, unless a frame is given. */
+typedef struct SvgHostViewBox {
+    double x;      /**< its left side */
+    double y;      /**< its upper side; y grows downwards */
+    double width;  /**< more than 0 */
+    double height; /**< more than 0 */
+    bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above mean nothing then */
+} SvgHostViewBox;
+
 /** How a document is written. Zero-initialised, it means: no background, no physical size, no style sheet,
  * all of the drawing, and widths of strokes that are lengths of the drawing. Of the elements that the
  * operations made, only the widths of their strokes depend on it. */
@@ -67,6 +77,14 @@ typedef struct SvgHostWriteOptions {
                                  (SvgHostPicture.filled); it stays in the file */
     const char* generator;  /**< what makes the picture, written as the root's attribute data-generator, or
                                  NULL for none */
+    bool groupsLayers;    /**< whether what is on one layer is one group, named so that Inkscape shows it as a
+                               layer: the order within a layer stays, that of layers is that of their
+                               first elements. Otherwise the order is that of the drawing, and each run of
+                               elements on one layer is a group with the layer's name as its data-layer.
+                               Either is so where the drawing has marks of layers (PrepareOptions) */
+    SvgHostViewBox frame; /**< the view box, in place of one around what is drawn; of a width or height that
+                               is not above 0, or is no number that a viewer can hold: none. Nothing is
+                               left out of the file */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -140,16 +158,6 @@ QUILLMARLIB_API bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStat
 /** Takes the document as it is although memory was short in one of the operations before: from now on it is
  * laid out and written with its holes. True when there were any. NULL is allowed. */
 QUILLMARLIB_API bool svgHostAcceptHoles(SvgHostDocument* document);
-
-/** The part of the drawing's plane that the picture shows, in the drawing's units: all that is drawn, with a
- * margin. */
-typedef struct SvgHostViewBox {
-    double x;      /**< its left side */
-    double y;      /**< its upper side; y grows downwards */
-    double width;  /**< more than 0 */
-    double height; /**< more than 0 */
-    bool isMadeUp; /**< whether nothing that is drawn has a place: the numbers above mean nothing then */
-} SvgHostViewBox;
 
 /** Lays the picture out and gives its view box, as zero-initialised options have it. False, and then nothing
  * in viewBox can be relied on, when memory is short, now or in one of the operations before, or when a

@@ -3,12 +3,14 @@
 #include "svghost/AgreedNames.h"
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
+#include "svghost/Layers.h"
 #include "svghost/NumberText.h"
 #include "svghost/Texts.h"
 #include "svghost/XmlText.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
 
 namespace svghost {
@@ -56,10 +58,27 @@ bool IsPart(const Symbol& symbol)
            symbol.strokeWidth == 0 && symbol.stroke == 0 && symbol.dashArray == 0;
 }
 
+// Whether it is all of the drawing, in other units.
+bool IsWrap(const Container& container)
+{
+    return container.kind == Kind::Symbol &&
+           static_cast<const Symbol&>(container).name->name.starts_with(kWrapPrefix);
+}
+
+bool HasGroups(const Container& container)
+{
+    for (const Node* node = container.first; node; node = node->next)
+        if (node->kind == Kind::Group)
+            return true;
+    return false;
+}
+
 // What is used once is drawn where it is used. Were each use of anything drawn so, a file could grow to the
 // product of its uses and its points; writing is short, and is searched and selected where it is.
 bool IsDrawnInPlace(const Symbol& symbol)
 {
+    if (IsLayerMark(symbol))
+        return true;
     if (symbol.isWriting && LengthOfWriting(symbol) <= kLongestRepeated)
         return true;
     return (symbol.isFill || symbol.isWriting || IsPart(symbol)) && symbol.name->uses <= 1;
@@ -76,6 +95,7 @@ SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, cons
 bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_background = options.background;
+    m_groupsLayers = options.groupsLayers;
     m_out.Declare();
     OpenRoot(options);
     if (options.style)
@@ -96,6 +116,8 @@ void SvgWriter::OpenRoot(const SvgHostWriteOptions& options)
     m_out.Begin("svg");
     m_out.SetPlain("xmlns", "http://www.w3.org/2000/svg");
     m_out.SetPlain("xmlns:xlink", "http://www.w3.org/1999/xlink");
+    if (m_groupsLayers)
+        m_out.SetPlain("xmlns:inkscape", "http://www.inkscape.org/namespaces/inkscape");
     if (options.generator)
         m_out.Set("data-generator", XmlTextOf(options.generator));
     if (m_picture.scale > 0)
@@ -139,12 +161,16 @@ void SvgWriter::OpenDrawing()
         m_out.SetPlain("stroke-width", RoundedUp(m_picture.ShownWidth(kDefaultStrokeWidth)));
     m_out.SetPlain("stroke-linejoin", "round");
     m_out.SetPlain("font-family", "sans-serif");
+    if (m_groupsLayers)
+        SetLayer("Drawing");
     m_out.Open();
 }
 
 void SvgWriter::WriteDefinitions()
 {
-    if (m_layout.arrows.empty() && m_document.symbols.empty())
+    const auto isDrawnInPlace = [](const Symbol* symbol) { return IsDrawnInPlace(*symbol); };
+    if (m_layout.arrows.empty() &&
+        std::all_of(m_document.symbols.begin(), m_document.symbols.end(), isDrawnInPlace))
         return;
     m_out.Begin("defs");
     m_out.Open();
@@ -213,15 +239,70 @@ void SvgWriter::WriteBackground(const char* colour)
 
 void SvgWriter::WriteContents(const Container& container)
 {
+    LayerRun run(m_out);
+    LayerRun* const outer = std::exchange(m_run, &run);
+    const bool isWhole = container.kind == Kind::Root || IsWrap(container);
+    if (m_groupsLayers && isWhole && !HasGroups(container))
+        WriteLayers(container);
+    else
+        WriteRuns(container);
+    m_run = outer;
+}
+
+void SvgWriter::WriteRuns(const Container& container)
+{
     Walk(
         container, [this](const Node& node) { WriteNode(node); },
-        [this](const Container&) { m_out.Close("g"); });
+        [this](const Container&) {
+            m_run->LeaveGroup();
+            m_out.Close("g");
+        });
+    m_run->End();
+}
+
+// The elements of each layer are together, in their order; those without a layer are in none.
+void SvgWriter::WriteLayers(const Container& container)
+{
+    std::vector<std::pair<std::wstring_view, std::vector<const Node*>>> layers;
+    std::map<std::wstring_view, std::size_t> numbers;
+    std::wstring_view layer;
+    for (const Node* node = container.first; node; node = node->next) {
+        if (const Symbol* mark = LayerMarkOf(*node)) {
+            layer = LayerOf(*mark);
+            continue;
+        }
+        const auto [place, isNew] = numbers.try_emplace(layer, layers.size());
+        if (isNew)
+            layers.push_back({layer, {}});
+        layers[place->second].second.push_back(node);
+    }
+    for (const auto& [name, nodes] : layers) {
+        if (!name.empty()) {
+            m_out.Begin("g");
+            SetLayer(XmlTextOf(name));
+            m_out.Set("data-layer", XmlTextOf(name));
+            m_out.Open();
+        }
+        for (const Node* node : nodes)
+            WriteNode(*node);
+        if (!name.empty())
+            m_out.Close("g");
+    }
+}
+
+void SvgWriter::SetLayer(std::string_view name)
+{
+    m_out.SetPlain("inkscape:groupmode", "layer");
+    m_out.Set("inkscape:label", name);
 }
 
 void SvgWriter::WriteNode(const Node& node)
 {
     if (node.leftOut)
         return;
+    if (const Symbol* mark = LayerMarkOf(node))
+        return m_run->Take(*mark);
+    m_run->BeginElement();
     switch (node.kind) {
     case Kind::Line:
         return WriteLine(static_cast<const Line&>(node));
@@ -246,6 +327,7 @@ void SvgWriter::OpenGroup(const Container& group)
     m_out.Begin("g");
     SetStyle(group);
     m_out.Open();
+    m_run->EnterGroup();
 }
 
 void SvgWriter::WriteLine(const Line& line)
@@ -337,6 +419,8 @@ void SvgWriter::WritePart(const Use& use, const Symbol& part)
     m_out.Begin("g");
     SetPlace(use);
     SetStyle(use);
+    if (m_groupsLayers && IsWrap(part))
+        SetLayer("Drawing");
     m_out.Open();
     const double scale = std::exchange(m_scale, part.meanScale);
     WriteContents(part);

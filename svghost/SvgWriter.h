@@ -1,6 +1,7 @@
 // The document as an SVG file.
 #pragma once
 
+#include "svghost/LayerRun.h"
 #include "svghost/Picture.h"
 #include "svghost/SvgHostDocument.h"
 #include "svghost/XmlStream.h"
@@ -32,6 +33,9 @@ private:
     void WriteArrow(const char* end, double direction, std::uint32_t stroke, double size, std::size_t number);
     void WriteBackground(const char* colour);
     void WriteContents(const Container& container);
+    void WriteRuns(const Container& container);
+    void WriteLayers(const Container& container);
+    void SetLayer(std::string_view name);
 
     void WriteNode(const Node& node);
     void WriteLine(const Line& line);
@@ -65,7 +69,9 @@ private:
     const Picture& m_picture;
     XmlStream m_out;
     const char* m_background = nullptr; // null: none
-    double m_scale = 1;                 // at which what is being written is shown
+    bool m_groupsLayers = false;
+    LayerRun* m_run = nullptr; // of the container that is being written
+    double m_scale = 1;        // at which what is being written is shown
     // For each value of a stroke's width the one that was written last, and for which scale.
     struct WrittenWidth {
         double scale = 0;

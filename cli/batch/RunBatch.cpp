@@ -71,7 +71,7 @@ private:
         const Job& job = m_jobs[number];
         Report report(m_printer, number, ShownName(job.input), m_style);
         try {
-            m_doJob(job, m_options, report);
+            m_doJob(job, job.layout.empty() ? m_options : OptionsFor(job), report);
         } catch (const std::bad_alloc&) {
             report.DropMessages();
             report.Failed(ShownName(job.input), NotDone(m_options.task) + "memory is short", ExitCode::File);
@@ -89,6 +89,13 @@ private:
             ++m_failed;
             m_lastFailure = report.Code();
         }
+    }
+
+    Options OptionsFor(const Job& job) const
+    {
+        Options options = m_options;
+        options.layout = job.layout;
+        return options;
     }
 
     const std::vector<Job>& m_jobs;
@@ -136,12 +143,31 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
     return batch.IsAnyDoubtful() || (isStrict && isChanged) ? ExitCode::Incomplete : ExitCode::Drawn;
 }
 
+// Each drawing once for each of its sheets. One without is asked for all of them, and says so.
+Inputs WithLayouts(const Inputs& inputs, const Options& options, NameLayouts nameLayouts)
+{
+    Inputs wanted;
+    wanted.areMany = true;
+    for (const Input& input : inputs.files) {
+        const std::vector<std::string> layouts =
+            input.reason.empty() ? nameLayouts(input.name, options) : std::vector<std::string>();
+        if (layouts.empty())
+            wanted.files.push_back(input);
+        for (const std::string& layout : layouts)
+            wanted.files.push_back({input.name, input.below, {}, layout});
+    }
+    return wanted;
+}
+
 } // namespace
 
-ExitCode RunBatch(const Options& options, DoJob doJob)
+ExitCode RunBatch(const Options& options, DoJob doJob, NameLayouts nameLayouts)
 {
     const Clock::time_point start = Clock::now();
-    const std::vector<Job> jobs = PlanJobs(FindInputs(options), options);
+    Inputs inputs = FindInputs(options);
+    if (options.layout == kAllLayouts)
+        inputs = WithLayouts(inputs, options, nameLayouts);
+    const std::vector<Job> jobs = PlanJobs(inputs, options);
     const ReportStyle style = StyleFor(options);
     const bool isOne = jobs.size() == 1;
     Printer printer(jobs.size(), !isOne && !style.isQuiet && !style.isJson && IsTerminal(stderr));

@@ -232,7 +232,8 @@ void TellPrepared(const DrawingInfo& info, const prepare::Report& findings, Outc
 {
     TellFindings(findings, report);
     outcome.share = ShareOf(findings);
-    AddSheets(info, outcome.share);
+    if (findings.sheet.name.empty())
+        AddSheets(info, outcome.share);
     outcome.skipped.clear();
     outcome.unmarkedEntry = 0;
     outcome.otherTexts = 0;
@@ -240,13 +241,15 @@ void TellPrepared(const DrawingInfo& info, const prepare::Report& findings, Outc
 }
 
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
-void TellDoubts(const DrawingInfo& info, bool isPrepared, Outcome& outcome, const Options& options,
-                Report& report)
+void TellDoubts(const DrawingInfo& info, bool isPrepared, const std::string& sheetName, Outcome& outcome,
+                const Options& options, Report& report)
 {
     if (!outcome.hole.empty())
         report.Doubtful(outcome.hole + "; the picture lacks what follows", ExitCode::Incomplete);
     if (outcome.isBlank && !outcome.hole.empty())
         report.Doubtful("nothing of it is visible: what could be drawn shows nothing", ExitCode::Blank);
+    else if (outcome.isBlank && !sheetName.empty())
+        report.Doubtful("nothing of it is visible: the layout " + sheetName + " is empty", ExitCode::Blank);
     else if (outcome.isBlank)
         report.Doubtful(isPrepared ? WhyPreparedIsBlank(info, outcome.share)
                                    : WhyBlank(info, outcome.share, outcome.statistics.elements),
@@ -259,6 +262,15 @@ void TellDoubts(const DrawingInfo& info, bool isPrepared, Outcome& outcome, cons
     TellShare(outcome.share, options, report);
 }
 
+// A sheet of a known size is in millimetres, whatever the model's unit; one of another has no unit.
+Sizing SizingOf(const Header& header, const prepare::LayoutSize& sheet, const Options& options)
+{
+    if (options.layout.empty() || sheet.name.empty() || options.units == "none")
+        return SizingFor(header, options.units);
+    return sheet.width > 0 ? Sizing{FindUnit("mm"), "by the paper of " + sheet.name}
+                           : Sizing{nullptr, "the layout has no paper size"};
+}
+
 void Draw(Source& source, const Job& job, const Options& options, Report& report)
 {
     const Clock::time_point start = Clock::now();
@@ -269,14 +281,13 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     outcome.hole = HoleOf(info);
     if (!outcome.hole.empty() && !options.keepsGoing)
         return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
-    const Sizing sizing = SizingFor(info.header, options.units);
     const Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
     std::optional<PreparedDrawing> prepared;
     Prepare(prepared, source, options, report);
     if (prepared && !prepared->Reason().empty())
-        return report.Failed(source.ShownName(), prepared->Reason(), ExitCode::File);
+        return report.Failed(source.ShownName(), prepared->Reason(), prepared->Code());
     if (prepared && outcome.hole.empty())
         outcome.hole = prepared->Hole();
     // Preparing has bounds of its own, and its drawings have far more bytes for each element.
@@ -297,8 +308,10 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     TellContents(info, outcome);
     if (prepared)
         TellPrepared(info, prepared->Findings(), outcome, report);
+    const prepare::LayoutSize sheet = prepared ? prepared->Findings().sheet : prepare::LayoutSize();
+    const Sizing sizing = SizingOf(info.header, sheet, options);
     const Look look = LookFor(options);
-    const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing);
+    const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing, sheet);
     // Only pictures that have the mark themselves can be recognised.
     outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
     const std::string reason = WriteOutput(
@@ -310,7 +323,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
     if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
-    TellDoubts(info, prepared.has_value(), outcome, options, report);
+    TellDoubts(info, prepared.has_value(), sheet.name, outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

@@ -25,12 +25,13 @@ constexpr const char* kOnePixel = ";stroke-width:1px";
 Look LookFor(const Options& options)
 {
     Look look;
+    const bool isPaper = options.isOnPaper || !options.layout.empty(); // a sheet is shown as one
     look.background = options.background;
     if (options.background.empty())
-        look.background = options.isOnPaper ? kWhite : kDark;
+        look.background = isPaper ? kWhite : kDark;
     else if (options.background == "none")
         look.background.reset();
-    if (options.isOnPaper)
+    if (isPaper)
         look.style.append(kPaperStyle).append(options.isAsIs ? "" : kPaperRunStyle);
     if (options.hasHairlines)
         look.style.append(kHairlineStyle).append(options.isAsIs ? "" : kOnePixel).append("}");

@@ -24,6 +24,7 @@ struct Input {
     // pictures.
     std::filesystem::path below;
     std::string reason{};
+    std::string layout{}; // the sheet that is meant, where each has a picture of its own
 };
 
 struct Inputs {

@@ -29,14 +29,26 @@ Product ProductOf(Task task)
     return task == Task::Prepare ? Product{".dxf", "prepared drawing"} : Product{".svg", "picture"};
 }
 
-std::string OutputName(const std::string& drawing, std::string_view ending)
+// What no system takes in a file's name is replaced.
+std::string PartOfFileName(std::string text)
 {
-    if (drawing == kStandardStream)
+    constexpr std::string_view kTaken = "/\\:*?\"<>|";
+    std::replace_if(
+        text.begin(), text.end(),
+        [&](char c) { return (c >= 0 && c < ' ') || kTaken.find(c) != std::string_view::npos; }, '_');
+    return text;
+}
+
+std::string OutputName(const Input& input, std::string_view ending)
+{
+    if (input.name == kStandardStream)
         return std::string("stdin").append(ending);
     constexpr std::size_t kEnding = 4; // ".dxf"
-    std::string name = drawing;
-    if (EndsInDxf(drawing))
+    std::string name = input.name;
+    if (EndsInDxf(name))
         name.resize(name.size() - kEnding);
+    if (!input.layout.empty())
+        name.append("-").append(PartOfFileName(input.layout));
     return name.append(ending);
 }
 
@@ -64,12 +76,12 @@ std::string OutputFor(const Input& input, const Options& options, bool isFolder)
 {
     const std::string_view ending = ProductOf(options.task).ending;
     if (isFolder) {
-        const fs::path picture = PathFromArgument(OutputName(input.name, ending)).filename();
+        const fs::path picture = PathFromArgument(OutputName(input, ending)).filename();
         return ArgumentFromPath(PathFromArgument(options.output) / input.below / picture);
     }
     if (!options.output.empty())
         return options.output;
-    return input.name == kStandardStream ? kStandardStream : OutputName(input.name, ending);
+    return input.name == kStandardStream ? kStandardStream : OutputName(input, ending);
 }
 
 // What the bytes of a picture reach: a file's identity, or an empty text for a terminal, a pipe and the like.
@@ -96,7 +108,7 @@ public:
             RefuseWhatIsRead(job);
             return false;
         }
-        std::string input = FileKey(PathFromArgument(job.input));
+        std::string input = FileKey(PathFromArgument(job.input)).append(1, '\0').append(job.layout);
         const std::string output = FileKey(PathFromArgument(job.output));
         auto [other, isNew] = m_pictures.try_emplace(output, job.input, input);
         if (!isNew && other->second.second == input)
@@ -108,7 +120,7 @@ public:
                             .append(" of ")
                             .append(other->second.first)
                             .append(" already"));
-        else if (output != input && m_drawings.contains(output))
+        else if (output != FileKey(PathFromArgument(job.input)) && m_drawings.contains(output))
             Refuse(job, job.output + " is one of the drawings; give another place with -o");
         else
             RefuseWhatIsRead(job);
@@ -163,13 +175,16 @@ std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
         CheckOutput(options.output, options.task);
     if (inputs.areMany && !options.output.empty() && !isFolder)
         throw UsageError(std::string(options.output)
-                             .append(": several drawings need a folder for their ")
+                             .append(options.layout == kAllLayouts
+                                         ? ": several layouts need a folder for their "
+                                         : ": several drawings need a folder for their ")
                              .append(ProductOf(options.task).name)
                              .append("s; a name with a slash at its end is one"));
     std::vector<Job> jobs;
     Clashes clashes(inputs.files, options);
     for (const Input& input : inputs.files) {
-        Job job{input.name, OutputFor(input, options, isFolder), isFolder, input.reason};
+        Job job{input.name,  OutputFor(input, options, isFolder), isFolder, input.reason, ExitCode::File,
+                input.layout};
         if (!job.reason.empty() || !clashes.IsRepeated(job))
             jobs.push_back(job);
     }

@@ -18,6 +18,7 @@ struct Job {
     bool makesFolders = false;
     std::string reason{};
     ExitCode code = ExitCode::File;
+    std::string layout{}; // in place of the one that the options name, if it is not empty
 };
 
 // The drawings with the names of their pictures. A drawing that is named twice occurs once; of different ones

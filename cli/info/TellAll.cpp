@@ -6,16 +6,14 @@
 #include "cli/files/Source.h"
 #include "cli/info/InfoJson.h"
 #include "cli/info/InfoText.h"
+#include "cli/info/Print.h"
 #include "cli/info/Summary.h"
 #include "cli/prepare/Becoming.h"
 #include "cli/prepare/Findings.h"
 #include "cli/report/Report.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <new>
 #include <optional>
-#include <stdexcept>
 #include <system_error>
 
 namespace plexorn {
@@ -27,15 +25,6 @@ std::uint64_t SizeOf(const std::filesystem::path& path)
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     return error ? 0 : size;
-}
-
-void Print(const std::string& text)
-{
-    const bool isPrinted =
-        std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
-    if (!isPrinted)
-        throw std::runtime_error("the standard output cannot be written: " +
-                                 std::generic_category().message(errno));
 }
 
 // What is printed about a drawing.

@@ -127,6 +127,18 @@ std::string CheckTolerance(const std::string& text)
     return ToleranceOf(text) ? "" : "'" + text + "' is no tolerance; give a length above 0, such as 0.01";
 }
 
+std::string CheckLayersAs(const std::string& text)
+{
+    return text == "groups" || text == "inkscape"
+               ? ""
+               : "'" + text + "' is no form of layers; give groups or inkscape";
+}
+
+std::string CheckLayout(const std::string& text)
+{
+    return text.empty() ? "a layout's name is empty" : "";
+}
+
 std::string CheckEncoding(const std::string& text)
 {
     return prepare::IsEncoding(text)

@@ -17,6 +17,8 @@ std::string CheckCount(const std::string& text);
 std::string CheckReader(const std::string& text);
 std::string CheckLayers(const std::string& text);
 std::string CheckTolerance(const std::string& text);
+std::string CheckLayersAs(const std::string& text);
+std::string CheckLayout(const std::string& text);
 std::string CheckEncoding(const std::string& text);
 
 } // namespace plexorn

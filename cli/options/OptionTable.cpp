@@ -46,6 +46,12 @@ constexpr OptionRow kRedrawDimensions = {
     "--redraw-dimensions", "",
     "Draw dimensions from their points and styles, even those that come with a picture of their own",
     &Options::redrawsDimensions};
+constexpr OptionRow kLayout = {
+    "--layout", "NAME",
+    "Take the sheet NAME, with what its viewports show, at its size in millimetres and with strokes as wide "
+    "as on paper; all takes each sheet, and the name of what is made of it ends in the sheet's. By default "
+    "the model space is taken",
+    &Options::layout, CheckLayout};
 constexpr OptionRow kQuiet = {"-q,--quiet", "", "Print errors only, no messages about the drawings",
                               &Options::isQuiet};
 constexpr OptionRow kMessages = {"--messages", "FORM",
@@ -113,10 +119,17 @@ constexpr OptionRow kDrawRows[] = {
     kNoWrap,
     kEncoding,
     kRedrawDimensions,
+    kLayout,
+    {"--list-layouts", "", "Print the names of the drawing's sheets, one a line, and draw nothing",
+     &Options::listsLayouts},
+    {"--layers-as", "FORM",
+     "How layers are in the picture: groups, the default, are groups with the attribute data-layer, in the "
+     "drawing's order; inkscape puts all of a layer into one group, which Inkscape shows as a layer",
+     &Options::layersAs, CheckLayersAs},
     {"--background", "COLOUR",
      "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
      "with "
-     "--paper",
+     "--paper and --layout",
      &Options::background, CheckColour},
     {"--paper", "",
      "Show the drawing as on a sheet of paper: white is shown black, on a white background, and layers that "
@@ -166,6 +179,7 @@ constexpr OptionRow kPrepareRows[] = {
     kNoWrap,
     kEncoding,
     kRedrawDimensions,
+    kLayout,
     kQuiet,
     kVerbose,
     kMessages,

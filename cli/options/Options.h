@@ -22,6 +22,9 @@ public:
 // What the text of a scale 1:N begins with.
 inline constexpr std::string_view kScaleStart = "1:";
 
+// In place of a layout's name: all that the drawing has.
+inline constexpr std::string_view kAllLayouts = "all";
+
 // The command within the command.
 enum class Task { Draw, Info, Prepare };
 
@@ -49,8 +52,10 @@ struct Options {
     bool forbidsWrap = false;
     std::string encoding; // empty: as the drawing says
     bool redrawsDimensions = false;
+    std::string layout; // the name of a sheet, or kAllLayouts; empty: the model space
 
     // Drawing, and most of them preparing.
+    bool listsLayouts = false; // instead of drawing
     std::string output;
     bool keepsPictures = false; // a picture that exists is not replaced
     bool drawsNewerOnly = false;
@@ -62,6 +67,7 @@ struct Options {
     std::string scale; // of the physical size, as 1:N; empty: the first standard scale at which it fits A0
     bool hasTrueSize = false;
     std::string fit = "all";
+    std::string layersAs = "groups";
     bool isAsIs = false; // widths of strokes and sizes as the drawing states them
     bool isQuiet = false;
     bool isVerbose = false;

@@ -77,12 +77,17 @@ bool AsksForPreparing(const Options& options)
 {
     return options.layers != "shown" || !options.onlyLayers.empty() || !options.withoutLayers.empty() ||
            !options.tolerance.empty() || options.forbidsWrap || !options.encoding.empty() ||
-           options.redrawsDimensions;
+           options.redrawsDimensions || !options.layout.empty() || options.layersAs != "groups";
 }
 
 bool IsStandardInputAlone(const Options& options)
 {
     return options.list.empty() && options.inputs.size() == 1 && options.inputs[0] == kStandardStream;
+}
+
+bool NamesStandardInput(const Options& options)
+{
+    return std::find(options.inputs.begin(), options.inputs.end(), kStandardStream) != options.inputs.end();
 }
 
 // The names that are wrong, and what was meant by the first of them for which something is near.
@@ -115,6 +120,8 @@ std::string WhyWrong(const Options& options)
         return "FILE is required";
     if (NamesStandardInputTwice(options.inputs, options.list))
         return "The standard input can be read once only";
+    if (options.layout == kAllLayouts && NamesStandardInput(options))
+        return "The standard input can be read once only; give one layout's name";
     if (options.isNullSeparated && options.list.empty())
         return "--null says how a list is written; give --files-from as well";
     if (options.hasTrueSize && !options.scale.empty())
@@ -123,7 +130,7 @@ std::string WhyWrong(const Options& options)
         return "--as-is leaves sizes and views alone; give it without --scale and --fit";
     if (options.isAsIs && AsksForPreparing(options))
         return "--as-is draws what the module draws by itself; give it without what is said about layers, "
-               "curves, texts and dimensions";
+               "curves, texts, dimensions and layouts";
     if (options.task == Task::Prepare && options.output.empty() && !IsStandardInputAlone(options))
         return "Say with -o where the prepared drawing goes";
     if (const CommandRow* const command = MisplacedCommand(options))

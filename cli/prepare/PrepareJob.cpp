@@ -3,6 +3,7 @@
 #include "cli/batch/OpenJob.h"
 #include "cli/batch/WriteOutput.h"
 #include "cli/prepare/Findings.h"
+#include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 #include "cli/system/InterruptGuard.h"
@@ -18,12 +19,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using prepare::PrepareOutcome;
 
-// Why there is no prepared drawing, as the end of a sentence.
+// Tells why there is no prepared drawing. reason is the one of a failure that has no other, as the end of a
+// sentence.
 void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::string& whyNotWritten,
                  const Source& source, const Job& job, Report& report)
 {
     if (outcome == PrepareOutcome::NoDrawing)
         return report.Failed(source.ShownName(), "is a DXF with nothing in it", ExitCode::NotAsciiDxf);
+    if (outcome == PrepareOutcome::NoLayout)
+        return report.Failed(source.ShownName(), whyNotWritten, ExitCode::Usage);
     if (outcome == PrepareOutcome::ReadFailed && input.Error() == 0)
         throw std::bad_alloc(); // reading needs memory, too
     if (outcome == PrepareOutcome::ReadFailed)
@@ -51,7 +55,10 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;
     if (!reason.empty())
-        return TellFailure(outcome, input, reason, source, job, report);
+        return TellFailure(outcome, input,
+                           outcome == PrepareOutcome::NoLayout ? WhyNoLayout(options.layout, findings)
+                                                               : reason,
+                           source, job, report);
     told.output = job.output;
     TellFindings(findings, report);
     told.share = ShareOf(findings);

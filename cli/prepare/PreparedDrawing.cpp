@@ -1,6 +1,7 @@
 #include "cli/prepare/PreparedDrawing.h"
 
 #include "cli/prepare/Findings.h"
+#include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 #include "cli/system/InterruptGuard.h"
@@ -33,7 +34,9 @@ PreparedDrawing::PreparedDrawing(Source& source, const Options& options, Report&
     m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
     if (input.Error() != 0)
         m_hole = input.WhyFailed();
-    m_reason = ReasonFor(outcome, source);
+    m_reason = outcome == prepare::PrepareOutcome::NoLayout ? WhyNoLayout(options.layout, m_findings)
+                                                            : ReasonFor(outcome, source);
+    m_code = outcome == prepare::PrepareOutcome::NoLayout ? ExitCode::Usage : ExitCode::File;
     if (m_reason.empty() && !m_file->Error().empty())
         m_reason = "cannot be prepared: " + m_file->Error();
 }

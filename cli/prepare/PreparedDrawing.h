@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/files/Source.h"
+#include "cli/options/ExitCode.h"
 #include "cli/options/Options.h"
 #include "cli/report/Report.h"
 #include "cli/system/Native.h"
@@ -20,8 +21,10 @@ public:
     // that lists messages one by one. Throws std::bad_alloc.
     PreparedDrawing(Source& source, const Options& options, Report& report);
 
-    // Why there is no prepared drawing, as the end of a sentence; empty when there is one.
+    // Why there is no prepared drawing, as the end of a sentence, and the exit code for that; empty when
+    // there is one.
     const std::string& Reason() const { return m_reason; }
+    ExitCode Code() const { return m_code; }
     // Why the prepared drawing lacks a part of the drawing, as the end of a sentence; empty when it does not.
     const std::string& Hole() const { return m_hole; }
     // The prepared drawing; where there is nothing to prepare, the drawing itself.
@@ -36,6 +39,7 @@ private:
     std::optional<PrivateFile> m_file;
     std::filesystem::path m_path;
     std::string m_reason;
+    ExitCode m_code = ExitCode::File;
     std::string m_hole;
 };
 

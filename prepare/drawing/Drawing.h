@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/drawing/Entities.h"
+#include "prepare/drawing/Layout.h"
 #include "prepare/drawing/Names.h"
 #include "prepare/drawing/Point.h"
 
@@ -127,6 +128,7 @@ public:
     std::map<Handle, NameId> multiLineStyleOfHandle;
     std::map<Handle, SpatialFilter> filterOfInsert;
     std::map<Handle, Handle> placeInOrder; // of entities that are drawn in another one's place
+    std::vector<Layout> layouts;           // without the model space, in the order of their tabs
     std::uint64_t bytes = 0;               // read
     std::uint64_t lines = 0;
     bool hasSections = false; // whether a section began anywhere

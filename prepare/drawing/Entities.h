@@ -380,20 +380,27 @@ struct Proxy : EntityOf<EntityType::Proxy> {
     std::string graphics; // the bytes of 310
 };
 
+// A window of a sheet. Old drawings say in the program's own data (1001 to 1070) what it shows.
 struct Viewport : EntityOf<EntityType::Viewport> {
-    Point3 centre;              // 10
-    double width = 0;           // 40
-    double height = 0;          // 41
-    std::int32_t status = 0;    // 68
-    std::int32_t id = 0;        // 69
-    Point2 viewCentre;          // 12
-    Point3 target;              // 17
-    Point3 direction{0, 0, 1};  // 16
-    double viewHeight = 0;      // 45
-    double twist = 0;           // 51
-    std::int32_t flags = 0;     // 90
-    Handle clip = 0;            // 340
-    std::vector<Handle> frozen; // 331, 341
+    Point3 centre;                         // 10
+    double width = 0;                      // 40
+    double height = 0;                     // 41
+    std::int32_t status = 1;               // 68: 0 off, in old drawings
+    std::int32_t id = 0;                   // 69: 1 is the sheet itself
+    Point2 viewCentre;                     // 12, in the view's own coordinates, from the target
+    Point3 target;                         // 17
+    Point3 direction{0, 0, 1};             // 16: from the target to the eye
+    double viewHeight = 0;                 // 45: of what is shown
+    double twist = 0;                      // 51, degrees: how far that is turned, counter-clockwise
+    std::int32_t flags = 0;                // 90: 1 in perspective, 0x20000 off
+    bool hasFlags = false;                 // whether 90 came
+    Handle clip = 0;                       // 340: the entity that it is cut along
+    std::vector<Handle> frozen;            // 331, 341: layers
+    std::vector<NameId> frozenByName;      // 1003
+    bool isOldView = false;                // whether the data at hand are about the view
+    std::vector<Point3> oldPoints;         // 1010: the target, the direction
+    std::vector<double> oldReals;          // 1040: the twist, the height, x and y of the centre, and others
+    std::vector<std::int32_t> oldIntegers; // 1070: a version, the mode (1 in perspective), and others
 };
 
 // Any type that is not drawn.

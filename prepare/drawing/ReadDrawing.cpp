@@ -285,7 +285,8 @@ void Pass::ReadEntities(Report* report)
     }
 }
 
-// Blocks and their records know each other, whichever of them says so.
+// Blocks and their records know each other, whichever of them says so; so do a layout's block and what is in
+// it.
 void Pass::KnowRecords()
 {
     for (const auto& [name, block] : m_drawing.blocks)
@@ -296,6 +297,10 @@ void Pass::KnowRecords()
         if (block != m_drawing.blocks.end() && block->second->record == 0)
             block->second->record = record;
     }
+    for (const auto& [name, block] : m_drawing.blocks)
+        if (block->isLayout && block->record != 0)
+            for (const std::unique_ptr<Entity>& entity : block->entities)
+                entity->owner = block->record;
 }
 
 // Puts the entities of blocks into the order of drawing.

@@ -1,12 +1,18 @@
 #include "prepare/drawing/ReadObjects.h"
 
+#include "base/Letters.h"
+#include "prepare/drawing/EntityReader.h"
 #include "prepare/drawing/Fields.h"
+
+#include <algorithm>
+#include <set>
 
 namespace prepare {
 
 namespace {
 
-void SkipGroup(RecordReader& reader, SpatialFilter&, CDxfLine)
+template <class Record>
+void SkipGroup(RecordReader& reader, Record&, CDxfLine)
 {
     reader.SkipGroup();
 }
@@ -15,9 +21,45 @@ constexpr auto kSpatialFilter = Fields<SpatialFilter>({
     {10, &SpatialFilter::boundary},
     {40, &SpatialFilter::numbers},
     {71, &SpatialFilter::isOn},
-    {102, SkipGroup},
+    {102, SkipGroup<SpatialFilter>},
     {330, &SpatialFilter::owner},
 });
+
+// What a page setup says comes first, with some codes that the layout has, too.
+constexpr auto kLayout = Fields<Layout>({
+    {1, &Layout::name},
+    {10, &Layout::limitsMin},
+    {11, &Layout::limitsMax},
+    {14, &Layout::extentsMin},
+    {15, &Layout::extentsMax},
+    {40, &Layout::leftMargin},
+    {41, &Layout::bottomMargin},
+    {42, &Layout::rightMargin},
+    {43, &Layout::topMargin},
+    {44, &Layout::paperWidth},
+    {45, &Layout::paperHeight},
+    {46, &Layout::offsetX},
+    {47, &Layout::offsetY},
+    {48, &Layout::windowLeft},
+    {49, &Layout::windowBottom},
+    Field<Layout>(70, &Layout::plotFlags).OnlyFirst(),
+    {71, &Layout::order},
+    {72, &Layout::paperUnits},
+    {73, &Layout::quarterTurns},
+    {74, &Layout::plotArea},
+    {102, SkipGroup<Layout>},
+    {140, &Layout::windowRight},
+    {141, &Layout::windowTop},
+    {142, &Layout::scaledLength},
+    {143, &Layout::unscaledLength},
+    {330, &Layout::record},
+});
+
+bool IsActivePaper(std::string_view block)
+{
+    constexpr std::size_t kLength = std::string_view("*Paper_Space").size();
+    return block.size() == kLength && IsPaperSpaceName(block);
+}
 
 } // namespace
 
@@ -27,6 +69,8 @@ void ObjectReader::Read(std::string_view type)
         return ReadDictionary();
     if (type == "SORTENTSTABLE")
         return ReadSortTable();
+    if (type == "LAYOUT")
+        return ReadLayout();
     if (type != "SPATIAL_FILTER")
         return m_reader.SkipFields();
     SpatialFilter filter;
@@ -65,6 +109,51 @@ void ObjectReader::ReadSortTable()
     }
 }
 
+void ObjectReader::ReadLayout()
+{
+    Layout layout;
+    const std::uint64_t line = m_reader.Line() + 1;
+    m_reader.Read(layout, kLayout);
+    if (m_reader.TakeIsBroken())
+        m_reader.Note(Finding::Repaired, "LAYOUT", "a value is not a number: 0 is read", line);
+    layout.name = Trim(layout.name);
+    if (!layout.name.empty())
+        m_layouts.push_back(std::move(layout));
+}
+
+// Of layouts of one name, the first counts.
+void ObjectReader::KnowLayouts()
+{
+    const Drawing& drawing = m_reader.drawing;
+    std::set<std::string> names;
+    for (Layout& layout : m_layouts) {
+        const auto record = drawing.blockOfRecord.find(layout.record);
+        const std::string_view block =
+            record != drawing.blockOfRecord.end() ? drawing.names.Text(record->second) : std::string_view();
+        const std::string key = InSmallLetters(layout.name);
+        if (IsModelSpaceName(block) || (key == "model" && block.empty()) || !names.insert(key).second)
+            continue;
+        layout.isActive = IsActivePaper(block);
+        m_reader.drawing.layouts.push_back(std::move(layout));
+    }
+    std::stable_sort(m_reader.drawing.layouts.begin(), m_reader.drawing.layouts.end(),
+                     [](const Layout& a, const Layout& b) { return a.order < b.order; });
+}
+
+// Drawings that are older than layouts have a single paper space; those that lost them have their blocks.
+void ObjectReader::MakeLayouts()
+{
+    for (const auto& [name, block] : m_reader.drawing.blocks) {
+        if (!IsPaperSpaceName(m_reader.drawing.names.Text(name)))
+            continue;
+        Layout layout;
+        layout.name = "Layout" + std::to_string(m_reader.drawing.layouts.size() + 1);
+        layout.record = block->record;
+        layout.isActive = IsActivePaper(m_reader.drawing.names.Text(name));
+        m_reader.drawing.layouts.push_back(std::move(layout));
+    }
+}
+
 // A filter belongs to a dictionary of filters, that to a dictionary of the insert's own.
 void ObjectReader::Finish()
 {
@@ -74,6 +163,9 @@ void ObjectReader::Finish()
         if (own != m_owners.end() && own->second != 0)
             m_reader.drawing.filterOfInsert.try_emplace(own->second, std::move(filter));
     }
+    KnowLayouts();
+    if (m_reader.drawing.layouts.empty())
+        MakeLayouts();
 }
 
 } // namespace prepare

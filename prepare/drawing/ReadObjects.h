@@ -1,4 +1,4 @@
-// Reads what objects say about entities: where inserts are cut off, and the order of drawing.
+// Reads what objects say about entities: where inserts are cut off, the order of drawing, and the sheets.
 #pragma once
 
 #include "prepare/drawing/RecordReader.h"
@@ -22,10 +22,14 @@ public:
 private:
     void ReadDictionary();
     void ReadSortTable();
+    void ReadLayout();
+    void KnowLayouts();
+    void MakeLayouts();
 
     RecordReader& m_reader;
     std::map<Handle, Handle> m_owners; // of dictionaries
     std::vector<SpatialFilter> m_filters;
+    std::vector<Layout> m_layouts;
 };
 
 } // namespace prepare

@@ -300,6 +300,43 @@ constexpr auto kProxy = EntityFields<Proxy>({
     {310, ReadGraphics},
 });
 
+// The data of other programs mean other things.
+void ReadApplication(RecordReader&, Viewport& viewport, CDxfLine value)
+{
+    viewport.isOldView = Trim(value) == "ACAD";
+}
+
+void ReadFrozenName(RecordReader& reader, Viewport& viewport, CDxfLine value)
+{
+    if (viewport.isOldView)
+        reader.Append(viewport.frozenByName, reader.Name(value));
+}
+
+void BeginOldPoint(RecordReader& reader, Viewport& viewport, CDxfLine value)
+{
+    if (viewport.isOldView)
+        reader.Append(viewport.oldPoints, Point3{reader.Real(value), 0, 0});
+}
+
+template <double Point3::*coordinate>
+void ReadOldPoint(RecordReader& reader, Viewport& viewport, CDxfLine value)
+{
+    if (viewport.isOldView && !viewport.oldPoints.empty())
+        viewport.oldPoints.back().*coordinate = reader.Real(value);
+}
+
+void ReadOldReal(RecordReader& reader, Viewport& viewport, CDxfLine value)
+{
+    if (viewport.isOldView)
+        reader.Append(viewport.oldReals, reader.Real(value));
+}
+
+void ReadOldInteger(RecordReader& reader, Viewport& viewport, CDxfLine value)
+{
+    if (viewport.isOldView)
+        reader.Append(viewport.oldIntegers, reader.Integer(value));
+}
+
 constexpr auto kViewport = EntityFields<Viewport>({
     {10, &Viewport::centre},
     {12, &Viewport::viewCentre},
@@ -311,11 +348,35 @@ constexpr auto kViewport = EntityFields<Viewport>({
     {51, &Viewport::twist},
     {68, &Viewport::status},
     {69, &Viewport::id},
-    {90, &Viewport::flags},
+    {90, &Viewport::flags, &Viewport::hasFlags},
     {331, &Viewport::frozen},
     {340, &Viewport::clip},
     {341, &Viewport::frozen},
+    {1001, ReadApplication},
+    {1003, ReadFrozenName},
+    {1010, BeginOldPoint},
+    {1020, ReadOldPoint<&Point3::y>},
+    {1030, ReadOldPoint<&Point3::z>},
+    {1040, ReadOldReal},
+    {1070, ReadOldInteger},
 });
+
+std::unique_ptr<Entity> ReadViewport(RecordReader& reader)
+{
+    constexpr double kDegrees = 180 / 3.14159265358979323846;
+    auto viewport = std::make_unique<Viewport>();
+    reader.Read(*viewport, kViewport);
+    const std::vector<double>& reals = viewport->oldReals;
+    if (viewport->viewHeight != 0 || viewport->oldPoints.size() < 2 || reals.size() < 4)
+        return viewport;
+    viewport->target = viewport->oldPoints[0];
+    viewport->direction = viewport->oldPoints[1];
+    viewport->twist = reals[0] * kDegrees;
+    viewport->viewHeight = reals[1];
+    viewport->viewCentre = {reals[2], reals[3]};
+    viewport->flags = viewport->oldIntegers.size() > 1 ? viewport->oldIntegers[1] : 0;
+    return viewport;
+}
 
 void SkipUnknown(RecordReader& reader, Other&, CDxfLine value)
 {
@@ -399,7 +460,7 @@ ReadFunction ReadFunctionOf(EntityType type)
     case EntityType::Proxy:
         return ReadByTable<kProxy, Proxy>;
     case EntityType::Viewport:
-        return ReadByTable<kViewport, Viewport>;
+        return ReadViewport;
     case EntityType::Vertex:
     case EntityType::SeqEnd:
     case EntityType::Shape:

@@ -39,8 +39,8 @@ SplitPlacement Split(const Matrix& placement)
 }
 
 VariantKey::VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle,
-                       const Style& ofInsert)
-    : block(&of), inherits(inheritsStyle)
+                       const Style& ofInsert, std::size_t inView)
+    : block(&of), view(inView), inherits(inheritsStyle)
 {
     const Matrix& m = placement.baked;
     baked = {m.x.x, m.x.y, m.y.x, m.y.y, m.z.x, m.z.y};

@@ -28,17 +28,19 @@ SplitPlacement Split(const Matrix& placement);
 struct VariantKey {
     const Block* block = nullptr;
     std::array<double, 6> baked{}; // rounded
+    std::size_t view = 0;          // views of other numbers show other things of a block
     bool inherits = false;         // whether what follows counts
     Style insert;
 
     // What is compared.
     auto Order() const
     {
-        return std::tuple(block, baked, inherits, insert.colour.isTrue, insert.colour.rgb,
+        return std::tuple(block, baked, view, inherits, insert.colour.isTrue, insert.colour.rgb,
                           insert.colour.index, insert.weight, insert.lineType, insert.layer);
     }
 
-    VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle, const Style& ofInsert);
+    VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle, const Style& ofInsert,
+               std::size_t inView = 0);
 
     friend bool operator<(const VariantKey& a, const VariantKey& b) { return a.Order() < b.Order(); }
 };

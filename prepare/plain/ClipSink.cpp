@@ -17,7 +17,13 @@ Box BoxOf(std::span<const Point2> points)
     return box;
 }
 
-// A polyline's points, with its bulges flattened.
+double ShareBefore(Anchor anchor)
+{
+    return anchor == Anchor::Start ? 0 : anchor == Anchor::Middle ? 0.5 : 1;
+}
+
+} // namespace
+
 std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, double tolerance)
 {
     std::vector<Point2> points{vertices.front().point};
@@ -33,12 +39,14 @@ std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClose
     return points;
 }
 
-double ShareBefore(Anchor anchor)
+ClipSide ClipSink::SideOf(const Box& box) const
 {
-    return anchor == Anchor::Start ? 0 : anchor == Anchor::Middle ? 0.5 : 1;
+    const ClipSide side = m_region.SideOf(box);
+    if (side == ClipSide::Outside || m_outer == nullptr)
+        return side;
+    const ClipSide outer = m_outer->SideOf(box);
+    return outer == ClipSide::Inside ? side : outer;
 }
-
-} // namespace
 
 // However coarse curves may be, what is cut of them has about its shape.
 double ClipSink::CutTolerance(const ClipRegion& region, double tolerance)
@@ -135,11 +143,24 @@ void ClipSink::Give(const Style& style, std::vector<PlainVertex>& run)
     run.clear();
 }
 
-void ClipSink::Text(const Style& style, const PlainText& text)
+bool ClipSink::Shows(const PlainText& text) const
 {
     const double middle = (0.5 - ShareBefore(text.anchor)) * TextWidth(text.text);
-    if (m_region.Contains(text.point + middle * text.along + 0.5 * text.up))
+    return m_region.Contains(text.point + middle * text.along + 0.5 * text.up);
+}
+
+void ClipSink::Text(const Style& style, const PlainText& text)
+{
+    if (Shows(text))
         m_next.Text(style, text);
+}
+
+void ClipSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+{
+    if (std::all_of(runs.begin(), runs.end(), [&](const PlainRun& run) { return Shows(run.text); }))
+        m_next.LineOfText(point, runs);
+    else
+        PlainSink::LineOfText(point, runs);
 }
 
 template <class Take>

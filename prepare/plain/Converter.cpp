@@ -21,6 +21,9 @@ constexpr std::size_t kDeepestNesting = 64;
 // coordinates in a block may have single precision.
 constexpr double kFarInSizes = 16;
 
+// A POINT's mark where $PDSIZE does not give its size: a share of the drawing's height, as on a screen.
+constexpr double kPointOfHeight = 0.05;
+
 constexpr std::int32_t kConstant = 2; // flag of an attribute
 constexpr std::int32_t kInvisible = 1;
 constexpr std::int32_t kExternal = 4; // flags of a block
@@ -72,11 +75,20 @@ bool IsPlain(const Entity& entity)
 
 } // namespace
 
+double PointSizeOf(const Drawing& drawing, const Box& extents)
+{
+    const double size = drawing.header.Real("$PDSIZE", 0);
+    if (size > 0)
+        return size / 2;
+    return (size < 0 ? -size / 100 : kPointOfHeight) * extents.Height() / 2;
+}
+
 Converter::Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
                      PlainOutput& output, Report& report)
     : m_drawing(drawing), m_options(options), m_settings(settings), m_output(output), m_report(report),
-      m_layers(drawing, options)
+      m_whole(drawing, options)
 {
+    m_whole.pointSize = settings.pointSize;
 }
 
 void Converter::KnowBlocks(const BlockVariants& variants, const Measure& measure)
@@ -87,14 +99,20 @@ void Converter::KnowBlocks(const BlockVariants& variants, const Measure& measure
 
 void Converter::Take(const Entity& entity)
 {
+    if (!m_drawing.placeInOrder.empty())
+        m_output.UsePlace(m_drawing.PlaceOf(entity.handle));
+    if (entity.isInPaperSpace == 0)
+        Show(entity, m_whole, m_output.Model());
+}
+
+void Converter::Show(const Entity& entity, View& view, PlainSink& sink, const ClipSink* cut)
+{
     if (!m_styles) {
         m_styles.emplace(m_drawing);
         m_noInsert = m_styles->OfNoInsert();
     }
-    if (!m_drawing.placeInOrder.empty())
-        m_output.UsePlace(m_drawing.PlaceOf(entity.handle));
-    if (entity.isInPaperSpace == 0)
-        Place(entity, {{}, m_noInsert, false, m_output.Model()});
+    m_view = &view;
+    Place(entity, {view.matrix, m_noInsert, false, sink, cut});
 }
 
 void Converter::Finish()
@@ -111,11 +129,12 @@ void Converter::Place(const Entity& entity, const Context& context)
     // A window of a layout shows nothing by itself.
     if (entity.isInvisible == 1 || entity.type == EntityType::Viewport || !TakePlace(entity.line))
         return;
-    const Style style = m_styles->Of(entity, context.insert, context.isInBlock);
+    Style style = m_styles->Of(entity, context.insert, context.isInBlock);
+    style.lineTypeScale *= m_view->lineTypeScale;
     // What an insert shows is decided by the layers in its block, unless its own is frozen.
     if (entity.type == EntityType::Insert)
         return PlaceInsert(static_cast<const Insert&>(entity), context, style);
-    if (!m_layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
+    if (!m_view->layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
     ++m_toBeSeen;
     if (entity.type == EntityType::Wipeout && m_options.profile == Profile::Standard)
@@ -129,7 +148,7 @@ void Converter::Place(const Entity& entity, const Context& context)
 void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)
 {
     CountedSink counted(context.sink, CountRewritten(entity).made);
-    const Context counting{context.matrix, context.insert, context.isInBlock, counted, context.isCut};
+    const Context counting{context.matrix, context.insert, context.isInBlock, counted, context.cut};
     switch (entity.type) {
     case EntityType::Dimension:
         return PlaceDimension(static_cast<const Dimension&>(entity), counting, style);
@@ -144,8 +163,8 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 {
     if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
         AddRayStart(static_cast<const Ray&>(entity), context);
-    const Placement placement{m_drawing,        context.matrix,       style,        m_settings.tolerance,
-                              m_settings.reach, m_settings.pointSize, context.sink, m_report};
+    const Placement placement{m_drawing,        context.matrix,    style,        m_settings.tolerance,
+                              m_settings.reach, m_view->pointSize, context.sink, m_report};
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
@@ -180,7 +199,7 @@ bool Converter::IsShownText(const Entity& entity, bool isInBlock) const
 
 void Converter::PlaceInsert(const Insert& insert, const Context& context, const Style& style)
 {
-    if (m_layers.IsFrozen(style.layer))
+    if (m_view->layers.IsFrozen(style.layer))
         return;
     ++m_toBeSeen;
     PlaceAttributes(insert, context);
@@ -225,8 +244,9 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
         return UseBlock(block, placement, context, style, insert.line);
     if (!MayEnter(block, insert.line))
         return;
-    ClipSink sink(region, m_settings.tolerance, context.sink);
-    DrawContents(block, {placement, style, true, sink, true});
+    const ClipSink* const outer = context.cut;
+    ClipSink sink(region, m_settings.tolerance, context.sink, outer);
+    DrawContents(block, {placement, style, true, sink, &sink});
     if (!ShowsBoundaries(m_drawing))
         return;
     std::vector<PlainVertex> frame;
@@ -238,7 +258,7 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
 Converter::Context Converter::MovedBy(Point3 step, const Insert& insert, const Context& context)
 {
     const Point3 turned = (FromObject(insert.extrusion) * Turned(Radians(insert.rotation))).Direction(step);
-    return {context.matrix * Moved(turned), context.insert, context.isInBlock, context.sink, context.isCut};
+    return {context.matrix * Moved(turned), context.insert, context.isInBlock, context.sink, context.cut};
 }
 
 void Converter::PlaceAttributes(const Insert& insert, const Context& context)
@@ -257,7 +277,7 @@ void Converter::PlaceDimension(const Dimension& dimension, const Context& contex
         return;
     const Matrix place = context.matrix * FromObject(dimension.extrusion) * Moved(dimension.insertion);
     const Matrix matrix = dimension.insertion == Point3{} ? context.matrix : place;
-    DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink, context.isCut});
+    DrawContents(*block, {matrix * Moved(-1 * block->base), style, true, context.sink, context.cut});
 }
 
 void Converter::RedrawDimension(const Dimension& dimension, const Context& context, const Style& style)
@@ -271,7 +291,7 @@ void Converter::RedrawDimension(const Dimension& dimension, const Context& conte
     };
     DrawDimension(dimension,
                   {m_drawing, context.matrix, style, m_settings.tolerance, m_settings.reach,
-                   m_settings.pointSize, context.sink, m_report},
+                   m_view->pointSize, context.sink, m_report},
                   styleOf, placeBlock);
 }
 
@@ -285,7 +305,7 @@ void Converter::PlaceTable(const Table& table, const Context& context, const Sty
     const double rotation = std::atan2(table.direction.y, table.direction.x);
     const Matrix matrix = context.matrix * FromObject(table.extrusion) * Moved(table.point) *
                           Turned(rotation) * Moved(-1 * block->base);
-    DrawContents(*block, {matrix, style, true, context.sink, context.isCut});
+    DrawContents(*block, {matrix, style, true, context.sink, context.cut});
 }
 
 void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style)
@@ -304,7 +324,8 @@ void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& conte
     UseBlock(*block, matrix, context, style, leader.line);
 }
 
-// A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut off.
+// A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut
+// across.
 void Converter::UseBlock(const Block& block, const Matrix& placement, const Context& context,
                          const Style& style, std::uint64_t line)
 {
@@ -312,22 +333,30 @@ void Converter::UseBlock(const Block& block, const Matrix& placement, const Cont
         return m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
     if (block.entities.empty() || !MayEnter(block, line))
         return;
-    if (TraitsOf(block).hasRays || context.isCut)
-        return DrawContents(block, {placement, style, true, context.sink, context.isCut});
+    if (TraitsOf(block).hasRays)
+        return DrawContents(block, {placement, style, true, context.sink, context.cut});
     const SplitPlacement split = Split(placement);
-    const BlockVariant* const variant = VariantOf(block, split, style);
+    const VariantKey key(block, split, TraitsOf(block).inherits, style, m_view->number);
+    const ClipSide side = context.cut != nullptr ? SideOf(key, split, *context.cut) : ClipSide::Inside;
+    if (side == ClipSide::Outside)
+        return;
+    if (side == ClipSide::Across)
+        return DrawContents(block, {placement, style, true, context.sink, context.cut});
+    const BlockVariant* const variant = VariantOf(key, split, style);
     Point2 origin = variant->origin;
     if (split.isMirrored)
         origin.y = -origin.y;
     const double cosine = std::cos(split.rotation), sine = std::sin(split.rotation);
     const Point2 turned{cosine * origin.x - sine * origin.y, sine * origin.x + cosine * origin.y};
-    context.sink.Insert(variant->number, split.point + turned, split.rotation, split.isMirrored);
+    PlainSink& sink = context.cut != nullptr ? context.cut->Uncut() : context.sink;
+    sink.Insert(variant->number, split.point + turned, split.rotation, split.isMirrored);
 }
 
 // Every variant is complete before it is used.
-const BlockVariant* Converter::VariantOf(const Block& block, const SplitPlacement& split, const Style& style)
+const BlockVariant* Converter::VariantOf(const VariantKey& key, const SplitPlacement& split,
+                                         const Style& style)
 {
-    const VariantKey key(block, split, TraitsOf(block).inherits, style);
+    const Block& block = *key.block;
     const auto [place, isNew] = m_variants.try_emplace(key);
     BlockVariant& variant = place->second;
     if (!isNew)
@@ -337,6 +366,28 @@ const BlockVariant* Converter::VariantOf(const Block& block, const SplitPlacemen
     const Matrix matrix = Moved({-variant.origin.x, -variant.origin.y, 0}) * split.baked;
     DrawContents(block, {matrix, style, true, m_output.Block(variant.number)});
     return &variant;
+}
+
+// Where the use of a block is, as far as it was measured. What is not known may be anywhere.
+ClipSide Converter::SideOf(const VariantKey& key, const SplitPlacement& split, const ClipSink& cut) const
+{
+    constexpr double kHullMisses = 1.0 / 50; // of its size, where it is turned
+    if (m_measure == nullptr)
+        return ClipSide::Across;
+    const auto known = m_knownVariants->find(key);
+    if (known == m_knownVariants->end() || m_measure->OfBlock(known->second.number).hull.IsEmpty())
+        return ClipSide::Across;
+    const double cosine = std::cos(split.rotation), sine = std::sin(split.rotation);
+    Box box;
+    for (Point2 point : m_measure->OfBlock(known->second.number).hull.Points()) {
+        if (split.isMirrored)
+            point.y = -point.y;
+        box.Add(split.point + Point2{cosine * point.x - sine * point.y, sine * point.x + cosine * point.y});
+    }
+    const double more = kHullMisses * box.LongerSide();
+    box.Add(box.min - Point2{more, more});
+    box.Add(box.max + Point2{more, more});
+    return cut.SideOf(box);
 }
 
 Point2 Converter::OriginOf(const VariantKey& key) const

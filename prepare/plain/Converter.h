@@ -3,6 +3,7 @@
 
 #include "prepare/Options.h"
 #include "prepare/plain/BlockVariants.h"
+#include "prepare/plain/ClipSink.h"
 #include "prepare/plain/CountedSink.h"
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
@@ -27,6 +28,24 @@ struct ConvertSettings {
     std::uint64_t mostPlaced = UINT64_MAX;
 };
 
+// Half the size of a POINT's mark. $PDSIZE is a length when it is above 0, else percents of the view's
+// height.
+double PointSizeOf(const Drawing& drawing, const Box& extents);
+
+// A way in which entities are seen. frozen, which may be null, has layers that are frozen there.
+struct View {
+    View(const Drawing& drawing, const Options& options, const std::set<NameId>* frozen = nullptr)
+        : layers(drawing, options, frozen)
+    {
+    }
+
+    Matrix matrix; // from the world to the output's plane
+    LayerChoice layers;
+    double lineTypeScale = 1; // of all line types, in the output's units
+    double pointSize = 0;     // as ConvertSettings has it
+    std::size_t number = 0;   // views of equal numbers show the same of a block
+};
+
 // Takes the entities of the model space and gives plain ones to the output. The drawing must be complete when
 // the first entity comes.
 class Converter final : public EntitySink {
@@ -39,6 +58,11 @@ public:
     void KnowBlocks(const BlockVariants& variants, const Measure& measure);
 
     void Take(const Entity& entity) override;
+    // Shows an entity of any space as view says, in sink, which is that of the model or a block of the
+    // output, or cut, which ends in one of these.
+    void Show(const Entity& entity, View& view, PlainSink& sink, const ClipSink* cut = nullptr);
+    // Whether more entities may be placed.
+    bool HasRoom() const { return m_placed < m_settings.mostPlaced; }
 
     // Reports what was counted. To be called once, after the last entity.
     void Finish();
@@ -54,7 +78,7 @@ private:
         Style insert;
         bool isInBlock = false;
         PlainSink& sink;
-        bool isCut = false; // the sink takes no inserts
+        const ClipSink* cut = nullptr; // what the sink cuts off; null: nothing
     };
     struct BlockTraits {
         bool inherits = false;
@@ -85,7 +109,8 @@ private:
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
                   std::uint64_t line);
     void DrawContents(const Block& block, const Context& context);
-    const BlockVariant* VariantOf(const Block& block, const SplitPlacement& split, const Style& style);
+    const BlockVariant* VariantOf(const VariantKey& key, const SplitPlacement& split, const Style& style);
+    ClipSide SideOf(const VariantKey& key, const SplitPlacement& split, const ClipSink& cut) const;
     Point2 OriginOf(const VariantKey& key) const;
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
@@ -98,7 +123,8 @@ private:
     const ConvertSettings m_settings;
     PlainOutput& m_output;
     Report& m_report;
-    LayerChoice m_layers;
+    View m_whole;
+    View* m_view = &m_whole;
     std::optional<StyleResolver> m_styles; // made with the first entity: the tables are complete then
     Style m_noInsert;
     BlockVariants m_variants;

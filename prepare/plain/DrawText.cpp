@@ -73,7 +73,7 @@ private:
 };
 
 // Where a text is and how it is laid down, in object coordinates.
-struct Layout {
+struct TextLayout {
     Point3 point;
     Point3 direction{1, 0, 0};
     Anchor anchor = Anchor::Start;
@@ -98,7 +98,7 @@ bool MayBeOfAnotherFont(double height, double computed)
 
 // The text fills the distance between its points. Its middle is the anchor: what another font's width lacks
 // or has too much is shared by both ends.
-void FillBetweenPoints(const Text& entity, const Words& words, Layout& layout)
+void FillBetweenPoints(const Text& entity, const Words& words, TextLayout& layout)
 {
     const Point3 whole = entity.alignment - entity.point;
     const double distance = Length(whole);
@@ -133,7 +133,7 @@ double ShiftOf(const Text& entity, std::string_view text)
     }
 }
 
-void AlignAtPoint(const Text& entity, const Words& words, Layout& layout)
+void AlignAtPoint(const Text& entity, const Words& words, TextLayout& layout)
 {
     const double angle = entity.rotation * kDegree;
     layout.direction = {std::cos(angle), std::sin(angle), 0};
@@ -150,9 +150,9 @@ void AlignAtPoint(const Text& entity, const Words& words, Layout& layout)
     layout.shift = ShiftOf(entity, words.text) * layout.height;
 }
 
-Layout LayoutOf(const Text& entity, const Words& words, const Drawing& drawing)
+TextLayout LayoutOf(const Text& entity, const Words& words, const Drawing& drawing)
 {
-    Layout layout;
+    TextLayout layout;
     layout.height = TextHeightOf(entity.height, drawing.FindTextStyle(entity.style), drawing.header);
     layout.widthFactor = WidthFactorOf(entity.widthFactor);
     if (IsBetweenPoints(entity))
@@ -162,7 +162,7 @@ Layout LayoutOf(const Text& entity, const Words& words, const Drawing& drawing)
     return layout;
 }
 
-TextFrame FrameOf(const Text& entity, const Layout& layout, const Matrix& toPlane)
+TextFrame FrameOf(const Text& entity, const TextLayout& layout, const Matrix& toPlane)
 {
     constexpr std::int32_t kBackward = 2, kUpsideDown = 4;
     const Matrix fromObject = toPlane * FromObject(entity.extrusion);
@@ -175,7 +175,7 @@ TextFrame FrameOf(const Text& entity, const Layout& layout, const Matrix& toPlan
     return frame;
 }
 
-TextPiece PieceOf(const Text& entity, Words&& words, const Layout& layout)
+TextPiece PieceOf(const Text& entity, Words&& words, const TextLayout& layout)
 {
     const double scale = layout.height * layout.widthFactor;
     TextPiece piece;
@@ -207,7 +207,7 @@ void DrawText(const Text& entity, const Placement& placement, std::string_view t
 {
     const Drawing& drawing = placement.drawing;
     Words words = WordsReader(drawing.header.Text("$DWGCODEPAGE")).Read(ShownText(entity));
-    const Layout layout = LayoutOf(entity, words, drawing);
+    const TextLayout layout = LayoutOf(entity, words, drawing);
     TextDrawer drawer(placement, FrameOf(entity, layout, placement.matrix), typeName, entity.line,
                       entity.style);
     drawer.Draw(placement.style, PieceOf(entity, std::move(words), layout));

@@ -53,7 +53,8 @@ bool LayerChoice::Shows(NameId layer)
 bool LayerChoice::IsFrozen(NameId layer) const
 {
     const Layer* const found = m_drawing.FindLayer(layer);
-    return !m_options.showsAllLayers && found != nullptr && (found->flags & kFrozen) != 0;
+    return !m_options.showsAllLayers &&
+           ((found != nullptr && (found->flags & kFrozen) != 0) || IsFrozenBesides(layer));
 }
 
 // Layers that are asked for by name are shown whatever their state. DEFPOINTS holds the points that
@@ -67,7 +68,7 @@ bool LayerChoice::Decide(NameId layer) const
         return MatchesAny(name, m_options.onlyLayers);
     if (m_options.showsAllLayers)
         return true;
-    if (MatchesPattern(name, "DEFPOINTS"))
+    if (MatchesPattern(name, "DEFPOINTS") || IsFrozenBesides(layer))
         return false;
     const Layer* const found = m_drawing.FindLayer(layer);
     if (found == nullptr)

@@ -5,6 +5,7 @@
 #include "prepare/drawing/Drawing.h"
 
 #include <cstdint>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -14,10 +15,14 @@ namespace prepare {
 // at most in proportion to the product of the lengths.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-// Decides by a drawing's layers and by what was asked for. Both must outlive it.
+// Decides by a drawing's layers and by what was asked for. frozen, which may be null, has layers that are
+// frozen besides. All must outlive it.
 class LayerChoice {
 public:
-    LayerChoice(const Drawing& drawing, const Options& options) : m_drawing(drawing), m_options(options) {}
+    LayerChoice(const Drawing& drawing, const Options& options, const std::set<NameId>* frozen = nullptr)
+        : m_drawing(drawing), m_options(options), m_frozen(frozen)
+    {
+    }
 
     // Whether what is on that layer is shown. A layer without a name is layer 0.
     bool Shows(NameId layer);
@@ -27,9 +32,11 @@ public:
 
 private:
     bool Decide(NameId layer) const;
+    bool IsFrozenBesides(NameId layer) const { return m_frozen != nullptr && m_frozen->contains(layer); }
 
     const Drawing& m_drawing;
     const Options& m_options;
+    const std::set<NameId>* m_frozen;
     enum class Answer : std::uint8_t { Unknown, Shown, Hidden };
     std::vector<Answer> m_answers; // by name
 };

@@ -26,6 +26,9 @@ public:
     std::size_t NewBlock(std::string_view name) override;
     PlainSink& Block(std::size_t number) override { return m_sinks[number + 1]; }
 
+    // What the model's sink took until now counts no more.
+    void ForgetModel() { m_sinks[0].measured = {}; }
+
     const Measured& OfModel() const { return m_sinks[0].measured; }
     const Measured& OfBlock(std::size_t number) const { return m_sinks[number + 1].measured; }
 

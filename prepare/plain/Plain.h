@@ -93,6 +93,8 @@ public:
     // What the model takes from now on is drawn in the order of these places, where they are given: all of
     // equal ones in the order in which it came.
     virtual void UsePlace(std::uint64_t) {}
+    // The same of a block.
+    virtual void UsePlaceInBlock(std::size_t, std::uint64_t) {}
     // Makes a block for a part of the drawing's block of that name and returns its number.
     virtual std::size_t NewBlock(std::string_view name) = 0;
     virtual PlainSink& Block(std::size_t number) = 0;

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace prepare {
 
@@ -22,6 +23,13 @@ enum class Finding : std::uint8_t {
 struct FindingCount {
     std::uint64_t count = 0;
     std::uint64_t firstLine = 0; // of the user's file; 0: none
+};
+
+// A sheet of the drawing. Its size is in millimetres, 0 where it is not known.
+struct LayoutSize {
+    std::string name;
+    double width = 0;
+    double height = 0;
 };
 
 // Equal findings are one entry with a count.
@@ -45,6 +53,12 @@ public:
 
     // How many visible entities there were, those in blocks once for each way in which their block is used.
     std::uint64_t entities = 0;
+
+    // Where a sheet was wanted: all that the drawing has, in the order of their tabs.
+    std::vector<LayoutSize> layouts;
+    // The sheet that was prepared. Of a known size, it is prepared in millimetres, with its lower left corner
+    // at the origin.
+    LayoutSize sheet;
 
 private:
     std::map<Key, FindingCount> m_entries;

@@ -21,4 +21,11 @@ inline constexpr std::string_view kTextPrefix = "PLEXORN_TEXT_";
 // its contents there.
 inline constexpr std::string_view kPartPrefix = "PLEXORN_PART_";
 
+// What begins the name of a part that is all of the drawing.
+inline constexpr std::string_view kWrapPrefix = "PLEXORN_PART_W";
+
+// What begins the name of a block that is empty: what is inserted after it in the same block, or in the
+// drawing, is on the layer that the rest of the name is. Where that is empty, it is on none, or on several.
+inline constexpr std::string_view kLayerPrefix = "PLEXORN_LAYER_";
+
 } // namespace prepare

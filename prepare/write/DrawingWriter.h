@@ -19,7 +19,9 @@ using ByteFunction = std::function<bool(std::string_view bytes)>;
 struct WriteSettings {
     Profile profile = Profile::Module;
     bool mayWrap = true;
+    bool marksLayers = false;        // for a host that knows the marks
     Box extents;                     // of all that will be drawn, in drawing units
+    bool isInMillimetres = false;    // whatever units the drawing says it has
     double unitsPerMm = 1;           // the drawing units of a millimetre on the sheet that the picture is
     double thinnest = 0;             // the least width of a stroke, in drawing units
     double tolerance = 0;            // of curves that the profile has to flatten

@@ -25,6 +25,10 @@ public:
 
     PlainSink& Model() override { return m_model; }
     void UsePlace(std::uint64_t place) override { m_model.UsePlace(place); }
+    void UsePlaceInBlock(std::size_t number, std::uint64_t place) override
+    {
+        m_blocks[number].log.UsePlace(place);
+    }
     std::size_t NewBlock(std::string_view name) override
     {
         m_blocks.push_back({std::string(name), PlainLog(m_styles)});
@@ -33,6 +37,15 @@ public:
     PlainSink& Block(std::size_t number) override { return m_blocks[number].log; }
 
 protected:
+    // $INSUNITS or $MEASUREMENT of what is written; below 0: it says none.
+    std::int32_t UnitsVariable(std::string_view name) const
+    {
+        constexpr std::int32_t kMillimetres = 4, kMetric = 1;
+        if (m_settings.isInMillimetres)
+            return name == "$INSUNITS" ? kMillimetres : kMetric;
+        return m_drawing.header.Integer(name, -1);
+    }
+
     const Drawing& m_drawing;
     const WriteSettings m_settings;
     Report& m_report;

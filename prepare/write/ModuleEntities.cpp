@@ -39,8 +39,16 @@ int ModuleEntities::DecimalsOfAngle(double radius, double unit) const
     return decimals > 0 ? static_cast<int>(std::min(decimals, 14.0)) : 0; // also where it is no number
 }
 
+// To be called before anything is written that is seen.
+void ModuleEntities::UseLayer(LayerNumber layer)
+{
+    if (m_hasMarks && std::exchange(m_layer, layer) != layer)
+        m_out.layers.WriteMark(m_out.pairs, layer);
+}
+
 void ModuleEntities::Begin(const char* type, StyleId style)
 {
+    UseLayer(m_out.layers.Of(style));
     m_out.pairs.Text(0, type);
     m_out.pairs.Raw(m_out.styles.OfStroke(style));
 }
@@ -256,21 +264,23 @@ void ModuleEntities::WriteAreaBlock(StyleId style, std::span<const std::vector<P
         m_out.pairs.Text(0, "ENDBLK");
 }
 
-void ModuleEntities::Fill(StyleId, std::span<const std::vector<Point2>> rings)
+void ModuleEntities::Fill(StyleId style, std::span<const std::vector<Point2>> rings)
 {
-    InsertArea(rings, kFillPrefix);
+    InsertArea(m_out.layers.Of(style), rings, kFillPrefix);
 }
 
 void ModuleEntities::Mask(StyleId, std::span<const std::vector<Point2>> rings)
 {
-    InsertArea(rings, kMaskPrefix);
+    InsertArea(0, rings, kMaskPrefix);
 }
 
-void ModuleEntities::InsertArea(std::span<const std::vector<Point2>> rings, std::string_view prefix)
+void ModuleEntities::InsertArea(LayerNumber layer, std::span<const std::vector<Point2>> rings,
+                                std::string_view prefix)
 {
     const int decimals = DecimalsOfArea(rings);
     if (std::none_of(rings.begin(), rings.end(), [&](const auto& ring) { return TakeRing(ring, decimals); }))
         return;
+    UseLayer(layer);
     m_out.pairs.Text(0, "INSERT");
     m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.inserts));
 }
@@ -316,6 +326,7 @@ void ModuleEntities::Text(StyleId style, const LoggedText& text)
     TextLoss loss;
     const ModuleText written = ModuleTextOf(style, text, place, m_out.factor, m_out.decimals, loss);
     Tell(loss);
+    UseLayer(m_out.layers.Of(style));
     if (place.isUpright)
         return WriteModuleText(m_out.pairs, m_out.styles, written, Local(text.point), m_out.decimals);
     InsertText(m_out.texts.NameOf({{written}}, place.innerRotation), text.point, place);
@@ -327,6 +338,7 @@ void ModuleEntities::LineOfText(Point2 point, std::span<const LoggedRun> runs)
     TextLoss loss;
     const ModuleLine line = ModuleLineOf(point, runs, place, m_out.factor, m_out.decimals, loss);
     Tell(loss);
+    UseLayer(m_out.layers.Of(runs.front().style));
     InsertText(m_out.texts.NameOf(line, place.innerRotation), point, place);
 }
 
@@ -352,6 +364,7 @@ void ModuleEntities::Insert(std::size_t block, Point2 point, double rotation, bo
     const Point2 inBlock = isMirrored ? Point2{used.origin.x, -used.origin.y} : used.origin;
     const double cosine = std::cos(rotation), sine = std::sin(rotation);
     const Point2 moved = {cosine * inBlock.x - sine * inBlock.y, sine * inBlock.x + cosine * inBlock.y};
+    UseLayer(m_out.layers.OfBlock(block));
     m_out.pairs.Text(0, "INSERT");
     m_out.pairs.Text(2, used.name);
     Point(10, Local(point + moved));

@@ -3,6 +3,7 @@
 
 #include "prepare/report/Report.h"
 #include "prepare/write/Flatten.h"
+#include "prepare/write/ModuleLayers.h"
 #include "prepare/write/ModuleStyles.h"
 #include "prepare/write/ModuleTexts.h"
 #include "prepare/write/PlainLog.h"
@@ -30,6 +31,7 @@ struct ModuleOutput {
     PairWriter& pairs;
     const ModuleStyles& styles;
     const ModuleTexts& texts;
+    ModuleLayers& layers;
     const std::vector<ModuleBlock>& blocks;
     Report& report;
     FillCounts& fills;
@@ -54,8 +56,12 @@ ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const Tex
 
 class ModuleEntities final : public LogVisitor {
 public:
-    // origin: the point of the drawing that is written as (0, 0).
-    ModuleEntities(const ModuleOutput& output, Point2 origin) : m_out(output), m_origin(origin) {}
+    // origin: the point of the drawing that is written as (0, 0). hasMarks: whether what is written says its
+    // layers.
+    ModuleEntities(const ModuleOutput& output, Point2 origin, bool hasMarks)
+        : m_out(output), m_origin(origin), m_hasMarks(hasMarks && output.layers.HasMarks())
+    {
+    }
 
     void Line(StyleId style, Point2 start, Point2 end) override;
     void Circle(StyleId style, Point2 centre, double radius) override;
@@ -82,6 +88,8 @@ private:
     void Tell(const TextLoss& loss);
     void InsertText(const std::string& block, Point2 point, const TextPlace& place);
 
+    void UseLayer(LayerNumber layer);
+
     // From here on, all numbers are in written units.
     void Begin(const char* type, StyleId style);
     void Point(int code, Point2 p);
@@ -94,12 +102,14 @@ private:
     void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
     void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed, int decimals);
     int DecimalsOfArea(std::span<const std::vector<Point2>> rings) const;
-    void InsertArea(std::span<const std::vector<Point2>> rings, std::string_view prefix);
+    void InsertArea(LayerNumber layer, std::span<const std::vector<Point2>> rings, std::string_view prefix);
     bool TakeRing(const std::vector<Point2>& ring, int decimals);
     bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
 
     const ModuleOutput& m_out;
     const Point2 m_origin;
+    const bool m_hasMarks;
+    LayerNumber m_layer = 0; // the one that was marked last
     std::vector<Point2> m_points;
 };
 

@@ -112,7 +112,7 @@ std::size_t WrapsFor(const Wrap& wrap)
 
 std::string NameOfWrap(std::size_t number)
 {
-    return Numbered(std::string(kPartPrefix) + 'W', number);
+    return Numbered(kWrapPrefix, number);
 }
 
 void WriteScaled(PairWriter& pairs, const std::string& block, int power)
@@ -143,7 +143,7 @@ void ModuleWriter::WriteHeader(PairWriter& pairs) const
     pairs.Text(9, "$ACADVER");
     pairs.Text(1, "AC1015");
     for (const char* const name : {"$INSUNITS", "$MEASUREMENT"})
-        if (const std::int32_t value = m_drawing.header.Integer(name, -1); value >= 0) {
+        if (const std::int32_t value = UnitsVariable(name); value >= 0) {
             pairs.Text(9, name);
             pairs.Integer(70, value);
         }
@@ -162,6 +162,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     const ModuleStyles styles(m_styles, m_settings, wrap.factor);
     const int decimals = DecimalsFor(wrap.stroke);
     ModuleTexts texts;
+    ModuleLayers layers(m_drawing, m_styles, m_blocks, m_settings.marksLayers);
     Collector collector(m_blocks.size(), texts, wrap.factor, decimals);
     m_model.Replay(collector);
     for (std::size_t i = 0; i < collector.Used().size(); ++i)
@@ -176,28 +177,29 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     PairWriter pairs(write);
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
     FillCounts fills;
-    const ModuleOutput output{pairs, styles,      texts,    blocks,   m_report,
-                              fills, wrap.factor, decimals, tolerance};
-    ModuleEntities model(output, wrap.origin);
+    const ModuleOutput output{pairs,    styles, texts,       layers,   blocks,
+                              m_report, fills,  wrap.factor, decimals, tolerance};
+    ModuleEntities model(output, wrap.origin, true);
     WriteHeader(pairs);
     styles.WriteTables(pairs);
-    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded || collector.HasFills()) {
+    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded || collector.HasFills() || layers.HasMarks()) {
         BeginSection(pairs, "BLOCKS");
         const auto writeFills = [&](const PlainLog& log, Point2 origin) {
-            ModuleEntities entities(output, origin);
+            ModuleEntities entities(output, origin, false);
             ModuleFills areas(entities);
             log.Replay(areas);
         };
         for (const std::size_t block : collector.Used())
             if (collector.HasFills() && !blocks[block].name.empty())
                 writeFills(m_blocks[block].log, blocks[block].origin);
+        layers.WriteBlocks(pairs);
         if (collector.HasFills())
             writeFills(m_model, wrap.origin);
         for (const std::size_t block : collector.Used())
             if (!blocks[block].name.empty()) {
                 pairs.Text(0, "BLOCK");
                 pairs.Text(2, blocks[block].name);
-                ModuleEntities entities(output, blocks[block].origin);
+                ModuleEntities entities(output, blocks[block].origin, layers.OfBlock(block) == 0);
                 m_blocks[block].log.Replay(entities);
                 pairs.Text(0, "ENDBLK");
             }

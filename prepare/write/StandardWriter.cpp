@@ -148,7 +148,7 @@ void StandardWriter::WriteHeader(PairWriter& pairs, const Box& extents, std::uin
     pairs.Text(9, "$HANDSEED");
     pairs.Handle(5, handleSeed);
     for (const char* const name : {"$INSUNITS", "$MEASUREMENT"})
-        if (const std::int32_t value = m_drawing.header.Integer(name, -1); value >= 0) {
+        if (const std::int32_t value = UnitsVariable(name); value >= 0) {
             pairs.Text(9, name);
             pairs.Integer(70, value);
         }

@@ -39,6 +39,7 @@ class PageTest(unittest.TestCase):
             shutil.copy(drawing, os.path.join(self.folder, "examples"))
             shutil.copy(drawing, os.path.join(self.folder, "drawings"))
             shutil.copy(drawing, os.path.join(self.folder, "drawings", "a b", "copy-of-" + name))
+        shutil.copy(os.path.join(ROOT, "examples", "part-sheet.dxf"), os.path.join(self.folder, "examples"))
         # What parallel remembers of the user who runs the test is no matter here.
         self.environment = {**os.environ, "PATH": BIN + os.pathsep + os.environ["PATH"], "HOME": self.folder}
 

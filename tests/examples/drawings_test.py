@@ -64,6 +64,7 @@ class ExampleDrawings(Checks):
     def setUpClass(cls):
         cls.plan = Drawing((EXAMPLES / "floor-plan.dxf").read_bytes())
         cls.part = Drawing((EXAMPLES / "machine-part.dxf").read_bytes())
+        cls.sheet = Drawing((EXAMPLES / "part-sheet.dxf").read_bytes())
 
     def test_the_script_writes_the_files_that_stand_beside_it(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -80,17 +81,19 @@ class ExampleDrawings(Checks):
         self.assertTrue(self.part.crlf)
 
     def test_files_end_where_they_say_so(self):
-        for drawing in (self.plan, self.part):
+        for drawing in (self.plan, self.part, self.sheet):
             self.assertEqual(drawing.records[-1].kind, "EOF")
             self.assertEqual(drawing.records[-1].pairs, [])
 
     def test_layers_line_types_and_blocks_in_use_are_defined(self):
         self.check_names(self.plan)
         self.check_names(self.part)
+        self.check_names(self.sheet)
 
     def test_handles_are_unique_and_owners_exist(self):
         self.check_handles(self.plan)
         self.check_handles(self.part)
+        self.check_handles(self.sheet)
 
     def test_blocks_nest_without_a_circle(self):
         self.check_depth(self.plan, 3)
@@ -99,6 +102,12 @@ class ExampleDrawings(Checks):
     def test_every_entity_that_is_drawn_occurs_and_no_other(self):
         for drawing in (self.plan, self.part):
             self.assertEqual({record.kind for record in drawing.graphics()}, DRAWN)
+
+    def test_a_sheet_has_windows_of_two_scales_one_of_them_cut_along_a_circle(self):
+        windows = [record for record in self.sheet.graphics() if record.kind == "VIEWPORT" and record.first(69) != "1"]
+        self.assertEqual([float(record.first(41)) / float(record.first(45)) for record in windows], [1, 4])
+        outline = windows[1].first(340)
+        self.assertEqual([record.kind for record in self.sheet.graphics() if record.first(5) == outline], ["CIRCLE"])
 
     def test_every_justification_of_text_occurs(self):
         texts = [record for record in self.plan.graphics() if record.kind == "TEXT"]

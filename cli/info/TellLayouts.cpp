@@ -1,0 +1,61 @@
+#include "cli/info/TellLayouts.h"
+
+#include "cli/files/Inputs.h"
+#include "cli/files/Source.h"
+#include "cli/info/Print.h"
+#include "cli/prepare/Layouts.h"
+#include "cli/report/Printable.h"
+#include "cli/report/Report.h"
+
+#include <new>
+#include <system_error>
+
+namespace plexorn {
+
+namespace {
+
+// Text of the lines that tell the sheets of source; before is what each line begins with.
+std::string LinesOf(Source& source, const Options& options, const std::string& before)
+{
+    std::string lines;
+    for (const std::string& name : LayoutsOf(source, options))
+        lines.append(before).append(Printable(name)).append("\n");
+    return lines;
+}
+
+void Tell(const Input& input, const Options& options, bool isOne, Report& report)
+{
+    if (!input.reason.empty())
+        return report.Failed(input.name, input.reason, ExitCode::File);
+    Source source(input.name, Forms::All);
+    if (!source.Reason().empty())
+        return report.Failed(source.ShownName(), source.Reason(), source.Code());
+    std::string reason;
+    try {
+        return Print(LinesOf(source, options, isOne ? "" : source.ShownName() + ": "));
+    } catch (const std::bad_alloc&) {
+        reason = "memory is short";
+    } catch (const std::system_error& error) {
+        reason = error.code().message();
+    }
+    report.Failed(source.ShownName(), "cannot be read: " + reason, ExitCode::File);
+}
+
+} // namespace
+
+ExitCode TellLayouts(const Options& options)
+{
+    const Inputs inputs = FindInputs(options);
+    Printer printer(inputs.files.size(), false);
+    ExitCode code = ExitCode::Drawn;
+    for (std::size_t number = 0; number < inputs.files.size(); ++number) {
+        const Input& input = inputs.files[number];
+        Report report(printer, number, ShownName(input.name), {});
+        Tell(input, options, !inputs.areMany, report);
+        if (report.Code() != ExitCode::Drawn)
+            code = inputs.areMany ? ExitCode::SomeFailed : report.Code();
+    }
+    return code;
+}
+
+} // namespace plexorn

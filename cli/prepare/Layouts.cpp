@@ -1,0 +1,48 @@
+#include "cli/prepare/Layouts.h"
+
+#include "cli/prepare/RewoundFile.h"
+#include "prepare/PrepareSheet.h"
+
+#include <new>
+#include <system_error>
+
+namespace plexorn {
+
+std::vector<std::string> LayoutsOf(Source& source, const Options& options)
+{
+    RewoundFile input(source);
+    std::vector<prepare::LayoutSize> layouts;
+    const prepare::PrepareOutcome outcome = prepare::ListLayouts(input, options.encoding, layouts);
+    if (outcome == prepare::PrepareOutcome::ReadFailed && input.Error() == 0)
+        throw std::bad_alloc(); // reading needs memory, too
+    if (outcome == prepare::PrepareOutcome::ReadFailed)
+        throw std::system_error(input.Error(), std::generic_category());
+    std::vector<std::string> names;
+    for (const prepare::LayoutSize& layout : layouts)
+        names.push_back(layout.name);
+    return names;
+}
+
+// What is wrong is told when the drawing is drawn.
+std::vector<std::string> LayoutsIn(const std::string& drawing, const Options& options)
+{
+    try {
+        Source source(drawing, Forms::All);
+        if (source.Reason().empty())
+            return LayoutsOf(source, options);
+    } catch (const std::system_error&) {
+    }
+    return {};
+}
+
+std::string WhyNoLayout(const std::string& wanted, const prepare::Report& findings)
+{
+    if (findings.layouts.empty())
+        return "has no layouts";
+    std::string text = "has no layout '" + wanted + "', but ";
+    for (const prepare::LayoutSize& layout : findings.layouts)
+        text.append(&layout == &findings.layouts.front() ? "'" : ", '").append(layout.name).append("'");
+    return text;
+}
+
+} // namespace plexorn

@@ -1,0 +1,204 @@
+#include "prepare/PrepareSheet.h"
+
+#include "base/Letters.h"
+#include "prepare/Settings.h"
+#include "prepare/drawing/Encoding.h"
+#include "prepare/drawing/ReadDrawing.h"
+#include "prepare/plain/SheetConverter.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace prepare {
+
+namespace {
+
+// Looks for a paper space where no layout and no block tells of one.
+class PaperSearch final : public EntitySink {
+public:
+    void Take(const Entity& entity) override { hasFound = hasFound || entity.isInPaperSpace != 0; }
+    bool hasFound = false;
+};
+
+// All of a drawing but its entities, with its layouts; false when it could not be read to its end.
+bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& drawing, Report& report)
+{
+    bool hasFailed = false;
+    ReadIndex(source.Rewound(), encoding, drawing, nullptr, report, hasFailed);
+    if (hasFailed || !drawing.layouts.empty())
+        return !hasFailed;
+    PaperSearch search;
+    ReadEntities(source.Rewound(), encoding, drawing, search, hasFailed);
+    if (search.hasFound) {
+        Layout layout;
+        layout.name = "Layout1";
+        layout.isActive = true;
+        drawing.layouts.push_back(std::move(layout));
+    }
+    return !hasFailed;
+}
+
+LayoutSize SizeOf(const Layout& layout)
+{
+    const Sheet sheet = SheetOf(layout);
+    return {layout.name, sheet.width, sheet.height};
+}
+
+std::vector<LayoutSize> SizesOf(const Drawing& drawing)
+{
+    std::vector<LayoutSize> sizes;
+    std::transform(drawing.layouts.begin(), drawing.layouts.end(), std::back_inserter(sizes), SizeOf);
+    return sizes;
+}
+
+// Prepares one sheet, in passes over the drawing.
+class SheetPasses {
+public:
+    SheetPasses(ReopenableSource& source, const Options& options, Drawing& drawing, const Layout& layout,
+                Report& report)
+        : m_source(source), m_options(options), m_drawing(drawing), m_layout(layout), m_report(report),
+          m_sheet(SheetOf(layout)), m_mostPlaced(MostPlaced(drawing.bytes)),
+          m_measuring(drawing, options, CoarseSettings(m_mostPlaced), m_measure, m_unsaid)
+    {
+    }
+
+    // Each is false when the drawing could not be read to its end; then nothing more is to be called.
+    bool ReadWindows();
+    bool MeasureAll();
+    std::unique_ptr<DrawingWriter> WriteAll();
+
+    LayoutSize Size() const { return {m_layout.name, m_sheet.width, m_sheet.height}; }
+
+private:
+    bool Read(EntitySink& sink, Report* report = nullptr);
+    Measured AllMeasured(const SheetConverter& converter) const;
+
+    ReopenableSource& m_source;
+    const Options& m_options;
+    Drawing& m_drawing;
+    const Layout& m_layout;
+    Report& m_report;
+    Sheet m_sheet;
+    std::vector<Window> m_windows;
+    const std::uint64_t m_mostPlaced;
+    Report m_unsaid; // of measuring, which finds the same as writing
+    Measure m_measure;
+    Converter m_measuring;
+    WriteSettings m_settings;
+};
+
+bool SheetPasses::Read(EntitySink& sink, Report* report)
+{
+    bool hasFailed = false;
+    ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, sink, hasFailed, report);
+    return !hasFailed;
+}
+
+bool SheetPasses::ReadWindows()
+{
+    WindowReader reader(m_drawing, m_layout, m_sheet, m_report);
+    if (!Read(reader, &m_report))
+        return false;
+    m_windows = std::move(reader.Windows());
+    OutlineReader outlines(m_drawing, m_sheet, m_windows);
+    if (outlines.IsNeeded() && !Read(outlines))
+        return false;
+    outlines.Finish(m_report);
+    return true;
+}
+
+// The model's measure is of the sheet's own entities: what windows show counts where it is not cut off.
+Measured SheetPasses::AllMeasured(const SheetConverter& converter) const
+{
+    Measured all = m_measure.OfModel();
+    for (const Window& window : m_windows)
+        for (const Point2 corner : window.outline)
+            all.hull.Add(corner);
+    for (const std::size_t block : converter.Blocks()) {
+        const Measured& shown = m_measure.OfBlock(block);
+        all.thinnestWeight = std::min(all.thinnestWeight, shown.thinnestWeight);
+        all.smallestText = std::min(all.smallestText, shown.smallestText);
+    }
+    return all;
+}
+
+// A paper on which nothing of the layout is says nothing of it.
+bool SheetPasses::MeasureAll()
+{
+    SheetSettings settings;
+    settings.placing = CoarseSettings(m_mostPlaced);
+    SheetConverter converter(m_drawing, m_options, m_layout, m_sheet, m_windows, settings, m_measuring,
+                             m_measure, m_unsaid);
+    if (!Read(converter))
+        return false;
+    const Measured all = AllMeasured(converter);
+    const Box extents = all.hull.Bounds();
+    if (!extents.IsEmpty() && extents.IsApartFrom(m_sheet.Paper()))
+        m_sheet.width = m_sheet.height = 0;
+    m_settings = WriteSettingsForSheet(all, m_sheet.Paper(), m_options);
+    return true;
+}
+
+std::unique_ptr<DrawingWriter> SheetPasses::WriteAll()
+{
+    std::unique_ptr<DrawingWriter> writer = MakeWriter(m_drawing, m_settings, m_report);
+    ConvertSettings fine;
+    fine.tolerance = m_settings.tolerance;
+    fine.reach = m_settings.extents;
+    fine.mostPlaced = m_mostPlaced;
+    Converter converter(m_drawing, m_options, fine, *writer, m_report);
+    converter.KnowBlocks(m_measuring.Variants(), m_measure);
+    const SheetSettings settings{m_settings.extents, m_settings.tolerance, CoarseSettings(m_mostPlaced)};
+    SheetConverter sheet(m_drawing, m_options, m_layout, m_sheet, m_windows, settings, converter, *writer,
+                         m_report);
+    if (!Read(sheet))
+        return nullptr;
+    converter.Finish();
+    return writer;
+}
+
+} // namespace
+
+bool IsModelName(std::string_view name)
+{
+    return AreSameLetters(name, "Model");
+}
+
+PrepareOutcome PrepareSheet(ReopenableSource& source, const Options& options, const ByteFunction& write,
+                            Report& report, const ProgressFunction& progress)
+{
+    Drawing drawing;
+    if (!ReadLayouts(source, options.encoding, drawing, report))
+        return PrepareOutcome::ReadFailed;
+    report.layouts = SizesOf(drawing);
+    const Layout* const layout = FindLayout(drawing, options.layout);
+    if (layout == nullptr)
+        return PrepareOutcome::NoLayout;
+    SheetPasses passes(source, options, drawing, *layout, report);
+    if (!passes.ReadWindows() || !passes.MeasureAll())
+        return PrepareOutcome::ReadFailed;
+    report.sheet = passes.Size();
+    if (progress && !progress(0.5))
+        return PrepareOutcome::Cancelled;
+    const std::unique_ptr<DrawingWriter> writer = passes.WriteAll();
+    if (writer == nullptr)
+        return PrepareOutcome::ReadFailed;
+    if (progress && !progress(0.9))
+        return PrepareOutcome::Cancelled;
+    return writer->Finish(write) ? PrepareOutcome::Done : PrepareOutcome::WriteFailed;
+}
+
+PrepareOutcome ListLayouts(ReopenableSource& source, std::string_view encoding,
+                           std::vector<LayoutSize>& layouts)
+{
+    if (!encoding.empty() && !IsEncoding(encoding))
+        return PrepareOutcome::BadOptions;
+    Drawing drawing;
+    Report unsaid;
+    if (!ReadLayouts(source, encoding, drawing, unsaid))
+        return PrepareOutcome::ReadFailed;
+    layouts = SizesOf(drawing);
+    return layouts.empty() && !drawing.hasSections ? PrepareOutcome::NoDrawing : PrepareOutcome::Done;
+}
+
+} // namespace prepare

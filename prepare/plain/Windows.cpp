@@ -1,0 +1,166 @@
+#include "prepare/plain/Windows.h"
+
+#include "prepare/plain/Converter.h"
+#include "prepare/plain/Curves.h"
+#include "prepare/plain/OutlineOutput.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace prepare {
+
+namespace {
+
+constexpr std::int32_t kPerspective = 1, kOff = 0x20000; // flags
+
+bool IsOff(const Viewport& viewport)
+{
+    return viewport.hasFlags ? (viewport.flags & kOff) != 0 : viewport.status == 0;
+}
+
+bool IsLength(double length)
+{
+    return length > 0 && std::isfinite(length);
+}
+
+// The inverse of a rotation.
+Matrix TurnedBack(const Matrix& turn)
+{
+    return {
+        {turn.x.x, turn.y.x, turn.z.x}, {turn.x.y, turn.y.y, turn.z.y}, {turn.x.z, turn.y.z, turn.z.z}, {}};
+}
+
+// From the world to the paper space: as it is seen from the eye, turned, and scaled.
+Matrix MatrixOf(const Viewport& viewport)
+{
+    const double scale = viewport.height / viewport.viewHeight;
+    const Matrix seen = Turned(Radians(viewport.twist)) * TurnedBack(FromObject(viewport.direction)) *
+                        Moved(-1 * viewport.target);
+    return Moved({viewport.centre.x, viewport.centre.y, 0}) * Scaled({scale, scale, scale}) *
+           Moved({-viewport.viewCentre.x, -viewport.viewCentre.y, 0}) * seen;
+}
+
+std::vector<Point2> RectangleOf(const Viewport& viewport, const Matrix& matrix)
+{
+    const double x = viewport.width / 2, y = viewport.height / 2;
+    std::vector<Point2> corners;
+    for (const Point2 corner : {Point2{-x, -y}, Point2{x, -y}, Point2{x, y}, Point2{-x, y}})
+        corners.push_back(matrix.Flat({viewport.centre.x + corner.x, viewport.centre.y + corner.y, 0}));
+    return corners;
+}
+
+bool AreFinite(const std::vector<Point2>& points)
+{
+    return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
+}
+
+double LongerSideOf(const std::vector<Point2>& points)
+{
+    Box box;
+    for (const Point2 point : points)
+        box.Add(point);
+    return box.LongerSide();
+}
+
+} // namespace
+
+WindowReader::WindowReader(const Drawing& drawing, const Layout& layout, const Sheet& sheet, Report& report)
+    : m_sheet(sheet), m_members(drawing, layout), m_report(report)
+{
+    for (const auto& [name, layer] : drawing.layers)
+        m_layers.try_emplace(layer.handle, name);
+}
+
+void WindowReader::Take(const Entity& entity)
+{
+    if (entity.type != EntityType::Viewport || !m_members.Has(entity))
+        return;
+    const auto& viewport = static_cast<const Viewport&>(entity);
+    if (IsSheetItself(viewport) || viewport.isInvisible == 1 || IsOff(viewport))
+        return;
+    if (!IsLength(viewport.width) || !IsLength(viewport.height) || !IsLength(viewport.viewHeight))
+        return m_report.Add(Finding::NotShown, "VIEWPORT", "it has no size", viewport.line);
+    if (m_windows.size() >= kMostWindows)
+        return m_report.Add(Finding::Cut, "layout", "more than 256 viewports", viewport.line);
+    Add(viewport);
+}
+
+// The sheet as a window of the program, which shows nothing of the model. It comes first; where files do not
+// number viewports, it shows the paper space as large as it is.
+bool WindowReader::IsSheetItself(const Viewport& viewport)
+{
+    const bool isFirst = !std::exchange(m_hasMetAny, true);
+    const bool isAsItIs = viewport.viewHeight == viewport.height &&
+                          viewport.viewCentre == Point2{viewport.centre.x, viewport.centre.y};
+    return viewport.id == 1 || (isFirst && (viewport.id == 0 || isAsItIs));
+}
+
+void WindowReader::Add(const Viewport& viewport)
+{
+    Window window;
+    window.matrix = m_sheet.matrix * MatrixOf(viewport);
+    window.scale = m_sheet.scale * viewport.height / viewport.viewHeight;
+    const Point3 direction = viewport.direction;
+    window.isFromAbove = direction.x == 0 && direction.y == 0 && direction.z >= 0;
+    window.outline = RectangleOf(viewport, m_sheet.matrix);
+    window.frozen = FrozenBy(viewport);
+    window.clip = viewport.clip;
+    window.line = viewport.line;
+    if (!AreFinite(window.outline) || !IsFinite(window.matrix.origin) || !IsLength(window.scale))
+        return m_report.Add(Finding::NotShown, "VIEWPORT", "its place is no number", viewport.line);
+    if ((viewport.flags & kPerspective) != 0)
+        m_report.Add(Finding::Changed, "VIEWPORT", "its perspective is drawn as a parallel view",
+                     viewport.line);
+    m_windows.push_back(std::move(window));
+}
+
+std::set<NameId> WindowReader::FrozenBy(const Viewport& viewport) const
+{
+    std::set<NameId> frozen(viewport.frozenByName.begin(), viewport.frozenByName.end());
+    for (const Handle handle : viewport.frozen)
+        if (const auto layer = m_layers.find(handle); layer != m_layers.end())
+            frozen.insert(layer->second);
+    return frozen;
+}
+
+OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, std::vector<Window>& windows)
+    : m_drawing(drawing), m_sheet(sheet)
+{
+    for (Window& window : windows)
+        if (window.clip != 0)
+            m_wanted.emplace(window.clip, &window);
+}
+
+// The first entity of a handle counts, whatever its layer.
+void OutlineReader::Take(const Entity& entity)
+{
+    const auto wanted = m_wanted.find(entity.handle);
+    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0)
+        return;
+    constexpr double kFineness = 1.0 / 1000; // of the window
+    Options options;
+    options.showsAllLayers = true;
+    ConvertSettings settings;
+    settings.tolerance = kFineness * LongerSideOf(wanted->second->outline);
+    OutlineOutput output(settings.tolerance);
+    Report unsaid;
+    Converter converter(m_drawing, options, settings, output, unsaid);
+    View view(m_drawing, options);
+    view.matrix = m_sheet.matrix;
+    converter.Show(entity, view, output.Model());
+    if (output.Outline().size() < 3 || !AreFinite(output.Outline()))
+        return;
+    const auto [first, last] = m_wanted.equal_range(entity.handle);
+    for (auto window = first; window != last; ++window)
+        window->second->outline = output.Outline();
+    m_wanted.erase(first, last);
+}
+
+void OutlineReader::Finish(Report& report) const
+{
+    for (const auto& [handle, window] : m_wanted)
+        report.Add(Finding::Changed, "VIEWPORT", "its outline is missing: its rectangle is in its place",
+                   window->line);
+}
+
+} // namespace prepare

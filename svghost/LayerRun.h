@@ -1,0 +1,42 @@
+// Elements on one layer, as a group.
+#pragma once
+
+#include "svghost/Layers.h"
+#include "svghost/XmlStream.h"
+
+#include <string_view>
+
+namespace svghost {
+
+// Puts elements of one container that follow each other on one layer into a group, which is opened before the
+// first of them. What is within a group of the drawing's own stays there, whatever its layer.
+class LayerRun {
+public:
+    explicit LayerRun(XmlStream& out) : m_out(out) {}
+
+    void Take(const Symbol& mark)
+    {
+        if (m_depth == 0)
+            m_wanted = LayerOf(mark);
+    }
+    // To be called before an element is written, and after the last one.
+    void BeginElement()
+    {
+        if (m_depth == 0 && m_wanted != m_open)
+            Change();
+    }
+    void End();
+
+    void EnterGroup() { ++m_depth; }
+    void LeaveGroup() { --m_depth; }
+
+private:
+    void Change();
+
+    XmlStream& m_out;
+    std::wstring_view m_wanted;
+    std::wstring_view m_open; // empty: none is
+    int m_depth = 0;          // of the drawing's own groups
+};
+
+} // namespace svghost
