@@ -1,5 +1,7 @@
 #include "prepare/plain/DimensionValue.h"
 
+#include "prepare/plain/DimensionNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
