@@ -19,7 +19,9 @@ public:
     const Value* begin() const { return m_values; }
     const Value* end() const { return m_values + m_size; }
     std::size_t size() const { return m_size; }
+    bool empty() const { return m_size == 0; }
     const Value& operator[](std::size_t index) const { return m_values[index]; }
+    const Value& back() const { return m_values[m_size - 1]; }
 
     // Throws std::bad_alloc, with the list unchanged, when memory is short.
     void Add(CDxfStore& store, const Value& value)

@@ -19,6 +19,7 @@ std::vector<Value> ValuesOf(const DXF_LIST<Value>& list)
 TEST(List, IsEmptyAtFirst)
 {
     const DXF_LIST<int> list;
+    EXPECT_TRUE(list.empty());
     EXPECT_EQ(list.size(), 0u);
     EXPECT_EQ(list.begin(), list.end());
 }
@@ -31,8 +32,9 @@ TEST(List, KeepsValuesInTheirOrder)
         list.Add(store, value);
     EXPECT_EQ(ValuesOf(list), (std::vector{3, 1, 2, 1, 5}));
     EXPECT_EQ(list.size(), 5u);
+    EXPECT_FALSE(list.empty());
     EXPECT_EQ(list[2], 2);
-    EXPECT_EQ(list[list.size() - 1], 5);
+    EXPECT_EQ(list.back(), 5);
 }
 
 TEST(List, GrowsToAnySize)
