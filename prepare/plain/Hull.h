@@ -14,17 +14,32 @@ class Hull {
 public:
     static constexpr std::size_t kDirections = 16;
 
-    void Add(Point2 point);
+    void Add(Point2 point)
+    {
+        if (!IsWithin(point, 0))
+            AddOutside(point);
+    }
     // Also the part of the circle from start to end, counter-clockwise, in radians.
     void AddArc(Point2 centre, double radius, double start, double end);
+
+    // Whether all that is as near to the point as that is already within: it would change nothing.
+    bool IsWithin(Point2 point, double distance) const
+    {
+        return point.x - distance >= m_inner.min.x && point.x + distance <= m_inner.max.x &&
+               point.y - distance >= m_inner.min.y && point.y + distance <= m_inner.max.y;
+    }
 
     bool IsEmpty() const { return m_isEmpty; }
     const std::array<Point2, kDirections>& Points() const { return m_points; }
     Box Bounds() const;
 
 private:
+    void AddOutside(Point2 point);
+    void FindInner();
+
     std::array<Point2, kDirections> m_points; // each the farthest in its direction
     std::array<double, kDirections> m_reach{};
+    Box m_inner; // a box that no direction leaves
     bool m_isEmpty = true;
 };
 

@@ -70,6 +70,8 @@ void Measure::Sink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis,
 {
     constexpr int kSteps = 32;
     measured.thinnestWeight = std::min(measured.thinnestWeight, style.weight);
+    if (measured.hull.IsWithin(centre, Length(majorAxis)))
+        return;
     const Point2 minorAxis{-ratio * majorAxis.y, ratio * majorAxis.x};
     for (int i = 0; i <= kSteps; ++i) {
         const double parameter = start + (end - start) * i / kSteps;
