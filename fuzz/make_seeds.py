@@ -84,6 +84,49 @@ def svghost():
     yield "symbols", b"\x00\x08\x01a\x0b\x00\x07\x01b\x64\x64\x0b\xff\x08\x01b\x0b\x00\x07\x01a\x64\x64"
 
 
+def pairs(text):
+    """A drawing of pairs, given as "code value/code value"."""
+    return "\n".join("\n".join(pair.split(" ", 1)) for pair in text.split("/")).encode() + b"\n"
+
+
+# One of each kind that preparing draws in a way of its own.
+KINDS = (
+    "LWPOLYLINE/90 3/70 1/10 0/20 0/40 1/41 2/42 0.7/10 9/20 0/10 9/20 9",
+    "POLYLINE/70 0/0 VERTEX/10 1/20 1/42 1/0 VERTEX/10 9/20 7/0 SEQEND",
+    "POLYLINE/70 16/71 2/72 2" + "/0 VERTEX/70 64/10 1/20 2/0 VERTEX/70 64/10 9/20 4" * 2 + "/0 SEQEND",
+    "POLYLINE/70 64" + "/0 VERTEX/70 192/10 1/20 2/0 VERTEX/70 192/10 9/20 4" * 2 +
+    "/0 VERTEX/70 128/71 1/72 -2/73 3/74 4/0 SEQEND",
+    "SPLINE/70 8/71 2/40 0/40 0/40 0/40 1/40 1/40 1/10 0/20 0/10 5/20 9/10 9/20 0",
+    "SPLINE/70 1/71 3/74 3/11 0/21 0/11 5/21 9/11 9/21 0", "ELLIPSE/10 0/20 0/11 5/21 0/40 0.5/41 0/42 4/210 1/230 1",
+    "SOLID/10 0/20 0/11 9/21 0/12 0/22 9/13 9/23 9", "3DFACE/10 0/20 0/11 9/21 0/12 0/22 9/13 9/23 9/70 1",
+    "MLINE/2 STANDARD/40 1/72 2/73 2/10 0/20 0/11 0/21 0/12 1/22 0/13 0/23 1/74 1/41 0/75 0/74 1/41 1/75 0"
+    "/11 9/21 0/12 1/22 0/13 0/23 1/74 1/41 0/75 0/74 1/41 1/75 0",
+    "LEADER/71 1/72 1/76 3/10 0/20 0/10 5/20 5/10 9/20 9", "XLINE/10 0/20 0/11 1/21 1/0 LINE/11 9/21 9",
+    "POINT/10 1/20 2", "IMAGE/10 0/20 0/11 1/21 0/12 0/22 1/13 8/23 4", "TOLERANCE/1 {\\Fgdt;j}%%v0.1%%vA^Jb/11 1",
+    "HATCH/2 SOLID/70 1/91 1/92 2/72 1/73 1/93 3/10 0/20 0/42 1/10 9/20 0/10 9/20 9/75 0/76 1",
+    "HATCH/2 LINES/70 0/91 1/92 1/93 2/72 2/10 5/20 5/40 5/50 0/51 180/73 1/72 1/10 0/20 5/11 10/21 5/97 0/75 0/76 1"
+    "/52 0/41 1/77 0/78 1/53 45/43 0/44 0/45 -1/46 1/79 2/49 2/49 -1",
+    "TEXT/10 1/20 2/40 3/1 %%uA%%u%%d\\U+00C4/72 4/11 5/21 5/50 30/51 10", "ATTDEF/10 1/20 2/40 3/1 A/2 TAG/70 2",
+    "MTEXT/10 1/20 2/40 3/41 9/71 5/1 {\\H2x;\\C1;a b}\\P\\S1/2;^Ic", "RAY/10 1/20 1/11 1",
+    "DIMENSION/70 0/100 AcDbDimension/10 5/20 5/13 0/23 0/14 10/24 0/1 <>x",
+    "DIMENSION/70 5/100 AcDbDimension/10 5/20 5/13 5/23 0/14 0/24 5/15 0/25 0",
+    "MULTILEADER/300 CONTEXT_DATA{/304 a/12 1/22 1/302 LEADER{/304 LEADER_LINE{/10 1/20 2/10 5/20 5/305 }/303 }/301 }"
+    "/172 2", "ACAD_TABLE/10 0/20 0/91 1/92 2/141 1/142 5/142 5/171 1/1 a/171 1/1 b",
+    "INSERT/2 B/10 5/20 5/41 2/42 -1/50 30/70 2/71 2/44 9/45 9/66 1/0 ATTRIB/10 1/20 1/40 1/1 a/2 T/0 SEQEND",
+    "VIEWPORT/10 0/20 0/40 9/41 9/68 1/69 2/12 0/22 0/45 9", "WIPEOUT/10 0/20 0/11 9/21 0/12 0/22 9/71 1/91 0",
+    "ACAD_PROXY_ENTITY/92 20/310 1400000001000000", "HELIX/10 0/20 0/11 5/21 0/12 0/22 0/32 1/40 5/41 3/42 9",
+)
+
+
+def prepare():
+    blocks = "0 SECTION/2 BLOCKS/0 BLOCK/2 B/10 1/20 1/0 LINE/8 0/62 0/11 9/21 5/0 CIRCLE/8 A/40 3/0 ENDBLK/0 ENDSEC/"
+    for number, kind in enumerate(KINDS):
+        drawing = pairs(f"{blocks}0 SECTION/2 ENTITIES/0 {kind}/0 ENDSEC/0 EOF")
+        for how in (b"\x00\x00\x00", b"\x0b\x07\x00"):
+            yield f"kind-{number}-{how[0]}", how + drawing
+    yield from of_drawings(b"\x00\x00\x00", b"\x35\x1d\x00", b"\x00\x00\x01")
+
+
 def command():
     arguments = (b"\x01\x00", b"\x03\x00\x01\x02", b"\x02\x00\x03", b"\x01\x08", b"\x01\x09", b"\x03\x00\x04\x06")
     for number, header in enumerate(arguments):
@@ -103,7 +146,7 @@ def command():
 
 
 TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields, "svghost": svghost,
-           "command": command}
+           "prepare": prepare, "command": command}
 
 
 def main(folder):
