@@ -66,13 +66,10 @@ bool IsPaperSpaceName(std::string_view name)
     return IsOneOf(name, "*PAPER_SPACE", "$PAPER_SPACE");
 }
 
-// The number of the type's name in the pair at hand. A few programs write types in lower case.
+// The number of the type's name in the pair at hand.
 NameId EntityReader::TypeName()
 {
-    const std::string_view name = Trim(m_reader.Value());
-    const bool hasLower = std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-    Names& names = m_reader.drawing.names;
-    return hasLower ? names.OfWord(InCapitals(name)) : names.OfWord(name);
+    return m_reader.drawing.names.OfWord(m_reader.Word());
 }
 
 EntityType EntityReader::TypeOf(NameId id)

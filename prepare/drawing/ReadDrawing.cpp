@@ -80,7 +80,7 @@ std::string_view Pass::NextRecord()
 {
     while (m_reader.NextPair())
         if (m_reader.Code() == 0)
-            return Trim(m_reader.Value());
+            return m_reader.Word();
     return kEnd;
 }
 
@@ -99,7 +99,7 @@ std::string_view Pass::NextSection()
         m_isInLooseBlock = false;
         m_drawing.hasSections = true;
         if (m_reader.NextField() && m_reader.Code() == 2 && !Trim(m_reader.Value()).empty())
-            return Trim(m_reader.Value());
+            return m_reader.Word();
     }
 }
 

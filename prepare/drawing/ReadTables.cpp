@@ -182,7 +182,7 @@ void ReadHeader(RecordReader& reader)
     while (reader.NextField()) {
         const std::string_view value = reader.Value();
         if (reader.Code() == 9) {
-            variable = &reader.drawing.header[Trim(value)];
+            variable = &reader.drawing.header[reader.Word()];
             if (!variable->values.empty())
                 variable = nullptr;
         } else if (variable != nullptr && variable->values.size() < kMostValues) {
@@ -195,7 +195,7 @@ void ReadHeader(RecordReader& reader)
 void ReadTableEntry(RecordReader& reader)
 {
     Drawing& drawing = reader.drawing;
-    const std::string_view type = Trim(reader.Value());
+    const std::string_view type = reader.Word();
     reader.phase = 0;
     if (type == "LAYER")
         ReadEntry<kLayer>(reader, drawing.layers, "LAYER");

@@ -1,5 +1,6 @@
 #include "prepare/drawing/RecordReader.h"
 
+#include "base/Letters.h"
 #include "prepare/drawing/Encoding.h"
 
 #include <algorithm>
@@ -29,6 +30,15 @@ void RecordReader::SetCodePage(std::string_view name)
 {
     if (!m_hasEncoding)
         m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
+}
+
+std::string_view RecordReader::Word()
+{
+    const std::string_view word = Trim(Value());
+    if (std::none_of(word.begin(), word.end(), [](char c) { return c >= 'a' && c <= 'z'; }))
+        return word;
+    m_word = InCapitals(word);
+    return m_word;
 }
 
 void RecordReader::SkipGroup()

@@ -53,6 +53,9 @@ public:
 
     std::int32_t Code() const { return m_pairs.Code(); }
     CDxfLine Value() const { return m_pairs.Value(); }
+    // The value as a word of the format, without blanks. A few programs write such words in small letters: it
+    // comes in capitals. Good until the next call, and no longer than the value.
+    std::string_view Word();
     std::uint64_t Line() const { return m_pairs.Line(); }
     const PairReader& Pairs() const { return m_pairs; }
 
@@ -174,6 +177,7 @@ private:
     Report* m_report;
     bool m_hasEncoding; // given by the caller, so what the file says does not count
     std::unique_ptr<NamedCodePage> m_codePage;
+    std::string m_word;
     bool m_isAgain = false;
     bool m_hasPair = false;
     bool m_isBroken = false;

@@ -1,5 +1,7 @@
 #include "prepare/pairs/PairReader.h"
 
+#include "base/Letters.h"
+
 #include <new>
 
 namespace prepare {
@@ -85,7 +87,7 @@ bool PairReader::LookAtPair()
         --m_lines;
         return End();
     }
-    if (m_code == 0 && Trim(m_value) == "EOF") {
+    if (m_code == 0 && AreSameLetters(Trim(m_value), "EOF")) {
         m_hasEofPair = true;
         return End();
     }

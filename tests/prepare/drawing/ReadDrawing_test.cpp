@@ -298,6 +298,30 @@ TEST(ReadDrawing, TextsBecomeUtf8FromTheCodePageTheFileNames)
               "LINE \xC3\x84\\U+00C4;LINE \xC3\x84;");
 }
 
+TEST(ReadDrawing, WordsOfTheFormatMayBeInSmallLetters)
+{
+    const std::string drawing =
+        Dxf({{0, "section"}, {2, "header"}, {9, "$ltscale"}, {40, "2"}, {0, "endsec"}}) +
+        Dxf({{0, "section"},
+             {2, "tables"},
+             {0, "table"},
+             {2, "layer"},
+             {0, "layer"},
+             {2, "Walls"},
+             {62, "3"}}) +
+        Dxf({{0, "endtab"}, {0, "endsec"}, {0, "section"}, {2, "blocks"}, {0, "block"}, {2, "Door"}}) +
+        Dxf({{0, "line"}, {8, "a"}, {0, "endblk"}, {0, "endsec"}, {0, "section"}, {2, "entities"}}) +
+        Dxf({{0, "polyline"}, {8, "b"}, {0, "vertex"}, {10, "1"}, {0, "seqend"}, {0, "endsec"}, {0, "eof"}});
+    const ReadDrawingOf read(drawing + "what is after the end\n");
+    EXPECT_EQ(read.entities, "POLYLINE b;");
+    EXPECT_EQ(read.drawing.header.Real("$LTSCALE", 1), 2);
+    ASSERT_NE(read.drawing.FindLayer(read.Id("Walls")), nullptr);
+    EXPECT_EQ(read.drawing.FindLayer(read.Id("Walls"))->colour, 3);
+    ASSERT_NE(read.drawing.FindBlock(read.Id("Door")), nullptr);
+    EXPECT_EQ(read.drawing.FindBlock(read.Id("Door"))->entities.size(), 1u);
+    EXPECT_TRUE(read.report.Entries().empty());
+}
+
 TEST(ReadDrawing, FailureToReadIsTold)
 {
     struct Failing final : CDxfSource {
