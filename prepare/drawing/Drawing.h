@@ -52,6 +52,7 @@ struct LineType {
     std::string description;
     std::vector<double> dashes; // 49: above 0 drawn, below 0 a gap, 0 a dot
     bool hasShapes = false;     // a 74 that is not 0
+    Handle handle = 0;
 };
 
 struct TextStyle {
@@ -124,6 +125,7 @@ public:
     std::map<NameId, MultiLineStyle> multiLineStyles;
     std::map<NameId, std::unique_ptr<Block>> blocks; // the first of a name counts
     std::map<Handle, NameId> blockOfRecord;          // BLOCK_RECORD handles
+    std::map<Handle, NameId> lineTypeOfHandle;
     std::map<Handle, NameId> textStyleOfHandle;
     std::map<Handle, NameId> multiLineStyleOfHandle;
     std::map<Handle, SpatialFilter> filterOfInsert;

@@ -191,6 +191,11 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     double textWidth = 0;            // 43
     std::int32_t textAttachment = 1; // 171: left, centre, right
     std::int32_t textColour = 0;     // 90, packed
+    std::int32_t hasFill = 0;        // 292: behind the text
+    std::int32_t fillColour = 0;     // 91, packed
+    std::int32_t fillsAsWindow = 0;  // 291: in the background's colour
+    double fillScale = 1.5;          // 141, as an MTEXT's
+    std::int32_t hasFrame = 0;       // 292 of the entity: around the text
     NameId textStyle = kNoName;
     Handle textStyleHandle = 0;      // 340 of the context
     Handle blockHandle = 0;          // 341 of the context: its BLOCK_RECORD
@@ -246,14 +251,21 @@ struct MText : EntityOf<EntityType::MText> { // in world coordinates but for the
     double rotation = 0;                     // 50
     std::int32_t spacingStyle = 1;           // 73: at least, exact
     double spacing = 1;                      // 44
-    std::int32_t fill = 0;                   // 90
-    std::int32_t columnType = 0;             // 75 or 71 of the embedded object
+    std::int32_t fill = 0;                   // 90: 1 a colour behind it, 2 the background's, 16 a frame
+    std::int32_t fillColour = kByLayer;      // 63
+    bool hasFillColour = false;
+    std::int32_t fillTrueColour = kNoTrueColour; // 421
+    double fillScale = 1.5;                      // 45: heights of letters around it, and one
+    std::int32_t columnType = 0;                 // 75 or 71 of the embedded object
     std::int32_t columns = 0;
     double columnWidth = 0;
     double columnGutter = 0;
     std::vector<double> columnHeights;
     double definedHeight = 0;
     std::int32_t columnsFlowReversed = 0;
+    // Up to R2004 the further columns are MTEXTs of their own: so many. Their texts are in them, or all of
+    // the text is in the first.
+    std::size_t linkedColumns = 0;
 };
 
 struct Insert : EntityOf<EntityType::Insert> {

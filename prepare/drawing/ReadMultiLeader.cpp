@@ -54,22 +54,16 @@ void ReadBranch(RecordReader& reader, MultiLeader& leader, CDxfLine value)
 }
 
 constexpr auto kContext = Fields<MultiLeader>({
-    {12, &MultiLeader::textPoint},
-    {13, &MultiLeader::textDirection},
-    {15, &MultiLeader::blockPoint},
-    {16, &MultiLeader::blockScale},
-    {40, &MultiLeader::scale},
-    {41, &MultiLeader::textHeight},
-    {42, &MultiLeader::textRotation},
-    {43, &MultiLeader::textWidth},
-    {46, &MultiLeader::blockRotation},
-    {47, &MultiLeader::blockMatrix},
-    {90, &MultiLeader::textColour},
-    {140, &MultiLeader::arrowSize},
-    {171, &MultiLeader::textAttachment},
-    {302, ReadBranch},
-    {304, &MultiLeader::text},
-    {340, &MultiLeader::textStyleHandle},
+    {12, &MultiLeader::textPoint},       {13, &MultiLeader::textDirection},
+    {15, &MultiLeader::blockPoint},      {16, &MultiLeader::blockScale},
+    {40, &MultiLeader::scale},           {41, &MultiLeader::textHeight},
+    {42, &MultiLeader::textRotation},    {43, &MultiLeader::textWidth},
+    {46, &MultiLeader::blockRotation},   {47, &MultiLeader::blockMatrix},
+    {90, &MultiLeader::textColour},      {91, &MultiLeader::fillColour},
+    {140, &MultiLeader::arrowSize},      {141, &MultiLeader::fillScale},
+    {171, &MultiLeader::textAttachment}, {291, &MultiLeader::fillsAsWindow},
+    {292, &MultiLeader::hasFill},        {302, ReadBranch},
+    {304, &MultiLeader::text},           {340, &MultiLeader::textStyleHandle},
     {341, &MultiLeader::blockHandle},
 });
 
@@ -84,6 +78,7 @@ constexpr auto kMultiLeader = EntityFields<MultiLeader>({
     {170, &MultiLeader::leaderType},
     {172, &MultiLeader::contentType},
     {291, &MultiLeader::hasDogleg},
+    {292, &MultiLeader::hasFrame},
     {300, ReadContext},
     {342, &MultiLeader::arrowHandle},
 });

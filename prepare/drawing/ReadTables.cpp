@@ -50,6 +50,7 @@ void AddDash(RecordReader& reader, LineType& lineType, CDxfLine value)
 constexpr auto kLineType = Fields<LineType>({
     {2, &LineType::name},
     {3, &LineType::description},
+    Field<LineType>(5, &LineType::handle).OnlyFirst(),
     {49, AddDash},
     {74, ReadShapeFlags},
     {102, SkipGroupOf<LineType>},
@@ -158,6 +159,13 @@ void ReadBlockRecord(RecordReader& reader)
         reader.drawing.blockOfRecord.try_emplace(record.handle, record.name);
 }
 
+void ReadLineType(RecordReader& reader)
+{
+    const LineType lineType = ReadEntry<kLineType>(reader, reader.drawing.lineTypes, "LTYPE");
+    if (lineType.handle != 0)
+        reader.drawing.lineTypeOfHandle.try_emplace(lineType.handle, lineType.name);
+}
+
 void ReadTextStyle(RecordReader& reader)
 {
     const TextStyle style = ReadEntry<kTextStyle>(reader, reader.drawing.textStyles, "STYLE");
@@ -200,7 +208,7 @@ void ReadTableEntry(RecordReader& reader)
     if (type == "LAYER")
         ReadEntry<kLayer>(reader, drawing.layers, "LAYER");
     else if (type == "LTYPE")
-        ReadEntry<kLineType>(reader, drawing.lineTypes, "LTYPE");
+        ReadLineType(reader);
     else if (type == "STYLE")
         ReadTextStyle(reader);
     else if (type == "DIMSTYLE")

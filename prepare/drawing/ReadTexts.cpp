@@ -1,6 +1,8 @@
 #include "prepare/drawing/EntityFields.h"
 #include "prepare/drawing/ReadRecords.h"
 
+#include <utility>
+
 namespace prepare {
 
 namespace {
@@ -91,6 +93,94 @@ void ReadColumns(RecordReader& reader, MText& text, CDxfLine)
     text.columnHeights = std::move(columns.heights);
 }
 
+// Up to R2004 columns are extended data: in sections with names, each value after the code that it would
+// have.
+class LinkedColumnsReader {
+public:
+    LinkedColumnsReader(RecordReader& reader, MText& text) : m_reader(reader), m_text(text) {}
+
+    void Take()
+    {
+        switch (m_reader.Code()) {
+        case 1000:
+            m_isInSection = IsBegin(Trim(m_reader.Value()));
+            m_code = 0;
+            break;
+        case 1005:
+            m_text.linkedColumns += m_isInSection;
+            break;
+        case 1040:
+        case 1070:
+            if (m_isInSection)
+                TakeNumber();
+            break;
+        default:
+            break;
+        }
+    }
+
+private:
+    static bool IsBegin(std::string_view name)
+    {
+        return name == "ACAD_MTEXT_COLUMN_INFO_BEGIN" || name == "ACAD_MTEXT_COLUMNS_BEGIN" ||
+               name == "ACAD_MTEXT_DEFINED_HEIGHT_BEGIN";
+    }
+
+    void TakeNumber()
+    {
+        if (m_code != 0)
+            Store(std::exchange(m_code, 0));
+        else if (m_reader.Code() == 1070)
+            m_code = m_reader.Integer(m_reader.Value());
+        else // heights follow their number
+            m_reader.Append(m_text.columnHeights, m_reader.Real(m_reader.Value()));
+    }
+
+    void Store(std::int32_t code)
+    {
+        const CDxfLine value = m_reader.Value();
+        switch (code) {
+        case 46:
+            m_text.definedHeight = m_reader.Real(value);
+            break;
+        case 48:
+            m_text.columnWidth = m_reader.Real(value);
+            break;
+        case 49:
+            m_text.columnGutter = m_reader.Real(value);
+            break;
+        case 75:
+            m_text.columnType = m_reader.Integer(value);
+            break;
+        case 76:
+            m_text.columns = m_reader.Integer(value);
+            break;
+        case 78:
+            m_text.columnsFlowReversed = m_reader.Integer(value);
+            break;
+        default:
+            break;
+        }
+    }
+
+    RecordReader& m_reader;
+    MText& m_text;
+    bool m_isInSection = false;
+    std::int32_t m_code = 0; // of the value that follows; 0: that is a code
+};
+
+void ReadExtendedData(RecordReader& reader, MText& text, CDxfLine application)
+{
+    if (Trim(application) != "ACAD")
+        return;
+    LinkedColumnsReader columns(reader, text);
+    while (reader.NextField()) {
+        if (reader.Code() == 1001)
+            return reader.Unread();
+        columns.Take();
+    }
+}
+
 void ReadRotation(RecordReader& reader, MText& text, CDxfLine value)
 {
     text.rotation = reader.Real(value);
@@ -106,10 +196,12 @@ constexpr auto kMText = EntityFields<MText>({
     {40, &MText::height},
     {41, &MText::width},
     {44, &MText::spacing},
+    {45, &MText::fillScale},
     {46, &MText::definedHeight},
     {48, &MText::columnWidth},
     {49, &MText::columnGutter},
     {50, ReadRotation},
+    {63, &MText::fillColour, &MText::hasFillColour},
     {71, &MText::attachment},
     {72, &MText::flow},
     {73, &MText::spacingStyle},
@@ -118,6 +210,8 @@ constexpr auto kMText = EntityFields<MText>({
     {78, &MText::columnsFlowReversed},
     {90, &MText::fill},
     {101, ReadColumns},
+    {421, &MText::fillTrueColour},
+    {1001, ReadExtendedData},
 });
 
 } // namespace

@@ -165,8 +165,9 @@ void DrawAngle(DimensionPen& pen, Point2 vertex, Point2 onArc, Side first, Side 
     line.sweep = Wrapped(AngleOf(second.direction) - line.start);
     if (!(line.radius > 0) || !std::isfinite(line.radius))
         return pen.Report(Finding::NotShown, "its arc has no radius");
-    pen.UseExtension();
+    pen.UseExtension(isSwapped ? 1 : 0);
     DrawSide(pen, vertex, line.radius, first);
+    pen.UseExtension(isSwapped ? 0 : 1);
     DrawSide(pen, vertex, line.radius, second);
     const std::string text = DimensionText(pen.Style(), Measured::Angle, line.sweep, pen.Entity().text);
     ArcDrawing(pen, line, isSwapped, text).Draw();
@@ -276,9 +277,10 @@ void ArcLengthDrawing::Draw()
         return m_pen.Report(Finding::NotShown, "its arc has no length");
     const DimensionStyle& style = m_pen.Style();
     const Point2 feet[] = {FootOf(m_start), FootOf(m_end)};
-    m_pen.UseExtension();
+    m_pen.UseExtension(m_isSwapped ? 1 : 0);
     if ((m_isSwapped ? style.hidesExtension2 : style.hidesExtension1) == 0)
         DrawExtension(m_pen, m_start, feet[0]);
+    m_pen.UseExtension(m_isSwapped ? 0 : 1);
     if ((m_isSwapped ? style.hidesExtension1 : style.hidesExtension2) == 0)
         DrawExtension(m_pen, m_end, feet[1]);
     ArcLine line;

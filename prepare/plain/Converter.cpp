@@ -137,12 +137,22 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (!m_view->layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
     ++m_toBeSeen;
+    if (entity.type == EntityType::MText && m_options.profile == Profile::Standard)
+        ReportCovered(static_cast<const MText&>(entity));
     if (entity.type == EntityType::Wipeout && m_options.profile == Profile::Standard)
         m_report.Add(Finding::NotShown, "WIPEOUT", "what it covers is drawn", entity.line);
     else if (IsPlain(entity))
         PlaceOther(entity, context, style);
     else
         PlaceRewritten(entity, context, style);
+}
+
+// A text in front of the background's colour hides what is behind it, which only the module's drawings can.
+void Converter::ReportCovered(const MText& text)
+{
+    constexpr std::int32_t kAsBackground = 2;
+    if ((text.fill & kAsBackground) != 0)
+        m_report.Add(Finding::Changed, "MTEXT", "what is behind it is drawn", text.line);
 }
 
 void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)

@@ -93,6 +93,7 @@ private:
     };
 
     void Place(const Entity& entity, const Context& context);
+    void ReportCovered(const MText& text);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void AddRayStart(const Ray& ray, const Context& context);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);

@@ -98,10 +98,13 @@ Point2 DimensionPen::Readable(Point2 direction) const
 }
 
 // Programs that leave the place of the text to others write the origin, or the definition point once more.
+// Where they save drawings as R12, they may do so even of a text that they say a user has placed.
 bool DimensionPen::HasTextPoint() const
 {
-    const bool isComputed = !(TextPoint() == Point2{}) && !(TextPoint() == Local(m_dimension.definition));
-    return isComputed || (m_dimension.kind & kPlacedByUser) != 0;
+    const bool isDefinition = TextPoint() == Local(m_dimension.definition);
+    if ((m_dimension.kind & kPlacedByUser) != 0)
+        return !isDefinition || !IsUpToR12(m_placement.drawing.header);
+    return !isDefinition && !(TextPoint() == Point2{});
 }
 
 DimensionLabel DimensionPen::Label(std::string text) const
@@ -130,10 +133,11 @@ Point2 DimensionPen::LabelDirection(bool isHorizontal, Point2 along) const
     return isHorizontal ? m_horizontal : Readable(along);
 }
 
-void DimensionPen::Use(std::int32_t colour, std::int32_t weight)
+void DimensionPen::Use(std::int32_t colour, std::int32_t weight, NameId lineType)
 {
     m_part.colour = colour;
     m_part.weight = weight;
+    m_part.lineType = lineType;
     m_pen.UseStyleOf(m_part);
 }
 
@@ -206,8 +210,11 @@ void DimensionPen::ArcAround(const DimensionLabel& label, Point2 centre, double 
 void DimensionPen::Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size)
 {
     const Point2 x = -size * direction, y = LeftOf(x);
+    const NameId lineType = m_part.lineType; // of the line alone
+    Use(m_part.colour, m_part.weight, kNoName);
     DrawArrowhead(name, m_toPlane.Flat({tip.x, tip.y, 0}), m_toPlane.FlatDirection({x.x, x.y, 0}),
                   m_toPlane.FlatDirection({y.x, y.y, 0}), m_pen);
+    Use(m_part.colour, m_part.weight, lineType);
 }
 
 void DimensionPen::Block(const prepare::Block& block, Point2 at, Point2 direction, double size)
@@ -238,6 +245,7 @@ void DimensionPen::Text(const DimensionLabel& label)
     text.attachment = kMiddleCentre;
     text.style = m_style.textStyle;
     text.text = label.text;
+    FillBehind(text);
     StyleOfPart part;
     part.colour = m_style.textColour;
     const Placement placement{m_placement.drawing,   m_placement.matrix, m_styleOf(part),
@@ -246,6 +254,19 @@ void DimensionPen::Text(const DimensionLabel& label)
     DrawMText(text, placement, m_styleOf, m_pen.TypeName());
     if (m_style.gap < 0)
         Frame(label);
+}
+
+void DimensionPen::FillBehind(MText& text) const
+{
+    constexpr std::int32_t kBackground = 1, kColour = 2; // of the style's
+    constexpr std::int32_t kFilled = 1, kAsBackground = 3;
+    if (m_style.textFill == kBackground)
+        text.fill = kAsBackground;
+    else if (m_style.textFill == kColour)
+        text.fill = kFilled;
+    text.fillColour = m_style.textFillColour;
+    text.hasFillColour = true;
+    text.fillScale = 1 + Gap() / text.height;
 }
 
 void DimensionPen::Frame(const DimensionLabel& label)

@@ -59,8 +59,12 @@ public:
     // The direction of a label: the user's own, or horizontal, or along.
     Point2 LabelDirection(bool isHorizontal, Point2 along) const;
 
-    void UseLine() { Use(m_style.lineColour, m_style.lineWeight); }
-    void UseExtension() { Use(m_style.extensionColour, m_style.extensionWeight); }
+    void UseLine() { Use(m_style.lineColour, m_style.lineWeight, m_style.lineType); }
+    // Of the first extension line or, 1, the second.
+    void UseExtension(std::size_t number = 0)
+    {
+        Use(m_style.extensionColour, m_style.extensionWeight, m_style.extensionTypes[number]);
+    }
     void Line(Point2 start, Point2 end);
     // The part of the line outside of the label.
     void LineAround(const DimensionLabel& label, Point2 start, Point2 end);
@@ -78,7 +82,8 @@ public:
     void Finish() { m_pen.Finish(); }
 
 private:
-    void Use(std::int32_t colour, std::int32_t weight);
+    void Use(std::int32_t colour, std::int32_t weight, NameId lineType);
+    void FillBehind(MText& text) const;
     void Frame(const DimensionLabel& label);
 
     const Dimension& m_dimension;

@@ -42,6 +42,8 @@ constexpr VariableRow<double> kReals[] = {
 };
 
 constexpr VariableRow<std::int32_t> kIntegers[] = {
+    {69, "$DIMTFILL", &DimensionStyle::textFill},
+    {70, "$DIMTFILLCLR", &DimensionStyle::textFillColour},
     {71, "$DIMTOL", &DimensionStyle::hasTolerance},
     {72, "$DIMLIM", &DimensionStyle::hasLimits},
     {73, "$DIMTIH", &DimensionStyle::isHorizontalInside},
@@ -130,6 +132,7 @@ public:
 private:
     void ReadText(std::int32_t code, std::string_view text);
     void ReadHandle(std::int32_t code, Handle handle);
+    void ReadLineType(std::int32_t code, Handle handle);
     void ReadOldUnit(std::int32_t unit);
     void SetReal(double DimensionStyle::*member, double value);
     void ScaleLengths();
@@ -161,6 +164,9 @@ void StyleReader::ReadHeader()
     ReadText(6, header.Text("$DIMBLK1"));
     ReadText(7, header.Text("$DIMBLK2"));
     m_style.textStyle = m_drawing.names.Find(header.Text("$DIMTXSTY"));
+    m_style.lineType = m_drawing.names.Find(header.Text("$DIMLTYPE"));
+    m_style.extensionTypes[0] = m_drawing.names.Find(header.Text("$DIMLTEX1"));
+    m_style.extensionTypes[1] = m_drawing.names.Find(header.Text("$DIMLTEX2"));
 }
 
 void StyleReader::ReadValue(std::int32_t code, std::string_view text)
@@ -171,7 +177,7 @@ void StyleReader::ReadValue(std::int32_t code, std::string_view text)
         m_style.*integer->member = ParseInteger(text);
     else if (code == 270)
         ReadOldUnit(ParseInteger(text));
-    else if (code >= 340 && code <= 344)
+    else if (code >= 340 && code <= 347)
         ReadHandle(code, HandleOf(text));
     else
         ReadText(code, text);
@@ -190,7 +196,9 @@ void StyleReader::ReadText(std::int32_t code, std::string_view text)
 
 void StyleReader::ReadHandle(std::int32_t code, Handle handle)
 {
-    if (code == 340) {
+    if (code >= 345) {
+        ReadLineType(code, handle);
+    } else if (code == 340) {
         const auto found = m_drawing.textStyleOfHandle.find(handle);
         if (found != m_drawing.textStyleOfHandle.end())
             m_style.textStyle = found->second;
@@ -199,6 +207,16 @@ void StyleReader::ReadHandle(std::int32_t code, Handle handle)
         const bool isKnown = found != m_drawing.blockOfRecord.end();
         m_arrows[code - 342] = Shortened(isKnown ? m_drawing.names.Text(found->second) : "");
     }
+}
+
+void StyleReader::ReadLineType(std::int32_t code, Handle handle)
+{
+    const auto found = m_drawing.lineTypeOfHandle.find(handle);
+    const NameId name = found != m_drawing.lineTypeOfHandle.end() ? found->second : kNoName;
+    if (code == 345)
+        m_style.lineType = name;
+    else
+        m_style.extensionTypes[code - 346] = name;
 }
 
 void StyleReader::ReadOldUnit(std::int32_t unit)
@@ -234,11 +252,19 @@ void StyleReader::Finish()
     m_style.arrow2 = m_style.hasTwoArrows != 0 ? m_arrows[2] : m_arrows[0];
 }
 
+// A drawing that says nothing of its dimensions was written by a program that takes them to be in units of
+// the drawing, one high; smaller ones would not be seen.
+void UseUnitSizes(DimensionStyle& style)
+{
+    style.textHeight = style.arrowSize = 1;
+    style.extensionOffset = style.gap = 0.25;
+    style.extensionBeyond = 0.5;
+}
+
 // Up to R12 dimensions have the units of the whole drawing, and no fractions above each other.
 void UseUnitsOfDrawing(const Header& header, DimensionStyle& style)
 {
-    const std::string_view version = header.Text("$ACADVER");
-    if (version.empty() || version > "AC1009")
+    if (!IsUpToR12(header))
         return;
     style.unit = header.Integer("$LUNITS", style.unit);
     style.decimals = header.Integer("$LUPREC", style.decimals);
@@ -250,6 +276,12 @@ void UseUnitsOfDrawing(const Header& header, DimensionStyle& style)
 
 } // namespace
 
+bool IsUpToR12(const Header& header)
+{
+    const std::string_view version = header.Text("$ACADVER");
+    return !version.empty() && version <= "AC1009";
+}
+
 DimensionStyle DimensionStyleOf(const Drawing& drawing, NameId style,
                                 const std::vector<std::pair<std::int32_t, std::string>>& overrides)
 {
@@ -257,6 +289,8 @@ DimensionStyle DimensionStyleOf(const Drawing& drawing, NameId style,
     StyleReader reader(drawing, result);
     UseUnitsOfDrawing(drawing.header, result);
     const auto found = drawing.dimStyles.find(style);
+    if (found == drawing.dimStyles.end() && drawing.header.Text("$DIMTXT").empty())
+        UseUnitSizes(result);
     if (found == drawing.dimStyles.end())
         reader.ReadHeader();
     else

@@ -31,6 +31,8 @@ struct DimensionStyle {
     double gap = 0.09;                    // 147; below 0: the text is framed
     double alternateRounding = 0;         // 148
 
+    std::int32_t textFill = 0;               // 69: none, the background's colour, textFillColour
+    std::int32_t textFillColour = kByBlock;  // 70 after the entry's own
     std::int32_t hasTolerance = 0;           // 71
     std::int32_t hasLimits = 0;              // 72
     std::int32_t isHorizontalInside = 1;     // 73
@@ -77,7 +79,11 @@ struct DimensionStyle {
     std::string arrow1;        // the arrowheads' blocks; empty: the usual one
     std::string arrow2;
     NameId textStyle = kNoName;
+    NameId lineType = kNoName;     // 345; none: the entity's
+    NameId extensionTypes[2] = {}; // 346, 347
 };
+
+bool IsUpToR12(const Header& header);
 
 // The style of an entity: that of the name, or the drawing's variables where there is none, and then what the
 // entity itself overrides.

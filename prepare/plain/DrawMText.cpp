@@ -1,7 +1,8 @@
 #include "prepare/plain/DrawMText.h"
 
+#include "prepare/plain/Curves.h"
 #include "prepare/plain/MTextCodes.h"
-#include "prepare/plain/MTextLines.h"
+#include "prepare/plain/MTextLayout.h"
 #include "prepare/plain/TextPieces.h"
 #include "prepare/plain/TextStyles.h"
 
@@ -15,42 +16,38 @@ namespace {
 
 using Kind = MTextItem::Kind;
 
-// The distance of two base lines, in heights of the letters.
-constexpr double kLineDistance = 5.0 / 3;
-
-// Lines side by side, and one below the other.
-struct Column {
-    std::size_t first = 0; // line
-    std::size_t end = 0;
-    double height = 0; // from the top of the first line to the lowest of the last one
-};
-
 class MTextDrawing {
 public:
     MTextDrawing(const MText& entity, const Placement& placement, const PartStyler& styleOf,
                  std::string_view typeName)
         : m_entity(entity), m_placement(placement), m_styleOf(styleOf), m_typeName(typeName),
-          m_drawer(placement, FrameOf(), typeName, entity.line, entity.style),
-          m_hasColumns(entity.columnType > 0 && entity.columnWidth > 0)
+          m_frame(FrameOf()), m_drawer(placement, m_frame, typeName, entity.line, entity.style),
+          m_content(ReadContent()), m_layout(entity, m_content)
     {
     }
 
     void Draw()
     {
-        const TextStyle* style = m_placement.drawing.FindTextStyle(m_entity.style);
-        RunLook first;
-        first.height = TextHeightOf(m_entity.height, style, m_placement.drawing.header);
-        first.widthFactor = WidthFactorOf(style != nullptr ? style->widthFactor : 1);
-        first.slant = SlantOf(style != nullptr ? style->oblique : 0);
-        m_content = ReadMText(m_entity.text, first, m_placement.drawing.header.Text("$DWGCODEPAGE"));
-        m_lines = BreakIntoLines(m_content, m_hasColumns ? m_entity.columnWidth : m_entity.width);
-        MakeColumns();
-        for (std::size_t column = 0; column < m_columns.size(); ++column)
+        DrawBackground();
+        for (std::size_t column = 0; column < m_layout.Columns().size(); ++column)
             DrawColumn(column);
         ReportChanges();
     }
 
 private:
+    static constexpr std::int32_t kFill = 1, kWindowFill = 2, kFrame = 16; // of fill
+
+    MTextContent ReadContent() const
+    {
+        const Drawing& drawing = m_placement.drawing;
+        const TextStyle* style = drawing.FindTextStyle(m_entity.style);
+        RunLook first;
+        first.height = TextHeightOf(m_entity.height, style, drawing.header);
+        first.widthFactor = WidthFactorOf(style != nullptr ? style->widthFactor : 1);
+        first.slant = SlantOf(style != nullptr ? style->oblique : 0);
+        return ReadMText(m_entity.text, first, drawing.header.Text("$DWGCODEPAGE"));
+    }
+
     TextFrame FrameOf() const
     {
         const Matrix fromObject = FromObject(m_entity.extrusion);
@@ -71,107 +68,63 @@ private:
         return frame;
     }
 
-    double Spacing() const
+    // What is behind the text: an area of a colour or one that hides what was drawn before, and a frame.
+    void DrawBackground()
     {
-        return m_entity.spacing > 0 && std::isfinite(m_entity.spacing) ? m_entity.spacing : 1;
+        const bool isFilled = (m_entity.fill & (kFill | kWindowFill)) != 0;
+        if ((!isFilled && (m_entity.fill & kFrame) == 0) || m_content.letters.empty())
+            return;
+        const std::vector<Point2> box = Box();
+        if (std::any_of(box.begin(), box.end(), [](Point2 p) { return !IsFinite(p); }))
+            return;
+        const bool hasColour = m_entity.hasFillColour || m_entity.fillTrueColour != kNoTrueColour;
+        if (isFilled && hasColour && (m_entity.fill & kWindowFill) == 0)
+            m_placement.sink.Fill(FillStyle(), {&box, 1});
+        else if (isFilled)
+            m_placement.sink.Mask({&box, 1});
+        if ((m_entity.fill & kFrame) != 0)
+            DrawFrame(box);
     }
 
-    // From the base line before to the line's own.
-    double DistanceTo(std::size_t line) const
+    // The corners of all columns and the margin around them.
+    std::vector<Point2> Box() const
     {
-        constexpr std::int32_t kExact = 2;
-        const double factor = kLineDistance * Spacing();
-        if (m_entity.spacingStyle == kExact)
-            return factor * m_content.looks.front().height;
-        const TextLine& own = m_lines[line];
-        return factor * own.height + (own.ascent - own.height) + m_lines[line - 1].descent;
+        constexpr double kMost = 10;
+        const double scale = m_entity.fillScale >= 1 && m_entity.fillScale <= kMost ? m_entity.fillScale : 1;
+        const double margin = (scale - 1) * m_content.looks.front().height;
+        const double left = m_layout.Left() - margin, right = left + m_layout.Width() + 2 * margin;
+        const double top = m_layout.Top() + margin, bottom = top - m_layout.Height() - 2 * margin;
+        return {m_frame.At(left, bottom), m_frame.At(right, bottom), m_frame.At(right, top),
+                m_frame.At(left, top)};
     }
 
-    // Where a column must end; 0: nowhere.
-    double RoomIn(std::size_t column) const
+    Style FillStyle() const
     {
-        if (!m_hasColumns || IsLastColumn(column))
-            return 0;
-        const double height =
-            column < m_entity.columnHeights.size() ? m_entity.columnHeights[column] : m_entity.definedHeight;
-        return height > 0 ? height : 0;
+        StyleOfPart part;
+        part.colour = m_entity.fillColour;
+        part.trueColour = m_entity.fillTrueColour;
+        return m_styleOf(part);
     }
 
-    // The last of columns whose number is fixed takes all that is left.
-    bool IsLastColumn(std::size_t column) const
+    void DrawFrame(const std::vector<Point2>& corners)
     {
-        const auto count = static_cast<std::size_t>(std::max(m_entity.columns, 0));
-        return m_hasColumns && count > 0 && column + 1 >= count;
-    }
-
-    void MakeColumns()
-    {
-        constexpr double kRounding = 1 + 1e-6;
-        Column column;
-        double base = 0; // from the column's top down
-        for (std::size_t i = 0; i < m_lines.size(); ++i) {
-            base = i == column.first ? m_lines[i].ascent : base + DistanceTo(i);
-            const double room = RoomIn(m_columns.size());
-            const bool isFull = room > 0 && i > column.first && base > room * kRounding;
-            const bool isAsked = i > column.first && m_hasColumns && m_lines[i - 1].endsColumn &&
-                                 !IsLastColumn(m_columns.size());
-            if (isFull || isAsked) {
-                m_columns.push_back(column);
-                column.first = i;
-                base = m_lines[i].ascent;
-            }
-            column.end = i + 1;
-            column.height = base + m_lines[i].descent;
-        }
-        m_columns.push_back(column);
-    }
-
-    std::int32_t Attachment() const
-    {
-        return m_entity.attachment >= 1 && m_entity.attachment <= 9 ? m_entity.attachment - 1 : 0;
-    }
-
-    // 0 left or top, 0.5 in the middle, 1 right or bottom.
-    double ShareAcross() const { return Attachment() % 3 / 2.0; }
-    double ShareDown() const { return Attachment() / 3 / 2.0; }
-
-    double ColumnStep() const { return m_entity.columnWidth + std::max(m_entity.columnGutter, 0.0); }
-
-    // Of all columns.
-    double Width() const
-    {
-        if (m_hasColumns)
-            return ColumnStep() * static_cast<double>(m_columns.size() - 1) + m_entity.columnWidth;
-        if (m_entity.width > 0)
-            return m_entity.width;
-        double widest = 0;
-        for (const TextLine& line : m_lines)
-            widest =
-                std::max(widest, line.width + IndentOf(line) + m_content.paragraphs[line.paragraph].right);
-        return widest;
-    }
-
-    double IndentOf(const TextLine& line) const
-    {
-        const ParagraphLook& paragraph = m_content.paragraphs[line.paragraph];
-        return paragraph.left + (line.isFirst ? paragraph.firstIndent : 0);
+        Style style = m_placement.style;
+        style.lineType = nullptr;
+        std::vector<PlainVertex> vertices;
+        for (const Point2 corner : corners)
+            vertices.push_back({corner, 0});
+        m_placement.sink.Polyline(style, vertices, true);
     }
 
     void DrawColumn(std::size_t number)
     {
-        const Column& column = m_columns[number];
-        double highest = 0;
-        for (const Column& any : m_columns)
-            highest = std::max(highest, any.height);
-        const double width = Width();
-        const std::size_t place =
-            m_hasColumns && m_entity.columnsFlowReversed != 0 ? m_columns.size() - 1 - number : number;
-        const double left = ColumnStep() * static_cast<double>(place) - ShareAcross() * width;
-        const double right = left + (m_hasColumns ? m_entity.columnWidth : width);
-        double base = ShareDown() * highest;
+        const MTextLayout::Column& column = m_layout.Columns()[number];
+        const double left = m_layout.LeftOf(number), right = left + m_layout.ColumnWidth();
+        double base = m_layout.Top();
         for (std::size_t i = column.first; i < column.end; ++i) {
-            base -= i == column.first ? m_lines[i].ascent : DistanceTo(i);
-            DrawLine(m_lines[i], left, right, base);
+            const TextLine& line = m_layout.Lines()[i];
+            base -= i == column.first ? line.ascent : m_layout.DistanceTo(i);
+            DrawLine(line, left, right, base);
         }
     }
 
@@ -186,14 +139,14 @@ private:
         case LineAlignment::Right:
             return 1;
         default:
-            return ShareAcross();
+            return m_layout.ShareAcross();
         }
     }
 
     void DrawLine(const TextLine& line, double left, double right, double base)
     {
         const double share = ShareOf(line);
-        left += IndentOf(line);
+        left += m_layout.IndentOf(line);
         right -= m_content.paragraphs[line.paragraph].right;
         const double anchor = left + (right - left) * share;
         // Alone, a part is anchored as its line is aligned; what another font's width is spreads as meant.
@@ -326,11 +279,7 @@ private:
 
     void ReportChanges() const
     {
-        constexpr std::int32_t kFill = 1, kWindowFill = 2, kFrame = 16, kDown = 3;
-        if ((m_entity.fill & (kFill | kWindowFill)) != 0)
-            Report(Finding::Changed, "without its background fill");
-        if ((m_entity.fill & kFrame) != 0)
-            Report(Finding::Changed, "without its frame");
+        constexpr std::int32_t kDown = 3;
         if (m_entity.flow == kDown)
             Report(Finding::Changed, "vertical writing is drawn along a line");
         if (m_content.isSpaced)
@@ -348,11 +297,10 @@ private:
     const Placement& m_placement;
     const PartStyler& m_styleOf;
     const std::string_view m_typeName;
+    const TextFrame m_frame;
     TextDrawer m_drawer;
-    const bool m_hasColumns;
-    MTextContent m_content;
-    std::vector<TextLine> m_lines;
-    std::vector<Column> m_columns;
+    const MTextContent m_content;
+    const MTextLayout m_layout;
     std::optional<Style> m_coloured; // the last one
     std::int32_t m_colour = 0;
     std::int32_t m_trueColour = 0;

@@ -173,6 +173,19 @@ void DrawTolerance(const Tolerance& entity, const Placement& placement, const Pa
     }
 }
 
+void FillBehind(const MultiLeader& entity, MText& text)
+{
+    constexpr std::int32_t kFilled = 1, kAsWindow = 2, kFramed = 16;
+    text.fill = entity.hasFrame != 0 ? kFramed : 0;
+    if (entity.hasFill != 0)
+        text.fill |= entity.fillsAsWindow != 0 ? kAsWindow : kFilled;
+    const StyleOfPart colour = UnpackColour(entity.fillColour);
+    text.fillColour = colour.colour;
+    text.hasFillColour = true;
+    text.fillTrueColour = colour.trueColour;
+    text.fillScale = entity.fillScale;
+}
+
 void DrawLeaderText(const MultiLeader& entity, const Placement& placement, const PartStyler& styleOf)
 {
     constexpr std::int32_t kTextContent = 2, kRight = 3;
@@ -188,6 +201,7 @@ void DrawLeaderText(const MultiLeader& entity, const Placement& placement, const
     text.direction = entity.textDirection;
     text.hasDirection = true;
     text.attachment = std::clamp(entity.textAttachment, 1, kRight);
+    FillBehind(entity, text);
     const auto style = placement.drawing.textStyleOfHandle.find(entity.textStyleHandle);
     text.style = style != placement.drawing.textStyleOfHandle.end() ? style->second : entity.textStyle;
     DrawMText(text, InStyle(placement, styleOf(UnpackColour(entity.textColour))), styleOf, "MULTILEADER");

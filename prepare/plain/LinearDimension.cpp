@@ -188,10 +188,11 @@ void LinearDrawing::Draw()
 {
     m_pen.HasTextPoint() ? PlaceGivenLabel() : PlaceOwnLabel();
     Decide();
-    m_pen.UseExtension();
-    for (const End& end : m_ends)
-        if (!end.hidesExtension)
-            DrawExtension(m_pen, end.measured, end.foot);
+    for (std::size_t i = 0; i < m_ends.size(); ++i) {
+        m_pen.UseExtension(i);
+        if (!m_ends[i].hidesExtension)
+            DrawExtension(m_pen, m_ends[i].measured, m_ends[i].foot);
+    }
     m_pen.UseLine();
     DrawLeader();
     const bool hidesOutside =

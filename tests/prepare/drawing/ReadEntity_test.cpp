@@ -425,6 +425,72 @@ TEST(ReadEntity, MTextJoinsItsPartsAndTakesOnlyColumnsFromTheEmbeddedObject)
     EXPECT_EQ(text.columnHeights, (std::vector<double>{8}));
 }
 
+TEST(ReadEntity, MTextHasWhatIsBehindIt)
+{
+    const ReadBlock block({{0, "MTEXT"}, {90, "3"}, {63, "5"}, {45, "1.2"}, {421, "255"}});
+    const MText& text = block.As<MText>();
+    EXPECT_EQ(text.fill, 3);
+    EXPECT_TRUE(text.hasFillColour);
+    EXPECT_EQ(text.fillColour, 5);
+    EXPECT_EQ(text.fillTrueColour, 255);
+    EXPECT_EQ(text.fillScale, 1.2);
+}
+
+TEST(ReadEntity, OldMTextsHaveColumnsInExtendedData)
+{
+    const ReadBlock block({{0, "MTEXT"},
+                           {1, "text"},
+                           {1001, "OTHER"},
+                           {1070, "75"},
+                           {1070, "9"},
+                           {1001, "ACAD"},
+                           {1070, "75"},
+                           {1070, "9"},
+                           {1000, "ACAD_MTEXT_COLUMN_INFO_BEGIN"},
+                           {1070, "75"},
+                           {1070, "2"},
+                           {1070, "79"},
+                           {1070, "0"},
+                           {1070, "76"},
+                           {1070, "3"},
+                           {1070, "78"},
+                           {1070, "1"},
+                           {1070, "48"},
+                           {1040, "20"},
+                           {1070, "49"},
+                           {1040, "1.5"},
+                           {1070, "50"},
+                           {1070, "2"},
+                           {1040, "7"},
+                           {1040, "0"},
+                           {1000, "ACAD_MTEXT_COLUMN_INFO_END"},
+                           {1000, "ACAD_MTEXT_COLUMNS_BEGIN"},
+                           {1070, "47"},
+                           {1070, "3"},
+                           {1005, "2E"},
+                           {1005, "2F"},
+                           {1000, "ACAD_MTEXT_COLUMNS_END"},
+                           {1000, "ACAD_MTEXT_DEFINED_HEIGHT_BEGIN"},
+                           {1070, "46"},
+                           {1040, "50"},
+                           {1000, "ACAD_MTEXT_DEFINED_HEIGHT_END"},
+                           {1070, "75"},
+                           {1070, "9"},
+                           {1001, "OTHER"},
+                           {1000, "ACAD_MTEXT_COLUMN_INFO_BEGIN"},
+                           {1070, "76"},
+                           {1070, "9"}});
+    const MText& text = block.As<MText>();
+    EXPECT_EQ(text.columnType, 2);
+    EXPECT_EQ(text.columns, 3);
+    EXPECT_EQ(text.columnsFlowReversed, 1);
+    EXPECT_EQ(text.columnWidth, 20);
+    EXPECT_EQ(text.columnGutter, 1.5);
+    EXPECT_EQ(text.columnHeights, (std::vector<double>{7, 0}));
+    EXPECT_EQ(text.linkedColumns, 2U);
+    EXPECT_EQ(text.definedHeight, 50);
+}
+
 TEST(ReadEntity, TheLaterOfAnMTextsDirectionAndRotationCounts)
 {
     EXPECT_FALSE(ReadBlock({{0, "MTEXT"}, {11, "0"}, {21, "1"}, {50, "30"}}).As<MText>().hasDirection);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -60,10 +61,12 @@ public:
     {
         RecordingSink sink;
         const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report};
-        const PartStyler styleOf = [](const StyleOfPart& part) {
+        const PartStyler styleOf = [this](const StyleOfPart& part) {
             Style style;
             style.colour.index = part.colour;
             style.weight = part.weight;
+            if (const auto found = dashed.find(part.lineType); found != dashed.end())
+                style.lineType = &found->second;
             return style;
         };
         DrawDimension(dimension, placement, styleOf, [&](const Block& block, const Matrix& at, const Style&) {
@@ -78,6 +81,7 @@ public:
     Drawing drawing;
     Matrix matrix;
     Report report;
+    std::map<NameId, LineType> dashed; // line types that recordings tell by their dashes
 };
 
 // Those of one colour, without it.
@@ -221,6 +225,10 @@ TEST(DrawDimension, APointThatIsTheDefinitionPointOnceMoreIsNoPlaceOfTheText)
     EXPECT_EQ(trial.Draw(dimension), own);
     dimension.kind = kPlacedByUser;
     EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 20,9 along 2,0 up 0,2 middle"});
+    trial.drawing.header["$ACADVER"].values = {{1, "AC1009"}};
+    EXPECT_EQ(TextPart(trial.Draw(dimension)), TextPart(own));
+    dimension.textPoint.x += 5;
+    EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 25,9 along 2,0 up 0,2 middle"});
 }
 
 TEST(DrawDimension, AMovedTextHasALeader)
@@ -540,6 +548,54 @@ TEST(DrawDimension, WithoutAStyleTheDrawingsVariablesCount)
     EXPECT_EQ(trial.Draw(dimension)[0], "line 0,2 0,11.8 colour 0");
     EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{});
     EXPECT_EQ(OfColour(trial.Draw(dimension), 0).back().substr(0, 11), "text '20.0'");
+}
+
+TEST(DrawDimension, WithoutAnyVariableSizesAreOneUnit)
+{
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    dimension.style = trial.drawing.names.Of("MISSING");
+    const Lines lines = trial.Draw(dimension);
+    EXPECT_EQ(lines[0], "line 0,0.25 0,10.5 colour 0");
+    EXPECT_EQ(lines.back(), "text '20.0000' at 10,9.5 along 1,0 up 0,1 middle colour 0");
+}
+
+TEST(DrawDimension, LinesHaveTheirLineTypes)
+{
+    Trial trial;
+    trial.drawing.lineTypeOfHandle = {{0xA, trial.drawing.names.Of("DASHED")},
+                                      {0xB, trial.drawing.names.Of("DOTTED")}};
+    trial.dashed[trial.drawing.names.Of("DASHED")].dashes = {2, -1};
+    trial.dashed[trial.drawing.names.Of("DOTTED")].dashes = {0, -1};
+    Dimension dimension = trial.Linear();
+    dimension.text = " ";
+    dimension.overrides = {{345, "A"}, {346, "B"}};
+    EXPECT_EQ(trial.Draw(dimension), (Lines{
+                                         "line 0,0.5 0,11 colour 2 dashes 0 -1",
+                                         "line 20,0.5 20,11 colour 2",
+                                         "line 1,10 19,10 colour 1 dashes 2 -1",
+                                         "fill 0,10 1,10.1667 1,9.83333 colour 1",
+                                         "fill 20,10 19,9.83333 19,10.1667 colour 1",
+                                     }));
+    dimension.overrides = {{347, "A"}, {346, "C"}};
+    const Lines lines = trial.Draw(dimension);
+    EXPECT_EQ(lines[0], "line 0,0.5 0,11 colour 2");
+    EXPECT_EQ(lines[1], "line 20,0.5 20,11 colour 2 dashes 2 -1");
+}
+
+TEST(DrawDimension, TheTextMayHaveAColourBehindIt)
+{
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    dimension.text = "A";
+    const auto behind = [&](const char* fill) {
+        dimension.overrides = {{69, fill}, {70, "4"}};
+        const Lines lines = trial.Draw(dimension);
+        return lines[lines.size() - 2];
+    };
+    EXPECT_EQ(behind("0").substr(0, 4), "fill"); // an arrowhead
+    EXPECT_EQ(behind("1"), "mask 8.156,8 11.844,8 11.844,12 8.156,12");
+    EXPECT_EQ(behind("2"), "fill 8.156,8 11.844,8 11.844,12 8.156,12 colour 4");
 }
 
 TEST(DrawDimension, AStyleThatIsSilentHasTheFormatsValues)

@@ -433,17 +433,94 @@ TEST(DrawMText, ColumnsFromTheRight)
               (Lines{"text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'B' at 0,-1 along 1,0 up 0,1 start"}));
 }
 
+TEST(DrawMText, WhatIsLinkedMayHoldTheFurtherColumns)
+{
+    MText text = InColumns("A\\PB\\N", 2); // a third line would have no room
+    text.linkedColumns = 1;
+    const Lines one{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                    "text 'B' at 0,-2.66667 along 1,0 up 0,1 start"};
+    EXPECT_EQ(Drawn(text), one);
+    text.definedHeight = 2.2; // less than two lines take, but by no more than another font's letters may
+    EXPECT_EQ(Drawn(text), one);
+    text.definedHeight = 1;
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 5,-1 along 1,0 up 0,1 start"}));
+    text.definedHeight = 0; // no end
+    EXPECT_EQ(Drawn(text), one);
+    text.text = "A\\NB";
+    EXPECT_EQ(Drawn(text),
+              (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 5,-1 along 1,0 up 0,1 start"}));
+}
+
+MText Filled(std::int32_t fill)
+{
+    MText text = Wrapped("A\\PB", 5);
+    text.fill = fill;
+    return text;
+}
+
+// What is drawn before the text.
+Lines BehindOf(const MText& text)
+{
+    Lines lines = Drawn(text);
+    while (!lines.empty() && lines.back().starts_with("text"))
+        lines.pop_back();
+    return lines;
+}
+
+TEST(DrawMText, AColourBehindIsAFill)
+{
+    MText text = Filled(1);
+    text.hasFillColour = true;
+    text.fillColour = 3;
+    EXPECT_EQ(BehindOf(text), Lines{"fill -0.5,-3.16667 5.5,-3.16667 5.5,0.5 -0.5,0.5 colour 3"});
+    text.fillTrueColour = 0x102030;
+    text.fillScale = 1;
+    text.attachment = 9;
+    EXPECT_EQ(BehindOf(text), Lines{"fill -5,0 0,0 0,2.66667 -5,2.66667 rgb 102030"});
+    text.fill = 0;
+    EXPECT_EQ(BehindOf(text), Lines{});
+}
+
+TEST(DrawMText, TheBackgroundsColourBehindIsAMask)
+{
+    MText text = Filled(3);
+    text.hasFillColour = true;
+    EXPECT_EQ(BehindOf(text), Lines{"mask -0.5,-3.16667 5.5,-3.16667 5.5,0.5 -0.5,0.5"});
+    EXPECT_EQ(BehindOf(Filled(2)), BehindOf(text));
+    EXPECT_EQ(BehindOf(Filled(1)), BehindOf(text)); // a colour that the file does not give
+}
+
+TEST(DrawMText, AFrameIsAroundWhatIsBehind)
+{
+    EXPECT_EQ(BehindOf(Filled(16)), Lines{"closed polyline -0.5,-3.16667 5.5,-3.16667 5.5,0.5 -0.5,0.5"});
+    MText text = Filled(18);
+    text.rotation = 90;
+    EXPECT_EQ(BehindOf(text), (Lines{"mask 3.16667,-0.5 3.16667,5.5 -0.5,5.5 -0.5,-0.5",
+                                     "closed polyline 3.16667,-0.5 3.16667,5.5 -0.5,5.5 -0.5,-0.5"}));
+}
+
+TEST(DrawMText, NothingIsBehindATextWithoutLetters)
+{
+    MText text = Filled(1);
+    text.text = "";
+    EXPECT_EQ(Drawn(text), Lines{});
+    text.text = "A";
+    text.fillScale = 1e300; // as without a margin
+    EXPECT_EQ(BehindOf(text), Lines{"mask 0,-1 5,-1 5,0 0,0"});
+    text.point.x = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(BehindOf(text), Lines{});
+}
+
 TEST(DrawMText, WhatIsLeftOutIsReported)
 {
     TextTrial trial;
     MText text = Simple("\\T2;A");
-    text.fill = 1;
     text.flow = 3;
     trial.Draw(text);
     EXPECT_EQ(trial.Findings(),
               (Lines{"Changed MTEXT: vertical writing is drawn along a line (1 from line 7)",
-                     "Changed MTEXT: without distances between letters (1 from line 7)",
-                     "Changed MTEXT: without its background fill (1 from line 7)"}));
+                     "Changed MTEXT: without distances between letters (1 from line 7)"}));
 }
 
 TEST(DrawMText, BlanksAloneAreLeftOutSilently)

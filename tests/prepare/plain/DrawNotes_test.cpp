@@ -95,6 +95,25 @@ TEST(DrawNotes, ALeadersTextIsLaidOutAsAnMText)
                                          "text 'B' at 18,20 along 0,3 up -3,0 end colour 5"}));
 }
 
+TEST(DrawNotes, ALeadersTextMayHaveAColourAndAFrameBehindIt)
+{
+    TextTrial trial;
+    MultiLeader leader;
+    leader.contentType = 2;
+    leader.text = "A";
+    leader.textHeight = 1;
+    leader.textWidth = 4;
+    leader.hasFill = 1;
+    leader.fillColour = static_cast<std::int32_t>(0xC3000005);
+    leader.fillScale = 2;
+    EXPECT_EQ(trial.Draw(leader).front(), "fill -1,-2 5,-2 5,1 -1,1 colour 5");
+    leader.fillsAsWindow = 1;
+    leader.hasFrame = 1;
+    const Lines lines = trial.Draw(leader);
+    EXPECT_EQ(lines[0], "mask -1,-2 5,-2 5,1 -1,1");
+    EXPECT_EQ(lines[1].substr(0, 38), "closed polyline -1,-2 5,-2 5,1 -1,1 co");
+}
+
 TEST(DrawNotes, ALeaderWithABlockHasNoText)
 {
     TextTrial trial;
