@@ -279,7 +279,8 @@ void Collector::KeepText()
 {
     if (!HasTexts())
         return;
-    m_info.texts.push_back({m_type, m_layerName, m_inBlock ? m_block : std::string(), m_text, m_line});
+    const std::string block = m_inBlock ? m_block : std::string();
+    m_info.texts.push_back({m_type, m_layerName, block, m_text, m_line, {}, {}});
 }
 
 void Collector::TakeValue(int code, std::string_view value, std::uint64_t line)

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -106,8 +107,12 @@ struct TextInfo {
     std::string type;
     std::string layer;
     std::string block; // empty in the ENTITIES section
-    std::string text;
+    std::string text;  // as the file has it, with its codes
     std::uint64_t line = 0;
+    // Unless the drawing is told as it is: what the text says, with line feeds, and where it is, in the
+    // coordinates of the drawing or the block.
+    std::string words;
+    std::optional<HeaderPoint> place;
 };
 
 struct DrawingInfo {

@@ -72,7 +72,10 @@ public:
             m_json.Open('{').Member("line", text.line).Member("type", m_page.Utf8(text.type));
             m_json.Member("layer", m_page.Utf8(text.layer));
             Text("block", text.block);
-            m_json.Member("text", m_page.Utf8(text.text)).Close('}');
+            m_json.Member("text", m_page.Utf8(text.text));
+            if (m_becoming != nullptr)
+                AddWords(text);
+            m_json.Close('}');
         }
         m_json.Close(']');
     }
@@ -94,6 +97,15 @@ private:
             m_json.Name(name).Null();
         else
             m_json.Member(name, m_page.Utf8(text));
+    }
+
+    void AddWords(const TextInfo& text)
+    {
+        m_json.Member("words", text.words).Name("place");
+        if (text.place)
+            m_json.Open('[').Number(text.place->x).Number(text.place->y).Close(']');
+        else
+            m_json.Null();
     }
 
     void AddBecoming(const TypeInfo& type)

@@ -10,6 +10,8 @@
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"
 
+#include <algorithm>
+
 namespace plexorn {
 
 namespace {
@@ -138,6 +140,8 @@ public:
 
     void AddTexts()
     {
+        if (m_becoming != nullptr)
+            return AddWords();
         Table table({"texts", ">line", "layer", "block", "text"});
         for (const TextInfo& text : m_info.texts)
             table.Add({Safe(text.type), std::to_string(text.line), Safe(text.layer), Safe(text.block),
@@ -153,6 +157,18 @@ public:
     }
 
 private:
+    void AddWords()
+    {
+        Table table({"texts", ">line", "layer", "block", "place", "words"});
+        for (const TextInfo& text : m_info.texts) {
+            std::string words = text.words;
+            std::replace(words.begin(), words.end(), '\n', ' ');
+            table.Add({Safe(text.type), std::to_string(text.line), Safe(text.layer), Safe(text.block),
+                       text.place ? PointText(*text.place) : std::string(), Printable(words)});
+        }
+        Add(table);
+    }
+
     std::string Safe(std::string_view text) const { return Printable(m_page.Utf8(text)); }
 
     std::string BecomingText(const TypeInfo& type) const

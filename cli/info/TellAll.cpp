@@ -1,6 +1,7 @@
 #include "cli/info/TellAll.h"
 
 #include "cli/contents/Collector.h"
+#include "cli/contents/Texts.h"
 #include "cli/files/Inputs.h"
 #include "cli/files/ReadFiles.h"
 #include "cli/files/Source.h"
@@ -36,10 +37,12 @@ struct Told {
 Told ReadWhole(Source& source, const Options& options)
 {
     Told told;
-    told.info = CollectInfo(source.Rewound(), options.withTexts);
+    told.info = CollectInfo(source.Rewound(), options.withTexts && options.isAsIs);
     if (told.info.header.readError != 0)
         throw std::system_error(told.info.header.readError, std::generic_category());
     if (!options.isAsIs) {
+        if (options.withTexts)
+            told.info.texts = TextsOf(source, options);
         told.becoming = BecomingOf(source, options);
         AddSheets(told.info, told.becoming->share);
     }

@@ -1,9 +1,9 @@
 #include "prepare/plain/DrawText.h"
 
-#include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextPieces.h"
 #include "prepare/plain/TextStyles.h"
+#include "prepare/plain/TextWords.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,63 +14,6 @@ namespace {
 
 enum Horizontal { kLeft, kCentre, kRight, kAligned, kMiddle, kFit };
 enum Vertical { kBaseLine, kBottom, kHalfWay, kTop };
-
-// The words that are shown, and the parts with lines along them, in heights of capitals.
-struct Words {
-    std::string text;
-    std::vector<LinedPart> linedParts;
-    double width = 0;
-};
-
-class WordsReader {
-public:
-    explicit WordsReader(std::string_view codePage) : m_codePage(codePage) {}
-
-    Words Read(std::string_view text)
-    {
-        while (!text.empty()) {
-            const std::size_t plain = std::min(text.find_first_of("%\\^", 0), text.size());
-            Add(text.substr(0, plain));
-            text.remove_prefix(plain);
-            text.remove_prefix(Code(text));
-        }
-        Toggle(m_lines);
-        return std::move(m_words);
-    }
-
-private:
-    void Add(std::string_view letters)
-    {
-        const std::size_t before = m_words.text.size();
-        AppendWithoutControls(m_words.text, letters);
-        m_words.width += TextWidth(std::string_view(m_words.text).substr(before));
-    }
-
-    // Returns how many bytes it takes.
-    std::size_t Code(std::string_view text)
-    {
-        if (text.empty())
-            return 0;
-        const TextCode code = ReadTextCode(text, m_codePage);
-        if (code.toggled != 0)
-            Toggle(code.toggled);
-        Add(code.size != 0 ? std::string_view(code.letters) : text.substr(0, 1));
-        return std::max<std::size_t>(code.size, 1);
-    }
-
-    void Toggle(std::uint8_t lines)
-    {
-        if (m_lines != 0 && m_words.width > m_start)
-            m_words.linedParts.push_back({m_start, m_words.width, m_lines});
-        m_lines ^= lines;
-        m_start = m_words.width;
-    }
-
-    const std::string_view m_codePage;
-    Words m_words;
-    std::uint8_t m_lines = 0;
-    double m_start = 0;
-};
 
 // Where a text is and how it is laid down, in object coordinates.
 struct TextLayout {
@@ -206,7 +149,7 @@ std::string_view ShownText(const Text& entity)
 void DrawText(const Text& entity, const Placement& placement, std::string_view typeName)
 {
     const Drawing& drawing = placement.drawing;
-    Words words = WordsReader(drawing.header.Text("$DWGCODEPAGE")).Read(ShownText(entity));
+    Words words = ReadWords(ShownText(entity), drawing.header.Text("$DWGCODEPAGE"));
     const TextLayout layout = LayoutOf(entity, words, drawing);
     TextDrawer drawer(placement, FrameOf(entity, layout, placement.matrix), typeName, entity.line,
                       entity.style);

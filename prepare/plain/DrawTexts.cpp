@@ -1,6 +1,7 @@
 #include "prepare/plain/DrawEntity.h"
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/DrawText.h"
+#include "prepare/plain/TextWords.h"
 
 namespace prepare {
 
@@ -16,12 +17,6 @@ std::string_view TypeNameOf(EntityType type)
     default:
         return "TEXT";
     }
-}
-
-// An attribute of several lines has their codes in its text, too.
-bool IsOfSeveralLines(const Text& entity)
-{
-    return entity.hasMText && entity.text.find_first_of("\\{") != std::string::npos;
 }
 
 } // namespace

@@ -288,6 +288,36 @@ class Prepared(InfoTest):
             "line 51: file: ends without EOF",
             "1 entity is on layers that are off or frozen (--layers all shows such layers)"])
 
+    def test_texts_are_told_in_plain_words_with_their_places(self):
+        drawing = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B",
+                      "0", "ATTDEF", "8", "Notes", "10", "1", "20", "2", "2", "TAG", "1", "%%uof a block%%u",
+                      "0", "ENDBLK", "0", "ENDSEC", "0", "SECTION", "2", "ENTITIES",
+                      "0", "MTEXT", "10", "1.5", "20", "-2", "1", r"{\C1;one}\Ptwo \S1/2;~\U+00B0",
+                      "0", "TEXT", "10", "3", "20", "4", "230", "-1", "1", "%%c 5^I%%p",
+                      "0", "INSERT", "2", "B", "66", "1",
+                      "0", "ATTRIB", "10", "7", "20", "8", "1", "value", "0", "SEQEND",
+                      "0", "TOLERANCE", "10", "9", "1", r"{\Fgdt;j}%%v0.1^JA", "0", "TEXT", "1", "",
+                      "0", "ENDSEC", "0", "EOF")
+        texts = self.info(drawing, "--texts")["texts"]
+        self.assertEqual([(text["type"], text["block"], text["words"], text["place"]) for text in texts],
+                         [("ATTDEF", "B", "of a block", [1, 2]),
+                          ("MTEXT", None, "one\ntwo 1/2~°", [1.5, -2]),
+                          ("TEXT", None, "Ø 5 ±", [-3, 4]),
+                          ("ATTRIB", None, "value", [7, 8]),
+                          ("TOLERANCE", None, "⌖   0.1\nA", [9, 0])])
+        self.assertEqual((texts[0]["line"], texts[0]["layer"], texts[0]["text"]),
+                         (line_of(drawing, "ATTDEF"), "Notes", "%%uof a block%%u"))
+        words = " ".join(self.plexorn("info", "plan.dxf", "--texts").stdout.split())
+        self.assertIn("(1.5, -2) one two 1/2~° TEXT", words)
+
+    def test_texts_before_the_blocks_are_told_in_the_order_of_the_file(self):
+        text = ("0", "TEXT", "10", "1", "1")
+        drawing = dxf("0", "SECTION", "2", "ENTITIES", *text, "first", "0", "ENDSEC",
+                      "0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B", *text, "second", "0", "ENDBLK",
+                      "0", "ENDSEC", "0", "EOF")
+        self.assertEqual([(text["words"], text["block"]) for text in self.info(drawing, "--texts")["texts"]],
+                         [("first", None), ("second", "B")])
+
     def test_the_sum_of_several(self):
         self.write("a.dxf", entities(*LINE, *self.UNSHOWN))
         self.write("b.dxf", entities(*LINE, *self.UNSHOWN, *self.UNSHOWN))

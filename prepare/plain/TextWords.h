@@ -1,0 +1,31 @@
+// What texts say, without their codes.
+#pragma once
+
+#include "prepare/drawing/Drawing.h"
+#include "prepare/plain/TextPieces.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace prepare {
+
+// The words of a single line, with the parts that have lines along them; lengths in heights of capitals.
+struct Words {
+    std::string text; // UTF-8
+    std::vector<LinedPart> linedParts;
+    double width = 0;
+};
+Words ReadWords(std::string_view text, std::string_view codePage);
+
+// Whether an attribute is one of several lines, whose text has the codes of an MTEXT.
+bool IsOfSeveralLines(const Text& attribute);
+
+// The text of an entity as the file has it, with its codes; empty for an entity that has none.
+std::string RawTextOf(const Entity& entity);
+
+// What an entity says. Paragraphs, columns and cells end in line feeds, but for the last one; the parts of a
+// fraction have a slash or a blank between them.
+std::string PlainWordsOf(const Entity& entity, const Drawing& drawing);
+
+} // namespace prepare
