@@ -32,9 +32,14 @@ std::string_view NumberedCodePage(std::string_view name)
     return name;
 }
 
+bool IsUtf8(std::string_view name)
+{
+    return EndsInLetters(name, "UTF-8") || EndsInLetters(name, "UTF8");
+}
+
 bool IsEncoding(std::string_view name)
 {
-    if (EndsInLetters(name, "UTF-8") || EndsInLetters(name, "UTF8"))
+    if (IsUtf8(name))
         return true;
     const std::string_view numbered = NumberedCodePage(name);
     return !numbered.empty() && IsDigit(numbered.back()) && NamedCodePage(numbered).IsKnown();

@@ -274,7 +274,7 @@ bool Pass::ReadIndex()
 void Pass::ReadEntities(Report* report)
 {
     m_notesSections = false;
-    m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"));
+    m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"), m_drawing.header.Text("$ACADVER"));
     GiveLayoutBlocks();
     for (std::string_view name; !(name = NextSection()).empty();) {
         if (name != "ENTITIES")

@@ -197,7 +197,8 @@ void ReadHeader(RecordReader& reader)
             variable->values.emplace_back(reader.Code(), reader.Text(value));
         }
     }
-    reader.SetCodePage(reader.drawing.header.Text("$DWGCODEPAGE"));
+    const Header& header = reader.drawing.header;
+    reader.SetCodePage(header.Text("$DWGCODEPAGE"), header.Text("$ACADVER"));
 }
 
 void ReadTableEntry(RecordReader& reader)

@@ -26,10 +26,13 @@ RecordReader::RecordReader(CDxfSource& source, std::string_view encoding, Drawin
 {
 }
 
-void RecordReader::SetCodePage(std::string_view name)
+void RecordReader::SetCodePage(std::string_view name, std::string_view version)
 {
-    if (!m_hasEncoding)
-        m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
+    constexpr std::string_view kR2007 = "AC1021";
+    if (m_hasEncoding)
+        return;
+    m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
+    m_isOtherPage = !name.empty() && !version.empty() && version < kR2007 && !IsUtf8(name);
 }
 
 std::string_view RecordReader::Word()
@@ -63,13 +66,32 @@ std::string RecordReader::Text(std::string_view value) const
 {
     while (value.ends_with('\r'))
         value.remove_suffix(1);
-    return IsAscii(value) ? std::string(value) : m_codePage->Utf8(value);
+    return IsAscii(value) ? std::string(value) : Decoded(value);
+}
+
+// In UTF-8, with a word in the report on what is not as the file says.
+std::string RecordReader::Decoded(std::string_view value) const
+{
+    std::string text = m_codePage->Utf8(value);
+    if (text == value) {
+        if (m_isOtherPage)
+            Note(Finding::Repaired, "file", "a text is UTF-8, not in the drawing's code page", Line() + 1);
+        return text;
+    }
+    constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+    std::uint64_t replaced = 0;
+    for (std::size_t at = text.find(kReplacement); at != std::string::npos; ++replaced)
+        at = text.find(kReplacement, at + kReplacement.size());
+    if (replaced != 0)
+        Note(Finding::Repaired, "file", "a byte that is no character of the code page is U+FFFD", Line() + 1,
+             replaced);
+    return text;
 }
 
 NameId RecordReader::Name(std::string_view value)
 {
     const std::string_view name = Trim(value);
-    return IsAscii(name) ? drawing.names.Of(name) : drawing.names.Of(m_codePage->Utf8(name));
+    return IsAscii(name) ? drawing.names.Of(name) : drawing.names.Of(Decoded(name));
 }
 
 // ParseReal gives 0 for words and 1 for "1.#QNAN", as some programs write invalid numbers.

@@ -130,13 +130,14 @@ public:
     bool TakeIsBroken() { return std::exchange(m_isBroken, false); }
     bool TakeIsCut() { return std::exchange(m_isCut, false); }
 
-    // How texts are read from now on; without effect when the encoding was given.
-    void SetCodePage(std::string_view name);
+    // How texts are read from now on; without effect when the encoding was given. version is the drawing's
+    // $ACADVER: from R2007 on texts are UTF-8.
+    void SetCodePage(std::string_view name, std::string_view version);
 
     // Findings go to this report from now on; nowhere if it is null.
     void SetReport(Report* report) { m_report = report; }
     void Note(Finding finding, std::string_view subject, std::string_view detail, std::uint64_t line,
-              std::uint64_t times = 1)
+              std::uint64_t times = 1) const
     {
         if (m_report != nullptr)
             m_report->Add(finding, subject, detail, line, times);
@@ -147,6 +148,7 @@ public:
     std::int32_t phase = 0;
 
 private:
+    std::string Decoded(std::string_view value) const;
     double LookAtReal(std::string_view value, double real);
     void Cut()
     {
@@ -178,6 +180,7 @@ private:
     bool m_hasEncoding; // given by the caller, so what the file says does not count
     std::unique_ptr<NamedCodePage> m_codePage;
     std::string m_word;
+    bool m_isOtherPage = false; // the file says that its texts are not UTF-8
     bool m_isAgain = false;
     bool m_hasPair = false;
     bool m_isBroken = false;
