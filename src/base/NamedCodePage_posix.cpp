@@ -54,9 +54,13 @@ std::string NamedCodePage::Converted(std::string_view text) const
     char* target = out.data();
     std::size_t sourceLeft = in.size();
     std::size_t targetLeft = out.size();
+    // Some converters hold a letter back until they see whether an accent follows. Without input they give
+    // it.
+    const auto giveHeldBack = [&] { iconv(m_converter, nullptr, nullptr, &target, &targetLeft); };
     iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
     while (iconv(m_converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1)) {
         // An invalid byte, or the text ends within a character.
+        giveHeldBack();
         if (sourceLeft == 0 || targetLeft < kReplacement.size())
             return {};
         kReplacement.copy(target, kReplacement.size());
@@ -64,8 +68,8 @@ std::string NamedCodePage::Converted(std::string_view text) const
         targetLeft -= kReplacement.size();
         ++source;
         --sourceLeft;
-        iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
     }
+    giveHeldBack();
     out.resize(out.size() - targetLeft);
     return out;
 }

@@ -42,8 +42,16 @@ TEST(Encoding, AWrongOrMissingByteIsReplacedAlone)
 {
     EXPECT_EQ(Converted("ANSI_932", "\x82\xA0\x82"), "\u3042\uFFFD");
     EXPECT_EQ(Converted("ANSI_874", "\xA1\xDB\xA1"), "\u0E01\uFFFD\u0E01");
+    EXPECT_EQ(Converted("ANSI_1255", "\xF9\xD9\xF9"), "\u05E9\uFFFD\u05E9");
 }
 #endif
+
+// Their letters may be joined with what follows them.
+TEST(Encoding, TheLastLetterIsNotHeldBack)
+{
+    EXPECT_EQ(Converted("ANSI_1255", "\xF9\xE5\xFA"), "\u05E9\u05D5\u05EA");
+    EXPECT_EQ(Converted("ANSI_1258", "\xE2"), "\u00E2");
+}
 
 TEST(Encoding, OnlyNamesOfCodePagesAreEncodings)
 {
