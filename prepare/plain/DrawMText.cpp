@@ -133,6 +133,8 @@ private:
     {
         switch (m_content.paragraphs[line.paragraph].alignment) {
         case LineAlignment::Left:
+        case LineAlignment::Justified:
+        case LineAlignment::Distributed:
             return 0;
         case LineAlignment::Centre:
             return 0.5;

@@ -354,9 +354,11 @@ private:
     {
         switch (letter) {
         case 'l':
-        case 'j':
-        case 'd':
             return LineAlignment::Left;
+        case 'j':
+            return LineAlignment::Justified;
+        case 'd':
+            return LineAlignment::Distributed;
         case 'c':
             return LineAlignment::Centre;
         case 'r':

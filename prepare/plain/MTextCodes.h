@@ -25,7 +25,8 @@ struct RunLook {
     friend bool operator==(const RunLook&, const RunLook&) = default;
 };
 
-enum class LineAlignment : std::uint8_t { AsAttached, Left, Centre, Right };
+// Justified lines take all of their width, but for the last one of a paragraph; distributed ones all do.
+enum class LineAlignment : std::uint8_t { AsAttached, Left, Centre, Right, Justified, Distributed };
 
 // How a paragraph's lines are laid out; lengths in drawing units.
 struct ParagraphLook {

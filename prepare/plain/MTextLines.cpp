@@ -27,6 +27,84 @@ constexpr double kFractionGap = 0.4;
 constexpr double kDiagonalGap = -0.2;
 constexpr double kFractionMargin = 0.1;
 
+// Makes the blanks of a line wider, so that it takes the room. Those of parts with lines along them stay.
+class Stretcher {
+public:
+    Stretcher(const MTextContent& content, TextLine& line) : m_content(content), m_line(line) {}
+
+    void Stretch(double room)
+    {
+        const bool hasTabs = std::any_of(m_line.parts.begin(), m_line.parts.end(),
+                                         [](const LinePart& part) { return part.isAfterTab; });
+        std::size_t blanks = 0;
+        for (const LinePart& part : m_line.parts)
+            blanks += part.blanks + BlanksIn(part);
+        if (hasTabs || blanks == 0 || !(room > m_line.width))
+            return;
+        m_more = (room - m_line.width) / static_cast<double>(blanks);
+        for (const LinePart& part : m_line.parts)
+            Take(part);
+        m_line.parts = std::move(m_parts);
+        m_line.width = room;
+    }
+
+private:
+    bool MayBeSplit(const LinePart& part) const
+    {
+        return !IsFraction(part.kind) && m_content.looks[part.look].lines == 0;
+    }
+
+    std::size_t BlanksIn(const LinePart& part) const
+    {
+        return MayBeSplit(part)
+                   ? static_cast<std::size_t>(std::count(part.text.begin(), part.text.end(), ' '))
+                   : 0;
+    }
+
+    void Take(const LinePart& part)
+    {
+        Widen(part.blanks);
+        if (!MayBeSplit(part))
+            return Add(part, part.x);
+        const RunLook& look = m_content.looks[part.look];
+        double x = part.x;
+        for (std::string_view rest = part.text; !rest.empty();) {
+            const std::size_t blanks = std::min(rest.find_first_not_of(' '), rest.size());
+            Widen(blanks);
+            x += WidthOf(rest.substr(0, blanks), look);
+            rest.remove_prefix(blanks);
+            LinePart word = part;
+            word.text = rest.substr(0, rest.find(' '));
+            word.width = WidthOf(word.text, look);
+            rest.remove_prefix(word.text.size());
+            const double width = word.width;
+            if (!word.text.empty())
+                Add(std::move(word), x);
+            x += width;
+        }
+    }
+
+    void Widen(std::size_t blanks)
+    {
+        m_blanks += blanks;
+        m_shift += m_more * static_cast<double>(blanks);
+    }
+
+    void Add(LinePart part, double x)
+    {
+        part.x = x + m_shift;
+        part.blanks = std::exchange(m_blanks, 0);
+        m_parts.push_back(std::move(part));
+    }
+
+    const MTextContent& m_content;
+    TextLine& m_line;
+    double m_more = 0; // of each blank
+    double m_shift = 0;
+    std::size_t m_blanks = 0; // since the last part
+    std::vector<LinePart> m_parts;
+};
+
 class LineBreaker {
 public:
     LineBreaker(const MTextContent& content, double width) : m_content(content), m_limit(width) {}
@@ -62,6 +140,8 @@ private:
             first = next;
         }
         AddLinedBlanks();
+        if (Paragraph().alignment == LineAlignment::Distributed)
+            Stretch();
         m_line.endsColumn = ending.kind == Kind::ColumnEnd;
         if (m_line.height == 0)
             m_line.height = m_content.looks[ending.look].height;
@@ -87,11 +167,12 @@ private:
     // From the left side of the column to the line's start.
     double Indent() const { return Paragraph().left + (m_line.isFirst ? Paragraph().firstIndent : 0); }
 
+    double Room() const { return m_limit - Indent() - Paragraph().right; }
+
     bool Fits(double width) const
     {
         constexpr double kRounding = 1e-6;
-        const double room = m_limit - Indent() - Paragraph().right;
-        return !(m_limit > 0) || m_x + width <= room * (1 + kRounding);
+        return !(m_limit > 0) || m_x + width <= Room() * (1 + kRounding);
     }
 
     double WidthOfItems(std::size_t first, std::size_t end) const
@@ -208,7 +289,16 @@ private:
     void BreakLine()
     {
         m_blanks.clear();
+        if (Paragraph().alignment == LineAlignment::Justified ||
+            Paragraph().alignment == LineAlignment::Distributed)
+            Stretch();
         EndLine();
+    }
+
+    void Stretch()
+    {
+        if (m_limit > 0)
+            Stretcher(m_content, m_line).Stretch(Room());
     }
 
     void EndLine()

@@ -587,6 +587,22 @@ TEST(DrawMText, RunsOfALineAreGivenTogetherWithTheBlanksBetweenThem)
     EXPECT_EQ(LinesIn(Simple("A")).whole, Lines{});
 }
 
+// Each word is at its own place, the lines are whole.
+TEST(DrawMText, JustifiedLinesTakeTheirWidth)
+{
+    const LinesOfText justified = LinesIn(Wrapped("\\pqj;A B A B", 4));
+    EXPECT_EQ(justified.whole, Lines{"0: 'A_' 'B_' 'A'"});
+    EXPECT_EQ(justified.lines, (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                      "text 'B' at 1.5765,-1 along 1,0 up 0,1 start",
+                                      "text 'A' at 3.156,-1 along 1,0 up 0,1 start",
+                                      "text 'B' at 0,-2.66667 along 1,0 up 0,1 start"}));
+    EXPECT_EQ(LinesIn(Wrapped("\\pqj,i1;A {\\C1;B }A B", 4.5)).whole, Lines{"1000: 'A_' 'B_' 'A'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;A B", 4)).whole, Lines{"0: 'A_' 'B'"});
+    EXPECT_EQ(LinesIn(Simple("\\pqd;A B")).whole, Lines{});         // no width to take
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;A^IB A", 40)).whole, Lines{}); // tabs have their places
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;{\\LA B} A", 40)).whole, Lines{"0: 'A B_' 'A'"});
+}
+
 TEST(DrawMText, TheAnchorOfRunsIsThatOfTheirLine)
 {
     MText text = Wrapped("A{\\C1;B}", 10);
