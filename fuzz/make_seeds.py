@@ -72,6 +72,20 @@ def fields():
                                         f"AcDbRotatedDimension 1000 DSTYLE {styles} 0 ENDSEC 0 EOF")
 
 
+def texts():
+    # Each formatting code, alone and in others, and what is cut off within one.
+    codes = (r"one two\Pthree", r"{\H2x;{\C1;a}{\c255;b}}\W0.5;\Q15;\T2;c", r"\S1/2;\S1^2;\S1#2;\S+0.1^ -0.1;\S{a}\/b/c;",
+             r"\LU\l\OO\o\KS\k%%uu%%oo%%kk", r"\A1;{\H0.5x;low}", r"\pi-3,l3,t3,6,c9;a^Ib^Ic\pqc;d\pqj,r2;e f g",
+             r"\fArial|b1|i0;x\Fgdt;abcj", r"%%c%%d%%p%%%%65%%065%%128%%999", r"\U+00B0\U+D83D\U+DE00\M+182A0\M+182A",
+             "^I^J^M^ ^^^", r"a\Nb\Xc\~d\\\{\}", "{" * 70 + "a" + "}" * 70, "\u4e2d\u6587\u5b57 \uac00\ud7a3", r"\S1/2", r"\H", "\\", r"\U+",
+             r"\pxi99999999999999999999,t*,;", r"<script>&amp;\P]]>")
+    headers = (b"\x00\x00\x02\x00\x00\x00\x00\x00", b"\x0f\x13\x01\x05\x01\x01\x00\x05", b"\x2b\x09\x02\x01\x04\x02\x08\x0a")
+    for number, code in enumerate(codes):
+        for kind, header in enumerate(headers):
+            yield f"code-{number}-{kind}", header + code.encode()
+    yield "all", headers[1] + "".join(codes).encode()
+
+
 def svghost():
     # Every operation once, and each of the known attributes with each of the known values.
     operations = bytes(range(14))
@@ -145,8 +159,8 @@ def command():
     yield from of_drawings(b"\x01\x00")
 
 
-TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields, "svghost": svghost,
-           "prepare": prepare, "command": command}
+TARGETS = {"stream": stream, "numbers": numbers, "import": import_, "fields": fields, "texts": texts,
+           "svghost": svghost, "prepare": prepare, "command": command}
 
 
 def main(folder):

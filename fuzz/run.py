@@ -17,8 +17,9 @@ DICTIONARY = os.path.join(ROOT, "fuzz", "dxf.dict")
 # The longest inputs of each target in the two parts of its time. Short ones, tens of times as fast, try many more
 # things side by side; long ones are whole drawings.
 SHORT_SHARE = 0.75
-SHORT = {"stream": 64, "numbers": 24, "import": 200, "fields": 200, "svghost": 64, "prepare": 300, "command": 100}
-LONGEST = {"stream": 2048, "numbers": 200, "import": 4096, "fields": 4096, "svghost": 4096, "prepare": 4096,
+SHORT = {"stream": 64, "numbers": 24, "import": 200, "fields": 200, "texts": 80, "svghost": 64, "prepare": 300,
+         "command": 100}
+LONGEST = {"stream": 2048, "numbers": 200, "import": 4096, "fields": 4096, "texts": 4096, "svghost": 4096, "prepare": 4096,
            "command": 4096}
 LONGEST_KEPT = 4096
 # An input of a few kilobytes that takes more seconds, or one block of more megabytes, is a finding.
@@ -37,7 +38,7 @@ def options(target, longest):
     """What every run of a target has."""
     chosen = [f"-max_len={longest[target]}", f"-timeout={LONGEST_RUN}", f"-malloc_limit_mb={LARGEST_BLOCK}",
               "-rss_limit_mb=2560", "-print_final_stats=1"]
-    if target not in ("numbers", "svghost"):
+    if target not in ("numbers", "texts", "svghost"):
         chosen.append(f"-dict={DICTIONARY}")
     if target == "command":
         chosen.append("-close_fd_mask=3")  # what the command prints
