@@ -169,7 +169,7 @@ void DrawAngle(DimensionPen& pen, Point2 vertex, Point2 onArc, Side first, Side 
     DrawSide(pen, vertex, line.radius, first);
     pen.UseExtension(isSwapped ? 0 : 1);
     DrawSide(pen, vertex, line.radius, second);
-    const std::string text = DimensionText(pen.Style(), Measured::Angle, line.sweep, pen.Entity().text);
+    const std::string text = pen.ValueText(Measured::Angle, line.sweep);
     ArcDrawing(pen, line, isSwapped, text).Draw();
 }
 
@@ -289,8 +289,7 @@ void ArcLengthDrawing::Draw()
     line.start = AngleOf(feet[0] - m_centre);
     line.sweep = Wrapped(AngleOf(feet[1] - m_centre) - line.start);
     const double measured = Length(m_start - m_centre) * m_sweep;
-    ArcDrawing drawing(m_pen, line, m_isSwapped,
-                       DimensionText(style, Measured::Length, measured, m_pen.Entity().text));
+    ArcDrawing drawing(m_pen, line, m_isSwapped, m_pen.ValueText(Measured::Length, measured));
     drawing.Draw();
     DrawSymbol(drawing.Label());
 }

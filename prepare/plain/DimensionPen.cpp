@@ -107,6 +107,31 @@ bool DimensionPen::HasTextPoint() const
     return !isDefinition && !(TextPoint() == Point2{});
 }
 
+// Programs write 0 or -1 for what they did not measure, angles in degrees too, and lengths as the style
+// scales them too.
+bool DimensionPen::IsOtherThanStated(Measured kind, double value) const
+{
+    const double stated = m_dimension.measurement;
+    if (!m_dimension.hasMeasurement || !(stated > 0))
+        return false;
+    const std::string shown = DimensionText(m_style, kind, std::fabs(value), {});
+    const auto isOther = [&](double number) {
+        constexpr double kNearly = 1e-5;
+        return !(std::fabs(std::fabs(value) - number) <= kNearly * number) &&
+               DimensionText(m_style, kind, number, {}) != shown;
+    };
+    return isOther(stated) && isOther(kind == Measured::Angle ? stated * kDegree : stated / m_style.factor);
+}
+
+std::string DimensionPen::ValueText(Measured kind, double value)
+{
+    std::string text = DimensionText(m_style, kind, value, m_dimension.text);
+    const bool showsValue = m_dimension.text.empty() || m_dimension.text.find("<>") != std::string::npos;
+    if (showsValue && IsOtherThanStated(kind, value))
+        Report(Finding::Changed, "its number is not the one that the file states");
+    return text;
+}
+
 DimensionLabel DimensionPen::Label(std::string text) const
 {
     DimensionLabel label;

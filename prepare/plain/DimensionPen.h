@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/plain/DimensionStyle.h"
+#include "prepare/plain/DimensionValue.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/Pen.h"
 
@@ -55,6 +56,9 @@ public:
     bool HasTextPoint() const;
     Point2 TextPoint() const { return {m_dimension.textPoint.x, m_dimension.textPoint.y}; }
 
+    // The text for a measured value, by DimensionText. Reports a value that is not the one that the file
+    // states.
+    std::string ValueText(Measured kind, double value);
     DimensionLabel Label(std::string text) const;
     // The direction of a label: the user's own, or horizontal, or along.
     Point2 LabelDirection(bool isHorizontal, Point2 along) const;
@@ -82,6 +86,7 @@ public:
     void Finish() { m_pen.Finish(); }
 
 private:
+    bool IsOtherThanStated(Measured kind, double value) const;
     void Use(std::int32_t colour, std::int32_t weight, NameId lineType);
     void FillBehind(MText& text) const;
     void Frame(const DimensionLabel& label);

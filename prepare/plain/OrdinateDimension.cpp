@@ -31,7 +31,7 @@ void DrawOrdinateDimension(DimensionPen& pen, bool isX)
         pen.Line(last, end);
     }
 
-    DimensionLabel label = pen.Label(DimensionText(style, Measured::Ordinate, value, dimension.text));
+    DimensionLabel label = pen.Label(pen.ValueText(Measured::Ordinate, value));
     label.along = pen.LabelDirection(false, axis);
     label.centre =
         pen.HasTextPoint() ? pen.TextPoint() : end + (label.ReachAlong(direction) + pen.Gap()) * direction;

@@ -42,7 +42,7 @@ RadialDrawing::RadialDrawing(DimensionPen& pen, Point2 centre, Point2 tip, bool 
 {
     const Measured kind = isDiameter ? Measured::Diameter : Measured::Radius;
     const double value = isDiameter ? 2 * m_radius : m_radius;
-    m_label = pen.Label(DimensionText(m_style, kind, value, pen.Entity().text));
+    m_label = pen.Label(pen.ValueText(kind, value));
 }
 
 void RadialDrawing::PlaceLabel()
@@ -203,7 +203,7 @@ void DrawJoggedDimension(DimensionPen& pen)
     if (!(radius > 0) || !std::isfinite(radius))
         return pen.Report(Finding::NotShown, "it measures no length");
     const Point2 outward = (1 / radius) * (tip - centre);
-    DimensionLabel label = pen.Label(DimensionText(style, Measured::Radius, radius, dimension.text));
+    DimensionLabel label = pen.Label(pen.ValueText(Measured::Radius, radius));
     label.centre = pen.HasTextPoint() ? pen.TextPoint() : 0.5 * (jog + tip);
     label.along = pen.LabelDirection(style.isHorizontalInside != 0, outward);
     const double distance = std::fabs(Cross(outward, shown - tip)), slope = std::tan(style.jogAngle);

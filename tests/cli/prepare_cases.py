@@ -251,6 +251,17 @@ class OptionsOfPreparing(PrepareTest):
                 self.assertIn(f">{shown}<", self.read("plan.svg"))
         self.assertIn("is not an encoding", self.expect(2, "--encoding", "klingon", "plan.dxf"))
 
+    def test_a_dimension_of_another_number_than_the_file_states(self):
+        words = "shown otherwise: 1 DIMENSION its number is not the one that the file states"
+        for stated, text, is_other in (("10", "", False), ("10.00001", "", False), ("11", "", True), ("11", "<> mm", True),
+                                       ("11", "wide", False), ("-1", "", False), ("0", "", False)):
+            with self.subTest(stated=stated, text=text):
+                self.write("plan.dxf", entities(
+                    "0", "DIMENSION", "100", "AcDbEntity", "8", "0", "100", "AcDbDimension", "10", "10", "20", "5", "70", "1",
+                    "1", text, "42", stated, "100", "AcDbAlignedDimension", "13", "0", "23", "0", "14", "10", "24", "0"))
+                self.assertEqual(words in self.expect(0, "plan.dxf"), is_other)
+                self.expect(1 if is_other else 0, "-q", "--strict", "plan.dxf")
+
     def test_redrawn_dimensions(self):
         dimension = ("0", "DIMENSION", "100", "AcDbEntity", "8", "0", "100", "AcDbDimension", "2", "*D1", "10", "10", "20", "5",
                      "70", "1", "100", "AcDbAlignedDimension", "13", "0", "23", "0", "14", "10", "24", "0")
