@@ -10,7 +10,7 @@ endif()
 # path within the project, so that the bytes do not depend on where the project is built.
 function(plexorn_keep_symbols target)
     if(PLEXORN_SPLIT_SYMBOLS)
-        target_compile_options(${target} PRIVATE -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+        target_compile_options(${target} PRIVATE -g1 -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
     endif()
 endfunction()
 
