@@ -81,6 +81,7 @@ endfunction()
 # The pages for people with drawings, and that for authors of programs. Each links only to what is installed with it.
 install(FILES LICENSE docs/manual.md docs/many-drawings.md
     DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)
+install(FILES docs/images/part-sheet.png DESTINATION ${PLEXORN_INSTALL_DOCDIR}/images COMPONENT documentation)
 install(FILES docs/hosting.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT development)
 if(WIN32)
     install(FILES CHANGELOG.md DESTINATION ${PLEXORN_INSTALL_DOCDIR} COMPONENT documentation)

@@ -1,7 +1,6 @@
 #include "cli/info/TellAll.h"
 
 #include "cli/contents/Collector.h"
-#include "cli/contents/Texts.h"
 #include "cli/files/Inputs.h"
 #include "cli/files/ReadFiles.h"
 #include "cli/files/Source.h"
@@ -11,6 +10,7 @@
 #include "cli/info/Summary.h"
 #include "cli/prepare/Becoming.h"
 #include "cli/prepare/Findings.h"
+#include "cli/prepare/Texts.h"
 #include "cli/report/Report.h"
 
 #include <new>

@@ -1,4 +1,4 @@
-#include "cli/contents/Texts.h"
+#include "cli/prepare/Texts.h"
 
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
