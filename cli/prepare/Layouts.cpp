@@ -18,21 +18,20 @@ std::vector<std::string> LayoutsOf(Source& source, const Options& options)
     if (outcome == prepare::PrepareOutcome::ReadFailed)
         throw std::system_error(input.Error(), std::generic_category());
     std::vector<std::string> names;
+    names.reserve(layouts.size());
     for (const prepare::LayoutSize& layout : layouts)
         names.push_back(layout.name);
     return names;
 }
 
-// What is wrong is told when the drawing is drawn.
 std::vector<std::string> LayoutsIn(const std::string& drawing, const Options& options)
 {
     try {
         Source source(drawing, Forms::All);
-        if (source.Reason().empty())
-            return LayoutsOf(source, options);
+        return source.Reason().empty() ? LayoutsOf(source, options) : std::vector<std::string>();
     } catch (const std::system_error&) {
+        return {}; // The reason is told when the drawing is drawn.
     }
-    return {};
 }
 
 std::string WhyNoLayout(const std::string& wanted, const prepare::Report& findings)
