@@ -251,8 +251,9 @@ struct MText : EntityOf<EntityType::MText> { // in world coordinates but for the
     double rotation = 0;                     // 50
     std::int32_t spacingStyle = 1;           // 73: at least, exact
     double spacing = 1;                      // 44
-    std::int32_t fill = 0;                   // 90: 1 a colour behind it, 2 the background's, 16 a frame
-    std::int32_t fillColour = kByLayer;      // 63
+    static constexpr std::int32_t kFill = 1, kWindowFill = 2, kFrame = 16;
+    std::int32_t fill = 0;              // 90: a colour behind it, the background's, a frame
+    std::int32_t fillColour = kByLayer; // 63
     bool hasFillColour = false;
     std::int32_t fillTrueColour = kNoTrueColour; // 421
     double fillScale = 1.5;                      // 45: heights of letters around it, and one

@@ -103,11 +103,12 @@ public:
     {
         switch (m_reader.Code()) {
         case 1000:
-            m_isInSection = IsBegin(Trim(m_reader.Value()));
-            m_code = 0;
+            Enter(Trim(m_reader.Value()));
             break;
         case 1005:
             m_text.linkedColumns += m_isInSection;
+            if (m_isInBorders) // the frame is an entity of its own
+                m_text.fill &= ~MText::kFrame;
             break;
         case 1040:
         case 1070:
@@ -120,10 +121,12 @@ public:
     }
 
 private:
-    static bool IsBegin(std::string_view name)
+    void Enter(std::string_view name)
     {
-        return name == "ACAD_MTEXT_COLUMN_INFO_BEGIN" || name == "ACAD_MTEXT_COLUMNS_BEGIN" ||
-               name == "ACAD_MTEXT_DEFINED_HEIGHT_BEGIN";
+        m_isInBorders = name == "ACAD_MTEXT_TEXT_BORDERS_BEGIN";
+        m_isInSection = name == "ACAD_MTEXT_COLUMN_INFO_BEGIN" || name == "ACAD_MTEXT_COLUMNS_BEGIN" ||
+                        name == "ACAD_MTEXT_DEFINED_HEIGHT_BEGIN";
+        m_code = 0;
     }
 
     void TakeNumber()
@@ -166,6 +169,7 @@ private:
     RecordReader& m_reader;
     MText& m_text;
     bool m_isInSection = false;
+    bool m_isInBorders = false;
     std::int32_t m_code = 0; // of the value that follows; 0: that is a code
 };
 

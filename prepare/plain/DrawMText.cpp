@@ -35,8 +35,6 @@ public:
     }
 
 private:
-    static constexpr std::int32_t kFill = 1, kWindowFill = 2, kFrame = 16; // of fill
-
     MTextContent ReadContent() const
     {
         const Drawing& drawing = m_placement.drawing;
@@ -71,18 +69,18 @@ private:
     // What is behind the text: an area of a colour or one that hides what was drawn before, and a frame.
     void DrawBackground()
     {
-        const bool isFilled = (m_entity.fill & (kFill | kWindowFill)) != 0;
-        if ((!isFilled && (m_entity.fill & kFrame) == 0) || m_content.letters.empty())
+        const bool isFilled = (m_entity.fill & (MText::kFill | MText::kWindowFill)) != 0;
+        if ((!isFilled && (m_entity.fill & MText::kFrame) == 0) || m_content.letters.empty())
             return;
         const std::vector<Point2> box = Box();
         if (std::any_of(box.begin(), box.end(), [](Point2 p) { return !IsFinite(p); }))
             return;
         const bool hasColour = m_entity.hasFillColour || m_entity.fillTrueColour != kNoTrueColour;
-        if (isFilled && hasColour && (m_entity.fill & kWindowFill) == 0)
+        if (isFilled && hasColour && (m_entity.fill & MText::kWindowFill) == 0)
             m_placement.sink.Fill(FillStyle(), {&box, 1});
         else if (isFilled)
             m_placement.sink.Mask({&box, 1});
-        if ((m_entity.fill & kFrame) != 0)
+        if ((m_entity.fill & MText::kFrame) != 0)
             DrawFrame(box);
     }
 

@@ -436,6 +436,28 @@ TEST(ReadEntity, MTextHasWhatIsBehindIt)
     EXPECT_EQ(text.fillScale, 1.2);
 }
 
+TEST(ReadEntity, AFrameThatIsAnEntityOfItsOwnIsNotTheMTextsToo)
+{
+    const ReadBlock framed({{0, "MTEXT"},
+                            {1, "text"},
+                            {90, "17"},
+                            {1001, "ACAD"},
+                            {1000, "ACAD_MTEXT_TEXT_BORDERS_BEGIN"},
+                            {1070, "46"},
+                            {1040, "1.5"},
+                            {1005, "9F"},
+                            {1000, "ACAD_MTEXT_TEXT_BORDERS_END"}});
+    EXPECT_EQ(framed.As<MText>().fill, MText::kFill);
+
+    const ReadBlock other({{0, "MTEXT"},
+                           {1, "text"},
+                           {90, "17"},
+                           {1001, "ACAD"},
+                           {1000, "ACAD_MTEXT_COLUMNS_BEGIN"},
+                           {1005, "9F"}});
+    EXPECT_EQ(other.As<MText>().fill, MText::kFill | MText::kFrame);
+}
+
 TEST(ReadEntity, OldMTextsHaveColumnsInExtendedData)
 {
     const ReadBlock block({{0, "MTEXT"},
