@@ -49,7 +49,7 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     Drawing drawing;
     bool hasFailed = false;
     Report unsaid; // of measuring, which finds the same as writing
-    const ConvertSettings coarse = CoarseSettings(MostPlaced(source.Size()));
+    const ConvertSettings coarse = CoarseSettings(source.Size());
     auto measure = std::make_unique<Measure>();
     auto measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);
     CountingSink counted(*measuring);
@@ -70,13 +70,11 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     if (progress && !progress(0.5))
         return PrepareOutcome::Cancelled;
 
-    const WriteSettings settings = WriteSettingsFor(measure->OfModel(), measuring->RayStarts(), options);
+    const WriteSettings settings =
+        WriteSettingsFor(measure->OfModel(), measuring->RayStarts(), drawing.bytes, options);
     const std::unique_ptr<DrawingWriter> writer = MakeWriter(drawing, settings, report);
-    ConvertSettings fine;
-    fine.tolerance = settings.tolerance;
-    fine.reach = settings.extents;
+    ConvertSettings fine = FineSettings(drawing.bytes, settings);
     fine.pointSize = PointSizeOf(drawing, settings.extents);
-    fine.mostPlaced = MostPlaced(drawing.bytes);
     Converter converter(drawing, options, fine, *writer, report);
     converter.KnowBlocks(measuring->Variants(), *measure);
     ReadEntities(source.Rewound(), options.encoding, drawing, converter, hasFailed);

@@ -57,8 +57,8 @@ public:
     SheetPasses(ReopenableSource& source, const Options& options, Drawing& drawing, const Layout& layout,
                 Report& report)
         : m_source(source), m_options(options), m_drawing(drawing), m_layout(layout), m_report(report),
-          m_sheet(SheetOf(layout)), m_mostPlaced(MostPlaced(drawing.bytes)),
-          m_measuring(drawing, options, CoarseSettings(m_mostPlaced), m_measure, m_unsaid)
+          m_sheet(SheetOf(layout)),
+          m_measuring(drawing, options, CoarseSettings(drawing.bytes), m_measure, m_unsaid)
     {
     }
 
@@ -80,7 +80,6 @@ private:
     Report& m_report;
     Sheet m_sheet;
     std::vector<Window> m_windows;
-    const std::uint64_t m_mostPlaced;
     Report m_unsaid; // of measuring, which finds the same as writing
     Measure m_measure;
     Converter m_measuring;
@@ -100,7 +99,7 @@ bool SheetPasses::ReadWindows()
     if (!Read(reader, &m_report))
         return false;
     m_windows = std::move(reader.Windows());
-    OutlineReader outlines(m_drawing, m_sheet, m_windows);
+    OutlineReader outlines(m_drawing, m_sheet, LimitsOf(m_drawing.bytes), m_windows);
     if (outlines.IsNeeded() && !Read(outlines))
         return false;
     outlines.Finish(m_report);
@@ -126,7 +125,7 @@ Measured SheetPasses::AllMeasured(const SheetConverter& converter) const
 bool SheetPasses::MeasureAll()
 {
     SheetSettings settings;
-    settings.placing = CoarseSettings(m_mostPlaced);
+    settings.placing = CoarseSettings(m_drawing.bytes);
     SheetConverter converter(m_drawing, m_options, m_layout, m_sheet, m_windows, settings, m_measuring,
                              m_measure, m_unsaid);
     if (!Read(converter))
@@ -135,20 +134,16 @@ bool SheetPasses::MeasureAll()
     const Box extents = all.hull.Bounds();
     if (!extents.IsEmpty() && extents.IsApartFrom(m_sheet.Paper()))
         m_sheet.width = m_sheet.height = 0;
-    m_settings = WriteSettingsForSheet(all, m_sheet.Paper(), m_options);
+    m_settings = WriteSettingsForSheet(all, m_sheet.Paper(), m_drawing.bytes, m_options);
     return true;
 }
 
 std::unique_ptr<DrawingWriter> SheetPasses::WriteAll()
 {
     std::unique_ptr<DrawingWriter> writer = MakeWriter(m_drawing, m_settings, m_report);
-    ConvertSettings fine;
-    fine.tolerance = m_settings.tolerance;
-    fine.reach = m_settings.extents;
-    fine.mostPlaced = m_mostPlaced;
-    Converter converter(m_drawing, m_options, fine, *writer, m_report);
+    Converter converter(m_drawing, m_options, FineSettings(m_drawing.bytes, m_settings), *writer, m_report);
     converter.KnowBlocks(m_measuring.Variants(), m_measure);
-    const SheetSettings settings{m_settings.extents, m_settings.tolerance, CoarseSettings(m_mostPlaced)};
+    const SheetSettings settings{m_settings.extents, CoarseSettings(m_drawing.bytes)};
     SheetConverter sheet(m_drawing, m_options, m_layout, m_sheet, m_windows, settings, converter, *writer,
                          m_report);
     if (!Read(sheet))

@@ -17,6 +17,16 @@ constexpr double kThinnestPen = 0.13;
 constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
 // What a drawing may unfold to. An entity that a program wrote has far more than eight bytes.
 constexpr std::uint64_t kPlacedAnyhow = 100'000, kBytesForEachPlaced = 8;
+// How many points the curves of any drawing may take, and how many bytes it has for each one more. Curves of
+// drawings that programs wrote take a tenth of that.
+constexpr std::uint64_t kCurvePointsAnyhow = 100'000, kBytesForEachCurvePoint = 4;
+// The same for the points of all that a drawing unfolds to.
+constexpr std::uint64_t kPointsAnyhow = 300'000;
+
+std::uint64_t SparePointsOfCurves(std::uint64_t bytes)
+{
+    return kCurvePointsAnyhow + bytes / kBytesForEachCurvePoint;
+}
 
 // Of a drawing of nothing but rays: around their starts.
 Box ExtentsOfRays(const Box& starts)
@@ -45,9 +55,10 @@ void ChooseStrokes(WriteSettings& settings, const Measured& measured, const Opti
                              : std::min(stroke * kToleranceInStrokes, side * kToleranceInDrawing);
 }
 
-WriteSettings SettingsAsked(const Options& options)
+WriteSettings SettingsAsked(const Options& options, std::uint64_t bytes)
 {
     WriteSettings settings;
+    settings.sparePointsOfCurves = SparePointsOfCurves(bytes);
     settings.profile = options.profile;
     settings.mayWrap = options.mayWrap;
     settings.marksLayers = options.marksLayers;
@@ -56,30 +67,43 @@ WriteSettings SettingsAsked(const Options& options)
 
 } // namespace
 
-std::uint64_t MostPlaced(std::uint64_t bytes)
-{
-    return kPlacedAnyhow + bytes / kBytesForEachPlaced;
-}
-
-ConvertSettings CoarseSettings(std::uint64_t mostPlaced)
+ConvertSettings LimitsOf(std::uint64_t bytes)
 {
     ConvertSettings settings;
-    settings.tolerance = 1e100;
-    settings.mostPlaced = mostPlaced;
+    settings.mostPlaced = kPlacedAnyhow + bytes / kBytesForEachPlaced;
+    settings.sparePointsOfCurves = SparePointsOfCurves(bytes);
+    settings.mostPoints = kPointsAnyhow + bytes / 4 * 3;
     return settings;
 }
 
-WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, const Options& options)
+ConvertSettings CoarseSettings(std::uint64_t bytes)
 {
-    WriteSettings settings = SettingsAsked(options);
+    ConvertSettings settings = LimitsOf(bytes);
+    settings.tolerance = 1e100;
+    return settings;
+}
+
+ConvertSettings FineSettings(std::uint64_t bytes, const WriteSettings& settings)
+{
+    ConvertSettings fine = LimitsOf(bytes);
+    fine.tolerance = settings.tolerance;
+    fine.reach = settings.extents;
+    return fine;
+}
+
+WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, std::uint64_t bytes,
+                               const Options& options)
+{
+    WriteSettings settings = SettingsAsked(options, bytes);
     settings.extents = measured.hull.IsEmpty() ? ExtentsOfRays(rayStarts) : measured.hull.Bounds();
     ChooseStrokes(settings, measured, options);
     return settings;
 }
 
-WriteSettings WriteSettingsForSheet(const Measured& measured, const Box& paper, const Options& options)
+WriteSettings WriteSettingsForSheet(const Measured& measured, const Box& paper, std::uint64_t bytes,
+                                    const Options& options)
 {
-    WriteSettings settings = SettingsAsked(options);
+    WriteSettings settings = SettingsAsked(options, bytes);
     settings.extents = paper.IsEmpty() ? measured.hull.Bounds() : paper;
     settings.isInMillimetres = !paper.IsEmpty();
     ChooseStrokes(settings, measured, options);

@@ -10,16 +10,21 @@
 
 namespace prepare {
 
-// How many entities a drawing of so many bytes may unfold to.
-std::uint64_t MostPlaced(std::uint64_t bytes);
+// What a drawing of so many bytes may come to, and nothing more.
+ConvertSettings LimitsOf(std::uint64_t bytes);
 
-// How a drawing is measured: with curves as coarse as they may be.
-ConvertSettings CoarseSettings(std::uint64_t mostPlaced);
+// How such a drawing is measured: with curves as coarse as they may be.
+ConvertSettings CoarseSettings(std::uint64_t bytes);
 
-// How a model is written. rayStarts: around the starts of its rays.
-WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, const Options& options);
+// How such a drawing is converted that will be written as these settings say.
+ConvertSettings FineSettings(std::uint64_t bytes, const WriteSettings& settings);
 
-// How a sheet is written. paper is empty where its size is not known.
-WriteSettings WriteSettingsForSheet(const Measured& measured, const Box& paper, const Options& options);
+// How a model of so many bytes is written. rayStarts: around the starts of its rays.
+WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, std::uint64_t bytes,
+                               const Options& options);
+
+// How a sheet of such a drawing is written. paper is empty where its size is not known.
+WriteSettings WriteSettingsForSheet(const Measured& measured, const Box& paper, std::uint64_t bytes,
+                                    const Options& options);
 
 } // namespace prepare

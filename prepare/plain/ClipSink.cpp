@@ -24,14 +24,15 @@ double ShareBefore(Anchor anchor)
 
 } // namespace
 
-std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, double tolerance)
+std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, Fineness& curves,
+                             double coarsest)
 {
     std::vector<Point2> points{vertices.front().point};
     for (std::size_t i = 1; i < vertices.size() + (isClosed ? 1 : 0); ++i) {
         const PlainVertex& from = vertices[i - 1];
         const Point2 to = vertices[i % vertices.size()].point;
         if (from.bulge != 0 && !(from.point == to)) {
-            Flatten(ArcOfBulge(from.point, to, from.bulge), tolerance, points);
+            Flatten(ArcOfBulge(from.point, to, from.bulge), curves.Tolerance(coarsest), points, curves);
             points.pop_back();
         }
         points.push_back(to);
@@ -49,17 +50,23 @@ ClipSide ClipSink::SideOf(const Box& box) const
 }
 
 // However coarse curves may be, what is cut of them has about its shape.
-double ClipSink::CutTolerance(const ClipRegion& region, double tolerance)
+double ClipSink::Coarsest(const ClipRegion& region)
 {
     constexpr double kCoarsest = 1.0 / 256;
-    return std::min(tolerance, kCoarsest * region.Bounds().LongerSide());
+    return kCoarsest * region.Bounds().LongerSide();
 }
 
 void ClipSink::Line(const Style& style, Point2 start, Point2 end)
 {
-    for (const auto& [from, to] : m_region.Inside(start, end))
+    for (const auto& [from, to] : m_region.Inside(start, end)) {
+        const bool isCut = from > 0 || to < 1;
+        if (isCut && m_budget.IsSpent())
+            return;
+        if (isCut)
+            m_budget.Take(2);
         m_next.Line(style, from > 0 ? start + from * (end - start) : start,
                     to < 1 ? start + to * (end - start) : end);
+    }
 }
 
 ClipSide ClipSink::SideOfCircle(Point2 centre, double radius) const
@@ -99,7 +106,7 @@ void ClipSink::Curve(const Style& style, Point2 centre, Point2 u, Point2 v, doub
 {
     const EllipticArc arc{centre, u, v, start, end};
     std::vector<Point2> points{arc.At(start)};
-    Flatten(arc, m_tolerance, points);
+    Flatten(arc, m_budget.curves.Tolerance(m_coarsest), points, m_budget.curves);
     Cut(style, points);
 }
 
@@ -107,7 +114,7 @@ void ClipSink::Polyline(const Style& style, std::span<const PlainVertex> vertice
 {
     if (vertices.empty())
         return;
-    const std::vector<Point2> points = PointsOf(vertices, isClosed, m_tolerance);
+    const std::vector<Point2> points = PointsOf(vertices, isClosed, m_budget.curves, m_coarsest);
     const ClipSide side = m_region.SideOf(BoxOf(points));
     if (side == ClipSide::Inside)
         m_next.Polyline(style, vertices, isClosed);
@@ -138,8 +145,10 @@ void ClipSink::Cut(const Style& style, const std::vector<Point2>& points)
 // Passes a run on and empties it.
 void ClipSink::Give(const Style& style, std::vector<PlainVertex>& run)
 {
-    if (run.size() > 1)
+    if (run.size() > 1 && !m_budget.IsSpent()) {
+        m_budget.Take(run.size());
         m_next.Polyline(style, run, false);
+    }
     run.clear();
 }
 
@@ -176,8 +185,11 @@ void ClipSink::CutArea(std::span<const std::vector<Point2>> rings, const Take& t
     if (side == ClipSide::Outside)
         return;
     const std::vector<std::vector<Point2>> inside = m_region.Inside(rings);
-    if (!inside.empty())
-        take(inside);
+    if (inside.empty() || m_budget.IsSpent())
+        return;
+    for (const std::vector<Point2>& ring : inside)
+        m_budget.Take(ring.size());
+    take(inside);
 }
 
 void ClipSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)

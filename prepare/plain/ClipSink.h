@@ -1,22 +1,25 @@
 // Cuts plain entities along a polygon.
 #pragma once
 
+#include "prepare/plain/Budget.h"
 #include "prepare/plain/ClipRegion.h"
 #include "prepare/plain/Plain.h"
 
 namespace prepare {
 
-// A polyline's points, with its bulges flattened. There is at least one vertex.
-std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, double tolerance);
+// A polyline's points, with its bulges flattened as finely as curves allow. There is at least one vertex.
+// coarsest: the tolerance while there is room, as Fineness has it.
+std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, Fineness& curves,
+                             double coarsest = HUGE_VAL);
 
 // Passes on what is inside a region. Curves across its edge become polylines; a text is shown if its middle
-// is inside. Takes no inserts: what is cut must be drawn in its place.
+// is inside. A cut makes pieces, and leaves out those for which the drawing has no room. Takes no inserts:
+// what is cut must be drawn in its place.
 class ClipSink final : public PlainSink {
 public:
-    // All must outlive this. tolerance: of flattened curves. outer: what the next sink cuts off, where it is
-    // known; else null.
-    ClipSink(const ClipRegion& region, double tolerance, PlainSink& next, const ClipSink* outer = nullptr)
-        : m_region(region), m_tolerance(CutTolerance(region, tolerance)), m_next(next), m_outer(outer)
+    // All must outlive this. outer: what the next sink cuts off, where it is known; else null.
+    ClipSink(const ClipRegion& region, Budget& budget, PlainSink& next, const ClipSink* outer = nullptr)
+        : m_region(region), m_coarsest(Coarsest(region)), m_budget(budget), m_next(next), m_outer(outer)
     {
     }
 
@@ -37,7 +40,7 @@ public:
     void Insert(std::size_t, Point2, double, bool) override {}
 
 private:
-    static double CutTolerance(const ClipRegion& region, double tolerance);
+    static double Coarsest(const ClipRegion& region);
     bool Shows(const PlainText& text) const;
     ClipSide SideOfCircle(Point2 centre, double radius) const;
     void Curve(const Style& style, Point2 centre, Point2 u, Point2 v, double start, double end);
@@ -47,7 +50,8 @@ private:
     void Give(const Style& style, std::vector<PlainVertex>& run);
 
     const ClipRegion& m_region;
-    const double m_tolerance;
+    const double m_coarsest;
+    Budget& m_budget;
     PlainSink& m_next;
     const ClipSink* m_outer;
 };

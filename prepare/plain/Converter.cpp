@@ -86,7 +86,8 @@ double PointSizeOf(const Drawing& drawing, const Box& extents)
 Converter::Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
                      PlainOutput& output, Report& report)
     : m_drawing(drawing), m_options(options), m_settings(settings), m_output(output), m_report(report),
-      m_whole(drawing, options)
+      m_whole(drawing, options),
+      m_budget(settings.tolerance, settings.sparePointsOfCurves, settings.mostPoints)
 {
     m_whole.pointSize = settings.pointSize;
 }
@@ -173,8 +174,8 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 {
     if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
         AddRayStart(static_cast<const Ray&>(entity), context);
-    const Placement placement{m_drawing,        context.matrix,    style,        m_settings.tolerance,
-                              m_settings.reach, m_view->pointSize, context.sink, m_report};
+    const Placement placement = PlacementOf(context, style);
+    const std::uint64_t coarseBefore = m_budget.curves.CoarseParts();
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
@@ -185,6 +186,20 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
+    ReportCoarse(entity, coarseBefore);
+}
+
+Placement Converter::PlacementOf(const Context& context, const Style& style)
+{
+    return {m_drawing,    context.matrix, style,   m_settings.tolerance, m_settings.reach, m_view->pointSize,
+            context.sink, m_report,       m_budget};
+}
+
+void Converter::ReportCoarse(const Entity& entity, std::uint64_t coarseBefore)
+{
+    if (m_budget.curves.CoarseParts() > coarseBefore)
+        m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
+                     "drawn coarser: the drawing has more curves than can be shown", entity.line);
 }
 
 void Converter::AddRayStart(const Ray& ray, const Context& context)
@@ -255,7 +270,7 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
     if (!MayEnter(block, insert.line))
         return;
     const ClipSink* const outer = context.cut;
-    ClipSink sink(region, m_settings.tolerance, context.sink, outer);
+    ClipSink sink(region, m_budget, context.sink, outer);
     DrawContents(block, {placement, style, true, sink, &sink});
     if (!ShowsBoundaries(m_drawing))
         return;
@@ -299,10 +314,7 @@ void Converter::RedrawDimension(const Dimension& dimension, const Context& conte
         if (TakePlace(dimension.line))
             UseBlock(block, matrix, context, ofPart, dimension.line);
     };
-    DrawDimension(dimension,
-                  {m_drawing, context.matrix, style, m_settings.tolerance, m_settings.reach,
-                   m_view->pointSize, context.sink, m_report},
-                  styleOf, placeBlock);
+    DrawDimension(dimension, PlacementOf(context, style), styleOf, placeBlock);
 }
 
 void Converter::PlaceTable(const Table& table, const Context& context, const Style& style)
@@ -436,11 +448,14 @@ bool Converter::MayEnter(const Block& block, std::uint64_t line)
 
 bool Converter::TakePlace(std::uint64_t line)
 {
-    if (m_placed < m_settings.mostPlaced) {
+    const bool isSpent = m_budget.IsSpent();
+    if (!isSpent && m_placed < m_settings.mostPlaced) {
         ++m_placed;
         return true;
     }
-    m_report.Add(Finding::Cut, "drawing", "its blocks and arrays unfold too far", line);
+    m_report.Add(Finding::Cut, "drawing",
+                 isSpent ? "it has more in it than can be shown" : "its blocks and arrays unfold too far",
+                 line);
     return false;
 }
 

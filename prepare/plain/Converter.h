@@ -3,6 +3,7 @@
 
 #include "prepare/Options.h"
 #include "prepare/plain/BlockVariants.h"
+#include "prepare/plain/Budget.h"
 #include "prepare/plain/ClipSink.h"
 #include "prepare/plain/CountedSink.h"
 #include "prepare/plain/LayerChoice.h"
@@ -26,6 +27,9 @@ struct ConvertSettings {
     // How many entities may be placed, those in blocks counted for each variant of their block. A drawing
     // that a program wrote has more than eight bytes for each.
     std::uint64_t mostPlaced = UINT64_MAX;
+    // As a budget has them.
+    std::uint64_t sparePointsOfCurves = UINT64_MAX;
+    std::uint64_t mostPoints = UINT64_MAX;
 };
 
 // Half the size of a POINT's mark. $PDSIZE is a length when it is above 0, else percents of the view's
@@ -62,7 +66,9 @@ public:
     // output, or cut, which ends in one of these.
     void Show(const Entity& entity, View& view, PlainSink& sink, const ClipSink* cut = nullptr);
     // Whether more entities may be placed.
-    bool HasRoom() const { return m_placed < m_settings.mostPlaced; }
+    bool HasRoom() const { return m_placed < m_settings.mostPlaced && !m_budget.IsSpent(); }
+    // What all that it shows may come to. What cuts things off for it takes of that.
+    Budget& Room() { return m_budget; }
 
     // Reports what was counted. To be called once, after the last entity.
     void Finish();
@@ -115,6 +121,8 @@ private:
     Point2 OriginOf(const VariantKey& key) const;
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
+    Placement PlacementOf(const Context& context, const Style& style);
+    void ReportCoarse(const Entity& entity, std::uint64_t coarseBefore);
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);
     TypeCount& CountRewritten(const Entity& entity);
@@ -135,6 +143,7 @@ private:
     std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
     Box m_rayStarts;
     std::uint64_t m_placed = 0;
+    Budget m_budget;
     std::uint64_t m_toBeSeen = 0;
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;
 };

@@ -98,4 +98,11 @@ void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& poin
         points.push_back(arc.At(arc.start + sweep * static_cast<double>(i) / static_cast<double>(chords)));
 }
 
+void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points, Fineness& curves)
+{
+    const std::size_t before = points.size();
+    Flatten(arc, tolerance, points);
+    curves.Take(1, points.size() - before);
+}
+
 } // namespace prepare

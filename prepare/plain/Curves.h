@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/drawing/Point.h"
+#include "prepare/plain/Fineness.h"
 
 #include <cmath>
 #include <cstddef>
@@ -84,5 +85,8 @@ inline constexpr double kMostPointsOfTurn = 512;
 // Adds the points of a polyline that is nowhere farther than tolerance from the arc, but for the arc's first
 // point; coarser when that took more than kMostPointsOfTurn.
 void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points);
+
+// The same, with a tolerance that was chosen by that of all curves, which are told of the points.
+void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points, Fineness& curves);
 
 } // namespace prepare

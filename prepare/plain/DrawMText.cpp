@@ -75,6 +75,7 @@ private:
         const std::vector<Point2> box = Box();
         if (std::any_of(box.begin(), box.end(), [](Point2 p) { return !IsFinite(p); }))
             return;
+        m_placement.budget.Take(box.size());
         const bool hasColour = m_entity.hasFillColour || m_entity.fillTrueColour != kNoTrueColour;
         if (isFilled && hasColour && (m_entity.fill & MText::kWindowFill) == 0)
             m_placement.sink.Fill(FillStyle(), {&box, 1});

@@ -225,7 +225,7 @@ void MultiLineDrawer::Draw()
         m_elements = 1;
         m_pen.Report(Finding::Changed, "its elements are missing: drawn as one line");
     }
-    for (std::size_t element = 0; element < m_elements; ++element)
+    for (std::size_t element = 0; element < m_elements && m_pen.HasRoom(); ++element)
         DrawElement(element);
     if (m_style == nullptr || m_elements < 2)
         return;

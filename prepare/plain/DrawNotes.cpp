@@ -60,8 +60,9 @@ MText TextIn(const NotePlane& plane, double u, double v, double height, std::str
 
 Placement InStyle(const Placement& placement, const Style& style)
 {
-    return {placement.drawing, placement.matrix,    style,          placement.tolerance,
-            placement.reach,   placement.pointSize, placement.sink, placement.report};
+    return {placement.drawing,   placement.matrix, style,
+            placement.tolerance, placement.reach,  placement.pointSize,
+            placement.sink,      placement.report, placement.budget};
 }
 
 class Frame {
@@ -76,8 +77,10 @@ public:
     {
         const Point2 from = m_placement.matrix.Flat(m_plane.At(fromU, fromV));
         const Point2 to = m_placement.matrix.Flat(m_plane.At(toU, toV));
-        if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y))
+        if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y)) {
+            m_placement.budget.Take(2);
             m_placement.sink.Line(m_style, from, to);
+        }
     }
 
 private:

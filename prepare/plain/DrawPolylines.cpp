@@ -116,7 +116,7 @@ WideSegment Path::Wide(const PolylineVertex& vertex, const PolylineVertex& next)
         wide.startDirection = arc.Along(arc.start);
         wide.endDirection = arc.Along(arc.end);
         if (arc.IsFinite())
-            Flatten(arc, m_pen.Place().tolerance * radius / (radius + half), wide.points);
+            Flatten(arc, m_pen.Curves().Tolerance() * radius / (radius + half), wide.points, m_pen.Curves());
     }
     if (wide.points.size() > 1)
         wide.points.pop_back(); // the next vertex is exact
@@ -141,7 +141,7 @@ void Path::AddArc(const PolylineVertex& vertex, const PolylineVertex& next)
         return;
     }
     m_points.clear();
-    Flatten(arc, m_pen.Place().tolerance, m_points);
+    Flatten(arc, m_pen.Curves().Tolerance(), m_points, m_pen.Curves());
     m_points.pop_back(); // the next vertex
     for (const Point2 point : m_points)
         m_vertices.push_back({point, 0});

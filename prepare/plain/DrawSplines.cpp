@@ -66,7 +66,7 @@ void DrawByControlPoints(const Spline& spline, Pen& pen)
         curve.knots = UniformKnots(curve.controlPoints.size(), curve.degree);
         pen.Report(Finding::Repaired, "knots that do not fit its control points are taken as equally spaced");
     }
-    Draw(Flatten(curve, pen.Place().tolerance), pen);
+    Draw(Flatten(curve, pen.Curves()), pen);
 }
 
 // The fit points without those that are not finite or on the one before.
@@ -110,7 +110,7 @@ void DrawThroughFitPoints(const Spline& spline, Pen& pen)
     curve.isClosed = (spline.flags & kClosed) != 0;
     curve.hasStart = FlatTangent(spline.startTangent, matrix, curve.start);
     curve.hasEnd = FlatTangent(spline.endTangent, matrix, curve.end);
-    Draw(Flatten(curve, pen.Place().tolerance), pen);
+    Draw(Flatten(curve, pen.Curves()), pen);
 }
 
 } // namespace

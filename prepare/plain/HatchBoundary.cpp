@@ -38,7 +38,7 @@ private:
     Ring FitPoints(const HatchEdge& edge) const;
     Ring PointsOf(const EllipticArc& arc) const;
     void Flatten(EllipticArc arc, Ring& points) const;
-    double Tolerance(const std::vector<Point2>& points) const;
+    static double CoarsestFor(const std::vector<Point2>& points);
     void Join(Ring piece);
     void EndRing();
     bool Meet(Point2 a, Point2 b) const { return Length(a - b) <= kMeeting * m_size; }
@@ -151,8 +151,8 @@ void RingMaker::Flatten(EllipticArc arc, Ring& points) const
     arc.centre = m_matrix.Flat({arc.centre.x, arc.centre.y, 0});
     arc.u = m_matrix.FlatDirection({arc.u.x, arc.u.y, 0});
     arc.v = m_matrix.FlatDirection({arc.v.x, arc.v.y, 0});
-    const double tolerance = std::min(m_pen.Place().tolerance, kCoarsest * (Length(arc.u) + Length(arc.v)));
-    prepare::Flatten(arc, tolerance, points);
+    const double coarsest = kCoarsest * (Length(arc.u) + Length(arc.v));
+    prepare::Flatten(arc, std::min(m_pen.Curves().Tolerance(), coarsest), points, m_pen.Curves());
 }
 
 bool AreGoodWeights(const HatchEdge& edge)
@@ -163,12 +163,12 @@ bool AreGoodWeights(const HatchEdge& edge)
 }
 
 // No curve is bent more than its points.
-double RingMaker::Tolerance(const std::vector<Point2>& points) const
+double RingMaker::CoarsestFor(const std::vector<Point2>& points)
 {
     Box box;
     for (const Point2 point : points)
         box.Add(point);
-    return std::min(m_pen.Place().tolerance, kCoarsest * box.LongerSide());
+    return kCoarsest * box.LongerSide();
 }
 
 Ring RingMaker::SplinePoints(const HatchEdge& edge) const
@@ -188,7 +188,7 @@ Ring RingMaker::SplinePoints(const HatchEdge& edge) const
     curve.knots = edge.knots;
     if (!AreGoodKnots(curve.knots, points.size(), curve.degree))
         curve.knots = UniformKnots(points.size(), curve.degree);
-    return prepare::Flatten(curve, Tolerance(points));
+    return prepare::Flatten(curve, m_pen.Curves(), CoarsestFor(points));
 }
 
 Ring RingMaker::FitPoints(const HatchEdge& edge) const
@@ -206,7 +206,8 @@ Ring RingMaker::FitPoints(const HatchEdge& edge) const
         curve.parameters.push_back(length);
         curve.points.push_back(point);
     }
-    return curve.points.size() < 2 ? curve.points : prepare::Flatten(curve, Tolerance(curve.points));
+    return curve.points.size() < 2 ? curve.points
+                                   : prepare::Flatten(curve, m_pen.Curves(), CoarsestFor(curve.points));
 }
 
 // Edges should run head to tail. Some programs write them backwards, and some write several rings as one

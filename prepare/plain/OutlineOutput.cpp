@@ -22,13 +22,13 @@ void OutlineOutput::Ellipse(const Style&, Point2 centre, Point2 majorAxis, doubl
         return;
     const EllipticArc arc{centre, majorAxis, ratio * LeftOf(majorAxis), start, end};
     m_outline.push_back(arc.At(start));
-    Flatten(arc, m_tolerance, m_outline);
+    Flatten(arc, m_curves.Tolerance(), m_outline, m_curves);
 }
 
 void OutlineOutput::Polyline(const Style&, std::span<const PlainVertex> vertices, bool isClosed)
 {
     if (m_outline.empty() && !vertices.empty())
-        m_outline = PointsOf(vertices, isClosed, m_tolerance);
+        m_outline = PointsOf(vertices, isClosed, m_curves);
 }
 
 } // namespace prepare

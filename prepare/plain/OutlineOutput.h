@@ -1,6 +1,7 @@
 // An entity as the polygon that it runs round.
 #pragma once
 
+#include "prepare/plain/Fineness.h"
 #include "prepare/plain/Plain.h"
 
 #include <vector>
@@ -10,8 +11,8 @@ namespace prepare {
 // Keeps the points of the first curve that it is given.
 class OutlineOutput final : public PlainOutput, private PlainSink {
 public:
-    // tolerance: of flattened curves.
-    explicit OutlineOutput(double tolerance) : m_tolerance(tolerance) {}
+    // Of flattened curves, as Fineness has them.
+    OutlineOutput(double tolerance, std::uint64_t sparePoints) : m_curves(tolerance, sparePoints) {}
 
     PlainSink& Model() override { return *this; }
     std::size_t NewBlock(std::string_view) override { return 0; }
@@ -29,7 +30,7 @@ private:
     void Text(const Style&, const PlainText&) override {}
     void Insert(std::size_t, Point2, double, bool) override {}
 
-    const double m_tolerance;
+    Fineness m_curves;
     std::vector<Point2> m_outline;
 };
 

@@ -43,14 +43,28 @@ Matrix Pen::OfObject() const
     return m_placement.matrix * FromObject(m_entity.extrusion);
 }
 
+bool Pen::HasRoom()
+{
+    m_isCut = m_placement.budget.IsSpent();
+    return !m_isCut;
+}
+
+bool Pen::TakeRoom(std::size_t points)
+{
+    m_hasDrawn = true;
+    const bool hasRoom = HasRoom();
+    m_placement.budget.Take(points);
+    return hasRoom;
+}
+
 void Pen::Line(Point2 start, Point2 end)
 {
     if (!IsFinite(start) || !IsFinite(end)) {
         Lose();
         return;
     }
-    m_hasDrawn = true;
-    m_placement.sink.Line(m_style, start, end);
+    if (TakeRoom(2))
+        m_placement.sink.Line(m_style, start, end);
 }
 
 void Pen::Arc(const EllipticArc& arc)
@@ -67,7 +81,8 @@ void Pen::Arc(const EllipticArc& arc)
 
 void Pen::Circular(const EllipticArc& arc)
 {
-    m_hasDrawn = true;
+    if (!TakeRoom(2))
+        return;
     const double radius = Length(arc.u), sweep = arc.end - arc.start;
     if (sweep >= kTurn) {
         m_placement.sink.Circle(m_style, arc.centre, radius);
@@ -90,7 +105,8 @@ void Pen::Elliptic(const EllipticArc& arc)
         Flattened(arc, axes);
         return;
     }
-    m_hasDrawn = true;
+    if (!TakeRoom(2))
+        return;
     const double ratio = std::min(axes.minor / length, 1.0);
     if (sweep >= kTurn) {
         m_placement.sink.Ellipse(m_style, arc.centre, axes.major, ratio, 0, kTurn);
@@ -120,8 +136,8 @@ void Pen::Polyline(std::span<const PlainVertex> vertices, bool isClosed)
     }
     if (vertices.size() < 2)
         return;
-    m_hasDrawn = true;
-    m_placement.sink.Polyline(m_style, vertices, isClosed);
+    if (TakeRoom(vertices.size()))
+        m_placement.sink.Polyline(m_style, vertices, isClosed);
 }
 
 void Pen::Polyline(std::span<const Point2> points, bool isClosed)
@@ -147,8 +163,11 @@ void Pen::Fill(std::span<const Point2> points)
 
 void Pen::Fill(std::span<const std::vector<Point2>> rings)
 {
-    m_hasDrawn = true;
-    m_placement.sink.Fill(m_style, rings);
+    std::size_t points = 0;
+    for (const std::vector<Point2>& ring : rings)
+        points += ring.size();
+    if (TakeRoom(points))
+        m_placement.sink.Fill(m_style, rings);
 }
 
 void Pen::Mask(const std::vector<Point2>& points)
@@ -157,8 +176,8 @@ void Pen::Mask(const std::vector<Point2>& points)
         return Lose();
     if (points.size() < 3)
         return;
-    m_hasDrawn = true;
-    m_placement.sink.Mask({&points, 1});
+    if (TakeRoom(points.size()))
+        m_placement.sink.Mask({&points, 1});
 }
 
 void Pen::Report(Finding finding, std::string_view detail)
@@ -172,6 +191,8 @@ void Pen::Finish()
         Report(Finding::Changed, "parts with numbers out of range are left out");
     else if (m_hasLost)
         Report(Finding::NotShown, "numbers out of range");
+    if (m_isCut)
+        Report(Finding::Cut, "the drawing has more in it than can be shown");
 }
 
 } // namespace prepare

@@ -6,19 +6,25 @@
 #include "prepare/plain/DrawEntity.h"
 #include "prepare/plain/Placement.h"
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>
 
 namespace prepare {
 
-// Passes parts in the output's plane to the placement's sink. A part with a number that is not finite is left
-// out, and so is one without size; Finish reports the former. The entity and the placement must outlive it.
+// Passes parts in the output's plane to the placement's sink. A part is left out when it has a number that is
+// not finite, when it has no size, and when the drawing has no room for it; Finish reports the first and the
+// last. The entity and the placement must outlive it.
 class Pen {
 public:
     Pen(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
     const Placement& Place() const { return m_placement; }
+    // How finely curves are flattened.
+    Fineness& Curves() { return m_placement.budget.curves; }
+    // Whether there is room for more of the entity's parts; if not, it is cut.
+    bool HasRoom();
     // From the entity's object coordinates to the output's plane.
     Matrix OfObject() const;
 
@@ -55,6 +61,8 @@ public:
     void Finish();
 
 private:
+    // Takes room for a part of that many points; false when there is none.
+    bool TakeRoom(std::size_t points);
     void Circular(const EllipticArc& arc);
     void Elliptic(const EllipticArc& arc);
     void Flattened(const EllipticArc& arc, const PrincipalAxes& axes);
@@ -66,6 +74,7 @@ private:
     std::vector<PlainVertex> m_vertices;
     bool m_hasDrawn = false;
     bool m_hasLost = false;
+    bool m_isCut = false; // there was no room for a part
 };
 
 } // namespace prepare

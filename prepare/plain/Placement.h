@@ -1,6 +1,7 @@
 // What an entity needs to know to become plain ones.
 #pragma once
 
+#include "prepare/plain/Budget.h"
 #include "prepare/plain/Matrix.h"
 #include "prepare/plain/Plain.h"
 #include "prepare/report/Report.h"
@@ -28,12 +29,13 @@ struct Placement {
     const Drawing& drawing;
     Matrix matrix;        // from world coordinates (of the drawing or of the block) to the output's plane
     Style style;          // resolved; its lineTypeScale and weight are the output's
-    double tolerance = 0; // of flattened curves, in the output's units; above 0
+    double tolerance = 0; // of flattened curves while there is room, in the output's units; above 0
     Box reach;            // in the output's units: rays are cut here; empty while that is not known, and
                           // then they are left out
     double pointSize = 0; // half the size of a POINT's mark, in the output's units
     PlainSink& sink;
     Report& report;
+    Budget& budget; // its curves are those of tolerance
 };
 
 } // namespace prepare

@@ -52,7 +52,7 @@ void SheetConverter::AddPane(const Options& options, const Window& window)
     pane.block = m_output.NewBlock("Viewport");
     m_output.Model().Insert(pane.block, {}, 0, false);
     if (!m_settings.extents.IsEmpty())
-        pane.cut.emplace(pane.region, m_settings.tolerance, m_output.Block(pane.block));
+        pane.cut.emplace(pane.region, m_converter.Room(), m_output.Block(pane.block));
     if (window.isFromAbove)
         pane.seen = BeforeMap(window.matrix, pane.region.Bounds());
 }
@@ -112,7 +112,10 @@ void SheetConverter::TakeOfModel(const Entity& entity)
 
 void SheetConverter::ShowIn(Pane& pane, const Entity& entity)
 {
-    if (!m_converter.HasRoom())
+    if (pane.isFull)
+        return;
+    pane.isFull = !m_converter.HasRoom();
+    if (pane.isFull)
         return m_report.Add(Finding::Cut, "layout", "its viewports show too much", pane.line);
     if (!m_drawing.placeInOrder.empty())
         m_output.UsePlaceInBlock(pane.block, m_drawing.PlaceOf(entity.handle));

@@ -12,7 +12,6 @@ struct SheetSettings {
     // Of all that the sheet shows. Empty while that is measured: then windows are not cut, and what they show
     // does not count for the model's measure.
     Box extents;
-    double tolerance = 1;    // of flattened curves
     ConvertSettings placing; // of what is measured alone
 };
 
@@ -20,7 +19,7 @@ struct SheetSettings {
 // entities, in which the model's entities keep their order.
 class SheetConverter final : public EntitySink {
 public:
-    // All must outlive it. converter is one for the same output.
+    // All must outlive it. converter is one for the same output; the windows share its room.
     SheetConverter(const Drawing& drawing, const Options& options, const Layout& layout, const Sheet& sheet,
                    const std::vector<Window>& windows, const SheetSettings& settings, Converter& converter,
                    PlainOutput& output, Report& report);
@@ -44,6 +43,7 @@ private:
         std::size_t block = 0;
         Box seen; // of the world's plane; empty where it is seen from another side
         std::uint64_t line;
+        bool isFull = false; // it shows no more: there was no room
     };
 
     void AddPane(const Options& options, const Window& window);

@@ -34,13 +34,14 @@ double DistanceFromChord(Point2 point, Point2 start, Point2 end)
 // Flattens pieces of one degree, by halves.
 class Flattener {
 public:
-    Flattener(std::size_t degree, bool isRational, double tolerance, std::size_t mostChords)
-        : m_degree(degree), m_depth(static_cast<std::size_t>(std::bit_width(mostChords) - 1))
+    // mostChords: of each piece.
+    Flattener(std::size_t degree, bool isRational, Fineness& curves, double coarsest, std::size_t mostChords)
+        : m_degree(degree), m_depth(static_cast<std::size_t>(std::bit_width(mostChords) - 1)),
+          // The distance from a chord is convex: a curve is as far as its inner control points at most, times
+          // the share that they can have in one of its points.
+          m_share(isRational ? 1 : 1 - std::ldexp(1, 1 - static_cast<int>(degree))), m_curves(curves),
+          m_coarsest(coarsest)
     {
-        // The distance from a chord is convex: a curve is as far as its inner control points at most, times
-        // the share that they can have in one of its points.
-        const double share = isRational ? 1 : 1 - std::ldexp(1, 1 - static_cast<int>(degree));
-        m_tolerance = share > 0 ? tolerance / share : HUGE_VAL;
     }
 
     // Adds the points after the curve's first one.
@@ -52,12 +53,16 @@ private:
         std::size_t depth;
     };
 
+    void AddHalves(const Bezier& curve, std::vector<Point2>& points);
     bool IsFlat(const Bezier& curve) const;
     Bezier SplitOffSecondHalf(Bezier& curve) const;
 
     std::size_t m_degree;
     std::size_t m_depth;
-    double m_tolerance;
+    double m_share;
+    Fineness& m_curves;
+    double m_coarsest;
+    double m_tolerance = 0;    // of the inner control points of the piece that is being added
     std::vector<Piece> m_rest; // the next one last
 };
 
@@ -84,6 +89,14 @@ Bezier Flattener::SplitOffSecondHalf(Bezier& curve) const
 }
 
 void Flattener::Add(const Bezier& curve, std::vector<Point2>& points)
+{
+    const std::size_t before = points.size();
+    m_tolerance = m_share > 0 ? std::min(m_curves.Tolerance(), m_coarsest) / m_share : HUGE_VAL;
+    AddHalves(curve, points);
+    m_curves.Take(1, points.size() - before);
+}
+
+void Flattener::AddHalves(const Bezier& curve, std::vector<Point2>& points)
 {
     m_rest.assign(1, {curve, 0});
     while (!m_rest.empty()) {
@@ -283,15 +296,17 @@ bool AreGoodKnots(const std::vector<double>& knots, std::size_t controlPoints, s
            std::is_sorted(knots.begin(), knots.end()) && knots[degree] < knots[controlPoints];
 }
 
-std::vector<Point2> Flatten(const BSpline& spline, double tolerance)
+std::vector<Point2> Flatten(const BSpline& spline, Fineness& curves, double coarsest)
 {
     const std::size_t points = spline.controlPoints.size();
     std::size_t spans = 0;
     for (std::size_t knot = spline.degree; knot < points; ++knot)
         spans += !Span(spline, knot).IsEmpty();
     std::vector<Point2> flat;
-    Flattener flattener(spline.degree, IsRational(spline), tolerance,
-                        kChordsOfPoint * points / std::max<std::size_t>(spans, 1));
+    // However few spans there are, that many points bend one of them.
+    const std::size_t most = kChordsOfPoint * (spline.degree + 1);
+    Flattener flattener(spline.degree, IsRational(spline), curves, coarsest,
+                        std::min(kChordsOfPoint * points / std::max<std::size_t>(spans, 1), most));
     for (std::size_t knot = spline.degree; knot < points; ++knot) {
         const Span span(spline, knot);
         if (span.IsEmpty())
@@ -304,12 +319,12 @@ std::vector<Point2> Flatten(const BSpline& spline, double tolerance)
     return flat;
 }
 
-std::vector<Point2> Flatten(const CurveThrough& curve, double tolerance)
+std::vector<Point2> Flatten(const CurveThrough& curve, Fineness& curves, double coarsest)
 {
     constexpr std::size_t kCubic = 3;
     const std::vector<Point2> slopes = Slopes(curve).Find();
     std::vector<Point2> flat{curve.points.front()};
-    Flattener flattener(kCubic, false, tolerance, kChordsOfPoint);
+    Flattener flattener(kCubic, false, curves, coarsest, kChordsOfPoint);
     for (std::size_t i = 0; i + 1 < curve.points.size(); ++i) {
         const double third = (curve.parameters[i + 1] - curve.parameters[i]) / 3;
         const Point2 start = curve.points[i], end = curve.points[i + 1];

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "prepare/drawing/Point.h"
+#include "prepare/plain/Fineness.h"
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -38,10 +40,11 @@ std::vector<double> UniformKnots(std::size_t controlPoints, std::size_t degree);
 // Whether these are as many knots as that spline needs, rising, finite, and not all one.
 bool AreGoodKnots(const std::vector<double>& knots, std::size_t controlPoints, std::size_t degree);
 
-// The points of a polyline that is nowhere farther than tolerance from the spline, both ends included. Their
-// count is bounded by a multiple of that of the control points: beyond, the polyline is coarser. The degree
-// is 1 to kHighestDegree, the weights are above 0, and there are more control points than the degree.
-std::vector<Point2> Flatten(const BSpline& spline, double tolerance);
+// The points of a polyline as near to the spline as curves are drawn, and nowhere farther than coarsest; both
+// ends are included. Their count is bounded by a multiple of that of the control points: beyond, the polyline
+// is coarser. The degree is 1 to kHighestDegree, the weights are above 0, and there are more control points
+// than the degree.
+std::vector<Point2> Flatten(const BSpline& spline, Fineness& curves, double coarsest = HUGE_VAL);
 
 // What a curve through points needs: their parameters, rising, and the directions at its ends.
 struct CurveThrough {
@@ -55,6 +58,6 @@ struct CurveThrough {
 };
 
 // The same for the cubic that is smooth in all its points.
-std::vector<Point2> Flatten(const CurveThrough& curve, double tolerance);
+std::vector<Point2> Flatten(const CurveThrough& curve, Fineness& curves, double coarsest = HUGE_VAL);
 
 } // namespace prepare

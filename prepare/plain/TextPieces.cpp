@@ -27,8 +27,10 @@ bool IsFinite(Point2 p)
 
 void TextDrawer::Draw(const Style& style, const TextPiece& piece)
 {
-    if (const std::optional<PlainText> text = LettersOf(piece))
+    if (const std::optional<PlainText> text = LettersOf(piece)) {
+        m_placement.budget.TakeText(text->text.size());
         m_placement.sink.Text(style, *text);
+    }
     DrawLinedParts(style, piece);
 }
 
@@ -42,6 +44,7 @@ void TextDrawer::DrawRuns(double u, std::span<const StyledPiece> pieces)
             runs.back().blanks = blanks + before;
         if (std::optional<PlainText> text = LettersOf(piece)) {
             blanks = piece.text.size() - before - text->text.size();
+            m_placement.budget.TakeText(text->text.size());
             runs.push_back({style, std::move(*text)});
         } else {
             blanks += before;
@@ -101,8 +104,10 @@ void TextDrawer::DrawLine(const Style& style, Point2 start, Point2 end)
     solid.width = 0;
     const Point2 from = m_frame.At(start.x, start.y);
     const Point2 to = m_frame.At(end.x, end.y);
-    if (IsFinite(from) && IsFinite(to) && !(from == to))
-        m_placement.sink.Line(solid, from, to);
+    if (!IsFinite(from) || !IsFinite(to) || from == to)
+        return;
+    m_placement.budget.Take(2);
+    m_placement.sink.Line(solid, from, to);
 }
 
 void TextDrawer::LeaveOut(std::string_view reason)

@@ -54,6 +54,22 @@ bool AreFinite(const std::vector<Point2>& points)
     return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
 }
 
+// Blocks are no outlines: they may unfold to anything.
+bool RunsRound(const Entity& entity)
+{
+    switch (entity.type) {
+    case EntityType::Arc:
+    case EntityType::Circle:
+    case EntityType::Ellipse:
+    case EntityType::LwPolyline:
+    case EntityType::Polyline:
+    case EntityType::Spline:
+        return true;
+    default:
+        return false;
+    }
+}
+
 double LongerSideOf(const std::vector<Point2>& points)
 {
     Box box;
@@ -123,37 +139,52 @@ std::set<NameId> WindowReader::FrozenBy(const Viewport& viewport) const
     return frozen;
 }
 
-OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, std::vector<Window>& windows)
-    : m_drawing(drawing), m_sheet(sheet)
+OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, const ConvertSettings& limits,
+                             std::vector<Window>& windows)
+    : m_drawing(drawing), m_sheet(sheet), m_limits(limits)
 {
     for (Window& window : windows)
         if (window.clip != 0)
             m_wanted.emplace(window.clip, &window);
 }
 
-// The first entity of a handle counts, whatever its layer.
+// The first entity of a handle counts, whatever its layer. Of more corners than things can be cut along, the
+// box is enough for each window.
 void OutlineReader::Take(const Entity& entity)
 {
     const auto wanted = m_wanted.find(entity.handle);
-    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0)
+    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !RunsRound(entity))
         return;
-    constexpr double kFineness = 1.0 / 1000; // of the window
+    std::vector<Point2> outline = OutlineOf(entity, LongerSideOf(wanted->second->outline));
+    if (outline.size() < 3 || !AreFinite(outline))
+        return;
+    if (outline.size() > ClipRegion::kMostCorners) {
+        const ClipRegion box(std::move(outline));
+        outline.assign(box.Corners().begin(), box.Corners().end());
+    }
+    const auto [first, last] = m_wanted.equal_range(entity.handle);
+    for (auto window = first; window != last; ++window)
+        window->second->outline = outline;
+    m_wanted.erase(first, last);
+}
+
+// side: of the window.
+std::vector<Point2> OutlineReader::OutlineOf(const Entity& entity, double side)
+{
+    constexpr double kFineness = 1.0 / 1000;
     Options options;
     options.showsAllLayers = true;
-    ConvertSettings settings;
-    settings.tolerance = kFineness * LongerSideOf(wanted->second->outline);
-    OutlineOutput output(settings.tolerance);
+    m_limits.tolerance = kFineness * side;
+    OutlineOutput output(m_limits.tolerance, m_limits.sparePointsOfCurves);
     Report unsaid;
-    Converter converter(m_drawing, options, settings, output, unsaid);
+    Converter converter(m_drawing, options, m_limits, output, unsaid);
     View view(m_drawing, options);
     view.matrix = m_sheet.matrix;
     converter.Show(entity, view, output.Model());
-    if (output.Outline().size() < 3 || !AreFinite(output.Outline()))
-        return;
-    const auto [first, last] = m_wanted.equal_range(entity.handle);
-    for (auto window = first; window != last; ++window)
-        window->second->outline = output.Outline();
-    m_wanted.erase(first, last);
+    m_limits.mostPoints = converter.Room().Rest();
+    m_limits.sparePointsOfCurves -=
+        std::min<std::uint64_t>(m_limits.sparePointsOfCurves, output.Outline().size());
+    return output.Outline();
 }
 
 void OutlineReader::Finish(Report& report) const

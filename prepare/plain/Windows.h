@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/drawing/Drawing.h"
+#include "prepare/plain/Converter.h"
 #include "prepare/plain/Sheet.h"
 #include "prepare/report/Report.h"
 
@@ -50,8 +51,9 @@ private:
 // Gives windows that are cut along entities their outlines.
 class OutlineReader final : public EntitySink {
 public:
-    // All must outlive it.
-    OutlineReader(const Drawing& drawing, const Sheet& sheet, std::vector<Window>& windows);
+    // All must outlive it. limits: of what all outlines may come to.
+    OutlineReader(const Drawing& drawing, const Sheet& sheet, const ConvertSettings& limits,
+                  std::vector<Window>& windows);
 
     // Whether there is anything to be read.
     bool IsNeeded() const { return !m_wanted.empty(); }
@@ -60,8 +62,11 @@ public:
     void Finish(Report& report) const;
 
 private:
+    std::vector<Point2> OutlineOf(const Entity& entity, double side);
+
     const Drawing& m_drawing;
     const Sheet& m_sheet;
+    ConvertSettings m_limits; // of what is still to come
     std::multimap<Handle, Window*> m_wanted;
 };
 

@@ -7,6 +7,7 @@
 #include "prepare/report/Report.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -19,14 +20,15 @@ using ByteFunction = std::function<bool(std::string_view bytes)>;
 struct WriteSettings {
     Profile profile = Profile::Module;
     bool mayWrap = true;
-    bool marksLayers = false;        // for a host that knows the marks
-    Box extents;                     // of all that will be drawn, in drawing units
-    bool isInMillimetres = false;    // whatever units the drawing says it has
-    double unitsPerMm = 1;           // the drawing units of a millimetre on the sheet that the picture is
-    double thinnest = 0;             // the least width of a stroke, in drawing units
-    double tolerance = 0;            // of curves that the profile has to flatten
-    std::int32_t thinnestWeight = 0; // of all strokes, hundredths of a millimetre
-    double smallestText = 0;         // the least height of a text, in drawing units; 0: no texts
+    bool marksLayers = false;     // for a host that knows the marks
+    Box extents;                  // of all that will be drawn, in drawing units
+    bool isInMillimetres = false; // whatever units the drawing says it has
+    double unitsPerMm = 1;        // the drawing units of a millimetre on the sheet that the picture is
+    double thinnest = 0;          // the least width of a stroke, in drawing units
+    double tolerance = 0;         // of curves that the profile has to flatten
+    std::uint64_t sparePointsOfCurves = UINT64_MAX; // of those, as Fineness has them
+    std::int32_t thinnestWeight = 0;                // of all strokes, hundredths of a millimetre
+    double smallestText = 0; // the least height of a text, in drawing units; 0: no texts
 };
 
 // The entities are kept, as text, until Finish: blocks and line types are known only then.

@@ -40,8 +40,10 @@ int ChordsOfArc(double radius, double angle, double tolerance)
     return pieces < kMostPieces ? std::max(static_cast<int>(pieces), 1) : kMostPieces;
 }
 
-void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, double tolerance)
+void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, Fineness& curves)
 {
+    const std::size_t before = points.size();
+    const double tolerance = curves.Tolerance();
     const double height = std::fabs(bulge) * Length(b - a) / 2;
     if (height > tolerance) {
         const CircularArc arc = ArcOnChord(a, b, bulge);
@@ -53,13 +55,16 @@ void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge,
         }
     }
     points.push_back(b);
+    if (bulge != 0)
+        curves.Take(1, points.size() - before);
 }
 
 void AppendEllipseChords(std::vector<Point2>& points, Point2 centre, Point2 majorAxis, double ratio,
-                         double start, double end, double tolerance)
+                         double start, double end, Fineness& curves)
 {
     const Point2 minorAxis = ratio * LeftOf(majorAxis);
-    const int pieces = ChordsOfArc(Length(majorAxis), end - start, tolerance);
+    const int pieces = ChordsOfArc(Length(majorAxis), end - start, curves.Tolerance());
+    curves.Take(1, static_cast<std::size_t>(pieces));
     for (int i = 0; i <= pieces; ++i) {
         const double angle = start + (end - start) * i / pieces;
         points.push_back(centre + std::cos(angle) * majorAxis + std::sin(angle) * minorAxis);

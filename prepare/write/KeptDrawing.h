@@ -1,6 +1,7 @@
 // What both profiles start from: all plain entities, as they came.
 #pragma once
 
+#include "prepare/plain/Fineness.h"
 #include "prepare/write/DrawingWriter.h"
 #include "prepare/write/PlainLog.h"
 #include "prepare/write/StyleTable.h"
@@ -44,6 +45,13 @@ protected:
         if (m_settings.isInMillimetres)
             return name == "$INSUNITS" ? kMillimetres : kMetric;
         return m_drawing.header.Integer(name, -1);
+    }
+
+    void ReportCoarse(const Fineness& curves)
+    {
+        if (curves.CoarseParts() > 0)
+            m_report.Add(Finding::Changed, "drawing", "arcs of its polylines are coarser: there are too many",
+                         0, curves.CoarseParts());
     }
 
     const Drawing& m_drawing;

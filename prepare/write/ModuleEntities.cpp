@@ -92,7 +92,7 @@ void ModuleEntities::WriteArc(StyleId style, Point2 centre, double radius, doubl
 {
     if (radius > kLargestRadius) {
         m_points.clear();
-        AppendEllipseChords(m_points, centre, {radius, 0}, 1, start, end, m_out.tolerance);
+        AppendEllipseChords(m_points, centre, {radius, 0}, 1, start, end, m_out.curves);
         return WritePoints(style, m_points, false);
     }
     const int decimals = DecimalsOfAngle(radius, kDegree);
@@ -142,7 +142,7 @@ void ModuleEntities::WriteEllipticalArc(StyleId style, Point2 centre, Point2 maj
         WriteEllipticalArc(style, centre, majorAxis, ratio, middle, end, splits - 1);
     } else if (drawn != DrawnEllipse::Right) {
         m_points.clear();
-        AppendEllipseChords(m_points, centre, majorAxis, ratio, start, end, m_out.tolerance);
+        AppendEllipseChords(m_points, centre, majorAxis, ratio, start, end, m_out.curves);
         WritePoints(style, m_points, false);
     } else {
         WriteEllipse(style, centre, majorAxis, ratio);
@@ -162,7 +162,7 @@ void ModuleEntities::Polyline(StyleId style, std::span<const PlainVertex> vertic
             break;
         const PlainVertex& from = vertices[i - 1];
         const PlainVertex& to = vertices[i % vertices.size()];
-        AppendChords(m_points, Local(from.point), Local(to.point), from.bulge, m_out.tolerance);
+        AppendChords(m_points, Local(from.point), Local(to.point), from.bulge, m_out.curves);
     }
     WritePoints(style, m_points, isClosed);
 }

@@ -35,9 +35,9 @@ struct ModuleOutput {
     const std::vector<ModuleBlock>& blocks;
     Report& report;
     FillCounts& fills;
-    double factor = 1;    // written units in one of the drawing
-    int decimals = 0;     // of written coordinates
-    double tolerance = 0; // of flattened curves, in written units
+    Fineness& curves;  // in written units
+    double factor = 1; // written units in one of the drawing
+    int decimals = 0;  // of written coordinates
 };
 
 // What of a text the module does not get.

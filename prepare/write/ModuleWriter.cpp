@@ -176,9 +176,10 @@ bool ModuleWriter::Finish(const ByteFunction& write)
 
     PairWriter pairs(write);
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
+    Fineness curves(tolerance, m_settings.sparePointsOfCurves);
     FillCounts fills;
-    const ModuleOutput output{pairs,    styles, texts,       layers,   blocks,
-                              m_report, fills,  wrap.factor, decimals, tolerance};
+    const ModuleOutput output{pairs,    styles, texts,  layers,      blocks,
+                              m_report, fills,  curves, wrap.factor, decimals};
     ModuleEntities model(output, wrap.origin, true);
     WriteHeader(pairs);
     styles.WriteTables(pairs);
@@ -222,6 +223,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
         m_model.Replay(model);
     pairs.Text(0, "ENDSEC");
     pairs.Text(0, "EOF");
+    ReportCoarse(curves);
     if (wrap.isNeeded)
         m_report.Add(Finding::Rewritten, "drawing", "one block near the origin", 0);
     return pairs.Finish();

@@ -131,7 +131,7 @@ void StandardEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, d
 {
     if (IsWide(style)) {
         std::vector<Point2> points;
-        AppendEllipseChords(points, centre, majorAxis, ratio, start, end, m_out.tolerance);
+        AppendEllipseChords(points, centre, majorAxis, ratio, start, end, m_out.curves);
         std::vector<PlainVertex> vertices;
         for (const Point2& point : points)
             vertices.push_back({point, 0});

@@ -18,8 +18,8 @@ struct StandardOutput {
     const StandardTables& tables;
     const std::vector<std::string>& blockNames; // by their numbers; empty: it is not used
     Report& report;
+    Fineness& curves;      // ellipses that are wide lines
     int decimals = 0;      // of coordinates
-    double tolerance = 0;  // of ellipses that are wide lines
     std::uint64_t& handle; // the next free one
 };
 

@@ -175,8 +175,9 @@ bool StandardWriter::Finish(const ByteFunction& write)
     }
 
     PairWriter pairs(write);
-    const StandardOutput output{pairs,    m_styles, styleTexts,           tables, names,
-                                m_report, decimals, m_settings.tolerance, handle};
+    Fineness curves(m_settings.tolerance, m_settings.sparePointsOfCurves);
+    const StandardOutput output{pairs,    m_styles, styleTexts, tables, names,
+                                m_report, curves,   decimals,   handle};
     WriteHeader(pairs, extents, seed);
     tables.Write(pairs, blocks, extents, decimals, handle);
     BeginSection(pairs, "BLOCKS");
@@ -194,6 +195,7 @@ bool StandardWriter::Finish(const ByteFunction& write)
     pairs.Text(0, "ENDSEC");
     WriteStandardObjects(pairs, extents, decimals);
     pairs.Text(0, "EOF");
+    ReportCoarse(curves);
     return pairs.Finish();
 }
 

@@ -30,11 +30,11 @@ struct Prepared {
     }
 };
 
-Prepared PreparedFrom(const std::string& drawing, Options options = {})
+Prepared PreparedFrom(const std::string& drawing, Options options = {}, Profile profile = Profile::Standard)
 {
     Prepared prepared;
     MemoryInput input(drawing);
-    options.profile = Profile::Standard;
+    options.profile = profile;
     const auto write = [&](std::string_view bytes) {
         prepared.text += bytes;
         return true;
@@ -189,6 +189,96 @@ TEST(PrepareDrawing, UnknownEncodingIsABadOption)
     EXPECT_EQ(PreparedFrom(Section("ENTITIES", kLine), options).outcome, PrepareOutcome::BadOptions);
     options.encoding = "ansi_1251";
     EXPECT_EQ(PreparedFrom(Section("ENTITIES", kLine), options).outcome, PrepareOutcome::Done);
+}
+
+// "changed SPLINE: drawn coarser", of the entries that say what is missing.
+Lines MissingIn(const Report& report)
+{
+    Lines lines;
+    for (const auto& [key, met] : report.Entries())
+        if (key.finding == Finding::Changed || key.finding == Finding::Cut)
+            lines.push_back(key.subject + ": " + key.detail);
+    return lines;
+}
+
+std::size_t PointsIn(const std::string& text)
+{
+    std::size_t points = 0;
+    for (std::size_t at = text.find("\n10\n"); at != std::string::npos; at = text.find("\n10\n", at + 1))
+        ++points;
+    return points;
+}
+
+std::string Repeated(const std::string& entity, std::size_t times)
+{
+    std::string all;
+    for (std::size_t i = 0; i < times; ++i)
+        all += entity;
+    return all;
+}
+
+TEST(PrepareDrawing, CurvesWithoutEndGetCoarser)
+{
+    const std::string spline = Dxf({{0, "SPLINE"},
+                                    {8, "0"},
+                                    {71, "3"},
+                                    {40, "0"},
+                                    {40, "0"},
+                                    {40, "0"},
+                                    {40, "0"},
+                                    {40, "1"},
+                                    {40, "1"},
+                                    {40, "1"},
+                                    {40, "1"},
+                                    {10, "0"},
+                                    {20, "0"},
+                                    {10, "900"},
+                                    {20, "9"},
+                                    {10, "8"},
+                                    {20, "300"},
+                                    {10, "1"},
+                                    {20, "1"}});
+    Options options;
+    options.tolerance = 1e-4;
+    const std::string few = Section("ENTITIES", Repeated(spline, 50));
+    const std::string many = Section("ENTITIES", Repeated(spline, 5000));
+    const Prepared fine = PreparedFrom(few, options), coarse = PreparedFrom(many, options);
+    EXPECT_GT(PointsIn(fine.text), 500u * 50);
+    EXPECT_EQ(MissingIn(fine.report), Lines{});
+    EXPECT_LT(PointsIn(coarse.text), 100'000 + many.size());
+    EXPECT_GT(PointsIn(coarse.text), 5u * 5000); // the last one is a curve, too
+    EXPECT_EQ(MissingIn(coarse.report),
+              Lines{"SPLINE: drawn coarser: the drawing has more curves than can be shown"});
+}
+
+TEST(PrepareDrawing, ArcsThatAProfileFlattensGetCoarser)
+{
+    const std::string vertices =
+        Dxf({{10, "0"}, {20, "0"}, {42, "0.9"}, {10, "900"}, {20, "300"}, {42, "-0.9"}});
+    const std::string polyline = Dxf({{0, "LWPOLYLINE"}, {8, "0"}, {90, "2000"}}) + Repeated(vertices, 1000);
+    Options options;
+    options.tolerance = 1e-4;
+    const Prepared prepared = PreparedFrom(Section("ENTITIES", polyline), options, Profile::Module);
+    EXPECT_GT(PointsIn(prepared.text), 80'000u);
+    EXPECT_LT(PointsIn(prepared.text), 140'000u);
+    EXPECT_EQ(MissingIn(prepared.report),
+              Lines{"drawing: arcs of its polylines are coarser: there are too many"});
+}
+
+TEST(PrepareDrawing, BlocksOfManyPointsUnfoldToABound)
+{
+    const std::string polyline = Dxf({{0, "LWPOLYLINE"}, {8, "0"}, {90, "2000"}}) +
+                                 Repeated(Dxf({{10, "0"}, {20, "0"}, {10, "9"}, {20, "3"}}), 1000);
+    std::string inserts;
+    for (int i = 1; i <= 1000; ++i)
+        inserts += Dxf({{0, "INSERT"}, {2, "A"}, {41, std::to_string(i)}});
+    const std::string drawing =
+        Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "A"}}) + polyline + Dxf({{0, "ENDBLK"}})) +
+        Section("ENTITIES", inserts);
+    const Prepared prepared = PreparedFrom(drawing);
+    EXPECT_GT(PointsIn(prepared.text), 300'000u);
+    EXPECT_LT(PointsIn(prepared.text), 310'000 + drawing.size());
+    EXPECT_EQ(MissingIn(prepared.report), Lines{"drawing: it has more in it than can be shown"});
 }
 
 } // namespace

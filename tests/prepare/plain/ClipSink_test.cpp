@@ -12,7 +12,8 @@ class ClipSinkTest : public testing::Test {
 protected:
     const ClipRegion region{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}};
     RecordingSink taken;
-    ClipSink sink{region, 0.01, taken};
+    Budget budget{0.01};
+    ClipSink sink{region, budget, taken};
     const Style style{};
 };
 
@@ -28,6 +29,18 @@ TEST_F(ClipSinkTest, WhatIsInsideStaysAsItIs)
     EXPECT_EQ(taken.lines, (Lines{"line 1,1 2,2", "circle 5,5 radius 4", "arc 5,5 radius 4 from 0 to 1",
                                   "ellipse 5,5 axis 4,0 ratio 0.5 from 0 to 1",
                                   "closed polyline 1,1 bulge 0.5 3,1", "fill 1,1 2,1 2,2"}));
+}
+
+TEST_F(ClipSinkTest, PiecesWithoutRoomAreLeftOut)
+{
+    Budget small(0.01, UINT64_MAX, 10);
+    ClipSink bounded(region, small, taken);
+    for (int i = 1; i < 5; ++i)
+        bounded.Line(style, {i * 1.0, -1}, {i * 1.0, 11});
+    bounded.Polyline(style, std::vector<PlainVertex>{{{5, 5}, 0}, {{5, 15}, 0}}, false);
+    bounded.Fill(style, std::vector<std::vector<Point2>>{{{1, 1}, {12, 2}, {2, 2}}});
+    EXPECT_EQ(taken.lines, (Lines{"line 1,0 1,10", "line 2,0 2,10"}));
+    EXPECT_TRUE(small.IsSpent());
 }
 
 TEST_F(ClipSinkTest, WhatIsOutsideIsLeftOut)

@@ -60,7 +60,8 @@ public:
     Lines Draw(const Dimension& dimension)
     {
         RecordingSink sink;
-        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report};
+        Budget budget(0.01);
+        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report, budget};
         const PartStyler styleOf = [this](const StyleOfPart& part) {
             Style style;
             style.colour.index = part.colour;

@@ -571,7 +571,8 @@ LinesOfText LinesIn(const MText& text)
 {
     TextTrial trial;
     LinesOfText sink;
-    const Placement placement{trial.drawing, {}, {}, 0.01, {}, 0, sink, trial.report};
+    Budget budget(0.01);
+    const Placement placement{trial.drawing, {}, {}, 0.01, {}, 0, sink, trial.report, budget};
     DrawTexts(text, placement, [](const StyleOfPart& part) {
         Style style;
         style.colour.index = part.colour;

@@ -97,8 +97,9 @@ TEST(DrawGeometry, ModelledSolidsAreReportedAndUnknownTypesAreNot)
     EXPECT_EQ(stage.Findings(), Lines{"not shown: a modelled solid or surface"});
     Other unknown;
     unknown.typeName = stage.drawing.names.Of("ROOM");
-    const Placement placement{stage.drawing, stage.matrix,    stage.style, stage.tolerance,
-                              stage.reach,   stage.pointSize, stage.sink,  stage.report};
+    Budget budget(stage.tolerance);
+    const Placement placement{stage.drawing,   stage.matrix, stage.style,  stage.tolerance, stage.reach,
+                              stage.pointSize, stage.sink,   stage.report, budget};
     EXPECT_FALSE(DrawGeometry(unknown, placement, {}));
     EXPECT_FALSE(DrawGeometry(Text(), placement, {}));
 }

@@ -23,8 +23,9 @@ double SignedArea(const Ring& ring)
 
 std::vector<Ring> Rings(const Hatch& hatch, Stage& stage)
 {
-    const Placement placement{stage.drawing, stage.matrix,    stage.style, stage.tolerance,
-                              stage.reach,   stage.pointSize, stage.sink,  stage.report};
+    Budget budget(stage.tolerance);
+    const Placement placement{stage.drawing,   stage.matrix, stage.style,  stage.tolerance, stage.reach,
+                              stage.pointSize, stage.sink,   stage.report, budget};
     const PartStyler styleOf;
     Pen pen(hatch, placement, styleOf);
     std::vector<Ring> rings = RingsOf(hatch, pen);

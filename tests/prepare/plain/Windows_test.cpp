@@ -202,12 +202,12 @@ TEST_F(Windows, OldDrawingsSayInTheirDataWhatIsShown)
 
 class Outlines : public Windows {
 protected:
-    std::vector<prepare::Window> Cut(const Entity& entity)
+    std::vector<prepare::Window> Cut(const Entity& entity, const ConvertSettings& limits = {})
     {
         Viewport viewport = Window();
         viewport.clip = 0x9;
         auto windows = Read({viewport, viewport});
-        OutlineReader reader(drawing, sheet, windows);
+        OutlineReader reader(drawing, sheet, limits, windows);
         EXPECT_TRUE(reader.IsNeeded());
         reader.Take(entity);
         reader.Finish(report);
@@ -237,6 +237,38 @@ TEST_F(Outlines, AreTheEntitysPoints)
         EXPECT_NEAR(Length(point - Point2{100, 50}), 10, 1e-9);
 }
 
+LwPolyline Circles(std::size_t halves)
+{
+    LwPolyline polyline;
+    polyline.handle = 0x9;
+    polyline.isInPaperSpace = 1;
+    PolylineVertex vertex;
+    vertex.bulge = 1;
+    polyline.vertices.resize(halves, vertex);
+    for (std::size_t i = 1; i < halves; i += 2)
+        polyline.vertices[i].point.x = 100;
+    return polyline;
+}
+
+TEST_F(Outlines, OfMoreCornersThanThingsAreCutAlongAreBoxes)
+{
+    EXPECT_GT(Cut(Circles(3))[0].outline.size(), 60U);
+    for (const prepare::Window& window : Cut(Circles(101)))
+        EXPECT_EQ(window.outline.size(), 4U);
+    EXPECT_EQ(Found(), "");
+}
+
+TEST_F(Outlines, ShareWhatTheDrawingMayComeTo)
+{
+    ConvertSettings limits;
+    limits.sparePointsOfCurves = 20;
+    const std::size_t whole = Cut(Circles(3))[0].outline.size();
+    EXPECT_LT(Cut(Circles(3), limits)[0].outline.size(), whole);
+    limits.mostPoints = 0;
+    EXPECT_EQ(Cut(Circles(3), limits)[0].outline.size(), 4U);
+    EXPECT_EQ(Found(), "VIEWPORT: its outline is missing: its rectangle is in its place (2);");
+}
+
 TEST_F(Outlines, ThatAreNoneLeaveTheRectangle)
 {
     Line line;
@@ -250,7 +282,14 @@ TEST_F(Outlines, ThatAreNoneLeaveTheRectangle)
     Circle huge = elsewhere;
     huge.isInPaperSpace = 1;
     huge.radius = HUGE_VAL;
-    const Entity* const entities[] = {&line, &itself, &elsewhere, &huge};
+    Insert insert;
+    insert.handle = 0x9;
+    insert.isInPaperSpace = 1;
+    insert.block = drawing.names.Of("A");
+    auto block = std::make_unique<Block>();
+    block->entities.push_back(std::make_unique<LwPolyline>(Circles(3)));
+    drawing.blocks.emplace(insert.block, std::move(block));
+    const Entity* const entities[] = {&line, &itself, &elsewhere, &huge, &insert};
     for (const Entity* const entity : entities) {
         report = {};
         EXPECT_EQ(Cut(*entity)[0].outline.size(), 4U);

@@ -26,7 +26,8 @@ const char* Word(Finding finding)
 
 Lines Stage::Draw(const Entity& entity)
 {
-    const Placement placement{drawing, matrix, style, tolerance, reach, pointSize, sink, report};
+    Budget budget(tolerance, UINT64_MAX, mostPoints);
+    const Placement placement{drawing, matrix, style, tolerance, reach, pointSize, sink, report, budget};
     sink.lines.clear();
     EXPECT_TRUE(DrawGeometry(entity, placement, StyleOf));
     return sink.lines;

@@ -4,6 +4,7 @@
 #include "prepare/plain/DrawEntity.h"
 #include "support/RecordingSink.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@ public:
     double tolerance = 0.01;
     Box reach;
     double pointSize = 1;
+    std::uint64_t mostPoints = UINT64_MAX;
     RecordingSink sink;
     Report report;
 

@@ -18,7 +18,8 @@ struct TextTrial {
     std::vector<std::string> Draw(const Entity& entity)
     {
         RecordingSink sink;
-        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report};
+        Budget budget(0.01);
+        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report, budget};
         const PartStyler styleOf = [](const StyleOfPart& part) {
             Style style;
             style.colour.isTrue = part.trueColour != kNoTrueColour;
