@@ -5,8 +5,10 @@
 #include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/Converter.h"
+#include "prepare/report/WaitingFindings.h"
 
 #include <memory>
+#include <utility>
 
 namespace prepare {
 
@@ -37,24 +39,25 @@ bool IsDrawing(const Drawing& drawing, std::uint64_t entities)
     return entities > 0 || drawing.hasSections || !drawing.layers.empty() || !drawing.blocks.empty();
 }
 
-} // namespace
-
-PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
-                              Report& report, const ProgressFunction& progress)
+// drawing may have its header already, and nothing else.
+PrepareOutcome PrepareModel(ReopenableSource& source, const Options& options, const ByteFunction& write,
+                            Report& report, const ProgressFunction& progress, Drawing drawing = {})
 {
-    if (!options.encoding.empty() && !IsEncoding(options.encoding))
-        return PrepareOutcome::BadOptions;
-    if (!options.layout.empty() && !IsModelName(options.layout))
-        return PrepareSheet(source, options, write, report, progress);
-    Drawing drawing;
     bool hasFailed = false;
+    WaitingFindings found;
     Report unsaid; // of measuring, which finds the same as writing
     const ConvertSettings coarse = CoarseSettings(source.Size());
     auto measure = std::make_unique<Measure>();
     auto measuring = std::make_unique<Converter>(drawing, options, coarse, *measure, unsaid);
     CountingSink counted(*measuring);
     const bool hasMetAll =
-        ReadIndex(source.Rewound(), options.encoding, drawing, &counted, report, hasFailed);
+        ReadIndex(source.Rewound(), options.encoding, drawing, &counted, found.Taken(), hasFailed);
+    if (!hasFailed && MustReadAgain(drawing, options.encoding)) {
+        Drawing known;
+        known.header = std::move(drawing.header);
+        return PrepareModel(source, options, write, report, progress, std::move(known));
+    }
+    found.GiveTo(report);
     // Where inserts are cut off is known only after the entities.
     if (!hasFailed && (!hasMetAll || !drawing.filterOfInsert.empty())) {
         measure = std::make_unique<Measure>();
@@ -84,6 +87,18 @@ PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, 
     if (progress && !progress(0.9))
         return PrepareOutcome::Cancelled;
     return writer->Finish(write) ? PrepareOutcome::Done : PrepareOutcome::WriteFailed;
+}
+
+} // namespace
+
+PrepareOutcome PrepareDrawing(ReopenableSource& source, const Options& options, const ByteFunction& write,
+                              Report& report, const ProgressFunction& progress)
+{
+    if (!options.encoding.empty() && !IsEncoding(options.encoding))
+        return PrepareOutcome::BadOptions;
+    if (!options.layout.empty() && !IsModelName(options.layout))
+        return PrepareSheet(source, options, write, report, progress);
+    return PrepareModel(source, options, write, report, progress);
 }
 
 } // namespace prepare

@@ -5,6 +5,7 @@
 #include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/SheetConverter.h"
+#include "prepare/report/WaitingFindings.h"
 
 #include <algorithm>
 #include <memory>
@@ -24,7 +25,15 @@ public:
 bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& drawing, Report& report)
 {
     bool hasFailed = false;
-    ReadIndex(source.Rewound(), encoding, drawing, nullptr, report, hasFailed);
+    WaitingFindings found;
+    ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
+    if (!hasFailed && MustReadAgain(drawing, encoding)) {
+        Header header = std::move(drawing.header);
+        drawing = Drawing();
+        drawing.header = std::move(header);
+        return ReadLayouts(source, encoding, drawing, report);
+    }
+    found.GiveTo(report);
     if (hasFailed || !drawing.layouts.empty())
         return !hasFailed;
     PaperSearch search;

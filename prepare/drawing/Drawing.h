@@ -133,7 +133,8 @@ public:
     std::vector<Layout> layouts;           // without the model space, in the order of their tabs
     std::uint64_t bytes = 0;               // read
     std::uint64_t lines = 0;
-    bool hasSections = false; // whether a section began anywhere
+    bool hasSections = false;     // whether a section began anywhere
+    bool hasLateCodePage = false; // the header came after texts that are read by its code page
 
     // Each is null when nothing has that name or handle.
     const Layer* FindLayer(NameId name) const;

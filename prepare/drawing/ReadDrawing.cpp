@@ -1,5 +1,6 @@
 #include "prepare/drawing/ReadDrawing.h"
 
+#include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/EntityReader.h"
 #include "prepare/drawing/Fields.h"
 #include "prepare/drawing/ReadObjects.h"
@@ -44,6 +45,7 @@ private:
     std::string_view NextRecord();
     std::string_view NextSection();
     void ReadSection(std::string_view name);
+    void ReadHeaderSection();
     void ReadTablesSection();
     void ReadObjectsSection();
     void ReadBlocksSection();
@@ -57,6 +59,7 @@ private:
     void SkipSection();
     bool IsSectionEnd(std::string_view record);
     void GiveLayoutBlocks();
+    void KnowCodePage();
     void KnowRecords();
     void SortBlocks();
     void NotePairs();
@@ -70,6 +73,7 @@ private:
     bool m_notesSections = true; // the first of two passes does
     bool m_hasTables = false;
     bool m_hasBlocks = false;
+    bool m_hasObjects = false;
     bool m_hasGivenLayouts = false;
     bool m_hasSkippedEntities = false;
     bool m_isInLooseBlock = false; // in a block outside of sections
@@ -122,6 +126,15 @@ void Pass::SkipSection()
     }
 }
 
+void Pass::ReadHeaderSection()
+{
+    const bool wasKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
+    ReadHeader(m_reader);
+    const bool isKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
+    if (isKnown && !wasKnown && (m_hasTables || m_hasBlocks || m_hasObjects))
+        m_drawing.hasLateCodePage = true;
+}
+
 void Pass::ReadTablesSection()
 {
     m_hasTables = true;
@@ -131,6 +144,7 @@ void Pass::ReadTablesSection()
 
 void Pass::ReadObjectsSection()
 {
+    m_hasObjects = true;
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
         if (record == "MLINESTYLE")
             ReadTableEntry(m_reader);
@@ -240,7 +254,7 @@ void Pass::ReadOutsideOfSections(std::string_view record)
 void Pass::ReadSection(std::string_view name)
 {
     if (name == "HEADER") {
-        ReadHeader(m_reader);
+        ReadHeaderSection();
     } else if (name == "TABLES") {
         ReadTablesSection();
     } else if (name == "BLOCKS") {
@@ -255,9 +269,16 @@ void Pass::ReadSection(std::string_view name)
     }
 }
 
+// What an earlier pass met of the header.
+void Pass::KnowCodePage()
+{
+    m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"), m_drawing.header.Text("$ACADVER"));
+}
+
 bool Pass::ReadIndex()
 {
     m_isIndex = true;
+    KnowCodePage();
     for (std::string_view name; !(name = NextSection()).empty();)
         ReadSection(name);
     KnowRecords();
@@ -274,7 +295,7 @@ bool Pass::ReadIndex()
 void Pass::ReadEntities(Report* report)
 {
     m_notesSections = false;
-    m_reader.SetCodePage(m_drawing.header.Text("$DWGCODEPAGE"), m_drawing.header.Text("$ACADVER"));
+    KnowCodePage();
     GiveLayoutBlocks();
     for (std::string_view name; !(name = NextSection()).empty();) {
         if (name != "ENTITIES")
@@ -347,6 +368,11 @@ bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, 
     const bool hasGivenAll = pass.ReadIndex();
     hasFailed = pass.HasFailed();
     return hasGivenAll;
+}
+
+bool MustReadAgain(const Drawing& drawing, std::string_view encoding)
+{
+    return drawing.hasLateCodePage && encoding.empty() && IsEncoding(drawing.header.Text("$DWGCODEPAGE"));
 }
 
 void ReadEntities(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink& sink,

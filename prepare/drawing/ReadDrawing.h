@@ -11,10 +11,15 @@ namespace prepare {
 
 // Reads everything but the entities of the ENTITIES section, which go to sink where it is given and where
 // they come after TABLES and BLOCKS, as in nearly all files; returns whether all of them did. encoding
-// overrides what the file says of itself, if it is not empty. Broken parts are skipped and reported. Throws
-// std::bad_alloc. *hasFailed is set when the source could not be read to its end.
+// overrides what the file says of itself, if it is not empty. A header that the drawing has already counts
+// before the file's. Broken parts are skipped and reported. Throws std::bad_alloc. *hasFailed is set when the
+// source could not be read to its end.
 bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
                Report& report, bool& hasFailed);
+
+// Whether the header named the code page only after texts had been read by it: the index must be read again,
+// into a new drawing that has the header already.
+bool MustReadAgain(const Drawing& drawing, std::string_view encoding);
 
 // Reads the entities of the ENTITIES section (and of a block *Model_Space or *Paper_Space that has any: those
 // come first) of a drawing whose index has been read. Reports nothing: ReadIndex did.

@@ -182,6 +182,32 @@ TEST(PrepareDrawing, InsertsAreCutOff)
     EXPECT_NE(PreparedFrom(drawing).text.find("INSERT"), std::string::npos);
 }
 
+TEST(PrepareDrawing, AHeaderAfterTheTablesStillNamesTheirCodePage)
+{
+    const std::string tables =
+        Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, "\xC4"}}));
+    const std::string blocks = Section("BLOCKS", Dxf({{0, "BLOCK"},
+                                                      {2, "A"},
+                                                      {0, "TEXT"},
+                                                      {8, "\xC4"},
+                                                      {10, "0"},
+                                                      {20, "0"},
+                                                      {40, "1"},
+                                                      {1, "\xC6"}}) +
+                                                     Dxf({{0, "ENDBLK"}}));
+    const std::string header = Section("HEADER", Dxf({{9, "$DWGCODEPAGE"}, {3, "ANSI_1251"}}));
+    const std::string entities = Section("ENTITIES", Dxf({{0, "INSERT"}, {8, "\xC4"}, {2, "A"}}));
+    const Prepared usual = PreparedFrom(header + tables + blocks + entities + Dxf({{0, "EOF"}}));
+    EXPECT_NE(usual.text.find("\\U+0414"), std::string::npos);
+    EXPECT_NE(usual.text.find("\\U+0416"), std::string::npos);
+    for (const std::string& late :
+         {tables + blocks + header + entities, tables + blocks + entities + header}) {
+        const Prepared prepared = PreparedFrom(late + Dxf({{0, "EOF"}}));
+        EXPECT_EQ(prepared.text, usual.text);
+        EXPECT_EQ(prepared.report.Entries().size(), usual.report.Entries().size());
+    }
+}
+
 TEST(PrepareDrawing, UnknownEncodingIsABadOption)
 {
     Options options;

@@ -230,6 +230,71 @@ TEST(PrepareSheet, ManyWindowsOverALargeModelEndWithAReport)
     EXPECT_LT(prepared.Lines().size(), 100'000 + entities.size() / 8);
 }
 
+std::size_t PointsIn(const std::string& text)
+{
+    std::size_t points = 0;
+    for (std::size_t at = text.find("\n10\n"); at != std::string::npos; at = text.find("\n10\n", at + 1))
+        ++points;
+    return points;
+}
+
+TEST(PrepareSheet, WindowsShareThePointsThatTheDrawingMayComeTo)
+{
+    std::string polyline = Dxf({{0, "LWPOLYLINE"}, {8, "0"}, {90, "3000"}});
+    for (int i = 0; i < 3000; ++i)
+        polyline += Dxf({{10, std::to_string(i)}, {20, std::to_string(i % 7)}});
+    std::string windows;
+    for (int i = 0; i < 250; ++i)
+        windows += ViewportAt("2", 50, 50, 20, 0, 0, 0.001);
+    const Prepared few = SheetOfDrawing(DrawingOf(polyline + ViewportAt("2", 50, 50, 20, 0, 0, 0.001)));
+    EXPECT_EQ(few.Found(), "");
+    EXPECT_GT(PointsIn(few.text), 3000U);
+    const std::string drawing = DrawingOf(polyline + windows);
+    const Prepared many = SheetOfDrawing(drawing);
+    EXPECT_EQ(many.outcome, PrepareOutcome::Done);
+    EXPECT_EQ(many.Found(), "layout: its viewports show too much;");
+    EXPECT_GT(PointsIn(many.text), 100'000U);
+    EXPECT_LT(PointsIn(many.text), 310'000 + drawing.size());
+}
+
+TEST(PrepareSheet, CurvesThatWindowsCutGetCoarser)
+{
+    std::string circles;
+    for (int i = 0; i < 500; ++i)
+        circles += Dxf({{0, "CIRCLE"}, {8, "0"}, {10, "0"}, {20, "0"}, {40, std::to_string(i + 10)}});
+    std::string windows;
+    for (int i = 0; i < 250; ++i)
+        windows += ViewportAt("2", 50, 50, 100, 0, 0, 1);
+    const std::string drawing = DrawingOf(circles + windows);
+    const Prepared prepared = SheetOfDrawing(drawing);
+    EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
+    EXPECT_NE(prepared.Found().find("CIRCLE: drawn coarser: the drawing has more curves than can be shown;"),
+              std::string::npos);
+    EXPECT_LT(PointsIn(prepared.text), 310'000 + drawing.size());
+}
+
+// Layers and the names of layouts are read by the code page, too.
+TEST(PrepareSheet, HeadersThatComeLateNameTheCodePage)
+{
+    const std::string header = Section("HEADER", Dxf({{9, "$DWGCODEPAGE"}, {3, "ANSI_1251"}}));
+    const std::string blocks = Section("BLOCKS", "");
+    const std::string entities = Section("ENTITIES", LineFrom("\xC4", "1", 1, 2, 3, 4));
+    const std::string objects = Section("OBJECTS", LayoutNamed("\xC6"));
+    const std::string end = Dxf({{0, "EOF"}});
+    const Prepared usual = SheetOfDrawing(header + kTables + blocks + entities + objects + end, "\xD0\x96");
+    EXPECT_EQ(usual.outcome, PrepareOutcome::Done);
+    EXPECT_NE(usual.text.find("\\U+0414"), std::string::npos);
+    const std::string late = kTables + blocks + entities + objects + header + end;
+    const Prepared prepared = SheetOfDrawing(late, "\xD0\x96");
+    EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
+    EXPECT_EQ(prepared.text, usual.text);
+    MemoryInput input(late);
+    std::vector<LayoutSize> layouts;
+    EXPECT_EQ(ListLayouts(input, {}, layouts), PrepareOutcome::Done);
+    ASSERT_EQ(layouts.size(), 1U);
+    EXPECT_EQ(layouts[0].name, "\xD0\x96");
+}
+
 TEST(PrepareSheet, WindowsThatSeeOtherPartsCostNothing)
 {
     std::string entities;

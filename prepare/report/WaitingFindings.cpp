@@ -1,0 +1,25 @@
+#include "prepare/report/WaitingFindings.h"
+
+namespace prepare {
+
+WaitingFindings::WaitingFindings()
+{
+    m_taken.TellTo([this](const Report::Key& key, std::uint64_t line, std::uint64_t count) {
+        m_waiting.push_back({&key, line, count});
+    });
+}
+
+void WaitingFindings::Leave()
+{
+    m_taken.TellTo({});
+    m_waiting = {};
+}
+
+void WaitingFindings::GiveTo(Report& report) const
+{
+    for (const Found& found : m_waiting)
+        report.Add(found.key->finding, found.key->subject, found.key->detail, found.line, found.count);
+    report.entities += m_taken.entities;
+}
+
+} // namespace prepare
