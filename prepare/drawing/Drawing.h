@@ -135,6 +135,7 @@ public:
     std::uint64_t lines = 0;
     bool hasSections = false;     // whether a section began anywhere
     bool hasLateCodePage = false; // the header came after texts that are read by its code page
+    bool hasLateParts = false;    // something that entities may need came after the first of them
 
     // Each is null when nothing has that name or handle.
     const Layer* FindLayer(NameId name) const;

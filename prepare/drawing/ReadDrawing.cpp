@@ -209,6 +209,9 @@ void Pass::GiveLayoutBlocks()
 {
     if (std::exchange(m_hasGivenLayouts, true))
         return;
+    // Who draws entities looks for these names, whichever of them come later.
+    for (const char* const name : {"0", "BYLAYER", "BYBLOCK", "CONTINUOUS"})
+        m_drawing.names.Of(name);
     for (const auto& [name, block] : m_drawing.blocks)
         if (block->isLayout)
             for (const std::unique_ptr<Entity>& entity : block->entities)
@@ -253,6 +256,8 @@ void Pass::ReadOutsideOfSections(std::string_view record)
 
 void Pass::ReadSection(std::string_view name)
 {
+    const bool isForEntities = name == "HEADER" || name == "TABLES" || name == "BLOCKS";
+    m_drawing.hasLateParts = m_drawing.hasLateParts || (isForEntities && m_hasGivenLayouts);
     if (name == "HEADER") {
         ReadHeaderSection();
     } else if (name == "TABLES") {
@@ -311,8 +316,8 @@ void Pass::ReadEntities(Report* report)
 void Pass::KnowRecords()
 {
     for (const auto& [name, block] : m_drawing.blocks)
-        if (block->record != 0)
-            m_drawing.blockOfRecord.try_emplace(block->record, name);
+        if (block->record != 0 && m_drawing.blockOfRecord.try_emplace(block->record, name).second)
+            m_drawing.hasLateParts = true;
     for (const auto& [record, name] : m_drawing.blockOfRecord) {
         const auto block = m_drawing.blocks.find(name);
         if (block != m_drawing.blocks.end() && block->second->record == 0)

@@ -1,4 +1,4 @@
-#include "prepare/plain/Placement.h"
+#include "prepare/plain/Box.h"
 
 #include <algorithm>
 

@@ -86,7 +86,7 @@ double PointSizeOf(const Drawing& drawing, const Box& extents)
 Converter::Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
                      PlainOutput& output, Report& report)
     : m_drawing(drawing), m_options(options), m_settings(settings), m_output(output), m_report(report),
-      m_whole(drawing, options),
+      m_whole(drawing, options), m_scale(settings.tolerance, settings.reach, settings.pointSize),
       m_budget(settings.tolerance, settings.sparePointsOfCurves, settings.mostPoints)
 {
     m_whole.pointSize = settings.pointSize;
@@ -113,6 +113,7 @@ void Converter::Show(const Entity& entity, View& view, PlainSink& sink, const Cl
         m_noInsert = m_styles->OfNoInsert();
     }
     m_view = &view;
+    m_scale.UsePointSize(view.pointSize);
     Place(entity, {view.matrix, m_noInsert, false, sink, cut});
 }
 
@@ -138,6 +139,7 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (!m_view->layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
         return;
     ++m_toBeSeen;
+    m_isEarly = m_isEarly || entity.type == EntityType::MultiLine; // its style comes after the entities
     if (entity.type == EntityType::MText && m_options.profile == Profile::Standard)
         ReportCovered(static_cast<const MText&>(entity));
     if (entity.type == EntityType::Wipeout && m_options.profile == Profile::Standard)
@@ -191,8 +193,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 
 Placement Converter::PlacementOf(const Context& context, const Style& style)
 {
-    return {m_drawing,    context.matrix, style,   m_settings.tolerance, m_settings.reach, m_view->pointSize,
-            context.sink, m_report,       m_budget};
+    return {m_drawing, context.matrix, style, m_scale, context.sink, m_report, m_budget};
 }
 
 void Converter::ReportCoarse(const Entity& entity, std::uint64_t coarseBefore)
@@ -359,6 +360,7 @@ void Converter::UseBlock(const Block& block, const Matrix& placement, const Cont
         return DrawContents(block, {placement, style, true, context.sink, context.cut});
     const SplitPlacement split = Split(placement);
     const VariantKey key(block, split, TraitsOf(block).inherits, style, m_view->number);
+    m_isEarly = m_isEarly || (context.cut != nullptr && m_measure == nullptr);
     const ClipSide side = context.cut != nullptr ? SideOf(key, split, *context.cut) : ClipSide::Inside;
     if (side == ClipSide::Outside)
         return;
@@ -419,7 +421,12 @@ Point2 Converter::OriginOf(const VariantKey& key) const
     const auto known = m_knownVariants->find(key);
     if (known == m_knownVariants->end())
         return {};
-    const Box box = m_measure->OfBlock(known->second.number).hull.Bounds();
+    return OriginOf(m_measure->OfBlock(known->second.number));
+}
+
+Point2 Converter::OriginOf(const Measured& block)
+{
+    const Box box = block.hull.Bounds();
     if (box.IsEmpty())
         return {};
     const Point2 centre = 0.5 * (box.min + box.max);
@@ -432,6 +439,19 @@ void Converter::DrawContents(const Block& block, const Context& context)
     for (const auto& entity : block.entities)
         Place(*entity, context);
     m_open.pop_back();
+}
+
+bool Converter::HasNeededNothing() const
+{
+    return !m_isEarly && !m_isCut && !m_budget.IsSpent() && !m_scale.WasAsked() &&
+           !m_budget.curves.WasAsked();
+}
+
+bool Converter::AreBlocksFinal(const Measure& measure) const
+{
+    return std::all_of(m_variants.begin(), m_variants.end(), [&](const auto& variant) {
+        return OriginOf(measure.OfBlock(variant.second.number)) == variant.second.origin;
+    });
 }
 
 bool Converter::MayEnter(const Block& block, std::uint64_t line)
@@ -453,6 +473,7 @@ bool Converter::TakePlace(std::uint64_t line)
         ++m_placed;
         return true;
     }
+    m_isCut = true;
     m_report.Add(Finding::Cut, "drawing",
                  isSpent ? "it has more in it than can be shown" : "its blocks and arrays unfold too far",
                  line);

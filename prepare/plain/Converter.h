@@ -73,6 +73,12 @@ public:
     // Reports what was counted. To be called once, after the last entity.
     void Finish();
 
+    // Whether what was made so far depends on nothing that is known of the whole drawing alone, such as its
+    // size.
+    bool HasNeededNothing() const;
+    // The same of all blocks, once measure has all that was made.
+    bool AreBlocksFinal(const Measure& measure) const;
+
     const BlockVariants& Variants() const { return m_variants; }
     // Around the points where rays start, wherever they reach.
     const Box& RayStarts() const { return m_rayStarts; }
@@ -119,6 +125,7 @@ private:
     const BlockVariant* VariantOf(const VariantKey& key, const SplitPlacement& split, const Style& style);
     ClipSide SideOf(const VariantKey& key, const SplitPlacement& split, const ClipSink& cut) const;
     Point2 OriginOf(const VariantKey& key) const;
+    static Point2 OriginOf(const Measured& block);
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
     Placement PlacementOf(const Context& context, const Style& style);
@@ -143,7 +150,10 @@ private:
     std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
     Box m_rayStarts;
     std::uint64_t m_placed = 0;
+    Scale m_scale;
     Budget m_budget;
+    bool m_isCut = false;
+    bool m_isEarly = false; // something may have lacked what is known only once all has been read
     std::uint64_t m_toBeSeen = 0;
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;
 };

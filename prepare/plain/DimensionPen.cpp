@@ -273,9 +273,8 @@ void DimensionPen::Text(const DimensionLabel& label)
     FillBehind(text);
     StyleOfPart part;
     part.colour = m_style.textColour;
-    const Placement placement{m_placement.drawing,   m_placement.matrix, m_styleOf(part),
-                              m_placement.tolerance, m_placement.reach,  m_placement.pointSize,
-                              m_placement.sink,      m_placement.report, m_placement.budget};
+    const Placement placement{m_placement.drawing, m_placement.matrix, m_styleOf(part),   m_placement.scale,
+                              m_placement.sink,    m_placement.report, m_placement.budget};
     DrawMText(text, placement, m_styleOf, m_pen.TypeName());
     if (m_style.gap < 0)
         Frame(label);

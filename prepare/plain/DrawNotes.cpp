@@ -60,9 +60,8 @@ MText TextIn(const NotePlane& plane, double u, double v, double height, std::str
 
 Placement InStyle(const Placement& placement, const Style& style)
 {
-    return {placement.drawing,   placement.matrix, style,
-            placement.tolerance, placement.reach,  placement.pointSize,
-            placement.sink,      placement.report, placement.budget};
+    return {placement.drawing, placement.matrix, style,           placement.scale,
+            placement.sink,    placement.report, placement.budget};
 }
 
 class Frame {

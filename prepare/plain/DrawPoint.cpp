@@ -25,8 +25,8 @@ struct Mark {
 void DrawDot(Point2 point, Pen& pen)
 {
     constexpr double kTolerancesOfStroke = 20;
-    const bool isMeasuring = pen.Place().pointSize == 0 && pen.Place().reach.IsEmpty();
-    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().tolerance / 2;
+    const bool isMeasuring = pen.Place().scale.PointSize() == 0 && pen.Place().scale.Reach().IsEmpty();
+    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().scale.Tolerance() / 2;
     pen.Line({point.x - half, point.y}, {point.x + half, point.y});
 }
 
@@ -50,7 +50,7 @@ void DrawShape(const Mark& mark, std::int32_t shape)
 
 void DrawPoint(const PointEntity& point, Pen& pen)
 {
-    const double angle = -Radians(point.xAxisAngle), size = pen.Place().pointSize;
+    const double angle = -Radians(point.xAxisAngle), size = pen.Place().scale.PointSize();
     const Point2 x{size * std::cos(angle), size * std::sin(angle)};
     const Mark mark{pen.Place().matrix.Flat(point.point), x, LeftOf(x), pen};
     const std::int32_t mode = pen.Place().drawing.header.Integer("$PDMODE", 0);

@@ -32,7 +32,7 @@ void Part::CutTo(double start, double direction, double low, double high)
 
 void DrawRay(const Ray& ray, Pen& pen)
 {
-    const Box& reach = pen.Place().reach;
+    const Box& reach = pen.Place().scale.Reach();
     const Point2 start = pen.Place().matrix.Flat(ray.start);
     const Point2 direction = pen.Place().matrix.FlatDirection(ray.direction);
     if (!IsFinite(start) || !IsFinite(direction)) {

@@ -20,6 +20,7 @@ Fineness::Fineness(double tolerance, std::uint64_t spare)
 // that are left as it would take of half of all.
 double Fineness::Tolerance(double coarsest) const
 {
+    m_wasAsked = true;
     const double wanted = std::min(m_tolerance, coarsest);
     if (!IsCoarse())
         return wanted;

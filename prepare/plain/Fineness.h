@@ -19,6 +19,8 @@ public:
     double Tolerance(double coarsest = HUGE_VAL) const;
     // Notes so many parts of curves, and how many points they became.
     void Take(std::size_t parts, std::size_t points);
+    // Whether anybody asked for the tolerance.
+    bool WasAsked() const { return m_wasAsked; }
     // How many parts of curves were coarser than the tolerance that was asked for.
     std::uint64_t CoarseParts() const { return m_coarseParts; }
 
@@ -29,6 +31,7 @@ private:
     double m_half; // of the points that there are to spare at first
     double m_spare;
     std::uint64_t m_coarseParts = 0;
+    mutable bool m_wasAsked = false;
 };
 
 } // namespace prepare

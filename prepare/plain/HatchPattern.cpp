@@ -147,8 +147,8 @@ private:
 };
 
 PatternDrawer::PatternDrawer(const Hatch& hatch, const std::vector<Ring>& rings, Pen& pen)
-    : m_hatch(hatch), m_rings(rings), m_pen(pen), m_stroke(kStrokeInTolerances * pen.Place().tolerance),
-      m_solid(pen.Place().style)
+    : m_hatch(hatch), m_rings(rings), m_pen(pen),
+      m_stroke(kStrokeInTolerances * pen.Place().scale.Tolerance()), m_solid(pen.Place().style)
 {
     Matrix matrix = pen.OfObject();
     matrix.origin = matrix.Apply({0, 0, hatch.elevation.z});

@@ -101,7 +101,7 @@ void Pen::Elliptic(const EllipticArc& arc)
         Lose();
         return;
     }
-    if (axes.minor <= std::max(1e-9 * length, std::min(1e-6 * length, m_placement.tolerance))) {
+    if (axes.minor <= 1e-6 * length && axes.minor <= std::max(1e-9 * length, m_placement.scale.Tolerance())) {
         Flattened(arc, axes);
         return;
     }

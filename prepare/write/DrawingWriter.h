@@ -34,11 +34,13 @@ struct WriteSettings {
 // The entities are kept, as text, until Finish: blocks and line types are known only then.
 class DrawingWriter : public PlainOutput {
 public:
+    // What is known of the drawing once it has been measured. To be called before Finish at the latest.
+    virtual void UseSettings(const WriteSettings& settings) = 0;
     // Writes the drawing; false when write was stopped. To be called once.
     virtual bool Finish(const ByteFunction& write) = 0;
 };
 
-// The writer of that profile. drawing and report must outlive it.
+// The writer of the settings' profile. drawing and report must outlive it.
 std::unique_ptr<DrawingWriter> MakeWriter(const Drawing& drawing, const WriteSettings& settings,
                                           Report& report);
 

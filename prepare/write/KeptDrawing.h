@@ -24,6 +24,7 @@ public:
     {
     }
 
+    void UseSettings(const WriteSettings& settings) override { m_settings = settings; }
     PlainSink& Model() override { return m_model; }
     void UsePlace(std::uint64_t place) override { m_model.UsePlace(place); }
     void UsePlaceInBlock(std::size_t number, std::uint64_t place) override
@@ -55,7 +56,7 @@ protected:
     }
 
     const Drawing& m_drawing;
-    const WriteSettings m_settings;
+    WriteSettings m_settings;
     Report& m_report;
     StyleTable m_styles;
     PlainLog m_model;

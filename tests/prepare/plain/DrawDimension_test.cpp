@@ -61,7 +61,8 @@ public:
     {
         RecordingSink sink;
         Budget budget(0.01);
-        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report, budget};
+        const Scale scale(0.01, {}, 0);
+        const Placement placement{drawing, matrix, {}, scale, sink, report, budget};
         const PartStyler styleOf = [this](const StyleOfPart& part) {
             Style style;
             style.colour.index = part.colour;

@@ -572,7 +572,8 @@ LinesOfText LinesIn(const MText& text)
     TextTrial trial;
     LinesOfText sink;
     Budget budget(0.01);
-    const Placement placement{trial.drawing, {}, {}, 0.01, {}, 0, sink, trial.report, budget};
+    const Scale scale(0.01, {}, 0);
+    const Placement placement{trial.drawing, {}, {}, scale, sink, trial.report, budget};
     DrawTexts(text, placement, [](const StyleOfPart& part) {
         Style style;
         style.colour.index = part.colour;

@@ -98,8 +98,9 @@ TEST(DrawGeometry, ModelledSolidsAreReportedAndUnknownTypesAreNot)
     Other unknown;
     unknown.typeName = stage.drawing.names.Of("ROOM");
     Budget budget(stage.tolerance);
-    const Placement placement{stage.drawing,   stage.matrix, stage.style,  stage.tolerance, stage.reach,
-                              stage.pointSize, stage.sink,   stage.report, budget};
+    const Scale scale(stage.tolerance, stage.reach, stage.pointSize);
+    const Placement placement{stage.drawing, stage.matrix, stage.style, scale,
+                              stage.sink,    stage.report, budget};
     EXPECT_FALSE(DrawGeometry(unknown, placement, {}));
     EXPECT_FALSE(DrawGeometry(Text(), placement, {}));
 }

@@ -24,8 +24,9 @@ double SignedArea(const Ring& ring)
 std::vector<Ring> Rings(const Hatch& hatch, Stage& stage)
 {
     Budget budget(stage.tolerance);
-    const Placement placement{stage.drawing,   stage.matrix, stage.style,  stage.tolerance, stage.reach,
-                              stage.pointSize, stage.sink,   stage.report, budget};
+    const Scale scale(stage.tolerance, stage.reach, stage.pointSize);
+    const Placement placement{stage.drawing, stage.matrix, stage.style, scale,
+                              stage.sink,    stage.report, budget};
     const PartStyler styleOf;
     Pen pen(hatch, placement, styleOf);
     std::vector<Ring> rings = RingsOf(hatch, pen);

@@ -27,7 +27,8 @@ const char* Word(Finding finding)
 Lines Stage::Draw(const Entity& entity)
 {
     Budget budget(tolerance, UINT64_MAX, mostPoints);
-    const Placement placement{drawing, matrix, style, tolerance, reach, pointSize, sink, report, budget};
+    const Scale scale(tolerance, reach, pointSize);
+    const Placement placement{drawing, matrix, style, scale, sink, report, budget};
     sink.lines.clear();
     EXPECT_TRUE(DrawGeometry(entity, placement, StyleOf));
     return sink.lines;

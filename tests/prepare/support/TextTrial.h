@@ -19,7 +19,8 @@ struct TextTrial {
     {
         RecordingSink sink;
         Budget budget(0.01);
-        const Placement placement{drawing, matrix, {}, 0.01, {}, 0, sink, report, budget};
+        const Scale scale(0.01, {}, 0);
+        const Placement placement{drawing, matrix, {}, scale, sink, report, budget};
         const PartStyler styleOf = [](const StyleOfPart& part) {
             Style style;
             style.colour.isTrue = part.trueColour != kNoTrueColour;
