@@ -7,7 +7,6 @@ With PLEXORN_FULL=1 in the environment all patterns are tried, otherwise the wor
 import argparse
 import os
 import re
-import subprocess
 import sys
 import tempfile
 import unittest
@@ -16,23 +15,9 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 sys.path.insert(0, os.path.join(ROOT, "robust"))
 import hostile  # noqa: E402
 import instructions  # noqa: E402
+import peak_memory  # noqa: E402
 
 SIZE = 1_000_000
-
-# Runs a command and prints its exit code and the kilobytes that it took at most. A process begins with the memory of the
-# one that starts it, so that one is small.
-STARTER = """
-import resource, subprocess, sys
-if {limit}:
-    resource.setrlimit(resource.RLIMIT_AS, ({limit} << 20, {limit} << 20))
-    resource.setrlimit(resource.RLIMIT_CPU, (300, 300))
-code = subprocess.run(sys.argv[1:], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
-used = resource.getrusage(resource.RUSAGE_CHILDREN)
-print(code, used.ru_maxrss)
-"""
-
-# What is given up long before a machine suffers, in megabytes (and five minutes of the processor).
-ROOM = 1000
 
 # The megabytes of what is beyond the limit, as docs/bounds.md says: its host gets the text of all points in one
 # piece, of 317 wide characters each.
@@ -102,15 +87,12 @@ class Hostile(unittest.TestCase):
             environment = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"}
             as_is = [] if arguments[0] == "info" else ["--as-is"]
             command = [*ARGUMENTS.emulator, ARGUMENTS.command, *as_is, *arguments]
-            starter = STARTER.replace("{limit}", str(ROOM if ARGUMENTS.megabytes else 0))
-            result = subprocess.run([sys.executable, "-c", starter, *command], cwd=folder, env=environment,
-                                    capture_output=True, text=True, timeout=600, check=True)
+            code, megabytes = peak_memory.run(command, folder, bool(ARGUMENTS.megabytes), environment)
             picture = None
             if os.path.exists(os.path.join(folder, "plan.svg")):
                 with open(os.path.join(folder, "plan.svg"), "rb") as file:
                     picture = file.read()
-        code, kilobytes = result.stdout.split()
-        return int(code), int(kilobytes) / 1024, picture
+        return code, megabytes, picture
 
     def check(self, name, code, megabytes, is_drawn=True):
         self.assertEqual(code, 4 if name in NO_DRAWING else 6 if is_drawn and name in BLANK else 0)
