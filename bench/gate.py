@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Counts the instructions that reading, importing and writing pictures cost for each byte of small fixed drawings, and
-fails when one has risen by more than 3 % over the counts kept in bench/instructions.txt.
+"""Counts the instructions that reading, importing, preparing and writing pictures cost for each byte of small fixed
+drawings, and fails when one has risen by more than 3 % over the counts kept in bench/instructions.txt.
 
     gate.py --bench PLEXORN_BENCH --command PLEXORN [--update]
 
-"read" and "import" are stages of plexorn_bench; "picture" is the command with --as-is, so the import, the reference
+"read", "import" and "prepare" are stages of plexorn_bench; "picture" is the command with --as-is, so the import, the reference
 host and the SVG.
 
 Counts come from callgrind, so they are the same on a busy machine; what a run costs before and after the drawing is
@@ -24,7 +24,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 KEPT = os.path.join(HERE, "instructions.txt")
 LIMIT = 1.03
 KINDS = ("mixed", "lines", "polylines", "texts", "dimensions", "layers", "blocks")
-STAGES = ("read", "import", "picture")
+STAGES = ("read", "import", "prepare", "picture")
 SIZE_MB = 0.4
 
 

@@ -7,6 +7,7 @@ peak of a process that does one stage once.
 """
 import argparse
 import datetime
+import itertools
 import math
 import os
 import platform
@@ -23,6 +24,10 @@ BIN = os.path.join(ROOT, "build", "release", "bin")
 WINDOWS_BIN = os.path.join(ROOT, "build", "windows", "bin")
 DRAWINGS = os.path.join(ROOT, "build", "bench")
 RIVALS = os.path.join(ROOT, "build", "rivals")
+
+# The stages, each in a process of its own, and the options of the commands.
+STAGES = ("ends", "getline", "read", "import", "host", "prepare")
+COMMANDS = {"command": (), "as-is": ("--as-is",)}
 
 # kind, size in MB, --many or None; the name is made of them
 MIXED = (1, 10, 100, 500)
@@ -82,10 +87,10 @@ def stage(name, path, program=None):
     return float(found[2]), int(found[3]), int(found[1])
 
 
-def command_run(path):
+def command_run(path, *options):
     """One run of the whole command, the SVG on disk: seconds and peak memory."""
     picture = os.path.join(DRAWINGS, "picture.svg")
-    seconds, peak, _ = run([os.path.join(BIN, "plexorn"), "--quiet", path, "-o", picture])
+    seconds, peak, _ = run([os.path.join(BIN, "plexorn"), "--quiet", *options, path, "-o", picture])
     if os.path.getsize(picture) < 1000:
         raise RuntimeError("%s: an empty picture" % path)
     os.unlink(picture)
@@ -115,12 +120,13 @@ def measure(path, count):
             return seconds
         return once
 
-    figures = rounds({name: runner(name) for name in ("ends", "getline", "read", "import", "host")} |
-                     {"command": lambda: command_run(path)[0]}, count)
+    figures = rounds({name: runner(name) for name in STAGES} |
+                     {name: lambda options=options: command_run(path, *options)[0]
+                      for name, options in COMMANDS.items()}, count)
     if answers["ends"] != answers["getline"] or abs(answers["read"] - answers["ends"]) > 4:
         raise RuntimeError("%s: the stages did not read the same lines: %s" % (path, answers))
-    peaks = {name: stage(name, path)[1] for name in ("read", "import", "host")}
-    peaks["command"] = command_run(path)[1]
+    peaks = {name: stage(name, path)[1] for name in STAGES[2:]}
+    peaks |= {name: command_run(path, *options)[1] for name, options in COMMANDS.items()}
     return figures, peaks
 
 
@@ -218,16 +224,18 @@ def asked_for(by_name, rival_rows, wine):
     line = figures["getline"].median
     add("reading into records / getline loop", figures["read"].median / line, 0.9)
     add("whole import, idle host / getline loop", figures["import"].median / line, 1.3)
-    add("whole command, SVG on disk / getline loop", figures["command"].median / line, 3.8)
+    add("preparing / getline loop", figures["prepare"].median / line, 2.5)
+    add("whole command, SVG on disk / getline loop", figures["command"].median / line, 7)
+    add("whole command, --as-is / getline loop", figures["as-is"].median / line, 3.8)
     add("peak memory of the import / file size", peaks["import"] / size, 1.3)
+    add("peak memory of preparing / file size", peaks["prepare"] / size, 0.5)
     add("peak memory of the command / file size", peaks["command"] / size, 4)
     sizes = sorted((entry for key, entry in by_name.items() if key.startswith("mixed")), key=lambda entry: entry[1])
-    for small, large in zip(sizes, sizes[1:]):
+    for stage_name, (small, large) in itertools.product(("import", "prepare"), zip(sizes, sizes[1:])):
         # From n to m bytes the time may grow as if each doubling cost 2.1.
-        grown = large[2]["import"].median / small[2]["import"].median
+        grown = large[2][stage_name].median / small[2][stage_name].median
         doublings = math.log2(large[1] / small[1])
-        add("import, time at 2n / time at n, %s to %s" % (small[0], large[0]),
-            grown ** (1 / doublings), 2.1)
+        add("%s, time at 2n / time at n, %s to %s" % (stage_name, small[0], large[0]), grown ** (1 / doublings), 2.1)
     for kind in ("layers", "blocks"):
         few = next((entry for key, entry in by_name.items() if key.startswith("10 " + kind)), None)
         many = next((entry for key, entry in by_name.items() if key.startswith("100000 " + kind)), None)
@@ -309,7 +317,8 @@ def main():
 main.__doc__ = ("the stages take turns, and each figure is a median. `ends` finds line ends only (read and memchr), "
                 "`getline` is the bare loop of std::ifstream::getline(char[1024]) that only counts lines, `read` reads "
                 "into records, `import` is the whole import with a host that does nothing, `host` the same with the "
-                "reference host, `command` the whole process `plexorn`, the SVG on disk.")
+                "reference host, `prepare` prepares for the module and drops what is written, `command` is the whole "
+                "process `plexorn`, the SVG on disk, and `as-is` that with `--as-is`.")
 
 if __name__ == "__main__":
     sys.exit(main())

@@ -5,12 +5,15 @@
 //
 // Stages: "ends" finds line ends only (read and memchr), "getline" is the bare loop of
 // std::ifstream::getline(char[1024]) that only counts lines, "read" reads into records (a plain CDxfRead),
-// "import" is dxfFileOpen with a host that does nothing. Each stage gives an answer, which is compared with
-// what the other stages gave before its time counts.
+// "import" is dxfFileOpen with a host that does nothing, "prepare" prepares for the module and drops what is
+// written. Each stage gives an answer, which is compared with what the other stages gave before its time
+// counts.
 #include "bench/IdleHost.h"
 #include "bench/PeakMemory.h"
 #include "convert/CDxfReadToQuillmar.h"
 #include "entry/dxfFileOpen.h"
+#include "prepare/Inputs.h"
+#include "prepare/PrepareDrawing.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +29,7 @@
 
 namespace {
 
-// What a stage found: lines of the file, or records or host calls.
+// What a stage found: lines of the file, host calls, or bytes.
 using Answer = std::size_t;
 
 Answer FindLineEnds(const char* path)
@@ -71,12 +74,29 @@ Answer Import(const char* path)
     return TakeIdleHostCalls();
 }
 
+Answer Prepare(const char* path)
+{
+    prepare::FileInput input(path);
+    prepare::Report report;
+    Answer bytes = 0;
+    const auto count = [&](std::string_view part) {
+        bytes += part.size();
+        return true;
+    };
+    const auto outcome = prepare::PrepareDrawing(input, {}, count, report, {});
+    return outcome == prepare::PrepareOutcome::Done ? bytes : 0;
+}
+
 struct Stage {
     const char* name;
     Answer (*run)(const char* path);
 };
-constexpr std::array<Stage, 4> kStages = {
-    {{"ends", FindLineEnds}, {"getline", CountLines}, {"read", ReadRecords}, {"import", Import}}};
+constexpr std::array<Stage, 5> kStages = {{{"ends", FindLineEnds},
+                                           {"getline", CountLines},
+                                           {"read", ReadRecords},
+                                           {"import", Import},
+                                           {"prepare", Prepare}}};
+using Answers = std::array<Answer, kStages.size()>;
 
 double SecondsOf(const Stage& stage, const char* path, Answer& answer)
 {
@@ -97,8 +117,8 @@ struct Figures {
 }
 
 // The line counts of the first three stages agree (the reader may stop at an "EOF" before the last
-// line), and the import calls the host.
-void CheckAnswers(const std::array<Answer, 4>& answers)
+// line), the import calls the host, and preparing writes something.
+void CheckAnswers(const Answers& answers)
 {
     if (answers[0] == 0 || answers[0] != answers[1])
         Fail("the yardsticks count different lines");
@@ -106,12 +126,14 @@ void CheckAnswers(const std::array<Answer, 4>& answers)
         Fail("the reader did not read the whole file");
     if (answers[3] == 0)
         Fail("the import drew nothing");
+    if (answers[4] == 0)
+        Fail("nothing was prepared");
 }
 
 void RunAllStages(const char* path, int runs)
 {
-    std::array<Figures, 4> figures;
-    std::array<Answer, 4> first{};
+    std::array<Figures, kStages.size()> figures;
+    Answers first{};
     for (int run = 0; run <= runs; ++run)
         for (std::size_t i = 0; i < kStages.size(); ++i) {
             Answer answer = 0;
@@ -165,7 +187,7 @@ int main(int argc, char** argv)
             path = argv[i];
     }
     if (path == nullptr)
-        Fail("usage: plexorn_bench [--runs N] [--stage ends|getline|read|import] FILE");
+        Fail("usage: plexorn_bench [--runs N] [--stage ends|getline|read|import|prepare] FILE");
     if (stage != nullptr)
         RunOneStage(path, stage);
     else
