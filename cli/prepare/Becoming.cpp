@@ -4,8 +4,6 @@
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 
-#include <system_error>
-
 namespace plexorn {
 
 namespace {
@@ -63,7 +61,7 @@ Becoming BecomingOf(Source& source, const Options& options)
     const prepare::PrepareOutcome outcome =
         prepare::PrepareDrawing(input, PrepareOptionsFor(options), discard, findings, {});
     if (outcome == prepare::PrepareOutcome::ReadFailed)
-        throw std::system_error(input.Error(), std::generic_category());
+        input.ThrowFailure();
     Becoming becoming;
     becoming.share = ShareOf(findings);
     for (const auto& [key, met] : findings.Entries())

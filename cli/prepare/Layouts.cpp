@@ -3,7 +3,6 @@
 #include "cli/prepare/RewoundFile.h"
 #include "prepare/PrepareSheet.h"
 
-#include <new>
 #include <system_error>
 
 namespace plexorn {
@@ -13,10 +12,8 @@ std::vector<std::string> LayoutsOf(Source& source, const Options& options)
     RewoundFile input(source);
     std::vector<prepare::LayoutSize> layouts;
     const prepare::PrepareOutcome outcome = prepare::ListLayouts(input, options.encoding, layouts);
-    if (outcome == prepare::PrepareOutcome::ReadFailed && input.Error() == 0)
-        throw std::bad_alloc(); // reading needs memory, too
     if (outcome == prepare::PrepareOutcome::ReadFailed)
-        throw std::system_error(input.Error(), std::generic_category());
+        input.ThrowFailure();
     std::vector<std::string> names;
     names.reserve(layouts.size());
     for (const prepare::LayoutSize& layout : layouts)

@@ -9,7 +9,6 @@
 #include "cli/system/InterruptGuard.h"
 
 #include <chrono>
-#include <new>
 #include <string>
 
 namespace plexorn {
@@ -28,8 +27,6 @@ void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::st
         return report.Failed(source.ShownName(), "is a DXF with nothing in it", ExitCode::NotAsciiDxf);
     if (outcome == PrepareOutcome::NoLayout)
         return report.Failed(source.ShownName(), whyNotWritten, ExitCode::Usage);
-    if (outcome == PrepareOutcome::ReadFailed && input.Error() == 0)
-        throw std::bad_alloc(); // reading needs memory, too
     if (outcome == PrepareOutcome::ReadFailed)
         return report.Failed(source.ShownName(), input.WhyFailed(), ExitCode::File);
     report.Failed(job.output, "cannot be written: " + whyNotWritten, ExitCode::File);

@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <exception>
-#include <new>
 
 namespace plexorn {
 
@@ -47,11 +46,7 @@ std::string PreparedDrawing::ReasonFor(prepare::PrepareOutcome outcome, const So
         return "is a DXF with nothing in it";
     if (outcome == prepare::PrepareOutcome::Cancelled)
         return "is not drawn: stopped";
-    if (outcome != prepare::PrepareOutcome::ReadFailed)
-        return "";
-    if (m_hole.empty())
-        throw std::bad_alloc(); // reading needs memory, too
-    return m_hole;
+    return outcome == prepare::PrepareOutcome::ReadFailed ? m_hole : "";
 }
 
 } // namespace plexorn

@@ -38,12 +38,14 @@ public:
         return error ? 0 : size;
     }
 
-    // errno of a failed read, 0 without a failure; and why it failed, as the end of a sentence.
+    // errno of a failed read, 0 without a failure. Short memory is none: reading throws std::bad_alloc.
     int Error() const { return m_error; }
+    // Why reading failed, as the end of a sentence.
     std::string WhyFailed() const
     {
         return "cannot be read to its end: " + std::generic_category().message(m_error);
     }
+    [[noreturn]] void ThrowFailure() const { throw std::system_error(m_error, std::generic_category()); }
 
 private:
     std::ptrdiff_t Read(char* bytes, std::size_t size) override

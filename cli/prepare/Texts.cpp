@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <system_error>
 #include <utility>
 
 namespace plexorn {
@@ -112,7 +111,7 @@ std::vector<TextInfo> TextsOf(Source& source, const Options& options)
         prepare::ReadEntities(input.Rewound(), encoding, drawing, texts, hasFailed);
     }
     if (hasFailed)
-        throw std::system_error(input.Error(), std::generic_category());
+        input.ThrowFailure();
     texts.AddBlocks();
     return texts.InOrder();
 }

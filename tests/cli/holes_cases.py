@@ -31,10 +31,10 @@ class Holes(CommandTest):
         return {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_READS_AFTER": str(after),
                 "FAILING_READS_BY": by}
 
-    def limited(self, kilobytes, *options):
+    def limited(self, kilobytes, *options, command=("-j", "1")):
         def limit():
             resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
-        return self.plexorn("-j", "1", "plan.dxf", *options, preexec_fn=limit)
+        return self.plexorn(*command, "plan.dxf", *options, preexec_fn=limit)
 
 
 class FailingReads(Holes):
@@ -159,6 +159,30 @@ class ShortMemory(Holes):
                 elif result.returncode == 0:
                     self.assertEqual(self.texts(), self.COUNT)
         self.assertGreater(holes, 0)
+
+
+class ShortMemoryElsewhere(Holes):
+    """A drawing whose bytes are decoded while they are read, which takes memory, too."""
+    COUNT = 35_249
+    LEAST_KILOBYTES = 8_000
+    AS_IS = False
+
+    def setUp(self):
+        super().setUp()
+        with open(self.path("plan.dxf"), encoding="ascii") as drawing:
+            self.write("plan.dxf", drawing.read().encode("utf-16"))
+
+    def test_each_command_says_so(self):
+        for command in (["prepare", "-o", "plain.dxf"], ["info"], ["info", "--texts"]):
+            codes = set()
+            for kilobytes in range(self.LEAST_KILOBYTES, 14_000, 500):
+                with self.subTest(command=command, kilobytes=kilobytes):
+                    result = self.limited(kilobytes, command=command)
+                    if result.returncode not in (0, 127):
+                        self.assertEqual(result.returncode, 3)
+                        self.assertRegex(result.stderr, "^(plan.dxf: [^\n]*: |plexorn: )memory is short\n$")
+                    codes.add(result.returncode)
+            self.assertIn(3, codes, command)
 
 
 class PreparedFailingReads(Holes):
