@@ -40,7 +40,7 @@ TOLD = {
     "array": UNFOLDS,
     "arrays": UNFOLDS,
     "blocks-that-double": UNFOLDS,
-    "lines-of-any-scale": UNFOLDS,
+    "lines-of-any-scale": TOO_MUCH,
     "polyline-of-any-scale": TOO_MUCH,
     "clipped-inserts": TOO_MUCH,
     "viewports-over-lines": "its viewports show too much",
