@@ -117,7 +117,9 @@ std::size_t PartsOf(const Entity& entity, const Drawing& drawing)
 {
     CheckingSink sink;
     Report report;
-    const Placement placement{drawing, {}, {}, 0.01, {}, 0, sink, report};
+    Budget budget(0.01);
+    const Scale scale(0.01, {}, 0);
+    const Placement placement{drawing, {}, {}, scale, sink, report, budget};
     FuzzRequire(DrawTexts(entity, placement, [](const StyleOfPart&) { return Style{}; }), "it is a text");
     RequireWords(PlainWordsOf(entity, drawing), "\n");
     return sink.parts;
