@@ -2,6 +2,7 @@
 
 #include "prepare/drawing/Point.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace prepare {
@@ -12,7 +13,11 @@ struct Box {
     Point2 max{-HUGE_VAL, -HUGE_VAL};
 
     bool IsEmpty() const { return !(min.x <= max.x && min.y <= max.y); }
-    void Add(Point2 p);
+    void Add(Point2 p)
+    {
+        min = {std::min(min.x, p.x), std::min(min.y, p.y)};
+        max = {std::max(max.x, p.x), std::max(max.y, p.y)};
+    }
     // Whether they have no point in common. Of an empty one, that is so.
     bool IsApartFrom(const Box& other) const
     {

@@ -10,17 +10,44 @@ namespace {
 
 constexpr double kTurn = 2 * std::numbers::pi;
 
-const std::array<Point2, Hull::kDirections>& Directions()
+// So many points beyond the inner box are looked at before it is found anew.
+constexpr unsigned kPatience = 4;
+
+// Apart, so that all are looked at in wide steps.
+struct Directions {
+    std::array<double, Hull::kDirections> x;
+    std::array<double, Hull::kDirections> y;
+
+    Point2 operator[](std::size_t i) const { return {x[i], y[i]}; }
+};
+
+constexpr double AngleOf(std::size_t direction)
 {
-    static const auto directions = [] {
-        std::array<Point2, Hull::kDirections> made;
-        for (std::size_t i = 0; i < made.size(); ++i) {
-            const double angle = kTurn * static_cast<double>(i) / static_cast<double>(made.size());
-            made[i] = {std::cos(angle), std::sin(angle)};
+    return kTurn * static_cast<double>(direction) / static_cast<double>(Hull::kDirections);
+}
+
+const Directions& AllDirections()
+{
+    static const Directions directions = [] {
+        Directions made;
+        for (std::size_t i = 0; i < Hull::kDirections; ++i) {
+            made.x[i] = std::cos(AngleOf(i));
+            made.y[i] = std::sin(AngleOf(i));
         }
         return made;
     }();
     return directions;
+}
+
+// Whether counter-clockwise from start to end there is that angle.
+bool HasAngle(double start, double end, double angle)
+{
+    if (end - start >= kTurn)
+        return true;
+    double after = angle - start;
+    if (!(std::fabs(after) < kTurn))
+        after = std::fmod(after, kTurn);
+    return (after < 0 ? after + kTurn : after) <= end - start;
 }
 
 } // namespace
@@ -29,18 +56,17 @@ void Hull::AddOutside(Point2 point)
 {
     if (!std::isfinite(point.x) || !std::isfinite(point.y))
         return;
-    const auto& directions = Directions();
-    bool hasGrown = m_isEmpty;
-    for (std::size_t i = 0; i < kDirections; ++i) {
-        const double reach = Dot(point, directions[i]);
-        if (m_isEmpty || reach > m_reach[i]) {
-            m_reach[i] = reach;
+    const Directions& directions = AllDirections();
+    std::array<double, kDirections> reach;
+    for (std::size_t i = 0; i < kDirections; ++i)
+        reach[i] = point.x * directions.x[i] + point.y * directions.y[i];
+    for (std::size_t i = 0; i < kDirections; ++i)
+        if (m_isEmpty || reach[i] > m_reach[i]) {
+            m_reach[i] = reach[i];
             m_points[i] = point;
-            hasGrown = true;
         }
-    }
     m_isEmpty = false;
-    if (hasGrown)
+    if (++m_outside % kPatience == 0)
         FindInner();
 }
 
@@ -54,9 +80,9 @@ void Hull::FindInner()
     if (!std::isfinite(centre.x + centre.y) || !std::isfinite(half.x + half.y))
         return;
     double share = 1;
-    const auto& directions = Directions();
+    const Directions& directions = AllDirections();
     for (std::size_t i = 0; i < kDirections; ++i) {
-        const double wide = half.x * std::fabs(directions[i].x) + half.y * std::fabs(directions[i].y);
+        const double wide = half.x * std::fabs(directions.x[i]) + half.y * std::fabs(directions.y[i]);
         if (wide > 0)
             share = std::min(share, (m_reach[i] - Dot(centre, directions[i])) / wide);
     }
@@ -70,13 +96,22 @@ void Hull::AddArc(Point2 centre, double radius, double start, double end)
         return;
     Add(centre + radius * Point2{std::cos(start), std::sin(start)});
     Add(centre + radius * Point2{std::cos(end), std::sin(end)});
-    const auto& directions = Directions();
-    for (std::size_t i = 0; i < kDirections; ++i) {
-        const double angle = kTurn * static_cast<double>(i) / static_cast<double>(kDirections);
-        const double after = std::fmod(angle - start, kTurn);
-        if ((after < 0 ? after + kTurn : after) <= end - start)
-            Add(centre + radius * directions[i]);
-    }
+    const Directions& directions = AllDirections();
+    for (std::size_t i = 0; i < kDirections; ++i)
+        if (HasAngle(start, end, AngleOf(i)))
+            AddFarthest(i, centre + radius * directions[i]);
+}
+
+// The point is the farthest of a curve in that direction, and in no other one.
+void Hull::AddFarthest(std::size_t direction, Point2 point)
+{
+    if (m_isEmpty)
+        return Add(point);
+    const double reach = Dot(point, AllDirections()[direction]);
+    if (!(reach > m_reach[direction]) || !std::isfinite(point.x) || !std::isfinite(point.y))
+        return;
+    m_reach[direction] = reach;
+    m_points[direction] = point;
 }
 
 Box Hull::Bounds() const

@@ -35,11 +35,13 @@ public:
 
 private:
     void AddOutside(Point2 point);
+    void AddFarthest(std::size_t direction, Point2 point);
     void FindInner();
 
     std::array<Point2, kDirections> m_points; // each the farthest in its direction
     std::array<double, kDirections> m_reach{};
-    Box m_inner; // a box that no direction leaves
+    Box m_inner;            // a box that no direction leaves, perhaps a smaller one than there is
+    unsigned m_outside = 0; // how many points were not within it
     bool m_isEmpty = true;
 };
 

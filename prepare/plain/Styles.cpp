@@ -26,6 +26,17 @@ StyleResolver::StyleResolver(const Drawing& drawing)
         m_defaultWeight = 25;
 }
 
+// Layers stay where they are once they are there.
+const Layer* StyleResolver::LayerOf(NameId name) const
+{
+    if (name >= m_layers.size())
+        m_layers.resize(m_drawing.names.Count());
+    const Layer*& layer = m_layers[name];
+    if (layer == nullptr)
+        layer = m_drawing.FindLayer(name);
+    return layer;
+}
+
 Style StyleResolver::OfNoInsert() const
 {
     Style style;
@@ -75,7 +86,7 @@ Colour StyleResolver::ColourOf(std::int32_t colour, std::int32_t trueColour, Nam
         return byBlock;
     if (colour > 0 && colour < kByLayer)
         return {false, 0, colour};
-    const Layer* const of = m_drawing.FindLayer(layer);
+    const Layer* const of = LayerOf(layer);
     if (of == nullptr)
         return {};
     if (of->trueColour != kNoTrueColour)
@@ -89,7 +100,7 @@ const LineType* StyleResolver::LineTypeOf(NameId lineType, NameId layer, const L
     if (lineType != kNoName && lineType == m_byBlock)
         return byBlock;
     if (lineType == kNoName || lineType == m_byLayer) {
-        const Layer* const of = m_drawing.FindLayer(layer);
+        const Layer* const of = LayerOf(layer);
         lineType = of != nullptr ? of->lineType : kNoName;
     }
     if (lineType == kNoName || lineType == m_continuous)
@@ -103,7 +114,7 @@ std::int32_t StyleResolver::WeightOf(std::int32_t weight, NameId layer, std::int
     if (weight == kWeightByBlock)
         return byBlock;
     if (weight == kWeightByLayer) {
-        const Layer* const of = m_drawing.FindLayer(layer);
+        const Layer* const of = LayerOf(layer);
         weight = of != nullptr ? of->weight : kDefaultWeight;
     }
     return weight >= 0 && weight <= kHeaviest ? weight : m_defaultWeight;

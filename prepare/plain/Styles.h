@@ -4,6 +4,8 @@
 #include "prepare/plain/DrawEntity.h"
 #include "prepare/plain/Plain.h"
 
+#include <vector>
+
 namespace prepare {
 
 // Resolves styles by a drawing's tables, which must be complete and outlive it.
@@ -29,6 +31,7 @@ private:
     Colour ColourOf(std::int32_t colour, std::int32_t trueColour, NameId layer, const Colour& byBlock) const;
     const LineType* LineTypeOf(NameId lineType, NameId layer, const LineType* byBlock) const;
     std::int32_t WeightOf(std::int32_t weight, NameId layer, std::int32_t byBlock) const;
+    const Layer* LayerOf(NameId name) const;
     bool IsLayerZero(NameId layer) const { return layer == kNoName || layer == m_layerZero; }
 
     const Drawing& m_drawing;
@@ -38,6 +41,7 @@ private:
     NameId m_continuous;
     std::int32_t m_defaultWeight;
     double m_lineTypeScale;
+    mutable std::vector<const Layer*> m_layers; // by the numbers of their names, those that were asked for
 };
 
 } // namespace prepare

@@ -31,6 +31,12 @@ Point2 ModuleEntities::Rounded(Point2 p) const
     return {RoundedTo(p.x, m_out.decimals), RoundedTo(p.y, m_out.decimals)};
 }
 
+// Whether both are written as the same point. Most are too far apart to be rounded.
+bool ModuleEntities::AreSame(Point2 a, Point2 b) const
+{
+    return std::fabs(a.x - b.x) <= m_apart && std::fabs(a.y - b.y) <= m_apart && Rounded(a) == Rounded(b);
+}
+
 // As many decimals of an angle in that unit (in radians) as a point at the radius needs.
 int ModuleEntities::DecimalsOfAngle(double radius, double unit) const
 {
@@ -66,7 +72,7 @@ void ModuleEntities::Line(StyleId style, Point2 start, Point2 end)
 
 void ModuleEntities::WriteLine(StyleId style, Point2 start, Point2 end)
 {
-    if (Rounded(start) == Rounded(end))
+    if (AreSame(start, end))
         return;
     Begin("LINE", style);
     Point(10, start);

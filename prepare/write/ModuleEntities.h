@@ -59,7 +59,8 @@ public:
     // origin: the point of the drawing that is written as (0, 0). hasMarks: whether what is written says its
     // layers.
     ModuleEntities(const ModuleOutput& output, Point2 origin, bool hasMarks)
-        : m_out(output), m_origin(origin), m_hasMarks(hasMarks && output.layers.HasMarks())
+        : m_out(output), m_origin(origin), m_hasMarks(hasMarks && output.layers.HasMarks()),
+          m_apart(4 * PowerOfTen(-output.decimals))
     {
     }
 
@@ -83,6 +84,7 @@ public:
 private:
     Point2 Local(Point2 p) const { return m_out.factor * (p - m_origin); }
     Point2 Rounded(Point2 p) const;
+    bool AreSame(Point2 a, Point2 b) const;
     int DecimalsOfAngle(double radius, double unit) const;
 
     void Tell(const TextLoss& loss);
@@ -109,6 +111,7 @@ private:
     const ModuleOutput& m_out;
     const Point2 m_origin;
     const bool m_hasMarks;
+    const double m_apart;    // numbers farther apart are never written alike
     LayerNumber m_layer = 0; // the one that was marked last
     std::vector<Point2> m_points;
 };

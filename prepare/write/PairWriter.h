@@ -4,6 +4,7 @@
 #include "prepare/write/DrawingWriter.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -35,12 +36,14 @@ public:
     static constexpr int kDigits = 14;
 
 private:
-    void Code(int code);
-    void EndLine();
+    char* Code(int code);
+    void EndLine(char* end);
     void Flush();
+    void Pass(std::string_view text);
 
     const ByteFunction& m_write;
-    std::string m_text;
+    std::unique_ptr<char[]> m_text;
+    char* m_end; // of what is in m_text
     bool m_isStopped = false;
 };
 

@@ -1,5 +1,9 @@
 #include "prepare/write/StyleTable.h"
 
+#include "base/Hash.h"
+
+#include <array>
+#include <bit>
 #include <tuple>
 
 namespace prepare {
@@ -30,7 +34,21 @@ Key KeyOf(const Style& style)
             style.layer};
 }
 
+// The same for equal keys.
+std::uint64_t HashOf(const Style& style, std::uint64_t key)
+{
+    const NameId lineType = style.lineType == nullptr ? kNoName : style.lineType->name;
+    const std::array<std::uint64_t, 4> parts = {
+        std::uint64_t{style.colour.rgb} << 32 | static_cast<std::uint32_t>(style.colour.index),
+        std::uint64_t{style.layer} << 32 | static_cast<std::uint32_t>(style.weight),
+        std::bit_cast<std::uint64_t>(style.width) ^ lineType,
+        std::bit_cast<std::uint64_t>(style.lineTypeScale) ^ std::uint64_t{style.colour.isTrue}};
+    return HashBytes(parts.data(), sizeof(parts), key);
+}
+
 } // namespace
+
+StyleTable::StyleTable() : m_key(HashKey(this)) {}
 
 bool StyleTable::Less::operator()(const Style& a, const Style& b) const
 {
@@ -39,11 +57,17 @@ bool StyleTable::Less::operator()(const Style& a, const Style& b) const
 
 StyleId StyleTable::Of(const Style& style)
 {
-    if (!m_styles.empty() && KeyOf(*m_styles[m_last]) == KeyOf(style))
-        return m_last;
+    StyleId& recent = m_recent[HashOf(style, m_key) % kRecent];
+    if (recent < m_styles.size() && KeyOf(*m_styles[recent]) == KeyOf(style))
+        return recent;
+    return recent = Look(style);
+}
+
+StyleId StyleTable::Look(const Style& style)
+{
     const auto known = m_ids.find(style);
     if (known != m_ids.end())
-        return m_last = known->second;
+        return known->second;
     const auto id = static_cast<StyleId>(m_styles.size());
     Style kept = style;
     if (HasNamelessLineType(style))
@@ -55,7 +79,7 @@ StyleId StyleTable::Of(const Style& style)
         m_styles.pop_back();
         throw;
     }
-    return m_last = id;
+    return id;
 }
 
 } // namespace prepare
