@@ -27,7 +27,7 @@ void* kept = nullptr;
 std::size_t keptSize = 0;
 bool isFree = false;
 
-void* Allocate(std::size_t size)
+void* AllocateKept(std::size_t size)
 {
     if (size < kSmallestKept)
         return std::malloc(size);
@@ -56,5 +56,5 @@ void Release(void* block)
 
 void KeepBuffer()
 {
-    FailingMemory::UseBlocksOf(Allocate, Release);
+    FailingMemory::UseBlocksOf(AllocateKept, Release);
 }

@@ -52,7 +52,7 @@ std::string OutputName(const Input& input, std::string_view ending)
     return name.append(ending);
 }
 
-bool IsFolder(const std::string& output)
+bool IsFolderOfPictures(const std::string& output)
 {
     std::error_code ignored;
     return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
@@ -170,7 +170,7 @@ void CheckOutput(const std::string& output, Task task)
 
 std::vector<Job> PlanJobs(const Inputs& inputs, const Options& options)
 {
-    const bool isFolder = !options.output.empty() && IsFolder(options.output);
+    const bool isFolder = !options.output.empty() && IsFolderOfPictures(options.output);
     if (!isFolder)
         CheckOutput(options.output, options.task);
     if (inputs.areMany && !options.output.empty() && !isFolder)

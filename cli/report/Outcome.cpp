@@ -15,14 +15,14 @@ namespace plexorn {
 namespace {
 
 // What the host found and the picture does not show.
-struct Finding {
+struct HostCount {
     std::size_t SvgHostStatistics::*count;
     std::string_view name; // for programs
     std::string_view singular;
     std::string_view plural;
 };
 
-constexpr Finding kFindings[] = {
+constexpr HostCount kHostCounts[] = {
     {&SvgHostStatistics::duplicateSymbols, "blocksDefinedAgain", "block defined again (the first one counts)",
      "blocks defined again (the first ones count)"},
     {&SvgHostStatistics::missingSymbols, "insertsOfMissingBlocks", "insert of a missing block",
@@ -83,10 +83,10 @@ std::string FitText(const Outcome& outcome)
 
 bool IsShownAsStated(const Outcome& outcome)
 {
-    const auto isMet = [&](const Finding& finding) { return outcome.statistics.*finding.count > 0; };
+    const auto isMet = [&](const HostCount& finding) { return outcome.statistics.*finding.count > 0; };
     return outcome.share.IsWhole() && outcome.hole.empty() && outcome.isEnded && outcome.unmarkedEntry == 0 &&
            outcome.otherTexts == 0 && outcome.oddLines == 0 &&
-           std::none_of(std::begin(kFindings), std::end(kFindings), isMet);
+           std::none_of(std::begin(kHostCounts), std::end(kHostCounts), isMet);
 }
 
 std::string OutcomeText(const Outcome& outcome, std::size_t messages)
@@ -97,7 +97,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     out.append(", ").append(Counted(messages, "message", "messages"));
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
     out.append(", ").append(SizeText(outcome)).append(FitText(outcome));
-    for (const Finding& finding : kFindings)
+    for (const HostCount& finding : kHostCounts)
         if (const std::size_t number = outcome.statistics.*finding.count)
             out.append("; ").append(Counted(number, finding.singular, finding.plural));
     out += MissingText(outcome.share);
@@ -148,7 +148,7 @@ std::string OutcomeJson(const std::string& file, const Outcome& outcome, std::si
             .Member("scale", outcome.scale);
     json.Member("filled", outcome.filled).Member("cropped", outcome.isCropped);
     json.Member("sizing", outcome.reason).Name("findings").Open('{');
-    for (const Finding& finding : kFindings)
+    for (const HostCount& finding : kHostCounts)
         if (const std::size_t number = outcome.statistics.*finding.count)
             json.Member(finding.name, number);
     json.Close('}').Name("skipped").Open('{');

@@ -12,12 +12,12 @@ Point3& PointOf(Dimension& dimension)
 }
 
 // Where in the extended data a dimension or a leader is: there both override their style.
-enum XdataPhase : std::int32_t { kOther, kApplication, kStyle, kCode, kValue };
+enum XdataPhase : std::int32_t { kElsewhere, kApplication, kStyle, kCode, kValue };
 
 template <class Record>
 void BeginApplication(RecordReader& reader, Record&, CDxfLine value)
 {
-    reader.phase = Trim(value) == "ACAD" ? kApplication : kOther;
+    reader.phase = Trim(value) == "ACAD" ? kApplication : kElsewhere;
 }
 
 // The overridden variable's code comes as a value of its own, before the value.

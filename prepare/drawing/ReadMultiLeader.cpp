@@ -24,7 +24,7 @@ void ReadBraces(RecordReader& reader, Record& record, std::int32_t closing)
     }
 }
 
-constexpr auto kLine = Fields<LeaderLine>({
+constexpr auto kLeaderLine = Fields<LeaderLine>({
     {10, &LeaderLine::vertices},
 });
 
@@ -33,7 +33,7 @@ void ReadLine(RecordReader& reader, LeaderBranch& branch, CDxfLine value)
     if (!IsOpening(value, "LEADER_LINE"))
         return;
     LeaderLine line;
-    ReadBraces<kLine>(reader, line, 305);
+    ReadBraces<kLeaderLine>(reader, line, 305);
     reader.Append(branch.lines, line);
 }
 

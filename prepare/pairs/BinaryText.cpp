@@ -14,32 +14,35 @@ namespace {
 // Longer texts are cut: as long as the longest line of a text drawing, and more, so that the cut is seen.
 constexpr std::size_t kLongestText = (std::size_t{64} << 10) + 1;
 
-enum class Form : std::uint8_t { Unknown, Text, Real, Bool, Int16, Int32, Int64, Chunk };
+enum class ValueForm : std::uint8_t { Unknown, Text, Real, Bool, Int16, Int32, Int64, Chunk };
 
 struct FormRange {
     std::int32_t first;
     std::int32_t last;
-    Form form;
+    ValueForm form;
 };
 
 // What the values of each group code are, as the format says.
 constexpr FormRange kForms[] = {
-    {0, 9, Form::Text},       {10, 59, Form::Real},      {60, 79, Form::Int16},     {80, 89, Form::Int16},
-    {90, 99, Form::Int32},    {100, 109, Form::Text},    {110, 149, Form::Real},    {160, 169, Form::Int64},
-    {170, 179, Form::Int16},  {210, 239, Form::Real},    {270, 289, Form::Int16},   {290, 299, Form::Bool},
-    {300, 309, Form::Text},   {310, 319, Form::Chunk},   {320, 369, Form::Text},    {370, 389, Form::Int16},
-    {390, 399, Form::Text},   {400, 409, Form::Int16},   {410, 419, Form::Text},    {420, 429, Form::Int32},
-    {430, 439, Form::Text},   {440, 459, Form::Int32},   {460, 469, Form::Real},    {470, 481, Form::Text},
-    {999, 999, Form::Text},   {1000, 1003, Form::Text},  {1004, 1004, Form::Chunk}, {1005, 1009, Form::Text},
-    {1010, 1059, Form::Real}, {1060, 1070, Form::Int16}, {1071, 1071, Form::Int32},
+    {0, 9, ValueForm::Text},        {10, 59, ValueForm::Real},     {60, 79, ValueForm::Int16},
+    {80, 89, ValueForm::Int16},     {90, 99, ValueForm::Int32},    {100, 109, ValueForm::Text},
+    {110, 149, ValueForm::Real},    {160, 169, ValueForm::Int64},  {170, 179, ValueForm::Int16},
+    {210, 239, ValueForm::Real},    {270, 289, ValueForm::Int16},  {290, 299, ValueForm::Bool},
+    {300, 309, ValueForm::Text},    {310, 319, ValueForm::Chunk},  {320, 369, ValueForm::Text},
+    {370, 389, ValueForm::Int16},   {390, 399, ValueForm::Text},   {400, 409, ValueForm::Int16},
+    {410, 419, ValueForm::Text},    {420, 429, ValueForm::Int32},  {430, 439, ValueForm::Text},
+    {440, 459, ValueForm::Int32},   {460, 469, ValueForm::Real},   {470, 481, ValueForm::Text},
+    {999, 999, ValueForm::Text},    {1000, 1003, ValueForm::Text}, {1004, 1004, ValueForm::Chunk},
+    {1005, 1009, ValueForm::Text},  {1010, 1059, ValueForm::Real}, {1060, 1070, ValueForm::Int16},
+    {1071, 1071, ValueForm::Int32},
 };
 
-Form FormOf(std::int32_t code)
+ValueForm FormOf(std::int32_t code)
 {
     const auto found = std::find_if(std::begin(kForms), std::end(kForms), [code](const FormRange& range) {
         return code >= range.first && code <= range.last;
     });
-    return found == std::end(kForms) ? Form::Unknown : found->form;
+    return found == std::end(kForms) ? ValueForm::Unknown : found->form;
 }
 
 // A number of so many bytes, the lowest first.
@@ -57,7 +60,7 @@ void AppendNumber(std::string& text, std::int64_t value)
     text.append(digits, FormatInteger(value, digits));
 }
 
-void AppendReal(std::string& text, double value)
+void AppendShortest(std::string& text, double value)
 {
     char digits[kLongestShortest];
     text.append(digits, FormatShortest(value, digits));
@@ -141,24 +144,24 @@ std::size_t BinaryText::TakeValue(std::int32_t code, std::string_view bytes, std
         return size;
     };
     switch (FormOf(code)) {
-    case Form::Unknown:
+    case ValueForm::Unknown:
         break;
-    case Form::Text:
+    case ValueForm::Text:
         return TakeString(bytes, text);
-    case Form::Real:
+    case ValueForm::Real:
         if (bytes.size() < sizeof(double))
             return 0;
-        AppendReal(text, std::bit_cast<double>(LittleEndian(bytes, sizeof(double))));
+        AppendShortest(text, std::bit_cast<double>(LittleEndian(bytes, sizeof(double))));
         return sizeof(double);
-    case Form::Bool:
+    case ValueForm::Bool:
         return number(1, std::uint8_t{});
-    case Form::Int16:
+    case ValueForm::Int16:
         return number(2, std::int16_t{});
-    case Form::Int32:
+    case ValueForm::Int32:
         return number(4, std::int32_t{});
-    case Form::Int64:
+    case ValueForm::Int64:
         return number(8, std::int64_t{});
-    case Form::Chunk: {
+    case ValueForm::Chunk: {
         const std::size_t size = bytes.empty() ? 0 : static_cast<unsigned char>(bytes[0]);
         if (bytes.size() < 1 + size)
             return 0;

@@ -12,7 +12,7 @@ namespace prepare {
 
 namespace {
 
-constexpr std::size_t kPart = std::size_t{32} << 10; // converted at once
+constexpr std::size_t kConverted = std::size_t{32} << 10; // converted at once
 
 bool IsUtf16(std::string_view front)
 {
@@ -152,8 +152,8 @@ std::ptrdiff_t TextSource::ReadDecoded(char* bytes, std::size_t size)
         }
         if (m_hasFinished)
             return 0;
-        char part[kPart];
-        const std::ptrdiff_t count = ReadSource(part, kPart);
+        char part[kConverted];
+        const std::ptrdiff_t count = ReadSource(part, kConverted);
         if (count < 0)
             return count;
         m_hasFinished = count == 0;

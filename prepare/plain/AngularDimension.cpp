@@ -12,11 +12,6 @@ double AngleOf(Point2 vector)
     return std::atan2(vector.y, vector.x);
 }
 
-Point2 Direction(double angle)
-{
-    return {std::cos(angle), std::sin(angle)};
-}
-
 // The line of a dimension that is an arc, from start on by sweep, counter-clockwise.
 struct ArcLine {
     Point2 centre;
@@ -169,7 +164,7 @@ void DrawAngle(DimensionPen& pen, Point2 vertex, Point2 onArc, Side first, Side 
     DrawSide(pen, vertex, line.radius, first);
     pen.UseExtension(isSwapped ? 0 : 1);
     DrawSide(pen, vertex, line.radius, second);
-    const std::string text = pen.ValueText(Measured::Angle, line.sweep);
+    const std::string text = pen.ValueText(Quantity::Angle, line.sweep);
     ArcDrawing(pen, line, isSwapped, text).Draw();
 }
 
@@ -289,7 +284,7 @@ void ArcLengthDrawing::Draw()
     line.start = AngleOf(feet[0] - m_centre);
     line.sweep = Wrapped(AngleOf(feet[1] - m_centre) - line.start);
     const double measured = Length(m_start - m_centre) * m_sweep;
-    ArcDrawing drawing(m_pen, line, m_isSwapped, m_pen.ValueText(Measured::Length, measured));
+    ArcDrawing drawing(m_pen, line, m_isSwapped, m_pen.ValueText(Quantity::Length, measured));
     drawing.Draw();
     DrawSymbol(drawing.Label());
 }

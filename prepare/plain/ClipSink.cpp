@@ -2,6 +2,7 @@
 
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/TextMetrics.h"
+#include "prepare/plain/TextPieces.h"
 
 #include <algorithm>
 
@@ -15,11 +16,6 @@ Box BoxOf(std::span<const Point2> points)
     for (const Point2 point : points)
         box.Add(point);
     return box;
-}
-
-double ShareBefore(Anchor anchor)
-{
-    return anchor == Anchor::Start ? 0 : anchor == Anchor::Middle ? 0.5 : 1;
 }
 
 } // namespace

@@ -2,13 +2,13 @@
 
 #include "prepare/plain/ClipBoundary.h"
 #include "prepare/plain/ClipSink.h"
+#include "prepare/plain/Curves.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 namespace prepare {
 
@@ -29,11 +29,6 @@ constexpr std::int32_t kInvisible = 1;
 constexpr std::int32_t kExternal = 4; // flags of a block
 constexpr std::int32_t kOverlaid = 8;
 
-bool IsFinite(Point3 p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
 bool IsFinite(const Matrix& matrix)
 {
     return IsFinite(matrix.x) && IsFinite(matrix.y) && IsFinite(matrix.z) && IsFinite(matrix.origin);
@@ -43,11 +38,6 @@ bool IsFinite(const Matrix& matrix)
 Point3 UsableScale(Point3 scale)
 {
     return {scale.x == 0 ? 1 : scale.x, scale.y == 0 ? 1 : scale.y, scale.z};
-}
-
-double Radians(double degrees)
-{
-    return degrees * std::numbers::pi / 180;
 }
 
 // $XCLIPFRAME: 0 never, 1 always, 2 while it is edited, but not on paper.

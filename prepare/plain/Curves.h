@@ -33,6 +33,11 @@ constexpr Point2 Middle(Point2 a, Point2 b)
     return 0.5 * (a + b);
 }
 
+inline Point2 Direction(double angle)
+{
+    return {std::cos(angle), std::sin(angle)};
+}
+
 // Turned by a quarter, counter-clockwise.
 constexpr Point2 LeftOf(Point2 v)
 {

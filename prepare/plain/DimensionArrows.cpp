@@ -15,7 +15,7 @@ struct ShapeRow {
     bool isStroke;
 };
 
-constexpr ShapeRow kShapes[] = {
+constexpr ShapeRow kShapesOfDimensions[] = {
     {"", 1, false},
     {"CLOSEDFILLED", 1, false},
     {"CLOSEDBLANK", 1, false},
@@ -52,7 +52,7 @@ DimensionArrow ArrowOf(const DimensionPen& pen, std::string_view name)
     if (style.tickSize > 0) // from end to end a stroke is twice as wide as the tick is high
         return {"OBLIQUE", nullptr, 2 * style.tickSize, 0, true};
     const std::string upper = WithoutUnderscore(name);
-    for (const ShapeRow& row : kShapes)
+    for (const ShapeRow& row : kShapesOfDimensions)
         if (row.name == upper)
             return {upper, nullptr, style.arrowSize, row.inset * style.arrowSize, row.isStroke};
     const Drawing& drawing = pen.Drawing();

@@ -35,9 +35,9 @@ double Nudged(double value)
     return value < kMostWhole ? value * (1 + 1e-13) : value;
 }
 
-using Form = char* (*)(double value, int decimals, char* out);
+using Formatter = char* (*)(double value, int decimals, char* out);
 
-std::string ToText(double value, Form form, std::int32_t decimals)
+std::string ToText(double value, Formatter form, std::int32_t decimals)
 {
     char text[kLongestFormatted];
     return {text, form(Nudged(value), decimals, text)};

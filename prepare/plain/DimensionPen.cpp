@@ -3,6 +3,7 @@
 #include "prepare/plain/Arrowheads.h"
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/MTextLines.h"
+#include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextStyles.h"
 
 #include <algorithm>
@@ -14,14 +15,6 @@ namespace prepare {
 namespace {
 
 constexpr std::int32_t kPlacedByUser = 128; // of a dimension's kind
-
-// From base line to base line, in heights of the text.
-constexpr double kLineDistance = 5.0 / 3;
-
-Point2 Direction(double angle)
-{
-    return {std::cos(angle), std::sin(angle)};
-}
 
 // Narrows a passage to where start + t * step lies between -half and half.
 void Narrow(Passage& passage, double start, double step, double half)
@@ -109,7 +102,7 @@ bool DimensionPen::HasTextPoint() const
 
 // Programs write 0 or -1 for what they did not measure, angles in degrees too, and lengths as the style
 // scales them too.
-bool DimensionPen::IsOtherThanStated(Measured kind, double value) const
+bool DimensionPen::IsOtherThanStated(Quantity kind, double value) const
 {
     const double stated = m_dimension.measurement;
     if (!m_dimension.hasMeasurement || !(stated > 0))
@@ -120,10 +113,10 @@ bool DimensionPen::IsOtherThanStated(Measured kind, double value) const
         return !(std::fabs(std::fabs(value) - number) <= kNearly * number) &&
                DimensionText(m_style, kind, number, {}) != shown;
     };
-    return isOther(stated) && isOther(kind == Measured::Angle ? stated * kDegree : stated / m_style.factor);
+    return isOther(stated) && isOther(kind == Quantity::Angle ? stated * kDegree : stated / m_style.factor);
 }
 
-std::string DimensionPen::ValueText(Measured kind, double value)
+std::string DimensionPen::ValueText(Quantity kind, double value)
 {
     std::string text = DimensionText(m_style, kind, value, m_dimension.text);
     const bool showsValue = m_dimension.text.empty() || m_dimension.text.find("<>") != std::string::npos;

@@ -58,7 +58,7 @@ public:
 
     // The text for a measured value, by DimensionText. Reports a value that is not the one that the file
     // states.
-    std::string ValueText(Measured kind, double value);
+    std::string ValueText(Quantity kind, double value);
     DimensionLabel Label(std::string text) const;
     // The direction of a label: the user's own, or horizontal, or along.
     Point2 LabelDirection(bool isHorizontal, Point2 along) const;
@@ -86,7 +86,7 @@ public:
     void Finish() { m_pen.Finish(); }
 
 private:
-    bool IsOtherThanStated(Measured kind, double value) const;
+    bool IsOtherThanStated(Quantity kind, double value) const;
     void Use(std::int32_t colour, std::int32_t weight, NameId lineType);
     void FillBehind(MText& text) const;
     void Frame(const DimensionLabel& label);

@@ -105,11 +105,11 @@ const VariableRow<T>* FindRow(const VariableRow<T> (&rows)[kCount], std::int32_t
 
 // A style is read again for each dimension: longer ones, which no program writes, are cut.
 constexpr std::size_t kMostValues = 256;
-constexpr std::size_t kLongestText = 256;
+constexpr std::size_t kLongestVariable = 256;
 
 std::string Shortened(std::string_view text)
 {
-    return std::string(StartOfUtf8(text, kLongestText));
+    return std::string(StartOfUtf8(text, kLongestVariable));
 }
 
 // Sizes that programs write are far from this; products of them stay finite.

@@ -10,7 +10,7 @@ namespace prepare {
 
 namespace {
 
-constexpr std::string_view kValue = "<>";
+constexpr std::string_view kPlaceOfValue = "<>";
 constexpr std::string_view kAlternate = "[]";
 
 // More places for the measure than this have no sense, and would make long texts of short ones.
@@ -39,7 +39,7 @@ void Replace(std::string& text, std::string_view what, std::string_view by, int 
     }
 }
 
-double Rounded(double value, double step)
+double RoundedToStep(double value, double step)
 {
     return step > 0 ? std::round(value / step) * step : value;
 }
@@ -47,13 +47,13 @@ double Rounded(double value, double step)
 // Writes the numbers of one dimension.
 class ValueWriter {
 public:
-    ValueWriter(const DimensionStyle& style, Measured kind) : m_style(style), m_kind(kind) {}
+    ValueWriter(const DimensionStyle& style, Quantity kind) : m_style(style), m_kind(kind) {}
 
     std::string Main(double value) const;
     std::string Alternate(double value) const;
 
 private:
-    bool IsAngle() const { return m_kind == Measured::Angle; }
+    bool IsAngle() const { return m_kind == Quantity::Angle; }
     NumberFormat MainFormat() const;
     NumberFormat AlternateFormat() const;
     std::string Number(double value, const NumberFormat& format) const;
@@ -64,7 +64,7 @@ private:
     std::string Prefix() const;
 
     const DimensionStyle& m_style;
-    Measured m_kind;
+    Quantity m_kind;
 };
 
 char SeparatorOf(const DimensionStyle& style)
@@ -148,13 +148,13 @@ std::string ValueWriter::Tolerances(const NumberFormat& format, double factor,
 
 std::string ValueWriter::Prefix() const
 {
-    return m_kind == Measured::Radius ? "R" : m_kind == Measured::Diameter ? "%%c" : "";
+    return m_kind == Quantity::Radius ? "R" : m_kind == Quantity::Diameter ? "%%c" : "";
 }
 
 // Angles have no prefix and no suffix. A prefix of the style is in place of the kind's own.
 std::string ValueWriter::Main(double value) const
 {
-    const Post post = IsAngle() ? Post{} : SplitPost(m_style.post, kValue);
+    const Post post = IsAngle() ? Post{} : SplitPost(m_style.post, kPlaceOfValue);
     const NumberFormat format = MainFormat();
     NumberFormat tolerances = format;
     tolerances.decimals = m_style.toleranceDecimals;
@@ -162,7 +162,7 @@ std::string ValueWriter::Main(double value) const
         tolerances.zeros = m_style.toleranceZeros;
     const std::string prefix = post.prefix.empty() ? Prefix() : post.prefix;
     if (!IsAngle())
-        value = Rounded(value * m_style.factor, m_style.rounding);
+        value = RoundedToStep(value * m_style.factor, m_style.rounding);
     if (m_style.hasLimits != 0)
         return Joined({prefix, Limits(value, format, tolerances, 1, post.suffix)});
     const std::string text = Joined({prefix, Number(value, format), post.suffix});
@@ -177,7 +177,7 @@ std::string ValueWriter::Alternate(double value) const
     tolerances.decimals = m_style.alternateToleranceDecimals;
     tolerances.zeros = m_style.alternateToleranceZeros;
     const double factor = m_style.alternateFactor;
-    value = Rounded(value * m_style.factor * factor, m_style.alternateRounding);
+    value = RoundedToStep(value * m_style.factor * factor, m_style.alternateRounding);
     if (m_style.hasLimits != 0)
         return Joined({"[", post.prefix, Limits(value, format, tolerances, factor, post.suffix), "]"});
     std::string text = Joined({"[", post.prefix, FormatLength(value, format), post.suffix});
@@ -189,21 +189,21 @@ std::string ValueWriter::Alternate(double value) const
 
 } // namespace
 
-std::string DimensionText(const DimensionStyle& style, Measured kind, double value, std::string_view written)
+std::string DimensionText(const DimensionStyle& style, Quantity kind, double value, std::string_view written)
 {
     constexpr double kLargest = 1e100; // what programs measure is far from this
     if (written == " " || !(std::fabs(value) < kLargest))
         return {};
     const ValueWriter writer(style, kind);
-    const bool hasAlternate = style.hasAlternate != 0 && kind != Measured::Angle;
-    std::string text(written.empty() ? kValue : written);
+    const bool hasAlternate = style.hasAlternate != 0 && kind != Quantity::Angle;
+    std::string text(written.empty() ? kPlaceOfValue : written);
     const bool placesAlternate = text.find(kAlternate) != std::string::npos;
     std::string main = writer.Main(value);
     if (hasAlternate && !placesAlternate)
         main = Joined({main, " ", writer.Alternate(value)});
     if (hasAlternate && placesAlternate)
         Replace(text, kAlternate, writer.Alternate(value), kMostPlaces);
-    Replace(text, kValue, main, kMostPlaces);
+    Replace(text, kPlaceOfValue, main, kMostPlaces);
     Replace(text, "\\X", "\\P", kMostPlaces); // what follows is below the dimension line
     return text;
 }

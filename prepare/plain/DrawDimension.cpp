@@ -7,9 +7,9 @@ namespace prepare {
 namespace {
 
 // The lowest four bits of a dimension's kind.
-enum Kind : std::int32_t {
+enum DimensionKind : std::int32_t {
     kRotated,
-    kAligned,
+    kAlongPoints,
     kByLines,
     kDiametric,
     kRadial,
@@ -39,8 +39,8 @@ void DrawDimension(const Dimension& dimension, const Placement& placement, const
     const std::int32_t kind = KindOf(dimension, placement.drawing.names.Text(dimension.typeName));
     switch (kind) {
     case kRotated:
-    case kAligned:
-        DrawLinearDimension(pen, kind == kAligned);
+    case kAlongPoints:
+        DrawLinearDimension(pen, kind == kAlongPoints);
         break;
     case kByLines:
     case kByPoints:

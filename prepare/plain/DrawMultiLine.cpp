@@ -8,7 +8,7 @@ namespace prepare {
 
 namespace {
 
-enum MultiLineFlag : std::int32_t { Closed = 2, NoStartCap = 4, NoEndCap = 8 };
+enum MultiLineFlag : std::int32_t { ClosedLine = 2, NoStartCap = 4, NoEndCap = 8 };
 enum StyleFlag : std::int32_t {
     Joints = 2,
     StraightStart = 16,
@@ -41,7 +41,7 @@ public:
     void Draw();
 
 private:
-    bool IsClosed() const { return (m_multiLine.flags & Closed) != 0; }
+    bool IsClosed() const { return (m_multiLine.flags & ClosedLine) != 0; }
     // Whether the file says where the element crosses the vertex's mitre.
     bool IsAt(const MultiLineVertex& vertex, std::size_t element) const;
     Point3 At(const MultiLineVertex& vertex, std::size_t element) const;

@@ -64,9 +64,9 @@ Placement InStyle(const Placement& placement, const Style& style)
             placement.sink,    placement.report, placement.budget};
 }
 
-class Frame {
+class NoteFrame {
 public:
-    Frame(const Placement& placement, const NotePlane& plane, const Style& style)
+    NoteFrame(const Placement& placement, const NotePlane& plane, const Style& style)
         : m_placement(placement), m_plane(plane), m_style(style)
     {
         m_style.lineType = nullptr;
@@ -148,7 +148,7 @@ void DrawTolerance(const Tolerance& entity, const Placement& placement, const Pa
     const double height = value(kTextHeight, "$DIMTXT", kUsualHeight) * (scale > 0 ? scale : 1);
     const Placement ofTexts = InStyle(placement, styleOf(ColourOf(value(kTextColour, "$DIMCLRT", 0))));
     const NotePlane plane = PlaneOf(entity.point, entity.direction, entity.extrusion);
-    const Frame frame(placement, plane, styleOf(ColourOf(value(kLineColour, "$DIMCLRD", 0))));
+    const NoteFrame frame(placement, plane, styleOf(ColourOf(value(kLineColour, "$DIMCLRD", 0))));
 
     static constexpr std::string_view kEndsOfRows[] = {"^J", "\n", "\\P"};
     static constexpr std::string_view kEndsOfCells[] = {"%%v", "%%V"};
@@ -290,7 +290,7 @@ private:
     const Placement& m_placement;
     const PartStyler& m_styleOf;
     const NotePlane m_plane;
-    const Frame m_frame;
+    const NoteFrame m_frame;
     const std::vector<double> m_across;
     const std::vector<double> m_down;
 };

@@ -5,9 +5,9 @@ namespace prepare {
 
 namespace {
 
-enum PointMode : std::int32_t { Nothing = 1, Plus = 2, Cross = 3, Tick = 4, InCircle = 32, InSquare = 64 };
+enum PointMode : std::int32_t { Nothing = 1, Plus = 2, Times = 3, Tick = 4, InCircle = 32, InSquare = 64 };
 
-constexpr std::int32_t kShapes = 7; // the others are added to one of them
+constexpr std::int32_t kShapeBits = 7; // the others are added to one of them
 
 // Marks lie in the output's plane; their x axis is turned clockwise by the point's angle.
 struct Mark {
@@ -30,13 +30,13 @@ void DrawDot(Point2 point, Pen& pen)
     pen.Line({point.x - half, point.y}, {point.x + half, point.y});
 }
 
-// The lines of plus and cross reach out of a circle or square around them.
+// The lines of plus and times reach out of a circle or square around them.
 void DrawShape(const Mark& mark, std::int32_t shape)
 {
     if (shape == Plus) {
         mark.Line({-2, 0}, {2, 0});
         mark.Line({0, -2}, {0, 2});
-    } else if (shape == Cross) {
+    } else if (shape == Times) {
         mark.Line({-2, -2}, {2, 2});
         mark.Line({-2, 2}, {2, -2});
     } else if (shape == Tick) {
@@ -54,7 +54,7 @@ void DrawPoint(const PointEntity& point, Pen& pen)
     const Point2 x{size * std::cos(angle), size * std::sin(angle)};
     const Mark mark{pen.Place().matrix.Flat(point.point), x, LeftOf(x), pen};
     const std::int32_t mode = pen.Place().drawing.header.Integer("$PDMODE", 0);
-    DrawShape(mark, mode & kShapes);
+    DrawShape(mark, mode & kShapeBits);
     if ((mode & InCircle) != 0)
         pen.Arc({mark.centre, mark.x, mark.y});
     if ((mode & InSquare) != 0) {

@@ -13,25 +13,27 @@ namespace prepare {
 
 namespace {
 
-enum ProxyType : std::int32_t {
-    Extents = 1,
-    CircleByCentre = 2,
-    CircleByPoints = 3,
-    ArcByCentre = 4,
-    ArcByPoints = 5,
-    Polyline = 6,
-    Polygon = 7,
-    Mesh = 8,
-    Shell = 9,
-    Colour = 14,
-    FirstAttribute = 15,
+struct ProxyType {
+    enum : std::int32_t {
+        Extents = 1,
+        CircleByCentre = 2,
+        CircleByPoints = 3,
+        ArcByCentre = 4,
+        ArcByPoints = 5,
+        Polyline = 6,
+        Polygon = 7,
+        Mesh = 8,
+        Shell = 9,
+        Colour = 14,
+        FirstAttribute = 15,
 
-    TrueColour = 22,
-    LastAttribute = 26,
-    PushMatrix = 29,
-    PushOtherMatrix = 30,
-    PopMatrix = 31,
-    PolylineWithNormal = 32,
+        TrueColour = 22,
+        LastAttribute = 26,
+        PushMatrix = 29,
+        PushOtherMatrix = 30,
+        PopMatrix = 31,
+        PolylineWithNormal = 32,
+    };
 };
 
 class ProxyDrawer {
@@ -184,16 +186,16 @@ void ProxyDrawer::Push(ByteReader reader)
 bool ProxyDrawer::TakeAttribute(const ProxyCommand& command)
 {
     ByteReader reader(command.data);
-    if (command.type == Colour)
+    if (command.type == ProxyType::Colour)
         UseColour(reader);
-    else if (command.type == TrueColour)
+    else if (command.type == ProxyType::TrueColour)
         m_pen.UseStyleOf(UnpackColour(reader.Integer()));
-    else if (command.type == PushMatrix || command.type == PushOtherMatrix)
+    else if (command.type == ProxyType::PushMatrix || command.type == ProxyType::PushOtherMatrix)
         Push(reader);
-    else if (command.type == PopMatrix && m_matrices.size() > 1)
+    else if (command.type == ProxyType::PopMatrix && m_matrices.size() > 1)
         m_matrices.pop_back();
-    else if (command.type != Extents && command.type != PopMatrix &&
-             (command.type < FirstAttribute || command.type > LastAttribute))
+    else if (command.type != ProxyType::Extents && command.type != ProxyType::PopMatrix &&
+             (command.type < ProxyType::FirstAttribute || command.type > ProxyType::LastAttribute))
         return false;
     return true;
 }
@@ -202,25 +204,25 @@ void ProxyDrawer::Take(const ProxyCommand& command)
 {
     const ByteReader reader(command.data);
     switch (command.type) {
-    case CircleByCentre:
+    case ProxyType::CircleByCentre:
         DrawCircle(reader);
         break;
-    case CircleByPoints:
-    case ArcByPoints:
-        DrawCircleThrough(reader, command.type == ArcByPoints);
+    case ProxyType::CircleByPoints:
+    case ProxyType::ArcByPoints:
+        DrawCircleThrough(reader, command.type == ProxyType::ArcByPoints);
         break;
-    case ArcByCentre:
+    case ProxyType::ArcByCentre:
         DrawArc(reader);
         break;
-    case Polyline:
-    case Polygon:
-    case PolylineWithNormal:
-        DrawPoints(reader, command.type == Polygon);
+    case ProxyType::Polyline:
+    case ProxyType::Polygon:
+    case ProxyType::PolylineWithNormal:
+        DrawPoints(reader, command.type == ProxyType::Polygon);
         break;
-    case Mesh:
+    case ProxyType::Mesh:
         DrawMesh(reader);
         break;
-    case Shell:
+    case ProxyType::Shell:
         DrawShell(reader);
         break;
     default:

@@ -8,7 +8,7 @@ namespace prepare {
 namespace {
 
 // No program writes more, and they bound what a line can cost.
-constexpr std::size_t kMostDashes = 64;
+constexpr std::size_t kMostOfLine = 64;
 
 // A dot takes its length from the gap after it, but never more than half of that.
 void LengthenDots(std::vector<double>& dashes, double dot)
@@ -37,7 +37,7 @@ void Append(std::vector<double>& lengths, double length)
 HatchDashes::HatchDashes(std::span<const double> dashes, double dot)
 {
     const auto isFinite = [](double length) { return std::isfinite(length); };
-    if (dashes.size() > kMostDashes || !std::all_of(dashes.begin(), dashes.end(), isFinite))
+    if (dashes.size() > kMostOfLine || !std::all_of(dashes.begin(), dashes.end(), isFinite))
         return;
     std::vector<double> all(dashes.begin(), dashes.end());
     LengthenDots(all, dot);

@@ -1,14 +1,13 @@
 #include "prepare/plain/Hull.h"
 
+#include "prepare/plain/Curves.h"
+
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
 namespace {
-
-constexpr double kTurn = 2 * std::numbers::pi;
 
 // So many points beyond the inner box are looked at before it is found anew.
 constexpr unsigned kPatience = 4;

@@ -15,7 +15,7 @@ public:
     LinearDrawing(DimensionPen& pen, bool isAligned) : m_pen(pen), m_style(pen.Style())
     {
         FindFeet(isAligned);
-        m_label = pen.Label(pen.ValueText(Measured::Length, m_length));
+        m_label = pen.Label(pen.ValueText(Quantity::Length, m_length));
     }
 
     void Draw();

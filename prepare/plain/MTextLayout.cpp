@@ -1,14 +1,13 @@
 #include "prepare/plain/MTextLayout.h"
 
+#include "prepare/plain/TextMetrics.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace prepare {
 
 namespace {
-
-// The distance of two base lines, in heights of the letters.
-constexpr double kLineDistance = 5.0 / 3;
 
 double SpacingOf(const MText& entity)
 {

@@ -1,14 +1,13 @@
 #include "prepare/plain/Measure.h"
 
+#include "prepare/plain/Curves.h"
+
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
 namespace {
-
-constexpr double kTurn = 2 * std::numbers::pi;
 
 // Wide enough for nearly any text, in heights of capitals for each byte.
 constexpr double kWidthOfByte = 0.7;

@@ -31,7 +31,7 @@ void DrawOrdinateDimension(DimensionPen& pen, bool isX)
         pen.Line(last, end);
     }
 
-    DimensionLabel label = pen.Label(pen.ValueText(Measured::Ordinate, value));
+    DimensionLabel label = pen.Label(pen.ValueText(Quantity::Ordinate, value));
     label.along = pen.LabelDirection(false, axis);
     label.centre =
         pen.HasTextPoint() ? pen.TextPoint() : end + (label.ReachAlong(direction) + pen.Gap()) * direction;

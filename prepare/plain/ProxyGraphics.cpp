@@ -7,7 +7,7 @@ namespace prepare {
 
 namespace {
 
-constexpr std::size_t kHead = 8; // a size and a type, or a count
+constexpr std::size_t kHeadSize = 8; // a size and a type, or a count
 
 } // namespace
 
@@ -52,7 +52,7 @@ ProxyGraphics::ProxyGraphics(std::string_view graphics) : m_reader(graphics)
 {
     const std::int32_t size = m_reader.Integer();
     m_reader.Integer();
-    const auto rest = static_cast<std::size_t>(std::max(size, std::int32_t{kHead})) - kHead;
+    const auto rest = static_cast<std::size_t>(std::max(size, std::int32_t{kHeadSize})) - kHeadSize;
     m_isWhole = m_reader.IsGood() && rest <= m_reader.Left();
     m_reader = ByteReader(m_reader.Take(rest));
 }
@@ -64,11 +64,11 @@ bool ProxyGraphics::Next(ProxyCommand& command)
     const std::int32_t size = m_reader.Integer();
     command.type = m_reader.Integer();
     const std::size_t length = static_cast<std::size_t>(std::max(size, std::int32_t{0}));
-    if (!m_reader.IsGood() || length < kHead || length - kHead > m_reader.Left()) {
+    if (!m_reader.IsGood() || length < kHeadSize || length - kHeadSize > m_reader.Left()) {
         m_isWhole = false;
         return false;
     }
-    command.data = m_reader.Take(length - kHead);
+    command.data = m_reader.Take(length - kHeadSize);
     return true;
 }
 

@@ -40,7 +40,7 @@ RadialDrawing::RadialDrawing(DimensionPen& pen, Point2 centre, Point2 tip, bool 
     : m_pen(pen), m_style(pen.Style()), m_centre(centre), m_tip(tip), m_outward(Unit(tip - centre, {1, 0})),
       m_radius(Length(tip - centre)), m_isDiameter(isDiameter), m_arrow(FirstArrowOf(pen))
 {
-    const Measured kind = isDiameter ? Measured::Diameter : Measured::Radius;
+    const Quantity kind = isDiameter ? Quantity::Diameter : Quantity::Radius;
     const double value = isDiameter ? 2 * m_radius : m_radius;
     m_label = pen.Label(pen.ValueText(kind, value));
 }
@@ -203,7 +203,7 @@ void DrawJoggedDimension(DimensionPen& pen)
     if (!(radius > 0) || !std::isfinite(radius))
         return pen.Report(Finding::NotShown, "it measures no length");
     const Point2 outward = (1 / radius) * (tip - centre);
-    DimensionLabel label = pen.Label(pen.ValueText(Measured::Radius, radius));
+    DimensionLabel label = pen.Label(pen.ValueText(Quantity::Radius, radius));
     label.centre = pen.HasTextPoint() ? pen.TextPoint() : 0.5 * (jog + tip);
     label.along = pen.LabelDirection(style.isHorizontalInside != 0, outward);
     const double distance = std::fabs(Cross(outward, shown - tip)), slope = std::tan(style.jogAngle);

@@ -19,7 +19,7 @@ bool IsSide(double side)
     return side >= kShortestPaper && side <= kLongestPaper;
 }
 
-double UsableScale(double scale)
+double UsableSheetScale(double scale)
 {
     constexpr double kSmallest = 1e-9, kLargest = 1e9;
     return scale >= kSmallest && scale <= kLargest ? scale : 1;
@@ -88,7 +88,7 @@ Sheet SheetOf(const Layout& layout)
     if (quarterTurns % 2 != 0)
         std::swap(sheet.width, sheet.height);
     sheet.scale =
-        (layout.paperUnits == 0 ? kInch : 1) * UsableScale(layout.scaledLength / layout.unscaledLength);
+        (layout.paperUnits == 0 ? kInch : 1) * UsableSheetScale(layout.scaledLength / layout.unscaledLength);
     const Box area = PlottedArea(layout);
     Point2 corner; // of the paper, in the paper space
     if (!area.IsEmpty() && (layout.plotFlags & kCentred) != 0)

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::int32_t kHeaviest = 211; // the format's heaviest weight
 
-double UsableScale(double scale)
+double UsablePatternScale(double scale)
 {
     return scale > 0 && std::isfinite(scale) ? scale : 1;
 }
@@ -20,7 +20,7 @@ StyleResolver::StyleResolver(const Drawing& drawing)
     : m_drawing(drawing), m_layerZero(drawing.names.Find("0")), m_byLayer(drawing.names.Find("BYLAYER")),
       m_byBlock(drawing.names.Find("BYBLOCK")), m_continuous(drawing.names.Find("CONTINUOUS")),
       m_defaultWeight(drawing.header.Integer("$LWDEFAULT", 25)),
-      m_lineTypeScale(UsableScale(drawing.header.Real("$LTSCALE", 1)))
+      m_lineTypeScale(UsablePatternScale(drawing.header.Real("$LTSCALE", 1)))
 {
     if (m_defaultWeight < 0 || m_defaultWeight > kHeaviest)
         m_defaultWeight = 25;
@@ -52,7 +52,7 @@ Style StyleResolver::Of(const Entity& entity, const Style& insert, bool isInBloc
     style.colour = ColourOf(entity.colour, entity.trueColour, style.layer, insert.colour);
     style.lineType = LineTypeOf(entity.lineType, style.layer, insert.lineType);
     style.weight = WeightOf(entity.weight, style.layer, insert.weight);
-    style.lineTypeScale = UsableScale(entity.lineTypeScale) * m_lineTypeScale;
+    style.lineTypeScale = UsablePatternScale(entity.lineTypeScale) * m_lineTypeScale;
     return style;
 }
 

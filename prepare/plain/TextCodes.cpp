@@ -34,7 +34,7 @@ std::string Utf8Of(char32_t character)
 }
 
 // The sign of a diameter is the letter that every font and most code pages have.
-constexpr char32_t kDegree = 0xB0, kPlusMinus = 0xB1, kDiameter = 0xD8;
+constexpr char32_t kDegreeSign = 0xB0, kPlusMinusSign = 0xB1, kDiameterSign = 0xD8;
 
 // Opening a code page takes long, and a text may ask for one every few bytes: the last ones stay open.
 const NamedCodePage& CodePageOf(std::string_view name)
@@ -53,11 +53,11 @@ std::string NumberedCharacter(unsigned number, std::string_view codePage)
 {
     switch (number) {
     case 127:
-        return Utf8Of(kDegree);
+        return Utf8Of(kDegreeSign);
     case 128:
-        return Utf8Of(kPlusMinus);
+        return Utf8Of(kPlusMinusSign);
     case 129:
-        return Utf8Of(kDiameter);
+        return Utf8Of(kDiameterSign);
     default:
         break;
     }
@@ -76,13 +76,13 @@ TextCode ReadPercentCode(std::string_view text, std::string_view codePage)
         return {3, "%"};
     case 'd':
     case 'D':
-        return {3, Utf8Of(kDegree)};
+        return {3, Utf8Of(kDegreeSign)};
     case 'p':
     case 'P':
-        return {3, Utf8Of(kPlusMinus)};
+        return {3, Utf8Of(kPlusMinusSign)};
     case 'c':
     case 'C':
-        return {3, Utf8Of(kDiameter)};
+        return {3, Utf8Of(kDiameterSign)};
     case 'u':
     case 'U':
         return {3, {}, kUnderline};

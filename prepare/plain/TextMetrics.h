@@ -12,6 +12,9 @@ namespace prepare {
 // How far tails reach below the base line, in heights of capitals.
 inline constexpr double kDescent = kFontDescent / 1000.0;
 
+// From one base line to the next, in heights of capitals.
+inline constexpr double kLineDistance = 5.0 / 3;
+
 // The advance of one character, in heights of capitals. East Asian characters are an em wide.
 double CharacterWidth(char32_t character);
 

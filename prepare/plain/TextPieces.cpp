@@ -1,5 +1,6 @@
 #include "prepare/plain/TextPieces.h"
 
+#include "prepare/plain/Curves.h"
 #include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 
@@ -17,11 +18,6 @@ struct KindOfLine {
 };
 
 constexpr KindOfLine kKindsOfLines[] = {{kUnderline, -0.2}, {kOverline, 1.2}, {kStrike, 0.5}};
-
-bool IsFinite(Point2 p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y);
-}
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "prepare/write/Flatten.h"
 
+#include "prepare/plain/Curves.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -9,11 +11,6 @@ namespace prepare {
 namespace {
 
 constexpr int kMostPieces = 4096;
-
-Point2 LeftOf(Point2 v)
-{
-    return {-v.y, v.x};
-}
 
 } // namespace
 

@@ -1,20 +1,17 @@
 #include "prepare/write/ModuleEntities.h"
 
+#include "prepare/plain/Curves.h"
 #include "prepare/plain/Placement.h"
 #include "prepare/write/AgreedNames.h"
 #include "prepare/write/ModuleEncoding.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 namespace prepare {
 
 namespace {
-
-constexpr double kTurn = 2 * std::numbers::pi;
-constexpr double kDegree = std::numbers::pi / 180;
 
 // Above this, an arc's centre is so far away that its ends are no longer where they should be.
 constexpr double kLargestRadius = 1e10;
@@ -101,7 +98,7 @@ void ModuleEntities::WriteArc(StyleId style, Point2 centre, double radius, doubl
         AppendEllipseChords(m_points, centre, {radius, 0}, 1, start, end, m_out.curves);
         return WritePoints(style, m_points, false);
     }
-    const int decimals = DecimalsOfAngle(radius, kDegree);
+    const int decimals = DecimalsOfAngle(radius, Radians(1));
     ForArcParts(start, end, [&](double first, double last) {
         const double from = RoundedTo(DegreesOf(first), decimals), to = RoundedTo(DegreesOf(last), decimals);
         if (from == to)

@@ -13,9 +13,9 @@ namespace prepare {
 namespace {
 
 // Finds what is used, before anything is written: blocks that are inserted, and texts that need some.
-class Collector final : public LogVisitor {
+class ModuleCollector final : public LogVisitor {
 public:
-    Collector(std::size_t blocks, ModuleTexts& texts, double factor, int decimals)
+    ModuleCollector(std::size_t blocks, ModuleTexts& texts, double factor, int decimals)
         : m_isUsed(blocks), m_texts(texts), m_factor(factor), m_decimals(decimals)
     {
     }
@@ -92,12 +92,6 @@ void Point(PairWriter& pairs, int code, Point2 p)
     pairs.Real(code + 10, p.y);
 }
 
-void BeginSection(PairWriter& pairs, const char* name)
-{
-    pairs.Text(0, "SECTION");
-    pairs.Text(2, name);
-}
-
 // Of the blocks in which a wrapped drawing is: each but the first has the one before in it, in millionths,
 // because a scale has six decimals.
 constexpr int kLeastPower = -6;
@@ -163,7 +157,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     const int decimals = DecimalsFor(wrap.stroke);
     ModuleTexts texts;
     ModuleLayers layers(m_drawing, m_styles, m_blocks, m_settings.marksLayers);
-    Collector collector(m_blocks.size(), texts, wrap.factor, decimals);
+    ModuleCollector collector(m_blocks.size(), texts, wrap.factor, decimals);
     m_model.Replay(collector);
     for (std::size_t i = 0; i < collector.Used().size(); ++i)
         m_blocks[collector.Used()[i]].log.Replay(collector);

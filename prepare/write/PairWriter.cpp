@@ -196,4 +196,10 @@ bool PairWriter::Finish()
     return !m_isStopped;
 }
 
+void BeginSection(PairWriter& pairs, const char* name)
+{
+    pairs.Text(0, "SECTION");
+    pairs.Text(2, name);
+}
+
 } // namespace prepare

@@ -47,6 +47,8 @@ private:
     bool m_isStopped = false;
 };
 
+void BeginSection(PairWriter& pairs, const char* name);
+
 // Each adds the text of a number as PairWriter writes it.
 void AppendReal(std::string& text, double value, int digits);
 void AppendFixed(std::string& text, double value, int decimals);

@@ -1,5 +1,7 @@
 #include "prepare/write/PlainLog.h"
 
+#include "prepare/plain/Curves.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -15,7 +17,18 @@ namespace {
 constexpr std::size_t kFirstChunk = 256;
 constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
-enum Kind : char { kLine, kCircle, kArc, kEllipse, kPolyline, kFill, kMask, kText, kLineOfText, kInsert };
+enum LogKind : char {
+    kLoggedLine,
+    kLoggedCircle,
+    kLoggedArc,
+    kLoggedEllipse,
+    kLoggedPolyline,
+    kLoggedFill,
+    kLoggedMask,
+    kLoggedText,
+    kLoggedLineOfText,
+    kLoggedInsert
+};
 
 template <class... Numbers>
 bool AreFinite(Numbers... numbers)
@@ -23,15 +36,10 @@ bool AreFinite(Numbers... numbers)
     return (std::isfinite(numbers) && ...);
 }
 
-bool IsFinite(Point2 p)
-{
-    return AreFinite(p.x, p.y);
-}
-
 // Takes values out of a chunk, in the order in which they were put in.
-class Reader {
+class LogReader {
 public:
-    Reader(const char* bytes, std::size_t size) : m_place(bytes), m_end(bytes + size) {}
+    LogReader(const char* bytes, std::size_t size) : m_place(bytes), m_end(bytes + size) {}
 
     bool IsAtEnd() const { return m_place == m_end; }
 
@@ -63,7 +71,7 @@ struct PolylineHead {
     bool hasBulges;
 };
 
-void ReplayPolyline(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
+void ReplayPolyline(LogReader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
 {
     const auto style = reader.Take<StyleId>();
     const auto head = reader.Take<PolylineHead>();
@@ -75,7 +83,7 @@ void ReplayPolyline(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex
     visitor.Polyline(style, vertices, head.isClosed);
 }
 
-void ReplayArea(Reader& reader, LogVisitor& visitor, char kind)
+void ReplayArea(LogReader& reader, LogVisitor& visitor, char kind)
 {
     const auto style = reader.Take<StyleId>();
     std::vector<std::vector<Point2>> rings(reader.Take<std::uint64_t>());
@@ -84,7 +92,7 @@ void ReplayArea(Reader& reader, LogVisitor& visitor, char kind)
         for (Point2& point : ring)
             point = reader.Take<Point2>();
     }
-    if (kind == kFill)
+    if (kind == kLoggedFill)
         visitor.Fill(style, rings);
     else
         visitor.Mask(style, rings);
@@ -99,20 +107,20 @@ struct TextHead {
     Anchor anchor;
 };
 
-LoggedText TakeText(Reader& reader)
+LoggedText TakeText(LogReader& reader)
 {
     const auto head = reader.Take<TextHead>();
     const char* const text = reader.Skip(head.size);
     return {{text, head.size}, head.point, head.along, head.up, head.anchor, head.style};
 }
 
-void ReplayText(Reader& reader, LogVisitor& visitor)
+void ReplayText(LogReader& reader, LogVisitor& visitor)
 {
     const auto style = reader.Take<StyleId>();
     visitor.Text(style, TakeText(reader));
 }
 
-void ReplayLineOfText(Reader& reader, LogVisitor& visitor)
+void ReplayLineOfText(LogReader& reader, LogVisitor& visitor)
 {
     const auto point = reader.Take<Point2>();
     std::vector<LoggedRun> runs(reader.Take<std::uint64_t>());
@@ -139,30 +147,30 @@ struct RoundRecord {
     double end;
 };
 
-void ReplayOne(Reader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
+void ReplayOne(LogReader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
 {
     const auto kind = reader.Take<char>();
-    if (kind == kPolyline)
+    if (kind == kLoggedPolyline)
         return ReplayPolyline(reader, visitor, vertices);
-    if (kind == kFill || kind == kMask)
+    if (kind == kLoggedFill || kind == kLoggedMask)
         return ReplayArea(reader, visitor, kind);
-    if (kind == kText)
+    if (kind == kLoggedText)
         return ReplayText(reader, visitor);
-    if (kind == kLineOfText)
+    if (kind == kLoggedLineOfText)
         return ReplayLineOfText(reader, visitor);
-    if (kind == kInsert) {
+    if (kind == kLoggedInsert) {
         const auto insert = reader.Take<InsertRecord>();
         return visitor.Insert(insert.block, insert.point, insert.rotation, insert.isMirrored);
     }
     const auto style = reader.Take<StyleId>();
-    if (kind == kLine) {
+    if (kind == kLoggedLine) {
         const auto start = reader.Take<Point2>();
         return visitor.Line(style, start, reader.Take<Point2>());
     }
     const auto round = reader.Take<RoundRecord>();
-    if (kind == kCircle)
+    if (kind == kLoggedCircle)
         visitor.Circle(style, round.centre, round.majorAxis.x);
-    else if (kind == kArc)
+    else if (kind == kLoggedArc)
         visitor.Arc(style, round.centre, round.majorAxis.x, round.start, round.end);
     else
         visitor.Ellipse(style, round.centre, round.majorAxis, round.ratio, round.start, round.end);
@@ -235,7 +243,7 @@ void PlainLog::Line(const Style& style, Point2 start, Point2 end)
 {
     if (!IsFinite(start) || !IsFinite(end))
         return;
-    Add(kLine, m_styles.Of(style), start, end);
+    Add(kLoggedLine, m_styles.Of(style), start, end);
     m_reach.Add(start);
     m_reach.Add(end);
 }
@@ -244,7 +252,7 @@ void PlainLog::Circle(const Style& style, Point2 centre, double radius)
 {
     if (!IsFinite(centre) || !std::isfinite(radius) || !(radius > 0))
         return;
-    Add(kCircle, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, 0, 0});
+    Add(kLoggedCircle, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, 0, 0});
     AddRound(centre, radius);
 }
 
@@ -254,7 +262,7 @@ void PlainLog::Arc(const Style& style, Point2 centre, double radius, double star
         return;
     if (end - start >= 2 * std::numbers::pi)
         return Circle(style, centre, radius);
-    Add(kArc, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, start, end});
+    Add(kLoggedArc, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, start, end});
     AddRound(centre, radius);
 }
 
@@ -265,7 +273,7 @@ void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, doub
     if (!IsFinite(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
         !(end > start))
         return;
-    Add(kEllipse, m_styles.Of(style), RoundRecord{centre, majorAxis, ratio, start, end});
+    Add(kLoggedEllipse, m_styles.Of(style), RoundRecord{centre, majorAxis, ratio, start, end});
     AddRound(centre, radius);
 }
 
@@ -284,7 +292,7 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
         std::memcpy(place, &value, sizeof(value));
         place += sizeof(value);
     };
-    put(kPolyline);
+    put(kLoggedPolyline);
     put(id);
     put(head);
     for (const PlainVertex& vertex : vertices) {
@@ -297,12 +305,12 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
 
 void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
-    AddArea(kFill, style, rings);
+    AddArea(kLoggedFill, style, rings);
 }
 
 void PlainLog::Mask(std::span<const std::vector<Point2>> rings)
 {
-    AddArea(kMask, {}, rings);
+    AddArea(kLoggedMask, {}, rings);
 }
 
 void PlainLog::AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings)
@@ -341,7 +349,7 @@ void PlainLog::Text(const Style& style, const PlainText& text)
     if (!IsDrawn(text))
         return;
     char* place = Room(1 + SizeOf(text));
-    *place++ = kText;
+    *place++ = kLoggedText;
     PutText(place, style, text);
 }
 
@@ -369,7 +377,7 @@ void PlainLog::LineOfText(Point2 point, std::span<const PlainRun> runs)
         std::memcpy(place, &value, sizeof(value));
         place += sizeof(value);
     };
-    put(kLineOfText);
+    put(kLoggedLineOfText);
     put(point);
     put(std::uint64_t{runs.size()});
     for (const PlainRun& run : runs) {
@@ -382,7 +390,7 @@ void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isM
 {
     if (!IsFinite(point) || !std::isfinite(rotation))
         return;
-    Add(kInsert, InsertRecord{block, point, rotation, isMirrored});
+    Add(kLoggedInsert, InsertRecord{block, point, rotation, isMirrored});
     m_reach.Add(point);
 }
 
@@ -393,7 +401,7 @@ void PlainLog::Replay(const Part& from, const Part& to, LogVisitor& visitor,
     for (std::size_t i = first; i < to.chunks; ++i) {
         const std::size_t begin = i == first ? from.offset : 0;
         const std::size_t end = i + 1 == to.chunks ? to.offset : m_chunks[i].size;
-        Reader reader(m_chunks[i].bytes.get() + begin, end - begin);
+        LogReader reader(m_chunks[i].bytes.get() + begin, end - begin);
         while (!reader.IsAtEnd())
             ReplayOne(reader, visitor, vertices);
     }

@@ -12,9 +12,9 @@ namespace prepare {
 namespace {
 
 // Finds the blocks and text styles that are used, before anything is written.
-class Collector final : public LogVisitor {
+class StandardCollector final : public LogVisitor {
 public:
-    Collector(const std::deque<KeptBlock>& blocks, int decimals)
+    StandardCollector(const std::deque<KeptBlock>& blocks, int decimals)
         : isUsed(blocks.size()), m_blocks(blocks), m_decimals(decimals)
     {
     }
@@ -98,12 +98,6 @@ void WriteLayoutBlocks(PairWriter& pairs)
     EndBlock(pairs, kPaperEnd, kPaperRecord, true);
 }
 
-void BeginSection(PairWriter& pairs, const char* name)
-{
-    pairs.Text(0, "SECTION");
-    pairs.Text(2, name);
-}
-
 // As many as a double surely has at the farthest coordinate. Where differences vanish, arithmetic leaves
 // digits that mean nothing: they are not written.
 int DecimalsFor(const Box& extents)
@@ -159,7 +153,7 @@ bool StandardWriter::Finish(const ByteFunction& write)
 {
     const Box extents = ExtentsOf(m_model, m_blocks);
     const int decimals = DecimalsFor(extents);
-    Collector collector(m_blocks, decimals);
+    StandardCollector collector(m_blocks, decimals);
     collector.Collect(m_model);
     const StandardTables tables(m_drawing, m_styles, collector.textStyles);
     const std::vector<std::string> styleTexts = StandardStyleTexts(m_styles, tables);

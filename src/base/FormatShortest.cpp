@@ -9,8 +9,8 @@
 namespace {
 
 // Between these, a number of few decimals is written without an exponent, whatever std::to_chars compares.
-constexpr double kSmallestQuick = 0.001;
-constexpr double kLargestQuick = 1e6;
+constexpr double kSmallestPlain = 0.001;
+constexpr double kLargestPlain = 1e6;
 
 constexpr double kScales[] = {1, 1e1, 1e2, 1e3};
 
@@ -36,7 +36,7 @@ template <class Real>
 char* FormatAnyShortest(Real value, char* out)
 {
     const double magnitude = std::fabs(static_cast<double>(value));
-    if (magnitude >= kSmallestQuick && magnitude < kLargestQuick) {
+    if (magnitude >= kSmallestPlain && magnitude < kLargestPlain) {
         for (std::size_t decimals = 0; decimals < std::size(kScales); ++decimals) {
             const double product = magnitude * kScales[decimals];
             // NOLINTNEXTLINE(bugprone-incorrect-roundings): one that is rounded wrongly is not read back

@@ -21,7 +21,7 @@ void ReadProxyData(CDxfRead& reader, CDxfStream&, DXF_GRAPHIC_BASE& record, CDxf
 
 using BASE = DXF_GRAPHIC_BASE;
 using RARE = DXF_GRAPHIC_RARE;
-constexpr auto kFields = DxfFields<BASE>({
+constexpr auto kCommonFields = DxfFields<BASE>({
     {5, &BASE::m_strHandle},
     KeptOnce(6, &BASE::m_strLineType),
     KeptOnce(8, &BASE::m_strLayer),
@@ -49,7 +49,7 @@ constexpr auto kFields = DxfFields<BASE>({
 bool CDxfRead::ReadENTITIES_COMMON(std::int32_t code, CDxfLine value, DXF_GRAPHIC_BASE& record,
                                    CDxfStream& stream)
 {
-    const DXF_FIELD<DXF_GRAPHIC_BASE>& field = kFields.Find(code);
+    const DXF_FIELD<DXF_GRAPHIC_BASE>& field = kCommonFields.Find(code);
     if (field.kind != DXF_FIELD_KIND::None) {
         StoreField(*this, stream, record, field, value);
         return true;

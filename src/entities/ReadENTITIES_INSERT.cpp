@@ -6,7 +6,7 @@
 namespace {
 
 using INSERT = DXF_GRAPHIC_INSERT;
-constexpr auto kFields = DxfFields<INSERT>(
+constexpr auto kInsertFields = DxfFields<INSERT>(
     {
         End(0),
         {66, &INSERT::m_nAttributesFollow},
@@ -29,5 +29,5 @@ constexpr auto kFields = DxfFields<INSERT>(
 
 bool CDxfRead::ReadENTITIES_INSERT(CDxfStream& stream, DXF_ENTITY_LIST& list)
 {
-    return ReadEntity(*this, stream, list, kFields);
+    return ReadEntity(*this, stream, list, kInsertFields);
 }

@@ -19,7 +19,7 @@ struct Outcome {
     bool hasFailed = false;
 };
 
-bool Append(void* user, const char* bytes, std::size_t size)
+bool AppendWhilePaused(void* user, const char* bytes, std::size_t size)
 {
     const FailingMemory::Pause pause; // the receiver's own memory is not what is tested
     static_cast<std::string*>(user)->append(bytes, size);
@@ -52,7 +52,7 @@ Outcome Import(std::size_t failing)
     qlmCreateUse(context, L"", 0, 0, L"SYMBOL", L"hmi", 1, 1);
     qlmCreateUse(context, L"", 0, 0, L"MISSING", L"hmi", 1, 1);
     qlmSetLastError(0, L"DXF", 7, L"a message that is kept", false, 0);
-    outcome.isWritten = svgHostWrite(document, nullptr, Append, &outcome.text);
+    outcome.isWritten = svgHostWrite(document, nullptr, AppendWhilePaused, &outcome.text);
     svgHostDestroy(document);
     outcome.hasFailed = memory.HasFailed();
     return outcome;
@@ -85,13 +85,13 @@ TEST(ShortMemory, NoElementMayBeMissingFromAWrittenDrawing)
     for (int i = 0; i < 2'000; ++i)
         document.Set(document.Line(0, 0, 1, static_cast<float>(i)), L"stroke", L"RGB(1,2,3)");
     std::string whole;
-    ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, Append, &whole));
+    ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, AppendWhilePaused, &whole));
     std::size_t failures = 0;
     for (bool isWritten = false; !isWritten; ++failures) {
         ASSERT_LT(failures, 1'000u);
         std::string text;
         const FailingMemory memory(failures + 1, FailingMemory::Which::NthAndLater);
-        isWritten = svgHostWrite(document.Get(), nullptr, Append, &text);
+        isWritten = svgHostWrite(document.Get(), nullptr, AppendWhilePaused, &text);
         EXPECT_EQ(isWritten, text == whole);
         EXPECT_EQ(isWritten, !memory.HasFailed());
         EXPECT_EQ(memory.Live(), 0u);

@@ -36,7 +36,7 @@ std::string FeetInLine(double value, std::int32_t zeros)
 
 std::string Length(const DimensionStyle& style, double value, std::string_view written = "")
 {
-    return DimensionText(style, Measured::Length, value, written);
+    return DimensionText(style, Quantity::Length, value, written);
 }
 
 // As templates of metric drawings have it.
@@ -175,14 +175,14 @@ TEST(DimensionValue, TheMeasureAlone)
     EXPECT_EQ(Length(DimensionStyle(), 5.51052354), "5.5105");
     EXPECT_EQ(Length(IsoStyle(), 5.51052354), "5,51");
     EXPECT_EQ(Length(IsoStyle(), 25), "25");
-    EXPECT_EQ(DimensionText(DimensionStyle(), Measured::Angle, kPi / 2, ""), "90°");
+    EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Angle, kPi / 2, ""), "90°");
 }
 
 TEST(DimensionValue, RadiiAndDiametersHaveTheirSigns)
 {
-    EXPECT_EQ(DimensionText(DimensionStyle(), Measured::Radius, 3.0894, ""), "R3.0894");
-    EXPECT_EQ(DimensionText(IsoStyle(), Measured::Diameter, 6.1788, ""), "%%c6,18");
-    EXPECT_EQ(DimensionText(IsoStyle(), Measured::Ordinate, 53.5753, ""), "53,58");
+    EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Radius, 3.0894, ""), "R3.0894");
+    EXPECT_EQ(DimensionText(IsoStyle(), Quantity::Diameter, 6.1788, ""), "%%c6,18");
+    EXPECT_EQ(DimensionText(IsoStyle(), Quantity::Ordinate, 53.5753, ""), "53,58");
 }
 
 TEST(DimensionValue, WhatIsWrittenIsInPlaceOfTheMeasure)
@@ -215,10 +215,10 @@ TEST(DimensionValue, PrefixAndSuffix)
     EXPECT_EQ(Length(style, 4), "4mm");
     style.post = "ca. <> mm";
     EXPECT_EQ(Length(style, 4), "ca. 4 mm");
-    EXPECT_EQ(DimensionText(style, Measured::Radius, 4, ""), "ca. 4 mm");
-    EXPECT_EQ(DimensionText(style, Measured::Angle, kPi, ""), "180°");
+    EXPECT_EQ(DimensionText(style, Quantity::Radius, 4, ""), "ca. 4 mm");
+    EXPECT_EQ(DimensionText(style, Quantity::Angle, kPi, ""), "180°");
     style.post = "<> mm";
-    EXPECT_EQ(DimensionText(style, Measured::Radius, 4, ""), "R4 mm");
+    EXPECT_EQ(DimensionText(style, Quantity::Radius, 4, ""), "R4 mm");
 }
 
 TEST(DimensionValue, Tolerances)
