@@ -74,7 +74,7 @@ TEST(PairReader, LinesEndInAnyWay)
 {
     const std::string pairs = "1 0 LINE;3 8 Walls;5 10 1.5;";
     for (const std::string end : {"\n", "\r\n", "\r", "\r\r\n"})
-        for (const std::size_t most : {1, 2, 3, 7, 1000}) {
+        for (const std::size_t most : {1u, 2u, 3u, 7u, 1000u}) {
             const std::string text =
                 "0" + end + "LINE" + end + "8" + end + "Walls" + end + "10" + end + "1.5" + end;
             SlowSource source(text, most);
@@ -164,7 +164,7 @@ TEST(PairReader, ByteOrderMarkOfUtf8IsDropped)
 TEST(PairReader, Utf16BecomesUtf8InEitherByteOrder)
 {
     for (const bool isBigEndian : {false, true})
-        for (const std::size_t most : {1, 3, 1000}) {
+        for (const std::size_t most : {1u, 3u, 1000u}) {
             const std::string bytes = Utf16(u"0\r\nTEXT\r\n1\r\n\u00C4\u20AC\U0001F600\r\n", isBigEndian);
             SlowSource source(bytes, most);
             PairReader reader(source);
@@ -195,7 +195,7 @@ TEST(PairReader, BinaryDrawingsWithCodesOfOneByteBecomeText)
         kSentinel + Bytes({0, 'L', 'I', 'N', 'E', 0, 8, 'a', '\n', 'b', 0, 62, 0xFE, 0xFF, 10}) +
         Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x3F, 0xFF, 0xE8, 0x03, 'X', 0, 0xFF, 0xEC, 0x03, 2, 1}) +
         Bytes({0xAB, 0, 'E', 'O', 'F', 0, 'j', 'u', 'n', 'k'});
-    for (const std::size_t most : {1, 3, 1000}) {
+    for (const std::size_t most : {1u, 3u, 1000u}) {
         SlowSource source(text, most);
         PairReader reader(source);
         EXPECT_EQ(ReadAll(reader), "1 0 LINE;3 8 a b;5 62 -2;7 10 1.5;9 1000 X;11 1004 01AB;");
@@ -209,7 +209,7 @@ TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
                              Bytes({0, 0, 'L', 0, 90, 0, 1, 2, 0, 0, 0x22, 0x01, 1, 160, 0, 1, 0, 0}) +
                              Bytes({0, 0, 1, 0, 0, 0x36, 0x01, 1, 0xF0, 0x2F, 0x04, 0xFF, 0xFF, 0xFF, 0xFF}) +
                              Bytes({0, 0, 'E', 'O', 'F', 0});
-    for (const std::size_t most : {1, 3, 1000}) {
+    for (const std::size_t most : {1u, 3u, 1000u}) {
         SlowSource source(text, most);
         PairReader reader(source);
         EXPECT_EQ(ReadAll(reader), "1 0 L;3 90 513;5 290 1;7 160 1099511627777;9 310 F0;11 1071 -1;");
