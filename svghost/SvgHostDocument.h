@@ -5,13 +5,15 @@
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
 #include "svghost/Layout.h"
+#include "svghost/NameHash.h"
 #include "svghost/Node.h"
 #include "svghost/PathData.h"
 
 #include <array>
-#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // One document with all its nodes. Its functions throw std::bad_alloc when memory is short; the operations
@@ -63,8 +65,7 @@ private:
     svghost::SymbolName* SymbolNamed(const wchar_t* name);
 
     std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
-    // Ordered: a drawing can choose names that all meet in one place of a hash table.
-    std::map<std::wstring_view, svghost::SymbolName*> m_names;
+    std::unordered_map<std::wstring_view, svghost::SymbolName*, svghost::NameHash> m_names;
     std::string m_scratch;
     svghost::ShortForm m_shortForm;
     svghost::Layout m_layout;
