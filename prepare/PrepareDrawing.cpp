@@ -187,6 +187,7 @@ PrepareOutcome Preparing::Finish()
         m_first->Findings().GiveTo(m_report);
     else if (!ConvertAgain())
         return PrepareOutcome::ReadFailed;
+    m_first.reset(); // writing needs memory, too
     if (!MayGoOn(0.9))
         return PrepareOutcome::Cancelled;
     m_writer->UseSettings(m_settings);

@@ -20,7 +20,7 @@ struct KeptBlock {
 class KeptDrawing : public DrawingWriter {
 public:
     KeptDrawing(const Drawing& drawing, const WriteSettings& settings, Report& report)
-        : m_drawing(drawing), m_settings(settings), m_report(report), m_model(m_styles)
+        : m_drawing(drawing), m_settings(settings), m_report(report), m_model(m_styles, m_storage)
     {
     }
 
@@ -33,7 +33,7 @@ public:
     }
     std::size_t NewBlock(std::string_view name) override
     {
-        m_blocks.push_back({std::string(name), PlainLog(m_styles)});
+        m_blocks.push_back({std::string(name), PlainLog(m_styles, m_storage)});
         return m_blocks.size() - 1;
     }
     PlainSink& Block(std::size_t number) override { return m_blocks[number].log; }
@@ -59,6 +59,7 @@ protected:
     WriteSettings m_settings;
     Report& m_report;
     StyleTable m_styles;
+    LogStorage m_storage;
     PlainLog m_model;
     std::deque<KeptBlock> m_blocks;
 };

@@ -6,16 +6,11 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
-#include <numeric>
 #include <type_traits>
 
 namespace prepare {
 
 namespace {
-
-// Chunks grow, because most blocks are small, but stay small compared with a drawing.
-constexpr std::size_t kFirstChunk = 256;
-constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
 
 enum LogKind : char {
     kLoggedLine,
@@ -36,7 +31,7 @@ bool AreFinite(Numbers... numbers)
     return (std::isfinite(numbers) && ...);
 }
 
-// Takes values out of a chunk, in the order in which they were put in.
+// Takes values out of a part of a log, in the order in which they were put in.
 class LogReader {
 public:
     LogReader(const char* bytes, std::size_t size) : m_place(bytes), m_end(bytes + size) {}
@@ -76,6 +71,7 @@ void ReplayPolyline(LogReader& reader, LogVisitor& visitor, std::vector<PlainVer
     const auto style = reader.Take<StyleId>();
     const auto head = reader.Take<PolylineHead>();
     vertices.clear();
+    vertices.reserve(head.count);
     for (std::uint64_t i = 0; i < head.count; ++i) {
         const auto point = reader.Take<Point2>();
         vertices.push_back({point, head.hasBulges ? reader.Take<double>() : 0});
@@ -208,15 +204,10 @@ void LogVisitor::LineOfText(Point2, std::span<const LoggedRun> runs)
 
 char* PlainLog::Room(std::size_t size)
 {
-    if (m_chunks.empty() || m_chunks.back().room - m_chunks.back().size < size) {
-        const std::size_t usual =
-            m_chunks.empty() ? kFirstChunk : std::min(2 * m_chunks.back().room, kLargestChunk);
-        const std::size_t room = std::max(usual, size);
-        m_chunks.push_back({std::unique_ptr<char[]>(new char[room]), 0, room});
-    }
-    Chunk& chunk = m_chunks.back();
-    char* const place = chunk.bytes.get() + chunk.size;
-    chunk.size += size;
+    char* const place = m_storage.Room(size);
+    if (m_parts.empty() || m_parts.back().end != place || m_parts.back().place != m_place)
+        m_parts.push_back({m_place, place, place});
+    m_parts.back().end = place + size;
     return place;
 }
 
@@ -394,32 +385,22 @@ void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isM
     m_reach.Add(point);
 }
 
-void PlainLog::Replay(const Part& from, const Part& to, LogVisitor& visitor,
-                      std::vector<PlainVertex>& vertices) const
-{
-    const std::size_t first = from.chunks > 0 ? from.chunks - 1 : 0;
-    for (std::size_t i = first; i < to.chunks; ++i) {
-        const std::size_t begin = i == first ? from.offset : 0;
-        const std::size_t end = i + 1 == to.chunks ? to.offset : m_chunks[i].size;
-        LogReader reader(m_chunks[i].bytes.get() + begin, end - begin);
-        while (!reader.IsAtEnd())
-            ReplayOne(reader, visitor, vertices);
-    }
-}
-
 void PlainLog::Replay(LogVisitor& visitor) const
 {
     std::vector<PlainVertex> vertices;
-    const Part end{0, m_chunks.size(), EndOfChunk()};
+    const auto replay = [&](const std::vector<Part>& parts) {
+        for (const Part& part : parts) {
+            LogReader reader(part.begin, static_cast<std::size_t>(part.end - part.begin));
+            while (!reader.IsAtEnd())
+                ReplayOne(reader, visitor, vertices);
+        }
+    };
+    if (!m_hasPlaces)
+        return replay(m_parts);
     std::vector<Part> parts = m_parts;
-    parts.insert(parts.begin(), {0, 0, 0});
-    parts.push_back(end);
-    std::vector<std::size_t> order(parts.size() - 1);
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin() + 1, order.end(),
-                     [&](std::size_t a, std::size_t b) { return parts[a].place < parts[b].place; });
-    for (const std::size_t i : order)
-        Replay(parts[i], parts[i + 1], visitor, vertices);
+    std::stable_sort(parts.begin(), parts.end(),
+                     [](const Part& a, const Part& b) { return a.place < b.place; });
+    replay(parts);
 }
 
 } // namespace prepare

@@ -3,11 +3,11 @@
 
 #include "prepare/plain/Placement.h"
 #include "prepare/plain/Plain.h"
+#include "prepare/write/LogStorage.h"
 #include "prepare/write/StyleTable.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -53,11 +53,11 @@ protected:
     ~LogVisitor() = default;
 };
 
-// A line takes 37 bytes. What has a number that is not finite, or nothing to see, is left out. styles must
-// outlive the log.
+// A line takes 37 bytes. What has a number that is not finite, or nothing to see, is left out. styles and
+// storage must outlive the log.
 class PlainLog final : public PlainSink {
 public:
-    explicit PlainLog(StyleTable& styles) : m_styles(styles) {}
+    PlainLog(StyleTable& styles, LogStorage& storage) : m_styles(styles), m_storage(storage) {}
 
     void Line(const Style& style, Point2 start, Point2 end) override;
     void Circle(const Style& style, Point2 centre, double radius) override;
@@ -73,30 +73,25 @@ public:
 
     // What comes from now on has that place in the order in which it is replayed. Without places, and of
     // equal ones, that is the order in which it came.
-    void UsePlace(std::uint64_t place) { m_parts.push_back({place, m_chunks.size(), EndOfChunk()}); }
+    void UsePlace(std::uint64_t place)
+    {
+        m_place = place;
+        m_hasPlaces = true;
+    }
 
     void Replay(LogVisitor& visitor) const;
-    bool IsEmpty() const { return m_chunks.empty(); }
+    bool IsEmpty() const { return m_parts.empty(); }
     // Around all points of its entities; of what is inserted, around the point alone.
     const Box& Reach() const { return m_reach; }
 
 private:
-    struct Chunk {
-        std::unique_ptr<char[]> bytes;
-        std::size_t size = 0;
-        std::size_t room = 0;
-    };
-
-    // Begins at an offset of the chunk before the given number of them.
+    // What came without anything of another log between.
     struct Part {
         std::uint64_t place;
-        std::size_t chunks;
-        std::size_t offset;
+        const char* begin;
+        const char* end;
     };
 
-    std::size_t EndOfChunk() const { return m_chunks.empty() ? 0 : m_chunks.back().size; }
-    void Replay(const Part& from, const Part& to, LogVisitor& visitor,
-                std::vector<PlainVertex>& vertices) const;
     char* Room(std::size_t size);
     template <class... Values>
     void Add(char kind, const Values&... values);
@@ -105,8 +100,10 @@ private:
     void AddRound(Point2 centre, double radius);
 
     StyleTable& m_styles;
-    std::vector<Chunk> m_chunks;
+    LogStorage& m_storage;
     std::vector<Part> m_parts;
+    std::uint64_t m_place = 0;
+    bool m_hasPlaces = false;
     Box m_reach;
 };
 
