@@ -39,6 +39,8 @@ int ChordsOfArc(double radius, double angle, double tolerance)
 
 void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, Fineness& curves)
 {
+    if (bulge == 0)
+        return points.push_back(b);
     const std::size_t before = points.size();
     const double tolerance = curves.Tolerance();
     const double height = std::fabs(bulge) * Length(b - a) / 2;
@@ -52,8 +54,7 @@ void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge,
         }
     }
     points.push_back(b);
-    if (bulge != 0)
-        curves.Take(1, points.size() - before);
+    curves.Take(1, points.size() - before);
 }
 
 void AppendEllipseChords(std::vector<Point2>& points, Point2 centre, Point2 majorAxis, double ratio,

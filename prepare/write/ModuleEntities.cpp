@@ -159,6 +159,7 @@ void ModuleEntities::Polyline(StyleId style, std::span<const PlainVertex> vertic
     if (WriteRoundPolyline(style, vertices, isClosed))
         return;
     m_points.clear();
+    m_points.reserve(vertices.size() + 1);
     m_points.push_back(Local(vertices.front().point));
     for (std::size_t i = 1; i <= vertices.size(); ++i) {
         if (i == vertices.size() && !isClosed)

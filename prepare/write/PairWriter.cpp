@@ -3,10 +3,9 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
-#include <array>
+#include <bit>
 #include <cmath>
 #include <cstring>
-#include <iterator>
 
 namespace prepare {
 
@@ -23,26 +22,27 @@ constexpr double kExact = 9e15;
 constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-// "00" to "99".
-constexpr auto kPairsOfDigits = [] {
-    std::array<char, 200> digits{};
-    for (std::size_t i = 0; i < digits.size(); ++i)
-        digits[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
-    return digits;
-}();
+constexpr std::uint64_t kEightDigits = 100'000'000;
+constexpr int kMostDigitsOfFixed = 16; // before and after the point
+static_assert(kExact < 1e16);
 
-// Puts the digits of value, at least that many, before end; returns where they begin.
-char* PutDigitsBefore(char* end, std::uint64_t value, int atLeast)
+// The digits of a number below 10^8, one in each byte, the first in the lowest; all are found at a time.
+std::uint64_t DigitsOf(std::uint32_t value)
 {
-    char* begin = end;
-    while (value >= 100) {
-        begin -= 2;
-        std::memcpy(begin, kPairsOfDigits.data() + 2 * (value % 100), 2);
-        value /= 100;
-    }
-    for (; value != 0 || end - begin < atLeast; value /= 10)
-        *--begin = static_cast<char>('0' + value % 10);
-    return begin;
+    const auto eachDivided = [](std::uint64_t lanes, std::uint64_t factor, int shift, std::uint64_t mask) {
+        return ((lanes * factor) >> shift) & mask;
+    };
+    std::uint64_t digits = value / 10'000 | std::uint64_t{value % 10'000} << 32;
+    const std::uint64_t hundreds = eachDivided(digits, 10'486, 20, 0x7F'0000'007F);
+    digits = hundreds | (digits - 100 * hundreds) << 16;
+    const std::uint64_t tens = eachDivided(digits, 103, 10, 0xF'000F'000F'000F);
+    return tens | (digits - 10 * tens) << 8;
+}
+
+void PutText(char* out, std::uint64_t digits)
+{
+    const std::uint64_t text = digits + 0x3030'3030'3030'3030;
+    std::memcpy(out, &text, sizeof(text));
 }
 
 // Puts the text of a number as PairWriter writes it; out has room for kLongestFormatted. Returns its end.
@@ -57,19 +57,27 @@ char* PutFixed(char* out, double value, int decimals)
     if (!(scaled < kExact))
         return PutReal(out, value, PairWriter::kDigits);
     const auto whole = static_cast<std::uint64_t>(std::nearbyint(scaled));
-    char digits[kLongestInteger];
-    const char* end = std::end(digits);
-    const char* const point = end - decimals;
-    const char* const begin = PutDigitsBefore(std::end(digits), whole, decimals + 1);
-    while (end > point && end[-1] == '0')
-        --end;
     if (value < 0 && whole != 0)
         *out++ = '-';
-    out = std::copy(begin, point, out);
-    if (end == point)
+    const std::uint64_t first =
+        whole < kEightDigits ? 0 : DigitsOf(static_cast<std::uint32_t>(whole / kEightDigits));
+    const std::uint64_t last = DigitsOf(static_cast<std::uint32_t>(whole % kEightDigits));
+    const int zerosBefore = first != 0 ? std::countr_zero(first) / 8 : 8 + std::countr_zero(last) / 8;
+    const int zerosAfter = last != 0 ? std::countl_zero(last) / 8 : 8 + std::countl_zero(first) / 8;
+    char digits[3 * kMostDigitsOfFixed] = {}; // and as many that are copied, but do not count
+    PutText(digits, first);
+    PutText(digits + 8, last);
+    const int point = kMostDigitsOfFixed - decimals;
+    const int begin = std::min(zerosBefore, point - 1);
+    const int decimalsLeft = std::max(decimals - zerosAfter, 0);
+    // As many as there can be: what is too many is written over.
+    std::memcpy(out, digits + begin, kMostDigitsOfFixed);
+    out += point - begin;
+    if (decimalsLeft == 0)
         return out;
     *out++ = '.';
-    return std::copy(point, end, out);
+    std::memcpy(out, digits + point, kMostDigitsOfFixed);
+    return out + decimalsLeft;
 }
 
 } // namespace

@@ -30,7 +30,7 @@ private:
     };
     StyleId Look(const Style& style);
 
-    static constexpr std::size_t kRecent = 512;
+    static constexpr std::size_t kRecent = 4096;
 
     // Ordered: a file can choose styles that all meet in one place of a hash table.
     std::map<Style, StyleId, Less> m_ids;

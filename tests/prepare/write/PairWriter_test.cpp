@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <string>
 
 namespace prepare {
 namespace {
@@ -35,6 +37,47 @@ TEST(PairWriter, FixedNumbersHaveNoZeroTooMany)
     EXPECT_EQ(Fixed(-0.00006, 4), "-0.0001");
     EXPECT_EQ(Fixed(1234.56789, 3), "1234.568");
     EXPECT_EQ(Fixed(1e-15, 15), "0.000000000000001");
+}
+
+// The same digit by digit.
+std::string DigitByDigit(std::uint64_t whole, int decimals)
+{
+    std::string text = std::to_string(whole);
+    const auto after = static_cast<std::size_t>(decimals);
+    if (text.size() <= after)
+        text.insert(0, after + 1 - text.size(), '0');
+    text.insert(text.size() - after, 1, '.');
+    text.erase(text.find_last_not_of('0') + 1);
+    return text.back() == '.' ? text.substr(0, text.size() - 1) : text;
+}
+
+TEST(PairWriter, FixedNumbersHaveAllTheirDigits)
+{
+    for (int decimals = 0; decimals <= 15; ++decimals)
+        for (std::uint64_t whole = 1; whole < 8'999'999'999'999'999; whole = whole * 3 + whole % 7) {
+            const double value = static_cast<double>(whole) / PowerOfTen(decimals);
+            const auto rounded = static_cast<std::uint64_t>(std::nearbyint(value * PowerOfTen(decimals)));
+            EXPECT_EQ(Fixed(value, decimals), DigitByDigit(rounded, decimals)) << whole << " " << decimals;
+            EXPECT_EQ(Fixed(-value, decimals), "-" + DigitByDigit(rounded, decimals));
+        }
+}
+
+TEST(PairWriter, PassesLongTextsOnAsTheyAre)
+{
+    std::string written;
+    const ByteFunction write = [&](std::string_view part) {
+        written += part;
+        return true;
+    };
+    PairWriter pairs(write);
+    std::string expected;
+    for (std::size_t size = 1; size < 200'000; size *= 3) {
+        pairs.Text(1071, std::string(size, 'x'));
+        pairs.Integer(0, -7);
+        expected += "1071\n" + std::string(size, 'x') + "\n0\n-7\n";
+    }
+    EXPECT_TRUE(pairs.Finish());
+    EXPECT_EQ(written, expected);
 }
 
 TEST(PairWriter, FixedNumbersThatAreTooLargeAreWhole)
