@@ -33,6 +33,9 @@ constexpr auto kEllipse = EntityFields<Ellipse>({
 
 void BeginVertex(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 {
+    constexpr std::size_t kUsual = 8;
+    if (polyline.vertices.empty())
+        polyline.vertices.reserve(kUsual);
     PolylineVertex vertex;
     vertex.point.x = reader.Real(value);
     vertex.startWidth = vertex.endWidth = polyline.width;

@@ -1,6 +1,7 @@
 #include "prepare/plain/BlockVariants.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace prepare {
@@ -51,6 +52,17 @@ VariantKey::VariantKey(const Block& of, const SplitPlacement& placement, bool in
         value = Rounded(value, largest);
     if (inherits)
         insert = ofInsert;
+}
+
+std::size_t VariantHash::operator()(const VariantKey& key) const
+{
+    std::array<std::uint64_t, 10> parts = {
+        reinterpret_cast<std::uintptr_t>(key.block), key.view,
+        std::uint64_t{key.insert.colour.rgb} << 32 | static_cast<std::uint32_t>(key.insert.colour.index),
+        std::uint64_t{key.insert.layer} << 32 | static_cast<std::uint32_t>(key.insert.weight)};
+    std::transform(key.baked.begin(), key.baked.end(), parts.end() - key.baked.size(),
+                   [](double value) { return std::bit_cast<std::uint64_t>(value); });
+    return static_cast<std::size_t>(HashBytes(parts.data(), sizeof(parts), m_key));
 }
 
 } // namespace prepare

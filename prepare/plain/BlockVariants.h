@@ -1,14 +1,15 @@
 // Blocks of the drawing, made once for each way in which they are used.
 #pragma once
 
+#include "base/Hash.h"
 #include "prepare/plain/Matrix.h"
 #include "prepare/plain/Plain.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <tuple>
+#include <unordered_map>
 
 namespace prepare {
 
@@ -32,8 +33,7 @@ struct VariantKey {
     bool inherits = false;         // whether what follows counts
     Style insert;
 
-    // What is compared.
-    auto Order() const
+    auto Compared() const
     {
         return std::tuple(block, baked, view, inherits, insert.colour.isTrue, insert.colour.rgb,
                           insert.colour.index, insert.weight, insert.lineType, insert.layer);
@@ -42,7 +42,17 @@ struct VariantKey {
     VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle, const Style& ofInsert,
                std::size_t inView = 0);
 
-    friend bool operator<(const VariantKey& a, const VariantKey& b) { return a.Order() < b.Order(); }
+    friend bool operator==(const VariantKey& a, const VariantKey& b) { return a.Compared() == b.Compared(); }
+};
+
+// A hash that nobody can choose keys for.
+class VariantHash {
+public:
+    VariantHash() : m_key(HashKey(this)) {}
+    std::size_t operator()(const VariantKey& key) const;
+
+private:
+    std::uint64_t m_key;
 };
 
 struct BlockVariant {
@@ -50,6 +60,6 @@ struct BlockVariant {
     Point2 origin;          // the point of the baked content that is the made block's origin
 };
 
-using BlockVariants = std::map<VariantKey, BlockVariant>;
+using BlockVariants = std::unordered_map<VariantKey, BlockVariant, VariantHash>;
 
 } // namespace prepare

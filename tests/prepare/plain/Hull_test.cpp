@@ -48,6 +48,25 @@ TEST(Hull, WhatIsWithinChangesNothing)
     EXPECT_EQ(hull.Bounds().max.x, 11);
 }
 
+TEST(Hull, ArcsReachAsFarAsTheirPoints)
+{
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> place(-50, 50), angle(-7, 7), sweep(0.01, 2 * std::numbers::pi);
+    for (int i = 0; i < 300; ++i) {
+        const Point2 centre{place(random), place(random)};
+        const double start = angle(random), end = start + sweep(random);
+        Hull arc, points;
+        arc.AddArc(centre, 20, start, end);
+        for (int k = 0; k <= 2000; ++k) {
+            const double at = start + (end - start) * k / 2000;
+            points.Add(centre + 20 * Point2{std::cos(at), std::sin(at)});
+        }
+        for (std::size_t k = 0; k < Hull::kDirections; ++k)
+            ASSERT_NEAR(Dot(arc.Points()[k], Towards(k)), Dot(points.Points()[k], Towards(k)), 1e-4)
+                << i << " " << k;
+    }
+}
+
 TEST(Hull, PointsAsFarAsNumbersGoLeaveNoneOut)
 {
     Hull hull;
