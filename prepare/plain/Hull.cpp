@@ -3,14 +3,19 @@
 #include "prepare/plain/Curves.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace prepare {
 
 namespace {
 
-// So many points beyond the inner box are looked at before it is found anew.
-constexpr unsigned kPatience = 4;
+// Whether the inner box is to be found anew after so many points beyond it: soon at first, then seldom.
+bool IsTimeForInner(unsigned outside)
+{
+    constexpr unsigned kFirst = 4, kPatience = 64;
+    return outside % kPatience == 0 || (outside >= kFirst && std::has_single_bit(outside));
+}
 
 // Apart, so that all are looked at in wide steps.
 struct Directions {
@@ -55,17 +60,23 @@ void Hull::AddOutside(Point2 point)
 {
     if (!std::isfinite(point.x) || !std::isfinite(point.y))
         return;
+    if (m_isEmpty) {
+        m_x.fill(point.x);
+        m_y.fill(point.y);
+        m_isEmpty = false;
+    }
     const Directions& directions = AllDirections();
-    std::array<double, kDirections> reach;
-    for (std::size_t i = 0; i < kDirections; ++i)
+    std::array<double, kDirections> reach, known;
+    for (std::size_t i = 0; i < kDirections; ++i) {
         reach[i] = point.x * directions.x[i] + point.y * directions.y[i];
+        known[i] = m_x[i] * directions.x[i] + m_y[i] * directions.y[i];
+    }
     for (std::size_t i = 0; i < kDirections; ++i)
-        if (m_isEmpty || reach[i] > m_reach[i]) {
-            m_reach[i] = reach[i];
-            m_points[i] = point;
+        if (reach[i] > known[i]) {
+            m_x[i] = point.x;
+            m_y[i] = point.y;
         }
-    m_isEmpty = false;
-    if (++m_outside % kPatience == 0)
+    if (IsTimeForInner(++m_outside))
         FindInner();
 }
 
@@ -83,7 +94,7 @@ void Hull::FindInner()
     for (std::size_t i = 0; i < kDirections; ++i) {
         const double wide = half.x * std::fabs(directions.x[i]) + half.y * std::fabs(directions.y[i]);
         if (wide > 0)
-            share = std::min(share, (m_reach[i] - Dot(centre, directions[i])) / wide);
+            share = std::min(share, (ReachOf(i) - Dot(centre, directions[i])) / wide);
     }
     share -= kRounding;
     m_inner = {centre - share * half, centre + share * half};
@@ -106,18 +117,30 @@ void Hull::AddFarthest(std::size_t direction, Point2 point)
 {
     if (m_isEmpty)
         return Add(point);
-    const double reach = Dot(point, AllDirections()[direction]);
-    if (!(reach > m_reach[direction]) || !std::isfinite(point.x) || !std::isfinite(point.y))
+    if (!(Dot(point, AllDirections()[direction]) > ReachOf(direction)) || !IsFinite(point))
         return;
-    m_reach[direction] = reach;
-    m_points[direction] = point;
+    m_x[direction] = point.x;
+    m_y[direction] = point.y;
+}
+
+double Hull::ReachOf(std::size_t direction) const
+{
+    return Dot({m_x[direction], m_y[direction]}, AllDirections()[direction]);
+}
+
+std::array<Point2, Hull::kDirections> Hull::Points() const
+{
+    std::array<Point2, kDirections> points;
+    for (std::size_t i = 0; i < kDirections; ++i)
+        points[i] = {m_x[i], m_y[i]};
+    return points;
 }
 
 Box Hull::Bounds() const
 {
     Box box;
     if (!m_isEmpty)
-        for (const Point2& point : m_points)
+        for (const Point2 point : Points())
             box.Add(point);
     return box;
 }

@@ -30,16 +30,18 @@ public:
     }
 
     bool IsEmpty() const { return m_isEmpty; }
-    const std::array<Point2, kDirections>& Points() const { return m_points; }
+    std::array<Point2, kDirections> Points() const;
     Box Bounds() const;
 
 private:
     void AddOutside(Point2 point);
     void AddFarthest(std::size_t direction, Point2 point);
     void FindInner();
+    double ReachOf(std::size_t direction) const;
 
-    std::array<Point2, kDirections> m_points; // each the farthest in its direction
-    std::array<double, kDirections> m_reach{};
+    // The farthest point in each direction; apart, so that all are looked at in wide steps.
+    std::array<double, kDirections> m_x{};
+    std::array<double, kDirections> m_y{};
     Box m_inner;            // a box that no direction leaves, perhaps a smaller one than there is
     unsigned m_outside = 0; // how many points were not within it
     bool m_isEmpty = true;

@@ -18,7 +18,7 @@ char* LogStorage::Room(std::size_t size)
     if (size > m_left) {
         m_usual = std::clamp(2 * m_usual, kFirstChunk, kLargestChunk);
         const std::size_t room = std::max(m_usual, size);
-        m_chunks.emplace_back(new char[room]);
+        m_chunks.push_back(std::unique_ptr<char[]>(new char[room]));
         m_next = m_chunks.back().get();
         m_left = room;
     }

@@ -12,8 +12,8 @@ namespace prepare {
 namespace {
 
 constexpr std::size_t kPart = std::size_t{1} << 16; // how much is passed on at once
-constexpr std::size_t kMost = 512;                  // of a code and a number
-static_assert(kMost > kLongestFormatted + kLongestInteger + 2);
+constexpr std::size_t kMostOfPair = 512;            // of a code and a number
+static_assert(kMostOfPair > kLongestFormatted + kLongestInteger + 2);
 
 // Up to here doubles and the integers below them are the same, and a value times a power of ten is exact
 // enough to be rounded.
@@ -121,7 +121,7 @@ void AppendReal(std::string& text, double value, int digits)
 }
 
 PairWriter::PairWriter(const ByteFunction& write)
-    : m_write(write), m_text(new char[kPart + kMost]), m_end(m_text.get())
+    : m_write(write), m_text(new char[kPart + kMostOfPair]), m_end(m_text.get())
 {
 }
 
@@ -189,7 +189,7 @@ void PairWriter::Fixed(int code, double value, int decimals)
 
 void PairWriter::Raw(std::string_view pairs)
 {
-    const auto room = static_cast<std::size_t>(m_text.get() + kPart + kMost - m_end);
+    const auto room = static_cast<std::size_t>(m_text.get() + kPart + kMostOfPair - m_end);
     if (pairs.size() > room) {
         Flush();
         if (pairs.size() > kPart)
