@@ -22,7 +22,7 @@ public:
 
 private:
     NameId TypeName();
-    EntityType TypeOf(NameId name);
+    EntityType TypeOf(NameId id);
     std::unique_ptr<Entity> ReadOne();
     void ReadVertices(Polyline& polyline);
     void ReadAttributes(Insert& insert);

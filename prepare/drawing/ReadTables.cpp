@@ -203,11 +203,10 @@ void ReadHeader(RecordReader& reader)
 
 void ReadTableEntry(RecordReader& reader)
 {
-    Drawing& drawing = reader.drawing;
     const std::string_view type = reader.Word();
     reader.phase = 0;
     if (type == "LAYER")
-        ReadEntry<kLayer>(reader, drawing.layers, "LAYER");
+        ReadEntry<kLayer>(reader, reader.drawing.layers, "LAYER");
     else if (type == "LTYPE")
         ReadLineType(reader);
     else if (type == "STYLE")

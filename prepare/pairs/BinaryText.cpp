@@ -124,7 +124,7 @@ std::size_t BinaryText::TakePair(std::string_view bytes, std::string& text)
     return codeSize + size;
 }
 
-std::size_t BinaryText::TakeCode(std::string_view bytes, std::int32_t& code)
+std::size_t BinaryText::TakeCode(std::string_view bytes, std::int32_t& code) const
 {
     const std::size_t escape = !m_hasWideCodes && !bytes.empty() && bytes[0] == '\xFF' ? 1 : 0;
     const std::size_t size = m_hasWideCodes || escape != 0 ? 2 : 1;

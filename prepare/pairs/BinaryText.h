@@ -22,7 +22,7 @@ public:
 private:
     // Each gives how many bytes it has taken; 0 while there are too few, or when the bytes are broken.
     std::size_t TakePair(std::string_view bytes, std::string& text);
-    std::size_t TakeCode(std::string_view bytes, std::int32_t& code);
+    std::size_t TakeCode(std::string_view bytes, std::int32_t& code) const;
     std::size_t TakeValue(std::int32_t code, std::string_view bytes, std::string& text);
     std::size_t TakeString(std::string_view bytes, std::string& text);
 

@@ -476,7 +476,9 @@ const Converter::BlockTraits& Converter::TraitsOf(const Block& block)
     BlockTraits& traits = place->second;
     if (isNew)
         for (const auto& entity : block.entities) {
-            traits.inherits = traits.inherits || m_styles->InheritsFromInsert(*entity);
+            // The styles are made before the first entity is drawn.
+            const StyleResolver& styles = *m_styles; // NOLINT(bugprone-unchecked-optional-access)
+            traits.inherits = traits.inherits || styles.InheritsFromInsert(*entity);
             traits.hasRays =
                 traits.hasRays || entity->type == EntityType::Ray || entity->type == EntityType::XLine;
         }

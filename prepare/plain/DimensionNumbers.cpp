@@ -111,7 +111,7 @@ std::string FractionalText(const Parts& parts, bool needsWhole, std::int32_t for
 {
     if (parts.upper == 0)
         return Whole(parts.whole);
-    const std::string fraction = Fraction(parts.upper, parts.lower, form);
+    std::string fraction = Fraction(parts.upper, parts.lower, form);
     if (parts.whole == 0 && !needsWhole)
         return fraction;
     constexpr std::int32_t kInLine = 2;

@@ -108,7 +108,7 @@ std::string ValueWriter::Number(double value, const NumberFormat& format) const
 
 std::string ValueWriter::Stacked(const std::string& upper, const std::string& lower) const
 {
-    const std::string stack = Joined({"\\S", upper, "^ ", lower, ";"});
+    std::string stack = Joined({"\\S", upper, "^ ", lower, ";"});
     if (m_style.toleranceHeight == 1 || !(m_style.toleranceHeight > 0))
         return stack;
     NumberFormat format;

@@ -8,13 +8,13 @@ namespace {
 
 // The lowest four bits of a dimension's kind.
 enum DimensionKind : std::int32_t {
-    kRotated,
-    kAlongPoints,
-    kByLines,
-    kDiametric,
-    kRadial,
-    kByPoints,
-    kOrdinate,
+    kRotated = 0,
+    kAlongPoints = 1,
+    kByLines = 2,
+    kDiametric = 3,
+    kRadial = 4,
+    kByPoints = 5,
+    kOrdinate = 6,
     kArcLength = 8,
     kJogged = 9,
 };

@@ -97,6 +97,7 @@ void DrawLeaderLine(const std::vector<Point3>& points, bool isSpline, Pen& pen)
         return;
     }
     std::vector<Point2> flat;
+    flat.reserve(points.size());
     for (const Point3 point : points)
         flat.push_back(pen.Place().matrix.Flat(point));
     pen.Polyline(flat, false);

@@ -110,6 +110,7 @@ private:
         Style style = m_placement.style;
         style.lineType = nullptr;
         std::vector<PlainVertex> vertices;
+        vertices.reserve(corners.size());
         for (const Point2 corner : corners)
             vertices.push_back({corner, 0});
         m_placement.sink.Polyline(style, vertices, true);

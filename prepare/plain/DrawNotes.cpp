@@ -72,10 +72,10 @@ public:
         m_style.lineType = nullptr;
     }
 
-    void Line(double fromU, double fromV, double toU, double toV) const
+    void Line(double u, double v, double endU, double endV) const
     {
-        const Point2 from = m_placement.matrix.Flat(m_plane.At(fromU, fromV));
-        const Point2 to = m_placement.matrix.Flat(m_plane.At(toU, toV));
+        const Point2 from = m_placement.matrix.Flat(m_plane.At(u, v));
+        const Point2 to = m_placement.matrix.Flat(m_plane.At(endU, endV));
         if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y)) {
             m_placement.budget.Take(2);
             m_placement.sink.Line(m_style, from, to);
@@ -153,7 +153,8 @@ void DrawTolerance(const Tolerance& entity, const Placement& placement, const Pa
     static constexpr std::string_view kEndsOfRows[] = {"^J", "\n", "\\P"};
     static constexpr std::string_view kEndsOfCells[] = {"%%v", "%%V"};
     std::string_view rows = entity.text;
-    for (double middle = 0; !rows.empty(); middle -= kRowHeight * height) {
+    double middle = 0;
+    while (!rows.empty()) {
         const double top = middle + kRowHeight * height / 2, bottom = top - kRowHeight * height;
         double left = 0;
         std::string_view cells = TakePart(rows, kEndsOfRows);
@@ -172,6 +173,7 @@ void DrawTolerance(const Tolerance& entity, const Placement& placement, const Pa
             frame.Line(right, top, right, bottom);
             left = right;
         }
+        middle -= kRowHeight * height;
     }
 }
 

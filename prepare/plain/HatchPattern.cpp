@@ -106,7 +106,7 @@ std::vector<LinePiece> PiecesOf(const LineFamily& family, const std::vector<Ring
     std::vector<std::pair<double, double>> crossings; // across, along
     ForEachEdge(family, rings, [&](FamilyPoint from, FamilyPoint to) {
         const double end = LineAfter(from, to);
-        for (double line = FirstLine(from, to); line < end; ++line) {
+        for (double line = FirstLine(from, to); line < end; ++line) { // NOLINT(cert-flp30-c): whole numbers
             const double share = (line - from.across) / (to.across - from.across);
             crossings.emplace_back(line, from.along + share * (to.along - from.along));
         }

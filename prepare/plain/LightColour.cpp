@@ -25,7 +25,8 @@ std::uint32_t OfHue(std::int32_t index)
     constexpr double kHues = 24, kSextants = 6;
     const std::uint32_t brightest = kBrightness[index % 10 / 2];
     const std::uint32_t darkest = index % 2 != 0 ? brightest / 2 : 0;
-    const double hue = (index / 10 - 1) * kSextants / kHues;
+    const std::int32_t ten = index / 10;
+    const double hue = (ten - 1) * kSextants / kHues;
     const auto part = [&](double centre) {
         const double away = std::fabs(std::remainder(hue - centre, kSextants));
         const double share = std::clamp(2 - away, 0.0, 1.0);

@@ -103,7 +103,8 @@ std::int32_t MTextLayout::Attachment() const
 
 double MTextLayout::Top() const
 {
-    return Attachment() / 3 / 2.0 * m_height;
+    const std::int32_t row = Attachment() / 3;
+    return row / 2.0 * m_height;
 }
 
 double MTextLayout::IndentOf(const TextLine& line) const

@@ -38,11 +38,10 @@ private:
 
 RadialDrawing::RadialDrawing(DimensionPen& pen, Point2 centre, Point2 tip, bool isDiameter)
     : m_pen(pen), m_style(pen.Style()), m_centre(centre), m_tip(tip), m_outward(Unit(tip - centre, {1, 0})),
-      m_radius(Length(tip - centre)), m_isDiameter(isDiameter), m_arrow(FirstArrowOf(pen))
+      m_radius(Length(tip - centre)), m_isDiameter(isDiameter), m_arrow(FirstArrowOf(pen)),
+      m_label(pen.Label(isDiameter ? pen.ValueText(Quantity::Diameter, 2 * m_radius)
+                                   : pen.ValueText(Quantity::Radius, m_radius)))
 {
-    const Quantity kind = isDiameter ? Quantity::Diameter : Quantity::Radius;
-    const double value = isDiameter ? 2 * m_radius : m_radius;
-    m_label = pen.Label(pen.ValueText(kind, value));
 }
 
 void RadialDrawing::PlaceLabel()

@@ -31,7 +31,8 @@ private:
     const Value& Asked(const Value& value) const
     {
         m_wasAsked = true;
-        return value;
+        // Members of this object.
+        return value; // NOLINT(bugprone-return-const-ref-from-parameter)
     }
 
     double m_tolerance;

@@ -78,6 +78,7 @@ double SheetConverter::PointSizeAt(double scale) const
 std::vector<std::size_t> SheetConverter::Blocks() const
 {
     std::vector<std::size_t> blocks;
+    blocks.reserve(m_panes.size());
     for (const Pane& pane : m_panes)
         blocks.push_back(pane.block);
     return blocks;

@@ -64,7 +64,7 @@ Band::Band(const WideSegment& segment) : m_points(segment.points)
         m_halves.push_back((1 - share) * segment.startHalf + share * segment.endHalf);
     }
     m_first = DirectionOr(segment.startDirection, m_points[0], m_points[1]);
-    m_last = DirectionOr(segment.endDirection, m_points.end()[-2], m_points.back());
+    m_last = DirectionOr(segment.endDirection, m_points[m_points.size() - 2], m_points.back());
     FindSides();
 }
 
@@ -88,7 +88,7 @@ bool Band::Meets(const Band& next) const
     if (std::fabs(half - next.m_halves.front()) > kSame * half || !(cosine > kSharpest))
         return false;
     const double along = half * std::fabs(Cross(before, after)) / (1 + cosine);
-    return along <= Length(m_points.back() - m_points.end()[-2]) &&
+    return along <= Length(m_points.back() - m_points[m_points.size() - 2]) &&
            along <= Length(next.m_points[1] - next.m_points[0]);
 }
 

@@ -350,6 +350,7 @@ char* PlainLog::PutText(char* place, const Style& style, const PlainText& text)
     const TextHead head{text.point, text.along, text.up, text.text.size(), text.style, text.anchor};
     std::memcpy(place, &id, sizeof(id));
     std::memcpy(place + sizeof(id), &head, sizeof(head));
+    // NOLINTNEXTLINE(bugprone-not-null-terminated-result): its size is kept, and no zero after it
     std::memcpy(place + sizeof(id) + sizeof(head), text.text.data(), text.text.size());
     m_reach.Add(text.point);
     m_reach.Add(text.point + text.up);

@@ -57,6 +57,7 @@ std::string TextOf(const Style& style, const StandardTables& tables)
 std::vector<std::string> StandardStyleTexts(const StyleTable& styles, const StandardTables& tables)
 {
     std::vector<std::string> texts;
+    texts.reserve(styles.Count());
     for (StyleId id = 0; id < styles.Count(); ++id)
         texts.push_back(TextOf(styles[id], tables));
     return texts;
@@ -133,6 +134,7 @@ void StandardEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, d
         std::vector<Point2> points;
         AppendEllipseChords(points, centre, majorAxis, ratio, start, end, m_out.curves);
         std::vector<PlainVertex> vertices;
+        vertices.reserve(points.size());
         for (const Point2& point : points)
             vertices.push_back({point, 0});
         return Polyline(style, vertices, false);

@@ -34,9 +34,7 @@ void AppendCharacter(std::string& text, char32_t character, std::string_view fro
         text += ' ';
     else if (BeginsEscape(from))
         AppendEscape(text, U'\\');
-    else if (character < 0x7F)
-        text += static_cast<char>(character);
-    else if (character < 0x100 && form == Form::Byte)
+    else if (character < 0x7F || (character < 0x100 && form == Form::Byte))
         text += static_cast<char>(character);
     else if (!IsCharacter(character))
         AppendEscape(text, kReplacementCharacter);
@@ -102,7 +100,7 @@ std::string EscapedText(std::string_view utf8, bool& isCut)
 {
     return Escaped(utf8, kLongestStandardValue, isCut,
                    [&](std::string& text, char32_t character, std::string_view from, Form form) {
-                       const bool isAfter = from.data() != utf8.data() && from.data()[-1] == '%';
+                       const bool isAfter = from.data() != utf8.data() && *(from.data() - 1) == '%';
                        const bool isPair = isAfter || (from.size() > 1 && from[1] == '%');
                        if (character == U'%' && isPair)
                            text += "%%%";

@@ -50,6 +50,7 @@ void WriteEmptyTable(PairWriter& pairs, const char* name, std::uint64_t handle)
 std::vector<std::pair<std::string, NameId>> ByName(const std::map<NameId, std::string>& names)
 {
     std::vector<std::pair<std::string, NameId>> sorted;
+    sorted.reserve(names.size());
     for (const auto& [id, name] : names)
         sorted.emplace_back(name, id);
     std::sort(sorted.begin(), sorted.end());

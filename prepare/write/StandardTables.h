@@ -40,9 +40,10 @@ enum FixedHandle : std::uint64_t {
     kModelBegin,
     kModelEnd,
     kPaperBegin,
-    kPaperEnd,
-    kFirstFree = 0x20
+    kPaperEnd
 };
+
+inline constexpr std::uint64_t kFirstFreeHandle = 0x20;
 
 // A block in the order in which blocks are written.
 struct StandardBlock {

@@ -160,8 +160,8 @@ bool StandardWriter::Finish(const ByteFunction& write)
 
     std::vector<StandardBlock> blocks = NamedBlocks(collector.isUsed);
     std::vector<std::string> names(m_blocks.size());
-    std::uint64_t handle = kFirstFree;
-    std::uint64_t seed = kFirstFree + tables.HandleCount() + collector.count;
+    std::uint64_t handle = kFirstFreeHandle;
+    std::uint64_t seed = kFirstFreeHandle + tables.HandleCount() + collector.count;
     for (StandardBlock& block : blocks) {
         names[block.number] = block.name;
         block.record = handle++;

@@ -14,8 +14,8 @@ import sys
 import xml.etree.ElementTree as ElementTree
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-FOLDERS = ("src", "svghost", "cli")
-LARGEST_GROUP = 12
+FOLDERS = ("src", "svghost", "cli", "prepare")
+LARGEST_GROUP = 40
 
 
 # Another version formats in another way.
