@@ -3,11 +3,12 @@
 
 #include "base/CDxfArena.h"
 #include "svghost/Node.h"
+#include "svghost/TextHash.h"
 
 #include <deque>
-#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace svghost {
 
@@ -58,8 +59,7 @@ private:
     }
 
     std::deque<Value> m_values{Value()};
-    // Ordered: a drawing can choose texts that all meet in one place of a hash table.
-    std::map<std::wstring_view, std::uint32_t> m_indices;
+    std::unordered_map<std::wstring_view, std::uint32_t, TextHash> m_indices;
     std::uint32_t m_last = 0;
 };
 

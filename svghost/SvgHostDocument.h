@@ -5,9 +5,9 @@
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
 #include "svghost/Layout.h"
-#include "svghost/NameHash.h"
 #include "svghost/Node.h"
 #include "svghost/PathData.h"
+#include "svghost/TextHash.h"
 
 #include <array>
 #include <memory>
@@ -65,7 +65,7 @@ private:
     svghost::SymbolName* SymbolNamed(const wchar_t* name);
 
     std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
-    std::unordered_map<std::wstring_view, svghost::SymbolName*, svghost::NameHash> m_names;
+    std::unordered_map<std::wstring_view, svghost::SymbolName*, svghost::TextHash> m_names;
     std::string m_scratch;
     svghost::ShortForm m_shortForm;
     svghost::Layout m_layout;
