@@ -74,6 +74,12 @@ void AppendHex(std::string& text, std::string_view bytes)
     }
 }
 
+// Whether texts of that code say ^J for a line feed.
+bool HasControlCodes(std::int32_t code)
+{
+    return code == 1 || code == 3 || code == 304;
+}
+
 } // namespace
 
 void BinaryText::Take(std::string_view bytes, std::string& text)
@@ -147,7 +153,7 @@ std::size_t BinaryText::TakeValue(std::int32_t code, std::string_view bytes, std
     case ValueForm::Unknown:
         break;
     case ValueForm::Text:
-        return TakeString(bytes, text);
+        return TakeString(code, bytes, text);
     case ValueForm::Real:
         if (bytes.size() < sizeof(double))
             return 0;
@@ -173,15 +179,19 @@ std::size_t BinaryText::TakeValue(std::int32_t code, std::string_view bytes, std
     return 0;
 }
 
-// Up to a zero. What would end a line or a file within a text becomes a blank.
-std::size_t BinaryText::TakeString(std::string_view bytes, std::string& text)
+// Up to a zero. What would end a line or a file within a text becomes a blank, or the code for it.
+std::size_t BinaryText::TakeString(std::int32_t code, std::string_view bytes, std::string& text)
 {
     const std::size_t end = bytes.substr(0, kLongestText).find('\0');
     if (end == std::string_view::npos && bytes.size() < kLongestText)
         return 0;
     m_skipsString = end == std::string_view::npos;
-    for (const char c : bytes.substr(0, m_skipsString ? kLongestText : end))
-        text += c == '\n' || c == '\r' || c == '\x1A' ? ' ' : c;
+    for (const char c : bytes.substr(0, m_skipsString ? kLongestText : end)) {
+        if (c == '\n' && HasControlCodes(code))
+            text += "^J";
+        else
+            text += c == '\n' || c == '\r' || c == '\x1A' ? ' ' : c;
+    }
     return m_skipsString ? kLongestText : end + 1;
 }
 

@@ -24,7 +24,7 @@ private:
     std::size_t TakePair(std::string_view bytes, std::string& text);
     std::size_t TakeCode(std::string_view bytes, std::int32_t& code) const;
     std::size_t TakeValue(std::int32_t code, std::string_view bytes, std::string& text);
-    std::size_t TakeString(std::string_view bytes, std::string& text);
+    std::size_t TakeString(std::int32_t code, std::string_view bytes, std::string& text);
 
     std::string m_waiting;
     bool m_hasBegun = false;     // the sentinel has been passed and the width of codes is known

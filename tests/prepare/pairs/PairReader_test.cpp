@@ -203,6 +203,15 @@ TEST(PairReader, BinaryDrawingsWithCodesOfOneByteBecomeText)
     }
 }
 
+TEST(PairReader, LineFeedsInBinaryTextsBecomeTheirCode)
+{
+    const std::string text =
+        kSentinel + Bytes({0, 'M', 0, 1, 'a', '\n', 'b', 0, 3, '\r', '\n', 0, 7, 'c', '\n', 0});
+    CDxfMemory memory(text);
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 M;3 1 a^Jb;5 3  ^J;7 7 c ;");
+}
+
 TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
 {
     const std::string text = kSentinel +
