@@ -21,7 +21,6 @@ enum : std::int32_t { kDegrees = 0, kMinutes, kGrads, kRadians, kSurveyor };
 
 // What zeros says of decimals, and its two lowest bits of feet and inches.
 constexpr std::int32_t kNoLeadingZero = 4;
-constexpr std::int32_t kNoTrailingZeros = 8;
 enum : std::int32_t { kWithoutZeros = 0, kWithZeros, kWithZeroFeet, kWithZeroInches };
 
 std::int32_t Usable(std::int32_t decimals)

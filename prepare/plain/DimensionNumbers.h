@@ -6,6 +6,9 @@
 
 namespace prepare {
 
+// In the zeros of a style.
+inline constexpr std::int32_t kNoTrailingZeros = 8;
+
 // How a number is written. The fields are those of a style.
 struct NumberFormat {
     std::int32_t unit = 2; // scientific, decimal, engineering, architectural, fractional, as the desktop

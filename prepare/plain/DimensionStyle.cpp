@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Utf8.h"
+#include "prepare/plain/DimensionNumbers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -259,6 +260,7 @@ void UseUnitSizes(DimensionStyle& style)
     style.textHeight = style.arrowSize = 1;
     style.extensionOffset = style.gap = 0.25;
     style.extensionBeyond = 0.5;
+    style.zeros = kNoTrailingZeros; // it says of no digit how many there are
 }
 
 // Up to R12 dimensions have the units of the whole drawing, and no fractions above each other.

@@ -270,7 +270,7 @@ class OptionsOfPreparing(PrepareTest):
         self.expect(0, "plan.dxf")
         self.assertNotIn("<text", self.read("plan.svg"))
         self.expect(0, "--redraw-dimensions", "plan.dxf")
-        self.assertRegex(self.read("plan.svg"), r">10\.0000<")
+        self.assertRegex(self.read("plan.svg"), r">10<")
 
     def test_what_the_module_draws_by_itself_is_not_prepared(self):
         self.write("plan.dxf")

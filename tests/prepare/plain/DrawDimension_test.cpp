@@ -552,14 +552,14 @@ TEST(DrawDimension, WithoutAStyleTheDrawingsVariablesCount)
     EXPECT_EQ(OfColour(trial.Draw(dimension), 0).back().substr(0, 11), "text '20.0'");
 }
 
-TEST(DrawDimension, WithoutAnyVariableSizesAreOneUnit)
+TEST(DrawDimension, WithoutAnyVariableSizesAreOneUnitAndZerosAreDropped)
 {
     Trial trial;
     Dimension dimension = trial.Linear();
     dimension.style = trial.drawing.names.Of("MISSING");
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(lines[0], "line 0,0.25 0,10.5 colour 0");
-    EXPECT_EQ(lines.back(), "text '20.0000' at 10,9.5 along 1,0 up 0,1 middle colour 0");
+    EXPECT_EQ(lines.back(), "text '20' at 10,9.5 along 1,0 up 0,1 middle colour 0");
 }
 
 TEST(DrawDimension, LinesHaveTheirLineTypes)
