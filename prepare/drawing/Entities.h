@@ -196,6 +196,7 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     std::int32_t fillsAsWindow = 0;  // 291: in the background's colour
     double fillScale = 1.5;          // 141, as an MTEXT's
     std::int32_t hasFrame = 0;       // 292 of the entity: around the text
+    double landingGap = -1;          // 145 of the context: from the text to its frame, too
     NameId textStyle = kNoName;
     Handle textStyleHandle = 0;      // 340 of the context
     Handle blockHandle = 0;          // 341 of the context: its BLOCK_RECORD
@@ -257,6 +258,7 @@ struct MText : EntityOf<EntityType::MText> { // in world coordinates but for the
     bool hasFillColour = false;
     std::int32_t fillTrueColour = kNoTrueColour; // 421
     double fillScale = 1.5;                      // 45: heights of letters around it, and one
+    double frameGap = -1;                        // from the letters to a frame; below 0: as the fill's
     std::int32_t columnType = 0;                 // 75 or 71 of the embedded object
     std::int32_t columns = 0;
     double columnWidth = 0;

@@ -37,6 +37,7 @@ void ReadEmbeddedText(RecordReader& reader, Text& text, CDxfLine)
     EmbeddedText embedded;
     reader.Read(embedded, kEmbeddedText);
     text.hasMText = true;
+    text.generation = 0; // 71 says before it that the attribute has several lines
     if (!embedded.text.empty())
         text.text = std::move(embedded.text);
 }

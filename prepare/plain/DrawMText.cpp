@@ -3,6 +3,7 @@
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/MTextCodes.h"
 #include "prepare/plain/MTextLayout.h"
+#include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextPieces.h"
 #include "prepare/plain/TextStyles.h"
 
@@ -72,8 +73,10 @@ private:
         const bool isFilled = (m_entity.fill & (MText::kFill | MText::kWindowFill)) != 0;
         if ((!isFilled && (m_entity.fill & MText::kFrame) == 0) || m_content.letters.empty())
             return;
-        const std::vector<Point2> box = Box();
-        if (std::any_of(box.begin(), box.end(), [](Point2 p) { return !IsFinite(p); }))
+        const double margin = FillMargin();
+        const std::vector<Point2> box = Box(margin);
+        const std::vector<Point2> frame = Box(m_entity.frameGap >= 0 ? m_entity.frameGap : margin);
+        if (!AreFinite(box) || !AreFinite(frame))
             return;
         m_placement.budget.Take(box.size());
         const bool hasColour = m_entity.hasFillColour || m_entity.fillTrueColour != kNoTrueColour;
@@ -82,15 +85,24 @@ private:
         else if (isFilled)
             m_placement.sink.Mask({&box, 1});
         if ((m_entity.fill & MText::kFrame) != 0)
-            DrawFrame(box);
+            DrawFrame(frame);
     }
 
-    // The corners of all columns and the margin around them.
-    std::vector<Point2> Box() const
+    static bool AreFinite(const std::vector<Point2>& points)
+    {
+        return std::all_of(points.begin(), points.end(), [](Point2 p) { return IsFinite(p); });
+    }
+
+    double FillMargin() const
     {
         constexpr double kMost = 10;
         const double scale = m_entity.fillScale >= 1 && m_entity.fillScale <= kMost ? m_entity.fillScale : 1;
-        const double margin = (scale - 1) * m_content.looks.front().height;
+        return (scale - 1) * m_content.looks.front().height;
+    }
+
+    // The corners of all columns and the margin around them.
+    std::vector<Point2> Box(double margin) const
+    {
         const double left = m_layout.Left() - margin, right = left + m_layout.Width() + 2 * margin;
         const double top = m_layout.Top() + margin, bottom = top - m_layout.Height() - 2 * margin;
         return {m_frame.At(left, bottom), m_frame.At(right, bottom), m_frame.At(right, top),
@@ -284,6 +296,8 @@ private:
         constexpr std::int32_t kDown = 3;
         if (m_entity.flow == kDown)
             Report(Finding::Changed, "vertical writing is drawn along a line");
+        if (m_content.hasWrongCodes)
+            Report(Finding::Repaired, kWrongCode);
         if (m_content.isSpaced)
             Report(Finding::Changed, "without distances between letters");
         if (m_content.isCut)

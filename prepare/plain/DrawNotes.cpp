@@ -188,6 +188,7 @@ void FillBehind(const MultiLeader& entity, MText& text)
     text.hasFillColour = true;
     text.fillTrueColour = colour.trueColour;
     text.fillScale = entity.fillScale;
+    text.frameGap = entity.landingGap;
 }
 
 void DrawLeaderText(const MultiLeader& entity, const Placement& placement, const PartStyler& styleOf)

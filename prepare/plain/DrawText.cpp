@@ -1,5 +1,6 @@
 #include "prepare/plain/DrawText.h"
 
+#include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextPieces.h"
 #include "prepare/plain/TextStyles.h"
@@ -150,6 +151,8 @@ void DrawText(const Text& entity, const Placement& placement, std::string_view t
 {
     const Drawing& drawing = placement.drawing;
     Words words = ReadWords(ShownText(entity), drawing.header.Text("$DWGCODEPAGE"));
+    if (words.hasWrongCodes)
+        placement.report.Add(Finding::Repaired, typeName, kWrongCode, entity.line);
     const TextLayout layout = LayoutOf(entity, words, drawing);
     TextDrawer drawer(placement, FrameOf(entity, layout, placement.matrix), typeName, entity.line,
                       entity.style);

@@ -98,6 +98,7 @@ private:
     void ReadCommonCode()
     {
         const TextCode code = ReadTextCode(m_rest, m_codePage);
+        m_content.hasWrongCodes |= code.isWrong;
         m_look.lines ^= code.toggled;
         AddLetters(code.size != 0 ? std::string_view(code.letters) : m_rest.substr(0, 1));
         Skip(std::max<std::size_t>(code.size, 1));
@@ -124,6 +125,7 @@ private:
     void ReadBackslash()
     {
         if (const TextCode code = ReadTextCode(m_rest, m_codePage); code.size != 0) {
+            m_content.hasWrongCodes |= code.isWrong;
             AddLetters(code.letters);
             Skip(code.size);
             return;
@@ -305,6 +307,7 @@ private:
     {
         const char c = m_rest.front();
         const TextCode code = c == '^' ? TextCode{} : ReadTextCode(m_rest, m_codePage);
+        m_content.hasWrongCodes |= code.isWrong;
         if (code.size != 0) {
             AppendWithoutControls(part, code.letters);
             Skip(code.size);

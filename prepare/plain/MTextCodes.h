@@ -62,8 +62,9 @@ struct MTextContent {
     std::vector<MTextItem> items; // the last one is a ParagraphEnd
     std::vector<RunLook> looks;
     std::vector<ParagraphLook> paragraphs;
-    bool isCut = false;    // text was longer than any program writes: its end is missing
-    bool isSpaced = false; // letters have distances of their own, which items do not tell
+    bool isCut = false;         // text was longer than any program writes: its end is missing
+    bool hasWrongCodes = false; // that stand for no character
+    bool isSpaced = false;      // letters have distances of their own, which items do not tell
 
     std::string_view Text(const MTextItem& item) const
     {

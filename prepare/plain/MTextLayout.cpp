@@ -20,6 +20,8 @@ MTextLayout::MTextLayout(const MText& entity, const MTextContent& content)
     : m_entity(entity), m_content(content), m_hasColumns(entity.columnType > 0 && entity.columnWidth > 0),
       m_lines(BreakIntoLines(content, m_hasColumns ? entity.columnWidth : entity.width))
 {
+    if (m_lines.size() > 1 && m_lines.back().parts.empty()) // after the end of the last paragraph
+        m_lines.pop_back();
     if (m_hasColumns && entity.linkedColumns > 0 && IsOneColumn())
         m_hasColumns = false;
     MakeColumns();

@@ -206,12 +206,23 @@ private:
         double blanks = 0;
         for (const std::size_t blank : m_blanks)
             blanks += WidthOfItem(m_content.items[blank]);
-        if (m_x > 0 && !Fits(blanks + WidthOfItems(first, end)))
+        const bool hasOnlyBlanks = m_x == 0 && !m_blanks.empty();
+        if (hasOnlyBlanks && !Fits(blanks))
+            BreakAfterBlanks();
+        else if (m_x > 0 && !Fits(blanks + WidthOfItems(first, end)))
             BreakLine();
         AddBlanks();
         for (; first < end; ++first)
             AddItem(m_content.items[first]);
         m_line.width = m_x;
+    }
+
+    // Blanks that are wider than the column are a line of their own.
+    void BreakAfterBlanks()
+    {
+        m_line.height = m_content.looks[m_content.items[m_blanks.front()].look].height;
+        m_blanks.clear();
+        EndLine();
     }
 
     void AddBlanks()

@@ -108,6 +108,8 @@ std::optional<unsigned> ReadUnicodeEscape(std::string_view text)
     return FourHexDigits(text.substr(3));
 }
 
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
+
 constexpr std::size_t kUnicodeEscape = sizeof("\\U+XXXX") - 1;
 
 TextCode ReadUnicodeCode(std::string_view text)
@@ -120,7 +122,7 @@ TextCode ReadUnicodeCode(std::string_view text)
         if (second && IsLowSurrogate(*second))
             return {2 * kUnicodeEscape, Utf8Of(JoinSurrogates(*first, *second))};
     }
-    return {kUnicodeEscape, Utf8Of(*first)};
+    return {kUnicodeEscape, Utf8Of(*first), 0, IsSurrogate(*first)};
 }
 
 struct EastAsianPage {
@@ -153,8 +155,8 @@ std::string FromEastAsianPage(const NamedCodePage& codePage, std::string_view ma
     bytes += static_cast<char>(number & 0xFF);
     const std::string text = codePage.Utf8(bytes);
     const std::string converted = codePage.Utf8(marker);
-    const bool isWhole = text.starts_with(converted) && text.find("\xEF\xBF\xBD") == std::string::npos;
-    return isWhole ? text.substr(converted.size()) : Utf8Of(kReplacementCharacter);
+    const bool isWhole = text.starts_with(converted) && text.find(kReplacement) == std::string::npos;
+    return isWhole ? text.substr(converted.size()) : std::string(kReplacement);
 }
 
 TextCode ReadEastAsianCode(std::string_view text)
@@ -166,7 +168,9 @@ TextCode ReadEastAsianCode(std::string_view text)
     const EastAsianPage& page = kEastAsianPages[text[3] - '1'];
     const NamedCodePage& codePage = CodePageOf(page.name);
     while (const std::optional<unsigned> next = ReadEastAsianEscape(text.substr(code.size), text[3])) {
-        code.letters += FromEastAsianPage(codePage, page.marker, *next);
+        const std::string letters = FromEastAsianPage(codePage, page.marker, *next);
+        code.isWrong |= letters == kReplacement;
+        code.letters += letters;
         code.size += kEastAsianEscape;
     }
     return code;

@@ -17,7 +17,11 @@ struct TextCode {
     std::size_t size = 0;     // in bytes; 0: what was given begins with no code
     std::string letters;      // what the code stands for, in UTF-8; maybe a tab or a line feed, or nothing
     std::uint8_t toggled = 0; // lines that begin or end here
+    bool isWrong = false;     // it stands for no character, and letters are U+FFFD
 };
+
+// What the report says of a wrong code.
+inline constexpr std::string_view kWrongCode = "a code that is no character is U+FFFD";
 
 // Reads the code that a text begins with:
 // - %%d, %%p, %%c, %%% and %%nnn (a character of the code page, such as "ANSI_1252"), %%u, %%o and %%k;

@@ -41,6 +41,7 @@ private:
         if (text.empty())
             return 0;
         const TextCode code = ReadTextCode(text, m_codePage);
+        m_words.hasWrongCodes |= code.isWrong;
         if (code.toggled != 0)
             Toggle(code.toggled);
         Add(code.size != 0 ? std::string_view(code.letters) : text.substr(0, 1));

@@ -244,6 +244,7 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
                            {10, "0"},
                            {41, "3"},
                            {140, "4"},
+                           {145, "1.5"},
                            {304, "Note"},
                            {12, "5"},
                            {340, "11"},
@@ -272,6 +273,7 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
     EXPECT_EQ(leader.scale, 2);
     EXPECT_EQ(leader.textHeight, 3);
     EXPECT_EQ(leader.arrowSize, 4);
+    EXPECT_EQ(leader.landingGap, 1.5);
     EXPECT_EQ(leader.text, "Note");
     EXPECT_EQ(leader.textStyleHandle, 0x11u);
     EXPECT_EQ(leader.leaderType, 2);
@@ -525,6 +527,7 @@ TEST(ReadEntity, AttributeTakesTheTextOfItsEmbeddedMText)
                            {1, "flat"},
                            {10, "1"},
                            {40, "2"},
+                           {71, "2"},
                            {101, "Embedded Object"},
                            {10, "9"},
                            {40, "9"},
@@ -535,6 +538,7 @@ TEST(ReadEntity, AttributeTakesTheTextOfItsEmbeddedMText)
     const Text& text = block.As<Text>();
     EXPECT_TRUE(text.hasMText);
     EXPECT_EQ(text.text, "long text");
+    EXPECT_EQ(text.generation, 0); // 71 says there that it has several lines
     EXPECT_EQ(text.point.x, 1);
     EXPECT_EQ(text.height, 2);
 }

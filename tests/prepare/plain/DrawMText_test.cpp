@@ -512,6 +512,46 @@ TEST(DrawMText, NothingIsBehindATextWithoutLetters)
     EXPECT_EQ(BehindOf(text), Lines{});
 }
 
+TEST(DrawMText, AFrameMayHaveAGapOfItsOwn)
+{
+    MText text = Filled(18);
+    text.frameGap = 2;
+    EXPECT_EQ(BehindOf(text), (Lines{"mask -0.5,-3.16667 5.5,-3.16667 5.5,0.5 -0.5,0.5",
+                                     "closed polyline -2,-4.66667 7,-4.66667 7,2 -2,2"}));
+    text.frameGap = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(BehindOf(text), Lines{});
+}
+
+TEST(DrawMText, TheEndOfTheLastParagraphIsNoLine)
+{
+    MText text = Filled(16);
+    text.fillScale = 1;
+    text.text = "A\\PB\\P";
+    EXPECT_EQ(BehindOf(text), Lines{"closed polyline 0,-2.66667 5,-2.66667 5,0 0,0"});
+    text.text = "A\\P\\P"; // an empty line, and no other
+    EXPECT_EQ(BehindOf(text), Lines{"closed polyline 0,-2.66667 5,-2.66667 5,0 0,0"});
+    text = Simple("A\\P");
+    text.attachment = 7;
+    EXPECT_EQ(Drawn(text), Lines{"text 'A' at 0,0 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, BlanksWiderThanTheColumnAreALine)
+{
+    EXPECT_EQ(Drawn(Wrapped("          A", 2)), Lines{"text 'A' at 0,-2.66667 along 1,0 up 0,1 start"});
+    // Those that fit are where the line begins.
+    EXPECT_EQ(Drawn(Wrapped("    A", 2)), Lines{"text 'A' at 1.568,-1 along 1,0 up 0,1 start"});
+}
+
+TEST(DrawMText, CodesOfNoCharacterAreReported)
+{
+    TextTrial trial;
+    EXPECT_EQ(trial.Draw(Simple("\\U+D800A\\U+DC00"))[0].substr(0, 14), "text '\xEF\xBF\xBD"
+                                                                        "A\xEF\xBF\xBD'");
+    trial.Draw(Simple("\\U+D83D\\U+DE00 \\S\\U+D800/2;"));
+    EXPECT_EQ(trial.Findings(),
+              Lines{"Repaired MTEXT: a code that is no character is U+FFFD (2 from line 7)"});
+}
+
 TEST(DrawMText, WhatIsLeftOutIsReported)
 {
     TextTrial trial;

@@ -95,14 +95,20 @@ TEST(DrawNotes, ALeadersTextIsLaidOutAsAnMText)
                                          "text 'B' at 18,20 along 0,3 up -3,0 end colour 5"}));
 }
 
-TEST(DrawNotes, ALeadersTextMayHaveAColourAndAFrameBehindIt)
+MultiLeader ShortNote()
 {
-    TextTrial trial;
     MultiLeader leader;
     leader.contentType = 2;
     leader.text = "A";
     leader.textHeight = 1;
     leader.textWidth = 4;
+    return leader;
+}
+
+TEST(DrawNotes, ALeadersTextMayHaveAColourAndAFrameBehindIt)
+{
+    TextTrial trial;
+    MultiLeader leader = ShortNote();
     leader.hasFill = 1;
     leader.fillColour = static_cast<std::int32_t>(0xC3000005);
     leader.fillScale = 2;
@@ -112,6 +118,15 @@ TEST(DrawNotes, ALeadersTextMayHaveAColourAndAFrameBehindIt)
     const Lines lines = trial.Draw(leader);
     EXPECT_EQ(lines[0], "mask -1,-2 5,-2 5,1 -1,1");
     EXPECT_EQ(lines[1].substr(0, 38), "closed polyline -1,-2 5,-2 5,1 -1,1 co");
+}
+
+TEST(DrawNotes, ALeadersFrameIsAsFarAsItsLine)
+{
+    TextTrial trial;
+    MultiLeader leader = ShortNote();
+    leader.hasFrame = 1;
+    leader.landingGap = 3;
+    EXPECT_EQ(trial.Draw(leader).front().substr(0, 36), "closed polyline -3,-4 7,-4 7,3 -3,3 ");
 }
 
 TEST(DrawNotes, ALeaderWithABlockHasNoText)
