@@ -21,6 +21,8 @@ PARAGRAPH_CODES = [
     r"\pqj;justified words take all of the width of their lines\Pbut for the last", r"\A0;{\H0.5x;low}A \A1;{\H0.5x;half}A \A2;{\H0.5x;high}A",
     r"braces \{ \} back \\ hard\~blank", r"{nested {\C3;braces {\H1.5x;in} each} other}",
     "ideographs \u4e2d\u6587\u5b57\u4f53 break anywhere \u4e2d\u6587\u5b57\u4f53\u4e2d\u6587"]
+# The end of the last paragraph is no line; blanks that are wider than the column are one.
+ENDS_AND_BEGINNINGS = [(r"ends here\P",), (r"ends\Phere\P", 71, 4), (r"ends here\P", 71, 8), (" " * 30 + "after blanks",)]
 # Variables of DIMSTYLE: metric ones, and those of the inch.
 METRIC = [(41, 2.5), (42, 0.625), (44, 1.25), (140, 2.5), (147, 0.625), (73, 0), (74, 0), (77, 1), (78, 8), (271, 2),
           (278, 44), (172, 1), (141, 2.5), (179, 0)]
@@ -120,6 +122,10 @@ def paragraphs():
         x, y = 30 * (number % 4), -98 - 16 * (number // 4)
         drawing.entity("LINE", 62, 4, 10, x - 3, 20, y - 4, 11, x + 20, 21, y + 2)
         drawing.paragraphs(x, y, r"Behind it\Por apart", 16, *values)
+    for number, (words, *values) in enumerate(ENDS_AND_BEGINNINGS):
+        x, y = 30 * number, -150
+        drawing.cross(x, y)
+        drawing.paragraphs(x, y, words, 16, 90, 16, *values)
     drawing.entity("MTEXT", 10, 0, 20, -130, 40, 1.5, 41, 20, 75, 1, 76, 3, 48, 24, 49, 3, 46, 8, 1,
                    "words in columns that go on from one to the next as long as there is room in it and no longer " * 2)
     return drawing
