@@ -43,11 +43,6 @@ Prepared PreparedFrom(const std::string& drawing, Options options = {}, Profile 
     return prepared;
 }
 
-std::string Section(const char* name, const std::string& content)
-{
-    return Dxf({{0, "SECTION"}, {2, name}}) + content + Dxf({{0, "ENDSEC"}});
-}
-
 const std::string kLine = Dxf({{0, "LINE"}, {8, "0"}, {10, "0"}, {20, "0"}, {11, "9"}, {21, "9"}});
 const std::string kPoint = Dxf({{0, "POINT"}, {8, "0"}, {10, "1"}, {20, "1"}});
 const std::string kDimension = Dxf({{0, "DIMENSION"}, {8, "0"}, {2, "*D1"}, {10, "0"}, {20, "0"}});
@@ -225,14 +220,6 @@ Lines MissingIn(const Report& report)
         if (key.finding == Finding::Changed || key.finding == Finding::Cut)
             lines.push_back(key.subject + ": " + key.detail);
     return lines;
-}
-
-std::size_t PointsIn(const std::string& text)
-{
-    std::size_t points = 0;
-    for (std::size_t at = text.find("\n10\n"); at != std::string::npos; at = text.find("\n10\n", at + 1))
-        ++points;
-    return points;
 }
 
 std::string Repeated(const std::string& entity, std::size_t times)

@@ -12,11 +12,6 @@
 namespace prepare {
 namespace {
 
-std::string Section(const char* name, const std::string& content)
-{
-    return Dxf({{0, "SECTION"}, {2, name}}) + content + Dxf({{0, "ENDSEC"}});
-}
-
 std::string LineFrom(const std::string& layer, const std::string& space, double x1, double y1, double x2,
                      double y2)
 {
@@ -68,7 +63,7 @@ std::string DrawingOf(const std::string& entities, const std::string& objects = 
            Section("OBJECTS", objects) + Dxf({{0, "EOF"}});
 }
 
-struct Prepared {
+struct PreparedSheet {
     PrepareOutcome outcome = PrepareOutcome::Done;
     std::string text;
     Report report;
@@ -102,9 +97,9 @@ struct Prepared {
     }
 };
 
-Prepared SheetOfDrawing(const std::string& drawing, const std::string& layout = "Sheet")
+PreparedSheet SheetOfDrawing(const std::string& drawing, const std::string& layout = "Sheet")
 {
-    Prepared prepared;
+    PreparedSheet prepared;
     MemoryInput input(drawing);
     Options options;
     options.profile = Profile::Standard;
@@ -123,7 +118,7 @@ const std::string kModelLine = LineFrom("0", "0", -1000, 0, 1000, 0);
 
 TEST(PrepareSheet, WindowsShowTheModelAtTheirScalesBeforeTheSheetsOwnEntities)
 {
-    const Prepared prepared = SheetOfDrawing(
+    const PreparedSheet prepared = SheetOfDrawing(
         DrawingOf(LineFrom("0", "1", 1, 2, 3, 4) + kModelLine + ViewportAt("1", 100, 50, 100, 100, 50, 1) +
                   ViewportAt("2", 50, 50, 20, 0, 0, 1) + ViewportAt("3", 150, 50, 20, 0, -1, 5)));
     EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
@@ -137,7 +132,7 @@ TEST(PrepareSheet, WindowsShowTheModelAtTheirScalesBeforeTheSheetsOwnEntities)
 
 TEST(PrepareSheet, LayersAreFrozenInOneWindowAlone)
 {
-    const Prepared prepared =
+    const PreparedSheet prepared =
         SheetOfDrawing(DrawingOf(LineFrom("HID", "0", -1, 0, 1, 0) + ViewportAt("2", 50, 50, 20, 0, 0, 1) +
                                  ViewportAt("3", 150, 50, 20, 0, 0, 1, Dxf({{331, "51"}}))));
     EXPECT_EQ(prepared.Lines(), (Lines{"49,50 51,50"}));
@@ -150,7 +145,7 @@ TEST(PrepareSheet, BlocksAreInsertedWhereAllOfThemIsInAWindowAndCutElsewhere)
     const std::string inserts = Dxf({{0, "INSERT"}, {8, "0"}, {2, "B"}, {10, "0"}, {20, "0"}}) +
                                 Dxf({{0, "INSERT"}, {8, "0"}, {2, "B"}, {10, "8"}, {20, "1"}}) +
                                 Dxf({{0, "INSERT"}, {8, "0"}, {2, "B"}, {10, "30"}, {20, "2"}});
-    const Prepared prepared = SheetOfDrawing(
+    const PreparedSheet prepared = SheetOfDrawing(
         kTables + blocks + Section("ENTITIES", inserts + ViewportAt("2", 50, 50, 20, 0, 0, 1)) +
         Section("OBJECTS", LayoutNamed("Sheet")) + Dxf({{0, "EOF"}}));
     EXPECT_EQ(prepared.Lines(), (Lines{"0,0 4,0", "58,51 60,51"}));
@@ -166,7 +161,7 @@ TEST(PrepareSheet, DashesAreThoseOfThePaperUnlessTheDrawingSaysOtherwise)
     const std::string line =
         Dxf({{0, "LINE"}, {8, "0"}, {6, "D"}, {10, "-1"}, {20, "0"}, {11, "1"}, {21, "0"}});
     for (const auto& [header, length] : {std::pair("1", "\n48\n1\n"), std::pair("0", "\n48\n5\n")}) {
-        const Prepared prepared = SheetOfDrawing(
+        const PreparedSheet prepared = SheetOfDrawing(
             Section("HEADER", Dxf({{9, "$PSLTSCALE"}, {70, header}})) +
             Section("TABLES", dashed + Dxf({{0, "BLOCK_RECORD"}, {5, "20"}, {2, "*Paper_Space"}})) +
             Section("BLOCKS", "") + Section("ENTITIES", line + ViewportAt("2", 50, 50, 20, 0, 0, 5)) +
@@ -178,7 +173,7 @@ TEST(PrepareSheet, DashesAreThoseOfThePaperUnlessTheDrawingSaysOtherwise)
 
 TEST(PrepareSheet, WithoutAPaperTheSheetIsWhatIsOnIt)
 {
-    const Prepared prepared = SheetOfDrawing(
+    const PreparedSheet prepared = SheetOfDrawing(
         DrawingOf(LineFrom("0", "1", 1, 2, 3, 4) + kModelLine + ViewportAt("2", 50, 50, 20, 0, 0, 1),
                   LayoutNamed("Sheet", "0"), Dxf({{9, "$INSUNITS"}, {70, "6"}})));
     EXPECT_EQ(prepared.Lines(), (Lines{"40,50 60,50", "1,2 3,4"}));
@@ -188,7 +183,7 @@ TEST(PrepareSheet, WithoutAPaperTheSheetIsWhatIsOnIt)
 
 TEST(PrepareSheet, PaperWithNothingOnItIsForgotten)
 {
-    const Prepared prepared = SheetOfDrawing(DrawingOf(LineFrom("0", "1", 1000, 2000, 3000, 4000)));
+    const PreparedSheet prepared = SheetOfDrawing(DrawingOf(LineFrom("0", "1", 1000, 2000, 3000, 4000)));
     EXPECT_EQ(prepared.report.sheet.width, 0);
     EXPECT_EQ(SheetOfDrawing(DrawingOf("")).report.sheet.width, 200);
 }
@@ -203,7 +198,7 @@ TEST(PrepareSheet, OldDrawingsHaveOneLayout)
 
 TEST(PrepareSheet, UnknownNamesGiveNothingButTheNamesThatThereAre)
 {
-    const Prepared prepared = SheetOfDrawing(DrawingOf(kModelLine), "None");
+    const PreparedSheet prepared = SheetOfDrawing(DrawingOf(kModelLine), "None");
     EXPECT_EQ(prepared.outcome, PrepareOutcome::NoLayout);
     EXPECT_EQ(prepared.text, "");
     ASSERT_EQ(prepared.report.layouts.size(), 1U);
@@ -224,18 +219,10 @@ TEST(PrepareSheet, ManyWindowsOverALargeModelEndWithAReport)
         entities += LineFrom("0", "0", -i, 0, i, i);
     for (int i = 0; i < 200; ++i)
         entities += ViewportAt("2", 50, 50, 20, 0, 0, 0.001);
-    const Prepared prepared = SheetOfDrawing(DrawingOf(entities));
+    const PreparedSheet prepared = SheetOfDrawing(DrawingOf(entities));
     EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
     EXPECT_EQ(prepared.Found(), "layout: its viewports show too much;");
     EXPECT_LT(prepared.Lines().size(), 100'000 + entities.size() / 8);
-}
-
-std::size_t PointsIn(const std::string& text)
-{
-    std::size_t points = 0;
-    for (std::size_t at = text.find("\n10\n"); at != std::string::npos; at = text.find("\n10\n", at + 1))
-        ++points;
-    return points;
 }
 
 TEST(PrepareSheet, WindowsShareThePointsThatTheDrawingMayComeTo)
@@ -246,11 +233,11 @@ TEST(PrepareSheet, WindowsShareThePointsThatTheDrawingMayComeTo)
     std::string windows;
     for (int i = 0; i < 250; ++i)
         windows += ViewportAt("2", 50, 50, 20, 0, 0, 0.001);
-    const Prepared few = SheetOfDrawing(DrawingOf(polyline + ViewportAt("2", 50, 50, 20, 0, 0, 0.001)));
+    const PreparedSheet few = SheetOfDrawing(DrawingOf(polyline + ViewportAt("2", 50, 50, 20, 0, 0, 0.001)));
     EXPECT_EQ(few.Found(), "");
     EXPECT_GT(PointsIn(few.text), 3000U);
     const std::string drawing = DrawingOf(polyline + windows);
-    const Prepared many = SheetOfDrawing(drawing);
+    const PreparedSheet many = SheetOfDrawing(drawing);
     EXPECT_EQ(many.outcome, PrepareOutcome::Done);
     EXPECT_EQ(many.Found(), "layout: its viewports show too much;");
     EXPECT_GT(PointsIn(many.text), 100'000U);
@@ -266,7 +253,7 @@ TEST(PrepareSheet, CurvesThatWindowsCutGetCoarser)
     for (int i = 0; i < 250; ++i)
         windows += ViewportAt("2", 50, 50, 100, 0, 0, 1);
     const std::string drawing = DrawingOf(circles + windows);
-    const Prepared prepared = SheetOfDrawing(drawing);
+    const PreparedSheet prepared = SheetOfDrawing(drawing);
     EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
     EXPECT_NE(prepared.Found().find("CIRCLE: drawn coarser: the drawing has more curves than can be shown;"),
               std::string::npos);
@@ -281,11 +268,12 @@ TEST(PrepareSheet, HeadersThatComeLateNameTheCodePage)
     const std::string entities = Section("ENTITIES", LineFrom("\xC4", "1", 1, 2, 3, 4));
     const std::string objects = Section("OBJECTS", LayoutNamed("\xC6"));
     const std::string end = Dxf({{0, "EOF"}});
-    const Prepared usual = SheetOfDrawing(header + kTables + blocks + entities + objects + end, "\xD0\x96");
+    const PreparedSheet usual =
+        SheetOfDrawing(header + kTables + blocks + entities + objects + end, "\xD0\x96");
     EXPECT_EQ(usual.outcome, PrepareOutcome::Done);
     EXPECT_NE(usual.text.find("\\U+0414"), std::string::npos);
     const std::string late = kTables + blocks + entities + objects + header + end;
-    const Prepared prepared = SheetOfDrawing(late, "\xD0\x96");
+    const PreparedSheet prepared = SheetOfDrawing(late, "\xD0\x96");
     EXPECT_EQ(prepared.outcome, PrepareOutcome::Done);
     EXPECT_EQ(prepared.text, usual.text);
     MemoryInput input(late);
@@ -302,7 +290,7 @@ TEST(PrepareSheet, WindowsThatSeeOtherPartsCostNothing)
         entities += LineFrom("0", "0", 10 * i, 0, 10 * i + 1, 0);
     for (int i = 0; i < 200; ++i)
         entities += ViewportAt("2", 50, 50, 20, 100 * i, 0, 1);
-    const Prepared prepared = SheetOfDrawing(DrawingOf(entities));
+    const PreparedSheet prepared = SheetOfDrawing(DrawingOf(entities));
     EXPECT_EQ(prepared.Found(), "");
     EXPECT_EQ(prepared.Lines().size(), 399U);
 }

@@ -5,11 +5,6 @@
 namespace prepare {
 namespace {
 
-std::string Section(const std::string& name, const std::string& records)
-{
-    return Dxf({{0, "SECTION"}, {2, name}}) + records + Dxf({{0, "ENDSEC"}});
-}
-
 const std::string kFilter = Dxf({{0, "DICTIONARY"},
                                  {5, "B"},
                                  {102, "{ACAD_REACTORS"},

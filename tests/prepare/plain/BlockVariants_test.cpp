@@ -8,8 +8,6 @@
 namespace prepare {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 // Where a use of the baked content puts a point of the block.
 Point2 Used(const SplitPlacement& split, Point3 p)
 {
@@ -59,7 +57,7 @@ TEST(Split, AMirrorAloneBakesNothing)
     const VariantKey mirrored(block, Split(Scaled({-1, 1, 1})), false, {});
     EXPECT_EQ(plain, mirrored);
     EXPECT_TRUE(Split(Scaled({-1, 1, 1})).isMirrored);
-    EXPECT_NEAR(std::fabs(Split(Scaled({-1, 1, 1})).rotation), kPi, 1e-15);
+    EXPECT_NEAR(std::fabs(Split(Scaled({-1, 1, 1})).rotation), std::numbers::pi, 1e-15);
 }
 
 TEST(VariantKey, TheInsertsStyleCountsForWhatInheritsAlone)

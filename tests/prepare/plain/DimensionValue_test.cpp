@@ -6,12 +6,11 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace prepare {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 NumberFormat Format(std::int32_t unit, std::int32_t decimals, std::int32_t zeros = 0)
 {
@@ -144,30 +143,30 @@ TEST(DimensionNumber, HugeValuesAreDecimal)
 
 TEST(DimensionNumber, AnglesInEachUnit)
 {
-    EXPECT_EQ(FormatAngle(kPi / 2, Format(0, 0)), "90°");
-    EXPECT_EQ(FormatAngle(kPi / 7, Format(0, 3)), "25.714°");
-    EXPECT_EQ(FormatAngle(kPi / 4, Format(2, 2)), "50.00g");
-    EXPECT_EQ(FormatAngle(kPi / 4, Format(3, 4)), "0.7854r");
-    EXPECT_EQ(FormatAngle(kPi / 4, Format(4, 0)), "N45°E");
-    EXPECT_EQ(FormatAngle(kPi * 5 / 4, Format(4, 2)), "S45°0'W");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 2, Format(0, 0)), "90°");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 7, Format(0, 3)), "25.714°");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 4, Format(2, 2)), "50.00g");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 4, Format(3, 4)), "0.7854r");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 4, Format(4, 0)), "N45°E");
+    EXPECT_EQ(FormatAngle(std::numbers::pi * 5 / 4, Format(4, 2)), "S45°0'W");
 }
 
 TEST(DimensionNumber, MinutesAndSecondsByDecimals)
 {
-    const double angle = (25 + 42.0 / 60 + 51.4 / 3600) * kPi / 180;
+    const double angle = (25 + 42.0 / 60 + 51.4 / 3600) * std::numbers::pi / 180;
     EXPECT_EQ(FormatAngle(angle, Format(1, 0)), "26°");
     EXPECT_EQ(FormatAngle(angle, Format(1, 2)), "25°43'");
     EXPECT_EQ(FormatAngle(angle, Format(1, 4)), "25°42'51\"");
     EXPECT_EQ(FormatAngle(angle, Format(1, 5)), "25°42'51.4\"");
-    EXPECT_EQ(FormatAngle(30 * kPi / 180, Format(1, 4)), "30°0'0\"");
-    EXPECT_EQ(FormatAngle((30 - 1e-7) * kPi / 180, Format(1, 4)), "30°0'0\"");
+    EXPECT_EQ(FormatAngle(30 * std::numbers::pi / 180, Format(1, 4)), "30°0'0\"");
+    EXPECT_EQ(FormatAngle((30 - 1e-7) * std::numbers::pi / 180, Format(1, 4)), "30°0'0\"");
 }
 
 TEST(DimensionNumber, AnglesLeaveOutZerosByTheirOwnBits)
 {
-    EXPECT_EQ(FormatAngle(kPi / 360, Format(0, 2, 1)), ".50°");
-    EXPECT_EQ(FormatAngle(kPi / 360, Format(0, 2, 2)), "0.5°");
-    EXPECT_EQ(FormatAngle(kPi / 360, Format(0, 2, 3)), ".5°");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 360, Format(0, 2, 1)), ".50°");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 360, Format(0, 2, 2)), "0.5°");
+    EXPECT_EQ(FormatAngle(std::numbers::pi / 360, Format(0, 2, 3)), ".5°");
 }
 
 TEST(DimensionValue, TheMeasureAlone)
@@ -175,7 +174,7 @@ TEST(DimensionValue, TheMeasureAlone)
     EXPECT_EQ(Length(DimensionStyle(), 5.51052354), "5.5105");
     EXPECT_EQ(Length(IsoStyle(), 5.51052354), "5,51");
     EXPECT_EQ(Length(IsoStyle(), 25), "25");
-    EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Angle, kPi / 2, ""), "90°");
+    EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Angle, std::numbers::pi / 2, ""), "90°");
 }
 
 TEST(DimensionValue, RadiiAndDiametersHaveTheirSigns)
@@ -216,7 +215,7 @@ TEST(DimensionValue, PrefixAndSuffix)
     style.post = "ca. <> mm";
     EXPECT_EQ(Length(style, 4), "ca. 4 mm");
     EXPECT_EQ(DimensionText(style, Quantity::Radius, 4, ""), "ca. 4 mm");
-    EXPECT_EQ(DimensionText(style, Quantity::Angle, kPi, ""), "180°");
+    EXPECT_EQ(DimensionText(style, Quantity::Angle, std::numbers::pi, ""), "180°");
     style.post = "<> mm";
     EXPECT_EQ(DimensionText(style, Quantity::Radius, 4, ""), "R4 mm");
 }

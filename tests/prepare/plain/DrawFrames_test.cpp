@@ -8,7 +8,7 @@ namespace prepare {
 namespace {
 
 // Four by two pixels, each half a unit wide.
-Image Picture()
+Image PictureFrame()
 {
     Image image;
     image.point = {10, 20, 0};
@@ -21,14 +21,14 @@ Image Picture()
 TEST(DrawImage, ItsFrameIsItsPixels)
 {
     Stage stage;
-    EXPECT_EQ(stage.Draw(Picture()), Lines{"closed polyline 10,21 12,21 12,20 10,20"});
+    EXPECT_EQ(stage.Draw(PictureFrame()), Lines{"closed polyline 10,21 12,21 12,20 10,20"});
     EXPECT_EQ(stage.Findings(), Lines{"changed: drawn as its frame"});
 }
 
 TEST(DrawImage, TheClipCountsWhereItIsUsed)
 {
     Stage stage;
-    Image image = Picture();
+    Image image = PictureFrame();
     image.clip = {{-0.5, -0.5}, {1.5, 0.5}}; // the upper left quarter
     image.isClipped = 1;
     image.display = 1 | 4;
@@ -42,7 +42,7 @@ TEST(DrawImage, TheClipCountsWhereItIsUsed)
 TEST(DrawWipeout, HidesItsClip)
 {
     Stage stage;
-    Image wipeout = Picture();
+    Image wipeout = PictureFrame();
     wipeout.type = EntityType::Wipeout;
     EXPECT_EQ(stage.Draw(wipeout), Lines{"mask 10,21 12,21 12,20 10,20"});
     wipeout.clip = {{-0.5, -0.5}, {3.5, -0.5}, {3.5, 1.5}, {-0.5, -0.5}};

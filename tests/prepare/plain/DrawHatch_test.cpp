@@ -8,7 +8,7 @@
 namespace prepare {
 namespace {
 
-HatchLoop Box(double left, double bottom, double right, double top)
+HatchLoop RectangleLoop(double left, double bottom, double right, double top)
 {
     HatchLoop loop;
     loop.flags = 3;
@@ -37,8 +37,8 @@ Hatch Lined(HatchLoop loop, std::vector<double> dashes = {})
 TEST(DrawHatch, ASolidOneIsAFillWithHoles)
 {
     Stage stage;
-    Hatch hatch = Filled(Box(0, 0, 4, 3));
-    hatch.loops.push_back(Box(1, 1, 2, 2));
+    Hatch hatch = Filled(RectangleLoop(0, 0, 4, 3));
+    hatch.loops.push_back(RectangleLoop(1, 1, 2, 2));
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 4,0 4,3 0,3 and 1,1 2,1 2,2 1,2"});
     EXPECT_EQ(stage.Findings(), Lines{});
     hatch.isSolid = 0;
@@ -49,7 +49,7 @@ TEST(DrawHatch, ASolidOneIsAFillWithHoles)
 TEST(DrawHatch, AGradientIsItsFirstColour)
 {
     Stage stage;
-    Hatch hatch = Filled(Box(0, 0, 1, 1));
+    Hatch hatch = Filled(RectangleLoop(0, 0, 1, 1));
     hatch.isGradient = 1;
     hatch.gradientColours = {0x0080FF, 0xFFFFFF};
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 1,0 1,1 0,1 rgb 0080ff"});
@@ -59,7 +59,7 @@ TEST(DrawHatch, AGradientIsItsFirstColour)
 TEST(DrawHatch, PatternLinesAreCutAtTheBoundary)
 {
     Stage stage;
-    EXPECT_EQ(stage.Draw(Lined(Box(0, 0, 4, 3))),
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(0, 0, 4, 3))),
               (Lines{"line 0,0.5 4,0.5", "line 0,1.5 4,1.5", "line 0,2.5 4,2.5"}));
     EXPECT_EQ(stage.Findings(), Lines{});
 }
@@ -67,8 +67,8 @@ TEST(DrawHatch, PatternLinesAreCutAtTheBoundary)
 TEST(DrawHatch, PatternLinesLeaveIslandsFree)
 {
     Stage stage;
-    Hatch hatch = Lined(Box(0, 0, 4, 3));
-    hatch.loops.push_back(Box(1, 1, 3, 2));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 4, 3));
+    hatch.loops.push_back(RectangleLoop(1, 1, 3, 2));
     EXPECT_EQ(stage.Draw(hatch),
               (Lines{"line 0,0.5 4,0.5", "line 0,1.5 1,1.5", "line 3,1.5 4,1.5", "line 0,2.5 4,2.5"}));
 }
@@ -86,7 +86,7 @@ TEST(DrawHatch, LinesThroughCornersAreCutOnce)
 TEST(DrawHatch, LinesRunInTheirOwnDirections)
 {
     Stage stage;
-    Hatch hatch = Lined(Box(0, 0, 2, 2));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 2, 2));
     hatch.lines = {{90, {0.5, 0}, {-1, 0}, {}}, {45, {0, 0}, {0, 2}, {}}};
     EXPECT_EQ(stage.Draw(hatch), (Lines{"line 1.5,0 1.5,2", "line 0.5,0 0.5,2", "line 0,0 2,2"}));
 }
@@ -95,10 +95,10 @@ TEST(DrawHatch, LinesArePlacedAsTheBoundaryIs)
 {
     Stage stage;
     stage.matrix = Moved({10, 20, 0}) * Scaled({2, 1, 1});
-    EXPECT_EQ(stage.Draw(Lined(Box(0, 0, 4, 2), {2, -0.5})),
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(0, 0, 4, 2), {2, -0.5})),
               (Lines{"line 10,20.5 18,20.5 dashes 4 -1", "line 10,21.5 18,21.5 dashes 4 -1"}));
     stage.matrix = {};
-    Hatch mirrored = Lined(Box(0, 0, 4, 1));
+    Hatch mirrored = Lined(RectangleLoop(0, 0, 4, 1));
     mirrored.extrusion = {0, 0, -1};
     EXPECT_EQ(stage.Draw(mirrored), Lines{"line 0,0.5 -4,0.5"});
 }
@@ -106,24 +106,25 @@ TEST(DrawHatch, LinesArePlacedAsTheBoundaryIs)
 TEST(DrawHatch, LongDashedLinesAreOneStrokeAfterTheirFirstPeriod)
 {
     Stage stage;
-    EXPECT_EQ(stage.Draw(Lined(Box(0, 0, 10, 1), {1, -1})), Lines{"line 0,0.5 10,0.5 dashes 1 -1"});
-    EXPECT_EQ(stage.Draw(Lined(Box(0.5, 0, 10, 1), {1, -1})),
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(0, 0, 10, 1), {1, -1})), Lines{"line 0,0.5 10,0.5 dashes 1 -1"});
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(0.5, 0, 10, 1), {1, -1})),
               (Lines{"line 0.5,0.5 1,0.5", "line 2,0.5 10,0.5 dashes 1 -1"}));
-    EXPECT_EQ(stage.Draw(Lined(Box(1.5, 0, 10, 1), {1, -1})), Lines{"line 2,0.5 10,0.5 dashes 1 -1"});
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(1.5, 0, 10, 1), {1, -1})),
+              Lines{"line 2,0.5 10,0.5 dashes 1 -1"});
 }
 
 TEST(DrawHatch, ShortDashedLinesAreTheirDashes)
 {
     Stage stage;
-    EXPECT_EQ(stage.Draw(Lined(Box(0.5, 0, 2.25, 1), {1, -1})),
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(0.5, 0, 2.25, 1), {1, -1})),
               (Lines{"line 0.5,0.5 1,0.5", "line 2,0.5 2.25,0.5"}));
-    EXPECT_EQ(stage.Draw(Lined(Box(1.25, 0, 1.75, 1), {1, -1})), Lines{});
+    EXPECT_EQ(stage.Draw(Lined(RectangleLoop(1.25, 0, 1.75, 1), {1, -1})), Lines{});
 }
 
 TEST(DrawHatch, DashesGoOnFromLineToLine)
 {
     Stage stage; // each line begins half a unit farther
-    Hatch hatch = Lined(Box(0, 0, 2, 2), {1, -1});
+    Hatch hatch = Lined(RectangleLoop(0, 0, 2, 2), {1, -1});
     hatch.lines[0].offset = {0.5, 1};
     EXPECT_EQ(stage.Draw(hatch), (Lines{"line 0,0.5 1,0.5", "line 0.5,1.5 1.5,1.5"}));
 }
@@ -131,7 +132,7 @@ TEST(DrawHatch, DashesGoOnFromLineToLine)
 TEST(DrawHatch, PatternsTooDenseToBeSeenAreALightFill)
 {
     Stage stage; // a stroke is 0.2 wide
-    Hatch hatch = Lined(Box(0, 0, 4, 3));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 4, 3));
     hatch.lines[0].offset = {0, 0.04};
     stage.style.colour = {true, 0x804000, 7};
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 4,0 4,3 0,3 rgb bf9f7f"});
@@ -146,12 +147,12 @@ TEST(DrawHatch, TakesTwentyThousandLinesAtMost)
 {
     Stage stage;
     stage.tolerance = 0.001;
-    Hatch hatch = Lined(Box(0, 0, 1, 20'000));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 1, 20'000));
     EXPECT_EQ(stage.Draw(hatch).size(), 20'000U);
-    hatch = Lined(Box(0, 0, 1, 20'001));
+    hatch = Lined(RectangleLoop(0, 0, 1, 20'001));
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 1,0 1,20001 0,20001 rgb 808080"});
     // Lines that begin within a dash take two each, as long as there are enough.
-    hatch = Lined(Box(0.5, 0, 10, 15'000), {1, -1});
+    hatch = Lined(RectangleLoop(0.5, 0, 10, 15'000), {1, -1});
     const Lines lines = stage.Draw(hatch);
     EXPECT_EQ(lines.size(), 19'999U);
     EXPECT_EQ(lines[0], "line 0.5,0.5 1,0.5");
@@ -163,9 +164,9 @@ TEST(DrawHatch, TakesTwentyThousandLinesAtMost)
 TEST(DrawHatch, FarBasesAndHugeCountsTakeNoTime)
 {
     Stage stage;
-    Hatch hatch = Lined(Box(0, 0, 1e18, 1e18));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 1e18, 1e18));
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 1e+18,0 1e+18,1e+18 0,1e+18 rgb 808080"});
-    hatch = Lined(Box(0, 0, 4, 1));
+    hatch = Lined(RectangleLoop(0, 0, 4, 1));
     hatch.lines[0].base = {0, std::numeric_limits<double>::quiet_NaN()};
     EXPECT_EQ(stage.Draw(hatch), Lines{"fill 0,0 4,0 4,1 0,1 rgb 808080"});
     hatch.lines[0].base = {0, -1e9 + 0.5};
@@ -175,7 +176,7 @@ TEST(DrawHatch, FarBasesAndHugeCountsTakeNoTime)
 TEST(DrawHatch, PatternsWithoutLinesAreOutlines)
 {
     Stage stage;
-    Hatch hatch = Lined(Box(0, 0, 2, 1));
+    Hatch hatch = Lined(RectangleLoop(0, 0, 2, 1));
     hatch.lines.clear();
     EXPECT_EQ(stage.Draw(hatch), Lines{"closed polyline 0,0 2,0 2,1 0,1"});
     EXPECT_EQ(stage.Findings(), Lines{"changed: its pattern has no lines: its outline"});

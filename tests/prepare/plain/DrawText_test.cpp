@@ -7,7 +7,7 @@
 namespace prepare {
 namespace {
 
-Text Simple(const char* letters)
+Text OneLine(const char* letters)
 {
     Text text;
     text.line = 7;
@@ -20,7 +20,7 @@ Text Simple(const char* letters)
 // With both points.
 Text Aligned(const char* letters, std::int32_t horizontal, std::int32_t vertical)
 {
-    Text text = Simple(letters);
+    Text text = OneLine(letters);
     text.alignment = {30, 40, 0};
     text.hasAlignment = true;
     text.horizontal = horizontal;
@@ -36,7 +36,7 @@ Lines Drawn(const Text& text)
 
 TEST(DrawText, WithoutAlignmentItStartsAtTheFirstPoint)
 {
-    EXPECT_EQ(Drawn(Simple("AB")), Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start"});
+    EXPECT_EQ(Drawn(OneLine("AB")), Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start"});
     EXPECT_EQ(Drawn(Aligned("AB", 0, 0)), Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start"});
 }
 
@@ -127,14 +127,14 @@ TEST(DrawText, RotationTurnsLetterAndOffset)
 
 TEST(DrawText, WidthFactorStretchesAlongTheLine)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.widthFactor = 0.5;
     EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 10,20 along 1,0 up 0,2 start"});
 }
 
 TEST(DrawText, ObliqueAngleLeansLettersOver)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.oblique = 45;
     EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 10,20 along 2,0 up 2,2 start"});
     text.oblique = 315; // 45 to the other side
@@ -143,7 +143,7 @@ TEST(DrawText, ObliqueAngleLeansLettersOver)
 
 TEST(DrawText, BackwardRunsTheOtherWay)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.generation = 2;
     EXPECT_EQ(Drawn(text), Lines{"text 'AB' at 10,20 along -2,0 up 0,2 start"});
 }
@@ -158,7 +158,7 @@ TEST(DrawText, UpsideDownHangsFromItsPoint)
 TEST(DrawText, HeightZeroIsTheStylesThenTheDrawings)
 {
     TextTrial trial;
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.height = 0;
     EXPECT_EQ(trial.Draw(text), Lines{"text 'AB' at 10,20 along 2.5,0 up 0,2.5 start"});
     trial.drawing.header["$TEXTSIZE"].values = {{40, "3"}};
@@ -174,21 +174,21 @@ TEST(DrawText, AMissingWidthFactorIsOneWhateverTheStyle)
     TextTrial trial;
     TextStyle& style = trial.StyleNamed("Narrow");
     style.widthFactor = 0.5;
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.style = style.name;
     EXPECT_EQ(trial.Draw(text), Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start"});
 }
 
 TEST(DrawText, ExtrusionPutsItBehindTheMirror)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.extrusion = {0, 0, -1};
     EXPECT_EQ(Drawn(text), Lines{"text 'AB' at -10,20 along -2,0 up 0,2 start"});
 }
 
 TEST(DrawText, ElevationCountsWhereTheViewIsTilted)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.point.z = 5;
     TextTrial trial;
     trial.matrix = {{1, 0, 0}, {0, 1, 0}, {0, 1, 0}, {}}; // heights are seen above
@@ -197,7 +197,7 @@ TEST(DrawText, ElevationCountsWhereTheViewIsTilted)
 
 TEST(DrawText, AnUnevenPlacementSkewsIt)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.rotation = 45;
     TextTrial trial;
     trial.matrix = Scaled({2, 1, 1});
@@ -206,7 +206,7 @@ TEST(DrawText, AnUnevenPlacementSkewsIt)
 
 TEST(DrawText, SeenEdgeOnItIsLeftOutAndReported)
 {
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.extrusion = {0, 1, 0};
     TextTrial trial;
     EXPECT_EQ(trial.Draw(text), Lines{});
@@ -217,13 +217,13 @@ TEST(DrawText, NumbersThatAreNotFiniteAreLeftOutAndReported)
 {
     for (const double bad : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL}) {
         TextTrial trial;
-        Text text = Simple("%%uAB");
+        Text text = OneLine("%%uAB");
         text.point.x = bad;
         EXPECT_EQ(trial.Draw(text), Lines{});
-        text = Simple("%%uAB");
+        text = OneLine("%%uAB");
         text.height = bad;
         EXPECT_EQ(trial.Draw(text), Lines{});
-        text = Simple("%%uAB");
+        text = OneLine("%%uAB");
         text.rotation = bad;
         EXPECT_EQ(trial.Draw(text), Lines{});
         EXPECT_EQ(trial.Findings(), Lines{"NotShown TEXT: numbers that are not finite (3 from line 7)"});
@@ -233,42 +233,42 @@ TEST(DrawText, NumbersThatAreNotFiniteAreLeftOutAndReported)
 TEST(DrawText, BlanksAloneAreLeftOutSilently)
 {
     TextTrial trial;
-    EXPECT_EQ(trial.Draw(Simple("")), Lines{});
-    EXPECT_EQ(trial.Draw(Simple("   ")), Lines{});
-    EXPECT_EQ(trial.Draw(Simple("^I^J")), Lines{});
+    EXPECT_EQ(trial.Draw(OneLine("")), Lines{});
+    EXPECT_EQ(trial.Draw(OneLine("   ")), Lines{});
+    EXPECT_EQ(trial.Draw(OneLine("^I^J")), Lines{});
     EXPECT_EQ(trial.Findings(), Lines{});
 }
 
 // A blank is 0.436 heights wide.
 TEST(DrawText, BlanksAtTheEndsMoveTheWordsAsIfTheyWereThere)
 {
-    EXPECT_EQ(Drawn(Simple(" AB  ")), Lines{"text 'AB' at 10.784,20 along 2,0 up 0,2 start"});
+    EXPECT_EQ(Drawn(OneLine(" AB  ")), Lines{"text 'AB' at 10.784,20 along 2,0 up 0,2 start"});
     EXPECT_EQ(Drawn(Aligned(" AB  ", 2, 0)), Lines{"text 'AB' at 28.432,40 along 2,0 up 0,2 end"});
     EXPECT_EQ(Drawn(Aligned(" AB  ", 1, 0)), Lines{"text 'AB' at 29.608,40 along 2,0 up 0,2 middle"});
 }
 
 TEST(DrawText, CodesBecomeTheirSigns)
 {
-    EXPECT_EQ(Drawn(Simple("%%c20 %%p0.1 90%%d 5%%% \\U+03B1 x^ 2^Iy")),
+    EXPECT_EQ(Drawn(OneLine("%%c20 %%p0.1 90%%d 5%%% \\U+03B1 x^ 2^Iy")),
               Lines{"text '\u00D820 \u00B10.1 90\u00B0 5% \u03B1 x^2 y' at 10,20 along 2,0 up 0,2 start"});
 }
 
 TEST(DrawText, FormattingOfMTextIsNoneHere)
 {
-    EXPECT_EQ(Drawn(Simple("C:\\P {x} 5%")), Lines{"text 'C:\\P {x} 5%' at 10,20 along 2,0 up 0,2 start"});
+    EXPECT_EQ(Drawn(OneLine("C:\\P {x} 5%")), Lines{"text 'C:\\P {x} 5%' at 10,20 along 2,0 up 0,2 start"});
 }
 
 TEST(DrawText, UnderlineRunsBelowTheLettersBetweenItsCodes)
 {
-    EXPECT_EQ(Drawn(Simple("A%%uB%%uA")),
+    EXPECT_EQ(Drawn(OneLine("A%%uB%%uA")),
               (Lines{"text 'ABA' at 10,20 along 2,0 up 0,2 start", "line 11.688,19.6 13.382,19.6"}));
 }
 
 TEST(DrawText, LinesThatAreNotEndedRunToTheEnd)
 {
-    EXPECT_EQ(Drawn(Simple("%%oAB")),
+    EXPECT_EQ(Drawn(OneLine("%%oAB")),
               (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 10,22.4 13.382,22.4"}));
-    EXPECT_EQ(Drawn(Simple("A%%kB")),
+    EXPECT_EQ(Drawn(OneLine("A%%kB")),
               (Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start", "line 11.688,21 13.382,21"}));
 }
 
@@ -283,12 +283,12 @@ TEST(DrawText, LinesFollowAlignmentWidthAndTurn)
 
 TEST(DrawText, UnderlinedBlanksAreALine)
 {
-    EXPECT_EQ(Drawn(Simple("%%u  ")), Lines{"line 10,19.6 11.568,19.6"});
+    EXPECT_EQ(Drawn(OneLine("%%u  ")), Lines{"line 10,19.6 11.568,19.6"});
 }
 
 TEST(DrawText, AnAttributeShowsItsText)
 {
-    Text text = Simple("VALUE");
+    Text text = OneLine("VALUE");
     text.type = EntityType::Attrib;
     text.tag = "TAG";
     EXPECT_EQ(Drawn(text), Lines{"text 'VALUE' at 10,20 along 2,0 up 0,2 start"});
@@ -296,7 +296,7 @@ TEST(DrawText, AnAttributeShowsItsText)
 
 TEST(DrawText, AnAttributeDefinitionShowsItsTagAndAConstantOneItsText)
 {
-    Text text = Simple("VALUE");
+    Text text = OneLine("VALUE");
     text.type = EntityType::AttDef;
     text.tag = "TAG";
     EXPECT_EQ(Drawn(text), Lines{"text 'TAG' at 10,20 along 2,0 up 0,2 start"});
@@ -315,7 +315,7 @@ TEST(DrawText, AnAttributeOfSeveralLinesIsLaidOutAsAnMText)
 
 TEST(DrawText, SeenFromBelowAnAttributeOfSeveralLinesIsMirrored)
 {
-    Text text = Simple("A\\PB");
+    Text text = OneLine("A\\PB");
     text.type = EntityType::Attrib;
     text.hasMText = true;
     text.extrusion = {0, 0, -1};
@@ -328,7 +328,7 @@ TEST(DrawText, VerticalWritingIsReported)
     TextTrial trial;
     TextStyle& style = trial.StyleNamed("Down");
     style.flags = 4;
-    Text text = Simple("AB");
+    Text text = OneLine("AB");
     text.style = style.name;
     EXPECT_EQ(trial.Draw(text), Lines{"text 'AB' at 10,20 along 2,0 up 0,2 start"});
     EXPECT_EQ(trial.Findings(),

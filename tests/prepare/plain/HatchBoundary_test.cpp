@@ -11,8 +11,6 @@
 namespace prepare {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 double SignedArea(const Ring& ring)
 {
     double twice = Cross(ring.back(), ring.front());
@@ -111,7 +109,7 @@ TEST(HatchBoundary, TwoBulgesMakeACircle)
     hatch.loops.emplace_back().flags = 3;
     hatch.loops[0].vertices = {{{-1, 0, 0}, 1}, {{1, 0, 0}, 1}};
     ASSERT_EQ(Areas(hatch).size(), 1U);
-    EXPECT_NEAR(Areas(hatch)[0], kPi, 1e-3);
+    EXPECT_NEAR(Areas(hatch)[0], std::numbers::pi, 1e-3);
 }
 
 TEST(HatchBoundary, ABulgeBelowZeroCutsIn)
@@ -120,7 +118,7 @@ TEST(HatchBoundary, ABulgeBelowZeroCutsIn)
     hatch.loops = {Square(2)};
     hatch.loops[0].vertices[1].bulge = -1; // a half circle of radius 1 into the square
     ASSERT_EQ(Areas(hatch).size(), 1U);
-    EXPECT_NEAR(Areas(hatch)[0], 4 - kPi / 2, 1e-3);
+    EXPECT_NEAR(Areas(hatch)[0], 4 - std::numbers::pi / 2, 1e-3);
 }
 
 TEST(HatchBoundary, LinesAndArcsAreJoined)
@@ -128,7 +126,7 @@ TEST(HatchBoundary, LinesAndArcsAreJoined)
     // A half disc: the diameter and the arc above it.
     const Hatch hatch = HatchOf({LineEdge({-2, 0}, {2, 0}), ArcEdge({0, 0}, 2, 0, 180)});
     ASSERT_EQ(Areas(hatch).size(), 1U);
-    EXPECT_NEAR(Areas(hatch)[0], 2 * kPi, 1e-3);
+    EXPECT_NEAR(Areas(hatch)[0], 2 * std::numbers::pi, 1e-3);
 }
 
 TEST(HatchBoundary, AnglesOfClockwiseArcsAreMeasuredClockwise)
@@ -139,7 +137,7 @@ TEST(HatchBoundary, AnglesOfClockwiseArcsAreMeasuredClockwise)
     const std::vector<Ring> rings = Rings(below, stage);
     ASSERT_EQ(rings.size(), 1U);
     EXPECT_LT(SignedArea(rings[0]), 0);
-    EXPECT_NEAR(Areas(below)[0], 2 * kPi, 1e-3);
+    EXPECT_NEAR(Areas(below)[0], 2 * std::numbers::pi, 1e-3);
     double lowest = 0;
     for (const Point2 point : rings[0])
         lowest = std::min(lowest, point.y);
@@ -148,7 +146,7 @@ TEST(HatchBoundary, AnglesOfClockwiseArcsAreMeasuredClockwise)
     const Hatch quarter =
         HatchOf({ArcEdge({0, 0}, 2, 270, 360, false), LineEdge({2, 0}, {0, 0}), LineEdge({0, 0}, {0, 2})});
     ASSERT_EQ(Areas(quarter).size(), 1U);
-    EXPECT_NEAR(Areas(quarter)[0], kPi, 1e-3);
+    EXPECT_NEAR(Areas(quarter)[0], std::numbers::pi, 1e-3);
 }
 
 TEST(HatchBoundary, EdgesThatRunBackwardsAreTurned)
@@ -165,8 +163,8 @@ TEST(HatchBoundary, OneLoopMayHoldSeveralRings)
                  LineEdge({21, 0}, {21, 1}), LineEdge({21, 1}, {20, 0})});
     const std::vector<double> areas = Areas(hatch);
     ASSERT_EQ(areas.size(), 3U);
-    EXPECT_NEAR(areas[0], kPi, 1e-3);
-    EXPECT_NEAR(areas[1], 4 * kPi, 2e-3);
+    EXPECT_NEAR(areas[0], std::numbers::pi, 1e-3);
+    EXPECT_NEAR(areas[1], 4 * std::numbers::pi, 2e-3);
     EXPECT_DOUBLE_EQ(areas[2], 0.5);
 }
 
@@ -174,7 +172,7 @@ TEST(HatchBoundary, AnglesOfEllipsesAreDirections)
 {
     const Hatch whole = HatchOf({EllipseEdge({5, 5}, {0, 4}, 0.5, 0, 360)});
     ASSERT_EQ(Areas(whole).size(), 1U);
-    EXPECT_NEAR(Areas(whole)[0], 8 * kPi, 2e-3);
+    EXPECT_NEAR(Areas(whole)[0], 8 * std::numbers::pi, 2e-3);
     // At 45 degrees from the centre, x = y: on the ellipse of half axes 2 and 1 that is at 2 / sqrt(5).
     const Hatch part = HatchOf({EllipseEdge({0, 0}, {2, 0}, 0.5, 45, 90)});
     Stage stage;
@@ -204,7 +202,7 @@ TEST(HatchBoundary, SplinesAreFlattened)
     quarter.isRational = true;
     const Hatch sector = HatchOf({quarter, LineEdge({0, 1}, {0, 0}), LineEdge({0, 0}, {1, 0})});
     ASSERT_EQ(Areas(sector).size(), 1U);
-    EXPECT_NEAR(Areas(sector)[0], kPi / 4, 1e-3);
+    EXPECT_NEAR(Areas(sector)[0], std::numbers::pi / 4, 1e-3);
 }
 
 TEST(HatchBoundary, ASplineWithoutControlPointsGoesThroughItsFitPoints)
@@ -252,7 +250,7 @@ TEST(HatchBoundary, CurvesKeepTheirShapeWhenToleranceIsCoarse)
     stage.tolerance = 1e100;
     const std::vector<double> areas = Areas(HatchOf({ArcEdge({0, 0}, 1, 0, 360)}), stage);
     ASSERT_EQ(areas.size(), 1U);
-    EXPECT_GT(areas[0], 0.9 * kPi);
+    EXPECT_GT(areas[0], 0.9 * std::numbers::pi);
 }
 
 TEST(HatchBoundary, PointsThatAreNotFiniteAreLost)

@@ -9,8 +9,6 @@
 namespace prepare {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 void ExpectBox(const Box& box, double left, double bottom, double right, double top)
 {
     EXPECT_NEAR(box.min.x, left, 1e-9);
@@ -27,7 +25,7 @@ TEST(Measure, NothingHasAnEmptyBox)
 TEST(Measure, AnArcReachesAsFarAsItGoes)
 {
     Measure measure;
-    measure.Model().Arc({}, {0, 0}, 10, 0, kPi); // the upper half
+    measure.Model().Arc({}, {0, 0}, 10, 0, std::numbers::pi); // the upper half
     ExpectBox(measure.OfModel().hull.Bounds(), -10, 0, 10, 10);
 }
 
@@ -54,7 +52,7 @@ TEST(Measure, AUseOfABlockIsItsContentMirroredTurnedAndMoved)
     Measure measure;
     const std::size_t block = measure.NewBlock("B");
     measure.Block(block).Line({}, {1, 2}, {5, 3});
-    measure.Model().Insert(block, {100, 200}, kPi / 2, true);
+    measure.Model().Insert(block, {100, 200}, std::numbers::pi / 2, true);
     // (1, 2) -> (1, -2) -> (2, 1); (5, 3) -> (5, -3) -> (3, 5)
     ExpectBox(measure.OfModel().hull.Bounds(), 102, 201, 103, 205);
 }
@@ -82,28 +80,29 @@ TEST(Measure, PointsThatAreNoNumbersDoNotCount)
 
 TEST(CircularArcOf, AQuarterTurn)
 {
-    const BulgeArc arc = CircularArcOf({1, 0}, {0, 1}, std::tan(kPi / 8));
+    const BulgeArc arc = CircularArcOf({1, 0}, {0, 1}, std::tan(std::numbers::pi / 8));
     EXPECT_NEAR(arc.centre.x, 0, 1e-12);
     EXPECT_NEAR(arc.centre.y, 0, 1e-12);
     EXPECT_NEAR(arc.radius, 1, 1e-12);
     EXPECT_NEAR(arc.start, 0, 1e-12);
-    EXPECT_NEAR(arc.end, kPi / 2, 1e-12);
+    EXPECT_NEAR(arc.end, std::numbers::pi / 2, 1e-12);
 }
 
 TEST(CircularArcOf, AClockwiseArcIsToldFromItsEnd)
 {
-    const BulgeArc arc = CircularArcOf({0, 1}, {1, 0}, -std::tan(kPi / 8));
+    const BulgeArc arc = CircularArcOf({0, 1}, {1, 0}, -std::tan(std::numbers::pi / 8));
     EXPECT_NEAR(arc.centre.x, 0, 1e-12);
     EXPECT_NEAR(arc.start, 0, 1e-12);
-    EXPECT_NEAR(arc.end, kPi / 2, 1e-12);
+    EXPECT_NEAR(arc.end, std::numbers::pi / 2, 1e-12);
 }
 
 TEST(CircularArcOf, MoreThanHalfATurn)
 {
-    const BulgeArc arc = CircularArcOf({1, 0}, {0, -1}, std::tan(3 * kPi / 8)); // three quarters of a turn
+    const BulgeArc arc =
+        CircularArcOf({1, 0}, {0, -1}, std::tan(3 * std::numbers::pi / 8)); // three quarters of a turn
     EXPECT_NEAR(arc.centre.x, 0, 1e-12);
     EXPECT_NEAR(arc.centre.y, 0, 1e-12);
-    EXPECT_NEAR(arc.end - arc.start, 3 * kPi / 2, 1e-12);
+    EXPECT_NEAR(arc.end - arc.start, 3 * std::numbers::pi / 2, 1e-12);
 }
 
 TEST(CircularArcOf, IsNoneForStraightSegmentsAndPoints)

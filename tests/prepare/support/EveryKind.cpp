@@ -6,11 +6,6 @@ namespace prepare {
 
 namespace {
 
-std::string Section(const char* name, const std::string& content)
-{
-    return Dxf({{0, "SECTION"}, {2, name}}) + content + Dxf({{0, "ENDSEC"}});
-}
-
 std::string Tables()
 {
     return Dxf({{0, "TABLE"},

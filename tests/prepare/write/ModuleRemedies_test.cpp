@@ -11,7 +11,6 @@
 namespace prepare {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 using Numbers = std::vector<double>;
 
 Numbers Dashes(Numbers dashes, double scale = 1, double width = 0.5)
@@ -158,7 +157,7 @@ TEST(ModuleRemedies, OnlyUprightTextsNeedNoBlock)
     EXPECT_FALSE(TextPlaceForModule({2, 0}, {0.01, 2}).isUpright);
     EXPECT_EQ(TextPlaceForModule({0, 3}, {-2, 0}).innerRotation, 0);
     EXPECT_DOUBLE_EQ(TextPlaceForModule({0, 3}, {-2, 0}).scaleX, 1.5);
-    EXPECT_DOUBLE_EQ(TextPlaceForModule({0, 3}, {-2, 0}).rotation, kPi / 2);
+    EXPECT_DOUBLE_EQ(TextPlaceForModule({0, 3}, {-2, 0}).rotation, std::numbers::pi / 2);
     EXPECT_EQ(TextPlaceForModule({0, 3}, {2, 0}).scaleY, -1);
 }
 

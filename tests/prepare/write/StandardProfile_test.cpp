@@ -9,7 +9,6 @@
 namespace prepare {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 constexpr const char* kRed = "330 F 100 AcDbEntity 8 0 62 1 370 25 ";
 
 class StandardProfile : public testing::Test {
@@ -50,13 +49,13 @@ TEST_F(StandardProfile, CircleAndArc)
     Model().Circle(red, {1, 2}, 3);
     EXPECT_EQ(Entity("CIRCLE"), "100 AcDbCircle 10 1 20 2 30 0 40 3");
     written = WrittenDrawing(Profile::Standard);
-    Model().Arc(red, {1, 2}, 3, -kPi / 2, kPi / 3);
+    Model().Arc(red, {1, 2}, 3, -std::numbers::pi / 2, std::numbers::pi / 3);
     EXPECT_EQ(Entity("ARC"), "100 AcDbCircle 10 1 20 2 30 0 40 3 100 AcDbArc 50 270 51 60");
 }
 
 TEST_F(StandardProfile, Ellipses)
 {
-    Model().Ellipse(red, {1, 2}, {3, 1}, 0.5, 0.1, 0.1 + 2 * kPi);
+    Model().Ellipse(red, {1, 2}, {3, 1}, 0.5, 0.1, 0.1 + 2 * std::numbers::pi);
     EXPECT_EQ(Entity("ELLIPSE"),
               "100 AcDbEllipse 10 1 20 2 30 0 11 3 21 1 31 0 40 0.5 41 0 42 6.283185307179586");
     written = WrittenDrawing(Profile::Standard);
@@ -81,7 +80,7 @@ TEST_F(StandardProfile, WhatIsWideIsAPolyline)
     Model().Circle(wide, {0, 0}, 5);
     EXPECT_EQ(Entity("LWPOLYLINE"), "100 AcDbPolyline 90 2 70 1 43 0.7 10 -5 20 0 42 1 10 5 20 0 42 1");
     written = WrittenDrawing(Profile::Standard);
-    Model().Arc(wide, {0, 0}, 5, 0, kPi);
+    Model().Arc(wide, {0, 0}, 5, 0, std::numbers::pi);
     EXPECT_EQ(Entity("LWPOLYLINE"), "100 AcDbPolyline 90 2 70 0 43 0.7 10 5 20 0 42 1 10 -5 20 0");
 }
 
@@ -130,7 +129,7 @@ TEST_F(StandardProfile, BlocksAreInTheOrderOfTheirNamesAndOwnWhatIsInThem)
     writer.NewBlock("unused");
     writer.Block(window).Insert(door, {3, 4}, 0, false);
     writer.Block(door).Line(red, {0, 0}, {1, 0});
-    Model().Insert(window, {1, 1}, kPi / 6, true);
+    Model().Insert(window, {1, 1}, std::numbers::pi / 6, true);
     const std::string text = Flat();
     // The records of both blocks, D1 first, and their handles as owners.
     EXPECT_NE(
@@ -152,8 +151,8 @@ TEST_F(StandardProfile, ExtentsAreOfWhatIsWritten)
 {
     DrawingWriter& writer = written.Writer();
     const std::size_t outer = writer.NewBlock("Outer"), inner = writer.NewBlock("Inner");
-    writer.Block(inner).Arc(red, {0, 0}, 5, 0, kPi / 2);
-    writer.Block(outer).Insert(inner, {10, 0}, kPi, false);
+    writer.Block(inner).Arc(red, {0, 0}, 5, 0, std::numbers::pi / 2);
+    writer.Block(outer).Insert(inner, {10, 0}, std::numbers::pi, false);
     writer.Block(writer.NewBlock("unused")).Line(red, {0, 0}, {1000, 0});
     Model().Insert(outer, {0, 20}, 0, true);
     Model().Line(red, {5, 18}, {12, 18.5});

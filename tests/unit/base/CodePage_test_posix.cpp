@@ -12,7 +12,7 @@
 
 namespace {
 
-std::wstring Wide(std::string_view narrow)
+std::wstring WideAs(std::string_view narrow)
 {
     std::wstring wide(narrow.size(), L'\0');
     wide.resize(ToWide(narrow, wide.data()));
@@ -96,28 +96,29 @@ TEST(CodePage, EveryCharacterOfUtf8IsRead)
 {
     for (std::uint32_t character = 1; character <= 0x10FFFF; ++character) {
         if (IsCharacter(character)) {
-            ASSERT_EQ(Wide(Encode(character)), std::wstring(1, static_cast<wchar_t>(character))) << character;
+            ASSERT_EQ(WideAs(Encode(character)), std::wstring(1, static_cast<wchar_t>(character)))
+                << character;
         }
     }
 }
 
 TEST(CodePage, EachMaximalPartOfAnIllFormedSequenceIsOneReplacement)
 {
-    EXPECT_EQ(Wide("a\xF1\x80\x80\xE1\x80\xC2"
-                   "b\x80"
-                   "c\x80\xBF"
-                   "d"),
+    EXPECT_EQ(WideAs("a\xF1\x80\x80\xE1\x80\xC2"
+                     "b\x80"
+                     "c\x80\xBF"
+                     "d"),
               L"a\uFFFD\uFFFD\uFFFDb\uFFFDc\uFFFD\uFFFDd");
-    EXPECT_EQ(Wide("\xC0\xAF\xE0\x80\xBF\xF0\x81\x82"
-                   "A"),
-              L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDA");                      // overlong
-    EXPECT_EQ(Wide("\xED\xA0\x80\xED\xBF\xBF"), L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"); // surrogates
-    EXPECT_EQ(Wide("\xF4\x91\x92\x93\xFF"
-                   "A\x80\xBF"
-                   "B"),
+    EXPECT_EQ(WideAs("\xC0\xAF\xE0\x80\xBF\xF0\x81\x82"
+                     "A"),
+              L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDA");                        // overlong
+    EXPECT_EQ(WideAs("\xED\xA0\x80\xED\xBF\xBF"), L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"); // surrogates
+    EXPECT_EQ(WideAs("\xF4\x91\x92\x93\xFF"
+                     "A\x80\xBF"
+                     "B"),
               L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDA\uFFFD\uFFFDB"); // beyond the last character
-    EXPECT_EQ(Wide("\xE4"), L"\uFFFD");
-    EXPECT_EQ(Wide("\xF0\x9F\x98"), L"\uFFFD"); // the text ends within a sequence
+    EXPECT_EQ(WideAs("\xE4"), L"\uFFFD");
+    EXPECT_EQ(WideAs("\xF0\x9F\x98"), L"\uFFFD"); // the text ends within a sequence
 }
 
 TEST(CodePage, EveryTwoBytesAreReadAsTheDecoderReadsThem)
@@ -125,7 +126,7 @@ TEST(CodePage, EveryTwoBytesAreReadAsTheDecoderReadsThem)
     for (int first = 0x80; first < 256; ++first)
         for (int second = 0; second < 256; ++second) {
             const std::string text = {static_cast<char>(first), static_cast<char>(second)};
-            ASSERT_EQ(Wide(text), TheDecoder().Decode(text)) << first << ' ' << second;
+            ASSERT_EQ(WideAs(text), TheDecoder().Decode(text)) << first << ' ' << second;
         }
 }
 
@@ -140,7 +141,7 @@ TEST(CodePage, RandomBytesAreReadAsTheDecoderReadsThem)
         for (std::size_t size = random() % 9; size != 0; --size)
             text += static_cast<char>(random() % 2 == 0 ? kBytes[random() % std::size(kBytes)]
                                                         : 0x80 + random() % 64);
-        ASSERT_EQ(Wide(text), TheDecoder().Decode(text)) << testing::PrintToString(text);
+        ASSERT_EQ(WideAs(text), TheDecoder().Decode(text)) << testing::PrintToString(text);
     }
 }
 

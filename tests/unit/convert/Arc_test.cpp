@@ -45,8 +45,8 @@ std::pair<double, double> Normalized(double start, double end, bool drawEnabled 
 }
 
 // The flag string in an arc's path.
-std::string Flags(std::string_view start, std::string_view end, std::string_view extrusion = "1",
-                  std::int32_t yAxisMode = 2)
+std::string ArcFlags(std::string_view start, std::string_view end, std::string_view extrusion = "1",
+                     std::int32_t yAxisMode = 2)
 {
     const std::string trace =
         TraceOf(Arc("0", "0", "10", start, end, extrusion),
@@ -116,36 +116,36 @@ TEST(Arc, DoesNotLookAtTheExtrusionsXAndY)
 
 TEST(Arc, TakesTheLargeFlagFromTheRecordsAnglesInTheMirroredCaseToo)
 {
-    EXPECT_EQ(Flags("0", "270", "-1"), "1,0");
-    EXPECT_EQ(Flags("270", "0", "-1"), "0,0");
+    EXPECT_EQ(ArcFlags("0", "270", "-1"), "1,0");
+    EXPECT_EQ(ArcFlags("270", "0", "-1"), "0,0");
 }
 
 TEST(Arc, IsLargeFrom180DegreesOn)
 {
-    EXPECT_EQ(Flags("0", "180"), "1,0");
-    EXPECT_EQ(Flags("0", "179.999"), "0,0");
-    EXPECT_EQ(Flags("0", "179.99999995"), "0,0");
-    EXPECT_EQ(Flags("10", "350"), "1,0");
-    EXPECT_EQ(Flags("0", "360"), "1,0");
-    EXPECT_EQ(Flags("45", "45"), "0,0");
+    EXPECT_EQ(ArcFlags("0", "180"), "1,0");
+    EXPECT_EQ(ArcFlags("0", "179.999"), "0,0");
+    EXPECT_EQ(ArcFlags("0", "179.99999995"), "0,0");
+    EXPECT_EQ(ArcFlags("10", "350"), "1,0");
+    EXPECT_EQ(ArcFlags("0", "360"), "1,0");
+    EXPECT_EQ(ArcFlags("45", "45"), "0,0");
 }
 
 TEST(Arc, ThatPassesZeroCountsItsSpanAcrossIt)
 {
-    EXPECT_EQ(Flags("350", "10"), "0,0");
-    EXPECT_EQ(Flags("200", "100"), "1,0");
-    EXPECT_EQ(Flags("270", "90"), "1,0");
-    EXPECT_EQ(Flags("270.001", "90"), "0,0");
-    EXPECT_EQ(Flags("360", "0"), "0,0");
+    EXPECT_EQ(ArcFlags("350", "10"), "0,0");
+    EXPECT_EQ(ArcFlags("200", "100"), "1,0");
+    EXPECT_EQ(ArcFlags("270", "90"), "1,0");
+    EXPECT_EQ(ArcFlags("270.001", "90"), "0,0");
+    EXPECT_EQ(ArcFlags("360", "0"), "0,0");
 }
 
 TEST(Arc, WritesEachOfTheFourFlagStrings)
 {
-    EXPECT_EQ(Flags("0", "270", "1", 1), "1,1");
-    EXPECT_EQ(Flags("0", "90", "1", 1), "0,1");
-    EXPECT_EQ(Flags("0", "270", "1", 2), "1,0");
-    EXPECT_EQ(Flags("0", "90", "1", 2), "0,0");
-    EXPECT_EQ(Flags("0", "90", "1", 0), "0,1") << "every axis mode but 2 leaves Y as it is";
+    EXPECT_EQ(ArcFlags("0", "270", "1", 1), "1,1");
+    EXPECT_EQ(ArcFlags("0", "90", "1", 1), "0,1");
+    EXPECT_EQ(ArcFlags("0", "270", "1", 2), "1,0");
+    EXPECT_EQ(ArcFlags("0", "90", "1", 2), "0,0");
+    EXPECT_EQ(ArcFlags("0", "90", "1", 0), "0,1") << "every axis mode but 2 leaves Y as it is";
 }
 
 TEST(Arc, StoresItsAnglesBackNormalized)

@@ -31,7 +31,7 @@ std::string Ellipse(const EllipseTexts& texts)
                             {42, texts.end}});
 }
 
-std::string UnflippedTraceOf(std::string_view dxf)
+std::string UnflippedEllipse(std::string_view dxf)
 {
     return TraceOf(dxf, [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; });
 }
@@ -95,10 +95,10 @@ TEST(Ellipse, OfAQuarterEndsOnItsMinorAxis)
 
 TEST(Ellipse, KeepsYWhenTheAxisModeIsNot2)
 {
-    EXPECT_EQ(UnflippedTraceOf(Ellipse({.centerX = "3", .centerY = "4", .end = "1.5707963267948966"})),
+    EXPECT_EQ(UnflippedEllipse(Ellipse({.centerX = "3", .centerY = "4", .end = "1.5707963267948966"})),
               Path("M 13.000000,4.000000 A 10.000000,5.000000, 0 0,1 3.000000,9.000000") +
                   Turned({.x = "3.000000", .y = "4.000000", .degrees = "0.000000"}));
-    EXPECT_EQ(UnflippedTraceOf(Ellipse({.centerX = "3", .centerY = "4"})),
+    EXPECT_EQ(UnflippedEllipse(Ellipse({.centerX = "3", .centerY = "4"})),
               Whole("10, 5, 3, 4") + Turned({.x = "3.000000", .y = "4.000000", .degrees = "0.000000"}));
 }
 
@@ -113,7 +113,7 @@ TEST(Ellipse, ScalesItsCentreAndItsRadii)
 TEST(Ellipse, WithItsMajorAxisAlongYTurnsBy90Degrees)
 {
     const std::string upright = Ellipse({.majorX = "0", .majorY = "10"});
-    EXPECT_EQ(UnflippedTraceOf(upright),
+    EXPECT_EQ(UnflippedEllipse(upright),
               Whole("10, 5, 0, 0") + Turned({.y = "0.000000", .degrees = "90.000000"}));
     EXPECT_EQ(TraceOf(upright), Whole("10, 5, 0, -0") + Turned({.degrees = "-90.000000"}));
 }

@@ -21,7 +21,7 @@ struct Angle {
     std::string_view type = "0";
 };
 
-std::string Parts(const Angle& of)
+std::string PartsOf(const Angle& of)
 {
     return Part("AcDbDimension",
                 {{10, of.d.x}, {20, of.d.y}, {30, 9}, {11, of.t.x}, {21, of.t.y}, {31, 9}, {70, of.type}}) +
@@ -41,7 +41,7 @@ std::string Parts(const Angle& of)
 
 std::string Drawn(const Angle& angle, std::int32_t yAxisMode, double scale = 1.0)
 {
-    return TraceOf(DimensionDrawing(Parts(angle)), [&](CDxfReadToQuillmar& converter) {
+    return TraceOf(DimensionDrawing(PartsOf(angle)), [&](CDxfReadToQuillmar& converter) {
         converter.yAxisMode = yAxisMode;
         converter.scale = scale;
     });

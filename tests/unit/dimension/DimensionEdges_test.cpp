@@ -14,13 +14,13 @@ std::string Drawn(const std::string& parts)
     return TraceOf(DimensionDrawing(parts), [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; });
 }
 
-struct Xy {
+struct TextPoint {
     std::string_view x;
     std::string_view y;
 };
 
 // Two lines, from a1 to a2 and from d to b, the arc's own point a3; the text is at (14, 22).
-std::string Angular(Xy a1, Xy a2, Xy d, Xy b, Xy a3)
+std::string Angular(TextPoint a1, TextPoint a2, TextPoint d, TextPoint b, TextPoint a3)
 {
     return Part("AcDbDimension", {{10, d.x}, {20, d.y}, {11, 14}, {21, 22}}) +
            Part("AcDb2LineAngularDimension", {{13, a1.x},
@@ -33,7 +33,7 @@ std::string Angular(Xy a1, Xy a2, Xy d, Xy b, Xy a3)
                                               {26, a3.y}});
 }
 
-constexpr Xy kBelowTheAxis = {"17", "19.999999999"};
+constexpr TextPoint kBelowTheAxis = {"17", "19.999999999"};
 
 // A chord whose two points are the same.
 std::string Chord(std::string_view marker, std::string_view x, std::string_view y)
@@ -49,7 +49,7 @@ struct Layout {
 };
 
 // For each text that is drawn its characters, place and size.
-std::string Laid(std::wstring_view text, const Layout& at)
+std::string LaidOut(std::wstring_view text, const Layout& at)
 {
     RecordingHost::OfThread().Reset();
     CDxfRead reader;
@@ -127,24 +127,24 @@ TEST(DimensionEdges, MidpointThatOverflowsMakesTheValueInfinite)
 // together would not.
 TEST(DimensionEdges, NestedTextNarrowsItsYEachTime)
 {
-    EXPECT_EQ(Laid(L"A{B{C}", {.y = -16777216.0f, .angle = 90.0f}), "\"A\", 10, -16777216 of 2.00\n"
-                                                                    "\"B\", 10, -16777216 of 2.00\n"
-                                                                    "\"C}\", 10, -16777216 of 2.00\n");
-    EXPECT_EQ(Laid(L"A{B{C}", {.y = 16777216.0f, .angle = 90.0f}), "\"A\", 10, 16777216 of 2.00\n"
-                                                                   "\"B\", 10, 16777215 of 2.00\n"
-                                                                   "\"C}\", 10, 16777214 of 2.00\n");
-    EXPECT_EQ(Laid(L"AA{B}", {.y = -16777216.0f, .angle = 90.0f}), "\"AA\", 10, -16777216 of 2.00\n"
-                                                                   "\"B}\", 10, -16777218 of 2.00\n");
+    EXPECT_EQ(LaidOut(L"A{B{C}", {.y = -16777216.0f, .angle = 90.0f}), "\"A\", 10, -16777216 of 2.00\n"
+                                                                       "\"B\", 10, -16777216 of 2.00\n"
+                                                                       "\"C}\", 10, -16777216 of 2.00\n");
+    EXPECT_EQ(LaidOut(L"A{B{C}", {.y = 16777216.0f, .angle = 90.0f}), "\"A\", 10, 16777216 of 2.00\n"
+                                                                      "\"B\", 10, 16777215 of 2.00\n"
+                                                                      "\"C}\", 10, 16777214 of 2.00\n");
+    EXPECT_EQ(LaidOut(L"AA{B}", {.y = -16777216.0f, .angle = 90.0f}), "\"AA\", 10, -16777216 of 2.00\n"
+                                                                      "\"B}\", 10, -16777218 of 2.00\n");
 }
 
 // As floats these sizes would have no fraction.
 TEST(DimensionEdges, FontSizesAreNotNarrowed)
 {
     constexpr Layout kLarge = {.scale = 8388608.01};
-    EXPECT_EQ(Laid(L"1", kLarge), "\"1\", 10, 20 of 16777216.02\n");
-    EXPECT_EQ(Laid(L"A{", kLarge), "\"A\", 10, 20 of 16777216.02\n");
-    EXPECT_EQ(Laid(L"\\H4;\\S1/", kLarge), "\"1\", 10, 20 of 16777216.02\n");
-    EXPECT_EQ(Laid(L"\\S1/", {.scale = 16777216.02}), "\"1\", 10, 20 of 16777216.02\n");
+    EXPECT_EQ(LaidOut(L"1", kLarge), "\"1\", 10, 20 of 16777216.02\n");
+    EXPECT_EQ(LaidOut(L"A{", kLarge), "\"A\", 10, 20 of 16777216.02\n");
+    EXPECT_EQ(LaidOut(L"\\H4;\\S1/", kLarge), "\"1\", 10, 20 of 16777216.02\n");
+    EXPECT_EQ(LaidOut(L"\\S1/", {.scale = 16777216.02}), "\"1\", 10, 20 of 16777216.02\n");
 }
 
 // The first "1002", the "{" and the line after a closing "1002" are each read, and counted, whether or not

@@ -19,7 +19,7 @@ const std::string kRadial = Part("AcDbRadialDimension", {{15, 1}, {25, 7}});
 const std::string kDiametric = Part("AcDbDiametricDimension", {{15, 1}, {25, 5}});
 const std::string k2LineAngular = Part("AcDb2LineAngularDimension", {{13, -2}, {14, 1}, {15, 1}, {16, 1}});
 
-std::string Drawn(const std::string& parts)
+std::string DrawnByTable(const std::string& parts)
 {
     return TraceOf(DimensionDrawing(parts), [](CDxfReadToQuillmar& converter) { converter.yAxisMode = 1; });
 }
@@ -97,137 +97,137 @@ std::string Angular(DimensionTrace trace = DimensionTrace())
 TEST(DimensionTable, EntityThreePointAngularAndOrdinateDrawNothing)
 {
     for (const std::string& part : {kEntity, k3PointAngular, kOrdinate}) {
-        EXPECT_EQ(Drawn(part), "");
-        EXPECT_EQ(Drawn(kDimension + part), "");
-        EXPECT_EQ(Drawn(kEntity + kDimension + kAligned + part), "");
+        EXPECT_EQ(DrawnByTable(part), "");
+        EXPECT_EQ(DrawnByTable(kDimension + part), "");
+        EXPECT_EQ(DrawnByTable(kEntity + kDimension + kAligned + part), "");
     }
 }
 
 TEST(DimensionTable, DimensionPartAloneDrawsNothing)
 {
-    EXPECT_EQ(Drawn(kDimension), "");
-    EXPECT_EQ(Drawn(kEntity + kDimension), "");
-    EXPECT_EQ(Drawn(""), TraceOf(EntitiesSection({{0, "DIMENSION"}}))); // no marker: messages, no node
-    EXPECT_EQ(Without("qlmSetLastError", Drawn("")), "");
+    EXPECT_EQ(DrawnByTable(kDimension), "");
+    EXPECT_EQ(DrawnByTable(kEntity + kDimension), "");
+    EXPECT_EQ(DrawnByTable(""), TraceOf(EntitiesSection({{0, "DIMENSION"}}))); // no marker: messages, no node
+    EXPECT_EQ(Without("qlmSetLastError", DrawnByTable("")), "");
 }
 
 TEST(DimensionTable, AlignedIsDrawnWhenItIsTheLastPartAndADimensionPartCameBefore)
 {
-    EXPECT_EQ(Drawn(kDimension + kAligned), AlignedAt5());
-    EXPECT_EQ(Drawn(kEntity + kDimension + kAligned), AlignedAt5());
-    EXPECT_EQ(Drawn(kDimension + kEntity + kAligned), AlignedAt5());
-    EXPECT_EQ(Drawn(kDimension + k3PointAngular + kOrdinate + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kEntity + kDimension + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kEntity + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + k3PointAngular + kOrdinate + kAligned), AlignedAt5());
 }
 
 TEST(DimensionTable, AlignedIsNotDrawnWhenItIsNotTheLastPart)
 {
     for (const std::string& part : {kEntity, k3PointAngular, kOrdinate})
-        EXPECT_EQ(Drawn(kDimension + kAligned + part), "");
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRadial), Radial());
+        EXPECT_EQ(DrawnByTable(kDimension + kAligned + part), "");
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRadial), Radial());
 }
 
 TEST(DimensionTable, AlignedIsNotDrawnWithoutADimensionPartBeforeIt)
 {
-    EXPECT_EQ(Drawn(kAligned), "");
-    EXPECT_EQ(Drawn(kEntity + kAligned), "");
-    EXPECT_EQ(Drawn(kAligned + kDimension), "");
+    EXPECT_EQ(DrawnByTable(kAligned), "");
+    EXPECT_EQ(DrawnByTable(kEntity + kAligned), "");
+    EXPECT_EQ(DrawnByTable(kAligned + kDimension), "");
 }
 
 TEST(DimensionTable, OfSeveralAlignedPartsTheLastIsDrawn)
 {
-    EXPECT_EQ(Drawn(kDimension + kAligned + kAnotherAligned), AlignedAt6());
-    EXPECT_EQ(Drawn(kDimension + kAnotherAligned + kAligned), AlignedAt5());
-    EXPECT_EQ(Drawn(kAnotherAligned + kDimension + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kAnotherAligned), AlignedAt6());
+    EXPECT_EQ(DrawnByTable(kDimension + kAnotherAligned + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kAnotherAligned + kDimension + kAligned), AlignedAt5());
 }
 
 TEST(DimensionTable, RotatedIsDrawnWhenItIsTheLastPartAfterADimensionAndAnAlignedPart)
 {
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRotated), RotatedAt5());
-    EXPECT_EQ(Drawn(kEntity + kDimension + kAligned + kRotated), RotatedAt5());
-    EXPECT_EQ(Drawn(kAligned + kDimension + kRotated), RotatedAt5());
-    EXPECT_EQ(Drawn(kAligned + kEntity + kDimension + kOrdinate + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kEntity + kDimension + kAligned + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kAligned + kDimension + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kAligned + kEntity + kDimension + kOrdinate + kRotated), RotatedAt5());
 }
 
 TEST(DimensionTable, RotatedIsNotDrawnWithoutBoth)
 {
-    EXPECT_EQ(Drawn(kRotated), "");
-    EXPECT_EQ(Drawn(kDimension + kRotated), "");
-    EXPECT_EQ(Drawn(kAligned + kRotated), "");
-    EXPECT_EQ(Drawn(kRotated + kDimension), "");
+    EXPECT_EQ(DrawnByTable(kRotated), "");
+    EXPECT_EQ(DrawnByTable(kDimension + kRotated), "");
+    EXPECT_EQ(DrawnByTable(kAligned + kRotated), "");
+    EXPECT_EQ(DrawnByTable(kRotated + kDimension), "");
 }
 
 TEST(DimensionTable, RotatedIsNotDrawnWhenItIsNotTheLastPart)
 {
     for (const std::string& part : {kEntity, k3PointAngular, kOrdinate})
-        EXPECT_EQ(Drawn(kDimension + kAligned + kRotated + part), "");
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRotated + kRadial), Radial());
+        EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRotated + part), "");
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRotated + kRadial), Radial());
 }
 
 TEST(DimensionTable, OfSeveralRotatedPartsTheLastAloneIsDrawn)
 {
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRotated + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRotated + kRotated), RotatedAt5());
 }
 
 TEST(DimensionTable, RotatedTakesTheLastAlignedPart)
 {
-    EXPECT_EQ(Drawn(kDimension + kAligned + kAnotherAligned + kRotated), RotatedAt6());
-    EXPECT_EQ(Drawn(kAnotherAligned + kDimension + kAligned + kRotated), RotatedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kAnotherAligned + kRotated), RotatedAt6());
+    EXPECT_EQ(DrawnByTable(kAnotherAligned + kDimension + kAligned + kRotated), RotatedAt5());
 }
 
 TEST(DimensionTable, AlignedAfterARotatedPartIsDrawnAsAligned)
 {
-    EXPECT_EQ(Drawn(kDimension + kRotated + kAligned), AlignedAt5());
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRotated + kAnotherAligned), AlignedAt6());
-    EXPECT_EQ(Drawn(kRotated + kDimension + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kRotated + kAligned), AlignedAt5());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRotated + kAnotherAligned), AlignedAt6());
+    EXPECT_EQ(DrawnByTable(kRotated + kDimension + kAligned), AlignedAt5());
 }
 
 TEST(DimensionTable, RadialDiametricAndAngularAreDrawnAfterADimensionPartWhereverTheyAre)
 {
-    EXPECT_EQ(Drawn(kDimension + kRadial), Radial());
-    EXPECT_EQ(Drawn(kDimension + kDiametric), Diametric());
-    EXPECT_EQ(Drawn(kDimension + k2LineAngular), Angular());
+    EXPECT_EQ(DrawnByTable(kDimension + kRadial), Radial());
+    EXPECT_EQ(DrawnByTable(kDimension + kDiametric), Diametric());
+    EXPECT_EQ(DrawnByTable(kDimension + k2LineAngular), Angular());
     for (const std::string& part : {kEntity, k3PointAngular, kOrdinate, kAligned + kEntity, kRotated}) {
-        EXPECT_EQ(Drawn(kDimension + kRadial + part), Radial());
-        EXPECT_EQ(Drawn(part + kDimension + kDiametric + part), Diametric());
-        EXPECT_EQ(Drawn(kDimension + part + k2LineAngular + part), Angular());
+        EXPECT_EQ(DrawnByTable(kDimension + kRadial + part), Radial());
+        EXPECT_EQ(DrawnByTable(part + kDimension + kDiametric + part), Diametric());
+        EXPECT_EQ(DrawnByTable(kDimension + part + k2LineAngular + part), Angular());
     }
 }
 
 TEST(DimensionTable, RadialDiametricAndAngularAreNotDrawnBeforeTheDimensionPart)
 {
     for (const std::string& part : {kRadial, kDiametric, k2LineAngular}) {
-        EXPECT_EQ(Drawn(part), "");
-        EXPECT_EQ(Drawn(part + kDimension), "");
-        EXPECT_EQ(Drawn(kEntity + part + kDimension + kEntity), "");
+        EXPECT_EQ(DrawnByTable(part), "");
+        EXPECT_EQ(DrawnByTable(part + kDimension), "");
+        EXPECT_EQ(DrawnByTable(kEntity + part + kDimension + kEntity), "");
     }
-    EXPECT_EQ(Drawn(kRadial + kDimension + kDiametric), Diametric());
+    EXPECT_EQ(DrawnByTable(kRadial + kDimension + kDiametric), Diametric());
 }
 
 TEST(DimensionTable, EachDrawnPartIsAGroupOfItsOwn)
 {
-    EXPECT_EQ(Drawn(kDimension + kRadial + kDiametric + k2LineAngular + kRadial),
+    EXPECT_EQ(DrawnByTable(kDimension + kRadial + kDiametric + k2LineAngular + kRadial),
               Radial(DimensionTrace(1)) + Diametric(DimensionTrace(4)) + Angular(DimensionTrace(7)) +
                   Radial(DimensionTrace(16)));
-    EXPECT_EQ(Drawn(kDimension + kAligned + kRadial + kRotated),
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kRadial + kRotated),
               Radial(DimensionTrace(1)) + RotatedAt5(DimensionTrace(4)));
-    EXPECT_EQ(Drawn(kDimension + kDiametric + kAligned),
+    EXPECT_EQ(DrawnByTable(kDimension + kDiametric + kAligned),
               Diametric(DimensionTrace(1)) + AlignedAt5(DimensionTrace(4)));
 }
 
 TEST(DimensionTable, FurtherDimensionPartIsReportedAndTheFirstIsKept)
 {
-    EXPECT_EQ(Drawn(kDimension + kAnotherDimension), DimensionTrace().Duplicated());
-    EXPECT_EQ(Drawn(kDimension + kAnotherDimension + kRadial), Radial(DimensionTrace().Duplicated()));
-    EXPECT_EQ(Drawn(kDimension + kAnotherDimension + kAnotherDimension),
+    EXPECT_EQ(DrawnByTable(kDimension + kAnotherDimension), DimensionTrace().Duplicated());
+    EXPECT_EQ(DrawnByTable(kDimension + kAnotherDimension + kRadial), Radial(DimensionTrace().Duplicated()));
+    EXPECT_EQ(DrawnByTable(kDimension + kAnotherDimension + kAnotherDimension),
               DimensionTrace().Duplicated().Duplicated());
-    EXPECT_EQ(Drawn(kDimension + kAligned + kAnotherDimension), DimensionTrace().Duplicated());
-    EXPECT_EQ(Drawn(kDimension + kAligned + kAnotherDimension + kRotated),
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kAnotherDimension), DimensionTrace().Duplicated());
+    EXPECT_EQ(DrawnByTable(kDimension + kAligned + kAnotherDimension + kRotated),
               RotatedAt5(DimensionTrace().Duplicated()));
 }
 
 TEST(DimensionTable, FurtherDimensionPartIsReportedWhenTheWalkMeetsIt)
 {
-    EXPECT_EQ(Drawn(kDimension + kRadial + kAnotherDimension + kDiametric),
+    EXPECT_EQ(DrawnByTable(kDimension + kRadial + kAnotherDimension + kDiametric),
               Radial() + Diametric(DimensionTrace(4).Duplicated()));
 }
 

@@ -18,7 +18,7 @@ struct Row {
     const char* changed;
 };
 
-const std::vector<Row> kRows = {
+const std::vector<Row> kCommonRows = {
     {5, "1F", "m_strHandle=\"1F\""},
     {6, "Dashed", "m_strLineType=\"Dashed\""},
     {8, "Walls", "m_strLayer=\"Walls\""},
@@ -77,7 +77,7 @@ public:
 
 TEST(CommonCodes, EachFillsItsFieldWithoutAMessage)
 {
-    for (const Row& row : kRows) {
+    for (const Row& row : kCommonRows) {
         const CommonCode common(row.code, row.value, row.code == 102 ? "102\n}\nnext\n" : "next\n");
         EXPECT_TRUE(common.result) << row.code;
         EXPECT_EQ(common.Changed(), row.changed) << row.code;
@@ -89,7 +89,7 @@ TEST(CommonCodes, EachFillsItsFieldWithoutAMessage)
 TEST(CommonCodes, EveryOtherCodeIsReportedAndStoredNowhere)
 {
     std::set<int> known;
-    for (const Row& row : kRows)
+    for (const Row& row : kCommonRows)
         known.insert(row.code);
     for (int code = -10; code <= 1100; ++code) {
         if (known.count(code) != 0)
@@ -119,7 +119,7 @@ TEST(CommonCodes, NumbersThatCannotBeReadAreZero)
 
 TEST(CommonCodes, LaterValueReplacesTheEarlier)
 {
-    for (const Row& row : kRows) {
+    for (const Row& row : kCommonRows) {
         if (row.code == 102)
             continue;
         const std::string code = std::to_string(row.code) + "\n";
@@ -217,7 +217,7 @@ TEST(CommonCodes, GroupOfAnyLengthIsKept)
 TEST(CommonCodes, EveryReaderPassesThemOn)
 {
     std::string lines;
-    for (const Row& row : kRows) {
+    for (const Row& row : kCommonRows) {
         // What an MTEXT keeps elsewhere, and what reads lines of its own, is left out.
         if (row.code == 48 || row.code == 420 || row.code == 430 || row.code == 102)
             continue;

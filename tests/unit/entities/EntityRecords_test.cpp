@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-std::string SharedDefaults(int kind)
+std::string BaseDefaults(int kind)
 {
     return "m_strHandle=\"\"\nm_strAppData=\"\"\nm_strOwnerHandle=\"\"\nm_strSubclass=\"\"\nm_nPaperSpace=0\n"
            "m_strLayout=\"\"\nm_strLayer=\"\"\nm_strLineType=\"\"\nm_strMaterial=\"\"\nm_nColor=0\n"
@@ -25,9 +25,9 @@ std::string SharedDefaults(int kind)
 const std::string kExtrusion = "m_dExtrusionX=0\nm_dExtrusionY=0\nm_dExtrusionZ=1\n";
 
 // The only entity of a section of these lines.
-class OneEntity : public ReportingReader {
+class ReportedEntity : public ReportingReader {
 public:
-    explicit OneEntity(std::initializer_list<Group> lines) { ReadText(EntitiesSection(lines)); }
+    explicit ReportedEntity(std::initializer_list<Group> lines) { ReadText(EntitiesSection(lines)); }
 
     std::string Changed() const
     {
@@ -39,12 +39,12 @@ public:
 
 TEST(EntityRecords, BaseIsOfNoKindAndHasTheSharedDefaults)
 {
-    EXPECT_EQ(RecordText(DXF_GRAPHIC_BASE()), SharedDefaults(0));
+    EXPECT_EQ(RecordText(DXF_GRAPHIC_BASE()), BaseDefaults(0));
 }
 
 TEST(EntityRecords, LineHasItsDefaults)
 {
-    EXPECT_EQ(RecordText(DXF_GRAPHIC_LINE()), SharedDefaults(1) +
+    EXPECT_EQ(RecordText(DXF_GRAPHIC_LINE()), BaseDefaults(1) +
                                                   "m_dThickness=0\nm_dStartX=0\nm_dStartY=0\nm_dStartZ=0\n"
                                                   "m_dEndX=0\nm_dEndY=0\nm_dEndZ=0\n" +
                                                   kExtrusion);
@@ -53,7 +53,7 @@ TEST(EntityRecords, LineHasItsDefaults)
 TEST(EntityRecords, ArcHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_ARC()),
-              SharedDefaults(2) +
+              BaseDefaults(2) +
                   "m_dThickness=0\nm_dCenterX=0\nm_dCenterY=0\nm_dCenterZ=0\nm_dRadius=0\n"
                   "m_dStartAngle=0\nm_dEndAngle=0\n" +
                   kExtrusion);
@@ -62,14 +62,14 @@ TEST(EntityRecords, ArcHasItsDefaults)
 TEST(EntityRecords, CircleHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_CIRCLE()),
-              SharedDefaults(3) + "m_dThickness=0\nm_dCenterX=0\nm_dCenterY=0\nm_dCenterZ=0\nm_dRadius=0\n" +
+              BaseDefaults(3) + "m_dThickness=0\nm_dCenterX=0\nm_dCenterY=0\nm_dCenterZ=0\nm_dRadius=0\n" +
                   kExtrusion);
 }
 
 TEST(EntityRecords, EllipseHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_ELLIPSE()),
-              SharedDefaults(4) +
+              BaseDefaults(4) +
                   "m_dThickness=0\nm_dCenterX=0\nm_dCenterY=0\nm_dCenterZ=0\n"
                   "m_dMajorAxisX=0\nm_dMajorAxisY=0\nm_dMajorAxisZ=0\n" +
                   kExtrusion + "m_dRatio=0\nm_dStartParam=0\nm_dEndParam=0\n");
@@ -78,7 +78,7 @@ TEST(EntityRecords, EllipseHasItsDefaults)
 TEST(EntityRecords, LwpolylineHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_LWPOLYLINE()),
-              SharedDefaults(5) +
+              BaseDefaults(5) +
                   "m_nVertexCount=0\nm_nFlags=0\nm_dConstantWidth=0\nm_dElevation=0\n"
                   "m_dThickness=0\nm_vertices=\nm_nVertexId=0\n"
                   "m_nStartWidth=0\nm_nEndWidth=0\nm_nBulge=0\n" +
@@ -88,7 +88,7 @@ TEST(EntityRecords, LwpolylineHasItsDefaults)
 TEST(EntityRecords, TextHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_TEXT()),
-              SharedDefaults(6) +
+              BaseDefaults(6) +
                   "m_dThickness=0\nm_dInsertX=0\nm_dInsertY=0\nm_dInsertZ=0\nm_dHeight=5\n"
                   "m_strText=\"\"\nm_dRotation=0\nm_dScaleX=1\nm_dOblique=0\nm_strStyle=\"\"\n"
                   "m_nGenerationFlags=0\nm_nHorzAlign=0\nm_dAlignX=0\nm_dAlignY=0\nm_dAlignZ=0\n" +
@@ -98,7 +98,7 @@ TEST(EntityRecords, TextHasItsDefaults)
 TEST(EntityRecords, MtextHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_MTEXT()),
-              SharedDefaults(7) +
+              BaseDefaults(7) +
                   "m_dInsertX=0\nm_dInsertY=0\nm_dInsertZ=0\nm_dHeight=5\nm_dRefWidth=0\n"
                   "m_nAttachment=1\nm_nDrawingDirection=0\nm_strText=\"\"\nm_strTextMore=\"\"\n"
                   "m_strStyle=\"\"\n" +
@@ -112,7 +112,7 @@ TEST(EntityRecords, MtextHasItsDefaults)
 TEST(EntityRecords, InsertHasItsDefaults)
 {
     EXPECT_EQ(RecordText(DXF_GRAPHIC_INSERT()),
-              SharedDefaults(8) +
+              BaseDefaults(8) +
                   "m_nAttributesFollow=0\nm_strBlockName=\"\"\n"
                   "m_dInsertX=0\nm_dInsertY=0\nm_dInsertZ=0\n"
                   "m_dScaleX=1\nm_dScaleY=1\nm_dScaleZ=1\nm_dRotation=0\n"
@@ -122,7 +122,7 @@ TEST(EntityRecords, InsertHasItsDefaults)
 
 TEST(EntityRecords, DimensionHasTheSharedDefaultsAndNoParts)
 {
-    EXPECT_EQ(RecordText(DXF_GRAPHIC_DIMENSION()), SharedDefaults(9) + "m_parts=0\n");
+    EXPECT_EQ(RecordText(DXF_GRAPHIC_DIMENSION()), BaseDefaults(9) + "m_parts=0\n");
 }
 
 TEST(EntityRecords, PointIsAtTheOrigin)
@@ -136,7 +136,7 @@ TEST(EntityRecords, EntityWithoutGroupsHoldsItsDefaults)
     int kind = 1;
     for (const std::string_view type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"}) {
-        const OneEntity reader({{0, type}});
+        const ReportedEntity reader({{0, type}});
         EXPECT_EQ(reader.Changed(), "") << type;
         EXPECT_EQ(reader.entities[0]->m_nEntityType, kind++) << type;
         EXPECT_EQ(reader.errors, Texts()) << type;
@@ -147,7 +147,7 @@ TEST(EntityRecords, EntityOfUnknownGroupsOnlyHoldsItsDefaults)
 {
     for (const std::string_view type :
          {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT"}) {
-        const OneEntity reader({{0, type}, {999, "x"}, {-4, "1"}});
+        const ReportedEntity reader({{0, type}, {999, "x"}, {-4, "1"}});
         EXPECT_EQ(reader.Changed(), "") << type;
         EXPECT_EQ(reader.errors,
                   (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('999' = 'x') Line:8",
@@ -158,29 +158,30 @@ TEST(EntityRecords, EntityOfUnknownGroupsOnlyHoldsItsDefaults)
 
 TEST(EntityRecords, LineTypeScaleLosesItsFraction)
 {
-    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 0.5}}).Changed(), "m_dLineTypeScale=0");
-    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 3}}).Changed(), "m_dLineTypeScale=3");
-    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, 2.75}}).Changed(), "m_dLineTypeScale=2");
-    EXPECT_EQ(OneEntity({{0, "LINE"}, {48, -1.5}}).Changed(), "m_dLineTypeScale=-1");
+    EXPECT_EQ(ReportedEntity({{0, "LINE"}, {48, 0.5}}).Changed(), "m_dLineTypeScale=0");
+    EXPECT_EQ(ReportedEntity({{0, "LINE"}, {48, 3}}).Changed(), "m_dLineTypeScale=3");
+    EXPECT_EQ(ReportedEntity({{0, "LINE"}, {48, 2.75}}).Changed(), "m_dLineTypeScale=2");
+    EXPECT_EQ(ReportedEntity({{0, "LINE"}, {48, -1.5}}).Changed(), "m_dLineTypeScale=-1");
 }
 
 TEST(EntityRecords, BulgeLosesItsFraction)
 {
-    EXPECT_EQ(OneEntity({{0, "LWPOLYLINE"}, {10, 1.5}, {20, 2.5}, {42, 0.5}, {10, 3}, {20, 4}}).Changed(),
-              "m_vertices=(1.5,2.5)(3,4)");
+    EXPECT_EQ(
+        ReportedEntity({{0, "LWPOLYLINE"}, {10, 1.5}, {20, 2.5}, {42, 0.5}, {10, 3}, {20, 4}}).Changed(),
+        "m_vertices=(1.5,2.5)(3,4)");
 }
 
 TEST(EntityRecords, SecondPointOfATextHasItsZFrom33)
 {
-    const OneEntity unknown({{0, "TEXT"}, {31, 7}});
+    const ReportedEntity unknown({{0, "TEXT"}, {31, 7}});
     EXPECT_EQ(unknown.Changed(), "");
     EXPECT_EQ(unknown.errors, (Texts{"1 7 ReadENTITIES_COMMON Unknown Dimension type  ('31' = '7') Line:8"}));
-    EXPECT_EQ(OneEntity({{0, "TEXT"}, {33, 7}}).Changed(), "m_dAlignZ=7");
+    EXPECT_EQ(ReportedEntity({{0, "TEXT"}, {33, 7}}).Changed(), "m_dAlignZ=7");
 }
 
 TEST(EntityRecords, OfAnMtextsChunksTheLastIsKeptBesideTheText)
 {
-    EXPECT_EQ(OneEntity({{0, "MTEXT"}, {3, "one"}, {3, "two"}, {3, "three"}, {1, "end"}}).Changed(),
+    EXPECT_EQ(ReportedEntity({{0, "MTEXT"}, {3, "one"}, {3, "two"}, {3, "three"}, {1, "end"}}).Changed(),
               "m_strText=\"end\" m_strTextMore=\"three\"");
 }
 

@@ -33,7 +33,7 @@ FieldTexts InsertFields(const CDxfRead& reader)
     return FieldMapOf(OnlyEntity<DXF_GRAPHIC_INSERT>(reader.entities));
 }
 
-const FieldRow kRows[] = {
+const FieldRow kInsertRows[] = {
     {2, "  Door 1 ", "m_strBlockName", "Door 1"}, // trimmed, unlike the strings of texts
     {10, " 1.5 ", "m_dInsertX", "1.5"},
     {20, "2.5", "m_dInsertY", "2.5"},
@@ -63,7 +63,7 @@ TEST(InsertReader, RecordWithoutGroupsHoldsTheDefaults)
 
 TEST(InsertReader, EachGroupFillsItsFieldAndNoOther)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kInsertRows) {
         const OneEntity reader("INSERT", {{row.code, row.value}});
         EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{row.field, row.text}}))
             << "group " << row.code;
@@ -73,7 +73,7 @@ TEST(InsertReader, EachGroupFillsItsFieldAndNoOther)
 
 TEST(InsertReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kInsertRows) {
         const OneEntity reader("INSERT", {{row.code, "9"}, {row.code, row.value}});
         EXPECT_EQ(InsertFields(reader), With(InsertDefaults(), {{row.field, row.text}}))
             << "group " << row.code;

@@ -48,7 +48,7 @@ FieldTexts MTextFields(const CDxfRead& reader)
     return FieldMapOf(OnlyEntity<DXF_GRAPHIC_MTEXT>(reader.entities));
 }
 
-const FieldRow kRows[] = {
+const FieldRow kMTextRows[] = {
     {1, "  end ", "m_strText", "  end "},
     {3, " part  ", "m_strTextMore", " part  "},
     {7, " Roman ", "m_strStyle", " Roman "},
@@ -92,7 +92,7 @@ TEST(MTextReader, RecordWithoutGroupsHoldsTheDefaults)
 
 TEST(MTextReader, EachGroupFillsItsFieldAndNoOther)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kMTextRows) {
         const OneEntity reader("MTEXT", {{row.code, row.value}});
         EXPECT_EQ(MTextFields(reader), With(MTextDefaults(), {{row.field, row.text}}))
             << "group " << row.code;
@@ -102,7 +102,7 @@ TEST(MTextReader, EachGroupFillsItsFieldAndNoOther)
 
 TEST(MTextReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kMTextRows) {
         const OneEntity reader("MTEXT", {{row.code, "9"}, {row.code, row.value}});
         EXPECT_EQ(MTextFields(reader), With(MTextDefaults(), {{row.field, row.text}}))
             << "group " << row.code;

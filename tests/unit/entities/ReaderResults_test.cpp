@@ -9,13 +9,13 @@ namespace {
 
 using Reader = bool (CDxfRead::*)(CDxfStream& stream, DXF_ENTITY_LIST& list);
 
-struct Entity {
+struct ReaderRow {
     const char* type;
     Reader read;
 };
 
 // DIMENSION has its own rules.
-constexpr Entity kEntities[] = {
+constexpr ReaderRow kReadEntities[] = {
     {"LINE", &CDxfRead::ReadENTITIES_LINE},
     {"ARC", &CDxfRead::ReadENTITIES_ARC},
     {"CIRCLE", &CDxfRead::ReadENTITIES_CIRCLE},
@@ -51,7 +51,7 @@ constexpr Ending kEndings[] = {
 
 TEST(ReaderResults, EntityIsTrueOnlyAtAZeroAndKeptInAnyCase)
 {
-    for (const Entity& entity : kEntities)
+    for (const ReaderRow& entity : kReadEntities)
         for (const Ending& ending : kEndings) {
             CDxfMemory memory(ending.lines);
             CDxfStream stream(memory);

@@ -36,7 +36,7 @@ FieldTexts TextFields(const CDxfRead& reader)
     return FieldMapOf(OnlyEntity<DXF_GRAPHIC_TEXT>(reader.entities));
 }
 
-const FieldRow kRows[] = {
+const FieldRow kTextRows[] = {
     {1, "  Hello  ", "m_strText", "  Hello  "},
     {7, " Roman S ", "m_strStyle", " Roman S "},
     {10, " 1.5 ", "m_dInsertX", "1.5"},
@@ -68,7 +68,7 @@ TEST(TextReader, RecordWithoutGroupsHoldsTheDefaults)
 
 TEST(TextReader, EachGroupFillsItsFieldAndNoOther)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kTextRows) {
         const OneEntity reader("TEXT", {{row.code, row.value}});
         EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{row.field, row.text}})) << "group " << row.code;
         EXPECT_EQ(reader.errors, Errors()) << "group " << row.code;
@@ -77,7 +77,7 @@ TEST(TextReader, EachGroupFillsItsFieldAndNoOther)
 
 TEST(TextReader, LaterGroupReplacesTheFieldOfAnEarlierOne)
 {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : kTextRows) {
         const OneEntity reader("TEXT", {{row.code, "9"}, {row.code, row.value}});
         EXPECT_EQ(TextFields(reader), With(TextDefaults(), {{row.field, row.text}})) << "group " << row.code;
     }
