@@ -175,6 +175,12 @@ struct LeaderBranch {
     std::vector<LeaderLine> lines;
 };
 
+// What a multileader's block says in place of one of its ATTDEFs.
+struct LeaderAttribute {
+    Handle definition = 0; // 330
+    std::string text;      // 302
+};
+
 struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     std::vector<LeaderBranch> branches;
     std::int32_t leaderType = 1;     // 170: none, straight, spline
@@ -204,7 +210,8 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     Point3 blockScale{1, 1, 1};      // 16
     double blockRotation = 0;        // 46
     std::vector<double> blockMatrix; // 47, sixteen
-    Handle arrowHandle = 0;          // 342
+    std::vector<LeaderAttribute> attributes;
+    Handle arrowHandle = 0; // 342
 };
 
 // RAY and XLINE, in world coordinates.

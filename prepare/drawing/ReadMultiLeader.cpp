@@ -84,6 +84,22 @@ void ReadContext(RecordReader& reader, MultiLeader& leader, CDxfLine value)
         ReadBraces<kContext>(reader, leader, 301);
 }
 
+// The first handle is the owner's; each of the others begins an attribute.
+void ReadOwnerOrDefinition(RecordReader& reader, MultiLeader& leader, CDxfLine value)
+{
+    LeaderAttribute attribute;
+    attribute.definition = reader.ReadHandle(value);
+    if (leader.owner == 0)
+        leader.owner = attribute.definition;
+    reader.Append(leader.attributes, attribute);
+}
+
+void ReadAttributeText(RecordReader& reader, MultiLeader& leader, CDxfLine value)
+{
+    if (!leader.attributes.empty())
+        leader.attributes.back().text = reader.Text(value);
+}
+
 constexpr auto kMultiLeader = EntityFields<MultiLeader>({
     {91, &MultiLeader::lineColour},
     {170, &MultiLeader::leaderType},
@@ -91,6 +107,8 @@ constexpr auto kMultiLeader = EntityFields<MultiLeader>({
     {291, &MultiLeader::hasDogleg},
     {292, &MultiLeader::hasFrame},
     {300, ReadContext},
+    {302, ReadAttributeText},
+    {330, ReadOwnerOrDefinition},
     {342, &MultiLeader::arrowHandle},
 });
 

@@ -335,6 +335,37 @@ void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& conte
                           Turned(leader.blockRotation) * Scaled(UsableScale(leader.blockScale)) *
                           Moved(-1 * block->base);
     UseBlock(*block, matrix, context, style, leader.line);
+    if (IsFinite(matrix))
+        PlaceLeaderAttributes(leader, {matrix, style, true, context.sink, context.cut});
+}
+
+void Converter::PlaceLeaderAttributes(const MultiLeader& leader, const Context& ofBlock)
+{
+    for (const LeaderAttribute& attribute : leader.attributes) {
+        const Text* const definition =
+            attribute.text.empty() ? nullptr : FindDefinition(attribute.definition);
+        if (definition == nullptr || !TakePlace(leader.line))
+            continue;
+        Text text = *definition;
+        text.type = EntityType::Attrib;
+        text.line = leader.line;
+        text.text = attribute.text;
+        Place(text, ofBlock);
+    }
+}
+
+// The definition of an attribute in any block. All are found at once, since leaders name them by handle.
+const Text* Converter::FindDefinition(Handle handle)
+{
+    if (!m_definitions) {
+        m_definitions.emplace();
+        for (const auto& [name, block] : m_drawing.blocks)
+            for (const auto& entity : block->entities)
+                if (entity->type == EntityType::AttDef)
+                    m_definitions->try_emplace(entity->handle, static_cast<const Text*>(entity.get()));
+    }
+    const auto found = m_definitions->find(handle);
+    return handle != 0 && found != m_definitions->end() ? found->second : nullptr;
 }
 
 // A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut

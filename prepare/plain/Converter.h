@@ -117,6 +117,8 @@ private:
     void RedrawDimension(const Dimension& dimension, const Context& context, const Style& style);
     void PlaceTable(const Table& table, const Context& context, const Style& style);
     void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
+    void PlaceLeaderAttributes(const MultiLeader& leader, const Context& ofBlock);
+    const Text* FindDefinition(Handle handle);
     void DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
                  const Matrix& placement, const Context& context, const Style& style);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
@@ -141,6 +143,8 @@ private:
     Report& m_report;
     View m_whole;
     View* m_view = &m_whole;
+    std::optional<std::map<Handle, const Text*>>
+        m_definitions;                     // ATTDEFs of blocks, made for the first leader
     std::optional<StyleResolver> m_styles; // made with the first entity: the tables are complete then
     Style m_noInsert;
     BlockVariants m_variants;

@@ -108,7 +108,7 @@ std::optional<unsigned> ReadUnicodeEscape(std::string_view text)
     return FourHexDigits(text.substr(3));
 }
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
+constexpr std::string_view kReplacementText = "\xEF\xBF\xBD"; // U+FFFD
 
 constexpr std::size_t kUnicodeEscape = sizeof("\\U+XXXX") - 1;
 
@@ -155,8 +155,8 @@ std::string FromEastAsianPage(const NamedCodePage& codePage, std::string_view ma
     bytes += static_cast<char>(number & 0xFF);
     const std::string text = codePage.Utf8(bytes);
     const std::string converted = codePage.Utf8(marker);
-    const bool isWhole = text.starts_with(converted) && text.find(kReplacement) == std::string::npos;
-    return isWhole ? text.substr(converted.size()) : std::string(kReplacement);
+    const bool isWhole = text.starts_with(converted) && text.find(kReplacementText) == std::string::npos;
+    return isWhole ? text.substr(converted.size()) : std::string(kReplacementText);
 }
 
 TextCode ReadEastAsianCode(std::string_view text)
@@ -169,7 +169,7 @@ TextCode ReadEastAsianCode(std::string_view text)
     const NamedCodePage& codePage = CodePageOf(page.name);
     while (const std::optional<unsigned> next = ReadEastAsianEscape(text.substr(code.size), text[3])) {
         const std::string letters = FromEastAsianPage(codePage, page.marker, *next);
-        code.isWrong |= letters == kReplacement;
+        code.isWrong |= letters == kReplacementText;
         code.letters += letters;
         code.size += kEastAsianEscape;
     }

@@ -239,6 +239,7 @@ TEST(ReadEntity, MultiLineHasParametersForEachElementOfEachVertex)
 TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
 {
     const ReadBlock block({{0, "MULTILEADER"},
+                           {330, "E"},
                            {300, "CONTEXT_DATA{"},
                            {40, "2"},
                            {10, "0"},
@@ -268,7 +269,10 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
                            {170, "2"},
                            {172, "2"},
                            {41, "99"},
-                           {340, "12"}});
+                           {340, "12"},
+                           {330, "1F"},
+                           {177, "0"},
+                           {302, "7b"}});
     const MultiLeader& leader = block.As<MultiLeader>();
     EXPECT_EQ(leader.scale, 2);
     EXPECT_EQ(leader.textHeight, 3);
@@ -277,6 +281,10 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
     EXPECT_EQ(leader.text, "Note");
     EXPECT_EQ(leader.textStyleHandle, 0x11u);
     EXPECT_EQ(leader.leaderType, 2);
+    ASSERT_EQ(leader.attributes.size(), 2u); // the first handle is the owner's
+    EXPECT_EQ(leader.owner, 0xEu);
+    EXPECT_EQ(leader.attributes[1].definition, 0x1Fu);
+    EXPECT_EQ(leader.attributes[1].text, "7b");
     ASSERT_EQ(leader.branches.size(), 1u);
     EXPECT_TRUE(leader.branches[0].hasLanding);
     EXPECT_EQ(leader.branches[0].landing, (Point3{6, 7, 0}));

@@ -75,5 +75,34 @@ TEST(Converter, EachPlaceOfAnArrayHasTheAttributes)
     EXPECT_EQ(output.model.lines.size(), 8U);
 }
 
+TEST(Converter, ALeadersBlockHasTheLeadersAttributes)
+{
+    Drawing drawing;
+    const NameId name = drawing.names.Of("BUBBLE");
+    auto block = std::make_unique<Block>();
+    block->name = name;
+    block->base = {1, 0, 0};
+    std::unique_ptr<Text> definition = Attribute({2, 0, 0});
+    definition->type = EntityType::AttDef;
+    definition->handle = 0xA;
+    block->entities.push_back(std::move(definition));
+    drawing.blocks[name] = std::move(block);
+    drawing.blockOfRecord[0xB] = name;
+
+    MultiLeader leader;
+    leader.contentType = 1;
+    leader.blockHandle = 0xB;
+    leader.blockPoint = {10, 20, 0};
+    leader.blockScale = {3, 3, 3};
+    leader.attributes = {{0xF, "no"}, {0xA, "12"}, {0, "no"}};
+    RecordingOutput output;
+    Report report;
+    const Options options;
+    Converter converter(drawing, options, {}, output, report);
+    converter.Take(leader);
+    EXPECT_EQ(output.model.lines,
+              (Lines{"insert 0 at 7,20 turned 0", "text '12' at 13,20 along 3,0 up 0,3 start"}));
+}
+
 } // namespace
 } // namespace prepare
