@@ -8,7 +8,8 @@
 
 namespace plexorn {
 
-std::string WriteOutput(const Job& job, const std::function<bool(OutputFile& file)>& write)
+std::string WriteOutput(const Job& job, const Options& options,
+                        const std::function<bool(OutputFile& file)>& write)
 {
     const std::filesystem::path path = PathFromArgument(job.output);
     std::error_code error;
@@ -16,7 +17,7 @@ std::string WriteOutput(const Job& job, const std::function<bool(OutputFile& fil
         std::filesystem::create_directories(path.parent_path(), error);
     if (error)
         return error.message();
-    OutputFile file(path);
+    OutputFile file(path, options.isForced);
     if (file.Error().empty() && write(file) && file.Commit())
         return "";
     return file.Error().empty() ? std::generic_category().message(ENOMEM) : file.Error();

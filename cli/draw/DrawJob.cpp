@@ -314,8 +314,9 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing, sheet);
     // Only pictures that have the mark themselves can be recognised.
     outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
-    const std::string reason = WriteOutput(
-        job, [&](OutputFile& file) { return svgHostWrite(document.get(), &written, WriteToFile, &file); });
+    const std::string reason = WriteOutput(job, options, [&](OutputFile& file) {
+        return svgHostWrite(document.get(), &written, WriteToFile, &file);
+    });
     // An interruption ends the process as soon as nothing is written any more; there is nothing to say.
     if (!reason.empty() && InterruptGuard::IsInterrupted())
         return;

@@ -1,8 +1,8 @@
 #include "cli/files/OutputFile.h"
 
+#include "cli/files/Leftovers.h"
 #include "cli/system/Native.h"
 
-#include <atomic>
 #include <cerrno>
 #include <system_error>
 
@@ -12,19 +12,21 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kTemporaryNames = 100;
-
 // How many links a system follows before it takes them for a circle.
 constexpr int kMostLinks = 40;
 
 // Where the bytes end up when path may be a symbolic link, to a file that is not there yet too; empty when
-// the links lead nowhere.
-fs::path FollowLinks(fs::path path)
+// the links lead nowhere, or past one of others when those are not followed.
+fs::path FollowLinks(fs::path path, bool followsAll, bool& isOfOthers)
 {
     std::error_code error;
+    isOfOthers = false;
     for (int i = 0; i <= kMostLinks; ++i) {
         if (!fs::is_symlink(fs::symlink_status(path, error)))
             return path;
+        isOfOthers = !followsAll && IsLinkOfOthers(path);
+        if (isOfOthers)
+            break;
         path = path.parent_path() / fs::read_symlink(path, error);
         if (error)
             break;
@@ -41,7 +43,7 @@ bool IsWrittenDirectly(const fs::path& path, fs::file_type type)
 
 } // namespace
 
-OutputFile::OutputFile(const fs::path& target)
+OutputFile::OutputFile(const fs::path& target, bool isForced)
 {
     std::error_code ignored;
     const fs::file_type type = fs::status(target, ignored).type();
@@ -58,12 +60,22 @@ OutputFile::OutputFile(const fs::path& target)
         if (!m_file)
             Fail(errno);
     } else {
-        m_target = FollowLinks(target);
-        if (m_target.empty())
-            Fail(ELOOP);
-        else
-            OpenTemporary();
+        OpenTarget(target, isForced);
     }
+}
+
+void OutputFile::OpenTarget(const fs::path& target, bool isForced)
+{
+    bool isOfOthers = false;
+    m_target = FollowLinks(target, isForced, isOfOthers);
+    if (isOfOthers)
+        Refuse("it is a link in a folder of others; --force follows it");
+    else if (m_target.empty())
+        Fail(ELOOP);
+    else if (!isForced && IsReadOnly(m_target))
+        Refuse("it is read-only; --force replaces it");
+    else
+        OpenTemporary();
 }
 
 OutputFile::~OutputFile()
@@ -79,21 +91,20 @@ void OutputFile::OpenTemporary()
 {
     // Not when the target is written directly: a pipe can keep its writer waiting.
     m_guard.emplace();
-    // Threads that write into one folder do not try the same names.
-    static std::atomic<unsigned> next = 0;
-    const std::string start = std::string(".plexorn-").append(std::to_string(ProcessNumber())).append("-");
-    for (int i = 0; i < kTemporaryNames; ++i) {
-        const std::string name = start + std::to_string(next++) + ".tmp";
-        const fs::path path = m_target.parent_path() / name;
-        m_file = CreateNew(path, m_target);
-        if (m_file) {
-            m_temporary = path;
-            return;
-        }
-        if (errno != EEXIST)
-            break;
-    }
-    Fail(errno);
+    RemoveLeftovers(m_target.parent_path());
+    const fs::path path = m_target.parent_path() / TemporaryName();
+    errno = 0;
+    m_file = CreateNew(path, m_target);
+    if (m_file)
+        m_temporary = path;
+    else
+        Fail(errno);
+}
+
+bool OutputFile::Refuse(const char* reason)
+{
+    m_error = reason;
+    return false;
 }
 
 bool OutputFile::Fail(int error)
@@ -131,6 +142,8 @@ bool OutputFile::Commit()
         return true;
     if (IsInterrupted())
         return Fail(EINTR);
+    // Only a target that the output was forced on can be read-only here.
+    MakeReplaceable(m_target);
     std::error_code error;
     fs::rename(m_temporary, m_target, error);
     if (error) {

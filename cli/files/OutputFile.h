@@ -14,15 +14,17 @@ namespace plexorn {
 // A file that is written under a temporary name in the target's folder and takes the target's name when it is
 // complete: a reader of the target sees the old file or the new one. A symbolic link stays, its target is
 // replaced or made; a device, a pipe or the standard output (-, /dev/stdout) is written to directly. Who may
-// read and write an older file may do so with the new one. Destroyed without Commit, it leaves no trace, not
-// even when a signal ends the process: the signal makes writes fail and waits until this object is gone.
+// read and write an older file may do so with the new one. An older file that may not be written to and a
+// link that others may have made are left alone unless the output is forced. Destroyed without Commit, it
+// leaves no trace, not even when a signal ends the process: the signal makes writes fail and waits until this
+// object is gone.
 class OutputFile {
 public:
     // The target that is the standard output.
     static constexpr const char* kStandardOutput = "-";
 
     // Opens the file; Error says why if that failed.
-    explicit OutputFile(const std::filesystem::path& target);
+    OutputFile(const std::filesystem::path& target, bool isForced);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
@@ -37,8 +39,10 @@ public:
     const std::string& Error() const { return m_error; }
 
 private:
+    void OpenTarget(const std::filesystem::path& target, bool isForced);
     void OpenTemporary();
     bool Fail(int error);
+    bool Refuse(const char* reason);
     bool IsInterrupted() const { return m_guard && InterruptGuard::IsInterrupted(); }
     bool Close();
 

@@ -69,6 +69,9 @@ constexpr OptionRow kStrict = {
 constexpr OptionRow kVerbose = {"--verbose", "",
                                 "Print every message, instead of one line for all that say the same",
                                 &Options::isVerbose};
+constexpr OptionRow kForce = {"--force", "",
+                              "Replace files that are read-only, and follow links in folders of others",
+                              &Options::isForced};
 constexpr OptionRow kMinDrawn = {
     "--min-drawn", "SHARE",
     "End with exit code 1 when less than this share of a drawing's entities is shown, such as 95%",
@@ -83,6 +86,7 @@ constexpr OptionRow kDrawRows[] = {
      &Options::output, CheckNotEmpty},
     {"--no-clobber", "", "Skip drawings whose picture exists", &Options::keepsPictures},
     {"--newer-only", "", "Skip drawings that are not newer than their picture", &Options::drawsNewerOnly},
+    kForce,
     {"-j,--jobs", "N", "Draw N drawings at a time; by default as many as the machine has cores",
      &Options::jobs, CheckJobs},
     kFilesFrom,
@@ -166,6 +170,7 @@ constexpr OptionRow kPrepareRows[] = {
     {"--no-clobber", "", "Skip drawings whose prepared drawing exists", &Options::keepsPictures},
     {"--newer-only", "", "Skip drawings that are not newer than their prepared drawing",
      &Options::drawsNewerOnly},
+    kForce,
     {"-j,--jobs", "N", "Prepare N drawings at a time; by default as many as the machine has cores",
      &Options::jobs, CheckJobs},
     kFilesFrom,

@@ -59,7 +59,8 @@ struct Options {
     std::string output;
     bool keepsPictures = false; // a picture that exists is not replaced
     bool drawsNewerOnly = false;
-    std::size_t jobs = 0; // 0: as many as the machine has cores
+    bool isForced = false; // what is read-only is replaced, links of others are followed
+    std::size_t jobs = 0;  // 0: as many as the machine has cores
     std::string units = "header";
     std::string background; // a CSS colour or "none"; empty: what fits the rest
     bool isOnPaper = false;

@@ -40,7 +40,7 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     ListFindings(findings, report);
     PrepareOutcome outcome = PrepareOutcome::Done;
     PreparedOutcome told;
-    const std::string reason = WriteOutput(job, [&](OutputFile& file) {
+    const std::string reason = WriteOutput(job, options, [&](OutputFile& file) {
         const auto write = [&](std::string_view bytes) {
             told.bytes += bytes.size();
             return file.Write(bytes.data(), bytes.size());

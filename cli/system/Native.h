@@ -85,11 +85,23 @@ void FillStandardStreams();
 
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
 // exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,
-// when there is one.
+// when there is one. A file that CreateNew makes is known as open until it is closed.
 std::FILE* OpenForReading(const std::filesystem::path& path);
 std::FILE* OpenForAppending(const std::filesystem::path& path);
 std::FILE* OpenStandardOutput();
 std::FILE* CreateNew(const std::filesystem::path& path, const std::filesystem::path& model);
+
+// Whether path is a file that this user may not write to, or that nobody may.
+bool IsReadOnly(const std::filesystem::path& path);
+// Lets another file take the place of a read-only one.
+void MakeReplaceable(const std::filesystem::path& path);
+
+// Whether path is a symbolic link that another user made, or may have made: in a folder of somebody else than
+// this user and the system's administrator, or by somebody else in a folder in which others can write.
+bool IsLinkOfOthers(const std::filesystem::path& path);
+
+// Removes a file that CreateNew made unless a process still has it open.
+void RemoveUnlessOpen(const std::filesystem::path& path);
 
 // Brings what was written and flushed to the disk; false with errno set when that fails.
 bool SyncToDisk(std::FILE* file);
@@ -107,5 +119,7 @@ void EndBySignal(int signal);
 
 // This process's number, no other running process has it.
 unsigned long ProcessNumber();
+// Whether a process has that number.
+bool IsRunning(unsigned long process);
 
 } // namespace plexorn

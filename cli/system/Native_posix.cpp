@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -184,7 +185,42 @@ std::FILE* CreateNew(const fs::path& path, const fs::path& model)
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
     if (descriptor >= 0 && hasModel)
         CopyAccess(descriptor, old);
+    // Not every file system has locks; then the number in the name alone says whether the process is there.
+    if (descriptor >= 0)
+        flock(descriptor, LOCK_EX | LOCK_NB);
     return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+}
+
+bool IsReadOnly(const fs::path& path)
+{
+    // The administrator may write to everything, and means a file that nobody may write to no less.
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 &&
+           ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || access(path.c_str(), W_OK) != 0);
+}
+
+void MakeReplaceable(const fs::path&) {}
+
+bool IsLinkOfOthers(const fs::path& path)
+{
+    const fs::path parent = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    struct stat link = {}, folder = {};
+    if (lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode) || stat(parent.c_str(), &folder) != 0)
+        return false;
+    const uid_t user = geteuid();
+    const bool isFolderOfOthers = folder.st_uid != user && folder.st_uid != 0;
+    const bool canOthersWrite = (folder.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+    return isFolderOfOthers || (canOthersWrite && link.st_uid != user && link.st_uid != 0);
+}
+
+void RemoveUnlessOpen(const fs::path& path)
+{
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        unlink(path.c_str());
+    close(descriptor);
 }
 
 bool SyncToDisk(std::FILE* file)
@@ -214,6 +250,11 @@ void EndBySignal(int signal)
 unsigned long ProcessNumber()
 {
     return static_cast<unsigned long>(getpid());
+}
+
+bool IsRunning(unsigned long process)
+{
+    return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
 }
 
 } // namespace plexorn

@@ -217,6 +217,28 @@ std::FILE* CreateNew(const fs::path& path, const fs::path&)
     return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL, L"wb");
 }
 
+bool IsReadOnly(const fs::path& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+void MakeReplaceable(const fs::path& path)
+{
+    if (IsReadOnly(path))
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+bool IsLinkOfOthers(const fs::path&)
+{
+    return false; // making a link takes a privilege here
+}
+
+void RemoveUnlessOpen(const fs::path& path)
+{
+    DeleteFileW(path.c_str()); // fails while it is open
+}
+
 bool SyncToDisk(std::FILE* file)
 {
     return _commit(_fileno(file)) == 0;
@@ -244,6 +266,17 @@ void EndBySignal(int)
 unsigned long ProcessNumber()
 {
     return GetCurrentProcessId();
+}
+
+bool IsRunning(unsigned long process)
+{
+    const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
+    if (handle == nullptr)
+        return GetLastError() == ERROR_ACCESS_DENIED;
+    DWORD code = 0;
+    const bool isRunning = GetExitCodeProcess(handle, &code) == 0 || code == STILL_ACTIVE;
+    CloseHandle(handle);
+    return isRunning;
 }
 
 } // namespace plexorn

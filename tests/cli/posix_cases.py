@@ -77,6 +77,120 @@ class Permissions(CommandTest):
         self.assertEqual((status.st_uid, status.st_gid, stat.S_IMODE(status.st_mode)), (NOBODY, NOBODY, 0o600))
 
 
+class OutputsOfOthers(CommandTest):
+    """Pictures that the user may not mean to replace: read-only ones, and what links of other users lead to."""
+
+    def test_a_read_only_picture_is_replaced_by_force_alone(self):
+        self.write("plan.dxf")
+        self.write("plan.svg", b"old")
+        os.chmod(self.path("plan.svg"), 0o444)
+        self.assertEqual(self.expect(3, "plan.dxf"),
+                         "plan.svg: cannot be written: it is read-only; --force replaces it\n")
+        self.assertEqual(self.read("plan.svg"), "old")
+        self.assertIn("it is read-only", self.expect(3, "prepare", "plan.dxf", "-o", "plan.svg"))
+        self.expect(0, "--force", "plan.dxf")
+        self.assertIn("</svg>", self.read("plan.svg"))
+        self.assertEqual(stat.S_IMODE(os.stat(self.path("plan.svg")).st_mode), 0o444)
+
+    def draw_through_link(self, code, *arguments):
+        """Draws to shared/link, which leads to far/picture.svg; what was printed and what the picture is then."""
+        self.write("far/picture.svg", b"old")
+        printed = self.expect(code, *arguments, "plan.dxf", "-o", "shared/link")
+        return printed, "</svg>" in self.read("far/picture.svg")
+
+    def make_link(self, folder_mode, folder_owner, link_owner):
+        if os.geteuid() != 0:
+            self.skipTest("only root can give files away")
+        self.write("plan.dxf")
+        os.mkdir(self.path("far"))
+        os.mkdir(self.path("shared"))
+        os.chmod(self.path("shared"), folder_mode)
+        os.symlink(self.path("far/picture.svg"), self.path("shared/link"))
+        os.chown(self.path("shared"), folder_owner, folder_owner)
+        os.chown(self.path("shared/link"), link_owner, link_owner, follow_symlinks=False)
+
+    def expect_refused_unless_forced(self):
+        self.assertEqual(self.draw_through_link(3),
+                         ("shared/link: cannot be written: it is a link in a folder of others; --force follows it\n",
+                          False))
+        self.assertTrue(self.draw_through_link(0, "--force")[1])
+        self.assertTrue(os.path.islink(self.path("shared/link")))
+
+    def test_a_link_of_another_user_where_others_write_is_not_followed(self):
+        self.make_link(0o1777, 0, NOBODY)
+        self.expect_refused_unless_forced()
+
+    def test_a_link_in_the_folder_of_another_user_is_not_followed(self):
+        self.make_link(0o755, NOBODY, 0)
+        self.expect_refused_unless_forced()
+
+    def test_a_link_of_ones_own_where_others_write_is_followed(self):
+        self.make_link(0o1777, 0, 0)
+        self.assertTrue(self.draw_through_link(0)[1])
+
+    def test_a_link_that_another_user_made_in_a_private_folder_is_followed(self):
+        self.make_link(0o755, 0, NOBODY)
+        self.assertTrue(self.draw_through_link(0)[1])
+
+
+class Leftovers(CommandTest):
+    """Temporary files of commands that were killed while they wrote."""
+
+    def number_of_an_ended_process(self):
+        child = subprocess.Popen([sys.executable, "-c", ""])
+        child.wait()
+        return child.pid
+
+    def test_those_of_ended_commands_go_and_others_stay(self):
+        self.write("plan.dxf")
+        ended = self.number_of_an_ended_process()
+        gone = f".plexorn-{ended}-0123456789abcdef.tmp"
+        stay = [f".plexorn-{os.getpid()}-0123456789abcdef.tmp", f".plexorn-{ended}.tmp", ".plexorn-x-1.tmp",
+                f".plexorn-{ended}-1.svg", f"plexorn-{ended}-1.tmp"]
+        for name in [gone, *stay]:
+            self.write(name, b"")
+        self.expect(0, "plan.dxf")
+        self.assertEqual(self.names(), sorted(["plan.dxf", "plan.svg", *stay]))
+
+    def test_one_that_is_open_stays_as_its_command_may_run_on_another_machine(self):
+        self.write("plan.dxf")
+        name = f".plexorn-{self.number_of_an_ended_process()}-0123456789abcdef.tmp"
+        with open(self.path(name), "wb") as held:
+            fcntl.flock(held, fcntl.LOCK_EX)
+            self.expect(0, "plan.dxf")
+            self.assertEqual(self.names(), sorted([name, "plan.dxf", "plan.svg"]))
+        self.expect(0, "plan.dxf")
+        self.assertEqual(self.names(), ["plan.dxf", "plan.svg"])
+
+    def test_a_link_with_such_a_name_leads_to_nothing_that_goes(self):
+        self.write("plan.dxf")
+        self.write("kept", b"kept")
+        os.symlink("kept", self.path(f".plexorn-{self.number_of_an_ended_process()}-1.tmp"))
+        self.expect(0, "plan.dxf")
+        self.assertEqual(self.read("kept"), "kept")
+
+    def killed_while_it_writes(self):
+        """The temporary file that a killed command left; None if the command was quicker."""
+        process = subprocess.Popen([command_support.COMMAND, "--as-is", "-q", "plan.dxf"], cwd=self.folder)
+        names = []
+        while process.poll() is None and not names:
+            names = [name for name in os.listdir(self.folder) if name.startswith(".plexorn-")]
+        process.kill()
+        process.wait()
+        return next((name for name in names if os.path.exists(self.path(name))), None)
+
+    def test_a_killed_command_leaves_a_name_that_cannot_be_guessed(self):
+        self.write("plan.dxf", entities(*LINE * 100_000))
+        left = []
+        while len(left) < 2:
+            name = self.killed_while_it_writes()
+            if name:
+                self.assertRegex(name, r"^\.plexorn-[0-9]+-[0-9a-f]{16}\.tmp$")
+                left.append(name.split("-")[2])
+                os.remove(self.path(name))
+        self.assertNotEqual(left[0], left[1])
+
+
 class SpecialFiles(CommandTest):
     def test_a_pipe_is_refused_at_once(self):
         os.mkfifo(self.path("plan.dxf"))
