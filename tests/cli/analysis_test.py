@@ -14,6 +14,7 @@ sys.path.insert(0, os.path.join(ROOT, "scripts", "lib"))
 import coverage  # noqa: E402
 import lint  # noqa: E402
 import mutants  # noqa: E402
+import mutate  # noqa: E402
 
 
 def changes(source):
@@ -50,6 +51,24 @@ class Mutants(unittest.TestCase):
                 file.write("// 1\nx = a && b;\n")
             mutant, = mutants.find(folder, "a.cpp")
             self.assertEqual((mutant.line, mutants.apply(folder, mutant)), (2, "// 1\nx = a || b;\n"))
+
+
+class Explanations(unittest.TestCase):
+    """What no test can notice and what no test can reach is explained for code that is there."""
+
+    def lines_of(self, path):
+        with open(os.path.join(ROOT, path), encoding="utf-8") as file:
+            return [line.strip() for line in file]
+
+    def test_each_change_that_no_test_can_notice_is_of_a_line(self):
+        explained = mutate.explained()
+        self.assertGreater(len(explained), 30)
+        self.assertEqual([entry for entry in explained if entry[1] not in self.lines_of(entry[0])], [])
+
+    def test_each_line_that_no_test_can_reach_is_there_once(self):
+        _, entries = coverage.read_exceptions()
+        self.assertGreater(len(entries), 5)
+        self.assertEqual([entry[:2] for entry in entries if self.lines_of(entry[0]).count(entry[1]) != 1], [])
 
 
 class Coverage(unittest.TestCase):
