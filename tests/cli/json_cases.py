@@ -35,6 +35,16 @@ class Json(CommandTest):
         self.write("plan.dxf", entities("0", "DIMENSION", *part, *part))
         self.assertIsNone(self.objects(6, "plan.dxf")[0]["line"])
 
+    def test_a_long_word_of_the_drawing_is_shortened_in_each_message(self):
+        marker = "M" * 100 + "\u00e9" * 450
+        codes = [line for code in range(771, 774) for line in (str(code), "1")]
+        self.write("plan.dxf", entities("0", "LINE", "100", marker, *codes))
+        messages = [message for message in self.objects(0, "plan.dxf") if message["type"] == "message"]
+        self.assertEqual([message["line"] for message in messages], [10, 12, 14])
+        for message in messages:
+            self.assertRegex(message["text"], r" M{50,}\u2026\u00e9+ \('77\d' = '1'\) Line:\d+$")
+            self.assertLess(len(message["text"].encode("utf-8")), 200)
+
     def test_every_message_is_an_object(self):
         self.write("plan.dxf", entities(*("0", "SOLID") * 50, *LINE))
         self.assertEqual([message["line"] for message in self.objects(0, "plan.dxf")[:-1]], list(range(6, 106, 2)))

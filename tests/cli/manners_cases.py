@@ -103,7 +103,7 @@ class ReplacedPictures(Manners):
 class OtherForms(Manners):
     def test_an_ending_that_cannot_be_written_is_refused(self):
         self.write("plan.dxf")
-        for output in ("x.png", "X.PDF", "a/b.jpg", "x.svg.jpeg", "x.svgz", "x.eps", "x.dwg"):
+        for output in ("x.png", "X.PDF", "a/b.jpg", "x.svg.jpeg", "x.svgz", "x.eps", "x.dwg", "x.html", "x.plt"):
             printed = self.expect(2, "plan.dxf", "-o", output)
             self.assertIn(f"{output}: a picture is written as SVG, not as {output.split('.')[-1].lower()}; "
                           "give a name that ends in .svg", printed)
