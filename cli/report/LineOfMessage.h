@@ -13,8 +13,8 @@ std::string_view LineOfMessage(std::string_view message);
 // message without that line and the words that lead to it; all of it when it names none.
 std::string_view WithoutLine(std::string_view message);
 
-// The message, or its beginning and its end with an ellipsis between them if it is longer than any that a program's
-// drawing gives: a hostile drawing repeats a long word in each of thousands of messages.
+// The message, or its beginning and its end with an ellipsis between them if it is longer than any that a
+// program's drawing gives: a hostile drawing repeats a long word in each of thousands of messages.
 std::string Shortened(std::string message);
 
 } // namespace plexorn
