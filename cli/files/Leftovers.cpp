@@ -1,8 +1,8 @@
 #include "cli/files/Leftovers.h"
 
+#include "base/Numbers.h"
 #include "cli/system/Native.h"
 
-#include <charconv>
 #include <cstdint>
 #include <mutex>
 #include <random>
@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::string_view kStart = ".plexorn-";
 constexpr std::string_view kEnd = ".tmp";
+constexpr std::size_t kMostDigits = 9; // of a process's number
 
 // The process that a temporary file is named after; 0 for a name of another form.
 unsigned long ProcessOf(std::string_view name)
@@ -26,9 +27,11 @@ unsigned long ProcessOf(std::string_view name)
     if (!name.starts_with(kStart) || !name.ends_with(kEnd))
         return 0;
     name.remove_prefix(kStart.size());
-    unsigned long process = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
-    return error == std::errc() && *end == '-' ? process : 0;
+    const std::string_view digits = name.substr(0, name.find('-'));
+    if (digits.size() == name.size() || digits.empty() || digits.size() > kMostDigits ||
+        digits.find_first_not_of("0123456789") != std::string_view::npos)
+        return 0;
+    return static_cast<unsigned long>(ParseWholeReal(digits).value_or(0));
 }
 
 bool IsFirstCall(const fs::path& folder)
@@ -44,13 +47,10 @@ bool IsFirstCall(const fs::path& folder)
 fs::path TemporaryName()
 {
     std::random_device device;
-    constexpr std::string_view kDigits = "0123456789abcdef";
+    char digits[16];
+    FormatHex(std::uint64_t{device()} << 32 | device(), sizeof(digits), digits);
     std::string name = std::string(kStart).append(std::to_string(ProcessNumber())).append("-");
-    for (int half = 0; half < 2; ++half) {
-        std::uint32_t bits = device();
-        for (int digit = 0; digit < 8; ++digit, bits >>= 4)
-            name += kDigits[bits & 15];
-    }
+    name.append(digits, sizeof(digits));
     return name.append(kEnd);
 }
 
