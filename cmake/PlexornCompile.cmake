@@ -37,14 +37,15 @@ if(MINGW)
 endif()
 
 # plexorn_compile_by_folder(target [ALONE folder...]): compiles the sources of each folder of target's as one, in a
-# third of the time. Helpers of tests in one folder have names of their own; ALONE are those where they have not.
+# third of the time. Helpers of tests in one folder have names of their own; ALONE are those where they have not. The
+# headers of Windows define words such as near: what includes them is compiled alone, too.
 function(plexorn_compile_by_folder target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ALONE")
     get_target_property(sources ${target} SOURCES)
     foreach(source IN LISTS sources)
         cmake_path(GET source PARENT_PATH folder)
         cmake_path(GET folder FILENAME group)
-        if(NOT group IN_LIST arg_ALONE)
+        if(NOT group IN_LIST arg_ALONE AND NOT source MATCHES "_windows\\.cpp$")
             set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${group})
         endif()
     endforeach()
