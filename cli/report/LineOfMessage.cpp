@@ -39,7 +39,7 @@ std::string_view WithoutLine(std::string_view message)
     return message;
 }
 
-std::string Shortened(std::string message)
+std::string WithoutMiddle(std::string message)
 {
     constexpr std::size_t kLongest = 200, kStart = 120, kEnd = 60;
     if (message.size() <= kLongest)

@@ -15,6 +15,6 @@ std::string_view WithoutLine(std::string_view message);
 
 // The message, or its beginning and its end with an ellipsis between them if it is longer than any that a
 // program's drawing gives: a hostile drawing repeats a long word in each of thousands of messages.
-std::string Shortened(std::string message);
+std::string WithoutMiddle(std::string message);
 
 } // namespace plexorn

@@ -28,7 +28,7 @@ std::string MessageJson(const std::string& file, const std::string& text, const 
         json.Null();
     else
         json.Digits(line);
-    json.Member("kind", error.kind).Member("code", error.code).Member("text", Shortened(text));
+    json.Member("kind", error.kind).Member("code", error.code).Member("text", WithoutMiddle(text));
     return json.Close('}').Result() + "\n";
 }
 
