@@ -1,7 +1,5 @@
 #include "cli/report/LineOfMessage.h"
 
-#include "base/Utf8.h"
-
 #include <cstddef>
 #include <initializer_list>
 
@@ -37,18 +35,6 @@ std::string_view WithoutLine(std::string_view message)
         if (message.ends_with(words))
             message.remove_suffix(words.size());
     return message;
-}
-
-std::string WithoutMiddle(std::string message)
-{
-    constexpr std::size_t kLongest = 200, kStart = 120, kEnd = 60;
-    if (message.size() <= kLongest)
-        return message;
-    std::size_t end = message.size() - kEnd;
-    while (end < message.size() && (static_cast<unsigned char>(message[end]) & 0xC0) == 0x80)
-        ++end;
-    const std::size_t start = StartOfUtf8(message, kStart).size();
-    return message.replace(start, end - start, "\u2026");
 }
 
 } // namespace plexorn

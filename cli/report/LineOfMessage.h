@@ -1,7 +1,6 @@
 // The line that a message of the module is about.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace plexorn {
@@ -12,9 +11,5 @@ std::string_view LineOfMessage(std::string_view message);
 
 // message without that line and the words that lead to it; all of it when it names none.
 std::string_view WithoutLine(std::string_view message);
-
-// The message, or its beginning and its end with an ellipsis between them if it is longer than any that a
-// program's drawing gives: a hostile drawing repeats a long word in each of thousands of messages.
-std::string WithoutMiddle(std::string message);
 
 } // namespace plexorn

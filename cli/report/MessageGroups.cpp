@@ -1,7 +1,7 @@
 #include "cli/report/MessageGroups.h"
 
-#include "base/Utf8.h"
 #include "cli/report/LineOfMessage.h"
+#include "cli/report/Shortened.h"
 #include "host/ReportKinds.h"
 
 #include <algorithm>
@@ -11,15 +11,7 @@ namespace plexorn {
 
 namespace {
 
-constexpr std::size_t kMostBytes = 240;
 constexpr std::string_view kEllipsis = "…";
-
-std::string Shortened(std::string_view text)
-{
-    if (text.size() <= kMostBytes)
-        return std::string(text);
-    return std::string(StartOfUtf8(text, kMostBytes)).append(kEllipsis);
-}
 
 // Where a message of that kind quotes a value of the file; past its end when it quotes none. Names, such as
 // those of entity types and subclasses, are no values: each is a message of its own.

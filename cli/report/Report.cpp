@@ -5,6 +5,7 @@
 #include "cli/report/LineOfMessage.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
+#include "cli/report/Shortened.h"
 
 #include <algorithm>
 
@@ -28,7 +29,7 @@ std::string MessageJson(const std::string& file, const std::string& text, const 
         json.Null();
     else
         json.Digits(line);
-    json.Member("kind", error.kind).Member("code", error.code).Member("text", WithoutMiddle(text));
+    json.Member("kind", error.kind).Member("code", error.code).Member("text", Shortened(text));
     return json.Close('}').Result() + "\n";
 }
 

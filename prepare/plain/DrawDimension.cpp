@@ -7,16 +7,18 @@ namespace prepare {
 namespace {
 
 // The lowest four bits of a dimension's kind.
-enum DimensionKind : std::int32_t {
-    kRotated = 0,
-    kAlongPoints = 1,
-    kByLines = 2,
-    kDiametric = 3,
-    kRadial = 4,
-    kByPoints = 5,
-    kOrdinate = 6,
-    kArcLength = 8,
-    kJogged = 9,
+struct DimensionKind {
+    enum : std::int32_t {
+        Rotated = 0,
+        Aligned = 1,
+        ByLines = 2,
+        Diametric = 3,
+        Radial = 4,
+        ByPoints = 5,
+        Ordinate = 6,
+        ArcLength = 8,
+        Jogged = 9,
+    };
 };
 constexpr std::int32_t kOfX = 64;
 
@@ -24,9 +26,9 @@ constexpr std::int32_t kOfX = 64;
 std::int32_t KindOf(const Dimension& dimension, std::string_view typeName)
 {
     if (typeName == "ARC_DIMENSION")
-        return kArcLength;
+        return DimensionKind::ArcLength;
     if (typeName == "LARGE_RADIAL_DIMENSION")
-        return kJogged;
+        return DimensionKind::Jogged;
     return dimension.kind & 15;
 }
 
@@ -38,27 +40,27 @@ void DrawDimension(const Dimension& dimension, const Placement& placement, const
     DimensionPen pen(dimension, placement, styleOf, placeBlock);
     const std::int32_t kind = KindOf(dimension, placement.drawing.names.Text(dimension.typeName));
     switch (kind) {
-    case kRotated:
-    case kAlongPoints:
-        DrawLinearDimension(pen, kind == kAlongPoints);
+    case DimensionKind::Rotated:
+    case DimensionKind::Aligned:
+        DrawLinearDimension(pen, kind == DimensionKind::Aligned);
         break;
-    case kByLines:
-    case kByPoints:
-        DrawAngularDimension(pen, kind == kByLines);
+    case DimensionKind::ByLines:
+    case DimensionKind::ByPoints:
+        DrawAngularDimension(pen, kind == DimensionKind::ByLines);
         break;
-    case kDiametric:
+    case DimensionKind::Diametric:
         DrawDiametricDimension(pen);
         break;
-    case kRadial:
+    case DimensionKind::Radial:
         DrawRadialDimension(pen);
         break;
-    case kOrdinate:
+    case DimensionKind::Ordinate:
         DrawOrdinateDimension(pen, (dimension.kind & kOfX) != 0);
         break;
-    case kArcLength:
+    case DimensionKind::ArcLength:
         DrawArcLengthDimension(pen);
         break;
-    case kJogged:
+    case DimensionKind::Jogged:
         DrawJoggedDimension(pen);
         break;
     default:

@@ -16,6 +16,8 @@ class PackageScript(unittest.TestCase):
             result = subprocess.run([os.path.join(ROOT, "scripts", "package"), "-o", folder, "linux"],
                                     capture_output=True, text=True)
             self.assertEqual(result.returncode, 0, result.stderr)
+            with open(os.path.join(ROOT, "build", "release", "CMakeCache.txt"), encoding="utf-8") as file:
+                self.assertIn("PLEXORN_UNITY:BOOL=OFF\n", file.read())  # each source by itself, as the tests have it
             names = [name for name in sorted(os.listdir(folder)) if name != "SHA256SUMS"]
             self.assertEqual(len(names), 5)
             self.assertFalse(os.path.exists(older))

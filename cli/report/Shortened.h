@@ -1,0 +1,13 @@
+// Messages with long words of the drawing, kept short.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace plexorn {
+
+// A UTF-8 text, or its first 240 bytes and an ellipsis if it is longer: a hostile drawing has a long word in
+// each of many thousand messages.
+std::string Shortened(std::string_view text);
+
+} // namespace plexorn
