@@ -3,9 +3,7 @@
 #include "base/Numbers.h"
 #include "cli/system/Native.h"
 
-#include <cstdint>
 #include <mutex>
-#include <random>
 #include <set>
 #include <string>
 #include <string_view>
@@ -46,9 +44,8 @@ bool IsFirstCall(const fs::path& folder)
 
 fs::path TemporaryName()
 {
-    std::random_device device;
     char digits[16];
-    FormatHex(std::uint64_t{device()} << 32 | device(), sizeof(digits), digits);
+    FormatHex(RandomNumber(), sizeof(digits), digits);
     std::string name = std::string(kStart).append(std::to_string(ProcessNumber())).append("-");
     name.append(digits, sizeof(digits));
     return name.append(kEnd);

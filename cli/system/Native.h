@@ -3,6 +3,7 @@
 
 #include "cli/system/InterruptGuard.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -116,6 +117,9 @@ bool IsTerminal(std::FILE* stream);
 void PutOutNow(std::string_view text);
 // Ends the process as if signal had not been handled; can be called by its handler.
 void EndBySignal(int signal);
+
+// A number that nobody can guess.
+std::uint64_t RandomNumber();
 
 // This process's number, no other running process has it.
 unsigned long ProcessNumber();

@@ -5,10 +5,12 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <string_view>
@@ -245,6 +247,16 @@ void EndBySignal(int signal)
     // It waits until the handler returns, if it is called by one.
     std::signal(signal, SIG_DFL);
     std::raise(signal);
+}
+
+// std::random_device would need a newer C library than the rest of the command does.
+std::uint64_t RandomNumber()
+{
+    std::uint64_t number = 0;
+    if (getentropy(&number, sizeof(number)) == 0)
+        return number;
+    // An old kernel, or one that forbids it: as good as nobody can guess.
+    return static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
 }
 
 unsigned long ProcessNumber()

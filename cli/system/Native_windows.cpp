@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <random>
 #include <system_error>
 
 #include <windows.h>
@@ -261,6 +262,12 @@ void EndBySignal(int)
 {
     constexpr UINT kControlC = 0xC000013A;
     TerminateProcess(GetCurrentProcess(), kControlC);
+}
+
+std::uint64_t RandomNumber()
+{
+    std::random_device device;
+    return std::uint64_t{device()} << 32 | device();
 }
 
 unsigned long ProcessNumber()
