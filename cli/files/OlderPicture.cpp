@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The mark is in the root's tag, which follows a declaration.
+// The mark of a picture is in the root's tag, which follows a declaration.
 constexpr std::size_t kMarkedSize = 1024;
 
 // Devices, pipes and what a process has open are written to, not replaced.
@@ -53,7 +53,7 @@ bool HoldsOtherFile(const std::string& output)
     std::string head(kMarkedSize, '\0');
     head.resize(std::fread(head.data(), 1, head.size(), file.get()));
     const std::string mark = std::string(" data-generator=\"") + kGenerator + "\"";
-    return !head.empty() && head.find(mark) == std::string_view::npos;
+    return !head.empty() && !head.starts_with(kDrawingMark) && head.find(mark) == std::string::npos;
 }
 
 } // namespace plexorn

@@ -1,10 +1,11 @@
-// What is at a picture's place before it is drawn.
+// What is at the place of a picture, or of a prepared drawing, before it is written.
 #pragma once
 
 #include "cli/options/Options.h"
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace plexorn {
 
@@ -13,11 +14,14 @@ namespace plexorn {
 std::string WhyLeftAlone(const std::filesystem::path& drawing, const std::string& output,
                          const Options& options);
 
-// Whether a file is at output that has bytes but not the mark of this command's pictures, and so is lost when
-// the picture replaces it.
-bool HoldsOtherFile(const std::string& output);
-
 // The value of the attribute data-generator that marks a picture.
 inline constexpr const char* kGenerator = "plexorn";
+
+// What a prepared drawing begins with: a comment, which marks it.
+inline constexpr std::string_view kDrawingMark = "999\nplexorn\n";
+
+// Whether a file is at output that has bytes but not the mark of what this command writes, and so is lost when
+// it is replaced.
+bool HoldsOtherFile(const std::string& output);
 
 } // namespace plexorn

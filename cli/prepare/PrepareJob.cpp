@@ -2,6 +2,7 @@
 
 #include "cli/batch/OpenJob.h"
 #include "cli/batch/WriteOutput.h"
+#include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareOptions.h"
@@ -40,11 +41,14 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     ListFindings(findings, report);
     PrepareOutcome outcome = PrepareOutcome::Done;
     PreparedOutcome told;
+    told.hasReplacedOther = HoldsOtherFile(job.output);
     const std::string reason = WriteOutput(job, options, [&](OutputFile& file) {
         const auto write = [&](std::string_view bytes) {
             told.bytes += bytes.size();
             return file.Write(bytes.data(), bytes.size());
         };
+        if (!write(kDrawingMark))
+            return false;
         outcome = prepare::PrepareDrawing(input, PrepareOptionsFor(options), write, findings, {});
         return outcome == PrepareOutcome::Done;
     });

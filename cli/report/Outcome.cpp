@@ -65,6 +65,8 @@ std::string SizeText(const Outcome& outcome)
                    outcome.unit, ", ", outcome.reason, ")"});
 }
 
+constexpr const char* kReplacedOther = "; replaced a file that plexorn had not written";
+
 // Below a third of its picture a drawing is hard to make out.
 std::string FitText(const Outcome& outcome)
 {
@@ -109,9 +111,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
             {"; ", Counted(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
     if (!outcome.isEnded)
         out += "; the file has no EOF: it may have been cut off";
-    if (outcome.hasReplacedOther)
-        out += "; replaced a file that plexorn had not drawn";
-    return out;
+    return outcome.hasReplacedOther ? out.append(kReplacedOther) : out;
 }
 
 std::string OutcomeText(const PreparedOutcome& outcome, std::size_t messages)
@@ -120,8 +120,9 @@ std::string OutcomeText(const PreparedOutcome& outcome, std::size_t messages)
     out.append(Printable(outcome.output)).append(" (").append(Counted(outcome.bytes, "byte", "bytes"));
     out.append("), ").append(ShareText(outcome.share));
     out.append(", ").append(Counted(messages, "message", "messages"));
-    return out.append(", ").append(std::to_string(outcome.time.count())).append(" ms") +
-           MissingText(outcome.share);
+    out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
+    out += MissingText(outcome.share);
+    return outcome.hasReplacedOther ? out.append(kReplacedOther) : out;
 }
 
 std::string TotalText(const Totals& totals, std::size_t messages, std::chrono::milliseconds time)
@@ -179,6 +180,7 @@ std::string OutcomeJson(const std::string& file, const PreparedOutcome& outcome,
         .Member("messages", messages)
         .Member("milliseconds", outcome.time.count());
     AddShare(json, outcome.share);
+    json.Member("replacedOther", outcome.hasReplacedOther);
     return json.Close('}').Result();
 }
 

@@ -42,6 +42,7 @@ struct PreparedOutcome {
     std::uint64_t bytes = 0; // of the prepared drawing
     Share share;
     std::chrono::milliseconds time{};
+    bool hasReplacedOther = false; // whether it replaced a file that this command had not written
 };
 
 // Whether the picture shows all of the drawing as the drawing states it. Messages do not count.

@@ -80,13 +80,29 @@ class NewerOnly(Manners):
 
 class ReplacedPictures(Manners):
     AS_IS = False
-    WORDS = "; replaced a file that plexorn had not drawn\n"
+    WORDS = "; replaced a file that plexorn had not written\n"
 
     def test_a_picture_of_another_program_is_replaced_with_a_word(self):
         self.write("plan.dxf")
         self.write("plan.svg", b'<svg xmlns="http://www.w3.org/2000/svg"/>')
         self.assertIn(self.WORDS, self.expect(0, "plan.dxf"))
         self.assertNotIn("replaced", self.expect(0, "plan.dxf"))
+
+    def test_another_drawing_is_replaced_by_a_prepared_one_with_a_word(self):
+        self.write("plan.dxf")
+        self.write("out.dxf")
+        self.assertIn(self.WORDS, self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf"))
+        self.assertNotIn("replaced", self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf"))
+        self.write("plan.svg")
+        self.expect(0, "plan.dxf", "-o", "plan.svg")
+        self.assertNotIn("replaced", self.expect(0, "prepare", "plan.dxf", "-o", "plan.svg", "--force"))
+
+    def test_prepared_drawings_have_a_mark(self):
+        self.write("plan.dxf")
+        for reader in ("module", "standard"):
+            self.expect(0, "prepare", "--for", reader, "-q", "plan.dxf", "-o", "out.dxf")
+            self.assertTrue(self.read("out.dxf").startswith("999\nplexorn\n0\nSECTION\n"))
+            self.assertIn(", 0 messages, ", self.expect(0, "--as-is", "out.dxf", "-o", "out.svg"))
 
     def test_an_empty_file_is_no_loss(self):
         self.write("plan.dxf")
