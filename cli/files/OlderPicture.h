@@ -20,8 +20,8 @@ inline constexpr const char* kGenerator = "plexorn";
 // What a prepared drawing begins with: a comment, which marks it.
 inline constexpr std::string_view kDrawingMark = "999\nplexorn\n";
 
-// Whether a file is at output that has bytes but not the mark of what this command writes, and so is lost when
-// it is replaced.
+// Whether a file is at output that has bytes but not the mark of what this command writes, and so is lost
+// when it is replaced.
 bool HoldsOtherFile(const std::string& output);
 
 } // namespace plexorn
