@@ -90,7 +90,7 @@ void TellReport(const Report& report, const PrepareOptions& options)
     }
 }
 
-// Tells the layouts if they are wanted; what comes of it is PREPARE_DONE when preparing may go on.
+// Lists the layouts if asked to; returns PREPARE_DONE if preparing may go on.
 PrepareResult TellLayouts(ReopenableSource& source, const PrepareOptions& options)
 {
     if (options.layouts == nullptr)

@@ -14,7 +14,7 @@ namespace prepare {
 
 namespace {
 
-// Looks for a paper space where no layout and no block tells of one.
+// Looks for entities of a paper space, for a drawing in which no layout or block mentions one.
 class PaperSearch final : public EntitySink {
 public:
     void Take(const Entity& entity) override { hasFound = hasFound || entity.isInPaperSpace != 0; }
@@ -89,7 +89,7 @@ private:
     Report& m_report;
     Sheet m_sheet;
     std::vector<Window> m_windows;
-    Report m_unsaid; // of measuring, which finds the same as writing
+    Report m_unsaid; // findings of measuring; dropped, as writing finds them again
     Measure m_measure;
     Converter m_measuring;
     WriteSettings m_settings;
@@ -130,7 +130,7 @@ Measured SheetPasses::AllMeasured(const SheetConverter& converter) const
     return all;
 }
 
-// A paper on which nothing of the layout is says nothing of it.
+// If nothing of the layout is on the paper, the paper size is not used.
 bool SheetPasses::MeasureAll()
 {
     SheetSettings settings;

@@ -8,7 +8,7 @@
 
 namespace prepare {
 
-// Whether that name, in any case of its letters, is the model space's.
+// Whether that is the model space's name; upper and lower case are the same.
 bool IsModelName(std::string_view name);
 
 // As PrepareDrawing, for the layout that options name. report has all layouts then.

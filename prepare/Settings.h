@@ -10,13 +10,13 @@
 
 namespace prepare {
 
-// What a drawing of so many bytes may come to, and nothing more.
+// The limits for a drawing of that size.
 ConvertSettings LimitsOf(std::uint64_t bytes);
 
-// How such a drawing is measured: with curves as coarse as they may be.
+// For measuring such a drawing: the limits, and curves as coarse as they may be.
 ConvertSettings CoarseSettings(std::uint64_t bytes);
 
-// How such a drawing is converted that will be written as these settings say.
+// For converting such a drawing, which is then written with these settings.
 ConvertSettings FineSettings(std::uint64_t bytes, const WriteSettings& settings);
 
 // How a model of so many bytes is written. rayStarts: around the starts of its rays.

@@ -143,7 +143,7 @@ ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
     return batch.IsAnyDoubtful() || (isStrict && isChanged) ? ExitCode::Incomplete : ExitCode::Drawn;
 }
 
-// Each drawing once for each of its sheets. One without is asked for all of them, and says so.
+// Each drawing once for each of its sheets. A drawing without sheets stays in the list and reports that.
 Inputs WithLayouts(const Inputs& inputs, const Options& options, NameLayouts nameLayouts)
 {
     Inputs wanted;

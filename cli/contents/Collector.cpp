@@ -129,7 +129,7 @@ void Collector::EndRecord()
         EndBlockHeader();
     else if (m_record == Record::Entity)
         EndEntity();
-    // What holds the marker is swallowed as far as there, and so lost.
+    // A record that holds the marker is swallowed up to it and lost.
     m_swallowing = m_swallowing && !m_sawMarker;
     m_record = Record::None;
 }
@@ -250,7 +250,7 @@ void Collector::CountOtherwise(Tally& tally) const
         tally.otherwise[static_cast<std::size_t>(what)] += isSo;
     };
     if (m_hidden) {
-        // The flag hides no others.
+        // The flag has no effect on other types.
         add(Otherwise::Invisible, m_kind != Kind::Other && m_kind != Kind::Polyline);
         return;
     }

@@ -25,7 +25,7 @@ public:
 
 private:
     enum class Section { None, Named, Header, Tables, Blocks, Entities, Other };
-    // The types of which more is looked at than layer and line type.
+    // The types of which more than layer and line type is looked at.
     enum class Kind { Other, Polyline, Text, MText, Insert, Dimension };
     enum class Record { None, Layer, LineType, BlockRecord, Block, Entity };
 

@@ -150,7 +150,7 @@ double DimensionMeasure::Angle() const
     const HeaderPoint vertex = Intersection(a1, a2, d, b);
     const double first = DirectionToFarther(vertex, a1, a2), second = DirectionToFarther(vertex, d, b);
     std::array<double, 4> bounds{first, second, Opposite(first), Opposite(second)};
-    // What is not a number has no order.
+    // NaNs cannot be sorted.
     if (!std::isfinite(first + second))
         return 0;
     std::sort(bounds.begin(), bounds.end());

@@ -109,7 +109,7 @@ struct TextInfo {
     std::string block; // empty in the ENTITIES section
     std::string text;  // as the file has it, with its codes
     std::uint64_t line = 0;
-    // Unless the drawing is told as it is: what the text says, with line feeds, and where it is, in the
+    // Unless the drawing is shown as it is: what the text says, with line feeds, and where it is, in the
     // coordinates of the drawing or the block.
     std::string words;
     std::optional<HeaderPoint> place;

@@ -38,7 +38,7 @@ bool IsZero(std::string_view digits)
 
 std::optional<std::int32_t> LeadingInteger(std::string_view text)
 {
-    constexpr std::size_t kSafe = 9; // no number of so many characters is beyond 32 bits
+    constexpr std::size_t kSafe = 9; // every number of that many characters fits 32 bits
     std::int32_t code = 0;
     if (!ParseCode(text, code))
         return std::nullopt;

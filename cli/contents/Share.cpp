@@ -116,7 +116,7 @@ Share ShareOf(const DrawingInfo& info)
         summing.Add(*tally);
     summing.AddEmptyInserts(info, emptyInserts);
     Share share = summing.Finish(info);
-    // Sheets alone are as good a picture as the model alone.
+    // A drawing that only has sheets is shown correctly by them.
     std::uint64_t& paper = CountOf(share.otherwise, Otherwise::PaperSpace);
     if (paper ==
         std::accumulate(info.tally.types.begin(), info.tally.types.end(), std::uint64_t(0),

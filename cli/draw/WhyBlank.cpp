@@ -20,7 +20,7 @@ void AddReason(std::string& reasons, const std::string& reason)
     reasons.append(reasons.empty() ? "" : "; ").append(reason);
 }
 
-// A reason that concerns so many entities; empty if it concerns no entity.
+// Adds a reason with the number of entities that it applies to, if there are any.
 void AddCounted(std::string& reasons, std::uint64_t count, std::string_view what)
 {
     if (count > 0)

@@ -12,7 +12,7 @@ namespace plexorn {
 // Whether the drawing has any entity, also one within a block.
 bool HoldsEntities(const DrawingInfo& info);
 
-// The reason, as a sentence for a drawing that holds entities and of which the module, by itself, made so
+// The reason, as a sentence for a drawing that holds entities and of which the module, by itself, made that
 // many elements.
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);
 

@@ -10,9 +10,9 @@ namespace plexorn {
 // How many bytes from the start of a file are enough to decide.
 inline constexpr std::size_t kSniffedSize = 4096;
 
-// Why the file that begins with head (its first SniffedSize bytes, fewer when it is shorter) is no ASCII
-// DXF, as the end of a sentence: "is a ZIP archive; ...". Empty when it may well be one: its first line that
-// is not blank is a group code.
+// Why the file that begins with head (its first kSniffedSize bytes, fewer if it is shorter) is no ASCII DXF,
+// as the end of a sentence: "is a ZIP archive; ...". Empty if it may well be one: its first line that is not
+// blank is a group code.
 std::string WhyNotAsciiDxf(std::string_view head);
 
 } // namespace plexorn

@@ -73,7 +73,7 @@ std::string FateText(const TypeInfo& type)
     return type.inDrawing == 0 ? text : std::string(TextOfFate(outside)) + "; in blocks " + text;
 }
 
-// What becomes of a type of which preparing has nothing to say.
+// What becomes of a type that preparing does not report.
 std::string_view TextOfUnchanged(const TypeInfo& type)
 {
     if (type.name == "VERTEX" || type.name == "SEQEND")

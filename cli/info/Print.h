@@ -1,4 +1,4 @@
-// What is told goes to the standard output.
+// Prints on the standard output.
 #pragma once
 
 #include <string>

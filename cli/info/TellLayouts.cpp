@@ -14,7 +14,7 @@ namespace plexorn {
 
 namespace {
 
-// Text of the lines that tell the sheets of source; before is what each line begins with.
+// Lines with the names of the sheets of source; each begins with before.
 std::string LinesOf(Source& source, const Options& options, const std::string& before)
 {
     std::string lines;

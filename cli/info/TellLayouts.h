@@ -1,4 +1,4 @@
-// Tells which sheets drawings have.
+// Lists the sheets of drawings.
 #pragma once
 
 #include "cli/options/ExitCode.h"

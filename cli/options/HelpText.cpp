@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kWidth = 96;
 constexpr std::size_t kIndent = 26;
 
-// Appends text from column on, in lines that begin at Indent.
+// Appends text from column on, in lines that begin at kIndent.
 void AppendWrapped(std::string& out, std::size_t column, std::string_view text)
 {
     if (column + 2 > kIndent) {

@@ -81,7 +81,7 @@ constexpr OptionRow kDrawRows[] = {
     {"-o,--output", "PATH",
      "The picture; - is the standard output. For several drawings, or with a slash at its end, the folder "
      "for the "
-     "pictures, which is made when it is missing. By default each picture stands beside its drawing, with "
+     "pictures, which is made when it is missing. By default each picture is next to its drawing, with "
      ".svg in place of .dxf; that of the standard input goes to the standard output",
      &Options::output, CheckNotEmpty},
     {"--no-clobber", "", "Skip drawings whose picture exists", &Options::keepsPictures},
@@ -197,7 +197,7 @@ constexpr OptionRow kPrepareRows[] = {
 constexpr OptionRow kInfoRows[] = {
     {"--json", "", "Print one JSON object a line, one for each drawing", &Options::isJson},
     {"--texts", "", "List the texts of the drawing too", &Options::withTexts},
-    {"--as-is", "", "Tell what the module does by itself, without preparing", &Options::isAsIs},
+    {"--as-is", "", "Show what the module does by itself, without preparing", &Options::isAsIs},
     {"--summary", "", "Print one sum of all drawings: how much of them is shown, and what is missing",
      &Options::isSummary},
     kFilesFrom,
@@ -207,7 +207,7 @@ constexpr OptionRow kInfoRows[] = {
 };
 
 constexpr HelpRow kDrawExamples[] = {
-    {"plexorn plan.dxf", "Draw plan.svg beside the drawing"},
+    {"plexorn plan.dxf", "Draw plan.svg next to the drawing"},
     {"plexorn -r in -o out/", "Draw a tree of drawings into a tree of pictures"},
     {"plexorn info plan.dxf", "Show what the drawing holds and what of it is drawn"},
 };
@@ -236,10 +236,10 @@ constexpr HelpRow kLimits[] = {
 
 constexpr CommandRow kCommands[] = {
     {Task::Draw, "plexorn", "Draws DXF files as SVG pictures.",
-     "A drawing, a DXF file; - is the standard input, a folder stands for every .dxf file in it", kDrawRows,
+     "A drawing, a DXF file; - is the standard input, a folder means every .dxf file in it", kDrawRows,
      kDrawExamples},
     {Task::Info, "plexorn info",
-     "Tells what DXF files hold: version, units, extents, layers, line types, blocks, and for each "
+     "Shows what DXF files hold: version, units, extents, layers, line types, blocks, and for each "
      "type of entity how many there are and what becomes of them.",
      "A drawing, as for plexorn itself", kInfoRows, kInfoExamples},
     {Task::Prepare, "plexorn prepare",
@@ -249,7 +249,7 @@ constexpr CommandRow kCommands[] = {
 };
 
 constexpr ExitRow kExitRows[] = {
-    {ExitCode::Drawn, "drawn (or told, for info; or prepared), whatever the messages"},
+    {ExitCode::Drawn, "drawn (or shown, for info; or prepared), whatever the messages"},
     {ExitCode::Incomplete, "drawn, but not all of a drawing is shown as it should be, and --strict, "
                            "--min-drawn or --keep-going was "
                            "given"},

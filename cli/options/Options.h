@@ -30,7 +30,7 @@ enum class Task { Draw, Info, Prepare };
 
 // What is done to a drawing: "drawn" or "prepared".
 std::string_view DoneWord(Task task);
-// What a reason follows why it is not: "is not drawn: ".
+// The words before the reason why it is not: "is not drawn: ".
 std::string NotDone(Task task);
 
 // Paths are UTF-8 (on POSIX systems: the bytes as given).

@@ -27,7 +27,7 @@ std::vector<std::string> LayoutsIn(const std::string& drawing, const Options& op
         Source source(drawing, Forms::All);
         return source.Reason().empty() ? LayoutsOf(source, options) : std::vector<std::string>();
     } catch (const std::system_error&) {
-        return {}; // The reason is told when the drawing is drawn.
+        return {}; // Drawing it reports the reason.
     }
 }
 

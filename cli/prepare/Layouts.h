@@ -14,7 +14,7 @@ namespace plexorn {
 // drawing cannot be read to its end.
 std::vector<std::string> LayoutsOf(Source& source, const Options& options);
 
-// The same for the drawing of that name, and none when there is anything wrong with it.
+// The same for the drawing of that name; no names if anything is wrong with it.
 std::vector<std::string> LayoutsIn(const std::string& drawing, const Options& options);
 
 // Why a drawing has no such sheet, as the end of a sentence. findings are those of preparing it.

@@ -19,8 +19,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using prepare::PrepareOutcome;
 
-// Tells why there is no prepared drawing. reason is the one of a failure that has no other, as the end of a
-// sentence.
+// Reports why there is no prepared drawing. whyNotWritten is used if the failure has no reason of its own, as
+// the end of a sentence.
 void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::string& whyNotWritten,
                  const Source& source, const Job& job, Report& report)
 {

@@ -20,7 +20,7 @@ namespace plexorn {
 // is interrupted.
 class RewoundFile final : public prepare::ReopenableSource, private CDxfSource {
 public:
-    // source must outlive this. Where reading fails, the file ends if it keeps going.
+    // source must outlive this. With keepsGoing, a failed read counts as the end of the file.
     explicit RewoundFile(Source& source, bool keepsGoing = false) : m_source(source), m_keepsGoing(keepsGoing)
     {
     }
@@ -38,7 +38,8 @@ public:
         return error ? 0 : size;
     }
 
-    // errno of a failed read, 0 without a failure. Short memory is none: reading throws std::bad_alloc.
+    // errno of a failed read, 0 if none failed. Running out of memory is not a failed read: reading throws
+    // std::bad_alloc.
     int Error() const { return m_error; }
     // Why reading failed, as the end of a sentence.
     std::string WhyFailed() const

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kEllipsis = "…";
 
 // Where a message of that kind quotes a value of the file; past its end when it quotes none. Names, such as
-// those of entity types and subclasses, are no values: each is a message of its own.
+// those of entity types and subclasses, are not values: each makes a message of its own.
 std::size_t BeginOfValue(int kind, std::string_view text)
 {
     if (kind == DXF_ERROR_INTEGER || kind == DXF_ERROR_DSTYLE)

@@ -25,12 +25,12 @@ public:
     static constexpr std::size_t kMostGroups = 300;
     static constexpr std::size_t kMostCountedKinds = 10'000;
 
-    // Keeps the first groups, at most so many.
+    // Keeps the first groups, at most that many.
     explicit MessageGroups(std::size_t most);
 
     // kind is a DXF_ERROR_KIND, text the module's text in UTF-8.
     void Add(int kind, std::string_view text);
-    // A group that is counted already and that no other one is like.
+    // Adds a group that is already counted and unlike all others.
     void AddGroup(MessageGroup group);
 
     // The groups, in the order of their first messages.

@@ -15,7 +15,7 @@ inline std::string Counted(std::uint64_t number, std::string_view singular, std:
     return std::to_string(number).append(" ").append(number == 1 ? singular : plural);
 }
 
-// A number in so many digits.
+// The number with that many significant digits.
 inline std::string Rounded(double number, int digits)
 {
     char text[kLongestFormatted];

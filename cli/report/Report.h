@@ -36,7 +36,7 @@ public:
     Report& operator=(const Report&) = delete;
 
     void Message(const SvgHostError& error);
-    // What was found so many times in the drawing, first in that line; 0: in no line that can be named.
+    // Reports a finding: how often it occurs, and the first line where it does (0: unknown).
     void Finding(std::string_view text, std::uint64_t line, std::uint64_t count);
     // Whether messages are printed one by one, rather than one line for all that say the same.
     bool ListsMessages() const { return m_style.isJson || m_style.isVerbose; }
@@ -66,7 +66,7 @@ private:
     void AddMessage(const SvgHostError& error, const std::string& text);
     void AddFinding(std::string_view text, std::uint64_t line, std::uint64_t count);
     void AddLine(std::string_view line, std::string_view text, std::uint64_t count);
-    // A line was added for so many messages.
+    // Notes that one line covers that many messages.
     void EndListed(std::size_t messages);
     void AddPlace(std::string_view line);
     void AddGroups();

@@ -43,7 +43,7 @@ complete -c plexorn -n 'not __fish_seen_subcommand_from info prepare' -s h -l he
 complete -c plexorn -n 'not __fish_seen_subcommand_from info prepare' -l version -d 'Print the version and end'
 complete -c plexorn -n '__fish_seen_subcommand_from info' -l json -d 'Print one JSON object a line'
 complete -c plexorn -n '__fish_seen_subcommand_from info' -l texts -d 'List the texts of the drawing too'
-complete -c plexorn -n '__fish_seen_subcommand_from info' -l as-is -d 'Tell what the module does by itself, without preparing'
+complete -c plexorn -n '__fish_seen_subcommand_from info' -l as-is -d 'Show what the module does by itself, without preparing'
 complete -c plexorn -n '__fish_seen_subcommand_from info' -l summary -d 'Print one sum of all drawings'
 complete -c plexorn -n '__fish_seen_subcommand_from info' -l files-from -r -F -d 'Read further names of drawings and folders from the file LIST'
 complete -c plexorn -n '__fish_seen_subcommand_from info' -s 0 -l null -d 'The names in LIST end with a NUL byte instead of a line end'

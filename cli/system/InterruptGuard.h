@@ -4,7 +4,7 @@
 namespace plexorn {
 
 // While it lives, Ctrl-C and a request to end do not end the process but are remembered; they end it when
-// the last of these objects is destroyed, on whatever thread. A signal that the process ignores stays
+// the last of these objects is destroyed, on any thread. A signal that the process ignores stays
 // ignored.
 class InterruptGuard {
 public:

@@ -107,7 +107,7 @@ void RemoveUnlessOpen(const std::filesystem::path& path);
 // Brings what was written and flushed to the disk; false with errno set when that fails.
 bool SyncToDisk(std::FILE* file);
 
-// Whether path means something that a process has open already, such as /dev/stdout.
+// Whether path names something that a process already has open, such as /dev/stdout.
 bool NamesOpenFile(const std::filesystem::path& path);
 
 // Whether what is written to stream is shown on a terminal that understands control sequences.

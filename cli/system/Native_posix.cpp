@@ -106,7 +106,7 @@ int ReadStandardInput(const ByteFunction& out)
 
 PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill) : m_file(OpenNameless())
 {
-    // It has no name, and so it is gone with the process; as an open file it has one of another kind.
+    // The file has no name, so it is gone with the process, but /dev/fd opens it.
     int error = m_file ? 0 : errno;
     if (m_file)
         error = fill([this](const char* bytes, std::size_t size) {
@@ -147,7 +147,7 @@ ModulePath::~ModulePath()
 
 void FillStandardStreams()
 {
-    // A missing output takes nothing: who writes to it learns that the bytes are lost.
+    // For reading only: writing to a missing output fails, so the loss is noticed.
     int descriptor = open("/dev/null", O_RDONLY);
     while (descriptor >= 0 && descriptor < STDERR_FILENO)
         descriptor = open("/dev/null", O_RDONLY);
@@ -195,7 +195,7 @@ std::FILE* CreateNew(const fs::path& path, const fs::path& model)
 
 bool IsReadOnly(const fs::path& path)
 {
-    // The administrator may write to everything, and means a file that nobody may write to no less.
+    // Root may write to every file, but a read-only file is left alone for root, too.
     struct stat status = {};
     return stat(path.c_str(), &status) == 0 &&
            ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || access(path.c_str(), W_OK) != 0);
@@ -255,7 +255,7 @@ std::uint64_t RandomNumber()
     std::uint64_t number = 0;
     if (getentropy(&number, sizeof(number)) == 0)
         return number;
-    // An old kernel, or one that forbids it: as good as nobody can guess.
+    // An old kernel, or one that forbids it: the time is hard enough to guess.
     return static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
 }
 

@@ -177,7 +177,7 @@ ModulePath::~ModulePath()
 
 void FillStandardStreams()
 {
-    // A missing output takes nothing: who writes to it learns that the bytes are lost.
+    // For reading only: writing to a missing output fails, so the loss is noticed.
     constexpr int kStandardError = 2;
     int descriptor = _wopen(L"NUL", _O_RDONLY);
     while (descriptor >= 0 && descriptor < kStandardError)

@@ -209,7 +209,7 @@ void Pass::GiveLayoutBlocks()
 {
     if (std::exchange(m_hasGivenLayouts, true))
         return;
-    // Who draws entities looks for these names, whichever of them come later.
+    // Drawing looks these names up, so they are registered even if they come later.
     for (const char* const name : {"0", "BYLAYER", "BYBLOCK", "CONTINUOUS"})
         m_drawing.names.Of(name);
     for (const auto& [name, block] : m_drawing.blocks)

@@ -1,4 +1,4 @@
-// How much a drawing may come to.
+// How many points a drawing may unfold to.
 #pragma once
 
 #include "prepare/plain/Fineness.h"

@@ -17,7 +17,7 @@ namespace {
 // No drawing that a program wrote is nested deeper, and this limit bounds the stack.
 constexpr std::size_t kDeepestNesting = 64;
 
-// The content of a block is moved to the block's origin when it is farther away than so many of its sizes:
+// The content of a block is moved to the block's origin if it is farther away than this many times its size:
 // coordinates in a block may have single precision.
 constexpr double kFarInSizes = 16;
 
@@ -140,7 +140,7 @@ void Converter::Place(const Entity& entity, const Context& context)
         PlaceRewritten(entity, context, style);
 }
 
-// A text in front of the background's colour hides what is behind it, which only the module's drawings can.
+// A fill in the background's colour should hide what is behind the text; this profile cannot express it.
 void Converter::ReportCovered(const MText& text)
 {
     constexpr std::int32_t kAsBackground = 2;

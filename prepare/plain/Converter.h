@@ -36,7 +36,7 @@ struct ConvertSettings {
 // height.
 double PointSizeOf(const Drawing& drawing, const Box& extents);
 
-// A way in which entities are seen. frozen, which may be null, has layers that are frozen there.
+// A way in which entities are seen. frozen, which may be null, has the layers that are frozen there.
 struct View {
     View(const Drawing& drawing, const Options& options, const std::set<NameId>* frozen = nullptr)
         : layers(drawing, options, frozen)
@@ -67,14 +67,14 @@ public:
     void Show(const Entity& entity, View& view, PlainSink& sink, const ClipSink* cut = nullptr);
     // Whether more entities may be placed.
     bool HasRoom() const { return m_placed < m_settings.mostPlaced && !m_budget.IsSpent(); }
-    // What all that it shows may come to. What cuts things off for it takes of that.
+    // The points that all it shows may have. What cuts things off for it takes points from here, too.
     Budget& Room() { return m_budget; }
 
     // Reports what was counted. To be called once, after the last entity.
     void Finish();
 
-    // Whether what was made so far depends on nothing that is known of the whole drawing alone, such as its
-    // size.
+    // Whether nothing that was made so far depends on what is known only once all has been read, such as the
+    // size of the drawing.
     bool HasNeededNothing() const;
     // The same of all blocks, once measure has all that was made.
     bool AreBlocksFinal(const Measure& measure) const;

@@ -81,7 +81,7 @@ Point2 DimensionPen::Local(Point3 world) const
     return {Dot(world, m_fromObject.x), Dot(world, m_fromObject.y)};
 }
 
-// Straight up is readable, straight down is not, whatever files round off.
+// Straight up is readable, straight down is not. Rounding in files must not decide which of them it is.
 Point2 DimensionPen::Readable(Point2 direction) const
 {
     constexpr double kNearlyUpright = 1e-4;

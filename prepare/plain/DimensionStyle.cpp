@@ -87,7 +87,7 @@ constexpr VariableRow<std::int32_t> kIntegers[] = {
     {372, "$DIMLWE", &DimensionStyle::extensionWeight},
 };
 
-// The unit of R13 and R14 tells stacked fractions from those in the line.
+// The unit of R13 and R14 distinguishes stacked fractions from those in the line.
 struct OldUnit {
     std::int32_t unit;
     std::int32_t fraction;
@@ -253,14 +253,14 @@ void StyleReader::Finish()
     m_style.arrow2 = m_style.hasTwoArrows != 0 ? m_arrows[2] : m_arrows[0];
 }
 
-// A drawing that says nothing of its dimensions was written by a program that takes them to be in units of
-// the drawing, one high; smaller ones would not be seen.
+// A drawing without variables for its dimensions comes from a program that draws them in units of the
+// drawing, with texts of height 1; smaller ones would not be seen.
 void UseUnitSizes(DimensionStyle& style)
 {
     style.textHeight = style.arrowSize = 1;
     style.extensionOffset = style.gap = 0.25;
     style.extensionBeyond = 0.5;
-    style.zeros = kNoTrailingZeros; // it says of no digit how many there are
+    style.zeros = kNoTrailingZeros; // nothing says how many digits there are
 }
 
 // Up to R12 dimensions have the units of the whole drawing, and no fractions above each other.

@@ -85,8 +85,8 @@ struct DimensionStyle {
 
 bool IsUpToR12(const Header& header);
 
-// The style of an entity: that of the name, or the drawing's variables where there is none, and then what the
-// entity itself overrides.
+// The style of an entity: the one it names, or the drawing's variables if there is none, with what the entity
+// itself overrides.
 DimensionStyle DimensionStyleOf(const Drawing& drawing, NameId style,
                                 const std::vector<std::pair<std::int32_t, std::string>>& overrides);
 

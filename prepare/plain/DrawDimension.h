@@ -7,8 +7,8 @@
 
 namespace prepare {
 
-// Places a block of the drawing, an arrowhead that is none of the usual ones: placement maps the block's
-// coordinates to the output's plane.
+// Places a block of the drawing as an arrowhead that is not one of the usual shapes. placement maps the
+// block's coordinates to the output's plane.
 using BlockPlacer = std::function<void(const Block& block, const Matrix& placement, const Style& style)>;
 
 // Draws a dimension whole from its points and its style: lines, arrowheads and the measure as a text. What

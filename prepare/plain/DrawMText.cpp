@@ -163,7 +163,8 @@ private:
         left += m_layout.IndentOf(line);
         right -= m_content.paragraphs[line.paragraph].right;
         const double anchor = left + (right - left) * share;
-        // Alone, a part is anchored as its line is aligned; what another font's width is spreads as meant.
+        // A part that is a whole line is anchored as the line is aligned, so that it stays aligned in a font
+        // of another width.
         if (line.parts.size() == 1 && line.parts.front().kind == Kind::Letters && line.parts.front().x == 0) {
             const LinePart& part = line.parts.front();
             m_drawer.Draw(StyleFor(part.look), PieceOf(part, line, anchor, base, AnchorOf(share)));
@@ -242,7 +243,7 @@ private:
         return piece;
     }
 
-    // Lines are broken: blanks that do not break are none but blanks.
+    // Lines are already broken, so non-breaking blanks are ordinary blanks now.
     static std::string WithPlainBlanks(const std::string& text)
     {
         constexpr std::string_view kHard = "\xC2\xA0";

@@ -150,7 +150,7 @@ void DrawMesh(const Mesh& mesh, Pen& pen)
     for (const Point3 vertex : mesh.vertices)
         points.push_back(pen.Place().matrix.Flat(vertex));
     Edges edges(std::move(points), pen);
-    // A negative index is no point's, as a number without a sign.
+    // As an unsigned number, a negative index is beyond every point.
     const auto add = [&](std::int32_t from, std::int32_t to) {
         edges.Add(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
     };

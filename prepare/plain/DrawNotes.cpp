@@ -88,7 +88,7 @@ private:
     Style m_style;
 };
 
-// Without a style of its own a note's letters have the drawing's.
+// Of the longest line, in letters of the usual width.
 double WidthOfLine(const Drawing& drawing, std::string_view text, double height)
 {
     RunLook look;
@@ -212,7 +212,7 @@ void DrawLeaderText(const MultiLeader& entity, const Placement& placement, const
     DrawMText(text, InStyle(placement, styleOf(UnpackColour(entity.textColour))), styleOf, "MULTILEADER");
 }
 
-// Sums of sizes, from 0 on; what is not a size counts as none.
+// The sums of sizes, from 0 on; an invalid size counts as 0.
 std::vector<double> Borders(const std::vector<double>& sizes, std::int32_t count)
 {
     std::vector<double> borders{0};

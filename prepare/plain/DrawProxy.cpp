@@ -143,7 +143,7 @@ void ProxyDrawer::DrawMesh(ByteReader reader)
     }
 }
 
-// The faces are counts, each with so many numbers of points; a hole's count is negative.
+// Each face is a count and that many indices of points; a hole's count is negative.
 void ProxyDrawer::DrawShell(ByteReader reader)
 {
     const std::int32_t count = reader.Integer();

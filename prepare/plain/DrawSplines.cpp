@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int32_t kClosed = 1;
 
-// Whether the weights can be used; none at all are good too.
+// Whether the weights can be used; a spline may have none.
 bool AreGoodWeights(const Spline& spline)
 {
     const auto& weights = spline.weights;

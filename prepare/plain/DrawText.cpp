@@ -40,8 +40,8 @@ bool MayBeOfAnotherFont(double height, double computed)
     return height < computed * kMost && computed < height * kMost;
 }
 
-// The text fills the distance between its points. Its middle is the anchor: what another font's width lacks
-// or has too much is shared by both ends.
+// The text fills the distance between its points. Its middle is the anchor: if another font is
+// wider or narrower, both ends share the difference.
 void FillBetweenPoints(const Text& entity, const Words& words, TextLayout& layout)
 {
     const Point3 whole = entity.alignment - entity.point;

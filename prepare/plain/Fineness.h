@@ -17,7 +17,7 @@ public:
 
     // The tolerance of the next curve, or of the next part of one. coarsest: that of it while there is room.
     double Tolerance(double coarsest = HUGE_VAL) const;
-    // Notes so many parts of curves, and how many points they became.
+    // Notes how many points that many parts of curves became.
     void Take(std::size_t parts, std::size_t points);
     // Whether anybody asked for the tolerance.
     bool WasAsked() const { return m_wasAsked; }

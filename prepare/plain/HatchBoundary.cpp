@@ -254,7 +254,7 @@ bool IsShown(const HatchLoop& loop, std::int32_t wanted)
     return (loop.flags & TextBox) == 0 && (wanted == 0 || (loop.flags & wanted) != 0);
 }
 
-// The flags that a loop must have, any of them; 0: none.
+// A loop must have at least one of these flags; 0: every loop will do.
 std::int32_t WantedFlags(const Hatch& hatch)
 {
     const auto isExternal = [](const HatchLoop& loop) { return (loop.flags & External) != 0; };

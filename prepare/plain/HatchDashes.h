@@ -13,7 +13,7 @@ struct HatchDashes {
     double origin = 0;           // where the first dash begins
     double period = 0;
 
-    // dashes are those of a pattern: above 0 drawn, below 0 a gap, 0 a dot, which becomes as long as said.
+    // dashes are those of a pattern: above 0 drawn, below 0 a gap, 0 a dot, which is drawn dot long.
     HatchDashes(std::span<const double> dashes, double dot);
 
     bool IsSolid() const { return lengths.empty(); }

@@ -10,7 +10,7 @@ namespace prepare {
 
 namespace {
 
-// Whether the inner box is to be found anew after so many points beyond it: soon at first, then seldom.
+// Whether to compute the inner box again after that many points beyond it: often at first, then seldom.
 bool IsTimeForInner(unsigned outside)
 {
     constexpr unsigned kFirst = 4, kPatience = 64;

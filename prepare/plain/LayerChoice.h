@@ -15,8 +15,8 @@ namespace prepare {
 // at most in proportion to the product of the lengths.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-// Decides by a drawing's layers and by what was asked for. frozen, which may be null, has layers that are
-// frozen besides. All must outlive it.
+// Decides by a drawing's layers and by what was asked for. frozen, which may be null, has further layers
+// that are frozen. All must outlive it.
 class LayerChoice {
 public:
     LayerChoice(const Drawing& drawing, const Options& options, const std::set<NameId>* frozen = nullptr)

@@ -93,7 +93,7 @@ void LinearDrawing::PlaceGivenLabel()
     m_label.along = m_pen.LabelDirection(isHorizontal, m_along);
 }
 
-// In the middle or at an end where there is room, else behind the second end.
+// In the middle or at an end where there is room, else beyond the second end.
 void LinearDrawing::PlaceOwnLabel()
 {
     enum : std::int32_t { kBothMove = 0, kTextMoves = 2 }; // what gives way first

@@ -302,7 +302,7 @@ private:
         }
     }
 
-    // A character, a code that stands for one, or one that a backslash makes no divider.
+    // A character, a code that means one, or a divider that a backslash makes an ordinary character.
     void ReadInFraction(std::string& part)
     {
         const char c = m_rest.front();

@@ -63,8 +63,8 @@ struct MTextContent {
     std::vector<RunLook> looks;
     std::vector<ParagraphLook> paragraphs;
     bool isCut = false;         // text was longer than any program writes: its end is missing
-    bool hasWrongCodes = false; // that stand for no character
-    bool isSpaced = false;      // letters have distances of their own, which items do not tell
+    bool hasWrongCodes = false; // that mean no character
+    bool isSpaced = false;      // the text sets distances between letters, which items lack
 
     std::string_view Text(const MTextItem& item) const
     {

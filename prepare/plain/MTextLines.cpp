@@ -284,7 +284,7 @@ private:
         return m_content.looks[last.look] == look && std::fabs(last.x + last.width - m_x) <= 1e-9 * m_x;
     }
 
-    // To the next stop; behind the last one stops are four letters apart.
+    // To the next stop; after the last one stops are four letters apart.
     void AddTab()
     {
         AddBlanks();

@@ -39,8 +39,8 @@ struct PlainVertex {
 
 enum class Anchor : std::uint8_t { Start, Middle, End };
 
-// One line of text without codes: what a text of capitals of height 1 that begins, is centred or ends at
-// (0, 0) becomes when x is along, and y is up, and the origin is point.
+// One line of text without codes. It is set with capitals of height 1 and anchored at (0, 0); (x, y) is then
+// drawn at point + x * along + y * up.
 struct PlainText {
     std::string text; // UTF-8, not empty
     Point2 point;     // on the base line
@@ -50,7 +50,7 @@ struct PlainText {
     NameId style = kNoName;
 };
 
-// A text that the next one follows on its line.
+// A text of a line; the next one follows it.
 struct PlainRun {
     Style style;
     PlainText text;
@@ -72,8 +72,8 @@ public:
     virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     virtual void Text(const Style& style, const PlainText& text) = 0;
     // A line of writing: texts on one base line, in letters of the same proportions, each at its own place.
-    // From, around or to point the whole is anchored as each of them is. A sink that knows no runs takes
-    // texts.
+    // The line begins, is centred or ends at point, as the anchor of its texts says. A sink that knows no
+    // runs takes texts.
     virtual void LineOfText(Point2 point, std::span<const PlainRun> runs);
     // The area within rings by the even-odd rule; each ring is closed and has three points or more. A sink
     // that has no fills draws the outlines.

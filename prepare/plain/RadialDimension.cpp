@@ -191,7 +191,7 @@ void DrawDiametricDimension(DimensionPen& pen)
     RadialDrawing(pen, 0.5 * (far + near), near, true).Draw();
 }
 
-// Two parallel lines, from a centre that stands for the real one and to the arc, with a jog between them.
+// Two parallel lines, from a centre that replaces the real one and to the arc, with a jog between them.
 void DrawJoggedDimension(DimensionPen& pen)
 {
     const Dimension& dimension = pen.Entity();

@@ -100,7 +100,7 @@ Sheet SheetOf(const Layout& layout)
     return sheet;
 }
 
-// An entity's owner tells its layout, or it names it; otherwise it is one of the active layout.
+// The owner determines the layout, or the entity names it; otherwise it is the active one.
 bool LayoutMembers::Has(const Entity& entity) const
 {
     if (entity.isInPaperSpace == 0)

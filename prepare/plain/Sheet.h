@@ -22,7 +22,7 @@ struct Sheet {
 
 Sheet SheetOf(const Layout& layout);
 
-// Tells which entities are those of a layout. Both must outlive it.
+// Says which entities are those of a layout. Both must outlive it.
 class LayoutMembers {
 public:
     LayoutMembers(const Drawing& drawing, const Layout& layout) : m_drawing(drawing), m_layout(layout) {}
@@ -34,7 +34,7 @@ private:
     const Layout& m_layout;
 };
 
-// The layout of that name, in any case of its letters; null when there is none.
+// The layout of that name (upper and lower case are the same); null if there is none.
 const Layout* FindLayout(const Drawing& drawing, std::string_view name);
 
 } // namespace prepare

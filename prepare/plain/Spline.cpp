@@ -136,8 +136,7 @@ Bezier Span::Curve() const
     return curve;
 }
 
-// De Boor's steps with the span's end for as many of them as the number says, and with its start for the
-// rest.
+// De Boor's algorithm: steps up to number use the span's end, the others its start.
 WeightedPoint Span::ControlPoint(std::size_t number) const
 {
     const std::size_t degree = m_spline.degree, first = m_knot - degree;

@@ -34,7 +34,7 @@ struct BSpline {
     std::vector<WeightedPoint> controlPoints;
 };
 
-// Knots at equal distances, so many at both ends that the curve begins and ends in a control point.
+// Knots at equal distances, repeated at both ends so that the curve begins and ends in a control point.
 std::vector<double> UniformKnots(std::size_t controlPoints, std::size_t degree);
 
 // Whether these are as many knots as that spline needs, rising, finite, and not all one.

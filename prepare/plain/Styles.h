@@ -13,7 +13,7 @@ class StyleResolver {
 public:
     explicit StyleResolver(const Drawing& drawing);
 
-    // What "by block" means where there is no insert around.
+    // What "by block" means outside of all inserts.
     Style OfNoInsert() const;
 
     // The style of an entity; insert is that of the insert around it. An entity of layer 0 in a block is on

@@ -15,9 +15,9 @@ inline constexpr std::uint8_t kStrike = 4;
 
 struct TextCode {
     std::size_t size = 0;     // in bytes; 0: what was given begins with no code
-    std::string letters;      // what the code stands for, in UTF-8; maybe a tab or a line feed, or nothing
+    std::string letters;      // what the code means, in UTF-8; maybe a tab or a line feed, or nothing
     std::uint8_t toggled = 0; // lines that begin or end here
-    bool isWrong = false;     // it stands for no character, and letters are U+FFFD
+    bool isWrong = false;     // it means no character, and letters are U+FFFD
 };
 
 // What the report says of a wrong code.

@@ -44,7 +44,7 @@ struct TextPiece {
     std::vector<LinedPart> linedParts;
 };
 
-// A piece in a style of its own that the next one follows on the line.
+// A piece with its own style; the next one follows it on the line.
 struct StyledPiece {
     Style style;
     TextPiece piece;

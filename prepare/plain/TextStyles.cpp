@@ -7,7 +7,7 @@ namespace prepare {
 
 double TextHeightOf(double height, const TextStyle* style, const Header& header)
 {
-    if (!(height <= 0)) // a height that is not a number is not for others to hide
+    if (!(height <= 0)) // a NaN is kept, so that the text is reported
         return height;
     if (style != nullptr && style->height > 0)
         return style->height;

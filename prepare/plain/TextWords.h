@@ -15,7 +15,7 @@ struct Words {
     std::string text; // UTF-8
     std::vector<LinedPart> linedParts;
     double width = 0;
-    bool hasWrongCodes = false; // that stand for no character
+    bool hasWrongCodes = false; // that mean no character
 };
 Words ReadWords(std::string_view text, std::string_view codePage);
 

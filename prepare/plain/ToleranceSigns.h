@@ -8,7 +8,7 @@ namespace prepare {
 // Whether text in that font is signs: "gdt", "gdt.shx", "GDT|c0".
 bool IsSignFont(std::string_view font);
 
-// The sign that such a letter stands for, in UTF-8; empty for a letter without one.
+// The sign that such a letter means, in UTF-8; empty for a letter without one.
 std::string_view ToleranceSign(char letter);
 
 } // namespace prepare

@@ -8,7 +8,7 @@ namespace prepare {
 
 namespace {
 
-// Each new band of an area is compared with so many before.
+// Each new band of an area is compared with at most this many earlier ones.
 constexpr std::size_t kMostBands = 64;
 
 Point2 Direction(Point2 from, Point2 to)
@@ -21,7 +21,7 @@ Point2 DirectionOr(Point2 given, Point2 from, Point2 to)
     return given == Point2{} ? Direction(from, to) : Direction({}, given);
 }
 
-// How far the left side of a line of that half width is from its bend.
+// From the bend of a line to the corner of its left side. half is half of its width.
 Point2 Mitre(Point2 before, Point2 after, double half)
 {
     const Point2 sum = LeftOf(before) + LeftOf(after);

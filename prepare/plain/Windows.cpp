@@ -101,8 +101,8 @@ void WindowReader::Take(const Entity& entity)
     Add(viewport);
 }
 
-// The sheet as a window of the program, which shows nothing of the model. It comes first; where files do not
-// number viewports, it shows the paper space as large as it is.
+// The viewport that is the sheet itself and shows nothing of the model. It has the number 1, or it is
+// the first one and has no number or shows the paper space at its own size.
 bool WindowReader::IsSheetItself(const Viewport& viewport)
 {
     const bool isFirst = !std::exchange(m_hasMetAny, true);
@@ -148,8 +148,8 @@ OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, const C
             m_wanted.emplace(window.clip, &window);
 }
 
-// The first entity of a handle counts, whatever its layer. Of more corners than things can be cut along, the
-// box is enough for each window.
+// The first entity with a handle counts, whatever its layer. An outline with more corners than a region can
+// have is replaced by its box here, once for all windows.
 void OutlineReader::Take(const Entity& entity)
 {
     const auto wanted = m_wanted.find(entity.handle);

@@ -51,7 +51,7 @@ private:
 // Gives windows that are cut along entities their outlines.
 class OutlineReader final : public EntitySink {
 public:
-    // All must outlive it. limits: of what all outlines may come to.
+    // All must outlive it. limits: for all outlines together.
     OutlineReader(const Drawing& drawing, const Sheet& sheet, const ConvertSettings& limits,
                   std::vector<Window>& windows);
 

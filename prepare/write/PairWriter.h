@@ -32,7 +32,7 @@ public:
     // Passes the rest on; false if the function ever returned false.
     bool Finish();
 
-    // What a coordinate keeps: more than any drawing means, and fewer than arithmetic blurs.
+    // Of a coordinate: more digits than any drawing needs, fewer than rounding errors reach.
     static constexpr int kDigits = 14;
 
 private:

@@ -85,7 +85,7 @@ public:
     const Box& Reach() const { return m_reach; }
 
 private:
-    // What came without anything of another log between.
+    // Entities that follow each other without one of another log in between, and with the same place.
     struct Part {
         std::uint64_t place;
         const char* begin;

@@ -1,4 +1,4 @@
-// Single characters of a number.
+// The single characters of a number and around it: blanks, digits and signs.
 #pragma once
 
 inline bool IsBlank(char character)
