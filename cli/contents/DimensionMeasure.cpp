@@ -1,65 +1,16 @@
 #include "cli/contents/DimensionMeasure.h"
 
 #include "cli/contents/LeadingNumbers.h"
+#include "drawing/DimensionPoints.h"
+#include "drawing/Transform.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
 #include <iterator>
-#include <numbers>
 
 namespace plexorn {
 
 namespace {
-
-constexpr double kDegrees = 180 / std::numbers::pi;
-
-double Distance(const HeaderPoint& a, const HeaderPoint& b)
-{
-    return std::hypot(a.x - b.x, a.y - b.y);
-}
-
-// Where the dimension line through d meets the extension line of p1; that of p2 runs through d.
-HeaderPoint FootPoint(const HeaderPoint& d, const HeaderPoint& p1, const HeaderPoint& p2)
-{
-    if (d.y == p2.y)
-        return {d.x, p1.y};
-    if (d.x == p2.x)
-        return {p1.x, d.y};
-    const double m = (d.y - p2.y) / (d.x - p2.x);
-    const double k = -1 / m;
-    const double x = (m * p1.x - k * d.x + d.y - p1.y) / (m - k);
-    return {x, std::fabs(m) <= 1 ? p1.y + m * (x - p1.x) : d.y + k * (x - d.x)};
-}
-
-// Where two lines meet; (0, 0) when they are parallel.
-HeaderPoint Intersection(const HeaderPoint& a1, const HeaderPoint& a2, const HeaderPoint& b1,
-                         const HeaderPoint& b2)
-{
-    const double denominator = (b2.y - b1.y) * (a2.x - a1.x) - (b2.x - b1.x) * (a2.y - a1.y);
-    if (denominator == 0)
-        return {};
-    const double along = ((b2.x - b1.x) * (a1.y - b1.y) - (b2.y - b1.y) * (a1.x - b1.x)) / denominator;
-    return {a1.x + along * (a2.x - a1.x), a1.y + along * (a2.y - a1.y)};
-}
-
-// The direction in degrees, 0 to 360, with y pointing down as in the picture.
-double DirectionOf(const HeaderPoint& from, const HeaderPoint& to)
-{
-    const double degrees = std::atan2(from.y - to.y, to.x - from.x) * kDegrees;
-    return degrees < 0 ? degrees + 360 : degrees;
-}
-
-double DirectionToFarther(const HeaderPoint& from, const HeaderPoint& first, const HeaderPoint& second)
-{
-    return DirectionOf(from, Distance(from, first) > Distance(from, second) ? first : second);
-}
-
-double Opposite(double degrees)
-{
-    return degrees + 180 > 360 ? degrees - 180 : degrees + 180;
-}
 
 bool Differs(double shown, double stated, double tolerance)
 {
@@ -123,20 +74,25 @@ bool DimensionMeasure::ShowsOtherNumber() const
     const double tolerance = m_stated * 1e-5;
     switch (m_always) {
     case Part::Radial:
-        return Differs(Distance(m_points[0], m_points[5]), m_stated, tolerance);
+        return Differs(Distance(Point(0), Point(5)), m_stated, tolerance);
     case Part::Diametric:
-        return Differs(Distance(m_points[0], m_points[5]) / 2, m_stated, tolerance);
+        return Differs(Distance(Point(0), Point(5)) / 2, m_stated, tolerance);
     case Part::Angular:
-        return Differs(Angle(), m_stated * kDegrees, 0.01);
+        return Differs(Angle(), m_stated * kDegreesPerRadian, 0.01);
     default:
         return Differs(Linear(), m_stated, tolerance);
     }
 }
 
+// Where the module draws the point of the codes 10, 11 and so on.
+DXF_POINT2D DimensionMeasure::Point(std::size_t number) const
+{
+    return TransformPoint(m_points[number].x, m_points[number].y, 1, kFlippedYAxisMode);
+}
+
 double DimensionMeasure::Linear() const
 {
-    const HeaderPoint& d = m_points[0];
-    const HeaderPoint &p1 = m_points[3], &p2 = m_points[4];
+    const DXF_POINT2D d = Point(0), p1 = Point(3), p2 = Point(4);
     if (m_last == Part::Rotated && m_rotation == 90)
         return std::fabs(d.y - (d.y == p1.y ? p2.y : p1.y));
     if (m_last == Part::Rotated && m_rotation == 0)
@@ -146,19 +102,9 @@ double DimensionMeasure::Linear() const
 
 double DimensionMeasure::Angle() const
 {
-    const HeaderPoint &d = m_points[0], &a1 = m_points[3], &a2 = m_points[4], &b = m_points[5];
-    const HeaderPoint vertex = Intersection(a1, a2, d, b);
-    const double first = DirectionToFarther(vertex, a1, a2), second = DirectionToFarther(vertex, d, b);
-    std::array<double, 4> bounds{first, second, Opposite(first), Opposite(second)};
-    // NaNs cannot be sorted.
-    if (!std::isfinite(first + second))
-        return 0;
-    std::sort(bounds.begin(), bounds.end());
-    const double arc = DirectionOf(vertex, m_points[6]);
-    for (std::size_t i = 0; i < 3; ++i)
-        if (bounds[i] <= arc && arc <= bounds[i + 1])
-            return bounds[i + 1] - bounds[i];
-    return arc <= bounds[3] ? 360 - bounds[0] + bounds[3] : 0;
+    const AnglePoints points{Point(3), Point(4), Point(0), Point(5), Point(6)};
+    const DXF_POINT2D vertex = Intersection(points.a1, points.a2, points.b1, points.b2);
+    return MeasuredSector(points, vertex, kFlippedYAxisMode).span;
 }
 
 } // namespace plexorn

@@ -1,14 +1,14 @@
 // The number that a dimension shows, and the one that its file states.
 #pragma once
 
-#include "cli/contents/Header.h"
+#include "entities/DXF_POINT2D.h"
 
+#include <cstddef>
 #include <string_view>
 
 namespace plexorn {
 
-// Takes a DIMENSION's pairs one by one. What it computes is what the module shows (docs/quirks.md,
-// dimensions).
+// Takes a DIMENSION's pairs one by one. It computes what the module shows, by the module's own functions.
 class DimensionMeasure {
 public:
     void Take(int code, std::string_view value);
@@ -24,6 +24,7 @@ private:
 
     void TakePart(std::string_view name);
     void TakeNumber(int code, double number);
+    DXF_POINT2D Point(std::size_t number) const;
     double Linear() const;
     double Angle() const;
 
@@ -34,7 +35,7 @@ private:
     bool m_hasOwnText = false;
     double m_stated = 0;
     double m_rotation = 0;
-    HeaderPoint m_points[7]; // of the codes 10 to 16
+    DXF_POINT2D m_points[7]; // of the codes 10 to 16
 };
 
 } // namespace plexorn

@@ -2,11 +2,9 @@
 
 #include "dimension/CDxfGroup.h"
 #include "dimension/DXF_GRAPHIC_DIMENSION_PARTS.h"
-#include "drawing/Angles.h"
-#include "drawing/Points.h"
+#include "drawing/DimensionPoints.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
 
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -14,23 +12,6 @@ namespace {
 double DirectionInDegrees(const DXF_POINT2D& from, const DXF_POINT2D& to)
 {
     return Direction(from, to) * 180 / kPi;
-}
-
-// Where the extension line of p1 ends: on the dimension line, which runs through d at right angles to the
-// extension line from p2 to d. Both extension lines have the slope m, the dimension line has k. The flatter
-// of the two lines gives y: the steeper one would magnify the rounding of x, without limit where it is
-// upright but for rounding.
-DXF_POINT2D FootPoint(const DXF_POINT2D& d, const DXF_POINT2D& p1, const DXF_POINT2D& p2)
-{
-    if (d.y == p2.y)
-        return {d.x, p1.y};
-    if (d.x == p2.x)
-        return {p1.x, d.y};
-    const double m = (d.y - p2.y) / (d.x - p2.x);
-    const double k = -1 / m;
-    const double x = (m * p1.x - k * d.x + d.y - p1.y) / (m - k);
-    const double y = std::fabs(m) <= 1 ? p1.y + m * (x - p1.x) : d.y + k * (x - d.x);
-    return {x, y};
 }
 
 DXF_POINT2D DefinitionPoint(const DXF_GRAPHIC_DIMENSION_Dimension& dimension, double scale,

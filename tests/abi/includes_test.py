@@ -30,12 +30,16 @@ READER_KNOWS = "src/host/ReportKinds.h"
 # The list of entity types, from which the command says what becomes of each. It has no symbols.
 TYPE_LIST = "src/reader/EntityTypes.h"
 
+# How the module computes what a dimension shows, by which the command says where that is not what the file states. All
+# of it is inline.
+DIMENSION_MATHEMATICS = {"src/drawing/DimensionPoints.h", "src/drawing/Transform.h", "src/entities/DXF_POINT2D.h"}
+
 # What the folders beside src/ may include of the project, besides their own files: files, and whole folders.
 NEIGHBOURS = {
     "svghost": {"src/base/", "src/host/QuillmarLib.h"},
     "prepare": {"src/base/", "src/input/"},
     "cli": {"src/base/", "src/input/", "src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", TYPE_LIST,
-            "svghost/SvgHost.h", "prepare/"},
+            "svghost/SvgHost.h", "prepare/", *DIMENSION_MATHEMATICS},
     "examples": {"src/entry/dxfFileOpen.h", "src/host/QuillmarLib.h", "src/host/ReportKinds.h", "svghost/SvgHost.h",
                  "prepare/Prepare.h"},
 }
@@ -52,7 +56,7 @@ COMMAND_ROOMS = {
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "files": ({"options", "system"}, {"prepare/pairs/"}),
     "options": ({"contents"}, {"prepare/drawing/Encoding.h"}),
-    "contents": (set(), {"src/input/", TYPE_LIST, "prepare/pairs/"}),
+    "contents": (set(), {"src/input/", TYPE_LIST, "prepare/pairs/", *DIMENSION_MATHEMATICS}),
     "system": (set(), set()),
 }
 

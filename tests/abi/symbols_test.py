@@ -12,7 +12,7 @@ import subprocess
 import sys
 import unittest
 
-from includes_test import ARROWS, NEIGHBOURS, READER_KNOWS, TYPE_LIST
+from includes_test import ARROWS, DIMENSION_MATHEMATICS, NEIGHBOURS, READER_KNOWS, TYPE_LIST
 
 ARGS = None
 
@@ -23,9 +23,10 @@ UPWARD = {
     ("entities", "dimension"): {"CDxfRead::ReadENTITIES_DIMENSION"},
 }
 
-# The folders with sources that are built, and of their headers those that are lists alone: they have no symbols.
+# The folders with sources that are built, and of the headers that others may include those that are lists or inline
+# functions alone: they have no symbols.
 PARTS = ("src", *(name for name in NEIGHBOURS if name != "examples"))
-LISTS = {READER_KNOWS, TYPE_LIST}
+WITHOUT_SYMBOLS = {READER_KNOWS, TYPE_LIST, *DIMENSION_MATHEMATICS}
 
 PART = re.compile(rf"(?:^|/)({'|'.join(PARTS)})/CMakeFiles/[^/]+\.dir/(.+)\.(?:o|obj)$")
 SYMBOL = re.compile(r"^(?:[0-9a-f]+)? +([A-Za-z]) (.+)$")
@@ -91,7 +92,7 @@ def allowed_folders(folder):
         below = set(ARROWS[folder])
         return below.union(*map(allowed_folders, below))
     # src/base/Utf8.h is of the folder base, svghost/SvgHost.h of the folder svghost.
-    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder] - LISTS}
+    return {path.split("/")[1 if path.startswith("src/") else 0] for path in NEIGHBOURS[folder] - WITHOUT_SYMBOLS}
 
 
 def problems(arrows, upward):

@@ -1,5 +1,6 @@
 """What of a drawing is shown, and what the exit code says about it."""
 import json
+import math
 import os
 
 from command_support import CommandTest, DRAWING, LINE, dxf, entities
@@ -229,24 +230,47 @@ class Shares(OutcomeTest):
                 self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
         self.assertEqual(self.share(entities(*aligned("11"), "1", "own"))["otherwise"], {})
 
+    def assert_tells_what_is_shown(self, kind, lines):
+        self.drawn(entities(*dimension(kind, *lines)))
+        shown = float(self.read("plan.svg").split("</text>")[0].rsplit(">", 1)[1].strip("\u02da"))
+        if "Angular" in kind:
+            shown = math.radians(shown)
+        for stated, differs in ((shown, False), (shown * 1.01 + 0.01, True)):
+            content = entities(*dimension(kind, *lines, stated=str(stated)))
+            otherwise = self.drawn(content)["share"]["otherwise"]
+            self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
+        return shown
+
     def test_the_number_is_the_one_in_the_picture(self):
         """What the command computes is what the module writes, for every kind of dimension."""
         points = ("13", "1", "23", "2", "14", "9", "24", "4")
-        angular = ("13", "0", "23", "0", "14", "0", "24", "10", "15", "0", "25", "0", "16", "3", "26", "8")
         kinds = [("AcDbAlignedDimension", points), ("AcDbRadialDimension", ("15", "1", "25", "2")),
-                 ("AcDbDiametricDimension", ("15", "1", "25", "2")), ("AcDb2LineAngularDimension", angular)]
+                 ("AcDbDiametricDimension", ("15", "1", "25", "2"))]
         kinds += [("AcDbAlignedDimension", (*points, "50", angle, "100", "AcDbRotatedDimension"))
                   for angle in ("0", "90", "30")]
+        # The side from (10, 5) is level or upright but for rounding.
+        kinds += [("AcDbAlignedDimension", ("13", "1", "23", "90", *side))
+                  for side in (("14", "20", "24", "5.000000000000001"), ("14", "10.000000000000002", "24", "20"))]
         for kind, lines in kinds:
             with self.subTest(kind=kind, lines=lines):
-                self.drawn(entities(*dimension(kind, *lines)))
-                shown = float(self.read("plan.svg").split("</text>")[0].rsplit(">", 1)[1].strip("\u02da"))
-                if "Angular" in kind:
-                    shown *= 3.14159265358979 / 180
-                for factor, differs in ((1, False), (1.01, True)):
-                    content = entities(*dimension(kind, *lines, stated=str(shown * factor)))
-                    otherwise = self.drawn(content)["share"]["otherwise"]
-                    self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
+                self.assert_tells_what_is_shown(kind, lines)
+
+    def test_the_angle_is_the_one_in_the_picture(self):
+        """One line is that of the points 13 and 14, the other begins at (10, 5); the last point is on the arc."""
+        for name, shown, *points in (
+                ("lines that cross", 63.43, "0", "0", "0", "10", "0", "0", "3", "8"),
+                ("lines that cross, at the other side", 123.69, "-5", "8", "40", "8", "16", "14", "5", "10"),
+                ("parallel lines", 165.96, "0", "0", "10", "0", "20", "5", "3", "4"),
+                ("one start, at right angles", 49.4, "10", "5", "20", "5", "10", "20", "7", "13"),
+                ("above the last bound (quirk 109)", 0, "0", "5", "30", "5", "27", "-5", "13", "10"),
+                ("below the first bound (quirk 108)", 630, "0", "10.773502691896258", "27.320508075688775", "-5", "15",
+                 "13.660254037844386", "20", "3.2367301929153"),
+                ("a level line but for rounding", 90, "0", "20", "30", "20.000000000000004", "10", "30", "15", "25")):
+            with self.subTest(name):
+                codes = ("13", "23", "14", "24", "15", "25", "16", "26")
+                lines = [line for pair in zip(codes, points) for line in pair]
+                found = self.assert_tells_what_is_shown("AcDb2LineAngularDimension", lines)
+                self.assertAlmostEqual(math.degrees(found), shown, places=2)
 
     def test_dimensions_that_are_not_drawn_are_missing(self):
         for kind in ("AcDbOrdinateDimension", "AcDb3PointAngularDimension"):
