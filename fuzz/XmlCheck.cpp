@@ -19,7 +19,7 @@ using Names = std::set<std::string_view>;
 // Attributes that any element may have, and those of one kind.
 const Names kStyle = {"stroke",       "stroke-width", "stroke-dasharray", "stroke-linecap", "fill",
                       "fill-opacity", "fill-rule",    "visibility",       "font-size",      "text-anchor",
-                      "marker-start", "marker-end",   "transform"};
+                      "marker-start", "marker-end",   "transform",        "class"};
 using Element = std::pair<const std::string_view, Names>;
 const std::map<std::string_view, Names> kElements = {
     {"svg", {"xmlns", "xmlns:xlink", "width", "height", "viewBox"}},

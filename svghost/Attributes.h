@@ -44,6 +44,7 @@ public:
     }
 
     const Value& At(std::uint32_t index) const { return m_values[index]; }
+    std::size_t Size() const { return m_values.size(); }
 
 private:
     template <class Resolve>

@@ -80,6 +80,7 @@ bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statisti
     try {
         *statistics = document->LaidOut().statistics;
         statistics->elementsBeyondLimit = document->elementsBeyondLimit;
+        statistics->elementsBeyondBytes = document->elementsBeyondBytes;
         return !document->shortOfMemory;
     } catch (...) {
         return false;
@@ -121,7 +122,10 @@ bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
         const SvgHostWriteOptions chosen = options ? *options : SvgHostWriteOptions{};
         const Layout& layout = document->LaidOut();
         const Picture picture = PictureOf(*document, layout, chosen, false);
-        return SvgWriter(*document, layout, picture, write, user).Run(chosen);
+        SvgWriter writer(*document, layout, picture, write, user);
+        const bool isWhole = writer.Run(chosen);
+        document->elementsBeyondBytes = writer.ElementsBeyondBytes();
+        return isWhole;
     } catch (...) {
         return false;
     }

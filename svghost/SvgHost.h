@@ -85,6 +85,12 @@ typedef struct SvgHostWriteOptions {
     SvgHostViewBox frame; /**< the view box, in place of one around what is drawn; of a width or height that
                                is not above 0, or is no number that a viewer can hold: none. Nothing is
                                left out of the file */
+    size_t mostBytes;     /**< how large the file may become, 0: any size. What would make it larger is left
+                               out and counted; symbols that are not drawn in place get half of it. The file may
+                               be larger by what closes it, by one element's escapes, and by groups and empty
+                               symbols, 200 bytes of each besides their names */
+    bool sharesDashPatterns; /**< whether dash patterns of more than 200 characters are written once, as
+                                  classes of a style sheet; otherwise each element repeats its own */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -105,6 +111,8 @@ typedef struct SvgHostStatistics {
                                      file */
     size_t elementsBeyondLimit; /**< elements never made, and not among elements, because the document had as
                                      many as svgHostLimitElements allows */
+    size_t elementsBeyondBytes; /**< elements left out of the file that was written last, because it would
+                                     have become larger than SvgHostWriteOptions.mostBytes */
     size_t visibleElements;     /**< elements outside symbols that show something: they have a place, are not
                                      hidden and not empty; a use is one of them if its symbol has any */
 } SvgHostStatistics;

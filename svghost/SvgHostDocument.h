@@ -29,6 +29,7 @@ struct SvgHostDocument {
     std::size_t elements = 0;
     std::size_t mostElements = 0; // 0: any number
     std::size_t elementsBeyondLimit = 0;
+    std::size_t elementsBeyondBytes = 0; // of the file that was written last
     bool shortOfMemory = false;
 
     SvgHostDocument() = default;
@@ -53,6 +54,12 @@ struct SvgHostDocument {
     const svghost::Value& ValueOf(svghost::AttributeId id, std::uint32_t index) const
     {
         return m_values[static_cast<std::size_t>(id)].At(index);
+    }
+
+    // All values of a text attribute; the first is of no element.
+    const svghost::ValueTable& Values(svghost::AttributeId id) const
+    {
+        return m_values[static_cast<std::size_t>(id)];
     }
 
     // The picture's layout, made anew when the tree changed since the last call.

@@ -2,6 +2,7 @@
 
 #include "svghost/AgreedNames.h"
 #include "svghost/Bounds.h"
+#include "svghost/ElementBytes.h"
 #include "svghost/Fills.h"
 #include "svghost/Layers.h"
 #include "svghost/NumberText.h"
@@ -49,6 +50,12 @@ float RoundedUp(double number)
     return static_cast<float>(std::min(rounded, 3e38));
 }
 
+// What an element may take besides its texts, points and dashes.
+constexpr std::size_t kElementBytes = 200;
+
+// A longer dash pattern is written once, if patterns are shared.
+constexpr std::size_t kLongestOwnDashes = 200;
+
 // A longer line of writing that is used again is written once.
 constexpr std::size_t kLongestRepeated = 1000;
 
@@ -63,6 +70,11 @@ bool IsWrap(const Container& container)
 {
     return container.kind == Kind::Symbol &&
            static_cast<const Symbol&>(container).name->name.starts_with(kWrapPrefix);
+}
+
+bool IsShared(const Value& dashes)
+{
+    return !dashes.dropped && dashes.text.size() > kLongestOwnDashes;
 }
 
 bool HasGroups(const Container& container)
@@ -96,11 +108,17 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_background = options.background;
     m_groupsLayers = options.groupsLayers;
+    m_sharesDashes = options.sharesDashPatterns;
+    const std::size_t mostBytes = options.mostBytes > 0 ? options.mostBytes : SIZE_MAX;
     m_out.Declare();
     OpenRoot(options);
     if (options.style)
         WriteStyle(options.style);
+    if (m_sharesDashes)
+        WriteDashClasses();
+    m_mostBytes = mostBytes / 2;
     WriteDefinitions();
+    m_mostBytes = mostBytes;
     if (options.background)
         WriteBackground(options.background);
     OpenDrawing();
@@ -149,6 +167,21 @@ void SvgWriter::WriteStyle(const char* style)
 {
     m_out.Begin("style");
     m_out.SetText(XmlTextOf(style));
+}
+
+void SvgWriter::WriteDashClasses()
+{
+    const ValueTable& patterns = m_document.Values(AttributeId::DashArray);
+    std::string style;
+    for (std::uint32_t index = 1; index < patterns.Size(); ++index)
+        if (const Value& dashes = patterns.At(index); IsShared(dashes))
+            style.append(".dashes-")
+                .append(std::to_string(index))
+                .append("{stroke-dasharray:")
+                .append(dashes.text)
+                .append("}");
+    if (!style.empty())
+        WriteStyle(style.c_str());
 }
 
 // The module fills nothing, while SVG would fill everything.
@@ -217,10 +250,10 @@ void SvgWriter::WriteSymbol(const Symbol& symbol)
     m_scale = symbol.meanScale;
     SetStyle(symbol);
     m_out.Open();
-    if (symbol.isFill)
-        WriteFill(symbol);
-    else
+    if (!symbol.isFill)
         WriteContents(symbol);
+    else if (HasRoom(LongBytesOf(symbol)))
+        WriteFill(symbol);
     m_out.Close("symbol");
     m_scale = 1;
 }
@@ -296,12 +329,29 @@ void SvgWriter::SetLayer(std::string_view name)
     m_out.Set("inkscape:label", name);
 }
 
+bool SvgWriter::HasRoom(std::size_t longBytes)
+{
+    const bool hasRoom = m_out.Size() + kElementBytes + longBytes <= m_mostBytes;
+    m_beyondBytes += !hasRoom;
+    return hasRoom;
+}
+
+bool SvgWriter::HasRoomFor(const Node& node)
+{
+    if (IsContainer(node))
+        return true;
+    const Symbol* used = node.kind == Kind::Use ? static_cast<const Use&>(node).target->definition : nullptr;
+    return HasRoom(LongBytesOf(m_document, node) + (used && IsDrawnInPlace(*used) ? LongBytesOf(*used) : 0));
+}
+
 void SvgWriter::WriteNode(const Node& node)
 {
     if (node.leftOut)
         return;
     if (const Symbol* mark = LayerMarkOf(node))
         return m_run->Take(*mark);
+    if (!HasRoomFor(node))
+        return;
     m_run->BeginElement();
     switch (node.kind) {
     case Kind::Line:
@@ -551,7 +601,10 @@ void SvgWriter::SetDashes(std::uint32_t index)
     const Value& dashes = m_document.ValueOf(AttributeId::DashArray, index);
     if (index == 0 || dashes.dropped)
         return;
-    m_out.SetPlain("stroke-dasharray", dashes.text);
+    if (m_sharesDashes && IsShared(dashes))
+        m_out.SetPlain("class", "dashes-", static_cast<double>(index));
+    else
+        m_out.SetPlain("stroke-dasharray", dashes.text);
     if (dashes.dotted)
         m_out.SetPlain("stroke-linecap", "round");
 }

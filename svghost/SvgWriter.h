@@ -22,11 +22,15 @@ public:
     // False when memory is short or the write function returned false; it is not called again then.
     bool Run(const SvgHostWriteOptions& options);
 
+    // How many elements were left out because the file would have become too large.
+    std::size_t ElementsBeyondBytes() const { return m_beyondBytes; }
+
 private:
     void OpenRoot(const SvgHostWriteOptions& options);
     void SetPixelSize();
     void SetPhysicalSize();
     void WriteStyle(const char* style);
+    void WriteDashClasses();
     void OpenDrawing();
     void WriteDefinitions();
     void WriteSymbol(const Symbol& symbol);
@@ -37,6 +41,9 @@ private:
     void WriteLayers(const Container& container);
     void SetLayer(std::string_view name);
 
+    // Whether the file has room for an element, so much of it in what may be long; counts those without.
+    bool HasRoom(std::size_t longBytes);
+    bool HasRoomFor(const Node& node);
     void WriteNode(const Node& node);
     void WriteLine(const Line& line);
     void WriteEllipse(const Ellipse& ellipse);
@@ -70,6 +77,9 @@ private:
     XmlStream m_out;
     const char* m_background = nullptr; // null: none
     bool m_groupsLayers = false;
+    bool m_sharesDashes = false;
+    std::size_t m_mostBytes = 0; // that may be written by the end of what is being written
+    std::size_t m_beyondBytes = 0;
     LayerRun* m_run = nullptr; // of the container that is being written
     double m_scale = 1;        // at which what is being written is shown
     // For each value of a stroke's width the one that was written last, and for which scale.

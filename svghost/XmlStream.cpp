@@ -70,6 +70,7 @@ void XmlStream::HandOn()
 {
     const std::size_t size = static_cast<std::size_t>(m_at - m_piece.get());
     m_good = m_good && m_function(m_user, m_piece.get(), size);
+    m_handedOn += size;
     m_at = m_piece.get();
 }
 

@@ -101,6 +101,9 @@ public:
         (Put(parts), ...);
     }
 
+    // How many bytes were written so far.
+    std::size_t Size() const { return m_handedOn + static_cast<std::size_t>(m_at - m_piece.get()); }
+
     // Call it once, when everything is closed. False when the write function returned false; it was not
     // called again then.
     bool Finish();
@@ -129,6 +132,7 @@ private:
     void* m_user;
     std::unique_ptr<char[]> m_piece;
     char* m_at;
+    std::size_t m_handedOn = 0;
     std::string_view m_element; // the one begun last
     bool m_inTag = false;       // whether that one's start tag goes on
     bool m_good = true;

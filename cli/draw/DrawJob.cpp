@@ -24,7 +24,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <limits>
 #include <memory>
 #include <new>
 #include <optional>
@@ -90,15 +89,27 @@ bool WriteToFile(void* user, const char* bytes, std::size_t size)
     return static_cast<OutputFile*>(user)->Write(bytes, size);
 }
 
+std::uintmax_t SizeOf(const fs::path& drawing)
+{
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(drawing, error);
+    return error ? 0 : size;
+}
+
 // How many elements a drawing may have. One that a program wrote has thirty bytes and more for each of them;
 // what makes more out of fewer bytes is made to fill memory.
 std::size_t MostElements(const fs::path& drawing)
 {
     constexpr std::uintmax_t kAnyhow = 100'000, kBytesForEach = 8;
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(drawing, error);
-    const std::uintmax_t most = kAnyhow + (error ? 0 : size / kBytesForEach);
-    return static_cast<std::size_t>(std::min<std::uintmax_t>(most, std::numeric_limits<std::size_t>::max()));
+    return static_cast<std::size_t>(kAnyhow + SizeOf(drawing) / kBytesForEach);
+}
+
+// How large the picture of a drawing may be. That of a drawing from a program is seldom twice as large as its
+// file.
+std::size_t MostBytes(const fs::path& drawing)
+{
+    constexpr std::uintmax_t kAnyhow = 16'000'000, kBytesForEach = 12;
+    return static_cast<std::size_t>(kAnyhow + SizeOf(drawing) * kBytesForEach);
 }
 
 // Why the module could not open a file that the command could. The module gives no reason, but a second try
@@ -255,8 +266,8 @@ void TellDoubts(const DrawingInfo& info, bool isPrepared, const std::string& she
                                    : WhyBlank(info, outcome.share, outcome.statistics.elements),
                         ExitCode::Blank);
     const SvgHostStatistics& met = outcome.statistics;
-    const std::uint64_t leftOut =
-        met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
+    const std::uint64_t leftOut = met.undrawableElements + met.cyclicUses + met.unboundedUses +
+                                  met.elementsBeyondLimit + met.elementsBeyondBytes;
     outcome.share.shown -=
         outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
     TellShare(outcome.share, options, report);
@@ -311,7 +322,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     const prepare::LayoutSize sheet = prepared ? prepared->Findings().sheet : prepare::LayoutSize();
     const Sizing sizing = SizingOf(info.header, sheet, options);
     const Look look = LookFor(options);
-    const SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing, sheet);
+    SvgHostWriteOptions written = WriteOptionsFor(options, look, sizing, sheet);
+    written.mostBytes = MostBytes(source.Path());
     // Only pictures that have the mark themselves can be recognised.
     outcome.hasReplacedOther = written.generator && HoldsOtherFile(job.output);
     const std::string reason = WriteOutput(job, options, [&](OutputFile& file) {
@@ -322,6 +334,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         return;
     if (!reason.empty())
         return report.Failed(job.output, "cannot be written: " + reason, ExitCode::File);
+    if (!svgHostGetStatistics(document.get(), &outcome.statistics))
+        throw std::bad_alloc();
     if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
     TellDoubts(info, prepared.has_value(), sheet.name, outcome, options, report);

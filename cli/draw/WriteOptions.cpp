@@ -14,6 +14,7 @@ SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, co
     chosen.unit = sizing.unit ? sizing.unit->millimetres : 0;
     chosen.generator = options.isAsIs ? nullptr : kGenerator;
     chosen.groupsLayers = options.layersAs == "inkscape";
+    chosen.sharesDashPatterns = !options.isAsIs;
     chosen.showsMost = options.fit == "most";
     if (!options.scale.empty())
         chosen.scale = ParseReal(std::string_view(options.scale).substr(kScaleStart.size()));

@@ -41,12 +41,15 @@ constexpr HostCount kHostCounts[] = {
     {&SvgHostStatistics::elementsBeyondLimit, "elementsBeyondLimit",
      "element left out (too many for a drawing of this size)",
      "elements left out (too many for a drawing of this size)"},
+    {&SvgHostStatistics::elementsBeyondBytes, "elementsBeyondBytes",
+     "element left out (the picture is too large for a drawing of this size)",
+     "elements left out (the picture is too large for a drawing of this size)"},
 };
 
 std::size_t DrawnElements(const SvgHostStatistics& statistics)
 {
-    const std::size_t leftOut =
-        statistics.undrawableElements + statistics.cyclicUses + statistics.unboundedUses;
+    const std::size_t leftOut = statistics.undrawableElements + statistics.cyclicUses +
+                                statistics.unboundedUses + statistics.elementsBeyondBytes;
     return statistics.elements - leftOut;
 }
 

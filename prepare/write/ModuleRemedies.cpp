@@ -43,7 +43,7 @@ std::vector<double> Alternating(const std::vector<double>& dashes, double scale,
 void Limit(std::vector<double>& pattern)
 {
     constexpr std::size_t kMostLengths = 50;
-    constexpr std::size_t kMostCharacters = 200;
+    constexpr std::size_t kMostCharacters = 500; // hosts draw longer ones as solid lines
     std::size_t characters = 0;
     std::size_t count = 0;
     while (count + 1 < std::min(pattern.size(), kMostLengths + 1)) {

@@ -54,7 +54,7 @@ CodeAndValue ColourForModule(const Colour& colour);
 std::int32_t WeightForModule(double width);
 
 // 35, 37: the pattern, dashes and gaps by turns, in drawing units; empty for a solid line. It has at most 50
-// lengths and, as the module writes them, 200 characters. A pattern far shorter than the stroke is wide is
+// lengths and, as the module writes them, 500 characters. A pattern far shorter than the stroke is wide is
 // solid.
 std::vector<double> DashesForModule(const LineType& lineType, double scale, double width);
 

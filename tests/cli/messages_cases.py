@@ -1,4 +1,5 @@
 """What is printed about a drawing."""
+import os
 import re
 
 import command_support
@@ -95,6 +96,34 @@ class Messages(Printed):
         self.assertEqual(drawn, str(most))
         self.assertRegex(findings, r"^; [0-9]+ elements left out \(too many for a drawing of this size\)$")
         self.assertGreater(int(findings.split()[1]), 1000)
+
+    # A dimension draws its text of so many values again for each of its repeated parts.
+    LONG_TEXTS = ("0", "DIMENSION", "100", "AcDbDimension", "1", "<>" * 510, "100", "AcDbRadialDimension", "15", "1e37",
+                  *("100", "AcDbRadialDimension") * 45_000)
+
+    def test_what_makes_the_picture_too_large_is_left_out_and_told(self):
+        content = entities(*self.LONG_TEXTS)
+        most = 16_000_000 + 12 * len(content)
+        _, (drawn, _, findings) = self.messages(content)
+        size = os.path.getsize(self.path("plan.svg"))
+        self.assertLessEqual(size, most * 1.01)
+        self.assertGreater(size, most * 0.99)
+        self.assertRegex(findings,
+                         r"; [0-9]+ elements left out \(the picture is too large for a drawing of this size\)$")
+        self.assertGreater(int(re.search(r"; ([0-9]+) elements", findings)[1]), 100)
+        self.assertGreater(int(drawn), 2000)
+
+    def test_a_long_dash_pattern_is_written_once(self):
+        dashes = (word for number in range(50) for word in ("49", f"{'-' * (number % 2)}0.{number + 1234567}"))
+        pattern = ("0", "TABLE", "2", "LTYPE", "0", "LTYPE", "100", "AcDbSymbolTableRecord", "100",
+                   "AcDbLinetypeTableRecord", "2", "P", *dashes, "0", "ENDTAB", "0", "ENDSEC")
+        lines = ("0", "LINE", "6", "P", "11", "9") * 2000
+        self.messages(dxf("0", "SECTION", "2", "TABLES", *pattern) + entities(*lines))
+        self.assertEqual(self.read("plan.svg").count(" stroke-dasharray="), 2000)
+        self.AS_IS = False
+        self.messages(dxf("0", "SECTION", "2", "TABLES", *pattern) + entities(*lines))
+        self.assertEqual(self.read("plan.svg").count("stroke-dasharray"), 1)
+        self.assertEqual(self.read("plan.svg").count(' class="dashes-1"'), 2000)
 
     def test_a_hundred_thousand_messages(self):
         count = 100_000

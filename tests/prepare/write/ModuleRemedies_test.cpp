@@ -77,13 +77,16 @@ TEST(ModuleRemedies, PatternsFarBelowTheStrokeAreSolid)
 
 TEST(ModuleRemedies, LongPatternsAreCutAtAGap)
 {
-    Numbers dashes;
-    for (int i = 0; i < 30; ++i)
-        dashes.insert(dashes.end(), {1, -1});
-    const Numbers written = Dashes(dashes);
-    // "1.000000," is nine characters, and room is counted for one more.
-    EXPECT_GE(written.size(), 20u);
-    EXPECT_LE(written.size(), 22u);
+    Numbers many, longOnes;
+    for (int i = 0; i < 30; ++i) {
+        many.insert(many.end(), {1, -1});
+        longOnes.insert(longOnes.end(), {1e9, -1e9});
+    }
+    EXPECT_EQ(Dashes(many).size(), 50u);
+    // "1000000000.000000," is 18 characters, and room is counted for one more.
+    const Numbers written = Dashes(longOnes);
+    EXPECT_GE(written.size(), 26u);
+    EXPECT_LE(written.size(), 28u);
     EXPECT_EQ(written.size() % 2, 0u);
 }
 
