@@ -19,7 +19,7 @@ ConvertSettings CoarseSettings(std::uint64_t bytes);
 // For converting such a drawing, which is then written with these settings.
 ConvertSettings FineSettings(std::uint64_t bytes, const WriteSettings& settings);
 
-// How a model of so many bytes is written. rayStarts: around the starts of its rays.
+// How a model of that size is written. rayStarts: around the starts of its rays.
 WriteSettings WriteSettingsFor(const Measured& measured, const Box& rayStarts, std::uint64_t bytes,
                                const Options& options);
 

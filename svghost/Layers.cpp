@@ -23,12 +23,4 @@ std::wstring_view LayerOf(const Symbol& mark)
     return mark.name->name.substr(kLayerPrefix.size());
 }
 
-bool HasLayers(const Symbol& symbol)
-{
-    for (const Node* node = symbol.first; node; node = node->next)
-        if (LayerMarkOf(*node))
-            return true;
-    return false;
-}
-
 } // namespace svghost

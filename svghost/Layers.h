@@ -14,7 +14,4 @@ const Symbol* LayerMarkOf(const Node& node);
 // The name of the layer that begins at the mark; empty: none does.
 std::wstring_view LayerOf(const Symbol& mark);
 
-// Whether anything in the symbol itself, beyond its groups, is a mark.
-bool HasLayers(const Symbol& symbol);
-
 } // namespace svghost

@@ -10,7 +10,7 @@ namespace svghost {
 // How many levels of uses a viewer must follow: deeper ones are left out. Viewers recurse for each.
 inline constexpr std::uint32_t kDeepestUse = 100;
 
-// How many elements a document of so many elements may unfold into when its uses are drawn: a picture of a
+// How many elements a document of that many elements may unfold into when its uses are drawn: a picture of a
 // few inserts within inserts must not grow beyond what a viewer shows in about two seconds, and a big
 // ordinary drawing must stay whole.
 constexpr std::size_t RenderBudget(std::size_t elements)

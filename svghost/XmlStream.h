@@ -111,7 +111,7 @@ public:
 private:
     static constexpr std::size_t kPiece = std::size_t{1} << 16;
 
-    // Where so many bytes can be written, at most kPiece.
+    // Where that many bytes can be written, at most kPiece.
     char* Room(std::size_t size)
     {
         if (size > static_cast<std::size_t>(m_piece.get() + kPiece - m_at)) [[unlikely]]

@@ -8,15 +8,6 @@ namespace prepare {
 
 namespace {
 
-// The first value of a variable with that code; null if it has no such value.
-const std::string* ValueOf(const Variable& variable, std::int32_t code)
-{
-    for (const auto& [its, value] : variable.values)
-        if (its == code)
-            return &value;
-    return nullptr;
-}
-
 double FiniteReal(std::string_view text, double otherwise)
 {
     const double real = ParseReal(text);
@@ -60,20 +51,6 @@ std::string_view Header::Text(std::string_view name) const
     if (found == m_variables.end() || found->second.values.empty())
         return {};
     return Trim(found->second.values.front().second);
-}
-
-bool Header::Point(std::string_view name, Point3& point) const
-{
-    const auto found = m_variables.find(name);
-    if (found == m_variables.end())
-        return false;
-    const std::string* const x = ValueOf(found->second, 10);
-    const std::string* const y = ValueOf(found->second, 20);
-    const std::string* const z = ValueOf(found->second, 30);
-    if (x == nullptr || y == nullptr)
-        return false;
-    point = {FiniteReal(*x, 0), FiniteReal(*y, 0), z == nullptr ? 0 : FiniteReal(*z, 0)};
-    return true;
 }
 
 const Layer* Drawing::FindLayer(NameId name) const

@@ -27,8 +27,6 @@ public:
     double Real(std::string_view name, double otherwise) const;
     std::int32_t Integer(std::string_view name, std::int32_t otherwise) const;
     std::string_view Text(std::string_view name) const; // empty when it is missing
-    // False when the header lacks it.
-    bool Point(std::string_view name, Point3& point) const;
 
     Variable& operator[](std::string_view name);
 

@@ -27,8 +27,8 @@ struct Layout {
     double windowBottom = 0;       // 49
     double windowRight = 0;        // 140
     double windowTop = 0;          // 141
-    double scaledLength = 1;       // 142: so many paper units
-    double unscaledLength = 1;     // 143: are so many units of the paper space
+    double scaledLength = 1;       // 142: this many paper units
+    double unscaledLength = 1;     // 143: are this many units of the paper space
     std::int32_t plotFlags = 0;    // 70, the first one: 1 borders of viewports are plotted, 4 centred
     std::int32_t paperUnits = 1;   // 72: 0 inches, else millimetres
     std::int32_t quarterTurns = 0; // 73: counter-clockwise, of what is plotted on the paper

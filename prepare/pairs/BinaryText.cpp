@@ -45,7 +45,7 @@ ValueForm FormOf(std::int32_t code)
     return found == std::end(kForms) ? ValueForm::Unknown : found->form;
 }
 
-// A number of so many bytes, the lowest first.
+// A number of that many bytes, the lowest first.
 std::uint64_t LittleEndian(std::string_view bytes, std::size_t size)
 {
     std::uint64_t value = 0;

@@ -108,12 +108,6 @@ double RoundedTo(double value, int decimals)
     return std::fabs(scaled) < kExact ? std::nearbyint(scaled) / kPowers[decimals] : value;
 }
 
-void AppendFixed(std::string& text, double value, int decimals)
-{
-    char number[kLongestFormatted];
-    text.append(number, PutFixed(number, value, decimals));
-}
-
 void AppendReal(std::string& text, double value, int digits)
 {
     char number[kLongestFormatted];

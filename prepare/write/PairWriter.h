@@ -49,9 +49,8 @@ private:
 
 void BeginSection(PairWriter& pairs, const char* name);
 
-// Each adds the text of a number as PairWriter writes it.
+// Adds the text of a number as PairWriter writes it.
 void AppendReal(std::string& text, double value, int digits);
-void AppendFixed(std::string& text, double value, int decimals);
 
 // A pair as PairWriter writes it, for Raw. value holds no line ends.
 std::string PairText(int code, std::string_view value);

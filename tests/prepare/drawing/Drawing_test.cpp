@@ -19,20 +19,6 @@ TEST(Header, GivesItsValuesOrWhatIsAskedForOtherwise)
     EXPECT_EQ(header.Text("$MENU"), "");
 }
 
-TEST(Header, GivesPoints)
-{
-    Header header;
-    header["$EXTMIN"].values = {{10, "1"}, {20, "2"}, {30, "3"}};
-    Point3 point{7, 7, 7};
-    EXPECT_TRUE(header.Point("$EXTMIN", point));
-    EXPECT_EQ(point, (Point3{1, 2, 3}));
-    EXPECT_FALSE(header.Point("$EXTMAX", point));
-    EXPECT_EQ(point, (Point3{1, 2, 3}));
-    header["$LIMMIN"].values = {{10, "4"}, {20, "5"}};
-    EXPECT_TRUE(header.Point("$LIMMIN", point));
-    EXPECT_EQ(point, (Point3{4, 5, 0}));
-}
-
 TEST(Drawing, FindsWhatItsTablesHave)
 {
     Drawing drawing;

