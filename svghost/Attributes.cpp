@@ -1,6 +1,7 @@
 #include "svghost/Attributes.h"
 
 #include "base/Blanks.h"
+#include "base/Letters.h"
 #include "base/Numbers.h"
 #include "svghost/NumberText.h"
 #include "svghost/XmlText.h"
@@ -53,7 +54,8 @@ consteval auto MakeFirstOfLength()
 
 constexpr auto kFirstOfLength = MakeFirstOfLength();
 
-// One part of RGB(r,g,b): blanks, up to nine digits, blanks. A value above 255 becomes 255.
+// One part of RGB(r,g,b): blanks, digits, blanks. A value above 255 becomes 255. The numbers that src/base
+// reads may have a sign.
 bool ReadColourPart(std::wstring_view& text, unsigned& part)
 {
     const auto skip = [&] { text.remove_prefix(std::min(text.find_first_not_of(L' '), text.size())); };
@@ -83,12 +85,8 @@ bool IsColourFunction(std::wstring_view name)
 {
     constexpr std::wstring_view kFunctions[] = {L"rgb", L"rgba", L"hsl",   L"hsla", L"hwb",
                                                 L"lab", L"lch",  L"oklab", L"oklch"};
-    std::wstring small(name);
-    for (wchar_t& unit : small) {
-        if (unit >= L'A' && unit <= L'Z')
-            unit = static_cast<wchar_t>(unit - L'A' + L'a');
-    }
-    return std::find(std::begin(kFunctions), std::end(kFunctions), small) != std::end(kFunctions);
+    return std::any_of(std::begin(kFunctions), std::end(kFunctions),
+                       [&](std::wstring_view function) { return AreSameLetters(function, name); });
 }
 
 } // namespace

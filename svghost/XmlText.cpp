@@ -94,7 +94,7 @@ char* WriteEscape(char byte, char* out)
         return copy("&gt;");
     case '"':
         return copy("&quot;");
-    default: // a control character
+    default: // a control character, always with two digits, which FormatInteger does not write
         const char number[] = {'&', '#', static_cast<char>('0' + byte / 10),
                                static_cast<char>('0' + byte % 10), ';'};
         return copy({number, sizeof number});

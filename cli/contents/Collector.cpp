@@ -4,7 +4,6 @@
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "cli/contents/Fate.h"
-#include "cli/contents/LeadingNumbers.h"
 #include "input/CDxfOpenFile.h"
 
 #include <algorithm>
@@ -16,11 +15,6 @@ namespace plexorn {
 namespace {
 
 constexpr std::string_view kTextTypes[] = {"TEXT", "MTEXT", "ATTRIB", "ATTDEF", "DIMENSION"};
-
-int IntegerOf(std::string_view value)
-{
-    return LeadingInteger(value).value_or(0);
-}
 
 // The blocks of further sheets have names with a number at the end.
 bool IsSheetName(std::string_view block)
@@ -299,7 +293,7 @@ void Collector::TakeValue(int code, std::string_view value, std::uint64_t line)
         if (code == 2)
             m_name = value;
         else if (code == 10 || code == 20)
-            m_hasBasePoint = m_hasBasePoint || LeadingNumber(value).value_or(0) != 0;
+            m_hasBasePoint = m_hasBasePoint || LeadingReal(value).value_or(0) != 0;
     } else if (m_record == Record::Entity) {
         TakeEntity(code, value);
         if (code == 1 || code == 3)
@@ -323,19 +317,19 @@ void Collector::TakeEntry(int code, std::string_view value)
         m_layer.lineType = value;
         break;
     case 40:
-        m_lineType.length = LeadingNumber(value).value_or(0);
+        m_lineType.length = LeadingReal(value).value_or(0);
         break;
     case 49:
         ++m_lineType.dashes;
         break;
     case 62:
-        m_layer.colour = IntegerOf(value);
+        m_layer.colour = ParseInteger(value);
         break;
     case 70:
-        m_layer.flags = IntegerOf(value);
+        m_layer.flags = ParseInteger(value);
         break;
     case 370:
-        m_layer.weight = IntegerOf(value);
+        m_layer.weight = ParseInteger(value);
         break;
     default:
         break;
@@ -361,13 +355,13 @@ void Collector::TakeEntity(int code, std::string_view value)
         m_layerName = value;
         break;
     case 60:
-        m_hidden = IntegerOf(value) == 1;
+        m_hidden = ParseInteger(value) == 1;
         break;
     case 67:
-        Note(Otherwise::PaperSpace, !m_inBlock && IntegerOf(value) == 1);
+        Note(Otherwise::PaperSpace, !m_inBlock && ParseInteger(value) == 1);
         break;
     case 230:
-        Note(Otherwise::Extrusions, m_type != "ARC" && LeadingNumber(value).value_or(0) < 0);
+        Note(Otherwise::Extrusions, m_type != "ARC" && LeadingReal(value).value_or(0) < 0);
         break;
     case 100:
         m_marked = m_marked || value == "AcDbDimension";
@@ -386,7 +380,7 @@ void Collector::TakeDetail(int code, std::string_view value)
     m_embedded = m_embedded || code == 101;
     if (m_embedded)
         return;
-    const auto isNumber = [&] { return LeadingNumber(value).value_or(0) != 0; };
+    const auto isNumber = [&] { return LeadingReal(value).value_or(0) != 0; };
     switch (m_kind) {
     case Kind::Polyline:
         if (code == 42)
@@ -410,7 +404,7 @@ void Collector::TakeDetail(int code, std::string_view value)
         break;
     case Kind::Insert:
         if (code == 70 || code == 71)
-            Note(Otherwise::OneOfMany, IntegerOf(value) > 1);
+            Note(Otherwise::OneOfMany, ParseInteger(value) > 1);
         break;
     default:
         break;

@@ -1,6 +1,6 @@
 #include "cli/contents/DimensionMeasure.h"
 
-#include "cli/contents/LeadingNumbers.h"
+#include "base/Numbers.h"
 #include "drawing/DimensionPoints.h"
 #include "drawing/Transform.h"
 
@@ -26,7 +26,7 @@ void DimensionMeasure::Take(int code, std::string_view value)
     else if (code == 1)
         m_hasOwnText = !value.empty() && value.find("<>") == std::string_view::npos;
     else if ((code >= 10 && code < 30) || code == 42 || code == 50)
-        TakeNumber(code, LeadingNumber(value).value_or(0));
+        TakeNumber(code, LeadingReal(value).value_or(0));
 }
 
 void DimensionMeasure::TakePart(std::string_view name)

@@ -1,7 +1,6 @@
 #include "cli/contents/Header.h"
 
 #include "base/Numbers.h"
-#include "cli/contents/LeadingNumbers.h"
 #include "input/CDxfOpenFile.h"
 #include "prepare/pairs/PairReader.h"
 
@@ -39,7 +38,7 @@ void HeaderReader::Take(int code, std::string_view value)
         m_header.measurement = LeadingInteger(value);
     } else if (code == 10 || code == 20) {
         std::optional<HeaderPoint>* point = Point();
-        std::optional<double> number = LeadingNumber(value);
+        std::optional<double> number = LeadingReal(value);
         if (!point || !number)
             return;
         if (!*point)

@@ -11,24 +11,11 @@ namespace {
 // The format's codes are -5 to 1071. A number beyond is a value.
 constexpr std::int32_t kLeastCode = -999;
 constexpr std::int32_t kGreatestCode = 1099;
-constexpr std::size_t kMostDigits = 4;
-
-// Unlike base's ParseCode, takes nothing but a number in its blanks: "12.5" is no code.
+// Unlike ParseCode, takes nothing but a number in its blanks: "12.5" is no code.
 bool ParseStrictCode(std::string_view line, std::int32_t& code)
 {
-    std::string_view text = Trim(line);
-    const bool isNegative = text.starts_with('-');
-    text.remove_prefix(isNegative ? 1 : 0);
-    if (text.empty() || text.size() > kMostDigits)
-        return false;
     std::int32_t value = 0;
-    for (const char c : text) {
-        if (!IsDigit(c))
-            return false;
-        value = value * 10 + (c - '0');
-    }
-    value = isNegative ? -value : value;
-    if (value < kLeastCode || value > kGreatestCode)
+    if (!ParseWholeCode(line, value) || value < kLeastCode || value > kGreatestCode)
         return false;
     code = value;
     return true;

@@ -1,5 +1,6 @@
 #include "prepare/write/ModuleEntities.h"
 
+#include "base/Decimals.h"
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/Placement.h"
 #include "prepare/write/AgreedNames.h"

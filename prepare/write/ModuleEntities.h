@@ -1,6 +1,7 @@
 // Writes plain entities in the way that the module needs.
 #pragma once
 
+#include "base/Decimals.h"
 #include "prepare/report/Report.h"
 #include "prepare/write/Flatten.h"
 #include "prepare/write/ModuleLayers.h"

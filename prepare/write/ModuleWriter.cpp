@@ -1,5 +1,6 @@
 #include "prepare/write/ModuleWriter.h"
 
+#include "base/Decimals.h"
 #include "base/Numbers.h"
 #include "prepare/write/AgreedNames.h"
 #include "prepare/write/ModuleFills.h"

@@ -1,6 +1,7 @@
 // Writes group pairs: a line with the code, a line with the value.
 #pragma once
 
+#include "base/Numbers.h"
 #include "prepare/write/DrawingWriter.h"
 
 #include <cstdint>
@@ -33,7 +34,7 @@ public:
     bool Finish();
 
     // Of a coordinate: more digits than any drawing needs, fewer than rounding errors reach.
-    static constexpr int kDigits = 14;
+    static constexpr int kDigits = kDigitsOfLarge;
 
 private:
     char* Code(int code);
@@ -57,11 +58,5 @@ std::string PairText(int code, std::string_view value);
 
 // A made-up name: the prefix and the number.
 std::string Numbered(std::string_view prefix, std::size_t number);
-
-// 10 to that power, as exactly as a double can say it; powers of -300 to 300.
-double PowerOfTen(int power);
-
-// The nearest number of that many decimals, 0 to 15; value itself where a double has no more.
-double RoundedTo(double value, int decimals);
 
 } // namespace prepare

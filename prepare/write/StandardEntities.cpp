@@ -1,5 +1,6 @@
 #include "prepare/write/StandardEntities.h"
 
+#include "base/Decimals.h"
 #include "prepare/write/Flatten.h"
 #include "prepare/write/ModuleTexts.h"
 #include "prepare/write/Palette.h"

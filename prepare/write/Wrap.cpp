@@ -1,5 +1,6 @@
 #include "prepare/write/Wrap.h"
 
+#include "base/Decimals.h"
 #include "base/Numbers.h"
 #include "prepare/write/ModuleRemedies.h"
 #include "prepare/write/PairWriter.h"

@@ -5,9 +5,12 @@
 #include <string>
 #include <string_view>
 
-constexpr char SmallLetter(char character)
+template <class Character>
+constexpr Character SmallLetter(Character character)
 {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    return character >= Character{'A'} && character <= Character{'Z'}
+               ? static_cast<Character>(character - 'A' + 'a')
+               : character;
 }
 
 constexpr char CapitalLetter(char character)
@@ -18,7 +21,7 @@ constexpr char CapitalLetter(char character)
 inline std::string InSmallLetters(std::string_view text)
 {
     std::string small(text);
-    std::transform(small.begin(), small.end(), small.begin(), SmallLetter);
+    std::transform(small.begin(), small.end(), small.begin(), SmallLetter<char>);
     return small;
 }
 
@@ -30,10 +33,22 @@ inline std::string InCapitals(std::string_view text)
 }
 
 // Whether two texts differ in nothing but the case of their letters.
+template <class Character>
+bool AreSameLettersOf(std::basic_string_view<Character> a, std::basic_string_view<Character> b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](Character left, Character right) {
+        return SmallLetter(left) == SmallLetter(right);
+    });
+}
+
 inline bool AreSameLetters(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char left, char right) { return SmallLetter(left) == SmallLetter(right); });
+    return AreSameLettersOf(a, b);
+}
+
+inline bool AreSameLetters(std::wstring_view a, std::wstring_view b)
+{
+    return AreSameLettersOf(a, b);
 }
 
 // Whether a text ends in another, whatever the case of their letters.

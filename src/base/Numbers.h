@@ -40,13 +40,24 @@ inline bool ParseCode(std::string_view line, std::int32_t& code)
     return ParseUsualCode(line, code) || ParseAnyCode(line, code);
 }
 
+// Reads a code that is the whole line but for blanks around it: up to four digits, and perhaps a minus.
+// False, with the code unchanged, for any other line.
+bool ParseWholeCode(std::string_view line, std::int32_t& code);
+
 // Reads an integer as _wtoi does: blanks, a sign and digits; 0 without digits; saturates.
 std::int32_t ParseInteger(std::string_view text);
+
+// The same; nothing where there are no digits.
+std::optional<std::int32_t> LeadingInteger(std::string_view text);
 
 // Reads a real as _wtof does: blanks, a sign, decimal digits with a point, an exponent with digits; 0 when
 // there are no digits. Beyond the range it is infinite, below it 0. Hexadecimal numbers and words such as
 // "inf" are not numbers.
 double ParseReal(std::string_view text);
+
+// The same; nothing where there are no digits, or where the number is beyond a double's range, large or
+// small.
+std::optional<double> LeadingReal(std::string_view text);
 
 // As ParseReal, of a line in wide steps: bytes around it are read, though they do not count.
 double ParseLineReal(CDxfLine line);
@@ -109,6 +120,12 @@ inline constexpr std::size_t kLongestFormatted = 309 + 1 + 1 + kMostDigits;
 char* FormatFixed(double value, int decimals, char* out);
 char* FormatScientific(double value, int decimals, char* out);
 char* FormatGeneral(double value, int digits, char* out);
+
+// With so many decimals, 0 to 15, and no zero too many; 0 has no sign. In contrast to FormatFixed, what is
+// rounded is the product with a power of ten, which makes short work of it. A number of more than 15 digits
+// is written as FormatGeneral does with kDigitsOfLarge.
+inline constexpr int kDigitsOfLarge = 14;
+char* FormatDecimals(double value, int decimals, char* out);
 
 // As "%0*x" and "%0*X": with zeros in front up to so many digits; in at most 16 characters, or digits.
 char* FormatHex(std::uint64_t value, std::size_t digits, char* out);

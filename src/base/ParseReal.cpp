@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 namespace {
@@ -43,26 +44,48 @@ double OutOfRange(const char* at, const char* end)
     return magnitude + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-// A number that begins with a digit or a point, of any length and with any exponent.
-double ParseAnyReal(const char* at, const char* end)
+// A number within a text, without its sign.
+struct Magnitude {
+    const char* begin;
+    const char* end;
+    bool isNegative;
+
+    double Signed(double value) const { return isNegative ? -value : value; }
+};
+
+// The number that a text begins with after blanks, and all that follows it. Nothing is read beyond its first
+// digit: no word and no second sign is looked at.
+inline std::optional<Magnitude> FindReal(std::string_view text)
 {
-    double value = 0.0;
-    const std::from_chars_result result = std::from_chars(at, end, value);
-    return result.ec == std::errc::result_out_of_range ? OutOfRange(at, result.ptr) : value;
+    const char* const end = text.data() + text.size();
+    const char* at = SkipBlanks(text.data(), end);
+    const bool isNegative = TakeSign(at, end);
+    const char* const digit = at != end && *at == '.' ? at + 1 : at;
+    if (digit == end || !IsDigit(*digit))
+        return std::nullopt;
+    return Magnitude{at, end, isNegative};
 }
 
 } // namespace
 
 double ParseReal(std::string_view text)
 {
-    const char* const end = text.data() + text.size();
-    const char* at = SkipBlanks(text.data(), end);
-    const bool negative = TakeSign(at, end);
-    const char* const digit = at != end && *at == '.' ? at + 1 : at;
-    if (digit == end || !IsDigit(*digit)) // no word and no second sign is looked at
+    const auto found = FindReal(text);
+    if (!found)
         return 0.0;
-    const double value = ParseAnyReal(at, end);
-    return negative ? -value : value;
+    double value = 0.0;
+    const std::from_chars_result result = std::from_chars(found->begin, found->end, value);
+    return found->Signed(result.ec == std::errc::result_out_of_range ? OutOfRange(found->begin, result.ptr)
+                                                                     : value);
+}
+
+std::optional<double> LeadingReal(std::string_view text)
+{
+    const auto found = FindReal(text);
+    double value = 0.0;
+    if (!found || std::from_chars(found->begin, found->end, value).ec != std::errc())
+        return std::nullopt;
+    return found->Signed(value);
 }
 
 #if defined(PLEXORN_SSE2)

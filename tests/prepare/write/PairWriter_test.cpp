@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <string>
 
@@ -24,57 +22,11 @@ std::string Written(const std::function<void(PairWriter&)>& put)
     return text;
 }
 
-std::string Fixed(double value, int decimals)
-{
-    const std::string pair = Written([&](PairWriter& pairs) { pairs.Fixed(8, value, decimals); });
-    EXPECT_EQ(pair.substr(0, 2), "8\n");
-    EXPECT_EQ(pair.back(), '\n');
-    return pair.substr(2, pair.size() - 3);
-}
-
 std::string Real(double value, int digits = PairWriter::kDigits)
 {
     std::string text;
     AppendReal(text, value, digits);
     return text;
-}
-
-TEST(PairWriter, FixedNumbersHaveNoZeroTooMany)
-{
-    EXPECT_EQ(Fixed(0, 4), "0");
-    EXPECT_EQ(Fixed(-0.0, 4), "0");
-    EXPECT_EQ(Fixed(12, 4), "12");
-    EXPECT_EQ(Fixed(120, 0), "120");
-    EXPECT_EQ(Fixed(-1.5, 4), "-1.5");
-    EXPECT_EQ(Fixed(0.05, 4), "0.05");
-    EXPECT_EQ(Fixed(0.00004, 4), "0");
-    EXPECT_EQ(Fixed(-0.00004, 4), "0");
-    EXPECT_EQ(Fixed(-0.00006, 4), "-0.0001");
-    EXPECT_EQ(Fixed(1234.56789, 3), "1234.568");
-    EXPECT_EQ(Fixed(1e-15, 15), "0.000000000000001");
-}
-
-// The same digit by digit.
-std::string DigitByDigit(std::uint64_t whole, int decimals)
-{
-    std::string text = std::to_string(whole);
-    const auto after = static_cast<std::size_t>(decimals);
-    if (text.size() <= after)
-        text.insert(0, after + 1 - text.size(), '0');
-    text.insert(text.size() - after, 1, '.');
-    text.erase(text.find_last_not_of('0') + 1);
-    return text.back() == '.' ? text.substr(0, text.size() - 1) : text;
-}
-
-TEST(PairWriter, FixedNumbersHaveAllTheirDigits)
-{
-    for (int decimals = 0; decimals <= 15; ++decimals)
-        for (std::uint64_t whole = 1; whole < 8'999'999'999'999'999; whole = whole * 3 + whole % 7) {
-            const double value = static_cast<double>(whole) / PowerOfTen(decimals);
-            const auto rounded = static_cast<std::uint64_t>(std::nearbyint(value * PowerOfTen(decimals)));
-            EXPECT_EQ(Fixed(value, decimals), DigitByDigit(rounded, decimals)) << whole << " " << decimals;
-            EXPECT_EQ(Fixed(-value, decimals), "-" + DigitByDigit(rounded, decimals));
-        }
 }
 
 TEST(PairWriter, PassesLongTextsOnAsTheyAre)
@@ -90,12 +42,6 @@ TEST(PairWriter, PassesLongTextsOnAsTheyAre)
     EXPECT_EQ(written, expected);
 }
 
-TEST(PairWriter, FixedNumbersThatAreTooLargeAreWhole)
-{
-    EXPECT_EQ(Fixed(1e20, 4), "1e+20");
-    EXPECT_EQ(Fixed(-123456789012345.0, 4), "-1.2345678901234e+14");
-}
-
 TEST(PairWriter, RealNumbersLoseWhatArithmeticBlurs)
 {
     EXPECT_EQ(Real(0.1 + 0.2), "0.3");
@@ -103,15 +49,6 @@ TEST(PairWriter, RealNumbersLoseWhatArithmeticBlurs)
     EXPECT_EQ(Real(5'600'000.123456), "5600000.123456");
     EXPECT_EQ(Real(std::acos(-1.0), 9), "3.14159265");
     EXPECT_EQ(Real(1e300), "1e+300");
-}
-
-TEST(PairWriter, PowersOfTenAreTheNearestDoubles)
-{
-    for (int power = -22; power <= 22; ++power) {
-        std::string text("1e");
-        text += std::to_string(power);
-        EXPECT_EQ(PowerOfTen(power), std::strtod(text.c_str(), nullptr)) << power;
-    }
 }
 
 TEST(PairWriter, LinesEndWithALineFeedAndHandlesAreUpperCase)
