@@ -252,8 +252,8 @@ void TellPrepared(const DrawingInfo& info, const prepare::Report& findings, Outc
 }
 
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
-void TellDoubts(const DrawingInfo& info, bool isPrepared, const std::string& sheetName, Outcome& outcome,
-                const Options& options, Report& report)
+void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, const std::string& sheetName,
+                Outcome& outcome, const Options& options, Report& report)
 {
     if (!outcome.hole.empty())
         report.Doubtful(outcome.hole + "; the picture lacks what follows", ExitCode::Incomplete);
@@ -262,8 +262,8 @@ void TellDoubts(const DrawingInfo& info, bool isPrepared, const std::string& she
     else if (outcome.isBlank && !sheetName.empty())
         report.Doubtful("nothing of it is visible: the layout " + sheetName + " is empty", ExitCode::Blank);
     else if (outcome.isBlank)
-        report.Doubtful(isPrepared ? WhyPreparedIsBlank(info, outcome.share)
-                                   : WhyBlank(info, outcome.share, outcome.statistics.elements),
+        report.Doubtful(findings ? WhyPreparedIsBlank(info, outcome.share, *findings)
+                                 : WhyBlank(info, outcome.share, outcome.statistics.elements),
                         ExitCode::Blank);
     const SvgHostStatistics& met = outcome.statistics;
     const std::uint64_t leftOut = met.undrawableElements + met.cyclicUses + met.unboundedUses +
@@ -338,7 +338,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         throw std::bad_alloc();
     if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
-    TellDoubts(info, prepared.has_value(), sheet.name, outcome, options, report);
+    TellDoubts(info, prepared ? &prepared->Findings() : nullptr, sheet.name, outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

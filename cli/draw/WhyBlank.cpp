@@ -5,6 +5,7 @@
 #include "cli/report/ShareText.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -64,8 +65,10 @@ std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t el
     return Joined({kBlank, reasons.empty() ? kOnlyInBlocks : reasons});
 }
 
-std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share)
+std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, const prepare::Report& findings)
 {
+    using prepare::HiddenLayer;
+    const auto hidden = [&](HiddenLayer why) { return findings.hidden[static_cast<std::size_t>(why)]; };
     std::string reasons;
     if (!share.missing.empty())
         AddReason(reasons, "it cannot draw " + MissingTypes(share));
@@ -73,9 +76,11 @@ std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share)
         AddReason(reasons, std::string(kOnlyInBlocks));
     } else {
         AddCounted(reasons, info.hiddenEntities, "invisible");
-        AddCounted(reasons, info.EntitiesOnHiddenLayers(), "on layers that are off or frozen");
+        AddCounted(reasons, hidden(HiddenLayer::OffOrFrozen), "on layers that are off or frozen");
+        AddCounted(reasons, hidden(HiddenLayer::NotChosen), "on layers that were not chosen");
+        AddCounted(reasons, hidden(HiddenLayer::NotPlotted), "on layers that are not plotted");
     }
-    AddCounted(reasons, info.paperEntities, "in the paper space");
+    AddCounted(reasons, info.sheetEntities, "in the paper space");
     return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});
 }
 

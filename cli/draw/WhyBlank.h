@@ -3,6 +3,7 @@
 
 #include "cli/contents/DrawingInfo.h"
 #include "cli/contents/Share.h"
+#include "prepare/report/Report.h"
 
 #include <cstddef>
 #include <string>
@@ -16,7 +17,7 @@ bool HoldsEntities(const DrawingInfo& info);
 // many elements.
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);
 
-// The same for a drawing that was prepared.
-std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share);
+// The same for a drawing that was prepared, which gave findings.
+std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, const prepare::Report& findings);
 
 } // namespace plexorn

@@ -44,6 +44,7 @@ Share ShareOf(const prepare::Report& findings)
             share.changed[key.subject + " " + key.detail] += met.count;
         }
     }
+    // A part of an entity may be missing, too.
     share.entities = std::max(findings.entities, missing);
     share.shown = share.entities - missing;
     return share;

@@ -119,7 +119,7 @@ bool EntityReader::IsUsable(const Entity& entity)
         m_reader.Note(Finding::Cut, name, "more than 1,000,000 parts", entity.line);
     if (!m_reader.TakeIsBroken())
         return true;
-    m_reader.Note(Finding::NotShown, name, "a coordinate is not a number", entity.line);
+    m_reader.NoteLost(name, "a coordinate is not a number", entity.line);
     return false;
 }
 

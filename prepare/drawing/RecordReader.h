@@ -143,6 +143,14 @@ public:
             m_report->Add(finding, subject, detail, line, times);
     }
 
+    // An entity that is not kept, and so is counted here.
+    void NoteLost(std::string_view name, std::string_view why, std::uint64_t line) const
+    {
+        Note(Finding::NotShown, name, why, line);
+        if (m_report != nullptr)
+            ++m_report->entities;
+    }
+
     // How far an entity has been read, for fields that mean different things at different places; 0 at its
     // begin.
     std::int32_t phase = 0;

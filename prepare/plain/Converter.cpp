@@ -63,6 +63,26 @@ bool IsPlain(const Entity& entity)
     }
 }
 
+// Whether the entity's line type is seen.
+bool IsDashed(EntityType type)
+{
+    switch (type) {
+    case EntityType::Line:
+    case EntityType::Arc:
+    case EntityType::Circle:
+    case EntityType::Ellipse:
+    case EntityType::LwPolyline:
+    case EntityType::Polyline:
+    case EntityType::Spline:
+    case EntityType::Ray:
+    case EntityType::XLine:
+    case EntityType::Leader:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 double PointSizeOf(const Drawing& drawing, const Box& extents)
@@ -107,9 +127,17 @@ void Converter::Show(const Entity& entity, View& view, PlainSink& sink, const Cl
     Place(entity, {view.matrix, m_noInsert, false, sink, cut});
 }
 
+void Converter::CountHidden(NameId layer)
+{
+    const HiddenLayer why = m_view->layers.WhyHidden(layer).value_or(HiddenLayer::OffOrFrozen);
+    ++m_hidden[static_cast<std::size_t>(why)];
+}
+
 void Converter::Finish()
 {
     m_report.entities += m_toBeSeen;
+    for (std::size_t why = 0; why < kHiddenLayers; ++why)
+        m_report.hidden[why] += m_hidden[why];
     for (const TypeCount& type : m_rewritten)
         if (const std::string made = TextOf(type.made); !made.empty())
             m_report.Add(Finding::Rewritten, m_drawing.names.Text(type.name), made, type.firstLine,
@@ -126,8 +154,10 @@ void Converter::Place(const Entity& entity, const Context& context)
     // What an insert shows is decided by the layers in its block, unless its own is frozen.
     if (entity.type == EntityType::Insert)
         return PlaceInsert(static_cast<const Insert&>(entity), context, style);
-    if (!m_view->layers.Shows(style.layer) || !IsShownText(entity, context.isInBlock))
+    if (!IsShownText(entity, context.isInBlock))
         return;
+    if (!m_view->layers.Shows(style.layer))
+        return CountHidden(style.layer);
     ++m_toBeSeen;
     m_isEarly = m_isEarly || entity.type == EntityType::MultiLine; // its style comes after the entities
     if (entity.type == EntityType::MText && m_options.profile == Profile::Standard)
@@ -178,6 +208,9 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
+    if (style.lineType != nullptr && style.lineType->hasShapes && IsDashed(entity.type))
+        m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
+                     "without the texts or shapes of its line type", entity.line);
     ReportCoarse(entity, coarseBefore);
 }
 
@@ -216,7 +249,7 @@ bool Converter::IsShownText(const Entity& entity, bool isInBlock) const
 void Converter::PlaceInsert(const Insert& insert, const Context& context, const Style& style)
 {
     if (m_view->layers.IsFrozen(style.layer))
-        return;
+        return CountHidden(style.layer);
     ++m_toBeSeen;
     PlaceAttributes(insert, context);
     const Block* const block = m_drawing.FindBlock(insert.block);

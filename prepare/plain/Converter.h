@@ -135,6 +135,7 @@ private:
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);
     TypeCount& CountRewritten(const Entity& entity);
+    void CountHidden(NameId layer);
 
     const Drawing& m_drawing;
     const Options& m_options;
@@ -159,6 +160,7 @@ private:
     bool m_isCut = false;
     bool m_isEarly = false; // something may have lacked what is known only once all has been read
     std::uint64_t m_toBeSeen = 0;
+    std::array<std::uint64_t, kHiddenLayers> m_hidden{};
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;
 };
 

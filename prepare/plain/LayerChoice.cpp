@@ -46,7 +46,7 @@ bool LayerChoice::Shows(NameId layer)
         m_answers.resize(std::max<std::size_t>(layer + 1, m_drawing.names.Count()), Answer::Unknown);
     Answer& answer = m_answers[layer];
     if (answer == Answer::Unknown)
-        answer = Decide(layer) ? Answer::Shown : Answer::Hidden;
+        answer = WhyHidden(layer) ? Answer::Hidden : Answer::Shown;
     return answer == Answer::Shown;
 }
 
@@ -59,22 +59,22 @@ bool LayerChoice::IsFrozen(NameId layer) const
 
 // Layers that are asked for by name are shown whatever their state. DEFPOINTS holds the points that
 // dimensions are made from: it is never plotted.
-bool LayerChoice::Decide(NameId layer) const
+std::optional<HiddenLayer> LayerChoice::WhyHidden(NameId layer) const
 {
     const std::string_view name = layer == kNoName ? "0" : m_drawing.names.Text(layer);
-    if (MatchesAny(name, m_options.withoutLayers))
-        return false;
-    if (!m_options.onlyLayers.empty())
-        return MatchesAny(name, m_options.onlyLayers);
-    if (m_options.showsAllLayers)
-        return true;
-    if (MatchesPattern(name, "DEFPOINTS") || IsFrozenBesides(layer))
-        return false;
+    const bool isChosen = m_options.onlyLayers.empty() || MatchesAny(name, m_options.onlyLayers);
+    if (!isChosen || MatchesAny(name, m_options.withoutLayers))
+        return HiddenLayer::NotChosen;
+    if (!m_options.onlyLayers.empty() || m_options.showsAllLayers)
+        return {};
+    if (MatchesPattern(name, "DEFPOINTS"))
+        return HiddenLayer::NotPlotted;
     const Layer* const found = m_drawing.FindLayer(layer);
-    if (found == nullptr)
-        return true;
-    return found->colour >= 0 && (found->flags & kFrozen) == 0 &&
-           !(m_options.isForPaper && found->isPlotted == 0);
+    if (IsFrozenBesides(layer) || (found != nullptr && (found->colour < 0 || (found->flags & kFrozen) != 0)))
+        return HiddenLayer::OffOrFrozen;
+    if (found != nullptr && m_options.isForPaper && found->isPlotted == 0)
+        return HiddenLayer::NotPlotted;
+    return {};
 }
 
 } // namespace prepare

@@ -3,8 +3,10 @@
 
 #include "prepare/Options.h"
 #include "prepare/drawing/Drawing.h"
+#include "prepare/report/Report.h"
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <vector>
@@ -26,12 +28,13 @@ public:
 
     // Whether what is on that layer is shown. A layer without a name is layer 0.
     bool Shows(NameId layer);
+    // Why it is not shown; nothing if it is.
+    std::optional<HiddenLayer> WhyHidden(NameId layer) const;
 
     // Whether the layer is frozen: an insert on it shows nothing, whatever the layers in its block.
     bool IsFrozen(NameId layer) const;
 
 private:
-    bool Decide(NameId layer) const;
     bool IsFrozenBesides(NameId layer) const { return m_frozen != nullptr && m_frozen->contains(layer); }
 
     const Drawing& m_drawing;

@@ -1,6 +1,7 @@
 // What preparing found: counted, and passed one by one to a listener.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -24,6 +25,10 @@ struct FindingCount {
     std::uint64_t count = 0;
     std::uint64_t firstLine = 0; // of the user's file; 0: none
 };
+
+// Why a layer is not shown.
+enum class HiddenLayer : std::uint8_t { OffOrFrozen, NotChosen, NotPlotted };
+inline constexpr std::size_t kHiddenLayers = 3;
 
 // A sheet of the drawing. Its size is in millimetres, 0 where it is not known.
 struct LayoutSize {
@@ -53,6 +58,8 @@ public:
 
     // How many visible entities there were, those in blocks once for each way in which their block is used.
     std::uint64_t entities = 0;
+    // How many there would have been more if all layers were shown, by why theirs is not.
+    std::array<std::uint64_t, kHiddenLayers> hidden{};
 
     // Where a sheet was wanted: all that the drawing has, in the order of their tabs.
     std::vector<LayoutSize> layouts;

@@ -20,6 +20,8 @@ void WaitingFindings::GiveTo(Report& report) const
     for (const Found& found : m_waiting)
         report.Add(found.key->finding, found.key->subject, found.key->detail, found.line, found.count);
     report.entities += m_taken.entities;
+    for (std::size_t why = 0; why < kHiddenLayers; ++why)
+        report.hidden[why] += m_taken.hidden[why];
 }
 
 } // namespace prepare

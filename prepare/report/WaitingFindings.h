@@ -19,7 +19,7 @@ public:
     Report& Taken() { return m_taken; }
     // From now on none wait, and those that did are forgotten.
     void Leave();
-    // Adds those that wait to a report, in their order, and how many entities there were.
+    // Adds those that wait to a report, in their order, and what was counted.
     void GiveTo(Report& report) const;
 
 private:

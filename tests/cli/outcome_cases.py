@@ -133,6 +133,44 @@ class PreparedNothingVisible(OutcomeTest):
                     printed = self.expect(6, "plan.dxf", *options)
                     self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", printed)
 
+    def test_layers_that_are_not_shown_are_the_reason(self):
+        layers = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "A", "70", "0", "62", "7",
+                  "290", "0", "0", "ENDTAB", "0", "ENDSEC")
+        line = ("0", "LINE", "8", "A", "11", "1", "21", "1")
+        content = dxf(*layers) + entities(*line, *line)
+        for options, reason in {
+                ("--layer", "B"): "2 entities are on layers that were not chosen",
+                ("--not-layer", "a*"): "2 entities are on layers that were not chosen",
+                ("--paper",): "2 entities are on layers that are not plotted"}.items():
+            with self.subTest(options=options):
+                self.write("plan.dxf", content)
+                self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", self.expect(6, "plan.dxf", *options))
+        self.write("plan.dxf", entities("0", "LINE", "8", "Defpoints", "11", "1", "21", "1"))
+        self.assertIn("visible: 1 entity is on layers that are not plotted\n", self.expect(6, "plan.dxf"))
+
+    def test_windows_of_sheets_are_no_reason(self):
+        self.write("plan.dxf", blocks(*block("A", *LINE)) + entities("0", "VIEWPORT", "67", "1"))
+        self.assertIn("visible: nothing inserts the blocks that its entities are in\n", self.expect(6, "plan.dxf"))
+
+    def test_line_types_with_texts_are_shown_otherwise(self):
+        dashes = ("2", "GAS", "70", "0", "72", "65", "73", "2", "40", "1", "49", "0.5", "74", "0", "49", "-0.5", "74", "2",
+                  "75", "0", "340", "11", "46", "0.1", "50", "0", "44", "0", "45", "0", "9", "GAS")
+        table = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LTYPE", "0", "LTYPE", *dashes, "0", "ENDTAB", "0", "ENDSEC")
+        self.write("plan.dxf", dxf(*table) + entities("0", "LINE", "6", "GAS", "11", "9"))
+        said = "LINE without the texts or shapes of its line type"
+        self.assertIn(f"; shown otherwise: 1 {said}\n", self.expect(1, "--strict", "plan.dxf"))
+        self.write("plan.dxf", dxf(*table) + entities("0", "LINE", "11", "9"))
+        self.assertNotIn(said, self.expect(0, "--strict", "plan.dxf"))
+
+    def test_entities_with_broken_numbers_count(self):
+        broken = ("0", "LINE", "10", "nan", "11", "1")
+        self.write("plan.dxf", entities(*LINE, *broken))
+        printed = self.expect(0, "--min-drawn", "50%", "plan.dxf")
+        self.assertIn(", 1 of 2 entities shown (50.0 %), ", printed)
+        self.assertIn("; missing: 1 LINE\n", printed)
+        self.write("plan.dxf", blocks(*block("A", *LINE, *broken)) + entities(*LINE, *insert("A")))
+        self.assertIn(", 3 of 4 entities shown (75.0 %), ", self.expect(0, "plan.dxf"))
+
     def test_entries_without_markers_hide_nothing(self):
         self.write("plan.dxf", NothingVisible.BLANK["the entry at line 10 has no subclass marker"])
         self.assertEqual(self.expect(0, "-q", "--strict", "plan.dxf"), "")

@@ -31,6 +31,28 @@ TEST_F(LayerChoices, LayersThatAreOffOrFrozenAreHidden)
     EXPECT_TRUE(Shows(AddLayer("locked", 7, 4)));
 }
 
+TEST_F(LayerChoices, EachHiddenLayerHasItsReason)
+{
+    const NameId on = AddLayer("on", 7, 0), off = AddLayer("off", -7, 0), draft = AddLayer("draft", 7, 0, 0);
+    const NameId points = drawing.names.Of("Defpoints");
+    const auto why = [&](NameId layer) { return LayerChoice(drawing, options).WhyHidden(layer); };
+    EXPECT_EQ(why(on), std::nullopt);
+    EXPECT_EQ(why(off), HiddenLayer::OffOrFrozen);
+    EXPECT_EQ(why(points), HiddenLayer::NotPlotted);
+    EXPECT_EQ(why(draft), std::nullopt);
+    options.isForPaper = true;
+    EXPECT_EQ(why(draft), HiddenLayer::NotPlotted);
+    options.withoutLayers = {"o*"};
+    EXPECT_EQ(why(off), HiddenLayer::NotChosen);
+    options = {};
+    options.onlyLayers = {"off"};
+    EXPECT_EQ(why(off), std::nullopt);
+    EXPECT_EQ(why(on), HiddenLayer::NotChosen);
+    const std::set<NameId> frozen = {on};
+    options = {};
+    EXPECT_EQ(LayerChoice(drawing, options, &frozen).WhyHidden(on), HiddenLayer::OffOrFrozen);
+}
+
 TEST_F(LayerChoices, ALayerThatNoTableHasIsShown)
 {
     EXPECT_TRUE(Shows(drawing.names.Of("made up")));
