@@ -62,7 +62,7 @@ class CommandTest(unittest.TestCase):
         if self.AS_IS and not any(str(argument).startswith(self.NOT_AS_IS) for argument in arguments):
             command = arguments[:arguments[:1] == ("info",)]
             arguments = (*command, "--as-is", *arguments[len(command):])
-        options = {"timeout": 300, "stdin": subprocess.DEVNULL, **options}
+        options = {"stdin": subprocess.DEVNULL, **options}
         result = subprocess.run([*EMULATOR, COMMAND, *arguments], cwd=self.folder, capture_output=True, **options)
         result.stdout = result.stdout.decode("utf-8").replace("\r\n", "\n")
         result.stderr = result.stderr.decode("utf-8").replace("\r\n", "\n")

@@ -48,7 +48,7 @@ class PageTest(unittest.TestCase):
         outputs = {}
         for command in commands(name):
             with self.subTest(command=command):
-                result = subprocess.run(["bash", "-c", "set -o pipefail; " + command], cwd=self.folder, timeout=300,
+                result = subprocess.run(["bash", "-c", "set -o pipefail; " + command], cwd=self.folder,
                                         capture_output=True, text=True, env=self.environment, stdin=subprocess.DEVNULL)
                 self.assertEqual(result.returncode, 0, result.stderr)
                 outputs[command] = result.stdout

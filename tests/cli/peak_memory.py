@@ -24,6 +24,6 @@ def run(command, folder, is_limited, environment=None):
     """The exit code of a command, and the megabytes that it took at most. What it says is in the file MESSAGES."""
     starter = STARTER.replace("{limit}", str(ROOM if is_limited else 0)).replace("{messages}", MESSAGES)
     result = subprocess.run([sys.executable, "-c", starter, *command], cwd=folder, env=environment, capture_output=True,
-                            text=True, timeout=600, check=True)
+                            text=True, check=True)
     code, kilobytes = result.stdout.split()
     return int(code), int(kilobytes) / 1024

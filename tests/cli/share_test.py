@@ -222,7 +222,7 @@ class Zsh(ShareTest):
             zpty -r -m z REPLY '*{"*".join(proposed)}*' && print -rn -- $REPLY
             zpty -d z
         """)
-        result = subprocess.run(["zsh", "-f", script], capture_output=True, text=True, timeout=300)
+        result = subprocess.run(["zsh", "-f", script], capture_output=True, text=True)
         self.assertEqual(result.stderr, "")
         shown = re.sub(r"\x1b\[[0-9;?]*[A-Za-z]", "", result.stdout).replace("\x08", "")
         self.assertIn(proposed[-1], shown)

@@ -11,7 +11,7 @@ FLOOR_PLAN = os.path.join(ROOT, "examples", "floor-plan.dxf")
 
 def run_text(*command, **options):
     """The exit code, what was printed and what was complained about, with plain line ends."""
-    result = subprocess.run(command, capture_output=True, timeout=120, **options)
+    result = subprocess.run(command, capture_output=True, **options)
     return (result.returncode, *(text.decode("utf-8").replace("\r\n", "\n") for text in (result.stdout, result.stderr)))
 
 

@@ -15,7 +15,7 @@ _made = None
 
 def run(*command, **options):
     """What the command printed; it must not fail."""
-    result = subprocess.run(command, capture_output=True, text=True, timeout=300, **options)
+    result = subprocess.run(command, capture_output=True, text=True, **options)
     if result.returncode != 0:
         raise AssertionError(f"{' '.join(command)}: {result.returncode}\n{result.stdout}{result.stderr}")
     return result.stdout
