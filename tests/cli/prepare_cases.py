@@ -56,6 +56,23 @@ class Prepare(PrepareTest):
         self.assertRegex(said, rf"^plan.dxf: prepared to out.dxf \({size} bytes\), all 2 entities shown, 0 messages, \d+ ms\n$")
         self.assertEqual(self.types("out.dxf"), ["LWPOLYLINE", "LINE"])
 
+    def test_nothing_visible_is_said(self):
+        for reason, content in {"it cannot draw 1 3DSOLID": entities(*SOLID),
+                                "1 entity is in the paper space": entities(*LINE, "67", "1")}.items():
+            for options in ([], ["-q"]):
+                with self.subTest(reason=reason, options=options):
+                    self.write("plan.dxf", content)
+                    said = self.expect(6, "prepare", "plan.dxf", "-o", "out.dxf", *options)
+                    self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", said)
+        self.write("plan.dxf", entities())
+        self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf")
+
+    def test_entities_of_the_paper_space_are_said(self):
+        self.write("plan.dxf", entities(*LINE, *LINE, "67", "1"))
+        words = "; shown otherwise: 1 entity of the paper space left out\n"
+        self.assertIn(words, self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf"))
+        self.assertIn(words, self.expect(1, "prepare", "--strict", "plan.dxf", "-o", "out.dxf"))
+
     def test_the_standard_streams(self):
         result = self.plexorn("prepare", "-", stdin=None, input=DRAWING)
         self.write("plan.dxf")

@@ -1,4 +1,4 @@
-#include "cli/draw/WhyBlank.h"
+#include "cli/prepare/WhyBlank.h"
 
 #include "base/Joined.h"
 #include "cli/report/NumberTexts.h"
