@@ -23,12 +23,17 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr const char* kShortMemory = "memory is short";
+
 class Batch {
 public:
     Batch(const std::vector<Job>& jobs, const Options& options, DoJob doJob, const ReportStyle& style,
           Printer& printer)
         : m_jobs(jobs), m_options(options), m_doJob(doJob), m_style(style), m_printer(printer)
     {
+        for (const Job& job : jobs)
+            m_lastWords.push_back(ReasonLine(style, "failed", ShownName(job.input),
+                                             NotDone(options.task) + kShortMemory, ExitCode::File));
     }
 
     void Run(std::size_t threads)
@@ -56,6 +61,8 @@ private:
             return true;
         } catch (const std::system_error&) {
             return false;
+        } catch (const std::bad_alloc&) {
+            return false;
         }
     }
 
@@ -66,18 +73,36 @@ private:
             DoNumber(number);
     }
 
-    void DoNumber(std::size_t number)
+    // No exception may leave a thread.
+    void DoNumber(std::size_t number) noexcept
     {
-        const Job& job = m_jobs[number];
-        Report report(m_printer, number, ShownName(job.input), m_style);
+        try {
+            Report report(m_printer, number, ShownName(m_jobs[number].input), m_style);
+            Do(m_jobs[number], report);
+            Count(report);
+            report.End();
+        } catch (const std::bad_alloc&) {
+            // There is not even memory for the report.
+            CountFailure(ExitCode::File);
+            m_printer.Print(number, m_lastWords[number]);
+            m_printer.End(number, true);
+        }
+    }
+
+    void Do(const Job& job, Report& report) const
+    {
         try {
             m_doJob(job, job.layout.empty() ? m_options : OptionsFor(job), report);
         } catch (const std::bad_alloc&) {
             report.DropMessages();
-            report.Failed(ShownName(job.input), NotDone(m_options.task) + "memory is short", ExitCode::File);
+            report.Failed(ShownName(job.input), NotDone(m_options.task) + kShortMemory, ExitCode::File);
         } catch (const std::exception& error) {
             report.Failed(ShownName(job.input), NotDone(m_options.task) + error.what(), ExitCode::File);
         }
+    }
+
+    void Count(const Report& report)
+    {
         m_messages += report.MessageCount();
         if (report.IsChanged())
             m_changed = true;
@@ -85,10 +110,14 @@ private:
             m_doubtful = true;
         m_blank += report.Doubt() == ExitCode::Blank;
         m_skipped += report.IsSkipped();
-        if (report.Code() != ExitCode::Drawn) {
-            ++m_failed;
-            m_lastFailure = report.Code();
-        }
+        if (report.Code() != ExitCode::Drawn)
+            CountFailure(report.Code());
+    }
+
+    void CountFailure(ExitCode code)
+    {
+        ++m_failed;
+        m_lastFailure = code;
     }
 
     Options OptionsFor(const Job& job) const
@@ -103,6 +132,7 @@ private:
     const DoJob m_doJob;
     const ReportStyle& m_style;
     Printer& m_printer;
+    std::vector<std::string> m_lastWords; // what is printed when there is no memory for any other text
     std::atomic<std::size_t> m_next = 0;
     std::atomic<std::size_t> m_failed = 0;
     std::atomic<std::size_t> m_skipped = 0;

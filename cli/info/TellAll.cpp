@@ -102,6 +102,7 @@ ExitCode TellAll(const Options& options)
         const Input& input = inputs.files[number];
         Report report(printer, number, ShownName(input.name), {});
         Tell(input, options, report, summary);
+        report.End();
         if (report.Code() == ExitCode::Drawn)
             continue;
         summary.AddFailed();

@@ -52,6 +52,7 @@ ExitCode TellLayouts(const Options& options)
         const Input& input = inputs.files[number];
         Report report(printer, number, ShownName(input.name), {});
         Tell(input, options, !inputs.areMany, report);
+        report.End();
         if (report.Code() != ExitCode::Drawn)
             code = inputs.areMany ? ExitCode::SomeFailed : report.Code();
     }

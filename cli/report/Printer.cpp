@@ -1,8 +1,9 @@
 #include "cli/report/Printer.h"
 
-#include "base/Joined.h"
-
+#include <algorithm>
+#include <array>
 #include <cstdio>
+#include <new>
 
 namespace plexorn {
 
@@ -12,6 +13,7 @@ namespace {
 constexpr std::size_t kMostWaitingBytes = 1 << 24;
 
 constexpr std::chrono::milliseconds kProgressInterval(100);
+constexpr std::size_t kWidestProgress = 78; // more than three of the greatest numbers and the words take
 
 bool PutOut(std::string_view text)
 {
@@ -20,32 +22,42 @@ bool PutOut(std::string_view text)
 
 } // namespace
 
-Printer::Printer(std::size_t count, bool showsProgress) : m_count(count), m_showsProgress(showsProgress) {}
+Printer::Printer(std::size_t count, bool showsProgress) : m_isEnded(count), m_showsProgress(showsProgress) {}
 
 Printer::~Printer()
 {
     ClearProgress();
 }
 
-void Printer::Print(std::size_t number, std::string_view lines)
+void Printer::Print(std::size_t number, std::string_view lines) noexcept
 {
     std::unique_lock lock(m_mutex);
-    if (m_turn != number && m_waitingBytes + lines.size() > kMostWaitingBytes)
-        m_turnCame.wait(lock, [&] { return m_turn == number; });
-    if (m_turn == number) {
-        Write(lines);
-    } else {
-        m_waiting[number].lines += lines;
-        m_waitingBytes += lines.size();
-    }
+    if (m_turn != number && Keep(number, lines))
+        return;
+    m_turnCame.wait(lock, [&] { return m_turn == number; });
+    Write(lines);
 }
 
-void Printer::End(std::size_t number, bool hasFailed)
+// False when these lines would take more memory than there is or should be taken.
+bool Printer::Keep(std::size_t number, std::string_view lines)
+{
+    if (m_waitingBytes + lines.size() > kMostWaitingBytes)
+        return false;
+    try {
+        m_waiting[number] += lines;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    m_waitingBytes += lines.size();
+    return true;
+}
+
+void Printer::End(std::size_t number, bool hasFailed) noexcept
 {
     const std::lock_guard lock(m_mutex);
     ++m_ended;
     m_failed += hasFailed;
-    m_waiting[number].isEnded = true;
+    m_isEnded[number] = true;
     Advance();
     ShowProgress();
 }
@@ -65,15 +77,14 @@ bool Printer::IsAnyLost()
 // Prints what waited for its turn, as far as the drawings before it have ended.
 void Printer::Advance()
 {
-    for (auto first = m_waiting.begin(); first != m_waiting.end() && first->first == m_turn;
-         first = m_waiting.begin()) {
-        Write(first->second.lines);
-        m_waitingBytes -= first->second.lines.size();
-        first->second.lines.clear();
-        if (!first->second.isEnded)
-            break;
-        m_waiting.erase(first);
+    while (m_turn < m_isEnded.size() && m_isEnded[m_turn]) {
         ++m_turn;
+        const auto lines = m_waiting.find(m_turn);
+        if (lines == m_waiting.end())
+            continue;
+        Write(lines->second);
+        m_waitingBytes -= lines->second.size();
+        m_waiting.erase(lines);
     }
     m_turnCame.notify_all();
 }
@@ -92,12 +103,14 @@ void Printer::ShowProgress()
     auto now = std::chrono::steady_clock::now();
     if (!m_showsProgress || now - m_shownAt < kProgressInterval)
         return;
-    std::string text = std::to_string(m_ended) + " of " + std::to_string(m_count);
+    std::array<char, kWidestProgress + 1> text{};
+    int size = std::snprintf(text.data(), text.size(), "%zu of %zu", m_ended, m_isEnded.size());
     if (m_failed > 0)
-        text += ", " + std::to_string(m_failed) + " failed";
+        size = std::snprintf(text.data(), text.size(), "%zu of %zu, %zu failed", m_ended, m_isEnded.size(),
+                             m_failed);
     ClearProgress();
-    PutOut(text);
-    m_shownWidth = text.size();
+    m_shownWidth = static_cast<std::size_t>(std::max(size, 0));
+    PutOut({text.data(), m_shownWidth});
     m_shownAt = now;
 }
 
@@ -106,7 +119,10 @@ void Printer::ClearProgress()
 {
     if (m_shownWidth == 0)
         return;
-    PutOut(Joined({"\r", std::string(m_shownWidth, ' '), "\r"}));
+    std::array<char, kWidestProgress + 2> blanks{};
+    blanks.fill(' ');
+    blanks.front() = blanks[m_shownWidth + 1] = '\r';
+    PutOut({blanks.data(), m_shownWidth + 2});
     m_shownWidth = 0;
 }
 

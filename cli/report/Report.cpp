@@ -1,5 +1,6 @@
 #include "cli/report/Report.h"
 
+#include "base/Joined.h"
 #include "base/Utf8.h"
 #include "cli/report/Json.h"
 #include "cli/report/LineOfMessage.h"
@@ -46,17 +47,26 @@ std::string SkippedJson(const std::string& file, std::string_view picture, std::
     return json.Member("text", reason).Close('}').Result();
 }
 
+std::string Coloured(const ReportStyle& style, std::string_view sequence, std::string_view text)
+{
+    return style.isColoured ? Joined({sequence, text, kPlain}) : std::string(text);
+}
+
 } // namespace
+
+std::string ReasonLine(const ReportStyle& style, std::string_view type, std::string_view file,
+                       std::string_view reason, ExitCode code)
+{
+    if (!style.isJson)
+        return Joined({Printable(file), ": ", Coloured(style, kRed, reason), "\n"});
+    Json json;
+    json.Open('{').Member("type", type).Member("file", file).Member("exit", static_cast<int>(code));
+    return json.Member("text", reason).Close('}').Result() + "\n";
+}
 
 Report::Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style)
     : m_printer(printer), m_number(number), m_file(file), m_style(style), m_groups(style.maxMessages)
 {
-}
-
-Report::~Report()
-{
-    m_printer.Print(m_number, m_out);
-    m_printer.End(m_number, m_code != ExitCode::Drawn);
 }
 
 void Report::Message(const SvgHostError& error)
@@ -127,8 +137,7 @@ void Report::AddPlace(std::string_view line)
     std::string place = Printable(m_file);
     if (!line.empty())
         place.append(":").append(line);
-    AddColoured(kBold, place.append(":"));
-    m_out.append(" ");
+    m_out.append(Coloured(m_style, kBold, place.append(":"))).append(" ");
 }
 
 void Report::AddGroups()
@@ -142,11 +151,6 @@ void Report::AddGroups()
     m_out.append(Counted(m_groups.Further(), "more message of ", "more messages of "));
     m_out.append(Counted(kinds, "kind", "kinds"));
     m_out.append(kinds == MessageGroups::kMostCountedKinds ? " or more\n" : "\n");
-}
-
-void Report::AddColoured(std::string_view sequence, std::string_view text)
-{
-    m_out.append(m_style.isColoured ? sequence : "").append(text).append(m_style.isColoured ? kPlain : "");
 }
 
 // What a drawing's messages still have to say when there are no more of them.
@@ -170,25 +174,12 @@ void Report::Failed(std::string_view file, std::string_view reason, ExitCode cod
 {
     m_code = code;
     AddHeldBack();
-    AddReason("failed", file, reason, code);
+    m_out += ReasonLine(m_style, "failed", file, reason, code);
 }
 
 void Report::Doubtful(std::string_view reason, ExitCode code)
 {
     m_doubts.emplace_back(reason, code);
-}
-
-void Report::AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code)
-{
-    if (m_style.isJson) {
-        Json json;
-        json.Open('{').Member("type", type).Member("file", file).Member("exit", static_cast<int>(code));
-        m_out.append(json.Member("text", reason).Close('}').Result()).append("\n");
-    } else {
-        m_out.append(Printable(file)).append(": ");
-        AddColoured(kRed, reason);
-        m_out.append("\n");
-    }
 }
 
 void Report::Drawn(const Outcome& outcome)
@@ -207,7 +198,7 @@ void Report::Close(const AnyOutcome& outcome, bool isWhole)
     m_changed = !isWhole;
     AddHeldBack();
     for (const auto& [reason, code] : m_doubts)
-        AddReason("doubtful", m_file, reason, code);
+        m_out += ReasonLine(m_style, "doubtful", m_file, reason, code);
     const bool isRefused = m_style.isStrict && (m_messages > 0 || m_changed);
     const bool isByUntold = isRefused && isWhole && m_style.isQuiet;
     if (m_style.isQuiet && !isRefused)
@@ -244,6 +235,12 @@ void Report::Skipped(std::string_view picture, std::string_view reason)
             .append(" ")
             .append(reason)
             .append("\n");
+}
+
+void Report::End() noexcept
+{
+    m_printer.Print(m_number, m_out);
+    m_printer.End(m_number, m_code != ExitCode::Drawn);
 }
 
 void Report::Pass()

@@ -26,12 +26,15 @@ struct ReportStyle {
     std::size_t maxMessages = 0; // or groups of messages, where they are printed
 };
 
+// The line about a drawing, or another file, of which something is to be said: why, as the end of a sentence,
+// and the exit code that follows from it.
+std::string ReasonLine(const ReportStyle& style, std::string_view type, std::string_view file,
+                       std::string_view reason, ExitCode code);
+
 // One drawing's report. It keeps a bounded part of the drawing's messages.
 class Report {
 public:
     Report(Printer& printer, std::size_t number, const std::string& file, const ReportStyle& style);
-    // Passes everything to the printer and ends the drawing's turn.
-    ~Report();
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
@@ -42,8 +45,12 @@ public:
     bool ListsMessages() const { return m_style.isJson || m_style.isVerbose; }
     // Why file (the drawing, or the picture) failed, as the end of a sentence.
     void Failed(std::string_view file, std::string_view reason, ExitCode code);
-    // Drops the messages that are not printed yet.
-    void DropMessages() { m_groups = MessageGroups(m_style.maxMessages); }
+    // Drops the messages that are not printed yet, and what short memory left of a line.
+    void DropMessages()
+    {
+        m_groups = MessageGroups(m_style.maxMessages);
+        m_out.resize(m_out.rfind('\n') + 1);
+    }
     void Drawn(const Outcome& outcome);
     void Prepared(const PreparedOutcome& outcome);
     // Why a drawing that will be drawn is not as it should be, as the end of a sentence; it is printed in any
@@ -61,6 +68,9 @@ public:
     // ExitCode::Drawn while nothing failed.
     ExitCode Code() const { return m_code; }
 
+    // Passes everything to the printer and ends the drawing's turn. Nothing can be said after that.
+    void End() noexcept;
+
 private:
     bool IsHeldBack() const { return ListsMessages() && m_listed >= m_style.maxMessages; }
     void AddMessage(const SvgHostError& error, const std::string& text);
@@ -71,8 +81,6 @@ private:
     void AddPlace(std::string_view line);
     void AddGroups();
     void AddHeldBack();
-    void AddReason(std::string_view type, std::string_view file, std::string_view reason, ExitCode code);
-    void AddColoured(std::string_view sequence, std::string_view text);
     void Pass();
     template <class AnyOutcome>
     void Close(const AnyOutcome& outcome, bool isWhole);

@@ -1,5 +1,6 @@
 """Drawings that cannot be read to their end, and short memory: a picture with holes is never written as if it were whole.
 Linux only."""
+import json
 import os
 import re
 import resource
@@ -159,6 +160,49 @@ class ShortMemory(Holes):
                 elif result.returncode == 0:
                     self.assertEqual(self.texts(), self.COUNT)
         self.assertGreater(holes, 0)
+
+
+class ShortMemoryOfSeveral(Holes):
+    """Drawings that are drawn at the same time: what one takes, another lacks."""
+    COUNT = 8_000
+    AS_IS = False
+    DRAWINGS = ["a.dxf", "line.dxf", "b.dxf"]
+
+    def setUp(self):
+        super().setUp()
+        os.rename(self.path("plan.dxf"), self.path("a.dxf"))
+        os.link(self.path("a.dxf"), self.path("b.dxf"))
+        self.write("line.dxf")
+
+    def run_limited(self, kilobytes, *options):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
+        return self.plexorn("-j", "3", *options, *self.DRAWINGS, "-o", "out/", preexec_fn=limit)
+
+    def test_each_has_its_line_and_the_sum_follows(self):
+        codes = set()
+        for kilobytes in range(10_000, 20_000, 500):
+            with self.subTest(kilobytes=kilobytes):
+                result = self.run_limited(kilobytes)
+                if result.returncode == 127:
+                    continue  # the command itself cannot be loaded
+                codes.add(result.returncode)
+                self.assertIn(result.returncode, (0, 3, 5), result.stderr)
+                *lines, total = result.stderr.splitlines()
+                self.assertEqual([line.split(":")[0] for line in lines],
+                                 [] if result.returncode == 3 else self.DRAWINGS, result.stderr)
+                self.assertRegex(total, r"^plexorn: memory is short$|^\d drawn, \d failed, \d messages, ")
+        self.assertIn(5, codes)
+
+    def test_each_has_its_object(self):
+        for kilobytes in range(10_000, 20_000, 1_000):
+            with self.subTest(kilobytes=kilobytes):
+                result = self.run_limited(kilobytes, "--messages=json")
+                if result.returncode in (3, 127):
+                    continue
+                found = [json.loads(line) for line in result.stderr.splitlines()]
+                self.assertEqual([entry.get("file") for entry in found], [*self.DRAWINGS, None])
+                self.assertEqual(found[-1]["drawn"] + found[-1]["failed"], 3)
 
 
 class ShortMemoryElsewhere(Holes):
