@@ -205,32 +205,51 @@ class Zsh(ShareTest):
     def test_it_is_a_script(self):
         self.run_clean("zsh", "-n", self.file("_plexorn", shared("_plexorn")))
 
-    def complete(self, line, *proposed):
-        """What a terminal shows after the line and two tabs, up to the last of what is proposed, in this order."""
+    def shown_after(self, asked):
+        """What a terminal shows after each line and two tabs, up to the text that is expected, or an error."""
         self.file("_plexorn", shared("_plexorn"))
         folder = os.path.join(self.folder, "drawings")
         os.makedirs(os.path.join(folder, "folder"), exist_ok=True)
         for name in ("plan.dxf", "SECTION.DXF", "picture.svg"):
             open(os.path.join(folder, name), "w", encoding="utf-8").close()
+        steps = "".join(f"""
+            zpty -w -n z $'{line}\\t\\t'
+            zpty -r -m z REPLY '(*{expected}*|*error*)' && print -rn -- "$REPLY"
+            print -rn -- $'\\0'
+            zpty -w -n z $'\\x15'""" for line, expected in asked)
         # Completion needs a terminal; zsh brings one of its own.
         script = self.file("ask", f"""
             zmodload zsh/zpty
             zpty -b z zsh -f
             zpty -w z 'PS1=; fpath=({self.folder} $fpath); autoload -Uz compinit; compinit -u -D; cd {folder}; print rea''dy'
             zpty -r -m z REPLY '*ready*'
-            zpty -w -n z $'{line}\\t\\t'
-            zpty -r -m z REPLY '*{"*".join(proposed)}*' && print -rn -- $REPLY
+            {steps}
             zpty -d z
         """)
         result = subprocess.run(["zsh", "-f", script], capture_output=True, text=True)
         self.assertEqual(result.stderr, "")
-        shown = re.sub(r"\x1b\[[0-9;?]*[A-Za-z]", "", result.stdout).replace("\x08", "")
+        return re.sub(r"\x1b\[[0-9;?]*[A-Za-z]", "", result.stdout).replace("\x08", "").split("\0")
+
+    def complete(self, line, *proposed):
+        """What a terminal shows after the line and two tabs, up to the last of what is proposed, in this order."""
+        shown = self.shown_after([(line, "*".join(proposed))])[0]
         self.assertIn(proposed[-1], shown)
         self.assertNotIn("bad option", shown)
         return shown
 
     def test_a_terminal_gets_options(self):
         self.complete("plexorn --max-mess", "ages")
+
+    def test_a_terminal_gets_the_values_of_every_option(self):
+        info, prepare, draw = re.split(r"\n(?:elif .*|else)\n", shared("_plexorn"))
+        row = re.compile(r"(--[\w-]+=).*:\w+:\((.*)\)'", re.MULTILINE)
+        asked = [(" ".join(("plexorn", *command, option)), max(values.replace("\\", "").split(), key=len))
+                 for command, text in zip(COMMANDS, (draw, info, prepare)) for option, values in row.findall(text)]
+        self.assertGreater(len(asked), 15)
+        for (line, value), shown in zip(asked, self.shown_after(asked)):
+            with self.subTest(line=line):
+                self.assertIn(value, shown)
+                self.assertNotRegex(shown, "error|eval")
 
     def test_a_terminal_gets_drawings_and_folders(self):
         self.assertNotIn("picture", self.complete("plexorn ", "SECTION.DXF", "folder", "info", "plan.dxf", "prepare"))
