@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -35,6 +36,23 @@ bool Holds(const Box& box, const Piece& piece)
 {
     return piece.left >= box.Low().x && piece.top >= box.Low().y && piece.right <= box.High().x &&
            piece.bottom <= box.High().y;
+}
+
+// Whether the element is the dot of a point: a level line as long as its stroke is wide. Coordinates are
+// rounded.
+bool IsDot(const Node& node, const Extent& extent)
+{
+    constexpr double kRounding = 0.05;
+    if (node.kind != Kind::Line || extent.bare.Empty() || extent.bare.Low().y != extent.bare.High().y)
+        return false;
+    return std::fabs(LongerSide(extent.bare) - extent.width) <= extent.width * kRounding;
+}
+
+Box CentreOf(const Box& box)
+{
+    Box centre;
+    centre.Add({box.Low().x / 2 + box.High().x / 2, box.Low().y / 2 + box.High().y / 2});
+    return centre;
 }
 
 // Takes the drawing to pieces. A symbol that takes much of the picture is taken to pieces as well, as long as
@@ -83,8 +101,9 @@ private:
 
     void Add(const Node& node, const Affine& map)
     {
+        const Extent extent = ExtentOf(m_document, node);
         Box box;
-        box.Add(ExtentOf(m_document, node).bare, map);
+        box.Add(IsDot(node, extent) ? CentreOf(extent.bare) : extent.bare, map);
         if (box.Empty())
             return;
         const Symbol* target =
@@ -170,13 +189,33 @@ private:
     bool m_hasExtent = false; // otherwise each piece has the same weight
 };
 
+// The greatest reach of the pieces, except for that of a single one that is small against the others.
+float ReachWithoutStray(const std::vector<Piece>& pieces, float x, float y)
+{
+    const auto reachOf = [&](const Piece& piece) { return piece.Reach(x, y); };
+    const auto farthest = std::max_element(pieces.begin(), pieces.end(), [&](const Piece& a, const Piece& b) {
+        return reachOf(a) < reachOf(b);
+    });
+    Box others;
+    float reach = 0;
+    for (const Piece& piece : pieces) {
+        if (&piece == &*farthest)
+            continue;
+        others.Add(BoxOf(piece));
+        reach = std::max(reach, reachOf(piece));
+    }
+    const bool isStray = LongerSide(BoxOf(*farthest)) < LongerSide(others) * kStraySize;
+    return isStray ? reach : reachOf(*farthest);
+}
+
 // The box round the share of the pieces that lies nearest to their middle.
 Box Middle(const std::vector<Piece>& pieces)
 {
     const Weighing weighing(pieces);
     const float x = weighing.Quantile(0.5, [](const Piece& piece) { return piece.CentreX(); });
     const float y = weighing.Quantile(0.5, [](const Piece& piece) { return piece.CentreY(); });
-    const float reach = weighing.Quantile(kMostShare, [&](const Piece& piece) { return piece.Reach(x, y); });
+    const float share = weighing.Quantile(kMostShare, [&](const Piece& piece) { return piece.Reach(x, y); });
+    const float reach = std::min(share, ReachWithoutStray(pieces, x, y));
     Box box;
     for (const Piece& piece : pieces) {
         if (piece.Reach(x, y) <= reach)

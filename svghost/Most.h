@@ -7,8 +7,13 @@ struct SvgHostDocument;
 
 namespace svghost {
 
-// How much of the drawing is most of it. An element counts with the width and height of its box.
+// How much of the drawing is most of it. An element counts with the width and height of its box, a point as
+// nothing.
 inline constexpr double kMostShare = 0.99;
+
+// A single element whose longer side is less than this share of that of all others is no part of most of the
+// drawing, however few elements there are.
+inline constexpr double kStraySize = 0.25;
 
 // The box round most of what the laid out document shows, without its strokes. What lies near that box is in
 // it too: so it is the box of everything unless something lies farther off than half its longer side. Takes

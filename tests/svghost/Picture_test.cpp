@@ -323,6 +323,30 @@ TEST(Most, LeavesOutSomethingSmallFarAway)
     }
 }
 
+// A point is drawn as a line as long as its stroke is wide, which is long in a picture that a stray one makes
+// large.
+TEST(Most, LeavesOutPointsFarAway)
+{
+    HostDocument document;
+    Crowd(document, 100);
+    for (const float y : {0.0F, 1.0F, 2.0F})
+        Thick(document, document.Line(99'966.67F, y, 100'033.33F, y), L"66.670000");
+    EXPECT_NEAR(PictureWith(document, SvgHostWriteOptions{}).filled, 0.001, 1e-6);
+    EXPECT_TRUE(PictureWith(document, ShowingMost()).isCropped);
+}
+
+TEST(Most, LeavesOutOneOfFewElements)
+{
+    for (const float length : {5.0F, 8.0F}) {
+        HostDocument document;
+        for (const float y : {0.0F, 10.0F, 20.0F, 30.0F})
+            document.Line(0, y, 5, y);
+        document.Line(500, 0, 500 + length, 0);
+        const bool isSmall = length * 4 < 30;
+        EXPECT_NEAR(PictureWith(document, SvgHostWriteOptions{}).filled, isSmall ? 30.0 / 505 : 1, 1e-6);
+    }
+}
+
 TEST(Most, KeepsTwoDrawingsFarApart)
 {
     HostDocument document;
