@@ -14,4 +14,9 @@ bool IsFill(const Symbol& symbol)
     return true;
 }
 
+bool IsMask(const Symbol& symbol)
+{
+    return symbol.isFill && symbol.name->name.starts_with(kMaskPrefix);
+}
+
 } // namespace svghost

@@ -9,6 +9,9 @@ namespace svghost {
 // symbol has been laid out.
 bool IsFill(const Symbol& symbol);
 
+// Whether the symbol is a fill that only hides what was drawn before it. The symbol has been laid out.
+bool IsMask(const Symbol& symbol);
+
 // Calls take(shape) for the polygons of a fill that are drawn.
 template <class Take>
 void ForFillEdges(const Symbol& fill, const Take& take)

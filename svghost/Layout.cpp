@@ -204,6 +204,8 @@ Layout MakeLayout(SvgHostDocument& document)
     for (Symbol* symbol : order) {
         SymbolLayout(document, *symbol, layout).Run();
         symbol->isFill = IsFill(*symbol);
+        if (IsMask(*symbol))
+            symbol->visible = 0;
         symbol->isWriting = IsWriting(*symbol);
     }
     SymbolLayout(document, document.root, layout).Run();

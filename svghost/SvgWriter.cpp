@@ -534,7 +534,7 @@ void SvgWriter::WriteFill(const Symbol& fill)
         m_out.PutAll("M", edge.data, "Z");
     });
     m_out.EndValue();
-    const bool isMask = fill.name->name.starts_with(kMaskPrefix);
+    const bool isMask = IsMask(fill);
     m_out.SetPlain("fill", isMask ? std::string_view("none") : StrokeColour(stroke));
     m_out.SetPlain("fill-rule", "evenodd");
     m_out.SetPlain("stroke", "none");

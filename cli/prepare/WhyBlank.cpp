@@ -39,6 +39,12 @@ bool IsAllInBlocks(const DrawingInfo& info)
     return inside > 0 && outside == info.paperEntities;
 }
 
+bool Holds(const DrawingInfo& info, std::string_view type)
+{
+    return std::any_of(info.types.begin(), info.types.end(),
+                       [&](const TypeInfo& held) { return held.name == type; });
+}
+
 } // namespace
 
 bool HoldsEntities(const DrawingInfo& info)
@@ -81,6 +87,8 @@ std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, cons
         AddCounted(reasons, hidden(HiddenLayer::NotPlotted), "on layers that are not plotted");
     }
     AddCounted(reasons, info.sheetEntities, "in the paper space");
+    if (Holds(info, "WIPEOUT"))
+        AddReason(reasons, "a WIPEOUT only hides what is behind it");
     return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});
 }
 

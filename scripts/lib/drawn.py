@@ -6,7 +6,7 @@ Draws every .dxf file of FOLDER and prints how much of them is shown. Then it dr
 and prints how many pictures show nothing and why, and for each type of entity in how many drawings it occurs, how
 often, and whether it is drawn. "plexorn info --as-is" counts these entities. Vertices and ends of sequences are parts
 of other entities and are not counted. A picture shows nothing if it has no line, shape or text, not in the symbols that
-it uses either.
+it uses either; a mask is no shape.
 """
 import argparse
 import collections
@@ -31,13 +31,19 @@ Shown = collections.namedtuple("Shown", "drawings entities shown missing blank")
 Result = collections.namedtuple("Result", "files drawings empty losing types")
 
 
+def is_mask(element):
+    """Whether the element is an area that has the background's colour, by its style alone."""
+    return element.get("fill") == element.get("stroke") == "none"
+
+
 def shows_something(picture):
     """Whether anything is to be seen in a picture, given as its root element."""
     symbols = {symbol.get("id"): symbol for symbol in picture.iter(SVG + "symbol")}
     waiting, seen = [element for element in picture if element.tag == SVG + "g"], set()
     while waiting:
         for element in waiting.pop().iter():
-            if element.tag in SHOWN and element.get("visibility") != "hidden":
+            is_unseen = element.get("visibility") == "hidden" or is_mask(element)
+            if element.tag in SHOWN and not is_unseen:
                 return True
             target = element.get(HREF, "")[1:] if element.tag == SVG + "use" else ""
             if target in symbols and target not in seen:

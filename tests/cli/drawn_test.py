@@ -54,6 +54,9 @@ class Counts(unittest.TestCase):
 
     def test_of_what_a_picture_shows(self):
         self.assertTrue(self.shows("<g><g><line/></g></g>"))
+        self.assertTrue(self.shows('<g><path fill="none" stroke="#ffffff"/></g>'))
+        self.assertTrue(self.shows('<g><path fill="#ffffff" stroke="none"/></g>'))
+        self.assertFalse(self.shows('<g><path fill="none" stroke="none" style="fill:#1e1e1e"/></g>'))
         symbols = ('<defs><symbol id="a"><line/></symbol><symbol id="b"><use xlink:href="#a"/></symbol>'
                    '<symbol id="c"><use xlink:href="#c"/></symbol></defs>')
         self.assertFalse(self.shows(symbols + '<rect/><g><line visibility="hidden"/></g>'))

@@ -6,6 +6,9 @@ import os
 from command_support import CommandTest, DRAWING, LINE, dxf, entities
 
 HATCH = ("0", "HATCH", "8", "0")
+WIPEOUT = ("0", "WIPEOUT", "100", "AcDbEntity", "8", "0", "100", "AcDbWipeout", "10", "0", "20", "0", "11", "10", "21", "0",
+           "12", "0", "22", "10", "13", "1", "23", "1", "71", "2", "91", "5", "14", "-0.5", "24", "-0.5", "14", "0.5", "24",
+           "-0.5", "14", "0.5", "24", "0.5", "14", "-0.5", "24", "0.5", "14", "-0.5", "24", "-0.5")
 HIDDEN_LINE = ("0", "LINE", "8", "0", "60", "1", *LINE[4:])
 
 
@@ -123,6 +126,7 @@ class PreparedNothingVisible(OutcomeTest):
         "nothing inserts the blocks that its entities are in; 1 entity is in the paper space":
             blocks(*block("A", *LINE)) + entities(*LINE, "67", "1"),
         "what it holds is empty or has no usable place": entities("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"),
+        "a WIPEOUT only hides what is behind it": entities(*WIPEOUT),
     }
 
     def test_one_line_says_why_and_the_code_is_6(self):
@@ -170,6 +174,10 @@ class PreparedNothingVisible(OutcomeTest):
         self.assertIn("; missing: 1 LINE\n", printed)
         self.write("plan.dxf", blocks(*block("A", *LINE, *broken)) + entities(*LINE, *insert("A")))
         self.assertIn(", 3 of 4 entities shown (75.0 %), ", self.expect(0, "plan.dxf"))
+
+    def test_what_a_mask_lies_beside_is_visible(self):
+        self.write("plan.dxf", entities(*WIPEOUT, *LINE))
+        self.assertEqual(self.expect(0, "-q", "--strict", "plan.dxf"), "")
 
     def test_entries_without_markers_hide_nothing(self):
         self.write("plan.dxf", NothingVisible.BLANK["the entry at line 10 has no subclass marker"])

@@ -123,7 +123,8 @@ class Thumbnailer(InRoot):
         return subprocess.run(shlex.split(line), env=environment, capture_output=True, text=True)
 
     def test_a_drawing_of_which_nothing_is_visible_has_no_picture(self):
-        lines = {"empty": [], "blank": ["0", "3DSOLID", "8", "0"]}
+        mask = "0 WIPEOUT 8 0 100 AcDbWipeout 10 0 20 0 11 9 21 0 12 0 22 9 71 2 91 3 14 0 24 0 14 1 24 0 14 1 24 1".split()
+        lines = {"empty": [], "blank": ["0", "3DSOLID", "8", "0"], "mask": mask}
         for name, entity in lines.items():
             with self.subTest(drawing=name), tempfile.TemporaryDirectory() as folder:
                 drawing, picture = os.path.join(folder, "a.dxf"), os.path.join(folder, "a.png")

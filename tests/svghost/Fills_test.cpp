@@ -61,6 +61,17 @@ TEST(Fills, AMaskHasTheColourOfTheBackground)
     EXPECT_STREQ(svg.First("path").attribute("style").value(), "fill:#1e1e1e");
 }
 
+TEST(Fills, AMaskShowsNothingByItself)
+{
+    const HostDocument document;
+    AddSquare(document, L"PLEXORN_FILL_MASK_1");
+    document.Use(L"PLEXORN_FILL_MASK_1", 0, 0);
+    EXPECT_EQ(document.Statistics().visibleElements, 0U);
+    AddSquare(document, L"PLEXORN_FILL_1");
+    document.Use(L"PLEXORN_FILL_1", 0, 0);
+    EXPECT_EQ(document.Statistics().visibleElements, 1U);
+}
+
 TEST(Fills, AnAreaIsMovedAndTurnedAsItsUseIs)
 {
     const HostDocument document;
