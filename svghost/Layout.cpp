@@ -1,5 +1,6 @@
 #include "svghost/Layout.h"
 
+#include "svghost/AgreedNames.h"
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
 #include "svghost/References.h"
@@ -12,6 +13,14 @@
 
 namespace svghost {
 namespace {
+
+bool IsOfDrawing(const Node& node)
+{
+    if (node.kind != Kind::Use)
+        return !IsContainer(node);
+    const std::wstring_view name = static_cast<const Use&>(node).target->name;
+    return !name.starts_with(kWrapPrefix) && !name.starts_with(kLayerPrefix);
+}
 
 // Lays out one symbol, or the root, after all that it uses.
 class SymbolLayout {
@@ -42,6 +51,7 @@ private:
         ++m_symbol.rendered;
         m_layout.statistics.longDashPatterns +=
             m_document.ValueOf(AttributeId::DashArray, node.dashArray).tooLong;
+        m_layout.statistics.drawnElements += IsOfDrawing(node);
         if (node.kind == Kind::Group)
             m_hiddenGroups += node.hidden;
         else if (!node.hidden && m_hiddenGroups == 0)

@@ -114,7 +114,10 @@ typedef struct SvgHostStatistics {
     size_t elementsBeyondBytes; /**< elements left out of the file that was written last, because it would
                                      have become larger than SvgHostWriteOptions.mostBytes */
     size_t visibleElements;     /**< elements outside symbols that show something: they have a place, are not
-                                     hidden and not empty; a use is one of them if its symbol has any */
+                                     hidden and not empty; a use is one of them if its symbol has any.
+                                     Areas that only hide what is behind them show nothing */
+    size_t drawnElements; /**< elements that are not left out, without symbols, groups and uses by which a
+                               prepared drawing says what is all of it or on a layer */
 } SvgHostStatistics;
 
 /** A new, empty document, or NULL when memory is short. The caller destroys it. */

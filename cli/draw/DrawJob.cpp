@@ -270,6 +270,9 @@ void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, const 
                                   met.elementsBeyondLimit + met.elementsBeyondBytes;
     outcome.share.shown -=
         outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
+    // What was counted of the drawing may be more than what was read to be drawn.
+    if (!outcome.hole.empty())
+        outcome.share.shown = std::min<std::uint64_t>(outcome.share.shown, met.drawnElements);
     TellShare(outcome.share, options, report);
 }
 

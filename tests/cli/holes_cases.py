@@ -146,6 +146,20 @@ class ShortMemory(Holes):
                     failed += 1
         self.assertGreater(failed, 0)
 
+    def test_to_keep_going_counts_no_more_than_is_drawn(self):
+        holes = 0
+        for kilobytes in range(14_000, 32_000, 2_000):
+            with self.subTest(kilobytes=kilobytes):
+                result = self.limited(kilobytes, "--messages=json", "--keep-going")
+                if result.returncode != 1:
+                    continue
+                [share] = [found["share"] for found in map(json.loads, result.stderr.splitlines())
+                           if found["type"] == "drawn" and found["holes"]]
+                self.assertLessEqual(share["shown"], self.texts())
+                self.assertLess(share["percent"], 100)
+                holes += 1
+        self.assertGreater(holes, 0)
+
     def test_to_keep_going_says_what_is_missing(self):
         holes = 0
         for kilobytes in range(12_000, 44_000, 1_000):
