@@ -13,7 +13,7 @@ inline constexpr double kMostShare = 0.99;
 
 // A single element whose longer side is less than this share of that of all others is no part of most of the
 // drawing, however few elements there are.
-inline constexpr double kStraySize = 0.25;
+inline constexpr double kStraySize = 0.5;
 
 // The box round most of what the laid out document shows, without its strokes. What lies near that box is in
 // it too: so it is the box of everything unless something lies farther off than half its longer side. Takes
