@@ -1,6 +1,5 @@
 #include "cli/report/Printer.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <new>
@@ -103,15 +102,17 @@ void Printer::ShowProgress()
     auto now = std::chrono::steady_clock::now();
     if (!m_showsProgress || now - m_shownAt < kProgressInterval)
         return;
-    std::array<char, kWidestProgress + 1> text{};
-    int size = std::snprintf(text.data(), text.size(), "%zu of %zu", m_ended, m_isEnded.size());
-    if (m_failed > 0)
-        size = std::snprintf(text.data(), text.size(), "%zu of %zu, %zu failed", m_ended, m_isEnded.size(),
-                             m_failed);
-    ClearProgress();
-    m_shownWidth = static_cast<std::size_t>(std::max(size, 0));
-    PutOut({text.data(), m_shownWidth});
-    m_shownAt = now;
+    try {
+        std::string text = std::to_string(m_ended) + " of " + std::to_string(m_isEnded.size());
+        if (m_failed > 0)
+            text += ", " + std::to_string(m_failed) + " failed";
+        ClearProgress();
+        PutOut(text);
+        m_shownWidth = text.size();
+        m_shownAt = now;
+    } catch (const std::bad_alloc&) {
+        // The next drawing shows it.
+    }
 }
 
 // Blanks instead of a control sequence, which not every terminal knows.
