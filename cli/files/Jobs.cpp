@@ -61,9 +61,10 @@ bool IsFolderOfPictures(const std::string& output)
 // The form that a picture's name promises and that this command does not write; empty if it promises none.
 std::string_view OtherForm(const std::string& output)
 {
-    constexpr std::string_view kForms[] = {"png",  "jpg", "jpeg", "gif", "bmp", "tif",  "tiff", "webp",
-                                           "avif", "ico", "pdf",  "ps",  "eps", "emf",  "wmf",  "svgz",
-                                           "dwg",  "dwf", "stl",  "ai",  "plt", "hpgl", "html", "htm"};
+    constexpr std::string_view kForms[] = {
+        "png",  "jpg", "jpeg", "gif", "bmp",  "tif",   "tiff", "webp", "avif", "ico",  "pdf",
+        "ps",   "eps", "emf",  "wmf", "svgz", "dwg",   "dwf",  "stl",  "ai",   "plt",  "hpgl",
+        "html", "htm", "gz",   "jp2", "heic", "xhtml", "json", "csv",  "txt",  "step", "md"};
     const std::size_t dot = output.rfind('.');
     if (dot == std::string_view::npos)
         return "";

@@ -3,6 +3,7 @@
 #include "cli/files/Source.h"
 #include "cli/system/Native.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <system_error>
@@ -53,6 +54,8 @@ bool HoldsOtherFile(const std::string& output)
     std::string head(kMarkedSize, '\0');
     head.resize(std::fread(head.data(), 1, head.size(), file.get()));
     const std::string mark = std::string(" data-generator=\"") + kGenerator + "\"";
+    // Texts of other pictures may have it, too.
+    head.resize(std::min(head.find('>', std::min(head.find("<svg"), head.size())), head.size()));
     return !head.empty() && !head.starts_with(kDrawingMark) && head.find(mark) == std::string::npos;
 }
 

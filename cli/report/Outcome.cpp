@@ -59,16 +59,23 @@ std::string Size(double number)
     return Rounded(number, number < 1e4 ? 4 : 7);
 }
 
+// In full, as --scale takes it.
+std::string ScaleText(double scale)
+{
+    const bool isWhole = scale < 1e19 && std::floor(scale) == scale;
+    return isWhole ? std::to_string(static_cast<std::uint64_t>(scale)) : Size(scale);
+}
+
 std::string SizeText(const Outcome& outcome)
 {
     if (outcome.unit.empty())
         return Joined({"size in pixels (", outcome.reason, ")"});
-    const std::string scale = outcome.scale == 1 ? "" : " at 1:" + Size(outcome.scale);
+    const std::string scale = outcome.scale == 1 ? "" : " at 1:" + ScaleText(outcome.scale);
     return Joined({Size(outcome.width), " x ", Size(outcome.height), " mm", scale, " (the unit is ",
                    outcome.unit, ", ", outcome.reason, ")"});
 }
 
-constexpr const char* kReplacedOther = "; replaced a file that plexorn had not written";
+constexpr const char* kReplacedOther = "; replaced a file without plexorn's mark";
 
 // Below a third of its picture a drawing is hard to make out.
 std::string FitText(const Outcome& outcome)

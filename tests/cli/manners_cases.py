@@ -80,13 +80,18 @@ class NewerOnly(Manners):
 
 class ReplacedPictures(Manners):
     AS_IS = False
-    WORDS = "; replaced a file that plexorn had not written\n"
+    WORDS = "; replaced a file without plexorn's mark\n"
 
     def test_a_picture_of_another_program_is_replaced_with_a_word(self):
         self.write("plan.dxf")
         self.write("plan.svg", b'<svg xmlns="http://www.w3.org/2000/svg"/>')
         self.assertIn(self.WORDS, self.expect(0, "plan.dxf"))
         self.assertNotIn("replaced", self.expect(0, "plan.dxf"))
+
+    def test_the_mark_is_in_the_first_tag(self):
+        self.write("plan.dxf")
+        self.write("plan.svg", b'<svg xmlns="http://www.w3.org/2000/svg"><g data-generator="plexorn"/></svg>')
+        self.assertIn(self.WORDS, self.expect(0, "plan.dxf"))
 
     def test_another_drawing_is_replaced_by_a_prepared_one_with_a_word(self):
         self.write("plan.dxf")
@@ -119,7 +124,8 @@ class ReplacedPictures(Manners):
 class OtherForms(Manners):
     def test_an_ending_that_cannot_be_written_is_refused(self):
         self.write("plan.dxf")
-        for output in ("x.png", "X.PDF", "a/b.jpg", "x.svg.jpeg", "x.svgz", "x.eps", "x.dwg", "x.html", "x.plt"):
+        for output in ("x.png", "X.PDF", "a/b.jpg", "x.svg.jpeg", "x.svgz", "x.eps", "x.dwg", "x.html", "x.plt",
+                       "x.svg.gz", "x.jp2", "x.heic", "x.xhtml", "x.json", "x.csv", "x.txt", "x.step", "x.md"):
             printed = self.expect(2, "plan.dxf", "-o", output)
             self.assertIn(f"{output}: a picture is written as SVG, not as {output.split('.')[-1].lower()}; "
                           "give a name that ends in .svg", printed)

@@ -127,6 +127,7 @@ class Size(PictureTest):
     def test_a_scale_that_is_asked_for(self):
         metres = insunits(6) + entities(*LONG_LINE)
         self.assertEqual(self.told(metres, "--scale", "1:250"), "416.3 x 216.3 mm at 1:250 (the unit is m, by $INSUNITS)")
+        self.assertIn(" at 1:50000000 (", self.told(metres, "--scale", "1:50000000"))
         self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104073 / 7, delta=1)
         for options in (["--true-size"], ["--scale", "1:1"]):
             self.assertAlmostEqual(self.side(metres, *options)[0], 104073, delta=1)
