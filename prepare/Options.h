@@ -14,8 +14,9 @@ enum class Profile {
 struct Options {
     Profile profile = Profile::Module;
     double tolerance = 0; // how far a flattened curve may be from the true one, in drawing units; 0: chosen
-    bool marksLayers = false; // for the module: whether what is drawn says its layers to hosts that know it
-    bool mayWrap = true;      // whether a far or small drawing may be put into one block near the origin
+    bool isReadAtOnce = false; // for the module: written longer, in the form that it reads faster
+    bool marksLayers = false;  // for the module: whether what is drawn says its layers to hosts that know it
+    bool mayWrap = true;       // whether a far or small drawing may be put into one block near the origin
     bool showsAllLayers = false;
     bool isForPaper = false;             // layers that are not plotted are left out
     std::vector<std::string> onlyLayers; // patterns with '*'; empty: all

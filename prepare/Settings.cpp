@@ -61,6 +61,7 @@ WriteSettings SettingsAsked(const Options& options, std::uint64_t bytes)
     settings.sparePointsOfCurves = SparePointsOfCurves(bytes);
     settings.profile = options.profile;
     settings.mayWrap = options.mayWrap;
+    settings.isReadAtOnce = options.isReadAtOnce;
     settings.marksLayers = options.marksLayers;
     return settings;
 }

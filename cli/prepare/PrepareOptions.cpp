@@ -16,6 +16,7 @@ prepare::Options PrepareOptionsFor(const Options& options)
     wanted.withoutLayers = options.withoutLayers;
     wanted.encoding = options.encoding;
     wanted.redrawsDimensions = options.redrawsDimensions;
+    wanted.isReadAtOnce = options.task == Task::Draw;
     wanted.marksLayers = options.task == Task::Draw; // the reference host knows the marks
     wanted.layout = options.layout;
     return wanted;

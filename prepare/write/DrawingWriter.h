@@ -20,6 +20,7 @@ using ByteFunction = std::function<bool(std::string_view bytes)>;
 struct WriteSettings {
     Profile profile = Profile::Module;
     bool mayWrap = true;
+    bool isReadAtOnce = false;    // longer, but read faster
     bool marksLayers = false;     // for a host that knows the marks
     Box extents;                  // of all that will be drawn, in drawing units
     bool isInMillimetres = false; // whatever units the drawing says it has

@@ -27,12 +27,12 @@ void WriteLineType(PairWriter& pairs, std::string_view name, const std::vector<d
 } // namespace
 
 ModuleStyles::ModuleStyles(const StyleTable& styles, const WriteSettings& settings, double factor)
-    : m_factor(factor)
+    : m_factor(factor), m_form(FormFor(settings))
 {
     for (StyleId id = 0; id < styles.Count(); ++id) {
         const Style& style = styles[id];
         const CodeAndValue colour = ColourForModule(style.colour);
-        m_letters.push_back(PairText(colour.code, std::to_string(colour.value)));
+        m_letters.push_back(PairText(colour.code, std::to_string(colour.value), m_form));
         m_strokes.push_back(m_letters.back() +
                             StrokeOf(style, factor * StrokeWidth(settings, style.weight, style.width)));
     }
@@ -40,9 +40,9 @@ ModuleStyles::ModuleStyles(const StyleTable& styles, const WriteSettings& settin
 
 std::string ModuleStyles::StrokeOf(const Style& style, double width)
 {
-    std::string pairs = PairText(370, std::to_string(WeightForModule(width)));
+    std::string pairs = PairText(370, std::to_string(WeightForModule(width)), m_form);
     if (const std::string name = LineTypeOf(style, width); !name.empty())
-        pairs += PairText(6, name);
+        pairs += PairText(6, name, m_form);
     return pairs;
 }
 

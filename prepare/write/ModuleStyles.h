@@ -32,6 +32,13 @@ private:
     std::map<std::vector<double>, std::string> m_names; // of line types, by their patterns
     std::vector<const std::vector<double>*> m_patterns; // in the order of their names
     double m_factor;
+    PairForm m_form;
 };
+
+// In which form the drawing is written.
+inline PairForm FormFor(const WriteSettings& settings)
+{
+    return settings.isReadAtOnce ? PairForm::Columns : PairForm::Short;
+}
 
 } // namespace prepare

@@ -169,7 +169,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
         if (!m_blocks[block].log.IsEmpty())
             blocks[block] = {Numbered(kPartPrefix, ++number), OriginOf(m_blocks[block].log.Reach())};
 
-    PairWriter pairs(write);
+    PairWriter pairs(write, FormFor(m_settings));
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
     Fineness curves(tolerance, m_settings.sparePointsOfCurves);
     FillCounts fills;

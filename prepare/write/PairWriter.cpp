@@ -3,6 +3,8 @@
 #include "base/Numbers.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace prepare {
 
@@ -18,6 +20,49 @@ char* FormatReal(double value, int digits, char* out)
     return FormatGeneral(value == 0 ? 0 : value, digits, out); // 0 without its sign
 }
 
+using CodeTexts = std::array<std::array<char, 4>, 1000>;
+
+constexpr CodeTexts MakeCodeTexts(PairForm form)
+{
+    CodeTexts texts{};
+    for (std::size_t code = 0; code < texts.size(); ++code) {
+        const std::size_t digits = code < 10 ? 1 : code < 100 ? 2 : 3;
+        std::size_t end = form == PairForm::Short ? digits : 3;
+        texts[code].fill(' ');
+        texts[code][end] = '\n';
+        for (std::size_t left = code, i = 0; i < digits; ++i, left /= 10)
+            texts[code][--end] = static_cast<char>('0' + left % 10);
+    }
+    return texts;
+}
+
+constexpr CodeTexts kShortCodes = MakeCodeTexts(PairForm::Short);
+constexpr CodeTexts kCodesInColumns = MakeCodeTexts(PairForm::Columns);
+
+// Puts a point and a zero after digits that have no point. Returns the end of the number.
+char* PutPoint(const char* number, char* end)
+{
+    const std::string_view digits(number, static_cast<std::size_t>(end - number));
+    if (digits.find_first_not_of("0123456789", *number == '-') == std::string_view::npos) {
+        *end++ = '.';
+        *end++ = '0';
+    }
+    return end;
+}
+
+// Puts a code and its line end. Returns their end.
+char* PutCode(char* out, int code, PairForm form)
+{
+    if (code < 0 || code >= static_cast<int>(kShortCodes.size())) {
+        out = FormatInteger(code, out);
+        *out++ = '\n';
+        return out;
+    }
+    const CodeTexts& texts = form == PairForm::Short ? kShortCodes : kCodesInColumns;
+    std::memcpy(out, texts[static_cast<std::size_t>(code)].data(), 4);
+    return out + (form == PairForm::Columns ? 4 : 2 + (code >= 10) + (code >= 100));
+}
+
 } // namespace
 
 std::string Numbered(std::string_view prefix, std::size_t number)
@@ -27,9 +72,10 @@ std::string Numbered(std::string_view prefix, std::size_t number)
     return name;
 }
 
-std::string PairText(int code, std::string_view value)
+std::string PairText(int code, std::string_view value, PairForm form)
 {
-    return std::to_string(code).append("\n").append(value).append("\n");
+    char text[kLongestInteger + 1];
+    return std::string(text, PutCode(text, code, form)).append(value).append("\n");
 }
 
 void AppendReal(std::string& text, double value, int digits)
@@ -38,8 +84,8 @@ void AppendReal(std::string& text, double value, int digits)
     text.append(number, FormatReal(value, digits, number));
 }
 
-PairWriter::PairWriter(const ByteFunction& write)
-    : m_write(write), m_text(new char[kPart + kMostOfPair]), m_end(m_text.get())
+PairWriter::PairWriter(const ByteFunction& write, PairForm form)
+    : m_write(write), m_form(form), m_text(new char[kPart + kMostOfPair]), m_end(m_text.get())
 {
 }
 
@@ -48,16 +94,7 @@ char* PairWriter::Code(int code)
 {
     if (m_end >= m_text.get() + kPart) [[unlikely]]
         Flush();
-    char* out = m_end;
-    // Nearly all codes have two digits, which are put without a call.
-    if (code >= 10 && code < 100) {
-        *out++ = static_cast<char>('0' + code / 10);
-        *out++ = static_cast<char>('0' + code % 10);
-    } else {
-        out = FormatInteger(code, out);
-    }
-    *out++ = '\n';
-    return out;
+    return PutCode(m_end, code, m_form);
 }
 
 // Ends the value, and with it the pair, at end.
@@ -103,7 +140,9 @@ void PairWriter::Real(int code, double value, int digits)
 
 void PairWriter::Fixed(int code, double value, int decimals)
 {
-    EndLine(FormatDecimals(value, decimals, Code(code)));
+    char* const number = Code(code);
+    char* const end = FormatDecimals(value, decimals, number);
+    EndLine(m_form == PairForm::Columns ? PutPoint(number, end) : end);
 }
 
 void PairWriter::Raw(std::string_view pairs)

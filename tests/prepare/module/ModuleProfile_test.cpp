@@ -99,6 +99,22 @@ TEST_F(ModuleProfile, WidthsAreWeights32And34)
     EXPECT_NE(calls.find("n3, \"stroke-width\", \"0.250000\""), std::string::npos) << calls; // the thinnest
 }
 
+TEST_F(ModuleProfile, TheFormThatIsReadFasterIsTheSameDrawing)
+{
+    const auto callsIn = [&](bool isReadAtOnce) {
+        WrittenDrawing drawing;
+        drawing.settings.isReadAtOnce = isReadAtOnce;
+        Style dashed = StyleOf(3, 50);
+        dashed.lineType = drawing.Dashed({5, -2.5});
+        drawing.Model().Line(dashed, {0, -7}, {10, 5.5});
+        drawing.Model().Circle(red, {1, 2}, 3.5);
+        drawing.Model().Arc(red, {123456, -2}, 40, 0.25, 1.5);
+        return TraceOf(drawing.Text());
+    };
+    EXPECT_EQ(callsIn(true), callsIn(false));
+    EXPECT_NE(callsIn(true).find("qlmCreateCircle(ctx, \"\", 3.5, 1, -2, 0, 0)"), std::string::npos);
+}
+
 TEST_F(ModuleProfile, CircleIsACircle)
 {
     Model().Circle(red, {1, 2}, 3.5);

@@ -64,6 +64,28 @@ TEST(PairWriter, LinesEndWithALineFeedAndHandlesAreUpperCase)
     EXPECT_EQ(text, "0\nLINE\n5\n1ABCDEF\n370\n-3\n10\n2.5\n20\n2.2\n62\n7\n");
 }
 
+TEST(PairWriter, TheLongerFormHasCodesInThreeColumnsAndRealsWithAPoint)
+{
+    std::string text;
+    const ByteFunction write = [&](std::string_view bytes) {
+        text += bytes;
+        return true;
+    };
+    PairWriter pairs(write, PairForm::Columns);
+    pairs.Text(0, "LINE");
+    pairs.Integer(62, 7);
+    pairs.Integer(370, -3);
+    pairs.Fixed(10, 2.25, 1);
+    pairs.Fixed(20, 12, 4);
+    pairs.Fixed(30, -120, 0);
+    pairs.Fixed(40, 0, 15);
+    pairs.Text(1071, "");
+    pairs.Raw(PairText(6, "DASHED", PairForm::Columns));
+    EXPECT_TRUE(pairs.Finish());
+    EXPECT_EQ(text, "  0\nLINE\n 62\n7\n370\n-3\n 10\n2.2\n 20\n12.0\n 30\n-120.0\n 40\n0.0\n1071\n\n"
+                    "  6\nDASHED\n");
+}
+
 TEST(PairWriter, AFunctionThatStopsIsNotCalledAgain)
 {
     int calls = 0;
