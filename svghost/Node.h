@@ -69,9 +69,10 @@ struct Node {
     std::uint32_t stroke = 0;
     std::uint32_t dashArray = 0;
     Kind kind;
-    bool hidden = false;
-    bool malformed = false; // a number of its geometry is not drawable
-    bool leftOut = false;   // not written; decided by the layout
+    bool hidden : 1 = false;
+    bool malformed : 1 = false; // a number of its geometry is not drawable
+    bool leftOut : 1 = false;   // not written; decided by the layout
+    std::uint16_t layer = 0;    // the layer that begins before it, by the number of its mark; 0: none does
 
     const ExtraAttribute* Find(AttributeId id) const
     {
@@ -145,6 +146,8 @@ struct Symbol : Container {
     std::size_t definition = 0; // counted from 1 among the symbols of that name
     Use* firstUse = nullptr;
     Use* lastUse = nullptr;
+    std::uint16_t mark = 0;      // its number among the marks of layers that are used, from 1
+    std::uint16_t nextLayer = 0; // the mark that was used last, before the next node
     // Filled by the layout.
     bool isFill = false;       // drawn as one area
     bool isWriting = false;    // drawn as one line of writing

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace svghost;
 
@@ -52,6 +53,8 @@ bool SvgHostDocument::HasRoom()
 
 void SvgHostDocument::Append(Node& node)
 {
+    if (current->kind != Kind::Group)
+        node.layer = std::exchange(static_cast<Symbol*>(current)->nextLayer, std::uint16_t{0});
     Link(current->first, current->last, node, &Node::next);
     ++elements;
     m_laidOut = false;
@@ -83,13 +86,35 @@ Text* SvgHostDocument::CreateText(float x, float y, const wchar_t* text)
     return node;
 }
 
+// A drawing has about as many marks as elements: they are kept in the nodes after them, beyond groups and as
+// long as their numbers fit. Any other is a use like all.
+bool SvgHostDocument::TakeMark(SymbolName& target)
+{
+    Symbol* const mark = target.definition;
+    if (current->kind == Kind::Group || !mark || mark == current || !IsLayerMark(*mark))
+        return false;
+    if (mark->mark == 0) {
+        if (m_marks.size() == std::numeric_limits<std::uint16_t>::max())
+            return false;
+        m_marks.push_back(mark);
+        mark->mark = static_cast<std::uint16_t>(m_marks.size());
+    }
+    static_cast<Symbol*>(current)->nextLayer = mark->mark;
+    ++elements;
+    m_laidOut = false;
+    return true;
+}
+
 Use* SvgHostDocument::CreateUse(const wchar_t* name, float x, float y)
 {
+    SymbolName* const target = SymbolNamed(name);
+    if (TakeMark(*target))
+        return &m_mark;
     Use* use = arena.New<Use>();
     use->x = x;
     use->y = y;
-    use->target = SymbolNamed(name);
-    ++use->target->uses;
+    use->target = target;
+    ++target->uses;
     Symbol& owner = *current->owner;
     Link(owner.firstUse, owner.lastUse, *use, &Use::nextOfSymbol);
     Append(*use);

@@ -4,6 +4,7 @@
 #include "base/CDxfArena.h"
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
+#include "svghost/Layers.h"
 #include "svghost/Layout.h"
 #include "svghost/Node.h"
 #include "svghost/PathData.h"
@@ -62,6 +63,13 @@ struct SvgHostDocument {
         return m_values[static_cast<std::size_t>(id)];
     }
 
+    // The mark of the layer that begins at the node, which may be the mark's own use; null where none does.
+    const svghost::Symbol* MarkAt(const svghost::Node& node) const
+    {
+        const svghost::Symbol* const own = svghost::LayerMarkOf(node);
+        return own || node.layer == 0 ? own : m_marks[node.layer - 1u];
+    }
+
     // The picture's layout, made anew when the tree changed since the last call.
     const svghost::Layout& LaidOut();
 
@@ -70,9 +78,12 @@ private:
     svghost::ExtraAttribute& Extra(svghost::Node& node, svghost::AttributeId id);
     void SetOther(svghost::Node& node, std::wstring_view name, std::wstring_view text);
     svghost::SymbolName* SymbolNamed(const wchar_t* name);
+    bool TakeMark(svghost::SymbolName& target);
 
     std::array<svghost::ValueTable, static_cast<std::size_t>(svghost::AttributeId::FontSize)> m_values;
     std::unordered_map<std::wstring_view, svghost::SymbolName*, svghost::TextHash> m_names;
+    std::vector<const svghost::Symbol*> m_marks; // of layers, by their numbers
+    svghost::Use m_mark;                         // what the use of any of them is for the host
     std::string m_scratch;
     svghost::ShortForm m_shortForm;
     svghost::Layout m_layout;

@@ -285,7 +285,12 @@ void SvgWriter::WriteContents(const Container& container)
 void SvgWriter::WriteRuns(const Container& container)
 {
     Walk(
-        container, [this](const Node& node) { WriteNode(node); },
+        container,
+        [this](const Node& node) {
+            if (const Symbol* mark = m_document.MarkAt(node))
+                m_run->Take(*mark);
+            WriteNode(node);
+        },
         [this](const Container&) {
             m_run->LeaveGroup();
             m_out.Close("g");
@@ -300,10 +305,10 @@ void SvgWriter::WriteLayers(const Container& container)
     std::map<std::wstring_view, std::size_t> numbers;
     std::wstring_view layer;
     for (const Node* node = container.first; node; node = node->next) {
-        if (const Symbol* mark = LayerMarkOf(*node)) {
+        if (const Symbol* mark = m_document.MarkAt(*node))
             layer = LayerOf(*mark);
+        if (LayerMarkOf(*node))
             continue;
-        }
         const auto [place, isNew] = numbers.try_emplace(layer, layers.size());
         if (isNew)
             layers.push_back({layer, {}});
@@ -346,10 +351,8 @@ bool SvgWriter::HasRoomFor(const Node& node)
 
 void SvgWriter::WriteNode(const Node& node)
 {
-    if (node.leftOut)
+    if (node.leftOut || LayerMarkOf(node))
         return;
-    if (const Symbol* mark = LayerMarkOf(node))
-        return m_run->Take(*mark);
     if (!HasRoomFor(node))
         return;
     m_run->BeginElement();

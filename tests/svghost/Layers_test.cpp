@@ -71,6 +71,18 @@ TEST(Layers, MarksWithNothingAfterThemMakeNoGroups)
     EXPECT_EQ(Drawing(document), LineTo(1) + kWhole);
 }
 
+TEST(Layers, AttributesOfAMarkChangeNothing)
+{
+    const HostDocument document;
+    DefineMarks(document);
+    const QlmNode mark = qlmCreateUse(document.Context(), L"", 0, 0, L"PLEXORN_LAYER_A", L"", 0, 0);
+    ASSERT_NE(mark, nullptr);
+    qlmSetAttributeByNode(document.Context(), mark, L"rotate", L"90");
+    qlmSetAttributeByNode(document.Context(), mark, L"visibility", L"hidden");
+    document.Line(0, 0, 1, 0);
+    EXPECT_EQ(Drawing(document), kA + LineTo(1) + kEnd + kWhole);
+}
+
 TEST(Layers, SymbolsHaveTheirOwn)
 {
     const HostDocument document;
