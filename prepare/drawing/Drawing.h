@@ -81,9 +81,12 @@ struct MultiLineStyle {
     };
     NameId name = kNoName;
     Handle handle = 0;
-    std::int32_t flags = 0; // 70: 2 joints, 16 a straight start cap, 32 and 64 round ones; 256 ... the end's
-    double startAngle = 90; // 51
-    double endAngle = 90;   // 52
+    // 70: 1 a fill, 2 joints, 16 a straight start cap, 32 and 64 round ones; 256 ... the end's
+    std::int32_t flags = 0;
+    std::int32_t fillColour = kByLayer;          // 62 before the elements
+    std::int32_t fillTrueColour = kNoTrueColour; // 420
+    double startAngle = 90;                      // 51
+    double endAngle = 90;                        // 52
     std::vector<Element> elements;
 };
 

@@ -351,10 +351,10 @@ struct HatchLine {
     std::vector<double> dashes; // 49
 };
 
-struct Hatch : EntityOf<EntityType::Hatch> { // in object coordinates
+struct Hatch : EntityOf<EntityType::Hatch> { // also MPOLYGON; in object coordinates
     std::string pattern;                     // 2
     Point3 elevation;                        // 10: only z counts
-    std::int32_t isSolid = 0;                // 70
+    std::int32_t isSolid = 0;                // 70; 71 of an MPOLYGON
     std::int32_t style = 0;                  // 75: odd parity, outer, ignore
     std::int32_t patternType = 1;            // 76
     double angle = 0;                        // 52
@@ -364,6 +364,9 @@ struct Hatch : EntityOf<EntityType::Hatch> { // in object coordinates
     std::vector<HatchLine> lines;
     std::int32_t isGradient = 0;               // 450
     std::vector<std::int32_t> gradientColours; // 421
+    bool hasOutline = false;                   // an MPOLYGON
+    std::int32_t fillColour = kByLayer;        // 63 of an MPOLYGON
+    Point2 offset;                             // 11 of an MPOLYGON: of its loops
 };
 
 // IMAGE, WIPEOUT and underlays, in world coordinates.

@@ -20,6 +20,7 @@ constexpr TypeName kNames[] = {
         {"MLEADER", EntityType::MultiLeader},
     {"DGNUNDERLAY", EntityType::Underlay},
     {"DWFUNDERLAY", EntityType::Underlay},
+    {"MPOLYGON", EntityType::Hatch},
     {"ARC_DIMENSION", EntityType::Dimension},
     {"LARGE_RADIAL_DIMENSION", EntityType::Dimension},
 };

@@ -200,6 +200,13 @@ void ReadElevation(RecordReader& reader, Hatch& hatch, CDxfLine value)
         hatch.elevation.*part = reader.Real(value);
 }
 
+template <double Point2::*part>
+void ReadOffset(RecordReader& reader, Hatch& hatch, CDxfLine value)
+{
+    if (hatch.hasOutline)
+        hatch.offset.*part = reader.Real(value);
+}
+
 void BeginPatternLine(RecordReader& reader, Hatch& hatch, CDxfLine value)
 {
     HatchLine line;
@@ -220,10 +227,32 @@ void ReadDash(RecordReader& reader, Hatch& hatch, CDxfLine value)
         reader.Append(hatch.lines.back().dashes, reader.Real(value));
 }
 
+void BeginSubclass(RecordReader&, Hatch& hatch, CDxfLine value)
+{
+    hatch.hasOutline = hatch.hasOutline || Trim(value) == "AcDbMPolygon";
+}
+
+// A HATCH has it in 70, where an MPOLYGON has its version; the other's 71 is something else.
+template <bool isOfPolygon>
+void ReadSolid(RecordReader& reader, Hatch& hatch, CDxfLine value)
+{
+    if (hatch.hasOutline == isOfPolygon)
+        hatch.isSolid = reader.Integer(value);
+}
+
+// The colours of a gradient have that code too, and come after its 450.
+void ReadFillColour(RecordReader& reader, Hatch& hatch, CDxfLine value)
+{
+    if (hatch.isGradient == 0)
+        hatch.fillColour = reader.Integer(value);
+}
+
 constexpr auto kHatch = EntityFields<Hatch>({
     {2, &Hatch::pattern},
     {10, ReadElevation<&Point3::x>},
+    {11, ReadOffset<&Point2::x>}, // after the loops
     {20, ReadElevation<&Point3::y>},
+    {21, ReadOffset<&Point2::y>},
     {30, ReadElevation<&Point3::z>},
     {41, &Hatch::scale},
     {43, ReadPatternLine<&HatchLine::base, &Point2::x>},
@@ -233,11 +262,14 @@ constexpr auto kHatch = EntityFields<Hatch>({
     {49, ReadDash},
     {52, &Hatch::angle},
     {53, BeginPatternLine},
-    {70, &Hatch::isSolid},
+    {63, ReadFillColour},
+    {70, ReadSolid<false>},
+    {71, ReadSolid<true>},
     {75, &Hatch::style},
     {76, &Hatch::patternType},
     {77, &Hatch::isDouble},
     {91, ReadLoops},
+    {100, BeginSubclass},
     {421, &Hatch::gradientColours},
     {450, &Hatch::isGradient},
 });

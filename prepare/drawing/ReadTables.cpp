@@ -87,12 +87,11 @@ void BeginElement(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
     reader.Append(style.elements, element);
 }
 
-// 62, 420 and 6 before the first element are the fill's.
-template <std::int32_t MultiLineStyle::Element::*member>
-void ReadElementColour(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
+// Before the first element, 62 and 420 are the fill's.
+template <std::int32_t MultiLineStyle::*ofFill, std::int32_t MultiLineStyle::Element::*ofElement>
+void ReadMultiLineColour(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
 {
-    if (!style.elements.empty())
-        style.elements.back().*member = reader.Integer(value);
+    (style.elements.empty() ? style.*ofFill : style.elements.back().*ofElement) = reader.Integer(value);
 }
 
 void ReadElementLineType(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
@@ -108,10 +107,10 @@ constexpr auto kMultiLineStyle = Fields<MultiLineStyle>({
     {49, BeginElement},
     {51, &MultiLineStyle::startAngle},
     {52, &MultiLineStyle::endAngle},
-    {62, ReadElementColour<&MultiLineStyle::Element::colour>},
+    {62, ReadMultiLineColour<&MultiLineStyle::fillColour, &MultiLineStyle::Element::colour>},
     {70, &MultiLineStyle::flags},
     {102, SkipGroupOf<MultiLineStyle>},
-    {420, ReadElementColour<&MultiLineStyle::Element::trueColour>},
+    {420, ReadMultiLineColour<&MultiLineStyle::fillTrueColour, &MultiLineStyle::Element::trueColour>},
 });
 
 // The values of a dimension style stay texts.

@@ -4,6 +4,8 @@
 #include "prepare/plain/HatchPattern.h"
 #include "prepare/plain/LightColour.h"
 
+#include <algorithm>
+#include <functional>
 #include <string_view>
 
 namespace prepare {
@@ -12,7 +14,7 @@ namespace {
 
 bool IsFilled(const Hatch& hatch)
 {
-    return hatch.isSolid != 0 || hatch.isGradient != 0 || hatch.pattern == "SOLID";
+    return hatch.isSolid != 0 || hatch.isGradient != 0 || (hatch.pattern == "SOLID" && !hatch.hasOutline);
 }
 
 Style FillStyle(const Pen& pen)
@@ -28,11 +30,17 @@ void DrawFilled(const Hatch& hatch, const std::vector<Ring>& rings, Pen& pen)
 {
     Style style = FillStyle(pen);
     if (hatch.isGradient != 0) {
-        if (!hatch.gradientColours.empty())
-            style.colour = {true, static_cast<std::uint32_t>(hatch.gradientColours.front()) & 0xFFFFFF, 7};
-        pen.Report(Finding::Changed, "its gradient is one colour");
+        const std::vector<std::int32_t>& colours = hatch.gradientColours;
+        if (!colours.empty())
+            style.colour = {true, static_cast<std::uint32_t>(colours.front()) & 0xFFFFFF, 7};
+        // An MPOLYGON has a true colour as a gradient from that colour to itself.
+        if (!hatch.hasOutline ||
+            std::adjacent_find(colours.begin(), colours.end(), std::not_equal_to<>()) != colours.end())
+            pen.Report(Finding::Changed, "its gradient is one colour");
     }
     pen.UseStyle(style);
+    if (hatch.hasOutline && hatch.isGradient == 0)
+        pen.UseStyleOf({hatch.fillColour, kNoTrueColour, kNoName, kNoName});
     pen.Fill(rings);
 }
 
@@ -47,9 +55,17 @@ void DrawLightly(const std::vector<Ring>& rings, Pen& pen)
 
 void DrawOutlines(const std::vector<Ring>& rings, Pen& pen)
 {
+    pen.UseOwnStyle();
     for (const Ring& ring : rings)
         pen.Polyline(ring, true);
-    pen.Report(Finding::Changed, "its pattern has no lines: its outline");
+}
+
+void DrawInside(const Hatch& hatch, const std::vector<Ring>& rings, Pen& pen)
+{
+    if (IsFilled(hatch))
+        DrawFilled(hatch, rings, pen);
+    else if (!hatch.lines.empty() && !DrawPattern(hatch, rings, pen))
+        DrawLightly(rings, pen);
 }
 
 } // namespace
@@ -58,13 +74,13 @@ void DrawHatch(const Hatch& hatch, Pen& pen)
 {
     const std::vector<Ring> rings = RingsOf(hatch, pen);
     if (rings.empty())
-        pen.Report(Finding::NotShown, "its boundary has no area");
-    else if (IsFilled(hatch))
-        DrawFilled(hatch, rings, pen);
-    else if (hatch.lines.empty())
+        return pen.Report(Finding::NotShown, "its boundary has no area");
+    DrawInside(hatch, rings, pen);
+    const bool isBare = !IsFilled(hatch) && hatch.lines.empty();
+    if (isBare || hatch.hasOutline)
         DrawOutlines(rings, pen);
-    else if (!DrawPattern(hatch, rings, pen))
-        DrawLightly(rings, pen);
+    if (isBare && !hatch.hasOutline)
+        pen.Report(Finding::Changed, "its pattern has no lines: its outline");
 }
 
 } // namespace prepare

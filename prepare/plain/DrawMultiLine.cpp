@@ -1,7 +1,10 @@
-// MLINE: the lines of its elements, with the joints and caps of its style.
+// MLINE: the lines of its elements, with the fill, joints and caps of its style.
+#include "prepare/plain/AreaFiller.h"
 #include "prepare/plain/Geometry.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 #include <vector>
 
 namespace prepare {
@@ -10,6 +13,7 @@ namespace {
 
 enum MultiLineFlag : std::int32_t { ClosedLine = 2, NoStartCap = 4, NoEndCap = 8 };
 enum StyleFlag : std::int32_t {
+    Filled = 1,
     Joints = 2,
     StraightStart = 16,
     InnerStart = 32,
@@ -53,10 +57,17 @@ private:
     void EndRun();
     // Two halves, of the outer elements' colours.
     void DrawAcross(const MultiLineVertex& vertex);
+    // Half an ellipse from one point to the other, away from the lines; false where it has no size.
+    bool RoundBetween(const End& end, Point3 first, Point3 last, EllipticArc& arc) const;
     void DrawRound(const End& end, std::size_t element);
     void DrawCap(const End& end, bool isStraight, bool isRound, bool hasInner);
     void DrawCaps();
     void DrawJoints();
+    // Where the outermost elements cross the vertex's mitre.
+    std::pair<Point3, Point3> OutermostAt(const MultiLineVertex& vertex) const;
+    std::vector<Point2> OutlineOf(std::size_t segment, bool isRoundAtStart, bool isRoundAtEnd);
+    void AddRound(const End& end, Point3 first, Point3 last, std::vector<Point2>& outline);
+    void FillBetween();
 
     const MultiLine& m_multiLine;
     Pen& m_pen;
@@ -159,22 +170,30 @@ void MultiLineDrawer::DrawAcross(const MultiLineVertex& vertex)
     m_pen.Line(middle, Flat(last));
 }
 
-// Half a circle from an element to the one that is as far from the other side.
-void MultiLineDrawer::DrawRound(const End& end, std::size_t element)
+bool MultiLineDrawer::RoundBetween(const End& end, Point3 first, Point3 last, EllipticArc& arc) const
 {
-    const std::size_t opposite = m_elements - 1 - element;
-    const Point3 first = At(end.vertex, element), last = At(end.vertex, opposite);
     const Point3 middle = 0.5 * (first + last), radius = first - middle;
     const double square = Dot(radius, radius);
     if (!(square > 0))
-        return;
+        return false;
     Point3 outward = end.outward - (Dot(end.outward, radius) / square) * radius;
     const double length = Length(outward);
     if (!(length > 0))
-        return;
+        return false;
     outward = (std::sqrt(square) / length) * outward;
     const Matrix& matrix = m_pen.Place().matrix;
-    EllipticArc arc{Flat(middle), matrix.FlatDirection(radius), matrix.FlatDirection(outward), 0, kTurn / 4};
+    arc = {Flat(middle), matrix.FlatDirection(radius), matrix.FlatDirection(outward), 0, kTurn / 2};
+    return true;
+}
+
+// From an element to the one that is as far from the other side, in the colours of both.
+void MultiLineDrawer::DrawRound(const End& end, std::size_t element)
+{
+    const std::size_t opposite = m_elements - 1 - element;
+    EllipticArc arc;
+    if (!RoundBetween(end, At(end.vertex, element), At(end.vertex, opposite), arc))
+        return;
+    arc.end = kTurn / 4;
     UseStyleOf(element);
     m_pen.Arc(arc);
     arc.start = kTurn / 4;
@@ -215,6 +234,63 @@ void MultiLineDrawer::DrawJoints()
         DrawAcross(vertices[i]);
 }
 
+std::pair<Point3, Point3> MultiLineDrawer::OutermostAt(const MultiLineVertex& vertex) const
+{
+    double least = HUGE_VAL, most = -HUGE_VAL;
+    const auto add = [&](double place) {
+        least = std::min(least, place);
+        most = std::max(most, place);
+    };
+    for (const std::vector<double>& parameters : vertex.parameters)
+        add(parameters.empty() ? 0 : parameters.front());
+    if (vertex.parameters.size() < m_elements)
+        add(0);
+    return {vertex.point + least * vertex.mitre, vertex.point + most * vertex.mitre};
+}
+
+void MultiLineDrawer::AddRound(const End& end, Point3 first, Point3 last, std::vector<Point2>& outline)
+{
+    EllipticArc arc;
+    if (!RoundBetween(end, first, last, arc) || !arc.IsFinite())
+        return;
+    Flatten(arc, m_pen.Curves().Tolerance(), outline, m_pen.Curves());
+    outline.pop_back(); // the other element
+}
+
+std::vector<Point2> MultiLineDrawer::OutlineOf(std::size_t segment, bool isRoundAtStart, bool isRoundAtEnd)
+{
+    const auto& vertices = m_multiLine.vertices;
+    const MultiLineVertex& from = vertices[segment];
+    const MultiLineVertex& to = vertices[(segment + 1) % vertices.size()];
+    const auto [startLeast, startMost] = OutermostAt(from);
+    const auto [endLeast, endMost] = OutermostAt(to);
+    std::vector<Point2> outline{Flat(startMost)};
+    if (isRoundAtStart)
+        AddRound({from, from.point - to.point}, startMost, startLeast, outline);
+    outline.push_back(Flat(startLeast));
+    outline.push_back(Flat(endLeast));
+    if (isRoundAtEnd)
+        AddRound({to, to.point - from.point}, endLeast, endMost, outline);
+    outline.push_back(Flat(endMost));
+    return outline;
+}
+
+// The style's fill is under the lines.
+void MultiLineDrawer::FillBetween()
+{
+    const std::size_t count = m_multiLine.vertices.size();
+    const std::size_t segments = IsClosed() && count > 2 ? count : count - 1;
+    const auto isRound = [this](StyleFlag round, MultiLineFlag hidden) {
+        return !IsClosed() && (m_style->flags & round) != 0 && (m_multiLine.flags & hidden) == 0;
+    };
+    const bool isRoundAtStart = isRound(RoundStart, NoStartCap), isRoundAtEnd = isRound(RoundEnd, NoEndCap);
+    m_pen.UseStyleOf({m_style->fillColour, m_style->fillTrueColour, kNoName, kNoName});
+    AreaFiller filler(m_pen);
+    for (std::size_t i = 0; i < segments && m_pen.HasRoom(); ++i)
+        filler.Add(OutlineOf(i, isRoundAtStart && i == 0, isRoundAtEnd && i + 1 == segments), i > 0);
+    filler.Fill();
+}
+
 void MultiLineDrawer::Draw()
 {
     if (m_multiLine.vertices.size() < 2)
@@ -225,6 +301,8 @@ void MultiLineDrawer::Draw()
         m_elements = 1;
         m_pen.Report(Finding::Changed, "its elements are missing: drawn as one line");
     }
+    if (m_style != nullptr && (m_style->flags & Filled) != 0 && m_elements > 1)
+        FillBetween();
     for (std::size_t element = 0; element < m_elements && m_pen.HasRoom(); ++element)
         DrawElement(element);
     if (m_style == nullptr || m_elements < 2)

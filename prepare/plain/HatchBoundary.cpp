@@ -53,7 +53,7 @@ private:
 
 RingMaker::RingMaker(const Hatch& hatch, Pen& pen) : m_pen(pen), m_matrix(pen.OfObject())
 {
-    m_matrix.origin = m_matrix.Apply({0, 0, hatch.elevation.z});
+    m_matrix.origin = m_matrix.Apply({hatch.offset.x, hatch.offset.y, hatch.elevation.z});
 }
 
 void RingMaker::Add(const HatchLoop& loop)

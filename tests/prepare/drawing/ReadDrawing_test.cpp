@@ -157,6 +157,8 @@ TEST(ReadDrawing, TablesAreReadWithoutSubclassMarkersAndInAnyOrder)
     const MultiLineStyle& multi =
         read.drawing.multiLineStyles.at(read.drawing.multiLineStyleOfHandle.at(0x18));
     EXPECT_EQ(multi.startAngle, 45);
+    EXPECT_EQ(multi.fillColour, 9);
+    EXPECT_EQ(multi.fillTrueColour, kNoTrueColour);
     ASSERT_EQ(multi.elements.size(), 2u);
     EXPECT_EQ(multi.elements[0].colour, 1);
     EXPECT_EQ(multi.elements[0].lineType, read.Id("DASHED"));

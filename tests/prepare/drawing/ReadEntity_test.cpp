@@ -353,6 +353,28 @@ TEST(ReadEntity, HatchLoopsPatternAndSeedsAreToldApart)
     EXPECT_EQ(hatch.gradientColours, (std::vector<std::int32_t>{255}));
 }
 
+TEST(ReadEntity, AnMPolygonHasItsFillElsewhereThanAHatch)
+{
+    const ReadBlock block({{0, "MPOLYGON"}, {62, "3"},    {100, "AcDbMPolygon"},
+                           {70, "1"},       {2, "SOLID"}, {71, "0"},
+                           {91, "1"},       {92, "2"},    {73, "1"},
+                           {72, "0"},       {93, "1"},    {10, "1"},
+                           {20, "2"},       {76, "1"},    {63, "5"},
+                           {11, "7"},       {21, "8"},    {450, "1"},
+                           {63, "6"},       {421, "255"}});
+    const Hatch& polygon = block.As<Hatch>();
+    EXPECT_TRUE(polygon.hasOutline);
+    EXPECT_EQ(polygon.isSolid, 0);
+    EXPECT_EQ(polygon.fillColour, 5);
+    EXPECT_EQ(polygon.offset, (Point2{7, 8}));
+    ASSERT_EQ(polygon.loops.size(), 1u);
+    EXPECT_EQ(polygon.loops[0].vertices.size(), 1u);
+    const ReadBlock other({{0, "HATCH"}, {70, "1"}, {71, "0"}, {63, "9"}, {11, "1"}});
+    EXPECT_FALSE(other.As<Hatch>().hasOutline);
+    EXPECT_EQ(other.As<Hatch>().isSolid, 1);
+    EXPECT_EQ(other.As<Hatch>().offset, Point2{});
+}
+
 TEST(ReadEntity, DimensionReadsItsOverridesFromTheExtendedData)
 {
     const ReadBlock block(

@@ -56,6 +56,35 @@ TEST(DrawHatch, AGradientIsItsFirstColour)
     EXPECT_EQ(stage.Findings(), Lines{"changed: its gradient is one colour"});
 }
 
+TEST(DrawHatch, APolygonWithAFillHasItsOutlineInItsOwnColour)
+{
+    Stage stage;
+    Hatch hatch = Filled(RectangleLoop(0, 0, 4, 3));
+    hatch.hasOutline = true;
+    hatch.fillColour = 5;
+    hatch.offset = {10, 20};
+    EXPECT_EQ(stage.Draw(hatch),
+              (Lines{"fill 10,20 14,20 14,23 10,23 colour 5", "closed polyline 10,20 14,20 14,23 10,23"}));
+    hatch.isGradient = 1;
+    hatch.gradientColours = {0x0080FF, 0x0080FF};
+    EXPECT_EQ(stage.Draw(hatch)[0], "fill 10,20 14,20 14,23 10,23 rgb 0080ff");
+    EXPECT_EQ(stage.Findings(), Lines{});
+    hatch.gradientColours[1] = 0;
+    EXPECT_EQ(stage.Draw(hatch).size(), 2U);
+    EXPECT_EQ(stage.Findings(), Lines{"changed: its gradient is one colour"});
+}
+
+TEST(DrawHatch, APolygonWithoutAFillIsItsOutlineAndItsPattern)
+{
+    Stage stage;
+    Hatch hatch = Lined(RectangleLoop(0, 0, 4, 1));
+    hatch.hasOutline = true;
+    EXPECT_EQ(stage.Draw(hatch), (Lines{"line 0,0.5 4,0.5", "closed polyline 0,0 4,0 4,1 0,1"}));
+    hatch.lines.clear();
+    EXPECT_EQ(stage.Draw(hatch), Lines{"closed polyline 0,0 4,0 4,1 0,1"});
+    EXPECT_EQ(stage.Findings(), Lines{});
+}
+
 TEST(DrawHatch, PatternLinesAreCutAtTheBoundary)
 {
     Stage stage;

@@ -136,6 +136,55 @@ TEST_F(DrawMultiLines, InnerArcsJoinTheInnerPairs)
                      "arc 0,0 radius 0.5 from 3.14159 to 4.71239"}));
 }
 
+TEST_F(DrawMultiLines, AFillIsBetweenTheOutermostElementsAndUnderAllLines)
+{
+    MultiLine line = Corner();
+    StyleFor(line, 1).fillColour = 5;
+    EXPECT_EQ(stage.Draw(line),
+              (Lines{"fill 0,1 0,-1 11,-1 9,1 and 9,1 11,-1 11,10 9,10 colour 5",
+                     "polyline 0,1 9,1 9,10 colour 1", "polyline 0,-1 11,-1 11,10 colour 3"}));
+    line.vertices.resize(1);
+    EXPECT_EQ(stage.Draw(line), Lines{});
+}
+
+TEST_F(DrawMultiLines, AFillOfUnsortedElementsIsBetweenTheOutermost)
+{
+    MultiLine line = Corner();
+    line.vertices.pop_back();
+    for (MultiLineVertex& vertex : line.vertices)
+        vertex.parameters = {{0.5, 0}, {2, 0}, {-3, 0}, {1, 0}};
+    line.vertices[1].mitre = {0, 1, 0};
+    StyleFor(line, 1).fillTrueColour = 0x0080FF;
+    EXPECT_EQ(stage.Draw(line)[0], "fill 0,2 0,-3 10,-3 10,2 rgb 0080ff");
+}
+
+TEST_F(DrawMultiLines, AFillReachesIntoRoundCapsThatAreDrawn)
+{
+    MultiLine line = Corner();
+    line.vertices.pop_back();
+    line.vertices[1].mitre = {0, 1, 0};
+    line.vertices[1].parameters = line.vertices[0].parameters;
+    StyleFor(line, 1 | 64 | 1024);
+    const std::string round = stage.Draw(line)[0];
+    EXPECT_NE(round.find(" -1,0 "), std::string::npos) << round;
+    EXPECT_NE(round.find(" 11,0 "), std::string::npos) << round;
+    line.flags = 4 | 8;
+    EXPECT_EQ(stage.Draw(line)[0], "fill 0,1 0,-1 10,-1 10,1");
+}
+
+TEST_F(DrawMultiLines, AFillThatCrossesItselfHasNoHole)
+{
+    MultiLine line = Corner();
+    line.vertices = {
+        At({0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, -1}), At({10, 0, 0}, {0, 1, 0}, {-1, 1, 0}, {1, -1}),
+        At({10, 10, 0}, {-1, 0, 0}, {-1, -1, 0}, {1, -1}), At({5, 10, 0}, {0, -1, 0}, {1, -1, 0}, {1, -1}),
+        At({5, -5, 0}, {0, -1, 0}, {1, 0, 0}, {1, -1})};
+    StyleFor(line, 1);
+    const Lines lines = stage.Draw(line);
+    EXPECT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[1], "fill 6,9 4,11 4,-5 6,-5") << lines[0];
+}
+
 TEST_F(DrawMultiLines, NumbersThatAreNotFiniteAreReported)
 {
     MultiLine line = Corner();
