@@ -55,7 +55,10 @@ private:
     bool MayGiveEntities();
     void GiveEntity();
     void ReadEntitiesSection();
+    void TakeEntity();
+    void TakeBlock();
     void ReadOutsideOfSections(std::string_view record);
+    void ReadLooseRecords();
     void SkipSection();
     bool IsSectionEnd(std::string_view record);
     void GiveLayoutBlocks();
@@ -130,6 +133,7 @@ void Pass::ReadHeaderSection()
 {
     const bool wasKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
     ReadHeader(m_reader);
+    ReadLooseRecords();
     const bool isKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
     if (isKnown && !wasKnown && (m_hasTables || m_hasBlocks || m_hasObjects))
         m_drawing.hasLateCodePage = true;
@@ -139,7 +143,10 @@ void Pass::ReadTablesSection()
 {
     m_hasTables = true;
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
-        ReadTableEntry(m_reader);
+        if (record == "BLOCK" || EntityTypeOf(record) != EntityType::Other)
+            ReadOutsideOfSections(record);
+        else
+            ReadTableEntry(m_reader);
 }
 
 void Pass::ReadObjectsSection()
@@ -148,6 +155,8 @@ void Pass::ReadObjectsSection()
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
         if (record == "MLINESTYLE")
             ReadTableEntry(m_reader);
+        else if (EntityTypeOf(record) != EntityType::Other)
+            ReadOutsideOfSections(record);
         else
             m_objects.Read(record);
 }
@@ -158,6 +167,8 @@ void Pass::ReadBlocksSection()
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
         if (record == "BLOCK")
             ReadBlock();
+        else
+            ReadOutsideOfSections(record);
 }
 
 void Pass::ReadBlock()
@@ -241,17 +252,46 @@ void Pass::ReadEntitiesSection()
         GiveEntity();
 }
 
-// Some files are only lists of entities, and some lack the start of a section.
-void Pass::ReadOutsideOfSections(std::string_view record)
+void Pass::TakeEntity()
 {
-    if (record == "BLOCK" || record == "ENDBLK")
-        m_isInLooseBlock = record == "BLOCK";
-    if (m_isInLooseBlock || EntityTypeOf(record) == EntityType::Other)
-        return;
     m_reader.Note(Finding::Repaired, "file", "an entity outside of sections is taken", m_reader.Line());
     m_hasSkippedEntities = m_hasSkippedEntities || (m_isIndex && (!m_hasTables || !m_hasBlocks));
     if (MayGiveEntities())
         GiveEntity();
+}
+
+void Pass::TakeBlock()
+{
+    m_reader.Note(Finding::Repaired, "file", "this block is outside of sections and is taken",
+                  m_reader.Line());
+    m_drawing.hasLateParts = m_drawing.hasLateParts || m_hasGivenLayouts;
+    m_hasBlocks = true;
+    ReadBlock();
+}
+
+// Some files are only lists of entities, and some lack the start of a section, or its end and the next one's
+// start. The second of two passes only wants the entities.
+void Pass::ReadOutsideOfSections(std::string_view record)
+{
+    if (record == "BLOCK" && m_isIndex)
+        return TakeBlock();
+    if (record == "BLOCK" || record == "ENDBLK" || record == "ENDSEC")
+        m_isInLooseBlock = record == "BLOCK";
+    if (m_isInLooseBlock)
+        return;
+    if (EntityTypeOf(record) != EntityType::Other)
+        return TakeEntity();
+    const std::uint64_t line = m_reader.Line();
+    if (m_isIndex && ReadTableEntry(m_reader))
+        m_reader.Note(Finding::Repaired, "file", "this entry of a table is outside of sections and is taken",
+                      line);
+}
+
+// Up to the end of a section that should have no more records, or has an unknown name.
+void Pass::ReadLooseRecords()
+{
+    for (std::string_view record; !IsSectionEnd(record = NextRecord());)
+        ReadOutsideOfSections(record);
 }
 
 void Pass::ReadSection(std::string_view name)
@@ -270,7 +310,7 @@ void Pass::ReadSection(std::string_view name)
         m_hasSkippedEntities = m_hasSkippedEntities || !m_hasTables || !m_hasBlocks;
         ReadEntitiesSection();
     } else {
-        SkipSection();
+        ReadLooseRecords();
     }
 }
 

@@ -200,7 +200,7 @@ void ReadHeader(RecordReader& reader)
     reader.SetCodePage(header.Text("$DWGCODEPAGE"), header.Text("$ACADVER"));
 }
 
-void ReadTableEntry(RecordReader& reader)
+bool ReadTableEntry(RecordReader& reader)
 {
     const std::string_view type = reader.Word();
     reader.phase = 0;
@@ -217,7 +217,8 @@ void ReadTableEntry(RecordReader& reader)
     else if (type == "MLINESTYLE")
         ReadMultiLineStyle(reader);
     else
-        reader.SkipFields();
+        return false;
+    return true;
 }
 
 } // namespace prepare

@@ -11,7 +11,7 @@ namespace prepare {
 void ReadHeader(RecordReader& reader);
 
 // Reads the table entry whose type's name is the pair at hand, up to the next record. The first entry of a
-// name counts. Of a type that is not kept, nothing is stored.
-void ReadTableEntry(RecordReader& reader);
+// name counts. False of a type that is not kept: then nothing is read.
+bool ReadTableEntry(RecordReader& reader);
 
 } // namespace prepare

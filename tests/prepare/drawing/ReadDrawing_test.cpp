@@ -269,6 +269,55 @@ TEST(ReadDrawing, SectionsWithoutEndsecAndFilesWithoutEofAreReadAndReported)
               "a section ends without ENDSEC at 19, 2;ends without EOF at 24, 1;");
 }
 
+TEST(ReadDrawing, AHeaderWithoutEndsecIsReported)
+{
+    const ReadDrawingOf read(Dxf({{0, "SECTION"}, {2, "HEADER"}, {9, "$LTSCALE"}, {40, "2"}}) + kTables +
+                             kBlocks + kEntities + kEof);
+    EXPECT_EQ(read.entities, "LINE a;CIRCLE b;");
+    EXPECT_EQ(read.drawing.header.Real("$LTSCALE", 1), 2);
+    EXPECT_EQ(read.Found(Finding::Repaired, "file"), "a section ends without ENDSEC at 9, 1;");
+}
+
+// As where a part of the file is lost: the end of one section and the start of the next.
+TEST(ReadDrawing, BlocksAndTableEntriesOutsideOfTheirSectionsAreTaken)
+{
+    const std::string layer = Dxf({{0, "LAYER"}, {2, "x"}, {62, "3"}});
+    const std::string block = Dxf({{0, "BLOCK"}, {2, "Door"}, {0, "LINE"}, {8, "d"}, {0, "ENDBLK"}});
+    const std::string section = Dxf({{0, "SECTION"}, {2, "TABLES"}});
+    const std::string unknown = Dxf({{0, "SECTION"}, {2, "TABELS"}});
+    const std::string end = Dxf({{0, "ENDSEC"}});
+    for (const std::string& text :
+         {layer + end + block + end + kEntities + kEof, section + layer + block + end + kEntities + kEof,
+          unknown + layer + end + unknown + block + end + kEntities + kEof,
+          kEntities + kTables + kBlocks + block + layer + kEof}) {
+        ReadDrawingOf read(text);
+        ASSERT_NE(read.drawing.FindBlock(read.Id("Door")), nullptr) << text;
+        EXPECT_EQ(read.drawing.FindBlock(read.Id("Door"))->entities.size(), 1u);
+        ASSERT_NE(read.drawing.FindLayer(read.Id("x")), nullptr);
+        EXPECT_EQ(read.drawing.FindLayer(read.Id("x"))->colour, 3);
+        EXPECT_NE(
+            read.Found(Finding::Repaired, "file").find("this block is outside of sections and is taken"),
+            std::string::npos);
+        EXPECT_EQ(EntitiesAgain(read, text), "LINE a;CIRCLE b;");
+    }
+}
+
+TEST(ReadDrawing, EntitiesInASectionOfOtherThingsAreTakenInOnePassAsInTwo)
+{
+    const std::string arc = Dxf({{0, "ARC"}, {8, "c"}});
+    const std::string objects = Dxf({{0, "SECTION"}, {2, "OBJECTS"}, {0, "DICTIONARY"}, {5, "C"}});
+    const std::string blocks = Dxf({{0, "SECTION"}, {2, "BLOCKS"}, {0, "BLOCK"}, {2, "B"}, {0, "ENDBLK"}});
+    const std::string end = Dxf({{0, "ENDSEC"}});
+    for (const std::string& text :
+         {kTables + kBlocks + objects + arc + end + kEof, kTables + blocks + arc + end + kEof,
+          kTables + kBlocks + Dxf({{0, "SECTION"}, {2, "ENTITES"}}) + arc + end + kEof}) {
+        ReadDrawingOf read(text);
+        EXPECT_TRUE(read.hasGivenAll);
+        EXPECT_EQ(read.entities, "ARC c;") << text;
+        EXPECT_EQ(EntitiesAgain(read, text), "ARC c;");
+    }
+}
+
 TEST(ReadDrawing, LinesThatAreNoCodesAreReportedWithTheFirst)
 {
     const ReadDrawingOf read(kTables + kBlocks +

@@ -1,0 +1,94 @@
+"""Damaged drawings: what can be read is drawn, and each repair is a message with its line."""
+import xml.etree.ElementTree as ElementTree
+
+from command_support import CommandTest, dxf
+
+SVG = "{http://www.w3.org/2000/svg}"
+
+
+def section(name, *lines):
+    return ("0", "SECTION", "2", name, *lines, "0", "ENDSEC")
+
+
+def line(y, *groups):
+    return ("0", "LINE", "8", "Walls", "10", "0", "20", str(y), "11", "9", "21", str(y), *groups)
+
+
+HEADER = section("HEADER", "9", "$INSUNITS", "70", "4")
+TABLES = section("TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "Walls", "70", "0", "62", "1", "0", "ENDTAB")
+BLOCKS = section("BLOCKS", "0", "BLOCK", "2", "Door", "10", "0", "20", "0", *line(5), "0", "ENDBLK")
+ENTITIES = section("ENTITIES", *line(1), "0", "INSERT", "8", "0", "2", "Door", "10", "0", "20", "0", *line(2), *line(3))
+WHOLE = (*HEADER, *TABLES, *BLOCKS, *ENTITIES, "0", "EOF")
+
+
+def without(*lines):
+    """The whole drawing without the first place where these lines are."""
+    for index in range(len(WHOLE)):
+        if WHOLE[index:index + len(lines)] == lines:
+            return WHOLE[:index] + WHOLE[index + len(lines):]
+    raise AssertionError(lines)
+
+
+class Damaged(CommandTest):
+    AS_IS = False
+
+    def drawn(self, lines, *messages, shown=4):
+        """Draws these lines; messages are what is said before the last line. shown is the number of lines in it."""
+        self.write("plan.dxf", dxf(*lines))
+        result = self.plexorn("plan.dxf")
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(result.stderr.splitlines()[:-1], [f"plan.dxf:{message}" for message in messages])
+        root = ElementTree.parse(self.path("plan.svg")).getroot()
+        self.assertEqual(len(list(root.iter(SVG + "line"))), shown)
+
+    def test_a_whole_one_needs_no_repair(self):
+        self.drawn(WHOLE)
+
+    def test_a_missing_end_of_each_section(self):
+        for number, name in enumerate((HEADER, TABLES, BLOCKS, ENTITIES)):
+            before = sum(map(len, (HEADER, TABLES, BLOCKS, ENTITIES)[:number + 1])) - 1
+            lines = WHOLE[:before - 1] + WHOLE[before + 1:]
+            self.drawn(lines, f"{before}: file: a section ends without ENDSEC")
+
+    def test_a_missing_end_of_the_file(self):
+        self.drawn(WHOLE[:-2], f"{len(WHOLE) - 2}: file: ends without EOF")
+
+    def test_an_entity_that_is_cut_off(self):
+        cut = WHOLE.index("EOF") - 3
+        self.drawn(WHOLE[:cut - 4], f"{cut - 5}: file: a section ends without ENDSEC",
+                   f"{cut - 4}: file: ends without EOF")
+
+    def test_lines_too_many_and_too_few(self):
+        place = WHOLE.index("INSERT") - 1
+        for extra in ("junk", "", "1e"):
+            self.drawn(WHOLE[:place] + (extra,) + WHOLE[place:],
+                       f"{place + 1}: file: a line is skipped that is not a group code")
+
+    def test_tables_that_are_there_twice(self):
+        again = len(HEADER) + len(TABLES) + TABLES.index("LAYER", TABLES.index("LAYER") + 1) + 1
+        self.drawn((*HEADER, *TABLES, *TABLES, *BLOCKS, *ENTITIES, "0", "EOF"),
+                   f"{again}: LAYER: a second one of the same name is left out")
+
+    def test_a_block_without_its_end(self):
+        begin = len(HEADER) + len(TABLES) + BLOCKS.index("BLOCK") + 1
+        self.drawn(without("0", "ENDBLK"), f"{begin}: BLOCK: ends without ENDBLK")
+
+    def test_a_lost_start_of_each_section(self):
+        for name, record, said in (("TABLES", "LAYER", "this entry of a table is outside of sections and is taken"),
+                                   ("BLOCKS", "BLOCK", "this block is outside of sections and is taken")):
+            lines = without("0", "SECTION", "2", name)
+            after = lines.index(record, lines.index("LAYER") + 1) if record == "LAYER" else lines.index(record)
+            self.drawn(lines, f"{after}: file: {said}")
+        lines = without("0", "SECTION", "2", "ENTITIES")
+        first = len(HEADER) + len(TABLES) + len(BLOCKS) + 1
+        self.drawn(lines, f"{first}: file: an entity outside of sections is taken (4 times)")
+
+    def test_a_lost_end_and_a_lost_start(self):
+        lines = without("0", "ENDSEC", "0", "SECTION", "2", "ENTITIES")
+        first = len(HEADER) + len(TABLES) + len(BLOCKS) - 1
+        self.drawn(lines, f"{first}: file: an entity outside of sections is taken (4 times)")
+
+    def test_info_lists_repairs_as_notes(self):
+        self.write("plan.dxf", dxf(*without("0", "ENDBLK")))
+        begin = len(HEADER) + len(TABLES) + BLOCKS.index("BLOCK") + 1
+        self.assertIn(f"  note: line {begin}: BLOCK: ends without ENDBLK\n", self.plexorn("info", "plan.dxf").stdout)
