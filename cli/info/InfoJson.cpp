@@ -51,6 +51,8 @@ public:
             m_json.Member("definitions", block.definitions).Member("line", block.line);
             m_json.Member("entities", block.entities).Member("inserts", block.inserts);
         });
+        if (m_becoming != nullptr)
+            AddSheets();
     }
 
     void AddEntities()
@@ -90,6 +92,28 @@ public:
     }
 
 private:
+    void AddSheets()
+    {
+        m_json.Name("layouts").Open('[');
+        for (const prepare::LayoutSize& sheet : m_becoming->sheets) {
+            m_json.Open('{').Member("name", sheet.name);
+            Size("width", sheet.width);
+            Size("height", sheet.height);
+            m_json.Close('}');
+        }
+        m_json.Close(']');
+    }
+
+    // null for a sheet that has none.
+    void Size(std::string_view name, double millimetres)
+    {
+        m_json.Name(name);
+        if (millimetres > 0)
+            m_json.Number(millimetres);
+        else
+            m_json.Null();
+    }
+
     // null for an empty text.
     void Text(std::string_view name, std::string_view text)
     {

@@ -85,6 +85,12 @@ std::string_view TextOfUnchanged(const TypeInfo& type)
     return "drawn";
 }
 
+// Of a side of a sheet.
+std::string SizeText(double millimetres)
+{
+    return millimetres > 0 ? Short(millimetres) : "not stated";
+}
+
 class TextOfInfo {
 public:
     TextOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
@@ -136,6 +142,7 @@ public:
             blocks.Add({Safe(block.name), std::to_string(block.entities), std::to_string(block.inserts),
                         std::to_string(block.line), BlockState(block)});
         Add(blocks);
+        AddSheets();
     }
 
     void AddTexts()
@@ -157,6 +164,15 @@ public:
     }
 
 private:
+    void AddSheets()
+    {
+        Table sheets({"sheets", ">width (mm)", ">height (mm)"});
+        if (m_becoming != nullptr)
+            for (const prepare::LayoutSize& sheet : m_becoming->sheets)
+                sheets.Add({Printable(sheet.name), SizeText(sheet.width), SizeText(sheet.height)});
+        Add(sheets);
+    }
+
     void AddWords()
     {
         Table table({"texts", ">line", "layer", "block", "place", "words"});

@@ -4,6 +4,7 @@
 #include "cli/contents/Share.h"
 #include "cli/files/Source.h"
 #include "cli/options/Options.h"
+#include "prepare/report/Report.h"
 
 #include <cstdint>
 #include <map>
@@ -26,6 +27,7 @@ struct Becoming {
     Share share;
     std::map<std::string, TypeBecoming> types; // by name; without those that stay what they are
     std::vector<std::string> repairs;          // what was wrong with the file, and the first line of that
+    std::vector<prepare::LayoutSize> sheets;   // of the paper space
 };
 
 // Prepares source's drawing and keeps only what became of it. Throws std::bad_alloc, and std::system_error

@@ -7,16 +7,20 @@
 
 namespace plexorn {
 
-std::vector<std::string> LayoutsOf(Source& source, const Options& options)
+std::vector<prepare::LayoutSize> SheetsOf(Source& source, const Options& options)
 {
     RewoundFile input(source);
     std::vector<prepare::LayoutSize> layouts;
     const prepare::PrepareOutcome outcome = prepare::ListLayouts(input, options.encoding, layouts);
     if (outcome == prepare::PrepareOutcome::ReadFailed)
         input.ThrowFailure();
+    return layouts;
+}
+
+std::vector<std::string> LayoutsOf(Source& source, const Options& options)
+{
     std::vector<std::string> names;
-    names.reserve(layouts.size());
-    for (const prepare::LayoutSize& layout : layouts)
+    for (const prepare::LayoutSize& layout : SheetsOf(source, options))
         names.push_back(layout.name);
     return names;
 }

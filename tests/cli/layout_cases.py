@@ -1,4 +1,5 @@
 """Sheets: --list-layouts, --layout NAME, --layout all."""
+import json
 import re
 import xml.etree.ElementTree as ElementTree
 
@@ -49,6 +50,21 @@ class Layouts(CommandTest):
         for group in root.iter(SVG + "g"):
             self.assertIn(group.get("transform"), (None, "translate(0,0)"))
         return [" ".join(element.get(end) for end in ("x1", "y1", "x2", "y2")) for element in root.iter(SVG + "line")]
+
+    def test_info_has_the_sheets_with_their_sizes(self):
+        self.write("plan.dxf", SHEETS)
+        sheets = [{"name": "First", "width": 200, "height": 100}, {"name": "Second: b/c", "width": 200, "height": 100}]
+        self.assertEqual(json.loads(self.plexorn("info", "--json", "plan.dxf").stdout)["layouts"], sheets)
+        self.assertNotIn("layouts", json.loads(self.plexorn("info", "--as-is", "--json", "plan.dxf").stdout))
+        lines = self.plexorn("info", "plan.dxf").stdout.splitlines()
+        rows = [line.split() for line in lines[lines.index(next(line for line in lines if "sheets" in line)):]]
+        self.assertEqual(rows[:3], [["sheets", "width", "(mm)", "height", "(mm)"], ["First", "200", "100"],
+                                    ["Second:", "b/c", "200", "100"]])
+        self.write("plain.dxf")
+        self.assertEqual(json.loads(self.plexorn("info", "--json", "plain.dxf").stdout)["layouts"], [])
+        self.write("old.dxf", dxf(*section("ENTITIES", *line(0, 0, 9, 9, "67", "1")), "0", "EOF"))
+        self.assertEqual(json.loads(self.plexorn("info", "--json", "old.dxf").stdout)["layouts"],
+                         [{"name": "Layout1", "width": None, "height": None}])
 
     def test_the_names_in_the_order_of_the_tabs(self):
         self.write("plan.dxf", SHEETS)
