@@ -75,9 +75,13 @@ PREPARE_ROOMS = {
 ROOMS = {"cli": COMMAND_ROOMS, "prepare": PREPARE_ROOMS}
 
 # Numbers become texts, and texts numbers, in src/base alone: one form of each number everywhere, whatever the locale.
-NUMBER_HEADER = "charconv"
+NUMBER_HEADERS = {"charconv", "format", "fstream", "iomanip", "iostream", "istream", "locale", "ostream", "sstream",
+                  "strstream"}
+# The library for the command line prints what it answers by itself to a stream.
+NUMBERLESS_STREAM = ("cli/options/ParseOptions.cpp", "iostream")
 NUMBER_FOLDER = "src/base/"
-# What reads and writes numbers in a way of its own. Texts may be printed.
+# What reads and writes numbers in a way of its own. Texts may be printed. std::to_string is for whole numbers;
+# symbols_test.py sees what it is used for.
 NUMBER_CALL = re.compile(r"\b((?:strto|wcsto|sto|ato|wto)[a-z]+|v?s[wn]*(?:printf|scanf))\(|"
                          r"\b(v?f?w?printf)\([^\"]*\"(?:[^\"%]|%[s%])*%[^s%]")
 
@@ -171,7 +175,8 @@ def room_problem(file, target):
 
 
 def number_problem(file, name):
-    is_elsewhere = name == NUMBER_HEADER and not file.startswith(NUMBER_FOLDER)
+    is_elsewhere = (name in NUMBER_HEADERS and (file, name) != NUMBERLESS_STREAM
+                    and not file.startswith((NUMBER_FOLDER, "examples/")))
     return f"is for {NUMBER_FOLDER} alone; use base/Numbers.h" if is_elsewhere else None
 
 
@@ -261,6 +266,14 @@ class Checker(unittest.TestCase):
     def test_numbers_of_its_own(self):
         found = self.check({"src/base/a.cpp": "#include <charconv>\n", "prepare/b.cpp": "#include <charconv>\n"})
         self.assertEqual(found, ["prepare/b.cpp: charconv: is for src/base/ alone; use base/Numbers.h"])
+
+    def test_numbers_through_streams_and_formats(self):
+        found = self.check({"src/reader/a.cpp": "#include <sstream>\n", "prepare/b.cpp": "#include <format>\n",
+                            "svghost/c.cpp": "#include <ostream>\n",
+                            "cli/options/ParseOptions.cpp": "#include <iostream>\n#include <sstream>\n"})
+        self.assertEqual(found, [file + ": is for src/base/ alone; use base/Numbers.h" for file in (
+            "src/reader/a.cpp: sstream", "svghost/c.cpp: ostream", "prepare/b.cpp: format",
+            "cli/options/ParseOptions.cpp: sstream")])
 
     def test_numbers_by_the_locale(self):
         found = self.check({"cli/draw/a.cpp": "x = std::strtod(text, nullptr);\n",
