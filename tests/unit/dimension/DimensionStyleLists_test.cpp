@@ -150,12 +150,22 @@ TEST(DimensionStyleLists, InAnyOtherPartAreSteppedOverPairByPair)
 
 TEST(DimensionStyleLists, FileThatEndsWithinGivesNoMessage)
 {
-    for (const std::string_view end : {"", "{\n", "{\n1070\n371\n", "{\n1070\n371\n1002", "{\n1070"}) {
+    // Lines that are asked for after the end of the file count, too: a pair by the section, mostly one by the
+    // list.
+    struct Ending {
+        std::string_view lines;
+        std::int32_t count;
+    };
+    constexpr Ending kEndings[] = {
+        {"", 14}, {"{\n", 15}, {"{\n1070\n371\n", 17}, {"{\n1070\n371\n1002", 18}, {"{\n1070", 15},
+    };
+    for (const Ending& end : kEndings) {
         for (const std::string_view marker : kSkipping) {
             ReportingReader reader;
             reader.ReadText(Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "DIMENSION"}}) + Part(marker) +
-                            Lines({"1000", "DSTYLE", "1002"}) + std::string(end));
-            EXPECT_EQ(reader.errors, Errors()) << marker << " " << end;
+                            Lines({"1000", "DSTYLE", "1002"}) + std::string(end.lines));
+            EXPECT_EQ(reader.errors, Errors()) << marker << " " << end.lines;
+            EXPECT_EQ(reader.lineCount, end.count) << marker << " " << end.lines;
         }
     }
 }
