@@ -108,7 +108,7 @@ std::size_t MostElements(const fs::path& drawing)
 // file.
 std::size_t MostBytes(const fs::path& drawing)
 {
-    constexpr std::uintmax_t kAnyhow = 16'000'000, kBytesForEach = 12;
+    constexpr std::uintmax_t kAnyhow = 17'000'000, kBytesForEach = 12;
     return static_cast<std::size_t>(kAnyhow + SizeOf(drawing) * kBytesForEach);
 }
 
