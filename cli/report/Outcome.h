@@ -31,7 +31,7 @@ struct Outcome {
     Share share;                     // of the drawing, as far as it could be read
     bool isBlank = false;            // whether nothing of it is visible, though the drawing holds entities
     std::string hole;                // why parts of the picture are missing; empty: it is complete
-    bool hasReplacedOther = false;   // whether the picture replaced a file that this command had not written
+    bool hasReplacedOther = false;   // whether the picture replaced a file without plexorn's mark
     // The entities that are not drawn and that no message mentions.
     std::map<std::string, std::uint64_t> skipped;
 };
@@ -42,7 +42,7 @@ struct PreparedOutcome {
     std::uint64_t bytes = 0; // of the prepared drawing
     Share share;
     std::chrono::milliseconds time{};
-    bool hasReplacedOther = false; // whether it replaced a file that this command had not written
+    bool hasReplacedOther = false; // whether it replaced a file without plexorn's mark
 };
 
 // Whether the picture shows all of the drawing as the drawing states it. Messages do not count.

@@ -27,7 +27,7 @@ ONLY_IN_BLOCKS = "nothing of a drawn type outside blocks that are not inserted"
 SHOWN = {SVG + name for name in ("line", "path", "circle", "ellipse", "polyline", "polygon", "text")}
 
 Count = collections.namedtuple("Count", "name drawn drawings in_drawing in_blocks")
-Shown = collections.namedtuple("Shown", "drawings entities shown missing blank")
+Shown = collections.namedtuple("Shown", "drawings entities shown missing blank empty")
 Result = collections.namedtuple("Result", "files drawings empty losing types")
 
 
@@ -82,7 +82,8 @@ def count_shown(command, folder):
     for share in shares:
         missing.update(share["missing"])
     return Shown(len(outcomes), sum(share["entities"] for share in shares), sum(share["shown"] for share in shares),
-                 missing, sum(outcome["blank"] for outcome in outcomes))
+                 missing, sum(outcome["blank"] for outcome in outcomes),
+                 sum(not outcome["blank"] and not outcome["share"]["entities"] for outcome in outcomes))
 
 
 def why_empty(info):
@@ -137,7 +138,8 @@ def report(result):
 
 def report_shown(shown):
     missing = ", ".join(f"{number} {name}" for name, number in sorted(shown.missing.items())) or "nothing"
-    return [f"{shown.drawings} drawings drawn, {shown.blank} of the pictures show nothing",
+    return [f"{shown.drawings} drawings drawn, {shown.blank} of the pictures show nothing, "
+            f"and {shown.empty} drawings have no entities",
             f"{shown.shown} of {shown.entities} entities are shown; missing: {missing}", ""]
 
 

@@ -1,6 +1,7 @@
 """scripts/lib/drawn.py counts what is drawn, and the README's figures are what it counts in real drawings, where these
 are."""
 import argparse
+import math
 import os
 import re
 import sys
@@ -70,7 +71,7 @@ class Counts(unittest.TestCase):
                 with open(os.path.join(folder, name), "w", encoding="utf-8", newline="\n") as file:
                     file.write(text)
             shown = drawn.count_shown(ARGS.command, folder)
-        self.assertEqual((shown.drawings, shown.blank, shown.missing), (6, 1, {"3DSOLID": 2}))
+        self.assertEqual((shown.drawings, shown.blank, shown.empty, shown.missing), (6, 1, 1, {"3DSOLID": 2}))
         self.assertEqual(shown.entities - shown.shown, 2)
         self.assertIn("missing: 2 3DSOLID", drawn.report_shown(shown)[1])
 
@@ -83,11 +84,11 @@ class Readme(unittest.TestCase):
         with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
             text = re.sub(r"\s+", " ", file.read())
         told = re.search(r"In (\d+) real drawings, .* at least ([\d.]+) % of the entities .* What is missing is of the types "
-                         r"([^.]+)\. (\d+) pictures show nothing", text)
+                         r"([^.]+)\. (\d+) pictures show nothing, [^.;]*; (\d+) drawings have no entities", text)
         self.assertEqual(shown.drawings, int(told[1]))
-        self.assertGreaterEqual(100 * shown.shown / shown.entities, float(told[2]))
-        self.assertLessEqual(set(shown.missing), set(re.split(", | and ", told[3])))
-        self.assertLessEqual(shown.blank, int(told[4]))
+        self.assertEqual(math.floor(1000 * shown.shown / shown.entities) / 10, float(told[2]))
+        self.assertEqual(set(shown.missing), set(re.split(", | and ", told[3])))
+        self.assertEqual((shown.blank, shown.empty), (int(told[4]), int(told[5])))
 
     def test_its_figures_are_those_that_are_counted(self):
         if not os.path.isdir(ARGS.corpus):

@@ -212,6 +212,44 @@ class Strokes(PictureTest):
         self.assertIn("vector-effect:non-scaling-stroke;stroke-width:1px}", self.draw(self.DRAWING, "--hairline")[0])
 
 
+class AsTheModuleDraws(PictureTest):
+    """With --as-is the bytes of a picture stay from version to version."""
+    CONTENT = dxf(
+        "0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbLayerTableRecord", "2", "WALLS",
+        "70", "0", "62", "1", "370", "50", "0", "ENDTAB", "0", "ENDSEC",
+        "0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "DOOR", "0", "LINE", "8", "0", "11", "1", "21", "2", "0", "ENDBLK",
+        "0", "ENDSEC", "0", "SECTION", "2", "ENTITIES",
+        "0", "LINE", "8", "WALLS", "10", "1", "20", "2", "11", "30.5", "21", "-4",
+        "0", "CIRCLE", "8", "0", "10", "5", "20", "5", "40", "2.5",
+        "0", "LWPOLYLINE", "8", "0", "90", "3", "70", "1", "10", "0", "20", "0", "10", "4", "20", "0", "10", "4", "20", "3",
+        "0", "TEXT", "8", "WALLS", "10", "1", "20", "1", "40", "0.5", "1", "a < b",
+        "0", "INSERT", "8", "0", "2", "DOOR", "10", "7", "20", "8", "41", "2", "50", "30",
+        "0", "ENDSEC", "0", "EOF")
+    PICTURE = """\
+<?xml version="1.0" encoding="UTF-8"?>
+<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" width="1024" height="530" viewBox="-0.87 -11.818557 32.24 16.688557">
+<defs>
+<symbol id="s-DOOR" data-name="DOOR" overflow="visible">
+<line x1="0" y1="0" x2="1" y2="-2" stroke-width="0.5" stroke="#ffffff" />
+</symbol>
+</defs>
+<rect x="-16.99" y="-20.162836" width="64.48" height="33.377113" fill="#1e1e1e" />
+<g fill="none" stroke="#00ff00" stroke-linejoin="round" font-family="sans-serif">
+<line x1="1" y1="-2" x2="30.5" y2="4" stroke-width="0.5" stroke="#ff0000" />
+<circle r="2.5" cx="5" cy="-5" stroke-width="0.5" stroke="#ffffff" fill-opacity="0" />
+<polygon points="0,0 4,0 4,-3" stroke-width="0.5" stroke="#ffffff" fill-opacity="0" />
+<text x="1" y="-0.5" fill="#ff0000" stroke="none" font-size="0.5">a &lt; b</text>
+<use xlink:href="#s-DOOR" transform="translate(7,-8) rotate(-30) scale(2,1)" />
+</g>
+</svg>
+"""
+
+    def test_the_bytes_stay(self):
+        self.write("plan.dxf", self.CONTENT)
+        self.expect(0, "plan.dxf")
+        self.assertEqual(self.read("plan.svg"), self.PICTURE)
+
+
 class Look(PictureTest):
     DRAWING = entities(*LONG_LINE, "0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "5", "1", "white",
                        "0", "TEXT", "8", "0", "62", "1", "10", "1", "20", "9", "40", "5", "1", "red")
