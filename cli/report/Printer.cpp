@@ -111,7 +111,7 @@ void Printer::ShowProgress()
         m_shownWidth = text.size();
         m_shownAt = now;
     } catch (const std::bad_alloc&) {
-        // The next drawing shows it.
+        m_shownAt = now; // a later drawing shows it
     }
 }
 
