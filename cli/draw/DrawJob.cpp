@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <memory>
 #include <new>
 #include <optional>
@@ -96,20 +97,27 @@ std::uintmax_t SizeOf(const fs::path& drawing)
     return error ? 0 : size;
 }
 
+// base, and so much more for the size of a drawing.
+std::size_t LimitFor(std::uintmax_t base, std::uintmax_t more)
+{
+    return static_cast<std::size_t>(
+        std::min<std::uintmax_t>(base + more, std::numeric_limits<std::size_t>::max()));
+}
+
 // How many elements a drawing may have. One that a program wrote has thirty bytes and more for each of them;
 // what makes more out of fewer bytes is made to fill memory.
 std::size_t MostElements(const fs::path& drawing)
 {
     constexpr std::uintmax_t kAnyhow = 100'000, kBytesForEach = 8;
-    return static_cast<std::size_t>(kAnyhow + SizeOf(drawing) / kBytesForEach);
+    return LimitFor(kAnyhow, SizeOf(drawing) / kBytesForEach);
 }
 
 // How large the picture of a drawing may be. That of a drawing from a program is seldom twice as large as its
 // file.
 std::size_t MostBytes(const fs::path& drawing)
 {
-    constexpr std::uintmax_t kAnyhow = 17'000'000, kBytesForEach = 12;
-    return static_cast<std::size_t>(kAnyhow + SizeOf(drawing) * kBytesForEach);
+    constexpr std::uintmax_t kAnyhow = 17'000'000, kForEachByte = 12;
+    return LimitFor(kAnyhow, SizeOf(drawing) * kForEachByte);
 }
 
 // Why the module could not open a file that the command could. The module gives no reason, but a second try
@@ -266,8 +274,8 @@ void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, const 
                                  : WhyBlank(info, outcome.share, outcome.statistics.elements),
                         ExitCode::Blank);
     const SvgHostStatistics& met = outcome.statistics;
-    const std::uint64_t leftOut = met.undrawableElements + met.cyclicUses + met.unboundedUses +
-                                  met.elementsBeyondLimit + met.elementsBeyondBytes;
+    const std::uint64_t leftOut =
+        met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
     outcome.share.shown -=
         outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
     // What was counted of the drawing may be more than what was read to be drawn.

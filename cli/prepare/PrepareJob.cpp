@@ -60,12 +60,14 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     PreparedOutcome told;
     told.hasReplacedOther = HoldsOtherFile(job.output);
     const std::string reason = WriteOutput(job, options, [&](OutputFile& file) {
-        const auto write = [&](std::string_view bytes) {
+        const auto put = [&](std::string_view bytes) {
             told.bytes += bytes.size();
             return file.Write(bytes.data(), bytes.size());
         };
-        if (!write(kDrawingMark))
-            return false;
+        // The mark comes with the drawing: without one, nothing is written.
+        const auto write = [&](std::string_view bytes) {
+            return (told.bytes > 0 || put(kDrawingMark)) && put(bytes);
+        };
         outcome = prepare::PrepareDrawing(input, PrepareOptionsFor(options), write, findings, {});
         return outcome == PrepareOutcome::Done;
     });

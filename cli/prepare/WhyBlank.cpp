@@ -87,7 +87,7 @@ std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, cons
         AddCounted(reasons, hidden(HiddenLayer::NotPlotted), "on layers that are not plotted");
     }
     AddCounted(reasons, info.sheetEntities, "in the paper space");
-    if (Holds(info, "WIPEOUT"))
+    if (reasons.empty() && Holds(info, "WIPEOUT"))
         AddReason(reasons, "a WIPEOUT only hides what is behind it");
     return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});
 }

@@ -118,7 +118,7 @@ void PutOutNow(std::string_view text);
 // Ends the process as if signal had not been handled; can be called by its handler.
 void EndBySignal(int signal);
 
-// A number that nobody can guess.
+// A number that nobody can guess, if the system has such numbers; otherwise one that is hard to guess.
 std::uint64_t RandomNumber();
 
 // This process's number, no other running process has it.

@@ -112,6 +112,8 @@ class Messages(Printed):
                          r"; [0-9]+ elements left out \(the picture is too large for a drawing of this size\)$")
         self.assertGreater(int(re.search(r"; ([0-9]+) elements", findings)[1]), 100)
         self.assertGreater(int(drawn), 2000)
+        self.write("plan.dxf", entities(*LINE * 1000, *self.LONG_TEXTS))
+        self.assertNotIn(", 0 of ", self.expect(0, "plan.dxf"))
 
     def test_a_long_dash_pattern_is_written_once(self):
         dashes = (word for number in range(50) for word in ("49", f"{'-' * (number % 2)}0.{number + 1234567}"))

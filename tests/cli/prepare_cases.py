@@ -56,6 +56,13 @@ class Prepare(PrepareTest):
         self.assertRegex(said, rf"^plan.dxf: prepared to out.dxf \({size} bytes\), all 2 entities shown, 0 messages, \d+ ms\n$")
         self.assertEqual(self.types("out.dxf"), ["LWPOLYLINE", "LINE"])
 
+    def test_a_failure_writes_nothing(self):
+        for content, options in ((DRAWING, ("--layout", "Nope")), (dxf("0", "EOF"), ())):
+            with self.subTest(options=options):
+                result = self.plexorn("prepare", *options, "-", stdin=None, input=content)
+                self.assertNotEqual(result.returncode, 0)
+                self.assertEqual(result.stdout, "")
+
     def test_nothing_visible_is_said(self):
         for reason, content in {"it cannot draw 1 3DSOLID": entities(*SOLID),
                                 "1 entity is in the paper space": entities(*LINE, "67", "1")}.items():
