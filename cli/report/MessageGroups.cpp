@@ -1,11 +1,11 @@
 #include "cli/report/MessageGroups.h"
 
+#include "base/Hash.h"
 #include "cli/report/LineOfMessage.h"
 #include "cli/report/Shortened.h"
 #include "host/ReportKinds.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace plexorn {
 
@@ -38,7 +38,9 @@ std::string WithoutValue(int kind, std::string_view text)
 
 } // namespace
 
-MessageGroups::MessageGroups(std::size_t most) : m_most(std::min(most, kMostGroups)) {}
+MessageGroups::MessageGroups(std::size_t most) : m_most(std::min(most, kMostGroups)), m_hashKey(HashKey(this))
+{
+}
 
 void MessageGroups::Add(int kind, std::string_view text)
 {
@@ -71,7 +73,8 @@ void MessageGroups::AddFurther(const Key& key, std::size_t count)
 {
     m_further += count;
     if (m_furtherKinds.size() < kMostCountedKinds)
-        m_furtherKinds.insert(std::hash<std::string>()(key.second) + static_cast<std::size_t>(key.first));
+        m_furtherKinds.insert(HashBytes(key.second.data(), key.second.size(),
+                                        m_hashKey + 2 * static_cast<std::uint64_t>(key.first)));
 }
 
 } // namespace plexorn

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <set>
 #include <string>
@@ -49,7 +50,8 @@ private:
     std::vector<MessageGroup> m_groups;
     std::map<Key, std::size_t> m_indices;
     std::size_t m_further = 0;
-    std::set<std::size_t> m_furtherKinds; // by their hashes
+    std::uint64_t m_hashKey;                // the texts are a drawing's
+    std::set<std::uint64_t> m_furtherKinds; // by their hashes
 };
 
 } // namespace plexorn
