@@ -1,8 +1,9 @@
 #include "svghost/Geometry.h"
 
+#include "base/Pi.h"
+
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace svghost {
 namespace {
@@ -48,7 +49,7 @@ struct CentredArc {
 // From end points to centre as SVG's implementation notes give it; radii too small are enlarged.
 CentredArc Centred(const Arc& arc)
 {
-    const double angle = arc.rotation * std::numbers::pi / 180;
+    const double angle = arc.rotation * kPi / 180;
     const double cosine = angle == 0 ? 1 : std::cos(angle);
     const double sine = angle == 0 ? 0 : std::sin(angle);
     const double halfX = (arc.start.x - arc.end.x) / 2;
@@ -96,7 +97,7 @@ Affine RotationAbout(double degrees, Point centre)
 
 Affine Placement(Point position, double degrees, double scaleX, double scaleY)
 {
-    const double angle = std::fmod(degrees, 360) * std::numbers::pi / 180;
+    const double angle = std::fmod(degrees, 360) * kPi / 180;
     const double cosine = std::cos(angle);
     const double sine = std::sin(angle);
     return {cosine * scaleX, sine * scaleX, -sine * scaleY, cosine * scaleY, position.x, position.y};

@@ -2,6 +2,7 @@
 // world), angles in the file's units, names not looked up yet.
 #pragma once
 
+#include "base/Pi.h"
 #include "prepare/drawing/EntityType.h"
 #include "prepare/drawing/Names.h"
 #include "prepare/drawing/Point.h"
@@ -74,7 +75,7 @@ struct Ellipse : EntityOf<EntityType::Ellipse> { // in world coordinates
     Point3 majorAxis{1, 0, 0};                   // 11, from the centre
     double ratio = 1;                            // 40
     double start = 0;                            // 41, radians
-    double end = 6.283185307179586;              // 42
+    double end = kTurn;                          // 42
 };
 
 struct PolylineVertex {

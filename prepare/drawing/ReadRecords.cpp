@@ -1,5 +1,6 @@
 #include "prepare/drawing/ReadRecords.h"
 
+#include "base/Pi.h"
 #include "prepare/drawing/EntityFields.h"
 
 namespace prepare {
@@ -366,7 +367,6 @@ constexpr auto kViewport = EntityFields<Viewport>({
 
 std::unique_ptr<Entity> ReadViewport(RecordReader& reader)
 {
-    constexpr double kDegrees = 180 / 3.14159265358979323846;
     auto viewport = std::make_unique<Viewport>();
     reader.Read(*viewport, kViewport);
     const std::vector<double>& reals = viewport->oldReals;
@@ -374,7 +374,7 @@ std::unique_ptr<Entity> ReadViewport(RecordReader& reader)
         return viewport;
     viewport->target = viewport->oldPoints[0];
     viewport->direction = viewport->oldPoints[1];
-    viewport->twist = reals[0] * kDegrees;
+    viewport->twist = reals[0] * kDegreesPerRadian;
     viewport->viewHeight = reals[1];
     viewport->viewCentre = {reals[2], reals[3]};
     viewport->flags = viewport->oldIntegers.size() > 1 ? viewport->oldIntegers[1] : 0;

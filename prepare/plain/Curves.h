@@ -1,21 +1,19 @@
 // The mathematics of circular and elliptical arcs in the plane.
 #pragma once
 
+#include "base/Pi.h"
 #include "prepare/drawing/Point.h"
 #include "prepare/plain/Fineness.h"
 
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 #include <vector>
 
 namespace prepare {
 
-inline constexpr double kTurn = 2 * std::numbers::pi;
-
 constexpr double Radians(double degrees)
 {
-    return degrees * (std::numbers::pi / 180);
+    return degrees * kRadiansPerDegree;
 }
 
 inline bool IsFinite(Point2 p)

@@ -2,10 +2,10 @@
 
 #include "base/Joined.h"
 #include "base/Numbers.h"
+#include "base/Pi.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
@@ -225,7 +225,7 @@ std::string FormatAngle(double radians, const NumberFormat& format)
     if (!std::isfinite(radians))
         return {};
     const NumberFormat angles = OfAngles(format);
-    const double degrees = std::fabs(radians) * 180 / std::numbers::pi;
+    const double degrees = std::fabs(radians) * 180 / kPi;
     const bool hasParts = degrees < kMostWhole;
     if (format.unit == kMinutes && hasParts)
         return DegreesAndMinutes(degrees, angles);

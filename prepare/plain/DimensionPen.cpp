@@ -1,5 +1,6 @@
 #include "prepare/plain/DimensionPen.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/Arrowheads.h"
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/MTextLines.h"
@@ -70,7 +71,7 @@ DimensionPen::DimensionPen(const Dimension& dimension, const Placement& placemen
       m_pen(dimension, placement, styleOf),
       m_style(DimensionStyleOf(placement.drawing, dimension.style, dimension.overrides)),
       m_fromObject(FromObject(dimension.extrusion)),
-      m_horizontal(Direction(-dimension.horizontalDirection * kDegree))
+      m_horizontal(Direction(-dimension.horizontalDirection * kRadiansPerDegree))
 {
     const double elevation = Dot(dimension.definition, m_fromObject.z);
     m_toPlane = placement.matrix * m_fromObject * Moved({0, 0, elevation});
@@ -113,7 +114,8 @@ bool DimensionPen::IsOtherThanStated(Quantity kind, double value) const
         return !(std::fabs(std::fabs(value) - number) <= kNearly * number) &&
                DimensionText(m_style, kind, number, {}) != shown;
     };
-    return isOther(stated) && isOther(kind == Quantity::Angle ? stated * kDegree : stated / m_style.factor);
+    return isOther(stated) &&
+           isOther(kind == Quantity::Angle ? stated * kRadiansPerDegree : stated / m_style.factor);
 }
 
 std::string DimensionPen::ValueText(Quantity kind, double value)
@@ -147,7 +149,7 @@ DimensionLabel DimensionPen::Label(std::string text) const
 Point2 DimensionPen::LabelDirection(bool isHorizontal, Point2 along) const
 {
     if (m_dimension.textRotation != 0)
-        return Direction((m_dimension.textRotation - m_dimension.horizontalDirection) * kDegree);
+        return Direction((m_dimension.textRotation - m_dimension.horizontalDirection) * kRadiansPerDegree);
     return isHorizontal ? m_horizontal : Readable(along);
 }
 

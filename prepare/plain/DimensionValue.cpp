@@ -1,10 +1,10 @@
 #include "prepare/plain/DimensionValue.h"
 
 #include "base/Joined.h"
+#include "base/Pi.h"
 #include "prepare/plain/DimensionNumbers.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
@@ -119,7 +119,7 @@ std::string ValueWriter::Stacked(const std::string& upper, const std::string& lo
 // Tolerances of angles are in degrees.
 double InUnits(double tolerance, bool isAngle)
 {
-    return isAngle ? tolerance * std::numbers::pi / 180 : tolerance;
+    return isAngle ? tolerance * kPi / 180 : tolerance;
 }
 
 std::string ValueWriter::Limits(double value, const NumberFormat& format, const NumberFormat& tolerances,

@@ -1,5 +1,6 @@
 #include "prepare/plain/DrawMText.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/MTextCodes.h"
 #include "prepare/plain/MTextLayout.h"
@@ -54,7 +55,7 @@ private:
         if (!m_entity.hasDirection || !(Length(along) > 0)) {
             // The angle is from the world's x axis, even where the text is seen from below; only in a tilted
             // plane is it from the plane's own.
-            const double angle = m_entity.rotation * kDegree;
+            const double angle = m_entity.rotation * kRadiansPerDegree;
             along = {std::cos(angle), std::sin(angle), 0};
             if (fromObject.z.x != 0 || fromObject.z.y != 0)
                 along = fromObject.Direction(along);
@@ -351,7 +352,7 @@ void DrawMTextOf(const Text& entity, const Placement& placement, const PartStyle
     text.extrusion = entity.extrusion;
     text.point = FromObject(entity.extrusion).Apply(isAtFirst ? entity.point : entity.alignment);
     text.height = entity.height;
-    const double angle = entity.rotation * kDegree;
+    const double angle = entity.rotation * kRadiansPerDegree;
     text.direction = FromObject(entity.extrusion).Direction({std::cos(angle), std::sin(angle), 0});
     text.hasDirection = true;
     text.style = entity.style;

@@ -2,7 +2,6 @@
 #include "prepare/plain/Geometry.h"
 #include "prepare/plain/Spline.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace prepare {
@@ -11,19 +10,11 @@ namespace {
 
 constexpr std::int32_t kClosed = 1;
 
-// Whether the weights can be used; a spline may have none.
-bool AreGoodWeights(const Spline& spline)
-{
-    const auto& weights = spline.weights;
-    return weights.empty() ||
-           (weights.size() == spline.controlPoints.size() &&
-            std::all_of(weights.begin(), weights.end(), [](double w) { return w > 0 && std::isfinite(w); }));
-}
-
 // The control points in the output's plane, without those that are not finite.
 std::vector<WeightedPoint> ControlPoints(const Spline& spline, Pen& pen)
 {
-    const bool areGood = AreGoodWeights(spline);
+    const bool areGood =
+        spline.weights.empty() || AreGoodWeights(spline.weights, spline.controlPoints.size());
     if (!areGood)
         pen.Report(Finding::Repaired, "weights that do not fit its control points are taken as equal");
     std::vector<WeightedPoint> points;

@@ -1,5 +1,6 @@
 #include "prepare/plain/DrawText.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextPieces.h"
@@ -79,7 +80,7 @@ double ShiftOf(const Text& entity, std::string_view text)
 
 void AlignAtPoint(const Text& entity, const Words& words, TextLayout& layout)
 {
-    const double angle = entity.rotation * kDegree;
+    const double angle = entity.rotation * kRadiansPerDegree;
     layout.direction = {std::cos(angle), std::sin(angle), 0};
     // The first point is the start of the base line, as whoever wrote the file computed it.
     layout.point = entity.point;

@@ -155,13 +155,6 @@ void RingMaker::Flatten(EllipticArc arc, Ring& points) const
     prepare::Flatten(arc, std::min(m_pen.Curves().Tolerance(), coarsest), points, m_pen.Curves());
 }
 
-bool AreGoodWeights(const HatchEdge& edge)
-{
-    return edge.isRational && edge.weights.size() == edge.controlPoints.size() &&
-           std::all_of(edge.weights.begin(), edge.weights.end(),
-                       [](double weight) { return weight > 0 && std::isfinite(weight); });
-}
-
 // No curve is bent more than its points.
 double RingMaker::CoarsestFor(const std::vector<Point2>& points)
 {
@@ -173,7 +166,7 @@ double RingMaker::CoarsestFor(const std::vector<Point2>& points)
 
 Ring RingMaker::SplinePoints(const HatchEdge& edge) const
 {
-    const bool hasWeights = AreGoodWeights(edge);
+    const bool hasWeights = edge.isRational && AreGoodWeights(edge.weights, edge.controlPoints.size());
     BSpline curve;
     std::vector<Point2> points;
     for (std::size_t i = 0; i < edge.controlPoints.size(); ++i) {

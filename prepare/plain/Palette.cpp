@@ -1,4 +1,4 @@
-#include "prepare/write/Palette.h"
+#include "prepare/plain/Palette.h"
 
 #include <algorithm>
 #include <array>
@@ -60,6 +60,14 @@ int Distance(const Components& a, const Components& b)
 }
 
 } // namespace
+
+std::uint32_t PaletteColour(std::int32_t index)
+{
+    std::uint32_t rgb = 0;
+    for (const int component : kColours[static_cast<std::size_t>(index)])
+        rgb = rgb << 8 | static_cast<std::uint32_t>(component);
+    return rgb;
+}
 
 std::int32_t NearestColourIndex(std::uint32_t rgb)
 {

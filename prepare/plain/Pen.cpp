@@ -1,5 +1,7 @@
 #include "prepare/plain/Pen.h"
 
+#include "base/Pi.h"
+
 #include <algorithm>
 
 namespace prepare {
@@ -21,8 +23,8 @@ Reach ReachOfCosine(double start, double end)
 {
     const double first = std::cos(start), last = std::cos(end);
     Reach reach{std::min(first, last), std::max(first, last)};
-    const double nextHalf = std::ceil(start / std::numbers::pi);
-    for (int i = 0; i < 3 && (nextHalf + i) * std::numbers::pi <= end; ++i) {
+    const double nextHalf = std::ceil(start / kPi);
+    for (int i = 0; i < 3 && (nextHalf + i) * kPi <= end; ++i) {
         const bool isEven = std::fmod(nextHalf + i, 2) == 0;
         isEven ? reach.most = 1 : reach.least = -1;
     }

@@ -295,6 +295,12 @@ bool AreGoodKnots(const std::vector<double>& knots, std::size_t controlPoints, s
            std::is_sorted(knots.begin(), knots.end()) && knots[degree] < knots[controlPoints];
 }
 
+bool AreGoodWeights(const std::vector<double>& weights, std::size_t controlPoints)
+{
+    return weights.size() == controlPoints &&
+           std::all_of(weights.begin(), weights.end(), [](double w) { return w > 0 && std::isfinite(w); });
+}
+
 std::vector<Point2> Flatten(const BSpline& spline, Fineness& curves, double coarsest)
 {
     const std::size_t points = spline.controlPoints.size();

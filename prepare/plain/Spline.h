@@ -40,6 +40,9 @@ std::vector<double> UniformKnots(std::size_t controlPoints, std::size_t degree);
 // Whether these are as many knots as that spline needs, rising, finite, and not all one.
 bool AreGoodKnots(const std::vector<double>& knots, std::size_t controlPoints, std::size_t degree);
 
+// Whether these are a weight for each control point, all finite and above 0.
+bool AreGoodWeights(const std::vector<double>& weights, std::size_t controlPoints);
+
 // The points of a polyline as near to the spline as curves are drawn, and nowhere farther than coarsest; both
 // ends are included. Their count is bounded by a multiple of that of the control points: beyond, the polyline
 // is coarser. The degree is 1 to kHighestDegree, the weights are above 0, and there are more control points

@@ -1,5 +1,7 @@
 #include "prepare/plain/TextStyles.h"
 
+#include "base/Pi.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -27,7 +29,7 @@ double SlantOf(double degrees)
     if (!std::isfinite(degrees))
         return 0;
     const double angle = std::remainder(degrees, 360);
-    return std::tan(std::clamp(angle, -kSteepest, kSteepest) * kDegree);
+    return std::tan(std::clamp(angle, -kSteepest, kSteepest) * kRadiansPerDegree);
 }
 
 } // namespace prepare

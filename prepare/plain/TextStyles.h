@@ -3,11 +3,7 @@
 
 #include "prepare/drawing/Drawing.h"
 
-#include <numbers>
-
 namespace prepare {
-
-inline constexpr double kDegree = std::numbers::pi / 180;
 
 // height if it is above 0, else the style's fixed one, else the drawing's $TEXTSIZE. style may be null.
 double TextHeightOf(double height, const TextStyle* style, const Header& header);

@@ -97,7 +97,7 @@ std::string WordsOfMText(std::string_view text, std::string_view codePage)
     return words;
 }
 
-std::string Joined(const std::vector<std::string>& cells)
+std::string JoinedCells(const std::vector<std::string>& cells)
 {
     std::string text;
     for (const std::string& cell : cells)
@@ -143,7 +143,7 @@ std::string RawTextOf(const Entity& entity)
     case EntityType::Tolerance:
         return static_cast<const Tolerance&>(entity).text;
     case EntityType::Table:
-        return Joined(static_cast<const Table&>(entity).cells);
+        return JoinedCells(static_cast<const Table&>(entity).cells);
     default:
         return {};
     }

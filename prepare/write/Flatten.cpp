@@ -1,10 +1,10 @@
 #include "prepare/write/Flatten.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/Curves.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
@@ -30,7 +30,7 @@ CircularArc ArcOnChord(Point2 a, Point2 b, double bulge)
 int ChordsOfArc(double radius, double angle, double tolerance)
 {
     if (!(tolerance < radius))
-        return std::clamp(static_cast<int>(std::ceil(angle / (std::numbers::pi / 4))), 1, 8);
+        return std::clamp(static_cast<int>(std::ceil(angle / (kPi / 4))), 1, 8);
     // Half an angle's chord is radius * (1 - cos) from the arc, twice the square of the sine of a quarter.
     const double half = 2 * std::asin(std::sqrt(tolerance / (2 * radius)));
     const double pieces = std::ceil(angle / (2 * half));

@@ -1,8 +1,8 @@
 #include "prepare/write/LogExtents.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/Measure.h"
 
-#include <numbers>
 #include <vector>
 
 namespace prepare {
@@ -24,7 +24,7 @@ public:
     }
     void Ellipse(StyleId, Point2 centre, Point2 majorAxis, double ratio, double start, double end) override
     {
-        constexpr double kTurn = 2 * std::numbers::pi, kAlmost = 1e-9;
+        constexpr double kAlmost = 1e-9;
         const bool isWhole = end - start > kTurn - kAlmost; // then it is written from 0 on
         m_sink.Ellipse(m_style, centre, majorAxis, ratio, isWhole ? 0 : start, isWhole ? kTurn : end);
     }

@@ -1,12 +1,12 @@
 #include "prepare/write/ModuleRemedies.h"
 
 #include "base/Numbers.h"
+#include "base/Pi.h"
 #include "base/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 namespace prepare {
 
@@ -102,10 +102,10 @@ DrawnEllipse HowModuleDraws(double ratio, double start, double end)
     const double first = AngleOfParameter(ratio, start);
     const double last = AngleOfParameter(ratio, end);
     const double between = std::fabs(last - first);
-    if (std::min(between, 2 * std::numbers::pi - between) < kNearlyWhole)
+    if (std::min(between, kTurn - between) < kNearlyWhole)
         return DrawnEllipse::Whole;
-    const bool isLarge = first > last && 2 * std::numbers::pi - first + last >= std::numbers::pi;
-    const bool shouldBe = end - start > std::numbers::pi;
+    const bool isLarge = first > last && kTurn - first + last >= kPi;
+    const bool shouldBe = end - start > kPi;
     return isLarge == shouldBe ? DrawnEllipse::Right : DrawnEllipse::WrongSide;
 }
 

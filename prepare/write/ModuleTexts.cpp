@@ -1,9 +1,9 @@
 #include "prepare/write/ModuleTexts.h"
 
+#include "base/Pi.h"
 #include "prepare/write/AgreedNames.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
@@ -23,7 +23,7 @@ std::string NameOfText(std::size_t number)
 
 double DegreesOf(double radians)
 {
-    const double degrees = std::fmod(radians * (180 / std::numbers::pi), 360);
+    const double degrees = std::fmod(radians * kDegreesPerRadian, 360);
     return degrees < 0 ? degrees + 360 : degrees;
 }
 

@@ -1,11 +1,11 @@
 #include "prepare/write/PlainLog.h"
 
+#include "base/Pi.h"
 #include "prepare/plain/Curves.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <numbers>
 #include <type_traits>
 
 namespace prepare {
@@ -251,7 +251,7 @@ void PlainLog::Arc(const Style& style, Point2 centre, double radius, double star
 {
     if (!IsFinite(centre) || !AreFinite(radius, start, end) || !(radius > 0) || !(end > start))
         return;
-    if (end - start >= 2 * std::numbers::pi)
+    if (end - start >= kTurn)
         return Circle(style, centre, radius);
     Add(kLoggedArc, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, start, end});
     AddRound(centre, radius);

@@ -1,12 +1,12 @@
 #include "prepare/write/StandardEntities.h"
 
 #include "base/Decimals.h"
+#include "base/Pi.h"
+#include "prepare/plain/Palette.h"
 #include "prepare/write/Flatten.h"
 #include "prepare/write/ModuleTexts.h"
-#include "prepare/write/Palette.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace prepare {
 
@@ -24,7 +24,7 @@ void WriteDegrees(PairWriter& pairs, int code, double degrees)
 
 std::vector<PlainVertex> ArcVertices(Point2 centre, double radius, double start, double end)
 {
-    const int pieces = end - start > std::numbers::pi ? 2 : 1;
+    const int pieces = end - start > kPi ? 2 : 1;
     const double angle = (end - start) / pieces;
     std::vector<PlainVertex> vertices;
     for (int i = 0; i <= pieces; ++i) {
@@ -145,9 +145,9 @@ void StandardEntities::Ellipse(StyleId style, Point2 centre, Point2 majorAxis, d
     WritePoint3(m_out.pairs, 10, centre, m_out.decimals);
     WritePoint3(m_out.pairs, 11, majorAxis, m_out.decimals);
     m_out.pairs.Real(40, ratio, kAngleDigits);
-    const bool isWhole = end - start > 2 * std::numbers::pi - 1e-9;
+    const bool isWhole = end - start > kTurn - 1e-9;
     m_out.pairs.Real(41, isWhole ? 0 : start, kAngleDigits);
-    m_out.pairs.Real(42, isWhole ? 2 * std::numbers::pi : end, isWhole ? 16 : kAngleDigits);
+    m_out.pairs.Real(42, isWhole ? kTurn : end, isWhole ? 16 : kAngleDigits);
 }
 
 void StandardEntities::Polyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed)
@@ -217,7 +217,7 @@ void StandardEntities::Text(StyleId style, const LoggedText& text)
     pairs.Text(1, value);
     WriteDegrees(pairs, 50, DegreesOf(std::atan2(x.y, x.x)));
     pairs.Real(41, length / height, kAngleDigits);
-    WriteDegrees(pairs, 51, std::atan(Dot(text.up, x) / height) * (180 / std::numbers::pi));
+    WriteDegrees(pairs, 51, std::atan(Dot(text.up, x) / height) * kDegreesPerRadian);
     pairs.Text(7, m_out.tables.TextStyleName(text.style));
     if (area < 0)
         pairs.Integer(71, kMirroredInY);

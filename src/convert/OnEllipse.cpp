@@ -11,9 +11,9 @@ namespace {
 double NormalizeRadians(double angle)
 {
     while (angle < 0)
-        angle += kTwoPi;
-    while (angle >= kTwoPi)
-        angle -= kTwoPi;
+        angle += kTurn;
+    while (angle >= kTurn)
+        angle -= kTurn;
     return angle;
 }
 
@@ -41,7 +41,7 @@ void CDxfReadToQuillmar::OnEllipse(const DXF_GRAPHIC_ELLIPSE& ellipse)
     double end = std::atan2(ratio * std::sin(ellipse.m_dEndParam), std::cos(ellipse.m_dEndParam));
     double rotation = std::atan2(my / major, mx / major);
     // The second difference is the wrong way round: without a wrap the arc is never large (quirk 52).
-    const bool isLarge = start > end ? kTwoPi - start + end >= kPi : start - end >= kPi;
+    const bool isLarge = start > end ? kTurn - start + end >= kPi : start - end >= kPi;
 
     if (!MayDraw())
         return;

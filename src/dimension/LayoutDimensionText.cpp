@@ -1,5 +1,6 @@
 // Dimension texts with the few inline codes of multi-line text that are known here.
 #include "base/Blanks.h"
+#include "base/Pi.h"
 #include "dimension/CDxfDimensionDrawing.h"
 
 #include <cmath>
@@ -7,7 +8,6 @@
 
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr float kFirstHeight = 2.0f;
 
 // The length that the width of a run is estimated from: UTF-16 units on every platform.

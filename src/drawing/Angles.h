@@ -1,12 +1,9 @@
-// Angles and their constants.
+// Angles in degrees.
 #pragma once
 
-#include <cmath>
-#include <numbers>
+#include "base/Pi.h"
 
-inline constexpr double kPi = std::numbers::pi;
-inline constexpr double kTwoPi = 6.283185307179586;
-inline constexpr double kDegreesPerRadian = 57.29577951308232;
+#include <cmath>
 
 // What comes of "while below 0 add 360, then while above 360 subtract 360", at once: an exact positive
 // multiple of 360 gives 360, a negative one 0. The remainder is exact, as the steps of the loop are while the

@@ -46,7 +46,7 @@ inline DXF_POINT2D Intersection(const DXF_POINT2D& a1, const DXF_POINT2D& a2, co
 inline double PositiveDirection(const DXF_POINT2D& from, const DXF_POINT2D& to)
 {
     const double angle = Direction(from, to);
-    return angle < 0 ? angle + kTwoPi : angle;
+    return angle < 0 ? angle + kTurn : angle;
 }
 
 // The direction to the farther of two points, to the second when they are equally far.
@@ -58,7 +58,7 @@ inline double DirectionToFarther(const DXF_POINT2D& from, const DXF_POINT2D& fir
 inline double OppositeDirection(double angle)
 {
     const double opposite = angle + kPi;
-    return opposite > kTwoPi ? opposite - kTwoPi : opposite;
+    return opposite > kTurn ? opposite - kTurn : opposite;
 }
 
 // The directions of both lines, each both ways, ascending.

@@ -1,6 +1,5 @@
+#include "prepare/plain/Palette.h"
 #include "prepare/write/StandardNames.h"
-
-#include "prepare/write/Palette.h"
 
 #include <gtest/gtest.h>
 
