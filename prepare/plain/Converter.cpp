@@ -201,8 +201,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
-    bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
-    isDrawn = DrawNotes(entity, placement, styleOf) || isDrawn;
+    const bool isDrawn = DrawEntity(entity, placement, styleOf);
     if (entity.type == EntityType::MultiLeader)
         PlaceLeaderBlock(static_cast<const MultiLeader&>(entity), context, style);
     if (!isDrawn)

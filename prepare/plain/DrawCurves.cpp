@@ -1,5 +1,4 @@
-// LINE, 3DLINE, CIRCLE, ARC and ELLIPSE.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawCurves.h"
 
 namespace prepare {
 

@@ -1,7 +1,8 @@
 // Dimensions by rules of our own, for those whose picture is not in the file.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/PartStyle.h"
+#include "prepare/plain/Placement.h"
 
 #include <functional>
 

@@ -1,5 +1,18 @@
+#include "prepare/plain/DrawCurves.h"
+#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawFrames.h"
 #include "prepare/plain/DrawHatch.h"
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawLeader.h"
+#include "prepare/plain/DrawMeshes.h"
+#include "prepare/plain/DrawMultiLeader.h"
+#include "prepare/plain/DrawMultiLine.h"
+#include "prepare/plain/DrawPoint.h"
+#include "prepare/plain/DrawPolylines.h"
+#include "prepare/plain/DrawProxy.h"
+#include "prepare/plain/DrawRays.h"
+#include "prepare/plain/DrawSolids.h"
+#include "prepare/plain/DrawSplines.h"
+#include "prepare/plain/DrawWipeout.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,5 +1,4 @@
-// The edges of POLYLINE meshes, polyfaces and MESH.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawMeshes.h"
 
 #include <algorithm>
 #include <cstdlib>

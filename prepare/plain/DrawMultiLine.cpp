@@ -1,6 +1,6 @@
-// MLINE: the lines of its elements, with the fill, joints and caps of its style.
+#include "prepare/plain/DrawMultiLine.h"
+
 #include "prepare/plain/AreaFiller.h"
-#include "prepare/plain/Geometry.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,4 @@
-// POINT, by the drawing's $PDMODE.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawPoint.h"
 
 namespace prepare {
 

@@ -1,5 +1,6 @@
-// LWPOLYLINE and POLYLINE, but for meshes.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawPolylines.h"
+
+#include "prepare/plain/DrawMeshes.h"
 #include "prepare/plain/WideBands.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// ACAD_PROXY_ENTITY, by the picture that it carries.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawProxy.h"
+
 #include "prepare/plain/PackedColour.h"
 #include "prepare/plain/ProxyGraphics.h"
 

@@ -1,5 +1,4 @@
-// RAY and XLINE, as far as the drawing reaches.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawRays.h"
 
 #include <algorithm>
 

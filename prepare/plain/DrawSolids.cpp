@@ -1,5 +1,4 @@
-// SOLID and TRACE, which are areas, and 3DFACE, which is an outline.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawSolids.h"
 
 #include <array>
 #include <vector>

@@ -1,5 +1,5 @@
-// SPLINE, and HELIX by the spline that it has.
-#include "prepare/plain/Geometry.h"
+#include "prepare/plain/DrawSplines.h"
+
 #include "prepare/plain/Spline.h"
 
 #include <vector>

@@ -2,7 +2,7 @@
 // the others are.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/PartStyle.h"
 
 #include <cstdint>
 

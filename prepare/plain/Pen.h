@@ -3,7 +3,7 @@
 
 #include "prepare/drawing/Entities.h"
 #include "prepare/plain/Curves.h"
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/PartStyle.h"
 #include "prepare/plain/Placement.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Colour, line type, weight and layer of entities, with what they inherit.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/PartStyle.h"
 #include "prepare/plain/Plain.h"
 
 #include <vector>

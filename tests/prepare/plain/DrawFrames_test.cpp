@@ -1,22 +1,10 @@
+#include "support/PictureFrame.h"
 #include "support/Stage.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace prepare {
 namespace {
-
-// Four by two pixels, each half a unit wide.
-Image PictureFrame()
-{
-    Image image;
-    image.point = {10, 20, 0};
-    image.u = {0.5, 0, 0};
-    image.v = {0, 0.5, 0};
-    image.size = {4, 2};
-    return image;
-}
 
 TEST(DrawImage, ItsFrameIsItsPixels)
 {
@@ -37,22 +25,6 @@ TEST(DrawImage, TheClipCountsWhereItIsUsed)
     EXPECT_EQ(stage.Draw(image), Lines{"closed polyline 10,21 12,21 12,20"});
     image.display = 1;
     EXPECT_EQ(stage.Draw(image), Lines{"closed polyline 10,21 12,21 12,20 10,20"});
-}
-
-TEST(DrawWipeout, HidesItsClip)
-{
-    Stage stage;
-    Image wipeout = PictureFrame();
-    wipeout.type = EntityType::Wipeout;
-    EXPECT_EQ(stage.Draw(wipeout), Lines{"mask 10,21 12,21 12,20 10,20"});
-    wipeout.clip = {{-0.5, -0.5}, {3.5, -0.5}, {3.5, 1.5}, {-0.5, -0.5}};
-    wipeout.isClipped = 1;
-    wipeout.display = 7;
-    EXPECT_EQ(stage.Draw(wipeout), Lines{"mask 10,21 12,21 12,20 10,21"});
-    EXPECT_EQ(stage.Findings(), Lines{});
-    wipeout.point.x = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(stage.Draw(wipeout), Lines{});
-    EXPECT_EQ(stage.Findings(), Lines{"not shown: numbers out of range"});
 }
 
 TEST(DrawUnderlay, IsItsClip)

@@ -12,19 +12,6 @@ Leader Elbow()
     return leader;
 }
 
-MultiLeader Branch()
-{
-    MultiLeader leader;
-    LeaderBranch branch;
-    branch.landing = {10, 10, 0};
-    branch.dogleg = {1, 0, 0};
-    branch.length = 2;
-    branch.hasLanding = true;
-    branch.lines.push_back({{{0, 0, 0}, {10, 0, 0}}});
-    leader.branches.push_back(branch);
-    return leader;
-}
-
 TEST(DrawLeader, HasAnArrowOnItsFirstPoint)
 {
     Stage stage;
@@ -78,45 +65,6 @@ TEST(DrawLeader, AsASplineItIsSmooth)
     leader.hasArrow = 0;
     stage.tolerance = 0.1;
     EXPECT_EQ(stage.Draw(leader), Lines{"polyline -1,0 -0.5,0.6875 0,1 0.5,0.6875 1,0"});
-}
-
-TEST(DrawMultiLeader, ItsLinesEndInTheLandingAndTheDogleg)
-{
-    Stage stage;
-    MultiLeader leader = Branch();
-    leader.arrowSize = 3;
-    EXPECT_EQ(stage.Draw(leader), (Lines{"polyline 0,0 10,0 10,10 12,10", "fill 0,0 3,0.5 3,-0.5"}));
-    leader.hasDogleg = 0;
-    EXPECT_EQ(stage.Draw(leader)[0], "polyline 0,0 10,0 10,10");
-    leader.branches[0].hasLanding = false;
-    EXPECT_EQ(stage.Draw(leader)[0], "polyline 0,0 10,0");
-    leader.leaderType = 0;
-    EXPECT_EQ(stage.Draw(leader), Lines{});
-    EXPECT_TRUE(stage.Findings().empty());
-}
-
-TEST(DrawMultiLeader, ItsColourIsPacked)
-{
-    Stage stage;
-    MultiLeader leader = Branch();
-    leader.lineColour = static_cast<std::int32_t>(0xC3000005U);
-    EXPECT_EQ(stage.Draw(leader)[0], "polyline 0,0 10,0 10,10 12,10 colour 5");
-    leader.lineColour = static_cast<std::int32_t>(0xC2FF8000U);
-    EXPECT_EQ(stage.Draw(leader)[0], "polyline 0,0 10,0 10,10 12,10 rgb ff8000");
-}
-
-TEST(DrawMultiLeader, ItsArrowIsABlock)
-{
-    Stage stage;
-    MultiLeader leader = Branch();
-    leader.arrowSize = 2;
-    leader.arrowHandle = 7;
-    stage.drawing.blockOfRecord[7] = stage.drawing.names.Of("_OBLIQUE");
-    EXPECT_EQ(stage.Draw(leader)[1], "line -1,-1 1,1");
-    stage.drawing.blockOfRecord[7] = stage.drawing.names.Of("_NONE");
-    EXPECT_EQ(stage.Draw(leader).size(), 1U);
-    stage.drawing.blockOfRecord[7] = stage.drawing.names.Of("_DotBlank");
-    EXPECT_EQ(stage.Draw(leader)[1], "circle 0,0 radius 1");
 }
 
 } // namespace

@@ -1,0 +1,12 @@
+#include "prepare/plain/DrawEntity.h"
+
+namespace prepare {
+
+bool DrawEntity(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
+{
+    const bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
+    // A MULTILEADER is both: its lines are geometry, its text is a note.
+    return DrawNotes(entity, placement, styleOf) || isDrawn;
+}
+
+} // namespace prepare
