@@ -2,6 +2,7 @@
 
 #include "prepare/PrepareSheet.h"
 #include "prepare/Settings.h"
+#include "prepare/drawing/CountContents.h"
 #include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/Converter.h"
@@ -29,7 +30,7 @@ public:
 
     void Take(const Entity& entity) override
     {
-        ++m_count;
+        CountEntity(entity, m_contents);
         m_converter.Take(entity);
         if (m_writer != nullptr && !m_converter.HasNeededNothing())
             LeaveWriter();
@@ -53,14 +54,15 @@ public:
         return std::move(m_writer);
     }
 
-    std::uint64_t Count() const { return m_count; } // of entities
+    // What came.
+    const Contents& Held() const { return m_contents; }
     const Measure& Measured() const { return m_measure; }
     const Converter& Converted() const { return m_converter; }
     // Of what the writer has.
     const WaitingFindings& Findings() const { return m_findings; }
 
 private:
-    std::uint64_t m_count = 0;
+    Contents m_contents;
     WaitingFindings m_findings;
     Measure m_measure;
     std::unique_ptr<DrawingWriter> m_writer;
@@ -101,6 +103,7 @@ private:
     void StartFirst();
     bool ReadFirst();
     bool ConvertAgain();
+    void TellContents();
     PrepareOutcome Finish();
 
     ReopenableSource& m_source;
@@ -164,6 +167,16 @@ bool Preparing::ConvertAgain()
     return !hasFailed;
 }
 
+void Preparing::TellContents()
+{
+    m_report.contents = m_first->Held();
+    CountBlocks(m_drawing, m_report.contents);
+    m_report.contents.isEnded = m_drawing.isEnded;
+    m_report.isBlank =
+        m_first->Measured().OfModel().hull.IsEmpty() && m_first->Converted().RayStarts().IsEmpty();
+    m_report.layouts = SizesOfLayouts(m_drawing, m_report.contents.inPaperSpace > 0);
+}
+
 PrepareOutcome Preparing::Run()
 {
     if (!ReadFirst())
@@ -173,7 +186,8 @@ PrepareOutcome Preparing::Run()
         return Preparing(m_source, m_options, m_write, m_report, m_progress, std::move(m_drawing.header))
             .Run();
     }
-    if (!IsDrawing(m_drawing, m_first->Count()))
+    TellContents();
+    if (!IsDrawing(m_drawing, m_first->Held().entities))
         return PrepareOutcome::NoDrawing;
     return MayGoOn(0.5) ? Finish() : PrepareOutcome::Cancelled;
 }

@@ -2,6 +2,7 @@
 
 #include "base/Letters.h"
 #include "prepare/Settings.h"
+#include "prepare/drawing/CountContents.h"
 #include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/SheetConverter.h"
@@ -14,12 +15,26 @@ namespace prepare {
 
 namespace {
 
-// Looks for entities of a paper space, for a drawing in which no layout or block mentions one.
-class PaperSearch final : public EntitySink {
+// Counts entities and passes them on.
+class Counting final : public EntitySink {
 public:
-    void Take(const Entity& entity) override { hasFound = hasFound || entity.isInPaperSpace != 0; }
-    bool hasFound = false;
+    explicit Counting(EntitySink* next = nullptr) : m_next(next) {}
+
+    void Take(const Entity& entity) override
+    {
+        CountEntity(entity, contents);
+        if (m_next != nullptr)
+            m_next->Take(entity);
+    }
+
+    Contents contents;
+
+private:
+    EntitySink* m_next;
 };
+
+// The name of a sheet that a drawing has, but does not mention.
+constexpr const char* kUnnamedLayout = "Layout1";
 
 // All of a drawing but its entities, with its layouts; false when it could not be read to its end.
 bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& drawing, Report& report)
@@ -36,13 +51,12 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
     found.GiveTo(report);
     if (hasFailed || !drawing.layouts.empty())
         return !hasFailed;
-    PaperSearch search;
+    Counting search;
     ReadEntities(source.Rewound(), encoding, drawing, search, hasFailed);
-    if (search.hasFound) {
-        Layout layout;
-        layout.name = "Layout1";
+    if (search.contents.inPaperSpace > 0) {
+        Layout& layout = drawing.layouts.emplace_back();
+        layout.name = kUnnamedLayout;
         layout.isActive = true;
-        drawing.layouts.push_back(std::move(layout));
     }
     return !hasFailed;
 }
@@ -51,13 +65,6 @@ LayoutSize SizeOf(const Layout& layout)
 {
     const Sheet sheet = SheetOf(layout);
     return {layout.name, sheet.width, sheet.height};
-}
-
-std::vector<LayoutSize> SizesOf(const Drawing& drawing)
-{
-    std::vector<LayoutSize> sizes;
-    std::transform(drawing.layouts.begin(), drawing.layouts.end(), std::back_inserter(sizes), SizeOf);
-    return sizes;
 }
 
 // Prepares one sheet, in passes over the drawing.
@@ -80,6 +87,7 @@ public:
 
 private:
     bool Read(EntitySink& sink, Report* report = nullptr);
+    void TellContents(const Contents& held);
     Measured AllMeasured(const SheetConverter& converter) const;
 
     ReopenableSource& m_source;
@@ -105,14 +113,23 @@ bool SheetPasses::Read(EntitySink& sink, Report* report)
 bool SheetPasses::ReadWindows()
 {
     WindowReader reader(m_drawing, m_layout, m_sheet, m_report);
-    if (!Read(reader, &m_report))
+    Counting counting(&reader);
+    if (!Read(counting, &m_report))
         return false;
+    TellContents(counting.contents);
     m_windows = std::move(reader.Windows());
     OutlineReader outlines(m_drawing, m_sheet, LimitsOf(m_drawing.bytes), m_windows);
     if (outlines.IsNeeded() && !Read(outlines))
         return false;
     outlines.Finish(m_report);
     return true;
+}
+
+void SheetPasses::TellContents(const Contents& held)
+{
+    m_report.contents = held;
+    CountBlocks(m_drawing, m_report.contents);
+    m_report.contents.isEnded = m_drawing.isEnded;
 }
 
 // The model's measure is of the sheet's own entities: what windows show counts where it is not cut off.
@@ -140,6 +157,7 @@ bool SheetPasses::MeasureAll()
     if (!Read(converter))
         return false;
     const Measured all = AllMeasured(converter);
+    m_report.isBlank = all.hull.IsEmpty() && m_measuring.RayStarts().IsEmpty();
     const Box extents = all.hull.Bounds();
     if (!extents.IsEmpty() && extents.IsApartFrom(m_sheet.Paper()))
         m_sheet.width = m_sheet.height = 0;
@@ -168,13 +186,22 @@ bool IsModelName(std::string_view name)
     return AreSameLetters(name, "Model");
 }
 
+std::vector<LayoutSize> SizesOfLayouts(const Drawing& drawing, bool hasPaperSpace)
+{
+    std::vector<LayoutSize> sizes;
+    std::transform(drawing.layouts.begin(), drawing.layouts.end(), std::back_inserter(sizes), SizeOf);
+    if (sizes.empty() && hasPaperSpace)
+        sizes.push_back({kUnnamedLayout, 0, 0});
+    return sizes;
+}
+
 PrepareOutcome PrepareSheet(ReopenableSource& source, const Options& options, const ByteFunction& write,
                             Report& report, const ProgressFunction& progress)
 {
     Drawing drawing;
     if (!ReadLayouts(source, options.encoding, drawing, report))
         return PrepareOutcome::ReadFailed;
-    report.layouts = SizesOf(drawing);
+    report.layouts = SizesOfLayouts(drawing, false);
     const Layout* const layout = FindLayout(drawing, options.layout);
     if (layout == nullptr)
         return PrepareOutcome::NoLayout;
@@ -201,7 +228,7 @@ PrepareOutcome ListLayouts(ReopenableSource& source, std::string_view encoding,
     Report unsaid;
     if (!ReadLayouts(source, encoding, drawing, unsaid))
         return PrepareOutcome::ReadFailed;
-    layouts = SizesOf(drawing);
+    layouts = SizesOfLayouts(drawing, false);
     return layouts.empty() && !drawing.hasSections ? PrepareOutcome::NoDrawing : PrepareOutcome::Done;
 }
 

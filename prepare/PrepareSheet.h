@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/PrepareDrawing.h"
+#include "prepare/drawing/Drawing.h"
 
 #include <string_view>
 #include <vector>
@@ -11,7 +12,11 @@ namespace prepare {
 // Whether that is the model space's name; upper and lower case are the same.
 bool IsModelName(std::string_view name);
 
-// As PrepareDrawing, for the layout that options name. report has all layouts then.
+// The sheets of a drawing that has been read, in the order of their tabs. One that mentions none has a sheet
+// if anything is in its paper space.
+std::vector<LayoutSize> SizesOfLayouts(const Drawing& drawing, bool hasPaperSpace);
+
+// As PrepareDrawing, for the layout that options name.
 PrepareOutcome PrepareSheet(ReopenableSource& source, const Options& options, const ByteFunction& write,
                             Report& report, const ProgressFunction& progress);
 

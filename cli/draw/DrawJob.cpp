@@ -247,30 +247,24 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
 }
 
 // What preparing found counts in place of what the module alone would show.
-void TellPrepared(const DrawingInfo& info, const prepare::Report& findings, Outcome& outcome, Report& report)
+void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& report)
 {
     TellFindings(findings, report);
     outcome.share = ShareOf(findings);
-    if (findings.sheet.name.empty())
-        AddSheets(info, outcome.share);
-    outcome.skipped.clear();
-    outcome.unmarkedEntry = 0;
-    outcome.otherTexts = 0;
-    outcome.oddLines = 0;
+    outcome.isEnded = findings.contents.isEnded;
+    outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(findings);
 }
 
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
-void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, const std::string& sheetName,
-                Outcome& outcome, const Options& options, Report& report)
+void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, Outcome& outcome,
+                const Options& options, Report& report)
 {
     if (!outcome.hole.empty())
         report.Doubtful(outcome.hole + "; the picture lacks what follows", ExitCode::Incomplete);
     if (outcome.isBlank && !outcome.hole.empty())
         report.Doubtful("nothing of it is visible: what could be drawn shows nothing", ExitCode::Blank);
-    else if (outcome.isBlank && !sheetName.empty())
-        report.Doubtful("nothing of it is visible: the layout " + sheetName + " is empty", ExitCode::Blank);
     else if (outcome.isBlank)
-        report.Doubtful(findings ? WhyPreparedIsBlank(info, outcome.share, *findings)
+        report.Doubtful(findings ? WhyBlank(*findings)
                                  : WhyBlank(info, outcome.share, outcome.statistics.elements),
                         ExitCode::Blank);
     const SvgHostStatistics& met = outcome.statistics;
@@ -298,20 +292,20 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     const Clock::time_point start = Clock::now();
     Outcome outcome;
     outcome.output = job.output;
-    const bool asksAboutAll = !options.isQuiet || options.isStrict || !options.minDrawn.empty();
+    std::optional<PreparedDrawing> prepared;
+    Prepare(prepared, source, options, report);
+    if (prepared && !prepared->Reason().empty())
+        return report.Failed(source.ShownName(), prepared->Reason(), prepared->Code());
+    // Preparing tells what a drawing holds.
+    const bool asksAboutAll =
+        !prepared && (!options.isQuiet || options.isStrict || !options.minDrawn.empty());
     DrawingInfo info = ReadContents(source, asksAboutAll, options.keepsGoing);
-    outcome.hole = HoleOf(info);
+    outcome.hole = prepared && !prepared->Hole().empty() ? prepared->Hole() : HoleOf(info);
     if (!outcome.hole.empty() && !options.keepsGoing)
         return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
     const Document document(svgHostCreate(), svgHostDestroy);
     if (!document)
         throw std::bad_alloc();
-    std::optional<PreparedDrawing> prepared;
-    Prepare(prepared, source, options, report);
-    if (prepared && !prepared->Reason().empty())
-        return report.Failed(source.ShownName(), prepared->Reason(), prepared->Code());
-    if (prepared && outcome.hole.empty())
-        outcome.hole = prepared->Hole();
     // Preparing has bounds of its own, and its drawings have far more bytes for each element.
     const fs::path& drawn = prepared ? prepared->Path() : source.Path();
     svgHostLimitElements(document.get(), MostElements(drawn));
@@ -325,11 +319,12 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     }
     if (!svgHostGetStatistics(document.get(), &outcome.statistics))
         throw std::bad_alloc();
-    if (outcome.statistics.visibleElements == 0 && !asksAboutAll)
+    if (outcome.statistics.visibleElements == 0 && !asksAboutAll && !prepared)
         info = ReadContents(source, true, options.keepsGoing);
-    TellContents(info, outcome);
     if (prepared)
-        TellPrepared(info, prepared->Findings(), outcome, report);
+        TellPrepared(prepared->Findings(), outcome, report);
+    else
+        TellContents(info, outcome);
     const prepare::LayoutSize sheet = prepared ? prepared->Findings().sheet : prepare::LayoutSize();
     const Sizing sizing = SizingOf(info.header, sheet, options);
     const Look look = LookFor(options);
@@ -349,7 +344,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         throw std::bad_alloc();
     if (!options.isQuiet || options.isStrict)
         TellPicture(document.get(), written, sizing, outcome);
-    TellDoubts(info, prepared ? &prepared->Findings() : nullptr, sheet.name, outcome, options, report);
+    TellDoubts(info, prepared ? &prepared->Findings() : nullptr, outcome, options, report);
     outcome.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Drawn(outcome);
 }

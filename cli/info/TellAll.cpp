@@ -44,7 +44,6 @@ Told ReadWhole(Source& source, const Options& options)
         if (options.withTexts)
             told.info.texts = TextsOf(source, options);
         told.becoming = BecomingOf(source, options);
-        AddSheets(told.info, told.becoming->share);
     }
     return told;
 }

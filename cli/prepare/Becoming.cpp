@@ -1,7 +1,6 @@
 #include "cli/prepare/Becoming.h"
 
 #include "cli/prepare/Findings.h"
-#include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 
@@ -67,7 +66,7 @@ Becoming BecomingOf(Source& source, const Options& options)
     becoming.share = ShareOf(findings);
     for (const auto& [key, met] : findings.Entries())
         Add(key, met, becoming);
-    becoming.sheets = SheetsOf(source, options);
+    becoming.sheets = std::move(findings.layouts);
     return becoming;
 }
 

@@ -46,13 +46,10 @@ Share ShareOf(const prepare::Report& findings)
     }
     // A part of an entity may be missing, too.
     share.entities = std::max(findings.entities, missing);
-    share.shown = share.entities - missing;
+    share.shown = findings.isBlank ? 0 : share.entities - missing;
+    if (findings.sheet.name.empty())
+        share.otherwise[static_cast<std::size_t>(Otherwise::NoSheets)] = findings.contents.onSheets;
     return share;
-}
-
-void AddSheets(const DrawingInfo& info, Share& share)
-{
-    share.otherwise[static_cast<std::size_t>(Otherwise::NoSheets)] += info.sheetEntities;
 }
 
 void ListFindings(prepare::Report& findings, Report& report)

@@ -7,10 +7,8 @@
 
 namespace plexorn {
 
-// The share of the drawing that is shown.
+// The share of the drawing that is shown. Of the model space it says how much is left on the sheets, too.
 Share ShareOf(const prepare::Report& findings);
-// Adds to it what of the drawing is beyond the model space, which is what preparing keeps.
-void AddSheets(const DrawingInfo& info, Share& share);
 
 // Has report list what is added to findings from now on, if it lists messages one by one. report must outlive
 // the preparing.

@@ -2,7 +2,6 @@
 
 #include "cli/batch/OpenJob.h"
 #include "cli/batch/WriteOutput.h"
-#include "cli/contents/Collector.h"
 #include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"
@@ -33,21 +32,6 @@ void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::st
     if (outcome == PrepareOutcome::ReadFailed)
         return report.Failed(source.ShownName(), input.WhyFailed(), ExitCode::File);
     report.Failed(job.output, "cannot be written: " + whyNotWritten, ExitCode::File);
-}
-
-// Says so if nothing of the drawing is shown. Only who asks for more than that pays for reading the drawing
-// once more.
-void TellWhatIsLost(Source& source, const prepare::Report& findings, const Options& options, Share& share,
-                    Report& report)
-{
-    if (share.shown == 0 || !options.isQuiet || options.isStrict || !options.minDrawn.empty()) {
-        const DrawingInfo info = CollectInfo(source.Rewound(), false);
-        if (findings.sheet.name.empty())
-            AddSheets(info, share);
-        if (share.shown == 0 && HoldsEntities(info))
-            report.Doubtful(WhyPreparedIsBlank(info, share, findings), ExitCode::Blank);
-    }
-    TellShare(share, options, report);
 }
 
 void Prepare(Source& source, const Job& job, const Options& options, Report& report)
@@ -82,7 +66,9 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     told.output = job.output;
     TellFindings(findings, report);
     told.share = ShareOf(findings);
-    TellWhatIsLost(source, findings, options, told.share, report);
+    if (told.share.shown == 0 && HoldsEntities(findings))
+        report.Doubtful(WhyBlank(findings), ExitCode::Blank);
+    TellShare(told.share, options, report);
     told.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Prepared(told);
 }

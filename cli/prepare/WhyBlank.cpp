@@ -1,6 +1,7 @@
 #include "cli/prepare/WhyBlank.h"
 
 #include "base/Joined.h"
+#include "cli/prepare/Findings.h"
 #include "cli/report/NumberTexts.h"
 #include "cli/report/ShareText.h"
 
@@ -39,10 +40,9 @@ bool IsAllInBlocks(const DrawingInfo& info)
     return inside > 0 && outside == info.paperEntities;
 }
 
-bool Holds(const DrawingInfo& info, std::string_view type)
+bool IsAllInBlocks(const prepare::Contents& contents)
 {
-    return std::any_of(info.types.begin(), info.types.end(),
-                       [&](const TypeInfo& held) { return held.name == type; });
+    return contents.inBlocks > 0 && contents.entities == contents.inBlocks + contents.inPaperSpace;
 }
 
 } // namespace
@@ -50,6 +50,11 @@ bool Holds(const DrawingInfo& info, std::string_view type)
 bool HoldsEntities(const DrawingInfo& info)
 {
     return info.types.Count() > 0;
+}
+
+bool HoldsEntities(const prepare::Report& findings)
+{
+    return findings.contents.entities > 0;
 }
 
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements)
@@ -71,23 +76,28 @@ std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t el
     return Joined({kBlank, reasons.empty() ? kOnlyInBlocks : reasons});
 }
 
-std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, const prepare::Report& findings)
+std::string WhyBlank(const prepare::Report& findings)
 {
     using prepare::HiddenLayer;
     const auto hidden = [&](HiddenLayer why) { return findings.hidden[static_cast<std::size_t>(why)]; };
+    const prepare::Contents& contents = findings.contents;
+    const bool isSheet = !findings.sheet.name.empty();
+    const Share share = ShareOf(findings);
     std::string reasons;
     if (!share.missing.empty())
         AddReason(reasons, "it cannot draw " + MissingTypes(share));
-    if (IsAllInBlocks(info)) {
+    if (!isSheet && IsAllInBlocks(contents)) {
         AddReason(reasons, std::string(kOnlyInBlocks));
     } else {
-        AddCounted(reasons, info.hiddenEntities, "invisible");
+        AddCounted(reasons, isSheet ? 0 : contents.invisible, "invisible");
         AddCounted(reasons, hidden(HiddenLayer::OffOrFrozen), "on layers that are off or frozen");
         AddCounted(reasons, hidden(HiddenLayer::NotChosen), "on layers that were not chosen");
         AddCounted(reasons, hidden(HiddenLayer::NotPlotted), "on layers that are not plotted");
     }
-    AddCounted(reasons, info.sheetEntities, "in the paper space");
-    if (reasons.empty() && Holds(info, "WIPEOUT"))
+    AddCounted(reasons, isSheet ? 0 : contents.onSheets, "in the paper space");
+    if (reasons.empty() && isSheet)
+        AddReason(reasons, Joined({"the layout ", findings.sheet.name, " is empty"}));
+    if (reasons.empty() && contents.masks > 0)
         AddReason(reasons, "a WIPEOUT only hides what is behind it");
     return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});
 }

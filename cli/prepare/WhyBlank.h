@@ -12,12 +12,13 @@ namespace plexorn {
 
 // Whether the drawing has any entity, also one within a block.
 bool HoldsEntities(const DrawingInfo& info);
+bool HoldsEntities(const prepare::Report& findings);
 
 // The reason, as a sentence for a drawing that holds entities and of which the module, by itself, made that
 // many elements.
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);
 
 // The same for a drawing that was prepared, which gave findings.
-std::string WhyPreparedIsBlank(const DrawingInfo& info, const Share& share, const prepare::Report& findings);
+std::string WhyBlank(const prepare::Report& findings);
 
 } // namespace plexorn

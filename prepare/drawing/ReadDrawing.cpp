@@ -391,6 +391,7 @@ void Pass::SortBlocks()
 void Pass::NotePairs()
 {
     const PairReader& pairs = m_reader.Pairs();
+    m_drawing.isEnded = pairs.HasEofPair();
     const auto note = [&](Finding finding, const Tally& tally, std::string_view detail) {
         if (tally.count != 0)
             m_reader.Note(finding, "file", detail, tally.firstLine, tally.count);

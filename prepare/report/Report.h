@@ -37,6 +37,17 @@ struct LayoutSize {
     double height = 0;
 };
 
+// What a file holds, whether it is shown or not.
+struct Contents {
+    std::uint64_t entities = 0;     // all of them, those in blocks once
+    std::uint64_t inBlocks = 0;     // of them
+    std::uint64_t inPaperSpace = 0; // outside of blocks
+    std::uint64_t onSheets = 0;     // of those, what is to be seen: not windows, and nothing invisible
+    std::uint64_t invisible = 0;    // by their own flag
+    std::uint64_t masks = 0;        // entities that only hide others
+    bool isEnded = false;           // whether the file ends with its EOF
+};
+
 // Equal findings are one entry with a count.
 class Report {
 public:
@@ -61,7 +72,11 @@ public:
     // How many there would have been more if all layers were shown, by why theirs is not.
     std::array<std::uint64_t, kHiddenLayers> hidden{};
 
-    // Where a sheet was wanted: all that the drawing has, in the order of their tabs.
+    Contents contents;
+    // Nothing visible comes of the drawing. Of a sheet's windows all counts that they might show.
+    bool isBlank = false;
+
+    // The sheets of the drawing, in the order of their tabs.
     std::vector<LayoutSize> layouts;
     // The sheet that was prepared. Of a known size, it is prepared in millimetres, with its lower left corner
     // at the origin.

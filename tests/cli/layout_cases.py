@@ -140,10 +140,13 @@ class Layouts(CommandTest):
         self.assertEqual(self.lines("a.svg"), ["-50 0 50 0"])
 
     def test_an_empty_sheet_is_said(self):
-        self.write("plan.dxf", dxf(*RECORDS, *section("BLOCKS"), *section("ENTITIES", *LINE),
-                                   *section("OBJECTS", *layout("Empty", "30", "1")), "0", "EOF"))
-        said = self.expect(6, "--layout", "Empty", "plan.dxf")
-        self.assertIn("nothing of it is visible: the layout Empty is empty", said)
+        solid = ("0", "3DSOLID", "330", "30", "8", "0", "67", "1")
+        for more, reason in (((), "the layout Empty is empty"), (solid, "it cannot draw 1 3DSOLID")):
+            self.write("plan.dxf", dxf(*RECORDS, *section("BLOCKS"), *section("ENTITIES", *LINE, *more),
+                                       *section("OBJECTS", *layout("Empty", "30", "1")), "0", "EOF"))
+            for words in (["plan.dxf"], ["prepare", "plan.dxf", "-o", "out.dxf"]):
+                said = self.expect(6, *words, "--layout", "Empty")
+                self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", said)
 
     def test_a_sheet_without_a_paper_frames_what_is_on_it(self):
         self.write("plan.dxf", SHEETS.replace(b"\n200\n45", b"\n0\n45"))

@@ -125,16 +125,18 @@ class PreparedNothingVisible(OutcomeTest):
         "nothing inserts the blocks that its entities are in": blocks(*block("A", *LINE)) + entities(),
         "nothing inserts the blocks that its entities are in; 1 entity is in the paper space":
             blocks(*block("A", *LINE)) + entities(*LINE, "67", "1"),
-        "what it holds is empty or has no usable place": entities("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"),
         "a WIPEOUT only hides what is behind it": entities(*WIPEOUT),
     }
+    EMPTY = (("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"), ("0", "TEXT", "8", "0", "40", "1", "1", " "))
 
     def test_one_line_says_why_and_the_code_is_6(self):
-        for reason, content in self.BLANK.items():
-            for options in ([], ["-q"], ["-q", "--strict"]):
-                with self.subTest(reason=reason, options=options):
+        empty = [("what it holds is empty or has no usable place", content) for lines in self.EMPTY
+                 for content in (entities(*lines), dxf(*lines, "0", "EOF"))]
+        for reason, content in (*self.BLANK.items(), *empty):
+            for words in ([], ["-q"], ["-q", "--strict"], ["prepare", "-o", "out.dxf"], ["prepare", "-q", "-o", "out.dxf"]):
+                with self.subTest(reason=reason, words=words):
                     self.write("plan.dxf", content)
-                    printed = self.expect(6, "plan.dxf", *options)
+                    printed = self.expect(6, *words, "plan.dxf")
                     self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", printed)
 
     def test_layers_that_are_not_shown_are_the_reason(self):

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace prepare {
 namespace {
@@ -101,6 +102,65 @@ TEST(PrepareDrawing, WhatIsNotShownIsNotRewritten)
     const Prepared prepared = PreparedFrom(Section("ENTITIES", kLine + kSolid));
     EXPECT_EQ(prepared.Rewritten(), Lines{});
     EXPECT_EQ(prepared.report.entities, 2u);
+}
+
+// "entities, of them in blocks, in the paper space, on sheets, invisible, masks", and whether the file has
+// its end.
+std::string ContentsOf(const std::string& drawing)
+{
+    const Contents held = PreparedFrom(drawing).report.contents;
+    std::string text;
+    for (const std::uint64_t count :
+         {held.entities, held.inBlocks, held.inPaperSpace, held.onSheets, held.invisible, held.masks})
+        text += std::to_string(count) + " ";
+    return text + (held.isEnded ? "ended" : "cut off");
+}
+
+TEST(PrepareDrawing, ContentsAreCountedWhetherTheyAreShownOrNot)
+{
+    const std::string inBlock = Dxf({{0, "LINE"}, {60, "1"}}) + kPoint + Dxf({{0, "WIPEOUT"}});
+    const std::string onSheet = Dxf({{0, "LINE"}, {67, "1"}, {0, "LINE"}, {67, "1"}, {60, "1"}});
+    const std::string window = Dxf({{0, "VIEWPORT"}, {67, "1"}});
+    const std::string blocks =
+        Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "Part"}}) + inBlock +
+                              Dxf({{0, "ENDBLK"}, {0, "BLOCK"}, {2, "*Paper_Space0"}}) + kLine +
+                              Dxf({{0, "ENDBLK"}}));
+    const std::string entities = Section("ENTITIES", kLine + kSolid + onSheet + window);
+    const std::string end = Dxf({{0, "EOF"}});
+    EXPECT_EQ(ContentsOf(blocks + entities + end), "9 3 4 2 2 1 ended");
+    EXPECT_EQ(ContentsOf(entities + blocks), "9 3 4 2 2 1 cut off");
+    EXPECT_EQ(ContentsOf(kLine + end), "1 0 0 0 0 0 ended");
+}
+
+TEST(PrepareDrawing, NothingVisibleIsNoted)
+{
+    const std::string ray = Dxf({{0, "RAY"}, {10, "3"}, {20, "4"}, {11, "1"}, {21, "0"}});
+    const std::string mask =
+        Dxf({{0, "WIPEOUT"}, {10, "0"}, {20, "0"}, {11, "5"}, {21, "0"}, {12, "0"}}) +
+        Dxf({{22, "5"}, {71, "1"}, {14, "-0.5"}, {24, "-0.5"}, {14, "0.5"}, {24, "0.5"}});
+    const auto isBlank = [](const std::string& entities) {
+        return PreparedFrom(Section("ENTITIES", entities)).report.isBlank;
+    };
+    for (const std::string& seen : {kLine, kPoint, ray, mask + kLine})
+        EXPECT_FALSE(isBlank(seen)) << seen;
+    for (const std::string& unseen : {kSolid, mask, Dxf({{0, "LWPOLYLINE"}, {8, "0"}, {90, "0"}}),
+                                      Dxf({{0, "TEXT"}, {8, "0"}, {40, "1"}, {1, " "}}), std::string()})
+        EXPECT_TRUE(isBlank(unseen)) << unseen;
+}
+
+TEST(PrepareDrawing, SheetsAreNamedThatNobodyAskedFor)
+{
+    const auto sheets = [](const std::string& drawing) {
+        Lines names;
+        for (const LayoutSize& sheet : PreparedFrom(drawing).report.layouts)
+            names.push_back(sheet.name + " " + std::to_string(std::lround(sheet.width)));
+        return names;
+    };
+    const std::string layout =
+        Dxf({{0, "LAYOUT"}, {44, "200"}, {45, "100"}, {72, "1"}, {1, "Plan"}, {71, "1"}, {330, "20"}});
+    EXPECT_EQ(sheets(Section("ENTITIES", kLine)), Lines{});
+    EXPECT_EQ(sheets(Section("ENTITIES", Dxf({{0, "LINE"}, {67, "1"}}))), Lines{"Layout1 0"});
+    EXPECT_EQ(sheets(Section("ENTITIES", kLine) + Section("OBJECTS", layout)), Lines{"Plan 200"});
 }
 
 TEST(PrepareDrawing, RaysAloneAreDrawnAroundTheirStarts)

@@ -188,6 +188,15 @@ TEST(PrepareSheet, PaperWithNothingOnItIsForgotten)
     EXPECT_EQ(SheetOfDrawing(DrawingOf("")).report.sheet.width, 200);
 }
 
+TEST(PrepareSheet, NothingVisibleOnItIsNoted)
+{
+    const std::string window = ViewportAt("2", 50, 50, 40, 0, 0, 1);
+    EXPECT_TRUE(SheetOfDrawing(DrawingOf(kModelLine)).report.isBlank);
+    EXPECT_FALSE(SheetOfDrawing(DrawingOf(kModelLine + window)).report.isBlank);
+    EXPECT_FALSE(SheetOfDrawing(DrawingOf(LineFrom("0", "1", 1, 2, 3, 4))).report.isBlank);
+    EXPECT_EQ(SheetOfDrawing(DrawingOf(kModelLine + window)).report.contents.entities, 2U);
+}
+
 TEST(PrepareSheet, OldDrawingsHaveOneLayout)
 {
     const std::string entities = LineFrom("0", "1", 1, 2, 3, 4) + kModelLine;

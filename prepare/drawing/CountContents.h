@@ -1,0 +1,15 @@
+// Counts what a drawing's file holds.
+#pragma once
+
+#include "prepare/drawing/Drawing.h"
+#include "prepare/report/Report.h"
+
+namespace prepare {
+
+// Adds an entity of the model or of a paper space.
+void CountEntity(const Entity& entity, Contents& contents);
+
+// Adds what blocks hold. What is in the blocks of layouts is in the model or in a paper space.
+void CountBlocks(const Drawing& drawing, Contents& contents);
+
+} // namespace prepare
