@@ -509,6 +509,10 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
     if (keepsBlanks)
         m_out.SetPlain("xml:space", "preserve");
     SetExtras(first);
+    if (const float width = WidthOfWriting(*line); width > 0) {
+        m_out.SetPlain("textLength", width);
+        m_out.SetPlain("lengthAdjust", "spacingAndGlyphs");
+    }
     m_out.OpenText(first.text);
     for (const Node* run = first.next; run; run = run->next)
         WriteRun(static_cast<const Text&>(*run), first);

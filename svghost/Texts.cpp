@@ -45,6 +45,16 @@ bool IsWriting(const Symbol& symbol)
     return true;
 }
 
+float WidthOfWriting(const Symbol& writing)
+{
+    const Text& text = static_cast<const Text&>(*writing.first);
+    if (text.next || text.x >= 0 || text.Find(AttributeId::TextAnchor))
+        return 0;
+    if (writing.name->name.starts_with(kMiddleTextPrefix))
+        return -2 * text.x;
+    return writing.name->name.starts_with(kEndTextPrefix) ? -text.x : 0;
+}
+
 std::size_t LengthOfWriting(const Symbol& writing)
 {
     if (const Use* inner = InnerUse(writing))

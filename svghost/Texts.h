@@ -11,6 +11,9 @@ namespace svghost {
 // such a symbol. It has been laid out, and what it uses before it.
 bool IsWriting(const Symbol& symbol);
 
+// How wide the symbol's name says that its only text is; 0: as wide as the viewer's font makes it.
+float WidthOfWriting(const Symbol& writing);
+
 // How long the texts of a line are, in bytes.
 std::size_t LengthOfWriting(const Symbol& writing);
 

@@ -67,6 +67,17 @@ double TextWidth(std::string_view text)
     return width;
 }
 
+bool HasKnownWidth(std::string_view text)
+{
+    while (!text.empty()) {
+        const DecodedCharacter next = DecodeUtf8(text);
+        if (WidthInTable(next.value) == kNoWidth && !IsIdeograph(next.value))
+            return false;
+        text.remove_prefix(next.size);
+    }
+    return true;
+}
+
 InkReach InkReachOf(std::string_view text)
 {
     constexpr std::string_view kWithTails = "gjpqyQ,;()[]{}|_@$";

@@ -21,6 +21,9 @@ double CharacterWidth(char32_t character);
 // The same of a text in UTF-8.
 double TextWidth(std::string_view text);
 
+// Whether the widths of all its characters are known, not guessed.
+bool HasKnownWidth(std::string_view text);
+
 // From where to where the letters of a text reach, in heights of capitals above the base line: capitals to 1,
 // small letters without stems to less, tails to -kDescent.
 struct InkReach {

@@ -17,6 +17,11 @@ inline constexpr std::string_view kMaskPrefix = "PLEXORN_FILL_MASK_";
 // one insert of such a block is in it.
 inline constexpr std::string_view kTextPrefix = "PLEXORN_TEXT_";
 
+// The same of one text that starts left of the block's origin, so that its middle or its end is there if it
+// is as wide as the author's. A host can see to that.
+inline constexpr std::string_view kMiddleTextPrefix = "PLEXORN_TEXT_MIDDLE_";
+inline constexpr std::string_view kEndTextPrefix = "PLEXORN_TEXT_END_";
+
 // What begins the name of a block that is a part of the drawing. Where it is inserted once, a host may draw
 // its contents there.
 inline constexpr std::string_view kPartPrefix = "PLEXORN_PART_";

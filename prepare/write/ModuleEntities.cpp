@@ -3,6 +3,8 @@
 #include "base/Decimals.h"
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/Placement.h"
+#include "prepare/plain/TextMetrics.h"
+#include "prepare/plain/TextPieces.h"
 #include "prepare/write/AgreedNames.h"
 #include "prepare/write/ModuleEncoding.h"
 
@@ -20,6 +22,16 @@ constexpr double kLargestRadius = 1e10;
 std::string AreaName(std::string_view prefix, std::size_t number)
 {
     return Numbered(prefix, number);
+}
+
+ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
+                        int decimals, TextLoss& loss)
+{
+    bool isCut = false;
+    std::string value = ValueForModule(text.text, isCut);
+    const bool isReplaced = !EncodeForModule(value);
+    loss = {loss.isCut || isCut, loss.isReplaced || isReplaced};
+    return {std::move(value), RoundedTo(factor * place.size, decimals), text.anchor, style};
 }
 
 } // namespace
@@ -290,14 +302,20 @@ void ModuleEntities::InsertArea(LayerNumber layer, std::span<const std::vector<P
     m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.inserts));
 }
 
-ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
+// Some viewers take a stretched text for as wide as an unstretched one where its middle or its end is the
+// anchor, which moves it. So it starts where it does in the author's drawing.
+ModuleLine ModuleLineOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
                         int decimals, TextLoss& loss)
 {
-    bool isCut = false;
-    std::string value = ValueForModule(text.text, isCut);
-    const bool isReplaced = !EncodeForModule(value);
-    loss = {loss.isCut || isCut, loss.isReplaced || isReplaced};
-    return {std::move(value), RoundedTo(factor * place.size, decimals), text.anchor, style};
+    constexpr double kSeen = 0.02; // of the text's width
+    ModuleRun run{ModuleTextOf(style, text, place, factor, decimals, loss)};
+    if (text.anchor != Anchor::Start && std::fabs(place.widthFactor - 1) > kSeen &&
+        text.text.size() <= kLongestValue && HasKnownWidth(text.text)) {
+        const double capitals = factor * place.size / kFontSizeOfCapitals;
+        run.origin = std::exchange(run.text.anchor, Anchor::Start);
+        run.x = RoundedTo(-ShareBefore(run.origin) * TextWidth(text.text) * capitals, decimals);
+    }
+    return {std::move(run)};
 }
 
 ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
@@ -329,12 +347,13 @@ void ModuleEntities::Text(StyleId style, const LoggedText& text)
 {
     const TextPlace place = TextPlaceForModule(text.along, text.up);
     TextLoss loss;
-    const ModuleText written = ModuleTextOf(style, text, place, m_out.factor, m_out.decimals, loss);
+    const ModuleLine line = ModuleLineOf(style, text, place, m_out.factor, m_out.decimals, loss);
     Tell(loss);
     UseLayer(m_out.layers.Of(style));
     if (place.isUpright)
-        return WriteModuleText(m_out.pairs, m_out.styles, written, Local(text.point), m_out.decimals);
-    InsertText(m_out.texts.NameOf({{written}}, place.innerRotation), text.point, place);
+        return WriteModuleText(m_out.pairs, m_out.styles, line.front().text, Local(text.point),
+                               m_out.decimals);
+    InsertText(m_out.texts.NameOf(line, place.innerRotation), text.point, place);
 }
 
 void ModuleEntities::LineOfText(Point2 point, std::span<const LoggedRun> runs)

@@ -47,8 +47,8 @@ struct TextLoss {
     bool isReplaced = false; // it has letters that the system's code page lacks
 };
 
-// Texts as ModuleText, and how they come to their places.
-ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
+// A line of one text, at its place.
+ModuleLine ModuleLineOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
                         int decimals, TextLoss& loss);
 
 // A line of them, whose place is that of its first text.

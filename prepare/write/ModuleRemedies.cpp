@@ -118,7 +118,8 @@ TextPlace TextPlaceForModule(Point2 along, Point2 up)
     TextPlace place;
     place.size = kFontSizeOfCapitals * height;
     place.rotation = std::atan2(along.y, along.x);
-    place.scaleX = length / height;
+    place.widthFactor = length / height;
+    place.scaleX = place.widthFactor;
     place.scaleY = area < 0 ? -1 : 1;
     if (std::fabs(Dot(along, up)) > kNothing * length * Length(up)) {
         // Slanted: turn, scale, turn, which any map of the plane is.

@@ -78,6 +78,7 @@ DrawnEllipse HowModuleDraws(double ratio, double start, double end);
 struct TextPlace {
     double size = 0;          // of the font: what 40 says
     bool isUpright = false;   // the text alone does it; else a block with the text at its origin is
+    double widthFactor = 1;   // how much wider than high it makes letters
     double innerRotation = 0; // turned by this (radians; 0 but for slanted letters),
     double scaleX = 1;        // scaled,
     double scaleY = 1;        // below 0: mirrored,

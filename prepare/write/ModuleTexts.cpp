@@ -14,9 +14,15 @@ std::int64_t MillionthsOf(double radians)
     return std::llround(DegreesOf(radians) * 1e6);
 }
 
-std::string NameOfText(std::size_t number)
+std::string NameOfTurned(std::size_t number)
 {
     return Numbered(kTextPrefix, number);
+}
+
+std::string NameOfLine(const ModuleLine& line, std::size_t number)
+{
+    constexpr std::string_view kPrefixes[] = {kTextPrefix, kMiddleTextPrefix, kEndTextPrefix};
+    return Numbered(kPrefixes[static_cast<std::size_t>(line.front().origin)], number);
 }
 
 } // namespace
@@ -54,24 +60,24 @@ std::string ModuleTexts::NameOf(const ModuleLine& line, double innerRotation) co
 {
     const std::size_t number = m_numbers.at(line);
     if (innerRotation == 0)
-        return NameOfText(number);
-    return NameOfText(m_lines.size() + m_turned.at({number, MillionthsOf(innerRotation)}));
+        return NameOfLine(line, number);
+    return NameOfTurned(m_lines.size() + m_turned.at({number, MillionthsOf(innerRotation)}));
 }
 
 void ModuleTexts::WriteBlocks(PairWriter& pairs, const ModuleStyles& styles, int decimals) const
 {
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         pairs.Text(0, "BLOCK");
-        pairs.Text(2, NameOfText(i + 1));
+        pairs.Text(2, NameOfLine(*m_lines[i], i + 1));
         for (const ModuleRun& run : *m_lines[i])
             WriteModuleText(pairs, styles, run.text, {run.x, 0}, decimals);
         pairs.Text(0, "ENDBLK");
     }
     for (const auto& [turned, number] : m_turned) {
         pairs.Text(0, "BLOCK");
-        pairs.Text(2, NameOfText(m_lines.size() + number));
+        pairs.Text(2, NameOfTurned(m_lines.size() + number));
         pairs.Text(0, "INSERT");
-        pairs.Text(2, NameOfText(turned.first));
+        pairs.Text(2, NameOfLine(*m_lines[turned.first - 1], turned.first));
         pairs.Fixed(50, static_cast<double>(turned.second) * 1e-6, kRotationDecimals);
         pairs.Text(0, "ENDBLK");
     }

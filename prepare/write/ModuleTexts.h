@@ -27,6 +27,8 @@ struct ModuleText {
 struct ModuleRun {
     ModuleText text;
     double x = 0;
+    Anchor origin =
+        Anchor::Start; // what of a text that starts at x is at the line's anchor, if that is known
 
     friend auto operator<=>(const ModuleRun&, const ModuleRun&) = default;
 };

@@ -33,8 +33,7 @@ public:
         const TextPlace place = TextPlaceForModule(text.along, text.up);
         TextLoss unsaid;
         if (!place.isUpright)
-            m_texts.Add({{ModuleTextOf(style, text, place, m_factor, m_decimals, unsaid)}},
-                        place.innerRotation);
+            m_texts.Add(ModuleLineOf(style, text, place, m_factor, m_decimals, unsaid), place.innerRotation);
     }
     void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
     {

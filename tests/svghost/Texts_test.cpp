@@ -64,6 +64,37 @@ TEST(Texts, RunsOfALineFollowEachOther)
         << svg;
 }
 
+TEST(Texts, StretchedWritingStartsWhereItDoesAndHasItsWidth)
+{
+    // Viewers that place a stretched text wrongly around its middle or before its end need no anchor.
+    const HostDocument document;
+    const auto add = [&](const wchar_t* symbol) {
+        document.Begin(symbol);
+        document.Text(-3.4F, 0, L"wide");
+        document.End();
+        document.Set(document.Use(symbol, 5, 6), L"scale-x", L"2");
+    };
+    add(L"PLEXORN_TEXT_MIDDLE_1");
+    add(L"PLEXORN_TEXT_END_2");
+    add(L"PLEXORN_TEXT_3");
+    AddWord(document, L"PLEXORN_TEXT_END_4", L"anchored");
+    document.Use(L"PLEXORN_TEXT_END_4", 0, 0);
+    const ParsedSvg svg(document);
+    const pugi::xml_node middle = svg.First("text");
+    EXPECT_STREQ(middle.attribute("transform").value(), "translate(5,6) scale(2,1)");
+    EXPECT_STREQ(middle.attribute("x").value(), "-3.4");
+    EXPECT_STREQ(middle.attribute("textLength").value(), "6.8");
+    EXPECT_STREQ(middle.attribute("lengthAdjust").value(), "spacingAndGlyphs");
+    EXPECT_FALSE(middle.attribute("text-anchor"));
+    const pugi::xml_node end = middle.next_sibling("text");
+    EXPECT_STREQ(end.attribute("x").value(), "-3.4");
+    EXPECT_STREQ(end.attribute("textLength").value(), "3.4");
+    const pugi::xml_node plain = end.next_sibling("text");
+    EXPECT_STREQ(plain.attribute("x").value(), "-3.4");
+    EXPECT_FALSE(plain.attribute("textLength"));
+    EXPECT_FALSE(plain.next_sibling("text").attribute("textLength"));
+}
+
 TEST(Texts, WritingThatIsTurnedInItsSymbolHasBothTurns)
 {
     const HostDocument document;

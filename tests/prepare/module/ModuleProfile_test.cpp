@@ -230,6 +230,30 @@ qlmSetAttributeByNode(ctx, n4, "scale-y", "-1.000000")
 )calls");
 }
 
+TEST_F(ModuleProfile, StretchedTextStartsWhereItsWidthPutsIt)
+{
+    // "up" is 1.566 times as wide as capitals are high, 2 in the block; the use makes it half as wide.
+    Model().Text(red, {"up", {1, 2}, {1, 0}, {0, 2}, Anchor::Middle, kNoName});
+    Model().Text(red, {"up", {1, 2}, {0, 4}, {-2, 0}, Anchor::End, kNoName});
+    const std::string calls = Created();
+    EXPECT_NE(calls.find("qlmCreateSymbol(ctx, \"PLEXORN_TEXT_MIDDLE_1\")"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateSymbol(ctx, \"PLEXORN_TEXT_END_2\")"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", -1.566, 0,"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", -3.132, 0,"), std::string::npos) << calls;
+    EXPECT_EQ(calls.find("text-anchor"), std::string::npos) << calls;
+}
+
+TEST_F(ModuleProfile, TextThatIsHardlyStretchedOrOfUnknownWidthKeepsItsAnchor)
+{
+    Model().Text(red, {"up", {1, 2}, {2.02, 0}, {0, 2}, Anchor::Middle, kNoName});
+    Model().Text(red, {"\xE0\xB8\x81", {1, 2}, {1, 0}, {0, 2}, Anchor::Middle, kNoName}); // Thai
+    const std::string calls = Calls();
+    EXPECT_EQ(calls.find("PLEXORN_TEXT_MIDDLE_"), std::string::npos) << calls;
+    const std::size_t first = calls.find("\"text-anchor\", \"middle\"");
+    ASSERT_NE(first, std::string::npos) << calls;
+    EXPECT_NE(calls.find("\"text-anchor\", \"middle\"", first + 1), std::string::npos) << calls;
+}
+
 TEST_F(ModuleProfile, SlantedTextIsTurnedScaledAndTurned63)
 {
     Model().Text(red, {"lean", {1, 2}, {2, 0}, {1, 2}, Anchor::Start, kNoName});

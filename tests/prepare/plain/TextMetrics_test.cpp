@@ -36,6 +36,14 @@ TEST(TextMetrics, WhatTheFontLacksIsAsWideAsUsual)
     EXPECT_DOUBLE_EQ(CharacterWidth(0xFFFFFFFF), 0.756);
 }
 
+TEST(TextMetrics, WidthsAreKnownOfWhatTheFontHasAndOfEastAsianCharacters)
+{
+    EXPECT_TRUE(HasKnownWidth(""));
+    EXPECT_TRUE(HasKnownWidth("Gr\xC3\xB6\xC3\x9F"
+                              "e \xCE\xA9 \xE6\x96\x87"));
+    EXPECT_FALSE(HasKnownWidth("A\xE0\xB8\x81")); // Thai
+}
+
 TEST(TextMetrics, TailsReachBelowTheBaseLine)
 {
     EXPECT_DOUBLE_EQ(InkReachOf("AB").bottom, 0);
