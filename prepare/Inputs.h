@@ -1,7 +1,7 @@
 // The inputs that the C interface takes.
 #pragma once
 
-#include "prepare/InputFile.h"
+#include "prepare/OpenInput.h"
 #include "prepare/Prepare.h"
 #include "prepare/PrepareDrawing.h"
 

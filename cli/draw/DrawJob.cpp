@@ -2,7 +2,8 @@
 
 #include "base/CodePage.h"
 #include "base/Utf8.h"
-#include "cli/batch/OpenJob.h"
+#include "cli/batch/IsReady.h"
+#include "cli/batch/TellShare.h"
 #include "cli/batch/WriteOutput.h"
 #include "cli/contents/Collector.h"
 #include "cli/contents/Fate.h"

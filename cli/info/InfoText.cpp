@@ -6,8 +6,8 @@
 #include "cli/contents/Units.h"
 #include "cli/info/Notes.h"
 #include "cli/info/Table.h"
-#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
+#include "cli/report/Rounded.h"
 #include "cli/report/ShareText.h"
 
 #include <algorithm>

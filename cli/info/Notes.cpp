@@ -3,7 +3,7 @@
 #include "base/CodePage.h"
 #include "base/Joined.h"
 #include "base/Utf8.h"
-#include "cli/report/NumberTexts.h"
+#include "cli/report/Counted.h"
 #include "cli/report/Printable.h"
 
 #include <algorithm>

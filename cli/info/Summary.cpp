@@ -1,8 +1,8 @@
 #include "cli/info/Summary.h"
 
 #include "cli/info/Table.h"
+#include "cli/report/Counted.h"
 #include "cli/report/Json.h"
-#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/ShareText.h"
 

@@ -1,6 +1,7 @@
 #include "cli/prepare/PrepareJob.h"
 
-#include "cli/batch/OpenJob.h"
+#include "cli/batch/IsReady.h"
+#include "cli/batch/TellShare.h"
 #include "cli/batch/WriteOutput.h"
 #include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"

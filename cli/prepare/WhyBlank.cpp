@@ -2,7 +2,7 @@
 
 #include "base/Joined.h"
 #include "cli/prepare/Findings.h"
-#include "cli/report/NumberTexts.h"
+#include "cli/report/Counted.h"
 #include "cli/report/ShareText.h"
 
 #include <algorithm>

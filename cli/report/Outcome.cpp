@@ -1,9 +1,10 @@
 #include "cli/report/Outcome.h"
 
 #include "base/Joined.h"
+#include "cli/report/Counted.h"
 #include "cli/report/Json.h"
-#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
+#include "cli/report/Rounded.h"
 #include "cli/report/ShareText.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 
 #include "base/Joined.h"
 #include "base/Utf8.h"
+#include "cli/report/Counted.h"
 #include "cli/report/Json.h"
 #include "cli/report/LineOfMessage.h"
-#include "cli/report/NumberTexts.h"
 #include "cli/report/Printable.h"
 #include "cli/report/Shortened.h"
 

@@ -1,6 +1,6 @@
 #include "cli/report/ShareText.h"
 
-#include "cli/report/NumberTexts.h"
+#include "cli/report/Counted.h"
 #include "cli/report/Printable.h"
 
 #include <algorithm>

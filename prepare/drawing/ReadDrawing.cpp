@@ -3,7 +3,7 @@
 #include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/EntityReader.h"
 #include "prepare/drawing/Fields.h"
-#include "prepare/drawing/ReadObjects.h"
+#include "prepare/drawing/ObjectReader.h"
 #include "prepare/drawing/ReadTables.h"
 
 #include <algorithm>

@@ -443,7 +443,7 @@ ReadFunction ReadFunctionOf(EntityType type)
     case EntityType::AttDef:
         return ReadAttribute;
     case EntityType::MText:
-        return ReadMText;
+        return ReadMTextRecord;
     case EntityType::Dimension:
         return ReadDimension;
     case EntityType::Tolerance:

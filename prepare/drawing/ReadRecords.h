@@ -16,7 +16,8 @@ ReadFunction ReadFunctionOf(EntityType type);
 // Those that take more than a table.
 std::unique_ptr<Entity> ReadAttribute(RecordReader& reader);
 std::unique_ptr<Entity> ReadText(RecordReader& reader);
-std::unique_ptr<Entity> ReadMText(RecordReader& reader);
+// Its text stays as it is: ReadMText reads the codes in it.
+std::unique_ptr<Entity> ReadMTextRecord(RecordReader& reader);
 std::unique_ptr<Entity> ReadHatch(RecordReader& reader);
 std::unique_ptr<Entity> ReadDimension(RecordReader& reader);
 std::unique_ptr<Entity> ReadLeader(RecordReader& reader);

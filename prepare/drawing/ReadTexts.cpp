@@ -231,7 +231,7 @@ std::unique_ptr<Entity> ReadAttribute(RecordReader& reader)
     return ReadByTable<kAttribute, Text>(reader);
 }
 
-std::unique_ptr<Entity> ReadMText(RecordReader& reader)
+std::unique_ptr<Entity> ReadMTextRecord(RecordReader& reader)
 {
     return ReadByTable<kMText, MText>(reader);
 }

@@ -9,7 +9,7 @@
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
 #include "prepare/plain/Placement.h"
-#include "prepare/plain/Styles.h"
+#include "prepare/plain/StyleResolver.h"
 
 #include <array>
 #include <cstddef>

@@ -3,7 +3,7 @@
 
 #include "prepare/plain/DimensionArrows.h"
 #include "prepare/plain/DimensionPen.h"
-#include "prepare/plain/DimensionValue.h"
+#include "prepare/plain/DimensionText.h"
 
 namespace prepare {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "prepare/plain/DimensionStyle.h"
-#include "prepare/plain/DimensionValue.h"
+#include "prepare/plain/DimensionText.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/Pen.h"
 

@@ -1,4 +1,4 @@
-#include "prepare/InputFile.h"
+#include "prepare/OpenInput.h"
 
 #include "base/Utf8.h"
 

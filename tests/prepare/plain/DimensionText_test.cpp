@@ -1,4 +1,4 @@
-#include "prepare/plain/DimensionValue.h"
+#include "prepare/plain/DimensionText.h"
 
 #include "prepare/plain/DimensionNumbers.h"
 
@@ -169,7 +169,7 @@ TEST(DimensionNumber, AnglesLeaveOutZerosByTheirOwnBits)
     EXPECT_EQ(FormatAngle(std::numbers::pi / 360, Format(0, 2, 3)), ".5°");
 }
 
-TEST(DimensionValue, TheMeasureAlone)
+TEST(DimensionText, TheMeasureAlone)
 {
     EXPECT_EQ(Length(DimensionStyle(), 5.51052354), "5.5105");
     EXPECT_EQ(Length(IsoStyle(), 5.51052354), "5,51");
@@ -177,14 +177,14 @@ TEST(DimensionValue, TheMeasureAlone)
     EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Angle, std::numbers::pi / 2, ""), "90°");
 }
 
-TEST(DimensionValue, RadiiAndDiametersHaveTheirSigns)
+TEST(DimensionText, RadiiAndDiametersHaveTheirSigns)
 {
     EXPECT_EQ(DimensionText(DimensionStyle(), Quantity::Radius, 3.0894, ""), "R3.0894");
     EXPECT_EQ(DimensionText(IsoStyle(), Quantity::Diameter, 6.1788, ""), "%%c6,18");
     EXPECT_EQ(DimensionText(IsoStyle(), Quantity::Ordinate, 53.5753, ""), "53,58");
 }
 
-TEST(DimensionValue, WhatIsWrittenIsInPlaceOfTheMeasure)
+TEST(DimensionText, WhatIsWrittenIsInPlaceOfTheMeasure)
 {
     EXPECT_EQ(Length(IsoStyle(), 12.5, "<>"), "12,5");
     EXPECT_EQ(Length(IsoStyle(), 12.5, "about <> wide"), "about 12,5 wide");
@@ -193,12 +193,12 @@ TEST(DimensionValue, WhatIsWrittenIsInPlaceOfTheMeasure)
     EXPECT_EQ(Length(IsoStyle(), 12.5, "<>\\Xtyp."), "12,5\\Ptyp.");
 }
 
-TEST(DimensionValue, WhatIsWrittenCannotGrowWithoutEnd)
+TEST(DimensionText, WhatIsWrittenCannotGrowWithoutEnd)
 {
     EXPECT_EQ(Length(IsoStyle(), 1, "<><><><><><>"), "1111<><>");
 }
 
-TEST(DimensionValue, FactorAndRounding)
+TEST(DimensionText, FactorAndRounding)
 {
     DimensionStyle style = IsoStyle();
     style.factor = 10;
@@ -207,7 +207,7 @@ TEST(DimensionValue, FactorAndRounding)
     EXPECT_EQ(Length(style, 1.234), "12,5");
 }
 
-TEST(DimensionValue, PrefixAndSuffix)
+TEST(DimensionText, PrefixAndSuffix)
 {
     DimensionStyle style = IsoStyle();
     style.post = "mm";
@@ -220,7 +220,7 @@ TEST(DimensionValue, PrefixAndSuffix)
     EXPECT_EQ(DimensionText(style, Quantity::Radius, 4, ""), "R4 mm");
 }
 
-TEST(DimensionValue, Tolerances)
+TEST(DimensionText, Tolerances)
 {
     DimensionStyle style = IsoStyle();
     style.hasTolerance = 1;
@@ -234,7 +234,7 @@ TEST(DimensionValue, Tolerances)
     EXPECT_EQ(Length(style, 20), "20{\\H0.7x;\\S 0^ -0,25;}");
 }
 
-TEST(DimensionValue, Limits)
+TEST(DimensionText, Limits)
 {
     DimensionStyle style = IsoStyle();
     style.hasLimits = 1;
@@ -243,7 +243,7 @@ TEST(DimensionValue, Limits)
     EXPECT_EQ(Length(style, 20), "\\S20,1^ 19,75;");
 }
 
-TEST(DimensionValue, AlternateUnits)
+TEST(DimensionText, AlternateUnits)
 {
     DimensionStyle style;
     style.decimals = 3;
@@ -257,7 +257,7 @@ TEST(DimensionValue, AlternateUnits)
     EXPECT_EQ(Length(style, 2), "2.000±0.0100 [50.80mm±0.25mm]");
 }
 
-TEST(DimensionValue, AlternateFeetAreInLineByTheirNumber)
+TEST(DimensionText, AlternateFeetAreInLineByTheirNumber)
 {
     DimensionStyle style = IsoStyle();
     style.hasAlternate = 1;
@@ -269,7 +269,7 @@ TEST(DimensionValue, AlternateFeetAreInLineByTheirNumber)
     EXPECT_EQ(Length(style, 393.7), "393,7 [1'-3\\S1/2;\"]");
 }
 
-TEST(DimensionValue, NoNumberIsNoText)
+TEST(DimensionText, NoNumberIsNoText)
 {
     EXPECT_EQ(Length(DimensionStyle(), std::nan("")), "");
     EXPECT_EQ(Length(DimensionStyle(), std::numeric_limits<double>::infinity()), "");

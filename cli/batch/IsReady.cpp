@@ -1,12 +1,9 @@
-#include "cli/batch/OpenJob.h"
+#include "cli/batch/IsReady.h"
 
 #include "cli/files/OlderPicture.h"
-#include "cli/options/Percentage.h"
-#include "cli/report/ShareText.h"
 #include "cli/system/Native.h"
 
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 namespace plexorn {
@@ -37,14 +34,6 @@ bool IsReady(const Source& source, const Job& job, const Options& options, Repor
     if (!whyLeftAlone.empty())
         report.Skipped(job.output, whyLeftAlone);
     return whyLeftAlone.empty();
-}
-
-void TellShare(const Share& share, const Options& options, Report& report)
-{
-    const std::optional<double> least = PercentageOf(options.minDrawn);
-    if (least && share.Percent() < *least)
-        report.Doubtful(ShareText(share) + ", less than " + options.minDrawn + " (--min-drawn)",
-                        ExitCode::Incomplete);
 }
 
 } // namespace plexorn

@@ -1,4 +1,4 @@
-#include "prepare/InputFile.h"
+#include "prepare/OpenInput.h"
 
 #include "input/Readable_posix.h"
 

@@ -1,4 +1,4 @@
-#include "prepare/plain/DimensionValue.h"
+#include "prepare/plain/DimensionText.h"
 
 #include "base/Joined.h"
 #include "base/Pi.h"

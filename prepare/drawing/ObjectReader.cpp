@@ -1,4 +1,4 @@
-#include "prepare/drawing/ReadObjects.h"
+#include "prepare/drawing/ObjectReader.h"
 
 #include "base/Letters.h"
 #include "prepare/drawing/EntityReader.h"

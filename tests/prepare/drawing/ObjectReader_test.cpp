@@ -32,7 +32,7 @@ std::string Filter(const std::string& isOn)
                 {40, "7"}});
 }
 
-TEST(ReadObjects, AFilterIsTheInsertsThatOwnsItsDictionaries)
+TEST(ObjectReader, AFilterIsTheInsertsThatOwnsItsDictionaries)
 {
     const ReadDrawingOf read(Section("OBJECTS", Filter("1") + kFilter));
     EXPECT_EQ(read.drawing.FindFilter(0x1E), nullptr);
@@ -42,7 +42,7 @@ TEST(ReadObjects, AFilterIsTheInsertsThatOwnsItsDictionaries)
     EXPECT_EQ(filter->numbers, (std::vector<double>{0.5, 7}));
 }
 
-TEST(ReadObjects, AFilterThatIsOffOrOwnedByNobodyIsLeftOut)
+TEST(ObjectReader, AFilterThatIsOffOrOwnedByNobodyIsLeftOut)
 {
     EXPECT_TRUE(ReadDrawingOf(Section("OBJECTS", Filter("0") + kFilter)).drawing.filterOfInsert.empty());
     EXPECT_TRUE(ReadDrawingOf(Section("OBJECTS", Filter("1"))).drawing.filterOfInsert.empty());
@@ -59,7 +59,7 @@ const std::string kOrder = Dxf({{0, "SORTENTSTABLE"},
                                 {5, "12"},
                                 {5, "99"}});
 
-TEST(ReadObjects, EntitiesHaveThePlacesOfOthers)
+TEST(ObjectReader, EntitiesHaveThePlacesOfOthers)
 {
     const Drawing& drawing = ReadDrawingOf(Section("OBJECTS", kOrder)).drawing;
     EXPECT_EQ(drawing.placeInOrder, (std::map<Handle, Handle>{{0x10, 0x12}, {0x12, 0x10}}));
@@ -67,7 +67,7 @@ TEST(ReadObjects, EntitiesHaveThePlacesOfOthers)
     EXPECT_EQ(drawing.PlaceOf(0x11), 0x11u);
 }
 
-TEST(ReadObjects, BlocksAreSortedIntoTheirOrder)
+TEST(ObjectReader, BlocksAreSortedIntoTheirOrder)
 {
     const auto entity = [](const char* handle, const char* layer) {
         return Dxf({{0, "LINE"}, {5, handle}, {8, layer}});

@@ -1,4 +1,4 @@
-#include "prepare/plain/Styles.h"
+#include "prepare/plain/StyleResolver.h"
 
 #include <cmath>
 

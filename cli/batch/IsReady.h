@@ -1,7 +1,6 @@
 // What decides whether a drawing of a batch is worked on.
 #pragma once
 
-#include "cli/contents/Share.h"
 #include "cli/files/Jobs.h"
 #include "cli/files/Source.h"
 #include "cli/options/Options.h"
@@ -12,8 +11,5 @@ namespace plexorn {
 // Whether source, which is job's drawing, could be opened and its output should be written; if not, the
 // report says why.
 bool IsReady(const Source& source, const Job& job, const Options& options, Report& report);
-
-// Says that too little of a drawing is shown, if options ask for more.
-void TellShare(const Share& share, const Options& options, Report& report);
 
 } // namespace plexorn

@@ -1,0 +1,18 @@
+#include "cli/batch/TellShare.h"
+
+#include "cli/options/Percentage.h"
+#include "cli/report/ShareText.h"
+
+#include <optional>
+
+namespace plexorn {
+
+void TellShare(const Share& share, const Options& options, Report& report)
+{
+    const std::optional<double> least = PercentageOf(options.minDrawn);
+    if (least && share.Percent() < *least)
+        report.Doubtful(ShareText(share) + ", less than " + options.minDrawn + " (--min-drawn)",
+                        ExitCode::Incomplete);
+}
+
+} // namespace plexorn

@@ -1,0 +1,13 @@
+// What is said of the part of a drawing that is shown.
+#pragma once
+
+#include "cli/contents/Share.h"
+#include "cli/options/Options.h"
+#include "cli/report/Report.h"
+
+namespace plexorn {
+
+// Says that too little of a drawing is shown, if options ask for more.
+void TellShare(const Share& share, const Options& options, Report& report);
+
+} // namespace plexorn
