@@ -16,6 +16,7 @@ namespace {
 // The box of an element, or of a symbol that is drawn small.
 struct Piece {
     float left, top, right, bottom;
+    bool isLittle; // a few elements at most
 
     float Weight() const { return (right - left) + (bottom - top); }
     float CentreX() const { return left / 2 + right / 2; }
@@ -112,7 +113,8 @@ private:
             m_waiting.push_back({target, Product(map, TransformOf(node))});
         else
             m_pieces.push_back({static_cast<float>(box.Low().x), static_cast<float>(box.Low().y),
-                                static_cast<float>(box.High().x), static_cast<float>(box.High().y)});
+                                static_cast<float>(box.High().x), static_cast<float>(box.High().y),
+                                !target || target->rendered <= kStrayElements});
     }
 
     const SvgHostDocument& m_document;
@@ -189,7 +191,8 @@ private:
     bool m_hasExtent = false; // otherwise each piece has the same weight
 };
 
-// The greatest reach of the pieces, except for that of a single one that is small against the others.
+// The greatest reach of the pieces, except for that of a single one that is small against the others and has
+// few elements.
 float ReachWithoutStray(const std::vector<Piece>& pieces, float x, float y)
 {
     const auto reachOf = [&](const Piece& piece) { return piece.Reach(x, y); };
@@ -204,7 +207,7 @@ float ReachWithoutStray(const std::vector<Piece>& pieces, float x, float y)
         others.Add(BoxOf(piece));
         reach = std::max(reach, reachOf(piece));
     }
-    const bool isStray = LongerSide(BoxOf(*farthest)) < LongerSide(others) * kStraySize;
+    const bool isStray = farthest->isLittle && LongerSide(BoxOf(*farthest)) < LongerSide(others) * kStraySize;
     return isStray ? reach : reachOf(*farthest);
 }
 

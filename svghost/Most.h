@@ -3,6 +3,8 @@
 
 #include "svghost/Geometry.h"
 
+#include <cstddef>
+
 struct SvgHostDocument;
 
 namespace svghost {
@@ -11,9 +13,10 @@ namespace svghost {
 // nothing.
 inline constexpr double kMostShare = 0.99;
 
-// A single element whose longer side is less than this share of that of all others is no part of most of the
-// drawing, however few elements there are.
+// A single element, or use of a symbol with few elements, is no part of most of the drawing if its longer
+// side is less than this share of that of all others, however few those are.
 inline constexpr double kStraySize = 0.5;
+inline constexpr std::size_t kStrayElements = 10;
 
 // The box round most of what the laid out document shows, without its strokes. What lies near that box is in
 // it too: so it is the box of everything unless something lies farther off than half its longer side. Takes

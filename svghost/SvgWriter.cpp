@@ -77,6 +77,11 @@ bool IsShared(const Value& dashes)
     return !dashes.dropped && dashes.text.size() > kLongestOwnDashes;
 }
 
+std::string DashClass(std::uint32_t index)
+{
+    return "dashes-" + std::to_string(index);
+}
+
 bool HasGroups(const Container& container)
 {
     for (const Node* node = container.first; node; node = node->next)
@@ -108,14 +113,13 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_background = options.background;
     m_groupsLayers = options.groupsLayers;
-    m_sharesDashes = options.sharesDashPatterns;
     const std::size_t mostBytes = options.mostBytes > 0 ? options.mostBytes : SIZE_MAX;
     m_out.Declare();
     OpenRoot(options);
     if (options.style)
         WriteStyle(options.style);
-    if (m_sharesDashes)
-        WriteDashClasses();
+    if (options.sharesDashPatterns)
+        WriteDashClasses(mostBytes / 4);
     m_mostBytes = mostBytes / 2;
     WriteDefinitions();
     m_mostBytes = mostBytes;
@@ -169,17 +173,24 @@ void SvgWriter::WriteStyle(const char* style)
     m_out.SetText(XmlTextOf(style));
 }
 
-void SvgWriter::WriteDashClasses()
+// What a class has no room for is written by each element, if that has room for it.
+void SvgWriter::WriteDashClasses(std::size_t mostBytes)
 {
     const ValueTable& patterns = m_document.Values(AttributeId::DashArray);
     std::string style;
-    for (std::uint32_t index = 1; index < patterns.Size(); ++index)
-        if (const Value& dashes = patterns.At(index); IsShared(dashes))
-            style.append(".dashes-")
-                .append(std::to_string(index))
-                .append("{stroke-dasharray:")
-                .append(dashes.text)
-                .append("}");
+    for (std::uint32_t index = 1; index < patterns.Size(); ++index) {
+        const Value& dashes = patterns.At(index);
+        if (!IsShared(dashes))
+            continue;
+        if (style.size() + dashes.text.size() > mostBytes)
+            break;
+        style.append(".")
+            .append(DashClass(index))
+            .append("{stroke-dasharray:")
+            .append(dashes.text)
+            .append("}");
+        m_lastDashClass = index;
+    }
     if (!style.empty())
         WriteStyle(style.c_str());
 }
@@ -608,8 +619,8 @@ void SvgWriter::SetDashes(std::uint32_t index)
     const Value& dashes = m_document.ValueOf(AttributeId::DashArray, index);
     if (index == 0 || dashes.dropped)
         return;
-    if (m_sharesDashes && IsShared(dashes))
-        m_out.SetPlain("class", "dashes-", static_cast<double>(index));
+    if (index <= m_lastDashClass && IsShared(dashes))
+        m_out.SetPlain("class", DashClass(index));
     else
         m_out.SetPlain("stroke-dasharray", dashes.text);
     if (dashes.dotted)

@@ -30,7 +30,7 @@ private:
     void SetPixelSize();
     void SetPhysicalSize();
     void WriteStyle(const char* style);
-    void WriteDashClasses();
+    void WriteDashClasses(std::size_t mostBytes);
     void OpenDrawing();
     void WriteDefinitions();
     void WriteSymbol(const Symbol& symbol);
@@ -77,8 +77,8 @@ private:
     XmlStream m_out;
     const char* m_background = nullptr; // null: none
     bool m_groupsLayers = false;
-    bool m_sharesDashes = false;
-    std::size_t m_mostBytes = 0; // that may be written by the end of what is being written
+    std::uint32_t m_lastDashClass = 0; // of the patterns that are written once
+    std::size_t m_mostBytes = 0;       // that may be written by the end of what is being written
     std::size_t m_beyondBytes = 0;
     LayerRun* m_run = nullptr; // of the container that is being written
     double m_scale = 1;        // at which what is being written is shown

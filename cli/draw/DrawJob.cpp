@@ -256,6 +256,16 @@ void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& rep
     outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(findings);
 }
 
+// How many entities are left of those that would be shown if the picture might have any size. Entities are of
+// one or more elements; nobody knows which of them were lost.
+std::uint64_t ShownWithoutBytes(std::uint64_t shown, const SvgHostStatistics& met)
+{
+    if (met.elementsBeyondBytes == 0 || met.drawnElements == 0)
+        return shown;
+    const double lost = static_cast<double>(met.elementsBeyondBytes) / static_cast<double>(met.drawnElements);
+    return static_cast<std::uint64_t>(static_cast<double>(shown) * std::max(0.0, 1 - lost));
+}
+
 // Says what is wrong with a picture that was drawn, and corrects the share by it.
 void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, Outcome& outcome,
                 const Options& options, Report& report)
@@ -273,6 +283,7 @@ void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, Outcom
         met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
     outcome.share.shown -=
         outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
+    outcome.share.shown = ShownWithoutBytes(outcome.share.shown, met);
     // What was counted of the drawing may be more than what was read to be drawn.
     if (!outcome.hole.empty())
         outcome.share.shown = std::min<std::uint64_t>(outcome.share.shown, met.drawnElements);

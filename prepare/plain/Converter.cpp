@@ -207,7 +207,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
-    if (style.lineType != nullptr && style.lineType->hasShapes && IsDashed(entity.type))
+    if (isDrawn && style.lineType != nullptr && style.lineType->hasShapes && IsDashed(entity.type))
         m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
                      "without the texts or shapes of its line type", entity.line);
     ReportCoarse(entity, coarseBefore);

@@ -40,29 +40,39 @@ bool MatchesPattern(std::string_view name, std::string_view pattern)
                        [](char c) { return c == '*'; });
 }
 
-bool LayerChoice::Shows(NameId layer)
+std::string_view LayerChoice::NameOf(NameId layer) const
+{
+    return layer == kNoName ? "0" : m_drawing.names.Text(layer);
+}
+
+std::optional<HiddenLayer> LayerChoice::WhyHidden(NameId layer)
 {
     if (layer >= m_answers.size())
-        m_answers.resize(std::max<std::size_t>(layer + 1, m_drawing.names.Count()), Answer::Unknown);
+        m_answers.resize(std::max<std::size_t>(layer + 1, m_drawing.names.Count()));
     Answer& answer = m_answers[layer];
-    if (answer == Answer::Unknown)
-        answer = WhyHidden(layer) ? Answer::Hidden : Answer::Shown;
-    return answer == Answer::Shown;
+    if (!answer.isKnown)
+        answer = {true, Decide(layer)};
+    return answer.hidden;
+}
+
+// Whether the layer is asked for by name. Such layers are shown whatever their state.
+bool LayerChoice::IsWanted(NameId layer) const
+{
+    return MatchesAny(NameOf(layer), m_options.onlyLayers);
 }
 
 bool LayerChoice::IsFrozen(NameId layer) const
 {
     const Layer* const found = m_drawing.FindLayer(layer);
-    return !m_options.showsAllLayers &&
-           ((found != nullptr && (found->flags & kFrozen) != 0) || IsFrozenBesides(layer));
+    const bool isFrozen = (found != nullptr && (found->flags & kFrozen) != 0) || IsFrozenBesides(layer);
+    return isFrozen && !m_options.showsAllLayers && !IsWanted(layer);
 }
 
-// Layers that are asked for by name are shown whatever their state. DEFPOINTS holds the points that
-// dimensions are made from: it is never plotted.
-std::optional<HiddenLayer> LayerChoice::WhyHidden(NameId layer) const
+// DEFPOINTS holds the points that dimensions are made from: it is never plotted.
+std::optional<HiddenLayer> LayerChoice::Decide(NameId layer) const
 {
-    const std::string_view name = layer == kNoName ? "0" : m_drawing.names.Text(layer);
-    const bool isChosen = m_options.onlyLayers.empty() || MatchesAny(name, m_options.onlyLayers);
+    const std::string_view name = NameOf(layer);
+    const bool isChosen = m_options.onlyLayers.empty() || IsWanted(layer);
     if (!isChosen || MatchesAny(name, m_options.withoutLayers))
         return HiddenLayer::NotChosen;
     if (!m_options.onlyLayers.empty() || m_options.showsAllLayers)

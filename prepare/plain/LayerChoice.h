@@ -27,20 +27,26 @@ public:
     }
 
     // Whether what is on that layer is shown. A layer without a name is layer 0.
-    bool Shows(NameId layer);
+    bool Shows(NameId layer) { return !WhyHidden(layer); }
     // Why it is not shown; nothing if it is.
-    std::optional<HiddenLayer> WhyHidden(NameId layer) const;
+    std::optional<HiddenLayer> WhyHidden(NameId layer);
 
     // Whether the layer is frozen: an insert on it shows nothing, whatever the layers in its block.
     bool IsFrozen(NameId layer) const;
 
 private:
+    std::optional<HiddenLayer> Decide(NameId layer) const;
+    bool IsWanted(NameId layer) const;
+    std::string_view NameOf(NameId layer) const;
     bool IsFrozenBesides(NameId layer) const { return m_frozen != nullptr && m_frozen->contains(layer); }
 
     const Drawing& m_drawing;
     const Options& m_options;
     const std::set<NameId>* m_frozen;
-    enum class Answer : std::uint8_t { Unknown, Shown, Hidden };
+    struct Answer {
+        bool isKnown = false;
+        std::optional<HiddenLayer> hidden;
+    };
     std::vector<Answer> m_answers; // by name
 };
 

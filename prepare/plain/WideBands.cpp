@@ -10,9 +10,6 @@ namespace prepare {
 
 namespace {
 
-// Each new band of an area is compared with at most this many earlier ones.
-constexpr std::size_t kMostBands = 64;
-
 Point2 Direction(Point2 from, Point2 to)
 {
     return (1 / Length(to - from)) * (to - from);

@@ -13,7 +13,8 @@ inline constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e
 // enough to be rounded.
 inline constexpr double kMostScaled = 9e15;
 
-// 10 to that power, as exactly as a double can say it; powers of -300 to 300.
+// 10 to that power: the nearest double for powers of -22 to 22, and within two units of the last place for
+// others of -300 to 300.
 inline double PowerOfTen(int power)
 {
     double result = 1;

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <map>
+#include <sstream>
 #include <string>
 
 using namespace svghost_tests;
@@ -21,6 +23,16 @@ std::size_t CountOf(const pugi::xml_node& parent, const char* element)
 {
     const auto children = parent.children(element);
     return static_cast<std::size_t>(std::distance(children.begin(), children.end()));
+}
+
+// The classes that the style sheet has, by their patterns.
+std::map<std::string, std::string> DashClasses(const ParsedSvg& svg)
+{
+    std::map<std::string, std::string> classes;
+    std::istringstream style(svg.Root().child("style").child_value());
+    for (std::string rule; std::getline(style, rule, '}');)
+        classes[rule.substr(1, rule.find('{') - 1)] = rule.substr(rule.find(':') + 1);
+    return classes;
 }
 
 std::wstring DashPattern(std::size_t numbers)
@@ -178,4 +190,44 @@ TEST(Bytes, LongDashPatternsAreWrittenOnce)
     }
     EXPECT_TRUE(shared.First("circle").attribute("stroke-dasharray"));
     EXPECT_FALSE(shared.First("circle").attribute("class"));
+}
+
+TEST(Bytes, ClassesOfDashPatternsAreNamedInFull)
+{
+    const HostDocument document;
+    for (int i = 1; i < 100'000; ++i)
+        document.Set(document.Line(0, 0, 1, 1), L"stroke-dasharray", std::to_wstring(i).c_str());
+    const std::wstring pattern = DashPattern(40);
+    document.Set(document.Circle(1, 0, 0), L"stroke-dasharray", pattern.c_str());
+    SvgHostWriteOptions options = {};
+    options.sharesDashPatterns = true;
+    const ParsedSvg shared(document.Write(options));
+    const std::map<std::string, std::string> classes = DashClasses(shared);
+    EXPECT_EQ(classes.at("dashes-100000"), std::string(pattern.begin(), pattern.end()));
+    EXPECT_STREQ(shared.First("circle").attribute("class").value(), "dashes-100000");
+}
+
+TEST(Bytes, ClassesOfDashPatternsKeepRoomForTheElements)
+{
+    const HostDocument document;
+    for (int i = 0; i < 1000; ++i) {
+        const std::wstring pattern = std::to_wstring(i) + L" " + DashPattern(40);
+        document.Set(document.Line(0, 0, 1, 1), L"stroke-dasharray", pattern.c_str());
+    }
+    SvgHostWriteOptions options = {};
+    options.sharesDashPatterns = true;
+    options.mostBytes = 200'000;
+    const std::string written = document.Write(options);
+    EXPECT_LE(written.size(), options.mostBytes);
+    const ParsedSvg shared(written);
+    const std::map<std::string, std::string> classes = DashClasses(shared);
+    EXPECT_FALSE(classes.empty());
+    EXPECT_LT(classes.size(), 1000u);
+    std::size_t inFull = 0;
+    for (const pugi::xml_node line : shared.Drawing().children("line"))
+        if (line.attribute("class"))
+            EXPECT_TRUE(classes.contains(line.attribute("class").value()));
+        else
+            inFull += line.attribute("stroke-dasharray") != nullptr;
+    EXPECT_GT(inFull, 0u);
 }

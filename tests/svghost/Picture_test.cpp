@@ -347,6 +347,22 @@ TEST(Most, LeavesOutOneOfFewElements)
     }
 }
 
+TEST(Most, KeepsASymbolOfManyElementsFarAway)
+{
+    for (const int elements : {5, 50}) {
+        HostDocument document;
+        for (const auto& [name, size] : {std::pair{L"A", 100.0F}, {L"B", 49.0F}}) {
+            document.Begin(name);
+            for (int i = 0; i < elements; ++i)
+                document.Line(0, 0, size, size / static_cast<float>(i + 1));
+            document.End();
+        }
+        document.Use(L"A", 0, 0);
+        document.Use(L"B", 1000, 0);
+        EXPECT_EQ(PictureWith(document, ShowingMost()).isCropped, elements == 5) << elements;
+    }
+}
+
 TEST(Most, KeepsTwoDrawingsFarApart)
 {
     HostDocument document;

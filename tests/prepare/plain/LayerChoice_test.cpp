@@ -53,6 +53,27 @@ TEST_F(LayerChoices, EachHiddenLayerHasItsReason)
     EXPECT_EQ(LayerChoice(drawing, options, &frozen).WhyHidden(on), HiddenLayer::OffOrFrozen);
 }
 
+TEST_F(LayerChoices, AFrozenLayerThatIsAskedForShowsItsInserts)
+{
+    const NameId frozen = AddLayer("frozen", 7, 1), other = AddLayer("other", 7, 1);
+    options.onlyLayers = {"fro*"};
+    const LayerChoice layers(drawing, options);
+    EXPECT_FALSE(layers.IsFrozen(frozen));
+    EXPECT_TRUE(layers.IsFrozen(other));
+}
+
+TEST_F(LayerChoices, ReasonsAreRemembered)
+{
+    const NameId off = AddLayer("off", -7, 0), on = AddLayer("on", 7, 0);
+    LayerChoice layers(drawing, options);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(layers.WhyHidden(off), HiddenLayer::OffOrFrozen);
+        EXPECT_EQ(layers.WhyHidden(on), std::nullopt);
+    }
+    drawing.layers[off].colour = 7;
+    EXPECT_EQ(layers.WhyHidden(off), HiddenLayer::OffOrFrozen);
+}
+
 TEST_F(LayerChoices, ALayerThatNoTableHasIsShown)
 {
     EXPECT_TRUE(Shows(drawing.names.Of("made up")));
