@@ -88,7 +88,7 @@ void Report::Finding(std::string_view text, std::uint64_t line, std::uint64_t co
         return;
     if (!ListsMessages())
         return m_groups.AddGroup({DigitsOf(line), std::string(text), static_cast<std::size_t>(count)});
-    AddFinding(text, line, count);
+    AddFinding(Shortened(text), line, count);
     EndListed(static_cast<std::size_t>(count));
 }
 

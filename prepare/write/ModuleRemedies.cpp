@@ -40,13 +40,12 @@ std::vector<double> Alternating(const std::vector<double>& dashes, double scale,
 }
 
 // Cuts a pattern to what a host can be asked to draw, at a gap.
-void Limit(std::vector<double>& pattern)
+void Limit(std::vector<double>& pattern, std::size_t mostLengths)
 {
-    constexpr std::size_t kMostLengths = 50;
     constexpr std::size_t kMostCharacters = 500; // hosts draw longer ones as solid lines
     std::size_t characters = 0;
     std::size_t count = 0;
-    while (count + 1 < std::min(pattern.size(), kMostLengths + 1)) {
+    while (count + 1 < std::min(pattern.size(), mostLengths)) {
         characters += RoomForFixed6(pattern[count]) + RoomForFixed6(pattern[count + 1]) + 2;
         if (characters > kMostCharacters)
             break;
@@ -81,13 +80,14 @@ std::int32_t WeightForModule(double width)
     return hundredths < kMost ? static_cast<std::int32_t>(hundredths) : kMost;
 }
 
-std::vector<double> DashesForModule(const LineType& lineType, double scale, double width)
+std::vector<double> DashesForModule(const LineType& lineType, double scale, double width,
+                                    std::size_t mostLengths)
 {
     constexpr double kFarShorter = 4; // a pattern so much shorter than the stroke is wide only blurs
     if (!std::isfinite(scale) || !(scale > 0))
         return {};
     std::vector<double> pattern = Alternating(lineType.dashes, scale, width);
-    Limit(pattern);
+    Limit(pattern, mostLengths);
     double dashes = 0, gaps = 0;
     for (std::size_t i = 0; i < pattern.size(); ++i)
         (i % 2 == 0 ? dashes : gaps) += pattern[i];

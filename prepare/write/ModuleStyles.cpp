@@ -9,6 +9,10 @@ namespace prepare {
 
 namespace {
 
+// A drawing can have a pattern for each few bytes: of one that has more lengths than this in all of its
+// patterns, the others become short.
+constexpr std::size_t kMostLengths = 200'000, kLengthsOfOthers = 10;
+
 void WriteLineType(PairWriter& pairs, std::string_view name, const std::vector<double>& pattern)
 {
     constexpr int kDigitsOfDashes = 9;
@@ -50,13 +54,16 @@ std::string ModuleStyles::LineTypeOf(const Style& style, double width)
 {
     if (style.lineType == nullptr || style.lineType->dashes.empty())
         return {};
-    std::vector<double> pattern = DashesForModule(*style.lineType, m_factor * style.lineTypeScale, width);
+    const std::size_t most = m_lengths < kMostLengths ? kMostDashes : kLengthsOfOthers;
+    std::vector<double> pattern =
+        DashesForModule(*style.lineType, m_factor * style.lineTypeScale, width, most);
     if (pattern.empty())
         return {};
     const auto [place, isNew] = m_names.try_emplace(std::move(pattern));
     if (isNew) {
         place->second = Numbered("D", m_names.size());
         m_patterns.push_back(&place->first);
+        m_lengths += place->first.size();
     }
     return place->second;
 }

@@ -4,6 +4,7 @@
 #include "prepare/write/PairWriter.h"
 #include "prepare/write/StyleTable.h"
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ private:
     std::vector<std::string> m_letters;
     std::map<std::vector<double>, std::string> m_names; // of line types, by their patterns
     std::vector<const std::vector<double>*> m_patterns; // in the order of their names
+    std::size_t m_lengths = 0;                          // in all of them
     double m_factor;
     PairForm m_form;
 };

@@ -59,7 +59,8 @@ TOLD = {
 PATTERNS = ("splines", "spline-of-fit-points", "spline-of-one-span", "bulges", "tapered-bulges", "arrays",
             "blocks-that-double", "polyline-of-any-scale", "hatch-of-any-scale", "clipped-inserts",
             "viewports-over-circles", "viewports-over-polyline", "viewports-along-bulges", "viewports-along-arrays",
-            "multiline-of-many-elements", "tolerances", "dimensions-of-their-values", "line-type-of-many-dashes")
+            "multiline-of-many-elements", "tolerances", "dimensions-of-their-values", "line-type-of-many-dashes",
+            "dashes-of-any-scale")
 
 
 def options(name):

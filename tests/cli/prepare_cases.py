@@ -104,6 +104,15 @@ class Prepare(PrepareTest):
         said = self.expect(2, "prepare", "in/a.dxf", "in/deep/b.DXF", "-o", "one.dxf")
         self.assertIn("several drawings need a folder for their prepared drawings", said)
 
+    def test_long_words_of_the_drawing_are_cut_in_each_finding(self):
+        self.write("plan.dxf", entities(*LINE, *("0", "X" * 3000, "8", "0") * 3))
+        for options in (["--verbose"], ["--messages=json"]):
+            said = self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf", *options).splitlines()[:-1]
+            self.assertEqual(len(said), 3)
+            for line in said:
+                self.assertIn("X" * 240 + "…", line)
+                self.assertLess(len(line), 400)
+
     def test_the_drawing_itself_and_other_drawings_are_not_written_over(self):
         for name in ("a.dxf", "b.dxf"):
             self.write(name)

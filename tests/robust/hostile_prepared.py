@@ -267,6 +267,13 @@ def line_type_of_many_dashes(size):
                     section("TABLES", line_type))
 
 
+def dashes_of_any_scale(size):
+    line_type = pairs((0, "TABLE"), (2, "LTYPE"), (0, "LTYPE"), (2, "A"),
+                      *((49, -1.234567 if i % 2 else 1.234567) for i in range(50)), (0, "ENDTAB"))
+    return entities(numbered(lambda i: pairs((0, "LINE"), (6, "A"), (48, 100 + i), (10, 99999)), size),
+                    section("TABLES", line_type))
+
+
 def points(size):
     return entities(filled(pairs((0, "POINT"), (10, 1), (20, 2)), size),
                     section("HEADER", pairs((9, "$PDMODE"), (70, 99), (9, "$PDSIZE"), (40, 10))))
@@ -319,6 +326,7 @@ PATTERNS = {
     "dimensions": dimensions,
     "tables": tables,
     "line-type-of-many-dashes": line_type_of_many_dashes,
+    "dashes-of-any-scale": dashes_of_any_scale,
     "points": points,
 }
 

@@ -25,6 +25,16 @@ Colour True(std::uint32_t rgb)
     return {true, rgb, 7};
 }
 
+TEST(ModuleRemedies, PatternsEndWithAGapWithinTheirLimit)
+{
+    LineType lineType;
+    for (int i = 0; i < 60; ++i)
+        lineType.dashes.push_back(i % 2 == 0 ? 1 : -1);
+    EXPECT_EQ(DashesForModule(lineType, 1, 0.5).size(), 50U);
+    EXPECT_EQ(DashesForModule(lineType, 1, 0.5, 10).size(), 10U);
+    EXPECT_EQ(DashesForModule(lineType, 1, 0.5, 9).size(), 8U);
+}
+
 TEST(ModuleRemedies, RedAndBlueAreExchangedAndBlackIsIndexSeven)
 {
     EXPECT_EQ(ColourForModule(True(0xFF8001)), (CodeAndValue{420, 0x0180FF}));
