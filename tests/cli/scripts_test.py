@@ -121,6 +121,68 @@ class Import(unittest.TestCase):
             self.assertEqual(sorted(os.listdir(folder)), ["-p.svg", "a plan.DXF", "a plan.svg"])
 
 
+class Package(unittest.TestCase):
+    """scripts/package with a CMake that only notes what it is asked for, and a cpack that packs nothing."""
+
+    TOOLS = {
+        "scripts/setup": "true",
+        "tools/cmake": """
+            echo "$*" >>"$NOTES"
+            [[ $1 != --build ]] || exit 0
+            folder=$1
+            [[ $1 != --preset ]] || folder=$4
+            mkdir -p "$folder"
+            touch "$folder/build.ninja"
+            echo "PLEXORN_HAS_STATIC_RUNTIME:INTERNAL=$RUNTIME" >"$folder/CMakeCache.txt"
+            """,
+        "tools/cpack": 'touch "$2/plexorn-1.tar.gz"',
+    }
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="plexorn-package-")
+        self.addCleanup(folder.cleanup)
+        self.root = os.path.realpath(folder.name)
+        shutil.copytree(os.path.join(ROOT, "scripts"), self.path("scripts"))
+        os.mkdir(self.path("tools"))
+        for name, text in self.TOOLS.items():
+            with open(self.path(name), "w", encoding="ascii") as file:
+                file.write("#!/usr/bin/env bash\n" + textwrap.dedent(text) + "\n")
+            os.chmod(self.path(name), 0o755)
+
+    def path(self, name):
+        return os.path.join(self.root, name)
+
+    def package(self, system, runtime):
+        tools = self.path("tools") + os.pathsep + os.environ["PATH"]
+        result = subprocess.run([self.path("scripts/package"), system], capture_output=True, text=True,
+                                env={**os.environ, "PATH": tools, "NOTES": self.path("notes"), "RUNTIME": runtime})
+        with open(self.path("notes"), encoding="utf-8") as file:
+            return result, file.read().replace(self.root + "/", "").splitlines()
+
+    def test_windows_is_built_apart_from_the_tests(self):
+        result, asked = self.package("windows", "")
+        self.assertEqual((result.returncode, result.stderr), (0, "Building the preset windows\n"))
+        folder = "build/package-windows"
+        self.assertEqual(asked[0], f"--preset windows -B {folder} -DPLEXORN_TESTS=OFF -DPLEXORN_BENCH=OFF")
+        self.assertEqual(asked[1], f"{folder} -UPLEXORN_HAS_STATIC_RUNTIME -DPLEXORN_UNITY=OFF")
+        self.assertTrue(asked[2].startswith(f"--build {folder} "), asked)
+
+    def test_linux_is_built_with_the_static_runtime(self):
+        result, asked = self.package("linux", "1")
+        self.assertEqual((result.returncode, result.stderr), (0, "Building the preset release\n"))
+        self.assertTrue(asked[-1].startswith("--build build/release "), asked)
+        self.assertTrue(os.path.exists(self.path("build/packages/plexorn-1.tar.gz")))
+
+    def test_nothing_is_made_without_the_static_runtime(self):
+        result, asked = self.package("linux", "")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr.splitlines()[1:],
+                         ["package: what is built would need the shared C++ runtime: there is no static one, or "
+                          "PLEXORN_STATIC_RUNTIME is off"])
+        self.assertFalse(any(line.startswith("--build") for line in asked), asked)
+        self.assertEqual(os.listdir(self.path("build/packages")), [])
+
+
 class Setup(unittest.TestCase):
     """scripts/setup with a package system that only notes what it is asked for."""
 

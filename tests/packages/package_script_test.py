@@ -8,7 +8,18 @@ import unittest
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
 
+RELEASE = os.path.join(ROOT, "build", "release")
+
+
+def compile_several_sources_at_a_time(choice):
+    subprocess.run(["cmake", RELEASE, f"-DPLEXORN_UNITY={choice}"], check=True, capture_output=True)
+
+
 class PackageScript(unittest.TestCase):
+    def setUp(self):
+        compile_several_sources_at_a_time("ON")
+        self.addCleanup(compile_several_sources_at_a_time, "OFF")
+
     def test_what_it_prints_is_what_it_made(self):
         with tempfile.TemporaryDirectory(prefix="plexorn-packages-") as folder:
             older = os.path.join(folder, "plexorn-0.0.0-linux-x86_64.tar.gz")
@@ -16,8 +27,8 @@ class PackageScript(unittest.TestCase):
             result = subprocess.run([os.path.join(ROOT, "scripts", "package"), "-o", folder, "linux"],
                                     capture_output=True, text=True)
             self.assertEqual(result.returncode, 0, result.stderr)
-            with open(os.path.join(ROOT, "build", "release", "CMakeCache.txt"), encoding="utf-8") as file:
-                self.assertIn("PLEXORN_UNITY:BOOL=OFF\n", file.read())  # each source by itself, as the tests have it
+            with open(os.path.join(RELEASE, "CMakeCache.txt"), encoding="utf-8") as file:
+                self.assertIn("PLEXORN_UNITY:BOOL=OFF\n", file.read())  # each source by itself
             names = [name for name in sorted(os.listdir(folder)) if name != "SHA256SUMS"]
             self.assertEqual(len(names), 5)
             self.assertFalse(os.path.exists(older))
