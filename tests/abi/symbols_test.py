@@ -285,7 +285,6 @@ class Checker(unittest.TestCase):
                                                                      "                 U CDxfRead::Other()"]}, upward),
                          ["reader uses CDxfRead::Other() of entities: goes against the arrows"])
 
-
     def test_another_function_of_the_same_name_is_no_exception(self):
         upward = {("reader", "entities"): {"CDxfRead::Read(std::vector<std::vector<int>>)"}}
         objects = {"src/entities/A.cpp": ["0000000000000010 T CDxfRead::Read(std::vector<std::vector<int> >)",

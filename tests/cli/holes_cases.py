@@ -209,14 +209,17 @@ class ShortMemoryOfSeveral(Holes):
         self.assertIn(5, codes)
 
     def test_each_has_its_object(self):
+        codes = set()
         for kilobytes in range(10_000, 20_000, 1_000):
             with self.subTest(kilobytes=kilobytes):
                 result = self.run_limited(kilobytes, "--messages=json")
                 if result.returncode in (3, 127):
                     continue
+                codes.add(result.returncode)
                 found = [json.loads(line) for line in result.stderr.splitlines()]
                 self.assertEqual([entry.get("file") for entry in found], [*self.DRAWINGS, None])
                 self.assertEqual(found[-1]["drawn"] + found[-1]["failed"], 3)
+        self.assertIn(5, codes)
 
 
 class ShortMemoryElsewhere(Holes):

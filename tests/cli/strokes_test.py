@@ -35,8 +35,15 @@ class Picture:
 
     def longest(self):
         """The longer side in millimetres; 0 in pixels."""
-        sides = [self.root.get(side) for side in ("width", "height")]
-        return max(float(side[:-2]) if side.endswith("mm") else 0 * float(side) for side in sides)
+        return max(self.millimetres(self.root.get(side)) for side in ("width", "height"))
+
+    @staticmethod
+    def millimetres(side):
+        """0 of a plain number, which is in pixels. Any other unit is an error."""
+        if side.endswith("mm"):
+            return float(side[:-2])
+        float(side)
+        return 0
 
     def median(self):
         """The median width of the strokes that are shown, in pixels of the screen; None without a stroke."""

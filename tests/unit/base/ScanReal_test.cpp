@@ -40,6 +40,15 @@ Scanned Scan(const std::string& text)
     return narrow;
 }
 
+// At least so many digits, and at most 13 more.
+std::string SomeDigits(std::mt19937& random, std::size_t least)
+{
+    std::string digits;
+    for (std::size_t left = random() % 14 + least; left != 0; --left)
+        digits += static_cast<char>('0' + random() % 10);
+    return digits;
+}
+
 } // namespace
 
 TEST(ScanReal, EndsWhereTheNumberEnds)
@@ -74,11 +83,8 @@ TEST(ScanReal, IsTheNearestDoubleWhateverTheLength)
     std::mt19937 random(1);
     for (int i = 0; i < 20'000; ++i) {
         std::string text = random() % 2 == 0 ? "-" : "";
-        for (std::size_t digits = random() % 14 + 1; digits != 0; --digits)
-            text += static_cast<char>('0' + random() % 10);
-        text += '.';
-        for (std::size_t digits = random() % 14; digits != 0; --digits)
-            text += static_cast<char>('0' + random() % 10);
+        text += SomeDigits(random, 1) + ".";
+        text += SomeDigits(random, 0);
         EXPECT_EQ(Scan(text).value, std::strtod(text.c_str(), nullptr)) << text;
     }
 }
