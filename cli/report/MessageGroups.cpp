@@ -11,8 +11,6 @@ namespace plexorn {
 
 namespace {
 
-constexpr std::string_view kEllipsis = "…";
-
 // Where a message of that kind quotes a value of the file; past its end when it quotes none. Names, such as
 // those of entity types and subclasses, are not values: each makes a message of its own.
 std::size_t BeginOfValue(int kind, std::string_view text)

@@ -11,7 +11,7 @@ std::string Shortened(std::string_view text)
     constexpr std::size_t kMostBytes = 240;
     if (text.size() <= kMostBytes)
         return std::string(text);
-    return std::string(StartOfUtf8(text, kMostBytes)).append("…");
+    return std::string(StartOfUtf8(text, kMostBytes)).append(kEllipsis);
 }
 
 } // namespace plexorn

@@ -6,6 +6,9 @@
 
 namespace plexorn {
 
+// What is in place of words that are left out.
+inline constexpr std::string_view kEllipsis = "…";
+
 // A UTF-8 text, or its first 240 bytes and an ellipsis if it is longer: a hostile drawing has a long word in
 // each of many thousand messages.
 std::string Shortened(std::string_view text);

@@ -5,6 +5,7 @@
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/MayRunRound.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,18 +69,12 @@ bool IsDashed(EntityType type)
 {
     switch (type) {
     case EntityType::Line:
-    case EntityType::Arc:
-    case EntityType::Circle:
-    case EntityType::Ellipse:
-    case EntityType::LwPolyline:
-    case EntityType::Polyline:
-    case EntityType::Spline:
     case EntityType::Ray:
     case EntityType::XLine:
     case EntityType::Leader:
         return true;
     default:
-        return false;
+        return MayRunRound(type);
     }
 }
 

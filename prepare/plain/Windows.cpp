@@ -2,6 +2,7 @@
 
 #include "prepare/plain/Converter.h"
 #include "prepare/plain/Curves.h"
+#include "prepare/plain/MayRunRound.h"
 #include "prepare/plain/OutlineOutput.h"
 
 #include <algorithm>
@@ -52,22 +53,6 @@ std::vector<Point2> RectangleOf(const Viewport& viewport, const Matrix& matrix)
 bool AreFinite(const std::vector<Point2>& points)
 {
     return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
-}
-
-// Blocks are no outlines: they may unfold to anything.
-bool RunsRound(const Entity& entity)
-{
-    switch (entity.type) {
-    case EntityType::Arc:
-    case EntityType::Circle:
-    case EntityType::Ellipse:
-    case EntityType::LwPolyline:
-    case EntityType::Polyline:
-    case EntityType::Spline:
-        return true;
-    default:
-        return false;
-    }
 }
 
 double LongerSideOf(const std::vector<Point2>& points)
@@ -153,7 +138,8 @@ OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, const C
 void OutlineReader::Take(const Entity& entity)
 {
     const auto wanted = m_wanted.find(entity.handle);
-    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !RunsRound(entity))
+    // Blocks are no outlines: they may unfold to anything.
+    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !MayRunRound(entity.type))
         return;
     std::vector<Point2> outline = OutlineOf(entity, LongerSideOf(wanted->second->outline));
     if (outline.size() < 3 || !AreFinite(outline))
