@@ -54,9 +54,12 @@ bool HoldsOtherFile(const std::string& output)
     std::string head(kMarkedSize, '\0');
     head.resize(std::fread(head.data(), 1, head.size(), file.get()));
     const std::string mark = std::string(" data-generator=\"") + kGenerator + "\"";
-    // Texts of other pictures may have it, too.
-    head.resize(std::min(head.find('>', std::min(head.find("<svg"), head.size())), head.size()));
-    return !head.empty() && !head.starts_with(kDrawingMark) && head.find(mark) == std::string::npos;
+    if (head.empty() || head.starts_with(kDrawingMark))
+        return false;
+    // Texts of other pictures, and of other files, may have the mark, too.
+    const std::size_t root = head.find("<svg");
+    return root == std::string::npos ||
+           head.substr(root, head.find('>', root) - root).find(mark) == std::string::npos;
 }
 
 } // namespace plexorn

@@ -90,8 +90,11 @@ class ReplacedPictures(Manners):
 
     def test_the_mark_is_in_the_first_tag(self):
         self.write("plan.dxf")
-        self.write("plan.svg", b'<svg xmlns="http://www.w3.org/2000/svg"><g data-generator="plexorn"/></svg>')
-        self.assertIn(self.WORDS, self.expect(0, "plan.dxf"))
+        mark = b'<g data-generator="plexorn"/>'
+        for content in (b'<svg xmlns="http://www.w3.org/2000/svg">' + mark + b"</svg>", b"<html>" + mark, mark + b"<svg/>"):
+            with self.subTest(content=content):
+                self.write("plan.svg", content)
+                self.assertIn(self.WORDS, self.expect(0, "plan.dxf"))
 
     def test_another_drawing_is_replaced_by_a_prepared_one_with_a_word(self):
         self.write("plan.dxf")
