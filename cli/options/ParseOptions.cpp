@@ -22,7 +22,7 @@ void AddOption(CLI::App& app, const OptionRow& row, Options& options)
     const std::string names(row.names);
     const std::string help(row.help);
     if (const auto* flag = std::get_if<bool Options::*>(&row.target)) {
-        app.add_flag(names, options.*(*flag), help);
+        app.add_flag(names, options.*(*flag), help)->disable_flag_override();
         return;
     }
     CLI::Option* option = nullptr;
@@ -59,16 +59,17 @@ std::string_view WordOf(const CommandRow& command)
     return blank == std::string_view::npos ? std::string_view() : name.substr(blank + 1);
 }
 
-// The command whose word comes after an option, where it is taken for a drawing's name; null for none.
+// The command whose word comes after an option or a drawing, where it is taken for a drawing's name; null for
+// none.
 const CommandRow* MisplacedCommand(const Options& options)
 {
-    if (options.task != Task::Draw || options.inputs.empty())
+    if (options.task != Task::Draw)
         return nullptr;
-    const std::string& word = options.inputs[0];
     std::error_code ignored;
-    for (const CommandRow& command : Commands())
-        if (word == WordOf(command) && !std::filesystem::exists(word, ignored))
-            return &command;
+    for (const CommandRow& command : Commands().subspan(1))
+        for (const std::string& input : options.inputs)
+            if (input == WordOf(command) && !std::filesystem::exists(input, ignored))
+                return &command;
     return nullptr;
 }
 
@@ -98,6 +99,14 @@ std::string ExtraText(const CommandRow& command, const std::string& error,
         if (const std::string meant = SuggestedOption(command, extra); !meant.empty())
             return std::string(error).append("\nDid you mean ").append(meant).append("?");
     return error;
+}
+
+// What the parser says of --strict=yes, in the words of the rest.
+std::string MismatchText(const std::string& error)
+{
+    constexpr std::string_view kOverride = " was given a disallowed flag override";
+    const std::size_t end = error.find(kOverride);
+    return end == std::string::npos ? error : "--" + error.substr(0, end) + " takes no value";
 }
 
 // Why the first word is wrong: the name of a command that is written wrongly is taken for a drawing.
@@ -135,7 +144,7 @@ std::string WhyWrong(const Options& options)
         return "Say with -o where the prepared drawing goes";
     if (const CommandRow* const command = MisplacedCommand(options))
         return std::string(WordOf(*command))
-            .append(" comes first, before its options: ")
+            .append(" comes first, before options and drawings: ")
             .append(command->name)
             .append(" [OPTIONS] FILE...");
     return WhyNoDrawing(options);
@@ -159,6 +168,8 @@ std::variant<Options, ExitCode> Parse(const CommandRow& command, std::vector<std
         app.parse(std::move(arguments));
     } catch (const CLI::ExtrasError& error) {
         return WrongUsage(ExtraText(command, error.what(), app.remaining()));
+    } catch (const CLI::ArgumentMismatch& error) {
+        return WrongUsage(MismatchText(error.what()));
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Printed() : ExitCode::Usage;
     }

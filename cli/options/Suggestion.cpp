@@ -1,5 +1,7 @@
 #include "cli/options/Suggestion.h"
 
+#include "base/Letters.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -65,16 +67,21 @@ std::size_t EditDistance(std::string_view a, std::string_view b)
 
 std::string SuggestedOption(const CommandRow& command, std::string_view argument)
 {
-    const std::string_view name = argument.substr(0, argument.find('='));
-    if (!name.starts_with("--"))
+    const std::string_view written = argument.substr(0, argument.find('='));
+    if (!written.starts_with('-') || written.size() == 1)
         return "";
+    if (written == "-v" || written == "-V")
+        return written == "-v" ? "--verbose" : "--version";
+    const std::string name = std::string(written.starts_with("--") ? 0 : 1, '-').append(written);
+    if (FindOption(command, name))
+        return name;
     for (const CommandRow& other : Commands())
         if (other.task != command.task && FindOption(other, name))
             return std::string(other.name).append(" ").append(name);
     if (const OptionRow* const only = OnlyOneThatBegins(command, name))
         return std::string(LongName(*only));
     std::string_view nearest;
-    std::size_t least = MostDistance(name.substr(2)) + 1;
+    std::size_t least = MostDistance(std::string_view(name).substr(2)) + 1;
     for (const OptionRow& row : command.options) {
         const std::size_t distance = EditDistance(name, LongName(row));
         if (distance < least) {
@@ -92,8 +99,9 @@ std::string SuggestedCommand(std::string_view word)
                                                                         {"help", "plexorn --help"},
                                                                         {"version", "plexorn --version"}};
     constexpr std::size_t kLeastOfBegin = 3;
+    const std::string small = InSmallLetters(word);
     for (const auto& [name, meant] : kMeant)
-        if (EditDistance(word, name) <= 1 || (word.size() >= kLeastOfBegin && name.starts_with(word)))
+        if (EditDistance(small, name) <= 1 || (small.size() >= kLeastOfBegin && name.starts_with(small)))
             return std::string(meant);
     return "";
 }

@@ -152,12 +152,20 @@ class Meant(Manners):
         for wrong, meant in (("--backgroun=red", "--background"), ("--pape", "--paper"), ("--strcit", "--strict"),
                              ("--hairlines", "--hairline"), ("--max-message", "--max-messages"),
                              ("--json", "plexorn info --json"), ("--recursiv", "--recursive"), ("--out", "--output"),
-                             ("--red", "--redraw-dimensions"), ("--verb=1", "--verbose")):
+                             ("--red", "--redraw-dimensions"), ("--verb=1", "--verbose"), ("-strict", "--strict"),
+                             ("-v", "--verbose"), ("-V", "--version"), ("-paepr", "--paper")):
             printed = self.expect(2, "plan.dxf", wrong)
             self.assertIn(f"\nDid you mean {meant}?\n", printed)
             self.assertIn("--help", printed)
         for wrong, meant in (("--text", "--texts"), ("--paper", "plexorn --paper")):
             self.assertIn(f"\nDid you mean {meant}?\n", self.expect(2, "info", wrong, "plan.dxf"))
+        self.assertEqual(self.names(), ["plan.dxf"])
+
+    def test_a_flag_takes_no_value(self):
+        self.write("plan.dxf")
+        for flag in ("--strict", "--paper", "--quiet", "--no-clobber"):
+            for value in ("false", "3", "banana"):
+                self.assertIn(f"{flag} takes no value\n", self.expect(2, f"{flag}={value}", "plan.dxf"))
         self.assertEqual(self.names(), ["plan.dxf"])
 
     def test_nothing_is_guessed_when_nothing_is_near(self):
@@ -168,7 +176,7 @@ class Meant(Manners):
     def test_a_command_that_is_written_wrongly(self):
         self.write("plan.dxf")
         for wrong, meant in (("inof", "plexorn info"), ("nfo", "plexorn info"), ("infos", "plexorn info"), ("prep", "plexorn prepare"),
-                             ("help", "plexorn --help"), ("version", "plexorn --version")):
+                             ("INFO", "plexorn info"), ("help", "plexorn --help"), ("version", "plexorn --version")):
             self.assertIn(f"{wrong}: there is no such file\nDid you mean {meant}?\n", self.expect(2, wrong, "plan.dxf"))
         self.assertEqual(self.names(), ["plan.dxf"])
         self.write("inof")

@@ -106,7 +106,8 @@ class Options(CommandTest):
 
     def test_info_comes_first(self):
         self.write("plan.dxf")
-        self.assertIn("info comes first", self.expect(2, "--strict", "info", "plan.dxf"))
+        for words in (["--strict", "info", "plan.dxf"], ["plan.dxf", "info"], ["plan.dxf", "--strict", "info"]):
+            self.assertIn("info comes first", self.expect(2, *words))
         self.assertEqual(self.names(), ["plan.dxf"])
         self.write("info")
         self.expect(0, "--strict", "info", "plan.dxf")

@@ -157,7 +157,7 @@ class Prepare(PrepareTest):
 
     def test_the_word_prepare_comes_first(self):
         self.write("plan.dxf")
-        self.assertIn("prepare comes first, before its options", self.expect(2, "-q", "prepare", "plan.dxf"))
+        self.assertIn("prepare comes first, before options and drawings", self.expect(2, "-q", "prepare", "plan.dxf"))
 
 
 class Findings(PrepareTest):
