@@ -42,4 +42,17 @@ EntityType EntityTypeOf(std::string_view name)
     return found != kSorted.end() && found->name == name ? found->type : EntityType::Other;
 }
 
+bool IsModelledSolid(std::string_view name)
+{
+    constexpr std::string_view kNames[] = {
+        "3DSOLID",         "REGION",          "BODY",         "SURFACE",       "PLANESURFACE",
+        "EXTRUDEDSURFACE", "REVOLVEDSURFACE", "SWEPTSURFACE", "LOFTEDSURFACE", "NURBSURFACE"};
+    return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+}
+
+bool IsEntity(std::string_view name)
+{
+    return EntityTypeOf(name) != EntityType::Other || IsModelledSolid(name);
+}
+
 } // namespace prepare

@@ -58,4 +58,11 @@ enum class EntityType : std::uint8_t {
 // The type of that name; Other for any that is not listed.
 EntityType EntityTypeOf(std::string_view name);
 
+// Whether that is a solid or surface whose shape only the programs that made it read.
+bool IsModelledSolid(std::string_view name);
+
+// Whether a record of that type is an entity wherever it is: one that is listed, or a modelled solid. What a
+// record of another type is, only its section says.
+bool IsEntity(std::string_view name);
+
 } // namespace prepare

@@ -22,6 +22,24 @@ constexpr auto kBlock = Fields<Block>({
     Field<Block>(330, &Block::record).OnlyFirst(),
 });
 
+// Records that say by themselves which section they belong to.
+constexpr std::string_view kOfTablesOrBlocks[] = {
+    "APPID", "BLOCK",      "BLOCK_RECORD", "DIMSTYLE", "ENDBLK", "ENDTAB", "LAYER",
+    "LTYPE", "MLINESTYLE", "STYLE",        "TABLE",    "UCS",    "VIEW",   "VPORT",
+};
+
+// The objects that are read, and those that are in every drawing.
+constexpr std::string_view kObjects[] = {
+    "ACDBDICTIONARYWDFLT", "ACDBPLACEHOLDER", "DICTIONARY",  "DICTIONARYVAR", "LAYOUT", "MATERIAL",
+    "SORTENTSTABLE",       "SPATIAL_FILTER",  "VISUALSTYLE", "XRECORD",
+};
+
+template <std::size_t count>
+bool IsAmong(std::string_view record, const std::string_view (&names)[count])
+{
+    return std::find(std::begin(names), std::end(names), record) != std::end(names);
+}
+
 // What the end of the file is called: the pair that says so ends it for PairReader, too.
 constexpr std::string_view kEnd = "EOF";
 
@@ -30,7 +48,7 @@ class Pass {
 public:
     Pass(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink, Report* report)
         : m_reader(source, encoding, drawing, report), m_entities(m_reader), m_objects(m_reader),
-          m_drawing(drawing), m_sink(sink)
+          m_drawing(drawing), m_sink(sink), m_report(report), m_reportOfEntities(report)
     {
     }
 
@@ -55,11 +73,12 @@ private:
     bool MayGiveEntities();
     void GiveEntity();
     void ReadEntitiesSection();
+    void GoOnWithObjects();
     void TakeEntity();
     void TakeBlock();
     void ReadOutsideOfSections(std::string_view record);
     void ReadLooseRecords();
-    void SkipSection();
+    void EndWithoutEnd();
     bool IsSectionEnd(std::string_view record);
     void GiveLayoutBlocks();
     void KnowCodePage();
@@ -72,8 +91,9 @@ private:
     ObjectReader m_objects;
     Drawing& m_drawing;
     EntitySink* m_sink; // null: entities are skipped
+    Report* m_report;
+    Report* m_reportOfEntities; // of two passes, the second has only this one
     bool m_isIndex = false;
-    bool m_notesSections = true; // the first of two passes does
     bool m_hasTables = false;
     bool m_hasBlocks = false;
     bool m_hasObjects = false;
@@ -110,23 +130,23 @@ std::string_view Pass::NextSection()
     }
 }
 
+void Pass::EndWithoutEnd()
+{
+    m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
+    m_reader.Unread();
+}
+
 // True at the end of a section; where that is missing, the section ends before the next one.
 bool Pass::IsSectionEnd(std::string_view record)
 {
-    if (record == "ENDSEC")
+    if (record == "ENDSEC") {
+        m_isInLooseBlock = false;
         return true;
+    }
     if (record != kEnd && record != "SECTION")
         return false;
-    if (m_notesSections)
-        m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
-    m_reader.Unread();
+    EndWithoutEnd();
     return true;
-}
-
-void Pass::SkipSection()
-{
-    while (!IsSectionEnd(NextRecord())) {
-    }
 }
 
 void Pass::ReadHeaderSection()
@@ -143,7 +163,7 @@ void Pass::ReadTablesSection()
 {
     m_hasTables = true;
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
-        if (record == "BLOCK" || EntityTypeOf(record) != EntityType::Other)
+        if (record == "BLOCK" || IsEntity(record))
             ReadOutsideOfSections(record);
         else
             ReadTableEntry(m_reader);
@@ -155,7 +175,7 @@ void Pass::ReadObjectsSection()
     for (std::string_view record; !IsSectionEnd(record = NextRecord());)
         if (record == "MLINESTYLE")
             ReadTableEntry(m_reader);
-        else if (EntityTypeOf(record) != EntityType::Other)
+        else if (record == "BLOCK" || IsEntity(record))
             ReadOutsideOfSections(record);
         else
             m_objects.Read(record);
@@ -240,16 +260,34 @@ bool Pass::MayGiveEntities()
 
 void Pass::GiveEntity()
 {
-    if (const std::unique_ptr<Entity> entity = m_entities.Read())
+    m_reader.SetReport(m_reportOfEntities);
+    const std::unique_ptr<Entity> entity = m_entities.Read();
+    m_reader.SetReport(m_report);
+    if (entity != nullptr)
         m_sink->Take(*entity);
 }
 
+// What a lost end and a lost start put here belongs to other sections.
 void Pass::ReadEntitiesSection()
 {
-    if (!MayGiveEntities())
-        return SkipSection();
-    while (!IsSectionEnd(NextRecord()))
-        GiveEntity();
+    const bool mayGive = MayGiveEntities();
+    for (std::string_view record; !IsSectionEnd(record = NextRecord());) {
+        const bool isKnown = EntityTypeOf(record) != EntityType::Other;
+        if (!isKnown && IsAmong(record, kObjects))
+            return GoOnWithObjects();
+        if (m_isInLooseBlock || (!isKnown && IsAmong(record, kOfTablesOrBlocks)))
+            ReadOutsideOfSections(record);
+        else if (mayGive)
+            GiveEntity();
+    }
+}
+
+// The second of two passes wants nothing of the objects but entities, which it takes wherever they are.
+void Pass::GoOnWithObjects()
+{
+    EndWithoutEnd();
+    if (m_isIndex)
+        ReadObjectsSection();
 }
 
 void Pass::TakeEntity()
@@ -279,12 +317,14 @@ void Pass::ReadOutsideOfSections(std::string_view record)
         m_isInLooseBlock = record == "BLOCK";
     if (m_isInLooseBlock)
         return;
-    if (EntityTypeOf(record) != EntityType::Other)
+    if (IsEntity(record))
         return TakeEntity();
     const std::uint64_t line = m_reader.Line();
-    if (m_isIndex && ReadTableEntry(m_reader))
-        m_reader.Note(Finding::Repaired, "file", "this entry of a table is outside of sections and is taken",
-                      line);
+    if (!m_isIndex || !ReadTableEntry(m_reader))
+        return;
+    m_drawing.hasLateParts = m_drawing.hasLateParts || m_hasGivenLayouts;
+    m_reader.Note(Finding::Repaired, "file", "this entry of a table is outside of sections and is taken",
+                  line);
 }
 
 // Up to the end of a section that should have no more records, or has an unknown name.
@@ -339,16 +379,12 @@ bool Pass::ReadIndex()
 
 void Pass::ReadEntities(Report* report)
 {
-    m_notesSections = false;
+    m_reportOfEntities = report;
     KnowCodePage();
     GiveLayoutBlocks();
-    for (std::string_view name; !(name = NextSection()).empty();) {
-        if (name != "ENTITIES")
-            continue;
-        m_reader.SetReport(report);
-        ReadEntitiesSection();
-        m_reader.SetReport(nullptr);
-    }
+    for (std::string_view name; !(name = NextSection()).empty();)
+        if (name == "ENTITIES")
+            ReadEntitiesSection();
 }
 
 // Blocks and their records know each other, whichever of them says so; so do a layout's block and what is in

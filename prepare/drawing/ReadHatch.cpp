@@ -227,11 +227,6 @@ void ReadDash(RecordReader& reader, Hatch& hatch, CDxfLine value)
         reader.Append(hatch.lines.back().dashes, reader.Real(value));
 }
 
-void BeginSubclass(RecordReader&, Hatch& hatch, CDxfLine value)
-{
-    hatch.hasOutline = hatch.hasOutline || Trim(value) == "AcDbMPolygon";
-}
-
 // A HATCH has it in 70, where an MPOLYGON has its version; the other's 71 is something else.
 template <bool isOfPolygon>
 void ReadSolid(RecordReader& reader, Hatch& hatch, CDxfLine value)
@@ -269,7 +264,6 @@ constexpr auto kHatch = EntityFields<Hatch>({
     {76, &Hatch::patternType},
     {77, &Hatch::isDouble},
     {91, ReadLoops},
-    {100, BeginSubclass},
     {421, &Hatch::gradientColours},
     {450, &Hatch::isGradient},
 });
@@ -278,7 +272,10 @@ constexpr auto kHatch = EntityFields<Hatch>({
 
 std::unique_ptr<Entity> ReadHatch(RecordReader& reader)
 {
-    return ReadByTable<kHatch, Hatch>(reader);
+    auto hatch = std::make_unique<Hatch>();
+    hatch->hasOutline = reader.Word() == "MPOLYGON";
+    reader.Read(*hatch, kHatch);
+    return hatch;
 }
 
 } // namespace prepare

@@ -14,9 +14,6 @@
 #include "prepare/plain/DrawSplines.h"
 #include "prepare/plain/DrawWipeout.h"
 
-#include <algorithm>
-#include <string_view>
-
 namespace prepare {
 
 namespace {
@@ -120,15 +117,6 @@ bool DrawFramed(const Entity& entity, Pen& pen)
     default:
         return false;
     }
-}
-
-// Their shapes are in a form that only the programs that made them read.
-bool IsModelledSolid(std::string_view typeName)
-{
-    constexpr std::string_view kNames[] = {
-        "3DSOLID",         "REGION",          "BODY",         "SURFACE",       "PLANESURFACE",
-        "EXTRUDEDSURFACE", "REVOLVEDSURFACE", "SWEPTSURFACE", "LOFTEDSURFACE", "NURBSURFACE"};
-    return std::find(std::begin(kNames), std::end(kNames), typeName) != std::end(kNames);
 }
 
 bool ReportSolid(const Entity& entity, Pen& pen)

@@ -88,6 +88,57 @@ class Damaged(CommandTest):
         first = len(HEADER) + len(TABLES) + len(BLOCKS) - 1
         self.drawn(lines, f"{first}: file: an entity outside of sections is taken (4 times)")
 
+    def colours(self, lines, *messages, shown=2):
+        """Draws these lines and gives the colours of the picture's lines, in its order."""
+        self.drawn(lines, *messages, shown=shown)
+        root = ElementTree.parse(self.path("plan.svg")).getroot()
+        return [element.get("stroke") for element in root.iter(SVG + "line")]
+
+    def test_entries_of_tables_after_the_entities_are_applied(self):
+        said = "this entry of a table is outside of sections and is taken"
+        before = (*section("TABLES"), *section("BLOCKS"), *section("ENTITIES", *line(1), *line(2, "62", "5")))
+        for colour, name in (("1", "Walls"), ("1", "WALLS")):
+            layer = ("0", "LAYER", "2", name, "70", "0", "62", colour)
+            self.assertEqual(self.colours((*before, *layer, "0", "EOF"), f"{len(before) + 1}: file: {said}"),
+                             ["#ff0000", "#0000ff"])
+            self.assertEqual(self.colours((*before, *section("TABELS", *layer), "0", "EOF"), f"{len(before) + 5}: file: {said}"),
+                             ["#ff0000", "#0000ff"])
+        hidden = ("0", "LAYER", "2", "Walls", "70", "0", "62", "-1")
+        self.drawn((*before, *hidden, *line(3, "8", "0"), "0", "EOF"),
+                   f"{len(before) + len(hidden) + 1}: file: an entity outside of sections is taken",
+                   f"{len(before) + 1}: file: {said}", shown=1)
+
+    def test_broken_entities_outside_of_sections_are_reported(self):
+        broken = line("nan")
+        self.drawn((*line(1), *broken, *broken, "0", "EOF"),
+                   f"{len(line(1)) + 2}: LINE is not shown: a coordinate is not a number (2 times)",
+                   "1: file: an entity outside of sections is taken (3 times)", shown=1)
+
+    def test_solids_outside_of_sections_are_reported(self):
+        for solid in ("3DSOLID", "REGION", "BODY"):
+            self.drawn((*line(1), "0", solid, "8", "0", "0", "EOF"),
+                       f"{len(line(1)) + 2}: {solid} is not shown: a modelled solid or surface",
+                       "1: file: an entity outside of sections is taken (2 times)", shown=1)
+
+    def test_blocks_and_tables_among_the_entities(self):
+        layer = ("0", "LAYER", "2", "Walls", "70", "0", "62", "1")
+        door = ("0", "BLOCK", "2", "Door", "10", "0", "20", "0", *line(5), "0", "ENDBLK")
+        strays = ("0", "TABLE", "2", "LAYER", *layer, "0", "ENDTAB", *door)
+        for before in ((), (*section("TABLES"), *section("BLOCKS"))):
+            first = len(before) + 4 + len(line(1))
+            self.assertEqual(self.colours((*before, *section("ENTITIES", *line(1), *strays, *line(2)), "0", "EOF"),
+                                          f"{first + 4 + len(layer) + 3}: file: this block is outside of sections and is taken",
+                                          f"{first + 5}: file: this entry of a table is outside of sections and is taken"),
+                             ["#ff0000", "#ff0000"])
+
+    def test_objects_after_the_entities_without_their_section(self):
+        objects = ("0", "DICTIONARY", "5", "C", "0", "MLINESTYLE", "5", "18", "2", "S", "0", "XRECORD", "5", "19")
+        for before in ((), (*section("TABLES"), *section("BLOCKS"))):
+            lines = (*before, "0", "SECTION", "2", "ENTITIES", *line(1))
+            self.drawn((*lines, *objects, *line(2), "0", "ENDSEC", "0", "EOF"),
+                       f"{len(lines) + 1}: file: a section ends without ENDSEC",
+                       f"{len(lines) + len(objects) + 1}: file: an entity outside of sections is taken", shown=2)
+
     def test_info_lists_repairs_as_notes(self):
         self.write("plan.dxf", dxf(*without("0", "ENDBLK")))
         begin = len(HEADER) + len(TABLES) + BLOCKS.index("BLOCK") + 1
