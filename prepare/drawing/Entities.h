@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace prepare {
@@ -25,11 +26,20 @@ inline constexpr std::int32_t kWeightByBlock = -2;
 inline constexpr std::int32_t kDefaultWeight = -3;
 
 // What all types have.
+// What is wrong with the numbers of an entity that cannot be drawn for it.
+enum class Fault : std::uint8_t { None, NotANumber, OutOfRange };
+
+constexpr std::string_view TextOf(Fault fault)
+{
+    return fault == Fault::OutOfRange ? "a number is beyond 1e30" : "a coordinate is not a number";
+}
+
 struct Entity {
     explicit Entity(EntityType itsType) : type(itsType) {}
     virtual ~Entity() = default;
 
     EntityType type;
+    Fault fault = Fault::None;
     std::uint64_t line = 0; // of the type's name
     NameId typeName = kNoName;
     Handle handle = 0;                       // 5

@@ -89,13 +89,13 @@ std::unique_ptr<Entity> EntityReader::Read()
     std::unique_ptr<Entity> entity = ReadOne();
     if (entity->type == EntityType::SeqEnd)
         return nullptr;
-    const bool isUsable = IsUsable(*entity);
+    KnowFault(*entity);
     PlaceInSpace(*entity);
     if (entity->type == EntityType::Polyline)
         ReadVertices(static_cast<Polyline&>(*entity));
     else if (entity->type == EntityType::Insert)
         ReadAttributes(static_cast<Insert&>(*entity));
-    return isUsable ? std::move(entity) : nullptr;
+    return entity;
 }
 
 std::unique_ptr<Entity> EntityReader::ReadOne()
@@ -111,16 +111,14 @@ std::unique_ptr<Entity> EntityReader::ReadOne()
     return entity;
 }
 
-// Reports what is broken in an entity; false when it is not kept.
-bool EntityReader::IsUsable(const Entity& entity)
+// Reports what was repaired in an entity. What cannot be is reported where the entity would be drawn.
+void EntityReader::KnowFault(Entity& entity)
 {
     const std::string_view name = m_reader.drawing.names.Text(entity.typeName);
     if (m_reader.TakeIsCut())
         m_reader.Note(Finding::Cut, name, "more than 1,000,000 parts", entity.line);
-    if (!m_reader.TakeIsBroken())
-        return true;
-    m_reader.NoteLost(name, "a coordinate is not a number", entity.line);
-    return false;
+    m_reader.NoteWords(name, entity.line);
+    entity.fault = m_reader.TakeFault();
 }
 
 // True when the next record is of that type; its first pair is unread.
@@ -146,9 +144,12 @@ void EntityReader::ReadVertices(Polyline& polyline)
         m_reader.Read(record, kVertex);
         record.vertex.colour = record.colour;
         record.vertex.layer = record.layer;
-        if (IsUsable(record) && polyline.vertices.size() < RecordReader::kMostElements)
+        KnowFault(record);
+        if (record.fault != Fault::None)
+            m_reader.Note(Finding::Changed, "VERTEX", TextOf(record.fault), line);
+        else if (polyline.vertices.size() < RecordReader::kMostElements)
             polyline.vertices.push_back(record.vertex);
-        else if (polyline.vertices.size() >= RecordReader::kMostElements)
+        else
             m_reader.Note(Finding::Cut, "POLYLINE", "more than 1,000,000 parts", line);
     }
     if (NextIs(EntityType::SeqEnd)) {
@@ -167,7 +168,8 @@ void EntityReader::ReadAttributes(Insert& insert)
         m_reader.NextPair();
         std::unique_ptr<Entity> attribute = ReadOne();
         PlaceInSpace(*attribute);
-        if (IsUsable(*attribute) && insert.attributes.size() < RecordReader::kMostElements)
+        KnowFault(*attribute);
+        if (insert.attributes.size() < RecordReader::kMostElements)
             insert.attributes.push_back(std::unique_ptr<Text>(static_cast<Text*>(attribute.release())));
     }
     if (hasAny && NextIs(EntityType::SeqEnd)) {

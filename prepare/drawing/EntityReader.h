@@ -28,7 +28,7 @@ private:
     void ReadAttributes(Insert& insert);
     void PlaceInSpace(Entity& entity);
     bool NextIs(EntityType type);
-    bool IsUsable(const Entity& entity);
+    void KnowFault(Entity& entity);
 
     RecordReader& m_reader;
     std::vector<std::uint8_t> m_types; // by NameId: the type and 1, or 0 while it is not known

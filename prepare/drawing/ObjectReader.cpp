@@ -74,7 +74,9 @@ void ObjectReader::Read(std::string_view type)
     if (type != "SPATIAL_FILTER")
         return m_reader.SkipFields();
     SpatialFilter filter;
+    const std::uint64_t line = m_reader.Line() + 1;
     m_reader.Read(filter, kSpatialFilter);
+    m_reader.NoteZeros("SPATIAL_FILTER", line);
     if (filter.owner != 0 && filter.isOn != 0)
         m_filters.push_back(std::move(filter));
 }
@@ -114,8 +116,7 @@ void ObjectReader::ReadLayout()
     Layout layout;
     const std::uint64_t line = m_reader.Line() + 1;
     m_reader.Read(layout, kLayout);
-    if (m_reader.TakeIsBroken())
-        m_reader.Note(Finding::Repaired, "LAYOUT", "a value is not a number: 0 is read", line);
+    m_reader.NoteZeros("LAYOUT", line);
     layout.name = Trim(layout.name);
     if (!layout.name.empty())
         m_layouts.push_back(std::move(layout));

@@ -5,6 +5,9 @@
 
 namespace prepare {
 
+// The largest coordinate that can be drawn. Pictures have single precision, so their numbers end at 3e38.
+inline constexpr double kMostCoordinate = 1e30;
+
 struct Point2 {
     double x = 0;
     double y = 0;

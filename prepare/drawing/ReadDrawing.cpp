@@ -7,6 +7,9 @@
 #include "prepare/drawing/ReadTables.h"
 
 #include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
 
 namespace prepare {
 
@@ -21,6 +24,8 @@ constexpr auto kBlock = Fields<Block>({
     {102, [](RecordReader& reader, Block&, CDxfLine) { reader.SkipGroup(); }},
     Field<Block>(330, &Block::record).OnlyFirst(),
 });
+
+constexpr std::string_view kSections[] = {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
 
 // Records that say by themselves which section they belong to.
 constexpr std::string_view kOfTablesOrBlocks[] = {
@@ -62,6 +67,7 @@ public:
 private:
     std::string_view NextRecord();
     std::string_view NextSection();
+    void NoteSecond(std::string_view section);
     void ReadSection(std::string_view name);
     void ReadHeaderSection();
     void ReadTablesSection();
@@ -92,7 +98,8 @@ private:
     Drawing& m_drawing;
     EntitySink* m_sink; // null: entities are skipped
     Report* m_report;
-    Report* m_reportOfEntities; // of two passes, the second has only this one
+    Report* m_reportOfEntities;                        // of two passes, the second has only this one
+    std::array<bool, std::size(kSections)> m_hasMet{}; // each of them
     bool m_isIndex = false;
     bool m_hasTables = false;
     bool m_hasBlocks = false;
@@ -196,8 +203,7 @@ void Pass::ReadBlock()
     auto block = std::make_unique<Block>();
     block->line = m_reader.Line() + 1;
     m_reader.Read(*block, kBlock);
-    if (m_reader.TakeIsBroken())
-        m_reader.Note(Finding::Repaired, "BLOCK", "a value is not a number: 0 is read", block->line);
+    m_reader.NoteZeros("BLOCK", block->line);
     const std::string_view name = m_drawing.names.Text(block->name);
     block->isLayout = IsModelSpaceName(name) || IsPaperSpaceName(name);
     ReadBlockEntities(*block);
@@ -334,8 +340,19 @@ void Pass::ReadLooseRecords()
         ReadOutsideOfSections(record);
 }
 
+void Pass::NoteSecond(std::string_view section)
+{
+    const auto known = std::find(std::begin(kSections), std::end(kSections), section);
+    if (known == std::end(kSections))
+        return;
+    if (std::exchange(m_hasMet[static_cast<std::size_t>(known - std::begin(kSections))], true))
+        m_reader.Note(Finding::Repaired, "file", "a second section " + std::string(section) + " is read, too",
+                      m_reader.Line());
+}
+
 void Pass::ReadSection(std::string_view name)
 {
+    NoteSecond(name);
     const bool isForEntities = name == "HEADER" || name == "TABLES" || name == "BLOCKS";
     m_drawing.hasLateParts = m_drawing.hasLateParts || (isForEntities && m_hasGivenLayouts);
     if (name == "HEADER") {

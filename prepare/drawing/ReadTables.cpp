@@ -113,12 +113,18 @@ constexpr auto kMultiLineStyle = Fields<MultiLineStyle>({
     {420, ReadMultiLineColour<&MultiLineStyle::fillTrueColour, &MultiLineStyle::Element::trueColour>},
 });
 
+void NoteSecond(const RecordReader& reader, std::string_view type, std::uint64_t line)
+{
+    reader.Note(Finding::Repaired, type, "a second one of the same name is left out", line);
+}
+
 // The values of a dimension style stay texts.
 void ReadDimStyle(RecordReader& reader)
 {
     constexpr std::int32_t kFirstXdata = 1000;
     constexpr std::size_t kMostValues = 1000;
     DimStyle style;
+    const std::uint64_t line = reader.Line() + 1;
     while (reader.NextField()) {
         const std::int32_t code = reader.Code();
         if (code == 102)
@@ -130,8 +136,8 @@ void ReadDimStyle(RecordReader& reader)
         else if (code != 100 && code != 330 && code < kFirstXdata && style.values.size() < kMostValues)
             style.values.emplace_back(code, reader.Text(reader.Value()));
     }
-    if (style.name != kNoName)
-        reader.drawing.dimStyles.try_emplace(style.name, std::move(style));
+    if (style.name != kNoName && !reader.drawing.dimStyles.try_emplace(style.name, std::move(style)).second)
+        NoteSecond(reader, "DIMSTYLE", line);
 }
 
 // Reads an entry and keeps it if it has a name, and a new one.
@@ -141,12 +147,11 @@ Record ReadEntry(RecordReader& reader, std::map<NameId, Record>& entries, std::s
     Record record;
     const std::uint64_t line = reader.Line() + 1;
     reader.Read(record, table);
-    if (reader.TakeIsBroken())
-        reader.Note(Finding::Repaired, type, "a value is not a number: 0 is read", line);
+    reader.NoteZeros(type, line);
     if (reader.TakeIsCut())
         reader.Note(Finding::Cut, type, "more than 1,000,000 parts", line);
     if (record.name != kNoName && !entries.try_emplace(record.name, record).second)
-        reader.Note(Finding::Repaired, type, "a second one of the same name is left out", line);
+        NoteSecond(reader, type, line);
     return record;
 }
 

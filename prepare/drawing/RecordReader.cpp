@@ -97,11 +97,37 @@ NameId RecordReader::Name(std::string_view value)
 // ParseReal gives 0 for words and 1 for "1.#QNAN", as some programs write invalid numbers.
 double RecordReader::LookAtReal(std::string_view value, double real)
 {
-    const bool isWord = value.find_first_of("#nNiI") != std::string_view::npos;
-    if (!isWord && std::isfinite(real))
+    if (real == 0 && EndsInDigit(value))
         return real;
-    m_isBroken = true;
+    const bool isNumber = std::isfinite(real) && value.find_first_of("#nNiI") == std::string_view::npos;
+    if (isNumber && real == 0)
+        LookAtZero(value);
+    if (isNumber && std::fabs(real) <= kMostCoordinate)
+        return real;
+    m_fault = isNumber ? Fault::OutOfRange : Fault::NotANumber;
     return 0;
+}
+
+// Empty values are 0 to all programs.
+void RecordReader::LookAtZero(std::string_view value)
+{
+    const bool hasDigits = value.find_first_of("0123456789") != std::string_view::npos;
+    m_hasWord = m_hasWord || (!hasDigits && !Trim(value).empty());
+}
+
+void RecordReader::NoteWords(std::string_view type, std::uint64_t line)
+{
+    if (TakeHasWord())
+        Note(Finding::Repaired, type, "a value is not a number: 0 is read", line);
+}
+
+void RecordReader::NoteZeros(std::string_view type, std::uint64_t line)
+{
+    const Fault fault = TakeFault();
+    m_hasWord = m_hasWord || fault == Fault::NotANumber;
+    NoteWords(type, line);
+    if (fault == Fault::OutOfRange)
+        Note(Finding::Repaired, type, "a number is beyond 1e30: 0 is read", line);
 }
 
 } // namespace prepare

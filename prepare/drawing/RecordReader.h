@@ -96,15 +96,22 @@ public:
     // Steps over a group's pairs (102) up to its closing brace, and not beyond the record or its own data.
     void SkipGroup();
 
-    // Each converts a value. A value that is not a number, or is infinite, gives 0 and breaks the record.
+    // Each converts a value. A word gives 0. So does a number that is not one, is infinite or beyond
+    // kMostCoordinate, which is a fault of the record.
     double Real(CDxfLine value)
     {
         const double real = ParseLineReal(value);
-        if (real == 0 || std::fabs(real) == 1 || !std::isfinite(real)) [[unlikely]]
+        if (real == 0 || std::fabs(real) == 1 || !(std::fabs(real) <= kMostCoordinate)) [[unlikely]]
             return LookAtReal(value, real);
         return real;
     }
-    std::int32_t Integer(std::string_view value) const { return ParseInteger(value); }
+    std::int32_t Integer(std::string_view value)
+    {
+        const std::int32_t integer = ParseInteger(value);
+        if (integer == 0 && !EndsInDigit(value)) [[unlikely]]
+            LookAtZero(value);
+        return integer;
+    }
     Handle ReadHandle(std::string_view value) const;
     std::string Text(std::string_view value) const;
     NameId Name(std::string_view value);
@@ -126,8 +133,9 @@ public:
             Cut();
     }
 
-    // Whether there was an invalid number since the last call.
-    bool TakeIsBroken() { return std::exchange(m_isBroken, false); }
+    // Each says whether there was such a value since the last call: a number that is a fault, a word.
+    Fault TakeFault() { return std::exchange(m_fault, Fault::None); }
+    bool TakeHasWord() { return std::exchange(m_hasWord, false); }
     bool TakeIsCut() { return std::exchange(m_isCut, false); }
 
     // How texts are read from now on; without effect when the encoding was given. version is the drawing's
@@ -143,13 +151,10 @@ public:
             m_report->Add(finding, subject, detail, line, times);
     }
 
-    // An entity that is not kept, and so is counted here.
-    void NoteLost(std::string_view name, std::string_view why, std::uint64_t line) const
-    {
-        Note(Finding::NotShown, name, why, line);
-        if (m_report != nullptr)
-            ++m_report->entities;
-    }
+    // Reports that values of a record were read as 0, if any was. line is that of the record's type.
+    void NoteWords(std::string_view type, std::uint64_t line);
+    // The same for a record that is no entity: it is kept with a fault, too.
+    void NoteZeros(std::string_view type, std::uint64_t line);
 
     // How far an entity has been read, for fields that mean different things at different places; 0 at its
     // begin.
@@ -157,7 +162,12 @@ public:
 
 private:
     std::string Decoded(std::string_view value) const;
+    static bool EndsInDigit(std::string_view value)
+    {
+        return !value.empty() && value.back() >= '0' && value.back() <= '9';
+    }
     double LookAtReal(std::string_view value, double real);
+    void LookAtZero(std::string_view value);
     void Cut()
     {
         m_isCut = true;
@@ -191,7 +201,8 @@ private:
     bool m_isOtherPage = false; // the file says that its texts are not UTF-8
     bool m_isAgain = false;
     bool m_hasPair = false;
-    bool m_isBroken = false;
+    Fault m_fault = Fault::None;
+    bool m_hasWord = false;
     bool m_isCut = false;
 };
 

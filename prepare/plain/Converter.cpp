@@ -154,6 +154,8 @@ void Converter::Place(const Entity& entity, const Context& context)
     if (!m_view->layers.Shows(style.layer))
         return CountHidden(style.layer);
     ++m_toBeSeen;
+    if (entity.fault != Fault::None)
+        return ReportFault(entity);
     m_isEarly = m_isEarly || entity.type == EntityType::MultiLine; // its style comes after the entities
     if (entity.type == EntityType::MText && m_options.profile == Profile::Standard)
         ReportCovered(static_cast<const MText&>(entity));
@@ -163,6 +165,11 @@ void Converter::Place(const Entity& entity, const Context& context)
         PlaceOther(entity, context, style);
     else
         PlaceRewritten(entity, context, style);
+}
+
+void Converter::ReportFault(const Entity& entity)
+{
+    m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), TextOf(entity.fault), entity.line);
 }
 
 // A fill in the background's colour should hide what is behind the text; this profile cannot express it.
@@ -246,6 +253,8 @@ void Converter::PlaceInsert(const Insert& insert, const Context& context, const 
         return CountHidden(style.layer);
     ++m_toBeSeen;
     PlaceAttributes(insert, context);
+    if (insert.fault != Fault::None)
+        return ReportFault(insert);
     const Block* const block = m_drawing.FindBlock(insert.block);
     if (block == nullptr)
         return m_report.Add(Finding::NotShown, "INSERT", "its block is missing", insert.line);

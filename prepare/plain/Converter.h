@@ -105,6 +105,7 @@ private:
     };
 
     void Place(const Entity& entity, const Context& context);
+    void ReportFault(const Entity& entity);
     void ReportCovered(const MText& text);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void AddRayStart(const Ray& ray, const Context& context);

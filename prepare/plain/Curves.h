@@ -16,14 +16,15 @@ constexpr double Radians(double degrees)
     return degrees * kRadiansPerDegree;
 }
 
+// Whether a point can be drawn: its coordinates are numbers, and none is beyond kMostCoordinate.
 inline bool IsFinite(Point2 p)
 {
-    return std::isfinite(p.x) && std::isfinite(p.y);
+    return std::fabs(p.x) <= kMostCoordinate && std::fabs(p.y) <= kMostCoordinate;
 }
 
 inline bool IsFinite(Point3 p)
 {
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+    return IsFinite(Point2{p.x, p.y}) && std::fabs(p.z) <= kMostCoordinate;
 }
 
 constexpr Point2 Middle(Point2 a, Point2 b)

@@ -77,8 +77,11 @@ void WindowReader::Take(const Entity& entity)
     if (entity.type != EntityType::Viewport || !m_members.Has(entity))
         return;
     const auto& viewport = static_cast<const Viewport&>(entity);
-    if (IsSheetItself(viewport) || viewport.isInvisible == 1 || IsOff(viewport))
+    const bool hasFault = viewport.fault != Fault::None;
+    if ((!hasFault && IsSheetItself(viewport)) || viewport.isInvisible == 1 || IsOff(viewport))
         return;
+    if (hasFault)
+        return m_report.Add(Finding::NotShown, "VIEWPORT", TextOf(viewport.fault), viewport.line);
     if (!IsLength(viewport.width) || !IsLength(viewport.height) || !IsLength(viewport.viewHeight))
         return m_report.Add(Finding::NotShown, "VIEWPORT", "it has no size", viewport.line);
     if (m_windows.size() >= kMostWindows)

@@ -67,7 +67,36 @@ class Damaged(CommandTest):
     def test_tables_that_are_there_twice(self):
         again = len(HEADER) + len(TABLES) + TABLES.index("LAYER", TABLES.index("LAYER") + 1) + 1
         self.drawn((*HEADER, *TABLES, *TABLES, *BLOCKS, *ENTITIES, "0", "EOF"),
-                   f"{again}: LAYER: a second one of the same name is left out")
+                   f"{again}: LAYER: a second one of the same name is left out",
+                   f"{len(HEADER) + len(TABLES) + 3}: file: a second section TABLES is read, too")
+        for entry in (("LTYPE", "2", "A"), ("STYLE", "2", "A"), ("DIMSTYLE", "2", "A")):
+            tables = section("TABLES", "0", *entry, "0", *entry)
+            self.drawn((*tables, *section("ENTITIES", *line(1)), "0", "EOF"),
+                       f"10: {entry[0]}: a second one of the same name is left out", shown=1)
+
+    def test_sections_that_are_there_twice(self):
+        other = section("HEADER", "9", "$INSUNITS", "70", "1")
+        self.drawn((*HEADER, *other, *WHOLE[len(HEADER):]), f"{len(HEADER) + 3}: file: a second section HEADER is read, too")
+        self.drawn((*WHOLE[:-2], *section("ENTITIES", *line(7)), "0", "EOF"),
+                   f"{len(WHOLE) - 2 + 3}: file: a second section ENTITIES is read, too", shown=5)
+
+    def test_values_that_are_words(self):
+        bad = ("0", "LINE", "8", "Walls", "10", "abc", "20", "-", "11", "9", "21", "7x", "62", "")
+        self.drawn((*section("ENTITIES", *line(1), *bad), "0", "EOF"),
+                   f"{4 + len(line(1)) + 2}: LINE: a value is not a number: 0 is read", shown=2)
+        self.drawn((*section("BLOCKS", "0", "BLOCK", "2", "Door", "10", "abc", "0", "ENDBLK"),
+                    *section("ENTITIES", *line(1)), "0", "EOF"),
+                   "6: BLOCK: a value is not a number: 0 is read", shown=1)
+
+    def test_numbers_that_are_out_of_range(self):
+        for value, why in (("1e31", "a number is beyond 1e30"), ("-1e300", "a number is beyond 1e30"),
+                           ("1e999", "a coordinate is not a number"), ("nan", "a coordinate is not a number")):
+            self.drawn((*section("ENTITIES", *line(1), *line(value)), "0", "EOF"),
+                       f"{4 + len(line(1)) + 2}: LINE is not shown: {why}", shown=1)
+            self.drawn((*section("ENTITIES", *line(1), *line(value, "67", "1")), "0", "EOF"), shown=1)
+            points = [word for y in ("0", value, "9") for word in ("0", "VERTEX", "10", "0", "20", y)]
+            self.drawn((*section("ENTITIES", *line(1), "0", "POLYLINE", "8", "0", *points, "0", "SEQEND"), "0", "EOF"),
+                       f"{4 + len(line(1)) + 4 + 6 + 2}: VERTEX: {why}", shown=2)
 
     def test_a_block_without_its_end(self):
         begin = len(HEADER) + len(TABLES) + BLOCKS.index("BLOCK") + 1

@@ -71,6 +71,49 @@ TEST(PrepareDrawing, BrokenEntitiesBeforeTheTablesAreReportedOnceAsThoseAfterThe
     EXPECT_EQ(Findings(entities + tables + end), usual);
 }
 
+// "entities, of them not shown".
+std::string ShareOf(const std::string& drawing)
+{
+    const Report report = PreparedFrom(drawing + Dxf({{0, "EOF"}})).report;
+    std::uint64_t lost = 0;
+    for (const auto& [key, met] : report.Entries())
+        lost += key.finding == Finding::NotShown ? met.count : 0;
+    return std::to_string(report.entities) + ", " + std::to_string(lost);
+}
+
+TEST(PrepareDrawing, BrokenEntitiesCountWhereTheyWouldBeSeen)
+{
+    const std::string layers =
+        Section("TABLES", Dxf({{0, "LAYER"}, {2, "off"}, {62, "-1"}, {0, "LAYER"}, {2, "on"}, {62, "1"}}));
+    const auto broken = [](const std::string& layer, const std::string& value, const Pairs& more = {}) {
+        return Dxf({{0, "LINE"}, {8, layer}, {10, "0"}, {20, value}}) + Dxf(more);
+    };
+    for (const char* const value : {"nan", "1e999", "1e31"}) {
+        const std::string block = Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "A"}}) + kLine +
+                                                        broken("on", value) + Dxf({{0, "ENDBLK"}}));
+        const std::string insert = Dxf({{0, "INSERT"}, {8, "on"}, {2, "A"}});
+        EXPECT_EQ(ShareOf(layers + block + Section("ENTITIES", kLine)), "1, 0");
+        EXPECT_EQ(ShareOf(layers + block + Section("ENTITIES", kLine + insert)), "4, 1");
+        EXPECT_EQ(ShareOf(layers + Section("ENTITIES", kLine + broken("on", value))), "2, 1");
+        EXPECT_EQ(ShareOf(layers + Section("ENTITIES", kLine + broken("off", value))), "1, 0");
+        EXPECT_EQ(ShareOf(layers + Section("ENTITIES", kLine + broken("on", value, {{67, "1"}}))), "1, 0");
+        EXPECT_EQ(ShareOf(layers + Section("ENTITIES", kLine + broken("on", value, {{60, "1"}}))), "1, 0");
+        EXPECT_EQ(ShareOf(layers + Section("ENTITIES",
+                                           Dxf({{0, "INSERT"}, {8, "on"}, {2, "A"}, {10, value}}) + kLine)),
+                  "2, 1");
+    }
+}
+
+// Each part of what is placed is in range, and where it comes to be is not.
+TEST(PrepareDrawing, WhatIsPlacedOutOfRangeIsNotShown)
+{
+    const std::string block = Section(
+        "BLOCKS",
+        Dxf({{0, "BLOCK"}, {2, "A"}, {0, "LINE"}, {8, "0"}, {10, "1e20"}, {11, "2e20"}, {0, "ENDBLK"}}));
+    const std::string insert = Dxf({{0, "INSERT"}, {8, "0"}, {2, "A"}, {41, "1e20"}});
+    EXPECT_EQ(ShareOf(block + Section("ENTITIES", kLine + insert)), "3, 1");
+}
+
 TEST(PrepareDrawing, ReportSaysIntoHowManyOfWhat)
 {
     const std::string mesh = Dxf({{0, "3DFACE"},

@@ -302,6 +302,51 @@ TEST(ReadDrawing, BlocksAndTableEntriesOutsideOfTheirSectionsAreTaken)
     }
 }
 
+TEST(ReadDrawing, WhatComesAfterTheFirstEntitiesIsKnownToBeLate)
+{
+    const std::string start = kTables + kBlocks + kEntities;
+    EXPECT_FALSE(ReadDrawingOf(start + kEof).drawing.hasLateParts);
+    for (const char* const type : {"LAYER", "LTYPE", "STYLE", "DIMSTYLE", "MLINESTYLE"}) {
+        const std::string entry = Dxf({{0, type}, {2, "x"}});
+        const std::string end = Dxf({{0, "ENDSEC"}});
+        for (const std::string& late : {entry, Dxf({{0, "SECTION"}, {2, "TABELS"}}) + entry + end,
+                                        Dxf({{0, "SECTION"}, {2, "ENTITIES"}}) + entry + end}) {
+            const ReadDrawingOf read(start + late + kEof);
+            EXPECT_TRUE(read.hasGivenAll);
+            EXPECT_TRUE(read.drawing.hasLateParts) << late;
+        }
+    }
+}
+
+// In the first pass and in a second one alike.
+TEST(ReadDrawing, StraysAmongTheEntitiesAreNoEntities)
+{
+    const std::string section = Dxf({{0, "SECTION"}, {2, "ENTITIES"}, {0, "ARC"}, {8, "c"}});
+    const std::string block = Dxf({{0, "BLOCK"}, {2, "B"}, {0, "LINE"}, {8, "d"}, {0, "ENDBLK"}});
+    const std::string table =
+        Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, "x"}, {62, "3"}, {0, "ENDTAB"}, {0, "VIEW"}});
+    const std::string objects = Dxf({{0, "DICTIONARY"}, {5, "C"}, {0, "XRECORD"}, {0, "POINT"}, {8, "e"}});
+    const std::string end = Dxf({{0, "FOO"}, {0, "ENDSEC"}});
+    for (const std::string& before : {std::string(), kTables + kBlocks}) {
+        const std::string text = before + section + block + table + section + objects + end + kEof;
+        ReadDrawingOf read(text);
+        EXPECT_EQ(read.entities, before.empty() ? "" : "ARC c;ARC c;POINT e;");
+        EXPECT_EQ(EntitiesAgain(read, text), "ARC c;ARC c;POINT e;");
+        ASSERT_NE(read.drawing.FindBlock(read.Id("B")), nullptr);
+        EXPECT_EQ(read.drawing.FindBlock(read.Id("B"))->entities.size(), 1u);
+        ASSERT_NE(read.drawing.FindLayer(read.Id("x")), nullptr);
+    }
+}
+
+TEST(ReadDrawing, SecondSectionsAreReported)
+{
+    const std::string other = Dxf({{0, "SECTION"}, {2, "CLASSES"}, {0, "ENDSEC"}});
+    const ReadDrawingOf read(other + kTables + other + kBlocks + kEntities + kBlocks + kEntities + kEntities +
+                             kEof);
+    EXPECT_EQ(read.Found(Finding::Repaired, "file"), "a second section BLOCKS is read, too at 41, 1;"
+                                                     "a second section ENTITIES is read, too at 47, 2;");
+}
+
 TEST(ReadDrawing, EntitiesInASectionOfOtherThingsAreTakenInOnePassAsInTwo)
 {
     const std::string arc = Dxf({{0, "ARC"}, {8, "c"}});

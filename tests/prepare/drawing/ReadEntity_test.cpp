@@ -369,6 +369,10 @@ TEST(ReadEntity, AnMPolygonHasItsFillElsewhereThanAHatch)
     EXPECT_EQ(polygon.offset, (Point2{7, 8}));
     ASSERT_EQ(polygon.loops.size(), 1u);
     EXPECT_EQ(polygon.loops[0].vertices.size(), 1u);
+    const ReadBlock bare({{0, "MPOLYGON"}, {70, "1"}, {71, "0"}, {91, "0"}, {75, "1"}, {11, "7"}, {21, "8"}});
+    EXPECT_TRUE(bare.As<Hatch>().hasOutline);
+    EXPECT_EQ(bare.As<Hatch>().isSolid, 0);
+    EXPECT_EQ(bare.As<Hatch>().offset, (Point2{7, 8}));
     const ReadBlock other({{0, "HATCH"}, {70, "1"}, {71, "0"}, {63, "9"}, {11, "1"}});
     EXPECT_FALSE(other.As<Hatch>().hasOutline);
     EXPECT_EQ(other.As<Hatch>().isSolid, 1);
@@ -620,13 +624,46 @@ TEST(ReadEntity, ImagesAndUnderlaysHaveTheirClipUnderDifferentCodes)
     EXPECT_EQ(viewport.frozen, (std::vector<Handle>{0xA, 0xB}));
 }
 
-TEST(ReadEntity, WhatIsNoNumberDropsTheEntityAndIsReported)
+TEST(ReadEntity, WhatIsNoNumberOrTooLargeIsAFaultOfTheEntityAlone)
 {
-    for (const std::string value : {"1e999", "-1e999", "nan", "inf", "1.#QNAN", "-1.#IND"}) {
+    const std::pair<const char*, Fault> kValues[] = {
+        {"1e999", Fault::NotANumber}, {"-1e999", Fault::NotANumber},  {"nan", Fault::NotANumber},
+        {"inf", Fault::NotANumber},   {"1.#QNAN", Fault::NotANumber}, {"-1.#IND", Fault::NotANumber},
+        {"1e30", Fault::None},        {"1.01e30", Fault::OutOfRange}, {"-1e308", Fault::OutOfRange}};
+    for (const auto& [value, fault] : kValues) {
         const ReadBlock block({{0, "CIRCLE"}, {10, value}, {40, "1"}, {0, "POINT"}});
-        EXPECT_EQ(block.Count(), 1u) << value;
-        EXPECT_EQ(block.read.Found(Finding::NotShown, "CIRCLE"), "a coordinate is not a number at 10, 1;");
+        ASSERT_EQ(block.Count(), 2u);
+        EXPECT_EQ(block.As<Circle>().fault, fault) << value;
+        EXPECT_EQ(block.Entities()[1]->fault, Fault::None);
+        EXPECT_TRUE(block.read.report.Entries().size() == 0);
     }
+}
+
+TEST(ReadEntity, WordsAreReadAsZeroAndReportedOnceAnEntity)
+{
+    const ReadBlock block({{0, "LINE"},
+                           {10, "abc"},
+                           {20, "-"},
+                           {11, "7x"},
+                           {21, " "},
+                           {0, "CIRCLE"},
+                           {40, "0.0 "},
+                           {62, "red"},
+                           {0, "ARC"},
+                           {10, "+0"},
+                           {40, ""},
+                           {62, " 0 "},
+                           {0, "POINT"},
+                           {10, ".0"},
+                           {0, "TEXT"},
+                           {1, "abc"},
+                           {0, "LINE"},
+                           {10, "x"}});
+    EXPECT_EQ(block.As<Line>().end.x, 7);
+    const std::string said = "a value is not a number: 0 is read at ";
+    EXPECT_EQ(block.read.Found(Finding::Repaired, "LINE"), said + "10, 2;");
+    EXPECT_EQ(block.read.Found(Finding::Repaired, "CIRCLE"), said + "20, 1;");
+    EXPECT_EQ(block.read.report.Entries().size(), 2u);
 }
 
 TEST(ReadEntity, AVertexThatIsNoNumberIsLeftOutAlone)
@@ -634,7 +671,7 @@ TEST(ReadEntity, AVertexThatIsNoNumberIsLeftOutAlone)
     const ReadBlock block(
         {{0, "POLYLINE"}, {0, "VERTEX"}, {10, "1"}, {0, "VERTEX"}, {10, "nan"}, {0, "SEQEND"}});
     EXPECT_EQ(block.As<Polyline>().vertices.size(), 1u);
-    EXPECT_EQ(block.read.Found(Finding::NotShown, "VERTEX"), "a coordinate is not a number at 16, 1;");
+    EXPECT_EQ(block.read.Found(Finding::Changed, "VERTEX"), "a coordinate is not a number at 16, 1;");
 }
 
 TEST(ReadEntity, EndlessListsAreCutAndReported)
