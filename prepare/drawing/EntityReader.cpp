@@ -66,12 +66,6 @@ bool IsPaperSpaceName(std::string_view name)
     return IsOneOf(name, "*PAPER_SPACE", "$PAPER_SPACE");
 }
 
-// The number of the type's name in the pair at hand.
-NameId EntityReader::TypeName()
-{
-    return m_reader.drawing.names.OfWord(m_reader.Word());
-}
-
 EntityType EntityReader::TypeOf(NameId id)
 {
     constexpr std::uint8_t kUnknown = 0;
@@ -84,9 +78,9 @@ EntityType EntityReader::TypeOf(NameId id)
     return static_cast<EntityType>(known - 1);
 }
 
-std::unique_ptr<Entity> EntityReader::Read()
+std::unique_ptr<Entity> EntityReader::Read(NameId name)
 {
-    std::unique_ptr<Entity> entity = ReadOne();
+    std::unique_ptr<Entity> entity = ReadOne(name);
     if (entity->type == EntityType::SeqEnd)
         return nullptr;
     KnowFault(*entity);
@@ -98,10 +92,9 @@ std::unique_ptr<Entity> EntityReader::Read()
     return entity;
 }
 
-std::unique_ptr<Entity> EntityReader::ReadOne()
+std::unique_ptr<Entity> EntityReader::ReadOne(NameId name)
 {
     const std::uint64_t line = m_reader.Line() + 1;
-    const NameId name = TypeName();
     const EntityType type = TypeOf(name);
     m_reader.phase = 0;
     std::unique_ptr<Entity> entity = ReadFunctionOf(type)(m_reader);
@@ -166,7 +159,7 @@ void EntityReader::ReadAttributes(Insert& insert)
     while (NextIs(EntityType::Attrib)) {
         hasAny = true;
         m_reader.NextPair();
-        std::unique_ptr<Entity> attribute = ReadOne();
+        std::unique_ptr<Entity> attribute = ReadOne(TypeName());
         PlaceInSpace(*attribute);
         KnowFault(*attribute);
         if (insert.attributes.size() < RecordReader::kMostElements)

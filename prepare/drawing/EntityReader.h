@@ -16,14 +16,16 @@ public:
     // reader must outlive this.
     explicit EntityReader(RecordReader& reader) : m_reader(reader) {}
 
-    // Reads the entity whose type's name is the pair at hand, up to the next record that is not a part of it.
-    // Null for an entity that is not kept.
-    std::unique_ptr<Entity> Read();
+    // The number of the type's name in the pair at hand.
+    NameId TypeName() { return m_reader.drawing.names.OfWord(m_reader.Word()); }
+    EntityType TypeOf(NameId id);
+
+    // Reads the entity that begins with the pair at hand, up to the next record that is not a part of it.
+    // name is that of TypeName. Null for an entity that is a part of another one.
+    std::unique_ptr<Entity> Read(NameId name);
 
 private:
-    NameId TypeName();
-    EntityType TypeOf(NameId id);
-    std::unique_ptr<Entity> ReadOne();
+    std::unique_ptr<Entity> ReadOne(NameId name);
     void ReadVertices(Polyline& polyline);
     void ReadAttributes(Insert& insert);
     void PlaceInSpace(Entity& entity);

@@ -77,7 +77,7 @@ private:
     void ReadBlockEntities(Block& block);
     void KeepBlock(std::unique_ptr<Block> block);
     bool MayGiveEntities();
-    void GiveEntity();
+    void GiveEntity(NameId type);
     void ReadEntitiesSection();
     void GoOnWithObjects();
     void TakeEntity();
@@ -233,7 +233,7 @@ void Pass::ReadBlockEntities(Block& block)
             m_reader.Note(Finding::Repaired, "BLOCK", "ends without ENDBLK", block.line);
             return m_reader.Unread();
         }
-        if (std::unique_ptr<Entity> entity = m_entities.Read()) {
+        if (std::unique_ptr<Entity> entity = m_entities.Read(m_entities.TypeName())) {
             if (isPaper)
                 entity->isInPaperSpace = 1;
             block.entities.push_back(std::move(entity));
@@ -264,10 +264,10 @@ bool Pass::MayGiveEntities()
     return !m_hasSkippedEntities;
 }
 
-void Pass::GiveEntity()
+void Pass::GiveEntity(NameId type)
 {
     m_reader.SetReport(m_reportOfEntities);
-    const std::unique_ptr<Entity> entity = m_entities.Read();
+    const std::unique_ptr<Entity> entity = m_entities.Read(type);
     m_reader.SetReport(m_report);
     if (entity != nullptr)
         m_sink->Take(*entity);
@@ -278,13 +278,15 @@ void Pass::ReadEntitiesSection()
 {
     const bool mayGive = MayGiveEntities();
     for (std::string_view record; !IsSectionEnd(record = NextRecord());) {
-        const bool isKnown = EntityTypeOf(record) != EntityType::Other;
+        const NameId type = m_entities.TypeName();
+        record = m_drawing.names.Text(type); // what NextRecord gave may be gone
+        const bool isKnown = m_entities.TypeOf(type) != EntityType::Other;
         if (!isKnown && IsAmong(record, kObjects))
             return GoOnWithObjects();
         if (m_isInLooseBlock || (!isKnown && IsAmong(record, kOfTablesOrBlocks)))
             ReadOutsideOfSections(record);
         else if (mayGive)
-            GiveEntity();
+            GiveEntity(type);
     }
 }
 
@@ -301,7 +303,7 @@ void Pass::TakeEntity()
     m_reader.Note(Finding::Repaired, "file", "an entity outside of sections is taken", m_reader.Line());
     m_hasSkippedEntities = m_hasSkippedEntities || (m_isIndex && (!m_hasTables || !m_hasBlocks));
     if (MayGiveEntities())
-        GiveEntity();
+        GiveEntity(m_entities.TypeName());
 }
 
 void Pass::TakeBlock()
