@@ -52,14 +52,4 @@ private:
     std::deque<Sink> m_sinks; // the model's, then those of the blocks
 };
 
-// The arc that a bulge makes of the segment between two points: its centre, its radius (0 for a straight
-// one), and its angles counter-clockwise, in radians.
-struct BulgeArc {
-    Point2 centre;
-    double radius = 0;
-    double start = 0;
-    double end = 0;
-};
-BulgeArc CircularArcOf(Point2 from, Point2 to, double bulge);
-
 } // namespace prepare

@@ -1,6 +1,7 @@
 #include "prepare/write/Flatten.h"
 
 #include "base/Pi.h"
+#include "prepare/plain/BulgeArc.h"
 #include "prepare/plain/Curves.h"
 
 #include <algorithm>
@@ -13,19 +14,6 @@ namespace {
 constexpr int kMostPieces = 4096;
 
 } // namespace
-
-CircularArc ArcOnChord(Point2 a, Point2 b, double bulge)
-{
-    const Point2 chord = b - a;
-    const double fromChord = (1 / bulge - bulge) / 4; // of the centre, to the left, in lengths of the chord
-    const Point2 centre = 0.5 * (a + b) + fromChord * LeftOf(chord);
-    if (bulge < 0)
-        std::swap(a, b);
-    CircularArc arc{centre, Length(chord) * (std::fabs(bulge) + 1 / std::fabs(bulge)) / 4,
-                    std::atan2(a.y - centre.y, a.x - centre.x), 0};
-    arc.end = arc.start + 4 * std::atan(std::fabs(bulge));
-    return arc;
-}
 
 int ChordsOfArc(double radius, double angle, double tolerance)
 {
@@ -45,7 +33,7 @@ void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge,
     const double tolerance = curves.Tolerance();
     const double height = std::fabs(bulge) * Length(b - a) / 2;
     if (height > tolerance) {
-        const CircularArc arc = ArcOnChord(a, b, bulge);
+        const BulgeArc arc = CircularArcOf(a, b, bulge);
         const int pieces = ChordsOfArc(arc.radius, arc.end - arc.start, tolerance);
         for (int i = 1; i < pieces; ++i) {
             const double share = static_cast<double>(bulge > 0 ? i : pieces - i) / pieces;

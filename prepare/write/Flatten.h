@@ -10,17 +10,6 @@
 
 namespace prepare {
 
-// A circular arc, counter-clockwise, in radians.
-struct CircularArc {
-    Point2 centre;
-    double radius = 0;
-    double start = 0;
-    double end = 0; // above start
-};
-
-// The arc from a to b whose bulge is not 0; a and b differ.
-CircularArc ArcOnChord(Point2 a, Point2 b, double bulge);
-
 // How many pieces an arc of that angle needs so that no chord is farther than tolerance from it: 1 to 4096.
 int ChordsOfArc(double radius, double angle, double tolerance);
 

@@ -1,6 +1,7 @@
 #include "prepare/write/ModuleEntities.h"
 
 #include "base/Decimals.h"
+#include "prepare/plain/BulgeArc.h"
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/Placement.h"
 #include "prepare/plain/TextMetrics.h"
@@ -193,7 +194,7 @@ bool ModuleEntities::WriteRoundPolyline(StyleId style, std::span<const PlainVert
     const Point2 a = Local(vertices[0].point), b = Local(vertices[1].point);
     if (std::fabs(bulge) * Length(b - a) / 2 < PowerOfTen(-m_out.decimals))
         return false; // straight
-    const CircularArc arc = ArcOnChord(a, b, bulge);
+    const BulgeArc arc = CircularArcOf(a, b, bulge);
     if (!isClosed) {
         WriteArc(style, arc.centre, arc.radius, arc.start, arc.end);
         return true;
