@@ -2,7 +2,8 @@
 #include "prepare/PrepareDrawing.h"
 
 #include "prepare/Inputs.h"
-#include "prepare/support/Dxf.h"
+#include "prepare/support/PointsIn.h"
+#include "support/Dxf.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +86,8 @@ TEST(PrepareDrawing, BrokenEntitiesCountWhereTheyWouldBeSeen)
 {
     const std::string layers =
         Section("TABLES", Dxf({{0, "LAYER"}, {2, "off"}, {62, "-1"}, {0, "LAYER"}, {2, "on"}, {62, "1"}}));
-    const auto broken = [](const std::string& layer, const std::string& value, const Pairs& more = {}) {
+    const auto broken = [](const std::string& layer, const std::string& value,
+                           std::initializer_list<Group> more = {}) {
         return Dxf({{0, "LINE"}, {8, layer}, {10, "0"}, {20, value}}) + Dxf(more);
     };
     for (const char* const value : {"nan", "1e999", "1e31"}) {

@@ -2,7 +2,8 @@
 #include "prepare/PrepareSheet.h"
 
 #include "prepare/Inputs.h"
-#include "prepare/support/Dxf.h"
+#include "prepare/support/PointsIn.h"
+#include "support/Dxf.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "prepare/pairs/PairReader.h"
 
-#include "prepare/support/Dxf.h"
+#include "support/Dxf.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "support/EveryKind.h"
 
-#include "prepare/support/Dxf.h"
+#include "support/Dxf.h"
 
 namespace prepare {
 

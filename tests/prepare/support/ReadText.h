@@ -2,7 +2,7 @@
 #pragma once
 
 #include "prepare/drawing/ReadDrawing.h"
-#include "prepare/support/Dxf.h"
+#include "support/Dxf.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ struct ReadDrawingOf final : EntitySink {
 // The entities of a block; the first one is the one that is looked at.
 class ReadBlock {
 public:
-    explicit ReadBlock(Pairs pairs)
+    explicit ReadBlock(std::initializer_list<Group> pairs)
         : read(Dxf({{0, "SECTION"}, {2, "BLOCKS"}, {0, "BLOCK"}, {2, "B"}}) + Dxf(pairs) +
                Dxf({{0, "ENDBLK"}, {0, "ENDSEC"}, {0, "EOF"}}))
     {
