@@ -207,6 +207,7 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     double textRotation = 0;         // 42, radians
     double textWidth = 0;            // 43
     std::int32_t textAttachment = 1; // 171: left, centre, right
+    std::int32_t textFlow = 1;       // 172 of the context: as an MTEXT's
     std::int32_t textColour = 0;     // 90, packed
     std::int32_t hasFill = 0;        // 292: behind the text
     std::int32_t fillColour = 0;     // 91, packed
@@ -262,14 +263,15 @@ struct MText : EntityOf<EntityType::MText> { // in world coordinates but for the
     double height = 0;                       // 40; 0: the style's
     double width = 0;                        // 41: wrapping
     std::int32_t attachment = 1;             // 71
-    std::int32_t flow = 1;                   // 72
-    std::string text;                        // 3 ..., 1, joined; UTF-8
-    NameId style = kNoName;                  // 7
-    Point3 direction;                        // 11
-    bool hasDirection = false;               // 11 came, and after 50: the last one counts
-    double rotation = 0;                     // 50
-    std::int32_t spacingStyle = 1;           // 73: at least, exact
-    double spacing = 1;                      // 44
+    static constexpr std::int32_t kFlowsDown = 3;
+    std::int32_t flow = 1;         // 72
+    std::string text;              // 3 ..., 1, joined; UTF-8
+    NameId style = kNoName;        // 7
+    Point3 direction;              // 11
+    bool hasDirection = false;     // 11 came, and after 50: the last one counts
+    double rotation = 0;           // 50
+    std::int32_t spacingStyle = 1; // 73: at least, exact
+    double spacing = 1;            // 44
     static constexpr std::int32_t kFill = 1, kWindowFill = 2, kFrame = 16;
     std::int32_t fill = 0;              // 90: a colour behind it, the background's, a frame
     std::int32_t fillColour = kByLayer; // 63

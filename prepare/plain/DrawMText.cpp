@@ -24,13 +24,15 @@ public:
                  std::string_view typeName)
         : m_entity(entity), m_placement(placement), m_styleOf(styleOf), m_typeName(typeName),
           m_frame(FrameOf()), m_drawer(placement, m_frame, typeName, entity.line, entity.style),
-          m_content(ReadContent()), m_layout(entity, m_content)
+          m_content(ReadContent()), m_layout(entity, m_content, IsSideBySide())
     {
     }
 
     void Draw()
     {
         DrawBackground();
+        if (m_layout.IsSideBySide())
+            DrawSideBySide();
         for (std::size_t column = 0; column < m_layout.Columns().size(); ++column)
             DrawColumn(column);
         ReportChanges();
@@ -127,6 +129,22 @@ private:
         for (const Point2 corner : corners)
             vertices.push_back({corner, 0});
         m_placement.sink.Polyline(style, vertices, true);
+    }
+
+    // Vertical writing puts the lines of a font that cannot be vertical side by side.
+    bool IsSideBySide() const
+    {
+        const TextStyle* style = m_placement.drawing.FindTextStyle(m_entity.style);
+        return m_entity.flow == MText::kFlowsDown && style != nullptr && IsTrueType(style->font);
+    }
+
+    void DrawSideBySide()
+    {
+        double left = m_layout.Left();
+        for (const TextLine& line : m_layout.Lines()) {
+            DrawLine(line, left, left + line.width, 0);
+            left += line.width + m_layout.GapAfter(line);
+        }
     }
 
     void DrawColumn(std::size_t number)
@@ -295,8 +313,7 @@ private:
 
     void ReportChanges() const
     {
-        constexpr std::int32_t kDown = 3;
-        if (m_entity.flow == kDown)
+        if (m_entity.flow == MText::kFlowsDown && !m_layout.IsSideBySide())
             Report(Finding::Changed, "vertical writing is drawn along a line");
         if (m_content.hasWrongCodes)
             Report(Finding::Repaired, kWrongCode);

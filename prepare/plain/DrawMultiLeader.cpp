@@ -71,6 +71,7 @@ void DrawMultiLeaderText(const MultiLeader& entity, const Placement& placement, 
     text.text = entity.text;
     text.direction = entity.textDirection;
     text.hasDirection = true;
+    text.flow = entity.textFlow;
     text.attachment = std::clamp(entity.textAttachment, 1, kRight);
     FillBehind(entity, text);
     const auto style = placement.drawing.textStyleOfHandle.find(entity.textStyleHandle);

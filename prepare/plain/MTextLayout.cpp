@@ -14,16 +14,33 @@ double SpacingOf(const MText& entity)
     return entity.spacing > 0 && std::isfinite(entity.spacing) ? entity.spacing : 1;
 }
 
+// How wide lines may be; 0: as wide as they are.
+double LimitOf(const MText& entity, bool isSideBySide, bool hasColumns)
+{
+    if (isSideBySide)
+        return 0;
+    return hasColumns ? entity.columnWidth : entity.width;
+}
+
 } // namespace
 
-MTextLayout::MTextLayout(const MText& entity, const MTextContent& content)
-    : m_entity(entity), m_content(content), m_hasColumns(entity.columnType > 0 && entity.columnWidth > 0),
-      m_lines(BreakIntoLines(content, m_hasColumns ? entity.columnWidth : entity.width))
+MTextLayout::MTextLayout(const MText& entity, const MTextContent& content, bool isSideBySide)
+    : m_entity(entity), m_content(content), m_isSideBySide(isSideBySide),
+      m_hasColumns(!isSideBySide && entity.columnType > 0 && entity.columnWidth > 0),
+      m_lines(BreakIntoLines(content, LimitOf(entity, isSideBySide, m_hasColumns)))
 {
     if (m_lines.size() > 1 && m_lines.back().parts.empty()) // after the end of the last paragraph
         m_lines.pop_back();
     if (m_hasColumns && entity.linkedColumns > 0 && IsOneColumn())
         m_hasColumns = false;
+    if (m_isSideBySide)
+        PutSideBySide();
+    else
+        PutInColumns();
+}
+
+void MTextLayout::PutInColumns()
+{
     MakeColumns();
     m_width = WidthOfAll();
     for (const Column& column : m_columns)
@@ -38,6 +55,19 @@ double MTextLayout::DistanceTo(std::size_t line) const
         return factor * m_content.looks.front().height;
     const TextLine& own = m_lines[line];
     return factor * own.height + (own.ascent - own.height) + m_lines[line - 1].descent;
+}
+
+double MTextLayout::GapAfter(const TextLine& line) const
+{
+    return (kLineDistance * SpacingOf(m_entity) - 1) * line.height;
+}
+
+void MTextLayout::PutSideBySide()
+{
+    for (const TextLine& line : m_lines) {
+        m_width += line.width + (&line != &m_lines.back() ? GapAfter(line) : 0);
+        m_height = std::max(m_height, line.ascent);
+    }
 }
 
 // Where a column must end; 0: nowhere.

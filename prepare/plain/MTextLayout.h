@@ -20,8 +20,13 @@ public:
         double height = 0; // from the top of the first line to the lowest of the last one
     };
 
-    // Both must outlive this.
-    MTextLayout(const MText& entity, const MTextContent& content);
+    // Both must outlive this. isSideBySide: all lines are on the base line through the point, one after the
+    // other, and nothing breaks paragraphs. What is behind them still hangs from the point.
+    MTextLayout(const MText& entity, const MTextContent& content, bool isSideBySide = false);
+
+    bool IsSideBySide() const { return m_isSideBySide; }
+    // From the end of a line to the start of the one beside it.
+    double GapAfter(const TextLine& line) const;
 
     const std::vector<TextLine>& Lines() const { return m_lines; }
     const std::vector<Column>& Columns() const { return m_columns; }
@@ -45,12 +50,15 @@ private:
     double RoomIn(std::size_t column) const;
     bool IsLastColumn(std::size_t column) const;
     bool IsOneColumn() const;
+    void PutInColumns();
     void MakeColumns();
+    void PutSideBySide();
     double ColumnStep() const;
     double WidthOfAll() const;
 
     const MText& m_entity;
     const MTextContent& m_content;
+    bool m_isSideBySide;
     bool m_hasColumns;
     std::vector<TextLine> m_lines;
     std::vector<Column> m_columns;

@@ -1,5 +1,6 @@
 #include "prepare/plain/TextStyles.h"
 
+#include "base/Letters.h"
 #include "base/Pi.h"
 
 #include <algorithm>
@@ -21,6 +22,15 @@ double TextHeightOf(double height, const TextStyle* style, const Header& header)
 double WidthFactorOf(double factor)
 {
     return factor > 0 && std::isfinite(factor) ? factor : 1;
+}
+
+bool IsTrueType(std::string_view font)
+{
+    constexpr std::size_t kEnding = 4;
+    if (font.size() <= kEnding)
+        return false;
+    const std::string ending = InSmallLetters(font.substr(font.size() - kEnding));
+    return ending == ".ttf" || ending == ".ttc" || ending == ".otf";
 }
 
 double SlantOf(double degrees)

@@ -247,6 +247,7 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
                            {140, "4"},
                            {145, "1.5"},
                            {304, "Note"},
+                           {172, "3"},
                            {12, "5"},
                            {340, "11"},
                            {302, "LEADER{"},
@@ -279,6 +280,7 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
     EXPECT_EQ(leader.arrowSize, 4);
     EXPECT_EQ(leader.landingGap, 1.5);
     EXPECT_EQ(leader.text, "Note");
+    EXPECT_EQ(leader.textFlow, MText::kFlowsDown);
     EXPECT_EQ(leader.textStyleHandle, 0x11u);
     EXPECT_EQ(leader.leaderType, 2);
     ASSERT_EQ(leader.attributes.size(), 2u); // the first handle is the owner's

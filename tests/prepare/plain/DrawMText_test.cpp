@@ -563,6 +563,32 @@ TEST(DrawMText, WhatIsLeftOutIsReported)
                      "Changed MTEXT: without distances between letters (1 from line 7)"}));
 }
 
+TEST(DrawMText, VerticalLinesOfATrueTypeFontAreSideBySideOnThePoint)
+{
+    TextTrial trial;
+    TextStyle& style = trial.StyleNamed("S");
+    style.font = "Arial.TTF";
+    MText text = Wrapped("AB\\P0\\PC", 0.1);
+    text.style = style.name;
+    text.flow = MText::kFlowsDown;
+    text.attachment = 3;
+    // Two thirds of the height are between them: widths of 1.691, 0.785 and 0.862.
+    EXPECT_EQ(trial.Draw(text),
+              (Lines{"text 'AB' at -2.98033,0 along 1,0 up 0,1 end",
+                     "text '0' at -1.52867,0 along 1,0 up 0,1 end", "text 'C' at 0,0 along 1,0 up 0,1 end"}));
+    EXPECT_EQ(trial.Findings(), Lines{});
+    // As those of horizontal lines at the top, their frame hangs from the point.
+    text.fill = MText::kFrame;
+    text.frameGap = 1;
+    EXPECT_EQ(trial.Draw(text)[0], "closed polyline -5.67133,-2 1,-2 1,1 -5.67133,1");
+    text.fill = 0;
+    style.font = "txt.shx";
+    text.attachment = 1;
+    EXPECT_EQ(trial.Draw(text)[1], "text '0' at 0,-2.66667 along 1,0 up 0,1 start");
+    EXPECT_EQ(trial.Findings(),
+              (Lines{"Changed MTEXT: vertical writing is drawn along a line (1 from line 7)"}));
+}
+
 TEST(DrawMText, BlanksAloneAreLeftOutSilently)
 {
     TextTrial trial;
