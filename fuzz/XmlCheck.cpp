@@ -35,13 +35,14 @@ const std::map<std::string_view, Names> kElements = {
     {"path", {"d", "style"}},
     {"polyline", {"points"}},
     {"polygon", {"points"}},
-    {"text", {"x", "y", "xml:space"}},
+    {"text", {"x", "y", "xml:space", "textLength", "lengthAdjust"}},
     {"tspan", {}},
     {"use", {"xlink:href"}},
 };
 const Names kNumbers = {
-    "x",  "y",     "x1",     "y1",           "x2",          "y2",           "r",        "rx", "ry", "cx",
-    "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight", "font-size"};
+    "x",         "y",         "x1", "y1",    "x2",     "y2",           "r",           "rx",
+    "ry",        "cx",        "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight",
+    "font-size", "textLength"};
 // Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
 constexpr std::string_view kDataPrefix = "data-";
 

@@ -126,7 +126,7 @@ class Strokes(unittest.TestCase):
         self.check("examples/*.dxf", 2)
 
     def test_drawings_of_the_traces(self):
-        self.check("tests/trace/*.dxf", 10, 2)
+        self.check("tests/trace/*.dxf", 10, 1)
 
     def test_real_drawings(self):
         if not os.path.isdir(ARGS.corpus):
