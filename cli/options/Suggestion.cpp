@@ -72,7 +72,7 @@ std::string SuggestedOption(const CommandRow& command, std::string_view argument
         return "";
     if (written == "-v" || written == "-V")
         return written == "-v" ? "--verbose" : "--version";
-    const std::string name = std::string(written.starts_with("--") ? 0 : 1, '-').append(written);
+    std::string name = std::string(written.starts_with("--") ? 0 : 1, '-').append(written);
     if (FindOption(command, name))
         return name;
     for (const CommandRow& other : Commands())

@@ -8,7 +8,8 @@
 namespace prepare {
 
 // Gives room, which stays where it is, and keeps it as long as it lives. Most blocks of a drawing are small:
-// room of their own would cost more than what is in it.
+// room of their own would cost more than what is in it. CDxfArena begins each piece at a multiple of eight; a
+// log grows byte by byte, and needs its pieces right after each other.
 class LogStorage {
 public:
     // What is asked for next comes right after it, or elsewhere. Throws std::bad_alloc.
