@@ -170,8 +170,7 @@ bool Preparing::ConvertAgain()
 void Preparing::TellContents()
 {
     m_report.contents = m_first->Held();
-    CountBlocks(m_drawing, m_report.contents);
-    m_report.contents.isEnded = m_drawing.isEnded;
+    CountRest(m_drawing, m_report.contents);
     m_report.isBlank =
         m_first->Measured().OfModel().hull.IsEmpty() && m_first->Converted().RayStarts().IsEmpty();
     m_report.layouts = SizesOfLayouts(m_drawing, m_report.contents.inPaperSpace > 0);

@@ -128,8 +128,7 @@ bool SheetPasses::ReadWindows()
 void SheetPasses::TellContents(const Contents& held)
 {
     m_report.contents = held;
-    CountBlocks(m_drawing, m_report.contents);
-    m_report.contents.isEnded = m_drawing.isEnded;
+    CountRest(m_drawing, m_report.contents);
 }
 
 // The model's measure is of the sheet's own entities: what windows show counts where it is not cut off.

@@ -7,6 +7,7 @@
 #include "cli/batch/WriteOutput.h"
 #include "cli/contents/Collector.h"
 #include "cli/contents/Fate.h"
+#include "cli/contents/Header.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
 #include "cli/draw/WriteOptions.h"
@@ -30,6 +31,7 @@
 #include <new>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace plexorn {
 
@@ -214,6 +216,21 @@ DrawingInfo ReadContents(Source& source, bool isAll, bool keepsGoing)
     return info;
 }
 
+// What preparing read of a header, wherever that is in the file.
+Header HeaderOf(const prepare::Contents& contents)
+{
+    constexpr int kName = 9, kInteger = 70;
+    Header header;
+    HeaderReader reader(header);
+    for (const auto& [name, value] :
+         {std::pair("$INSUNITS", &contents.units), std::pair("$MEASUREMENT", &contents.measurement)})
+        if (!value->empty()) {
+            reader.Take(kName, name);
+            reader.Take(kInteger, *value);
+        }
+    return header;
+}
+
 std::string HoleOf(const DrawingInfo& info)
 {
     const int error = info.header.readError;
@@ -308,11 +325,15 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     Prepare(prepared, source, options, report);
     if (prepared && !prepared->Reason().empty())
         return report.Failed(source.ShownName(), prepared->Reason(), prepared->Code());
-    // Preparing tells what a drawing holds.
+    // Preparing finds out what a drawing holds, too.
     const bool asksAboutAll =
         !prepared && (!options.isQuiet || options.isStrict || !options.minDrawn.empty());
-    DrawingInfo info = ReadContents(source, asksAboutAll, options.keepsGoing);
-    outcome.hole = prepared && !prepared->Hole().empty() ? prepared->Hole() : HoleOf(info);
+    DrawingInfo info;
+    if (prepared)
+        info.header = HeaderOf(prepared->Findings().contents);
+    else
+        info = ReadContents(source, asksAboutAll, options.keepsGoing);
+    outcome.hole = prepared ? prepared->Hole() : HoleOf(info);
     if (!outcome.hole.empty() && !options.keepsGoing)
         return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
     const Document document(svgHostCreate(), svgHostDestroy);

@@ -65,9 +65,8 @@ std::vector<std::string> NotesOn(const DrawingInfo& info, const Becoming* becomi
 {
     std::vector<std::string> notes;
     if (becoming == nullptr && info.oddLines != 0)
-        notes.push_back(Counted(info.oddLines, "line stands", "lines stand") +
-                        " where a group code belongs and none is, the first at line " +
-                        std::to_string(info.firstOddLine));
+        notes.push_back(Counted(info.oddLines, "line is no group code", "lines are no group codes") +
+                        " and should be one, the first at line " + std::to_string(info.firstOddLine));
     if (!info.isEnded)
         notes.push_back("the file has no EOF: it may have been cut off");
     if (becoming == nullptr)

@@ -22,8 +22,11 @@ void CountEntity(const Entity& entity, Contents& contents)
     contents.onSheets += entity.isInvisible != 1 && entity.type != EntityType::Viewport;
 }
 
-void CountBlocks(const Drawing& drawing, Contents& contents)
+void CountRest(const Drawing& drawing, Contents& contents)
 {
+    contents.isEnded = drawing.isEnded;
+    contents.units = drawing.header.Text("$INSUNITS");
+    contents.measurement = drawing.header.Text("$MEASUREMENT");
     for (const auto& [name, block] : drawing.blocks) {
         if (block->isLayout)
             continue;

@@ -9,7 +9,8 @@ namespace prepare {
 // Adds an entity of the model or of a paper space.
 void CountEntity(const Entity& entity, Contents& contents);
 
-// Adds what blocks hold. What is in the blocks of layouts is in the model or in a paper space.
-void CountBlocks(const Drawing& drawing, Contents& contents);
+// Adds what is known of the whole drawing: its header, its end, and what blocks hold. What is in the blocks
+// of layouts is in the model or in a paper space.
+void CountRest(const Drawing& drawing, Contents& contents);
 
 } // namespace prepare

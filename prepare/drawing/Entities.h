@@ -25,7 +25,6 @@ inline constexpr std::int32_t kWeightByLayer = -1;
 inline constexpr std::int32_t kWeightByBlock = -2;
 inline constexpr std::int32_t kDefaultWeight = -3;
 
-// What all types have.
 // What is wrong with the numbers of an entity that cannot be drawn for it.
 enum class Fault : std::uint8_t { None, NotANumber, OutOfRange };
 
@@ -34,6 +33,7 @@ constexpr std::string_view TextOf(Fault fault)
     return fault == Fault::OutOfRange ? "a number is beyond 1e30" : "a coordinate is not a number";
 }
 
+// What all types have.
 struct Entity {
     explicit Entity(EntityType itsType) : type(itsType) {}
     virtual ~Entity() = default;

@@ -69,9 +69,11 @@ bool IsDashed(EntityType type)
 {
     switch (type) {
     case EntityType::Line:
+    case EntityType::Line3d:
     case EntityType::Ray:
     case EntityType::XLine:
     case EntityType::Leader:
+    case EntityType::Helix:
         return true;
     default:
         return MayRunRound(type);

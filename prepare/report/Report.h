@@ -46,6 +46,8 @@ struct Contents {
     std::uint64_t invisible = 0;    // by their own flag
     std::uint64_t masks = 0;        // entities that only hide others
     bool isEnded = false;           // whether the file ends with its EOF
+    std::string units; // $INSUNITS and $MEASUREMENT as the header has them; empty where it lacks them
+    std::string measurement;
 };
 
 // Equal findings are one entry with a count.

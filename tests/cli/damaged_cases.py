@@ -80,6 +80,17 @@ class Damaged(CommandTest):
         self.drawn((*WHOLE[:-2], *section("ENTITIES", *line(7)), "0", "EOF"),
                    f"{len(WHOLE) - 2 + 3}: file: a second section ENTITIES is read, too", shown=5)
 
+    def test_the_unit_is_read_wherever_the_header_is(self):
+        classes, rest = section("CLASSES", "0", "CLASS", "1", "X"), section("ENTITIES", *line(1))
+        small = tuple(word.lower() if word in ("SECTION", "HEADER", "ENDSEC") else word for word in HEADER)
+        for words in ((*HEADER, *rest), (*classes, *HEADER, *rest), (*rest, *HEADER), ("0", "ENDSEC", *HEADER, *rest),
+                      (*small, *rest)):
+            for quiet in ([], ["-q"]):
+                with self.subTest(words=words, quiet=quiet):
+                    self.write("plan.dxf", dxf(*words, "0", "EOF"))
+                    self.expect(0, *quiet, "plan.dxf")
+                    self.assertRegex(self.read("plan.svg"), r'^<[^>]*>\s*<svg[^>]* width="[0-9.]+mm"')
+
     def test_values_that_are_words(self):
         bad = ("0", "LINE", "8", "Walls", "10", "abc", "20", "-", "11", "9", "21", "7x", "62", "")
         self.drawn((*section("ENTITIES", *line(1), *bad), "0", "EOF"),

@@ -116,7 +116,7 @@ class Contents(InfoTest):
         self.assertIn("the entry at line 10 has no subclass marker", self.info(old)["notes"][0])
         self.assertIn("the entry at line 6 has no subclass marker", self.info(entities("0", "DIMENSION"))["notes"][0])
         odd = entities(*LINE, "not a code", *LINE)
-        self.assertIn("1 line stands where a group code belongs and none is, the first at line 17",
+        self.assertIn("1 line is no group code and should be one, the first at line 17",
                       self.info(odd)["notes"][0])
         self.assertEqual(self.info(odd)["entities"][0]["inDrawing"], 2)
 
@@ -243,10 +243,10 @@ class Hostile(InfoTest):
                 (b"0\n\n" * 1000, 2000, 0, [cut]),
                 (start + b"\xff" * 100_000, 4, 0, [cut]),
                 (start + b"ENTITIES\n" + b"x\n" * 500_000, 500_004, 0,
-                 ["500000 lines stand where a group code belongs and none is, the first at line 5", cut]),
+                 ["500000 lines are no group codes and should be one, the first at line 5", cut]),
                 # The format has no such code.
                 (DRAWING[:-len(b"0\nEOF\n")] + b"99999999999999999999\n0\nENDSEC\n" + DRAWING, 41, 2,
-                 ["1 line stands where a group code belongs and none is, the first at line 19"])):
+                 ["1 line is no group code and should be one, the first at line 19"])):
             with self.subTest(content=content[:40]):
                 info = self.info(content)
                 self.assertEqual((info["bytes"], info["lines"]), (len(content), lines))

@@ -162,11 +162,12 @@ class PreparedNothingVisible(OutcomeTest):
         dashes = ("2", "GAS", "70", "0", "72", "65", "73", "2", "40", "1", "49", "0.5", "74", "0", "49", "-0.5", "74", "2",
                   "75", "0", "340", "11", "46", "0.1", "50", "0", "44", "0", "45", "0", "9", "GAS")
         table = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LTYPE", "0", "LTYPE", *dashes, "0", "ENDTAB", "0", "ENDSEC")
-        self.write("plan.dxf", dxf(*table) + entities("0", "LINE", "6", "GAS", "11", "9"))
-        said = "LINE without the texts or shapes of its line type"
-        self.assertIn(f"; shown otherwise: 1 {said}\n", self.expect(1, "--strict", "plan.dxf"))
-        self.write("plan.dxf", dxf(*table) + entities("0", "LINE", "11", "9"))
-        self.assertNotIn(said, self.expect(0, "--strict", "plan.dxf"))
+        said = "without the texts or shapes of its line type"
+        for kind in ("LINE", "3DLINE", "XLINE", "CIRCLE"):
+            self.write("plan.dxf", dxf(*table) + entities("0", kind, "6", "GAS", "11", "9", "40", "5"))
+            self.assertIn(f"; shown otherwise: 1 {kind} {said}\n", self.expect(1, "--strict", "plan.dxf"))
+            self.write("plan.dxf", dxf(*table) + entities("0", kind, "11", "9", "40", "5"))
+            self.assertNotIn(said, self.expect(0, "--strict", "plan.dxf"))
 
     def test_entities_with_broken_numbers_count(self):
         broken = ("0", "LINE", "10", "nan", "11", "1")
