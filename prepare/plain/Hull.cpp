@@ -60,21 +60,21 @@ void Hull::AddOutside(Point2 point)
 {
     if (!std::isfinite(point.x) || !std::isfinite(point.y))
         return;
+    const Directions& directions = AllDirections();
+    std::array<double, kDirections> reach;
+    for (std::size_t i = 0; i < kDirections; ++i)
+        reach[i] = point.x * directions.x[i] + point.y * directions.y[i];
     if (m_isEmpty) {
         m_x.fill(point.x);
         m_y.fill(point.y);
+        m_reach = reach;
         m_isEmpty = false;
     }
-    const Directions& directions = AllDirections();
-    std::array<double, kDirections> reach, known;
-    for (std::size_t i = 0; i < kDirections; ++i) {
-        reach[i] = point.x * directions.x[i] + point.y * directions.y[i];
-        known[i] = m_x[i] * directions.x[i] + m_y[i] * directions.y[i];
-    }
     for (std::size_t i = 0; i < kDirections; ++i)
-        if (reach[i] > known[i]) {
+        if (reach[i] > m_reach[i]) {
             m_x[i] = point.x;
             m_y[i] = point.y;
+            m_reach[i] = reach[i];
         }
     if (IsTimeForInner(++m_outside))
         FindInner();
@@ -94,7 +94,7 @@ void Hull::FindInner()
     for (std::size_t i = 0; i < kDirections; ++i) {
         const double wide = half.x * std::fabs(directions.x[i]) + half.y * std::fabs(directions.y[i]);
         if (wide > 0)
-            share = std::min(share, (ReachOf(i) - Dot(centre, directions[i])) / wide);
+            share = std::min(share, (m_reach[i] - Dot(centre, directions[i])) / wide);
     }
     share -= kRounding;
     m_inner = {centre - share * half, centre + share * half};
@@ -117,15 +117,22 @@ void Hull::AddFarthest(std::size_t direction, Point2 point)
 {
     if (m_isEmpty)
         return Add(point);
-    if (!(Dot(point, AllDirections()[direction]) > ReachOf(direction)) || !IsFinite(point))
+    const double reach = Dot(point, AllDirections()[direction]);
+    if (!(reach > m_reach[direction]) || !IsFinite(point))
         return;
     m_x[direction] = point.x;
     m_y[direction] = point.y;
+    m_reach[direction] = reach;
 }
 
-double Hull::ReachOf(std::size_t direction) const
+double Hull::Radius() const
 {
-    return Dot({m_x[direction], m_y[direction]}, AllDirections()[direction]);
+    double x = 0, y = 0;
+    for (std::size_t i = 0; i < kDirections; ++i) {
+        x = std::max(x, std::fabs(m_x[i]));
+        y = std::max(y, std::fabs(m_y[i]));
+    }
+    return x + y;
 }
 
 std::array<Point2, Hull::kDirections> Hull::Points() const
@@ -139,9 +146,10 @@ std::array<Point2, Hull::kDirections> Hull::Points() const
 Box Hull::Bounds() const
 {
     Box box;
-    if (!m_isEmpty)
-        for (const Point2 point : Points())
-            box.Add(point);
+    if (m_isEmpty)
+        return box;
+    for (std::size_t i = 0; i < kDirections; ++i)
+        box.Add({m_x[i], m_y[i]});
     return box;
 }
 

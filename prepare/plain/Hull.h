@@ -29,6 +29,9 @@ public:
                point.y - distance >= m_inner.min.y && point.y + distance <= m_inner.max.y;
     }
 
+    // No point is farther from (0, 0) than that; 0 when there are none.
+    double Radius() const;
+
     bool IsEmpty() const { return m_isEmpty; }
     std::array<Point2, kDirections> Points() const;
     Box Bounds() const;
@@ -37,11 +40,11 @@ private:
     void AddOutside(Point2 point);
     void AddFarthest(std::size_t direction, Point2 point);
     void FindInner();
-    double ReachOf(std::size_t direction) const;
 
     // The farthest point in each direction; apart, so that all are looked at in wide steps.
     std::array<double, kDirections> m_x{};
     std::array<double, kDirections> m_y{};
+    std::array<double, kDirections> m_reach{}; // how far it is
     Box m_inner;            // a box that no direction leaves, perhaps a smaller one than there is
     unsigned m_outside = 0; // how many points were not within it
     bool m_isEmpty = true;

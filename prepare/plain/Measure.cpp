@@ -95,7 +95,7 @@ void Measure::Sink::Insert(std::size_t block, Point2 point, double rotation, boo
     const Measured& inside = owner.OfBlock(block);
     measured.thinnestWeight = std::min(measured.thinnestWeight, inside.thinnestWeight);
     measured.smallestText = std::min(measured.smallestText, inside.smallestText);
-    if (inside.hull.IsEmpty())
+    if (inside.hull.IsEmpty() || measured.hull.IsWithin(point, inside.hull.Radius()))
         return;
     const double cosine = std::cos(rotation), sine = std::sin(rotation);
     for (Point2 p : inside.hull.Points()) {

@@ -1,5 +1,6 @@
 #include "prepare/write/PairWriter.h"
 
+#include "base/Blanks.h"
 #include "base/Numbers.h"
 
 #include <algorithm>
@@ -42,8 +43,10 @@ constexpr CodeTexts kCodesInColumns = MakeCodeTexts(PairForm::Columns);
 // Puts a point and a zero after digits that have no point. Returns the end of the number.
 char* PutPoint(const char* number, char* end)
 {
-    const std::string_view digits(number, static_cast<std::size_t>(end - number));
-    if (digits.find_first_not_of("0123456789", *number == '-') == std::string_view::npos) {
+    const char* at = number + (*number == '-');
+    while (at != end && IsDigit(*at))
+        ++at;
+    if (at == end) {
         *end++ = '.';
         *end++ = '0';
     }

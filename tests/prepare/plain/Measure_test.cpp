@@ -57,6 +57,21 @@ TEST(Measure, AUseOfABlockIsItsContentMirroredTurnedAndMoved)
     ExpectBox(measure.OfModel().hull.Bounds(), 102, 201, 103, 205);
 }
 
+TEST(Measure, AUseOfABlockReachesBeyondWhatIsKnownWhereverItTurns)
+{
+    Measure measure;
+    const std::size_t block = measure.NewBlock("B");
+    measure.Block(block).Line({}, {0, 0}, {30, 40});
+    for (const Point2 corner : {Point2{0, 0}, {100, 0}, {100, 100}, {0, 100}})
+        measure.Model().Line({}, corner, {50, 50});
+    measure.Model().Insert(block, {45, 45}, 0, false);
+    ExpectBox(measure.OfModel().hull.Bounds(), 0, 0, 100, 100);
+    measure.Model().Insert(block, {45, 55}, std::atan2(30, 40), false); // upright, up to (45, 105)
+    ExpectBox(measure.OfModel().hull.Bounds(), 0, 0, 100, 105);
+    measure.Model().Insert(block, {45, 45}, std::numbers::pi - std::atan2(-40, 30), true); // to (-5, 45)
+    ExpectBox(measure.OfModel().hull.Bounds(), -5, 0, 100, 105);
+}
+
 TEST(Measure, KeepsTheThinnestWeightAndTheSmallestText)
 {
     Measure measure;
