@@ -14,7 +14,8 @@ namespace {
 class JsonOfInfo {
 public:
     JsonOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
-        : m_info(info), m_becoming(becoming), m_page(info.header.codePage)
+        : m_info(info), m_becoming(becoming), m_types(becoming != nullptr ? becoming->held : info.types),
+          m_page(info.header.codePage)
     {
         m_json.Open('{').Member("file", file).Member("bytes", info.bytes).Member("lines", info.lines);
     }
@@ -57,7 +58,7 @@ public:
 
     void AddEntities()
     {
-        List("entities", m_info.types, [this](const TypeInfo& type) {
+        List("entities", m_types, [this](const TypeInfo& type) {
             m_json.Member("inDrawing", type.inDrawing).Member("inBlocks", type.inBlocks);
             m_json.Member("line", type.line);
             m_json.Member("fate", NameOfFate(FateInDrawing(type.name)));
@@ -185,6 +186,7 @@ private:
 
     const DrawingInfo& m_info;
     const Becoming* m_becoming;
+    const Named<TypeInfo>& m_types;
     NamedCodePage m_page;
     Json m_json;
 };

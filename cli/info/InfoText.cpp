@@ -94,7 +94,8 @@ std::string SizeText(double millimetres)
 class TextOfInfo {
 public:
     TextOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
-        : m_info(info), m_becoming(becoming), m_page(info.header.codePage)
+        : m_info(info), m_becoming(becoming), m_types(becoming != nullptr ? becoming->held : info.types),
+          m_page(info.header.codePage)
     {
         m_out.append(Printable(file)).append("\n");
     }
@@ -118,7 +119,7 @@ public:
     void AddEntities()
     {
         Table table({"entities", ">in drawing", ">in blocks", ">first line", "what becomes of them"});
-        for (const TypeInfo& type : m_info.types)
+        for (const TypeInfo& type : m_types)
             table.Add({Safe(type.name), std::to_string(type.inDrawing), std::to_string(type.inBlocks),
                        std::to_string(type.line), BecomingText(type)});
         Add(table);
@@ -217,6 +218,7 @@ private:
 
     const DrawingInfo& m_info;
     const Becoming* m_becoming;
+    const Named<TypeInfo>& m_types;
     NamedCodePage m_page;
     std::string m_out;
 };

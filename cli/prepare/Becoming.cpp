@@ -43,6 +43,14 @@ void Add(const prepare::Report::Key& key, const prepare::FindingCount& met, Beco
     }
 }
 
+Named<TypeInfo> TypesOf(const prepare::Contents& contents)
+{
+    Named<TypeInfo> types;
+    for (const prepare::TypeContents& type : contents.types)
+        types[type.name] = {type.name, type.inDrawing, type.inBlocks, type.firstLine};
+    return types;
+}
+
 } // namespace
 
 std::string TypeBecoming::Text() const
@@ -64,6 +72,7 @@ Becoming BecomingOf(Source& source, const Options& options)
         input.ThrowFailure();
     Becoming becoming;
     becoming.share = ShareOf(findings);
+    becoming.held = TypesOf(findings.contents);
     for (const auto& [key, met] : findings.Entries())
         Add(key, met, becoming);
     becoming.sheets = std::move(findings.layouts);

@@ -1,6 +1,7 @@
 // What becomes of the entities of a drawing when it is prepared.
 #pragma once
 
+#include "cli/contents/DrawingInfo.h"
 #include "cli/contents/Share.h"
 #include "cli/files/Source.h"
 #include "cli/options/Options.h"
@@ -25,6 +26,7 @@ struct TypeBecoming {
 
 struct Becoming {
     Share share;
+    Named<TypeInfo> held;                      // the entities of each type in the file
     std::map<std::string, TypeBecoming> types; // by name; without those that stay what they are
     std::vector<std::string> repairs;          // what was wrong with the file, and the first line of that
     std::vector<prepare::LayoutSize> sheets;   // of the paper space

@@ -1,5 +1,7 @@
 #include "prepare/drawing/CountContents.h"
 
+#include <algorithm>
+
 namespace prepare {
 
 namespace {
@@ -9,6 +11,17 @@ void CountAnywhere(const Entity& entity, Contents& contents)
     ++contents.entities;
     contents.invisible += entity.isInvisible == 1;
     contents.masks += entity.type == EntityType::Wipeout;
+}
+
+std::vector<TypeContents> TypesOf(const Drawing& drawing)
+{
+    std::vector<TypeContents> types;
+    for (const auto& [name, count] : drawing.types)
+        types.push_back(
+            {std::string(drawing.names.Text(name)), count.inDrawing, count.inBlocks, count.firstLine});
+    std::sort(types.begin(), types.end(),
+              [](const TypeContents& a, const TypeContents& b) { return a.firstLine < b.firstLine; });
+    return types;
 }
 
 } // namespace
@@ -27,6 +40,7 @@ void CountRest(const Drawing& drawing, Contents& contents)
     contents.isEnded = drawing.isEnded;
     contents.units = drawing.header.Text("$INSUNITS");
     contents.measurement = drawing.header.Text("$MEASUREMENT");
+    contents.types = TypesOf(drawing);
     for (const auto& [name, block] : drawing.blocks) {
         if (block->isLayout)
             continue;

@@ -9,8 +9,8 @@ namespace prepare {
 // Adds an entity of the model or of a paper space.
 void CountEntity(const Entity& entity, Contents& contents);
 
-// Adds what is known of the whole drawing: its header, its end, and what blocks hold. What is in the blocks
-// of layouts is in the model or in a paper space.
+// Adds what is known of the whole drawing: its header, its end, its types of entities, and what blocks hold.
+// What is in the blocks of layouts is in the model or in a paper space.
 void CountRest(const Drawing& drawing, Contents& contents);
 
 } // namespace prepare

@@ -115,10 +115,18 @@ struct SpatialFilter {
     std::vector<double> numbers;
 };
 
+// The entities of one type, whether they can be drawn or not.
+struct TypeCount {
+    std::uint64_t inDrawing = 0; // in no block
+    std::uint64_t inBlocks = 0;
+    std::uint64_t firstLine = 0; // of the first one's name; 0: none
+};
+
 class Drawing {
 public:
     Names names;
     Header header;
+    std::map<NameId, TypeCount> types; // by the type's name
     std::map<NameId, Layer> layers;
     std::map<NameId, LineType> lineTypes;
     std::map<NameId, TextStyle> textStyles;

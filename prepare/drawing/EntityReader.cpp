@@ -78,8 +78,9 @@ EntityType EntityReader::TypeOf(NameId id)
     return static_cast<EntityType>(known - 1);
 }
 
-std::unique_ptr<Entity> EntityReader::Read(NameId name)
+std::unique_ptr<Entity> EntityReader::Read(NameId name, bool isInBlock)
 {
+    m_isInBlock = isInBlock;
     std::unique_ptr<Entity> entity = ReadOne(name);
     if (entity->type == EntityType::SeqEnd)
         return nullptr;
@@ -96,12 +97,25 @@ std::unique_ptr<Entity> EntityReader::ReadOne(NameId name)
 {
     const std::uint64_t line = m_reader.Line() + 1;
     const EntityType type = TypeOf(name);
+    Count(name, line);
     m_reader.phase = 0;
     std::unique_ptr<Entity> entity = ReadFunctionOf(type)(m_reader);
     entity->type = type;
     entity->typeName = name;
     entity->line = line;
     return entity;
+}
+
+// Entities of one type mostly follow each other.
+void EntityReader::Count(NameId name, std::uint64_t line)
+{
+    if (m_lastCount == nullptr || name != m_lastName) {
+        m_lastName = name;
+        m_lastCount = &m_reader.drawing.types[name];
+        if (m_lastCount->firstLine == 0 || line < m_lastCount->firstLine)
+            m_lastCount->firstLine = line;
+    }
+    ++(m_isInBlock ? m_lastCount->inBlocks : m_lastCount->inDrawing);
 }
 
 // Reports what was repaired in an entity. What cannot be is reported where the entity would be drawn.
@@ -132,6 +146,7 @@ void EntityReader::ReadVertices(Polyline& polyline)
         VertexRecord record;
         record.line = line;
         record.typeName = TypeName();
+        Count(record.typeName, line);
         record.vertex.startWidth = polyline.startWidth;
         record.vertex.endWidth = polyline.endWidth;
         m_reader.Read(record, kVertex);
@@ -145,12 +160,17 @@ void EntityReader::ReadVertices(Polyline& polyline)
         else
             m_reader.Note(Finding::Cut, "POLYLINE", "more than 1,000,000 parts", line);
     }
-    if (NextIs(EntityType::SeqEnd)) {
-        m_reader.NextPair();
-        m_reader.SkipFields();
-    } else {
+    if (NextIs(EntityType::SeqEnd))
+        StepOverEnd();
+    else
         m_reader.Note(Finding::Repaired, "POLYLINE", "ends without SEQEND", polyline.line);
-    }
+}
+
+void EntityReader::StepOverEnd()
+{
+    m_reader.NextPair();
+    Count(TypeName(), m_reader.Line() + 1);
+    m_reader.SkipFields();
 }
 
 void EntityReader::ReadAttributes(Insert& insert)
@@ -165,10 +185,8 @@ void EntityReader::ReadAttributes(Insert& insert)
         if (insert.attributes.size() < RecordReader::kMostElements)
             insert.attributes.push_back(std::unique_ptr<Text>(static_cast<Text*>(attribute.release())));
     }
-    if (hasAny && NextIs(EntityType::SeqEnd)) {
-        m_reader.NextPair();
-        m_reader.SkipFields();
-    }
+    if (hasAny && NextIs(EntityType::SeqEnd))
+        StepOverEnd();
 }
 
 // Code 67 says which space an entity is in; where it is missing, the owner or the layout does.

@@ -233,7 +233,7 @@ void Pass::ReadBlockEntities(Block& block)
             m_reader.Note(Finding::Repaired, "BLOCK", "ends without ENDBLK", block.line);
             return m_reader.Unread();
         }
-        if (std::unique_ptr<Entity> entity = m_entities.Read(m_entities.TypeName())) {
+        if (std::unique_ptr<Entity> entity = m_entities.Read(m_entities.TypeName(), true)) {
             if (isPaper)
                 entity->isInPaperSpace = 1;
             block.entities.push_back(std::move(entity));
@@ -267,7 +267,7 @@ bool Pass::MayGiveEntities()
 void Pass::GiveEntity(NameId type)
 {
     m_reader.SetReport(m_reportOfEntities);
-    const std::unique_ptr<Entity> entity = m_entities.Read(type);
+    const std::unique_ptr<Entity> entity = m_entities.Read(type, false);
     m_reader.SetReport(m_report);
     if (entity != nullptr)
         m_sink->Take(*entity);
@@ -399,6 +399,8 @@ bool Pass::ReadIndex()
 void Pass::ReadEntities(Report* report)
 {
     m_reportOfEntities = report;
+    for (auto& [name, count] : m_drawing.types)
+        count.inDrawing = 0; // an earlier pass may have counted some
     KnowCodePage();
     GiveLayoutBlocks();
     for (std::string_view name; !(name = NextSection()).empty();)

@@ -37,6 +37,14 @@ struct LayoutSize {
     double height = 0;
 };
 
+// The entities of one type in a file, each part of another one by itself.
+struct TypeContents {
+    std::string name;
+    std::uint64_t inDrawing = 0;
+    std::uint64_t inBlocks = 0;
+    std::uint64_t firstLine = 0; // of the first one's name
+};
+
 // What a file holds, whether it is shown or not.
 struct Contents {
     std::uint64_t entities = 0;     // all of them, those in blocks once
@@ -48,6 +56,7 @@ struct Contents {
     bool isEnded = false;           // whether the file ends with its EOF
     std::string units; // $INSUNITS and $MEASUREMENT as the header has them; empty where it lacks them
     std::string measurement;
+    std::vector<TypeContents> types; // in the order of their first lines
 };
 
 // Equal findings are one entry with a count.

@@ -277,6 +277,28 @@ class Prepared(InfoTest):
             self.assertRegex(printed, rf"(?m)^  {type_} +1 +0 +\d+  {words}$")
         self.assertIn("share         2 of 3 entities shown (66.6 %); missing: 1 3DSOLID\n", printed)
 
+    def test_it_counts_what_preparing_reads(self):
+        block = ("0", "BLOCK", "2", "B", "0", "line", "8", "0", "0", "ENDBLK")
+        polyline = ("0", "POLYLINE", "8", "0", "0", "VERTEX", "8", "0", "0", "VERTEX", "8", "0", "0", "SEQEND")
+        content = dxf("0", "SECTION", "2", "BLOCKS", *block, *block, "0", "ENDSEC",
+                      "0", "SECTION", "2", "ENTITIES", *LINE, *polyline, "0", "Line", *LINE[2:], "0", "INSERT", "66", "1",
+                      "0", "ATTRIB", "1", "a", "0", "ATTRIB", "1", "b", "0", "SEQEND", *self.UNSHOWN, "0", "ENDSEC",
+                      "0", "circle", "8", "0", "40", "1", "0", "EOF")
+        expected = [("LINE", 2, 2, line_of(content, "line")), ("POLYLINE", 1, 0, line_of(content, "POLYLINE")),
+                    ("VERTEX", 2, 0, line_of(content, "VERTEX")), ("SEQEND", 2, 0, line_of(content, "SEQEND")),
+                    ("INSERT", 1, 0, line_of(content, "INSERT")), ("ATTRIB", 2, 0, line_of(content, "ATTRIB")),
+                    ("3DSOLID", 1, 0, line_of(content, "3DSOLID")), ("CIRCLE", 1, 0, line_of(content, "circle"))]
+        self.assertEqual([(entry["name"], entry["inDrawing"], entry["inBlocks"], entry["line"])
+                          for entry in self.info(content)["entities"]], expected)
+        self.write("plan.dxf", content)
+        self.assertRegex(self.plexorn("info", "plan.dxf").stdout, rf"(?m)^  CIRCLE +1 +0 +{expected[-1][3]}  drawn$")
+
+    def test_entities_before_the_tables_count_once(self):
+        content = dxf("0", "SECTION", "2", "ENTITIES", *LINE, "0", "ENDSEC", *LINE,
+                      "0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B", *LINE, "0", "ENDBLK", "0", "ENDSEC", "0", "EOF")
+        self.assertEqual([(entry["name"], entry["inDrawing"], entry["inBlocks"], entry["line"])
+                          for entry in self.info(content)["entities"]], [("LINE", 2, 1, line_of(content, "LINE"))])
+
     def test_notes_say_what_was_repaired_and_what_is_left_out(self):
         content = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbLayerTableRecord",
                       "2", "OFF", "70", "0", "62", "-7", "0", "ENDTAB", "0", "ENDSEC",
