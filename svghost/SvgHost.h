@@ -91,6 +91,8 @@ typedef struct SvgHostWriteOptions {
                                symbols, 200 bytes of each besides their names */
     bool sharesDashPatterns; /**< whether dash patterns of more than 200 characters are written once, as
                                   classes of a style sheet; otherwise each element repeats its own */
+    const char* fontFamily;  /**< the fonts of the texts, as CSS lists them, or NULL for sans-serif; it goes
+                                into  the file as the background does */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */

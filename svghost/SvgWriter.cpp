@@ -113,6 +113,7 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
 {
     m_background = options.background;
     m_groupsLayers = options.groupsLayers;
+    m_fontFamily = options.fontFamily ? options.fontFamily : "sans-serif";
     const std::size_t mostBytes = options.mostBytes > 0 ? options.mostBytes : SIZE_MAX;
     m_out.Declare();
     OpenRoot(options);
@@ -204,7 +205,7 @@ void SvgWriter::OpenDrawing()
     if (m_picture.sheetUnit != 0)
         m_out.SetPlain("stroke-width", RoundedUp(m_picture.ShownWidth(kDefaultStrokeWidth)));
     m_out.SetPlain("stroke-linejoin", "round");
-    m_out.SetPlain("font-family", "sans-serif");
+    m_out.Set("font-family", XmlTextOf(m_fontFamily));
     if (m_groupsLayers)
         SetLayer("Drawing");
     m_out.Open();

@@ -76,6 +76,7 @@ private:
     const Picture& m_picture;
     XmlStream m_out;
     const char* m_background = nullptr; // null: none
+    const char* m_fontFamily = nullptr;
     bool m_groupsLayers = false;
     std::uint32_t m_lastDashClass = 0; // of the patterns that are written once
     std::size_t m_mostBytes = 0;       // that may be written by the end of what is being written

@@ -5,6 +5,14 @@
 
 namespace plexorn {
 
+namespace {
+
+// Preparing breaks lines and fits columns with widths of letters that all of these fonts nearly have. The
+// sans-serif of many systems is a tenth wider, so texts would leave their frames.
+constexpr const char* kFonts = "Arial, 'Liberation Sans', 'Nimbus Sans', 'DejaVu Sans Condensed', sans-serif";
+
+} // namespace
+
 SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, const Sizing& sizing,
                                     const prepare::LayoutSize& sheet)
 {
@@ -15,6 +23,7 @@ SvgHostWriteOptions WriteOptionsFor(const Options& options, const Look& look, co
     chosen.generator = options.isAsIs ? nullptr : kGenerator;
     chosen.groupsLayers = options.layersAs == "inkscape";
     chosen.sharesDashPatterns = !options.isAsIs;
+    chosen.fontFamily = options.isAsIs ? nullptr : kFonts;
     chosen.showsMost = options.fit == "most";
     if (!options.scale.empty())
         chosen.scale = ParseReal(std::string_view(options.scale).substr(kScaleStart.size()));

@@ -126,6 +126,16 @@ TEST(Root, ADocumentWithoutPlacesHasAViewBoxThatIsMadeUpAndNoPhysicalSize)
     EXPECT_EQ(Written(document, 25.4), Written(document, 0));
 }
 
+TEST(Root, TextsHaveTheFontsThatWereAskedForOrAnySansSerif)
+{
+    HostDocument document;
+    ThinLine(document);
+    SvgHostWriteOptions options{};
+    EXPECT_NE(document.Write(options).find(" font-family=\"sans-serif\""), std::string::npos);
+    options.fontFamily = "'A & B', serif";
+    EXPECT_NE(document.Write(options).find(" font-family=\"'A &amp; B', serif\""), std::string::npos);
+}
+
 TEST(Root, NamesWhatMadeItWhenAsked)
 {
     HostDocument document;

@@ -28,7 +28,7 @@ class Trials(unittest.TestCase):
                 with self.subTest(trial=name):
                     self.check(folder, name, rewrites)
         if rewrites:
-            self.skipTest("the golden pictures are written anew")
+            self.skipTest("the golden pictures are written again")
 
     def check(self, folder, name, rewrites):
         picture = os.path.join(folder, name + ".svg")
