@@ -121,7 +121,7 @@ std::size_t PartsOf(const Entity& entity, const Drawing& drawing)
     const Scale scale(0.01, {}, 0);
     const Placement placement{drawing, {}, {}, scale, sink, report, budget};
     FuzzRequire(DrawTexts(entity, placement, [](const StyleOfPart&) { return Style{}; }), "it is a text");
-    RequireWords(PlainWordsOf(entity, drawing), "\n");
+    RequireWords(PlainWordsOf(RawTextOf(entity), drawing), "\n");
     return sink.parts;
 }
 

@@ -3,7 +3,6 @@
 #include "cli/prepare/PrepareOptions.h"
 #include "cli/prepare/RewoundFile.h"
 #include "prepare/drawing/ReadDrawing.h"
-#include "prepare/plain/Matrix.h"
 #include "prepare/plain/TextWords.h"
 
 #include <algorithm>
@@ -13,33 +12,6 @@
 namespace plexorn {
 
 namespace {
-
-using prepare::EntityType;
-using prepare::Point3;
-
-// Where a text is, in the coordinates of the drawing or of its block.
-Point3 PlaceOf(const prepare::Entity& entity)
-{
-    switch (entity.type) {
-    case EntityType::Text:
-    case EntityType::Attrib:
-    case EntityType::AttDef:
-        return prepare::FromObject(entity.extrusion).Apply(static_cast<const prepare::Text&>(entity).point);
-    case EntityType::Dimension:
-        return prepare::FromObject(entity.extrusion)
-            .Apply(static_cast<const prepare::Dimension&>(entity).textPoint);
-    case EntityType::MText:
-        return static_cast<const prepare::MText&>(entity).point;
-    case EntityType::MultiLeader:
-        return static_cast<const prepare::MultiLeader&>(entity).textPoint;
-    case EntityType::Tolerance:
-        return static_cast<const prepare::Tolerance&>(entity).point;
-    case EntityType::Table:
-        return static_cast<const prepare::Table&>(entity).point;
-    default:
-        return {};
-    }
-}
 
 class TextSink final : public prepare::EntitySink {
 public:
@@ -66,7 +38,7 @@ public:
 private:
     void Add(const prepare::Entity& entity, std::string_view block)
     {
-        if (entity.type == EntityType::Insert)
+        if (entity.type == prepare::EntityType::Insert)
             for (const auto& attribute : static_cast<const prepare::Insert&>(entity).attributes)
                 AddOne(*attribute, block);
         else
@@ -75,19 +47,18 @@ private:
 
     void AddOne(const prepare::Entity& entity, std::string_view block)
     {
-        std::string raw = prepare::RawTextOf(entity);
-        if (raw.empty())
+        prepare::RawText raw = prepare::RawTextOf(entity);
+        if (raw.text.empty())
             return;
         TextInfo text;
         text.type = m_drawing.names.Text(entity.typeName);
         text.layer = m_drawing.names.Text(entity.layer);
         text.block = block;
-        text.text = std::move(raw);
         text.line = entity.line;
-        text.words = prepare::PlainWordsOf(entity, m_drawing);
-        const Point3 place = PlaceOf(entity);
-        if (std::isfinite(place.x) && std::isfinite(place.y))
-            text.place = HeaderPoint{place.x, place.y};
+        text.words = prepare::PlainWordsOf(raw, m_drawing);
+        text.text = std::move(raw.text);
+        if (std::isfinite(raw.place.x) && std::isfinite(raw.place.y))
+            text.place = HeaderPoint{raw.place.x, raw.place.y};
         m_texts.push_back(std::move(text));
     }
 

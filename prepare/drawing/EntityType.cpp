@@ -14,7 +14,7 @@ struct TypeName {
 
 // The usual names, and the others that files use for the same.
 constexpr TypeName kNames[] = {
-#define PREPARE_ROW(type, name) {name, EntityType::type},
+#define PREPARE_ROW(type, name, traits) {name, EntityType::type},
     PREPARE_ENTITY_TYPES(PREPARE_ROW)
 #undef PREPARE_ROW
         {"MLEADER", EntityType::MultiLeader},

@@ -5,7 +5,6 @@
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
-#include "prepare/plain/MayRunRound.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,39 +44,6 @@ Point3 UsableScale(Point3 scale)
 bool ShowsBoundaries(const Drawing& drawing)
 {
     return drawing.header.Integer("$XCLIPFRAME", 0) == 1;
-}
-
-// Types that a plain drawing has as they are.
-bool IsPlain(const Entity& entity)
-{
-    switch (entity.type) {
-    case EntityType::Line:
-    case EntityType::Circle:
-    case EntityType::Arc:
-    case EntityType::Ellipse:
-    case EntityType::LwPolyline:
-    case EntityType::Text:
-    case EntityType::Insert:
-        return true;
-    default:
-        return false;
-    }
-}
-
-// Whether the entity's line type is seen.
-bool IsDashed(EntityType type)
-{
-    switch (type) {
-    case EntityType::Line:
-    case EntityType::Line3d:
-    case EntityType::Ray:
-    case EntityType::XLine:
-    case EntityType::Leader:
-    case EntityType::Helix:
-        return true;
-    default:
-        return MayRunRound(type);
-    }
 }
 
 } // namespace
@@ -163,7 +129,7 @@ void Converter::Place(const Entity& entity, const Context& context)
         ReportCovered(static_cast<const MText&>(entity));
     if (entity.type == EntityType::Wipeout && m_options.profile == Profile::Standard)
         m_report.Add(Finding::NotShown, "WIPEOUT", "what it covers is drawn", entity.line);
-    else if (IsPlain(entity))
+    else if (HasTrait(entity.type, Trait::Plain))
         PlaceOther(entity, context, style);
     else
         PlaceRewritten(entity, context, style);
@@ -211,7 +177,8 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
-    if (isDrawn && style.lineType != nullptr && style.lineType->hasShapes && IsDashed(entity.type))
+    if (isDrawn && style.lineType != nullptr && style.lineType->hasShapes &&
+        HasTrait(entity.type, Trait::Dashed))
         m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
                      "without the texts or shapes of its line type", entity.line);
     ReportCoarse(entity, coarseBefore);

@@ -73,8 +73,7 @@ bool StyleResolver::InheritsFromInsert(const Entity& entity) const
     return IsLayerZero(entity.layer) || entity.weight == kWeightByBlock ||
            (entity.colour == kByBlock && entity.trueColour == kNoTrueColour) ||
            (entity.lineType != kNoName && entity.lineType == m_byBlock) ||
-           // Parts of these may say "by block" for themselves.
-           entity.type == EntityType::MultiLine || entity.type == EntityType::MText;
+           HasTrait(entity.type, Trait::OwnStyles);
 }
 
 Colour StyleResolver::ColourOf(std::int32_t colour, std::int32_t trueColour, NameId layer,

@@ -1,6 +1,7 @@
 #include "prepare/plain/TextWords.h"
 
 #include "prepare/plain/MTextCodes.h"
+#include "prepare/plain/Matrix.h"
 #include "prepare/plain/TextCodes.h"
 #include "prepare/plain/TextMetrics.h"
 
@@ -127,46 +128,53 @@ bool IsOfSeveralLines(const Text& attribute)
     return attribute.hasMText && attribute.text.find_first_of("\\{") != std::string::npos;
 }
 
-std::string RawTextOf(const Entity& entity)
+RawText RawTextOf(const Entity& entity)
 {
+    using Form = RawText::Form;
     switch (entity.type) {
     case EntityType::Text:
     case EntityType::Attrib:
-    case EntityType::AttDef:
-        return static_cast<const Text&>(entity).text;
-    case EntityType::MText:
-        return static_cast<const MText&>(entity).text;
-    case EntityType::Dimension:
-        return static_cast<const Dimension&>(entity).text;
-    case EntityType::MultiLeader:
-        return static_cast<const MultiLeader&>(entity).text;
-    case EntityType::Tolerance:
-        return static_cast<const Tolerance&>(entity).text;
-    case EntityType::Table:
-        return JoinedCells(static_cast<const Table&>(entity).cells);
+    case EntityType::AttDef: {
+        const auto& text = static_cast<const Text&>(entity);
+        return {IsOfSeveralLines(text) ? Form::Paragraphs : Form::Line, text.text,
+                FromObject(entity.extrusion).Apply(text.point)};
+    }
+    case EntityType::MText: {
+        const auto& text = static_cast<const MText&>(entity);
+        return {Form::Paragraphs, text.text, text.point};
+    }
+    case EntityType::Dimension: {
+        const auto& dimension = static_cast<const Dimension&>(entity);
+        return {Form::Paragraphs, dimension.text, FromObject(entity.extrusion).Apply(dimension.textPoint)};
+    }
+    case EntityType::MultiLeader: {
+        const auto& leader = static_cast<const MultiLeader&>(entity);
+        return {Form::Paragraphs, leader.text, leader.textPoint};
+    }
+    case EntityType::Tolerance: {
+        const auto& tolerance = static_cast<const Tolerance&>(entity);
+        return {Form::Frame, tolerance.text, tolerance.point};
+    }
+    case EntityType::Table: {
+        const auto& table = static_cast<const Table&>(entity);
+        return {Form::Paragraphs, JoinedCells(table.cells), table.point};
+    }
     default:
         return {};
     }
 }
 
-std::string PlainWordsOf(const Entity& entity, const Drawing& drawing)
+std::string PlainWordsOf(const RawText& text, const Drawing& drawing)
 {
     const std::string_view codePage = drawing.header.Text("$DWGCODEPAGE");
-    const std::string text = RawTextOf(entity);
-    switch (entity.type) {
-    case EntityType::Text:
-        return ReadWords(text, codePage).text;
-    case EntityType::Attrib:
-    case EntityType::AttDef:
-        if (!IsOfSeveralLines(static_cast<const Text&>(entity)))
-            return ReadWords(text, codePage).text;
-        break;
-    case EntityType::Tolerance:
-        return WordsOfMText(WithBlanksBetweenCells(text), codePage);
+    switch (text.form) {
+    case RawText::Form::Line:
+        return ReadWords(text.text, codePage).text;
+    case RawText::Form::Frame:
+        return WordsOfMText(WithBlanksBetweenCells(text.text), codePage);
     default:
-        break;
+        return WordsOfMText(text.text, codePage);
     }
-    return WordsOfMText(text, codePage);
 }
 
 } // namespace prepare

@@ -2,7 +2,6 @@
 
 #include "prepare/plain/Converter.h"
 #include "prepare/plain/Curves.h"
-#include "prepare/plain/MayRunRound.h"
 #include "prepare/plain/OutlineOutput.h"
 
 #include <algorithm>
@@ -142,7 +141,7 @@ void OutlineReader::Take(const Entity& entity)
 {
     const auto wanted = m_wanted.find(entity.handle);
     // Blocks are no outlines: they may unfold to anything.
-    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !MayRunRound(entity.type))
+    if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !HasTrait(entity.type, Trait::Round))
         return;
     std::vector<Point2> outline = OutlineOf(entity, LongerSideOf(wanted->second->outline));
     if (outline.size() < 3 || !AreFinite(outline))
