@@ -38,7 +38,7 @@ Box ShapeBounds(const Shape& shape)
 double WidthInEms(const Text& text)
 {
     constexpr double kCharacterWidth = 0.6;
-    return text.characters * kCharacterWidth;
+    return text.characters * kCharacterWidth + text.ideographs * (1 - kCharacterWidth);
 }
 
 Box TextBounds(const SvgHostDocument& document, const Text& text)

@@ -111,6 +111,7 @@ struct Text : Node {
     float x = 0, y = 0;
     std::string_view text; // in UTF-8
     std::uint32_t characters = 0;
+    std::uint32_t ideographs = 0; // of the characters, those that are an em wide
     bool keepsBlanks = false;
 };
 

@@ -59,6 +59,12 @@ void svgHostLimitElements(SvgHostDocument* document, size_t most)
         document->mostElements = most;
 }
 
+void svgHostWidenIdeographs(SvgHostDocument* document)
+{
+    if (document)
+        document->widensIdeographs = true;
+}
+
 bool svgHostAcceptHoles(SvgHostDocument* document)
 {
     return document && std::exchange(document->shortOfMemory, false);

@@ -92,7 +92,7 @@ typedef struct SvgHostWriteOptions {
     bool sharesDashPatterns; /**< whether dash patterns of more than 200 characters are written once, as
                                   classes of a style sheet; otherwise each element repeats its own */
     const char* fontFamily;  /**< the fonts of the texts, as CSS lists them, or NULL for sans-serif; it goes
-                                into  the file as the background does */
+                                  into the file as the background does */
 } SvgHostWriteOptions;
 
 /** What was met while the picture was laid out (counts). */
@@ -153,6 +153,11 @@ QUILLMARLIB_API bool svgHostGetError(const SvgHostDocument* document, size_t ind
  * Places stay as they are: what is created after an ignored group or symbol has ended goes where it would
  * go anyway. NULL is allowed. */
 QUILLMARLIB_API void svgHostLimitElements(SvgHostDocument* document, size_t most);
+
+/** Takes East Asian characters of the texts created from then on for an em wide, as their fonts have them,
+ * where the view box and the picture are measured; otherwise they count as wide as all others, 0.6 em. NULL
+ * is allowed. */
+QUILLMARLIB_API void svgHostWidenIdeographs(SvgHostDocument* document);
 
 /** What svgHostOnError calls: user is what was given there. The error and its message are valid during the
  * call. It is called on the thread of the import, from within dxfFileOpen, and must neither throw nor call

@@ -80,6 +80,8 @@ Text* SvgHostDocument::CreateText(float x, float y, const wchar_t* text)
     node->x = x;
     node->y = y;
     node->characters = static_cast<std::uint32_t>(CountCharacters(source));
+    if (widensIdeographs)
+        node->ideographs = static_cast<std::uint32_t>(CountIdeographs(source));
     node->keepsBlanks = HasBlanksToKeep(source);
     node->text = arena.Copy(std::string_view(TextOf(source)));
     Append(*node);

@@ -32,6 +32,7 @@ struct SvgHostDocument {
     std::size_t elementsBeyondLimit = 0;
     std::size_t elementsBeyondBytes = 0; // of the file that was written last
     bool shortOfMemory = false;
+    bool widensIdeographs = false;
 
     SvgHostDocument() = default;
     SvgHostDocument(const SvgHostDocument&) = delete;

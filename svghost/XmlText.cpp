@@ -1,5 +1,6 @@
 #include "svghost/XmlText.h"
 
+#include "base/Ideographs.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 
@@ -143,6 +144,18 @@ std::size_t CountCharacters(std::wstring_view text)
     std::size_t count = 0;
     for (; !text.empty(); ++count)
         text.remove_prefix(DecodeWide(text).size);
+    return count;
+}
+
+std::size_t CountIdeographs(std::wstring_view text)
+{
+    std::size_t count = 0;
+    while (!text.empty()) {
+        const DecodedCharacter next = DecodeWide(text);
+        if (IsIdeograph(next.value))
+            ++count;
+        text.remove_prefix(next.size);
+    }
     return count;
 }
 

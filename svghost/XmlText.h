@@ -39,4 +39,7 @@ bool IsAttributeNamePart(std::wstring_view text);
 // The number of characters in text, a joined pair being one.
 std::size_t CountCharacters(std::wstring_view text);
 
+// How many of them are East Asian ones, an em wide.
+std::size_t CountIdeographs(std::wstring_view text);
+
 } // namespace svghost

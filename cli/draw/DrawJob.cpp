@@ -342,6 +342,8 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
     // Preparing has bounds of its own, and its drawings have far more bytes for each element.
     const fs::path& drawn = prepared ? prepared->Path() : source.Path();
     svgHostLimitElements(document.get(), MostElements(drawn));
+    if (prepared)
+        svgHostWidenIdeographs(document.get());
     if (!Import(source, drawn, document.get(), report, outcome.hole))
         return;
     if (options.keepsGoing && svgHostAcceptHoles(document.get()) && outcome.hole.empty())

@@ -1,5 +1,6 @@
 #include "prepare/plain/MTextCodes.h"
 
+#include "base/Ideographs.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "prepare/plain/TextCodes.h"

@@ -1,5 +1,6 @@
 #include "prepare/plain/TextMetrics.h"
 
+#include "base/Ideographs.h"
 #include "base/Utf8.h"
 
 #include <iterator>
@@ -25,26 +26,13 @@ std::uint16_t WidthInTable(char32_t character)
     return kNoWidth;
 }
 
-constexpr bool IsIn(char32_t character, char32_t first, char32_t last)
-{
-    return character >= first && character <= last;
-}
-
 // Katakana and Hangul in half the usual width.
 bool IsHalfWide(char32_t character)
 {
-    return IsIn(character, 0xFF61, 0xFFDC);
+    return character >= 0xFF61 && character <= 0xFFDC;
 }
 
 } // namespace
-
-bool IsIdeograph(char32_t character)
-{
-    return character >= 0x1100 && (character <= 0x115F || IsIn(character, 0x2E80, 0xA4CF) ||
-                                   IsIn(character, 0xAC00, 0xD7A3) || IsIn(character, 0xF900, 0xFAFF) ||
-                                   IsIn(character, 0xFE30, 0xFE4F) || IsIn(character, 0xFF00, 0xFF60) ||
-                                   IsIn(character, 0xFFE0, 0xFFE6) || IsIn(character, 0x20000, 0x3FFFD));
-}
 
 double CharacterWidth(char32_t character)
 {

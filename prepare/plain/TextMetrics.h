@@ -32,7 +32,4 @@ struct InkReach {
 };
 InkReach InkReachOf(std::string_view text);
 
-// Whether a line may break before and after the character, without a blank: East Asian ones.
-bool IsIdeograph(char32_t character);
-
 } // namespace prepare

@@ -150,6 +150,17 @@ TEST(ViewBox, TextTakesRoomByItsAnchor)
     ExpectTight(ViewBoxOf(ParsedSvg(document)), -60, -9, 60, 2.5, 3);
 }
 
+TEST(ViewBox, IdeographsAreAnEmWideIfTheHostIsToldTo)
+{
+    const HostDocument document;
+    document.Set(document.Text(0, 0, L"\u3044\u308D\u306F\u306Babcde\uFF76"), L"font-size", L"10.00");
+    ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, -9, 60, 2.5, 1.8);
+    svgHostWidenIdeographs(document.Get());
+    document.Set(document.Text(0, 0, L"\u3044\u308D\u306F\u306Babcde\uFF76"), L"font-size", L"10.00");
+    ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, -9, 76, 2.5, 2.28);
+    svgHostWidenIdeographs(nullptr);
+}
+
 TEST(ViewBox, SinglePointHasSomeExtent)
 {
     const HostDocument document;
