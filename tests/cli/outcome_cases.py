@@ -169,6 +169,17 @@ class PreparedNothingVisible(OutcomeTest):
             self.write("plan.dxf", dxf(*table) + entities("0", kind, "11", "9", "40", "5"))
             self.assertNotIn(said, self.expect(0, "--strict", "plan.dxf"))
 
+    def test_line_types_of_little_but_shapes_are_solid_and_shown_otherwise(self):
+        for drawn, dashes in (("0.1", 0), ("2", 1)):
+            waves = ("2", "WAVES", "70", "0", "72", "65", "73", "2", "40", "1", "49", drawn, "74", "0", "49", "-0.9", "74", "4",
+                     "75", "134", "340", "11", "46", "1", "50", "0", "44", "0", "45", "0")
+            table = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LTYPE", "0", "LTYPE", *waves, "0", "ENDTAB", "0",
+                     "ENDSEC")
+            self.write("plan.dxf", dxf(*table) + entities("0", "LINE", "6", "WAVES", "11", "9", "20", "5"))
+            self.assertIn("; shown otherwise: 1 LINE without the texts or shapes of its line type\n",
+                          self.expect(1, "--strict", "plan.dxf"))
+            self.assertEqual(self.read("plan.svg").count("stroke-dasharray"), dashes)
+
     def test_entities_with_broken_numbers_count(self):
         broken = ("0", "LINE", "10", "nan", "11", "1")
         self.write("plan.dxf", entities(*LINE, *broken))
