@@ -128,6 +128,7 @@ private:
     {
         const MTextItem& ending = m_content.items[end];
         m_line.paragraph = ending.below;
+        m_isOneLine = first == 0 && end + 1 == m_content.items.size() && IsNearlyOneLine(end);
         while (first < end) {
             const std::size_t next = EndOfWord(first, end);
             const Kind kind = m_content.items[first].kind;
@@ -147,6 +148,23 @@ private:
             m_line.height = m_content.looks[ending.look].height;
         EndLine();
         m_line.isFirst = true;
+    }
+
+    // Whether the only paragraph is wider than its column by no more than fonts differ. Programs state the
+    // width of a text of one line in its author's font as that of its column.
+    bool IsNearlyOneLine(std::size_t end) const
+    {
+        constexpr double kFontsDifferBy = 1.1;
+        while (end > 0 && m_content.items[end - 1].kind == Kind::Blank)
+            --end;
+        const double most = Room() * kFontsDifferBy;
+        double width = 0;
+        for (std::size_t i = 0; i < end && width <= most; ++i) {
+            if (m_content.items[i].kind == Kind::Tab)
+                return false;
+            width += WidthOfItem(m_content.items[i]);
+        }
+        return width <= most;
     }
 
     std::size_t EndOfWord(std::size_t first, std::size_t end) const
@@ -172,7 +190,7 @@ private:
     bool Fits(double width) const
     {
         constexpr double kRounding = 1e-6;
-        return !(m_limit > 0) || m_x + width <= Room() * (1 + kRounding);
+        return m_isOneLine || !(m_limit > 0) || m_x + width <= Room() * (1 + kRounding);
     }
 
     double WidthOfItems(std::size_t first, std::size_t end) const
@@ -338,6 +356,7 @@ private:
     std::vector<std::size_t> m_blanks; // that are in the line if a word follows
     std::size_t m_loneBlanks = 0;      // after the last part
     bool m_isAfterTab = false;
+    bool m_isOneLine = false; // and all of the text is
 };
 
 } // namespace

@@ -347,9 +347,19 @@ TEST(DrawMText, IndentsAreOfTheFirstLineAndOfTheOthers)
                      "text 'BB' at 3,-2.66667 along 1,0 up 0,1 start"}));
 }
 
+// Its letters and their blank are 3.774 wide here.
+TEST(DrawMText, ATextOfOneLineMayBeATenthWiderThanItsColumn)
+{
+    EXPECT_EQ(WordsOf(Wrapped("AA BB", 3.44)), (Lines{"AA BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB ", 3.44)), (Lines{"AA BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB", 3.43)), (Lines{"AA", "BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB\\PA", 3.44)), (Lines{"AA", "BB", "A"}));
+    EXPECT_EQ(WordsOf(Wrapped("A\\PAA BB", 3.44)), (Lines{"A", "AA", "BB"}));
+}
+
 TEST(DrawMText, ARightIndentNarrowsTheLines)
 {
-    EXPECT_EQ(WordsOf(Wrapped("\\pr1;AA BB", 4.5)), (Lines{"AA", "BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("\\pr1;AA BB", 4.4)), (Lines{"AA", "BB"}));
 }
 
 TEST(DrawMText, ParagraphsHaveTheirOwnAlignment)
