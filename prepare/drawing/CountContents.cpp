@@ -16,6 +16,7 @@ void CountAnywhere(const Entity& entity, Contents& contents)
 std::vector<TypeContents> TypesOf(const Drawing& drawing)
 {
     std::vector<TypeContents> types;
+    types.reserve(drawing.types.size());
     for (const auto& [name, count] : drawing.types)
         types.push_back(
             {std::string(drawing.names.Text(name)), count.inDrawing, count.inBlocks, count.firstLine});
