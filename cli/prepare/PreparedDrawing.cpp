@@ -7,9 +7,16 @@
 #include "cli/system/InterruptGuard.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <exception>
 
 namespace plexorn {
+
+namespace {
+
+constexpr std::uint64_t kLarge = 16'000'000; // of a file; smaller ones need little memory
+
+} // namespace
 
 PreparedDrawing::PreparedDrawing(Source& source, const Options& options, Report& report)
 {
@@ -30,6 +37,9 @@ PreparedDrawing::PreparedDrawing(Source& source, const Options& options, Report&
     });
     if (thrown)
         std::rethrow_exception(thrown);
+    // What comes next has storage of its own, in which it cannot use what preparing needed.
+    if (input.Size() >= kLarge)
+        ReturnFreedMemory();
     m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
     if (input.Error() != 0)
         m_hole = input.WhyFailed();

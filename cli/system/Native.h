@@ -29,6 +29,9 @@ std::string FileIdentity(const std::filesystem::path& path);
 // The same for the file that stream is open on; empty when it is a terminal, a pipe or a device.
 std::string FileIdentity(std::FILE* stream);
 
+// Gives memory that has been freed back to the system, where the runtime library would keep it.
+void ReturnFreedMemory();
+
 // Whether an argument ends like the name of a folder that may not exist yet.
 bool EndsAsFolder(const std::string& argument);
 

@@ -3,6 +3,9 @@
 #include "base/Utf8.h"
 
 #include <fcntl.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/random.h>
@@ -71,6 +74,13 @@ std::string FileKey(const fs::path& path)
 bool DoShellsExpandNames()
 {
     return true;
+}
+
+void ReturnFreedMemory()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 std::string FileIdentity(const fs::path& path)

@@ -96,6 +96,9 @@ bool DoShellsExpandNames()
     return false;
 }
 
+// The system's own heap does so.
+void ReturnFreedMemory() {}
+
 std::string FileIdentity(const fs::path& path)
 {
     // Without access, a file can be opened even if others have it open; with the flag, folders too.

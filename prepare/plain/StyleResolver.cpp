@@ -49,9 +49,10 @@ Style StyleResolver::Of(const Entity& entity, const Style& insert, bool isInBloc
 {
     Style style;
     style.layer = isInBlock && IsLayerZero(entity.layer) ? insert.layer : entity.layer;
-    style.colour = ColourOf(entity.colour, entity.trueColour, style.layer, insert.colour);
-    style.lineType = LineTypeOf(entity.lineType, style.layer, insert.lineType);
-    style.weight = WeightOf(entity.weight, style.layer, insert.weight);
+    const Layer* const layer = LayerOf(style.layer);
+    style.colour = ColourOf(entity.colour, entity.trueColour, layer, insert.colour);
+    style.lineType = LineTypeOf(entity.lineType, layer, insert.lineType);
+    style.weight = WeightOf(entity.weight, layer, insert.weight);
     style.lineTypeScale = UsablePatternScale(entity.lineTypeScale) * m_lineTypeScale;
     return style;
 }
@@ -61,10 +62,11 @@ Style StyleResolver::OfPart(const StyleOfPart& part, const Style& entity) const
     Style style = entity;
     if (part.layer != kNoName && !IsLayerZero(part.layer))
         style.layer = part.layer;
-    style.colour = ColourOf(part.colour, part.trueColour, style.layer, entity.colour);
+    const Layer* const layer = LayerOf(style.layer);
+    style.colour = ColourOf(part.colour, part.trueColour, layer, entity.colour);
     if (part.lineType != kNoName)
-        style.lineType = LineTypeOf(part.lineType, style.layer, entity.lineType);
-    style.weight = WeightOf(part.weight, style.layer, entity.weight);
+        style.lineType = LineTypeOf(part.lineType, layer, entity.lineType);
+    style.weight = WeightOf(part.weight, layer, entity.weight);
     return style;
 }
 
@@ -76,8 +78,8 @@ bool StyleResolver::InheritsFromInsert(const Entity& entity) const
            HasTrait(entity.type, Trait::OwnStyles);
 }
 
-Colour StyleResolver::ColourOf(std::int32_t colour, std::int32_t trueColour, NameId layer,
-                               const Colour& byBlock) const
+Colour StyleResolver::ColourOf(std::int32_t colour, std::int32_t trueColour, const Layer* layer,
+                               const Colour& byBlock)
 {
     if (trueColour != kNoTrueColour)
         return {true, static_cast<std::uint32_t>(trueColour) & 0xFFFFFF, 7};
@@ -85,37 +87,32 @@ Colour StyleResolver::ColourOf(std::int32_t colour, std::int32_t trueColour, Nam
         return byBlock;
     if (colour > 0 && colour < kByLayer)
         return {false, 0, colour};
-    const Layer* const of = LayerOf(layer);
-    if (of == nullptr)
+    if (layer == nullptr)
         return {};
-    if (of->trueColour != kNoTrueColour)
-        return {true, static_cast<std::uint32_t>(of->trueColour) & 0xFFFFFF, 7};
-    const std::int32_t index = std::abs(of->colour);
+    if (layer->trueColour != kNoTrueColour)
+        return {true, static_cast<std::uint32_t>(layer->trueColour) & 0xFFFFFF, 7};
+    const std::int32_t index = std::abs(layer->colour);
     return {false, 0, index > 0 && index < kByLayer ? index : 7};
 }
 
-const LineType* StyleResolver::LineTypeOf(NameId lineType, NameId layer, const LineType* byBlock) const
+const LineType* StyleResolver::LineTypeOf(NameId lineType, const Layer* layer, const LineType* byBlock) const
 {
     if (lineType != kNoName && lineType == m_byBlock)
         return byBlock;
-    if (lineType == kNoName || lineType == m_byLayer) {
-        const Layer* const of = LayerOf(layer);
-        lineType = of != nullptr ? of->lineType : kNoName;
-    }
+    if (lineType == kNoName || lineType == m_byLayer)
+        lineType = layer != nullptr ? layer->lineType : kNoName;
     if (lineType == kNoName || lineType == m_continuous)
         return nullptr;
     const LineType* const found = m_drawing.FindLineType(lineType);
     return found != nullptr && (found->hasShapes || !found->dashes.empty()) ? found : nullptr;
 }
 
-std::int32_t StyleResolver::WeightOf(std::int32_t weight, NameId layer, std::int32_t byBlock) const
+std::int32_t StyleResolver::WeightOf(std::int32_t weight, const Layer* layer, std::int32_t byBlock) const
 {
     if (weight == kWeightByBlock)
         return byBlock;
-    if (weight == kWeightByLayer) {
-        const Layer* const of = LayerOf(layer);
-        weight = of != nullptr ? of->weight : kDefaultWeight;
-    }
+    if (weight == kWeightByLayer)
+        weight = layer != nullptr ? layer->weight : kDefaultWeight;
     return weight >= 0 && weight <= kHeaviest ? weight : m_defaultWeight;
 }
 

@@ -28,9 +28,11 @@ public:
     bool InheritsFromInsert(const Entity& entity) const;
 
 private:
-    Colour ColourOf(std::int32_t colour, std::int32_t trueColour, NameId layer, const Colour& byBlock) const;
-    const LineType* LineTypeOf(NameId lineType, NameId layer, const LineType* byBlock) const;
-    std::int32_t WeightOf(std::int32_t weight, NameId layer, std::int32_t byBlock) const;
+    // Each with the layer that counts, or null where there is none.
+    static Colour ColourOf(std::int32_t colour, std::int32_t trueColour, const Layer* layer,
+                           const Colour& byBlock);
+    const LineType* LineTypeOf(NameId lineType, const Layer* layer, const LineType* byBlock) const;
+    std::int32_t WeightOf(std::int32_t weight, const Layer* layer, std::int32_t byBlock) const;
     const Layer* LayerOf(NameId name) const;
     bool IsLayerZero(NameId layer) const { return layer == kNoName || layer == m_layerZero; }
 

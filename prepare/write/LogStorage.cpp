@@ -1,5 +1,7 @@
 #include "prepare/write/LogStorage.h"
 
+#include "base/Chunk.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -7,19 +9,27 @@ namespace prepare {
 
 namespace {
 
-// Chunks grow, but stay small compared with a large drawing.
+// Chunks grow, but stay small compared with what there is of them. The largest are of a size that the system
+// takes back at once.
 constexpr std::size_t kFirstChunk = std::size_t{1} << 12;
-constexpr std::size_t kLargestChunk = std::size_t{1} << 18;
+constexpr std::size_t kShare = 8;
 
 } // namespace
+
+LogStorage::~LogStorage()
+{
+    for (const Chunk& chunk : m_chunks)
+        FreeChunk(chunk.bytes, chunk.size);
+}
 
 char* LogStorage::Room(std::size_t size)
 {
     if (size > m_left) {
-        m_usual = std::clamp(2 * m_usual, kFirstChunk, kLargestChunk);
-        const std::size_t room = std::max(m_usual, size);
-        m_chunks.push_back(std::unique_ptr<char[]>(new char[room]));
-        m_next = m_chunks.back().get();
+        const std::size_t room = std::max(std::clamp(m_held / kShare, kFirstChunk, kPreferredChunk), size);
+        m_chunks.push_back({});
+        m_chunks.back() = {AllocateChunk(room), room};
+        m_held += room;
+        m_next = static_cast<char*>(m_chunks.back().bytes);
         m_left = room;
     }
     m_left -= size;

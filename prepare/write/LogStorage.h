@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace prepare {
@@ -12,12 +11,28 @@ namespace prepare {
 // log grows byte by byte, and needs its pieces right after each other.
 class LogStorage {
 public:
+    LogStorage() = default;
+    LogStorage(const LogStorage&) = delete;
+    LogStorage& operator=(const LogStorage&) = delete;
+    ~LogStorage();
+
     // What is asked for next comes right after it, or elsewhere. Throws std::bad_alloc.
     char* Room(std::size_t size);
+    // Of the room that was asked for last, only that before end is needed.
+    void EndAt(char* end)
+    {
+        m_left += static_cast<std::size_t>(m_next - end);
+        m_next = end;
+    }
 
 private:
-    std::vector<std::unique_ptr<char[]>> m_chunks;
-    std::size_t m_usual = 0; // the size of the last chunk, unless it had to be larger
+    struct Chunk {
+        void* bytes = nullptr;
+        std::size_t size = 0;
+    };
+
+    std::vector<Chunk> m_chunks;
+    std::size_t m_held = 0; // in all of them
     char* m_next = nullptr;
     std::size_t m_left = 0; // after m_next
 };

@@ -12,7 +12,7 @@ namespace prepare {
 
 namespace {
 
-enum LogKind : char {
+enum LogKind : unsigned char {
     kLoggedLine,
     kLoggedCircle,
     kLoggedArc,
@@ -25,11 +25,62 @@ enum LogKind : char {
     kLoggedInsert
 };
 
+// What an entity has besides, in the same byte as its kind or in that of a text.
+constexpr unsigned kKinds = 0x0F;
+constexpr unsigned kIsClosed = 0x10;   // of a polyline
+constexpr unsigned kHasBulges = 0x20;  // of a polyline
+constexpr unsigned kIsMirrored = 0x10; // of an insert
+constexpr unsigned kIsTurned = 0x20;   // of an insert: it has a rotation
+constexpr unsigned kAnchors = 0x03;    // of a text
+constexpr unsigned kIsLevel = 0x04;    // of a text: along is (x, 0) and up (0, y)
+
 template <class... Numbers>
 bool AreFinite(Numbers... numbers)
 {
     return (std::isfinite(numbers) && ...);
 }
+
+// -0 is kept as any other number.
+bool IsZero(double value)
+{
+    return value == 0 && !std::signbit(value);
+}
+
+// Numbers are mostly small: each byte has seven bits, the lowest first, and says whether more follow.
+constexpr std::size_t kMostOfCount = 10;
+
+// Puts values into room that has enough for them.
+class LogWriter {
+public:
+    explicit LogWriter(char* place) : m_place(place) {}
+
+    template <class... Values>
+    void Put(const Values&... values)
+    {
+        (PutOne(values), ...);
+    }
+    void PutByte(unsigned byte) { *m_place++ = static_cast<char>(byte); }
+    void PutCount(std::uint64_t count)
+    {
+        for (; count >= 0x80; count >>= 7)
+            PutByte(static_cast<unsigned>(count & 0x7F) | 0x80);
+        PutByte(static_cast<unsigned>(count));
+    }
+    void PutText(std::string_view text) { m_place = std::copy(text.begin(), text.end(), m_place); }
+
+    char* Place() const { return m_place; }
+
+private:
+    template <class Value>
+    void PutOne(const Value& value)
+    {
+        static_assert(std::is_same_v<Value, double> || std::is_same_v<Value, Point2>);
+        std::memcpy(m_place, &value, sizeof(value));
+        m_place += sizeof(value);
+    }
+
+    char* m_place;
+};
 
 // Takes values out of a part of a log, in the order in which they were put in.
 class LogReader {
@@ -38,55 +89,59 @@ public:
 
     bool IsAtEnd() const { return m_place == m_end; }
 
+    double Real() { return Take<double>(); }
+    Point2 Point() { return Take<Point2>(); }
+    unsigned Byte() { return static_cast<unsigned char>(*m_place++); }
+    std::uint64_t Count()
+    {
+        std::uint64_t count = 0;
+        for (int shift = 0;; shift += 7) {
+            const unsigned byte = Byte();
+            count |= std::uint64_t{byte & 0x7F} << shift;
+            if (byte < 0x80)
+                return count;
+        }
+    }
+    StyleId Style() { return static_cast<StyleId>(Count()); }
+    std::string_view Text(std::size_t size)
+    {
+        m_place += size;
+        return {m_place - size, size};
+    }
+
+private:
     template <class Value>
     Value Take()
     {
-        static_assert(std::is_trivially_copyable_v<Value>);
         Value value;
         std::memcpy(&value, m_place, sizeof(value));
         m_place += sizeof(value);
         return value;
     }
 
-    const char* Skip(std::size_t size)
-    {
-        const char* const place = m_place;
-        m_place += size;
-        return place;
-    }
-
-private:
     const char* m_place;
     const char* m_end;
 };
 
-struct PolylineHead {
-    std::uint64_t count;
-    bool isClosed;
-    bool hasBulges;
-};
-
-void ReplayPolyline(LogReader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
+void ReplayPolyline(LogReader& reader, LogVisitor& visitor, unsigned kind, std::vector<PlainVertex>& vertices)
 {
-    const auto style = reader.Take<StyleId>();
-    const auto head = reader.Take<PolylineHead>();
-    vertices.clear();
-    vertices.reserve(head.count);
-    for (std::uint64_t i = 0; i < head.count; ++i) {
-        const auto point = reader.Take<Point2>();
-        vertices.push_back({point, head.hasBulges ? reader.Take<double>() : 0});
+    const StyleId style = reader.Style();
+    vertices.resize(reader.Count());
+    for (PlainVertex& vertex : vertices) {
+        vertex.point = reader.Point();
+        vertex.bulge = (kind & kHasBulges) != 0 ? reader.Real() : 0;
     }
-    visitor.Polyline(style, vertices, head.isClosed);
+    visitor.Polyline(style, vertices, (kind & kIsClosed) != 0);
 }
 
-void ReplayArea(LogReader& reader, LogVisitor& visitor, char kind)
+void ReplayArea(LogReader& reader, LogVisitor& visitor, unsigned kind)
 {
-    const auto style = reader.Take<StyleId>();
-    std::vector<std::vector<Point2>> rings(reader.Take<std::uint64_t>());
+    const StyleId style = reader.Style();
+    std::vector<std::vector<Point2>> rings(reader.Count());
     for (std::vector<Point2>& ring : rings) {
-        ring.resize(reader.Take<std::uint64_t>());
+        ring.resize(reader.Count());
         for (Point2& point : ring)
-            point = reader.Take<Point2>();
+            point = reader.Point();
     }
     if (kind == kLoggedFill)
         visitor.Fill(style, rings);
@@ -94,82 +149,88 @@ void ReplayArea(LogReader& reader, LogVisitor& visitor, char kind)
         visitor.Mask(style, rings);
 }
 
-struct TextHead {
-    Point2 point;
-    Point2 along;
-    Point2 up;
-    std::uint64_t size;
-    NameId style;
-    Anchor anchor;
-};
-
 LoggedText TakeText(LogReader& reader)
 {
-    const auto head = reader.Take<TextHead>();
-    const char* const text = reader.Skip(head.size);
-    return {{text, head.size}, head.point, head.along, head.up, head.anchor, head.style};
+    LoggedText text;
+    const unsigned look = reader.Byte();
+    text.anchor = static_cast<Anchor>(look & kAnchors);
+    text.style = static_cast<NameId>(reader.Count());
+    text.point = reader.Point();
+    if ((look & kIsLevel) != 0) {
+        text.along = {reader.Real(), 0};
+        text.up = {0, reader.Real()};
+    } else {
+        text.along = reader.Point();
+        text.up = reader.Point();
+    }
+    const std::size_t size = reader.Count();
+    text.text = reader.Text(size);
+    return text;
 }
 
 void ReplayText(LogReader& reader, LogVisitor& visitor)
 {
-    const auto style = reader.Take<StyleId>();
+    const StyleId style = reader.Style();
     visitor.Text(style, TakeText(reader));
 }
 
 void ReplayLineOfText(LogReader& reader, LogVisitor& visitor)
 {
-    const auto point = reader.Take<Point2>();
-    std::vector<LoggedRun> runs(reader.Take<std::uint64_t>());
+    const Point2 point = reader.Point();
+    std::vector<LoggedRun> runs(reader.Count());
     for (LoggedRun& run : runs) {
-        run.blanks = reader.Take<std::uint64_t>();
-        run.style = reader.Take<StyleId>();
+        run.blanks = reader.Count();
+        run.style = reader.Style();
         run.text = TakeText(reader);
     }
     visitor.LineOfText(point, runs);
 }
 
-struct InsertRecord {
-    std::uint64_t block;
-    Point2 point;
-    double rotation;
-    bool isMirrored;
-};
+void ReplayInsert(LogReader& reader, LogVisitor& visitor, unsigned kind)
+{
+    const std::size_t block = reader.Count();
+    const Point2 point = reader.Point();
+    const double rotation = (kind & kIsTurned) != 0 ? reader.Real() : 0;
+    visitor.Insert(block, point, rotation, (kind & kIsMirrored) != 0);
+}
 
-struct RoundRecord {
-    Point2 centre;
-    Point2 majorAxis; // of a circle and an arc, its x is the radius
-    double ratio;
-    double start;
-    double end;
-};
+// A line, or what has a centre.
+void ReplayCurve(LogReader& reader, LogVisitor& visitor, unsigned kind)
+{
+    const StyleId style = reader.Style();
+    const Point2 first = reader.Point();
+    if (kind == kLoggedLine)
+        return visitor.Line(style, first, reader.Point());
+    if (kind == kLoggedCircle)
+        return visitor.Circle(style, first, reader.Real());
+    const Point2 axis = kind == kLoggedArc ? Point2{reader.Real(), 0} : reader.Point();
+    const double ratio = kind == kLoggedArc ? 1 : reader.Real();
+    const double start = reader.Real();
+    const double end = reader.Real();
+    if (kind == kLoggedArc)
+        visitor.Arc(style, first, axis.x, start, end);
+    else
+        visitor.Ellipse(style, first, axis, ratio, start, end);
+}
 
 void ReplayOne(LogReader& reader, LogVisitor& visitor, std::vector<PlainVertex>& vertices)
 {
-    const auto kind = reader.Take<char>();
-    if (kind == kLoggedPolyline)
-        return ReplayPolyline(reader, visitor, vertices);
-    if (kind == kLoggedFill || kind == kLoggedMask)
+    const unsigned kind = reader.Byte();
+    switch (kind & kKinds) {
+    case kLoggedPolyline:
+        return ReplayPolyline(reader, visitor, kind, vertices);
+    case kLoggedFill:
+    case kLoggedMask:
         return ReplayArea(reader, visitor, kind);
-    if (kind == kLoggedText)
+    case kLoggedText:
         return ReplayText(reader, visitor);
-    if (kind == kLoggedLineOfText)
+    case kLoggedLineOfText:
         return ReplayLineOfText(reader, visitor);
-    if (kind == kLoggedInsert) {
-        const auto insert = reader.Take<InsertRecord>();
-        return visitor.Insert(insert.block, insert.point, insert.rotation, insert.isMirrored);
+    case kLoggedInsert:
+        return ReplayInsert(reader, visitor, kind);
+    default:
+        return ReplayCurve(reader, visitor, kind);
     }
-    const auto style = reader.Take<StyleId>();
-    if (kind == kLoggedLine) {
-        const auto start = reader.Take<Point2>();
-        return visitor.Line(style, start, reader.Take<Point2>());
-    }
-    const auto round = reader.Take<RoundRecord>();
-    if (kind == kLoggedCircle)
-        visitor.Circle(style, round.centre, round.majorAxis.x);
-    else if (kind == kLoggedArc)
-        visitor.Arc(style, round.centre, round.majorAxis.x, round.start, round.end);
-    else
-        visitor.Ellipse(style, round.centre, round.majorAxis, round.ratio, round.start, round.end);
 }
 
 bool IsDrawn(const PlainText& text)
@@ -189,9 +250,25 @@ bool AreAlike(std::span<const PlainRun> runs)
     });
 }
 
-std::size_t SizeOf(const PlainText& text)
+// The room that a text takes at most, with its style.
+std::size_t RoomFor(const PlainText& text)
 {
-    return sizeof(StyleId) + sizeof(TextHead) + text.text.size();
+    return 1 + 3 * kMostOfCount + 3 * sizeof(Point2) + text.text.size();
+}
+
+void PutText(LogWriter& log, StyleId style, const PlainText& text)
+{
+    const bool isLevel = IsZero(text.along.y) && IsZero(text.up.x);
+    log.PutCount(style);
+    log.PutByte(static_cast<unsigned>(text.anchor) | (isLevel ? kIsLevel : 0));
+    log.PutCount(text.style);
+    log.Put(text.point);
+    if (isLevel)
+        log.Put(text.along.x, text.up.y);
+    else
+        log.Put(text.along, text.up);
+    log.PutCount(text.text.size());
+    log.PutText(text.text);
 }
 
 } // namespace
@@ -211,17 +288,21 @@ char* PlainLog::Room(std::size_t size)
     return place;
 }
 
-template <class... Values>
-void PlainLog::Add(char kind, const Values&... values)
+// Gives back what Room gave too much.
+void PlainLog::End(char* end)
 {
-    char* place = Room(1 + (sizeof(values) + ...));
-    *place++ = kind;
-    const auto put = [&](const auto& value) {
-        static_assert(std::is_trivially_copyable_v<std::remove_cvref_t<decltype(value)>>);
-        std::memcpy(place, &value, sizeof(value));
-        place += sizeof(value);
-    };
-    (put(values), ...);
+    m_parts.back().end = end;
+    m_storage.EndAt(end);
+}
+
+template <class... Values>
+void PlainLog::Add(unsigned kind, std::uint64_t number, const Values&... values)
+{
+    LogWriter log(Room(1 + kMostOfCount + (sizeof(values) + ...)));
+    log.PutByte(kind);
+    log.PutCount(number);
+    log.Put(values...);
+    End(log.Place());
 }
 
 void PlainLog::AddRound(Point2 centre, double radius)
@@ -243,7 +324,7 @@ void PlainLog::Circle(const Style& style, Point2 centre, double radius)
 {
     if (!IsFinite(centre) || !std::isfinite(radius) || !(radius > 0))
         return;
-    Add(kLoggedCircle, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, 0, 0});
+    Add(kLoggedCircle, m_styles.Of(style), centre, radius);
     AddRound(centre, radius);
 }
 
@@ -253,7 +334,7 @@ void PlainLog::Arc(const Style& style, Point2 centre, double radius, double star
         return;
     if (end - start >= kTurn)
         return Circle(style, centre, radius);
-    Add(kLoggedArc, m_styles.Of(style), RoundRecord{centre, {radius, 0}, 1, start, end});
+    Add(kLoggedArc, m_styles.Of(style), centre, radius, start, end);
     AddRound(centre, radius);
 }
 
@@ -264,7 +345,7 @@ void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, doub
     if (!IsFinite(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
         !(end > start))
         return;
-    Add(kLoggedEllipse, m_styles.Of(style), RoundRecord{centre, majorAxis, ratio, start, end});
+    Add(kLoggedEllipse, m_styles.Of(style), centre, majorAxis, ratio, start, end);
     AddRound(centre, radius);
 }
 
@@ -276,22 +357,18 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
     const bool hasBulges =
         std::any_of(vertices.begin(), vertices.end(), [](const PlainVertex& v) { return v.bulge != 0; });
     const StyleId id = m_styles.Of(style);
-    const PolylineHead head{vertices.size(), isClosed, hasBulges};
     const std::size_t each = sizeof(Point2) + (hasBulges ? sizeof(double) : 0);
-    char* place = Room(1 + sizeof(id) + sizeof(head) + vertices.size() * each);
-    const auto put = [&](const auto& value) {
-        std::memcpy(place, &value, sizeof(value));
-        place += sizeof(value);
-    };
-    put(kLoggedPolyline);
-    put(id);
-    put(head);
+    LogWriter log(Room(1 + 2 * kMostOfCount + vertices.size() * each));
+    log.PutByte(kLoggedPolyline | (isClosed ? kIsClosed : 0) | (hasBulges ? kHasBulges : 0));
+    log.PutCount(id);
+    log.PutCount(vertices.size());
     for (const PlainVertex& vertex : vertices) {
-        put(vertex.point);
+        log.Put(vertex.point);
         if (hasBulges)
-            put(vertex.bulge);
+            log.Put(vertex.bulge);
         m_reach.Add(vertex.point);
     }
+    End(log.Place());
 }
 
 void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
@@ -304,13 +381,13 @@ void PlainLog::Mask(std::span<const std::vector<Point2>> rings)
     AddArea(kLoggedMask, {}, rings);
 }
 
-void PlainLog::AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings)
+void PlainLog::AddArea(unsigned kind, const Style& style, std::span<const std::vector<Point2>> rings)
 {
-    std::uint64_t size = sizeof(std::uint64_t);
+    std::size_t size = 1 + 2 * kMostOfCount;
     for (const std::vector<Point2>& ring : rings) {
         if (!std::all_of(ring.begin(), ring.end(), [](Point2 point) { return IsFinite(point); }))
             return;
-        size += sizeof(std::uint64_t) + ring.size() * sizeof(Point2);
+        size += kMostOfCount + ring.size() * sizeof(Point2);
     }
     Style thin = style; // the edges of a fill have no width
     thin.weight = 0;
@@ -318,71 +395,69 @@ void PlainLog::AddArea(char kind, const Style& style, std::span<const std::vecto
     thin.lineType = nullptr;
     thin.lineTypeScale = 1;
     const StyleId id = m_styles.Of(thin);
-    char* place = Room(1 + sizeof(id) + size);
-    const auto put = [&](const auto& value) {
-        std::memcpy(place, &value, sizeof(value));
-        place += sizeof(value);
-    };
-    put(kind);
-    put(id);
-    put(std::uint64_t{rings.size()});
+    LogWriter log(Room(size));
+    log.PutByte(kind);
+    log.PutCount(id);
+    log.PutCount(rings.size());
     for (const std::vector<Point2>& ring : rings) {
-        put(std::uint64_t{ring.size()});
+        log.PutCount(ring.size());
         for (const Point2 point : ring) {
-            put(point);
+            log.Put(point);
             m_reach.Add(point);
         }
     }
+    End(log.Place());
 }
 
 void PlainLog::Text(const Style& style, const PlainText& text)
 {
     if (!IsDrawn(text))
         return;
-    char* place = Room(1 + SizeOf(text));
-    *place++ = kLoggedText;
-    PutText(place, style, text);
+    const StyleId id = m_styles.Of(style);
+    LogWriter log(Room(1 + RoomFor(text)));
+    log.PutByte(kLoggedText);
+    PutText(log, id, text);
+    End(log.Place());
+    AddText(text);
 }
 
-char* PlainLog::PutText(char* place, const Style& style, const PlainText& text)
+void PlainLog::AddText(const PlainText& text)
 {
-    const StyleId id = m_styles.Of(style);
-    const TextHead head{text.point, text.along, text.up, text.text.size(), text.style, text.anchor};
-    std::memcpy(place, &id, sizeof(id));
-    std::memcpy(place + sizeof(id), &head, sizeof(head));
-    // NOLINTNEXTLINE(bugprone-not-null-terminated-result): its size is kept, and no zero after it
-    std::memcpy(place + sizeof(id) + sizeof(head), text.text.data(), text.text.size());
     m_reach.Add(text.point);
     m_reach.Add(text.point + text.up);
-    return place + SizeOf(text);
 }
 
 void PlainLog::LineOfText(Point2 point, std::span<const PlainRun> runs)
 {
     if (!IsFinite(point) || !AreAlike(runs))
         return PlainSink::LineOfText(point, runs);
-    std::uint64_t size = 1 + sizeof(point) + sizeof(size);
-    for (const PlainRun& run : runs)
-        size += sizeof(size) + SizeOf(run.text);
-    char* place = Room(size);
-    const auto put = [&](const auto& value) {
-        std::memcpy(place, &value, sizeof(value));
-        place += sizeof(value);
-    };
-    put(kLoggedLineOfText);
-    put(point);
-    put(std::uint64_t{runs.size()});
+    std::vector<StyleId> styles; // all known before there is room: no entity is half there
+    std::size_t size = 1 + sizeof(point) + kMostOfCount;
     for (const PlainRun& run : runs) {
-        put(std::uint64_t{run.blanks});
-        place = PutText(place, run.style, run.text);
+        styles.push_back(m_styles.Of(run.style));
+        size += kMostOfCount + RoomFor(run.text);
     }
+    LogWriter log(Room(size));
+    log.PutByte(kLoggedLineOfText);
+    log.Put(point);
+    log.PutCount(runs.size());
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        log.PutCount(runs[i].blanks);
+        PutText(log, styles[i], runs[i].text);
+        AddText(runs[i].text);
+    }
+    End(log.Place());
 }
 
 void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
     if (!IsFinite(point) || !std::isfinite(rotation))
         return;
-    Add(kLoggedInsert, InsertRecord{block, point, rotation, isMirrored});
+    const unsigned kind = kLoggedInsert | (isMirrored ? kIsMirrored : 0);
+    if (IsZero(rotation))
+        Add(kind, block, point);
+    else
+        Add(kind | kIsTurned, block, point, rotation);
     m_reach.Add(point);
 }
 

@@ -53,8 +53,8 @@ protected:
     ~LogVisitor() = default;
 };
 
-// A line takes 37 bytes. What has a number that is not finite, or nothing to see, is left out. styles and
-// storage must outlive the log.
+// A line takes 34 bytes, or few more. What has a number that is not finite, or nothing to see, is left out.
+// styles and storage must outlive the log.
 class PlainLog final : public PlainSink {
 public:
     PlainLog(StyleTable& styles, LogStorage& storage) : m_styles(styles), m_storage(storage) {}
@@ -93,10 +93,12 @@ private:
     };
 
     char* Room(std::size_t size);
+    void End(char* end);
+    // number is that of a style or a block.
     template <class... Values>
-    void Add(char kind, const Values&... values);
-    void AddArea(char kind, const Style& style, std::span<const std::vector<Point2>> rings);
-    char* PutText(char* place, const Style& style, const PlainText& text);
+    void Add(unsigned kind, std::uint64_t number, const Values&... values);
+    void AddArea(unsigned kind, const Style& style, std::span<const std::vector<Point2>> rings);
+    void AddText(const PlainText& text);
     void AddRound(Point2 centre, double radius);
 
     StyleTable& m_styles;

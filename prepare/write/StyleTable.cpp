@@ -10,6 +10,11 @@ namespace prepare {
 
 namespace {
 
+NameId NameOf(const LineType* lineType)
+{
+    return lineType == nullptr ? kNoName : lineType->name;
+}
+
 bool HasNamelessLineType(const Style& style)
 {
     return style.lineType != nullptr && style.lineType->name == kNoName;
@@ -28,16 +33,25 @@ Key KeyOf(const Style& style)
             style.colour.index,
             style.weight,
             style.width,
-            style.lineType == nullptr ? kNoName : style.lineType->name,
+            NameOf(style.lineType),
             HasNamelessLineType(style) ? style.lineType->dashes : kNoDashes,
             style.lineTypeScale,
             style.layer};
 }
 
+// As their keys are, at once.
+bool AreEqual(const Style& a, const Style& b)
+{
+    const bool isAlike = a.colour == b.colour && a.weight == b.weight && a.width == b.width &&
+                         a.lineTypeScale == b.lineTypeScale && a.layer == b.layer &&
+                         NameOf(a.lineType) == NameOf(b.lineType);
+    return isAlike && (a.lineType == b.lineType || NameOf(a.lineType) != kNoName || KeyOf(a) == KeyOf(b));
+}
+
 // The same for equal keys.
 std::uint64_t HashOf(const Style& style, std::uint64_t key)
 {
-    const NameId lineType = style.lineType == nullptr ? kNoName : style.lineType->name;
+    const NameId lineType = NameOf(style.lineType);
     const std::array<std::uint64_t, 4> parts = {
         std::uint64_t{style.colour.rgb} << 32 | static_cast<std::uint32_t>(style.colour.index),
         std::uint64_t{style.layer} << 32 | static_cast<std::uint32_t>(style.weight),
@@ -58,7 +72,7 @@ bool StyleTable::Less::operator()(const Style& a, const Style& b) const
 StyleId StyleTable::Of(const Style& style)
 {
     StyleId& recent = m_recent[HashOf(style, m_key) % kRecent];
-    if (recent < m_styles.size() && KeyOf(*m_styles[recent]) == KeyOf(style))
+    if (recent < m_styles.size() && AreEqual(*m_styles[recent], style))
         return recent;
     return recent = Look(style);
 }

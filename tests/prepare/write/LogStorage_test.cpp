@@ -32,5 +32,14 @@ TEST(LogStorage, WhatFitsComesRightAfterWhatCameBefore)
     EXPECT_EQ(storage.Room(1), first + 150);
 }
 
+TEST(LogStorage, RoomThatIsNotNeededIsGivenAgain)
+{
+    LogStorage storage;
+    char* const first = storage.Room(100);
+    storage.EndAt(first + 30);
+    EXPECT_EQ(storage.Room(70), first + 30);
+    EXPECT_EQ(storage.Room(1), first + 100);
+}
+
 } // namespace
 } // namespace prepare

@@ -17,6 +17,21 @@ TEST(StyleTable, EqualStylesHaveOneNumber)
     EXPECT_EQ(styles[1].colour.index, 1);
 }
 
+TEST(StyleTable, StylesThatDifferInAnythingHaveNumbersOfTheirOwn)
+{
+    Style colour, trueColour, weight, width, scale, layer;
+    colour.colour.index = 1;
+    trueColour.colour = {true, 0x010203, 7};
+    weight.weight = 13;
+    width.width = 2;
+    scale.lineTypeScale = 3;
+    layer.layer = 4;
+    StyleTable styles;
+    StyleId next = 0;
+    for (const Style& style : {Style(), colour, trueColour, weight, width, scale, layer})
+        EXPECT_EQ(styles.Of(style), next++);
+}
+
 TEST(StyleTable, LineTypesWithoutNamesAreKeptByTheirDashes)
 {
     StyleTable styles;
