@@ -135,6 +135,7 @@ bool Preparing::ReadFirst()
     WaitingFindings found;
     const bool hasMetAll =
         ReadIndex(m_source.Rewound(), m_options.encoding, m_drawing, &sink, found.Taken(), hasFailed);
+    hasFailed = hasFailed && !m_source.IsTakenInPart();
     m_mustReadAgain = !hasFailed && MustReadAgain(m_drawing, m_options.encoding);
     if (m_mustReadAgain)
         return true;
@@ -146,6 +147,7 @@ bool Preparing::ReadFirst()
         StartFirst();
         ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, sink, hasFailed,
                      hasMetAll ? nullptr : &m_report);
+        hasFailed = hasFailed && !m_source.IsTakenInPart();
     } else if (m_drawing.hasLateParts || !m_drawing.placeInOrder.empty()) {
         m_first->LeaveWriter();
     }
@@ -162,6 +164,7 @@ bool Preparing::ConvertAgain()
     Converter converter(m_drawing, m_options, fine, *m_writer, m_report);
     converter.KnowBlocks(m_first->Converted().Variants(), m_first->Measured());
     ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, converter, hasFailed);
+    hasFailed = hasFailed && !m_source.IsTakenInPart();
     if (!hasFailed)
         converter.Finish();
     return !hasFailed;

@@ -21,6 +21,8 @@ public:
     virtual CDxfSource& Rewound() = 0;
     // In bytes; 0 when it is not known.
     virtual std::uint64_t Size() const { return 0; }
+    // Whether what there is of an input that cannot be read to its end is prepared.
+    virtual bool IsTakenInPart() const { return false; }
 };
 
 enum class PrepareOutcome : std::uint8_t {

@@ -42,6 +42,7 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
     bool hasFailed = false;
     WaitingFindings found;
     ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
+    hasFailed = hasFailed && !source.IsTakenInPart();
     if (!hasFailed && MustReadAgain(drawing, encoding)) {
         Header header = std::move(drawing.header);
         drawing = Drawing();
@@ -53,6 +54,7 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
         return !hasFailed;
     Counting search;
     ReadEntities(source.Rewound(), encoding, drawing, search, hasFailed);
+    hasFailed = hasFailed && !source.IsTakenInPart();
     if (search.contents.inPaperSpace > 0) {
         Layout& layout = drawing.layouts.emplace_back();
         layout.name = kUnnamedLayout;
@@ -107,7 +109,7 @@ bool SheetPasses::Read(EntitySink& sink, Report* report)
 {
     bool hasFailed = false;
     ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, sink, hasFailed, report);
-    return !hasFailed;
+    return !hasFailed || m_source.IsTakenInPart();
 }
 
 bool SheetPasses::ReadWindows()

@@ -59,8 +59,22 @@ struct Listener {
     Report& report;
     bool isPrepared;
     bool isUnread = false;
-    std::string hole{}; // why a part of the drawing was not read
+    bool isAtEnd = false; // a failed read has ended the drawing
+    std::string hole{};   // why a part of the drawing was not read
     bool isShortOfMemory = false;
+
+    void Take(const SvgHostError& error)
+    {
+        isUnread = isUnread || error.kind == DXF_ERROR_OPEN;
+        // What the reader misses after a failed read has the same cause.
+        if (isAtEnd)
+            return;
+        isAtEnd = error.kind == DXF_ERROR_READ;
+        if (isAtEnd || error.kind == DXF_ERROR_MEMORY)
+            hole = HoleText(error, isPrepared);
+        else
+            Pass(error);
+    }
 
     // A line of a prepared drawing is not a line of the user's file.
     void Pass(const SvgHostError& error) const
@@ -77,11 +91,7 @@ struct Listener {
     {
         auto* self = static_cast<Listener*>(user);
         try {
-            self->isUnread = self->isUnread || error->kind == DXF_ERROR_OPEN;
-            if (error->kind == DXF_ERROR_READ || error->kind == DXF_ERROR_MEMORY)
-                self->hole = HoleText(*error, self->isPrepared);
-            else
-                self->Pass(*error);
+            self->Take(*error);
         } catch (...) {
             self->isShortOfMemory = true;
         }

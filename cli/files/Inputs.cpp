@@ -3,6 +3,7 @@
 #include "base/Letters.h"
 #include "cli/files/Wildcards.h"
 #include "cli/system/Native.h"
+#include "cli/system/ReasonOf.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -126,7 +127,7 @@ std::vector<std::string> ReadList(const Options& options)
                           ? ReadStandardInput([&](auto bytes, auto size) { return reader.Take(bytes, size); })
                           : ReadFile(options.list, reader);
     if (error != 0)
-        throw UsageError(options.list + ": cannot be read: " + std::generic_category().message(error));
+        throw UsageError(options.list + ": cannot be read: " + ReasonOf(error));
     reader.EndName();
     return names;
 }

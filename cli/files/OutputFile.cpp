@@ -2,6 +2,7 @@
 
 #include "cli/files/Leftovers.h"
 #include "cli/system/Native.h"
+#include "cli/system/ReasonOf.h"
 
 #include <cerrno>
 #include <system_error>
@@ -110,7 +111,7 @@ bool OutputFile::Refuse(const char* reason)
 bool OutputFile::Fail(int error)
 {
     if (m_error.empty())
-        m_error = std::generic_category().message(error ? error : EIO);
+        m_error = ReasonOf(error ? error : EIO);
     return false;
 }
 

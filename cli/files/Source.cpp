@@ -2,6 +2,7 @@
 
 #include "cli/files/Inputs.h"
 #include "cli/files/WhyNotAsciiDxf.h"
+#include "cli/system/ReasonOf.h"
 #include "prepare/pairs/TextSource.h"
 
 #include <cerrno>
@@ -10,15 +11,6 @@
 namespace plexorn {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-std::string ReasonOf(int error)
-{
-    return std::generic_category().message(error);
-}
-
-} // namespace
 
 Source::Source(const std::string& name, Forms forms) : m_shownName(name)
 {

@@ -101,7 +101,8 @@ std::string SuggestedCommand(std::string_view word)
     constexpr std::size_t kLeastOfBegin = 3;
     const std::string small = InSmallLetters(word);
     for (const auto& [name, meant] : kMeant)
-        if (EditDistance(small, name) <= 1 || (small.size() >= kLeastOfBegin && name.starts_with(small)))
+        if (EditDistance(small, name) <= MostDistance(name) ||
+            (small.size() >= kLeastOfBegin && name.starts_with(small)))
             return std::string(meant);
     return "";
 }

@@ -20,7 +20,7 @@ namespace plexorn {
 // is interrupted.
 class RewoundFile final : public prepare::ReopenableSource, private CDxfSource {
 public:
-    // source must outlive this. With keepsGoing, a failed read counts as the end of the file.
+    // source must outlive this. With keepsGoing, what comes before a failed read is prepared.
     explicit RewoundFile(Source& source, bool keepsGoing = false) : m_source(source), m_keepsGoing(keepsGoing)
     {
     }
@@ -37,6 +37,8 @@ public:
         const std::uintmax_t size = std::filesystem::file_size(m_source.Path(), error);
         return error ? 0 : size;
     }
+
+    bool IsTakenInPart() const override { return m_keepsGoing && !InterruptGuard::IsInterrupted(); }
 
     // errno of a failed read, 0 if none failed. Running out of memory is not a failed read: reading throws
     // std::bad_alloc.
@@ -61,7 +63,7 @@ private:
         if (count >= 0)
             return count;
         m_error = m_reader->Error();
-        return m_keepsGoing ? 0 : count;
+        return count;
     }
 
     Source& m_source;

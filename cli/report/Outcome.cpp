@@ -92,6 +92,15 @@ std::string FitText(const Outcome& outcome)
          "out)"});
 }
 
+// The share of a drawing that was not read whole.
+std::string PartText(const Share& share)
+{
+    if (share.entities == 0 || share.shown < share.entities)
+        return "at most " + ShareText(share);
+    return share.entities == 1 ? "at most the entity that was read"
+                               : "at most all " + std::to_string(share.entities) + " entities that were read";
+}
+
 } // namespace
 
 bool IsShownAsStated(const Outcome& outcome)
@@ -106,7 +115,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
 {
     std::string out = Counted(DrawnElements(outcome.statistics), "element", "elements");
     out.append(" drawn to ").append(Printable(outcome.output));
-    out.append(outcome.hole.empty() ? ", " : ", at most ").append(ShareText(outcome.share));
+    out.append(", ").append(outcome.hole.empty() ? ShareText(outcome.share) : PartText(outcome.share));
     out.append(", ").append(Counted(messages, "message", "messages"));
     out.append(", ").append(std::to_string(outcome.time.count())).append(" ms");
     out.append(", ").append(SizeText(outcome)).append(FitText(outcome));
@@ -120,7 +129,7 @@ std::string OutcomeText(const Outcome& outcome, std::size_t messages)
     if (outcome.otherTexts != 0)
         out += Joined(
             {"; ", Counted(outcome.otherTexts, "text is", "texts are"), " not UTF-8 (drawn with U+FFFD)"});
-    if (!outcome.isEnded)
+    if (!outcome.isEnded && outcome.hole.empty())
         out += "; the file has no EOF: it may have been cut off";
     return outcome.hasReplacedOther ? out.append(kReplacedOther) : out;
 }

@@ -1,6 +1,7 @@
 #include "cli/system/Native.h"
 
 #include "base/Utf8.h"
+#include "cli/system/ReasonOf.h"
 
 #include <fcntl.h>
 #ifdef __GLIBC__
@@ -125,7 +126,7 @@ PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill
     if (error == 0 && std::fflush(m_file) != 0)
         error = errno;
     if (error != 0)
-        m_error = std::generic_category().message(error);
+        m_error = ReasonOf(error);
     else
         m_path = "/dev/fd/" + std::to_string(fileno(m_file));
 }
@@ -157,8 +158,12 @@ ModulePath::~ModulePath()
 
 void FillStandardStreams()
 {
-    // For reading only: writing to a missing output fails, so the loss is noticed.
-    int descriptor = open("/dev/null", O_RDONLY);
+    // Each for the wrong use: reading from a missing input and writing to a missing output fail, so the loss
+    // is noticed.
+    int descriptor = open("/dev/null", O_WRONLY);
+    if (descriptor > STDIN_FILENO)
+        close(descriptor);
+    descriptor = open("/dev/null", O_RDONLY);
     while (descriptor >= 0 && descriptor < STDERR_FILENO)
         descriptor = open("/dev/null", O_RDONLY);
     if (descriptor > STDERR_FILENO)
@@ -179,7 +184,14 @@ std::FILE* OpenForAppending(const fs::path& path)
 std::FILE* OpenStandardOutput()
 {
     const int descriptor = dup(STDOUT_FILENO);
-    return descriptor < 0 ? nullptr : fdopen(descriptor, "ab");
+    if (descriptor < 0)
+        return nullptr;
+    std::FILE* const file = fdopen(descriptor, "ab");
+    if (!file) {
+        close(descriptor);
+        errno = EBADF; // it is open for reading only
+    }
+    return file;
 }
 
 bool IsTerminal(std::FILE* stream)

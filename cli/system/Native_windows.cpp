@@ -1,6 +1,7 @@
 #include "cli/system/Native.h"
 
 #include "base/Utf8.h"
+#include "cli/system/ReasonOf.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -9,7 +10,6 @@
 
 #include <cerrno>
 #include <random>
-#include <system_error>
 
 #include <windows.h>
 
@@ -127,9 +127,12 @@ int ReadStandardInput(const ByteFunction& out)
     _setmode(_fileno(stdin), _O_BINARY);
     static char block[1 << 16];
     for (;;) {
+        errno = 0;
         std::size_t size = std::fread(block, 1, sizeof block, stdin);
+        if (size == 0 && std::ferror(stdin))
+            return errno != 0 ? errno : EIO;
         if (size == 0)
-            return std::ferror(stdin) ? EIO : 0;
+            return 0;
         if (!out(block, size))
             return errno;
     }
@@ -150,7 +153,7 @@ PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill
         error = errno;
     m_file = nullptr;
     if (error != 0)
-        m_error = std::generic_category().message(error);
+        m_error = ReasonOf(error);
 }
 
 PrivateFile::~PrivateFile()
@@ -180,9 +183,13 @@ ModulePath::~ModulePath()
 
 void FillStandardStreams()
 {
-    // For reading only: writing to a missing output fails, so the loss is noticed.
-    constexpr int kStandardError = 2;
-    int descriptor = _wopen(L"NUL", _O_RDONLY);
+    // Each for the wrong use: reading from a missing input and writing to a missing output fail, so the loss
+    // is noticed.
+    constexpr int kStandardInput = 0, kStandardError = 2;
+    int descriptor = _wopen(L"NUL", _O_WRONLY);
+    if (descriptor > kStandardInput)
+        _close(descriptor);
+    descriptor = _wopen(L"NUL", _O_RDONLY);
     while (descriptor >= 0 && descriptor < kStandardError)
         descriptor = _wopen(L"NUL", _O_RDONLY);
     if (descriptor > kStandardError)

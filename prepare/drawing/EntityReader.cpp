@@ -163,7 +163,7 @@ void EntityReader::ReadVertices(Polyline& polyline)
     if (NextIs(EntityType::SeqEnd))
         StepOverEnd();
     else
-        m_reader.Note(Finding::Repaired, "POLYLINE", "ends without SEQEND", polyline.line);
+        m_reader.NoteMissingEnd("POLYLINE", "ends without SEQEND", polyline.line);
 }
 
 void EntityReader::StepOverEnd()

@@ -139,7 +139,7 @@ std::string_view Pass::NextSection()
 
 void Pass::EndWithoutEnd()
 {
-    m_reader.Note(Finding::Repaired, "file", "a section ends without ENDSEC", m_reader.Line());
+    m_reader.NoteMissingEnd("file", "a section ends without ENDSEC", m_reader.Line());
     m_reader.Unread();
 }
 
@@ -230,7 +230,7 @@ void Pass::ReadBlockEntities(Block& block)
         if (record == "ENDBLK")
             return;
         if (record == kEnd || record == "BLOCK" || record == "ENDSEC" || record == "SECTION") {
-            m_reader.Note(Finding::Repaired, "BLOCK", "ends without ENDBLK", block.line);
+            m_reader.NoteMissingEnd("BLOCK", "ends without ENDBLK", block.line);
             return m_reader.Unread();
         }
         if (std::unique_ptr<Entity> entity = m_entities.Read(m_entities.TypeName(), true)) {
@@ -459,7 +459,7 @@ void Pass::NotePairs()
         m_reader.Note(Finding::Cut, "file", "a binary value is of an unknown kind: the rest is left out",
                       pairs.Lines());
     else if (!pairs.HasEofPair())
-        m_reader.Note(Finding::Repaired, "file", "ends without EOF", pairs.Lines());
+        m_reader.NoteMissingEnd("file", "ends without EOF", pairs.Lines());
 }
 
 } // namespace

@@ -144,6 +144,12 @@ public:
 
     // Findings go to this report from now on; nowhere if it is null.
     void SetReport(Report* report) { m_report = report; }
+    // Notes an end that is missing; not where reading failed, as it may be in what was not read.
+    void NoteMissingEnd(std::string_view subject, std::string_view detail, std::uint64_t line) const
+    {
+        if (!m_pairs.HasFailed())
+            Note(Finding::Repaired, subject, detail, line);
+    }
     void Note(Finding finding, std::string_view subject, std::string_view detail, std::uint64_t line,
               std::uint64_t times = 1) const
     {

@@ -7,7 +7,7 @@ import resource
 import subprocess
 
 import command_support
-from command_support import CommandTest, entities
+from command_support import CommandTest, dxf, entities
 
 
 def text(number):
@@ -39,13 +39,6 @@ class Holes(CommandTest):
 
 
 class FailingReads(Holes):
-    def said(self, printed):
-        """What is said besides the reader's message about the line at which reading failed."""
-        lines = printed.splitlines()
-        messages = [line for line in lines if re.match(r"plan\.dxf:\d+: ", line)]
-        self.assertEqual(lines[:len(messages)], messages)
-        return lines[len(messages):]
-
     def test_the_library_is_loaded(self):
         result = subprocess.run(["cat", "plan.dxf"], cwd=self.folder, env=self.failing("read"), capture_output=True)
         self.assertIn(b"Input/output error", result.stderr)
@@ -69,14 +62,14 @@ class FailingReads(Holes):
             for options in ([], ["-q"]):
                 with self.subTest(by=by, options=options):
                     self.write("plan.svg", b"old")
-                    printed = self.said(self.expect(1, "--keep-going", "plan.dxf", *options, env=self.failing(by)))
+                    printed = self.expect(1, "--keep-going", "plan.dxf", *options, env=self.failing(by)).splitlines()
                     self.assertRegex(printed[0], "^plan.dxf: cannot be read .*; the picture lacks what follows$")
                     self.assertEqual(len(printed), 1 if options else 2)
                     self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
                     self.assertGreater(self.texts(), 100)
                     self.assertLess(self.texts(), self.COUNT)
                     if not options:
-                        self.assertIn(", at most ", printed[1])
+                        self.assertRegex(printed[1], ", at most .*, 0 messages, ")
 
     def test_to_keep_going_changes_nothing_of_a_whole_drawing(self):
         self.expect(0, "-q", "plan.dxf")
@@ -273,6 +266,33 @@ class PreparedFailingReads(Holes):
                 self.assertLess(self.texts(), self.COUNT)
                 if not options:
                     self.assertIn(", at most ", lines[-1])
+
+    def types_of_objects(self, *arguments, by):
+        printed = self.plexorn("--messages", "json", *arguments, "-o", "out/", env=self.failing(by)).stderr
+        return [json.loads(line)["type"] for line in printed.splitlines()]
+
+    def test_a_failed_read_is_one_report_and_no_fault_of_the_file(self):
+        block = [line for number in range(3000) for line in text(number)]
+        self.write("block.dxf", dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "A", *block))
+        vertices = ["0", "VERTEX", "10", "1", "20", "2"] * 3000
+        self.write("polyline.dxf", entities("0", "POLYLINE", "66", "1", *vertices, "0", "SEQEND"))
+        for name in ("plan.dxf", "block.dxf", "polyline.dxf"):
+            for options in ([], ["--layout", "all"]):
+                with self.subTest(name=name, options=options):
+                    self.assertEqual(self.types_of_objects(name, *options, by="fread"), ["failed"])
+            with self.subTest(name=name):
+                *doubts, last = self.types_of_objects(name, "--keep-going", by="fread")
+                self.assertEqual((set(doubts), last), ({"doubtful"}, "drawn"))
+        for options in ([], ["--as-is"]):
+            with self.subTest(options=options):
+                self.assertEqual(self.types_of_objects("plan.dxf", *options, by="read"), ["failed"])
+                self.assertEqual(self.types_of_objects("plan.dxf", "--keep-going", *options, by="read"),
+                                 ["doubtful", "drawn"])
+
+    def test_all_of_what_was_read_is_at_most_that(self):
+        printed = self.expect(1, "--keep-going", "plan.dxf", env=self.failing("fread"))
+        self.assertRegex(printed, r", at most all \d+ entities that were read, 0 messages, ")
+        self.assertNotIn("EOF", printed)
 
     def test_no_line_of_the_prepared_drawing_is_told(self):
         printed = self.plexorn("--keep-going", "plan.dxf", env=self.failing("read")).stderr

@@ -404,11 +404,25 @@ class Descriptors(CommandTest):
                            preexec_fn=close, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
             self.assertEqual(self.read("plan.svg"), self.read("whole.svg"), closed)
 
+    NOT_OPEN = "it is closed, or not open for this\n"
+
     def test_what_goes_to_a_closed_standard_output_is_not_taken_for_written(self):
         self.write("plan.dxf")
-        result = subprocess.run([command_support.COMMAND, "plan.dxf", "-o", "-"], cwd=self.folder,
-                                preexec_fn=lambda: os.close(1), stderr=subprocess.PIPE, text=True)
-        self.assertEqual((result.returncode, "cannot be written" in result.stderr), (3, True), result.stderr)
+        for command, written in ((["plan.dxf", "-o", "-"], "-: "), (["plan.dxf", "-o", "/dev/stdout"], "/dev/stdout: "),
+                                 (["info", "plan.dxf"], "plexorn: the standard output ")):
+            result = subprocess.run([command_support.COMMAND, "-q", *command] if command[0] != "info" else
+                                    [command_support.COMMAND, *command], cwd=self.folder,
+                                    preexec_fn=lambda: os.close(1), stderr=subprocess.PIPE, text=True)
+            self.assertEqual((result.returncode, result.stderr), (3, f"{written}cannot be written: {self.NOT_OPEN}"))
+
+    def test_a_closed_standard_input_is_not_taken_for_an_empty_one(self):
+        for command in (["-"], ["info", "-"], ["prepare", "-"]):
+            self.assertEqual(self.expect(3, *command, stdin=None, preexec_fn=lambda: os.close(0)),
+                             "<stdin>: cannot be read: " + self.NOT_OPEN)
+        printed = self.expect(2, "--files-from", "-", stdin=None, preexec_fn=lambda: os.close(0))
+        self.assertIn("-: cannot be read: " + self.NOT_OPEN, printed)
+        with open(self.path("out"), "wb") as out:
+            self.assertIn("cannot be read: " + self.NOT_OPEN, self.expect(3, "-", stdin=out))
 
 
 class Interruption(CommandTest):

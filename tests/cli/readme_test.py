@@ -28,7 +28,9 @@ class Readme(unittest.TestCase):
         folder = tempfile.TemporaryDirectory(prefix="plexorn-readme-")
         self.addCleanup(folder.cleanup)
         self.folder = folder.name
-        for name in ("scripts", "build"):
+        # Of the build's folder only what is built: a result of an older run is not there.
+        os.mkdir(os.path.join(self.folder, "build"))
+        for name in ("scripts", "build/release"):
             os.symlink(os.path.join(ROOT, name), os.path.join(self.folder, name))
         os.mkdir(os.path.join(self.folder, "examples"))
         for name in os.listdir(os.path.join(ROOT, "examples")):
@@ -64,7 +66,7 @@ class Readme(unittest.TestCase):
                 result = self.run_shown(command)
                 self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn("white", ElementTree.tostring(self.picture("build/machine-part.svg"), "unicode"))
-        installed = os.path.join(ROOT, "build", "plexorn", "share")
+        installed = os.path.join(self.folder, "build", "plexorn", "share")
         for name in ("man/man1/plexorn.1.gz", "bash-completion/completions/plexorn", "zsh/site-functions/_plexorn",
                      "fish/vendor_completions.d/plexorn.fish"):
             self.assertTrue(os.path.exists(os.path.join(installed, name)), name)
@@ -82,7 +84,7 @@ class Readme(unittest.TestCase):
         self.assertEqual(ignored.splitlines(), made)
 
     def files(self):
-        """The files of the checkout; what a command leaves in build is known to be ignored."""
+        """The files of the checkout; those of the folders that are linked are ignored by git."""
         return [os.path.relpath(os.path.join(folder, name), self.folder)
                 for folder, _, names in os.walk(self.folder) for name in names]
 

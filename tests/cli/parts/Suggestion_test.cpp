@@ -37,6 +37,13 @@ TEST(Suggestion, OptionsOfTheCommandAndOfTheOther)
     EXPECT_EQ(SuggestedOption(CommandFor(Task::Draw), "--for=standard"), "plexorn prepare --for");
 }
 
+TEST(Suggestion, ACommandIsMeant)
+{
+    EXPECT_EQ(SuggestedCommand("prepair"), "plexorn prepare");
+    EXPECT_EQ(SuggestedCommand("preapre"), "plexorn prepare");
+    EXPECT_EQ(SuggestedCommand("into"), "plexorn info");
+}
+
 TEST(Suggestion, NothingIsNear)
 {
     for (const char* argument : {"--", "-x", "--xyz", "plan.dxf", ""})
@@ -44,4 +51,6 @@ TEST(Suggestion, NothingIsNear)
     EXPECT_EQ(SuggestedCommand("plan.dxf"), "");
     EXPECT_EQ(SuggestedCommand(""), "");
     EXPECT_EQ(SuggestedCommand("information"), "");
+    EXPECT_EQ(SuggestedCommand("prelude"), "");
+    EXPECT_EQ(SuggestedCommand("auto"), "");
 }
