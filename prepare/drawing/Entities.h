@@ -183,6 +183,7 @@ struct LeaderBranch {
     Point3 dogleg;     // 11: its direction
     double length = 0; // 40
     bool hasLanding = false;
+    std::int32_t isVertical = 0; // 271: to the text's top or bottom, without a dogleg
     std::vector<LeaderLine> lines;
 };
 
@@ -214,6 +215,8 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     std::int32_t fillsAsWindow = 0;  // 291: in the background's colour
     double fillScale = 1.5;          // 141, as an MTEXT's
     std::int32_t hasFrame = 0;       // 292 of the entity: around the text
+    std::int32_t leftLanding = 1;    // 174 of the context: where the text is met by a leader from the left
+    std::int32_t rightLanding = 1;   // 175: and from the right
     double landingGap = -1;          // 145 of the context: from the text to its frame, too
     NameId textStyle = kNoName;
     Handle textStyleHandle = 0;      // 340 of the context

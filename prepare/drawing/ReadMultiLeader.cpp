@@ -41,6 +41,7 @@ constexpr auto kBranch = Fields<LeaderBranch>({
     {10, &LeaderBranch::landing, &LeaderBranch::hasLanding},
     {11, &LeaderBranch::dogleg},
     {40, &LeaderBranch::length},
+    {271, &LeaderBranch::isVertical},
     {304, ReadLine},
 });
 
@@ -62,7 +63,8 @@ constexpr auto kContext = Fields<MultiLeader>({
     {90, &MultiLeader::textColour},    {91, &MultiLeader::fillColour},
     {140, &MultiLeader::arrowSize},    {141, &MultiLeader::fillScale},
     {145, &MultiLeader::landingGap},   {171, &MultiLeader::textAttachment},
-    {172, &MultiLeader::textFlow},     {291, &MultiLeader::fillsAsWindow},
+    {172, &MultiLeader::textFlow},     {174, &MultiLeader::leftLanding},
+    {175, &MultiLeader::rightLanding}, {291, &MultiLeader::fillsAsWindow},
     {292, &MultiLeader::hasFill},      {302, ReadBranch},
     {304, &MultiLeader::text},         {340, &MultiLeader::textStyleHandle},
     {341, &MultiLeader::blockHandle},

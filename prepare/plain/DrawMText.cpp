@@ -38,6 +38,8 @@ public:
         ReportChanges();
     }
 
+    double Width() const { return m_layout.Width(); }
+
 private:
     MTextContent ReadContent() const
     {
@@ -354,10 +356,12 @@ std::int32_t AttachmentOf(const Text& entity)
 
 } // namespace
 
-void DrawMText(const MText& entity, const Placement& placement, const PartStyler& styleOf,
-               std::string_view typeName)
+double DrawMText(const MText& entity, const Placement& placement, const PartStyler& styleOf,
+                 std::string_view typeName)
 {
-    MTextDrawing(entity, placement, styleOf, typeName).Draw();
+    MTextDrawing drawing(entity, placement, styleOf, typeName);
+    drawing.Draw();
+    return drawing.Width();
 }
 
 void DrawMTextOf(const Text& entity, const Placement& placement, const PartStyler& styleOf,

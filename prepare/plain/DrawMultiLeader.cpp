@@ -13,16 +13,56 @@ namespace prepare {
 
 namespace {
 
+constexpr std::int32_t kNoLines = 0, kSplines = 2; // leaderType
+
+bool HasDogleg(const MultiLeader& leader, const LeaderBranch& branch)
+{
+    return leader.hasDogleg != 0 && branch.isVertical == 0 && branch.length > 0;
+}
+
+// Where the leader meets its text.
+Point3 EndOf(const MultiLeader& leader, const LeaderBranch& branch)
+{
+    return HasDogleg(leader, branch) ? branch.landing + branch.length * branch.dogleg : branch.landing;
+}
+
 // The line from the arrow to the landing, and the dogleg after it.
-std::vector<Point3> PathOf(const LeaderLine& line, const LeaderBranch& branch, bool hasDogleg)
+std::vector<Point3> PathOf(const LeaderLine& line, const LeaderBranch& branch, const MultiLeader& leader)
 {
     std::vector<Point3> path = line.vertices;
     if (branch.hasLanding) {
         path.push_back(branch.landing);
-        if (hasDogleg && branch.length > 0)
-            path.push_back(branch.landing + branch.length * branch.dogleg);
+        if (HasDogleg(leader, branch))
+            path.push_back(EndOf(leader, branch));
     }
     return path;
+}
+
+// Some leaders go on as a line under one of the lines of their text.
+bool IsUnderText(const MultiLeader& leader, const LeaderBranch& branch)
+{
+    constexpr std::int32_t kUnderLast = 5, kUnderFirst = 6, kUnderAll = 8;
+    const bool isFromLeft = Dot(leader.textDirection, branch.dogleg) > 0;
+    const std::int32_t landing = isFromLeft ? leader.leftLanding : leader.rightLanding;
+    return leader.leaderType != kNoLines && branch.hasLanding && branch.isVertical == 0 &&
+           (landing == kUnderLast || landing == kUnderFirst || landing == kUnderAll);
+}
+
+void DrawLinesUnderText(const MultiLeader& leader, double width, const Placement& placement,
+                        const Style& style)
+{
+    const double length = width + 2 * std::max(leader.landingGap, 0.0);
+    for (const LeaderBranch& branch : leader.branches) {
+        if (!IsUnderText(leader, branch) || !(Length(branch.dogleg) > 0))
+            continue;
+        const Point3 start = EndOf(leader, branch);
+        const Point2 from = placement.matrix.Flat(start);
+        const Point2 to = placement.matrix.Flat(start + (length / Length(branch.dogleg)) * branch.dogleg);
+        if (!IsFinite(from) || !IsFinite(to))
+            continue;
+        placement.budget.Take(2);
+        placement.sink.Line(style, from, to);
+    }
 }
 
 void FillBehind(const MultiLeader& entity, MText& text)
@@ -43,14 +83,13 @@ void FillBehind(const MultiLeader& entity, MText& text)
 
 void DrawMultiLeader(const MultiLeader& leader, Pen& pen)
 {
-    constexpr std::int32_t kNoLines = 0, kSplines = 2;
     if (leader.leaderType == kNoLines)
         return;
     pen.UseStyleOf(UnpackColour(leader.lineColour));
     const std::string_view arrow = ArrowOfBlock(leader.arrowHandle, pen.Place().drawing);
     for (const LeaderBranch& branch : leader.branches) {
         for (const LeaderLine& line : branch.lines) {
-            const std::vector<Point3> points = FiniteOf(PathOf(line, branch, leader.hasDogleg != 0), pen);
+            const std::vector<Point3> points = FiniteOf(PathOf(line, branch, leader), pen);
             DrawLeaderLine(points, leader.leaderType == kSplines, pen);
             DrawLeaderArrow(arrow, points, leader.arrowSize, pen);
         }
@@ -76,7 +115,9 @@ void DrawMultiLeaderText(const MultiLeader& entity, const Placement& placement, 
     FillBehind(entity, text);
     const auto style = placement.drawing.textStyleOfHandle.find(entity.textStyleHandle);
     text.style = style != placement.drawing.textStyleOfHandle.end() ? style->second : entity.textStyle;
-    DrawMText(text, InStyle(placement, styleOf(UnpackColour(entity.textColour))), styleOf, "MULTILEADER");
+    const double width =
+        DrawMText(text, InStyle(placement, styleOf(UnpackColour(entity.textColour))), styleOf, "MULTILEADER");
+    DrawLinesUnderText(entity, width, placement, styleOf(UnpackColour(entity.lineColour)));
 }
 
 } // namespace prepare

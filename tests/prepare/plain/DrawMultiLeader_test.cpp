@@ -107,6 +107,48 @@ TEST(DrawMultiLeader, ItsFrameIsAsFarAsItsLine)
     EXPECT_EQ(trial.Draw(leader).front().substr(0, 36), "closed polyline -3,-4 7,-4 7,3 -3,3 ");
 }
 
+TEST(DrawMultiLeader, OneThatMeetsItsTextFromAboveHasNoDogleg)
+{
+    Stage stage;
+    MultiLeader leader = Branch();
+    leader.branches[0].isVertical = 1;
+    EXPECT_EQ(stage.Draw(leader)[0], "polyline 0,0 10,0 10,10");
+}
+
+// From the dogleg's end, as long as the text with a gap at both ends.
+TEST(DrawMultiLeader, ItsLineGoesOnUnderTheTextIfTheSideItComesFromSaysSo)
+{
+    MultiLeader leader = Branch();
+    leader.contentType = 2;
+    leader.text = "A";
+    leader.textHeight = 1;
+    leader.textWidth = 4;
+    leader.landingGap = 0.5;
+    leader.lineColour = static_cast<std::int32_t>(0xC3000005);
+    const auto lastOf = [&leader] {
+        TextTrial trial;
+        return trial.Draw(leader).back().substr(0, 25);
+    };
+    for (const std::int32_t under : {5, 6, 8}) {
+        leader.leftLanding = under;
+        EXPECT_EQ(lastOf(), "line 12,10 17,10 colour 5") << under;
+    }
+    leader.hasDogleg = 0;
+    EXPECT_EQ(lastOf(), "line 10,10 15,10 colour 5");
+    leader.branches[0].dogleg = {-2, 0, 0};
+    EXPECT_EQ(lastOf().substr(0, 4), "text");
+    leader.rightLanding = 5;
+    EXPECT_EQ(lastOf(), "line 10,10 5,10 colour 5");
+    leader.rightLanding = 7;
+    EXPECT_EQ(lastOf().substr(0, 4), "text");
+    leader.rightLanding = 5;
+    leader.branches[0].isVertical = 1;
+    EXPECT_EQ(lastOf().substr(0, 4), "text");
+    leader.branches[0].isVertical = 0;
+    leader.leaderType = 0;
+    EXPECT_EQ(lastOf().substr(0, 4), "text");
+}
+
 TEST(DrawMultiLeader, OneWithABlockHasNoText)
 {
     TextTrial trial;
