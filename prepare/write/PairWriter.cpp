@@ -1,6 +1,5 @@
 #include "prepare/write/PairWriter.h"
 
-#include "base/Blanks.h"
 #include "base/Numbers.h"
 
 #include <algorithm>
@@ -44,19 +43,6 @@ constexpr CodeTexts MakeCodeTexts(PairForm form)
 
 constexpr CodeTexts kShortCodes = MakeCodeTexts(PairForm::Short);
 constexpr CodeTexts kCodesInColumns = MakeCodeTexts(PairForm::Columns);
-
-// Puts a point and a zero after digits that have no point. Returns the end of the number.
-char* PutPoint(const char* number, char* end)
-{
-    const char* at = number + (*number == '-');
-    while (at != end && IsDigit(*at))
-        ++at;
-    if (at == end) {
-        *end++ = '.';
-        *end++ = '0';
-    }
-    return end;
-}
 
 // Puts a code and its line end. Returns their end.
 char* PutCode(char* out, int code, PairForm form)
@@ -150,8 +136,8 @@ void PairWriter::Real(int code, double value, int digits)
 void PairWriter::Fixed(int code, double value, int decimals)
 {
     char* const number = Code(code);
-    char* const end = FormatDecimals(value, decimals, number);
-    EndLine(m_form == PairForm::Columns ? PutPoint(number, end) : end);
+    EndLine(m_form == PairForm::Columns ? FormatWithPoint(value, decimals, number)
+                                        : FormatDecimals(value, decimals, number));
 }
 
 void PairWriter::Raw(std::string_view pairs)

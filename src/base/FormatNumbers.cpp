@@ -1,8 +1,8 @@
+#include "base/Digits.h"
 #include "base/Multiply.h"
 #include "base/Numbers.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -44,18 +44,13 @@ std::uint64_t Millionths(double value)
     return whole + (rest > half || (rest == half && (whole & 1) != 0));
 }
 
-constexpr auto kDigitPairs = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-}();
-
-void WritePair(std::uint32_t pair, char* out)
+// Writes eight characters, of which the number's digits count.
+char* WriteWhole(std::uint32_t whole, char* out)
 {
-    std::memcpy(out, &kDigitPairs[std::size_t{2} * pair], 2);
+    const std::uint64_t digits = DigitsOf(whole);
+    const int begin = std::min(ZerosBefore(digits), 7);
+    WriteDigits(out, digits >> 8 * begin);
+    return out + 8 - begin;
 }
 
 } // namespace
@@ -69,12 +64,15 @@ char* FormatFixed6(double value, char* out)
     if (std::signbit(value))
         *out++ = '-';
     const std::uint64_t millionths = magnitude == 0 ? 0 : Millionths(magnitude);
-    const std::uint32_t decimals = static_cast<std::uint32_t>(millionths % 1'000'000);
-    out = std::to_chars(out, out + kLongestNumber, millionths / 1'000'000).ptr;
+    const std::uint64_t whole = millionths / 1'000'000;
+    const auto decimals = static_cast<std::uint32_t>(millionths % 1'000'000);
+    if (whole < 100'000'000) [[likely]]
+        out = WriteWhole(static_cast<std::uint32_t>(whole), out);
+    else
+        out = std::to_chars(out, out + kLongestNumber, whole).ptr;
     *out = '.';
-    WritePair(decimals / 10'000, out + 1);
-    WritePair(decimals / 100 % 100, out + 3);
-    WritePair(decimals % 100, out + 5);
+    const std::uint64_t text = TextOfDigits(decimals == 0 ? 0 : DigitsOf(decimals) >> 16);
+    std::memcpy(out + 1, &text, 6);
     return out + 7;
 }
 

@@ -126,6 +126,8 @@ char* FormatGeneral(double value, int digits, char* out);
 // is written as FormatGeneral does with kDigitsOfLarge.
 inline constexpr int kDigitsOfLarge = 14;
 char* FormatDecimals(double value, int decimals, char* out);
+// The same, but a number without decimals gets ".0".
+char* FormatWithPoint(double value, int decimals, char* out);
 
 // As "%0*x" and "%0*X": with zeros in front up to so many digits; in at most 16 characters, or digits.
 char* FormatHex(std::uint64_t value, std::size_t digits, char* out);

@@ -58,6 +58,20 @@ TEST(FormatDecimals, NumbersHaveAllTheirDigits)
         }
 }
 
+TEST(FormatDecimals, AsksForAPointInWholeNumbersAlone)
+{
+    for (const double value :
+         {0.0, -0.0, 12.0, 120.0, -1.5, 0.05, 0.00004, 99999999.0, -123456789.0, 1234567890.5})
+        for (const int decimals : {0, 4, 7, 8, 15}) {
+            char text[kLongestFormatted];
+            const std::string plain = Fixed(value, decimals);
+            const std::string withPoint(text, FormatWithPoint(value, decimals, text));
+            EXPECT_EQ(withPoint, plain.find_first_of(".e") == plain.npos ? plain + ".0" : plain);
+        }
+    char text[kLongestFormatted];
+    EXPECT_EQ(std::string(text, FormatWithPoint(1e20, 4, text)), "1e+20");
+}
+
 TEST(FormatDecimals, NumbersThatAreTooLargeAreWhole)
 {
     EXPECT_EQ(Fixed(1e20, 4), "1e+20");
