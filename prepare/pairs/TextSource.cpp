@@ -19,14 +19,16 @@ bool IsUtf16(std::string_view front)
     return front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF");
 }
 
-// True when a carriage return is followed by anything but a line feed. Without a branch, so that it is done
-// in wide steps: nearly all drawings have none.
+// True when a carriage return is followed by anything but a line feed. Without branches, so that it is done
+// in wide steps: many drawings have no carriage return, and nearly all of the others no lone one.
 bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
 {
-    unsigned char found = 0;
-    for (std::size_t i = 0; i + 1 < size; ++i)
-        found = static_cast<unsigned char>(found | ((bytes[i] == '\r') & (bytes[i + 1] != '\n')));
-    return found != 0;
+    unsigned char any = 0, lone = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        any = static_cast<unsigned char>(any | (bytes[i] == '\r'));
+    for (std::size_t i = 0; any != 0 && i + 1 < size; ++i)
+        lone = static_cast<unsigned char>(lone | ((bytes[i] == '\r') & (bytes[i + 1] != '\n')));
+    return lone != 0;
 }
 
 } // namespace

@@ -164,6 +164,11 @@ bool IsTapered(const PolylineVertex& vertex)
     return vertex.startWidth != vertex.endWidth && IsWidth(vertex.startWidth) && IsWidth(vertex.endWidth);
 }
 
+bool HasWidth(const PolylineVertex& vertex)
+{
+    return vertex.startWidth != 0 || vertex.endWidth != 0;
+}
+
 // Each run of segments of the same width is a polyline of its own. Where a width varies along a segment, all
 // that is wide is an area, so that the segments' corners meet; its middle line is seen where it ends in a
 // tip.
@@ -174,6 +179,11 @@ void DrawFlat(const FlatPolyline& polyline, Pen& pen)
     Path path(polyline, pen);
     const std::size_t segments = polyline.Segments();
     const auto& vertices = polyline.vertices;
+    if (std::none_of(vertices.begin(), vertices.end(), HasWidth)) { // as nearly all are
+        pen.UseWidth(0);
+        path.Draw(0, segments);
+        return pen.UseOwnStyle();
+    }
     const bool isArea =
         std::any_of(vertices.begin(), vertices.begin() + static_cast<std::ptrdiff_t>(segments), IsTapered);
     for (std::size_t first = 0, end = 0; first < segments; first = end) {

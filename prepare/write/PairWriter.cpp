@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t kPart = std::size_t{1} << 16; // how much is passed on at once
 constexpr std::size_t kMostOfPair = 512;            // of a code and a number
 static_assert(kMostOfPair > kLongestFormatted + kLongestInteger + 2);
+constexpr std::size_t kMostOfText = kMostOfPair - kLongestInteger - 2; // of those that need no second look
 
 // Puts the text of a number as PairWriter writes it; out has room for kLongestFormatted. Returns its end.
 char* FormatReal(double value, int digits, char* out)
@@ -113,7 +114,10 @@ void PairWriter::Pass(std::string_view text)
 
 void PairWriter::Text(int code, std::string_view value)
 {
-    m_end = Code(code);
+    char* const text = Code(code);
+    if (value.size() <= kMostOfText) [[likely]]
+        return EndLine(std::copy(value.begin(), value.end(), text));
+    m_end = text;
     Raw(value);
     Raw("\n");
 }
