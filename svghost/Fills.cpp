@@ -1,6 +1,6 @@
 #include "svghost/Fills.h"
 
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 
 namespace svghost {
 

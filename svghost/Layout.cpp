@@ -1,6 +1,6 @@
 #include "svghost/Layout.h"
 
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
 #include "svghost/References.h"

@@ -1,6 +1,6 @@
 #include "svghost/SvgWriter.h"
 
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 #include "svghost/Bounds.h"
 #include "svghost/ElementBytes.h"
 #include "svghost/Fills.h"

@@ -1,6 +1,6 @@
 #include "svghost/Texts.h"
 
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 
 namespace svghost {
 namespace {

@@ -1,6 +1,9 @@
 #include "cli/files/WhyNotAsciiDxf.h"
 
 #include "base/Numbers.h"
+#include "base/Utf8.h"
+#include "prepare/pairs/BinaryText.h"
+#include "prepare/pairs/PairReader.h"
 
 namespace plexorn {
 
@@ -19,7 +22,7 @@ constexpr std::string_view kDwg = "a DWG drawing; save it as an ASCII DXF";
 constexpr std::string_view kUtf16 = "a UTF-16 text; save it in UTF-8 or an ANSI code page";
 
 constexpr Signature kSignatures[] = {
-    {0, "AutoCAD Binary DXF"sv, kBinaryDxf},
+    {0, prepare::BinaryText::kWords, kBinaryDxf},
     {0, "AC10"sv, kDwg},
     // Releases before AC1001.
     {0, "AC1."sv, kDwg},
@@ -43,8 +46,8 @@ constexpr Signature kSignatures[] = {
     {0, "MSCF\0\0\0\0"sv, "a cabinet archive; unpack it first"},
     {257, "ustar"sv, "a tar archive; unpack it first"},
     {0, "%PDF-"sv, "a PDF document"},
-    {0, "\xFF\xFE"sv, kUtf16},
-    {0, "\xFE\xFF"sv, kUtf16},
+    {0, kUtf16LittleMark, kUtf16},
+    {0, kUtf16BigMark, kUtf16},
 };
 
 bool HasSignature(std::string_view head, const Signature& signature)
@@ -60,15 +63,6 @@ std::string_view FirstLine(std::string_view head)
     return Trim(text.substr(0, text.find('\n')));
 }
 
-// Group codes have one to four digits; a sign occurs in the codes that programs keep to themselves.
-bool IsGroupCode(std::string_view line)
-{
-    if (!line.empty() && (line[0] == '-' || line[0] == '+'))
-        line.remove_prefix(1);
-    return !line.empty() && line.size() <= 4 &&
-           line.find_first_not_of("0123456789"sv) == std::string_view::npos;
-}
-
 } // namespace
 
 std::string WhyNotAsciiDxf(std::string_view head)
@@ -79,12 +73,12 @@ std::string WhyNotAsciiDxf(std::string_view head)
         if (HasSignature(head, signature))
             return "is " + std::string(signature.kind);
     // Some editors put a byte order mark before UTF-8; the reader steps over that line.
-    if (head.starts_with("\xEF\xBB\xBF"sv))
-        head.remove_prefix(3);
+    if (head.starts_with(kUtf8Mark))
+        head.remove_prefix(kUtf8Mark.size());
     const std::string_view line = FirstLine(head);
     if (line.empty())
         return "holds nothing but blanks where a DXF begins";
-    return IsGroupCode(line) ? "" : "is no DXF: its first line is not a group code";
+    return prepare::PairReader::IsCode(line) ? "" : "is no DXF: its first line is not a group code";
 }
 
 } // namespace plexorn

@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 #include "base/Utf8.h"
-#include "cli/report/IsUpperControl.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,18 +10,6 @@ namespace plexorn {
 
 namespace {
 
-void AppendNumber(std::string& out, unsigned character)
-{
-    char digits[4];
-    out.append("\\u").append(digits, FormatHex(character, 4, digits));
-}
-
-// U+2028 and U+2029 end a line for some programs, an object is one line for all.
-bool IsSeparator(std::string_view text)
-{
-    return text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9");
-}
-
 // Whether a byte is, or may begin, a character that is written in another form.
 bool MayBeEscaped(char character)
 {
@@ -30,25 +17,25 @@ bool MayBeEscaped(char character)
     return byte < 0x20 || byte == '"' || byte == '\\' || byte == 0x7F || byte == 0xC2 || byte == 0xE2;
 }
 
+// U+2028 and U+2029 end a line for some programs, and an object is one line for all.
+bool IsNumbered(char32_t character)
+{
+    return IsControl(character) || character == 0x2028 || character == 0x2029;
+}
+
 // Appends the character at the start of text, which is UTF-8; its length.
 std::size_t AppendEscaped(std::string& out, std::string_view text)
 {
-    auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    if (IsSeparator(text)) {
-        AppendNumber(out, 0x2000u + (byteAt(2) & 0x3Fu));
-        return 3;
+    const auto [character, size] = DecodeUtf8(text);
+    if (IsNumbered(character)) {
+        char digits[4];
+        out.append("\\u").append(digits, FormatHex(character, 4, digits));
+        return size;
     }
-    if (IsUpperControl(text)) {
-        AppendNumber(out, byteAt(1));
-        return 2;
-    }
-    if (text[0] == '"' || text[0] == '\\')
-        out.append({'\\', text[0]});
-    else if (byteAt(0) < 0x20 || byteAt(0) == 0x7F)
-        AppendNumber(out, byteAt(0));
-    else
-        out.push_back(text[0]);
-    return 1;
+    if (character == '"' || character == '\\')
+        out.push_back('\\');
+    out.append(text.substr(0, size));
+    return size;
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "cli/report/Printable.h"
 
 #include "base/Numbers.h"
-#include "cli/report/IsUpperControl.h"
+#include "base/Utf8.h"
 
 namespace plexorn {
 
@@ -9,17 +9,15 @@ std::string Printable(std::string_view text)
 {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isUpperControl = IsUpperControl(text.substr(i));
-        if (isUpperControl)
-            ++i;
-        const auto byte = static_cast<unsigned char>(text[i]);
-        if (isUpperControl || byte < 0x20 || byte == 0x7F) {
+    while (!text.empty()) {
+        const auto [character, size] = DecodeUtf8(text);
+        if (IsControl(character)) {
             char digits[2];
-            out.append("\\x").append(digits, FormatUpperHex(byte, 2, digits));
+            out.append("\\x").append(digits, FormatUpperHex(character, 2, digits));
         } else {
-            out.push_back(text[i]);
+            out.append(text.substr(0, size));
         }
+        text.remove_prefix(size);
     }
     return out;
 }

@@ -1,6 +1,7 @@
 #include "prepare/drawing/RecordReader.h"
 
 #include "base/Letters.h"
+#include "base/Utf8.h"
 #include "prepare/drawing/Encoding.h"
 
 #include <algorithm>
@@ -78,10 +79,9 @@ std::string RecordReader::Decoded(std::string_view value) const
             Note(Finding::Repaired, "file", "a text is UTF-8, not in the drawing's code page", Line() + 1);
         return text;
     }
-    constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
     std::uint64_t replaced = 0;
-    for (std::size_t at = text.find(kReplacement); at != std::string::npos; ++replaced)
-        at = text.find(kReplacement, at + kReplacement.size());
+    for (std::size_t at = text.find(kReplacementText); at != std::string::npos; ++replaced)
+        at = text.find(kReplacementText, at + kReplacementText.size());
     if (replaced != 0)
         Note(Finding::Repaired, "file", "a byte that is no character of the code page is U+FFFD", Line() + 1,
              replaced);

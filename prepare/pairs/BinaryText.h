@@ -12,8 +12,9 @@ namespace prepare {
 // shortest texts that read back as the same.
 class BinaryText final : public Decoder {
 public:
-    // What a binary drawing begins with.
+    // What a binary drawing begins with, and the words in it.
     static constexpr std::string_view kSentinel{"AutoCAD Binary DXF\r\n\x1A\0", 22};
+    static constexpr std::string_view kWords = kSentinel.substr(0, kSentinel.find('\r'));
 
     void Take(std::string_view bytes, std::string& text) override;
     void Finish(std::string& text) override;

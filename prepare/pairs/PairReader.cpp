@@ -11,7 +11,7 @@ namespace {
 // The format's codes are -5 to 1071. A number beyond is a value.
 constexpr std::int32_t kLeastCode = -999;
 constexpr std::int32_t kGreatestCode = 1099;
-// Unlike ParseCode, takes nothing but a number in its blanks: "12.5" is no code.
+
 bool ParseStrictCode(std::string_view line, std::int32_t& code)
 {
     std::int32_t value = 0;
@@ -22,6 +22,12 @@ bool ParseStrictCode(std::string_view line, std::int32_t& code)
 }
 
 } // namespace
+
+bool PairReader::IsCode(std::string_view line)
+{
+    std::int32_t code = 0;
+    return ParseStrictCode(line, code);
+}
 
 bool PairReader::NextSlowly()
 {

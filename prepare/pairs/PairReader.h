@@ -28,6 +28,10 @@ class PairReader {
 public:
     static constexpr std::size_t kLongestLine = CDxfStream::kMostLongestLine;
 
+    // Whether that is the line of a group code: a number and no other characters but blanks around it.
+    // ("12.5" is a value.)
+    static bool IsCode(std::string_view line);
+
     // The source must outlive this. Throws std::bad_alloc.
     explicit PairReader(CDxfSource& source) : m_text(source), m_stream(m_text, kLongestLine) {}
 

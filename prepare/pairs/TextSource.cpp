@@ -1,5 +1,6 @@
 #include "prepare/pairs/TextSource.h"
 
+#include "base/Utf8.h"
 #include "prepare/pairs/BinaryText.h"
 #include "prepare/pairs/Utf16Text.h"
 
@@ -16,7 +17,7 @@ constexpr std::size_t kConverted = std::size_t{32} << 10; // converted at once
 
 bool IsUtf16(std::string_view front)
 {
-    return front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF");
+    return front.starts_with(kUtf16LittleMark) || front.starts_with(kUtf16BigMark);
 }
 
 // True when a carriage return is followed by anything but a line feed. Without branches, so that it is done
@@ -120,11 +121,11 @@ void TextSource::Begin()
         count +=
             static_cast<std::size_t>(std::max<std::ptrdiff_t>(ReadSource(bytes + count, kFront - count), 0));
     std::string_view front(bytes, count);
-    if (front.starts_with("\xEF\xBB\xBF")) {
-        front.remove_prefix(3);
+    if (front.starts_with(kUtf8Mark)) {
+        front.remove_prefix(kUtf8Mark.size());
     } else if (IsUtf16(front)) {
-        m_decoder = std::make_unique<Utf16Text>(front[0] == '\xFE');
-        front.remove_prefix(2);
+        m_decoder = std::make_unique<Utf16Text>(front.starts_with(kUtf16BigMark));
+        front.remove_prefix(kUtf16BigMark.size());
     } else if (front.starts_with(BinaryText::kSentinel)) {
         m_decoder = std::make_unique<BinaryText>();
     }

@@ -9,16 +9,6 @@ namespace {
 // Full turns in files are off by what six digits lose.
 constexpr double kRoundedAngle = 1e-5;
 
-// How many chords of equal angles keep within tolerance of an arc of that radius.
-std::size_t ChordsOf(double radius, double sweep, double tolerance)
-{
-    const double most = std::ceil(kMostPointsOfTurn * sweep / kTurn);
-    const double share = std::clamp(1 - tolerance / radius, 0.0, 1.0);
-    const double step = 2 * std::acos(share);
-    const double wanted = std::ceil(sweep / step);
-    return static_cast<std::size_t>(std::max(1.0, wanted < most ? wanted : most));
-}
-
 } // namespace
 
 bool IsSimilar(Point2 u, Point2 v)
@@ -90,10 +80,19 @@ EllipticArc ArcOfBulge(Point2 from, Point2 to, double bulge)
     return arc;
 }
 
+// Half an angle's chord is radius * (1 - cos) from the arc, twice the square of the sine of a quarter.
+std::size_t ChordsOf(double radius, double angle, double tolerance, double most)
+{
+    const double half = 2 * std::asin(std::sqrt(std::clamp(tolerance / (2 * radius), 0.0, 0.5)));
+    const double wanted = std::ceil(angle / (2 * half));
+    return static_cast<std::size_t>(std::max(1.0, wanted < most ? wanted : most));
+}
+
 void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points)
 {
     const double sweep = arc.end - arc.start;
-    const std::size_t chords = ChordsOf(Length(AxesOf(arc.u, arc.v).major), sweep, tolerance);
+    const std::size_t chords = ChordsOf(Length(AxesOf(arc.u, arc.v).major), sweep, tolerance,
+                                        std::ceil(kMostPointsOfTurn * sweep / kTurn));
     for (std::size_t i = 1; i <= chords; ++i)
         points.push_back(arc.At(arc.start + sweep * static_cast<double>(i) / static_cast<double>(chords)));
 }

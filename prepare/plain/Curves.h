@@ -83,6 +83,9 @@ PrincipalAxes AxesOf(Point2 u, Point2 v);
 // above 0 for an arc that runs counter-clockwise.
 EllipticArc ArcOfBulge(Point2 from, Point2 to, double bulge);
 
+// How many chords of equal angles keep within tolerance of an arc of that radius and angle: 1 to most.
+std::size_t ChordsOf(double radius, double angle, double tolerance, double most);
+
 // The most points that a full turn is flattened to.
 inline constexpr double kMostPointsOfTurn = 512;
 

@@ -75,7 +75,6 @@ public:
     // From start on by sweep, in radians, counter-clockwise if it is above 0.
     void Arc(Point2 centre, double radius, double start, double sweep);
     void ArcAround(const DimensionLabel& label, Point2 centre, double radius, double start, double sweep);
-    void Circle(Point2 centre, double radius) { Arc(centre, radius, 0, kTurn); }
     // direction is that of the line at the tip, towards it, of length 1.
     void Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size);
     // A block with its base at that point, its x axis along direction, a vector of length 1.

@@ -108,8 +108,6 @@ std::optional<unsigned> ReadUnicodeEscape(std::string_view text)
     return FourHexDigits(text.substr(3));
 }
 
-constexpr std::string_view kReplacementText = "\xEF\xBF\xBD"; // U+FFFD
-
 constexpr std::size_t kUnicodeEscape = sizeof("\\U+XXXX") - 1;
 
 TextCode ReadUnicodeCode(std::string_view text)

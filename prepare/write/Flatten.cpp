@@ -19,10 +19,7 @@ int ChordsOfArc(double radius, double angle, double tolerance)
 {
     if (!(tolerance < radius))
         return std::clamp(static_cast<int>(std::ceil(angle / (kPi / 4))), 1, 8);
-    // Half an angle's chord is radius * (1 - cos) from the arc, twice the square of the sine of a quarter.
-    const double half = 2 * std::asin(std::sqrt(tolerance / (2 * radius)));
-    const double pieces = std::ceil(angle / (2 * half));
-    return pieces < kMostPieces ? std::max(static_cast<int>(pieces), 1) : kMostPieces;
+    return static_cast<int>(ChordsOf(radius, angle, tolerance, kMostPieces));
 }
 
 void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, Fineness& curves)

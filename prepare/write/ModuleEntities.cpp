@@ -6,7 +6,7 @@
 #include "prepare/plain/Placement.h"
 #include "prepare/plain/TextMetrics.h"
 #include "prepare/plain/TextPieces.h"
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 #include "prepare/write/ModuleEncoding.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Blocks that are areas, for hosts that know their names.
 #pragma once
 
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 #include "prepare/write/ModuleEntities.h"
 
 namespace prepare {

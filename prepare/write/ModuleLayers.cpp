@@ -1,6 +1,6 @@
 #include "prepare/write/ModuleLayers.h"
 
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 #include "prepare/write/ModuleEncoding.h"
 #include "prepare/write/ModuleRemedies.h"
 

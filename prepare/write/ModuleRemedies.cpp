@@ -142,9 +142,8 @@ std::string ValueForModule(std::string_view utf8, bool& isCut)
     isCut = false;
     while (!utf8.empty()) {
         const DecodedCharacter character = DecodeUtf8(utf8);
-        const bool controls = character.value < 0x20 || (character.value >= 0x7F && character.value < 0xA0);
         const std::size_t size = value.size();
-        AppendUtf8(value, controls ? U' ' : character.value);
+        AppendUtf8(value, IsControl(character.value) ? U' ' : character.value);
         if (value.size() > kLongestValue) {
             value.resize(size);
             isCut = true;

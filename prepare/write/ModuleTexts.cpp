@@ -1,7 +1,7 @@
 #include "prepare/write/ModuleTexts.h"
 
 #include "base/Pi.h"
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 
 #include <cmath>
 

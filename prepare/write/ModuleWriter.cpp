@@ -2,7 +2,7 @@
 
 #include "base/Decimals.h"
 #include "base/Numbers.h"
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 #include "prepare/write/ModuleFills.h"
 #include "prepare/write/Wrap.h"
 

@@ -30,7 +30,7 @@ enum class Form : std::uint8_t { Byte, Escape };
 
 void AppendCharacter(std::string& text, char32_t character, std::string_view from, Form form)
 {
-    if (character < 0x20 || (character >= 0x7F && character < 0xA0))
+    if (IsControl(character))
         text += ' ';
     else if (BeginsEscape(from))
         AppendEscape(text, U'\\');

@@ -1,5 +1,7 @@
 #include "base/NamedCodePage.h"
 
+#include "base/Utf8.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -47,7 +49,6 @@ std::string NamedCodePage::Converted(std::string_view text) const
         return {};
     // No character of a code page takes more bytes than this in UTF-8.
     constexpr std::size_t kLongest = 4;
-    constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
     std::string out(text.size() * kLongest, '\0');
     std::string in(text);
     char* source = in.data();
@@ -61,11 +62,11 @@ std::string NamedCodePage::Converted(std::string_view text) const
     while (iconv(m_converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1)) {
         // An invalid byte, or the text ends within a character.
         giveHeldBack();
-        if (sourceLeft == 0 || targetLeft < kReplacement.size())
+        if (sourceLeft == 0 || targetLeft < kReplacementText.size())
             return {};
-        kReplacement.copy(target, kReplacement.size());
-        target += kReplacement.size();
-        targetLeft -= kReplacement.size();
+        kReplacementText.copy(target, kReplacementText.size());
+        target += kReplacementText.size();
+        targetLeft -= kReplacementText.size();
         ++source;
         --sourceLeft;
     }

@@ -13,10 +13,10 @@
 
 // Reads a group code as "%d" does: blanks, a sign and digits, anything after them ignored. Returns false,
 // with the code unchanged, when there are no digits. A number outside 32 bits wraps.
-bool ParseAnyCode(std::string_view line, std::int32_t& code);
+bool ParseCode(std::string_view line, std::int32_t& code);
 
-// The same for a code in three columns, as nearly all are; false, with the code unchanged, for any other
-// line.
+// The same for a code in three columns, as nearly all are: quick, and false, with the code unchanged, for any
+// other line.
 inline bool ParseUsualCode(std::string_view line, std::int32_t& code)
 {
     const auto digit = [&](std::size_t place) { return static_cast<unsigned>(line[place] - '0'); };
@@ -33,11 +33,6 @@ inline bool ParseUsualCode(std::string_view line, std::int32_t& code)
         }
     }
     return false;
-}
-
-inline bool ParseCode(std::string_view line, std::int32_t& code)
-{
-    return ParseUsualCode(line, code) || ParseAnyCode(line, code);
 }
 
 // Reads a code that is the whole line but for blanks around it: up to four digits, and perhaps a minus.

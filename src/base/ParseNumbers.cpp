@@ -22,7 +22,7 @@ inline std::optional<std::int32_t> Leading(std::string_view text)
 
 } // namespace
 
-bool ParseAnyCode(std::string_view line, std::int32_t& code)
+bool ParseCode(std::string_view line, std::int32_t& code)
 {
     const char* const end = line.data() + line.size();
     const char* at = SkipBlanks(line.data(), end);

@@ -8,6 +8,12 @@
 #include <string_view>
 
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+inline constexpr std::string_view kReplacementText = "\xEF\xBF\xBD"; // the same in UTF-8
+
+// The byte order marks that files begin with.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
+inline constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 
 // The value of bytes that are not UTF-8. It is not a character.
 inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
@@ -47,6 +53,12 @@ constexpr char32_t LowSurrogateOf(char32_t character)
 constexpr bool IsCharacter(char32_t value)
 {
     return value <= 0x10FFFF && !IsSurrogate(value);
+}
+
+// Whether a character is no sign but a control code.
+constexpr bool IsControl(char32_t character)
+{
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
 // Whether a byte continues a character that an earlier byte began.

@@ -38,7 +38,7 @@ bool CDxfRead::ReadCodeOfOtherLine(CDxfStream& stream, std::int32_t& code, const
 
 bool CDxfRead::TakeOtherCode(std::string_view line, std::int32_t& code, const wchar_t* message)
 {
-    if (ParseAnyCode(line, code))
+    if (ParseCode(line, code))
         return true;
     Report(DXF_ERROR_INTEGER, message, {Trim(line), lineCount});
     return false;

@@ -1,5 +1,5 @@
 // Areas: symbols whose names begin as prepared drawings' fills do.
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 #include "svghost/HostDocument.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Areas in written drawings.
-#include "prepare/write/AgreedNames.h"
+#include "prepare/write/AgreedBlocks.h"
 #include "support/WrittenDrawing.h"
-#include "svghost/AgreedNames.h"
+#include "svghost/AgreedSymbols.h"
 
 #include <gtest/gtest.h>
 

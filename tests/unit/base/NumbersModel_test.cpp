@@ -302,6 +302,8 @@ TEST(NumbersModel, CodesAreReadAsBySscanf)
         ASSERT_EQ(modelCode, expected) << testing::PrintToString(text);
         ASSERT_EQ(ParseCode(text, code), found) << testing::PrintToString(text);
         ASSERT_EQ(code, expected) << testing::PrintToString(text);
+        if (ParseUsualCode(text, code))
+            ASSERT_EQ(code, expected) << testing::PrintToString(text);
     }
 }
 

@@ -16,11 +16,13 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr std::string_view kSixBlanks = " \t\n\v\f\r";
 
-// The code of a line that has one.
+// The code of a line that has one, quickly or not.
 std::int32_t CodeOf(std::string_view line)
 {
     std::int32_t code = -1;
     EXPECT_TRUE(ParseCode(line, code)) << line;
+    if (std::int32_t usual = -1; ParseUsualCode(line, usual))
+        EXPECT_EQ(usual, code) << line;
     return code;
 }
 
@@ -61,12 +63,10 @@ TEST(ParseCode, IgnoresWhatComesAfterTheLine)
         std::int32_t code = -1;
         EXPECT_TRUE(ParseCode(text.substr(0, size), code));
         EXPECT_EQ(std::to_string(code), std::string(text.substr(3, size - 3)));
-        EXPECT_TRUE(ParseAnyCode(text.substr(0, size), code));
-        EXPECT_EQ(std::to_string(code), std::string(text.substr(3, size - 3)));
     }
     std::int32_t code = -1;
-    EXPECT_FALSE(ParseAnyCode(text.substr(0, 3), code)) << "blanks alone";
-    EXPECT_FALSE(ParseAnyCode(text.substr(7, 3), code)) << "a sign alone";
+    EXPECT_FALSE(ParseCode(text.substr(0, 3), code)) << "blanks alone";
+    EXPECT_FALSE(ParseCode(text.substr(7, 3), code)) << "a sign alone";
 }
 
 TEST(ParseCode, FindsNoneWithoutDigits)
@@ -78,6 +78,7 @@ TEST(ParseCode, FindsNoneWithoutDigits)
                                         "0"}) {
         std::int32_t code = 4711;
         EXPECT_FALSE(ParseCode(line, code)) << line;
+        EXPECT_FALSE(ParseUsualCode(line, code)) << line;
         EXPECT_EQ(code, 4711) << line;
     }
 }
