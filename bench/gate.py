@@ -8,7 +8,7 @@ drawings, and fails when one has risen by more than 3 % over the counts kept in 
 host and the SVG; "whole" is the command as people use it, which prepares the drawing first.
 
 Counts come from callgrind, so they are the same on a busy machine; what a run costs before and after the drawing is
-taken off by a run over an empty drawing. --update writes the counts anew: do that when a change is meant to cost
+taken off by a run over an empty drawing. --update rewrites the counts: do that when a change is meant to cost
 more, or has come to cost less, and say why in the commit. Another compiler or C library counts differently; the file
 names those that it was made with, and with others the counts are only printed.
 """
@@ -85,7 +85,7 @@ def write_kept(counts):
 def compare(counts, kept):
     """The figures that have risen too far, a line each."""
     if counts.keys() != kept.keys():
-        return ["bench/instructions.txt lists other figures; write it anew with --update"]
+        return ["bench/instructions.txt lists other figures; rewrite it with --update"]
     return ["%s: %.3f instructions a byte, %.3f were kept" % (name, count, kept[name])
             for name, count in counts.items() if count > kept[name] * LIMIT]
 

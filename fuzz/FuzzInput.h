@@ -60,7 +60,7 @@ private:
 };
 
 // Writes out an input whose long runs are spelled short, so that the fuzzer soon finds them: a byte 0x0E and
-// a byte n repeat the byte before them 4 * n times more. text is filled anew.
+// a byte n repeat the byte before them 4 * n times more. text is filled again.
 inline void SpellRuns(std::string_view bytes, std::string& text)
 {
     constexpr char kRun = 0x0E;

@@ -1,7 +1,7 @@
 // Preparing by its C interface: any input becomes a drawing that the module reads without a report, or is
 // said to be no drawing, the same however it is read.
 //
-// Input: a byte of how (1: for any other program, 2: all layers, 4: for paper, 8: dimensions drawn anew, 16:
+// Input: a byte of how (1: for any other program, 2: all layers, 4: for paper, 8: dimensions redrawn, 16:
 // never in one block, 32: a tolerance of its own), a byte for the most bytes that a read gives (0: no limit),
 // a byte for the write that fails (0: none), the drawing.
 #include "CheckingHost.h"
@@ -85,7 +85,7 @@ PrepareResult Prepare(unsigned how, Trial& trial)
                 "preparing ends as it should");
     FuzzRequire((result == PREPARE_WRITE_FAILED) ==
                     (trial.failingWrite != 0 && trial.writes == trial.failingWrite),
-                "a failed write is told");
+                "a failed write is reported");
     FuzzRequire((result == PREPARE_NO_DRAWING) == trial.output.empty(), "every drawing becomes one");
     return result;
 }

@@ -5,7 +5,7 @@
 #include "FuzzInput.h"
 
 #include "base/Utf8.h"
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawTexts.h"
 #include "prepare/plain/MTextCodes.h"
 #include "prepare/plain/TextWords.h"
 #include "prepare/write/ModuleRemedies.h"

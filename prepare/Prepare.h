@@ -108,7 +108,7 @@ typedef struct PrepareOptions {
     bool markLayers; /**< for the module: empty blocks with agreed names (PLEXORN_LAYER_ and the layer's name)
                           are inserted where another layer begins. The reference host takes them for
                           that, and any other shows nothing of them */
-    PrepareLayoutFunction layouts; /**< told of the layouts first; may be NULL */
+    PrepareLayoutFunction layouts; /**< gets the layouts first; may be NULL */
 } PrepareOptions;
 
 /** Prepares the drawing in a file and gives the plain one to write, part after part. path is UTF-8; options

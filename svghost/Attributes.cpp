@@ -152,7 +152,7 @@ bool SkipBetweenLengths(const wchar_t*& at)
 
 // The values stay as they are given. Renderers differ on a pattern of zeros only, and a negative length is an
 // error in SVG.
-bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
+bool ResolveDashArray(std::wstring_view text, std::string& out, bool& isDotted)
 {
     double sum = 0;
     for (const wchar_t* at = text.data(); *at != L'\0';) {
@@ -160,7 +160,7 @@ bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted)
         std::wstring_view shortText;
         if (!ScanNumber(at, length, shortText) || length < 0)
             return false;
-        dotted = dotted || length == 0;
+        isDotted = isDotted || length == 0;
         sum += length;
         if (!SkipBetweenLengths(at))
             return false;

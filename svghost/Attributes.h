@@ -18,11 +18,11 @@ AttributeId AttributeByName(std::wstring_view name);
 // One text that an attribute was set to, resolved once.
 struct Value {
     std::wstring_view source;
-    std::string_view text; // in UTF-8, escaped for an attribute
-    double number = 0;     // of a stroke width
-    bool dropped = false;  // it says nothing that SVG accepts: the attribute is not written
-    bool tooLong = false;  // a dash pattern beyond kLongestDashArray, dropped too
-    bool dotted = false;   // a dash pattern that holds a length of 0
+    std::string_view text;  // in UTF-8, escaped for an attribute
+    double number = 0;      // of a stroke width
+    bool isDropped = false; // it says nothing that SVG accepts: the attribute is not written
+    bool isTooLong = false; // a dash pattern beyond kLongestDashArray, dropped too
+    bool isDotted = false;  // a dash pattern that holds a length of 0
 };
 
 // The characters of the longest dash pattern that is written, some fifty lengths. Every element repeats its
@@ -71,7 +71,7 @@ std::wstring_view DashArrayText(const wchar_t* text);
 // Each appends the attribute's text for SVG to out; false when the attribute is not written.
 bool ResolveStroke(std::wstring_view text, std::string& out);
 bool ResolveStrokeWidth(std::wstring_view text, std::string& out, double& width);
-bool ResolveDashArray(std::wstring_view text, std::string& out, bool& dotted);
+bool ResolveDashArray(std::wstring_view text, std::string& out, bool& isDotted);
 bool ResolveTextAnchor(std::wstring_view text, std::string& out);
 
 // Whether a viewer may take the text for the name of something to fetch, such as url(...): it is not written

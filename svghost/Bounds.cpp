@@ -63,7 +63,7 @@ double WidthOf(const SvgHostDocument& document, const Node& node)
     if (node.strokeWidth == 0)
         return kDefaultStrokeWidth;
     const Value& value = document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth);
-    return value.dropped ? kDefaultStrokeWidth : value.number;
+    return value.isDropped ? kDefaultStrokeWidth : value.number;
 }
 
 // What arrow heads reach beyond the geometry.
@@ -99,7 +99,7 @@ bool IsDrawable(const Node& node)
     // A container is written with neither geometry nor transform.
     if (IsContainer(node))
         return true;
-    if (node.malformed || (node.extra && !HasDrawableTransform(node)))
+    if (node.isMalformed || (node.extra && !HasDrawableTransform(node)))
         return false;
     switch (node.kind) {
     case Kind::Line: {
@@ -159,7 +159,7 @@ Extent ExtentOf(const SvgHostDocument& document, const Node& node)
 
 bool ShowsSomething(const Node& node, const Box& box)
 {
-    if (box.Empty())
+    if (box.IsEmpty())
         return false;
     switch (node.kind) {
     case Kind::Circle:

@@ -18,7 +18,7 @@ void ForFillEdges(const Symbol& fill, const Take& take)
 {
     for (const Node* node = fill.first; node; node = node->next) {
         const auto& shape = static_cast<const Shape&>(*node);
-        if (!shape.leftOut && !shape.hidden && !shape.data.empty())
+        if (!shape.isLeftOut && !shape.isHidden && !shape.data.empty())
             take(shape);
     }
 }

@@ -36,13 +36,13 @@ struct CentredArc {
     EllipseFrame frame;
     Point start;
     Point end;
-    bool sweep;
+    bool isPositive; // it runs in the direction of positive angles
 
     // The chord cuts the circle into two arcs. The arc passes the points on its own side of the chord.
     bool Passes(Point unit) const
     {
         const double side = (end.x - start.x) * (unit.y - start.y) - (end.y - start.y) * (unit.x - start.x);
-        return sweep ? side <= 0 : side >= 0;
+        return isPositive ? side <= 0 : side >= 0;
     }
 };
 
@@ -68,13 +68,13 @@ CentredArc Centred(const Arc& arc)
     }
     const double toCentre =
         std::sqrt(std::max(0.0, 1 - x * x - y * y)) / std::max(std::sqrt(x * x + y * y), 1e-300);
-    const double side = arc.large == arc.sweep ? -toCentre : toCentre;
+    const double side = arc.isLarge == arc.isPositive ? -toCentre : toCentre;
     const Point middle{side * y, -side * x};
     EllipseFrame frame{{(arc.start.x + arc.end.x) / 2, (arc.start.y + arc.end.y) / 2},
                        {rx * cosine, rx * sine},
                        {-ry * sine, ry * cosine}};
     frame.centre = frame.At(middle);
-    return {frame, {x - middle.x, y - middle.y}, {-x - middle.x, -y - middle.y}, arc.sweep};
+    return {frame, {x - middle.x, y - middle.y}, {-x - middle.x, -y - middle.y}, arc.isPositive};
 }
 
 // Where on the unit circle a coordinate of the ellipse is largest, from its parts of u and v.
@@ -119,7 +119,7 @@ void Box::Add(Point point)
     // Written so that a NaN fails this check too.
     if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest))
         return;
-    if (Empty()) {
+    if (IsEmpty()) {
         m_low = m_high = point;
         return;
     }
@@ -129,7 +129,7 @@ void Box::Add(Point point)
 
 void Box::Add(const Box& other)
 {
-    if (other.Empty())
+    if (other.IsEmpty())
         return;
     Add(other.m_low);
     Add(other.m_high);
@@ -137,7 +137,7 @@ void Box::Add(const Box& other)
 
 void Box::Add(const Box& other, const Affine& map)
 {
-    if (other.Empty())
+    if (other.IsEmpty())
         return;
     Add(map(other.m_low));
     Add(map({other.m_low.x, other.m_high.y}));
@@ -148,7 +148,7 @@ void Box::Add(const Box& other, const Affine& map)
 Box Box::Grown(double distance) const
 {
     Box box;
-    if (!Empty()) {
+    if (!IsEmpty()) {
         box.Add({m_low.x - distance, m_low.y - distance});
         box.Add({m_high.x + distance, m_high.y + distance});
     }
@@ -160,8 +160,8 @@ void AddArc(Box& box, const Arc& arc, const Affine& map)
     box.Add(map(arc.start));
     box.Add(map(arc.end));
     // SVG draws a straight line for a radius of 0, and nothing between ends that coincide.
-    const bool coincide = arc.start.x == arc.end.x && arc.start.y == arc.end.y;
-    if (arc.radiusX == 0 || arc.radiusY == 0 || coincide)
+    const bool areSame = arc.start.x == arc.end.x && arc.start.y == arc.end.y;
+    if (arc.radiusX == 0 || arc.radiusY == 0 || areSame)
         return;
     const CentredArc curve = Centred(arc);
     const EllipseFrame frame = curve.frame.Under(map);

@@ -44,7 +44,7 @@ public:
 
     bool operator==(const Box&) const = default;
 
-    bool Empty() const { return !(m_low.x <= m_high.x); }
+    bool IsEmpty() const { return !(m_low.x <= m_high.x); }
     Point Low() const { return m_low; }
     Point High() const { return m_high; }
 
@@ -60,8 +60,8 @@ struct Arc {
     double radiusX;
     double radiusY;
     double rotation; // degrees
-    bool large;
-    bool sweep;
+    bool isLarge;
+    bool isPositive; // it runs in the direction of positive angles
 };
 
 // Adds the arc's picture under map, exactly: its ends and those of its extreme points that it passes.

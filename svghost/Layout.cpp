@@ -45,16 +45,16 @@ public:
 private:
     void Enter(Node& node)
     {
-        node.leftOut = !Keep(node);
-        if (node.leftOut)
+        node.isLeftOut = !Keep(node);
+        if (node.isLeftOut)
             return;
         ++m_symbol.rendered;
         m_layout.statistics.longDashPatterns +=
-            m_document.ValueOf(AttributeId::DashArray, node.dashArray).tooLong;
+            m_document.ValueOf(AttributeId::DashArray, node.dashArray).isTooLong;
         m_layout.statistics.drawnElements += IsOfDrawing(node);
         if (node.kind == Kind::Group)
-            m_hiddenGroups += node.hidden;
-        else if (!node.hidden && m_hiddenGroups == 0)
+            m_hiddenGroups += node.isHidden;
+        else if (!node.isHidden && m_hiddenGroups == 0)
             Add(node, ExtentOf(m_document, node));
         CollectArrows(node);
     }
@@ -67,7 +67,7 @@ private:
         m_symbol.visible += ShowsSomething(node, extent.box);
     }
 
-    void Leave(const Container& group) { m_hiddenGroups -= group.hidden; }
+    void Leave(const Container& group) { m_hiddenGroups -= group.isHidden; }
 
     bool Keep(Node& node)
     {
@@ -160,7 +160,7 @@ public:
         m_layout.greatestFactor = std::max(m_layout.greatestFactor, factor);
         for (const Use* use = symbol.firstUse; use; use = use->nextOfSymbol) {
             Symbol* target = use->target->definition;
-            if (target && !use->leftOut && !use->hidden)
+            if (target && !use->isLeftOut && !use->isHidden)
                 Hand(symbol, *use, *target);
         }
     }
@@ -196,7 +196,7 @@ void FindShownScales(Root& root, const std::vector<Symbol*>& order, Layout& layo
 
 ViewBox ViewBoxRound(const Box& box)
 {
-    if (box.Empty())
+    if (box.IsEmpty())
         return {};
     const double width = box.High().x - box.Low().x;
     const double height = box.High().y - box.Low().y;

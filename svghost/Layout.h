@@ -47,8 +47,8 @@ struct Layout {
     SvgHostStatistics statistics{};
 };
 
-// Computes the view box from what is drawn, decides which nodes are left out (Node::leftOut) and counts what
-// it meets. Takes time linear in the nodes, however far the drawing would unfold.
+// Computes the view box from what is drawn, decides which nodes are left out (Node::isLeftOut) and counts
+// what it meets. Takes time linear in the nodes, however far the drawing would unfold.
 Layout MakeLayout(SvgHostDocument& document);
 
 } // namespace svghost

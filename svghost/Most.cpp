@@ -44,7 +44,7 @@ bool Holds(const Box& box, const Piece& piece)
 bool IsDot(const Node& node, const Extent& extent)
 {
     constexpr double kRounding = 0.05;
-    if (node.kind != Kind::Line || extent.bare.Empty() || extent.bare.Low().y != extent.bare.High().y)
+    if (node.kind != Kind::Line || extent.bare.IsEmpty() || extent.bare.Low().y != extent.bare.High().y)
         return false;
     return std::fabs(LongerSide(extent.bare) - extent.width) <= extent.width * kRounding;
 }
@@ -93,11 +93,11 @@ private:
             [&](const Node& node) {
                 m_room -= m_room > 0;
                 if (node.kind == Kind::Group)
-                    hiddenGroups += node.hidden;
-                else if (!node.leftOut && !node.hidden && hiddenGroups == 0)
+                    hiddenGroups += node.isHidden;
+                else if (!node.isLeftOut && !node.isHidden && hiddenGroups == 0)
                     Add(node, placed.map);
             },
-            [&](const Container& group) { hiddenGroups -= group.hidden; });
+            [&](const Container& group) { hiddenGroups -= group.isHidden; });
     }
 
     void Add(const Node& node, const Affine& map)
@@ -105,7 +105,7 @@ private:
         const Extent extent = ExtentOf(m_document, node);
         Box box;
         box.Add(IsDot(node, extent) ? CentreOf(extent.bare) : extent.bare, map);
-        if (box.Empty())
+        if (box.IsEmpty())
             return;
         const Symbol* target =
             node.kind == Kind::Use ? static_cast<const Use&>(node).target->definition : nullptr;
@@ -231,7 +231,7 @@ Box Middle(const std::vector<Piece>& pieces)
 
 double LongerSide(const Box& box)
 {
-    return box.Empty() ? 0 : std::max(box.High().x - box.Low().x, box.High().y - box.Low().y);
+    return box.IsEmpty() ? 0 : std::max(box.High().x - box.Low().x, box.High().y - box.Low().y);
 }
 
 Box MostOf(const SvgHostDocument& document)

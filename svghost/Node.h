@@ -69,10 +69,10 @@ struct Node {
     std::uint32_t stroke = 0;
     std::uint32_t dashArray = 0;
     Kind kind;
-    bool hidden : 1 = false;
-    bool malformed : 1 = false; // a number of its geometry is not drawable
-    bool leftOut : 1 = false;   // not written; decided by the layout
-    std::uint16_t layer = 0;    // the layer that begins before it, by the number of its mark; 0: none does
+    bool isHidden : 1 = false;
+    bool isMalformed : 1 = false; // a number of its geometry is not drawable
+    bool isLeftOut : 1 = false;   // not written; decided by the layout
+    std::uint16_t layer = 0;      // the layer that begins before it, by the number of its mark; 0: none does
 
     const ExtraAttribute* Find(AttributeId id) const
     {

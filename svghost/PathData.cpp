@@ -64,7 +64,7 @@ private:
             // Pairs that go on after a move-to are lines.
             m_command = command == 'M' ? 'L' : command;
             m_out.Put(command);
-            m_first = true;
+            m_isFirst = true;
             if (command == 'Z')
                 m_here = m_start;
             return command == 'Z' || ReadArguments(command == 'M');
@@ -72,14 +72,14 @@ private:
         return m_command != 'Z' && ReadArguments(false);
     }
 
-    bool ReadArguments(bool move)
+    bool ReadArguments(bool isMove)
     {
         if (m_command == 'A')
             return ReadArc();
         if (!ReadPoint(m_here))
             return false;
         m_box.Add(m_map(m_here));
-        if (move)
+        if (isMove)
             m_start = m_here;
         return true;
     }
@@ -89,7 +89,7 @@ private:
         Arc arc{};
         arc.start = m_here;
         if (!ReadNumber(arc.radiusX) || !ReadNumber(arc.radiusY) || !ReadNumber(arc.rotation) ||
-            !ReadFlag(arc.large) || !ReadFlag(arc.sweep) || !ReadPoint(m_here))
+            !ReadFlag(arc.isLarge) || !ReadFlag(arc.isPositive) || !ReadPoint(m_here))
             return false;
         arc.end = m_here;
         AddArc(m_box, arc, m_map);
@@ -98,20 +98,20 @@ private:
 
     bool ReadPoint(Point& point) { return ReadNumber(point.x) && ReadNumber(point.y); }
 
-    bool ReadFlag(bool& flag)
+    bool ReadFlag(bool& isSet)
     {
         double number = 0;
         if (!ReadNumber(number) || (number != 0 && number != 1))
             return false;
-        flag = number == 1;
+        isSet = number == 1;
         return true;
     }
 
     bool ReadNumber(double& number)
     {
-        if (!m_first)
+        if (!m_isFirst)
             m_out.Put(' ');
-        m_first = false;
+        m_isFirst = false;
         SkipSeparator(m_at);
         std::basic_string_view<Char> text;
         if (!ScanNumber(m_at, number, text))
@@ -127,7 +127,7 @@ private:
     Point m_here;
     Point m_start;
     char m_command = 'Z';
-    bool m_first = true;
+    bool m_isFirst = true;
 };
 
 } // namespace
@@ -135,10 +135,10 @@ private:
 bool ScanPoints(const wchar_t* text, ShortForm& out, Box& box)
 {
     SkipBlanks(text);
-    for (bool first = true; *text != L'\0'; first = false) {
+    for (bool isFirst = true; *text != L'\0'; isFirst = false) {
         Point point;
         std::wstring_view number;
-        if (!first)
+        if (!isFirst)
             out.Put(' ');
         if (!ScanNumber(text, point.x, number))
             return false;

@@ -33,7 +33,7 @@ QlmNode Make(QlmNode context, Create create)
         Node* node = create(*document);
         return node;
     } catch (...) {
-        document->shortOfMemory = true;
+        document->isShortOfMemory = true;
         return nullptr;
     }
 }
@@ -152,7 +152,7 @@ void qlmSetAttributeByNode(QlmNode context, QlmNode node, const wchar_t* name, c
     try {
         document->SetAttribute(*static_cast<Node*>(node), TextOf(name), TextOf(value));
     } catch (...) {
-        document->shortOfMemory = true;
+        document->isShortOfMemory = true;
     }
 }
 

@@ -67,7 +67,7 @@ void svgHostWidenIdeographs(SvgHostDocument* document)
 
 bool svgHostAcceptHoles(SvgHostDocument* document)
 {
-    return document && std::exchange(document->shortOfMemory, false);
+    return document && std::exchange(document->isShortOfMemory, false);
 }
 
 namespace {
@@ -87,7 +87,7 @@ bool svgHostGetStatistics(SvgHostDocument* document, SvgHostStatistics* statisti
         *statistics = document->LaidOut().statistics;
         statistics->elementsBeyondLimit = document->elementsBeyondLimit;
         statistics->elementsBeyondBytes = document->elementsBeyondBytes;
-        return !document->shortOfMemory;
+        return !document->isShortOfMemory;
     } catch (...) {
         return false;
     }
@@ -99,7 +99,7 @@ bool svgHostGetViewBox(SvgHostDocument* document, SvgHostViewBox* viewBox)
         return false;
     try {
         *viewBox = Exported(document->LaidOut().viewBox);
-        return !document->shortOfMemory;
+        return !document->isShortOfMemory;
     } catch (...) {
         return false;
     }
@@ -113,7 +113,7 @@ bool svgHostGetPicture(SvgHostDocument* document, const SvgHostWriteOptions* opt
         const Picture made =
             PictureOf(*document, document->LaidOut(), options ? *options : SvgHostWriteOptions{}, true);
         *picture = {Exported(made.viewBox), made.width, made.height, made.scale, made.filled, made.isCropped};
-        return !document->shortOfMemory;
+        return !document->isShortOfMemory;
     } catch (...) {
         return false;
     }
@@ -122,7 +122,7 @@ bool svgHostGetPicture(SvgHostDocument* document, const SvgHostWriteOptions* opt
 bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options, SvgHostWriteFunction write,
                   void* user)
 {
-    if (!document || !write || document->shortOfMemory)
+    if (!document || !write || document->isShortOfMemory)
         return false;
     try {
         const SvgHostWriteOptions chosen = options ? *options : SvgHostWriteOptions{};

@@ -57,17 +57,17 @@ void SvgHostDocument::Append(Node& node)
         node.layer = std::exchange(static_cast<Symbol*>(current)->nextLayer, std::uint16_t{0});
     Link(current->first, current->last, node, &Node::next);
     ++elements;
-    m_laidOut = false;
+    m_isLaidOut = false;
 }
 
 Shape* SvgHostDocument::CreateShape(Kind kind, const wchar_t* data)
 {
     Shape* shape = arena.New<Shape>(kind);
     m_shortForm.Clear();
-    const bool good = kind == Kind::Path ? ScanPath(data, Affine(), m_shortForm, shape->box)
-                                         : ScanPoints(data, m_shortForm, shape->box);
-    shape->malformed = !good;
-    if (good)
+    const bool isGood = kind == Kind::Path ? ScanPath(data, Affine(), m_shortForm, shape->box)
+                                           : ScanPoints(data, m_shortForm, shape->box);
+    shape->isMalformed = !isGood;
+    if (isGood)
         shape->data = arena.Copy(m_shortForm.Get());
     Append(*shape);
     return shape;
@@ -103,7 +103,7 @@ bool SvgHostDocument::TakeMark(SymbolName& target)
     }
     static_cast<Symbol*>(current)->nextLayer = mark->mark;
     ++elements;
-    m_laidOut = false;
+    m_isLaidOut = false;
     return true;
 }
 
@@ -133,7 +133,7 @@ Symbol* SvgHostDocument::CreateSymbol(const wchar_t* name)
     if (!symbolsName->definition)
         symbolsName->definition = symbol;
     ++elements;
-    m_laidOut = false;
+    m_isLaidOut = false;
     return symbol;
 }
 
@@ -165,19 +165,19 @@ std::uint32_t SvgHostDocument::IndexOfValue(AttributeId id, std::wstring_view te
     ValueTable& table = m_values[static_cast<std::size_t>(id)];
     return table.IndexOf(text, arena, [&](std::wstring_view source, Value& value) {
         m_scratch.clear();
-        bool good = true;
-        value.tooLong = id == AttributeId::DashArray && source.size() > kLongestDashArray;
+        bool isGood = true;
+        value.isTooLong = id == AttributeId::DashArray && source.size() > kLongestDashArray;
         if (id == AttributeId::Stroke)
-            good = ResolveStroke(source, m_scratch);
+            isGood = ResolveStroke(source, m_scratch);
         else if (id == AttributeId::StrokeWidth)
-            good = ResolveStrokeWidth(source, m_scratch, value.number);
+            isGood = ResolveStrokeWidth(source, m_scratch, value.number);
         else if (id == AttributeId::DashArray)
-            good = !value.tooLong && ResolveDashArray(source, m_scratch, value.dotted);
+            isGood = !value.isTooLong && ResolveDashArray(source, m_scratch, value.isDotted);
         else if (id == AttributeId::TextAnchor)
-            good = ResolveTextAnchor(source, m_scratch);
+            isGood = ResolveTextAnchor(source, m_scratch);
         else
             m_scratch = XmlTextOf(source);
-        value.dropped = !good || MayFetch(source);
+        value.isDropped = !isGood || MayFetch(source);
         value.text = arena.Copy(std::string_view(EscapedForAttribute(m_scratch)));
     });
 }
@@ -217,7 +217,7 @@ void SvgHostDocument::SetOther(Node& node, std::wstring_view name, std::wstring_
 
 void SvgHostDocument::SetAttribute(Node& node, const wchar_t* name, const wchar_t* text)
 {
-    m_laidOut = false;
+    m_isLaidOut = false;
     const AttributeId id = AttributeByName(name);
     if (id == AttributeId::Stroke) {
         node.stroke = IndexOfValue(id, text);
@@ -230,19 +230,19 @@ void SvgHostDocument::SetAttribute(Node& node, const wchar_t* name, const wchar_
     } else if (id < AttributeId::FontSize) {
         Extra(node, id).value = IndexOfValue(id, text);
         if (id == AttributeId::Visibility)
-            node.hidden = std::wstring_view(text) == L"hidden";
+            node.isHidden = std::wstring_view(text) == L"hidden";
     } else {
         double number = 0;
         std::wstring_view shortText;
-        const bool good = ParseNumber(text, number, shortText);
-        Extra(node, id).number = good ? number : std::numeric_limits<double>::quiet_NaN();
+        const bool isGood = ParseNumber(text, number, shortText);
+        Extra(node, id).number = isGood ? number : std::numeric_limits<double>::quiet_NaN();
     }
 }
 
 const Layout& SvgHostDocument::LaidOut()
 {
-    if (!m_laidOut)
+    if (!m_isLaidOut)
         m_layout = MakeLayout(*this);
-    m_laidOut = true;
+    m_isLaidOut = true;
     return m_layout;
 }

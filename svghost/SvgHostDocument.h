@@ -18,7 +18,7 @@
 #include <vector>
 
 // One document with all its nodes. Its functions throw std::bad_alloc when memory is short; the operations
-// catch it and set shortOfMemory, so that a drawing with holes is never written as if it were whole.
+// catch it and set isShortOfMemory, so that a drawing with holes is never written as if it were whole.
 struct SvgHostDocument {
     CDxfArena arena;
     svghost::Root root{*this};
@@ -31,7 +31,7 @@ struct SvgHostDocument {
     std::size_t mostElements = 0; // 0: any number
     std::size_t elementsBeyondLimit = 0;
     std::size_t elementsBeyondBytes = 0; // of the file that was written last
-    bool shortOfMemory = false;
+    bool isShortOfMemory = false;
     bool widensIdeographs = false;
 
     SvgHostDocument() = default;
@@ -71,7 +71,7 @@ struct SvgHostDocument {
         return own || node.layer == 0 ? own : m_marks[node.layer - 1u];
     }
 
-    // The picture's layout, made anew when the tree changed since the last call.
+    // The picture's layout, made again when the tree has changed since the last call.
     const svghost::Layout& LaidOut();
 
 private:
@@ -88,5 +88,5 @@ private:
     std::string m_scratch;
     svghost::ShortForm m_shortForm;
     svghost::Layout m_layout;
-    bool m_laidOut = false;
+    bool m_isLaidOut = false;
 };

@@ -74,7 +74,7 @@ bool IsWrap(const Container& container)
 
 bool IsShared(const Value& dashes)
 {
-    return !dashes.dropped && dashes.text.size() > kLongestOwnDashes;
+    return !dashes.isDropped && dashes.text.size() > kLongestOwnDashes;
 }
 
 std::string DashClass(std::uint32_t index)
@@ -363,7 +363,7 @@ bool SvgWriter::HasRoomFor(const Node& node)
 
 void SvgWriter::WriteNode(const Node& node)
 {
-    if (node.leftOut || LayerMarkOf(node))
+    if (node.isLeftOut || LayerMarkOf(node))
         return;
     if (!HasRoomFor(node))
         return;
@@ -594,7 +594,7 @@ void SvgWriter::SetStrokeWidth(const Node& node)
 {
     if (m_picture.sheetUnit == 0)
         return SetValue("stroke-width", AttributeId::StrokeWidth, node.strokeWidth);
-    if (node.strokeWidth == 0 || m_document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth).dropped)
+    if (node.strokeWidth == 0 || m_document.ValueOf(AttributeId::StrokeWidth, node.strokeWidth).isDropped)
         return;
     // What a use says counts for what is in its symbol.
     const Symbol* target =
@@ -618,20 +618,20 @@ float SvgWriter::SheetWidth(std::uint32_t index, double scale)
 void SvgWriter::SetDashes(std::uint32_t index)
 {
     const Value& dashes = m_document.ValueOf(AttributeId::DashArray, index);
-    if (index == 0 || dashes.dropped)
+    if (index == 0 || dashes.isDropped)
         return;
     if (index <= m_lastDashClass && IsShared(dashes))
         m_out.SetPlain("class", DashClass(index));
     else
         m_out.SetPlain("stroke-dasharray", dashes.text);
-    if (dashes.dotted)
+    if (dashes.isDotted)
         m_out.SetPlain("stroke-linecap", "round");
 }
 
 template <std::size_t size>
 void SvgWriter::SetValue(const char (&name)[size], AttributeId id, std::uint32_t index)
 {
-    if (index != 0 && !m_document.ValueOf(id, index).dropped)
+    if (index != 0 && !m_document.ValueOf(id, index).isDropped)
         m_out.SetPlain(name, m_document.ValueOf(id, index).text);
 }
 
@@ -687,7 +687,7 @@ void SvgWriter::SetArrow(const char* name, const char* end, const Node& node, do
 std::string_view SvgWriter::StrokeColour(std::uint32_t stroke) const
 {
     const Value& value = m_document.ValueOf(AttributeId::Stroke, stroke);
-    return stroke == 0 || value.dropped ? kDefaultColour : value.text;
+    return stroke == 0 || value.isDropped ? kDefaultColour : value.text;
 }
 
 } // namespace svghost

@@ -7,7 +7,7 @@ namespace {
 
 bool IsRun(const Node& node)
 {
-    return node.kind == Kind::Text && !node.leftOut && !node.hidden &&
+    return node.kind == Kind::Text && !node.isLeftOut && !node.isHidden &&
            node.Number(AttributeId::Rotate, 0) == 0;
 }
 
@@ -22,7 +22,7 @@ bool IsFurtherRun(const Node& node)
 
 bool IsPlainUse(const Node& node)
 {
-    if (node.kind != Kind::Use || node.leftOut || node.hidden)
+    if (node.kind != Kind::Use || node.isLeftOut || node.isHidden)
         return false;
     const Symbol* target = static_cast<const Use&>(node).target->definition;
     return target && target->isWriting && !InnerUse(*target);

@@ -43,7 +43,7 @@ void XmlStream::Set(std::string_view name, std::string_view value)
 bool XmlStream::Finish()
 {
     HandOn();
-    return m_good;
+    return m_isGood;
 }
 
 void XmlStream::PutLong(std::string_view text)
@@ -69,7 +69,7 @@ void XmlStream::PutEscaped(std::string_view text, XmlPlace place)
 void XmlStream::HandOn()
 {
     const std::size_t size = static_cast<std::size_t>(m_at - m_piece.get());
-    m_good = m_good && m_function(m_user, m_piece.get(), size);
+    m_isGood = m_isGood && m_function(m_user, m_piece.get(), size);
     m_handedOn += size;
     m_at = m_piece.get();
 }

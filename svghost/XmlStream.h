@@ -135,7 +135,7 @@ private:
     std::size_t m_handedOn = 0;
     std::string_view m_element; // the one begun last
     bool m_inTag = false;       // whether that one's start tag goes on
-    bool m_good = true;
+    bool m_isGood = true;
 };
 
 } // namespace svghost

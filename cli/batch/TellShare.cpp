@@ -1,6 +1,6 @@
 #include "cli/batch/TellShare.h"
 
-#include "cli/options/Percentage.h"
+#include "cli/options/PercentageOf.h"
 #include "cli/report/ShareText.h"
 
 #include <optional>

@@ -41,7 +41,7 @@ void Collector::Take(const prepare::PairReader& pair)
 void Collector::Begin(std::string_view name, std::uint64_t line)
 {
     m_record = Record::None;
-    m_sawMarker = false;
+    m_hasSeenMarker = false;
     m_line = line;
     if (name == "SECTION") {
         m_section = Section::Named;
@@ -69,7 +69,7 @@ void Collector::Begin(std::string_view name, std::uint64_t line)
 void Collector::BeginEntry(std::string_view name)
 {
     m_name.clear();
-    m_marked = false;
+    m_isMarked = false;
     if (name == "LAYER") {
         m_record = Record::Layer;
         m_layer = LayerInfo();
@@ -89,9 +89,9 @@ void Collector::BeginEntity(std::string_view name)
     m_layerName.clear();
     m_lineTypeName.clear();
     m_text.clear();
-    m_hidden = false;
-    m_marked = false;
-    m_embedded = false;
+    m_isHidden = false;
+    m_isMarked = false;
+    m_isEmbedded = false;
     m_otherwise = {};
     constexpr std::string_view kNames[] = {"LWPOLYLINE", "TEXT", "MTEXT", "INSERT", "DIMENSION"};
     constexpr Kind kKinds[] = {Kind::Polyline, Kind::Text,      Kind::MText,
@@ -110,8 +110,8 @@ bool Collector::NeedsMarker() const
 
 void Collector::EndRecord()
 {
-    if (NeedsMarker() && !m_marked) {
-        m_swallowing = m_swallowing || !m_sawMarker;
+    if (NeedsMarker() && !m_isMarked) {
+        m_isSwallowing = m_isSwallowing || !m_hasSeenMarker;
         if (m_info.unmarkedEntry == 0)
             m_info.unmarkedEntry = m_line;
     }
@@ -124,7 +124,7 @@ void Collector::EndRecord()
     else if (m_record == Record::Entity)
         EndEntity();
     // A record that holds the marker is swallowed up to it and lost.
-    m_swallowing = m_swallowing && !m_sawMarker;
+    m_isSwallowing = m_isSwallowing && !m_hasSeenMarker;
     m_record = Record::None;
 }
 
@@ -194,9 +194,9 @@ void Collector::EndEntity()
         BlockInfo& block = m_info.blocks[m_name];
         ++block.inserts;
         Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
-        tally.inserts[m_info.blocks.PlaceOf(block)] += !m_hidden && IsShown();
+        tally.inserts[m_info.blocks.PlaceOf(block)] += !m_isHidden && IsShown();
     }
-    m_info.hiddenEntities += m_hidden;
+    m_info.hiddenEntities += m_isHidden;
     m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
     m_info.sheetEntities += IsOnSheet();
     if (m_withTexts && !m_text.empty())
@@ -214,14 +214,14 @@ bool Collector::IsOnSheet() const
 {
     const bool isInPaperSpace =
         m_inBlock ? m_isOfSheet : m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
-    return isInPaperSpace && !m_hidden && m_type != "VIEWPORT" && !IsPart();
+    return isInPaperSpace && !m_isHidden && m_type != "VIEWPORT" && !IsPart();
 }
 
 // Whether the module draws the entity.
 bool Collector::IsShown() const
 {
     const Fate fate = m_inBlock ? FateInBlock(m_type) : FateInDrawing(m_type);
-    return fate == Fate::Drawn && !m_swallowing && (m_kind != Kind::Dimension || m_dimension.IsDrawn());
+    return fate == Fate::Drawn && !m_isSwallowing && (m_kind != Kind::Dimension || m_dimension.IsDrawn());
 }
 
 void Collector::CountEntity(const TypeInfo& type)
@@ -232,7 +232,7 @@ void Collector::CountEntity(const TypeInfo& type)
     const bool isShown = IsShown();
     if (isShown)
         CountOtherwise(tally);
-    if (m_hidden)
+    if (m_isHidden)
         return;
     TypeCount& count = tally.types[m_info.types.PlaceOf(type)];
     ++(isShown ? count.shown : count.missing);
@@ -243,7 +243,7 @@ void Collector::CountOtherwise(Tally& tally) const
     const auto add = [&](Otherwise what, bool isSo) {
         tally.otherwise[static_cast<std::size_t>(what)] += isSo;
     };
-    if (m_hidden) {
+    if (m_isHidden) {
         // The flag has no effect on other types.
         add(Otherwise::Invisible, m_kind != Kind::Other && m_kind != Kind::Polyline);
         return;
@@ -279,7 +279,7 @@ void Collector::KeepText()
 
 void Collector::TakeValue(int code, std::string_view value, std::uint64_t line)
 {
-    m_sawMarker = m_sawMarker || code == 100;
+    m_hasSeenMarker = m_hasSeenMarker || code == 100;
     if (m_section == Section::Named && code == 2) {
         constexpr std::string_view kNames[] = {"HEADER", "TABLES", "BLOCKS", "ENTITIES"};
         constexpr Section kSections[] = {Section::Header, Section::Tables, Section::Blocks, Section::Entities,
@@ -305,7 +305,7 @@ void Collector::TakeEntry(int code, std::string_view value)
 {
     switch (code) {
     case 100:
-        m_marked = true;
+        m_isMarked = true;
         break;
     case 2:
         m_name = value;
@@ -355,7 +355,7 @@ void Collector::TakeEntity(int code, std::string_view value)
         m_layerName = value;
         break;
     case 60:
-        m_hidden = ParseInteger(value) == 1;
+        m_isHidden = ParseInteger(value) == 1;
         break;
     case 67:
         Note(Otherwise::PaperSpace, !m_inBlock && ParseInteger(value) == 1);
@@ -364,7 +364,7 @@ void Collector::TakeEntity(int code, std::string_view value)
         Note(Otherwise::Extrusions, m_type != "ARC" && LeadingReal(value).value_or(0) < 0);
         break;
     case 100:
-        m_marked = m_marked || value == "AcDbDimension";
+        m_isMarked = m_isMarked || value == "AcDbDimension";
         break;
     default:
         break;
@@ -377,8 +377,8 @@ void Collector::TakeEntity(int code, std::string_view value)
 
 void Collector::TakeDetail(int code, std::string_view value)
 {
-    m_embedded = m_embedded || code == 101;
-    if (m_embedded)
+    m_isEmbedded = m_isEmbedded || code == 101;
+    if (m_isEmbedded)
         return;
     const auto isNumber = [&] { return LeadingReal(value).value_or(0) != 0; };
     switch (m_kind) {

@@ -63,7 +63,7 @@ private:
     std::string m_block;      // the block that is open
     Tally m_blockTally;
     bool m_hasBasePoint = false;
-    bool m_swallowing = false; // the reader takes what follows as part of an entry without a marker
+    bool m_isSwallowing = false; // the reader takes what follows as part of an entry without a marker
 
     // What is known so far of the record that is being read.
     std::string m_type;
@@ -77,10 +77,10 @@ private:
     Kind m_kind = Kind::Other;
     OtherwiseCounts m_otherwise{}; // more than 0 for what concerns the entity
     DimensionMeasure m_dimension;
-    bool m_embedded = false; // in an object within a text, whose codes mean other things
-    bool m_hidden = false;
-    bool m_marked = false;
-    bool m_sawMarker = false; // any
+    bool m_isEmbedded = false; // in an object within a text, whose codes mean other things
+    bool m_isHidden = false;
+    bool m_isMarked = false;
+    bool m_hasSeenMarker = false; // any
 };
 
 // Reads a drawing from file to its end, in one pass. Texts are kept when they are asked for. The memory that

@@ -10,7 +10,7 @@
 #include "cli/contents/Header.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
-#include "cli/draw/WriteOptions.h"
+#include "cli/draw/WriteOptionsFor.h"
 #include "cli/files/OlderPicture.h"
 #include "cli/files/Source.h"
 #include "cli/prepare/Findings.h"

@@ -3,7 +3,7 @@
 #include "base/NamedCodePage.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
-#include "cli/info/Notes.h"
+#include "cli/info/NotesOn.h"
 #include "cli/report/Json.h"
 #include "cli/report/ShareText.h"
 

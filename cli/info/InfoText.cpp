@@ -4,7 +4,7 @@
 #include "base/NamedCodePage.h"
 #include "cli/contents/Fate.h"
 #include "cli/contents/Units.h"
-#include "cli/info/Notes.h"
+#include "cli/info/NotesOn.h"
 #include "cli/info/Table.h"
 #include "cli/report/Printable.h"
 #include "cli/report/Rounded.h"

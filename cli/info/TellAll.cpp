@@ -10,7 +10,7 @@
 #include "cli/info/Summary.h"
 #include "cli/prepare/Becoming.h"
 #include "cli/prepare/Findings.h"
-#include "cli/prepare/Texts.h"
+#include "cli/prepare/TextsOf.h"
 #include "cli/report/Report.h"
 
 #include <new>

@@ -3,8 +3,8 @@
 #include "base/Letters.h"
 #include "cli/contents/Units.h"
 #include "cli/options/Options.h"
-#include "cli/options/Percentage.h"
-#include "cli/options/Tolerance.h"
+#include "cli/options/PercentageOf.h"
+#include "cli/options/ToleranceOf.h"
 #include "prepare/drawing/Encoding.h"
 
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "cli/prepare/Becoming.h"
 
 #include "cli/prepare/Findings.h"
-#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
 
 namespace plexorn {

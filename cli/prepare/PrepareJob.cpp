@@ -6,7 +6,7 @@
 #include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"
-#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
 #include "cli/prepare/WhyBlank.h"
 #include "cli/system/InterruptGuard.h"

@@ -2,7 +2,7 @@
 
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"
-#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
 #include "cli/system/InterruptGuard.h"
 

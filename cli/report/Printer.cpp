@@ -70,7 +70,7 @@ void Printer::Close(std::string_view lines)
 bool Printer::IsAnyLost()
 {
     const std::lock_guard lock(m_mutex);
-    return m_lost;
+    return m_hasLost;
 }
 
 // Prints what waited for its turn, as far as the drawings before it have ended.
@@ -94,7 +94,7 @@ void Printer::Write(std::string_view lines)
         return;
     ClearProgress();
     if (!PutOut(lines))
-        m_lost = true;
+        m_hasLost = true;
 }
 
 void Printer::ShowProgress()

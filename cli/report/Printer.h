@@ -46,7 +46,7 @@ private:
     std::map<std::size_t, std::string> m_waiting; // lines whose turn has not come
     std::size_t m_waitingBytes = 0;
     std::vector<bool> m_isEnded;
-    bool m_lost = false;
+    bool m_hasLost = false;
 
     bool m_showsProgress;
     std::size_t m_ended = 0;

@@ -195,11 +195,11 @@ void Report::Prepared(const PreparedOutcome& outcome)
 template <class AnyOutcome>
 void Report::Close(const AnyOutcome& outcome, bool isWhole)
 {
-    m_changed = !isWhole;
+    m_isChanged = !isWhole;
     AddHeldBack();
     for (const auto& [reason, code] : m_doubts)
         m_out += ReasonLine(m_style, "doubtful", m_file, reason, code);
-    const bool isRefused = m_style.isStrict && (m_messages > 0 || m_changed);
+    const bool isRefused = m_style.isStrict && (m_messages > 0 || m_isChanged);
     const bool isByUntold = isRefused && isWhole && m_style.isQuiet;
     if (m_style.isQuiet && !isRefused)
         return;
@@ -223,7 +223,7 @@ ExitCode Report::Doubt() const
 
 void Report::Skipped(std::string_view picture, std::string_view reason)
 {
-    m_skipped = true;
+    m_isSkipped = true;
     if (m_style.isQuiet)
         return;
     if (m_style.isJson)

@@ -61,10 +61,10 @@ public:
 
     std::size_t MessageCount() const { return m_messages; }
     // Whether a drawing was drawn of which not all is shown as the drawing states it.
-    bool IsChanged() const { return m_changed; }
+    bool IsChanged() const { return m_isChanged; }
     // The greatest code that Doubtful had, ExitCode::Drawn without any.
     ExitCode Doubt() const;
-    bool IsSkipped() const { return m_skipped; }
+    bool IsSkipped() const { return m_isSkipped; }
     // ExitCode::Drawn while nothing failed.
     ExitCode Code() const { return m_code; }
 
@@ -94,9 +94,9 @@ private:
     std::size_t m_listed = 0; // lines that list messages one by one
     std::size_t m_told = 0;   // messages in these lines
     MessageGroups m_groups;
-    bool m_changed = false;
+    bool m_isChanged = false;
     std::vector<std::pair<std::string, ExitCode>> m_doubts;
-    bool m_skipped = false;
+    bool m_isSkipped = false;
     ExitCode m_code = ExitCode::Drawn;
 };
 

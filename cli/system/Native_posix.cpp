@@ -177,7 +177,7 @@ std::FILE* OpenForReading(const fs::path& path)
 
 std::FILE* OpenForAppending(const fs::path& path)
 {
-    // Opened anew, a redirected output would have a second position, and one writer overwrite the other.
+    // Opened again, a redirected output would have a second position, and one writer overwrite the other.
     return path == "/dev/stdout" ? OpenStandardOutput() : std::fopen(path.c_str(), "ab");
 }
 

@@ -438,7 +438,7 @@ struct Viewport : EntityOf<EntityType::Viewport> {
     Handle clip = 0;                       // 340: the entity that it is cut along
     std::vector<Handle> frozen;            // 331, 341: layers
     std::vector<NameId> frozenByName;      // 1003
-    bool isOldView = false;                // whether the data at hand are about the view
+    bool isOldView = false;                // whether the current data are about the view
     std::vector<Point3> oldPoints;         // 1010: the target, the direction
     std::vector<double> oldReals;          // 1040: the twist, the height, x and y of the centre, and others
     std::vector<std::int32_t> oldIntegers; // 1070: a version, the mode (1 in perspective), and others

@@ -10,9 +10,6 @@
 
 namespace prepare {
 
-// The functions of the common fields.
-void ReadTrueColour(RecordReader& reader, Entity& entity, CDxfLine value);
-
 template <class Record>
 consteval auto CommonRows()
 {
@@ -29,13 +26,13 @@ consteval auto CommonRows()
         Row(67, &Record::isInPaperSpace),
         // An embedded object's codes mean other things.
         Row(101, Function([](RecordReader& reader, Record&, CDxfLine) { reader.SkipFields(); })),
-        Row(102, Function([](RecordReader& reader, Record&, CDxfLine) { reader.SkipGroup(); })),
+        Row(102, SkipGroup<Record>),
         Row(210, &Record::extrusion),
         Row(330, &Record::owner).OnlyFirst(),
         Row(370, &Record::weight),
         Row(410, &Record::layout),
         Row(420, Function([](RecordReader& reader, Record& record, CDxfLine value) {
-                ReadTrueColour(reader, record, value);
+                record.trueColour = reader.Integer(value) & 0xFFFFFF;
             })),
     };
 }

@@ -11,12 +11,6 @@ namespace prepare {
 
 namespace {
 
-template <class Record>
-void SkipGroup(RecordReader& reader, Record&, CDxfLine)
-{
-    reader.SkipGroup();
-}
-
 constexpr auto kSpatialFilter = Fields<SpatialFilter>({
     {10, &SpatialFilter::boundary},
     {40, &SpatialFilter::numbers},

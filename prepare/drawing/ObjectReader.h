@@ -14,7 +14,7 @@ class ObjectReader {
 public:
     explicit ObjectReader(RecordReader& reader) : m_reader(reader) {}
 
-    // Reads an object whose type's name is the pair at hand, up to the next record.
+    // Reads an object whose type's name is the current pair, up to the next record.
     void Read(std::string_view type);
     // Enters into the drawing what was read. Call it once, after the last object.
     void Finish();

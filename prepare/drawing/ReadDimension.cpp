@@ -1,5 +1,5 @@
-#include "prepare/drawing/EntityFields.h"
-#include "prepare/drawing/ReadRecords.h"
+#include "prepare/drawing/ReadDimension.h"
+
 #include "prepare/drawing/StyleOverrides.h"
 
 namespace prepare {
@@ -12,7 +12,7 @@ Point3& PointOf(Dimension& dimension)
     return dimension.points[number];
 }
 
-constexpr auto kDimension = EntityFields<Dimension>({
+constexpr auto kDimension = EntityFieldsWithOverrides<Dimension>({
     {1, &Dimension::text},
     {2, &Dimension::block},
     {3, &Dimension::style},
@@ -32,14 +32,6 @@ constexpr auto kDimension = EntityFields<Dimension>({
     // The classes of dimensions of arcs have the codes again, for other things.
     Field<Dimension>(70, &Dimension::kind).OnlyFirst(),
     Field<Dimension>(71, &Dimension::attachment).OnlyFirst(),
-    {1000, StyleOverrides<Dimension>::TakeString},
-    {1001, StyleOverrides<Dimension>::TakeApplication},
-    {1002, StyleOverrides<Dimension>::TakeBrace},
-    {1003, StyleOverrides<Dimension>::TakeValue},
-    {1005, StyleOverrides<Dimension>::TakeValue},
-    {1040, StyleOverrides<Dimension>::TakeValue},
-    {1070, StyleOverrides<Dimension>::TakeShort},
-    {1071, StyleOverrides<Dimension>::TakeValue},
 });
 
 } // namespace

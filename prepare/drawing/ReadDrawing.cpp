@@ -21,7 +21,7 @@ constexpr auto kBlock = Fields<Block>({
     {8, &Block::layer},
     {10, &Block::base},
     {70, &Block::flags},
-    {102, [](RecordReader& reader, Block&, CDxfLine) { reader.SkipGroup(); }},
+    {102, SkipGroup<Block>},
     Field<Block>(330, &Block::record).OnlyFirst(),
 });
 

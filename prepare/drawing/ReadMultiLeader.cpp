@@ -1,5 +1,6 @@
+#include "prepare/drawing/ReadMultiLeader.h"
+
 #include "prepare/drawing/EntityFields.h"
-#include "prepare/drawing/ReadRecords.h"
 
 namespace prepare {
 

@@ -2,6 +2,12 @@
 
 #include "base/Pi.h"
 #include "prepare/drawing/EntityFields.h"
+#include "prepare/drawing/ReadDimension.h"
+#include "prepare/drawing/ReadHatch.h"
+#include "prepare/drawing/ReadLeader.h"
+#include "prepare/drawing/ReadMultiLeader.h"
+#include "prepare/drawing/ReadTable.h"
+#include "prepare/drawing/ReadTexts.h"
 
 namespace prepare {
 
@@ -393,11 +399,6 @@ constexpr auto kOther = EntityFields<Other>({
 });
 
 } // namespace
-
-void ReadTrueColour(RecordReader& reader, Entity& entity, CDxfLine value)
-{
-    entity.trueColour = reader.Integer(value) & 0xFFFFFF;
-}
 
 ReadFunction ReadFunctionOf(EntityType type)
 {

@@ -13,15 +13,4 @@ using ReadFunction = std::unique_ptr<Entity> (*)(RecordReader& reader);
 
 ReadFunction ReadFunctionOf(EntityType type);
 
-// Those that take more than a table.
-std::unique_ptr<Entity> ReadAttribute(RecordReader& reader);
-std::unique_ptr<Entity> ReadText(RecordReader& reader);
-// Its text stays as it is: ReadMText reads the codes in it.
-std::unique_ptr<Entity> ReadMTextRecord(RecordReader& reader);
-std::unique_ptr<Entity> ReadHatch(RecordReader& reader);
-std::unique_ptr<Entity> ReadDimension(RecordReader& reader);
-std::unique_ptr<Entity> ReadLeader(RecordReader& reader);
-std::unique_ptr<Entity> ReadMultiLeader(RecordReader& reader);
-std::unique_ptr<Entity> ReadTable(RecordReader& reader);
-
 } // namespace prepare

@@ -9,12 +9,6 @@ namespace prepare {
 
 namespace {
 
-template <class Record>
-void SkipGroupOf(RecordReader& reader, Record&, CDxfLine)
-{
-    reader.SkipGroup();
-}
-
 void ReadTrueColour(RecordReader& reader, Layer& layer, CDxfLine value)
 {
     layer.trueColour = reader.Integer(value) & 0xFFFFFF;
@@ -26,7 +20,7 @@ constexpr auto kLayer = Fields<Layer>({
     {6, &Layer::lineType},
     {62, &Layer::colour},
     {70, &Layer::flags},
-    {102, SkipGroupOf<Layer>},
+    {102, SkipGroup<Layer>},
     {290, &Layer::isPlotted},
     {370, &Layer::weight},
     {420, ReadTrueColour},
@@ -54,7 +48,7 @@ constexpr auto kLineType = Fields<LineType>({
     Field<LineType>(5, &LineType::handle).OnlyFirst(),
     {49, AddDash},
     {74, ReadShapeFlags},
-    {102, SkipGroupOf<LineType>},
+    {102, SkipGroup<LineType>},
 });
 
 constexpr auto kTextStyle = Fields<TextStyle>({
@@ -67,7 +61,7 @@ constexpr auto kTextStyle = Fields<TextStyle>({
     {50, &TextStyle::oblique},
     {70, &TextStyle::flags},
     {71, &TextStyle::generation},
-    {102, SkipGroupOf<TextStyle>},
+    {102, SkipGroup<TextStyle>},
 });
 
 struct BlockRecord {
@@ -78,7 +72,7 @@ struct BlockRecord {
 constexpr auto kBlockRecord = Fields<BlockRecord>({
     Field<BlockRecord>(2, &BlockRecord::name).OnlyFirst(),
     Field<BlockRecord>(5, &BlockRecord::handle).OnlyFirst(),
-    {102, SkipGroupOf<BlockRecord>},
+    {102, SkipGroup<BlockRecord>},
 });
 
 void BeginElement(RecordReader& reader, MultiLineStyle& style, CDxfLine value)
@@ -110,7 +104,7 @@ constexpr auto kMultiLineStyle = Fields<MultiLineStyle>({
     {52, &MultiLineStyle::endAngle},
     {62, ReadMultiLineColour<&MultiLineStyle::fillColour, &MultiLineStyle::Element::colour>},
     {70, &MultiLineStyle::flags},
-    {102, SkipGroupOf<MultiLineStyle>},
+    {102, SkipGroup<MultiLineStyle>},
     {420, ReadMultiLineColour<&MultiLineStyle::fillTrueColour, &MultiLineStyle::Element::trueColour>},
 });
 

@@ -1,5 +1,6 @@
+#include "prepare/drawing/ReadTexts.h"
+
 #include "prepare/drawing/EntityFields.h"
-#include "prepare/drawing/ReadRecords.h"
 
 #include <utility>
 

@@ -48,7 +48,7 @@ public:
         return !m_isAgain;
     }
 
-    // The next call of NextPair or NextField gives the pair at hand again.
+    // The next call of NextPair or NextField gives the current pair again.
     void Unread() { m_isAgain = true; }
 
     std::int32_t Code() const { return m_pairs.Code(); }
@@ -80,7 +80,7 @@ public:
         }
     }
 
-    // Stores the pair at hand.
+    // Stores the current pair.
     template <class Record, std::size_t count>
     void StoreOne(Record& record, const FieldTable<Record, count>& table)
     {
@@ -211,6 +211,13 @@ private:
     bool m_hasWord = false;
     bool m_isCut = false;
 };
+
+// A row that steps over groups.
+template <class Record>
+void SkipGroup(RecordReader& reader, Record&, CDxfLine)
+{
+    reader.SkipGroup();
+}
 
 template <class Record>
 void RecordReader::StoreValue(Record& record, const Field<Record>& field)

@@ -1,14 +1,15 @@
 // The extended data in which dimensions and leaders override their style.
 #pragma once
 
-#include "prepare/drawing/RecordReader.h"
+#include "prepare/drawing/EntityFields.h"
 
+#include <algorithm>
 #include <string>
 
 namespace prepare {
 
 // Reads a record's overrides: the list in braces after DSTYLE, in the section of the application ACAD. Each
-// function takes a value of the group codes that it is named after, and is a row of the record's table.
+// function takes a value of the group codes that it is named after.
 template <class Record>
 class StyleOverrides {
 public:
@@ -56,5 +57,20 @@ private:
     // Where in the extended data the reader is.
     enum Phase : std::int32_t { kElsewhere, kApplication, kStyle, kCode, kValue };
 };
+
+// The table of an entity: its own rows, those of the overrides, and the common ones.
+template <class Record, std::size_t count>
+consteval auto EntityFieldsWithOverrides(const Field<Record> (&rows)[count])
+{
+    using Overrides = StyleOverrides<Record>;
+    const Field<Record> added[] = {
+        {1000, Overrides::TakeString}, {1001, Overrides::TakeApplication}, {1002, Overrides::TakeBrace},
+        {1003, Overrides::TakeValue},  {1005, Overrides::TakeValue},       {1040, Overrides::TakeValue},
+        {1070, Overrides::TakeShort},  {1071, Overrides::TakeValue},
+    };
+    Field<Record> all[count + std::size(added)];
+    std::copy(std::begin(added), std::end(added), std::copy_n(rows, count, all));
+    return EntityFields(all);
+}
 
 } // namespace prepare

@@ -1,4 +1,7 @@
-#include "prepare/plain/DimensionKinds.h"
+#include "prepare/plain/AngularDimension.h"
+
+#include "prepare/plain/DimensionArrows.h"
+#include "prepare/plain/DimensionText.h"
 
 #include <algorithm>
 #include <array>
@@ -87,7 +90,7 @@ void ArcDrawing::PlaceLabel()
         return;
     const bool isOuterUp = Dot(outward, m_label.Up()) >= 0;
     const bool isAlong = std::fabs(Dot(outward, m_label.along)) < 1e-6;
-    const double offset = isAlong ? OffsetOfLabel(m_pen, m_label, isOuterUp) : 0;
+    const double offset = isAlong ? m_pen.OffsetOf(m_label, isOuterUp) : 0;
     m_label.centre = m_line.At(angle) + offset * m_label.Up();
 }
 
@@ -146,7 +149,7 @@ void DrawSide(DimensionPen& pen, Point2 vertex, double radius, const Side& side)
         return;
     const double from = radius > side.farthest ? std::max(side.farthest, 0.0) : side.nearest;
     if (radius > side.farthest || radius < side.nearest)
-        DrawExtension(pen, vertex + from * side.direction, vertex + radius * side.direction);
+        pen.Extension(vertex + from * side.direction, vertex + radius * side.direction);
 }
 
 void DrawAngle(DimensionPen& pen, Point2 vertex, Point2 onArc, Side first, Side second, bool isSwapped)
@@ -274,10 +277,10 @@ void ArcLengthDrawing::Draw()
     const Point2 feet[] = {FootOf(m_start), FootOf(m_end)};
     m_pen.UseExtension(m_isSwapped ? 1 : 0);
     if ((m_isSwapped ? style.hidesExtension2 : style.hidesExtension1) == 0)
-        DrawExtension(m_pen, m_start, feet[0]);
+        m_pen.Extension(m_start, feet[0]);
     m_pen.UseExtension(m_isSwapped ? 0 : 1);
     if ((m_isSwapped ? style.hidesExtension1 : style.hidesExtension2) == 0)
-        DrawExtension(m_pen, m_end, feet[1]);
+        m_pen.Extension(m_end, feet[1]);
     ArcLine line;
     line.centre = m_centre;
     line.radius = m_radius;

@@ -11,6 +11,12 @@ constexpr double kRoundedAngle = 1e-5;
 
 } // namespace
 
+Point2 Unit(Point2 vector, Point2 otherwise)
+{
+    const double length = Length(vector);
+    return length > 0 && std::isfinite(length) ? (1 / length) * vector : otherwise;
+}
+
 bool IsSimilar(Point2 u, Point2 v)
 {
     constexpr double kSame = 1e-9;

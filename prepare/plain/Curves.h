@@ -37,6 +37,9 @@ inline Point2 Direction(double angle)
     return {std::cos(angle), std::sin(angle)};
 }
 
+// A vector of length 1, or otherwise where it has no length.
+Point2 Unit(Point2 vector, Point2 otherwise);
+
 // Turned by a quarter, counter-clockwise.
 constexpr Point2 LeftOf(Point2 v)
 {
@@ -93,7 +96,7 @@ inline constexpr double kMostPointsOfTurn = 512;
 // point; coarser when that took more than kMostPointsOfTurn.
 void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points);
 
-// The same, with a tolerance that was chosen by that of all curves, which are told of the points.
+// The same, with a tolerance that was chosen by that of all curves, which count the points.
 void Flatten(const EllipticArc& arc, double tolerance, std::vector<Point2>& points, Fineness& curves);
 
 } // namespace prepare

@@ -153,6 +153,16 @@ Point2 DimensionPen::LabelDirection(bool isHorizontal, Point2 along) const
     return isHorizontal ? m_horizontal : Readable(along);
 }
 
+double DimensionPen::OffsetOf(const DimensionLabel& label, bool isOuterUp) const
+{
+    enum : std::int32_t { kOnLine = 0, kOuter = 2, kBelow = 4 };
+    if (m_style.placement == kOnLine)
+        return m_style.textOffset * m_style.textHeight;
+    const double away = label.height / 2 + Gap();
+    const bool isBelow = m_style.placement == kBelow || (m_style.placement == kOuter && !isOuterUp);
+    return isBelow ? -away : away;
+}
+
 void DimensionPen::Use(std::int32_t colour, std::int32_t weight, NameId lineType)
 {
     m_part.colour = colour;
@@ -225,6 +235,20 @@ void DimensionPen::ArcAround(const DimensionLabel& label, Point2 centre, double 
     }
     if (last > begin)
         Arc(centre, radius, begin, last - begin);
+}
+
+void DimensionPen::Extension(Point2 measured, Point2 foot)
+{
+    const double length = Length(foot - measured);
+    if (!(length > 1e-9 * m_style.textHeight))
+        return;
+    const Point2 direction = (1 / length) * (foot - measured);
+    double from = m_style.extensionOffset;
+    if (m_style.hasFixedExtension != 0)
+        from = std::max(from, length - m_style.fixedExtension);
+    const double to = length + m_style.extensionBeyond;
+    if (from < to)
+        Line(measured + from * direction, measured + to * direction);
 }
 
 void DimensionPen::Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size)

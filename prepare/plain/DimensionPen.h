@@ -62,6 +62,8 @@ public:
     DimensionLabel Label(std::string text) const;
     // The direction of a label: the user's own, or horizontal, or along.
     Point2 LabelDirection(bool isHorizontal, Point2 along) const;
+    // How far a label's middle is from the line that it belongs to, along the label's up; 0: on it.
+    double OffsetOf(const DimensionLabel& label, bool isOuterUp) const;
 
     void UseLine() { Use(m_style.lineColour, m_style.lineWeight, m_style.lineType); }
     // Of the first extension line or, 1, the second.
@@ -75,6 +77,9 @@ public:
     // From start on by sweep, in radians, counter-clockwise if it is above 0.
     void Arc(Point2 centre, double radius, double start, double sweep);
     void ArcAround(const DimensionLabel& label, Point2 centre, double radius, double start, double sweep);
+    // From the measured point past the dimension line: away from one and beyond the other by what the style
+    // says.
+    void Extension(Point2 measured, Point2 foot);
     // direction is that of the line at the tip, towards it, of length 1.
     void Arrowhead(std::string_view name, Point2 tip, Point2 direction, double size);
     // A block with its base at that point, its x axis along direction, a vector of length 1.

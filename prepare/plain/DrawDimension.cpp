@@ -1,6 +1,9 @@
 #include "prepare/plain/DrawDimension.h"
 
-#include "prepare/plain/DimensionKinds.h"
+#include "prepare/plain/AngularDimension.h"
+#include "prepare/plain/LinearDimension.h"
+#include "prepare/plain/OrdinateDimension.h"
+#include "prepare/plain/RadialDimension.h"
 
 namespace prepare {
 

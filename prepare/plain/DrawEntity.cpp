@@ -1,5 +1,9 @@
 #include "prepare/plain/DrawEntity.h"
 
+#include "prepare/plain/DrawGeometry.h"
+#include "prepare/plain/DrawNotes.h"
+#include "prepare/plain/DrawTexts.h"
+
 namespace prepare {
 
 bool DrawEntity(const Entity& entity, const Placement& placement, const PartStyler& styleOf)

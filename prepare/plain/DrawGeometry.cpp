@@ -1,5 +1,6 @@
+#include "prepare/plain/DrawGeometry.h"
+
 #include "prepare/plain/DrawCurves.h"
-#include "prepare/plain/DrawEntity.h"
 #include "prepare/plain/DrawFrames.h"
 #include "prepare/plain/DrawHatch.h"
 #include "prepare/plain/DrawLeader.h"

@@ -1,7 +1,7 @@
 // Texts of several lines.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/PartStyle.h"
 #include "prepare/plain/Placement.h"
 
 #include <string_view>

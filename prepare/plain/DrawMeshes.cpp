@@ -9,8 +9,8 @@ namespace prepare {
 
 namespace {
 
-enum MeshFlag : std::int32_t { ClosedInM = 1, ClosedInN = 32 };
-enum MeshVertexFlag : std::int32_t { OnSurface = 8, OfFrame = 16, OfMesh = 64, OfPolyface = 128 };
+enum MeshFlag : std::int32_t { kClosedInM = 1, kClosedInN = 32 };
+enum MeshVertexFlag : std::int32_t { kOnSurface = 8, kOfFrame = 16, kOfMesh = 64, kOfPolyface = 128 };
 
 // The vertices of a mesh in rows.
 struct Grid {
@@ -23,10 +23,10 @@ struct Grid {
 Grid GridOf(const Polyline& mesh, const Matrix& matrix)
 {
     const bool isSmooth = std::any_of(mesh.vertices.begin(), mesh.vertices.end(),
-                                      [](const PolylineVertex& v) { return (v.flags & OnSurface) != 0; });
+                                      [](const PolylineVertex& v) { return (v.flags & kOnSurface) != 0; });
     Grid grid;
     for (const PolylineVertex& vertex : mesh.vertices) {
-        if ((vertex.flags & OnSurface) != 0 || (!isSmooth && (vertex.flags & OfPolyface) == 0))
+        if ((vertex.flags & kOnSurface) != 0 || (!isSmooth && (vertex.flags & kOfPolyface) == 0))
             grid.points.push_back(matrix.Flat(vertex.point));
     }
     const std::int32_t rows = isSmooth ? mesh.mDensity : mesh.mCount;
@@ -89,7 +89,7 @@ void Edges::Draw()
 
 bool IsFace(const PolylineVertex& vertex)
 {
-    return (vertex.flags & OfPolyface) != 0 && (vertex.flags & OfMesh) == 0;
+    return (vertex.flags & kOfPolyface) != 0 && (vertex.flags & kOfMesh) == 0;
 }
 
 // Numbers count from 1; a negative one begins an edge that is not seen, 0 ends the face.
@@ -117,13 +117,13 @@ void DrawPolygonMesh(const Polyline& mesh, Pen& pen)
     std::vector<Point2> line;
     for (std::size_t row = 0; row < grid.rows; ++row) {
         line.assign(&grid.points[row * grid.columns], &grid.points[row * grid.columns] + grid.columns);
-        pen.Polyline(line, (mesh.flags & ClosedInN) != 0);
+        pen.Polyline(line, (mesh.flags & kClosedInN) != 0);
     }
     for (std::size_t column = 0; column < grid.columns; ++column) {
         line.clear();
         for (std::size_t row = 0; row < grid.rows; ++row)
             line.push_back(grid.points[row * grid.columns + column]);
-        pen.Polyline(line, (mesh.flags & ClosedInM) != 0);
+        pen.Polyline(line, (mesh.flags & kClosedInM) != 0);
     }
 }
 

@@ -11,16 +11,16 @@ namespace prepare {
 
 namespace {
 
-enum MultiLineFlag : std::int32_t { ClosedLine = 2, NoStartCap = 4, NoEndCap = 8 };
+enum MultiLineFlag : std::int32_t { kClosedLine = 2, kNoStartCap = 4, kNoEndCap = 8 };
 enum StyleFlag : std::int32_t {
-    Filled = 1,
-    Joints = 2,
-    StraightStart = 16,
-    InnerStart = 32,
-    RoundStart = 64,
-    StraightEnd = 256,
-    InnerEnd = 512,
-    RoundEnd = 1024
+    kFilled = 1,
+    kJoints = 2,
+    kStraightStart = 16,
+    kInnerStart = 32,
+    kRoundStart = 64,
+    kStraightEnd = 256,
+    kInnerEnd = 512,
+    kRoundEnd = 1024
 };
 
 const MultiLineStyle* StyleOf(const MultiLine& multiLine, const Drawing& drawing)
@@ -45,7 +45,7 @@ public:
     void Draw();
 
 private:
-    bool IsClosed() const { return (m_multiLine.flags & ClosedLine) != 0; }
+    bool IsClosed() const { return (m_multiLine.flags & kClosedLine) != 0; }
     // Whether the file says where the element crosses the vertex's mitre.
     bool IsAt(const MultiLineVertex& vertex, std::size_t element) const;
     Point3 At(const MultiLineVertex& vertex, std::size_t element) const;
@@ -216,13 +216,13 @@ void MultiLineDrawer::DrawCaps()
 {
     const auto& vertices = m_multiLine.vertices;
     const auto has = [this](StyleFlag flag) { return (m_style->flags & flag) != 0; };
-    if ((m_multiLine.flags & NoStartCap) == 0) {
+    if ((m_multiLine.flags & kNoStartCap) == 0) {
         const Point3 outward = vertices[0].point - vertices[1].point;
-        DrawCap({vertices.front(), outward}, has(StraightStart), has(RoundStart), has(InnerStart));
+        DrawCap({vertices.front(), outward}, has(kStraightStart), has(kRoundStart), has(kInnerStart));
     }
-    if ((m_multiLine.flags & NoEndCap) == 0) {
+    if ((m_multiLine.flags & kNoEndCap) == 0) {
         const Point3 outward = vertices.back().point - vertices[vertices.size() - 2].point;
-        DrawCap({vertices.back(), outward}, has(StraightEnd), has(RoundEnd), has(InnerEnd));
+        DrawCap({vertices.back(), outward}, has(kStraightEnd), has(kRoundEnd), has(kInnerEnd));
     }
 }
 
@@ -283,7 +283,8 @@ void MultiLineDrawer::FillBetween()
     const auto isRound = [this](StyleFlag round, MultiLineFlag hidden) {
         return !IsClosed() && (m_style->flags & round) != 0 && (m_multiLine.flags & hidden) == 0;
     };
-    const bool isRoundAtStart = isRound(RoundStart, NoStartCap), isRoundAtEnd = isRound(RoundEnd, NoEndCap);
+    const bool isRoundAtStart = isRound(kRoundStart, kNoStartCap),
+               isRoundAtEnd = isRound(kRoundEnd, kNoEndCap);
     m_pen.UseStyleOf({m_style->fillColour, m_style->fillTrueColour, kNoName, kNoName});
     AreaFiller filler(m_pen);
     for (std::size_t i = 0; i < segments && m_pen.HasRoom(); ++i)
@@ -301,13 +302,13 @@ void MultiLineDrawer::Draw()
         m_elements = 1;
         m_pen.Report(Finding::Changed, "its elements are missing: drawn as one line");
     }
-    if (m_style != nullptr && (m_style->flags & Filled) != 0 && m_elements > 1)
+    if (m_style != nullptr && (m_style->flags & kFilled) != 0 && m_elements > 1)
         FillBetween();
     for (std::size_t element = 0; element < m_elements && m_pen.HasRoom(); ++element)
         DrawElement(element);
     if (m_style == nullptr || m_elements < 2)
         return;
-    if ((m_style->flags & Joints) != 0)
+    if ((m_style->flags & kJoints) != 0)
         DrawJoints();
     if (!IsClosed())
         DrawCaps();

@@ -1,4 +1,5 @@
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawNotes.h"
+
 #include "prepare/plain/DrawMultiLeader.h"
 #include "prepare/plain/DrawTable.h"
 #include "prepare/plain/DrawTolerance.h"

@@ -4,7 +4,14 @@ namespace prepare {
 
 namespace {
 
-enum PointMode : std::int32_t { Nothing = 1, Plus = 2, Times = 3, Tick = 4, InCircle = 32, InSquare = 64 };
+enum PointMode : std::int32_t {
+    kNothing = 1,
+    kPlus = 2,
+    kTimes = 3,
+    kTick = 4,
+    kInCircle = 32,
+    kInSquare = 64
+};
 
 constexpr std::int32_t kShapeBits = 7; // the others are added to one of them
 
@@ -32,15 +39,15 @@ void DrawDot(Point2 point, Pen& pen)
 // The lines of plus and times reach out of a circle or square around them.
 void DrawShape(const Mark& mark, std::int32_t shape)
 {
-    if (shape == Plus) {
+    if (shape == kPlus) {
         mark.Line({-2, 0}, {2, 0});
         mark.Line({0, -2}, {0, 2});
-    } else if (shape == Times) {
+    } else if (shape == kTimes) {
         mark.Line({-2, -2}, {2, 2});
         mark.Line({-2, 2}, {2, -2});
-    } else if (shape == Tick) {
+    } else if (shape == kTick) {
         mark.Line({0, 0}, {0, 1});
-    } else if (shape != Nothing) {
+    } else if (shape != kNothing) {
         DrawDot(mark.centre, mark.pen);
     }
 }
@@ -54,9 +61,9 @@ void DrawPoint(const PointEntity& point, Pen& pen)
     const Mark mark{pen.Place().matrix.Flat(point.point), x, LeftOf(x), pen};
     const std::int32_t mode = pen.Place().drawing.header.Integer("$PDMODE", 0);
     DrawShape(mark, mode & kShapeBits);
-    if ((mode & InCircle) != 0)
+    if ((mode & kInCircle) != 0)
         pen.Arc({mark.centre, mark.x, mark.y});
-    if ((mode & InSquare) != 0) {
+    if ((mode & kInSquare) != 0) {
         const Point2 corners[] = {mark.At(-1, -1), mark.At(1, -1), mark.At(1, 1), mark.At(-1, 1)};
         pen.Polyline(corners, true);
     }

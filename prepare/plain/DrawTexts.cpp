@@ -1,4 +1,5 @@
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawTexts.h"
+
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/DrawText.h"
 #include "prepare/plain/TextWords.h"

@@ -12,8 +12,8 @@ namespace prepare {
 
 namespace {
 
-enum LoopFlag : std::int32_t { External = 1, PolylineLoop = 2, TextBox = 8, Outermost = 16 };
-enum IslandStyle : std::int32_t { OddParity = 0, OutermostOnly = 1, IgnoreIslands = 2 };
+enum LoopFlag : std::int32_t { kExternal = 1, kPolylineLoop = 2, kTextBox = 8, kOutermost = 16 };
+enum IslandStyle : std::int32_t { kOddParity = 0, kOutermostOnly = 1, kIgnoreIslands = 2 };
 
 // However coarse curves may be, a ring keeps about its shape: a share of the curve's size.
 constexpr double kCoarsest = 1.0 / 64;
@@ -58,7 +58,7 @@ RingMaker::RingMaker(const Hatch& hatch, Pen& pen) : m_pen(pen), m_matrix(pen.Of
 
 void RingMaker::Add(const HatchLoop& loop)
 {
-    if ((loop.flags & PolylineLoop) != 0 || !loop.vertices.empty())
+    if ((loop.flags & kPolylineLoop) != 0 || !loop.vertices.empty())
         AddPolyline(loop);
     else
         AddEdges(loop);
@@ -244,16 +244,16 @@ void RingMaker::EndRing()
 // Loops around texts bound no area.
 bool IsShown(const HatchLoop& loop, std::int32_t wanted)
 {
-    return (loop.flags & TextBox) == 0 && (wanted == 0 || (loop.flags & wanted) != 0);
+    return (loop.flags & kTextBox) == 0 && (wanted == 0 || (loop.flags & wanted) != 0);
 }
 
 // A loop must have at least one of these flags; 0: every loop will do.
 std::int32_t WantedFlags(const Hatch& hatch)
 {
-    const auto isExternal = [](const HatchLoop& loop) { return (loop.flags & External) != 0; };
-    if (hatch.style == OddParity || std::none_of(hatch.loops.begin(), hatch.loops.end(), isExternal))
+    const auto isExternal = [](const HatchLoop& loop) { return (loop.flags & kExternal) != 0; };
+    if (hatch.style == kOddParity || std::none_of(hatch.loops.begin(), hatch.loops.end(), isExternal))
         return 0;
-    return hatch.style == IgnoreIslands ? External : External | Outermost;
+    return hatch.style == kIgnoreIslands ? kExternal : kExternal | kOutermost;
 }
 
 } // namespace

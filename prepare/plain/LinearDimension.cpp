@@ -1,4 +1,7 @@
-#include "prepare/plain/DimensionKinds.h"
+#include "prepare/plain/LinearDimension.h"
+
+#include "prepare/plain/DimensionArrows.h"
+#include "prepare/plain/DimensionText.h"
 
 #include <algorithm>
 #include <array>
@@ -112,7 +115,7 @@ void LinearDrawing::PlaceOwnLabel()
     }
     const Point2 away = m_ends[0].foot - m_ends[0].measured + m_ends[1].foot - m_ends[1].measured;
     const bool isAlong = std::fabs(Cross(m_label.along, m_along)) < 1e-6;
-    const double offset = isAlong ? OffsetOfLabel(m_pen, m_label, Dot(away, m_label.Up()) >= 0) : 0;
+    const double offset = isAlong ? m_pen.OffsetOf(m_label, Dot(away, m_label.Up()) >= 0) : 0;
     m_label.centre = m_ends[0].foot + along * m_along + offset * m_label.Up();
 }
 
@@ -191,7 +194,7 @@ void LinearDrawing::Draw()
     for (std::size_t i = 0; i < m_ends.size(); ++i) {
         m_pen.UseExtension(i);
         if (!m_ends[i].hidesExtension)
-            DrawExtension(m_pen, m_ends[i].measured, m_ends[i].foot);
+            m_pen.Extension(m_ends[i].measured, m_ends[i].foot);
     }
     m_pen.UseLine();
     DrawLeader();
@@ -210,38 +213,6 @@ void LinearDrawing::Draw()
 }
 
 } // namespace
-
-Point2 Unit(Point2 vector, Point2 otherwise)
-{
-    const double length = Length(vector);
-    return length > 0 && std::isfinite(length) ? (1 / length) * vector : otherwise;
-}
-
-void DrawExtension(DimensionPen& pen, Point2 measured, Point2 foot)
-{
-    const DimensionStyle& style = pen.Style();
-    const double length = Length(foot - measured);
-    if (!(length > 1e-9 * style.textHeight))
-        return;
-    const Point2 direction = (1 / length) * (foot - measured);
-    double from = style.extensionOffset;
-    if (style.hasFixedExtension != 0)
-        from = std::max(from, length - style.fixedExtension);
-    const double to = length + style.extensionBeyond;
-    if (from < to)
-        pen.Line(measured + from * direction, measured + to * direction);
-}
-
-double OffsetOfLabel(const DimensionPen& pen, const DimensionLabel& label, bool isOuterUp)
-{
-    enum : std::int32_t { kOnLine = 0, kOuter = 2, kBelow = 4 };
-    const DimensionStyle& style = pen.Style();
-    const double away = label.height / 2 + pen.Gap();
-    if (style.placement == kOnLine)
-        return style.textOffset * style.textHeight;
-    const bool isBelow = style.placement == kBelow || (style.placement == kOuter && !isOuterUp);
-    return isBelow ? -away : away;
-}
 
 void DrawLinearDimension(DimensionPen& pen, bool isAligned)
 {

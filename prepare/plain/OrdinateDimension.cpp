@@ -1,4 +1,6 @@
-#include "prepare/plain/DimensionKinds.h"
+#include "prepare/plain/OrdinateDimension.h"
+
+#include "prepare/plain/DimensionText.h"
 
 #include <algorithm>
 

@@ -1,4 +1,7 @@
-#include "prepare/plain/DimensionKinds.h"
+#include "prepare/plain/RadialDimension.h"
+
+#include "prepare/plain/DimensionArrows.h"
+#include "prepare/plain/DimensionText.h"
 
 #include <algorithm>
 
@@ -69,7 +72,7 @@ void RadialDrawing::PlaceLabel()
     const Point2 inside = m_isDiameter ? m_centre : m_centre + m_radius / 2 * m_outward;
     m_label.centre = m_isInside ? inside : m_tip + (2 * m_arrow.size + reach) * m_outward;
     if (IsParallel())
-        m_label.centre = m_label.centre + OffsetOfLabel(m_pen, m_label, true) * m_label.Up();
+        m_label.centre = m_label.centre + m_pen.OffsetOf(m_label, true) * m_label.Up();
 }
 
 // Whether the text is on the ray or next to it.

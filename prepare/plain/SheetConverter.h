@@ -2,7 +2,7 @@
 #pragma once
 
 #include "prepare/plain/Converter.h"
-#include "prepare/plain/Windows.h"
+#include "prepare/plain/Viewports.h"
 
 #include <deque>
 

@@ -8,7 +8,7 @@
 
 namespace prepare {
 
-// Keeps findings one by one, so that they can be told as if they came only then.
+// Keeps findings one by one, so that they can be reported as if they came only then.
 class WaitingFindings {
 public:
     WaitingFindings();

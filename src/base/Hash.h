@@ -71,7 +71,7 @@ inline std::uint64_t HashBytes(const void* bytes, std::size_t size, std::uint64_
     return MultiplyAndFold(hash ^ tail ^ kMix2, key ^ kMix1);
 }
 
-// A key: the address of the object, which the systems choose anew for each process.
+// A key: the address of the object, which the systems choose again for each process.
 inline std::uint64_t HashKey(const void* object)
 {
     return MultiplyAndFold(reinterpret_cast<std::uintptr_t>(object) ^ 0xA0761D6478BD642Fu,

@@ -41,7 +41,7 @@ public:
         return OtherLine();
     }
 
-    // The same, for a line that ends in the block at hand and that needs no second look; false, with nothing
+    // The same, for a line that ends in the current block and that needs no second look; false, with nothing
     // changed, for any other. A caller that leaves other lines to a function of its own calls nothing here.
     bool TryLine(std::string_view& line)
     {

@@ -87,7 +87,7 @@ class Encodings(CommandTest):
                     self.assertEqual(read, letters)
                 self.assertEqual(self.texts("again.dxf")["texts"][0]["words"], read)
 
-    def test_what_is_utf_8_is_read_as_that_and_told(self):
+    def test_what_is_utf_8_is_read_as_that_and_reported(self):
         self.write("plan.dxf", drawing("ANSI_1252", ["Стена".encode(), b"T\xfcr", "Tür".encode()]))
         info = self.texts("plan.dxf")
         self.assertEqual([text["words"] for text in info["texts"]], ["Стена", "Tür", "Tür"])

@@ -294,7 +294,7 @@ class PreparedFailingReads(Holes):
         self.assertRegex(printed, r", at most all \d+ entities that were read, 0 messages, ")
         self.assertNotIn("EOF", printed)
 
-    def test_no_line_of_the_prepared_drawing_is_told(self):
+    def test_no_line_of_the_prepared_drawing_is_given(self):
         printed = self.plexorn("--keep-going", "plan.dxf", env=self.failing("read")).stderr
         self.assertIn("plan.dxf: cannot be read back as it was prepared; the picture lacks what follows\n", printed)
         self.assertNotRegex(printed, r"plan\.dxf:\d")

@@ -310,7 +310,7 @@ class Prepared(InfoTest):
             "line 51: file: ends without EOF",
             "1 entity is on layers that are off or frozen (--layers all shows such layers)"])
 
-    def test_texts_are_told_in_plain_words_with_their_places(self):
+    def test_texts_are_listed_in_plain_words_with_their_places(self):
         drawing = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B",
                       "0", "ATTDEF", "8", "Notes", "10", "1", "20", "2", "2", "TAG", "1", "%%uof a block%%u",
                       "0", "ENDBLK", "0", "ENDSEC", "0", "SECTION", "2", "ENTITIES",
@@ -332,7 +332,7 @@ class Prepared(InfoTest):
         words = " ".join(self.plexorn("info", "plan.dxf", "--texts").stdout.split())
         self.assertIn("(1.5, -2) one two 1/2~° TEXT", words)
 
-    def test_texts_before_the_blocks_are_told_in_the_order_of_the_file(self):
+    def test_texts_before_the_blocks_are_listed_in_the_order_of_the_file(self):
         text = ("0", "TEXT", "10", "1", "1")
         drawing = dxf("0", "SECTION", "2", "ENTITIES", *text, "first", "0", "ENDSEC",
                       "0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B", *text, "second", "0", "ENDBLK",
@@ -347,7 +347,7 @@ class Prepared(InfoTest):
             "2 drawings, 0 shown as stated, 0 failed; 2 of 5 entities shown (40.0 %)", "",
             "  missing  entities  drawings", "  3DSOLID         3         2", ""])
 
-    def test_other_forms_are_told_too(self):
+    def test_other_forms_are_shown_too(self):
         wide = entities(*LINE).decode().encode("utf-16")
         self.assertEqual(self.info(wide)["entities"][0]["name"], "LINE")
         self.expect(4, "info", "--as-is", "plan.dxf")

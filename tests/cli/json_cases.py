@@ -24,7 +24,7 @@ class Json(CommandTest):
                                  "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0,
                                  "replacedOther": False})
 
-    def test_a_file_without_an_end_is_told(self):
+    def test_a_file_without_an_end_is_reported(self):
         self.write("plan.dxf", entities()[:-len("  0\nEOF\n")])
         self.assertIs(self.objects(0, "plan.dxf")[0]["ended"], False)
         self.write("plan.dxf", dxf("0", "SECTION", "2", "ENTITIES", "0", "EOF"))
@@ -108,6 +108,6 @@ class MaxMessages(CommandTest):
         lines = self.expect(0, "--messages=json", "--max-messages=1", "plan.dxf").splitlines()
         self.assertEqual(json.loads(lines[1]), {"type": "more", "file": "plan.dxf", "messages": 4})
 
-    def test_what_is_skipped_without_a_message_is_told(self):
+    def test_what_is_skipped_without_a_message_is_reported(self):
         self.write("plan.dxf", entities(*LINE, *("0", "HATCH") * 3, "0", "SPLINE", "0", "SOLID"))
         self.assertIn("; missing: 3 HATCH, 1 SOLID, 1 SPLINE\n", self.expect(0, "plan.dxf"))

@@ -33,13 +33,13 @@ class Layers(CommandTest):
         self.write("plan.dxf", content)
         self.expect(0, "-q", *options, *self.WRAP, "plan.dxf")
         root = ElementTree.parse(self.path("plan.svg")).getroot()
-        return self.told(root.findall(SVG + "g")[-1])
+        return self.outline(root.findall(SVG + "g")[-1])
 
-    def told(self, group):
+    def outline(self, group):
         parts = []
         for element in group:
             if element.tag == SVG + "g":
-                parts.append(f"{element.get('data-layer', '-')}({self.told(element)})")
+                parts.append(f"{element.get('data-layer', '-')}({self.outline(element)})")
             elif element.tag == SVG + "line":
                 parts.append(element.get("x2"))
             else:

@@ -214,7 +214,7 @@ class WhatIsRead(Manners):
     def setUp(self):
         super().setUp()
         if command_support.EMULATOR:
-            self.skipTest("the emulator does not tell which file a stream is")
+            self.skipTest("the emulator does not say which file a stream is")
 
     def drawn_from(self, name, *arguments):
         with open(self.path(name), "rb") as file:
@@ -254,7 +254,7 @@ class WhatIsRead(Manners):
         self.assertEqual(self.drawn_from("a.svg", "--files-from", "-").returncode, 2)
         self.assertEqual(self.read("a.svg"), "a.dxf\n")
 
-    def test_what_a_drawing_holds_is_not_told_into_it(self):
+    def test_what_a_drawing_holds_is_not_printed_into_it(self):
         self.write("a.dxf")
         self.write("list", b"a.dxf\n")
         for arguments, into, what in ((["a.dxf"], "a.dxf", "one of the drawings"),

@@ -74,7 +74,7 @@ class Manual(PageTest):
                      if named(line) == command}
             self.assertEqual([option for option in options(*command) if option not in words], [])
 
-    def test_every_unit_stands_in_it(self):
+    def test_every_unit_is_in_it(self):
         result = subprocess.run([os.path.join(BIN, "plexorn"), "x.dxf", "--units", "?"], capture_output=True, text=True)
         units = re.search(r"one of (.*)", result.stderr).group(1).split()
         self.assertEqual(len(units), 24)

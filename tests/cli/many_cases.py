@@ -26,7 +26,7 @@ class Many(CommandTest):
 
 
 class Places(Many):
-    def test_each_picture_stands_beside_its_drawing(self):
+    def test_each_picture_is_beside_its_drawing(self):
         self.write("a.dxf")
         self.write("sub/b.dxf")
         *lines, total = self.expect(0, "a.dxf", "sub/b.dxf").splitlines()
@@ -79,7 +79,7 @@ class Folders(Many):
             self.expect(0, "in", option, "-o", f"out{option}/")
             self.assertEqual(self.pictures(f"out{option}"), ["A.svg", "b.svg", "sub/c.svg", "sub/deep/b.svg"])
 
-    def test_a_folder_without_drawings_is_told_and_stops_nothing(self):
+    def test_a_folder_without_drawings_is_reported_and_stops_nothing(self):
         os.mkdir(self.path("empty"))
         printed = self.expect(5, "empty", "in", "-o", "out/")
         self.assertIn("empty: holds no .dxf file; --recursive looks into its folders too\n", printed)
@@ -223,7 +223,7 @@ class Answers(Many):
             self.assertEqual(self.read(f"one/{number}.svg"), self.read(f"many/{number}.svg"))
             self.assertEqual(self.read(f"one/{number}.svg").count("<line"), number * 100 + 1)
 
-    def test_quiet_tells_failures_only(self):
+    def test_quiet_reports_failures_only(self):
         self.write("a.dxf", DRAWING_WITH_MESSAGE)
         self.write("b.dxf", b"")
         self.assertEqual(self.expect(5, "-q", "a.dxf", "b.dxf", "none.dxf"),

@@ -55,17 +55,17 @@ class Messages(Printed):
         lines, _ = self.messages(entities("0", "A\x1b[2JB\x7f", *LINE))
         self.assertEqual(lines, [r"plan.dxf:6: A\x1B[2JB\x7F - Unknown Object Type Name"])
 
-    def test_what_the_host_met_stands_in_the_closing_line(self):
+    def test_what_the_host_met_is_in_the_closing_line(self):
         _, (_, _, findings) = self.messages(entities("0", "INSERT", "2", "NOWHERE", "0", "INSERT", "2", "NOWHERE"), code=6)
         self.assertEqual(findings, "; 2 inserts of missing blocks; missing: 2 INSERT")
 
-    def test_a_block_that_inserts_itself_is_told(self):
+    def test_a_block_that_inserts_itself_is_reported(self):
         block = ("0", "BLOCK", "2", "A", "0", "INSERT", "2", "A", "0", "ENDBLK", "0", "ENDSEC")
         content = dxf("0", "SECTION", "2", "BLOCKS", *block) + entities("0", "INSERT", "2", "A")
         _, (_, _, findings) = self.messages(content, code=6)
         self.assertEqual(findings, "; 1 insert left out (its block inserts itself)")
 
-    def test_elements_that_cannot_be_drawn_are_told_and_not_counted_as_drawn(self):
+    def test_elements_that_cannot_be_drawn_are_reported_and_not_counted_as_drawn(self):
         flat = ("0", "INSERT", "2", "NOWHERE", "41", "0.0")
         _, (drawn, _, findings) = self.messages(entities(*flat, *LINE))
         self.assertEqual(drawn, "1")
@@ -85,7 +85,7 @@ class Messages(Printed):
         self.assertEqual(findings, f"; {count} elements drawn solid (their dash patterns are too long)")
         self.assertLess(len(self.read("plan.svg")), 1_000_000)
 
-    def test_more_elements_than_a_drawing_of_its_size_holds_are_left_out_and_told(self):
+    def test_more_elements_than_a_drawing_of_its_size_holds_are_left_out_and_reported(self):
         # Each of the dimension's repeated parts draws its text of hundreds of pieces again.
         parts = 600
         text = "\\S1^2;" * 166
@@ -101,7 +101,7 @@ class Messages(Printed):
     LONG_TEXTS = ("0", "DIMENSION", "100", "AcDbDimension", "1", "<>" * 510, "100", "AcDbRadialDimension", "15", "1e37",
                   *("100", "AcDbRadialDimension") * 45_000)
 
-    def test_what_makes_the_picture_too_large_is_left_out_and_told(self):
+    def test_what_makes_the_picture_too_large_is_left_out_and_reported(self):
         content = entities(*self.LONG_TEXTS)
         most = 17_000_000 + 12 * len(content)
         _, (drawn, _, findings) = self.messages(content)
@@ -153,19 +153,19 @@ class Groups(Printed):
         lines, (_, count, _) = self.messages(entities(*("0", "SOLID") * 100_000, *LINE))
         self.assertEqual((len(lines), count), (1, "100000"))
 
-    def test_types_are_told_apart_and_stand_in_the_order_of_the_drawing(self):
+    def test_types_are_messages_of_their_own_in_the_order_of_the_drawing(self):
         lines, _ = self.messages(entities(*("0", "SOLID", "0", "WALL") * 3, *LINE))
         self.assertEqual(lines, [f"plan.dxf:6: {SOLID_TEXT} (3 times)",
                                  "plan.dxf:8: WALL - Unknown Object Type Name (3 times)"])
 
-    def test_values_of_a_group_code_do_not_tell_messages_apart(self):
+    def test_values_of_a_group_code_do_not_make_messages_differ(self):
         lines, _ = self.messages(self.circles(("71", "1"), ("71", "2"), ("72", "5"), ("72", "5"), ("73", "x")))
         prefix = "ReadENTITIES_COMMON Unknown Dimension type AcDbCircle"
         self.assertEqual([line.split(": ", 1)[1] for line in lines],
                          [f"{prefix} ('71' = '…') (2 times)", f"{prefix} ('72' = '5') (2 times)",
                           f"{prefix} ('73' = 'x')"])
 
-    def test_what_is_no_group_code_does_not_tell_messages_apart(self):
+    def test_what_is_no_group_code_does_not_make_messages_differ(self):
         lines, _ = self.messages(entities("0", "SOLID", "abc", "1", "0", "SOLID", "it's", "1", *LINE))
         self.assertIn("plan.dxf:7: Read_UNKNOWN() Failed to read integer from '…' (2 times)", lines)
 

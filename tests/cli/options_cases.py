@@ -58,12 +58,12 @@ class Options(CommandTest):
         self.assertEqual(self.names(), ["a.svg", "b.svg", "c.svg", "plan.dxf"])
         self.assertEqual(self.read("a.svg"), self.read("b.svg"))
 
-    def test_options_may_stand_before_the_file(self):
+    def test_options_may_come_before_the_file(self):
         self.write("plan.dxf")
         self.expect(0, "-o", "a.svg", "--quiet", "plan.dxf")
         self.assertEqual(self.names(), ["a.svg", "plan.dxf"])
 
-    def test_after_two_dashes_stands_a_file(self):
+    def test_after_two_dashes_comes_a_file(self):
         self.write("-q.dxf")
         self.expect(0, "--", "-q.dxf")
         self.assertEqual(self.names(), ["-q.dxf", "-q.svg"])
@@ -93,7 +93,7 @@ class Options(CommandTest):
             self.assertEqual(self.expect(0, "plan.dxf", option), "")
         self.assertIn("plan.svg", self.names())
 
-    def test_quiet_still_tells_errors(self):
+    def test_quiet_still_reports_errors(self):
         self.assertEqual(self.expect(3, "-q", "none.dxf"), "none.dxf: cannot be read: No such file or directory\n")
 
     def test_wrong_usage(self):

@@ -84,7 +84,7 @@ class NothingVisible(OutcomeTest):
                 self.write("plan.dxf", content)
                 self.assertIn("nothing of it is visible", self.expect(6, "-q", "plan.dxf"))
 
-    def test_programs_are_told(self):
+    def test_programs_get_it_too(self):
         self.write("plan.dxf", self.BLANK["it cannot draw 2 HATCH"])
         doubtful, drawn = map(json.loads, self.expect(6, "--messages=json", "plan.dxf").splitlines())
         self.assertEqual(doubtful, {"type": "doubtful", "file": "plan.dxf", "exit": 6,

@@ -1,4 +1,4 @@
-"""Runs a command and tells the most memory that it took."""
+"""Runs a command and prints the most memory that it took."""
 import subprocess
 import sys
 

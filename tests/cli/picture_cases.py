@@ -74,8 +74,8 @@ class Size(PictureTest):
                               (header("9", "$MEASUREMENT", "70", "1"), "mm")):
             self.expect_width(self.side(content + entities(*LONG_LINE), "--units", "guess", "--true-size"), unit)
 
-    def test_what_was_assumed_is_told(self):
-        for content, options, told in (
+    def test_what_was_assumed_is_said(self):
+        for content, options, size in (
                 (insunits(4), [], ", 104 x 54.01 mm (the unit is mm, by $INSUNITS)\n"),
                 (insunits(4), ["--units", "cm"], ", 1040 x 540.1 mm (the unit is cm, as asked for)\n"),
                 (b"", [], ", size in pixels (the drawing states no unit)\n"),
@@ -90,7 +90,7 @@ class Size(PictureTest):
                 (header("9", "$MEASUREMENT", "70", "0"), ["--units", "guess"],
                  " mm (the unit is in, guessed from $MEASUREMENT)\n")):
             printed = self.draw(content + entities(*LONG_LINE), "--as-is", *options)[1]
-            self.assertTrue(printed.endswith(told), printed)
+            self.assertTrue(printed.endswith(size), printed)
 
     def test_nothing_to_measure_has_no_size_in_millimetres(self):
         for content, code in ((entities(), 0), (entities("0", "INSERT", "2", "NOWHERE"), 6),
@@ -113,26 +113,26 @@ class Size(PictureTest):
         super().setUp()
         self.AS_IS = False
 
-    def told(self, content, *options):
+    def size_of(self, content, *options):
         """What is said about the size, from the number of milliseconds on."""
         return self.draw(content, *options)[1].split(" ms, ")[1].rstrip("\n")
 
     def test_a_drawing_beyond_a0_is_written_at_a_standard_scale(self):
         metres = insunits(6) + entities(*LONG_LINE)
-        self.assertEqual(self.told(metres), "1041 x 540.7 mm at 1:100 (the unit is m, by $INSUNITS)")
+        self.assertEqual(self.size_of(metres), "1041 x 540.7 mm at 1:100 (the unit is m, by $INSUNITS)")
         self.assertAlmostEqual(self.side(metres)[0], 1040.7, delta=0.1)
-        self.assertEqual(self.told(insunits(4) + entities(*LONG_LINE)),
+        self.assertEqual(self.size_of(insunits(4) + entities(*LONG_LINE)),
                          "104.1 x 54.07 mm (the unit is mm, by $INSUNITS)")
 
     def test_a_scale_that_is_asked_for(self):
         metres = insunits(6) + entities(*LONG_LINE)
-        self.assertEqual(self.told(metres, "--scale", "1:250"), "416.3 x 216.3 mm at 1:250 (the unit is m, by $INSUNITS)")
-        self.assertIn(" at 1:50000000 (", self.told(metres, "--scale", "1:50000000"))
+        self.assertEqual(self.size_of(metres, "--scale", "1:250"), "416.3 x 216.3 mm at 1:250 (the unit is m, by $INSUNITS)")
+        self.assertIn(" at 1:50000000 (", self.size_of(metres, "--scale", "1:50000000"))
         self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104073 / 7, delta=1)
         for options in (["--true-size"], ["--scale", "1:1"]):
             self.assertAlmostEqual(self.side(metres, *options)[0], 104073, delta=1)
-            self.assertTrue(self.told(metres, *options).endswith(" mm (the unit is m, by $INSUNITS)"))
-        self.assertEqual(self.told(entities(*LONG_LINE), "--scale", "1:5"),
+            self.assertTrue(self.size_of(metres, *options).endswith(" mm (the unit is m, by $INSUNITS)"))
+        self.assertEqual(self.size_of(entities(*LONG_LINE), "--scale", "1:5"),
                          "size in pixels (the drawing states no unit)")
 
     def test_what_is_no_scale_is_wrong_usage(self):
@@ -178,7 +178,7 @@ class Fit(PictureTest):
         whole = entities(*LONG_LINE)
         self.assertEqual(self.draw(whole, "--fit", "most")[0], self.draw(whole)[0])
 
-    def test_json_tells_it(self):
+    def test_json_has_it(self):
         for options, cropped in ([], False), (["--fit", "most"], True):
             drawn = json.loads(self.width("--messages", "json", *options)[1].splitlines()[-1])
             self.assertAlmostEqual(drawn["filled"], 0.1, delta=0.001)

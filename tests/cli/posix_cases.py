@@ -31,7 +31,7 @@ def signalled_at_first_file(folder, number, action=signal.SIG_DFL):
         fcntl.fcntl(descriptor, fcntl.F_SETOWN, os.getpid())
         fcntl.fcntl(descriptor, fcntl.F_NOTIFY, fcntl.DN_CREATE)
     if not tells_of_new_files(folder):
-        raise unittest.SkipTest("this kernel tells nobody of new files")
+        raise unittest.SkipTest("this kernel reports new files to nobody")
     return {"preexec_fn": ask, "close_fds": False}
 
 
@@ -92,7 +92,7 @@ class Permissions(CommandTest):
             self.assertIn("</svg>", self.read("plan.svg"))
             self.assertEqual(stat.S_IMODE(os.stat(self.path("plan.svg")).st_mode), mode)
 
-    def test_a_picture_that_root_draws_anew_keeps_its_owner(self):
+    def test_a_picture_that_root_redraws_keeps_its_owner(self):
         if not self.options:
             self.skipTest("only root can give files away")
         self.write("plan.dxf")
@@ -359,7 +359,7 @@ class Texts(CommandTest):
     CONTENT = entities("0", "TEXT", "40", "1", "1", "Tür 1", "0", "MTEXT", "40", "1", "3", "Tür", "1", "Tor", "0",
                        "TEXT", "40", "1", "1", "Tür 2")
 
-    def test_texts_that_are_not_utf_8_are_told(self):
+    def test_texts_that_are_not_utf_8_are_reported(self):
         self.write("plan.dxf", self.CONTENT.decode().encode("latin-1"))
         self.assertIn("; 3 texts are not UTF-8 (drawn with U+FFFD)\n", self.expect(0, "plan.dxf"))
         self.assertIn("T\ufffdr", self.read("plan.svg"))
@@ -367,19 +367,19 @@ class Texts(CommandTest):
         self.assertIn("note: 3 texts are not UTF-8, the first at line 10; what is no UTF-8 is drawn as U+FFFD\n",
                       self.plexorn("info", "plan.dxf").stdout)
 
-    def test_the_code_page_stands_in_the_note(self):
+    def test_the_code_page_is_in_the_note(self):
         page = dxf("0", "SECTION", "2", "HEADER", "9", "$DWGCODEPAGE", "3", "ANSI_1252", "0", "ENDSEC")
         self.write("plan.dxf", page + self.CONTENT.decode().encode("latin-1"))
         self.assertIn("3 texts are not UTF-8 ($DWGCODEPAGE is ANSI_1252), the first at line 20",
                       self.plexorn("info", "plan.dxf").stdout)
 
-    def test_nothing_is_told_of_utf_8(self):
+    def test_nothing_is_said_of_utf_8(self):
         self.write("plan.dxf", self.CONTENT)
         self.assertNotIn("UTF-8", self.expect(0, "plan.dxf") + self.plexorn("info", "plan.dxf").stdout)
 
 
 class Descriptors(CommandTest):
-    def test_a_reason_is_told_when_there_are_too_few(self):
+    def test_a_reason_is_given_when_there_are_too_few(self):
         self.write("plan.dxf")
         for count in range(3, 12):
             def limit(count=count):
@@ -593,7 +593,7 @@ class Terminal(CommandTest):
         process.wait()
         return printed.decode().replace("\r\n", "\n")
 
-    def test_colours_stand_on_a_terminal_only(self):
+    def test_colours_are_for_a_terminal_only(self):
         self.write("plan.dxf", DRAWING_WITH_MESSAGE)
         self.assertIn("\x1b[1mplan.dxf:6:\x1b[0m SOLID", self.on_terminal("plan.dxf", NO_COLOR=""))
         self.assertIn("\x1b[31mcannot be read", self.on_terminal("none.dxf", NO_COLOR=""))
@@ -607,7 +607,7 @@ class Terminal(CommandTest):
             self.assertNotIn("\x1b", printed)
         self.assertNotIn("\x1b", self.on_terminal("--messages", "json", "plan.dxf", NO_COLOR=""))
 
-    def test_progress_stands_on_a_terminal_only_and_goes_away(self):
+    def test_progress_is_shown_on_a_terminal_only_and_goes_away(self):
         names = [f"{number}.dxf" for number in range(20)]
         for name in names:
             self.write(name)

@@ -161,11 +161,11 @@ class Prepare(PrepareTest):
 
 
 class Findings(PrepareTest):
-    """What preparing meets is told as messages, one line for each kind or one by one."""
+    """What preparing finds is reported as messages, one line for each kind or one by one."""
     CONTENT = entities(*SOLID, *LINE, *SOLID, "0", "REGION", "8", "0", *SOLID)
     COMMANDS = ((), ("prepare", "-o", "out.dxf"))
 
-    def told(self, *arguments):
+    def said(self, *arguments):
         self.write("plan.dxf", self.CONTENT)
         *lines, closing = self.expect(0, *arguments, "plan.dxf").splitlines()
         self.assertIn(", 4 messages, ", closing)
@@ -173,12 +173,12 @@ class Findings(PrepareTest):
 
     def test_one_line_for_each_kind(self):
         for command in self.COMMANDS:
-            self.assertEqual(self.told(*command), ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
+            self.assertEqual(self.said(*command), ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
                                                    "plan.dxf:26: REGION is not shown: modelled"])
 
     def test_every_one(self):
         for command in self.COMMANDS:
-            self.assertEqual(self.told(*command, "--verbose"), [
+            self.assertEqual(self.said(*command, "--verbose"), [
                 "plan.dxf:6: 3DSOLID is not shown: modelled", "plan.dxf:22: 3DSOLID is not shown: modelled",
                 "plan.dxf:26: REGION is not shown: modelled", "plan.dxf:30: 3DSOLID is not shown: modelled"])
 
@@ -192,10 +192,10 @@ class Findings(PrepareTest):
             self.assertEqual(closing["messages"], 4)
 
     def test_no_more_lines_than_asked_for(self):
-        self.assertEqual(self.told("--max-messages", "1"),
+        self.assertEqual(self.said("--max-messages", "1"),
                          ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
                           "plan.dxf: … and 1 more message of 1 kind"])
-        self.assertEqual(self.told("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
+        self.assertEqual(self.said("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
 
 
 class Sheets(PrepareTest):

@@ -43,7 +43,7 @@ class Readme(unittest.TestCase):
     def picture(self, name):
         return ElementTree.parse(os.path.join(self.folder, name)).getroot()
 
-    def test_the_two_commands_stand_first(self):
+    def test_the_two_commands_come_first(self):
         self.assertEqual(code_blocks("sh")[0].splitlines(), FIRST_COMMANDS)
 
     def test_the_first_command_draws_the_floor_plan(self):

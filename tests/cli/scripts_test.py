@@ -18,7 +18,7 @@ def run(script, *arguments, **options):
 
 
 class Help(unittest.TestCase):
-    def test_every_script_tells_what_it_does(self):
+    def test_every_script_says_what_it_does(self):
         scripts = [name for name in os.listdir(os.path.join(ROOT, "scripts"))
                    if os.path.isfile(os.path.join(ROOT, "scripts", name))]
         self.assertLessEqual({"import", "setup", "test"}, set(scripts))
@@ -28,7 +28,7 @@ class Help(unittest.TestCase):
                 self.assertEqual((result.returncode, result.stderr), (0, ""))
                 self.assertTrue(result.stdout.startswith(f"scripts/{name} "), result.stdout)
 
-    def test_wrong_usage_is_told(self):
+    def test_wrong_usage_is_reported(self):
         for script, arguments in (("setup", ["everything"]), ("test", ["debug"]), ("import", []),
                                   ("import", ["a", "b", "c"]), ("package", ["macos"]), ("package", ["-o"])):
             result = run(f"scripts/{script}", *arguments)

@@ -1,5 +1,5 @@
 """Strokes can be seen and pictures can be opened, and none is blank whose exit code says that it was drawn: of the
-drawings at hand, fitted into a screen, and of their sizes."""
+drawings that are here, fitted into a screen, and of their sizes."""
 import argparse
 import collections
 import glob

@@ -56,6 +56,6 @@ class Texts(CommandTest):
         self.assertIn(">8 × 45° ± 0.1<", picture)
         self.assertNotIn("code page", said)
 
-    def test_letters_that_it_lacks_are_told(self):
+    def test_letters_that_it_lacks_are_reported(self):
         said, picture = self.drawn("Ж א あ")
         self.assertEqual("TEXT without letters that the system's code page lacks" in said, ">Ж א あ<" not in picture)

@@ -66,7 +66,7 @@ class ExampleDrawings(Checks):
         cls.part = Drawing((EXAMPLES / "machine-part.dxf").read_bytes())
         cls.sheet = Drawing((EXAMPLES / "part-sheet.dxf").read_bytes())
 
-    def test_the_script_writes_the_files_that_stand_beside_it(self):
+    def test_the_script_writes_the_files_beside_it(self):
         with tempfile.TemporaryDirectory() as folder:
             made = run(EXAMPLES / "make_drawings.py", folder)
             self.assertEqual((made.returncode, made.stderr), (0, ""))

@@ -96,7 +96,7 @@ class PictureRules(unittest.TestCase):
         self.assertEqual(drawn.get("stroke"), text.get("fill"))
         self.assertIn(f"`{drawn.get('stroke')}`", self.rules)
 
-    def test_an_arrow_has_the_size_that_is_told(self):
+    def test_an_arrow_has_the_size_that_is_asked_for(self):
         picture, drawn = self.draw(self.dimension(4, 100, "AcDbRadialDimension", 15, 0, 25, 0))
         [line] = drawn.findall(f".//{SVG}line")
         marker = picture.find(f".//{SVG}marker[@id='{line.get('marker-end')[5:-1]}']")
@@ -105,7 +105,7 @@ class PictureRules(unittest.TestCase):
         self.assertTrue(marker.find(f"{SVG}path").get("d").startswith("M0 0L"))
         self.assertEqual(marker.find(f"{SVG}path").get("fill"), "#00ff00")
 
-    def test_texts_are_filled_and_stand_at_their_point(self):
+    def test_texts_are_filled_and_are_at_their_point(self):
         texts = [[0, "MTEXT", 10, 3, 20, 4, 40, 2, 71, attachment, 62, 1, 1, "a"] for attachment in (1, 2, 3, 7)]
         _, drawn = self.draw(*texts)
         found = drawn.findall(f"{SVG}text")
@@ -172,13 +172,13 @@ class Document(unittest.TestCase):
             found = [base for base in ("", "src") if os.path.exists(os.path.join(ROOT, base, name))]
             self.assertTrue(found, name)
 
-    def test_every_operation_is_told_of(self):
+    def test_every_operation_is_described(self):
         with open(os.path.join(ROOT, "src", "host", "QuillmarLib.def"), encoding="utf-8") as file:
             operations = [line.strip() for line in file if line.startswith(" ")]
         table = document().split("### The operations")[1].split("###")[0]
         self.assertEqual([name for name in operations if f"`{name}" not in table], [])
 
-    def test_every_attribute_is_told_of_and_no_other(self):
+    def test_every_attribute_is_described_and_no_other(self):
         # The names are literals of the sources that set them.
         used = set()
         for folder in ("convert", "dimension"):
@@ -234,7 +234,7 @@ class Document(unittest.TestCase):
 
     def test_without_a_host_the_module_does_not_load(self):
         if ARGS.emulator:
-            self.skipTest("a window would tell")
+            self.skipTest("a window would say so")
         self.compile("load.c", "-o", "load", "-I", os.path.join(self.install(), "include", "plexorn"))
         module = os.path.join("installed", "lib", "plexorn", "module", "libPlexorn.so")
         code, _, errors = run_text("./load", "libm.so.6", module, cwd=self.folder)

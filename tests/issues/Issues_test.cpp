@@ -125,13 +125,14 @@ TEST_P(Issue, IsMended)
     const std::string outcome = OutcomeOf(drawing);
     if (IsRewriting()) {
         std::ofstream(expected, std::ios::binary) << outcome;
-        GTEST_SKIP() << expected << " is written anew.";
+        GTEST_SKIP() << expected << " has been rewritten.";
     }
-    ASSERT_TRUE(std::filesystem::exists(expected)) << "what must come of " << drawing << " is nowhere told";
+    ASSERT_TRUE(std::filesystem::exists(expected))
+        << "what must come of " << drawing << " is written nowhere";
     EXPECT_EQ(outcome, BytesOf(expected)) << drawing;
 }
 
-TEST_P(Issue, TellsItsStoryFirst)
+TEST_P(Issue, SaysFirstWhatWentWrong)
 {
     std::ifstream file(kFolder / (GetParam() + ".dxf"), std::ios::binary);
     std::string code, story;

@@ -82,7 +82,7 @@ class Contents(Unpacked):
             self.assertEqual(support.files_below(os.path.join(folder, support.archive_name())),
                              sorted(name + ".debug" for name in self.binaries()))
 
-    def test_no_file_tells_where_it_was_built(self):
+    def test_no_file_says_where_it_was_built(self):
         with tempfile.TemporaryDirectory() as folder:
             for archive in support.archives():
                 support.unpack(archive, folder)
@@ -139,7 +139,7 @@ class Command(Unpacked):
         with open(os.path.join(self.folder, "Bild é.svg"), encoding="utf-8") as file:
             self.assertIn("<symbol", file.read())
 
-    def test_it_tells_its_version(self):
+    def test_it_says_its_version(self):
         plexorn = program(os.path.join(self.prefix, "bin"), "plexorn", support.ARGS.emulator)
         code, version, _ = run_text(*plexorn, "--version")
         self.assertEqual(code, 0)
@@ -190,7 +190,7 @@ class PkgConfig(ExamplePrograms, Unpacked):
         cls.minimal_host = [os.path.join(cls.folder, "minimal_host")]
         cls.record_calls = [os.path.join(cls.folder, "record_calls")]
 
-    def test_the_version_is_told(self):
+    def test_the_version_is_printed(self):
         environment = self.environment(PKG_CONFIG_PATH=os.path.join(self.prefix, "lib", "pkgconfig"))
         for package in ("plexorn", "plexorn-svghost"):
             self.assertEqual(run("pkg-config", "--modversion", package, env=environment).strip(), support.ARGS.version)

@@ -155,7 +155,7 @@ class Thumbnailer(InRoot):
         self.assertEqual(result.returncode, 4)
         self.assertFalse(os.path.exists(picture))
 
-    def test_wrong_usage_is_told(self):
+    def test_wrong_usage_is_reported(self):
         result = subprocess.run([os.path.join(self.usr, "bin", "plexorn-thumbnailer"), "a"], capture_output=True,
                                 text=True)
         self.assertEqual((result.returncode, result.stderr),

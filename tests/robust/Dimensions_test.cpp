@@ -264,7 +264,7 @@ TEST(LongDimensionTexts, OfNothingButOneCharacterAreDrawnOrNot)
     EXPECT_EQ(CountOf("qlmCreateText", shown(Repeated("\\S1/2;", 170))), 340u);
 }
 
-TEST(LongDimensionTexts, LongestUnknownMarkerStandsWholeInItsMessage)
+TEST(LongDimensionTexts, LongestUnknownMarkerIsWholeInItsMessage)
 {
     const std::string marker = Repeated("m", 1023);
     const OneDimension reader(Part(marker));

@@ -108,7 +108,7 @@ void ExpectSame(const Outcome& outcome, const Outcome& expected)
 } // namespace
 
 // A fault earlier than is said is found: in a layer, in a block, in an entity, in a message.
-TEST(SweepItself, TellsWhatAFaultChangesBeforeItsLine)
+TEST(SweepItself, FindsWhatAFaultChangesBeforeItsLine)
 {
     const std::string& drawing = Drawing("groups").bytes;
     const WholeImport whole = WholeDrawing(drawing);

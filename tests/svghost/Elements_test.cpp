@@ -68,7 +68,7 @@ TEST(Elements, PointsArePairs)
     EXPECT_STREQ(svg.First("polygon").attribute("points").value(), "");
 }
 
-TEST(Elements, TextStandsAtTheSumOfBothPairs)
+TEST(Elements, TextIsAtTheSumOfBothPairs)
 {
     const HostDocument document;
     qlmCreateText(document.Context(), L"", 1, 2, 0, 0, L"a", 0, 0);
@@ -81,7 +81,7 @@ TEST(Elements, TextStandsAtTheSumOfBothPairs)
     EXPECT_EQ(first.next_sibling("text").attribute("y").as_double(), 4);
 }
 
-TEST(Elements, ElementsStandInTheOrderOfCreation)
+TEST(Elements, ElementsAreInTheOrderOfCreation)
 {
     const HostDocument document;
     document.Line(0, 0, 1, 1);
@@ -111,7 +111,7 @@ TEST(Elements, GroupCollectsUntilTheFormerNodeIsCurrentAgain)
     EXPECT_FALSE(svg.First("g").child("circle"));
 }
 
-TEST(Elements, GroupInASymbolStandsInTheSymbol)
+TEST(Elements, GroupInASymbolIsInTheSymbol)
 {
     const HostDocument document;
     const QlmNode symbol = document.Begin(L"S");

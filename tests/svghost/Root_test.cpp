@@ -87,7 +87,7 @@ TEST(Root, SizeWithASideThatIsNoUsableNumberIsLeftToPixels)
     }
 }
 
-TEST(Root, StyleSheetStandsFirstAndChangesNothingElse)
+TEST(Root, StyleSheetIsFirstAndChangesNothingElse)
 {
     HostDocument document;
     ThinLine(document);

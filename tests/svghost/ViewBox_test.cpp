@@ -150,7 +150,7 @@ TEST(ViewBox, TextTakesRoomByItsAnchor)
     ExpectTight(ViewBoxOf(ParsedSvg(document)), -60, -9, 60, 2.5, 3);
 }
 
-TEST(ViewBox, IdeographsAreAnEmWideIfTheHostIsToldTo)
+TEST(ViewBox, IdeographsAreAnEmWideIfTheHostIsAskedTo)
 {
     const HostDocument document;
     document.Set(document.Text(0, 0, L"\u3044\u308D\u306F\u306Babcde\uFF76"), L"font-size", L"10.00");

@@ -165,7 +165,7 @@ TEST(Xml, EveryUnitGivesAFileThatParses)
         EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n' || byte == '\t');
 }
 
-TEST(Xml, FileTellsItsVersionAndEncoding)
+TEST(Xml, FileSaysItsVersionAndEncoding)
 {
     const HostDocument document;
     EXPECT_EQ(document.Write().rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg ", 0), 0u);

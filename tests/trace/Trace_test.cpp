@@ -98,7 +98,7 @@ TEST_P(Trace, IsTheGoldenOne)
     const std::string trace = TraceOfFile(kFolder / (name + ".dxf"));
     if (IsRewriting()) {
         std::ofstream(golden, std::ios::binary) << trace;
-        GTEST_SKIP() << golden << " is written anew.";
+        GTEST_SKIP() << golden << " has been rewritten.";
     }
     EXPECT_EQ(trace, BytesOf(golden)) << golden;
 }

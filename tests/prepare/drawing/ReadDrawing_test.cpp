@@ -439,7 +439,7 @@ TEST(ReadDrawing, WordsOfTheFormatMayBeInSmallLetters)
     EXPECT_TRUE(read.report.Entries().empty());
 }
 
-TEST(ReadDrawing, FailureToReadIsTold)
+TEST(ReadDrawing, FailureToReadIsReported)
 {
     struct Failing final : CDxfSource {
         std::ptrdiff_t Read(char*, std::size_t) override { return -1; }

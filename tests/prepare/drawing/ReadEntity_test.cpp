@@ -308,7 +308,7 @@ TEST(ReadEntity, MultiLeaderWhoseBracesStayOpenEndsWithTheEntity)
     EXPECT_EQ(block.As<MultiLeader>().branches[0].lines.size(), 1u);
 }
 
-TEST(ReadEntity, HatchLoopsPatternAndSeedsAreToldApart)
+TEST(ReadEntity, HatchLoopsPatternAndSeedsAreKeptApart)
 {
     const ReadBlock block(
         {{0, "HATCH"}, {10, "0"},   {20, "0"},   {30, "5"},   {2, "ANSI31"}, {70, "0"}, {91, "2"},

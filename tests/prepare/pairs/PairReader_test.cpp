@@ -303,7 +303,7 @@ TEST(PairReader, CountsLinesAndBytes)
     EXPECT_EQ(reader.Bytes(), text.size());
 }
 
-TEST(PairReader, FailureToReadIsTold)
+TEST(PairReader, FailureToReadIsReported)
 {
     FailingSource source("0\nLINE\n8\nx\n");
     PairReader reader(source);

@@ -18,7 +18,7 @@ TEST(CircularArcOf, AQuarterTurn)
     EXPECT_NEAR(arc.end, std::numbers::pi / 2, 1e-12);
 }
 
-TEST(CircularArcOf, AClockwiseArcIsToldFromItsEnd)
+TEST(CircularArcOf, AClockwiseArcIsGivenFromItsEnd)
 {
     const BulgeArc arc = CircularArcOf({0, 1}, {1, 0}, -std::tan(std::numbers::pi / 8));
     EXPECT_NEAR(arc.centre.x, 0, 1e-12);

@@ -83,7 +83,7 @@ public:
     Drawing drawing;
     Matrix matrix;
     Report report;
-    std::map<NameId, LineType> dashed; // line types that recordings tell by their dashes
+    std::map<NameId, LineType> dashed; // line types that recordings know by their dashes
 };
 
 // Those of one colour, without it.

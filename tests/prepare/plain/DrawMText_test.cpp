@@ -82,7 +82,7 @@ TEST(DrawMText, AttachmentsInTheMiddleHaveThePointHalfWay)
               (Lines{"text 'A' at 0,1 along 3,0 up 0,3 end", "text 'B' at 0,-4 along 3,0 up 0,3 end"}));
 }
 
-TEST(DrawMText, AttachmentsAtTheBottomStandOnThePoint)
+TEST(DrawMText, AttachmentsAtTheBottomAreOnThePoint)
 {
     EXPECT_EQ(Drawn(Attached(7)),
               (Lines{"text 'A' at 0,5 along 3,0 up 0,3 start", "text 'B' at 0,0 along 3,0 up 0,3 start"}));
@@ -253,7 +253,7 @@ TEST(DrawMText, RunsThatLookTheSameAreOne)
               Lines{"text 'AB A' at 0,-1 along 1,0 up 0,1 start"});
 }
 
-TEST(DrawMText, LowerRunsStandOnTheBaseLineHalfWayOrAtTheTop)
+TEST(DrawMText, LowerRunsAreOnTheBaseLineHalfWayOrAtTheTop)
 {
     EXPECT_EQ(Drawn("A{\\H0.5;\\A0;A}"), (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
                                                 "text 'A' at 0.844,-1 along 0.5,0 up 0,0.5 start"}));

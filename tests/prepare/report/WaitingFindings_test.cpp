@@ -19,7 +19,7 @@ struct Told {
     std::string all;
 };
 
-TEST(WaitingFindings, AreToldOneByOneInTheirOrder)
+TEST(WaitingFindings, AreReportedOneByOneInTheirOrder)
 {
     WaitingFindings waiting;
     waiting.Taken().Add(Finding::Cut, "B", "", 7);

@@ -1,7 +1,7 @@
 // Draws single entities for tests.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawGeometry.h"
 #include "support/RecordingSink.h"
 
 #include <cstdint>

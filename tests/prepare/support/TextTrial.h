@@ -1,7 +1,8 @@
 // Draws one text or note and gives what came out as lines of text.
 #pragma once
 
-#include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/DrawNotes.h"
+#include "prepare/plain/DrawTexts.h"
 #include "support/RecordingSink.h"
 
 #include <string>

@@ -52,7 +52,7 @@ TEST(StyleTable, LineTypesWithoutNamesAreKeptByTheirDashes)
     EXPECT_EQ(styles[second].lineType->dashes, (std::vector<double>{2, -1}));
 }
 
-TEST(StyleTable, LineTypesWithNamesAreToldByThem)
+TEST(StyleTable, LineTypesAreKnownByTheirNames)
 {
     StyleTable styles;
     LineType dashed, dotted;

@@ -21,8 +21,9 @@ std::int32_t CodeOf(std::string_view line)
 {
     std::int32_t code = -1;
     EXPECT_TRUE(ParseCode(line, code)) << line;
-    if (std::int32_t usual = -1; ParseUsualCode(line, usual))
-        EXPECT_EQ(usual, code) << line;
+    std::int32_t usual = code;
+    ParseUsualCode(line, usual);
+    EXPECT_EQ(usual, code) << line;
     return code;
 }
 

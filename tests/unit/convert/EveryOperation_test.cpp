@@ -99,7 +99,7 @@ TEST(EveryOperation, ComesFromItsDrawing)
     }
 }
 
-TEST(EveryOperation, OfTheHeaderStandsInTheTable)
+TEST(EveryOperation, OfTheHeaderIsInTheTable)
 {
     std::set<std::string> listed;
     for (const Case& of : kCases)

@@ -128,7 +128,7 @@ TEST(LWPolyline, AfterAnotherStartsWithNoPoints)
             "qlmCreatePolyline(ctx, \"\", \"5.000000,-6.000000\", 0, 0) = n2\n" + Style("n2"));
 }
 
-// The room for the text is made anew when the second one does not fit into what the first one left.
+// The room for the text is made again when the second one does not fit into what the first one left.
 TEST(LWPolyline, OfManyVerticesHasThemAllInOrder)
 {
     std::string file = Dxf({{0, "SECTION"}, {2, "ENTITIES"}});

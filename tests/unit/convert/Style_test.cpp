@@ -137,7 +137,7 @@ TEST(StrokeWidth, ByLayerOnALayerWithoutAWeightIsTheDefault)
 TEST(StrokeWidth, ByLayerWithoutItsLayerIsTheDefault)
 {
     const std::string tables = Tables({{.name = "Walls", .lineWeight = "70"}});
-    EXPECT_EQ(Width(tables, {{8, "walls"}}), "0.500000") << "names are told apart by case";
+    EXPECT_EQ(Width(tables, {{8, "walls"}}), "0.500000") << "names of different case are different";
     EXPECT_EQ(Width(tables, {{8, "Wall"}}), "0.500000");
     EXPECT_EQ(Width(tables, {}), "0.500000");
     EXPECT_EQ(Width("", {{8, "Walls"}, {370, -1}}), "0.500000");
@@ -275,7 +275,7 @@ TEST(StrokeDashes, OfAMissingLineTypeAreEmptyWhateverTheLayers)
         Tables({{.name = "Walls", .lineType = "DOT"}, {.name = "Doors", .lineType = "GONE"}},
                {{.name = "DOT", .dashes = {"1"}}});
     EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "GONE"}}), "");
-    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "dot"}}), "") << "names are told apart by case";
+    EXPECT_EQ(Dashes(tables, {{8, "Walls"}, {6, "dot"}}), "") << "names of different case are different";
     EXPECT_EQ(Dashes(tables, {{8, "Doors"}}), "");
 }
 

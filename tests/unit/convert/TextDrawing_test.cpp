@@ -69,7 +69,7 @@ protected:
 
 } // namespace
 
-TEST_F(TextDrawing, TextStandsOneHeightBelowItsInsertionPoint)
+TEST_F(TextDrawing, TextIsOneHeightBelowItsInsertionPoint)
 {
     EXPECT_EQ(TraceOf(EntitiesSection({{0, "TEXT"}, {10, 10}, {20, 20}, {40, 2.5}, {1, "Hello"}})),
               "qlmCreateText(ctx, \"\", 10, -17.5, 0, 0, \"Hello\", 0, 0) = n1\n"
@@ -77,7 +77,7 @@ TEST_F(TextDrawing, TextStandsOneHeightBelowItsInsertionPoint)
               "qlmSetAttributeByNode(ctx, n1, \"stroke\", \"RGB(255,255,255)\")\n");
 }
 
-TEST_F(TextDrawing, MTextStandsOneHeightBelowItsInsertionPointWithAnAnchor)
+TEST_F(TextDrawing, MTextIsOneHeightBelowItsInsertionPointWithAnAnchor)
 {
     EXPECT_EQ(TraceOf(EntitiesSection({{0, "MTEXT"}, {10, 10}, {20, 20}, {40, 2.5}, {1, "Hello"}})),
               "qlmCreateText(ctx, \"\", 10, -17.5, 0, 0, \"Hello\", 0, 0) = n1\n"

@@ -161,7 +161,7 @@ TEST(DimensionReader, OverrideOfBlanksIsEmpty)
     EXPECT_EQ(reader.AllParts(), Parts{PartDefaults("AcDbDimension")});
 }
 
-TEST(DimensionReader, PartsStandInTheOrderOfTheirMarkers)
+TEST(DimensionReader, PartsAreInTheOrderOfTheirMarkers)
 {
     for (const std::string_view first : kPartMarkers) {
         for (const std::string_view second : kPartMarkers) {

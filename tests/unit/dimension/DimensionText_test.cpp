@@ -80,7 +80,7 @@ TEST(DimensionText, EmptyTextDrawsNothing)
     EXPECT_EQ(Laid(L";;;"), "");
 }
 
-TEST(DimensionText, PiecesBetweenSemicolonsStandAtTheSamePlace)
+TEST(DimensionText, PiecesBetweenSemicolonsAreAtTheSamePlace)
 {
     EXPECT_EQ(Laid(L"12;34;56"), Pieces({{"12"}, {"34"}, {"56"}}));
 }

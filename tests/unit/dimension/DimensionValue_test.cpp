@@ -93,7 +93,7 @@ TEST(DimensionValue, OverrideHoldsTheValueInPlaceOfItsMark)
         EXPECT_EQ(TextsOfKind(kind, {{1, "R<>"}}), std::string("R").append(kind.value)) << kind.name;
 }
 
-TEST(DimensionValue, OverrideWithoutAMarkIsShownAsItStands)
+TEST(DimensionValue, OverrideWithoutAMarkIsShownAsItIs)
 {
     EXPECT_EQ(Shown({{1, " see note < 5 > "}}), OneText("see note < 5 >"));
     for (const Kind& kind : kKinds)

@@ -199,7 +199,7 @@ TEST(EmitCallbacks, KindsOutsideOneToNineArePassedOver)
     EXPECT_EQ(reader.calls, (Calls{"OnBlockBegin A", "OnLine inner", "OnBlockEnd A", "OnLine outer"}));
 }
 
-TEST(EmitCallbacks, KindTellsWhatARecordIsAndNotItsClass)
+TEST(EmitCallbacks, KindSaysWhatARecordIsAndNotItsClass)
 {
     OddRecords reader;
     DXF_BLOCKS_BLOCK& block = reader.AddBlock("A");

@@ -212,7 +212,7 @@ TEST(EntityLoop, EndsecAsTheValueAfterAFailedEntityEndsTheSection)
                      "0 5 ReadENTITIES_POINT() Failed to read line, Line:7"}));
 }
 
-TEST(EntityLoop, ReadUnknownTellsWhetherItMetAZero)
+TEST(EntityLoop, ReadUnknownReturnsWhetherItMetAZero)
 {
     const auto skip = [](std::string_view text) {
         ReportingReader reader;

@@ -111,7 +111,7 @@ TEST(File, ReadThatASignalInterruptsGoesOn)
     EXPECT_EQ(signalsTaken, 5);
 }
 
-TEST(File, FailureToReadIsTold)
+TEST(File, FailureToReadIsReported)
 {
     // The first page of a process is never there: reading it fails.
     CDxfFile file("/proc/self/mem");

@@ -233,7 +233,7 @@ TEST(Stream, CarriageReturnThatEndsTheFileCountsAsAByteOfItsLine)
     EXPECT_EQ(LinesOf(Repeat(1023) + "\r"), (Texts{Repeat(1023) + "<cut><eof>"}));
 }
 
-TEST(Stream, NulOfALongLineShortensItAndItIsStillToldToBeCut)
+TEST(Stream, NulOfALongLineShortensItAndIsStillReportedAsCut)
 {
     const std::string line = "ab" + std::string(1, '\0') + Repeat(2000);
     EXPECT_EQ(LinesOf(line + "\nnext\n"), (Texts{"ab<cut>", "next", "<eof>"}));
@@ -253,7 +253,7 @@ TEST(Stream, LineLongerThanAnyBufferIsCutAndTheNextIsWhole)
             << size;
 }
 
-TEST(Stream, EachLongLineIsToldOnce)
+TEST(Stream, EachLongLineIsReportedOnce)
 {
     CDxfMemory memory(std::string_view("short\n"));
     CDxfStream untroubled(memory);
@@ -272,7 +272,7 @@ TEST(Stream, EachLongLineIsToldOnce)
     EXPECT_FALSE(stream.HasTrouble());
 }
 
-TEST(Stream, ReadErrorIsToldOnceAndCountsAsTheEndOfTheFile)
+TEST(Stream, ReadErrorIsReportedOnceAndCountsAsTheEndOfTheFile)
 {
     FailingReads source("a\nbc");
     CDxfStream stream(source);
@@ -291,7 +291,7 @@ TEST(Stream, ReadErrorAtOnceGivesAnEmptyLine)
     EXPECT_EQ(LinesOf(source), (Texts{"<failed><eof>"}));
 }
 
-TEST(Stream, ReadErrorWithinALongLineIsToldBesideTheCut)
+TEST(Stream, ReadErrorWithinALongLineIsReportedBesideTheCut)
 {
     FailingReads source(std::string_view("a\n"));
     EXPECT_EQ(LinesOf(source), (Texts{"a", "<failed><eof>"}));

@@ -338,7 +338,7 @@ TEST(EveryMessage, OfMemoryThatIsShort)
               "qlmCreateUse(ctx, \"\", 0, 0, \"\", \"hmi\", 0, -0) = n1");
 }
 
-TEST(EveryMessage, OfTheSourcesStandsInTheTable)
+TEST(EveryMessage, OfTheSourcesIsInTheTable)
 {
     std::set<std::string> listed = {kNotOpen, kNotRead, kNoMemory};
     for (const Case& of : Cases())
@@ -364,7 +364,7 @@ TEST(EveryMessage, OfTheRowsIsMadeForEachRowThatItsMacroIsFor)
 }
 
 // The scan itself: it would be no check if it overlooked texts.
-TEST(EveryMessage, ScanFindsWideTextsAndWhatTheyStandIn)
+TEST(EveryMessage, ScanFindsWideTextsAndWhatTheyAreIn)
 {
     std::vector<std::string> found;
     VisitWideTexts("a(L\"one %d\");\n// L\"comment\" it's\nb('\"', \"narrow L\\\"\", 1'000, L\"two\\\"\"\n   "

@@ -7,7 +7,7 @@
 #include <limits>
 #include <string>
 
-TEST(Message, ArgumentsStandInTheOrderOfTheFormat)
+TEST(Message, ArgumentsAreInTheOrderOfTheFormat)
 {
     CDxfStore store;
     const CDxfMessage message(L"%s ('%d' = '%s') Line:%d",

@@ -29,7 +29,7 @@ std::ptrdiff_t PlaceOf(const CDxfRead& reader, const Member& member)
 
 } // namespace
 
-TEST(ReaderLayout, CallbacksStandInTheirOrder)
+TEST(ReaderLayout, CallbacksAreInTheirOrder)
 {
 #if defined(__GXX_ABI_VERSION) && defined(__x86_64__)
     EXPECT_EQ(SlotOf(&CDxfRead::OnDimension), 0);

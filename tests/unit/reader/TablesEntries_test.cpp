@@ -240,7 +240,7 @@ TEST(TablesEntries, Code1002OfALayerIsAnOrdinaryPair)
               "m_strName=\"Walls\"");
 }
 
-TEST(TablesEntries, KindReadersTellHowTheyEnded)
+TEST(TablesEntries, KindReadersReturnHowTheyEnded)
 {
     const auto layer = [](std::string_view text) {
         ReportingReader reader;

@@ -1,6 +1,6 @@
-#include "cli/prepare/Texts.h"
+#include "cli/prepare/TextsOf.h"
 
-#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/TextWords.h"

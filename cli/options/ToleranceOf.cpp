@@ -1,4 +1,4 @@
-#include "cli/options/Tolerance.h"
+#include "cli/options/ToleranceOf.h"
 
 #include "base/Numbers.h"
 

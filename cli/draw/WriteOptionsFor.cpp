@@ -1,4 +1,4 @@
-#include "cli/draw/WriteOptions.h"
+#include "cli/draw/WriteOptionsFor.h"
 
 #include "base/Numbers.h"
 #include "cli/files/OlderPicture.h"

@@ -1,4 +1,4 @@
-#include "cli/info/Notes.h"
+#include "cli/info/NotesOn.h"
 
 #include "base/CodePage.h"
 #include "base/Joined.h"

@@ -1,4 +1,4 @@
-#include "prepare/plain/Windows.h"
+#include "prepare/plain/Viewports.h"
 
 #include "prepare/plain/Converter.h"
 #include "prepare/plain/Curves.h"

@@ -1,4 +1,4 @@
-#include "prepare/plain/Windows.h"
+#include "prepare/plain/Viewports.h"
 
 #include "prepare/plain/Curves.h"
 #include "prepare/support/ReadText.h"

@@ -1,6 +1,6 @@
-#include "cli/prepare/PrepareOptions.h"
+#include "cli/prepare/PrepareOptionsFor.h"
 
-#include "cli/options/Tolerance.h"
+#include "cli/options/ToleranceOf.h"
 
 namespace plexorn {
 

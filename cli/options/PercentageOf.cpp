@@ -1,4 +1,4 @@
-#include "cli/options/Percentage.h"
+#include "cli/options/PercentageOf.h"
 
 #include "base/Numbers.h"
 

@@ -1,0 +1,13 @@
+// Dimensions.
+#pragma once
+
+#include "prepare/drawing/RecordReader.h"
+
+#include <memory>
+
+namespace prepare {
+
+// Reads one; its type's name has been read.
+std::unique_ptr<Entity> ReadDimension(RecordReader& reader);
+
+} // namespace prepare

@@ -1,0 +1,13 @@
+// Tables among the entities.
+#pragma once
+
+#include "prepare/drawing/RecordReader.h"
+
+#include <memory>
+
+namespace prepare {
+
+// Reads one; its type's name has been read.
+std::unique_ptr<Entity> ReadTable(RecordReader& reader);
+
+} // namespace prepare
