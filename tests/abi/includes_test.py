@@ -52,7 +52,7 @@ COMMAND_ROOMS = {
              {"src/entry/dxfFileOpen.h", "src/host/ReportKinds.h", "svghost/SvgHost.h", "prepare/report/"}),
     "prepare": ({"batch", "contents", "files", "options", "report", "system"}, {"src/input/", "prepare/"}),
     "batch": ({"contents", "files", "options", "report", "system"}, set()),
-    "info": ({"contents", "files", "options", "prepare", "report"}, set()),
+    "info": ({"contents", "files", "options", "prepare", "report", "system"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
     "files": ({"options", "system"}, {"prepare/pairs/"}),
     "options": ({"contents"}, {"prepare/drawing/Encoding.h"}),
