@@ -58,9 +58,10 @@ bool IsFolderOfPictures(const std::string& output)
     return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
 }
 
-// The form that a picture's name promises and that this command does not write; empty if it promises none.
-std::string_view OtherForm(const std::string& output)
+// The form that an output's name promises and in which this task does not write; empty if it promises none.
+std::string_view OtherForm(const std::string& output, Task task)
 {
+    constexpr std::string_view kPicture = "svg";
     constexpr std::string_view kForms[] = {
         "png",  "jpg", "jpeg", "gif", "bmp",  "tif",   "tiff", "webp", "avif", "ico",  "pdf",
         "ps",   "eps", "emf",  "wmf", "svgz", "dwg",   "dwf",  "stl",  "ai",   "plt",  "hpgl",
@@ -69,6 +70,8 @@ std::string_view OtherForm(const std::string& output)
     if (dot == std::string_view::npos)
         return "";
     const std::string ending = InSmallLetters(output.substr(dot + 1));
+    if (ending == kPicture)
+        return task == Task::Draw ? std::string_view() : kPicture;
     const auto form = std::find(std::begin(kForms), std::end(kForms), ending);
     return form == std::end(kForms) ? std::string_view() : *form;
 }
@@ -156,7 +159,7 @@ private:
 // Throws UsageError when that is no name for what is made.
 void CheckOutput(const std::string& output, Task task)
 {
-    const std::string_view form = OtherForm(output);
+    const std::string_view form = OtherForm(output, task);
     if (!form.empty() && task == Task::Draw)
         throw UsageError(output + ": a picture is written as SVG, not as " + std::string(form) +
                          "; give a name that ends in .svg, and convert that file");

@@ -101,9 +101,8 @@ class ReplacedPictures(Manners):
         self.write("out.dxf")
         self.assertIn(self.WORDS, self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf"))
         self.assertNotIn("replaced", self.expect(0, "prepare", "plan.dxf", "-o", "out.dxf"))
-        self.write("plan.svg")
-        self.expect(0, "plan.dxf", "-o", "plan.svg")
-        self.assertNotIn("replaced", self.expect(0, "prepare", "plan.dxf", "-o", "plan.svg", "--force"))
+        self.expect(0, "plan.dxf", "-o", "picture")
+        self.assertNotIn("replaced", self.expect(0, "prepare", "plan.dxf", "-o", "picture"))
 
     def test_prepared_drawings_have_a_mark(self):
         self.write("plan.dxf")

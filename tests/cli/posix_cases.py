@@ -115,7 +115,9 @@ class OutputsOfOthers(CommandTest):
         self.assertEqual(self.expect(3, "plan.dxf"),
                          "plan.svg: cannot be written: it is read-only; --force replaces it\n")
         self.assertEqual(self.read("plan.svg"), "old")
-        self.assertIn("it is read-only", self.expect(3, "prepare", "plan.dxf", "-o", "plan.svg"))
+        os.rename(self.path("plan.svg"), self.path("other.dxf"))
+        self.assertIn("it is read-only", self.expect(3, "prepare", "plan.dxf", "-o", "other.dxf"))
+        os.rename(self.path("other.dxf"), self.path("plan.svg"))
         self.expect(0, "--force", "plan.dxf")
         self.assertIn("</svg>", self.read("plan.svg"))
         self.assertEqual(stat.S_IMODE(os.stat(self.path("plan.svg")).st_mode), 0o444)

@@ -124,8 +124,10 @@ class Prepare(PrepareTest):
 
     def test_an_ending_that_is_not_written_is_refused(self):
         self.write("plan.dxf")
-        self.assertIn("a drawing is prepared as ASCII DXF, not as dwg",
-                      self.expect(2, "prepare", "plan.dxf", "-o", "plan.dwg"))
+        for ending in ("dwg", "svg"):
+            self.assertIn(f"a drawing is prepared as ASCII DXF, not as {ending}",
+                          self.expect(2, "prepare", "plan.dxf", "-o", "plan." + ending))
+        self.assertEqual(self.names(), ["plan.dxf"])
 
     def test_a_prepared_drawing_that_exists_is_left_alone_if_asked(self):
         self.write("plan.dxf")
