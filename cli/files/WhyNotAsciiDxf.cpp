@@ -57,15 +57,15 @@ bool HasSignature(std::string_view head, const Signature& signature)
 }
 
 // The first line of head that is not blank, without blanks at its ends.
-std::string_view FirstLine(std::string_view head)
+std::string_view FirstLine(std::string_view head, std::string_view lineEnds)
 {
     const std::string_view text = Trim(head);
-    return Trim(text.substr(0, text.find('\n')));
+    return Trim(text.substr(0, text.find_first_of(lineEnds)));
 }
 
 } // namespace
 
-std::string WhyNotAsciiDxf(std::string_view head)
+std::string WhyNotAsciiDxf(std::string_view head, std::string_view lineEnds)
 {
     if (head.empty())
         return "is empty";
@@ -75,7 +75,7 @@ std::string WhyNotAsciiDxf(std::string_view head)
     // Some editors put a byte order mark before UTF-8; the reader steps over that line.
     if (head.starts_with(kUtf8Mark))
         head.remove_prefix(kUtf8Mark.size());
-    const std::string_view line = FirstLine(head);
+    const std::string_view line = FirstLine(head, lineEnds);
     if (line.empty())
         return "holds nothing but blanks where a DXF begins";
     return prepare::PairReader::IsCode(line) ? "" : "is no DXF: its first line is not a group code";

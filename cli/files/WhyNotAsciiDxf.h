@@ -12,7 +12,7 @@ inline constexpr std::size_t kSniffedSize = 4096;
 
 // Why the file that begins with head (its first kSniffedSize bytes, fewer if it is shorter) is no ASCII DXF,
 // as the end of a sentence: "is a ZIP archive; ...". Empty if it may well be one: its first line that is not
-// blank is a group code.
-std::string WhyNotAsciiDxf(std::string_view head);
+// blank is a group code. lineEnds are the characters that end a line.
+std::string WhyNotAsciiDxf(std::string_view head, std::string_view lineEnds);
 
 } // namespace plexorn

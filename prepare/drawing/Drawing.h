@@ -48,7 +48,7 @@ struct Layer {
 struct LineType {
     NameId name = kNoName;
     std::string description;
-    std::vector<double> dashes; // 49: above 0 drawn, below 0 a gap, 0 a dot; none: a solid line
+    std::vector<double> dashes; // 49: above 0 drawn, below 0 a gap, 0 a dot
     bool hasShapes = false;     // a 74 that is not 0
     Handle handle = 0;
 };

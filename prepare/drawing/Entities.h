@@ -104,6 +104,7 @@ struct LwPolyline : EntityOf<EntityType::LwPolyline> {
     double elevation = 0;                 // 38
     double width = 0;                     // 43, of every segment; vertices may have their own
     std::vector<PolylineVertex> vertices; // 10 begins one; 40, 41, 42; z is not set
+    bool lacksVertices = false;           // those with a fault
 };
 
 struct Polyline : EntityOf<EntityType::Polyline> {

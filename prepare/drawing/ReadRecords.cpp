@@ -9,6 +9,9 @@
 #include "prepare/drawing/ReadTable.h"
 #include "prepare/drawing/ReadTexts.h"
 
+#include <cmath>
+#include <limits>
+
 namespace prepare {
 
 namespace {
@@ -38,14 +41,26 @@ constexpr auto kEllipse = EntityFields<Ellipse>({
     {42, &Ellipse::end},
 });
 
+// NaN where there is none: the vertex is left out alone.
+double ReadCoordinate(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
+{
+    Fault fault = Fault::None;
+    const double coordinate = reader.RealOfPart(value, fault);
+    if (fault == Fault::None) [[likely]]
+        return coordinate;
+    reader.Note(Finding::Changed, "LWPOLYLINE", TextOf(fault), reader.Line() + 1);
+    polyline.lacksVertices = true;
+    return std::numeric_limits<double>::quiet_NaN();
+}
+
 void BeginVertex(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 {
     constexpr std::size_t kUsual = 8;
     if (polyline.vertices.empty())
         polyline.vertices.reserve(kUsual);
     PolylineVertex vertex;
-    vertex.point.x = reader.Real(value);
     vertex.startWidth = vertex.endWidth = polyline.width;
+    vertex.point.x = ReadCoordinate(reader, polyline, value);
     reader.Append(polyline.vertices, vertex);
 }
 
@@ -59,7 +74,7 @@ void ReadVertex(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 void ReadVertexY(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 {
     if (!polyline.vertices.empty())
-        polyline.vertices.back().point.y = reader.Real(value);
+        polyline.vertices.back().point.y = ReadCoordinate(reader, polyline, value);
 }
 
 constexpr auto kLwPolyline = EntityFields<LwPolyline>({
@@ -72,6 +87,17 @@ constexpr auto kLwPolyline = EntityFields<LwPolyline>({
     {43, &LwPolyline::width},
     {70, &LwPolyline::flags},
 });
+
+std::unique_ptr<Entity> ReadLwPolyline(RecordReader& reader)
+{
+    std::unique_ptr<Entity> entity = ReadByTable<kLwPolyline, LwPolyline>(reader);
+    LwPolyline& polyline = static_cast<LwPolyline&>(*entity);
+    if (polyline.lacksVertices)
+        std::erase_if(polyline.vertices, [](const PolylineVertex& vertex) {
+            return std::isnan(vertex.point.x) || std::isnan(vertex.point.y);
+        });
+    return entity;
+}
 
 constexpr auto kPolyline = EntityFields<Polyline>({
     {10, &Polyline::elevation},
@@ -413,7 +439,7 @@ ReadFunction ReadFunctionOf(EntityType type)
     case EntityType::Ellipse:
         return ReadByTable<kEllipse, Ellipse>;
     case EntityType::LwPolyline:
-        return ReadByTable<kLwPolyline, LwPolyline>;
+        return ReadLwPolyline;
     case EntityType::Polyline:
         return ReadByTable<kPolyline, Polyline>;
     case EntityType::Spline:

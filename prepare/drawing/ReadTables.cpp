@@ -3,7 +3,6 @@
 #include "prepare/drawing/Fields.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace prepare {
 
@@ -158,24 +157,9 @@ void ReadBlockRecord(RecordReader& reader)
         reader.drawing.blockOfRecord.try_emplace(record.handle, record.name);
 }
 
-// Whether next to nothing is seen of such a line but its shapes, which are not drawn.
-bool IsAllShapes(const LineType& lineType)
-{
-    constexpr double kLeastShare = 0.25;
-    double drawn = 0, whole = 0;
-    for (const double length : lineType.dashes) {
-        drawn += std::max(length, 0.0);
-        whole += std::fabs(length);
-    }
-    return lineType.hasShapes && drawn < kLeastShare * whole;
-}
-
 void ReadLineType(RecordReader& reader)
 {
     const LineType lineType = ReadEntry<kLineType>(reader, reader.drawing.lineTypes, "LTYPE");
-    const auto kept = reader.drawing.lineTypes.find(lineType.name);
-    if (kept != reader.drawing.lineTypes.end() && IsAllShapes(kept->second))
-        kept->second.dashes.clear();
     if (lineType.handle != 0)
         reader.drawing.lineTypeOfHandle.try_emplace(lineType.handle, lineType.name);
 }

@@ -3,6 +3,7 @@
 #include "base/Letters.h"
 #include "base/Utf8.h"
 #include "prepare/drawing/Encoding.h"
+#include "prepare/drawing/UnicodeEscape.h"
 
 #include <algorithm>
 #include <cstring>
@@ -91,6 +92,8 @@ std::string RecordReader::Decoded(std::string_view value) const
 NameId RecordReader::Name(std::string_view value)
 {
     const std::string_view name = Trim(value);
+    if (name.find('\\') != std::string_view::npos)
+        return drawing.names.Of(NameWithoutEscapes(IsAscii(name) ? std::string(name) : Decoded(name)));
     return IsAscii(name) ? drawing.names.Of(name) : drawing.names.Of(Decoded(name));
 }
 

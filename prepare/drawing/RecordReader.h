@@ -105,6 +105,14 @@ public:
             return LookAtReal(value, real);
         return real;
     }
+    // The same of one part of many, of which a fault is not the record's.
+    double RealOfPart(CDxfLine value, Fault& fault)
+    {
+        const Fault before = TakeFault();
+        const double real = Real(value);
+        fault = std::exchange(m_fault, before);
+        return real;
+    }
     std::int32_t Integer(std::string_view value)
     {
         const std::int32_t integer = ParseInteger(value);

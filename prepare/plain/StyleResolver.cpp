@@ -104,7 +104,7 @@ const LineType* StyleResolver::LineTypeOf(NameId lineType, const Layer* layer, c
     if (lineType == kNoName || lineType == m_continuous)
         return nullptr;
     const LineType* const found = m_drawing.FindLineType(lineType);
-    return found != nullptr && (found->hasShapes || !found->dashes.empty()) ? found : nullptr;
+    return found != nullptr && !found->dashes.empty() ? found : nullptr;
 }
 
 std::int32_t StyleResolver::WeightOf(std::int32_t weight, const Layer* layer, std::int32_t byBlock) const

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "prepare/drawing/Encoding.h"
+#include "prepare/drawing/UnicodeEscape.h"
 
 #include <algorithm>
 #include <functional>
@@ -101,26 +102,12 @@ TextCode ReadPercentCode(std::string_view text, std::string_view codePage)
     return {5, NumberedCharacter(digit(2) * 100 + digit(3) * 10 + digit(4), codePage)};
 }
 
-std::optional<unsigned> ReadUnicodeEscape(std::string_view text)
-{
-    if (!text.starts_with("\\U+") && !text.starts_with("\\u+"))
-        return std::nullopt;
-    return FourHexDigits(text.substr(3));
-}
-
-constexpr std::size_t kUnicodeEscape = sizeof("\\U+XXXX") - 1;
-
 TextCode ReadUnicodeCode(std::string_view text)
 {
-    const std::optional<unsigned> first = ReadUnicodeEscape(text);
-    if (!first)
+    const UnicodeEscape escape = ReadUnicodeEscape(text);
+    if (escape.size == 0)
         return {};
-    if (IsHighSurrogate(*first)) {
-        const std::optional<unsigned> second = ReadUnicodeEscape(text.substr(kUnicodeEscape));
-        if (second && IsLowSurrogate(*second))
-            return {2 * kUnicodeEscape, Utf8Of(JoinSurrogates(*first, *second))};
-    }
-    return {kUnicodeEscape, Utf8Of(*first), 0, IsSurrogate(*first)};
+    return {escape.size, Utf8Of(escape.character), 0, IsSurrogate(escape.character)};
 }
 
 struct EastAsianPage {

@@ -58,7 +58,7 @@ inline constexpr std::size_t kMostDashes = 50;
 
 // 35, 37: the pattern, dashes and gaps by turns, in drawing units; empty for a solid line. It has at most
 // mostLengths lengths and, as the module writes them, 500 characters. A pattern far shorter than the stroke
-// is wide is solid.
+// is wide is solid, and one of which less than a quarter is seen but for its shapes.
 std::vector<double> DashesForModule(const LineType& lineType, double scale, double width,
                                     std::size_t mostLengths = kMostDashes);
 

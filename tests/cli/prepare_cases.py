@@ -286,6 +286,26 @@ class OptionsOfPreparing(PrepareTest):
                 self.assertIn(f">{shown}<", self.read("plan.svg"))
         self.assertIn("is not an encoding", self.expect(2, "--encoding", "klingon", "plan.dxf"))
 
+    def test_names_with_letters_that_are_spelled_out(self):
+        door = ("0", "BLOCK", "2", r"\U+5C42", "0", "LINE", "8", r"\U+5c42", "11", "9", "0", "ENDBLK")
+        inserted = entities("0", "INSERT", "8", "0", "2", "\u5c42")
+        self.write("plan.dxf", dxf("0", "SECTION", "2", "BLOCKS", *door, "0", "ENDSEC") + inserted)
+        self.expect(0, "-q", "--strict", "plan.dxf")
+        if not command_support.EMULATOR:
+            self.assertIn('data-layer="\u5c42"', self.read("plan.svg"))
+        self.expect(0, "prepare", "--for=standard", "plan.dxf", "-o", "once.dxf")
+        self.expect(0, "prepare", "--for=standard", "once.dxf", "-o", "twice.dxf")
+        self.assertIn("\\U+5C42\n", self.read("once.dxf"))
+        self.assertEqual(self.read("twice.dxf"), self.read("once.dxf"))
+
+    def test_lines_that_end_with_a_carriage_return_alone(self):
+        drawing = entities("0", "LINE", "8", "0", "11", "9")
+        self.write("lf.dxf", drawing)
+        self.write("cr.dxf", drawing.replace(b"\n", b"\r"))
+        self.expect(0, "-q", "--strict", "lf.dxf", "cr.dxf")
+        self.assertEqual(self.read("cr.svg"), self.read("lf.svg"))
+        self.assertIn("its first line is not a group code", self.expect(4, "--as-is", "cr.dxf", "-o", "other.svg"))
+
     def test_a_dimension_of_another_number_than_the_file_states(self):
         words = "shown otherwise: 1 DIMENSION its number is not the one that the file states"
         for stated, text, is_other in (("10", "", False), ("10.00001", "", False), ("11", "", True), ("11", "<> mm", True),

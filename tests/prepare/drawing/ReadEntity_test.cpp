@@ -676,6 +676,29 @@ TEST(ReadEntity, AVertexThatIsNoNumberIsLeftOutAlone)
     EXPECT_EQ(block.read.Found(Finding::Changed, "VERTEX"), "a coordinate is not a number at 16, 1;");
 }
 
+TEST(ReadEntity, AVertexOfALwPolylineThatIsNoNumberIsLeftOutAlone)
+{
+    for (const char* code : {"10", "20"}) {
+        const bool isX = code[0] == '1';
+        const ReadBlock block({{0, "LWPOLYLINE"},
+                               {10, "1"},
+                               {20, "2"},
+                               {10, isX ? "nan" : "5"},
+                               {20, isX ? "5" : "1e31"},
+                               {10, "3"},
+                               {20, "4"}});
+        const LwPolyline& polyline = block.As<LwPolyline>();
+        ASSERT_EQ(polyline.vertices.size(), 2u);
+        EXPECT_EQ(polyline.vertices[1].point.x, 3);
+        EXPECT_EQ(polyline.fault, Fault::None);
+        EXPECT_EQ(block.read.Found(Finding::Changed, "LWPOLYLINE"),
+                  isX ? "a coordinate is not a number at 16, 1;" : "a number is beyond 1e30 at 18, 1;");
+    }
+    const ReadBlock block({{0, "LWPOLYLINE"}, {38, "nan"}, {10, "1"}, {20, "2"}});
+    EXPECT_EQ(block.As<LwPolyline>().fault, Fault::NotANumber);
+    EXPECT_EQ(block.As<LwPolyline>().vertices.size(), 1u);
+}
+
 TEST(ReadEntity, EndlessListsAreCutAndReported)
 {
     std::string text = Dxf({{0, "SECTION"}, {2, "BLOCKS"}, {0, "BLOCK"}, {2, "B"}, {0, "SPLINE"}});

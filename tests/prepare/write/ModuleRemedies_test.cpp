@@ -35,6 +35,19 @@ TEST(ModuleRemedies, PatternsEndWithAGapWithinTheirLimit)
     EXPECT_EQ(DashesForModule(lineType, 1, 0.5, 9).size(), 8U);
 }
 
+TEST(ModuleRemedies, PatternsThatAreNearlyAllShapesAreSolid)
+{
+    LineType lineType;
+    lineType.hasShapes = true;
+    lineType.dashes = {0.99, -3};
+    EXPECT_TRUE(DashesForModule(lineType, 1, 0.5).empty());
+    lineType.dashes = {1, -3};
+    EXPECT_EQ(DashesForModule(lineType, 1, 0.5).size(), 2U);
+    lineType.dashes = {0.99, -3};
+    lineType.hasShapes = false;
+    EXPECT_EQ(DashesForModule(lineType, 1, 0.5).size(), 2U);
+}
+
 TEST(ModuleRemedies, RedAndBlueAreExchangedAndBlackIsIndexSeven)
 {
     EXPECT_EQ(ColourForModule(True(0xFF8001)), (CodeAndValue{420, 0x0180FF}));
