@@ -70,6 +70,7 @@ PrepareOptions OptionsFor(unsigned how, Trial& trial)
     options.isForPaper = (how & 4) != 0;
     options.redrawDimensions = (how & 8) != 0;
     options.forbidWrap = (how & 16) != 0;
+    options.fill = (how & 64) != 0 ? PREPARE_FILL_OUTLINES : PREPARE_FILLED;
     options.tolerance = (how & 32) != 0 ? 0.5 : 0;
     options.report = Trial::Report;
     options.progress = Trial::Progress;

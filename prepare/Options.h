@@ -11,8 +11,16 @@ enum class Profile {
     Standard, // makes up for nothing: for any other program
 };
 
+// What the fills of a drawing become. For other programs than the module they are hatches or outlines.
+enum class FillForm {
+    Strokes,  // blocks with agreed names: outlines, and strokes that cover the area in any host
+    Named,    // the same without the strokes: for hosts that know the names
+    Outlines, // plain polylines
+};
+
 struct Options {
     Profile profile = Profile::Module;
+    FillForm fill = FillForm::Strokes;
     double tolerance = 0; // how far a flattened curve may be from the true one, in drawing units; 0: chosen
     bool isReadAtOnce = false; // for the module: written longer, in the form that it reads faster
     bool marksLayers = false;  // for the module: whether what is drawn says its layers to hosts that know it

@@ -59,13 +59,29 @@ std::vector<std::string> PatternsOf(const char* const* patterns)
 bool AreGood(const PrepareOptions& options)
 {
     return (options.profile == PREPARE_FOR_MODULE || options.profile == PREPARE_FOR_STANDARD) &&
+           (options.fill == PREPARE_FILLED || options.fill == PREPARE_FILL_OUTLINES ||
+            options.fill == PREPARE_FILLED_BY_NAME) &&
            std::isfinite(options.tolerance) && options.tolerance >= 0;
+}
+
+FillForm FillFormOf(PrepareFill fill)
+{
+    switch (fill) {
+    case PREPARE_FILL_OUTLINES:
+        return FillForm::Outlines;
+    case PREPARE_FILLED_BY_NAME:
+        return FillForm::Named;
+    case PREPARE_FILLED:
+        break;
+    }
+    return FillForm::Strokes;
 }
 
 Options OptionsOf(const PrepareOptions& given)
 {
     Options options;
     options.profile = given.profile == PREPARE_FOR_STANDARD ? Profile::Standard : Profile::Module;
+    options.fill = FillFormOf(given.fill);
     options.tolerance = given.tolerance;
     options.mayWrap = !given.forbidWrap;
     options.showsAllLayers = given.showAllLayers;

@@ -37,6 +37,15 @@ typedef enum PrepareProfile {
     PREPARE_FOR_STANDARD = 1 /**< any other program */
 } PrepareProfile;
 
+/** What fills become. Areas that only hide what is under them are left out of outlines. */
+typedef enum PrepareFill {
+    PREPARE_FILLED = 0,        /**< for the module: blocks with agreed names (PLEXORN_FILL_), in which strokes
+                                    cover the area, so that any host shows it; otherwise solid hatches */
+    PREPARE_FILL_OUTLINES = 1, /**< plain polylines along the edges */
+    PREPARE_FILLED_BY_NAME = 2 /**< as PREPARE_FILLED, but the blocks are without the strokes: for hosts that
+                                   know their names, as the reference host does */
+} PrepareFill;
+
 /** How preparing ended. */
 typedef enum PrepareResult {
     PREPARE_DONE = 0,         /**< the plain drawing has been written */
@@ -109,6 +118,7 @@ typedef struct PrepareOptions {
                           are inserted where another layer begins. The reference host takes them for
                           that, and any other shows nothing of them */
     PrepareLayoutFunction layouts; /**< gets the layouts first; may be NULL */
+    PrepareFill fill;              /**< what fills become */
 } PrepareOptions;
 
 /** Prepares the drawing in a file and gives the plain one to write, part after part. path is UTF-8; options

@@ -121,6 +121,7 @@ private:
 void Preparing::StartFirst()
 {
     m_settings.profile = m_options.profile;
+    m_settings.fill = m_options.fill;
     m_first.reset();
     m_first = std::make_unique<FirstConversion>(m_drawing, m_options, CoarseSettings(m_source.Size()),
                                                 MakeWriter(m_drawing, m_settings, m_report));

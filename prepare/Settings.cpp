@@ -60,6 +60,7 @@ WriteSettings SettingsAsked(const Options& options, std::uint64_t bytes)
     WriteSettings settings;
     settings.sparePointsOfCurves = SparePointsOfCurves(bytes);
     settings.profile = options.profile;
+    settings.fill = options.fill;
     settings.mayWrap = options.mayWrap;
     settings.isReadAtOnce = options.isReadAtOnce;
     settings.marksLayers = options.marksLayers;

@@ -5,9 +5,15 @@
 
 namespace svghost {
 
-// Whether the symbol has a name for fills and nothing but polygons in it, which are drawn where they are. The
-// symbol has been laid out.
+// Whether the symbol has a name for fills, and nothing but polygons in it, which are drawn where they are,
+// and polylines after them, which cover the area in other hosts.
 bool IsFill(const Symbol& symbol);
+
+// Whether what is in a fill is one of its edges.
+inline bool IsFillEdge(const Node& node)
+{
+    return node.kind == Kind::Polygon;
+}
 
 // Whether the symbol is a fill that only hides what was drawn before it. The symbol has been laid out.
 bool IsMask(const Symbol& symbol);
@@ -16,7 +22,7 @@ bool IsMask(const Symbol& symbol);
 template <class Take>
 void ForFillEdges(const Symbol& fill, const Take& take)
 {
-    for (const Node* node = fill.first; node; node = node->next) {
+    for (const Node* node = fill.first; node && IsFillEdge(*node); node = node->next) {
         const auto& shape = static_cast<const Shape&>(*node);
         if (!shape.isLeftOut && !shape.isHidden && !shape.data.empty())
             take(shape);

@@ -45,7 +45,7 @@ public:
 private:
     void Enter(Node& node)
     {
-        node.isLeftOut = !Keep(node);
+        node.isLeftOut = (m_symbol.isFill && !IsFillEdge(node)) || !Keep(node);
         if (node.isLeftOut)
             return;
         ++m_symbol.rendered;
@@ -212,8 +212,8 @@ Layout MakeLayout(SvgHostDocument& document)
     Layout layout;
     const std::vector<Symbol*> order = OrderByReference(document.symbols);
     for (Symbol* symbol : order) {
-        SymbolLayout(document, *symbol, layout).Run();
         symbol->isFill = IsFill(*symbol);
+        SymbolLayout(document, *symbol, layout).Run();
         if (IsMask(*symbol))
             symbol->visible = 0;
         symbol->isWriting = IsWriting(*symbol);

@@ -134,6 +134,12 @@ std::string CheckLayersAs(const std::string& text)
                : "'" + text + "' is no form of layers; give groups or inkscape";
 }
 
+std::string CheckFill(const std::string& text)
+{
+    return text == "filled" || text == "outline" ? ""
+                                                 : "'" + text + "' is no way to fill; give filled or outline";
+}
+
 std::string CheckLayout(const std::string& text)
 {
     return text.empty() ? "a layout's name is empty" : "";

@@ -18,6 +18,7 @@ std::string CheckReader(const std::string& text);
 std::string CheckLayers(const std::string& text);
 std::string CheckTolerance(const std::string& text);
 std::string CheckLayersAs(const std::string& text);
+std::string CheckFill(const std::string& text);
 std::string CheckLayout(const std::string& text);
 std::string CheckEncoding(const std::string& text);
 

@@ -46,6 +46,11 @@ constexpr OptionRow kRedrawDimensions = {
     "--redraw-dimensions", "",
     "Draw dimensions from their points and styles, even those that come with a picture of their own",
     &Options::redrawsDimensions};
+constexpr OptionRow kFill = {
+    "--fill", "HOW",
+    "How areas are drawn, such as solid hatches, wide polylines and arrowheads: filled, the default, or "
+    "outline, along their edges alone",
+    &Options::fill, CheckFill};
 constexpr OptionRow kLayout = {
     "--layout", "NAME",
     "Take the sheet NAME, with what its viewports show, at its size in millimetres and with strokes as wide "
@@ -123,6 +128,7 @@ constexpr OptionRow kDrawRows[] = {
     kNoWrap,
     kEncoding,
     kRedrawDimensions,
+    kFill,
     kLayout,
     {"--list-layouts", "", "Print the names of the drawing's sheets, one a line, and draw nothing",
      &Options::listsLayouts},
@@ -184,6 +190,7 @@ constexpr OptionRow kPrepareRows[] = {
     kNoWrap,
     kEncoding,
     kRedrawDimensions,
+    kFill,
     kLayout,
     kQuiet,
     kVerbose,

@@ -52,6 +52,7 @@ struct Options {
     bool forbidsWrap = false;
     std::string encoding; // empty: as the drawing says
     bool redrawsDimensions = false;
+    std::string fill = "filled";
     std::string layout; // the name of a sheet, or kAllLayouts; empty: the model space
 
     // Drawing, and most of them preparing.

@@ -78,7 +78,8 @@ bool AsksForPreparing(const Options& options)
 {
     return options.layers != "shown" || !options.onlyLayers.empty() || !options.withoutLayers.empty() ||
            !options.tolerance.empty() || options.forbidsWrap || !options.encoding.empty() ||
-           options.redrawsDimensions || !options.layout.empty() || options.layersAs != "groups";
+           options.redrawsDimensions || options.fill != "filled" || !options.layout.empty() ||
+           options.layersAs != "groups";
 }
 
 bool IsStandardInputAlone(const Options& options)

@@ -4,10 +4,23 @@
 
 namespace plexorn {
 
+namespace {
+
+// The reference host knows the names of areas.
+prepare::FillForm FillFormFor(const Options& options)
+{
+    if (options.fill == "outline")
+        return prepare::FillForm::Outlines;
+    return options.task == Task::Draw ? prepare::FillForm::Named : prepare::FillForm::Strokes;
+}
+
+} // namespace
+
 prepare::Options PrepareOptionsFor(const Options& options)
 {
     prepare::Options wanted;
     wanted.profile = options.readBy == "standard" ? prepare::Profile::Standard : prepare::Profile::Module;
+    wanted.fill = FillFormFor(options);
     wanted.tolerance = ToleranceOf(options.tolerance).value_or(0);
     wanted.mayWrap = !options.forbidsWrap;
     wanted.showsAllLayers = options.layers == "all";

@@ -17,12 +17,12 @@ _plexorn()
     elif [[ $previous == = ]]; then
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
-    local options='-o --output --no-clobber --newer-only --force -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --layers --layer --not-layer --tolerance --no-wrap --encoding --redraw-dimensions --layout --list-layouts --layers-as --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
+    local options='-o --output --no-clobber --newer-only --force -j --jobs --files-from -0 --null -r --recursive --units --scale --true-size --fit --as-is --layers --layer --not-layer --tolerance --no-wrap --encoding --redraw-dimensions --fill --layout --list-layouts --layers-as --background --paper --hairline -q --quiet --verbose --messages --max-messages --strict --min-drawn --keep-going -h --help --version'
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == info ]]; then
         options='--json --texts --as-is --summary --files-from -0 --null -r --recursive -h --help'
     fi
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[1]} == prepare ]]; then
-        options='-o --output --for --no-clobber --newer-only --force -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions --layout -q --quiet --verbose --messages --max-messages --strict --min-drawn -h --help'
+        options='-o --output --for --no-clobber --newer-only --force -j --jobs --files-from -0 --null -r --recursive --layers --layer --not-layer --paper --tolerance --no-wrap --encoding --redraw-dimensions --fill --layout -q --quiet --verbose --messages --max-messages --strict --min-drawn -h --help'
     fi
     case $previous in
         -o | --output)
@@ -63,6 +63,10 @@ _plexorn()
             ;;
         --encoding)
             mapfile -t COMPREPLY < <(compgen -W 'UTF-8 ANSI_1250 ANSI_1251 ANSI_1252 ANSI_1253 ANSI_1254 BIG5 GB2312 KSC5601 SHIFT_JIS' -- "$current")
+            return
+            ;;
+        --fill)
+            mapfile -t COMPREPLY < <(compgen -W 'filled outline' -- "$current")
             return
             ;;
         --layout)

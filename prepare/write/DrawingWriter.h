@@ -19,6 +19,7 @@ using ByteFunction = std::function<bool(std::string_view bytes)>;
 
 struct WriteSettings {
     Profile profile = Profile::Module;
+    FillForm fill = FillForm::Strokes;
     bool mayWrap = true;
     bool isReadAtOnce = false;    // longer, but read faster
     bool marksLayers = false;     // for a host that knows the marks

@@ -20,7 +20,8 @@ struct KeptBlock {
 class KeptDrawing : public DrawingWriter {
 public:
     KeptDrawing(const Drawing& drawing, const WriteSettings& settings, Report& report)
-        : m_drawing(drawing), m_settings(settings), m_report(report), m_model(m_styles, m_storage)
+        : m_drawing(drawing), m_settings(settings), m_report(report),
+          m_model(m_styles, m_storage, settings.fill != FillForm::Outlines)
     {
     }
 
@@ -33,7 +34,8 @@ public:
     }
     std::size_t NewBlock(std::string_view name) override
     {
-        m_blocks.push_back({std::string(name), PlainLog(m_styles, m_storage)});
+        m_blocks.push_back(
+            {std::string(name), PlainLog(m_styles, m_storage, m_settings.fill != FillForm::Outlines)});
         return m_blocks.size() - 1;
     }
     PlainSink& Block(std::size_t number) override { return m_blocks[number].log; }

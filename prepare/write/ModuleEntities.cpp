@@ -20,6 +20,9 @@ namespace {
 // Above this, an arc's centre is so far away that its ends are no longer where they should be.
 constexpr double kLargestRadius = 1e10;
 
+// In place of a weight: that of the style.
+constexpr std::int32_t kOwnWeight = 0;
+
 std::string AreaName(std::string_view prefix, std::size_t number)
 {
     return Numbered(prefix, number);
@@ -222,15 +225,25 @@ void ModuleEntities::WritePoints(StyleId style, std::vector<Point2>& points, boo
         return;
     if (points.size() == 2)
         return WriteLine(style, points[0], points[1]);
-    WritePolyline(style, points, isClosed, m_out.decimals);
+    BeginPolyline(style, kOwnWeight, isClosed);
+    WriteVertices(points, m_out.decimals);
 }
 
-void ModuleEntities::WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed,
-                                   int decimals)
+void ModuleEntities::BeginPolyline(StyleId style, std::int32_t weight, bool isClosed)
 {
-    Begin("LWPOLYLINE", style);
+    if (weight == kOwnWeight) {
+        Begin("LWPOLYLINE", style);
+    } else {
+        m_out.pairs.Text(0, "LWPOLYLINE");
+        m_out.pairs.Raw(m_out.styles.OfLetters(style));
+        m_out.pairs.Integer(370, weight);
+    }
     if (isClosed)
         m_out.pairs.Integer(70, 1);
+}
+
+void ModuleEntities::WriteVertices(const std::vector<Point2>& points, int decimals)
+{
     for (const Point2& point : points) {
         m_out.pairs.Fixed(10, point.x, decimals);
         m_out.pairs.Fixed(20, point.y, decimals);
@@ -263,11 +276,24 @@ bool ModuleEntities::TakeRing(const std::vector<Point2>& ring, int decimals)
     return m_points.size() > 2;
 }
 
+std::vector<AreaStroke> ModuleEntities::StrokesOver(std::span<const std::vector<Point2>> rings, int decimals)
+{
+    std::vector<std::vector<Point2>> written;
+    for (const std::vector<Point2>& ring : rings)
+        if (TakeRing(ring, decimals))
+            written.push_back(m_points);
+    return CoverArea(written, m_out.coveringStroke, m_out.fills.spareLooks);
+}
+
 void ModuleEntities::WriteAreaBlock(StyleId style, std::span<const std::vector<Point2>> rings,
                                     std::string_view prefix)
 {
     bool hasBegun = false;
     const int decimals = DecimalsOfArea(rings);
+    std::vector<AreaStroke> strokes;
+    if (m_out.coveringStroke > 0 && prefix == kFillPrefix)
+        strokes = StrokesOver(rings, decimals);
+    constexpr std::int32_t kThinnest = 1; // where strokes cover the area, its edges are not to be seen
     for (const std::vector<Point2>& ring : rings) {
         if (!TakeRing(ring, decimals))
             continue;
@@ -276,7 +302,15 @@ void ModuleEntities::WriteAreaBlock(StyleId style, std::span<const std::vector<P
             m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.blocks));
         }
         hasBegun = true;
-        WritePolyline(style, m_points, true, decimals);
+        BeginPolyline(style, strokes.empty() ? kOwnWeight : kThinnest, true);
+        WriteVertices(m_points, decimals);
+    }
+    for (AreaStroke& stroke : strokes) {
+        RoundPoints(stroke.points, false, decimals);
+        if (stroke.points.size() < 2)
+            continue;
+        BeginPolyline(style, stroke.width, false);
+        WriteVertices(stroke.points, decimals);
     }
     if (hasBegun)
         m_out.pairs.Text(0, "ENDBLK");

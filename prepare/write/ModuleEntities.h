@@ -3,6 +3,7 @@
 
 #include "base/Decimals.h"
 #include "prepare/report/Report.h"
+#include "prepare/write/AreaStrokes.h"
 #include "prepare/write/Flatten.h"
 #include "prepare/write/ModuleLayers.h"
 #include "prepare/write/ModuleStyles.h"
@@ -21,10 +22,11 @@ struct ModuleBlock {
     Point2 origin;    // what is its origin in the file, in the units of the drawing
 };
 
-// How many areas were written so far, and how many inserted.
+// How many areas were written so far, and how many inserted, and what is left for more.
 struct FillCounts {
     std::size_t blocks = 0;
     std::size_t inserts = 0;
+    std::uint64_t spareLooks = kSpareLooks; // for covering them
 };
 
 // What all entities of a drawing are written with.
@@ -39,6 +41,8 @@ struct ModuleOutput {
     Fineness& curves;  // in written units
     double factor = 1; // written units in one of the drawing
     int decimals = 0;  // of written coordinates
+    // The width of the thinnest stroke, where areas are covered with strokes; 0: they are not.
+    double coveringStroke = 0;
 };
 
 // What of a text the module does not get.
@@ -78,8 +82,8 @@ public:
     void LineOfText(Point2 point, std::span<const LoggedRun> runs) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
-    // Writes the block of an area. All areas have theirs written in the order in which they are inserted,
-    // before the first one is.
+    // Writes the block of an area: its edges, and strokes that cover it if it has a colour. All areas have
+    // theirs written in the order in which they are inserted, before the first one is.
     void WriteAreaBlock(StyleId style, std::span<const std::vector<Point2>> rings, std::string_view prefix);
 
 private:
@@ -95,6 +99,7 @@ private:
 
     // From here on, all numbers are in written units.
     void Begin(const char* type, StyleId style);
+    void BeginPolyline(StyleId style, std::int32_t weight, bool isClosed);
     void Point(int code, Point2 p);
     void WriteLine(StyleId style, Point2 start, Point2 end);
     void WriteArc(StyleId style, Point2 centre, double radius, double start, double end);
@@ -103,10 +108,11 @@ private:
                             double end, int splits);
     void RoundPoints(std::vector<Point2>& points, bool isClosed, int decimals) const;
     void WritePoints(StyleId style, std::vector<Point2>& points, bool isClosed);
-    void WritePolyline(StyleId style, const std::vector<Point2>& points, bool isClosed, int decimals);
+    void WriteVertices(const std::vector<Point2>& points, int decimals);
     int DecimalsOfArea(std::span<const std::vector<Point2>> rings) const;
     void InsertArea(LayerNumber layer, std::span<const std::vector<Point2>> rings, std::string_view prefix);
     bool TakeRing(const std::vector<Point2>& ring, int decimals);
+    std::vector<AreaStroke> StrokesOver(std::span<const std::vector<Point2>> rings, int decimals);
     bool WriteRoundPolyline(StyleId style, std::span<const PlainVertex> vertices, bool isClosed);
 
     const ModuleOutput& m_out;

@@ -172,8 +172,17 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
     Fineness curves(tolerance, m_settings.sparePointsOfCurves);
     FillCounts fills;
-    const ModuleOutput output{pairs,    styles, texts,  layers,      blocks,
-                              m_report, fills,  curves, wrap.factor, decimals};
+    const ModuleOutput output{pairs,
+                              styles,
+                              texts,
+                              layers,
+                              blocks,
+                              m_report,
+                              fills,
+                              curves,
+                              wrap.factor,
+                              decimals,
+                              m_settings.fill == FillForm::Strokes ? wrap.stroke : 0};
     ModuleEntities model(output, wrap.origin, true);
     WriteHeader(pairs);
     styles.WriteTables(pairs);

@@ -271,6 +271,16 @@ void PutText(LogWriter& log, StyleId style, const PlainText& text)
     log.PutText(text.text);
 }
 
+// The edges of an area have no width.
+Style StyleOfEdges(Style style)
+{
+    style.weight = 0;
+    style.width = 0;
+    style.lineType = nullptr;
+    style.lineTypeScale = 1;
+    return style;
+}
+
 } // namespace
 
 void LogVisitor::LineOfText(Point2, std::span<const LoggedRun> runs)
@@ -373,12 +383,28 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
 
 void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
-    AddArea(kLoggedFill, style, rings);
+    if (m_keepsAreas)
+        AddArea(kLoggedFill, style, rings);
+    else
+        AddOutlines(style, rings);
 }
 
 void PlainLog::Mask(std::span<const std::vector<Point2>> rings)
 {
-    AddArea(kLoggedMask, {}, rings);
+    if (m_keepsAreas)
+        AddArea(kLoggedMask, {}, rings);
+}
+
+void PlainLog::AddOutlines(const Style& style, std::span<const std::vector<Point2>> rings)
+{
+    const Style thin = StyleOfEdges(style);
+    std::vector<PlainVertex> vertices;
+    for (const std::vector<Point2>& ring : rings) {
+        vertices.clear();
+        for (const Point2 point : ring)
+            vertices.push_back({point});
+        Polyline(thin, vertices, true);
+    }
 }
 
 void PlainLog::AddArea(unsigned kind, const Style& style, std::span<const std::vector<Point2>> rings)
@@ -389,12 +415,7 @@ void PlainLog::AddArea(unsigned kind, const Style& style, std::span<const std::v
             return;
         size += kMostOfCount + ring.size() * sizeof(Point2);
     }
-    Style thin = style; // the edges of a fill have no width
-    thin.weight = 0;
-    thin.width = 0;
-    thin.lineType = nullptr;
-    thin.lineTypeScale = 1;
-    const StyleId id = m_styles.Of(thin);
+    const StyleId id = m_styles.Of(StyleOfEdges(style));
     LogWriter log(Room(size));
     log.PutByte(kind);
     log.PutCount(id);

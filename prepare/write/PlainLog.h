@@ -57,7 +57,12 @@ protected:
 // styles and storage must outlive the log.
 class PlainLog final : public PlainSink {
 public:
-    PlainLog(StyleTable& styles, LogStorage& storage) : m_styles(styles), m_storage(storage) {}
+    // keepsAreas: whether areas stay areas. Otherwise their edges are polylines, and what only hides is left
+    // out.
+    PlainLog(StyleTable& styles, LogStorage& storage, bool keepsAreas = true)
+        : m_styles(styles), m_storage(storage), m_keepsAreas(keepsAreas)
+    {
+    }
 
     void Line(const Style& style, Point2 start, Point2 end) override;
     void Circle(const Style& style, Point2 centre, double radius) override;
@@ -98,11 +103,13 @@ private:
     template <class... Values>
     void Add(unsigned kind, std::uint64_t number, const Values&... values);
     void AddArea(unsigned kind, const Style& style, std::span<const std::vector<Point2>> rings);
+    void AddOutlines(const Style& style, std::span<const std::vector<Point2>> rings);
     void AddText(const PlainText& text);
     void AddRound(Point2 centre, double radius);
 
     StyleTable& m_styles;
     LogStorage& m_storage;
+    const bool m_keepsAreas;
     std::vector<Part> m_parts;
     std::uint64_t m_place = 0;
     bool m_hasPlaces = false;

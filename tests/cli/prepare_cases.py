@@ -327,9 +327,29 @@ class OptionsOfPreparing(PrepareTest):
         self.expect(0, "--redraw-dimensions", "plan.dxf")
         self.assertRegex(self.read("plan.svg"), r">10<")
 
+    def test_areas_are_filled_or_outlined(self):
+        corners = ("10", "0", "20", "0", "11", "9", "21", "0", "12", "0", "22", "9", "13", "9", "23", "9")
+        self.write("plan.dxf", entities("0", "SOLID", "8", "0", *corners))
+        for how in ((), ("--fill", "filled")):
+            self.expect(0, *how, "plan.dxf")
+            self.assertRegex(self.read("plan.svg"), r'<path [^>]*fill-rule="evenodd"')
+        self.expect(0, "--fill", "outline", "plan.dxf")
+        self.assertNotIn("<path", self.read("plan.svg"))
+        self.assertEqual(self.read("plan.svg").count("<polygon"), 1)
+        for reader, filled in (("module", "PLEXORN_FILL_1"), ("standard", "AcDbHatch")):
+            self.expect(0, "prepare", "--for", reader, "plan.dxf", "-o", "filled.dxf")
+            self.expect(0, "prepare", "--for", reader, "--fill=outline", "plan.dxf", "-o", "outline.dxf")
+            self.assertIn(filled, self.read("filled.dxf"))
+            self.assertNotIn(filled, self.read("outline.dxf"))
+            self.assertEqual(self.read("outline.dxf").count("LWPOLYLINE"), 1)
+
+    def test_a_way_to_fill_that_is_none(self):
+        self.write("plan.dxf")
+        self.assertIn("'solid' is no way to fill; give filled or outline", self.expect(2, "--fill", "solid", "plan.dxf"))
+
     def test_what_the_module_draws_by_itself_is_not_prepared(self):
         self.write("plan.dxf")
         for option in ("--layers=all", "--layer=0", "--not-layer=0", "--tolerance=1", "--no-wrap", "--encoding=1252",
-                       "--redraw-dimensions"):
+                       "--redraw-dimensions", "--fill=outline"):
             self.assertIn("--as-is draws what the module draws by itself", self.expect(2, "--as-is", option, "plan.dxf"))
         self.assertIsNone(re.search("svg", " ".join(self.names())))

@@ -137,6 +137,41 @@ TEST(Fills, OtherSymbolsAreDrawnAsTheyAre)
     EXPECT_EQ(polygons, 2);
 }
 
+// The strokes reach beyond the edges and are wide: nothing of them counts.
+TEST(Fills, StrokesThatCoverAnAreaAreForOtherHosts)
+{
+    const HostDocument plain;
+    AddSquareWithHole(plain, L"PLEXORN_FILL_1");
+    plain.Use(L"PLEXORN_FILL_1", 5, 5);
+    const HostDocument document;
+    document.Begin(L"PLEXORN_FILL_1");
+    document.Set(document.Polygon(L"0,0 10,0 10,10 0,10"), L"stroke", L"#ff8000");
+    document.Set(document.Polygon(L"2,2 8,2 8,8"), L"stroke", L"#ff8000");
+    document.Set(document.Polyline(L"1,-5 1,15"), L"stroke-width", L"40");
+    document.Polyline(L"9,1 9,9 1,9");
+    document.End();
+    document.Use(L"PLEXORN_FILL_1", 5, 5);
+    EXPECT_EQ(document.Write(), plain.Write());
+    EXPECT_EQ(document.Statistics().visibleElements, plain.Statistics().visibleElements);
+    EXPECT_EQ(document.Statistics().drawnElements, plain.Statistics().drawnElements);
+}
+
+TEST(Fills, EdgesAfterStrokesAreNone)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_FILL_1");
+    document.Polygon(L"0,0 10,0 10,10 0,10");
+    document.Polyline(L"1,1 9,1");
+    document.Polygon(L"2,2 8,2 8,8");
+    document.End();
+    document.Use(L"PLEXORN_FILL_1", 0, 0);
+    document.Begin(L"PLEXORN_FILL_2");
+    document.Polyline(L"1,1 9,1");
+    document.End();
+    document.Use(L"PLEXORN_FILL_2", 0, 0);
+    EXPECT_FALSE(ParsedSvg(document).First("path"));
+}
+
 TEST(Fills, EdgesThatCannotBeDrawnAreLeftOut)
 {
     const HostDocument document;

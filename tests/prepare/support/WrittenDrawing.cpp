@@ -7,6 +7,7 @@ namespace prepare {
 WrittenDrawing::WrittenDrawing(Profile profile)
 {
     settings.profile = profile;
+    settings.fill = FillForm::Named;
     settings.extents.Add({-50, -50});
     settings.extents.Add({50, 50});
     settings.thinnest = 0.25;

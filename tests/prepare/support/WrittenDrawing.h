@@ -10,7 +10,8 @@ namespace prepare {
 // Fill it through the sinks, then take the text, once.
 class WrittenDrawing {
 public:
-    // Drawing units are millimetres, 100 x 100 around the origin; the thinnest stroke is 0.25 wide.
+    // Drawing units are millimetres, 100 x 100 around the origin; the thinnest stroke is 0.25 wide. Areas are
+    // written without strokes.
     explicit WrittenDrawing(Profile profile = Profile::Module);
 
     Drawing drawing;

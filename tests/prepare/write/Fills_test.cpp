@@ -120,6 +120,57 @@ TEST(Fills, AreSolidHatchesForOtherPrograms)
               "92 2 72 0 73 1 93 3 10 2 20 1 10 4 20 1 10 4 20 2 97 0 75 0 76 1 98 0");
 }
 
+// The edges are hardly to be seen then.
+TEST(Fills, StrokesCoverThemForHostsThatDoNotKnowTheName)
+{
+    WrittenDrawing written;
+    written.settings.fill = FillForm::Strokes;
+    written.Model().Fill(StyleOf(1, 200), Rings{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}});
+    written.Model().Fill(StyleOf(2), Rings{{{0, 0}, {0.5, 0.1}, {0.5, -0.1}}});
+    written.Model().Mask(Rings{{{0, 0}, {9, 0}, {9, 9}}});
+    const std::string text = written.Text();
+    EXPECT_EQ(
+        BlocksIn(text),
+        "0 BLOCK 2 PLEXORN_FILL_1 0 LWPOLYLINE 62 1 370 1 70 1 10 0 20 0 10 10 20 0 10 10 20 10 10 0 20 10 "
+        "0 LWPOLYLINE 62 1 370 1000 10 5 20 0 10 5 20 10 0 ENDBLK "
+        "0 BLOCK 2 PLEXORN_FILL_2 "
+        "0 LWPOLYLINE 62 2 370 1 70 1 10 0 20 0 10 0.5 20 0.1 10 0.5 20 -0.1 "
+        "0 LWPOLYLINE 62 2 370 9 10 0.3422 20 -0.0226 10 0.455 20 -0.0451 10 0.455 20 0.0451 "
+        "10 0.2295 20 0 10 0.3422 20 -0.0226 "
+        "0 LWPOLYLINE 62 2 370 4 10 0.2285 20 0.0253 10 0.102 20 0 10 0.2285 20 -0.0253 0 ENDBLK "
+        "0 BLOCK 2 PLEXORN_FILL_MASK_3 0 LWPOLYLINE 62 7 370 25 70 1 10 0 20 0 10 9 20 0 10 9 20 9 0 ENDBLK");
+    EXPECT_EQ(EntitiesIn(text),
+              "0 INSERT 2 PLEXORN_FILL_1 0 INSERT 2 PLEXORN_FILL_2 0 INSERT 2 PLEXORN_FILL_MASK_3");
+}
+
+TEST(Fills, AsOutlinesTheyAreThinPolylinesAndNothingHides)
+{
+    const Rings square{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {{2, 2}, {4, 2}, {4, 4}}};
+    for (const Profile profile : {Profile::Module, Profile::Standard}) {
+        WrittenDrawing written(profile);
+        written.settings.fill = FillForm::Outlines;
+        const std::size_t block = written.Writer().NewBlock("Door");
+        written.Model().Mask(square);
+        written.Model().Fill(StyleOf(1, 200), square);
+        written.Writer().Block(block).Fill(StyleOf(1), square);
+        written.Model().Insert(block, {5, 5}, 0, false);
+        const std::string text = written.Text();
+        EXPECT_EQ(text.find("PLEXORN_FILL"), std::string::npos);
+        EXPECT_EQ(text.find("HATCH"), std::string::npos);
+        std::size_t outlines = 0;
+        for (std::size_t at = text.find("\nLWPOLYLINE\n"); at != std::string::npos;
+             at = text.find("\nLWPOLYLINE\n", at + 1))
+            ++outlines;
+        EXPECT_EQ(outlines, 4U);
+        if (profile == Profile::Module) {
+            EXPECT_EQ(EntitiesIn(text),
+                      "0 LWPOLYLINE 62 1 370 25 70 1 10 0 20 0 10 10 20 0 10 10 20 10 10 0 20 10 "
+                      "0 LWPOLYLINE 62 1 370 25 70 1 10 2 20 2 10 4 20 2 10 4 20 4 "
+                      "0 INSERT 2 PLEXORN_PART_1 10 5 20 5");
+        }
+    }
+}
+
 TEST(Fills, TheHostAndTheWriterAgreeOnTheirName)
 {
     EXPECT_EQ(std::wstring(kFillPrefix.begin(), kFillPrefix.end()), svghost::kFillPrefix);
