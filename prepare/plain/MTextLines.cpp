@@ -128,7 +128,7 @@ private:
     {
         const MTextItem& ending = m_content.items[end];
         m_line.paragraph = ending.below;
-        m_isOneLine = first == 0 && end + 1 == m_content.items.size() && IsNearlyOneLine(end);
+        m_isOneLine = first == 0 && IsLast(end) && IsNearlyOneLine(end);
         while (first < end) {
             const std::size_t next = EndOfWord(first, end);
             const Kind kind = m_content.items[first].kind;
@@ -148,6 +148,13 @@ private:
             m_line.height = m_content.looks[ending.look].height;
         EndLine();
         m_line.isFirst = true;
+    }
+
+    // Whether nothing but empty paragraphs follows the one that ends there.
+    bool IsLast(std::size_t end) const
+    {
+        return std::all_of(m_content.items.begin() + static_cast<std::ptrdiff_t>(end), m_content.items.end(),
+                           [](const MTextItem& item) { return item.kind == Kind::ParagraphEnd; });
     }
 
     // Whether the only paragraph is wider than its column by no more than fonts differ. Programs state the

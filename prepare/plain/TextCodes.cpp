@@ -15,7 +15,7 @@ namespace prepare {
 
 namespace {
 
-constexpr bool IsControl(char c)
+constexpr bool IsControlByte(char c)
 {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
@@ -172,7 +172,7 @@ TextCode ReadCaretCode(std::string_view text)
     if (c < '@' || c == 0x7F)
         return {};
     const char letter = static_cast<char>(c - '@');
-    const bool isLost = IsControl(letter) && letter != '\t' && letter != '\n';
+    const bool isLost = IsControlByte(letter) && letter != '\t' && letter != '\n';
     return {2, isLost ? std::string() : std::string(1, letter)};
 }
 
@@ -197,7 +197,7 @@ TextCode ReadTextCode(std::string_view text, std::string_view codePage)
 void AppendWithoutControls(std::string& text, std::string_view letters)
 {
     for (const char c : letters) {
-        if (!IsControl(c))
+        if (!IsControlByte(c))
             text += c;
         else if (c == '\t' || c == '\n' || c == '\r')
             text += ' ';

@@ -353,7 +353,9 @@ TEST(DrawMText, ATextOfOneLineMayBeATenthWiderThanItsColumn)
     EXPECT_EQ(WordsOf(Wrapped("AA BB", 3.44)), (Lines{"AA BB"}));
     EXPECT_EQ(WordsOf(Wrapped("AA BB ", 3.44)), (Lines{"AA BB"}));
     EXPECT_EQ(WordsOf(Wrapped("AA BB", 3.43)), (Lines{"AA", "BB"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB\\P", 3.44)), (Lines{"AA BB"}));
     EXPECT_EQ(WordsOf(Wrapped("AA BB\\PA", 3.44)), (Lines{"AA", "BB", "A"}));
+    EXPECT_EQ(WordsOf(Wrapped("AA BB\\N", 3.44)), (Lines{"AA", "BB"}));
     EXPECT_EQ(WordsOf(Wrapped("A\\PAA BB", 3.44)), (Lines{"A", "AA", "BB"}));
 }
 
