@@ -621,6 +621,8 @@ void Coverer::DrawFrom(std::uint32_t first, double width)
 std::vector<AreaStroke> CoverArea(std::span<const std::vector<Point2>> rings, double stroke,
                                   std::uint64_t& spareLooks)
 {
+    if (rings.empty())
+        return {};
     Coverer coverer(rings, stroke, spareLooks);
     std::vector<AreaStroke> strokes = coverer.Cover();
     spareLooks = coverer.SpareLooks();

@@ -20,7 +20,7 @@ inline constexpr std::uint64_t kSpareLooks = 20'000'000;
 
 // Strokes within the area between the rings (what an odd number of them is around). They overlap, and leave
 // free only what is narrower than half a stroke. stroke: the width of the drawing's thinnest one. Each ring
-// has three points at least, all finite, and no two alike in succession.
+// has three points at least, all finite, and no two alike in succession; there may be none.
 //
 // There are about twelve strokes, fewer of a simple or small area, more of a jagged one. It does not matter
 // how the corners of strokes are drawn. Takes time for each edge, and some of spareLooks besides. Of an area

@@ -139,6 +139,12 @@ std::vector<Point2> Circle(Point2 centre, double radius, int corners)
     return ring;
 }
 
+// Rings that are smaller than the numbers can say are left out before.
+TEST(AreaStrokes, NoRingsHaveNone)
+{
+    EXPECT_EQ(Measure({}).strokes, 0u);
+}
+
 TEST(AreaStrokes, ARectangleIsOne)
 {
     ExpectWhole({{{0, 0}, {10, 0}, {10, 4}, {0, 4}}}, 1);
