@@ -45,8 +45,8 @@ void Source::Refuse(const std::string& reason, ExitCode code)
 std::string Source::WhyNotTaken(const std::string& head, Forms forms)
 {
     m_isAscii = forms == Forms::Ascii || !prepare::TextSource::Decodes(head);
-    // The module alone takes a carriage return for part of a line.
-    return m_isAscii ? WhyNotAsciiDxf(head, forms == Forms::Ascii ? "\n" : "\r\n") : "";
+    const Taker taker = forms == Forms::Ascii ? Taker::Module : Taker::Preparing;
+    return m_isAscii ? WhyNotAsciiDxf(head, taker) : "";
 }
 
 // Nothing but a regular file is opened: a pipe could keep its reader waiting.

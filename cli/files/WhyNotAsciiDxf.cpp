@@ -63,9 +63,19 @@ std::string_view FirstLine(std::string_view head, std::string_view lineEnds)
     return Trim(text.substr(0, text.find_first_of(lineEnds)));
 }
 
+// The module reads any number as a code. Codes have one to four digits; a sign occurs in those that programs
+// keep to themselves.
+bool IsCodeOfModule(std::string_view line)
+{
+    if (!line.empty() && (line[0] == '-' || line[0] == '+'))
+        line.remove_prefix(1);
+    return !line.empty() && line.size() <= 4 &&
+           line.find_first_not_of("0123456789"sv) == std::string_view::npos;
+}
+
 } // namespace
 
-std::string WhyNotAsciiDxf(std::string_view head, std::string_view lineEnds)
+std::string WhyNotAsciiDxf(std::string_view head, Taker taker)
 {
     if (head.empty())
         return "is empty";
@@ -75,10 +85,11 @@ std::string WhyNotAsciiDxf(std::string_view head, std::string_view lineEnds)
     // Some editors put a byte order mark before UTF-8; the reader steps over that line.
     if (head.starts_with(kUtf8Mark))
         head.remove_prefix(kUtf8Mark.size());
-    const std::string_view line = FirstLine(head, lineEnds);
+    const std::string_view line = FirstLine(head, taker == Taker::Module ? "\n" : "\r\n");
     if (line.empty())
         return "holds nothing but blanks where a DXF begins";
-    return prepare::PairReader::IsCode(line) ? "" : "is no DXF: its first line is not a group code";
+    const bool isCode = taker == Taker::Module ? IsCodeOfModule(line) : prepare::PairReader::IsCode(line);
+    return isCode ? "" : "is no DXF: its first line is not a group code";
 }
 
 } // namespace plexorn

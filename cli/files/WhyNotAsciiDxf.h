@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,9 +11,12 @@ namespace plexorn {
 // How many bytes from the start of a file are enough to decide.
 inline constexpr std::size_t kSniffedSize = 4096;
 
+// What is to read the file. The module ends lines at line feeds alone; preparing at carriage returns, too.
+enum class Taker : std::uint8_t { Module, Preparing };
+
 // Why the file that begins with head (its first kSniffedSize bytes, fewer if it is shorter) is no ASCII DXF,
 // as the end of a sentence: "is a ZIP archive; ...". Empty if it may well be one: its first line that is not
-// blank is a group code. lineEnds are the characters that end a line.
-std::string WhyNotAsciiDxf(std::string_view head, std::string_view lineEnds);
+// blank is a group code.
+std::string WhyNotAsciiDxf(std::string_view head, Taker taker);
 
 } // namespace plexorn

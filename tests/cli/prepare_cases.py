@@ -306,6 +306,15 @@ class OptionsOfPreparing(PrepareTest):
         self.assertEqual(self.read("cr.svg"), self.read("lf.svg"))
         self.assertIn("its first line is not a group code", self.expect(4, "--as-is", "cr.dxf", "-o", "other.svg"))
 
+    def test_first_codes_that_the_module_alone_takes(self):
+        for code in ("+0", "9999", "-1"):
+            with self.subTest(code=code):
+                self.write("plan.dxf", dxf(code, "anything") + entities("0", "LINE", "8", "0", "11", "9"))
+                self.expect(0, "-q", "--as-is", "plan.dxf")
+                self.assertIn("<line ", self.read("plan.svg"))
+                if code != "-1":
+                    self.assertIn("its first line is not a group code", self.expect(4, "plan.dxf"))
+
     def test_a_dimension_of_another_number_than_the_file_states(self):
         words = "shown otherwise: 1 DIMENSION its number is not the one that the file states"
         for stated, text, is_other in (("10", "", False), ("10.00001", "", False), ("11", "", True), ("11", "<> mm", True),
