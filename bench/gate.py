@@ -1,16 +1,20 @@
 #!/usr/bin/env python3
 """Counts the instructions that reading, importing, preparing and writing pictures cost for each byte of small fixed
-drawings, and fails when one has risen by more than 3 % over the counts kept in bench/instructions.txt.
+drawings, and fails when one has risen by more than 3 % and half an instruction over the counts kept in
+bench/instructions.txt.
 
     gate.py --bench PLEXORN_BENCH --command PLEXORN [--update]
 
-"read", "import" and "prepare" are stages of plexorn_bench; "picture" is the command with --as-is, so the import, the reference
-host and the SVG; "whole" is the command as people use it, which prepares the drawing first.
+"read", "import" and "prepare" are stages of plexorn_bench; "picture" is the command with --as-is, so the import, the
+reference host and the SVG; "whole" is the command as people use it, which prepares the drawing first.
 
 Counts come from callgrind, so they are the same on a busy machine; what a run costs before and after the drawing is
-taken off by a run over an empty drawing. --update rewrites the counts: do that when a change is meant to cost
-more, or has come to cost less, and say why in the commit. Another compiler or C library counts differently; the file
-names those that it was made with, and with others the counts are only printed.
+taken off by a run over an empty drawing. The C library copies memory in other ways on other processors, which has
+moved counts by 2 %, so it is told to use none of a processor's special instructions.
+
+--update rewrites the counts: do that when a change is meant to cost more, or has come to cost less, and say why in the
+commit. Another compiler or C library counts differently; the file names those that it was made with, and with others
+the counts are only printed.
 """
 import argparse
 import os
@@ -23,10 +27,16 @@ import tempfile
 HERE = os.path.dirname(os.path.abspath(__file__))
 KEPT = os.path.join(HERE, "instructions.txt")
 LIMIT = 1.03
+SPARE = 0.5
 KINDS = ("mixed", "lines", "polylines", "texts", "dimensions", "layers", "blocks")
 STAGES = ("read", "import", "prepare", "picture", "whole")
 OF_COMMAND = {"picture": ["--as-is"], "whole": []}
 SIZE_MB = 0.4
+
+# One way to copy, compare and clear memory on every x86-64 processor, whatever its caches.
+TUNABLES = ("glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX2,-AVX,-AVX_Fast_Unaligned_Load,-ERMS,-FSRM,-SSSE3,-SSE4_1,"
+            "-SSE4_2,-BMI1,-BMI2,-Fast_Unaligned_Copy:glibc.cpu.x86_data_cache_size=0x8000:"
+            "glibc.cpu.x86_shared_cache_size=0x100000:glibc.cpu.x86_non_temporal_threshold=0xc0000")
 
 
 def tools():
@@ -43,7 +53,7 @@ def instructions(programs, stage, path, folder):
     else:
         run = [programs.bench, "--stage", stage, path]
     command = ["valgrind", "--tool=callgrind", "--callgrind-out-file=" + os.path.join(folder, "out"), *run]
-    process = subprocess.run(command, capture_output=True, text=True)
+    process = subprocess.run(command, capture_output=True, text=True, env={**os.environ, "GLIBC_TUNABLES": TUNABLES})
     found = re.search(r"Collected : (\d+)", process.stderr)
     if process.returncode != 0 or not found:
         raise RuntimeError("%s: %s" % (" ".join(command), process.stderr[-500:]))
@@ -87,7 +97,7 @@ def compare(counts, kept):
     if counts.keys() != kept.keys():
         return ["bench/instructions.txt lists other figures; rewrite it with --update"]
     return ["%s: %.3f instructions a byte, %.3f were kept" % (name, count, kept[name])
-            for name, count in counts.items() if count > kept[name] * LIMIT]
+            for name, count in counts.items() if count > kept[name] * LIMIT + SPARE]
 
 
 def main():
