@@ -45,6 +45,8 @@ bool IsAmong(std::string_view record, const std::string_view (&names)[count])
     return std::find(std::begin(names), std::end(names), record) != std::end(names);
 }
 
+constexpr std::int32_t kVariableName = 9; // in the header
+
 // What the end of the file is called: the pair that says so ends it for PairReader, too.
 constexpr std::string_view kEnd = "EOF";
 
@@ -67,9 +69,11 @@ public:
 private:
     std::string_view NextRecord();
     std::string_view NextSection();
+    bool ReadStart(std::string_view record);
     void NoteSecond(std::string_view section);
     void ReadSection(std::string_view name);
     void ReadHeaderSection();
+    void ReadVariables();
     void ReadTablesSection();
     void ReadObjectsSection();
     void ReadBlocksSection();
@@ -80,6 +84,8 @@ private:
     void GiveEntity(NameId type);
     void ReadEntitiesSection();
     void GoOnWithObjects();
+    void TakeHeader();
+    void TakeObject(std::string_view type);
     void TakeEntity();
     void TakeBlock();
     void ReadOutsideOfSections(std::string_view record);
@@ -122,19 +128,28 @@ std::string_view Pass::NextRecord()
 // are taken as those of ENTITIES.
 std::string_view Pass::NextSection()
 {
-    for (;;) {
-        const std::string_view record = NextRecord();
-        if (record == kEnd)
-            return {};
-        if (record != "SECTION") {
-            ReadOutsideOfSections(record);
-            continue;
-        }
-        m_isInLooseBlock = false;
-        m_drawing.hasSections = true;
-        if (m_reader.NextField() && m_reader.Code() == 2 && !Trim(m_reader.Value()).empty())
+    while (m_reader.NextPair()) {
+        if (m_reader.Code() == kVariableName && m_isIndex && m_reader.Word().starts_with('$'))
+            TakeHeader(); // up to a record, which comes next
+        else if (m_reader.Code() == 0 && ReadStart(m_reader.Word()))
             return m_reader.Word();
     }
+    return {};
+}
+
+// Reads the start of a section up to its name, or a record outside of sections. True at the name.
+bool Pass::ReadStart(std::string_view record)
+{
+    if (record != "SECTION") {
+        ReadOutsideOfSections(record);
+        return false;
+    }
+    m_isInLooseBlock = false;
+    m_drawing.hasSections = true;
+    if (m_reader.NextField() && m_reader.Code() == 2)
+        return !Trim(m_reader.Value()).empty();
+    m_reader.Unread();
+    return false;
 }
 
 void Pass::EndWithoutEnd()
@@ -158,9 +173,14 @@ bool Pass::IsSectionEnd(std::string_view record)
 
 void Pass::ReadHeaderSection()
 {
+    ReadVariables();
+    ReadLooseRecords();
+}
+
+void Pass::ReadVariables()
+{
     const bool wasKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
     ReadHeader(m_reader);
-    ReadLooseRecords();
     const bool isKnown = !m_drawing.header.Text("$DWGCODEPAGE").empty();
     if (isKnown && !wasKnown && (m_hasTables || m_hasBlocks || m_hasObjects))
         m_drawing.hasLateCodePage = true;
@@ -298,6 +318,21 @@ void Pass::GoOnWithObjects()
         ReadObjectsSection();
 }
 
+// The section of the header has lost its start or its name.
+void Pass::TakeHeader()
+{
+    m_reader.Note(Finding::Repaired, "file", "a header outside of sections is taken", m_reader.Line());
+    m_reader.Unread();
+    ReadVariables();
+}
+
+void Pass::TakeObject(std::string_view type)
+{
+    m_reader.Note(Finding::Repaired, "file", "an object outside of sections is taken", m_reader.Line());
+    m_hasObjects = true;
+    m_objects.Read(type);
+}
+
 void Pass::TakeEntity()
 {
     m_reader.Note(Finding::Repaired, "file", "an entity outside of sections is taken", m_reader.Line());
@@ -327,6 +362,8 @@ void Pass::ReadOutsideOfSections(std::string_view record)
         return;
     if (IsEntity(record))
         return TakeEntity();
+    if (m_isIndex && IsAmong(record, kObjects))
+        return TakeObject(record);
     const std::uint64_t line = m_reader.Line();
     if (!m_isIndex || !ReadTableEntry(m_reader))
         return;
@@ -453,6 +490,8 @@ void Pass::NotePairs()
         if (tally.count != 0)
             m_reader.Note(finding, "file", detail, tally.firstLine, tally.count);
     };
+    if (pairs.HasSpacedLines())
+        m_reader.Note(Finding::Repaired, "file", "the empty line after each line is left out", 2);
     note(Finding::Repaired, pairs.SkippedLines(), "a line is skipped that is not a group code");
     note(Finding::Cut, pairs.CutLines(), "a line is longer than 65,536 bytes");
     if (pairs.IsBrokenBinary())

@@ -69,7 +69,7 @@ bool PairReader::NextAfter(std::string_view line)
 void PairReader::SkipLine(std::string_view line)
 {
     Tally& tally = Trim(line).empty() ? m_blankLines : m_skippedLines;
-    tally.Add(m_lines);
+    tally.Add(Lines());
 }
 
 // A pair that may be the end, or one with which something happened.
@@ -90,7 +90,7 @@ bool PairReader::LookAtPair()
 void PairReader::NoteTrouble()
 {
     if (m_stream.TakeLineWasCut())
-        m_cutLines.Add(m_lines);
+        m_cutLines.Add(Lines());
     if (!m_stream.TakeReadFailed())
         return;
     if (m_text.IsShortOfMemory())

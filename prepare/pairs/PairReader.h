@@ -50,14 +50,15 @@ public:
     // Without its line end, with its blanks; good until Next.
     CDxfLine Value() const { return m_value; }
     // The line of the code in the file, from 1; in a binary drawing, that of the text it would be.
-    std::uint64_t Line() const { return m_lines - 1; }
+    std::uint64_t Line() const { return m_text.LineInFile(m_lines - 1); }
 
     // Each is final once Next has given false.
-    std::uint64_t Lines() const { return m_lines; }
+    std::uint64_t Lines() const { return m_text.LineInFile(m_lines); }
     std::uint64_t Bytes() const { return m_text.BytesRead(); }
     bool HasEofPair() const { return m_hasEofPair; }
     bool HasFailed() const { return m_hasFailed; } // the source could not be read to its end
     bool IsBrokenBinary() const { return m_text.IsBroken(); }
+    bool HasSpacedLines() const { return m_text.IsSpaced(); }    // an empty one after each, left out
     const Tally& SkippedLines() const { return m_skippedLines; } // no codes
     const Tally& CutLines() const { return m_cutLines; }         // longer than kLongestLine
 

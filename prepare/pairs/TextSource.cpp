@@ -1,5 +1,7 @@
 #include "prepare/pairs/TextSource.h"
 
+#include "base/Letters.h"
+#include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "prepare/pairs/BinaryText.h"
 #include "prepare/pairs/Utf16Text.h"
@@ -32,6 +34,32 @@ bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
     return lone != 0;
 }
 
+enum class LineKind { Empty, Code, Other };
+
+// Takes a line, with its end, from the front of a text that has one.
+LineKind TakeLine(std::string_view& text)
+{
+    const std::size_t end = text.find('\n');
+    const std::string_view line = Trim(text.substr(0, end));
+    text.remove_prefix(end + 1);
+    std::int32_t code = 0;
+    if (line.empty())
+        return LineKind::Empty;
+    return ParseWholeCode(line, code) ? LineKind::Code : LineKind::Other;
+}
+
+// Whether an empty line follows each line, as when a program made two line ends of "\r\n". The first three
+// lines of a drawing are a code, a word or a comment, and a code.
+bool AreLinesSpaced(std::string_view front)
+{
+    constexpr LineKind kSpaced[] = {LineKind::Code,  LineKind::Empty, LineKind::Other,
+                                    LineKind::Empty, LineKind::Code,  LineKind::Empty};
+    if (std::count(front.begin(), front.end(), '\n') < std::ssize(kSpaced))
+        return false;
+    return std::all_of(std::begin(kSpaced), std::end(kSpaced),
+                       [&](LineKind kind) { return TakeLine(front) == kind; });
+}
+
 } // namespace
 
 bool TextSource::Decodes(std::string_view front)
@@ -54,8 +82,10 @@ std::ptrdiff_t TextSource::Read(char* bytes, std::size_t size)
             std::size_t valid = held + static_cast<std::size_t>(count);
             if (count != 0)
                 valid = HoldCarriageReturns(bytes, valid);
-            if (HasLoneCarriageReturn(bytes, valid) || (valid != 0 && bytes[valid - 1] == '\r'))
+            if (m_isSpaced || HasLoneCarriageReturn(bytes, valid) || (valid != 0 && bytes[valid - 1] == '\r'))
                 valid = NormaliseLineEnds(bytes, valid);
+            if (m_isSpaced)
+                valid = LeaveOutSpaces(bytes, valid);
             BlankInnerEndBytes(bytes, valid);
             if (valid != 0 || count == 0)
                 return static_cast<std::ptrdiff_t>(valid);
@@ -94,6 +124,19 @@ std::size_t TextSource::NormaliseLineEnds(char* bytes, std::size_t size)
     return static_cast<std::size_t>(std::fill_n(out, returns, '\n') - bytes);
 }
 
+// Takes out the empty line after each line; returns the new size.
+std::size_t TextSource::LeaveOutSpaces(char* bytes, std::size_t size)
+{
+    char* out = bytes;
+    for (std::size_t i = 0; i < size; ++i) {
+        const bool isEnd = bytes[i] == '\n';
+        if (!isEnd || !m_isAfterLine)
+            *out++ = bytes[i];
+        m_isAfterLine = isEnd && !m_isAfterLine;
+    }
+    return static_cast<std::size_t>(out - bytes);
+}
+
 // A text can hold the byte that ends a file where it begins a line.
 void TextSource::BlankInnerEndBytes(char* bytes, std::size_t size)
 {
@@ -115,11 +158,11 @@ void TextSource::BlankInnerEndBytes(char* bytes, std::size_t size)
 void TextSource::Begin()
 {
     m_hasBegun = true;
-    char bytes[kFront];
+    char bytes[kLooked];
     std::size_t count = 0;
-    while (count < kFront && !m_hasEnded && !m_hasFailed)
+    while (count < kLooked && !m_hasEnded && !m_hasFailed)
         count +=
-            static_cast<std::size_t>(std::max<std::ptrdiff_t>(ReadSource(bytes + count, kFront - count), 0));
+            static_cast<std::size_t>(std::max<std::ptrdiff_t>(ReadSource(bytes + count, kLooked - count), 0));
     std::string_view front(bytes, count);
     if (front.starts_with(kUtf8Mark)) {
         front.remove_prefix(kUtf8Mark.size());
@@ -130,6 +173,11 @@ void TextSource::Begin()
         m_decoder = std::make_unique<BinaryText>();
     }
     m_front = front;
+    if (m_decoder)
+        return;
+    std::string lines = m_front;
+    lines.resize(NormaliseLineEnds(lines.data(), lines.size()));
+    m_isSpaced = AreLinesSpaced(lines);
 }
 
 std::ptrdiff_t TextSource::ReadRaw(char* bytes, std::size_t size)

@@ -13,8 +13,9 @@
 namespace prepare {
 
 // Gives the bytes of another source as CDxfStream takes them: byte order marks are dropped, UTF-16 and binary
-// drawings become text, a carriage return that no line feed follows is a line feed, and a byte 0x1A that does
-// not begin a line is a blank. Everything else stays as it is.
+// drawings become text, a carriage return that no line feed follows is a line feed, a byte 0x1A that does not
+// begin a line is a blank, and where line ends were doubled, they are single again. Everything else stays as
+// it is.
 class TextSource final : public CDxfSource {
 public:
     // How many bytes at its start show what a file is.
@@ -34,10 +35,16 @@ public:
     bool IsShortOfMemory() const { return m_isShortOfMemory; }
     // True once a binary drawing has a group that this form of it cannot have.
     bool IsBroken() const { return m_decoder && m_decoder->IsBroken(); }
+    // True once an empty line has been seen after each of the first lines; such lines are left out.
+    bool IsSpaced() const { return m_isSpaced; }
+    // The number in the file of a line that was given out.
+    std::uint64_t LineInFile(std::uint64_t line) const { return m_isSpaced ? 2 * line - 1 : line; }
 
 private:
     // Carriage returns at the end of a part whose meaning the next byte decides. More are line ends at once.
     static constexpr std::size_t kMostHeld = 16;
+    // How many bytes at its start show whether line ends were doubled.
+    static constexpr std::size_t kLooked = 512;
 
     void Begin();
     std::ptrdiff_t ReadRaw(char* bytes, std::size_t size);
@@ -45,6 +52,7 @@ private:
     std::ptrdiff_t ReadDecoded(char* bytes, std::size_t size);
     std::size_t HoldCarriageReturns(const char* bytes, std::size_t size);
     static std::size_t NormaliseLineEnds(char* bytes, std::size_t size);
+    std::size_t LeaveOutSpaces(char* bytes, std::size_t size);
     void BlankInnerEndBytes(char* bytes, std::size_t size);
 
     CDxfSource& m_source;
@@ -55,6 +63,8 @@ private:
     std::size_t m_held = 0;
     std::uint64_t m_bytesRead = 0;
     char m_last = '\n'; // the byte given out last
+    bool m_isSpaced = false;
+    bool m_isAfterLine = false; // where an empty line is left out
     bool m_hasBegun = false;
     bool m_hasEnded = false;
     bool m_hasFailed = false;

@@ -67,6 +67,32 @@ TEST(ReadDrawing, EntitiesOutsideOfSectionsAreTaken)
     }
 }
 
+// As where the lines that begin a section, or its name, are lost.
+TEST(ReadDrawing, AHeaderOutsideOfSectionsIsTaken)
+{
+    const std::string variables = Dxf({{9, " $LTSCALE"}, {40, "2.5"}, {9, "$PDMODE"}, {70, "34"}});
+    const std::string noStart = variables + Dxf({{0, "ENDSEC"}});
+    const std::string noName = Dxf({{0, "SECTION"}}) + noStart;
+    for (const std::string& text : {noStart, noName, noName + noStart}) {
+        const ReadDrawingOf read(text + kTables + kBlocks + kEntities + kEof);
+        EXPECT_EQ(read.drawing.header.Real("$LTSCALE", 1), 2.5);
+        EXPECT_EQ(read.drawing.header.Integer("$PDMODE", 0), 34);
+        EXPECT_EQ(read.entities, "LINE a;CIRCLE b;");
+        EXPECT_EQ(read.report.Entries().begin()->first,
+                  (Report::Key{Finding::Repaired, "file", "a header outside of sections is taken"}));
+    }
+}
+
+TEST(ReadDrawing, ObjectsOutsideOfSectionsAreTaken)
+{
+    const std::string order = Dxf({{0, "SORTENTSTABLE"}, {331, "2"}, {5, "1"}, {331, "1"}, {5, "2"}});
+    const ReadDrawingOf read(kTables + kBlocks + kEntities + order + kEof);
+    EXPECT_EQ(read.drawing.PlaceOf(1), 2U);
+    EXPECT_EQ(read.drawing.PlaceOf(2), 1U);
+    EXPECT_EQ(read.report.Entries().begin()->first,
+              (Report::Key{Finding::Repaired, "file", "an object outside of sections is taken"}));
+}
+
 TEST(ReadDrawing, SectionsMayComeTwice)
 {
     const ReadDrawingOf read(kTables + kBlocks + kEntities + kEntities + kEof);

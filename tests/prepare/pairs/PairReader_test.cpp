@@ -65,6 +65,33 @@ std::string Utf16(std::u16string_view text, bool isBigEndian)
     return bytes;
 }
 
+// As a program leaves them that makes two line ends of "\r\n", or takes "\n\r" for two.
+TEST(PairReader, AnEmptyLineAfterEachLineIsLeftOut)
+{
+    for (const std::string end : {"\n\n", "\r\n\r\n", "\n\r", "\r\r"}) {
+        std::string text;
+        for (const char* const line :
+             {"  0", "SECTION", "2", "ENTITIES", "0", "TEXT", "1", "", "8", "a", "0", "EOF"})
+            text += line + end;
+        for (const std::size_t most : {std::size_t{1}, std::size_t{7}, text.size()}) {
+            SlowSource slow(text, most);
+            PairReader reader(slow);
+            EXPECT_EQ(ReadAll(reader), "1 0 SECTION;5 2 ENTITIES;9 0 TEXT;13 1 ;17 8 a;") << text;
+            EXPECT_TRUE(reader.HasSpacedLines());
+            EXPECT_TRUE(reader.HasEofPair());
+            EXPECT_EQ(reader.Lines(), 23U);
+            EXPECT_EQ(reader.SkippedLines().count, 0U);
+        }
+    }
+}
+
+TEST(PairReader, EmptyValuesAreNoEmptyLinesAfterEachLine)
+{
+    const std::string comments = "999\n\n999\n\n999\n\n";
+    EXPECT_EQ(ReadAll(comments + "0\nLINE\n8\n\n62\n\n0\nEOF\n"), "7 0 LINE;9 8 ;11 62 ;");
+    EXPECT_EQ(ReadAll("0\n\nSECTION\n2\nENTITIES\n0\nEOF\n"), "1 0 ;4 2 ENTITIES;");
+}
+
 TEST(PairReader, PairsHaveTheLineOfTheirCodeAndTheirValueAsItIs)
 {
     EXPECT_EQ(ReadAll("  0\nSECTION\n  1\n  two blanks \n"), "1 0 SECTION;3 1   two blanks ;");
