@@ -71,6 +71,14 @@ bool IsAllShapes(const LineType& lineType)
     return lineType.hasShapes && drawn < kLeastShare * whole;
 }
 
+// How many bytes at the start of a text are characters of ASCII that can be seen, or blanks.
+std::size_t CountPlain(std::string_view text)
+{
+    const auto end =
+        std::find_if(text.begin(), text.end(), [](char byte) { return byte < ' ' || byte > '~'; });
+    return static_cast<std::size_t>(end - text.begin());
+}
+
 } // namespace
 
 CodeAndValue ColourForModule(const Colour& colour)
@@ -152,15 +160,18 @@ std::string ValueForModule(std::string_view utf8, bool& isCut)
 {
     std::string value;
     isCut = false;
-    while (!utf8.empty()) {
+    while (!utf8.empty() && !isCut) {
+        const std::size_t plain = std::min(CountPlain(utf8), kLongestValue - value.size());
+        value += utf8.substr(0, plain);
+        utf8.remove_prefix(plain);
+        if (utf8.empty())
+            break;
         const DecodedCharacter character = DecodeUtf8(utf8);
         const std::size_t size = value.size();
         AppendUtf8(value, IsControl(character.value) ? U' ' : character.value);
-        if (value.size() > kLongestValue) {
+        isCut = value.size() > kLongestValue;
+        if (isCut)
             value.resize(size);
-            isCut = true;
-            break;
-        }
         utf8.remove_prefix(character.size);
     }
     return value;
