@@ -77,7 +77,7 @@ void WindowReader::Take(const Entity& entity)
         return;
     const auto& viewport = static_cast<const Viewport&>(entity);
     const bool hasFault = viewport.fault != Fault::None;
-    if ((!hasFault && IsSheetItself(viewport)) || viewport.isInvisible == 1 || IsOff(viewport))
+    if (IsSheetItself(viewport) || viewport.isInvisible == 1 || IsOff(viewport))
         return;
     if (hasFault)
         return m_report.Add(Finding::NotShown, "VIEWPORT", TextOf(viewport.fault), viewport.line);
@@ -88,12 +88,12 @@ void WindowReader::Take(const Entity& entity)
     Add(viewport);
 }
 
-// The viewport that is the sheet itself and shows nothing of the model. It has the number 1, or it is
-// the first one and has no number or shows the paper space at its own size.
+// The viewport that is the sheet itself and shows nothing of the model. It has the number 1, or it is the
+// first one and has no number or shows the paper space at its own size, as far as its values are sound.
 bool WindowReader::IsSheetItself(const Viewport& viewport)
 {
     const bool isFirst = !std::exchange(m_hasMetAny, true);
-    const bool isAsItIs = viewport.viewHeight == viewport.height &&
+    const bool isAsItIs = viewport.fault == Fault::None && viewport.viewHeight == viewport.height &&
                           viewport.viewCentre == Point2{viewport.centre.x, viewport.centre.y};
     return viewport.id == 1 || (isFirst && (viewport.id == 0 || isAsItIs));
 }

@@ -477,7 +477,8 @@ void Coverer::FindPieces(const Stretch& stretch, double width)
 {
     const Side& side = m_sides[stretch.side];
     const double close = kOutside * m_stroke;
-    const bool isAtStart = stretch.from<close, isAtEnd = stretch.to> side.length - close;
+    const bool isAtStart = stretch.from < close;
+    const bool isAtEnd = stretch.to > side.length - close;
     const double before = m_sides[side.previous].turn;
     const double atStart = isAtStart ? Beyond(before, width) : 0;
     const double atEnd = isAtEnd ? Beyond(side.turn, width) : 0;

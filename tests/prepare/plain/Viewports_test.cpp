@@ -104,6 +104,23 @@ TEST_F(Windows, SheetItselfIsNoWindow)
     EXPECT_EQ(Found(), "");
 }
 
+// Or what comes after it would count as the sheet.
+TEST_F(Windows, OneWithABrokenNumberComesFirst)
+{
+    Viewport broken = Window();
+    broken.id = 3;
+    broken.fault = Fault::NotANumber;
+    Viewport second = Window();
+    second.id = 0;
+    const std::string told = "VIEWPORT: " + std::string(TextOf(broken.fault)) + " (1);";
+    EXPECT_EQ(Read({broken, second}).size(), 1U);
+    EXPECT_EQ(Found(), told);
+    Viewport sheetItself = broken;
+    sheetItself.id = 1;
+    EXPECT_EQ(Read({sheetItself, second}).size(), 1U);
+    EXPECT_EQ(Found(), told);
+}
+
 TEST_F(Windows, ThoseThatAreOffShowNothing)
 {
     Viewport viewport = Window();
