@@ -4,7 +4,6 @@
 #include "base/Numbers.h"
 #include "prepare/write/AgreedBlocks.h"
 #include "prepare/write/ModuleFills.h"
-#include "prepare/write/Wrap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -109,6 +108,12 @@ std::string NameOfWrap(std::size_t number)
     return Numbered(kWrapPrefix, number);
 }
 
+void BeginBlock(PairWriter& pairs, const std::string& name)
+{
+    pairs.Text(0, "BLOCK");
+    pairs.Text(2, name);
+}
+
 void WriteScaled(PairWriter& pairs, const std::string& block, int power)
 {
     pairs.Text(0, "INSERT");
@@ -118,7 +123,7 @@ void WriteScaled(PairWriter& pairs, const std::string& block, int power)
     pairs.Real(42, scale);
 }
 
-void WriteWrap(PairWriter& pairs, const Wrap& wrap)
+void WriteInsertOfWrap(PairWriter& pairs, const Wrap& wrap)
 {
     const std::size_t wraps = WrapsFor(wrap);
     WriteScaled(pairs, NameOfWrap(wraps), wrap.power - static_cast<int>(wraps - 1) * kLeastPower);
@@ -150,6 +155,73 @@ void ModuleWriter::WriteHeader(PairWriter& pairs) const
     pairs.Text(0, "ENDSEC");
 }
 
+// Only those that are inserted and have something to see are written, with an origin of their own.
+std::vector<ModuleBlock> ModuleWriter::NameBlocks(const std::vector<std::size_t>& used) const
+{
+    std::vector<ModuleBlock> blocks(m_blocks.size());
+    std::size_t number = 0;
+    for (const std::size_t block : used)
+        if (const PlainLog& log = m_blocks[block].log; !log.IsEmpty())
+            blocks[block] = {Numbered(kPartPrefix, ++number), OriginOf(log.Reach())};
+    return blocks;
+}
+
+// Areas are blocks, and come before the blocks that they are in.
+void ModuleWriter::WriteFills(const ModuleOutput& output, const std::vector<std::size_t>& used,
+                              const Wrap& wrap) const
+{
+    const auto write = [&](const PlainLog& log, Point2 origin) {
+        ModuleEntities entities(output, origin, false);
+        ModuleFills areas(entities);
+        log.Replay(areas);
+    };
+    for (const std::size_t block : used)
+        if (!output.blocks[block].name.empty())
+            write(m_blocks[block].log, output.blocks[block].origin);
+    output.layers.WriteBlocks(output.pairs);
+    write(m_model, wrap.origin);
+}
+
+void ModuleWriter::WriteBlocks(const ModuleOutput& output, const std::vector<std::size_t>& used) const
+{
+    for (const std::size_t block : used)
+        if (const ModuleBlock& written = output.blocks[block]; !written.name.empty()) {
+            BeginBlock(output.pairs, written.name);
+            ModuleEntities entities(output, written.origin, output.layers.OfBlock(block) == 0);
+            m_blocks[block].log.Replay(entities);
+            output.pairs.Text(0, "ENDBLK");
+        }
+}
+
+void ModuleWriter::WriteModel(const ModuleOutput& output, const Wrap& wrap) const
+{
+    ModuleEntities model(output, wrap.origin, true);
+    m_model.Replay(model);
+}
+
+// The model in a block, and blocks that scale it.
+void ModuleWriter::WriteWraps(const ModuleOutput& output, const Wrap& wrap) const
+{
+    for (std::size_t i = 1; i <= WrapsFor(wrap); ++i) {
+        BeginBlock(output.pairs, NameOfWrap(i));
+        if (i == 1)
+            WriteModel(output, wrap);
+        else
+            WriteScaled(output.pairs, NameOfWrap(i - 1), kLeastPower);
+        output.pairs.Text(0, "ENDBLK");
+    }
+}
+
+void ModuleWriter::WriteEntities(const ModuleOutput& output, const Wrap& wrap) const
+{
+    BeginSection(output.pairs, "ENTITIES");
+    if (wrap.isNeeded)
+        WriteInsertOfWrap(output.pairs, wrap);
+    else
+        WriteModel(output, wrap);
+    output.pairs.Text(0, "ENDSEC");
+}
+
 bool ModuleWriter::Finish(const ByteFunction& write)
 {
     const Wrap wrap = ChooseWrap(m_settings, m_model.Reach());
@@ -159,72 +231,35 @@ bool ModuleWriter::Finish(const ByteFunction& write)
     ModuleLayers layers(m_drawing, m_styles, m_blocks, m_settings.marksLayers);
     ModuleCollector collector(m_blocks.size(), texts, wrap.factor, decimals);
     m_model.Replay(collector);
-    for (std::size_t i = 0; i < collector.Used().size(); ++i)
-        m_blocks[collector.Used()[i]].log.Replay(collector);
-
-    std::vector<ModuleBlock> blocks(m_blocks.size());
-    std::size_t number = 0;
-    for (const std::size_t block : collector.Used())
-        if (!m_blocks[block].log.IsEmpty())
-            blocks[block] = {Numbered(kPartPrefix, ++number), OriginOf(m_blocks[block].log.Reach())};
+    const std::vector<std::size_t>& used = collector.Used();
+    for (std::size_t i = 0; i < used.size(); ++i)
+        m_blocks[used[i]].log.Replay(collector);
 
     PairWriter pairs(write, FormFor(m_settings));
+    const std::vector<ModuleBlock> blocks = NameBlocks(used);
     const double tolerance = m_settings.tolerance > 0 ? m_settings.tolerance * wrap.factor : wrap.stroke / 20;
     Fineness curves(tolerance, m_settings.sparePointsOfCurves);
     FillCounts fills;
-    const ModuleOutput output{pairs,
-                              styles,
-                              texts,
-                              layers,
-                              blocks,
-                              m_report,
-                              fills,
-                              curves,
-                              wrap.factor,
-                              decimals,
-                              m_settings.fill == FillForm::Strokes ? wrap.stroke : 0};
-    ModuleEntities model(output, wrap.origin, true);
+    const double coveringStroke = m_settings.fill == FillForm::Strokes ? wrap.stroke : 0;
+    const ModuleOutput output{pairs, styles, texts,       layers,   blocks,        m_report,
+                              fills, curves, wrap.factor, decimals, coveringStroke};
+
     WriteHeader(pairs);
     styles.WriteTables(pairs);
-    if (number > 0 || !texts.IsEmpty() || wrap.isNeeded || collector.HasFills() || layers.HasMarks()) {
+    const bool hasParts = std::any_of(blocks.begin(), blocks.end(),
+                                      [](const ModuleBlock& block) { return !block.name.empty(); });
+    if (hasParts || !texts.IsEmpty() || wrap.isNeeded || collector.HasFills() || layers.HasMarks()) {
         BeginSection(pairs, "BLOCKS");
-        const auto writeFills = [&](const PlainLog& log, Point2 origin) {
-            ModuleEntities entities(output, origin, false);
-            ModuleFills areas(entities);
-            log.Replay(areas);
-        };
-        for (const std::size_t block : collector.Used())
-            if (collector.HasFills() && !blocks[block].name.empty())
-                writeFills(m_blocks[block].log, blocks[block].origin);
-        layers.WriteBlocks(pairs);
         if (collector.HasFills())
-            writeFills(m_model, wrap.origin);
-        for (const std::size_t block : collector.Used())
-            if (!blocks[block].name.empty()) {
-                pairs.Text(0, "BLOCK");
-                pairs.Text(2, blocks[block].name);
-                ModuleEntities entities(output, blocks[block].origin, layers.OfBlock(block) == 0);
-                m_blocks[block].log.Replay(entities);
-                pairs.Text(0, "ENDBLK");
-            }
+            WriteFills(output, used, wrap);
+        else
+            layers.WriteBlocks(pairs);
+        WriteBlocks(output, used);
         texts.WriteBlocks(pairs, styles, decimals);
-        for (std::size_t i = 1; i <= WrapsFor(wrap); ++i) {
-            pairs.Text(0, "BLOCK");
-            pairs.Text(2, NameOfWrap(i));
-            if (i == 1)
-                m_model.Replay(model);
-            else
-                WriteScaled(pairs, NameOfWrap(i - 1), kLeastPower);
-            pairs.Text(0, "ENDBLK");
-        }
+        WriteWraps(output, wrap);
         pairs.Text(0, "ENDSEC");
     }
-    BeginSection(pairs, "ENTITIES");
-    if (wrap.isNeeded)
-        WriteWrap(pairs, wrap);
-    else
-        m_model.Replay(model);
-    pairs.Text(0, "ENDSEC");
+    WriteEntities(output, wrap);
     pairs.Text(0, "EOF");
     ReportCoarse(curves);
     if (wrap.isNeeded)
