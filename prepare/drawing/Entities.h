@@ -26,11 +26,11 @@ inline constexpr std::int32_t kWeightByBlock = -2;
 inline constexpr std::int32_t kDefaultWeight = -3;
 
 // What is wrong with the numbers of an entity that cannot be drawn for it.
-enum class Fault : std::uint8_t { None, NotANumber, OutOfRange };
+enum class Fault : std::uint8_t { None, NotFinite, OutOfRange };
 
 constexpr std::string_view TextOf(Fault fault)
 {
-    return fault == Fault::OutOfRange ? "a number is beyond 1e30" : "a coordinate is not a number";
+    return fault == Fault::OutOfRange ? "a number is beyond 1e30" : "a number is not finite";
 }
 
 // What all types have.
@@ -104,7 +104,9 @@ struct LwPolyline : EntityOf<EntityType::LwPolyline> {
     double elevation = 0;                 // 38
     double width = 0;                     // 43, of every segment; vertices may have their own
     std::vector<PolylineVertex> vertices; // 10 begins one; 40, 41, 42; z is not set
+    std::int32_t statedVertices = 0;      // 90
     bool lacksVertices = false;           // those with a fault
+    bool lacksYs = false;                 // of a vertex
 };
 
 struct Polyline : EntityOf<EntityType::Polyline> {

@@ -124,8 +124,11 @@ void EntityReader::KnowFault(Entity& entity)
     const std::string_view name = m_reader.drawing.names.Text(entity.typeName);
     if (m_reader.TakeIsCut())
         m_reader.Note(Finding::Cut, name, "more than 1,000,000 parts", entity.line);
-    m_reader.NoteWords(name, entity.line);
     entity.fault = m_reader.TakeFault();
+    if (entity.fault == Fault::None)
+        m_reader.NoteWords(name, entity.line);
+    else
+        m_reader.TakeHasWord(); // nothing is drawn with it
 }
 
 // True when the next record is of that type; its first pair is unread.
@@ -187,6 +190,8 @@ void EntityReader::ReadAttributes(Insert& insert)
     }
     if (hasAny && NextIs(EntityType::SeqEnd))
         StepOverEnd();
+    else if (!insert.attributes.empty())
+        m_reader.NoteMissingEnd("INSERT", "ends without SEQEND", insert.line);
 }
 
 // Code 67 says which space an entity is in; where it is missing, the owner or the layout does.

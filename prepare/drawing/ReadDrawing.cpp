@@ -494,6 +494,7 @@ void Pass::NotePairs()
         m_reader.Note(Finding::Repaired, "file", "the empty line after each line is left out", 2);
     note(Finding::Repaired, pairs.SkippedLines(), "a line is skipped that is not a group code");
     note(Finding::Cut, pairs.CutLines(), "a line is longer than 65,536 bytes");
+    note(Finding::Cut, pairs.NulLines(), "a NUL byte ends its line's text");
     if (pairs.IsBrokenBinary())
         m_reader.Note(Finding::Cut, "file", "a binary value is of an unknown kind: the rest is left out",
                       pairs.Lines());

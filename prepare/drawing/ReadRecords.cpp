@@ -53,8 +53,12 @@ double ReadCoordinate(RecordReader& reader, LwPolyline& polyline, CDxfLine value
     return std::numeric_limits<double>::quiet_NaN();
 }
 
+enum VertexPhase : std::int32_t { kVertexIsWhole, kVertexLacksY };
+
 void BeginVertex(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 {
+    polyline.lacksYs = polyline.lacksYs || reader.phase == kVertexLacksY;
+    reader.phase = kVertexLacksY;
     constexpr std::size_t kUsual = 8;
     if (polyline.vertices.empty())
         polyline.vertices.reserve(kUsual);
@@ -73,6 +77,7 @@ void ReadVertex(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 
 void ReadVertexY(RecordReader& reader, LwPolyline& polyline, CDxfLine value)
 {
+    reader.phase = kVertexIsWhole;
     if (!polyline.vertices.empty())
         polyline.vertices.back().point.y = ReadCoordinate(reader, polyline, value);
 }
@@ -86,12 +91,25 @@ constexpr auto kLwPolyline = EntityFields<LwPolyline>({
     {42, ReadVertex<&PolylineVertex::bulge>},
     {43, &LwPolyline::width},
     {70, &LwPolyline::flags},
+    {90, &LwPolyline::statedVertices},
 });
+
+// line is that of the entity's type.
+void NoteVertices(RecordReader& reader, const LwPolyline& polyline, std::uint64_t line)
+{
+    if (polyline.lacksYs || reader.phase == kVertexLacksY)
+        reader.Note(Finding::Repaired, "LWPOLYLINE", "a vertex without its y: 0 is read", line);
+    const std::int64_t stated = polyline.statedVertices;
+    if (stated > std::ssize(polyline.vertices) && polyline.vertices.size() < RecordReader::kMostElements)
+        reader.Note(Finding::Repaired, "LWPOLYLINE", "it has fewer vertices than it states", line);
+}
 
 std::unique_ptr<Entity> ReadLwPolyline(RecordReader& reader)
 {
+    const std::uint64_t line = reader.Line() + 1;
     std::unique_ptr<Entity> entity = ReadByTable<kLwPolyline, LwPolyline>(reader);
     LwPolyline& polyline = static_cast<LwPolyline&>(*entity);
+    NoteVertices(reader, polyline, line);
     if (polyline.lacksVertices)
         std::erase_if(polyline.vertices, [](const PolylineVertex& vertex) {
             return std::isnan(vertex.point.x) || std::isnan(vertex.point.y);

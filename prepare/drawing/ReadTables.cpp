@@ -107,6 +107,11 @@ constexpr auto kMultiLineStyle = Fields<MultiLineStyle>({
     {420, ReadMultiLineColour<&MultiLineStyle::fillTrueColour, &MultiLineStyle::Element::trueColour>},
 });
 
+void NoteNameless(const RecordReader& reader, std::string_view type, std::uint64_t line)
+{
+    reader.Note(Finding::Repaired, type, "one without a name is left out", line);
+}
+
 void NoteSecond(const RecordReader& reader, std::string_view type, std::uint64_t line)
 {
     reader.Note(Finding::Repaired, type, "a second one of the same name is left out", line);
@@ -130,8 +135,23 @@ void ReadDimStyle(RecordReader& reader)
         else if (code != 100 && code != 330 && code < kFirstXdata && style.values.size() < kMostValues)
             style.values.emplace_back(code, reader.Text(reader.Value()));
     }
-    if (style.name != kNoName && !reader.drawing.dimStyles.try_emplace(style.name, std::move(style)).second)
+    if (style.name == kNoName)
+        NoteNameless(reader, "DIMSTYLE", line);
+    else if (!reader.drawing.dimStyles.try_emplace(style.name, std::move(style)).second)
         NoteSecond(reader, "DIMSTYLE", line);
+}
+
+// Whether an entry needs a name; a style that is a file of shapes has none.
+template <class Record>
+bool NeedsName(const Record&)
+{
+    return true;
+}
+
+bool NeedsName(const TextStyle& style)
+{
+    constexpr std::int32_t kShapes = 1;
+    return (style.flags & kShapes) == 0;
 }
 
 // Reads an entry and keeps it if it has a name, and a new one.
@@ -146,6 +166,8 @@ Record ReadEntry(RecordReader& reader, std::map<NameId, Record>& entries, std::s
         reader.Note(Finding::Cut, type, "more than 1,000,000 parts", line);
     if (record.name != kNoName && !entries.try_emplace(record.name, record).second)
         NoteSecond(reader, type, line);
+    else if (record.name == kNoName && NeedsName(record))
+        NoteNameless(reader, type, line);
     return record;
 }
 

@@ -12,6 +12,16 @@ namespace prepare {
 
 namespace {
 
+// As programs write a number that is not one, or is infinite: "-nan(ind)", "Infinity", "1.#QNAN".
+bool IsNotFinite(std::string_view value)
+{
+    std::string_view word = Trim(value);
+    if (word.starts_with('-') || word.starts_with('+'))
+        word.remove_prefix(1);
+    return word.starts_with("1.#") || AreSameLetters(word.substr(0, word.find('(')), "nan") ||
+           AreSameLetters(word, "inf") || AreSameLetters(word, "infinity");
+}
+
 bool IsAscii(std::string_view text)
 {
     unsigned char all = 0;
@@ -102,13 +112,14 @@ double RecordReader::LookAtReal(std::string_view value, double real)
 {
     if (real == 0 && EndsInDigit(value))
         return real;
-    const bool isNumber = std::isfinite(real) && value.find_first_of("#nNiI") == std::string_view::npos;
-    if (isNumber && real == 0)
+    const bool isOutOfRange = std::fabs(real) > kMostCoordinate;
+    if (isOutOfRange || IsNotFinite(value)) {
+        m_fault = isOutOfRange ? Fault::OutOfRange : Fault::NotFinite;
+        return 0;
+    }
+    if (real == 0)
         LookAtZero(value);
-    if (isNumber && std::fabs(real) <= kMostCoordinate)
-        return real;
-    m_fault = isNumber ? Fault::OutOfRange : Fault::NotANumber;
-    return 0;
+    return real;
 }
 
 // Empty values are 0 to all programs.
@@ -127,7 +138,7 @@ void RecordReader::NoteWords(std::string_view type, std::uint64_t line)
 void RecordReader::NoteZeros(std::string_view type, std::uint64_t line)
 {
     const Fault fault = TakeFault();
-    m_hasWord = m_hasWord || fault == Fault::NotANumber;
+    m_hasWord = m_hasWord || fault == Fault::NotFinite;
     NoteWords(type, line);
     if (fault == Fault::OutOfRange)
         Note(Finding::Repaired, type, "a number is beyond 1e30: 0 is read", line);

@@ -96,8 +96,8 @@ public:
     // Steps over a group's pairs (102) up to its closing brace, and not beyond the record or its own data.
     void SkipGroup();
 
-    // Each converts a value. A word gives 0. So does a number that is not one, is infinite or beyond
-    // kMostCoordinate, which is a fault of the record.
+    // Each converts a value. A word gives 0. So do "nan" and its like, and what is beyond kMostCoordinate,
+    // which are faults of the record.
     double Real(CDxfLine value)
     {
         const double real = ParseLineReal(value);

@@ -21,6 +21,16 @@ bool ParseStrictCode(std::string_view line, std::int32_t& code)
     return true;
 }
 
+bool IsNumber(std::string_view value)
+{
+    std::string_view text = Trim(value);
+    if (text.empty() || text.back() > '9') // as nearly all names of records end
+        return false;
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    return ParseWholeReal(text).has_value();
+}
+
 } // namespace
 
 bool PairReader::IsCode(std::string_view line)
@@ -50,6 +60,12 @@ bool PairReader::TakeCodeLine(CDxfLine& line)
 // line has been read where a code belongs.
 bool PairReader::NextAfter(std::string_view line)
 {
+    return TakeCode(line) && ReadValue();
+}
+
+// Steps to the next code, from line on; false at the end.
+bool PairReader::TakeCode(std::string_view line)
+{
     while (!ParseStrictCode(line, m_code)) {
         SkipLine(line);
         CDxfLine next = m_stream.EmptyLine();
@@ -63,7 +79,7 @@ bool PairReader::NextAfter(std::string_view line)
         m_skippedLines.count += m_blankLines.count;
         m_blankLines = {};
     }
-    return ReadValue();
+    return true;
 }
 
 void PairReader::SkipLine(std::string_view line)
@@ -75,22 +91,32 @@ void PairReader::SkipLine(std::string_view line)
 // A pair that may be the end, or one with which something happened.
 bool PairReader::LookAtPair()
 {
-    NoteTrouble();
-    if (m_stream.IsExhausted()) {
-        --m_lines;
-        return End();
+    for (;;) {
+        NoteTrouble();
+        if (m_stream.IsExhausted()) {
+            --m_lines;
+            return End();
+        }
+        if (m_code == 0 && AreSameLetters(Trim(m_value), "EOF")) {
+            m_hasEofPair = true;
+            return End();
+        }
+        if (m_code != 0 || !IsNumber(m_value))
+            return true;
+        // The 0 is a value that has lost its code, or got another line before it.
+        m_skippedLines.Add(Line());
+        if (!TakeCode(m_value))
+            return false;
+        TakeValueLine();
     }
-    if (m_code == 0 && AreSameLetters(Trim(m_value), "EOF")) {
-        m_hasEofPair = true;
-        return End();
-    }
-    return true;
 }
 
 void PairReader::NoteTrouble()
 {
     if (m_stream.TakeLineWasCut())
         m_cutLines.Add(Lines());
+    if (m_stream.TakeLineHadNul())
+        m_nulLines.Add(Lines());
     if (!m_stream.TakeReadFailed())
         return;
     if (m_text.IsShortOfMemory())

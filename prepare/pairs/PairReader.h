@@ -23,7 +23,8 @@ struct Tally {
 };
 
 // Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. Where a group code
-// belongs, any other line is skipped: so a file with a line too many or too few gets back into step.
+// belongs, any other line is skipped, and so is a 0 whose value is a number, as no record has such a name: so
+// a file with a line too many or too few gets back into step.
 class PairReader {
 public:
     static constexpr std::size_t kLongestLine = CDxfStream::kMostLongestLine;
@@ -61,6 +62,7 @@ public:
     bool HasSpacedLines() const { return m_text.IsSpaced(); }    // an empty one after each, left out
     const Tally& SkippedLines() const { return m_skippedLines; } // no codes
     const Tally& CutLines() const { return m_cutLines; }         // longer than kLongestLine
+    const Tally& NulLines() const { return m_nulLines; }         // of which a NUL ends the text
 
 private:
     static constexpr std::int32_t kComment = 999;
@@ -78,15 +80,22 @@ private:
 
     bool ReadValue()
     {
-        m_value = m_stream.getline();
-        ++m_lines;
-        if (m_code == 0 || m_stream.HasTrouble() || m_stream.IsExhausted()) [[unlikely]]
+        TakeValueLine();
+        if (m_code == 0 || m_stream.HasTrouble() || m_stream.LineHadNul() || m_stream.IsExhausted())
+            [[unlikely]]
             return LookAtPair();
         return true;
     }
 
+    void TakeValueLine()
+    {
+        m_value = m_stream.getline();
+        ++m_lines;
+    }
+
     bool NextSlowly();
     bool NextAfter(std::string_view line);
+    bool TakeCode(std::string_view line);
     bool LookAtPair();
     bool TakeCodeLine(CDxfLine& line);
     void NoteTrouble();
@@ -101,6 +110,7 @@ private:
     Tally m_skippedLines;
     Tally m_blankLines; // counted as skipped once another pair follows
     Tally m_cutLines;
+    Tally m_nulLines;
     bool m_hasEnded = false;
     bool m_hasEofPair = false;
     bool m_hasFailed = false;

@@ -113,8 +113,11 @@ CDxfLine CDxfStream::LimitLine(const char* begin, std::size_t size)
         size = m_longestLine;
         m_lineWasCut = true;
     }
-    if (m_longestPlain == 0)
-        size = std::min(std::string_view(begin, size).find('\0'), size);
+    if (m_longestPlain == 0) {
+        const std::size_t nul = std::string_view(begin, size).find('\0');
+        m_lineHadNul = m_lineHadNul || nul != std::string_view::npos;
+        size = std::min(nul, size);
+    }
     return {begin, size};
 }
 

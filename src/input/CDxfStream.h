@@ -73,6 +73,10 @@ public:
     bool TakeLineWasCut() { return std::exchange(m_lineWasCut, false); }
     bool TakeReadFailed() { return std::exchange(m_readFailed, false); }
 
+    // Each says whether a NUL has ended the text of a line before the line itself, the second one once.
+    bool LineHadNul() const { return m_lineHadNul; }
+    bool TakeLineHadNul() { return std::exchange(m_lineHadNul, false); }
+
 private:
     static constexpr std::size_t kBlock = CDxfLine::kAround;
 
@@ -107,4 +111,5 @@ private:
     std::size_t m_longestPlain; // the longest line; 0 once there may be a NUL
     bool m_lineWasCut = false;
     bool m_readFailed = false;
+    bool m_lineHadNul = false;
 };

@@ -1,4 +1,5 @@
 """Damaged drawings: what can be read is drawn, and each repair is a message with its line."""
+import re
 import xml.etree.ElementTree as ElementTree
 
 from command_support import CommandTest, dxf
@@ -64,6 +65,44 @@ class Damaged(CommandTest):
             self.drawn(WHOLE[:place] + (extra,) + WHOLE[place:],
                        f"{place + 1}: file: a line is skipped that is not a group code")
 
+    def test_a_line_lost_among_numbers(self):
+        for lost in range(4, len(line(2))):
+            lines = (*section("ENTITIES", *line(1), *line(2)[:lost], *line(2)[lost + 1:], *line(3)), "0", "EOF")
+            with self.subTest(lost=lost):
+                self.write("plan.dxf", dxf(*lines))
+                printed = self.plexorn("plan.dxf").stderr
+                self.assertRegex(printed, r"^plan.dxf:\d+: file: a line is skipped that is not a group code")
+                self.assertNotIn("missing", printed)
+                self.assertRegex(printed, r"all [23] entities shown")
+                info = self.plexorn("info", "plan.dxf").stdout
+                self.assertEqual(re.findall(r"^    (\S+) ", info, re.MULTILINE), [])
+
+    def test_nul_bytes(self):
+        lines = section("ENTITIES", *line(1), "0", "TEXT", "8", "0", "10", "1\x002", "20", "0", "40", "1", "1", "AB\x00CD")
+        self.write("plan.dxf", dxf(*lines, "0", "EOF"))
+        said = f"plan.dxf:{4 + len(line(1)) + 6}: file is not shown whole: a NUL byte ends its line's text (2 times)\n"
+        self.assertTrue(self.expect(0, "plan.dxf").startswith(said))
+        self.assertIn(">AB<", self.read("plan.svg"))
+        self.expect(1, "--strict", "plan.dxf")
+
+    def test_entries_without_a_name(self):
+        for kind in ("LAYER", "LTYPE", "STYLE", "DIMSTYLE"):
+            self.drawn((*section("TABLES", "0", kind, "70", "0"), *section("ENTITIES", *line(1)), "0", "EOF"),
+                       f"6: {kind}: one without a name is left out", shown=1)
+
+    def test_an_insert_without_the_end_of_its_attributes(self):
+        attributes = ("66", "1", "0", "ATTRIB", "8", "0", "10", "0", "20", "0", "40", "1", "1", "A")
+        place = WHOLE.index("INSERT") + 9
+        self.drawn(WHOLE[:place] + attributes + WHOLE[place:], f"{WHOLE.index('INSERT') + 1}: INSERT: ends without SEQEND")
+
+    def test_polylines_that_lack_vertices_or_a_part_of_them(self):
+        vertices = ("10", "0", "20", "0", "10", "9", "20", "9")
+        first = 4 + len(line(1)) + 2
+        for groups, said in (((*vertices, "90", "3"), "it has fewer vertices than it states"),
+                             (vertices[:-2], "a vertex without its y: 0 is read")):
+            self.drawn((*section("ENTITIES", *line(1), "0", "LWPOLYLINE", "8", "0", *groups), "0", "EOF"),
+                       f"{first}: LWPOLYLINE: {said}", shown=2)
+
     def test_tables_that_are_there_twice(self):
         again = len(HEADER) + len(TABLES) + TABLES.index("LAYER", TABLES.index("LAYER") + 1) + 1
         self.drawn((*HEADER, *TABLES, *TABLES, *BLOCKS, *ENTITIES, "0", "EOF"),
@@ -95,13 +134,21 @@ class Damaged(CommandTest):
         bad = ("0", "LINE", "8", "Walls", "10", "abc", "20", "-", "11", "9", "21", "7x", "62", "")
         self.drawn((*section("ENTITIES", *line(1), *bad), "0", "EOF"),
                    f"{4 + len(line(1)) + 2}: LINE: a value is not a number: 0 is read", shown=2)
+        for words in (("ten", "abc"), ("none", "big"), ("INFO", "Nano")):
+            bad = ("0", "LINE", "8", "Walls", "10", words[0], "20", words[1], "11", "9", "21", "7")
+            self.drawn((*section("ENTITIES", *line(1), *bad), "0", "EOF"),
+                       f"{4 + len(line(1)) + 2}: LINE: a value is not a number: 0 is read", shown=2)
+        bad = ("0", "LINE", "8", "Walls", "10", "abc", "20", "nan", "11", "9", "21", "7")
+        self.drawn((*section("ENTITIES", *line(1), *bad), "0", "EOF"),
+                   f"{4 + len(line(1)) + 2}: LINE is not shown: a number is not finite", shown=1)
         self.drawn((*section("BLOCKS", "0", "BLOCK", "2", "Door", "10", "abc", "0", "ENDBLK"),
                     *section("ENTITIES", *line(1)), "0", "EOF"),
                    "6: BLOCK: a value is not a number: 0 is read", shown=1)
 
     def test_numbers_that_are_out_of_range(self):
         for value, why in (("1e31", "a number is beyond 1e30"), ("-1e300", "a number is beyond 1e30"),
-                           ("1e999", "a coordinate is not a number"), ("nan", "a coordinate is not a number")):
+                           ("1e999", "a number is beyond 1e30"), ("nan", "a number is not finite"),
+                           ("-1.#IND", "a number is not finite")):
             self.drawn((*section("ENTITIES", *line(1), *line(value)), "0", "EOF"),
                        f"{4 + len(line(1)) + 2}: LINE is not shown: {why}", shown=1)
             self.drawn((*section("ENTITIES", *line(1), *line(value, "67", "1")), "0", "EOF"), shown=1)
@@ -151,7 +198,7 @@ class Damaged(CommandTest):
     def test_broken_entities_outside_of_sections_are_reported(self):
         broken = line("nan")
         self.drawn((*line(1), *broken, *broken, "0", "EOF"),
-                   f"{len(line(1)) + 2}: LINE is not shown: a coordinate is not a number (2 times)",
+                   f"{len(line(1)) + 2}: LINE is not shown: a number is not finite (2 times)",
                    "1: file: an entity outside of sections is taken (3 times)", shown=1)
 
     def test_solids_outside_of_sections_are_reported(self):

@@ -191,6 +191,19 @@ TEST(ReadDrawing, TablesAreReadWithoutSubclassMarkersAndInAnyOrder)
     EXPECT_EQ(multi.elements[1].colour, kByLayer);
 }
 
+TEST(ReadDrawing, EntriesWithoutANameAreReported)
+{
+    const std::string start = Dxf({{0, "SECTION"}, {2, "TABLES"}}), end = Dxf({{0, "ENDSEC"}, {0, "EOF"}});
+    for (const std::string type : {"LAYER", "LTYPE", "STYLE", "DIMSTYLE", "MLINESTYLE"})
+        for (const std::string& entry : {Dxf({{0, type}, {70, "0"}}), Dxf({{0, type}, {2, " "}})}) {
+            const ReadDrawingOf read(start + entry + entry + Dxf({{0, type}, {2, "A"}}) + end);
+            EXPECT_EQ(read.Found(Finding::Repaired, type), "one without a name is left out at 6, 2;");
+        }
+    // A file of shapes.
+    const ReadDrawingOf read(start + Dxf({{0, "STYLE"}, {2, ""}, {70, "1"}, {3, "ltypeshp.shx"}}) + end);
+    EXPECT_TRUE(read.report.Entries().empty());
+}
+
 TEST(ReadDrawing, BlocksKeepTheirEntitiesAndTheFirstOfANameCounts)
 {
     const ReadDrawingOf read(Dxf({{0, "SECTION"},  {2, "BLOCKS"}, {0, "BLOCK"},  {8, "L"},      {330, "20"},

@@ -629,9 +629,10 @@ TEST(ReadEntity, ImagesAndUnderlaysHaveTheirClipUnderDifferentCodes)
 TEST(ReadEntity, WhatIsNoNumberOrTooLargeIsAFaultOfTheEntityAlone)
 {
     const std::pair<const char*, Fault> kValues[] = {
-        {"1e999", Fault::NotANumber}, {"-1e999", Fault::NotANumber},  {"nan", Fault::NotANumber},
-        {"inf", Fault::NotANumber},   {"1.#QNAN", Fault::NotANumber}, {"-1.#IND", Fault::NotANumber},
-        {"1e30", Fault::None},        {"1.01e30", Fault::OutOfRange}, {"-1e308", Fault::OutOfRange}};
+        {"1e999", Fault::OutOfRange},    {"-1e999", Fault::OutOfRange},  {"nan", Fault::NotFinite},
+        {"-NaN(ind)", Fault::NotFinite}, {"inf", Fault::NotFinite},      {" +Infinity ", Fault::NotFinite},
+        {"1.#QNAN", Fault::NotFinite},   {"-1.#IND", Fault::NotFinite},  {"1.#inf00", Fault::NotFinite},
+        {"1e30", Fault::None},           {"1.01e30", Fault::OutOfRange}, {"-1e308", Fault::OutOfRange}};
     for (const auto& [value, fault] : kValues) {
         const ReadBlock block({{0, "CIRCLE"}, {10, value}, {40, "1"}, {0, "POINT"}});
         ASSERT_EQ(block.Count(), 2u);
@@ -668,12 +669,60 @@ TEST(ReadEntity, WordsAreReadAsZeroAndReportedOnceAnEntity)
     EXPECT_EQ(block.read.report.Entries().size(), 2u);
 }
 
+TEST(ReadEntity, WordsThatOnlyLookLikeNumbersThatAreNoneAreWords)
+{
+    for (const char* const word :
+         {"ten", "five", "none", "big", "nano", "info", "infinite", "1#", "-i", "(nan)"}) {
+        const ReadBlock block({{0, "CIRCLE"}, {10, word}, {40, "1"}});
+        EXPECT_EQ(block.As<Circle>().fault, Fault::None) << word;
+        const bool isOne = word[0] == '1';
+        EXPECT_EQ(block.As<Circle>().centre.x, isOne ? 1 : 0);
+        EXPECT_EQ(block.read.Found(Finding::Repaired, "CIRCLE"),
+                  isOne ? "" : "a value is not a number: 0 is read at 10, 1;");
+    }
+}
+
+TEST(ReadEntity, WordsOfAnEntityThatIsNotShownAreNotReported)
+{
+    const ReadBlock block({{0, "LINE"}, {10, "nan"}, {20, "ten"}, {0, "LINE"}, {10, "1"}});
+    EXPECT_EQ(block.As<Line>().fault, Fault::NotFinite);
+    EXPECT_TRUE(block.read.report.Entries().empty());
+}
+
+TEST(ReadEntity, ALwPolylineThatLacksVerticesOrTheirYIsReported)
+{
+    const auto found = [](std::initializer_list<Group> pairs) {
+        return ReadBlock(pairs).read.Found(Finding::Repaired, "LWPOLYLINE");
+    };
+    const std::string fewer = "it has fewer vertices than it states at 10, 1;";
+    const std::string lacksY = "a vertex without its y: 0 is read at 10, 1;";
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {90, "2"}, {10, "1"}, {20, "2"}, {10, "3"}, {20, "4"}}), "");
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {90, "1"}, {10, "1"}, {20, "2"}, {10, "3"}, {20, "4"}}), "");
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {90, "3"}, {10, "1"}, {20, "2"}, {10, "3"}, {20, "4"}}), fewer);
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {10, "1"}, {10, "3"}, {20, "4"}}), lacksY);
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {10, "1"}, {20, "4"}, {10, "3"}, {42, "1"}}), lacksY);
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {10, "1"}, {0, "POINT"}, {0, "LWPOLYLINE"}, {10, "1"}, {20, "2"}}),
+              lacksY);
+    EXPECT_EQ(found({{0, "LWPOLYLINE"}, {90, "2"}, {10, "1"}, {20, "nan"}, {10, "1"}, {20, "2"}}), "");
+}
+
+TEST(ReadEntity, AnInsertWithAttributesAndWithoutSeqendIsReported)
+{
+    const auto found = [](std::initializer_list<Group> pairs) {
+        return ReadBlock(pairs).read.Found(Finding::Repaired, "INSERT");
+    };
+    EXPECT_EQ(found({{0, "INSERT"}, {66, "1"}, {0, "ATTRIB"}, {0, "LINE"}}), "ends without SEQEND at 10, 1;");
+    EXPECT_EQ(found({{0, "INSERT"}, {0, "ATTRIB"}}), "ends without SEQEND at 10, 1;");
+    EXPECT_EQ(found({{0, "INSERT"}, {0, "ATTRIB"}, {0, "SEQEND"}, {0, "LINE"}}), "");
+    EXPECT_EQ(found({{0, "INSERT"}, {66, "1"}, {0, "LINE"}}), "");
+}
+
 TEST(ReadEntity, AVertexThatIsNoNumberIsLeftOutAlone)
 {
     const ReadBlock block(
         {{0, "POLYLINE"}, {0, "VERTEX"}, {10, "1"}, {0, "VERTEX"}, {10, "nan"}, {0, "SEQEND"}});
     EXPECT_EQ(block.As<Polyline>().vertices.size(), 1u);
-    EXPECT_EQ(block.read.Found(Finding::Changed, "VERTEX"), "a coordinate is not a number at 16, 1;");
+    EXPECT_EQ(block.read.Found(Finding::Changed, "VERTEX"), "a number is not finite at 16, 1;");
 }
 
 TEST(ReadEntity, AVertexOfALwPolylineThatIsNoNumberIsLeftOutAlone)
@@ -692,10 +741,10 @@ TEST(ReadEntity, AVertexOfALwPolylineThatIsNoNumberIsLeftOutAlone)
         EXPECT_EQ(polyline.vertices[1].point.x, 3);
         EXPECT_EQ(polyline.fault, Fault::None);
         EXPECT_EQ(block.read.Found(Finding::Changed, "LWPOLYLINE"),
-                  isX ? "a coordinate is not a number at 16, 1;" : "a number is beyond 1e30 at 18, 1;");
+                  isX ? "a number is not finite at 16, 1;" : "a number is beyond 1e30 at 18, 1;");
     }
     const ReadBlock block({{0, "LWPOLYLINE"}, {38, "nan"}, {10, "1"}, {20, "2"}});
-    EXPECT_EQ(block.As<LwPolyline>().fault, Fault::NotANumber);
+    EXPECT_EQ(block.As<LwPolyline>().fault, Fault::NotFinite);
     EXPECT_EQ(block.As<LwPolyline>().vertices.size(), 1u);
 }
 

@@ -308,6 +308,51 @@ TEST(PairReader, RealsAndNumbersBeyondTheFormatsCodesAreNoCodes)
     EXPECT_EQ(ReadAll("0.0\n12000\n5E2\n12 13\n 10\n1\n"), "5 10 1;");
 }
 
+// The 0 is the value of a line that is lost, or has got one before it.
+TEST(PairReader, AZeroBeforeANumberIsNoRecord)
+{
+    CDxfMemory memory("0\nLINE\n0\n20\n1\n11\n9\n0\n-1.5\n+2.e-3\n0\n 0 \n 62\n3\n0\nEOF\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 LINE;4 20 1;6 11 9;13 62 3;");
+    EXPECT_EQ(reader.SkippedLines().count, 6u);
+    EXPECT_EQ(reader.SkippedLines().firstLine, 3u);
+}
+
+TEST(PairReader, NamesOfRecordsMayBeginOrEndLikeNumbers)
+{
+    for (const char* const name : {"3DFACE", "1E", "E1", "1.#INF", "nan", "-", ".", "0x1", "1 2", ""})
+        EXPECT_EQ(ReadAll(std::string("0\n") + name + "\n62\n3\n"), "1 0 " + std::string(name) + ";3 62 3;");
+}
+
+TEST(PairReader, ZerosWithoutEndDeepenNothing)
+{
+    std::string zeros;
+    for (int i = 0; i < 300'000; ++i)
+        zeros += "0\n";
+    CDxfMemory memory(zeros + "8\nx\n");
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "300001 8 x;");
+    EXPECT_EQ(reader.SkippedLines().count, 300'000u);
+}
+
+TEST(PairReader, ANulEndsItsLinesTextAndIsCounted)
+{
+    using namespace std::string_view_literals;
+    const std::string_view text = "0\nTEXT\n1\nA\0B\n40\n\0\n5\0\nx\n\n\0\n8\na\0b\0c"sv;
+    for (const std::size_t most : {1u, 5u, 1000u}) {
+        SlowSource source(text, most);
+        PairReader reader(source);
+        EXPECT_EQ(ReadAll(reader), "1 0 TEXT;3 1 A;5 40 ;7 5 x;11 8 a;");
+        EXPECT_EQ(reader.NulLines().count, 5u);
+        EXPECT_EQ(reader.NulLines().firstLine, 4u);
+    }
+    CDxfMemory memory("0\nTEXT\n8\na\0\n\n\n7\nb\n"sv);
+    PairReader reader(memory);
+    EXPECT_EQ(ReadAll(reader), "1 0 TEXT;3 8 a;7 7 b;");
+    EXPECT_EQ(reader.NulLines().count, 1u);
+    EXPECT_EQ(reader.NulLines().firstLine, 4u);
+}
+
 TEST(PairReader, LongTextsAreKeptAndLongerOnesCut)
 {
     const std::string longest(PairReader::kLongestLine, 'a');

@@ -109,7 +109,7 @@ TEST_F(Windows, OneWithABrokenNumberComesFirst)
 {
     Viewport broken = Window();
     broken.id = 3;
-    broken.fault = Fault::NotANumber;
+    broken.fault = Fault::NotFinite;
     Viewport second = Window();
     second.id = 0;
     const std::string told = "VIEWPORT: " + std::string(TextOf(broken.fault)) + " (1);";

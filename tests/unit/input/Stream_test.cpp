@@ -272,6 +272,21 @@ TEST(Stream, EachLongLineIsReportedOnce)
     EXPECT_FALSE(stream.HasTrouble());
 }
 
+TEST(Stream, ANulThatEndsALinesTextIsNoTroubleButKnown)
+{
+    using namespace std::string_view_literals;
+    CDxfMemory memory("a\0b\nc\n"sv);
+    CDxfStream stream(memory);
+    EXPECT_FALSE(stream.LineHadNul());
+    EXPECT_EQ(stream.getline(), "a");
+    EXPECT_FALSE(stream.HasTrouble());
+    EXPECT_TRUE(stream.LineHadNul());
+    EXPECT_TRUE(stream.TakeLineHadNul());
+    EXPECT_FALSE(stream.LineHadNul());
+    EXPECT_EQ(stream.getline(), "c");
+    EXPECT_FALSE(stream.TakeLineHadNul());
+}
+
 TEST(Stream, ReadErrorIsReportedOnceAndCountsAsTheEndOfTheFile)
 {
     FailingReads source("a\nbc");
