@@ -241,9 +241,9 @@ Header HeaderOf(const prepare::Contents& contents)
     return header;
 }
 
-std::string HoleOf(const DrawingInfo& info)
+std::string HoleOf(const Source& source, const DrawingInfo& info)
 {
-    const int error = info.header.readError;
+    const int error = source.ReadError() != 0 ? source.ReadError() : info.header.readError;
     return error == 0 ? "" : "cannot be read to its end: " + std::generic_category().message(error);
 }
 
@@ -343,7 +343,7 @@ void Draw(Source& source, const Job& job, const Options& options, Report& report
         info.header = HeaderOf(prepared->Findings().contents);
     else
         info = ReadContents(source, asksAboutAll, options.keepsGoing);
-    outcome.hole = prepared ? prepared->Hole() : HoleOf(info);
+    outcome.hole = prepared ? prepared->Hole() : HoleOf(source, info);
     if (!outcome.hole.empty() && !options.keepsGoing)
         return report.Failed(source.ShownName(), outcome.hole, ExitCode::File);
     const Document document(svgHostCreate(), svgHostDestroy);
@@ -400,7 +400,7 @@ void DrawJob(const Job& job, const Options& options, Report& report)
 {
     if (!job.reason.empty())
         return report.Failed(ShownName(job.input), job.reason, job.code);
-    Source source(job.input, options.isAsIs ? Forms::Ascii : Forms::All);
+    Source source(job.input, options.isAsIs ? Forms::Ascii : Forms::All, options.keepsGoing);
     if (IsReady(source, job, options, report))
         Draw(source, job, options, report);
 }

@@ -22,9 +22,10 @@ const char* ReadFiles::WhatIs(const std::string& identity) const
     return found == m_files.end() ? nullptr : found->second;
 }
 
-const char* ReadFiles::WhatIsStandardOutput() const
+void ReadFiles::CheckStandardOutput() const
 {
-    return WhatIs(FileIdentity(stdout));
+    if (const char* const what = WhatIs(FileIdentity(stdout)))
+        throw UsageError(std::string("the standard output is ") + what + "; give it another place");
 }
 
 void ReadFiles::Add(const std::string& identity, const char* what)

@@ -16,10 +16,11 @@ public:
     // The drawings, the list of drawings, and the file that is open as the standard input.
     ReadFiles(const std::vector<Input>& inputs, const Options& options);
 
-    // What the file of that identity, or that of the standard output, is among them, such as "one of the
-    // drawings"; null if it is none of them.
+    // What the file of that identity is among them, such as "one of the drawings"; null if it is none of
+    // them.
     const char* WhatIs(const std::string& identity) const;
-    const char* WhatIsStandardOutput() const;
+    // Throws UsageError when what is printed would be written into one of them.
+    void CheckStandardOutput() const;
 
 private:
     void Add(const std::string& identity, const char* what);

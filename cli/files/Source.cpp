@@ -12,11 +12,11 @@ namespace plexorn {
 
 namespace fs = std::filesystem;
 
-Source::Source(const std::string& name, Forms forms) : m_shownName(name)
+Source::Source(const std::string& name, Forms forms, bool keepsGoing) : m_shownName(name)
 {
     if (name == kStandardStream) {
         m_shownName = "<stdin>";
-        m_copy.emplace(ReadStandardInput);
+        CopyStandardInput(keepsGoing);
         m_path = m_copy->Path();
     } else {
         m_path = PathFromArgument(name);
@@ -34,6 +34,21 @@ Source::Source(const std::string& name, Forms forms) : m_shownName(name)
         Refuse("cannot be read: " + reason, ExitCode::File);
     else if (const std::string other = WhyNotTaken(head, forms); !other.empty())
         Refuse(other, ExitCode::NotAsciiDxf);
+}
+
+void Source::CopyStandardInput(bool keepsGoing)
+{
+    m_copy.emplace([&](const ByteFunction& out) {
+        bool hasBytes = false, isWritten = true;
+        const int error = ReadStandardInput([&](const char* bytes, std::size_t size) {
+            hasBytes = true;
+            return isWritten = out(bytes, size);
+        });
+        if (!keepsGoing || !hasBytes || !isWritten)
+            return error;
+        m_readError = error;
+        return 0;
+    });
 }
 
 void Source::Refuse(const std::string& reason, ExitCode code)

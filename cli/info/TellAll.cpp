@@ -81,19 +81,12 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
     Print(text(source.ShownName(), told->info, becoming, options.withTexts));
 }
 
-// Throws UsageError when the output would be written into a file that is read.
-void CheckStandardOutput(const Inputs& inputs, const Options& options)
-{
-    if (const char* const what = ReadFiles(inputs.files, options).WhatIsStandardOutput())
-        throw UsageError(std::string("the standard output is ") + what + "; give it another place");
-}
-
 } // namespace
 
 ExitCode TellAll(const Options& options)
 {
     const Inputs inputs = FindInputs(options);
-    CheckStandardOutput(inputs, options);
+    ReadFiles(inputs.files, options).CheckStandardOutput();
     Printer printer(inputs.files.size(), false);
     Summary summary;
     ExitCode code = ExitCode::Drawn;

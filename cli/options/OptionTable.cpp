@@ -236,9 +236,8 @@ constexpr HelpRow kLimits[] = {
     {"Drawings", "text or binary DXF, no DWG; a closing line names the types that are not drawn"},
     {"Pictures", "SVG; other programs, such as rsvg-convert or Inkscape, convert it"},
     {"Elements", "100,000 for each drawing, and one more for each eight bytes of its prepared form"},
-    {"Faults",
-     "Report them to the maintainer whom your package names, or as CONTRIBUTING.md in the sources says, with "
-     "the drawing and with what plexorn --version prints"},
+    {"Faults", "Report them to those from whom you have plexorn, with the drawing and with what plexorn "
+               "--version prints"},
 };
 
 constexpr CommandRow kCommands[] = {

@@ -60,10 +60,10 @@ private:
             return -1;
         }
         const std::ptrdiff_t count = m_reader->Read(bytes, size);
-        if (count >= 0)
+        if (count > 0 || (count == 0 && m_source.ReadError() == 0))
             return count;
-        m_error = m_reader->Error();
-        return count;
+        m_error = count == 0 ? m_source.ReadError() : m_reader->Error();
+        return -1;
     }
 
     Source& m_source;

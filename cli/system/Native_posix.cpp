@@ -34,6 +34,18 @@ void CopyAccess(int descriptor, const struct stat& model)
     [[maybe_unused]] const int isModeKept = fchmod(descriptor, model.st_mode & 0777);
 }
 
+// A name with which an open file can be opened again; empty where the system has none. A root folder without
+// devices may have /proc.
+std::string NameOfOpen(int descriptor)
+{
+    for (const char* const folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        std::string name = folder + std::to_string(descriptor);
+        if (access(name.c_str(), F_OK) == 0)
+            return name;
+    }
+    return "";
+}
+
 std::string IdentityOf(const struct stat& status)
 {
     return std::to_string(status.st_dev) + " " + std::to_string(status.st_ino);
@@ -117,8 +129,14 @@ int ReadStandardInput(const ByteFunction& out)
 
 PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill) : m_file(OpenNameless())
 {
-    // The file has no name, so it is gone with the process, but /dev/fd opens it.
+    // The file has no name of its own, so it is gone with the process.
     int error = m_file ? 0 : errno;
+    if (m_file)
+        m_path = NameOfOpen(fileno(m_file));
+    if (m_file && m_path.empty()) {
+        m_error = "neither /dev/fd nor /proc/self/fd is there, through which it would be read";
+        return;
+    }
     if (m_file)
         error = fill([this](const char* bytes, std::size_t size) {
             return std::fwrite(bytes, 1, size, m_file) == size;
@@ -127,8 +145,6 @@ PrivateFile::PrivateFile(const std::function<int(const ByteFunction& out)>& fill
         error = errno;
     if (error != 0)
         m_error = ReasonOf(error);
-    else
-        m_path = "/dev/fd/" + std::to_string(fileno(m_file));
 }
 
 PrivateFile::~PrivateFile()
@@ -147,7 +163,7 @@ ModulePath::ModulePath(const fs::path& path)
     // second name.
     m_descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (m_descriptor >= 0)
-        m_name = L"/dev/fd/" + std::to_wstring(m_descriptor);
+        m_name = WideFromUtf8(NameOfOpen(m_descriptor)).value_or(L"");
 }
 
 ModulePath::~ModulePath()

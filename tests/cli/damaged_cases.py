@@ -170,6 +170,27 @@ class Damaged(CommandTest):
         first = len(HEADER) + len(TABLES) + len(BLOCKS) + 1
         self.drawn(lines, f"{first}: file: an entity outside of sections is taken (4 times)")
 
+    def picture(self, *lines):
+        self.drawn(lines, shown=2)
+        return self.read("plan.svg")
+
+    def test_a_lost_start_of_the_header(self):
+        whole = self.picture(*HEADER, *section("ENTITIES", *line(1), *line(2)), "0", "EOF")
+        bare = self.picture(*section("ENTITIES", *line(1), *line(2)), "0", "EOF")
+        self.assertNotEqual(whole, bare)
+        self.drawn((*HEADER[4:], *section("ENTITIES", *line(1), *line(2)), "0", "EOF"),
+                   "1: file: a header outside of sections is taken", shown=2)
+        self.assertEqual(self.read("plan.svg"), whole)
+
+    def test_a_lost_start_of_the_objects(self):
+        before = (*section("TABLES"), *section("BLOCKS"),
+                  *section("ENTITIES", *line(1, "5", "A", "62", "1"), *line(2, "5", "B", "62", "5")))
+        order = section("OBJECTS", "0", "SORTENTSTABLE", "5", "C", "331", "A", "5", "B", "331", "B", "5", "A")
+        whole = self.picture(*before, *order, "0", "EOF")
+        self.assertNotEqual(whole, self.picture(*before, "0", "EOF"))
+        self.drawn((*before, *order[4:], "0", "EOF"), f"{len(before) + 1}: file: an object outside of sections is taken", shown=2)
+        self.assertEqual(self.read("plan.svg"), whole)
+
     def test_a_lost_end_and_a_lost_start(self):
         lines = without("0", "ENDSEC", "0", "SECTION", "2", "ENTITIES")
         first = len(HEADER) + len(TABLES) + len(BLOCKS) - 1

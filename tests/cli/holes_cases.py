@@ -32,6 +32,23 @@ class Holes(CommandTest):
         return {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_READS_AFTER": str(after),
                 "FAILING_READS_BY": by}
 
+    def check_standard_input(self):
+        """With --keep-going, what it brings before a failed read is drawn, as of a file."""
+        for options in ([], ["-q"]):
+            with self.subTest(options=options), open(self.path("plan.dxf"), "rb") as drawing:
+                self.write("plan.svg", b"old")
+                lines = self.expect(1, "--keep-going", "-", "-o", "plan.svg", *options, stdin=drawing,
+                                    env=self.failing("read")).splitlines()
+                self.assertEqual(lines[0], "<stdin>: cannot be read to its end: Input/output error; the picture lacks what "
+                                           "follows")
+                self.assertEqual(len(lines), 1 if options else 2)
+                self.assertTrue(self.read("plan.svg").endswith("</svg>\n"))
+                self.assertGreater(self.texts(), 100)
+                self.assertLess(self.texts(), self.COUNT)
+        with open(self.path("plan.dxf"), "rb") as drawing:
+            self.assertEqual(self.expect(3, "--keep-going", "-", "-o", "plan.svg", stdin=drawing, env=self.failing("read", 0)),
+                             "<stdin>: cannot be read: Input/output error\n")
+
     def limited(self, kilobytes, *options, command=("-j", "1")):
         def limit():
             resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
@@ -87,6 +104,9 @@ class FailingReads(Holes):
             printed = self.expect(3, "-", "-o", "plan.svg", stdin=drawing, env=self.failing("read"))
         self.assertEqual(printed, "<stdin>: cannot be read: Input/output error\n")
         self.assertEqual(self.read("plan.svg"), "old")
+
+    def test_to_keep_going_with_the_standard_input(self):
+        self.check_standard_input()
 
     def test_info(self):
         for options in ([], ["--json"], ["--summary"]):
@@ -266,6 +286,9 @@ class PreparedFailingReads(Holes):
                 self.assertLess(self.texts(), self.COUNT)
                 if not options:
                     self.assertIn(", at most ", lines[-1])
+
+    def test_to_keep_going_with_the_standard_input(self):
+        self.check_standard_input()
 
     def types_of_objects(self, *arguments, by):
         printed = self.plexorn("--messages", "json", *arguments, "-o", "out/", env=self.failing(by)).stderr

@@ -14,7 +14,7 @@ class Options(CommandTest):
                      "0 drawn", "1 drawn, but not all of a drawing is shown as it should be", "2 wrong usage", "3 the file cannot be read",
                      "4 the file is not a DXF that can be read", "5 of several drawings, at least one failed",
                      "6 drawn, but nothing is visible",
-                     "Limits and faults:", "100,000 for each drawing", "CONTRIBUTING.md"):
+                     "Limits and faults:", "100,000 for each drawing", "those from whom you have plexorn"):
             self.assertIn(text, " ".join(result.stdout.split()))
 
     def test_help_has_three_examples_that_run(self):

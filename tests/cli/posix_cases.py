@@ -46,6 +46,39 @@ def tells_of_new_files(folder):
     return True
 
 
+class WithoutDevices(CommandTest):
+    """Under a root folder without /dev, and without /proc."""
+    AS_IS = False
+
+    def hidden(self, folders, *arguments, **options):
+        script = "".join(f"mount -t tmpfs none {folder} && " for folder in folders)
+        return subprocess.run(["unshare", "-rm", "sh", "-c", script + '"$@"', "sh", command_support.COMMAND, *arguments],
+                              cwd=self.folder, capture_output=True, check=False, **options)
+
+    def setUp(self):
+        super().setUp()
+        self.write("plan.dxf")
+        if shutil.which("unshare") is None or self.hidden(["/dev", "/proc"], "--version").returncode != 0:
+            self.skipTest("this system hides no folders")
+
+    def test_proc_is_enough(self):
+        self.expect(0, "-q", "plan.dxf")
+        usual = self.read("plan.svg")
+        os.remove(self.path("plan.svg"))
+        for arguments in (["plan.dxf"], ["-", "-o", "plan.svg"]):
+            result = self.hidden(["/dev"], *arguments, input=DRAWING)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertEqual(self.read("plan.svg"), usual)
+
+    def test_without_both_the_reason_is_given(self):
+        why = b"neither /dev/fd nor /proc/self/fd is there, through which it would be read\n"
+        for arguments, before in ((["plan.dxf"], b"plan.dxf: cannot be prepared: "),
+                                  (["-", "-o", "plan.svg"], b"<stdin>: cannot be read: ")):
+            result = self.hidden(["/dev", "/proc"], *arguments, input=DRAWING)
+            self.assertEqual((result.returncode, result.stderr), (3, before + why))
+        self.assertEqual(self.hidden(["/dev", "/proc"], "--as-is", "plan.dxf").returncode, 0)
+
+
 class Permissions(CommandTest):
     def setUp(self):
         super().setUp()

@@ -124,8 +124,8 @@ class Prepare(PrepareTest):
 
     def test_an_ending_that_is_not_written_is_refused(self):
         self.write("plan.dxf")
-        for ending in ("dwg", "svg"):
-            self.assertIn(f"a drawing is prepared as ASCII DXF, not as {ending}",
+        for ending in ("dwg", "svg", "zip", "xml", "dxfx", "7z"):
+            self.assertIn(f"a drawing is prepared as ASCII DXF, not as {ending}; give a name that ends in .dxf",
                           self.expect(2, "prepare", "plan.dxf", "-o", "plan." + ending))
         self.assertEqual(self.names(), ["plan.dxf"])
 
