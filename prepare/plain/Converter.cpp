@@ -181,7 +181,17 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
         HasTrait(entity.type, Trait::Dashed))
         m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
                      "without the texts or shapes of its line type", entity.line);
+    if (isDrawn && style.lineType == nullptr && HasTrait(entity.type, Trait::Dashed))
+        if (const NameId missing = m_styles->MissingLineType(entity, style.layer); missing != kNoName)
+            ReportMissingLineType(entity, missing);
     ReportCoarse(entity, coarseBefore);
+}
+
+void Converter::ReportMissingLineType(const Entity& entity, NameId missing)
+{
+    m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
+                 "its line type " + std::string(m_drawing.names.Text(missing)) + " is missing: a solid line",
+                 entity.line);
 }
 
 Placement Converter::PlacementOf(const Context& context, const Style& style)

@@ -132,6 +132,7 @@ private:
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
     Placement PlacementOf(const Context& context, const Style& style);
+    void ReportMissingLineType(const Entity& entity, NameId missing);
     void ReportCoarse(const Entity& entity, std::uint64_t coarseBefore);
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);

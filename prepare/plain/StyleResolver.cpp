@@ -26,8 +26,7 @@ StyleResolver::StyleResolver(const Drawing& drawing)
         m_defaultWeight = 25;
 }
 
-// Layers stay where they are once they are there.
-const Layer* StyleResolver::LayerOf(NameId name) const
+const Layer* StyleResolver::LookLayer(NameId name) const
 {
     if (name >= m_layers.size())
         m_layers.resize(m_drawing.names.Count());
@@ -105,6 +104,12 @@ const LineType* StyleResolver::LineTypeOf(NameId lineType, const Layer* layer, c
         return nullptr;
     const LineType* const found = m_drawing.FindLineType(lineType);
     return found != nullptr && !found->dashes.empty() ? found : nullptr;
+}
+
+NameId StyleResolver::UnlessInTable(NameId lineType) const
+{
+    const bool isOther = lineType == m_byLayer || lineType == m_byBlock;
+    return isOther || m_drawing.FindLineType(lineType) != nullptr ? kNoName : lineType;
 }
 
 std::int32_t StyleResolver::WeightOf(std::int32_t weight, const Layer* layer, std::int32_t byBlock) const

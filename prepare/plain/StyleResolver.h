@@ -24,6 +24,18 @@ public:
     // itself.
     Style OfPart(const StyleOfPart& part, const Style& entity) const;
 
+    // The line type that an entity on that layer names, or that its layer does, if no table has it; kNoName
+    // if none is missing.
+    NameId MissingLineType(const Entity& entity, NameId layer) const
+    {
+        NameId name = entity.lineType;
+        if (name == kNoName || name == m_byLayer) {
+            const Layer* const its = LayerOf(layer);
+            name = its != nullptr ? its->lineType : kNoName;
+        }
+        return name == kNoName || name == m_continuous ? kNoName : UnlessInTable(name);
+    }
+
     // Whether the entity's style, or that of what is in it, depends on the insert around it.
     bool InheritsFromInsert(const Entity& entity) const;
 
@@ -33,7 +45,15 @@ private:
                            const Colour& byBlock);
     const LineType* LineTypeOf(NameId lineType, const Layer* layer, const LineType* byBlock) const;
     std::int32_t WeightOf(std::int32_t weight, const Layer* layer, std::int32_t byBlock) const;
-    const Layer* LayerOf(NameId name) const;
+    NameId UnlessInTable(NameId lineType) const;
+    // Layers stay where they are once they are there.
+    const Layer* LayerOf(NameId name) const
+    {
+        if (name < m_layers.size() && m_layers[name] != nullptr) [[likely]]
+            return m_layers[name];
+        return LookLayer(name);
+    }
+    const Layer* LookLayer(NameId name) const;
     bool IsLayerZero(NameId layer) const { return layer == kNoName || layer == m_layerZero; }
 
     const Drawing& m_drawing;

@@ -169,6 +169,18 @@ class PreparedNothingVisible(OutcomeTest):
             self.write("plan.dxf", dxf(*table) + entities("0", kind, "11", "9", "40", "5"))
             self.assertNotIn(said, self.expect(0, "--strict", "plan.dxf"))
 
+    def test_line_types_that_are_missing_are_solid_and_said_once_each(self):
+        layer = ("0", "SECTION", "2", "TABLES", "0", "LAYER", "2", "Pipes", "6", "HIDDEN", "0", "ENDSEC")
+        end = ("11", "9", "21", "5")
+        self.write("plan.dxf", dxf(*layer) + entities(
+            "0", "LINE", "6", "dot2", *end, "0", "LINE", "6", "DOT2", *end, "0", "LINE", "8", "Pipes", *end,
+            "0", "LINE", "6", "ByLayer", *end, "0", "LINE", "6", "BYBLOCK", *end, "0", "LINE", "6", "continuous", *end,
+            "0", "LINE", "60", "1", "6", "X", *end, "0", "TEXT", "6", "Y", "40", "1", "1", "A"))
+        said = self.expect(1, "--strict", "plan.dxf").splitlines()
+        self.assertEqual(said[:-1], ["plan.dxf:34: LINE: its line type HIDDEN is missing: a solid line",
+                                     "plan.dxf:18: LINE: its line type dot2 is missing: a solid line (2 times)"])
+        self.assertNotIn("stroke-dasharray", self.read("plan.svg"))
+
     def test_line_types_of_little_but_shapes_are_solid_and_shown_otherwise(self):
         for drawn, dashes in (("0.1", 0), ("2", 1)):
             waves = ("2", "WAVES", "70", "0", "72", "65", "73", "2", "40", "1", "49", drawn, "74", "0", "49", "-0.9", "74", "4",

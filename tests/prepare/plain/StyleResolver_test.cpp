@@ -117,6 +117,23 @@ TEST_F(Styles, ContinuousIsSolidOnADashedLayer)
     EXPECT_EQ(Resolved().lineType, nullptr);
 }
 
+TEST_F(Styles, OnlyALineTypeThatNoTableHasIsMissing)
+{
+    const auto missing = [&](const char* name) {
+        entity.lineType = drawing.names.Of(name);
+        return std::string(drawing.names.Text(StyleResolver(drawing).MissingLineType(entity, entity.layer)));
+    };
+    for (const char* const name : {"", "ByLayer", "BYBLOCK", "byblock", "Continuous", "CONTINUOUS", "DASHED"})
+        EXPECT_EQ(missing(name), "") << name;
+    EXPECT_EQ(missing("Hidden"), "Hidden");
+    drawing.lineTypes.clear();
+    EXPECT_EQ(missing("ByLayer"), "dashed");
+    EXPECT_EQ(missing(""), "dashed");
+    EXPECT_EQ(missing("Continuous"), "");
+    drawing.layers.clear();
+    EXPECT_EQ(missing(""), "");
+}
+
 TEST_F(Styles, PartsAreByTheirEntity)
 {
     const Style whole = Resolved();
