@@ -52,8 +52,11 @@ class WithoutDevices(CommandTest):
 
     def hidden(self, folders, *arguments, **options):
         script = "".join(f"mount -t tmpfs none {folder} && " for folder in folders)
+        # Without /proc the loader cannot tell where the command is, and so where its libraries are.
+        libraries = os.path.join(os.path.dirname(os.path.dirname(command_support.COMMAND)), "lib")
         return subprocess.run(["unshare", "-rm", "sh", "-c", script + '"$@"', "sh", command_support.COMMAND, *arguments],
-                              cwd=self.folder, capture_output=True, check=False, **options)
+                              cwd=self.folder, capture_output=True, check=False,
+                              env={**os.environ, "LD_LIBRARY_PATH": libraries}, **options)
 
     def setUp(self):
         super().setUp()
