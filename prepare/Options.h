@@ -31,7 +31,8 @@ struct Options {
     std::vector<std::string> withoutLayers;
     std::string encoding; // of the file; empty: as the file says
     bool redrawsDimensions = false;
-    std::string layout; // the sheet that is wanted, by its name; empty: the model space
+    bool takesNothing = false; // a file without any section, table or entity is an empty drawing
+    std::string layout;        // the sheet that is wanted, by its name; empty: the model space
 };
 
 } // namespace prepare

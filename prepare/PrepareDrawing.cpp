@@ -190,7 +190,7 @@ PrepareOutcome Preparing::Run()
             .Run();
     }
     TellContents();
-    if (!IsDrawing(m_drawing, m_first->Held().entities))
+    if (!m_options.takesNothing && !IsDrawing(m_drawing, m_first->Held().entities))
         return PrepareOutcome::NoDrawing;
     return MayGoOn(0.5) ? Finish() : PrepareOutcome::Cancelled;
 }

@@ -27,7 +27,7 @@ public:
 
 enum class PrepareOutcome : std::uint8_t {
     Done,
-    NoDrawing,   // the input is not a DXF drawing
+    NoDrawing,   // the input is not a DXF drawing, unless options take nothing for one
     ReadFailed,  // the input could not be read to its end
     WriteFailed, // the write function gave false
     Cancelled,   // the progress function gave false

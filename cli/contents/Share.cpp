@@ -95,6 +95,15 @@ bool Share::IsWhole() const
            std::all_of(otherwise.begin(), otherwise.end(), [](std::uint64_t count) { return count == 0; });
 }
 
+void Share::NameRest()
+{
+    const std::uint64_t named =
+        std::accumulate(missing.begin(), missing.end(), std::uint64_t(0),
+                        [](std::uint64_t sum, const auto& entry) { return sum + entry.second; });
+    if (entities - shown > named)
+        missing["of unknown type"] += entities - shown - named;
+}
+
 void Share::Add(const Share& other)
 {
     entities += other.entities;
@@ -105,6 +114,9 @@ void Share::Add(const Share& other)
         otherwise[i] += other.otherwise[i];
     for (const auto& [how, count] : other.changed)
         changed[how] += count;
+    isCut = isCut || other.isCut;
+    for (std::size_t i = 0; i < hidden.size(); ++i)
+        hidden[i] += other.hidden[i];
 }
 
 Share ShareOf(const DrawingInfo& info)

@@ -271,7 +271,7 @@ void TellContents(const DrawingInfo& info, Outcome& outcome)
     outcome.otherTexts = IsCodePageUtf8() ? info.otherTexts : 0;
     outcome.oddLines = info.oddLines;
     outcome.share = ShareOf(info);
-    outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(info);
+    outcome.isBlank = outcome.statistics.visibleElements == 0 && ShouldBeVisible(info);
 }
 
 // What preparing found counts in place of what the module alone would show.
@@ -280,7 +280,7 @@ void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& rep
     TellFindings(findings, report);
     outcome.share = ShareOf(findings);
     outcome.isEnded = findings.contents.isEnded;
-    outcome.isBlank = outcome.statistics.visibleElements == 0 && HoldsEntities(findings);
+    outcome.isBlank = outcome.statistics.visibleElements == 0 && ShouldBeVisible(findings);
 }
 
 // How many entities are left of those that would be shown if the picture might have any size. Entities are of
@@ -308,12 +308,16 @@ void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, Outcom
     const SvgHostStatistics& met = outcome.statistics;
     const std::uint64_t leftOut =
         met.undrawableElements + met.cyclicUses + met.unboundedUses + met.elementsBeyondLimit;
-    outcome.share.shown -=
-        outcome.isBlank ? outcome.share.shown : std::min<std::uint64_t>(outcome.share.shown, leftOut);
+    // What was prepared knows of each entity whether there is something of it to see.
+    outcome.share.shown -= outcome.isBlank && findings == nullptr
+                               ? outcome.share.shown
+                               : std::min<std::uint64_t>(outcome.share.shown, leftOut);
     outcome.share.shown = ShownWithoutBytes(outcome.share.shown, met);
     // What was counted of the drawing may be more than what was read to be drawn.
     if (!outcome.hole.empty())
         outcome.share.shown = std::min<std::uint64_t>(outcome.share.shown, met.drawnElements);
+    if (findings != nullptr)
+        outcome.share.NameRest();
     TellShare(outcome.share, options, report);
 }
 

@@ -30,6 +30,13 @@ void Tell(const prepare::Report::Key& key, std::uint64_t line, std::uint64_t cou
         report.Finding(MessageText(key), line, count);
 }
 
+// As a part of a list of what is shown differently.
+std::string HowChanged(const prepare::Report::Key& key)
+{
+    return key.finding == Finding::Cut ? key.subject + " not whole (" + key.detail + ")"
+                                       : key.subject + " " + key.detail;
+}
+
 } // namespace
 
 Share ShareOf(const prepare::Report& findings)
@@ -41,12 +48,16 @@ Share ShareOf(const prepare::Report& findings)
             share.missing[key.subject] += met.count;
             missing += met.count;
         } else if (key.finding == Finding::Changed || key.finding == Finding::Cut) {
-            share.changed[key.subject + " " + key.detail] += met.count;
+            share.changed[HowChanged(key)] += met.count;
+            share.isCut = share.isCut || key.finding == Finding::Cut;
         }
     }
     // A part of an entity may be missing, too.
     share.entities = std::max(findings.entities, missing);
-    share.shown = findings.isBlank ? 0 : share.entities - missing;
+    share.shown = share.entities - missing;
+    for (std::size_t why = 0; why < prepare::kHiddenLayers; ++why)
+        share.hidden[why] = findings.hidden[why];
+    share.hidden[static_cast<std::size_t>(Hidden::InViewportsOff)] = findings.viewportsOff;
     if (findings.sheet.name.empty())
         share.otherwise[static_cast<std::size_t>(Otherwise::NoSheets)] = findings.contents.onSheets;
     return share;

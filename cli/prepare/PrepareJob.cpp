@@ -26,8 +26,6 @@ using prepare::PrepareOutcome;
 void TellFailure(PrepareOutcome outcome, const RewoundFile& input, const std::string& whyNotWritten,
                  const Source& source, const Job& job, Report& report)
 {
-    if (outcome == PrepareOutcome::NoDrawing)
-        return report.Failed(source.ShownName(), "is a DXF with nothing in it", ExitCode::NotAsciiDxf);
     if (outcome == PrepareOutcome::NoLayout)
         return report.Failed(source.ShownName(), whyNotWritten, ExitCode::Usage);
     if (outcome == PrepareOutcome::ReadFailed)
@@ -67,7 +65,7 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     told.output = job.output;
     TellFindings(findings, report);
     told.share = ShareOf(findings);
-    if (told.share.shown == 0 && HoldsEntities(findings))
+    if ((findings.isBlank || told.share.shown == 0) && ShouldBeVisible(findings))
         report.Doubtful(WhyBlank(findings), ExitCode::Blank);
     TellShare(told.share, options, report);
     told.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);

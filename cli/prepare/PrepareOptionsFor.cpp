@@ -28,6 +28,7 @@ prepare::Options PrepareOptionsFor(const Options& options)
     wanted.onlyLayers = options.onlyLayers;
     wanted.withoutLayers = options.withoutLayers;
     wanted.encoding = options.encoding;
+    wanted.takesNothing = true; // sources know that it is a DXF
     wanted.redrawsDimensions = options.redrawsDimensions;
     wanted.isReadAtOnce = options.task == Task::Draw;
     wanted.marksLayers = options.task == Task::Draw; // the reference host knows the marks

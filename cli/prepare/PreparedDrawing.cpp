@@ -40,20 +40,18 @@ PreparedDrawing::PreparedDrawing(Source& source, const Options& options, Report&
     // What comes next has storage of its own, in which it cannot use what preparing needed.
     if (input.Size() >= kLarge)
         ReturnFreedMemory();
-    m_path = outcome == prepare::PrepareOutcome::NoDrawing ? source.Path() : m_file->Path();
+    m_path = m_file->Path();
     if (input.Error() != 0)
         m_hole = input.WhyFailed();
     m_reason = outcome == prepare::PrepareOutcome::NoLayout ? WhyNoLayout(options.layout, m_findings)
-                                                            : ReasonFor(outcome, source);
+                                                            : ReasonFor(outcome);
     m_code = outcome == prepare::PrepareOutcome::NoLayout ? ExitCode::Usage : ExitCode::File;
     if (m_reason.empty() && !m_file->Error().empty())
         m_reason = "cannot be prepared: " + m_file->Error();
 }
 
-std::string PreparedDrawing::ReasonFor(prepare::PrepareOutcome outcome, const Source& source) const
+std::string PreparedDrawing::ReasonFor(prepare::PrepareOutcome outcome) const
 {
-    if (outcome == prepare::PrepareOutcome::NoDrawing && !source.IsAscii())
-        return "is a DXF with nothing in it";
     if (outcome == prepare::PrepareOutcome::Cancelled)
         return "is not drawn: stopped";
     return outcome == prepare::PrepareOutcome::ReadFailed ? m_hole : "";

@@ -27,13 +27,13 @@ public:
     ExitCode Code() const { return m_code; }
     // Why the prepared drawing lacks a part of the drawing, as the end of a sentence; empty when it does not.
     const std::string& Hole() const { return m_hole; }
-    // The prepared drawing; where there is nothing to prepare, the drawing itself.
+    // The prepared drawing.
     const std::filesystem::path& Path() const { return m_path; }
     // What preparing found in the drawing.
     const prepare::Report& Findings() const { return m_findings; }
 
 private:
-    std::string ReasonFor(prepare::PrepareOutcome outcome, const Source& source) const;
+    std::string ReasonFor(prepare::PrepareOutcome outcome) const;
 
     prepare::Report m_findings;
     std::optional<PrivateFile> m_file;

@@ -1,7 +1,6 @@
 #include "cli/prepare/WhyBlank.h"
 
 #include "base/Joined.h"
-#include "cli/prepare/Findings.h"
 #include "cli/report/Counted.h"
 #include "cli/report/ShareText.h"
 
@@ -16,6 +15,7 @@ namespace {
 
 constexpr std::string_view kBlank = "nothing of it is visible: ";
 constexpr std::string_view kOnlyInBlocks = "nothing inserts the blocks that its entities are in";
+constexpr std::string_view kEndsBeforeOthers = "the file ends before any entity outside of its blocks";
 
 void AddReason(std::string& reasons, const std::string& reason)
 {
@@ -40,25 +40,52 @@ bool IsAllInBlocks(const DrawingInfo& info)
     return inside > 0 && outside == info.paperEntities;
 }
 
+// Of what is not shown, that which could not be drawn; sizeless is how many entities nothing came of.
+Share UndrawableOf(const prepare::Report& findings, std::uint64_t& sizeless)
+{
+    Share share;
+    for (const auto& [key, met] : findings.Entries())
+        if (key.finding == prepare::Finding::NotShown && key.detail == prepare::kHasNoSize)
+            sizeless += met.count;
+        else if (key.finding == prepare::Finding::NotShown)
+            share.missing[key.subject] += met.count;
+    return share;
+}
+
 bool IsAllInBlocks(const prepare::Contents& contents)
 {
     return contents.inBlocks > 0 && contents.entities == contents.inBlocks + contents.inPaperSpace;
 }
 
-} // namespace
-
-bool HoldsEntities(const DrawingInfo& info)
+// Of a file in which no entity was found.
+std::string WhyNoEntity(bool hasOddLines)
 {
-    return info.types.Count() > 0;
+    return Joined({kBlank, hasOddLines ? "no entity can be read in it" : "the file ends before any entity"});
 }
 
-bool HoldsEntities(const prepare::Report& findings)
+// Of a drawing with entities in blocks alone.
+std::string_view WhyOnlyInBlocks(bool isEnded)
 {
-    return findings.contents.entities > 0;
+    return isEnded ? kOnlyInBlocks : kEndsBeforeOthers;
+}
+
+} // namespace
+
+bool ShouldBeVisible(const DrawingInfo& info)
+{
+    return info.types.Count() > 0 || !info.isEnded || info.oddLines > 0;
+}
+
+bool ShouldBeVisible(const prepare::Report& findings)
+{
+    const prepare::Contents& contents = findings.contents;
+    return contents.entities > 0 || !contents.isEnded || contents.hasSkippedLines;
 }
 
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements)
 {
+    if (info.types.Count() == 0)
+        return WhyNoEntity(info.oddLines > 0);
     std::string reasons;
     if (info.unmarkedEntry != 0)
         AddReason(reasons,
@@ -67,7 +94,7 @@ std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t el
     else if (!share.missing.empty())
         AddReason(reasons, "it cannot draw " + MissingTypes(share));
     if (share.entities == 0 && IsAllInBlocks(info))
-        AddReason(reasons, std::string(kOnlyInBlocks));
+        AddReason(reasons, std::string(WhyOnlyInBlocks(info.isEnded || info.paperEntities > 0)));
     else
         AddCounted(reasons, info.hiddenEntities, "invisible");
     if (share.shown > 0)
@@ -82,12 +109,16 @@ std::string WhyBlank(const prepare::Report& findings)
     const auto hidden = [&](HiddenLayer why) { return findings.hidden[static_cast<std::size_t>(why)]; };
     const prepare::Contents& contents = findings.contents;
     const bool isSheet = !findings.sheet.name.empty();
-    const Share share = ShareOf(findings);
+    if (contents.entities == 0)
+        return WhyNoEntity(contents.hasSkippedLines);
+    std::uint64_t sizeless = 0;
+    const Share unable = UndrawableOf(findings, sizeless);
     std::string reasons;
-    if (!share.missing.empty())
-        AddReason(reasons, "it cannot draw " + MissingTypes(share));
+    if (!unable.missing.empty())
+        AddReason(reasons, "it cannot draw " + MissingTypes(unable));
+    AddCounted(reasons, sizeless, "empty or without a size");
     if (!isSheet && IsAllInBlocks(contents)) {
-        AddReason(reasons, std::string(kOnlyInBlocks));
+        AddReason(reasons, std::string(WhyOnlyInBlocks(contents.isEnded || contents.inPaperSpace > 0)));
     } else {
         AddCounted(reasons, isSheet ? 0 : contents.invisible, "invisible");
         AddCounted(reasons, hidden(HiddenLayer::OffOrFrozen), "on layers that are off or frozen");
@@ -97,6 +128,8 @@ std::string WhyBlank(const prepare::Report& findings)
     AddCounted(reasons, isSheet ? 0 : contents.onSheets, "in the paper space");
     if (reasons.empty() && isSheet)
         AddReason(reasons, Joined({"the layout ", findings.sheet.name, " is empty"}));
+    if (reasons.empty() && contents.inPaperSpace > 0 && contents.inPaperSpace == contents.entities)
+        AddReason(reasons, "all that it holds is in the paper space");
     if (reasons.empty() && contents.masks > 0)
         AddReason(reasons, "a WIPEOUT only hides what is behind it");
     return Joined({kBlank, reasons.empty() ? "what it holds is empty or has no usable place" : reasons});

@@ -18,6 +18,22 @@ namespace {
 // More of them do not help people; programs get all of them.
 constexpr std::size_t kMostTypes = 20;
 
+// As Hidden lists them.
+constexpr std::string_view kHiddenNames[] = {"offOrFrozen", "notChosen", "notPlotted", "viewportsOff"};
+
+// What the drawing itself hides.
+std::string HiddenText(const Share& share)
+{
+    const auto hidden = [&](Hidden why) { return share.hidden[static_cast<std::size_t>(why)]; };
+    std::string text;
+    if (const std::uint64_t count = hidden(Hidden::OffOrFrozen); count > 0)
+        text.append("; ").append(Counted(count, "more is on a layer that is off or frozen",
+                                         "more are on layers that are off or frozen"));
+    if (const std::uint64_t count = hidden(Hidden::InViewportsOff); count > 0)
+        text.append("; ").append(Counted(count, "viewport is off", "viewports are off"));
+    return text;
+}
+
 } // namespace
 
 std::string ShareText(const Share& share)
@@ -25,7 +41,8 @@ std::string ShareText(const Share& share)
     if (share.entities == 0)
         return "no entities";
     if (share.shown == share.entities)
-        return (share.shown > 1 ? "all " : "") + Counted(share.entities, "entity", "entities") + " shown";
+        return (share.shown > 1 && !share.isCut ? "all " : "") +
+               Counted(share.entities, "entity", "entities") + " shown";
     const auto tenths = static_cast<unsigned>(std::floor(share.Percent() * 10));
     return std::to_string(share.shown) + " of " + Counted(share.entities, "entity", "entities") + " shown (" +
            std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %)";
@@ -66,7 +83,7 @@ std::string MissingText(const Share& share)
             .append(std::to_string(count))
             .append(" ")
             .append(Printable(how));
-    return missing + otherwise;
+    return missing + otherwise + HiddenText(share);
 }
 
 void AddShare(Json& json, const Share& share)
@@ -81,6 +98,10 @@ void AddShare(Json& json, const Share& share)
             json.Member(kOtherwiseRows[i].name, share.otherwise[i]);
     for (const auto& [how, count] : share.changed)
         json.Member(how, count);
+    json.Close('}').Name("hidden").Open('{');
+    for (std::size_t i = 0; i < share.hidden.size(); ++i)
+        if (share.hidden[i] > 0)
+            json.Member(kHiddenNames[i], share.hidden[i]);
     json.Close('}').Close('}');
 }
 

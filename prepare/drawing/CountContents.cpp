@@ -39,6 +39,7 @@ void CountEntity(const Entity& entity, Contents& contents)
 void CountRest(const Drawing& drawing, Contents& contents)
 {
     contents.isEnded = drawing.isEnded;
+    contents.hasSkippedLines = drawing.hasSkippedLines;
     contents.units = drawing.header.Text("$INSUNITS");
     contents.measurement = drawing.header.Text("$MEASUREMENT");
     contents.types = TypesOf(drawing);

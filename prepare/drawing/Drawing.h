@@ -143,6 +143,7 @@ public:
     std::uint64_t bytes = 0;               // read
     std::uint64_t lines = 0;
     bool isEnded = false;         // whether the file ends with its EOF
+    bool hasSkippedLines = false; // some lines are no group codes where these belong
     bool hasSections = false;     // whether a section began anywhere
     bool hasLateCodePage = false; // the header came after texts that are read by its code page
     bool hasLateParts = false;    // something that entities may need came after the first of them

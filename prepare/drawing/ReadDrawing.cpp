@@ -486,6 +486,7 @@ void Pass::NotePairs()
 {
     const PairReader& pairs = m_reader.Pairs();
     m_drawing.isEnded = pairs.HasEofPair();
+    m_drawing.hasSkippedLines = pairs.SkippedLines().count > 0;
     const auto note = [&](Finding finding, const Tally& tally, std::string_view detail) {
         if (tally.count != 0)
             m_reader.Note(finding, "file", detail, tally.firstLine, tally.count);

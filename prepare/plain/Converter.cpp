@@ -5,10 +5,12 @@
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/NothingToSee.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace prepare {
 
@@ -96,8 +98,15 @@ void Converter::CountHidden(NameId layer)
     ++m_hidden[static_cast<std::size_t>(why)];
 }
 
+void Converter::BeginEntity()
+{
+    ++m_toBeSeen;
+    m_report.BeginEntity();
+}
+
 void Converter::Finish()
 {
+    m_report.isBlank = m_report.isBlank || !m_hasVisible;
     m_report.entities += m_toBeSeen;
     for (std::size_t why = 0; why < kHiddenLayers; ++why)
         m_report.hidden[why] += m_hidden[why];
@@ -121,7 +130,7 @@ void Converter::Place(const Entity& entity, const Context& context)
         return;
     if (!m_view->layers.Shows(style.layer))
         return CountHidden(style.layer);
-    ++m_toBeSeen;
+    BeginEntity();
     if (entity.fault != Fault::None)
         return ReportFault(entity);
     m_isEarly = m_isEarly || entity.type == EntityType::MultiLine; // its style comes after the entities
@@ -148,6 +157,14 @@ void Converter::ReportCovered(const MText& text)
         m_report.Add(Finding::Changed, "MTEXT", "what is behind it is drawn", text.line);
 }
 
+// An entity of which nothing came, though it should be seen and nobody has said why it is not.
+void Converter::ReportEmpty(const Entity& entity, const SizedSink& made, std::uint64_t lossesBefore)
+{
+    m_hasVisible = m_hasVisible || made.IsVisible();
+    if (!made.HasSize() && m_report.Losses() == lossesBefore && !HasNothingToSee(entity, m_drawing))
+        m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), kHasNoSize, entity.line);
+}
+
 void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)
 {
     CountedSink counted(context.sink, CountRewritten(entity).made);
@@ -166,8 +183,9 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 {
     if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
         AddRayStart(static_cast<const Ray&>(entity), context);
-    const Placement placement = PlacementOf(context, style);
-    const std::uint64_t coarseBefore = m_budget.curves.CoarseParts();
+    SizedSink made(context.sink);
+    const Placement placement = PlacementOf(context, style, made);
+    const std::uint64_t coarseBefore = m_budget.curves.CoarseParts(), lossesBefore = m_report.Losses();
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
@@ -177,13 +195,14 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
-    if (isDrawn && style.lineType != nullptr && style.lineType->hasShapes &&
+    if (made.HasSize() && style.lineType != nullptr && style.lineType->hasShapes &&
         HasTrait(entity.type, Trait::Dashed))
         m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
                      "without the texts or shapes of its line type", entity.line);
-    if (isDrawn && style.lineType == nullptr && HasTrait(entity.type, Trait::Dashed))
+    if (made.HasSize() && style.lineType == nullptr && HasTrait(entity.type, Trait::Dashed))
         if (const NameId missing = m_styles->MissingLineType(entity, style.layer); missing != kNoName)
             ReportMissingLineType(entity, missing);
+    ReportEmpty(entity, made, lossesBefore);
     ReportCoarse(entity, coarseBefore);
 }
 
@@ -194,9 +213,9 @@ void Converter::ReportMissingLineType(const Entity& entity, NameId missing)
                  entity.line);
 }
 
-Placement Converter::PlacementOf(const Context& context, const Style& style)
+Placement Converter::PlacementOf(const Context& context, const Style& style, PlainSink& sink)
 {
-    return {m_drawing, context.matrix, style, m_scale, context.sink, m_report, m_budget};
+    return {m_drawing, context.matrix, style, m_scale, sink, m_report, m_budget};
 }
 
 void Converter::ReportCoarse(const Entity& entity, std::uint64_t coarseBefore)
@@ -230,7 +249,7 @@ void Converter::PlaceInsert(const Insert& insert, const Context& context, const 
 {
     if (m_view->layers.IsFrozen(style.layer))
         return CountHidden(style.layer);
-    ++m_toBeSeen;
+    BeginEntity();
     PlaceAttributes(insert, context);
     if (insert.fault != Fault::None)
         return ReportFault(insert);
@@ -316,11 +335,15 @@ void Converter::RedrawDimension(const Dimension& dimension, const Context& conte
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
+    SizedSink made(context.sink);
+    const Context within{context.matrix, context.insert, context.isInBlock, made, context.cut};
+    const std::uint64_t lossesBefore = m_report.Losses();
     const BlockPlacer placeBlock = [&](const Block& block, const Matrix& matrix, const Style& ofPart) {
         if (TakePlace(dimension.line))
-            UseBlock(block, matrix, context, ofPart, dimension.line);
+            UseBlock(block, matrix, within, ofPart, dimension.line);
     };
-    DrawDimension(dimension, PlacementOf(context, style), styleOf, placeBlock);
+    DrawDimension(dimension, PlacementOf(within, style, made), styleOf, placeBlock);
+    ReportEmpty(dimension, made, lossesBefore);
 }
 
 void Converter::PlaceTable(const Table& table, const Context& context, const Style& style)
@@ -509,7 +532,8 @@ bool Converter::TakePlace(std::uint64_t line)
         ++m_placed;
         return true;
     }
-    m_isCut = true;
+    if (std::exchange(m_isCut, true))
+        return false;
     m_report.Add(Finding::Cut, "drawing",
                  isSpent ? "it has more in it than can be shown" : "its blocks and arrays unfold too far",
                  line);

@@ -9,6 +9,7 @@
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
 #include "prepare/plain/Placement.h"
+#include "prepare/plain/SizedSink.h"
 #include "prepare/plain/StyleResolver.h"
 
 #include <array>
@@ -107,6 +108,7 @@ private:
     void Place(const Entity& entity, const Context& context);
     void ReportFault(const Entity& entity);
     void ReportCovered(const MText& text);
+    void ReportEmpty(const Entity& entity, const SizedSink& made, std::uint64_t lossesBefore);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void AddRayStart(const Ray& ray, const Context& context);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);
@@ -131,13 +133,14 @@ private:
     static Point2 OriginOf(const Measured& block);
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
-    Placement PlacementOf(const Context& context, const Style& style);
+    Placement PlacementOf(const Context& context, const Style& style, PlainSink& sink);
     void ReportMissingLineType(const Entity& entity, NameId missing);
     void ReportCoarse(const Entity& entity, std::uint64_t coarseBefore);
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);
     TypeCount& CountRewritten(const Entity& entity);
     void CountHidden(NameId layer);
+    void BeginEntity();
 
     const Drawing& m_drawing;
     const Options& m_options;
@@ -160,7 +163,8 @@ private:
     Scale m_scale;
     Budget m_budget;
     bool m_isCut = false;
-    bool m_isEarly = false; // something may have lacked what is known only once all has been read
+    bool m_isEarly = false;    // something may have lacked what is known only once all has been read
+    bool m_hasVisible = false; // something of it can be seen
     std::uint64_t m_toBeSeen = 0;
     std::array<std::uint64_t, kHiddenLayers> m_hidden{};
     std::array<TypeCount, static_cast<std::size_t>(EntityType::Other) + 1> m_rewritten;

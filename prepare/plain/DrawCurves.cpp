@@ -19,7 +19,10 @@ EllipticArc CircleAround(Point3 centre, double radius, const Matrix& matrix)
 
 void DrawLine(const Line& line, Pen& pen)
 {
-    pen.Line(pen.Place().matrix.Flat(line.start), pen.Place().matrix.Flat(line.end));
+    const Point2 start = pen.Place().matrix.Flat(line.start), end = pen.Place().matrix.Flat(line.end);
+    if (start == end && !(line.start == line.end))
+        pen.Report(Finding::NotShown, "seen end-on");
+    pen.Line(start, end);
 }
 
 void DrawCircle(const Circle& circle, Pen& pen)

@@ -2,6 +2,7 @@
 
 #include "prepare/plain/ImageOutline.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -9,12 +10,19 @@ namespace prepare {
 
 namespace {
 
+bool HasSize(const std::vector<Point2>& corners)
+{
+    return std::any_of(corners.begin(), corners.end(),
+                       [&](Point2 corner) { return IsFinite(corner) && !(corner == corners.front()); });
+}
+
 void DrawFrame(std::vector<Point2> corners, Pen& pen)
 {
     if (corners.size() > 2 && corners.front() == corners.back())
         corners.pop_back();
     pen.Polyline(corners, true);
-    pen.Report(Finding::Changed, "drawn as its frame");
+    if (HasSize(corners))
+        pen.Report(Finding::Changed, "drawn as its frame");
 }
 
 } // namespace

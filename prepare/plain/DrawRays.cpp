@@ -38,6 +38,8 @@ void DrawRay(const Ray& ray, Pen& pen)
         pen.Lose();
         return;
     }
+    if (direction == Point2{} && !(ray.direction == Point3{}))
+        return pen.Report(Finding::NotShown, "seen end-on");
     if (reach.IsEmpty() || direction == Point2{})
         return;
     Part part{ray.type == EntityType::XLine ? -HUGE_VAL : 0, HUGE_VAL};
@@ -45,6 +47,8 @@ void DrawRay(const Ray& ray, Pen& pen)
     part.CutTo(start.y, direction.y, reach.min.y, reach.max.y);
     if (part.first < part.last)
         pen.Line(start + part.first * direction, start + part.last * direction);
+    else
+        pen.Report(Finding::NotShown, "it does not meet the drawing");
 }
 
 } // namespace prepare

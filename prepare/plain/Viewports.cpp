@@ -77,12 +77,18 @@ void WindowReader::Take(const Entity& entity)
         return;
     const auto& viewport = static_cast<const Viewport&>(entity);
     const bool hasFault = viewport.fault != Fault::None;
-    if (IsSheetItself(viewport) || viewport.isInvisible == 1 || IsOff(viewport))
+    if (IsSheetItself(viewport) || viewport.isInvisible == 1)
         return;
+    if (IsOff(viewport)) {
+        ++m_report.viewportsOff;
+        return;
+    }
+    ++m_report.entities;
+    m_report.BeginEntity();
     if (hasFault)
         return m_report.Add(Finding::NotShown, "VIEWPORT", TextOf(viewport.fault), viewport.line);
     if (!IsLength(viewport.width) || !IsLength(viewport.height) || !IsLength(viewport.viewHeight))
-        return m_report.Add(Finding::NotShown, "VIEWPORT", "it has no size", viewport.line);
+        return m_report.Add(Finding::NotShown, "VIEWPORT", kHasNoSize, viewport.line);
     if (m_windows.size() >= kMostWindows)
         return m_report.Add(Finding::Cut, "layout", "more than 256 viewports", viewport.line);
     Add(viewport);

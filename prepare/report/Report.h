@@ -26,6 +26,9 @@ struct FindingCount {
     std::uint64_t firstLine = 0; // of the user's file; 0: none
 };
 
+// The detail of an entity that is not shown because nothing comes of it.
+inline constexpr std::string_view kHasNoSize = "it has no size";
+
 // Why a layer is not shown.
 enum class HiddenLayer : std::uint8_t { OffOrFrozen, NotChosen, NotPlotted };
 inline constexpr std::size_t kHiddenLayers = 3;
@@ -54,14 +57,17 @@ struct Contents {
     std::uint64_t invisible = 0;    // by their own flag
     std::uint64_t masks = 0;        // entities that only hide others
     bool isEnded = false;           // whether the file ends with its EOF
+    bool hasSkippedLines = false;   // some lines are no group codes where these belong
     std::string units; // $INSUNITS and $MEASUREMENT as the header has them; empty where it lacks them
     std::string measurement;
     std::vector<TypeContents> types; // in the order of their first lines
 };
 
-// Equal findings are one entry with a count.
+// Equal findings are one entry with a count. However much an entity lacks, it is not shown once.
 class Report {
 public:
+    // What is found from now on is of another entity.
+    void BeginEntity() { m_lastNotShown = kNone; }
     // subject is a type of entity or another word; line is that of the user's file. Throws std::bad_alloc.
     void Add(Finding finding, std::string_view subject, std::string_view detail, std::uint64_t line,
              std::uint64_t count = 1);
@@ -73,6 +79,8 @@ public:
         friend auto operator<=>(const Key&, const Key&) = default;
     };
     const std::map<Key, FindingCount>& Entries() const { return m_entries; }
+    // How often it was said that something is not shown, or not whole.
+    std::uint64_t Losses() const { return m_losses; }
 
     // Called with each finding when it is added.
     using Listener = std::function<void(const Key& key, std::uint64_t line, std::uint64_t count)>;
@@ -82,6 +90,7 @@ public:
     std::uint64_t entities = 0;
     // How many there would have been more if all layers were shown, by why theirs is not.
     std::array<std::uint64_t, kHiddenLayers> hidden{};
+    std::uint64_t viewportsOff = 0; // of the sheet that was prepared
 
     Contents contents;
     // Nothing visible comes of the drawing. Of a sheet's windows all counts that they might show.
@@ -94,8 +103,12 @@ public:
     LayoutSize sheet;
 
 private:
+    static constexpr std::uint64_t kNone = UINT64_MAX;
+
     std::map<Key, FindingCount> m_entries;
     Listener m_listener;
+    std::uint64_t m_losses = 0;
+    std::uint64_t m_lastNotShown = kNone; // the line of the entity of which it was said last
 };
 
 } // namespace prepare

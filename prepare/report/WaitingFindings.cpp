@@ -17,9 +17,12 @@ void WaitingFindings::Leave()
 
 void WaitingFindings::GiveTo(Report& report) const
 {
-    for (const Found& found : m_waiting)
+    for (const Found& found : m_waiting) {
+        report.BeginEntity();
         report.Add(found.key->finding, found.key->subject, found.key->detail, found.line, found.count);
+    }
     report.entities += m_taken.entities;
+    report.isBlank = report.isBlank || m_taken.isBlank;
     for (std::size_t why = 0; why < kHiddenLayers; ++why)
         report.hidden[why] += m_taken.hidden[why];
 }

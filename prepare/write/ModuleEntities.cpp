@@ -373,7 +373,7 @@ ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const Tex
 void ModuleEntities::Tell(const TextLoss& loss)
 {
     if (loss.isCut)
-        m_out.report.Add(Finding::Cut, "TEXT", "after 1000 bytes", 0);
+        m_out.report.Add(Finding::Cut, "TEXT", "its letters beyond 1000 bytes are left out", 0);
     if (loss.isReplaced)
         m_out.report.Add(Finding::Changed, "TEXT", "without letters that the system's code page lacks", 0);
 }

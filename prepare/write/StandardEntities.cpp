@@ -209,7 +209,7 @@ void StandardEntities::Text(StyleId style, const LoggedText& text)
     bool isCut = false;
     const std::string value = EscapedText(text.text, isCut);
     if (isCut)
-        m_out.report.Add(Finding::Cut, "TEXT", "after 2000 bytes", 0);
+        m_out.report.Add(Finding::Cut, "TEXT", "its letters beyond 2000 bytes are left out", 0);
     Begin("TEXT", m_out.styleTexts[style]);
     pairs.Text(100, "AcDbText");
     WritePoint3(pairs, 10, text.point, m_out.decimals);

@@ -84,9 +84,12 @@ class Binary(CommandTest):
             self.assertIn(f"plan.dxf: {kind}", self.expect(4, "--as-is", "plan.dxf"))
 
     def test_one_with_nothing_in_it(self):
-        for content in (SENTINEL, SENTINEL + b"\0\0EOF\0", "\ufeff".encode("utf-16-le")):
+        for content in (SENTINEL, "\ufeff".encode("utf-16-le")):
             self.write("plan.dxf", content)
-            self.assertEqual(self.expect(3, "plan.dxf"), "plan.dxf: is a DXF with nothing in it\n")
+            self.assertEqual(self.expect(6, "-q", "plan.dxf"),
+                             "plan.dxf: nothing of it is visible: the file ends before any entity\n")
+        self.write("plan.dxf", SENTINEL + b"\0\0EOF\0")
+        self.assertIn(", no entities, ", self.expect(0, "--strict", "plan.dxf"))
 
     def test_a_cut_one_is_drawn_as_far_as_it_goes(self):
         whole = binary(dxf(*DRAWING.decode().split("\n")[:-5]), True)

@@ -71,9 +71,9 @@ class Counts(unittest.TestCase):
                 with open(os.path.join(folder, name), "w", encoding="utf-8", newline="\n") as file:
                     file.write(text)
             shown = drawn.count_shown(ARGS.command, folder)
-        self.assertEqual((shown.drawings, shown.blank, shown.empty, shown.missing), (6, 1, 1, {"3DSOLID": 2}))
-        self.assertEqual(shown.entities - shown.shown, 2)
-        self.assertIn("missing: 2 3DSOLID", drawn.report_shown(shown)[1])
+        self.assertEqual((shown.drawings, shown.blank, shown.empty, shown.missing), (7, 2, 1, {"3DSOLID": 2, "POLYLINE": 1, "SOLID": 1}))
+        self.assertEqual(shown.entities - shown.shown, 4)
+        self.assertIn("missing: 2 3DSOLID, 1 POLYLINE, 1 SOLID", drawn.report_shown(shown)[1])
 
 
 class Readme(unittest.TestCase):
@@ -84,7 +84,8 @@ class Readme(unittest.TestCase):
         with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
             text = re.sub(r"\s+", " ", file.read())
         told = re.search(r"In (\d+) real drawings, .* at least ([\d.]+) % of the entities .* What is missing is of the types "
-                         r"([^.]+)\. (\d+) pictures show nothing, [^.;]*; (\d+) drawings have no entities", text)
+                         r"([^.]+)\. .*?(\d+) pictures show nothing, [^.;]*; (\d+) drawings have no entities", text)
+        self.assertEqual(shown.entities - shown.shown, sum(shown.missing.values()))
         self.assertEqual(shown.drawings, int(told[1]))
         self.assertEqual(math.floor(1000 * shown.shown / shown.entities) / 10, float(told[2]))
         self.assertEqual(set(shown.missing), set(re.split(", | and ", told[3])))

@@ -1,7 +1,7 @@
 """Messages for programs, and how many of them are printed."""
 import json
 
-from command_support import CommandTest, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
+from command_support import CommandTest, DRAWING, DRAWING_WITH_MESSAGE, LINE, SOLID_MESSAGE, dxf, entities
 
 
 class Json(CommandTest):
@@ -20,12 +20,12 @@ class Json(CommandTest):
                                  "filled": 1, "cropped": False,
                                  "sizing": "the drawing states no unit", "findings": {}, "skipped": {},
                                  "share": {"entities": 2, "shown": 1, "percent": 50, "missing": {"SOLID": 1},
-                                           "otherwise": {}}, "holes": None, "blank": False,
+                                           "otherwise": {}, "hidden": {}}, "holes": None, "blank": False,
                                  "unmarkedEntry": None, "ended": True, "textsNotUtf8": 0,
                                  "replacedOther": False})
 
     def test_a_file_without_an_end_is_reported(self):
-        self.write("plan.dxf", entities()[:-len("  0\nEOF\n")])
+        self.write("plan.dxf", DRAWING[:-len("  0\nEOF\n")])
         self.assertIs(self.objects(0, "plan.dxf")[0]["ended"], False)
         self.write("plan.dxf", dxf("0", "SECTION", "2", "ENTITIES", "0", "EOF"))
         self.assertIs(self.objects(0, "plan.dxf")[-1]["ended"], True)

@@ -2,6 +2,7 @@
 import json
 import math
 import os
+import re
 
 from command_support import CommandTest, DRAWING, LINE, dxf, entities
 
@@ -31,6 +32,15 @@ def dimension(part, *lines, stated="10"):
 
 def aligned(stated):
     return dimension("AcDbAlignedDimension", "13", "0", "23", "0", "14", "10", "24", "0", stated=stated)
+
+
+HEADER = dxf("0", "SECTION", "2", "HEADER", "9", "$ACADVER", "1", "AC1015")
+BROKEN = {
+    "the file ends before any entity": (
+        HEADER, HEADER[:9], b"  0", dxf("0", ""), blocks(), dxf("0", "SECTION", "2", "ENTITIES", "0", "ENDSEC")),
+    "the file ends before any entity outside of its blocks": (blocks(*block("A", *LINE)),),
+    "no entity can be read in it": (HEADER + b"w8;&\nx)\n" * 9, HEADER + dxf("no", "code") + entities()),
+}
 
 
 class OutcomeTest(CommandTest):
@@ -91,7 +101,7 @@ class NothingVisible(OutcomeTest):
                                     "text": "nothing of it is visible: it cannot draw 2 HATCH"})
         self.assertIs(drawn["blank"], True)
         self.assertEqual(drawn["share"], {"entities": 2, "shown": 0, "percent": 0, "missing": {"HATCH": 2},
-                                          "otherwise": {}})
+                                          "otherwise": {}, "hidden": {}})
 
     def test_one_visible_element_is_enough(self):
         for content in (entities(*HATCH, *LINE), blocks(*block("A", *LINE)) + entities(*insert("A"), *HIDDEN_LINE)):
@@ -102,6 +112,20 @@ class NothingVisible(OutcomeTest):
             self.write("plan.dxf", content)
             self.assertNotIn("visible", self.expect(0, "--strict", "plan.dxf"))
             self.assertEqual(self.expect(0, "-q", "plan.dxf"), "")
+            if not self.AS_IS:
+                self.assertEqual(self.expect(0, "prepare", "-q", "-o", "out.dxf", "plan.dxf"), "")
+
+    def test_of_a_broken_file_nobody_knows_what_it_should_hold(self):
+        ways = ([], ["-q"], ["--strict"]) if self.AS_IS else (
+            [], ["-q"], ["--strict"], ["prepare", "-o", "out.dxf"], ["prepare", "-q", "-o", "out.dxf"])
+        for reason, contents in BROKEN.items():
+            for content in contents:
+                for words in ways:
+                    with self.subTest(reason=reason, content=content, words=words):
+                        self.write("plan.dxf", content)
+                        said = self.expect(6, *words, "plan.dxf")
+                        self.assertEqual(said.count("nothing of it is visible"), 1, said)
+                        self.assertIn(f"plan.dxf: nothing of it is visible: {reason}\n", said)
 
     def test_of_several_a_failure_comes_first(self):
         self.write("a.dxf", entities(*HATCH))
@@ -114,6 +138,9 @@ class NothingVisible(OutcomeTest):
 
 class PreparedNothingVisible(OutcomeTest):
     AS_IS = False
+    test_a_drawing_without_entities_is_no_failure = NothingVisible.test_a_drawing_without_entities_is_no_failure
+    test_of_a_broken_file_nobody_knows_what_it_should_hold = \
+        NothingVisible.test_of_a_broken_file_nobody_knows_what_it_should_hold
     LAYER = ("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "0", "70", "1", "0", "ENDTAB", "0",
              "ENDSEC")
     BLANK = {
@@ -127,10 +154,13 @@ class PreparedNothingVisible(OutcomeTest):
             blocks(*block("A", *LINE)) + entities(*LINE, "67", "1"),
         "a WIPEOUT only hides what is behind it": entities(*WIPEOUT),
     }
-    EMPTY = (("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"), ("0", "TEXT", "8", "0", "40", "1", "1", " "))
+    EMPTY = {
+        "1 entity is empty or without a size": ("0", "LWPOLYLINE", "8", "0", "90", "0", "70", "0"),
+        "what it holds is empty or has no usable place": ("0", "TEXT", "8", "0", "40", "1", "1", " "),
+    }
 
     def test_one_line_says_why_and_the_code_is_6(self):
-        empty = [("what it holds is empty or has no usable place", content) for lines in self.EMPTY
+        empty = [(reason, content) for reason, lines in self.EMPTY.items()
                  for content in (entities(*lines), dxf(*lines, "0", "EOF"))]
         for reason, content in (*self.BLANK.items(), *empty):
             for words in ([], ["-q"], ["-q", "--strict"], ["prepare", "-o", "out.dxf"], ["prepare", "-q", "-o", "out.dxf"]):
@@ -157,6 +187,10 @@ class PreparedNothingVisible(OutcomeTest):
     def test_windows_of_sheets_are_no_reason(self):
         self.write("plan.dxf", blocks(*block("A", *LINE)) + entities("0", "VIEWPORT", "67", "1"))
         self.assertIn("visible: nothing inserts the blocks that its entities are in\n", self.expect(6, "plan.dxf"))
+
+    def test_a_window_alone_is_in_the_paper_space(self):
+        self.write("plan.dxf", entities("0", "VIEWPORT", "67", "1"))
+        self.assertIn("visible: all that it holds is in the paper space\n", self.expect(6, "plan.dxf"))
 
     def test_line_types_with_texts_are_shown_otherwise(self):
         dashes = ("2", "GAS", "70", "0", "72", "65", "73", "2", "40", "1", "49", "0.5", "74", "0", "49", "-0.5", "74", "2",
@@ -210,6 +244,198 @@ class PreparedNothingVisible(OutcomeTest):
         self.assertEqual(self.expect(0, "-q", "--strict", "plan.dxf"), "")
 
 
+def polyline(*vertices, flags="0"):
+    return ("0", "POLYLINE", "8", "0", "70", flags, *(text for vertex in vertices for text in ("0", "VERTEX", *vertex)), "0",
+            "SEQEND")
+
+
+class PreparedShares(OutcomeTest):
+    """Whatever gives nothing to the picture is missing, alone as beside what is seen."""
+    AS_IS = False
+    ONE = ("10", "1", "20", "2")
+    # Nothing of these is seen, and they are not shown.
+    MISSING = {
+        "LINE without points": ("0", "LINE"),
+        "LINE without length": ("0", "LINE", *ONE, "11", "1", "21", "2"),
+        "LINE end-on": ("0", "LINE", *ONE, "11", "1", "21", "2", "31", "5"),
+        "CIRCLE without radius": ("0", "CIRCLE", *ONE),
+        "ARC without radius": ("0", "ARC", *ONE, "50", "0", "51", "90"),
+        "ARC of equal angles": ("0", "ARC", *ONE, "40", "3", "50", "30", "51", "30"),
+        "ELLIPSE without an axis": ("0", "ELLIPSE", *ONE, "11", "0", "40", "1", "41", "0", "42", "6.283185307179586"),
+        "LWPOLYLINE without vertices": ("0", "LWPOLYLINE", "90", "0"),
+        "LWPOLYLINE of one vertex": ("0", "LWPOLYLINE", "90", "1", *ONE),
+        "LWPOLYLINE in one place": ("0", "LWPOLYLINE", "90", "3", *ONE * 3),
+        "wide LWPOLYLINE in one place": ("0", "LWPOLYLINE", "90", "2", "43", "2", *ONE * 2),
+        "round LWPOLYLINE in one place": ("0", "LWPOLYLINE", "90", "2", *("42", "1", *ONE) * 2),
+        "POLYLINE without vertices": polyline(),
+        "POLYLINE of one vertex": polyline(ONE),
+        "3D POLYLINE in one place": polyline(ONE, ONE, flags="8"),
+        "POLYLINE as a polyface that points nowhere": polyline(
+            (*ONE, "70", "192"), ("70", "128", "71", "7", "72", "8", "73", "9"), flags="64"),
+        "POLYLINE as a mesh of one vertex": polyline((*ONE, "70", "64"), flags="16"),
+        "SPLINE without points": ("0", "SPLINE", "71", "3"),
+        "LEADER without points": ("0", "LEADER"),
+        "MLINE without points": ("0", "MLINE"),
+        "MESH without faces": ("0", "MESH"),
+        "MULTILEADER without content": ("0", "MULTILEADER"),
+        "WIPEOUT without a size": ("0", "WIPEOUT"),
+        "SOLID without corners": ("0", "SOLID"),
+        "TRACE without corners": ("0", "TRACE"),
+        "3DFACE without corners": ("0", "3DFACE"),
+        "TOLERANCE without text": ("0", "TOLERANCE", *ONE),
+        "RAY without direction": ("0", "RAY", *ONE, "11", "0"),
+        "XLINE without direction": ("0", "XLINE", *ONE, "11", "0"),
+        "XLINE end-on": ("0", "XLINE", *ONE, "11", "0", "31", "1"),
+        "IMAGE without a size": ("0", "IMAGE", *ONE),
+        "HATCH without a boundary": ("0", "HATCH", "91", "0"),
+        "ACAD_TABLE without cells": ("0", "ACAD_TABLE", *ONE),
+        "3DSOLID": ("0", "3DSOLID"),
+        "INSERT of no block": insert("NOWHERE"),
+        "LINE with a broken number": ("0", "LINE", *ONE, "11", "nan"),
+    }
+    # Nothing of these is seen either, as their drawings want it.
+    SHOWN = {
+        "TEXT": ("0", "TEXT", *ONE, "40", "1", "1", ""),
+        "MTEXT": ("0", "MTEXT", *ONE, "40", "1"),
+        "ATTDEF": ("0", "ATTDEF", *ONE, "40", "1"),
+        "INSERT": insert("EMPTY"),
+        "3DFACE": ("0", "3DFACE", "10", "1", "11", "4", "22", "4", "23", "4", "70", "15"),
+        "polyface": polyline(("10", "1", "70", "192"), ("10", "4", "70", "192"), ("20", "4", "70", "192"),
+                             ("70", "128", "71", "-1", "72", "-2", "73", "-3"), flags="64"),
+    }
+    BLOCKS = blocks(*block("EMPTY"))
+
+    def count_shapes(self):
+        """How many shapes and texts the picture has, whatever the command says of it."""
+        return len(re.findall(r"<(?:line|path|circle|ellipse|polyline|polygon|text)\b(?![^>]*visibility=\"hidden\")",
+                              self.read("plan.svg")))
+
+    def assert_adds_up(self, content, shown, missing, code=0):
+        """All that says something of a drawing's share says the same."""
+        share = self.drawn(content, code=code)["share"]
+        self.assertEqual((share["shown"], share["missing"]), (shown, missing))
+        self.assertEqual(share["entities"], shown + sum(missing.values()))
+        self.assertEqual(self.info(content)["share"], share)
+        summary = json.loads(self.plexorn("info", "--summary", "--json", "plan.dxf").stdout)
+        self.assertEqual(summary["share"], share)
+        whole = "entity shown" if shown == 1 else f"{shown} entities shown"
+        words = whole if not missing else f"{shown} of {share['entities']} entit"
+        for command in ([], ["prepare", "-o", "out.dxf"]):
+            said = self.expect(code, *command, "plan.dxf").splitlines()[-1]
+            self.assertIn(words, said)
+            for name, count in missing.items():
+                self.assertIn(f"; missing: {count} {name}", said)
+
+    def test_what_gives_nothing_is_missing(self):
+        for name, lines in self.MISSING.items():
+            for beside in (LINE, ()):
+                for count in (1, 2):
+                    with self.subTest(name=name, beside=beside, count=count):
+                        self.assert_adds_up(entities(*beside, *lines * count), len(beside) // len(LINE), {lines[1]: count},
+                                            0 if beside else 6)
+                        self.assertEqual(self.expect(0 if beside else 6, "-q", "plan.dxf") == "", bool(beside))
+                        self.assertEqual(self.count_shapes(), 1 if beside else 0)
+            self.assertIn("shown:" if name != "INSERT of no block" else "", self.expect(6, "plan.dxf"))
+
+    def test_it_is_missing_in_blocks_too(self):
+        for name in ("LINE without length", "CIRCLE without radius", "TOLERANCE without text"):
+            lines = self.MISSING[name]
+            with self.subTest(name=name):
+                content = blocks(*block("A", *LINE, *lines)) + entities(*insert("A"), *insert("A", "50", "30"))
+                self.assert_adds_up(content, 3, {lines[1]: 1})
+
+    def test_what_has_nothing_to_be_seen_is_shown(self):
+        for name, lines in self.SHOWN.items():
+            with self.subTest(name=name):
+                self.assert_adds_up(self.BLOCKS + entities(*LINE, *lines), 2, {})
+                self.expect(0, "-q", "--strict", "plan.dxf")
+                self.assert_adds_up(self.BLOCKS + entities(*lines), 1, {}, 6)
+
+    def test_rays_that_do_not_meet_the_drawing_are_missing(self):
+        for kind in ("RAY", "XLINE"):
+            self.assert_adds_up(entities(*LINE, "0", kind, "20", "9", "11", "1"), 1, {kind: 1})
+            self.assertIn(f"{kind} is not shown: it does not meet the drawing\n", self.expect(0, "plan.dxf"))
+            self.assert_adds_up(entities("0", kind, "20", "9", "11", "1"), 1, {})
+
+    def test_hatches_between_the_lines_of_their_pattern_are_shown(self):
+        corners = [text for x, y in ((1, 1), (2, 1), (2, 2)) for text in ("10", str(x), "20", str(y))]
+        for spacing, shapes in (("50", 1), ("0.25", 5)):
+            hatch = ("0", "HATCH", "2", "A", "70", "0", "91", "1", "92", "3", "72", "0", "73", "1", "93", "3", *corners, "97",
+                     "0", "76", "1", "78", "1", "53", "0", "43", "0", "44", "0", "45", "0", "46", spacing, "79", "0")
+            self.assert_adds_up(entities(*LINE, *hatch), 2, {})
+            self.assertEqual(self.count_shapes() > 1, shapes > 1)
+
+    def test_points_without_marks_are_shown(self):
+        header = dxf("0", "SECTION", "2", "HEADER", "9", "$PDMODE", "70", "1", "0", "ENDSEC")
+        point = ("0", "POINT", "10", "1", "20", "2")
+        self.assert_adds_up(header + entities(*LINE, *point), 2, {})
+        self.assert_adds_up(entities(*LINE, *point), 2, {})
+        self.assert_adds_up(entities(*point), 1, {})
+
+    def test_what_has_a_size_is_shown(self):
+        for lines in (LINE, ("0", "XLINE", "10", "2", "20", "3", "11", "1"), ("0", "RAY", "10", "2", "11", "0", "21", "1"), WIPEOUT,
+                      ("0", "CIRCLE", "40", "1"), ("0", "TEXT", "40", "1", "1", "a"), aligned("10"),
+                      ("0", "SOLID", "11", "1", "22", "1"), ("0", "TOLERANCE", "1", "a", "40", "1"),
+                      ("0", "LEADER", "10", "0", "10", "5"), ("0", "ARC", "40", "1", "51", "90")):
+            with self.subTest(lines=lines):
+                self.assert_adds_up(entities(*LINE, *lines), 2, {})
+                self.assertGreater(self.count_shapes(), 1)
+
+    def test_an_entity_is_missing_once(self):
+        itself = blocks(*block("A", *LINE, *insert("A", "70", "5", "71", "5", "44", "9", "45", "9")))
+        self.assert_adds_up(itself + entities(*insert("A")), 2, {"INSERT": 1})
+
+    def test_an_image_without_a_size_is_no_frame(self):
+        self.write("plan.dxf", entities(*LINE, *self.MISSING["IMAGE without a size"]))
+        self.assertNotIn("frame", self.expect(0, "plan.dxf"))
+
+    def test_what_is_left_out_last_is_missing_too(self):
+        far = ("0", "INSERT", "2", "A", "70", "30000", "71", "30000", "44", "1", "45", "1")
+        share = self.drawn(blocks(*block("A", *LINE)) + entities(*LINE, *far))["share"]
+        self.assertEqual(share["entities"], share["shown"] + sum(share["missing"].values()))
+
+    def test_entities_of_hidden_layers_are_mentioned(self):
+        off = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "Off", "62", "-1", "0",
+                  "LAYER", "2", "Frozen", "70", "1", "0", "ENDTAB", "0", "ENDSEC")
+        lines = [("0", "LINE", "8", layer, *LINE[4:]) for layer in ("Off", "Frozen")]
+        for count, words in ((1, "; 1 more is on a layer that is off or frozen\n"),
+                             (2, "; 2 more are on layers that are off or frozen\n")):
+            content = off + entities(*LINE, *sum(lines[:count], ()))
+            share = self.drawn(content, "--strict")["share"]
+            self.assertEqual((share["entities"], share["shown"], share["hidden"]), (1, 1, {"offOrFrozen": count}))
+            self.assertTrue(self.expect(0, "--strict", "plan.dxf").endswith(words))
+            self.assertTrue(self.expect(0, "prepare", "-o", "out.dxf", "plan.dxf").endswith(words))
+        share = self.drawn(content, "--layers", "all")["share"]
+        self.assertEqual((share["entities"], share["hidden"]), (3, {}))
+        self.assertEqual(self.drawn(content, "--layer", "0")["share"]["hidden"], {"notChosen": 2})
+
+    def test_viewports_count(self):
+        def window(number, *more):
+            return ("0", "VIEWPORT", "67", "1", "69", number, "41", "10", "12", "2", "22", "2", "45", "10", *more)
+
+        whole = window("1", "40", "10", "68", "1")
+        on, off, flat = (window("2", *more) for more in (("40", "10", "68", "1"), ("40", "10", "68", "0"), ("68", "1")))
+        paper = ("0", "LINE", "67", "1", *LINE[2:])
+        for windows, shown, missing, hidden, words in (
+                (on, 3, {}, {}, "all 3 entities shown"), (off, 1, {}, {"viewportsOff": 1}, "; 1 viewport is off\n"),
+                (flat, 1, {"VIEWPORT": 1}, {}, "1 of 2 entities shown (50.0 %)")):
+            with self.subTest(words=words):
+                share = self.drawn(entities(*LINE, *paper, *whole, *windows), "--layout", "Layout1")["share"]
+                self.assertEqual((share["shown"], share["missing"], share["hidden"]), (shown, missing, hidden))
+                self.assertIn(words, self.expect(0, "--layout", "Layout1", "plan.dxf"))
+
+    def test_what_is_cut_is_not_all(self):
+        array = insert("A", "70", "9000", "71", "9000", "44", "1", "45", "1")
+        self.write("plan.dxf", blocks(*block("A", *LINE)) + entities(*LINE, *array))
+        said = self.expect(0, "plan.dxf").splitlines()[-1]
+        self.assertIn(", 3 entities shown, 1 message", said)
+        self.assertIn("; shown otherwise: 1 drawing not whole (its blocks and arrays unfold too far)", said)
+        self.write("plan.dxf", entities(*LINE, "0", "TEXT", "40", "1", "1", "x" * 3000))
+        said = self.expect(1, "--strict", "plan.dxf")
+        self.assertIn("TEXT is not shown whole: its letters beyond 1000 bytes are left out\n", said)
+        self.assertIn("; shown otherwise: 1 TEXT not whole (its letters beyond 1000 bytes are left out)\n", said)
+
+
 class Shares(OutcomeTest):
     def test_the_line_has_the_share_and_what_is_missing(self):
         self.write("plan.dxf", entities(*LINE, *LINE, *HATCH, "0", "SOLID", *insert("NOWHERE")))
@@ -240,7 +466,7 @@ class Shares(OutcomeTest):
         content = blocks(*block("A", *LINE, *LINE, *HATCH), *block("B", *HATCH * 5), *block("A", *HATCH * 7)) + entities(
             *insert("A") * 3)
         self.assertEqual(self.share(content), {"entities": 6, "shown": 5, "percent": 5 * 100 / 6, "missing": {"HATCH": 1},
-                                               "otherwise": {}})
+                                               "otherwise": {}, "hidden": {}})
 
     def test_blocks_in_blocks_that_nothing_inserts_do_not_count(self):
         nested = blocks(*block("A", *LINE, *HATCH), *block("B", *insert("A"), *insert("NOWHERE"), *HIDDEN_LINE))
@@ -401,7 +627,8 @@ class Summary(OutcomeTest):
         self.write("in/d.dxf", b"")
         found = json.loads(self.summary(5, "--json", "-r", "in"))
         self.assertEqual(found, {"drawings": 3, "failed": 1, "whole": 1, "share": {
-            "entities": 6, "shown": 3, "percent": 50, "missing": {"HATCH": 3}, "otherwise": {"textsUnturned": 1}}})
+            "entities": 6, "shown": 3, "percent": 50, "missing": {"HATCH": 3}, "otherwise": {"textsUnturned": 1},
+            "hidden": {}}})
         words = [" ".join(line.split()) for line in self.summary(5, "-r", "in").splitlines()]
         self.assertEqual(words, ["3 drawings, 1 shown as stated, 1 failed; 3 of 6 entities shown (50.0 %)", "",
                                  "missing entities drawings", "HATCH 3 2", "",

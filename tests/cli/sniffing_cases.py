@@ -80,4 +80,4 @@ class Sniffing(CommandTest):
         self.drawn(b"\xef\xbb\xbf" + b"999\nwritten by hand\n" + DRAWING)
 
     def test_a_group_code_without_a_line_end(self):
-        self.drawn(b"0")
+        self.drawn(b"0", code=6)

@@ -225,7 +225,7 @@ TEST(PrepareSheet, ModelSpaceIsNoSheet)
 TEST(PrepareSheet, ManyWindowsOverALargeModelEndWithAReport)
 {
     std::string entities;
-    for (int i = 0; i < 2000; ++i)
+    for (int i = 1; i <= 2000; ++i)
         entities += LineFrom("0", "0", -i, 0, i, i);
     for (int i = 0; i < 200; ++i)
         entities += ViewportAt("2", 50, 50, 20, 0, 0, 0.001);

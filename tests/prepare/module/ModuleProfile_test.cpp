@@ -324,7 +324,7 @@ TEST_F(ModuleProfile, LongTextsAreCutAndReported5)
     EXPECT_NE(Calls().find('"' + std::string(1000, 'x') + '"'), std::string::npos);
     ASSERT_EQ(written.report.Entries().size(), 1u);
     EXPECT_EQ(written.report.Entries().begin()->first,
-              (Report::Key{Finding::Cut, "TEXT", "after 1000 bytes"}));
+              (Report::Key{Finding::Cut, "TEXT", "its letters beyond 1000 bytes are left out"}));
 }
 
 TEST_F(ModuleProfile, InsertsAreMirroredTurnedAndMoved)

@@ -54,7 +54,8 @@ TEST_F(DrawRays, WhatDoesNotMeetTheDrawingIsLeftOut)
     EXPECT_EQ(OfXLine({4, 21, 0}, {1, 0, 0}), Lines{});
     EXPECT_EQ(OfXLine({-5, 19, 0}, {1, 1, 0}), Lines{});
     EXPECT_EQ(OfXLine({4, 5, 0}, {0, 0, 1}), Lines{});
-    EXPECT_TRUE(stage.Findings().empty());
+    EXPECT_EQ(OfXLine({4, 5, 0}, {0, 0, 0}), Lines{});
+    EXPECT_EQ(stage.Findings(), (Lines{"not shown: it does not meet the drawing", "not shown: seen end-on"}));
 }
 
 TEST_F(DrawRays, WithoutAReachTheyAreLeftOut)

@@ -35,6 +35,22 @@ TEST(WaitingFindings, AreReportedOneByOneInTheirOrder)
     EXPECT_EQ(told.report.entities, 7U);
 }
 
+TEST(WaitingFindings, OfEqualLinesAreOfEntitiesOfTheirOwn)
+{
+    WaitingFindings waiting;
+    for (int i = 0; i < 2; ++i) {
+        waiting.Taken().BeginEntity();
+        waiting.Taken().Add(Finding::NotShown, "A", "", 7);
+        waiting.Taken().Add(Finding::NotShown, "A", "again", 7);
+    }
+    waiting.Taken().isBlank = true;
+    Told told;
+    waiting.GiveTo(told.report);
+    EXPECT_EQ(told.all, "A 7 1;A 7 1;");
+    EXPECT_EQ(told.report.Losses(), 2U);
+    EXPECT_TRUE(told.report.isBlank);
+}
+
 TEST(WaitingFindings, OfWhatIsLeftAreForgotten)
 {
     WaitingFindings waiting;

@@ -30,6 +30,7 @@ Lines Stage::Draw(const Entity& entity)
     const Scale scale(tolerance, reach, pointSize);
     const Placement placement{drawing, matrix, style, scale, sink, report, budget};
     sink.lines.clear();
+    report.BeginEntity();
     EXPECT_TRUE(DrawGeometry(entity, placement, StyleOf));
     return sink.lines;
 }

@@ -29,6 +29,7 @@ struct TextTrial {
             style.colour.index = part.colour;
             return style;
         };
+        report.BeginEntity();
         if (!DrawTexts(entity, placement, styleOf) && !DrawNotes(entity, placement, styleOf))
             sink.lines.push_back("not a text");
         return std::move(sink.lines);
