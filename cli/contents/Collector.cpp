@@ -415,7 +415,7 @@ DrawingInfo CollectInfo(std::FILE* file, bool withTexts)
 {
     DrawingInfo info;
     CDxfOpenFile source(file);
-    prepare::PairReader pairs(source);
+    prepare::PairReader pairs(source, prepare::TextSource::DoubledEnds::Kept); // as the module does
     Collector collector(info, withTexts);
     while (pairs.Next())
         collector.Take(pairs);

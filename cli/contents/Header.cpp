@@ -63,7 +63,7 @@ Header ReadHeader(std::FILE* file)
     Header header;
     HeaderReader reader(header);
     CDxfOpenFile source(file);
-    prepare::PairReader pairs(source);
+    prepare::PairReader pairs(source, prepare::TextSource::DoubledEnds::Kept); // as the module does
     bool isInSection = false, isInHeader = false;
     while (pairs.Next()) {
         const std::string_view value = Trim(pairs.Value());

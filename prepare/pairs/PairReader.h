@@ -34,7 +34,11 @@ public:
     static bool IsCode(std::string_view line);
 
     // The source must outlive this. Throws std::bad_alloc.
-    explicit PairReader(CDxfSource& source) : m_text(source), m_stream(m_text, kLongestLine) {}
+    explicit PairReader(CDxfSource& source,
+                        TextSource::DoubledEnds ends = TextSource::DoubledEnds::MadeSingle)
+        : m_text(source, ends), m_stream(m_text, kLongestLine)
+    {
+    }
 
     // Steps to the next pair; false at the end, which is the pair 0, EOF or that of the file. Then the pair
     // is 0 and an empty value.

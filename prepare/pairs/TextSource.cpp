@@ -173,7 +173,7 @@ void TextSource::Begin()
         m_decoder = std::make_unique<BinaryText>();
     }
     m_front = front;
-    if (m_decoder)
+    if (m_decoder || m_doubledEnds == DoubledEnds::Kept)
         return;
     std::string lines = m_front;
     lines.resize(NormaliseLineEnds(lines.data(), lines.size()));

@@ -18,13 +18,18 @@ namespace prepare {
 // it is.
 class TextSource final : public CDxfSource {
 public:
+    enum class DoubledEnds : bool { Kept, MadeSingle };
+
     // How many bytes at its start show what a file is.
     static constexpr std::size_t kFront = 32;
     // Whether a file that begins so is a binary drawing or UTF-16.
     static bool Decodes(std::string_view front);
 
     // source must outlive this.
-    explicit TextSource(CDxfSource& source) : m_source(source) {}
+    explicit TextSource(CDxfSource& source, DoubledEnds ends = DoubledEnds::MadeSingle)
+        : m_source(source), m_doubledEnds(ends)
+    {
+    }
 
     // size must be above kMostHeld. Gives a negative number when the other source does, and when memory is
     // short.
@@ -56,6 +61,7 @@ private:
     void BlankInnerEndBytes(char* bytes, std::size_t size);
 
     CDxfSource& m_source;
+    const DoubledEnds m_doubledEnds;
     std::unique_ptr<Decoder> m_decoder; // null: the bytes are text as they are
     std::string m_front;                // what was read to see what the file is, not given out yet
     std::string m_decoded;              // given out up to m_given

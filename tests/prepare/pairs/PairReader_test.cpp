@@ -85,6 +85,14 @@ TEST(PairReader, AnEmptyLineAfterEachLineIsLeftOut)
     }
 }
 
+TEST(PairReader, DoubledLineEndsCanBeKept)
+{
+    CDxfMemory memory("0\n\nSECTION\n\n2\n\nENTITIES\n\n");
+    PairReader reader(memory, TextSource::DoubledEnds::Kept);
+    EXPECT_EQ(ReadAll(reader), "1 0 ;5 2 ;");
+    EXPECT_FALSE(reader.HasSpacedLines());
+}
+
 TEST(PairReader, EmptyValuesAreNoEmptyLinesAfterEachLine)
 {
     const std::string comments = "999\n\n999\n\n999\n\n";
