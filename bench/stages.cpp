@@ -12,6 +12,7 @@
 #include "bench/PeakMemory.h"
 #include "convert/CDxfReadToQuillmar.h"
 #include "entry/dxfFileOpen.h"
+#include "input/CDxfFile.h"
 #include "prepare/Inputs.h"
 #include "prepare/PrepareDrawing.h"
 

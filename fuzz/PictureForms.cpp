@@ -19,16 +19,6 @@ struct Part {
 
 constexpr std::string_view kSeparators = " ,";
 
-std::optional<double> NumberOf(std::string_view word)
-{
-    const std::string text(word);
-    char* end = nullptr;
-    const double number = std::strtod(text.c_str(), &end);
-    const bool isOne = !text.empty() && end == text.c_str() + text.size() && std::isfinite(number) &&
-                       text.find_first_not_of("0123456789.eE+-") == std::string::npos;
-    return isOne ? std::optional(number) : std::nullopt;
-}
-
 // The numbers of a list, blanks and commas between them; nothing if it holds anything else.
 std::optional<Numbers> NumbersOf(std::string_view list)
 {
@@ -119,6 +109,16 @@ bool IsTransform(std::string_view value)
 }
 
 } // namespace
+
+std::optional<double> NumberOf(std::string_view word)
+{
+    const std::string text(word);
+    char* end = nullptr;
+    const double number = std::strtod(text.c_str(), &end);
+    const bool isOne = !text.empty() && end == text.c_str() + text.size() && std::isfinite(number) &&
+                       text.find_first_not_of("0123456789.eE+-") == std::string::npos;
+    return isOne ? std::optional(number) : std::nullopt;
+}
 
 bool HasFormOf(std::string_view name, std::string_view value)
 {

@@ -1,9 +1,9 @@
 // The lines of a drawing, its group codes and the messages about them, read plainly.
 #pragma once
 
+#include "support/ModelTexts.h"
 #include "support/StreamModel.h"
 
-#include <charconv>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -14,13 +14,6 @@ std::string CallbackLine(std::string_view callback, std::string_view text);
 
 // Characters of the file as texts of traces show them.
 std::string TextOf(std::string_view narrow);
-
-template <class Number>
-std::string TextOfNumber(Number number)
-{
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
-}
 
 std::string_view Trimmed(std::string_view text);
 

@@ -1,5 +1,7 @@
 #include "TextForms.h"
 
+#include "support/ModelTexts.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -67,16 +69,9 @@ bool TakeColourPart(std::wstring_view& text)
 
 bool IsWellFormed(std::wstring_view text)
 {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        std::uint32_t unit = static_cast<std::uint32_t>(text[i]);
-        if constexpr (sizeof(wchar_t) == 2) {
-            const std::uint32_t next = i + 1 < text.size() ? static_cast<std::uint32_t>(text[i + 1]) : 0;
-            if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
-                ++i;
-                continue;
-            }
-        }
-        if (unit > 0x10FFFF || (unit >= 0xD800 && unit < 0xE000))
+    while (!text.empty()) {
+        const std::uint32_t value = TakeCharacter(text);
+        if (value > 0x10FFFF || (value >= 0xD800 && value < 0xE000))
             return false;
     }
     return true;

@@ -6,8 +6,6 @@
 
 #include <pugixml.hpp>
 
-#include <cmath>
-#include <cstdlib>
 #include <map>
 #include <set>
 #include <string_view>
@@ -53,10 +51,7 @@ void RequireNumber(std::string_view element, std::string_view name, const char* 
     std::string_view digits = value;
     if (element == "svg" && digits.ends_with("mm"))
         digits.remove_suffix(2);
-    char* end = nullptr;
-    const double number = std::strtod(value, &end);
-    if (digits.empty() || end != digits.data() + digits.size() || !std::isfinite(number) ||
-        digits.find_first_not_of("0123456789.eE+-") != std::string_view::npos)
+    if (!NumberOf(digits))
         FuzzFail("a number is one", name, value);
 }
 

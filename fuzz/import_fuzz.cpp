@@ -8,6 +8,7 @@
 #include "FuzzInput.h"
 #include "FuzzSource.h"
 #include "KeptBuffer.h"
+#include "input/CDxfMemory.h"
 
 #include "convert/CDxfReadToQuillmar.h"
 #include "support/FailingMemory.h"

@@ -7,6 +7,7 @@
 #include "CheckingHost.h"
 #include "FuzzInput.h"
 #include "KeptBuffer.h"
+#include "input/CDxfMemory.h"
 
 #include "convert/CDxfReadToQuillmar.h"
 #include "prepare/Prepare.h"

@@ -1,6 +1,6 @@
 // Runs a target over inputs, for compilers without a fuzzer and for the ordinary tests. Each argument is an
-// input, a folder of inputs, or an archive of them (.tar). Fails when there is no input, or when one of an
-// archive did not run.
+// input, a folder of inputs, or an archive of them (.tar). Fails when there is no input, when an archive has
+// none, and when a target ends the process.
 #include "Archive.h"
 #include "FuzzInput.h"
 
@@ -68,13 +68,11 @@ void RunArchive(const Path& path)
 {
     const std::string bytes = BytesOf(path);
     const std::vector<ArchiveEntry> entries = ReadArchive(bytes);
-    const std::size_t before = runs;
+    if (entries.empty())
+        throw std::runtime_error("the archive has no input");
     for (const ArchiveEntry& entry : entries)
         Run(entry.name, entry.bytes);
-    std::fprintf(stderr, "%s: %zu of %zu inputs\n", path.filename().string().c_str(), runs - before,
-                 entries.size());
-    if (entries.empty() || runs - before != entries.size())
-        throw std::runtime_error("not every input of the archive ran");
+    std::fprintf(stderr, "%s: %zu inputs\n", path.filename().string().c_str(), entries.size());
 }
 
 void RunArgument(const Path& path)

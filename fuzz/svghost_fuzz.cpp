@@ -7,6 +7,7 @@
 #include "FuzzInput.h"
 #include "XmlCheck.h"
 
+#include "support/ModelTexts.h"
 #include "svghost/SvgHost.h"
 
 #include <algorithm>
@@ -46,41 +47,17 @@ constexpr const wchar_t* kValues[] = {
 
 // The text as a picture holds it: what XML cannot hold is replaced, and XML readers take a carriage return
 // for a line feed.
-std::string TextInPicture(const std::wstring& text)
+std::string TextInPicture(std::wstring_view text)
 {
     std::string utf8;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        std::uint32_t value = static_cast<std::uint32_t>(text[i]);
-        if constexpr (sizeof(wchar_t) == 2) {
-            const std::uint32_t next = i + 1 < text.size() ? static_cast<std::uint32_t>(text[i + 1]) : 0;
-            if (value >= 0xD800 && value < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
-                value = 0x10000 + (value - 0xD800) * 0x400 + (next - 0xDC00);
-                ++i;
-            }
-        }
+    while (!text.empty()) {
+        std::uint32_t value = TakeCharacter(text);
         if (value == '\r')
             value = '\n';
         if ((value < 0x20 && value != '\t' && value != '\n') || (value >= 0xD800 && value < 0xE000) ||
             value == 0xFFFE || value == 0xFFFF || value > 0x10FFFF)
             value = 0xFFFD;
-        const auto add = [&](std::uint32_t byte) {
-            utf8 += static_cast<char>(static_cast<unsigned char>(byte));
-        };
-        if (value < 0x80) {
-            add(value);
-        } else if (value < 0x800) {
-            add(0xC0 | value >> 6);
-            add(0x80 | (value & 0x3F));
-        } else if (value < 0x10000) {
-            add(0xE0 | value >> 12);
-            add(0x80 | (value >> 6 & 0x3F));
-            add(0x80 | (value & 0x3F));
-        } else {
-            add(0xF0 | value >> 18);
-            add(0x80 | (value >> 12 & 0x3F));
-            add(0x80 | (value >> 6 & 0x3F));
-            add(0x80 | (value & 0x3F));
-        }
+        AppendModelUtf8(utf8, value);
     }
     return utf8;
 }

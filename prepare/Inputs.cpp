@@ -1,5 +1,6 @@
 #include "prepare/Inputs.h"
 
+#include "input/CDxfMemory.h"
 #include "input/CDxfOpenFile.h"
 
 #include <utility>
@@ -33,10 +34,12 @@ FileInput::FileInput(const char* path) : m_file(OpenInput(path))
 
 void FileInput::ReadWhole()
 {
+    CDxfOpenFile file(m_file.get());
     char part[1 << 16];
-    while (const std::size_t count = std::fread(part, 1, sizeof(part), m_file.get()))
-        m_bytes.append(part, count);
-    m_isKept = std::ferror(m_file.get()) == 0;
+    std::ptrdiff_t count = 0;
+    while ((count = file.Read(part, sizeof(part))) > 0)
+        m_bytes.append(part, static_cast<std::size_t>(count));
+    m_isKept = count == 0;
     m_file.reset();
     m_size = m_bytes.size();
 }

@@ -1,6 +1,7 @@
 // The inputs that the C interface takes.
 #pragma once
 
+#include "input/CDxfMemory.h"
 #include "prepare/OpenInput.h"
 #include "prepare/Prepare.h"
 #include "prepare/PrepareDrawing.h"

@@ -6,7 +6,8 @@
 
 namespace prepare {
 
-// Opens a file to read its bytes; null when that fails. The caller closes it.
+// Opens a file or a pipe to read its bytes; null when that fails, and for a folder or a device, which may
+// have no end. The caller closes it.
 std::FILE* OpenInput(const char* path);
 
 // The size of a file in bytes; 0 when it has none, such as a pipe.

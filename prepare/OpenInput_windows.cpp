@@ -1,6 +1,7 @@
 #include "prepare/OpenInput.h"
 
 #include "base/Utf8.h"
+#include "input/Readable_windows.h"
 
 #include <io.h>
 #include <sys/stat.h>
@@ -10,7 +11,11 @@ namespace prepare {
 std::FILE* OpenInput(const char* path)
 {
     const auto wide = WideFromUtf8(path);
-    return wide ? _wfopen(wide->c_str(), L"rbN") : nullptr;
+    std::FILE* const file = wide ? _wfopen(wide->c_str(), L"rbN") : nullptr;
+    if (file == nullptr || IsReadable(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)))))
+        return file;
+    std::fclose(file);
+    return nullptr;
 }
 
 std::uint64_t SizeOfInput(std::FILE* file)

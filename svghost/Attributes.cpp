@@ -3,7 +3,7 @@
 #include "base/Blanks.h"
 #include "base/Letters.h"
 #include "base/Numbers.h"
-#include "svghost/NumberText.h"
+#include "svghost/DrawableNumbers.h"
 #include "svghost/XmlText.h"
 
 #include <algorithm>
@@ -12,6 +12,7 @@
 #include <limits>
 
 namespace svghost {
+
 namespace {
 
 struct KnownName {

@@ -1,6 +1,6 @@
 #include "svghost/Bounds.h"
 
-#include "svghost/NumberText.h"
+#include "svghost/DrawableNumbers.h"
 #include "svghost/PathData.h"
 #include "svghost/SvgHostDocument.h"
 
@@ -8,6 +8,7 @@
 #include <cmath>
 
 namespace svghost {
+
 namespace {
 
 bool HasDrawableTransform(const Node& node)

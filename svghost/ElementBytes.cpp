@@ -4,6 +4,7 @@
 #include "svghost/Texts.h"
 
 namespace svghost {
+
 namespace {
 
 std::size_t BytesOfExtras(const Node& node)

@@ -6,6 +6,7 @@
 #include <cmath>
 
 namespace svghost {
+
 namespace {
 
 // Viewers calculate with 32-bit floats: beyond this the size of a view box may overflow in them.

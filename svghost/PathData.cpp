@@ -1,8 +1,9 @@
 #include "svghost/PathData.h"
 
-#include "svghost/NumberText.h"
+#include "svghost/DrawableNumbers.h"
 
 namespace svghost {
+
 namespace {
 
 // The blanks of SVG, of which those of a drawing's numbers have two more.

@@ -1,7 +1,7 @@
 #include "svghost/Picture.h"
 
-#include "svghost/Most.h"
-#include "svghost/NumberText.h"
+#include "svghost/BoxOfMost.h"
+#include "svghost/DrawableNumbers.h"
 #include "svghost/StandardScale.h"
 #include "svghost/SvgHostDocument.h"
 
@@ -9,6 +9,7 @@
 #include <cmath>
 
 namespace svghost {
+
 namespace {
 
 double LongerSide(const ViewBox& box)
@@ -23,7 +24,7 @@ bool HasSheet(const SvgHostWriteOptions& options)
 
 // How far strokes reach beyond the middle of their lines, at most, where the picture without them has that
 // longer side. They are a share of the side that the picture has with them and with its margin round them.
-double StrokeReach(const Layout& layout, double sheet, double longerSide)
+double StrokeReach(const PictureLayout& layout, double sheet, double longerSide)
 {
     constexpr double kWidestShare = 0.5;
     const double share = std::min(
@@ -31,7 +32,7 @@ double StrokeReach(const Layout& layout, double sheet, double longerSide)
     return share * longerSide / (1 - share * (1 + 2 * kMargin)) / 2;
 }
 
-void Frame(Picture& picture, const Box& box, const Layout& layout, const SvgHostWriteOptions& options)
+void Frame(Picture& picture, const Box& box, const PictureLayout& layout, const SvgHostWriteOptions& options)
 {
     picture.viewBox = ViewBoxRound(box);
     if (!HasSheet(options))
@@ -95,13 +96,13 @@ double Picture::ShownWidth(double given) const
     return std::max(given * sheetUnit, LongerSide(viewBox) * kThinnestStroke);
 }
 
-Picture PictureOf(const SvgHostDocument& document, const Layout& layout, const SvgHostWriteOptions& options,
-                  bool wantsFilled)
+Picture PictureOf(const SvgHostDocument& document, const PictureLayout& layout,
+                  const SvgHostWriteOptions& options, bool wantsFilled)
 {
     Picture picture;
     const Box all = document.root.bare;
     const bool needsMost = wantsFilled || options.showsMost;
-    const Box most = needsMost ? MostOf(document) : all;
+    const Box most = needsMost ? BoxOfMost(document) : all;
     if (LongerSide(all) > 0)
         picture.filled = std::min(1.0, LongerSide(most) / LongerSide(all));
     picture.isCropped = options.showsMost && most != all;

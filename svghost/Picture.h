@@ -1,7 +1,7 @@
 // What the picture shows of the plane, how large it is, and how wide its strokes are.
 #pragma once
 
-#include "svghost/Layout.h"
+#include "svghost/PictureLayout.h"
 #include "svghost/SvgHost.h"
 
 namespace svghost {
@@ -26,7 +26,7 @@ struct Picture {
 
 // The document has been laid out. Whether anything lies far off is looked up only when options or
 // wantsFilled need it.
-Picture PictureOf(const SvgHostDocument& document, const Layout& layout, const SvgHostWriteOptions& options,
-                  bool wantsFilled);
+Picture PictureOf(const SvgHostDocument& document, const PictureLayout& layout,
+                  const SvgHostWriteOptions& options, bool wantsFilled);
 
 } // namespace svghost

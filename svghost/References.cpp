@@ -3,6 +3,7 @@
 #include <algorithm>
 
 namespace svghost {
+
 namespace {
 
 // Tarjan's search for strongly connected components, with a stack of its own in the place of recursion.

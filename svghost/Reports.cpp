@@ -1,6 +1,7 @@
 #include "svghost/Reports.h"
 
 namespace svghost {
+
 namespace {
 
 thread_local std::weak_ptr<ErrorLog> receiver;

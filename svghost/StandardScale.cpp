@@ -3,6 +3,7 @@
 #include <algorithm>
 
 namespace svghost {
+
 namespace {
 
 // Coordinates are 32-bit floats: a frame drawn round a sheet may miss its size by the last digits.

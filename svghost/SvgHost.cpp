@@ -126,7 +126,7 @@ bool svgHostWrite(SvgHostDocument* document, const SvgHostWriteOptions* options,
         return false;
     try {
         const SvgHostWriteOptions chosen = options ? *options : SvgHostWriteOptions{};
-        const Layout& layout = document->LaidOut();
+        const PictureLayout& layout = document->LaidOut();
         const Picture picture = PictureOf(*document, layout, chosen, false);
         SvgWriter writer(*document, layout, picture, write, user);
         const bool isWhole = writer.Run(chosen);

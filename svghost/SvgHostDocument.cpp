@@ -1,6 +1,6 @@
 #include "svghost/SvgHostDocument.h"
 
-#include "svghost/NumberText.h"
+#include "svghost/DrawableNumbers.h"
 #include "svghost/XmlText.h"
 
 #include <algorithm>
@@ -89,7 +89,7 @@ Text* SvgHostDocument::CreateText(float x, float y, const wchar_t* text)
 }
 
 // A drawing has about as many marks as elements: they are kept in the nodes after them, beyond groups and as
-// long as their numbers fit. Any other is a use like all.
+// long as their numbers fit. All others are ordinary uses.
 bool SvgHostDocument::TakeMark(SymbolName& target)
 {
     Symbol* const mark = target.definition;
@@ -239,7 +239,7 @@ void SvgHostDocument::SetAttribute(Node& node, const wchar_t* name, const wchar_
     }
 }
 
-const Layout& SvgHostDocument::LaidOut()
+const PictureLayout& SvgHostDocument::LaidOut()
 {
     if (!m_isLaidOut)
         m_layout = MakeLayout(*this);

@@ -5,9 +5,9 @@
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
 #include "svghost/Layers.h"
-#include "svghost/Layout.h"
 #include "svghost/Node.h"
 #include "svghost/PathData.h"
+#include "svghost/PictureLayout.h"
 #include "svghost/TextHash.h"
 
 #include <array>
@@ -72,7 +72,7 @@ struct SvgHostDocument {
     }
 
     // The picture's layout, made again when the tree has changed since the last call.
-    const svghost::Layout& LaidOut();
+    const svghost::PictureLayout& LaidOut();
 
 private:
     std::uint32_t IndexOfValue(svghost::AttributeId id, std::wstring_view text);
@@ -87,6 +87,6 @@ private:
     svghost::Use m_mark;                         // what the use of any of them is for the host
     std::string m_scratch;
     svghost::ShortForm m_shortForm;
-    svghost::Layout m_layout;
+    svghost::PictureLayout m_layout;
     bool m_isLaidOut = false;
 };

@@ -2,10 +2,10 @@
 
 #include "svghost/AgreedSymbols.h"
 #include "svghost/Bounds.h"
+#include "svghost/DrawableNumbers.h"
 #include "svghost/ElementBytes.h"
 #include "svghost/Fills.h"
 #include "svghost/Layers.h"
-#include "svghost/NumberText.h"
 #include "svghost/Texts.h"
 #include "svghost/XmlText.h"
 
@@ -15,6 +15,7 @@
 #include <utility>
 
 namespace svghost {
+
 namespace {
 
 // The larger side of the picture, in pixels, where the viewer does not fit it into something.
@@ -90,7 +91,7 @@ bool HasGroups(const Container& container)
     return false;
 }
 
-// What is used once is drawn where it is used. Were each use of anything drawn so, a file could grow to the
+// What is used once is drawn where it is used. If each use were drawn in place, a file could grow to the
 // product of its uses and its points; writing is short, and is searched and selected where it is.
 bool IsDrawnInPlace(const Symbol& symbol)
 {
@@ -103,7 +104,7 @@ bool IsDrawnInPlace(const Symbol& symbol)
 
 } // namespace
 
-SvgWriter::SvgWriter(const SvgHostDocument& document, const Layout& layout, const Picture& picture,
+SvgWriter::SvgWriter(const SvgHostDocument& document, const PictureLayout& layout, const Picture& picture,
                      SvgHostWriteFunction write, void* user)
     : m_document(document), m_layout(layout), m_picture(picture), m_out(write, user)
 {

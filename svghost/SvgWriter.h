@@ -16,7 +16,7 @@ namespace svghost {
 // Writes one document. It has been laid out.
 class SvgWriter {
 public:
-    SvgWriter(const SvgHostDocument& document, const Layout& layout, const Picture& picture,
+    SvgWriter(const SvgHostDocument& document, const PictureLayout& layout, const Picture& picture,
               SvgHostWriteFunction write, void* user);
 
     // False when memory is short or the write function returned false; it is not called again then.
@@ -72,7 +72,7 @@ private:
     std::string_view StrokeColour(std::uint32_t stroke) const;
 
     const SvgHostDocument& m_document;
-    const Layout& m_layout;
+    const PictureLayout& m_layout;
     const Picture& m_picture;
     XmlStream m_out;
     const char* m_background = nullptr; // null: none

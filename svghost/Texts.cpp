@@ -3,6 +3,7 @@
 #include "svghost/AgreedSymbols.h"
 
 namespace svghost {
+
 namespace {
 
 bool IsRun(const Node& node)

@@ -8,6 +8,7 @@
 #include <array>
 
 namespace svghost {
+
 namespace {
 
 // For each byte the places, as bits of XmlPlace, where it is escaped. An XML reader makes blanks of the tabs

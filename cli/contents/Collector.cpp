@@ -158,7 +158,7 @@ void Collector::EndBlockHeader()
     m_block = m_name;
     m_inBlock = true;
     m_isOfSheet = IsSheetName(m_name);
-    m_blockTally.otherwise[static_cast<std::size_t>(Otherwise::BasePoints)] = m_hasBasePoint;
+    m_blockCounts.otherwise[static_cast<std::size_t>(Otherwise::BasePoints)] = m_hasBasePoint;
 }
 
 void Collector::LeaveBlock()
@@ -167,8 +167,8 @@ void Collector::LeaveBlock()
         return;
     BlockInfo& block = m_info.blocks[m_block];
     if (block.definitions == 1)
-        block.tally = std::move(m_blockTally);
-    m_blockTally = {};
+        block.counts = std::move(m_blockCounts);
+    m_blockCounts = {};
     m_inBlock = false;
 }
 
@@ -193,8 +193,8 @@ void Collector::EndEntity()
     if (m_kind == Kind::Insert) {
         BlockInfo& block = m_info.blocks[m_name];
         ++block.inserts;
-        Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
-        tally.inserts[m_info.blocks.PlaceOf(block)] += !m_isHidden && IsShown();
+        PartCounts& counts = m_inBlock ? m_blockCounts : m_info.counts;
+        counts.inserts[m_info.blocks.PlaceOf(block)] += !m_isHidden && IsShown();
     }
     m_info.hiddenEntities += m_isHidden;
     m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Otherwise::PaperSpace)] > 0;
@@ -228,20 +228,20 @@ void Collector::CountEntity(const TypeInfo& type)
 {
     if (IsPart())
         return;
-    Tally& tally = m_inBlock ? m_blockTally : m_info.tally;
+    PartCounts& counts = m_inBlock ? m_blockCounts : m_info.counts;
     const bool isShown = IsShown();
     if (isShown)
-        CountOtherwise(tally);
+        CountOtherwise(counts);
     if (m_isHidden)
         return;
-    TypeCount& count = tally.types[m_info.types.PlaceOf(type)];
+    TypeCount& count = counts.types[m_info.types.PlaceOf(type)];
     ++(isShown ? count.shown : count.missing);
 }
 
-void Collector::CountOtherwise(Tally& tally) const
+void Collector::CountOtherwise(PartCounts& counts) const
 {
     const auto add = [&](Otherwise what, bool isSo) {
-        tally.otherwise[static_cast<std::size_t>(what)] += isSo;
+        counts.otherwise[static_cast<std::size_t>(what)] += isSo;
     };
     if (m_isHidden) {
         // The flag has no effect on other types.
@@ -249,7 +249,7 @@ void Collector::CountOtherwise(Tally& tally) const
         return;
     }
     for (std::size_t i = 0; i < kOtherwiseCount; ++i)
-        tally.otherwise[i] += m_otherwise[i] > 0;
+        counts.otherwise[i] += m_otherwise[i] > 0;
     add(Otherwise::OtherMeasures, m_kind == Kind::Dimension && m_dimension.ShowsOtherNumber());
     const LayerInfo& layer = m_info.layers[m_layerName];
     add(Otherwise::HiddenLayers, layer.IsOff() || layer.IsFrozen());

@@ -42,7 +42,7 @@ private:
     bool IsPart() const;
     bool IsOnSheet() const;
     bool IsShown() const;
-    void CountOtherwise(Tally& tally) const;
+    void CountOtherwise(PartCounts& counts) const;
     void LeaveBlock();
     void KeepText();
     void TakeValue(int code, std::string_view value, std::uint64_t line);
@@ -61,7 +61,7 @@ private:
     bool m_inBlock = false;
     bool m_isOfSheet = false; // the open block
     std::string m_block;      // the block that is open
-    Tally m_blockTally;
+    PartCounts m_blockCounts;
     bool m_hasBasePoint = false;
     bool m_isSwallowing = false; // the reader takes what follows as part of an entry without a marker
 

@@ -79,7 +79,7 @@ struct TypeCount {
 };
 
 // What a part of the drawing, its ENTITIES section or a block, brings to the picture.
-struct Tally {
+struct PartCounts {
     std::map<std::size_t, TypeCount> types; // by the type's place among DrawingInfo::types
     OtherwiseCounts otherwise{};
     // The blocks that are inserted, by their places among DrawingInfo::blocks, and how many of the inserts
@@ -93,7 +93,7 @@ struct BlockInfo {
     std::uint64_t line = 0;        // of the first definition
     std::uint64_t entities = 0;    // in all of them
     std::uint64_t inserts = 0;
-    Tally tally; // of the first definition
+    PartCounts counts; // of the first definition
 };
 
 struct TypeInfo {
@@ -124,7 +124,7 @@ struct DrawingInfo {
     Named<BlockInfo> blocks;
     Named<TypeInfo> types;
     std::vector<TextInfo> texts;
-    Tally tally;                      // of the ENTITIES section
+    PartCounts counts;                // of the ENTITIES section
     std::uint64_t hiddenEntities = 0; // by their own flag
     std::uint64_t paperEntities = 0;  // in the paper space, outside of blocks
     std::uint64_t sheetEntities = 0;  // to be seen on the sheets of the paper space, without their windows

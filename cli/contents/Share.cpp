@@ -10,19 +10,19 @@ namespace plexorn {
 
 namespace {
 
-// Sums the tallies that make up the picture.
+// Sums the counts of the parts that make up the picture.
 class Summing {
 public:
     explicit Summing(const DrawingInfo& info) : m_counts(info.types.Count()) {}
 
-    void Add(const Tally& tally)
+    void Add(const PartCounts& counts)
     {
-        for (const auto& [type, count] : tally.types) {
+        for (const auto& [type, count] : counts.types) {
             m_counts[type].shown += count.shown;
             m_counts[type].missing += count.missing;
         }
         for (std::size_t i = 0; i < kOtherwiseCount; ++i)
-            m_share.otherwise[i] += tally.otherwise[i];
+            m_share.otherwise[i] += counts.otherwise[i];
     }
 
     // This many further inserts show nothing.
@@ -57,21 +57,21 @@ private:
 
 // Those of the blocks that make up the picture: the drawing itself inserts them, or one of them does. Inserts
 // of blocks that are missing are counted.
-std::vector<const Tally*> InsertedTallies(const DrawingInfo& info, std::uint64_t& emptyInserts)
+std::vector<const PartCounts*> InsertedParts(const DrawingInfo& info, std::uint64_t& emptyInserts)
 {
-    std::vector<const Tally*> found;
+    std::vector<const PartCounts*> found;
     std::vector<bool> isFound(info.blocks.Count());
-    const auto addFrom = [&](const Tally& tally) {
-        for (const auto& [place, shown] : tally.inserts) {
+    const auto addFrom = [&](const PartCounts& counts) {
+        for (const auto& [place, shown] : counts.inserts) {
             const BlockInfo& block = *std::next(info.blocks.begin(), static_cast<std::ptrdiff_t>(place));
             if (block.definitions == 0)
                 emptyInserts += shown;
             else if (!isFound[place])
-                found.push_back(&block.tally);
+                found.push_back(&block.counts);
             isFound[place] = true;
         }
     };
-    addFrom(info.tally);
+    addFrom(info.counts);
     for (std::size_t next = 0; next < found.size(); ++next)
         addFrom(*found[next]);
     return found;
@@ -122,16 +122,16 @@ void Share::Add(const Share& other)
 Share ShareOf(const DrawingInfo& info)
 {
     Summing summing(info);
-    summing.Add(info.tally);
+    summing.Add(info.counts);
     std::uint64_t emptyInserts = 0;
-    for (const Tally* const tally : InsertedTallies(info, emptyInserts))
-        summing.Add(*tally);
+    for (const PartCounts* const counts : InsertedParts(info, emptyInserts))
+        summing.Add(*counts);
     summing.AddEmptyInserts(info, emptyInserts);
     Share share = summing.Finish(info);
     // A drawing that only has sheets is shown correctly by them.
     std::uint64_t& paper = CountOf(share.otherwise, Otherwise::PaperSpace);
     if (paper ==
-        std::accumulate(info.tally.types.begin(), info.tally.types.end(), std::uint64_t(0),
+        std::accumulate(info.counts.types.begin(), info.counts.types.end(), std::uint64_t(0),
                         [](std::uint64_t sum, const auto& entry) { return sum + entry.second.shown; }))
         paper = 0;
     return share;

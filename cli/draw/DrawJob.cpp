@@ -12,6 +12,7 @@
 #include "cli/draw/Look.h"
 #include "cli/draw/WriteOptionsFor.h"
 #include "cli/files/OlderPicture.h"
+#include "cli/files/SizeOfFile.h"
 #include "cli/files/Source.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/PreparedDrawing.h"
@@ -103,14 +104,7 @@ bool WriteToFile(void* user, const char* bytes, std::size_t size)
     return static_cast<OutputFile*>(user)->Write(bytes, size);
 }
 
-std::uintmax_t SizeOf(const fs::path& drawing)
-{
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(drawing, error);
-    return error ? 0 : size;
-}
-
-// base, and so much more for the size of a drawing.
+// base and more together, as far as a size can hold them.
 std::size_t LimitFor(std::uintmax_t base, std::uintmax_t more)
 {
     return static_cast<std::size_t>(
@@ -122,7 +116,7 @@ std::size_t LimitFor(std::uintmax_t base, std::uintmax_t more)
 std::size_t MostElements(const fs::path& drawing)
 {
     constexpr std::uintmax_t kAnyhow = 100'000, kBytesForEach = 8;
-    return LimitFor(kAnyhow, SizeOf(drawing) / kBytesForEach);
+    return LimitFor(kAnyhow, SizeOfFile(drawing) / kBytesForEach);
 }
 
 // How large the picture of a drawing may be. That of a drawing from a program is seldom twice as large as its
@@ -130,7 +124,7 @@ std::size_t MostElements(const fs::path& drawing)
 std::size_t MostBytes(const fs::path& drawing)
 {
     constexpr std::uintmax_t kAnyhow = 17'000'000, kForEachByte = 12;
-    return LimitFor(kAnyhow, SizeOf(drawing) * kForEachByte);
+    return LimitFor(kAnyhow, SizeOfFile(drawing) * kForEachByte);
 }
 
 // Why the module could not open a file that the command could. The module gives no reason, but a second try

@@ -4,6 +4,7 @@
 #include "cli/files/Wildcards.h"
 #include "cli/system/Native.h"
 #include "cli/system/ReasonOf.h"
+#include "input/CDxfOpenFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -106,16 +107,12 @@ int ReadFile(const std::string& name, ListReader& reader)
                                                                std::fclose);
     if (!file)
         return errno;
+    CDxfOpenFile source(file.get());
     char block[1 << 14];
-    for (;;) {
-        errno = 0;
-        const std::size_t size = std::fread(block, 1, sizeof block, file.get());
-        if (std::ferror(file.get()) != 0)
-            return errno != 0 ? errno : EIO;
-        if (size == 0)
-            return 0;
-        reader.Take(block, size);
-    }
+    std::ptrdiff_t size = 0;
+    while ((size = source.Read(block, sizeof block)) > 0)
+        reader.Take(block, static_cast<std::size_t>(size));
+    return source.Error();
 }
 
 std::vector<std::string> ReadList(const Options& options)

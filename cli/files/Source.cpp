@@ -3,9 +3,12 @@
 #include "cli/files/Inputs.h"
 #include "cli/files/WhyNotAsciiDxf.h"
 #include "cli/system/ReasonOf.h"
+#include "input/CDxfOpenFile.h"
 #include "prepare/pairs/TextSource.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <system_error>
 
 namespace plexorn {
@@ -26,9 +29,10 @@ Source::Source(const std::string& name, Forms forms, bool keepsGoing) : m_shownN
         reason = Open();
     std::string head(kSniffedSize, '\0');
     if (reason.empty()) {
-        errno = 0;
-        head.resize(std::fread(head.data(), 1, head.size(), m_file.get()));
-        reason = std::ferror(m_file.get()) ? ReasonOf(errno != 0 ? errno : EIO) : "";
+        CDxfOpenFile file(m_file.get());
+        head.resize(
+            static_cast<std::size_t>(std::max<std::ptrdiff_t>(file.Read(head.data(), head.size()), 0)));
+        reason = file.Error() != 0 ? ReasonOf(file.Error()) : "";
     }
     if (!reason.empty())
         Refuse("cannot be read: " + reason, ExitCode::File);

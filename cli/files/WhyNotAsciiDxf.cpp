@@ -1,6 +1,6 @@
 #include "cli/files/WhyNotAsciiDxf.h"
 
-#include "base/Numbers.h"
+#include "base/Blanks.h"
 #include "base/Utf8.h"
 #include "prepare/pairs/BinaryText.h"
 #include "prepare/pairs/PairReader.h"
@@ -89,7 +89,7 @@ std::string WhyNotAsciiDxf(std::string_view head, Taker taker)
     if (line.empty())
         return "holds nothing but blanks where a DXF begins";
     const bool isCode = taker == Taker::Module ? IsCodeOfModule(line) : prepare::PairReader::IsCode(line);
-    return isCode ? "" : "is no DXF: its first line is not a group code";
+    return isCode ? "" : "is not a DXF: its first line is not a group code";
 }
 
 } // namespace plexorn

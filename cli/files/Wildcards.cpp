@@ -1,11 +1,9 @@
 #include "cli/files/Wildcards.h"
 
-#include "base/Letters.h"
-#include "base/Utf8.h"
+#include "base/Patterns.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -18,47 +16,13 @@ namespace {
 
 constexpr std::string_view kWildcards = "*?";
 
-// The bytes of the UTF-8 character that begins at that place.
-std::size_t CharacterSize(std::string_view text, std::size_t at)
-{
-    std::size_t end = at + 1;
-    while (end < text.size() && IsTrailByte(text[end]))
-        ++end;
-    return end - at;
-}
-
-// Goes back to the last * alone, as an earlier one could take no more than that one does.
-bool Matches(std::string_view pattern, std::string_view name)
-{
-    std::size_t p = 0, n = 0, afterStar = std::string_view::npos, taken = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            afterStar = ++p;
-            taken = n;
-        } else if (p < pattern.size() && pattern[p] == '?') {
-            ++p;
-            n += CharacterSize(name, n);
-        } else if (p < pattern.size() && SmallLetter(pattern[p]) == SmallLetter(name[n])) {
-            ++p;
-            ++n;
-        } else if (afterStar != std::string_view::npos) {
-            p = afterStar;
-            taken += CharacterSize(name, taken);
-            n = taken;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', p) == std::string_view::npos;
-}
-
 void AddMatches(const fs::path& folder, const std::string& pattern, std::vector<fs::path>& found)
 {
     std::error_code error;
     fs::directory_iterator entries(folder.empty() ? fs::path(".") : folder, error);
     for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
         const fs::path name = entries->path().filename();
-        if (Matches(pattern, ArgumentFromPath(name)))
+        if (MatchesPattern(ArgumentFromPath(name), pattern, Wildcards::QuestionMark))
             found.push_back(folder / name);
     }
 }

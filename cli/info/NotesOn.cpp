@@ -19,7 +19,7 @@ std::string OtherTextsNote(const DrawingInfo& info)
         page = Joined({" ($DWGCODEPAGE is ", Printable(ValidUtf8(info.header.codePage)), ")"});
     return Joined({Counted(info.otherTexts, "text is", "texts are"), " not UTF-8", page,
                    ", the first at line ", std::to_string(info.firstOtherText),
-                   "; what is no UTF-8 is drawn as U+FFFD"});
+                   "; bytes that are not UTF-8 are drawn as U+FFFD"});
 }
 
 std::uint64_t MissingBlocks(const DrawingInfo& info)

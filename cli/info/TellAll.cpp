@@ -3,6 +3,7 @@
 #include "cli/contents/Collector.h"
 #include "cli/files/Inputs.h"
 #include "cli/files/ReadFiles.h"
+#include "cli/files/SizeOfFile.h"
 #include "cli/files/Source.h"
 #include "cli/info/InfoJson.h"
 #include "cli/info/InfoText.h"
@@ -20,13 +21,6 @@
 namespace plexorn {
 
 namespace {
-
-std::uint64_t SizeOf(const std::filesystem::path& path)
-{
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    return error ? 0 : size;
-}
 
 // What is printed about a drawing.
 struct Told {
@@ -76,7 +70,7 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
     const Becoming* const becoming = told->becoming ? &*told->becoming : nullptr;
     if (options.isSummary)
         return summary.Add(becoming != nullptr ? becoming->share : ShareOf(told->info));
-    told->info.bytes = SizeOf(source.Path());
+    told->info.bytes = SizeOfFile(source.Path());
     const auto text = options.isJson ? InfoJson : InfoText;
     Print(text(source.ShownName(), told->info, becoming, options.withTexts));
 }

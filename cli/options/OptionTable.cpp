@@ -85,9 +85,8 @@ constexpr OptionRow kMinDrawn = {
 constexpr OptionRow kDrawRows[] = {
     {"-o,--output", "PATH",
      "The picture; - is the standard output. For several drawings, or with a slash at its end, the folder "
-     "for the "
-     "pictures, which is made when it is missing. By default each picture is next to its drawing, with "
-     ".svg in place of .dxf; that of the standard input goes to the standard output",
+     "for the pictures, which is made when it is missing. By default each picture is next to its drawing, "
+     "with .svg in place of .dxf; that of the standard input goes to the standard output",
      &Options::output, CheckNotEmpty},
     {"--no-clobber", "", "Skip drawings whose picture exists", &Options::keepsPictures},
     {"--newer-only", "", "Skip drawings that are not newer than their picture", &Options::drawsNewerOnly},
@@ -99,10 +98,9 @@ constexpr OptionRow kDrawRows[] = {
     kRecursive,
     {"--units", "UNIT",
      "How long one unit of the drawing is, which gives the picture its width and height in millimetres: "
-     "header, the "
-     "default, takes the drawing's $INSUNITS and falls back to none; guess falls back to $MEASUREMENT and "
-     "then to "
-     "millimetres; none makes the larger side 1024 pixels; or a unit's name, such as mm, cm, m, in, ft",
+     "header, the default, takes the drawing's $INSUNITS and falls back to none; guess falls back to "
+     "$MEASUREMENT and then to millimetres; none makes the larger side 1024 pixels; or a unit's name, such "
+     "as mm, cm, m, in, ft",
      &Options::units, CheckUnits},
     {"--scale", "RATIO",
      "Write the width and height in millimetres at a scale, 1:N. By default at their true size up to A0 "
@@ -138,8 +136,7 @@ constexpr OptionRow kDrawRows[] = {
      &Options::layersAs, CheckLayersAs},
     {"--background", "COLOUR",
      "The CSS colour behind the drawing, or none. By default #1e1e1e, as most drawings are white, and white "
-     "with "
-     "--paper and --layout",
+     "with --paper and --layout",
      &Options::background, CheckColour},
     {"--paper", "",
      "Show the drawing as on a sheet of paper: white is shown black, on a white background, and layers that "
@@ -155,8 +152,7 @@ constexpr OptionRow kDrawRows[] = {
     kMinDrawn,
     {"--keep-going", "",
      "Draw what there is of a drawing that cannot be read to its end or for which memory is short, say what "
-     "is "
-     "missing, and end with exit code 1",
+     "is missing, and end with exit code 1",
      &Options::keepsGoing},
     kHelp,
     {"--version", "", "Print the version and end"},
@@ -166,8 +162,7 @@ constexpr OptionRow kPrepareRows[] = {
     {"-o,--output", "PATH",
      "The prepared drawing; - is the standard output. For several drawings, or with a slash at its end, the "
      "folder for them, which is made when it is missing. Only a drawing of the standard input does without, "
-     "and "
-     "goes to the standard output",
+     "and goes to the standard output",
      &Options::output, CheckNotEmpty},
     {"--for", "READER",
      "Who reads the prepared drawing: module, the default, is Plexorn's module, and standard any other "

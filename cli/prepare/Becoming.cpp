@@ -17,14 +17,14 @@ void AddCounted(std::string& text, const std::map<std::string, std::uint64_t>& c
         text.append(text.empty() ? "" : "; ").append(std::to_string(count)).append(between).append(what);
 }
 
-std::string RepairText(const prepare::Report::Key& key, const prepare::FindingCount& met)
+std::string RepairText(const prepare::Report::Key& key, const Tally& met)
 {
     std::string text = "line " + std::to_string(met.firstLine);
     text.append(": ").append(key.subject).append(": ").append(key.detail);
     return met.count > 1 ? text + " (" + std::to_string(met.count) + " times)" : text;
 }
 
-void Add(const prepare::Report::Key& key, const prepare::FindingCount& met, Becoming& becoming)
+void Add(const prepare::Report::Key& key, const Tally& met, Becoming& becoming)
 {
     switch (key.finding) {
     case Finding::Rewritten:

@@ -7,20 +7,16 @@
 
 namespace plexorn {
 
-std::vector<prepare::LayoutSize> SheetsOf(Source& source, const Options& options)
+std::vector<std::string> LayoutsOf(Source& source, const Options& options)
 {
     RewoundFile input(source);
     std::vector<prepare::LayoutSize> layouts;
     const prepare::PrepareOutcome outcome = prepare::ListLayouts(input, options.encoding, layouts);
     if (outcome == prepare::PrepareOutcome::ReadFailed)
         input.ThrowFailure();
-    return layouts;
-}
-
-std::vector<std::string> LayoutsOf(Source& source, const Options& options)
-{
     std::vector<std::string> names;
-    for (const prepare::LayoutSize& layout : SheetsOf(source, options))
+    names.reserve(layouts.size());
+    for (const prepare::LayoutSize& layout : layouts)
         names.push_back(layout.name);
     return names;
 }

@@ -10,11 +10,8 @@
 
 namespace plexorn {
 
-// The sheets in source, in their order, with their sizes in millimetres. Throws std::bad_alloc, and
-// std::system_error when the drawing cannot be read to its end.
-std::vector<prepare::LayoutSize> SheetsOf(Source& source, const Options& options);
-
-// Their names. Throws as that does.
+// The names of the sheets in source, in their order. Throws std::bad_alloc, and std::system_error when the
+// drawing cannot be read to its end.
 std::vector<std::string> LayoutsOf(Source& source, const Options& options);
 
 // The same for the drawing of that name; no names if anything is wrong with it.

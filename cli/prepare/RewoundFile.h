@@ -1,6 +1,7 @@
 // A drawing's file as preparing reads it.
 #pragma once
 
+#include "cli/files/SizeOfFile.h"
 #include "cli/files/Source.h"
 #include "cli/system/InterruptGuard.h"
 #include "input/CDxfOpenFile.h"
@@ -9,7 +10,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -31,12 +31,7 @@ public:
         return *this;
     }
 
-    std::uint64_t Size() const override
-    {
-        std::error_code error;
-        const std::uintmax_t size = std::filesystem::file_size(m_source.Path(), error);
-        return error ? 0 : size;
-    }
+    std::uint64_t Size() const override { return SizeOfFile(m_source.Path()); }
 
     bool IsTakenInPart() const override { return m_keepsGoing && !InterruptGuard::IsInterrupted(); }
 

@@ -1,8 +1,8 @@
 #include "prepare/drawing/Encoding.h"
 
+#include "base/Blanks.h"
 #include "base/Letters.h"
 #include "base/NamedCodePage.h"
-#include "base/Numbers.h"
 
 #include <utility>
 

@@ -54,7 +54,6 @@ struct Entity {
     std::int32_t isInPaperSpace = 0;         // 67
     NameId layout = kNoName;                 // 410
     Point3 extrusion{0, 0, 1};               // 210
-    double thickness = 0;                    // 39
 };
 
 // The type of each record is its first base's argument.
@@ -118,7 +117,6 @@ struct Polyline : EntityOf<EntityType::Polyline> {
     std::int32_t nCount = 0;              // 72; a polyface's faces
     std::int32_t mDensity = 0;            // 73
     std::int32_t nDensity = 0;            // 74
-    std::int32_t smooth = 0;              // 75
     std::vector<PolylineVertex> vertices; // the VERTEX entities that follow, up to the SEQEND
 };
 
@@ -167,12 +165,7 @@ struct Leader : EntityOf<EntityType::Leader> { // in world coordinates
     NameId dimStyle = kNoName;                 // 3
     std::int32_t hasArrow = 1;                 // 71
     std::int32_t isSpline = 0;                 // 72
-    std::int32_t hasHookLine = 0;              // 75
-    std::int32_t hookIsForward = 0;            // 74
-    double textWidth = 0;                      // 41
-    std::int32_t byBlockColour = kByBlock;     // 77
     std::vector<Point3> vertices;              // 10
-    Point3 horizontal{1, 0, 0};                // 211
     // Overrides of the style, as a DIMENSION's.
     std::vector<std::pair<std::int32_t, std::string>> overrides;
 };
@@ -203,12 +196,10 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     std::int32_t hasDogleg = 1;      // 291
     std::int32_t contentType = 0;    // 172: 1 a block, 2 an MTEXT
     double arrowSize = 0;            // 140 of the context
-    double scale = 1;                // 40 of the context
     double textHeight = 0;           // 41 of the context
     std::string text;                // 304 of the context, raw as an MTEXT's
     Point3 textPoint;                // 12
     Point3 textDirection{1, 0, 0};   // 13
-    double textRotation = 0;         // 42, radians
     double textWidth = 0;            // 43
     std::int32_t textAttachment = 1; // 171: left, centre, right
     std::int32_t textFlow = 1;       // 172 of the context: as an MTEXT's
@@ -222,12 +213,11 @@ struct MultiLeader : EntityOf<EntityType::MultiLeader> { // in world coordinates
     std::int32_t rightLanding = 1;   // 175: and from the right
     double landingGap = -1;          // 145 of the context: from the text to its frame, too
     NameId textStyle = kNoName;
-    Handle textStyleHandle = 0;      // 340 of the context
-    Handle blockHandle = 0;          // 341 of the context: its BLOCK_RECORD
-    Point3 blockPoint;               // 15
-    Point3 blockScale{1, 1, 1};      // 16
-    double blockRotation = 0;        // 46
-    std::vector<double> blockMatrix; // 47, sixteen
+    Handle textStyleHandle = 0; // 340 of the context
+    Handle blockHandle = 0;     // 341 of the context: its BLOCK_RECORD
+    Point3 blockPoint;          // 15
+    Point3 blockScale{1, 1, 1}; // 16
+    double blockRotation = 0;   // 46
     std::vector<LeaderAttribute> attributes;
     Handle arrowHandle = 0; // 342
 };
@@ -245,22 +235,20 @@ struct PointEntity : EntityOf<EntityType::Point> { // in world coordinates
 
 // TEXT, ATTRIB and ATTDEF, in object coordinates.
 struct Text : EntityOf<EntityType::Text> {
-    Point3 point;              // 10
-    Point3 alignment;          // 11
-    bool hasAlignment = false; // whether 11 came
-    double height = 0;         // 40; 0: the style's
-    std::string text;          // 1, UTF-8, with blanks and codes
-    double rotation = 0;       // 50, degrees
-    double widthFactor = 0;    // 41; 0: the style's
-    double oblique = 0;        // 51, degrees
-    bool hasOblique = false;
+    Point3 point;                // 10
+    Point3 alignment;            // 11
+    bool hasAlignment = false;   // whether 11 came
+    double height = 0;           // 40; 0: the style's
+    std::string text;            // 1, UTF-8, with blanks and codes
+    double rotation = 0;         // 50, degrees
+    double widthFactor = 0;      // 41; 0: the style's
+    double oblique = 0;          // 51, degrees
     NameId style = kNoName;      // 7
     std::int32_t generation = 0; // 71: 2 backward, 4 upside down
     std::int32_t horizontal = 0; // 72
     std::int32_t vertical = 0;   // 73 of a TEXT, 74 of the others
     std::int32_t flags = 0;      // 70 of the others: 1 invisible, 2 constant
     std::string tag;             // 2
-    std::string prompt;          // 3
     bool hasMText = false;       // an embedded MTEXT (101) holds the text
 };
 
@@ -325,7 +313,6 @@ struct Dimension : EntityOf<EntityType::Dimension> {
     double textRotation = 0;        // 53
     double oblique = 0;             // 52
     double horizontalDirection = 0; // 51
-    double leaderLength = 0;        // 40
     std::int32_t attachment = 5;    // 71
     // Overrides of the style: the pairs between the braces of DSTYLE.
     std::vector<std::pair<std::int32_t, std::string>> overrides;
@@ -375,10 +362,8 @@ struct Hatch : EntityOf<EntityType::Hatch> { // also MPOLYGON; in object coordin
     Point3 elevation;                        // 10: only z counts
     std::int32_t isSolid = 0;                // 70; 71 of an MPOLYGON
     std::int32_t style = 0;                  // 75: odd parity, outer, ignore
-    std::int32_t patternType = 1;            // 76
     double angle = 0;                        // 52
     double scale = 1;                        // 41
-    std::int32_t isDouble = 0;               // 77
     std::vector<HatchLoop> loops;
     std::vector<HatchLine> lines;
     std::int32_t isGradient = 0;               // 450
@@ -396,9 +381,7 @@ struct Image : EntityOf<EntityType::Image> {
     Point2 size;                // 13: pixels
     std::int32_t display = 1;   // 70
     std::int32_t isClipped = 0; // 280
-    std::int32_t clipKind = 1;  // 71: 1 a rectangle, 2 a polygon
     std::vector<Point2> clip;   // 14 (11 of an underlay), in pixels
-    Handle definition = 0;      // 340
     Point3 scale{1, 1, 1};      // 41 to 43 of an underlay
     double rotation = 0;        // 50 of an underlay
 };

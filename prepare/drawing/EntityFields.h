@@ -19,7 +19,6 @@ consteval auto CommonRows()
         Row(5, &Record::handle).OnlyFirst(),
         Row(6, &Record::lineType),
         Row(8, &Record::layer),
-        Row(39, &Record::thickness),
         Row(48, &Record::lineTypeScale),
         Row(60, &Record::isInvisible),
         Row(62, &Record::colour),

@@ -23,7 +23,6 @@ constexpr auto kDimension = EntityFieldsWithOverrides<Dimension>({
     {14, PointOf<1>},
     {15, PointOf<2>},
     {16, PointOf<3>},
-    {40, &Dimension::leaderLength},
     {42, &Dimension::measurement, &Dimension::hasMeasurement},
     {50, &Dimension::rotation},
     {51, &Dimension::horizontalDirection},

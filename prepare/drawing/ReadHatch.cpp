@@ -262,8 +262,6 @@ constexpr auto kHatch = EntityFields<Hatch>({
     {70, ReadSolid<false>},
     {71, ReadSolid<true>},
     {75, &Hatch::style},
-    {76, &Hatch::patternType},
-    {77, &Hatch::isDouble},
     {91, ReadLoops},
     {421, &Hatch::gradientColours},
     {450, &Hatch::isGradient},

@@ -126,7 +126,6 @@ constexpr auto kPolyline = EntityFields<Polyline>({
     {72, &Polyline::nCount},
     {73, &Polyline::mDensity},
     {74, &Polyline::nDensity},
-    {75, &Polyline::smooth},
 });
 
 // A HELIX has a spline and then its own fields, which have codes of the spline's.
@@ -247,15 +246,10 @@ constexpr auto kPoint = EntityFields<PointEntity>({
     {50, &PointEntity::xAxisAngle},
 });
 
-Point3& ScaleOf(Insert& insert)
-{
-    return insert.scale;
-}
-
 template <double Point3::*part>
 void ReadScale(RecordReader& reader, Insert& insert, CDxfLine value)
 {
-    ScaleOf(insert).*part = reader.Real(value);
+    insert.scale.*part = reader.Real(value);
 }
 
 constexpr auto kInsert = EntityFields<Insert>({
@@ -286,9 +280,7 @@ constexpr auto kImage = EntityFields<Image>({
     {13, &Image::size},
     {14, &Image::clip},
     {70, &Image::display},
-    {71, &Image::clipKind},
     {280, &Image::isClipped},
-    {340, &Image::definition},
 });
 
 template <double Point3::*part>
@@ -313,7 +305,6 @@ constexpr auto kUnderlay = EntityFields<Image>({
     {43, ReadUnderlayScale<&Point3::z>},
     {50, &Image::rotation},
     {280, ReadUnderlayFlags},
-    {340, &Image::definition},
 });
 
 constexpr auto kOleFrame = EntityFields<OleFrame>({

@@ -47,7 +47,7 @@ std::string NameWithoutEscapes(std::string_view name)
     while (!name.empty()) {
         const UnicodeEscape escape = ReadUnicodeEscape(name);
         const bool isSpelledOut = escape.size > 0 && !IsBlankOrControl(escape.character);
-        // What follows a backslash that is none, up to the next one, is as it is.
+        // A backslash that begins no escape is kept, with what follows it up to the next one.
         const std::size_t size = isSpelledOut ? escape.size : std::min(name.find('\\', 1), name.size());
         if (isSpelledOut)
             AppendUtf8(text, escape.character);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Numbers.h"
+#include "base/Tally.h"
 #include "input/CDxfStream.h"
 #include "prepare/pairs/TextSource.h"
 
@@ -9,18 +10,6 @@
 #include <string_view>
 
 namespace prepare {
-
-// How often something was met, and where first.
-struct Tally {
-    std::uint64_t count = 0;
-    std::uint64_t firstLine = 0;
-
-    void Add(std::uint64_t line)
-    {
-        if (count++ == 0)
-            firstLine = line;
-    }
-};
 
 // Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. Where a group code
 // belongs, any other line is skipped, and so is a 0 whose value is a number, as no record has such a name: so

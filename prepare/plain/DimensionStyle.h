@@ -65,7 +65,6 @@ struct DimensionStyle {
     std::int32_t justification = 0;              // 280
     std::int32_t hidesLine1 = 0;                 // 281
     std::int32_t hidesLine2 = 0;                 // 282
-    std::int32_t toleranceJustification = 1;     // 283: bottom, middle, top
     std::int32_t toleranceZeros = 0;             // 284
     std::int32_t alternateZeros = 0;             // 285
     std::int32_t alternateToleranceZeros = 0;    // 286

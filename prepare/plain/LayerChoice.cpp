@@ -1,6 +1,7 @@
 #include "prepare/plain/LayerChoice.h"
 
 #include "base/Letters.h"
+#include "base/Patterns.h"
 
 #include <algorithm>
 
@@ -12,33 +13,12 @@ constexpr std::int32_t kFrozen = 1;
 
 bool MatchesAny(std::string_view name, const std::vector<std::string>& patterns)
 {
-    return std::any_of(patterns.begin(), patterns.end(),
-                       [&](const std::string& pattern) { return MatchesPattern(name, pattern); });
+    return std::any_of(patterns.begin(), patterns.end(), [&](const std::string& pattern) {
+        return MatchesPattern(name, pattern, Wildcards::StarAlone);
+    });
 }
 
 } // namespace
-
-// Only the last star is ever tried again: what an earlier one could take, that one can take, too.
-bool MatchesPattern(std::string_view name, std::string_view pattern)
-{
-    std::size_t at = 0, of = 0, star = std::string_view::npos, retry = 0;
-    while (at < name.size()) {
-        if (of < pattern.size() && pattern[of] == '*') {
-            star = of++;
-            retry = at;
-        } else if (of < pattern.size() && SmallLetter(pattern[of]) == SmallLetter(name[at])) {
-            ++of;
-            ++at;
-        } else if (star != std::string_view::npos) {
-            of = star + 1;
-            at = ++retry;
-        } else {
-            return false;
-        }
-    }
-    return std::all_of(pattern.begin() + static_cast<std::ptrdiff_t>(of), pattern.end(),
-                       [](char c) { return c == '*'; });
-}
 
 std::string_view LayerChoice::NameOf(NameId layer) const
 {
@@ -77,7 +57,7 @@ std::optional<HiddenLayer> LayerChoice::Decide(NameId layer) const
         return HiddenLayer::NotChosen;
     if (!m_options.onlyLayers.empty() || m_options.showsAllLayers)
         return {};
-    if (MatchesPattern(name, "DEFPOINTS"))
+    if (AreSameLetters(name, "DEFPOINTS"))
         return HiddenLayer::NotPlotted;
     const Layer* const found = m_drawing.FindLayer(layer);
     if (IsFrozenBesides(layer) || (found != nullptr && (found->colour < 0 || (found->flags & kFrozen) != 0)))

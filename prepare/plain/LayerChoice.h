@@ -13,10 +13,6 @@
 
 namespace prepare {
 
-// Whether name matches pattern: '*' is any text, and the case of ASCII letters does not matter. The time is
-// at most in proportion to the product of the lengths.
-bool MatchesPattern(std::string_view name, std::string_view pattern);
-
 // Decides by a drawing's layers and by what was asked for. frozen, which may be null, has further layers
 // that are frozen. All must outlive it.
 class LayerChoice {

@@ -113,7 +113,7 @@ void Flattener::AddHalves(const Bezier& curve, std::vector<Point2>& points)
     }
 }
 
-// The spline between two knots, of which the first is that of that number.
+// The spline between the knot of a number and the next one.
 class Span {
 public:
     Span(const BSpline& spline, std::size_t knot) : m_spline(spline), m_knot(knot) {}

@@ -11,9 +11,7 @@ void Report::Add(Finding finding, std::string_view subject, std::string_view det
         return;
     m_losses += finding == Finding::NotShown || finding == Finding::Cut;
     auto& [key, met] = *m_entries.try_emplace({finding, std::string(subject), std::string(detail)}).first;
-    if (met.count == 0)
-        met.firstLine = line;
-    met.count += count;
+    met.Add(line, count);
     if (m_listener)
         m_listener(key, line, count);
 }

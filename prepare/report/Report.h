@@ -1,6 +1,8 @@
 // What preparing found: counted, and passed one by one to a listener.
 #pragma once
 
+#include "base/Tally.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -19,11 +21,6 @@ enum class Finding : std::uint8_t {
     Changed,   // subject is drawn, but not wholly as its author saw it
     Repaired,  // the file is broken here: subject "file", detail says how it was read
     Cut,       // more than bounds allow: the rest is left out
-};
-
-struct FindingCount {
-    std::uint64_t count = 0;
-    std::uint64_t firstLine = 0; // of the user's file; 0: none
 };
 
 // The detail of an entity that is not shown because nothing comes of it.
@@ -78,7 +75,8 @@ public:
         std::string detail;
         friend auto operator<=>(const Key&, const Key&) = default;
     };
-    const std::map<Key, FindingCount>& Entries() const { return m_entries; }
+    // The lines are those of the user's file.
+    const std::map<Key, Tally>& Entries() const { return m_entries; }
     // How often it was said that something is not shown, or not whole.
     std::uint64_t Losses() const { return m_losses; }
 
@@ -105,7 +103,7 @@ public:
 private:
     static constexpr std::uint64_t kNone = UINT64_MAX;
 
-    std::map<Key, FindingCount> m_entries;
+    std::map<Key, Tally> m_entries;
     Listener m_listener;
     std::uint64_t m_losses = 0;
     std::uint64_t m_lastNotShown = kNone; // the line of the entity of which it was said last

@@ -13,14 +13,15 @@ namespace {
 
 constexpr int kMostPieces = 4096;
 
-} // namespace
-
+// How many pieces an arc of that angle needs so that no chord is farther than tolerance from it.
 int ChordsOfArc(double radius, double angle, double tolerance)
 {
     if (!(tolerance < radius))
         return std::clamp(static_cast<int>(std::ceil(angle / (kPi / 4))), 1, 8);
     return static_cast<int>(ChordsOf(radius, angle, tolerance, kMostPieces));
 }
+
+} // namespace
 
 void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, Fineness& curves)
 {

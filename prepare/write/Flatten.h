@@ -10,9 +10,6 @@
 
 namespace prepare {
 
-// How many pieces an arc of that angle needs so that no chord is farther than tolerance from it: 1 to 4096.
-int ChordsOfArc(double radius, double angle, double tolerance);
-
 // Adds points of the arc from a to b, without a itself. A bulge of 0, or an arc nearer to its chord than the
 // tolerance, adds b alone.
 void AppendChords(std::vector<Point2>& points, Point2 a, Point2 b, double bulge, Fineness& curves);

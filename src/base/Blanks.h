@@ -1,6 +1,9 @@
 // The single characters of a number and around it: blanks, digits and signs.
 #pragma once
 
+#include <cstddef>
+#include <string_view>
+
 inline bool IsBlank(char character)
 {
     return character == ' ' || (character >= '\t' && character <= '\r');
@@ -26,6 +29,17 @@ inline const char* SkipBlanks(const char* at, const char* end)
     while (at != end && IsBlank(*at))
         ++at;
     return at;
+}
+
+// Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
+inline std::string_view Trim(std::string_view text)
+{
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    while (end != begin && IsBlank(end[-1]))
+        --end;
+    begin = SkipBlanks(begin, end);
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 // Steps over one sign; true when it is a minus.

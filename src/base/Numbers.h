@@ -74,17 +74,6 @@ inline std::optional<std::uint64_t> ParseHex(std::string_view text)
     return text.empty() || text.size() > 16 ? std::nullopt : std::optional(value);
 }
 
-// Removes white space (blank, tab, line feed, vertical tab, form feed, carriage return) from both ends.
-inline std::string_view Trim(std::string_view text)
-{
-    const char* begin = text.data();
-    const char* end = begin + text.size();
-    while (end != begin && IsBlank(end[-1]))
-        --end;
-    begin = SkipBlanks(begin, end);
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 // The longest text that a number gives: the largest double has 309 digits before the point.
 inline constexpr std::size_t kLongestNumber = 309 + 1 + 1 + 6;
 

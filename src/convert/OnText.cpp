@@ -48,7 +48,8 @@ void CDxfReadToQuillmar::OnMText(const DXF_GRAPHIC_MTEXT& text)
              AnchorOfMText(text.m_nAttachment));
 }
 
-// The height is added after the flip, so a text is one height below its insertion point (quirk 62).
+// The height is added after the flip, so a text is one height below its insertion point (quirk 62). Whether
+// it is invisible does not matter (quirk 76).
 void CDxfReadToQuillmar::DrawText(const DXF_GRAPHIC_BASE& entity, double x, double y, double height,
                                   const wchar_t* text, const wchar_t* anchor)
 {

@@ -31,11 +31,12 @@ CDxfDimensionDrawing::CDxfDimensionDrawing(CDxfRead& reader, QlmNode parentNode,
 
 void CDxfDimensionDrawing::Draw(const DXF_GRAPHIC_DIMENSION& record)
 {
-    const DIMENSION* dimension = nullptr; // the first
+    const DIMENSION* dimension = nullptr; // the first (quirk 104)
     const ALIGNED* aligned = nullptr;     // the last
     for (std::size_t i = 0; i < record.m_parts.size(); ++i) {
         const DXF_GRAPHIC_DIMENSION_BASE* const part = record.m_parts[i];
-        const bool isLast = i + 1 == record.m_parts.size();
+        const bool isLast =
+            i + 1 == record.m_parts.size(); // those that others follow are left out (quirk 102)
         switch (part->m_nPartKind) {
         case DXF_DIMENSION_PART_DIMENSION:
             if (dimension == nullptr)
@@ -170,7 +171,8 @@ void CDxfDimensionDrawing::DrawGeneralValue(const DIMENSION& dimension, double v
     DrawValue(dimension, text, degrees);
 }
 
-// Shows the value, or the dimension's own text with every "<>" replaced by the value.
+// Shows the value, or the dimension's own text with every "<>" replaced by the value, 2 away from the place
+// of the text (quirk 94).
 void CDxfDimensionDrawing::DrawValue(const DIMENSION& dimension, const ValueText& value, double degrees)
 {
     std::wstring_view rest = dimension.m_strText.empty() ? std::wstring_view(L"<>") : dimension.m_strText;

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr float kFirstHeight = 2.0f;
+constexpr float kFirstHeight = 2.0f; // quirk 93
 
 // The length that the width of a run is estimated from: UTF-16 units on every platform.
 double LengthInUtf16(std::wstring_view text)
@@ -39,6 +39,7 @@ struct CDxfDimensionDrawing::TextRun {
     float height; // of the font, before scaling
 };
 
+// A semicolon ends a piece, and each piece begins at the same point (quirk 112).
 void CDxfDimensionDrawing::LayoutDimensionText(std::wstring_view text, float x, float y, float angle)
 {
     const double radians = angle * kRadiansPerDegree;

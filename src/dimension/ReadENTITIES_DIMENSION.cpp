@@ -18,8 +18,9 @@ namespace {
 constexpr auto kEntityFields = DxfFields<DXF_GRAPHIC_DIMENSION>({End(100)});
 
 // Steps over the overrides in extended data: "1000", "DSTYLE", "1002", "{", ..., "1002", "}". None is kept.
-// The lines in it are not paired, so a value "1002" ends the list too (quirk 107). The line
-// after the closing "1002" is part of the list, even where the file ends before it.
+// The lines in it are not paired, so a value "1002" ends the list too (quirk 107). The line after the closing
+// "1002" is part of the list, even where the file ends before it. The message has another reader's name
+// (quirk 125).
 template <class Part>
 void SkipDSTYLE(CDxfRead& reader, CDxfStream& stream, Part&, CDxfLine value)
 {
@@ -189,7 +190,8 @@ bool CDxfRead::ReadENTITIES_DIMENSION(CDxfStream& stream, DXF_ENTITY_LIST& list)
     return true;
 }
 
-// True when the marker's part ended at a "0" or at a further marker.
+// True when the marker's part ended at a "0" or at a further marker. An unknown marker ends the dimension in
+// the middle of its pairs (quirk 106).
 bool CDxfRead::ReadENTITIES_DIMENSION_SWITCH(CDxfStream& stream, DXF_GRAPHIC_DIMENSION& dimension,
                                              std::string_view marker)
 {

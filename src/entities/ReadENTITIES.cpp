@@ -1,5 +1,5 @@
 // One entity by its type name, and the skipping of those that are not kept.
-#include "base/Numbers.h"
+#include "base/Blanks.h"
 #include "reader/CDxfRead.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "input/CDxfSource.h"
+#include "input/CDxfFile.h"
 
 #include "input/Readable_posix.h"
 

@@ -1,19 +1,8 @@
-#include "input/CDxfSource.h"
+#include "input/CDxfFile.h"
 
-#include "base/Api_windows.h"
+#include "input/Readable_windows.h"
 
 #include <algorithm>
-
-namespace {
-
-// Files and pipes: a console or a serial port may have no end.
-bool IsReadable(HANDLE file)
-{
-    const DWORD type = GetFileType(file);
-    return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
-}
-
-} // namespace
 
 CDxfFile::CDxfFile(const char* path)
     : m_file(reinterpret_cast<std::intptr_t>(

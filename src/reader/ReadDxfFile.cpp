@@ -1,4 +1,5 @@
 // The section driver: from the open file to the callbacks.
+#include "input/CDxfFile.h"
 #include "reader/CDxfRead.h"
 
 void CDxfRead::ReadDxfFile(const char* path)
@@ -59,16 +60,6 @@ void CDxfRead::SkipToENDSEC(CDxfStream& stream)
 {
     while (!stream.eof() && ReadTrimmed(stream) != "ENDSEC") {
     }
-}
-
-// A TABLES section without a table runs on: the "ENDSEC" in place of "TABLE" is not compared, so the section
-// after it is skipped as far as its own "ENDSEC" (quirk 14).
-void CDxfRead::ReadSectionTABLES(CDxfStream& stream)
-{
-    if (ReadTrimmed(stream) == "0" && ReadTrimmed(stream) == "TABLE")
-        ReadTABLES(stream);
-    else
-        SkipToENDSEC(stream);
 }
 
 void CDxfRead::ReadSectionENTITIES(CDxfStream& stream)

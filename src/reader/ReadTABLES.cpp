@@ -38,13 +38,14 @@ constexpr auto kTableFields = DxfFields<HEADER>({
     {70, &HEADER::m_nMaxEntries},
 });
 
+using ENTRY = DXF_TABLES_COMMON;
 // The first code 100 passes an entry to its kind's reader; a code 0 before it ends nothing (quirk 16).
-constexpr auto kEntryFields = DxfFields<DXF_TABLES_COMMON>({
+constexpr auto kEntryFields = DxfFields<ENTRY>({
     End(100),
-    {5, &DXF_TABLES_COMMON::m_strHandle},
-    {105, &DXF_TABLES_COMMON::m_strDimStyleHandle},
+    {5, &ENTRY::m_strHandle},
+    {105, &ENTRY::m_strDimStyleHandle},
     {102, ReadEntryGroup},
-    {330, &DXF_TABLES_COMMON::m_strOwnerHandle},
+    {330, &ENTRY::m_strOwnerHandle},
 });
 
 using LAYER = DXF_TABLES_LAYER;
@@ -95,6 +96,16 @@ constexpr std::array<std::string_view, 6> kTablesWithoutRecords = {"APPID", "DIM
                                                                    "UCS",   "VIEW",     "VPORT"};
 
 } // namespace
+
+// A TABLES section without a table runs on: the "ENDSEC" in place of "TABLE" is not compared, so the section
+// after it is skipped as far as its own "ENDSEC" (quirk 14).
+void CDxfRead::ReadSectionTABLES(CDxfStream& stream)
+{
+    if (ReadTrimmed(stream) == "0" && ReadTrimmed(stream) == "TABLE")
+        ReadTABLES(stream);
+    else
+        SkipToENDSEC(stream);
+}
 
 void CDxfRead::ReadTABLES(CDxfStream& stream)
 {

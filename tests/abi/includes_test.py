@@ -54,7 +54,7 @@ COMMAND_ROOMS = {
     "batch": ({"contents", "files", "options", "report", "system"}, set()),
     "info": ({"contents", "files", "options", "prepare", "report", "system"}, set()),
     "report": ({"contents", "options"}, {"src/host/ReportKinds.h", "svghost/SvgHost.h"}),
-    "files": ({"options", "system"}, {"prepare/pairs/"}),
+    "files": ({"options", "system"}, {"src/input/", "prepare/pairs/"}),
     "options": ({"contents"}, {"prepare/drawing/Encoding.h"}),
     "contents": (set(), {"src/input/", TYPE_LIST, "prepare/pairs/", *DIMENSION_MATHEMATICS}),
     "system": (set(), set()),
@@ -82,7 +82,7 @@ NUMBERLESS_STREAM = ("cli/options/ParseOptions.cpp", "iostream")
 NUMBER_FOLDER = "src/base/"
 # What reads and writes numbers in a way of its own. Texts may be printed. std::to_string is for whole numbers;
 # symbols_test.py sees what it is used for.
-NUMBER_CALL = re.compile(r"\b((?:strto|wcsto|sto|ato|wto)[a-z]+|v?s[wn]*(?:printf|scanf))\(|"
+NUMBER_CALL = re.compile(r"\b((?:strto|wcsto|sto|ato|wto)[a-z]+|to_wstring|v?s[wn]*(?:printf|scanf))\(|"
                          r"\b(v?f?w?printf)\([^\"]*\"(?:[^\"%]|%[s%])*%[^s%]")
 
 STANDARD_C = {"assert.h", "stdbool.h", "stddef.h", "stdint.h", "wchar.h"}
@@ -279,8 +279,10 @@ class Checker(unittest.TestCase):
         found = self.check({"cli/draw/a.cpp": "x = std::strtod(text, nullptr);\n",
                             "svghost/b.cpp": "y = std::stoi(text);\n",
                             "prepare/c.cpp": 'std::snprintf(text, 9, "%d", 1);\n',
-                            "src/reader/d.cpp": 'std::fprintf(file, "line %d", 1);\n'})
+                            "src/reader/d.cpp": 'std::fprintf(file, "line %d", 1);\n',
+                            "src/reader/e.cpp": "text = std::to_wstring(1.5);\n"})
         self.assertEqual(found, ["src/reader/d.cpp: fprintf: use base/Numbers.h",
+                                 "src/reader/e.cpp: to_wstring: use base/Numbers.h",
                                  "svghost/b.cpp: stoi: use base/Numbers.h",
                                  "prepare/c.cpp: snprintf: use base/Numbers.h",
                                  "cli/draw/a.cpp: strtod: use base/Numbers.h"])

@@ -179,7 +179,7 @@ class Clashes(Many):
 class Answers(Many):
     def test_a_hundred_files_bring_a_hundred_answers(self):
         kinds = [(DRAWING, None), (DRAWING_WITH_MESSAGE, None), (b"PK\x03\x04", "is a ZIP archive; unpack it first"),
-                 (b"", "is empty"), (b"hello\n", "is no DXF: its first line is not a group code"),
+                 (b"", "is empty"), (b"hello\n", "is not a DXF: its first line is not a group code"),
                  (b"AC1015" + bytes(50), "is a DWG drawing; save it as an ASCII DXF"), (DRAWING[:40], None),
                  (b"AutoCAD Binary DXF\r\n\x1a\0", "is a binary DXF; only the text form is read"),
                  (DRAWING.replace(b"\n", b"\r\n"), None), (b"%PDF-1.4\n", "is a PDF document")]

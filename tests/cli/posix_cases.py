@@ -402,7 +402,7 @@ class Texts(CommandTest):
         self.assertIn("; 3 texts are not UTF-8 (drawn with U+FFFD)\n", self.expect(0, "plan.dxf"))
         self.assertIn("T\ufffdr", self.read("plan.svg"))
         self.assertIn('"textsNotUtf8":3', self.expect(0, "--messages=json", "plan.dxf"))
-        self.assertIn("note: 3 texts are not UTF-8, the first at line 10; what is no UTF-8 is drawn as U+FFFD\n",
+        self.assertIn("note: 3 texts are not UTF-8, the first at line 10; bytes that are not UTF-8 are drawn as U+FFFD\n",
                       self.plexorn("info", "plan.dxf").stdout)
 
     def test_the_code_page_is_in_the_note(self):
@@ -579,6 +579,7 @@ class Interruption(CommandTest):
                 status = dict(line.split(":", 1) for line in file)
             is_pending = int(status["ShdPnd"], 16) >> (number - 1) & 1
             state = status["State"].split()[0]
+            self.assertNotIn(state, ("Z", "X"), "the process has ended")
 
     def test_an_interruption_of_many_drawings_ends_those_that_are_not_done(self):
         os.mkdir(self.path("in"))
@@ -589,6 +590,7 @@ class Interruption(CommandTest):
         process = self.preparing_unread("-j", "4", "in", "-o", "out/")
         done = ["1.dxf", "2.dxf", "3.dxf"]
         while not set(done).issubset(os.listdir(self.path("out"))):
+            self.assertIsNone(process.poll(), "the command has ended")
             time.sleep(0.001)
         process.send_signal(signal.SIGINT)
         self.wait_until_handled(process, signal.SIGINT)

@@ -62,7 +62,7 @@ class Sniffing(CommandTest):
 
     def test_other_texts(self):
         for text in (b"hello\n", b"<svg/>\n", b"{\\rtf1}", b"0 SECTION\n", b"12345\n0\n", b"0.5\n", b"-\n", b"0\0\n"):
-            self.refused(text, "is no DXF")
+            self.refused(text, "is not a DXF")
 
     def test_utf_16(self):
         self.refused(DRAWING.decode().encode("utf-16"), "is a UTF-16 text")

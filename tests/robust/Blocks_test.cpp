@@ -1,5 +1,6 @@
 // Blocks that insert themselves or each other: every block is drawn once and every INSERT is one use,
 // whatever they refer to.
+#include "input/CDxfMemory.h"
 #include "support/CountedWork.h"
 #include "support/Import.h"
 #include "support/NestedBlocks.h"

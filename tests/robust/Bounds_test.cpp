@@ -1,9 +1,10 @@
 // What a hostile file can cost: memory and work for each of its bytes have a bound, whatever it holds.
+#include "input/CDxfMemory.h"
 #include "support/CountedWork.h"
 #include "support/FailingMemory.h"
 #include "support/Hostile.h"
 #include "support/Import.h"
-#include "support/Scale.h"
+#include "support/TestScale.h"
 
 #include <gtest/gtest.h>
 

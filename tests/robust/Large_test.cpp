@@ -1,8 +1,9 @@
 // Much of everything: twice the file makes twice the calls, and takes about twice the work.
+#include "input/CDxfMemory.h"
 #include "support/CountedWork.h"
 #include "support/FailingMemory.h"
 #include "support/Import.h"
-#include "support/Scale.h"
+#include "support/TestScale.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #include "entry/dxfFileOpen.h"
 #include "support/Dxf.h"
 #include "support/RecordingHost.h"
-#include "support/Scale.h"
 #include "support/SmallStack.h"
 #include "support/TempFile.h"
+#include "support/TestScale.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 #include "fuzz/PlainReading.h"
 #include "support/Import.h"
 #include "support/ReadingText.h"
-#include "support/Scale.h"
 #include "support/Sources.h"
+#include "support/TestScale.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,8 @@
 // The text of a drawing, made from groups.
 #pragma once
 
-#include <charconv>
+#include "support/ModelTexts.h"
+
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -22,12 +23,10 @@ private:
     template <class Value>
     static std::string LineOf(const Value& value)
     {
-        if constexpr (std::is_arithmetic_v<Value>) {
-            char digits[32];
-            return {digits, std::to_chars(digits, digits + sizeof(digits), value).ptr};
-        } else {
+        if constexpr (std::is_arithmetic_v<Value>)
+            return TextOfNumber(value);
+        else
             return std::string(std::string_view(value));
-        }
     }
 };
 

@@ -1,5 +1,7 @@
 #include "support/Import.h"
 
+#include "input/CDxfMemory.h"
+
 int ReportingReader::OnError(std::uint32_t code, int kind, const wchar_t* message, std::int64_t extra)
 {
     std::string text = std::to_string(code) + " " + std::to_string(kind) + " " + ToTraceText(message);

@@ -19,10 +19,21 @@
 template <class Value>
 inline constexpr bool kIsText = std::is_same_v<Value, DXF_STRING> || std::is_same_v<Value, DXF_HANDLE>;
 
+// A record without a list here must not pass for its base.
+template <class Record, class Visit>
+void VisitFields(const Record& record, const Visit& visit) = delete;
+
 #define FIELD(member) visit(#member, record.member)
 #define RARE(member) visit(#member, record.m_rare->member)
 #define POINT(start) (FIELD(start##X), FIELD(start##Y), FIELD(start##Z))
 #define EXTRUSION() (RARE(m_dExtrusionX), RARE(m_dExtrusionY), RARE(m_dExtrusionZ))
+// A record that adds no field to those of its base.
+#define FIELDS_OF_BASE(Record, Base)                                                                         \
+    template <class Visit>                                                                                   \
+    void VisitFields(const Record& record, const Visit& visit)                                               \
+    {                                                                                                        \
+        VisitFields(static_cast<const Base&>(record), visit);                                                \
+    }
 
 // Entities.
 
@@ -201,6 +212,9 @@ void VisitFields(const DXF_GRAPHIC_DIMENSION_BASE& record, const Visit& visit)
     FIELD(m_nPartKind);
 }
 
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_Entity, DXF_GRAPHIC_DIMENSION_BASE)
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_RotatedDimension, DXF_GRAPHIC_DIMENSION_BASE)
+
 template <class Visit>
 void VisitFields(const DXF_GRAPHIC_DIMENSION_Dimension& record, const Visit& visit)
 {
@@ -240,6 +254,9 @@ void VisitFields(const DXF_GRAPHIC_DIMENSION_ANGULAR& record, const Visit& visit
     POINT(m_dDimArc);
 }
 
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_3PointAngularDimension, DXF_GRAPHIC_DIMENSION_ANGULAR)
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_2LineAngularDimension, DXF_GRAPHIC_DIMENSION_ANGULAR)
+
 template <class Visit>
 void VisitFields(const DXF_GRAPHIC_DIMENSION_OrdinateDimension& record, const Visit& visit)
 {
@@ -255,6 +272,9 @@ void VisitFields(const DXF_GRAPHIC_DIMENSION_CHORD& record, const Visit& visit)
     POINT(m_dChordPoint);
     FIELD(m_dLeaderLength);
 }
+
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_RadialDimension, DXF_GRAPHIC_DIMENSION_CHORD)
+FIELDS_OF_BASE(DXF_GRAPHIC_DIMENSION_DiametricDimension, DXF_GRAPHIC_DIMENSION_CHORD)
 
 // Blocks.
 
@@ -356,3 +376,4 @@ void VisitFields(const DXF_TABLES_BLOCK_RECORD& record, const Visit& visit)
 #undef RARE
 #undef POINT
 #undef EXTRUSION
+#undef FIELDS_OF_BASE

@@ -1,10 +1,10 @@
 #include "support/RecordText.h"
 
 #include "reader/EntityTypes.h"
+#include "support/ModelTexts.h"
 #include "support/RecordFields.h"
 #include "support/RecordingHost.h"
 
-#include <charconv>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -23,8 +23,7 @@ using Fields = std::vector<FieldText>;
 template <class Number>
 std::string TextOf(Number number)
 {
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
+    return TextOfNumber(number);
 }
 
 std::string TextOf(DXF_STRING text)

@@ -1,35 +1,20 @@
 #include "support/RecordingHost.h"
 
 #include "support/FailingMemory.h"
+#include "support/ModelTexts.h"
 
-#include <charconv>
 #include <cstdint>
 #include <cstdio>
 
 namespace {
 
-void AppendUtf8(std::string& out, std::uint32_t value)
+void AppendTraceCharacter(std::string& out, std::uint32_t value)
 {
-    const auto trail = [&](int shift) { out += static_cast<char>(0x80 | ((value >> shift) & 0x3F)); };
-    if (value < 0x20 || value == '"' || value == '\\' || value == 0x7F) {
-        char escaped[8];
-        std::snprintf(escaped, sizeof(escaped), "\\x%02X", static_cast<unsigned>(value));
-        out += escaped;
-    } else if (value < 0x80) {
-        out += static_cast<char>(value);
-    } else if (value < 0x800) {
-        out += static_cast<char>(0xC0 | (value >> 6));
-        trail(0);
-    } else if (value < 0x10000) {
-        out += static_cast<char>(0xE0 | (value >> 12));
-        trail(6);
-        trail(0);
-    } else {
-        out += static_cast<char>(0xF0 | (value >> 18));
-        trail(12);
-        trail(6);
-        trail(0);
-    }
+    if (value >= 0x20 && value != '"' && value != '\\' && value != 0x7F)
+        return AppendModelUtf8(out, value);
+    char escaped[8];
+    std::snprintf(escaped, sizeof(escaped), "\\x%02X", static_cast<unsigned>(value));
+    out += escaped;
 }
 
 // Builds the text of one call.
@@ -52,8 +37,7 @@ public:
             return *this;
         if (value != value)
             return Add("nan"); // which sign it has is the machine's affair
-        char digits[32];
-        return Add(std::string(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr));
+        return Add(TextOfNumber(value));
     }
     template <class... Numbers>
     Call& Floats(Numbers... values)
@@ -87,19 +71,8 @@ QlmNode Created(Call& call)
 std::string ToTraceText(std::wstring_view text)
 {
     std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        std::uint32_t value = static_cast<std::uint32_t>(text[i]);
-        if constexpr (sizeof(wchar_t) == 2) {
-            value &= 0xFFFF;
-            const bool isHigh = value >= 0xD800 && value < 0xDC00 && i + 1 < text.size();
-            const std::uint32_t low = isHigh ? static_cast<std::uint32_t>(text[i + 1]) & 0xFFFF : 0;
-            if (low >= 0xDC00 && low < 0xE000) {
-                value = 0x10000 + ((value - 0xD800) << 10) + (low - 0xDC00);
-                ++i;
-            }
-        }
-        AppendUtf8(out, value);
-    }
+    while (!text.empty())
+        AppendTraceCharacter(out, TakeCharacter(text));
     return out;
 }
 

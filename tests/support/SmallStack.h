@@ -1,7 +1,7 @@
 // A thread that has little room.
 #pragma once
 
-#include "support/Scale.h"
+#include "support/TestScale.h"
 
 #include <cstddef>
 #include <functional>

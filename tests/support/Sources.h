@@ -1,6 +1,7 @@
 // Sources that give their bytes as slow, odd or failing files do.
 #pragma once
 
+#include "input/CDxfMemory.h"
 #include "input/CDxfSource.h"
 
 #include <algorithm>

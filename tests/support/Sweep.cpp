@@ -2,10 +2,11 @@
 
 #include "convert/CDxfReadToQuillmar.h"
 #include "entities/DXF_BLOCKS_BLOCK.h"
+#include "input/CDxfMemory.h"
 #include "support/RecordText.h"
 #include "support/RecordingHost.h"
-#include "support/Scale.h"
 #include "support/TempFile.h"
+#include "support/TestScale.h"
 
 #include <algorithm>
 #include <cstdlib>

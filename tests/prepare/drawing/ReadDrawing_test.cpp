@@ -1,3 +1,4 @@
+#include "input/CDxfMemory.h"
 #include "prepare/support/ReadText.h"
 
 #include <gtest/gtest.h>

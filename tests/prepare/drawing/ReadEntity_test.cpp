@@ -13,7 +13,7 @@ TEST(ReadEntity, CommonFieldsAreReadForAnyType)
                            {330, "77"},       {8, " Walls "}, {6, "DASHED"},
                            {48, "2.5"},       {62, "256"},    {62, "3"},
                            {420, "16711680"}, {370, "35"},    {60, "1"},
-                           {67, "1"},         {410, "Sheet"}, {39, "4"},
+                           {67, "1"},         {410, "Sheet"}, {39, "nan"},
                            {210, "0"},        {220, "0"},     {230, "-1"},
                            {10, "1"},         {20, "2"},      {30, "3"},
                            {11, "4"},         {21, "5"},      {31, "6"}});
@@ -30,8 +30,8 @@ TEST(ReadEntity, CommonFieldsAreReadForAnyType)
     EXPECT_EQ(line.isInvisible, 1);
     EXPECT_EQ(line.isInPaperSpace, 1);
     EXPECT_EQ(block.Text(line.layout), "Sheet");
-    EXPECT_EQ(line.thickness, 4);
     EXPECT_EQ(line.extrusion, (Point3{0, 0, -1}));
+    EXPECT_EQ(line.fault, Fault::None); // nothing is drawn by the thickness
     EXPECT_EQ(line.start, (Point3{1, 2, 3}));
     EXPECT_EQ(line.end, (Point3{4, 5, 6}));
 }
@@ -275,7 +275,6 @@ TEST(ReadEntity, MultiLeaderReadsItsPartsInBraces)
                            {177, "0"},
                            {302, "7b"}});
     const MultiLeader& leader = block.As<MultiLeader>();
-    EXPECT_EQ(leader.scale, 2);
     EXPECT_EQ(leader.textHeight, 3);
     EXPECT_EQ(leader.arrowSize, 4);
     EXPECT_EQ(leader.landingGap, 1.5);

@@ -1,5 +1,6 @@
 #include "prepare/pairs/PairReader.h"
 
+#include "input/CDxfMemory.h"
 #include "support/Dxf.h"
 
 #include <gtest/gtest.h>

@@ -67,7 +67,6 @@ TEST(DrawPolygonMesh, OfASmoothSurfaceOnlyItsOwnPointsAreDrawn)
     Stage stage;
     Polyline mesh;
     mesh.flags = 16 | 4;
-    mesh.smooth = 6;
     mesh.mCount = mesh.nCount = 5;
     mesh.mDensity = mesh.nDensity = 2;
     mesh.vertices = {At(9, 9, 64 | 16), At(0, 0, 64 | 8), At(1, 0, 64 | 8),

@@ -121,18 +121,11 @@ TEST_F(LayerChoices, LayerZeroIsFoundByItsName)
     EXPECT_FALSE(Shows(kNoName));
 }
 
-TEST(MatchesPattern, AStarIsAnyText)
+TEST_F(LayerChoices, AQuestionMarkIsItself)
 {
-    EXPECT_TRUE(MatchesPattern("", "*"));
-    EXPECT_TRUE(MatchesPattern("abc", "a*c"));
-    EXPECT_TRUE(MatchesPattern("ac", "a*c"));
-    EXPECT_TRUE(MatchesPattern("abcbc", "a*bc"));
-    EXPECT_TRUE(MatchesPattern("abc", "***"));
-    EXPECT_FALSE(MatchesPattern("abd", "a*c"));
-    EXPECT_FALSE(MatchesPattern("abc", "ab"));
-    EXPECT_FALSE(MatchesPattern("ab", "abc"));
-    EXPECT_FALSE(MatchesPattern("", "a"));
-    EXPECT_TRUE(MatchesPattern("", ""));
+    options.onlyLayers = {"wall?"};
+    EXPECT_TRUE(Shows(AddLayer("wall?", 7, 0)));
+    EXPECT_FALSE(Shows(AddLayer("walls", 7, 0)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Drawings read from text.
 #pragma once
 
+#include "input/CDxfMemory.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "support/Dxf.h"
 

@@ -1,6 +1,7 @@
 // Numbers against the standard library's functions, on random and odd inputs.
 #include "base/Multiply.h"
 #include "base/Numbers.h"
+#include "input/CDxfMemory.h"
 #include "input/CDxfStream.h"
 #include "support/NumbersModel.h"
 

@@ -1,6 +1,7 @@
 // Blocks as symbols, INSERTs as uses of them.
 #include "entities/DXF_BLOCKS_BLOCK.h"
 #include "entities/DXF_GRAPHIC_INSERT.h"
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "input/CDxfMemory.h"
 #include "support/FailingMemory.h"
 #include "support/Import.h"
 #include "support/TraceLines.h"

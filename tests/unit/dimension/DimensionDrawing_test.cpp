@@ -1,6 +1,6 @@
 // Radial and diametric dimensions, and what holds for all, from their points to the calls of the host.
-#include "support/DimensionPoints.h"
 #include "support/DimensionTrace.h"
+#include "support/DimensionsByPoints.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 // Dimensions whose numbers lie on the edge: tiny lines, directions next to zero, sums that overflow, and what
 // is narrowed to a float and what is not.
 #include "dimension/CDxfDimensionDrawing.h"
+#include "input/CDxfMemory.h"
 #include "support/DimensionTrace.h"
 #include "support/Dimensions.h"
 

@@ -1,4 +1,5 @@
 // DIMENSION in drawings that are faulty or end too soon.
+#include "input/CDxfMemory.h"
 #include "support/Dimensions.h"
 
 #include <gtest/gtest.h>

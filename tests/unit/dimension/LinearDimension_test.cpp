@@ -1,6 +1,6 @@
 // Aligned and rotated dimensions, from their points to the calls of the host.
-#include "support/DimensionPoints.h"
 #include "support/DimensionTrace.h"
+#include "support/DimensionsByPoints.h"
 
 #include <gtest/gtest.h>
 

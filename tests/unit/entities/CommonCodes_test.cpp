@@ -1,5 +1,6 @@
 // The group codes that all entities share, by the reader itself and through an entity's reader.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 #include "support/PaddedText.h"
 #include "support/RecordText.h"

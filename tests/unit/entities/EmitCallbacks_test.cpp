@@ -4,6 +4,7 @@
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
 #include "entities/DXF_GRAPHIC_INSERT.h"
 #include "entities/DXF_GRAPHIC_TEXT.h"
+#include "input/CDxfMemory.h"
 #include "support/Callbacks.h"
 
 #include <gtest/gtest.h>

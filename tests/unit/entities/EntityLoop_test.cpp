@@ -1,4 +1,5 @@
 // One entity by its type name: read, skipped or reported, and how reading falls back into step.
+#include "input/CDxfMemory.h"
 #include "support/Callbacks.h"
 #include "support/RecordText.h"
 

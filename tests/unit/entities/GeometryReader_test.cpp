@@ -1,5 +1,6 @@
 // The readers of LINE, ARC, CIRCLE, ELLIPSE and LWPOLYLINE.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 #include "support/RecordText.h"
 

@@ -1,5 +1,6 @@
 // The fields that few entities have: made when the file gives one, and not for values that are the default.
 #include "entities/DXF_GRAPHIC_GEOMETRY.h"
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 #include "support/RecordText.h"
 

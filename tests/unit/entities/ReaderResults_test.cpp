@@ -1,6 +1,7 @@
 // What the readers of entities and blocks return to their callers.
 #include "entities/DXF_BLOCKS_BLOCK.h"
 #include "entities/DXF_GRAPHIC_BASE.h"
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 
 #include <gtest/gtest.h>

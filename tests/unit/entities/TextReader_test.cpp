@@ -1,4 +1,5 @@
 // TEXT, from the lines of a drawing into its record.
+#include "input/CDxfMemory.h"
 #include "support/OneEntity.h"
 
 #include <gtest/gtest.h>

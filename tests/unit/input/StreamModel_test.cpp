@@ -1,4 +1,5 @@
 // The stream against the standard library's, on bytes of every kind and wherever a read or a block may end.
+#include "input/CDxfMemory.h"
 #include "input/CDxfStream.h"
 #include "support/Sources.h"
 #include "support/StreamModel.h"

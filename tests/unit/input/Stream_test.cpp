@@ -1,4 +1,5 @@
 // The stream's facts, one by one. That it agrees with a library's stream is shown in StreamModel_test.cpp.
+#include "input/CDxfMemory.h"
 #include "input/CDxfStream.h"
 #include "support/Sources.h"
 

@@ -1,5 +1,6 @@
 // Every message of the module, each reached by a drawing that is no longer than it must be; and that there
 // are no others.
+#include "input/CDxfMemory.h"
 #include "reader/EntityTypes.h"
 #include "support/Dimensions.h"
 #include "support/Sources.h"

@@ -1,4 +1,5 @@
 // Layers, line types and block records: their defaults and their fields.
+#include "input/CDxfMemory.h"
 #include "support/Import.h"
 #include "support/RecordText.h"
 

@@ -21,7 +21,7 @@ inline constexpr std::size_t kStrayElements = 10;
 // The box round most of what the laid out document shows, without its strokes. What lies near that box is in
 // it too: so it is the box of everything unless something lies farther off than half its longer side. Takes
 // time linear in the elements, and a few dozen bytes for each.
-Box MostOf(const SvgHostDocument& document);
+Box BoxOfMost(const SvgHostDocument& document);
 
 // The longer side of a box, 0 for an empty one.
 double LongerSide(const Box& box);

@@ -37,7 +37,7 @@ inline constexpr double kMargin = 0.02;
 // The box with its margin; never without extent, also for a viewer's 32-bit floats.
 ViewBox ViewBoxRound(const Box& box);
 
-struct Layout {
+struct PictureLayout {
     ViewBox viewBox; // the widths of strokes taken as lengths
     ArrowLooks arrows;
     // Of strokes whose widths are those of a sheet: the widest one, and the greatest factor by which one is
@@ -49,6 +49,6 @@ struct Layout {
 
 // Computes the view box from what is drawn, decides which nodes are left out (Node::isLeftOut) and counts
 // what it meets. Takes time linear in the nodes, however far the drawing would unfold.
-Layout MakeLayout(SvgHostDocument& document);
+PictureLayout MakeLayout(SvgHostDocument& document);
 
 } // namespace svghost

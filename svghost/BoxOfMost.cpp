@@ -1,4 +1,4 @@
-#include "svghost/Most.h"
+#include "svghost/BoxOfMost.h"
 
 #include "svghost/Bounds.h"
 #include "svghost/SvgHostDocument.h"
@@ -11,6 +11,7 @@
 #include <vector>
 
 namespace svghost {
+
 namespace {
 
 // The box of an element, or of a symbol that is drawn small.
@@ -234,7 +235,7 @@ double LongerSide(const Box& box)
     return box.IsEmpty() ? 0 : std::max(box.High().x - box.Low().x, box.High().y - box.Low().y);
 }
 
-Box MostOf(const SvgHostDocument& document)
+Box BoxOfMost(const SvgHostDocument& document)
 {
     const std::vector<Piece> pieces = Collection(document).Run();
     if (pieces.empty())

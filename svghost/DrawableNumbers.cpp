@@ -1,4 +1,4 @@
-#include "svghost/NumberText.h"
+#include "svghost/DrawableNumbers.h"
 
 #include "base/ScanReal.h"
 

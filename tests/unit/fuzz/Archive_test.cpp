@@ -134,8 +134,14 @@ TEST(Archive, KeptInputsAreReadWhole)
     const std::string archive = BytesOf(path);
     const std::vector<ArchiveEntry> entries = ReadArchive(archive);
     EXPECT_GT(entries.size(), 10u);
+    std::size_t at = 0;
+    for (const ArchiveEntry& entry : entries) {
+        EXPECT_EQ(archive.substr(at, entry.name.size()), entry.name);
+        at += kBlock;
+        EXPECT_EQ(entry.bytes.data(), archive.data() + at) << entry.name;
+        at += (entry.bytes.size() + kBlock - 1) / kBlock * kBlock;
+    }
+    EXPECT_EQ(archive.find_first_not_of('\0', at), std::string::npos) << "what follows the last entry";
     EXPECT_TRUE(std::is_sorted(entries.begin(), entries.end(),
                                [](const auto& a, const auto& b) { return a.name < b.name; }));
-    for (const ArchiveEntry& entry : entries)
-        EXPECT_FALSE(entry.bytes.empty() && entry.name.empty());
 }

@@ -1,4 +1,4 @@
-#include "svghost/Layout.h"
+#include "svghost/PictureLayout.h"
 
 #include "svghost/AgreedSymbols.h"
 #include "svghost/Bounds.h"
@@ -12,6 +12,7 @@
 #include <vector>
 
 namespace svghost {
+
 namespace {
 
 bool IsOfDrawing(const Node& node)
@@ -25,7 +26,7 @@ bool IsOfDrawing(const Node& node)
 // Lays out one symbol, or the root, after all that it uses.
 class SymbolLayout {
 public:
-    SymbolLayout(const SvgHostDocument& document, Symbol& symbol, Layout& layout)
+    SymbolLayout(const SvgHostDocument& document, Symbol& symbol, PictureLayout& layout)
         : m_document(document), m_symbol(symbol), m_layout(layout)
     {
         m_symbol.rendered = 1;
@@ -133,14 +134,14 @@ private:
 
     const SvgHostDocument& m_document;
     Symbol& m_symbol;
-    Layout& m_layout;
+    PictureLayout& m_layout;
     int m_hiddenGroups = 0;
 };
 
 // Finds the scales at which the picture shows each symbol. Users come before what they use.
 class ShownScales {
 public:
-    explicit ShownScales(Layout& layout) : m_layout(layout) {}
+    explicit ShownScales(PictureLayout& layout) : m_layout(layout) {}
 
     static void Reset(Symbol& symbol)
     {
@@ -177,11 +178,11 @@ private:
             std::max(target.greatestScale, symbol.greatestScale * std::max(scaleX, scaleY));
     }
 
-    Layout& m_layout;
+    PictureLayout& m_layout;
 };
 
 // Scales multiply from the root, which is shown once as it is.
-void FindShownScales(Root& root, const std::vector<Symbol*>& order, Layout& layout)
+void FindShownScales(Root& root, const std::vector<Symbol*>& order, PictureLayout& layout)
 {
     for (Symbol* symbol : order)
         ShownScales::Reset(*symbol);
@@ -207,9 +208,9 @@ ViewBox ViewBoxRound(const Box& box)
     return {box.Low().x - margin, box.Low().y - margin, width + 2 * margin, height + 2 * margin, false};
 }
 
-Layout MakeLayout(SvgHostDocument& document)
+PictureLayout MakeLayout(SvgHostDocument& document)
 {
-    Layout layout;
+    PictureLayout layout;
     const std::vector<Symbol*> order = OrderByReference(document.symbols);
     for (Symbol* symbol : order) {
         symbol->isFill = IsFill(*symbol);
