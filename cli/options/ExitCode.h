@@ -10,7 +10,7 @@ enum class ExitCode : int {
     File = 3,        // the file cannot be read or the SVG cannot be written
     NotAsciiDxf = 4, // the file is something else
     SomeFailed = 5,  // of several drawings, at least one failed
-    Blank = 6        // all is done, but nothing of a drawing that holds entities is visible
+    Blank = 6        // all is done, but nothing of a drawing that holds entities or is damaged is visible
 };
 
 } // namespace plexorn

@@ -258,7 +258,8 @@ constexpr ExitRow kExitRows[] = {
     {ExitCode::File, "the file cannot be read, or the SVG or what was asked for cannot be written"},
     {ExitCode::NotAsciiDxf, "the file is not a DXF that can be read"},
     {ExitCode::SomeFailed, "of several drawings, at least one failed; the others are drawn"},
-    {ExitCode::Blank, "drawn, but nothing is visible of a drawing that holds entities, or of one of several"},
+    {ExitCode::Blank,
+     "drawn, but nothing is visible of a drawing that holds entities or is damaged, or of one of several"},
 };
 
 } // namespace
