@@ -20,7 +20,6 @@ Source::Source(const std::string& name, Forms forms, bool keepsGoing) : m_shownN
     if (name == kStandardStream) {
         m_shownName = "<stdin>";
         CopyStandardInput(keepsGoing);
-        m_path = m_copy->Path();
     } else {
         m_path = PathFromArgument(name);
     }
@@ -53,6 +52,7 @@ void Source::CopyStandardInput(bool keepsGoing)
         m_readError = error;
         return 0;
     });
+    m_path = m_copy->Path();
 }
 
 void Source::Refuse(const std::string& reason, ExitCode code)

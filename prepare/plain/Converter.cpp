@@ -195,22 +195,25 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
     if (!isDrawn)
         m_report.Add(Finding::NotShown, m_drawing.names.Text(entity.typeName), "cannot be drawn",
                      entity.line);
-    if (made.HasSize() && style.lineType != nullptr && style.lineType->hasShapes &&
-        HasTrait(entity.type, Trait::Dashed))
-        m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
-                     "without the texts or shapes of its line type", entity.line);
-    if (made.HasSize() && style.lineType == nullptr && HasTrait(entity.type, Trait::Dashed))
-        if (const NameId missing = m_styles->MissingLineType(entity, style.layer); missing != kNoName)
-            ReportMissingLineType(entity, missing);
+    if (made.HasSize() && HasTrait(entity.type, Trait::Dashed))
+        ReportLineType(entity, style);
     ReportEmpty(entity, made, lossesBefore);
     ReportCoarse(entity, coarseBefore);
 }
 
-void Converter::ReportMissingLineType(const Entity& entity, NameId missing)
+void Converter::ReportLineType(const Entity& entity, const Style& style)
 {
-    m_report.Add(Finding::Changed, m_drawing.names.Text(entity.typeName),
-                 "its line type " + std::string(m_drawing.names.Text(missing)) + " is missing: a solid line",
-                 entity.line);
+    const std::string_view type = m_drawing.names.Text(entity.typeName);
+    if (style.lineType != nullptr && style.lineType->hasShapes)
+        m_report.Add(Finding::Changed, type, "without the texts or shapes of its line type", entity.line);
+    if (style.lineType != nullptr || !m_styles)
+        return;
+    const NameId missing = m_styles->MissingLineType(entity, style.layer);
+    if (missing != kNoName)
+        m_report.Add(Finding::Changed, type,
+                     "its line type " + std::string(m_drawing.names.Text(missing)) +
+                         " is missing: a solid line",
+                     entity.line);
 }
 
 Placement Converter::PlacementOf(const Context& context, const Style& style, PlainSink& sink)

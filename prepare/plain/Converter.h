@@ -134,7 +134,7 @@ private:
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
     Placement PlacementOf(const Context& context, const Style& style, PlainSink& sink);
-    void ReportMissingLineType(const Entity& entity, NameId missing);
+    void ReportLineType(const Entity& entity, const Style& style);
     void ReportCoarse(const Entity& entity, std::uint64_t coarseBefore);
     bool IsShownText(const Entity& entity, bool isInBlock) const;
     const BlockTraits& TraitsOf(const Block& block);
