@@ -1,8 +1,9 @@
 #include "convert/CDxfReadToQuillmar.h"
 #include "entities/DXF_GRAPHIC_INSERT.h"
 
-// The use element refers to the block by name, whether it is defined or not (quirk 80). Rows, columns and
-// attributes are not drawn (quirks 82 and 85). The rotation is a float (quirk 84).
+// The use element refers to the block by name, whether it is defined or not (quirk 80), and has no style
+// (quirk 81). Rows, columns and attributes are not drawn (quirks 82 and 85). The rotation is a float (quirk
+// 84).
 void CDxfReadToQuillmar::OnInsert(const DXF_GRAPHIC_INSERT& insert)
 {
     if (!MayDraw())

@@ -14,7 +14,7 @@ inline DXF_POINT2D TransformPoint(double x, double y, double scale, std::int32_t
     return {x * scale, yAxisMode == kFlippedYAxisMode ? -(y * scale) : y * scale};
 }
 
-// The host takes coordinates as floats; what is too large for one becomes infinite.
+// The host takes coordinates as floats; what is too large for one becomes infinite (quirk 45).
 inline float ToFloat(double value)
 {
     static_assert(std::numeric_limits<float>::is_iec559); // else the conversion would be undefined

@@ -11,8 +11,8 @@
 // Drawn(number, TYPE, Callback, const): CDxfRead::ReadENTITIES_TYPE reads them into records DXF_GRAPHIC_TYPE
 // of this number, and OnCallback gets these; without the word const it may change them.
 //
-// Skipped(TYPE, parentheses): passed over without a message. If a line among theirs is not a group code, the
-// message has the parentheses after the name (quirk 122).
+// Skipped(TYPE, parentheses): passed over without a message, POLYLINE but not its vertices (quirk 60). If a
+// line among theirs is not a group code, the message has the parentheses after the name (quirk 122).
 //
 // Unknown(TYPE): the names that begin an entity within a block, MLEADERSTYLE and SECTION among them, but of
 // which nothing is read. Each entity is reported.
