@@ -338,7 +338,8 @@ TEST(PairReader, ZerosWithoutEndDeepenNothing)
     std::string zeros;
     for (int i = 0; i < 300'000; ++i)
         zeros += "0\n";
-    CDxfMemory memory(zeros + "8\nx\n");
+    zeros += "8\nx\n";
+    CDxfMemory memory(zeros);
     PairReader reader(memory);
     EXPECT_EQ(ReadAll(reader), "300001 8 x;");
     EXPECT_EQ(reader.SkippedLines().count, 300'000u);
