@@ -6,7 +6,8 @@ namespace prepare {
 
 namespace {
 
-bool HasArea(std::span<const std::vector<Point2>> rings)
+// Whether one of the rings is more than a point.
+bool HasExtent(std::span<const std::vector<Point2>> rings)
 {
     return std::any_of(rings.begin(), rings.end(), [](const std::vector<Point2>& ring) {
         return std::any_of(ring.begin(), ring.end(), [&](Point2 p) { return !(p == ring.front()); });
@@ -61,13 +62,13 @@ void SizedSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
 
 void SizedSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
-    See(HasArea(rings));
+    See(HasExtent(rings));
     m_next.Fill(style, rings);
 }
 
 void SizedSink::Mask(std::span<const std::vector<Point2>> rings)
 {
-    m_hasOther = m_hasOther || HasArea(rings);
+    m_hasOther = m_hasOther || HasExtent(rings);
     m_next.Mask(rings);
 }
 
