@@ -2,7 +2,7 @@
 
 #include "cli/batch/RunBatch.h"
 #include "cli/draw/DrawJob.h"
-#include "cli/info/TellAll.h"
+#include "cli/info/RunInfo.h"
 #include "cli/info/TellLayouts.h"
 #include "cli/options/ExitCode.h"
 #include "cli/options/ParseOptions.h"
@@ -29,7 +29,7 @@ ExitCode Follow(const Options& options)
 {
     switch (options.task) {
     case Task::Info:
-        return TellAll(options);
+        return RunInfo(options);
     case Task::Prepare:
         return RunBatch(options, PrepareJob, LayoutsIn);
     case Task::Draw:

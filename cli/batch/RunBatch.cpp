@@ -1,8 +1,9 @@
 #include "cli/batch/RunBatch.h"
 
 #include "cli/files/Inputs.h"
-#include "cli/report/Outcome.h"
+#include "cli/report/ClosingLine.h"
 #include "cli/report/Printer.h"
+#include "cli/report/ReportStyle.h"
 #include "cli/system/InterruptGuard.h"
 #include "cli/system/Native.h"
 
@@ -10,7 +11,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
-#include <cstdlib>
 #include <new>
 #include <string>
 #include <system_error>
@@ -143,19 +143,6 @@ private:
     std::atomic<ExitCode> m_lastFailure = ExitCode::Drawn;
 };
 
-ReportStyle StyleFor(const Options& options)
-{
-    const char* noColour = std::getenv("NO_COLOR");
-    ReportStyle style;
-    style.isJson = options.messageFormat == "json";
-    style.isQuiet = options.isQuiet;
-    style.isStrict = options.isStrict;
-    style.isVerbose = options.isVerbose;
-    style.isColoured = !style.isJson && !(noColour && *noColour) && IsTerminal(stderr);
-    style.maxMessages = options.maxMessages;
-    return style;
-}
-
 std::size_t ThreadCount(const Options& options, std::size_t jobs)
 {
     const std::size_t wanted =
@@ -198,7 +185,7 @@ ExitCode RunBatch(const Options& options, DoJob doJob, NameLayouts nameLayouts)
     if (options.layout == kAllLayouts)
         inputs = WithLayouts(inputs, options, nameLayouts);
     const std::vector<Job> jobs = PlanJobs(inputs, options);
-    const ReportStyle style = StyleFor(options);
+    const ReportStyle style = StyleFor(options, IsTerminal(stderr));
     const bool isOne = jobs.size() == 1;
     Printer printer(jobs.size(), !isOne && !style.isQuiet && !style.isJson && IsTerminal(stderr));
     Batch batch(jobs, options, doJob, style, printer);

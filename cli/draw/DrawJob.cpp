@@ -2,8 +2,8 @@
 
 #include "base/CodePage.h"
 #include "base/Utf8.h"
+#include "cli/batch/CheckMinDrawn.h"
 #include "cli/batch/IsReady.h"
-#include "cli/batch/TellShare.h"
 #include "cli/batch/WriteOutput.h"
 #include "cli/contents/Collector.h"
 #include "cli/contents/Fate.h"
@@ -16,6 +16,7 @@
 #include "cli/files/Source.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/PreparedDrawing.h"
+#include "cli/prepare/ShouldBeVisible.h"
 #include "cli/prepare/WhyBlank.h"
 #include "cli/report/LineOfMessage.h"
 #include "cli/system/InterruptGuard.h"
@@ -312,7 +313,7 @@ void TellDoubts(const DrawingInfo& info, const prepare::Report* findings, Outcom
         outcome.share.shown = std::min<std::uint64_t>(outcome.share.shown, met.drawnElements);
     if (findings != nullptr)
         outcome.share.NameRest();
-    TellShare(outcome.share, options, report);
+    CheckMinDrawn(outcome.share, options, report);
 }
 
 // A sheet of a known size is in millimetres, whatever the model's unit; one of another has no unit.

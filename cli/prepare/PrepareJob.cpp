@@ -1,13 +1,14 @@
 #include "cli/prepare/PrepareJob.h"
 
+#include "cli/batch/CheckMinDrawn.h"
 #include "cli/batch/IsReady.h"
-#include "cli/batch/TellShare.h"
 #include "cli/batch/WriteOutput.h"
 #include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"
 #include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
+#include "cli/prepare/ShouldBeVisible.h"
 #include "cli/prepare/WhyBlank.h"
 #include "cli/system/InterruptGuard.h"
 
@@ -67,7 +68,7 @@ void Prepare(Source& source, const Job& job, const Options& options, Report& rep
     told.share = ShareOf(findings);
     if ((findings.isBlank || told.share.shown == 0) && ShouldBeVisible(findings))
         report.Doubtful(WhyBlank(findings), ExitCode::Blank);
-    TellShare(told.share, options, report);
+    CheckMinDrawn(told.share, options, report);
     told.time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     report.Prepared(told);
 }

@@ -4,7 +4,6 @@
 #include "cli/report/Counted.h"
 #include "cli/report/ShareText.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -70,17 +69,6 @@ std::string_view WhyOnlyInBlocks(bool isEnded)
 }
 
 } // namespace
-
-bool ShouldBeVisible(const DrawingInfo& info)
-{
-    return info.types.Count() > 0 || !info.isEnded || info.oddLines > 0;
-}
-
-bool ShouldBeVisible(const prepare::Report& findings)
-{
-    const prepare::Contents& contents = findings.contents;
-    return contents.entities > 0 || !contents.isEnded || contents.hasSkippedLines;
-}
 
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements)
 {

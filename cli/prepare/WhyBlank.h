@@ -10,11 +10,6 @@
 
 namespace plexorn {
 
-// Whether something should be visible of the drawing: it has an entity, also one within a block, or its file
-// is cut off or damaged, so that nobody knows what it should hold.
-bool ShouldBeVisible(const DrawingInfo& info);
-bool ShouldBeVisible(const prepare::Report& findings);
-
 // The reason, as a sentence for a drawing of which something should be visible, and of which the module, by
 // itself, made that many elements.
 std::string WhyBlank(const DrawingInfo& info, const Share& share, std::size_t elements);

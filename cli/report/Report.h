@@ -2,9 +2,10 @@
 #pragma once
 
 #include "cli/options/ExitCode.h"
+#include "cli/report/ClosingLine.h"
 #include "cli/report/MessageGroups.h"
-#include "cli/report/Outcome.h"
 #include "cli/report/Printer.h"
+#include "cli/report/ReportStyle.h"
 #include "svghost/SvgHost.h"
 
 #include <cstddef>
@@ -15,16 +16,6 @@
 #include <vector>
 
 namespace plexorn {
-
-// How reports look.
-struct ReportStyle {
-    bool isJson = false;
-    bool isQuiet = false;
-    bool isStrict = false;  // a drawing that --strict does not accept has its closing line under isQuiet too
-    bool isVerbose = false; // messages are printed one by one; JSON does so anyway
-    bool isColoured = false;
-    std::size_t maxMessages = 0; // or groups of messages, where they are printed
-};
 
 // The line about a drawing, or another file, of which something is to be said: why, as the end of a sentence,
 // and the exit code that follows from it.

@@ -1,4 +1,4 @@
-#include "cli/info/TellAll.h"
+#include "cli/info/RunInfo.h"
 
 #include "cli/contents/Collector.h"
 #include "cli/files/Inputs.h"
@@ -77,7 +77,7 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
 
 } // namespace
 
-ExitCode TellAll(const Options& options)
+ExitCode RunInfo(const Options& options)
 {
     const Inputs inputs = FindInputs(options);
     ReadFiles(inputs.files, options).CheckStandardOutput();

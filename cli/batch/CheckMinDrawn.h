@@ -1,4 +1,4 @@
-// What is said of the part of a drawing that is shown.
+// --min-drawn.
 #pragma once
 
 #include "cli/contents/Share.h"
@@ -8,6 +8,6 @@
 namespace plexorn {
 
 // Says that too little of a drawing is shown, if options ask for more.
-void TellShare(const Share& share, const Options& options, Report& report);
+void CheckMinDrawn(const Share& share, const Options& options, Report& report);
 
 } // namespace plexorn

@@ -1,4 +1,4 @@
-#include "cli/report/Outcome.h"
+#include "cli/report/ClosingLine.h"
 
 #include "base/Joined.h"
 #include "cli/report/Counted.h"

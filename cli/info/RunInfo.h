@@ -8,6 +8,6 @@ namespace plexorn {
 
 // Prints on the standard output what the drawings that options names hold. Returns the exit code. Throws
 // UsageError.
-ExitCode TellAll(const Options& options);
+ExitCode RunInfo(const Options& options);
 
 } // namespace plexorn

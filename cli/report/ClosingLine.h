@@ -1,4 +1,4 @@
-// What became of drawings that were drawn.
+// The closing lines: what became of drawings that were drawn.
 #pragma once
 
 #include "cli/contents/Share.h"

@@ -1,4 +1,4 @@
-#include "cli/batch/TellShare.h"
+#include "cli/batch/CheckMinDrawn.h"
 
 #include "cli/options/PercentageOf.h"
 #include "cli/report/ShareText.h"
@@ -7,7 +7,7 @@
 
 namespace plexorn {
 
-void TellShare(const Share& share, const Options& options, Report& report)
+void CheckMinDrawn(const Share& share, const Options& options, Report& report)
 {
     const std::optional<double> least = PercentageOf(options.minDrawn);
     if (least && share.Percent() < *least)
