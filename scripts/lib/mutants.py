@@ -40,7 +40,7 @@ class Mutant:
 
 
 def of_number(text):
-    """One more; of 0 and 1 the other one."""
+    """One more, or twice as much of what is too large for that; of 0 and 1 the other one."""
     body = re.match(r"0[xX][0-9a-fA-F']+|[\d']+(?:\.[\d']*)?(?:[eE][+-]?\d+)?", text).group()
     suffix = text[len(body):]
     plain = body.replace("'", "")
@@ -48,7 +48,7 @@ def of_number(text):
         value = int(plain, 0) if not re.fullmatch(r"0\d+", plain) else int(plain, 8)
         return [f"{0 if value == 1 else value + 1}{suffix}"]
     value = float(plain)
-    return [f"{value + 1!r}{suffix}"]
+    return [f"{value + 1 if value + 1 != value else value * 2!r}{suffix}"]
 
 
 def replacements(kind, token, before, after):

@@ -10,19 +10,44 @@ import re
 import resource
 import shlex
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
+import typing
 
 import mutants
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 SURVIVORS = os.path.join(ROOT, "scripts", "lib", "SURVIVORS.md")
 MOST_MEMORY = 4 << 30
+# The command, which the cases of tests/cli run.
+COMMAND = "plexorn_cli"
+
+
+class Subject(typing.NamedTuple):
+    """A folder that is changed: the programs that are linked with each change, and the command's cases."""
+    programs: tuple
+    cases: tuple = ()
+
+
+SUBJECTS = {
+    "src": Subject(("plexorn_tests",)),
+    "svghost": Subject(("svghost_tests", COMMAND), ("picture_cases",)),
+    "cli": Subject(("cli_parts_tests", COMMAND), (
+        "binary_cases", "damaged_cases", "encodings_cases", "files_cases", "info_cases", "json_cases", "layers_cases",
+        "layout_cases", "manners_cases", "many_cases", "messages_cases", "options_cases", "outcome_cases",
+        "picture_cases", "posix_cases", "prepare_cases", "sniffing_cases")),
+    "prepare": Subject(("prepare_tests", "prepare_module_tests")),
+}
+COPIED = re.compile(re.escape(ROOT) + rf"(?=$|/(?:{'|'.join(SUBJECTS)})(?:/|$))")
+# What a program is linked from; but not the library that stands for the host until there is one.
+LINKED = re.compile(r"^(?!-|src/import/).*\.(?:o|a|so[.\d]*)$")
 # Suites that measure or exhaust something.
 LEFT_OUT = re.compile(r"^(?:Of\w*/)?(?:Bounds|Corpus|Full|Large|Many|Work)|SmallStack|\.\w*HundredThousand")
 # Of the sweeps' faults, every so manieth.
-ENVIRONMENT = os.environ | {"PLEXORN_SWEEP_STEP": "97"}
+ENVIRONMENT = os.environ | {"PLEXORN_SWEEP_STEP": "97", "LOCPATH": os.path.join(ROOT, "build", "deps", "locale")}
 
 
 def run(command, **options):
@@ -34,42 +59,88 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-class Build:
-    """How the module's files are compiled, and the tests linked to them.
+def build_programs(folder, programs):
+    result = run(["cmake", "--build", folder, "--parallel", str(os.cpu_count() or 1), "--target", *programs])
+    if result.returncode != 0:
+        sys.exit(result.stdout + result.stderr)
 
-    Sources and the tests' objects are copied first: work on them can go on meanwhile."""
 
-    def __init__(self, folder, work):
-        self.folder, self.work = folder, work
-        shutil.copytree(os.path.join(ROOT, "src"), os.path.join(work, "src"))
-        self.compile, self.users = {}, collections.defaultdict(set)
-        link = ""
-        for line in run(["ninja", "-C", folder, "-t", "commands", "plexorn_tests"]).stdout.splitlines():
-            if "plexorn_core.dir/" in line and " -c " in line:
-                self.add_command(line)
-            if " -o bin/plexorn_tests " in line:
-                link = line
-        words = [word for word in shlex.split(link) if word.endswith((".o", ".a")) and "plexorn_core" not in word]
-        self.tests = []
-        for i, word in enumerate(words):
-            copy = os.path.join(work, f"test{i}-{os.path.basename(word)}")
-            self.tests.append(shutil.copy(os.path.join(folder, word), copy))
-
-    def add_command(self, line):
+def read_commands(lines):
+    """Of the commands that make a program: how each object is compiled, what each archive, library and program is
+    linked from, and the name of the last of them, the program."""
+    commands, inputs, output = {}, {}, ""
+    for line in lines:
         words = shlex.split(line)
+        before_output = "-o" if "-o" in words else "qc"
+        if before_output not in words:
+            continue
+        output = words[words.index(before_output) + 1]
+        if "-c" in words:
+            commands[output] = words
+        else:
+            inputs[output] = [word for word in words if LINKED.search(word) and word != output]
+    return commands, inputs, output
+
+
+class Build:
+    """How the sources of a subject are compiled, and the programs they are linked to.
+
+    Sources and the other objects are copied first: work on them can go on meanwhile."""
+
+    def __init__(self, folder, work, subject):
+        self.folder, self.work, self.subject = folder, work, subject
+        for name in SUBJECTS:
+            shutil.copytree(os.path.join(ROOT, name), os.path.join(work, name))
+        self.compile, self.users, self.copies = {}, collections.defaultdict(set), {}
+        self.programs = {program: self.read_program(program) for program in SUBJECTS[subject].programs}
+
+    def read_program(self, program):
+        """What the program is linked from: sources of the subject, and files that stay as they are."""
+        commands, inputs, output = read_commands(
+            run(["ninja", "-C", self.folder, "-t", "commands", program]).stdout.splitlines())
+
+        def is_changed(name):
+            return name in commands and self.path_of(commands[name]).startswith(self.subject + os.sep)
+
+        def expand(output):
+            for name in inputs[output]:
+                if is_changed(name):
+                    self.add_command(commands[name])
+                    yield self.path_of(commands[name])
+                elif name.endswith(".so") and name in inputs or any(map(is_changed, inputs.get(name, ()))):
+                    yield from expand(name)
+                else:
+                    yield self.copy(name)
+
+        return list(dict.fromkeys(expand(output)))
+
+    @staticmethod
+    def path_of(words):
+        return os.path.relpath(words[-1], ROOT)
+
+    def copy(self, name):
+        if os.path.isabs(name):
+            return name
+        if name not in self.copies:
+            self.copies[name] = os.path.join(self.work, f"linked{len(self.copies)}-{os.path.basename(name)}")
+            shutil.copy(os.path.join(self.folder, name), self.copies[name])
+        return self.copies[name]
+
+    def add_command(self, words):
         words = words[words.index("ccache") + 1:] if "ccache" in words else words
-        path = os.path.relpath(words[-1], ROOT)
         flags, skip = [], False
         for word in words[1:words.index("-o")]:
             if not skip and word not in ("-MD", "-MT", "-MF") and "FORTIFY" not in word and not word.startswith("-W"):
-                flags.append("-O0" if word.startswith("-O") else word.replace(ROOT, self.work))
+                # One way for all, so that all can use the headers compiled before.
+                word = "-O0" if word.startswith("-O") else "-fPIC" if word == "-fPIE" else word
+                flags.append(COPIED.sub(self.work.replace("\\", r"\\"), word))
             skip = word in ("-MT", "-MF")
-        self.compile[path] = [words[0], *flags, "-w"]
+        self.compile[self.path_of(words)] = [words[0], *flags, "-w"]
 
     def precompile(self):
         """The standard library's headers, which take most of the time of compiling a file, compiled once."""
         names = set()
-        for path in glob.glob(os.path.join(self.work, "src", "**", "*.*"), recursive=True):
+        for path in glob.glob(os.path.join(self.work, self.subject, "**", "*.*"), recursive=True):
             with open(path, encoding="utf-8") as file:
                 names.update(re.findall(r"(?m)^#include <([a-z_]+)>", file.read()))
         header = os.path.join(self.work, "standard.h")
@@ -86,7 +157,7 @@ class Build:
     def compile_one(self, path, folder, overlay=None, source=None):
         command = list(self.compile[path])
         if overlay:
-            command.insert(1, "-I" + overlay)
+            command[1:1] = ["-I" + overlay, "-I" + os.path.join(overlay, "src")]
         depends = self.object_of(path, folder) + ".d"
         command += ["-MMD", "-MF", depends, "-o", self.object_of(path, folder)]
         command += ["-c", source or os.path.join(self.work, path)]
@@ -100,39 +171,88 @@ class Build:
         for path in self.compile:
             with open(self.object_of(path, self.work) + ".d", encoding="utf-8") as file:
                 for name in file.read().replace("\\\n", " ").split():
-                    if os.path.realpath(name).startswith(os.path.join(self.work, "src") + os.sep):
+                    if os.path.realpath(name).startswith(os.path.join(self.work, self.subject) + os.sep):
                         self.users[os.path.relpath(os.path.realpath(name), self.work)].add(path)
 
-    def link(self, folder, changed):
-        objects = [self.object_of(path, folder if path in changed else self.work) for path in self.compile]
-        program = os.path.join(folder, "tests")
-        # The changed objects come first: of a header's functions the first copy is taken.
-        result = run(["g++", "-fuse-ld=mold", "-o", program, *objects, *self.tests, "-lpthread"])
-        return program if result.returncode == 0 else None
+    def link(self, program, folder, changed):
+        """The program, in a folder like that of a build; None if it does not link."""
+        path = os.path.join(folder, "bin", program)
+        if not os.path.isdir(os.path.dirname(path)):
+            os.mkdir(os.path.dirname(path))
+            os.symlink(os.path.join(self.folder, "lib"), os.path.join(folder, "lib"))
+        # The subject's objects come first: of a header's functions the first copy is taken.
+        words = sorted(self.programs[program], key=lambda word: word not in self.compile)
+        objects = [self.object_of(word, folder if word in changed else self.work) if word in self.compile else word
+                   for word in words]
+        result = run(["g++", "-fuse-ld=mold", "-o", path, *objects, "-lpthread"])
+        return path if result.returncode == 0 else None
+
+
+class GoogleTests:
+    """Some of the tests of a program."""
+
+    def __init__(self, program, names):
+        self.program, self.names = program, names
+
+    def command(self, path, folder):
+        flags = os.path.join(folder, "flags")
+        with open(flags, "w", encoding="utf-8") as file:
+            file.write("--gtest_filter=" + ":".join(self.names) + "\n")
+        return [path, "--gtest_flagfile=" + flags, "--gtest_brief=1", "--gtest_fail_fast"]
+
+
+class Cases:
+    """The cases of the command in one module."""
+    program = COMMAND
+
+    def __init__(self, module):
+        self.module = module
+        with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
+            self.version = re.search(r"project\(Plexorn VERSION ([\d.]+)", file.read()).group(1)
+
+    def command(self, path, _):
+        return [sys.executable, "-B", os.path.join(ROOT, "tests", "cli", "command_test.py"), "--failfast", self.module,
+                "--command", path, "--version", self.version]
 
 
 class Tests:
-    """The tests in two parts, the quick ones first."""
+    """The tests in parts, the quickest first."""
 
-    def __init__(self, program, work):
+    def __init__(self, build):
+        parts = []
+        for program in build.programs:
+            path = build.link(program, build.work, set())
+            if path is None:
+                sys.exit(f"mutate: {program} does not link")
+            if program == COMMAND:
+                parts += map(Cases, SUBJECTS[build.subject].cases)
+            else:
+                parts += self.quick_and_slow(program, path, build.work)
+        self.timed = sorted(((self.seconds(part, build.work), part) for part in parts), key=lambda timed: timed[0])
+
+    def seconds(self, part, work):
+        """How long the part takes with the sources as they are."""
+        begin = time.monotonic()
+        if self.run(part.command(os.path.join(work, "bin", part.program), work), work, 1800) != 0:
+            sys.exit(f"mutate: the tests of {part.program} fail as the sources are")
+        return time.monotonic() - begin
+
+    def quick_and_slow(self, program, path, work):
         report = os.path.join(work, "report.json")
-        names = [name for name in self.names(program) if not LEFT_OUT.search(name)]
-        result = self.run_names(program, names, work, ["--gtest_output=json:" + report], timeout=1800, fail_fast=False)
-        if result != 0:
-            sys.exit("mutate: the tests fail as the sources are")
+        names = [name for name in self.names(path) if not LEFT_OUT.search(name)]
+        self.run([*GoogleTests(program, names).command(path, work), "--gtest_output=json:" + report], work, 1800)
         with open(report, encoding="utf-8") as file:
             suites = json.load(file)["testsuites"]
         times = {f"{suite['name']}.{test['name']}": float(test["time"].rstrip("s"))
                  for suite in suites for test in suite["testsuite"]}
         quick = [name for name in names if times.get(name, 0) < 0.05]
         slow = [name for name in names if name not in set(quick)]
-        # A change that never ends is stopped; the machine may be busier then than now.
-        self.parts = [(part, 5 + 5 * sum(times.get(name, 0) for name in part)) for part in (quick, slow) if part]
+        return [GoogleTests(program, part) for part in (quick, slow) if part]
 
     @staticmethod
-    def names(program):
+    def names(path):
         suite, found = "", []
-        for line in run([program, "--gtest_list_tests"]).stdout.splitlines():
+        for line in run([path, "--gtest_list_tests"]).stdout.splitlines():
             name = line.split("#")[0].rstrip()
             if name.endswith(".") and not name.startswith(" "):
                 suite = name
@@ -141,21 +261,28 @@ class Tests:
         return found
 
     @staticmethod
-    def run_names(program, names, folder, more=(), timeout=None, fail_fast=True):
-        flags = os.path.join(folder, "flags")
-        with open(flags, "w", encoding="utf-8") as file:
-            file.write("--gtest_filter=" + ":".join(names) + "\n")
-        command = [program, "--gtest_flagfile=" + flags, "--gtest_brief=1", *more]
-        if fail_fast:
-            command.append("--gtest_fail_fast")
-        try:
-            return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=folder,
-                                  env=ENVIRONMENT, timeout=timeout, preexec_fn=limit_memory).returncode
-        except subprocess.TimeoutExpired:
-            return -1
+    def run(command, folder, timeout):
+        with subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              cwd=folder, env=ENVIRONMENT, start_new_session=True, preexec_fn=limit_memory) as process:
+            try:
+                return process.wait(timeout)
+            except subprocess.TimeoutExpired:
+                # With the commands that it runs.
+                os.killpg(process.pid, signal.SIGKILL)
+                return -1
 
-    def notice(self, program, folder):
-        return any(self.run_names(program, part, folder, timeout=timeout) != 0 for part, timeout in self.parts)
+    def outcome(self, link, folder):
+        """What becomes of a change; link gives a program with it."""
+        programs = {}
+        for seconds, part in self.timed:
+            if part.program not in programs:
+                programs[part.program] = link(part.program)
+            if programs[part.program] is None:
+                return "not compiled"
+            # A change that never ends is stopped; the machine may be busier then than now.
+            if self.run(part.command(programs[part.program], folder), folder, 5 + 5 * seconds) != 0:
+                return "killed"
+        return "survived"
 
 
 def try_one(build, tests, mutant):
@@ -163,7 +290,7 @@ def try_one(build, tests, mutant):
     folder = tempfile.mkdtemp(dir=build.work)
     try:
         overlay = os.path.join(folder, "overlay")
-        place = os.path.join(overlay, os.path.relpath(mutant.path, "src"))
+        place = os.path.join(overlay, mutant.path)
         os.makedirs(os.path.dirname(place))
         with open(place, "w", encoding="utf-8") as file:
             file.write(mutants.apply(build.work, mutant))
@@ -172,10 +299,7 @@ def try_one(build, tests, mutant):
             source = place if path == mutant.path else None
             if not build.compile_one(path, folder, overlay, source):
                 return "not compiled"
-        program = build.link(folder, set(changed))
-        if program is None:
-            return "not compiled"
-        return "killed" if tests.notice(program, folder) else "survived"
+        return tests.outcome(lambda program: build.link(program, folder, set(changed)), folder)
     finally:
         shutil.rmtree(folder, ignore_errors=True)
 
@@ -202,6 +326,7 @@ def is_explained(build, mutant, known):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--build", required=True)
+    parser.add_argument("--of", choices=SUBJECTS, default="src", help="the folder that is changed")
     parser.add_argument("--sample", type=int, help="try so many, chosen at random")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--file", action="append", default=[], help="of this file alone; may be repeated")
@@ -211,8 +336,9 @@ def main():
     parser.add_argument("--again", help="try only those that this file, kept before, lists as survivors")
     arguments = parser.parse_args()
     files = {os.path.relpath(os.path.abspath(path), ROOT) for path in arguments.file}
+    build_programs(arguments.build, SUBJECTS[arguments.of].programs)
     with tempfile.TemporaryDirectory(prefix="plexorn-mutants-") as work:
-        build = Build(os.path.abspath(arguments.build), work)
+        build = Build(os.path.abspath(arguments.build), work, arguments.of)
         build.compile_all(arguments.jobs)
         chosen = all_mutants(build, files)
         print(f"{len(chosen)} changes can be made", flush=True)
@@ -225,11 +351,8 @@ def main():
         if arguments.list:
             print("\n".join(map(str, chosen)))
             return 0
-        program = build.link(work, set())
-        if program is None:
-            sys.exit("mutate: the tests do not link")
-        tests = Tests(program, work)
-        print(f"{' + '.join(str(len(part)) for part, _ in tests.parts)} tests, the quick ones first", flush=True)
+        tests = Tests(build)
+        print(f"the tests take {sum(seconds for seconds, _ in tests.timed):.0f} s", flush=True)
         counts, survivors, known = collections.Counter(), [], explained()
         with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
             for mutant, outcome in zip(chosen, pool.map(lambda mutant: try_one(build, tests, mutant), chosen)):

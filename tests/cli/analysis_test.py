@@ -34,6 +34,7 @@ class Mutants(unittest.TestCase):
         self.assertEqual(changes("x = 1u;"), [("1u", "0u")])
         self.assertEqual(changes("x = 0x10;"), [("0x10", "17")])
         self.assertEqual(changes("x = 2.5f;"), [("2.5f", "3.5f")])
+        self.assertEqual(changes("x = 3e38;"), [("3e38", "6e+38")])
 
     def test_arguments_of_templates_pointers_and_references_stay(self):
         self.assertEqual(changes("std::vector<int*> f(const A& a, A&& b, char* const c);"), [])
@@ -51,6 +52,34 @@ class Mutants(unittest.TestCase):
                 file.write("// 1\nx = a && b;\n")
             mutant, = mutants.find(folder, "a.cpp")
             self.assertEqual((mutant.line, mutants.apply(folder, mutant)), (2, "// 1\nx = a || b;\n"))
+
+
+class Subjects(unittest.TestCase):
+    """The folders that are changed, and what runs against each change."""
+
+    def test_each_folder_of_what_is_shipped_can_be_changed(self):
+        folders = {name for name in os.listdir(ROOT) if os.path.isfile(os.path.join(ROOT, name, "CMakeLists.txt"))}
+        self.assertEqual(folders - {"bench", "docs", "examples", "fuzz", "tests"}, set(mutate.SUBJECTS))
+
+    def test_the_command_is_tested_by_its_cases(self):
+        folder = os.path.join(ROOT, "tests", "cli")
+        modules = {name[:-3] for name in os.listdir(folder) if name.endswith("_cases.py")}
+        # These need a library, Windows and valgrind.
+        self.assertEqual(modules - {"holes_cases", "windows_cases", "work_cases"}, set(mutate.SUBJECTS["cli"].cases))
+        self.assertLessEqual(set(mutate.SUBJECTS["svghost"].cases), modules)
+
+    def test_what_a_program_is_linked_from(self):
+        commands, inputs, program = mutate.read_commands([
+            f"ccache g++ -O3 -MF a.o.d -o a.o -c {ROOT}/cli/a.cpp",
+            "cmake -E touch b.stamp",
+            ": && cmake -E rm -f lib/libA.a && ar qc lib/libA.a  a.o && ranlib lib/libA.a && :",
+            "g++ -shared -Wl,-soname,libB.so -o lib/libB.so  b.o  src/import/libQuillmarLib.so  lib/libA.a && :",
+            "g++ -O3 c.o -o bin/tests  lib/libB.so  /usr/lib/libpugixml.so.1.13  lib/libA.a && :"])
+        self.assertEqual({name: words[-1] for name, words in commands.items()}, {"a.o": f"{ROOT}/cli/a.cpp"})
+        self.assertEqual(inputs, {
+            "lib/libA.a": ["a.o"], "lib/libB.so": ["b.o", "lib/libA.a"],
+            "bin/tests": ["c.o", "lib/libB.so", "/usr/lib/libpugixml.so.1.13", "lib/libA.a"]})
+        self.assertEqual(program, "bin/tests")
 
 
 class Explanations(unittest.TestCase):
