@@ -80,15 +80,35 @@ TEST(Arrows, OtherTypesDrawNoHead)
     EXPECT_FALSE(svg.Definitions());
 }
 
+TEST(Arrows, WhatHasNoEndsHasNoHead)
+{
+    const HostDocument document;
+    const QlmNode open[] = {document.Line(0, 0, 9, 0), document.Path(L"M 0,0 L 9,0"),
+                            document.Polyline(L"0,0 9,0"), document.Polygon(L"0,0 9,0 9,9")};
+    const QlmNode closed[] = {document.Circle(9, 0, 0), document.Ellipse(9, 5, 0, 0),
+                              document.Text(0, 0, L"text"), document.Use(L"none", 0, 0)};
+    for (const QlmNode node : open)
+        SetArrow(document, node, false, L"stealth arrow");
+    for (const QlmNode node : closed)
+        SetArrow(document, node, false, L"stealth arrow");
+    const ParsedSvg svg(document);
+    for (const char* name : {"line", "path", "polyline", "polygon"})
+        EXPECT_TRUE(svg.First(name).attribute("marker-end")) << name;
+    for (const char* name : {"circle", "ellipse", "text", "use"})
+        EXPECT_FALSE(svg.First(name).attribute("marker-end")) << name;
+}
+
 TEST(Arrows, SizeScalesTheHead)
 {
     const HostDocument document;
     const QlmNode line = document.Line(0, 0, 10, 0);
     document.Set(line, L"pg-end-arrow-type", L"stealth arrow");
-    document.Set(line, L"pg-end-arrow-size", L"3");
+    document.Set(line, L"pg-end-arrow-size", L"5");
     const ParsedSvg svg(document);
     const pugi::xml_node end = MarkerOf(svg, svg.First("line").attribute("marker-end"));
-    EXPECT_EQ(std::string(end.child("path").attribute("d").value()).rfind("M0 0L-6 ", 0), 0u);
+    EXPECT_STREQ(end.child("path").attribute("d").value(), "M0 0L-10 3L-7 0L-10 -3Z");
+    EXPECT_STREQ(end.attribute("markerWidth").value(), "10");
+    EXPECT_STREQ(end.attribute("markerHeight").value(), "6");
 }
 
 TEST(Arrows, SizeThatIsNoSensibleNumberCountsAsOne)

@@ -71,6 +71,17 @@ TEST(Layers, MarksWithNothingAfterThemMakeNoGroups)
     EXPECT_EQ(Drawing(document), LineTo(1) + kWhole);
 }
 
+TEST(Layers, MarksAreElements)
+{
+    const HostDocument document;
+    DefineMarks(document);
+    const std::size_t symbols = document.Statistics().elements;
+    document.Line(0, 0, 1, 0);
+    Mark(document, L"A");
+    Mark(document, L"A");
+    EXPECT_EQ(document.Statistics().elements, symbols + 3);
+}
+
 TEST(Layers, AttributesOfAMarkChangeNothing)
 {
     const HostDocument document;

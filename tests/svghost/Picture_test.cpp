@@ -221,6 +221,17 @@ TEST(Sheet, HoldsWideStrokes)
     ExpectTight(box, -reach, -reach, 1000 + reach, reach, 0.05 * box.width);
 }
 
+TEST(Sheet, LeavesRoomForTheWidestStrokeAndTheMargin)
+{
+    for (const wchar_t* given : {L"0.050000", L"0.500000", L"2.110000"}) {
+        HostDocument document;
+        Thick(document, document.Line(0, 0, 1000, 0), given);
+        const ParsedSvg svg(document.Write(OnSheet()));
+        const double width = svg.First("line").attribute("stroke-width").as_double();
+        EXPECT_NEAR(ViewBoxOf(svg).width, (1000 + width) * 1.04, 0.01) << given;
+    }
+}
+
 TEST(Sheet, WidthsInASymbolAreDividedByTheScaleAtWhichItIsShown)
 {
     HostDocument document;
@@ -323,6 +334,31 @@ TEST(Most, LeavesOutSomethingSmallFarAway)
     }
 }
 
+TEST(Most, LeavesOutTheLastHundredthWhereverItLies)
+{
+    for (const float size : {1.0F, 10.0F}) { // twice 2 and 20 of 2000
+        HostDocument document;
+        Crowd(document, 100);
+        document.Line(2000, 0, 2000 + size, size);
+        document.Line(0, 2000, size, 2000 + size);
+        EXPECT_EQ(PictureWith(document, ShowingMost()).isCropped, size == 1) << size;
+    }
+}
+
+TEST(Most, LeavesOutSomethingSmallWhereverTheRestLies)
+{
+    for (const bool isUpright : {false, true}) {
+        HostDocument document;
+        document.Begin(L"S");
+        Crowd(document, 100);
+        document.End();
+        const float x = isUpright ? 0 : 900, y = isUpright ? 900 : 0;
+        document.Use(L"S", x, y);
+        document.Line(x * 2 / 3, y * 2 / 3, x * 2 / 3 + 2, y * 2 / 3 + 2);
+        ExpectTight(ViewBoxOf(ParsedSvg(document.Write(ShowingMost()))), x, y, x + 100, y + 100, 2.1);
+    }
+}
+
 // A point is drawn as a line as long as its stroke is wide, which is long in a picture that a stray one makes
 // large.
 TEST(Most, LeavesOutPointsFarAway)
@@ -386,6 +422,20 @@ TEST(Most, LooksIntoASymbolThatHoldsAll)
     document.Set(use, L"rotate", L"90");
     EXPECT_NEAR(PictureWith(document, SvgHostWriteOptions{}).filled, 0.1, 1e-6);
     ExpectTight(ViewBoxOf(ParsedSvg(document.Write(ShowingMost()))), -100, 0, 0, 100, 2.1);
+}
+
+// Of 17 x 1.1, the float is more than the double.
+TEST(Most, IsNoMoreThanAllWhateverTheRounding)
+{
+    HostDocument document;
+    document.Begin(L"S");
+    for (int i = 0; i < 100; ++i)
+        document.Line(0, 0, 17, 0);
+    document.End();
+    document.Set(document.Use(L"S", 0, 0), L"scale-x", L"1.1");
+    document.Line(0, 15, 0.01F, 15);
+    EXPECT_TRUE(PictureWith(document, ShowingMost()).isCropped);
+    EXPECT_EQ(PictureWith(document, SvgHostWriteOptions{}).filled, 1);
 }
 
 TEST(Most, IsAllWhenNothingHasAnExtent)

@@ -150,6 +150,16 @@ TEST(Uses, NamesStayApartWhateverTheyHold)
                   std::string::npos);
 }
 
+TEST(Uses, LettersDigitsAndThreeMarksOfANameStay)
+{
+    const HostDocument document;
+    AddSymbol(document, L"azAZ09-._", 1);
+    AddSymbol(document, L"`{@[/:", 2); // next to them
+    const pugi::xml_node symbol = ParsedSvg(document).Definitions().child("symbol");
+    EXPECT_STREQ(symbol.attribute("id").value(), "s-azAZ09-._");
+    EXPECT_STREQ(symbol.next_sibling().attribute("id").value(), "s-_x60__x7B__x40__x5B__x2F__x3A_");
+}
+
 TEST(Uses, NameIsKeptBesideTheIdentifier)
 {
     const HostDocument document;

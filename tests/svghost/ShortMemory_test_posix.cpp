@@ -99,6 +99,20 @@ TEST(ShortMemory, NoElementMayBeMissingFromAWrittenDrawing)
     EXPECT_GT(failures, 1u);
 }
 
+TEST(ShortMemory, NoAttributeMayBeMissingFromAWrittenDrawing)
+{
+    const HostDocument document;
+    const QlmNode line = document.Line(0, 0, 1, 1);
+    const std::wstring longText(70'000, L'x');
+    {
+        const FailingMemory memory(1, FailingMemory::Which::Nth);
+        document.Set(line, L"unknown", longText.c_str());
+        ASSERT_TRUE(memory.HasFailed());
+    }
+    std::string text;
+    EXPECT_FALSE(svgHostWrite(document.Get(), nullptr, AppendWhilePaused, &text));
+}
+
 TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
 {
     const HostDocument document;

@@ -41,6 +41,7 @@ TEST(Texts, ALineOfWritingIsATextWhereItIsUsed)
     EXPECT_STREQ(text.attribute("font-size").value(), "2");
     EXPECT_STREQ(text.attribute("text-anchor").value(), "middle");
     EXPECT_FALSE(text.attribute("x"));
+    EXPECT_FALSE(text.attribute("xml:space"));
     EXPECT_STREQ(text.next_sibling("text").attribute("transform").value(), "translate(7,8)");
     EXPECT_FALSE(svg.First("use"));
     EXPECT_FALSE(svg.Definitions().child("symbol"));
@@ -77,7 +78,9 @@ TEST(Texts, StretchedWritingStartsWhereItDoesAndHasItsWidth)
     add(L"PLEXORN_TEXT_MIDDLE_1");
     add(L"PLEXORN_TEXT_END_2");
     add(L"PLEXORN_TEXT_3");
-    AddWord(document, L"PLEXORN_TEXT_END_4", L"anchored");
+    document.Begin(L"PLEXORN_TEXT_END_4");
+    AddRun(document, L"anchored", L"#ff8000", L"2", -3);
+    document.End();
     document.Use(L"PLEXORN_TEXT_END_4", 0, 0);
     const ParsedSvg svg(document);
     const pugi::xml_node middle = svg.First("text");
@@ -140,6 +143,20 @@ TEST(Texts, LongWritingThatIsUsedAgainIsWrittenOnce)
     const ParsedSvg svg(document);
     EXPECT_TRUE(svg.Definitions().child("symbol").child("text"));
     EXPECT_STREQ(svg.First("use").attribute("xlink:href").value(), "#s-PLEXORN_TEXT_1");
+}
+
+TEST(Texts, ManyRunsAreLongTogether)
+{
+    for (const std::size_t second : {500U, 501U}) {
+        const HostDocument document;
+        document.Begin(L"PLEXORN_TEXT_1");
+        AddRun(document, std::wstring(500, L'x').c_str(), L"#ff0000", L"2");
+        AddRun(document, std::wstring(second, L'x').c_str(), L"#0000ff", L"2");
+        document.End();
+        document.Use(L"PLEXORN_TEXT_1", 0, 0);
+        document.Use(L"PLEXORN_TEXT_1", 0, 10);
+        EXPECT_EQ(ParsedSvg(document).Definitions().child("symbol").empty(), second == 500) << second;
+    }
 }
 
 TEST(Parts, APartThatIsUsedOnceIsWhereItIsUsed)

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 using namespace svghost_tests;
@@ -56,6 +57,28 @@ TEST(ViewBox, ArcCountsAsFarAsItIsDrawn)
     // A quarter from (10, 0) to (0, -10), against growing angles: upwards.
     Thin(document, document.Path(L"M 10,0 A 10,10, 0 0,0 0,-10"));
     ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, -10, 10, 0, 0.3);
+}
+
+TEST(ViewBox, AShortArcReachesNoFartherThanItsEnds)
+{
+    // From 35 to 55 degrees of a circle round (0, 0) and the other way round, in each quarter of the plane.
+    const float near = 57.357644F, far = 81.915204F;
+    for (const float x : {1.0F, -1.0F})
+        for (const float y : {1.0F, -1.0F})
+            for (const bool isReversed : {false, true}) {
+                const HostDocument document;
+                const bool startsFar = (x * y > 0) != isReversed;
+                const auto point = [&](bool isFar) {
+                    return std::to_wstring(x * (isFar ? far : near)) + L"," +
+                           std::to_wstring(y * (isFar ? near : far));
+                };
+                const std::wstring data = L"M " + point(startsFar) + L" A 100,100, 0 0," +
+                                          (isReversed ? L"0 " : L"1 ") + point(!startsFar);
+                Thin(document, document.Path(data.c_str()));
+                ExpectTight(ViewBoxOf(ParsedSvg(document)), std::min(x * near, x * far),
+                            std::min(y * near, y * far), std::max(x * near, x * far),
+                            std::max(y * near, y * far), 0.6);
+            }
 }
 
 TEST(ViewBox, LargeArcReachesItsExtremePoints)
