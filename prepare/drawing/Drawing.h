@@ -107,8 +107,10 @@ struct Block {
 
 // SPATIAL_FILTER: where an insert is cut off.
 struct SpatialFilter {
+    Handle handle = 0;
     Handle owner = 0;
     std::vector<Point2> boundary; // 10, in the boundary's own coordinates; two are corners of a rectangle
+    bool isInverted = false;      // what is within the boundary is cut off
     std::int32_t isOn = 1;        // 71
     // 40: perhaps the distance of a plane; then two matrices of three rows of four numbers, from the world to
     // the block, and from the world to the boundary.

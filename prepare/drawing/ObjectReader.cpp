@@ -12,6 +12,7 @@ namespace prepare {
 namespace {
 
 constexpr auto kSpatialFilter = Fields<SpatialFilter>({
+    {5, &SpatialFilter::handle},
     {10, &SpatialFilter::boundary},
     {40, &SpatialFilter::numbers},
     {71, &SpatialFilter::isOn},
@@ -65,6 +66,8 @@ void ObjectReader::Read(std::string_view type)
         return ReadSortTable();
     if (type == "LAYOUT")
         return ReadLayout();
+    if (type == "XRECORD")
+        return ReadXRecord();
     if (type != "SPATIAL_FILTER")
         return m_reader.SkipFields();
     SpatialFilter filter;
@@ -87,6 +90,33 @@ void ObjectReader::ReadDictionary()
             owner = m_reader.ReadHandle(m_reader.Value());
     }
     m_owners.try_emplace(handle, owner);
+}
+
+// Points follow the name of what they are.
+void ObjectReader::ReadXRecord()
+{
+    InvertedClip clip;
+    std::vector<Point2>* points = nullptr;
+    const std::uint64_t line = m_reader.Line() + 1;
+    while (m_reader.NextField()) {
+        const std::int32_t code = m_reader.Code();
+        if (code == 102) {
+            const std::string_view name = m_reader.Word();
+            points = name == "ACAD_INVERTEDCLIP_ROUNDTRIP"           ? &clip.boundary
+                     : name == "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE" ? &clip.compared
+                                                                     : nullptr;
+            m_reader.SkipGroup();
+        } else if (code == 330 && clip.owner == 0) {
+            clip.owner = m_reader.ReadHandle(m_reader.Value());
+        } else if (code == 10 && points != nullptr) {
+            m_reader.Append(*points, Point2{m_reader.Real(m_reader.Value()), 0});
+        } else if (code == 20 && points != nullptr && !points->empty()) {
+            points->back().y = m_reader.Real(m_reader.Value());
+        }
+    }
+    m_reader.NoteZeros("XRECORD", line);
+    if (clip.boundary.size() > 1)
+        m_inverted.push_back(std::move(clip));
 }
 
 // After the table's own handle, each entity (331) is followed by the handle (5) in whose place it is drawn.
@@ -149,15 +179,43 @@ void ObjectReader::MakeLayouts()
     }
 }
 
+// 0 if it is not known.
+Handle ObjectReader::OwnerOf(Handle dictionary) const
+{
+    const auto owner = m_owners.find(dictionary);
+    return owner != m_owners.end() ? owner->second : 0;
+}
+
+// The record belongs to a dictionary of the filter's own. It no longer counts if a program that does not know
+// it has given the filter another boundary.
+void ObjectReader::KnowInvertedClips()
+{
+    std::map<Handle, InvertedClip*> clips;
+    for (InvertedClip& clip : m_inverted)
+        clips.try_emplace(OwnerOf(clip.owner), &clip);
+    for (SpatialFilter& filter : m_filters) {
+        const auto found = filter.handle != 0 ? clips.find(filter.handle) : clips.end();
+        if (found == clips.end())
+            continue;
+        InvertedClip& clip = *found->second;
+        filter.isInverted = clip.compared.empty() || clip.compared.size() == filter.boundary.size();
+        if (filter.isInverted)
+            filter.boundary = clip.boundary;
+    }
+}
+
 // A filter belongs to a dictionary of filters, that to a dictionary of the insert's own.
+void ObjectReader::KnowFilters()
+{
+    for (SpatialFilter& filter : m_filters)
+        if (const Handle insert = OwnerOf(OwnerOf(filter.owner)); insert != 0)
+            m_reader.drawing.filterOfInsert.try_emplace(insert, std::move(filter));
+}
+
 void ObjectReader::Finish()
 {
-    for (SpatialFilter& filter : m_filters) {
-        const auto filters = m_owners.find(filter.owner);
-        const auto own = filters == m_owners.end() ? m_owners.end() : m_owners.find(filters->second);
-        if (own != m_owners.end() && own->second != 0)
-            m_reader.drawing.filterOfInsert.try_emplace(own->second, std::move(filter));
-    }
+    KnowInvertedClips();
+    KnowFilters();
     KnowLayouts();
     if (m_reader.drawing.layouts.empty())
         MakeLayouts();

@@ -20,15 +20,28 @@ public:
     void Finish();
 
 private:
+    // A boundary around which an insert is shown. Programs that cannot invert a boundary keep this record
+    // with a filter whose own boundary (compared) shows about the same.
+    struct InvertedClip {
+        std::vector<Point2> boundary;
+        std::vector<Point2> compared;
+        Handle owner = 0;
+    };
+
     void ReadDictionary();
+    void ReadXRecord();
     void ReadSortTable();
     void ReadLayout();
+    Handle OwnerOf(Handle dictionary) const;
+    void KnowInvertedClips();
+    void KnowFilters();
     void KnowLayouts();
     void MakeLayouts();
 
     RecordReader& m_reader;
     std::map<Handle, Handle> m_owners; // of dictionaries
     std::vector<SpatialFilter> m_filters;
+    std::vector<InvertedClip> m_inverted;
     std::vector<Layout> m_layouts;
 };
 

@@ -123,6 +123,8 @@ void ClipSink::Cut(const Style& style, const std::vector<Point2>& points)
     std::vector<PlainVertex> run;
     for (std::size_t i = 1; i < points.size(); ++i) {
         const Point2 way = points[i] - points[i - 1];
+        if (way == Point2{})
+            continue;
         bool goesOn = false; // up to the segment's end
         for (const auto& [from, to] : m_region.Inside(points[i - 1], points[i])) {
             if (from > 0 || run.empty()) {
@@ -132,7 +134,7 @@ void ClipSink::Cut(const Style& style, const std::vector<Point2>& points)
             goesOn = !(to < 1);
             run.push_back({goesOn ? points[i] : points[i - 1] + to * way, 0});
         }
-        if (!goesOn && way != Point2{})
+        if (!goesOn)
             Give(style, run);
     }
     Give(style, run);

@@ -289,14 +289,26 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
         }
 }
 
+// A box in the place of an inverted boundary would hide what is to be seen.
+bool Converter::CanBeCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region)
+{
+    if (region.IsEmpty())
+        m_report.Add(Finding::Changed, "INSERT", kNotCutByNothing, insert.line);
+    else if (region.IsReplaced())
+        m_report.Add(Finding::Changed, "INSERT", filter.isInverted ? kNotCutByRing : kCutAlongBox,
+                     insert.line);
+    return !region.IsEmpty() && !(region.IsReplaced() && filter.isInverted);
+}
+
 void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
                         const Matrix& placement, const Context& context, const Style& style)
 {
-    const ClipRegion region(BoundaryOf(filter, placement));
-    if (region.IsEmpty() || !IsFinite(placement))
+    const ClipRegion region(BoundaryOf(filter, placement), filter.isInverted);
+    if (!IsFinite(placement) || !CanBeCut(insert, filter, region))
         return UseBlock(block, placement, context, style, insert.line);
     if (!MayEnter(block, insert.line))
         return;
+    m_budget.Take(region.Corners().size());
     const ClipSink* const outer = context.cut;
     ClipSink sink(region, m_budget, context.sink, outer);
     DrawContents(block, {placement, style, true, sink, &sink});

@@ -122,6 +122,7 @@ private:
     void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
     void PlaceLeaderAttributes(const MultiLeader& leader, const Context& ofBlock);
     const Text* FindDefinition(Handle handle);
+    bool CanBeCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region);
     void DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
                  const Matrix& placement, const Context& context, const Style& style);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,

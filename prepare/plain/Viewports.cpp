@@ -141,8 +141,8 @@ OutlineReader::OutlineReader(const Drawing& drawing, const Sheet& sheet, const C
             m_wanted.emplace(window.clip, &window);
 }
 
-// The first entity with a handle counts, whatever its layer. An outline with more corners than a region can
-// have is replaced by its box here, once for all windows.
+// The first entity with a handle counts, whatever its layer. An outline that a region cannot have is replaced
+// by its box here, once for all windows.
 void OutlineReader::Take(const Entity& entity)
 {
     const auto wanted = m_wanted.find(entity.handle);
@@ -152,13 +152,15 @@ void OutlineReader::Take(const Entity& entity)
     std::vector<Point2> outline = OutlineOf(entity, LongerSideOf(wanted->second->outline));
     if (outline.size() < 3 || !AreFinite(outline))
         return;
-    if (outline.size() > ClipRegion::kMostCorners) {
-        const ClipRegion box(std::move(outline));
-        outline.assign(box.Corners().begin(), box.Corners().end());
-    }
+    const ClipRegion region(outline);
+    if (region.IsReplaced())
+        outline.assign(region.Corners().begin(), region.Corners().end());
     const auto [first, last] = m_wanted.equal_range(entity.handle);
-    for (auto window = first; window != last; ++window)
+    for (auto window = first; window != last; ++window) {
         window->second->outline = outline;
+        if (region.IsReplaced())
+            m_replaced.push_back(window->second->line);
+    }
     m_wanted.erase(first, last);
 }
 
@@ -183,6 +185,8 @@ std::vector<Point2> OutlineReader::OutlineOf(const Entity& entity, double side)
 
 void OutlineReader::Finish(Report& report) const
 {
+    for (const std::uint64_t line : m_replaced)
+        report.Add(Finding::Changed, "VIEWPORT", kCutAlongBox, line);
     for (const auto& [handle, window] : m_wanted)
         report.Add(Finding::Changed, "VIEWPORT", "its outline is missing: its rectangle is in its place",
                    window->line);

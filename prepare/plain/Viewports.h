@@ -58,7 +58,8 @@ public:
     // Whether there is anything to be read.
     bool IsNeeded() const { return !m_wanted.empty(); }
     void Take(const Entity& entity) override;
-    // Reports outlines that were not found: the windows' rectangles are in their place.
+    // Reports outlines that were not found, where the windows' rectangles are in their place, and those that
+    // boxes replace.
     void Finish(Report& report) const;
 
 private:
@@ -68,6 +69,7 @@ private:
     const Sheet& m_sheet;
     ConvertSettings m_limits; // of what is still to come
     std::multimap<Handle, Window*> m_wanted;
+    std::vector<std::uint64_t> m_replaced; // the lines of windows that are boxes
 };
 
 } // namespace prepare

@@ -2,6 +2,7 @@
 #include "prepare/PrepareDrawing.h"
 
 #include "prepare/Inputs.h"
+#include "prepare/plain/ClipRegion.h"
 #include "prepare/support/PointsIn.h"
 #include "support/Dxf.h"
 
@@ -280,6 +281,49 @@ TEST(PrepareDrawing, InsertsAreCutOff)
     EXPECT_NE(PreparedFrom(frame + drawing + Section("OBJECTS", filter)).text.find("LWPOLYLINE"),
               std::string::npos);
     EXPECT_NE(PreparedFrom(drawing).text.find("INSERT"), std::string::npos);
+}
+
+// The same with a boundary around which the block is shown, and with boundaries along which nothing is cut.
+TEST(PrepareDrawing, InsertsAreCutOffAroundABoundaryOrSaidNotToBe)
+{
+    const auto drawing = [](const std::string& corners, bool isInverted) {
+        const std::string inverted =
+            Dxf({{0, "DICTIONARY"}, {5, "33"}, {330, "32"}, {0, "XRECORD"}, {5, "34"}, {330, "33"}}) +
+            Dxf({{102, "ACAD_INVERTEDCLIP_ROUNDTRIP"}}) + corners;
+        return Section("BLOCKS", Dxf({{0, "BLOCK"}, {2, "B"}}) + LineTo("10", "10") + Dxf({{0, "ENDBLK"}})) +
+               Section("ENTITIES",
+                       Dxf({{0, "INSERT"}, {5, "20"}, {8, "0"}, {2, "B"}, {10, "100"}, {20, "0"}})) +
+               Section("OBJECTS", Dxf({{0, "DICTIONARY"}, {5, "30"}, {330, "20"}}) +
+                                      Dxf({{0, "DICTIONARY"}, {5, "31"}, {330, "30"}}) +
+                                      Dxf({{0, "SPATIAL_FILTER"}, {5, "32"}, {330, "31"}, {71, "1"}}) +
+                                      corners + (isInverted ? inverted : ""));
+    };
+    const auto corner = [](const char* x, const char* y) { return Dxf({{10, x}, {20, y}}); };
+    const std::string box = corner("2.5", "-1") + corner("7.5", "1");
+    const std::string crossing = corner("2", "-1") + corner("8", "1") + corner("8", "-1") + corner("2", "1");
+    const std::string flat = corner("2", "0") + corner("8", "0") + corner("5", "0");
+    const auto lines = [&](const std::string& corners, bool isInverted) {
+        const std::string text = PreparedFrom(drawing(corners, isInverted)).text;
+        std::size_t count = 0;
+        for (std::size_t at = text.find("AcDbLine\n"); at != std::string::npos;
+             at = text.find("AcDbLine\n", at + 1))
+            ++count;
+        return count;
+    };
+    const auto said = [&](const std::string& corners, bool isInverted) {
+        std::string all;
+        const Prepared prepared = PreparedFrom(drawing(corners, isInverted));
+        for (const auto& [key, tally] : prepared.report.Entries())
+            if (key.finding == Finding::Changed)
+                all += key.subject + ": " + key.detail;
+        return all;
+    };
+    EXPECT_EQ(lines(box, false), 1u);
+    EXPECT_EQ(lines(box, true), 2u);
+    EXPECT_EQ(said(box, true), "");
+    EXPECT_EQ(said(crossing, false), "INSERT: " + std::string(kCutAlongBox));
+    EXPECT_EQ(said(crossing, true), "INSERT: " + std::string(kNotCutByRing));
+    EXPECT_EQ(said(flat, false), "INSERT: " + std::string(kNotCutByNothing));
 }
 
 TEST(PrepareDrawing, AHeaderAfterTheTablesStillNamesTheirCodePage)

@@ -150,7 +150,9 @@ def block_in_itself(size):
 
 
 def clipped_inserts(size):
-    corners = pairs(*((code, value) for i in range(256) for code, value in ((10, i), (20, i * i % 97))))
+    # Jagged, and closed along its lower side: it does not cross itself.
+    points = [(i, i * i % 97) for i in range(254)] + [(253, -1), (0, -1)]
+    corners = pairs(*((code, value) for x, y in points for code, value in ((10, x), (20, y))))
     objects = section("OBJECTS", pairs((0, "DICTIONARY"), (5, 30), (330, 20), (0, "DICTIONARY"), (5, 31), (330, 30)) +
                       pairs((0, "SPATIAL_FILTER"), (330, 31)) + corners)
     circle = pairs((0, "CIRCLE"), (10, 50), (20, 50), (40, 60))

@@ -48,6 +48,39 @@ TEST(ObjectReader, AFilterThatIsOffOrOwnedByNobodyIsLeftOut)
     EXPECT_TRUE(ReadDrawingOf(Section("OBJECTS", Filter("1"))).drawing.filterOfInsert.empty());
 }
 
+// What belongs to the filter C: a dictionary of its own, and in it the boundary around which things are
+// shown.
+std::string Inverted(const std::string& lastCompared)
+{
+    return Dxf({{0, "DICTIONARY"}, {5, "D"}, {330, "C"}, {3, "ACAD_XREC_ROUNDTRIP"}, {360, "E"}}) +
+           Dxf({{0, "XRECORD"}, {5, "E"}, {102, "{ACAD_REACTORS"}, {330, "FF"}, {102, "}"}, {330, "D"}}) +
+           Dxf({{280, "1"}, {10, "99"}, {102, "ACAD_INVERTEDCLIP_ROUNDTRIP"}, {10, "5"}, {20, "6"}}) +
+           Dxf({{30, "0"}, {10, "7"}, {20, "8"}, {330, "9"}, {102, "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE"}}) +
+           Dxf({{10, "1"}, {20, "2"}}) + lastCompared + Dxf({{102, "ANOTHER"}, {10, "99"}});
+}
+
+TEST(ObjectReader, ABoundaryIsInvertedByARecordOfTheFilter)
+{
+    const ReadDrawingOf plain(Section("OBJECTS", Filter("1") + kFilter));
+    EXPECT_FALSE(plain.drawing.FindFilter(0x1F)->isInverted);
+    const ReadDrawingOf read(
+        Section("OBJECTS", Filter("1") + kFilter + Inverted(Dxf({{10, "3"}, {20, "4"}}))));
+    const SpatialFilter* const filter = read.drawing.FindFilter(0x1F);
+    ASSERT_NE(filter, nullptr);
+    EXPECT_TRUE(filter->isInverted);
+    EXPECT_EQ(filter->boundary, (std::vector<Point2>{{5, 6}, {7, 8}}));
+    EXPECT_EQ(filter->numbers, (std::vector<double>{0.5, 7}));
+}
+
+TEST(ObjectReader, ABoundaryThatWasChangedSinceIsNotInverted)
+{
+    const ReadDrawingOf read(Section("OBJECTS", Filter("1") + kFilter + Inverted("")));
+    const SpatialFilter* const filter = read.drawing.FindFilter(0x1F);
+    ASSERT_NE(filter, nullptr);
+    EXPECT_FALSE(filter->isInverted);
+    EXPECT_EQ(filter->boundary, (std::vector<Point2>{{1, 2}, {3, 4}}));
+}
+
 const std::string kOrder = Dxf({{0, "SORTENTSTABLE"},
                                 {5, "A"},
                                 {330, "B"},

@@ -92,6 +92,52 @@ TEST_F(ClipSinkTest, ATextIsShownWhereItsMiddleIsInside)
     EXPECT_EQ(taken.lines.size(), 2u);
 }
 
+TEST_F(ClipSinkTest, AnInvertedOneShowsWhatIsAround)
+{
+    const ClipRegion inverted{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, true};
+    ClipSink around(inverted, budget, taken);
+    const std::vector<PlainVertex> open{{{5, -5}, 0}, {{5, -2}, 0}, {{5, -2}, 0}, {{5, 15}, 0}};
+    around.Line(style, {-5, 5}, {15, 5});
+    around.Line(style, {1, 1}, {2, 2});
+    around.Line(style, {1, 1}, {1, 1});
+    around.Line(style, {11, 1}, {11, 1});
+    around.Circle(style, {5, 5}, 4);
+    around.Circle(style, {5, 5}, 20);
+    around.Arc(style, {20, 5}, 4, 0, 1);
+    around.Polyline(style, open, false);
+    around.Fill(style, std::vector<std::vector<Point2>>{{{-1, -1}, {11, -1}, {11, 11}}});
+    around.Mask(std::vector<std::vector<Point2>>{{{1, 1}, {2, 1}, {2, 2}}});
+    EXPECT_EQ(taken.lines.size(), 8u);
+    EXPECT_EQ(taken.lines.back(), "fill -1,-1 11,-1 11,11 and 10,10 0,0 10,0");
+    taken.lines.resize(3);
+    EXPECT_EQ(taken.lines, (Lines{"line -5,5 0,5", "line 10,5 15,5", "line 11,1 11,1"}));
+}
+
+TEST_F(ClipSinkTest, OneWithinAnotherShowsWhatBothShow)
+{
+    const ClipRegion inverted{{{4, 4}, {6, 4}, {6, 6}, {4, 6}}, true};
+    ClipSink within(inverted, budget, sink, &sink);
+    within.Line(style, {-5, 5}, {15, 5});
+    EXPECT_EQ(taken.lines, (Lines{"line 0,5 4,5", "line 6,5 10,5"}));
+    EXPECT_EQ(within.SideOf({{1, 1}, {2, 2}}), ClipSide::Inside);
+    EXPECT_EQ(within.SideOf({{4.5, 4.5}, {5, 5}}), ClipSide::Outside);
+    EXPECT_EQ(within.SideOf({{20, 20}, {21, 21}}), ClipSide::Outside);
+    EXPECT_EQ(within.SideOf({{3, 3}, {5, 5}}), ClipSide::Across);
+    EXPECT_EQ(within.SideOf({{9, 9}, {11, 11}}), ClipSide::Across);
+}
+
+TEST_F(ClipSinkTest, ATextIsShownWhereItsMiddleIsAround)
+{
+    const ClipRegion inverted{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, true};
+    ClipSink around(inverted, budget, taken);
+    PlainText text{"MMMM", {9, 5}, {1, 0}, {0, 1}, Anchor::Start, kNoName};
+    around.Text(style, text);
+    EXPECT_EQ(taken.lines.size(), 1u);
+    text.anchor = Anchor::End;
+    around.Text(style, text);
+    EXPECT_EQ(taken.lines.size(), 1u);
+}
+
 TEST(BoundaryOf, IsAsTheInsertWasWhenItWasCut)
 {
     SpatialFilter filter;

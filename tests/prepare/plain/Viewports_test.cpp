@@ -272,7 +272,7 @@ TEST_F(Outlines, OfMoreCornersThanThingsAreCutAlongAreBoxes)
     EXPECT_GT(Cut(Circles(3))[0].outline.size(), 60U);
     for (const prepare::Window& window : Cut(Circles(101)))
         EXPECT_EQ(window.outline.size(), 4U);
-    EXPECT_EQ(Found(), "");
+    EXPECT_EQ(Found(), "VIEWPORT: " + std::string(kCutAlongBox) + " (2);");
 }
 
 TEST_F(Outlines, ShareWhatTheDrawingMayComeTo)
