@@ -216,6 +216,20 @@ TEST(Attributes, EllipseIsRotatedAboutItsCentre)
     EXPECT_FALSE(svg.First("ellipse").attribute("center-x"));
 }
 
+TEST(Attributes, WhatHasNoCentreTurnsAboutTheOrigin)
+{
+    const HostDocument document;
+    for (const QlmNode node :
+         {document.Line(5, 0, 6, 0), document.Circle(1, 5, 0), document.Path(L"M 5,0 L 6,0")})
+        document.Set(node, L"rotate", L"90");
+    const ParsedSvg svg(document);
+    for (const char* name : {"line", "circle", "path"})
+        EXPECT_STREQ(svg.First(name).attribute("transform").value(), "rotate(90 0 0)") << name;
+    const ViewBox box = ViewBoxOf(svg);
+    EXPECT_GT(box.y, 3);
+    EXPECT_LT(box.x + box.width, 2);
+}
+
 TEST(Attributes, TextTurnsAboutItsOwnPosition)
 {
     const HostDocument document;

@@ -166,6 +166,25 @@ TEST(PictureSize, ZeroInitialisedOptionsAndNoneAreTheSame)
     EXPECT_FALSE(svgHostGetPicture(document.Get(), nullptr, nullptr));
 }
 
+TEST(PictureSize, IsThatOfTheFrame)
+{
+    HostDocument document;
+    Sized(document, 100, 50);
+    SvgHostWriteOptions options = InMillimetres();
+    options.usesStandardScale = true;
+    options.frame = {100, 200, 2000, 300, false};
+    const SvgHostPicture picture = PictureWith(document, options);
+    EXPECT_EQ(picture.scale, 2);
+    EXPECT_EQ(picture.width, 1000);
+    EXPECT_EQ(picture.height, 150);
+    EXPECT_FALSE(picture.viewBox.isMadeUp);
+    const ViewBox box = ViewBoxOf(ParsedSvg(document.Write(options)));
+    EXPECT_EQ(box.x, 100);
+    EXPECT_EQ(box.y, 200);
+    EXPECT_EQ(box.width, 2000);
+    EXPECT_EQ(box.height, 300);
+}
+
 TEST(Sheet, WidthsGrowWithThePicture)
 {
     for (const float side : {0.02F, 20.0F, 420.0F, 50'000.0F}) {

@@ -65,6 +65,22 @@ TEST(Texts, RunsOfALineFollowEachOther)
         << svg;
 }
 
+TEST(Texts, RunsWithoutASizeHaveThatOfTheLine)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    for (const wchar_t* size : {L"2", L"1", L"0", L"-3"})
+        AddRun(document, size, L"#ff0000", size);
+    document.End();
+    document.Use(L"PLEXORN_TEXT_1", 5, 6);
+    const std::string svg = document.Write();
+    EXPECT_NE(
+        svg.find(
+            ">2<tspan font-size=\"1\">1</tspan><tspan>0</tspan><tspan font-size=\"3\">-3</tspan></text>\n"),
+        std::string::npos)
+        << svg;
+}
+
 TEST(Texts, StretchedWritingStartsWhereItDoesAndHasItsWidth)
 {
     // Viewers that place a stretched text wrongly around its middle or before its end need no anchor.
