@@ -20,6 +20,11 @@ inline constexpr std::wstring_view kTextPrefix = L"PLEXORN_TEXT_";
 inline constexpr std::wstring_view kMiddleTextPrefix = L"PLEXORN_TEXT_MIDDLE_";
 inline constexpr std::wstring_view kEndTextPrefix = L"PLEXORN_TEXT_END_";
 
+// The same of a line of which each blank between two texts is wider than usual, by as many thousandths of the
+// first text's font size as the number says that follows, up to an underscore. Its texts are not anchored:
+// each begins at its own place, the first one left of the symbol's origin, and the line ends there.
+inline constexpr std::wstring_view kSpreadTextPrefix = L"PLEXORN_TEXT_SPREAD_";
+
 // What begins the name of a symbol that is a part of the drawing: where it is used once, its contents may be
 // in the place of its use.
 inline constexpr std::wstring_view kPartPrefix = L"PLEXORN_PART_";

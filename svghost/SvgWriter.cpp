@@ -91,6 +91,17 @@ bool HasGroups(const Container& container)
     return false;
 }
 
+std::size_t BlanksAtEnd(const Text& run)
+{
+    const std::size_t last = run.text.find_last_not_of(' ');
+    return last == run.text.npos ? 0 : run.text.size() - 1 - last;
+}
+
+bool IsStretched(const Use& use)
+{
+    return std::fabs(use.Number(AttributeId::ScaleX, 1)) != std::fabs(use.Number(AttributeId::ScaleY, 1));
+}
+
 // What is used once is drawn where it is used. If each use were drawn in place, a file could grow to the
 // product of its uses and its points; writing is short, and is searched and selected where it is.
 bool IsDrawnInPlace(const Symbol& symbol)
@@ -510,7 +521,9 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
     m_out.EndValue();
     SetExtras(use);
     const Text& first = static_cast<const Text&>(*line->first);
-    if (first.x != 0 && !first.next)
+    const double size = first.Number(AttributeId::FontSize, 0);
+    const double spread = IsDrawable(size) ? SpreadOfWriting(*line) * std::fabs(size) : 0;
+    if (first.x != 0 && (!first.next || spread > 0))
         m_out.SetPlain("x", first.x);
     if (first.y != 0)
         m_out.SetPlain("y", first.y);
@@ -526,18 +539,32 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
         m_out.SetPlain("textLength", width);
         m_out.SetPlain("lengthAdjust", "spacingAndGlyphs");
     }
+    // Viewers that do not know the spacing of words show runs that are stretched at wrong places.
+    const bool isSpacing = spread > 0 && IsStretched(use);
+    if (isSpacing)
+        m_out.SetPlain("word-spacing", static_cast<float>(spread));
     m_out.OpenText(first.text);
-    for (const Node* run = first.next; run; run = run->next)
-        WriteRun(static_cast<const Text&>(*run), first);
+    for (const Text* run = &first; run->next; run = static_cast<const Text*>(run->next))
+        WriteRun(static_cast<const Text&>(*run->next), first,
+                 isSpacing ? 0 : spread * static_cast<double>(BlanksAtEnd(*run)));
     m_out.Close("text");
 }
 
-void SvgWriter::WriteRun(const Text& run, const Text& first)
+// shift: how much farther than usual it is from the run before. One that looks like the first needs no
+// element.
+void SvgWriter::WriteRun(const Text& run, const Text& first, double shift)
 {
+    const double size = run.Number(AttributeId::FontSize, 0);
+    const bool hasSize = IsDrawable(size) && size != 0 && size != first.Number(AttributeId::FontSize, 0);
+    const bool hasColour = run.stroke != first.stroke;
+    if (shift == 0 && !hasSize && !hasColour)
+        return m_out.AddText(run.text);
     m_out.Begin("tspan");
-    if (run.stroke != first.stroke)
+    if (shift != 0)
+        m_out.SetPlain("dx", static_cast<float>(shift));
+    if (hasColour)
         m_out.SetPlain("fill", StrokeColour(run.stroke));
-    if (const double size = run.Number(AttributeId::FontSize, 0); IsDrawable(size) && size != 0)
+    if (hasSize)
         m_out.SetPlain("font-size", std::fabs(size));
     m_out.SetRun(run.text);
 }

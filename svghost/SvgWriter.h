@@ -54,7 +54,7 @@ private:
     void WriteFill(const Symbol& fill);
     void WritePart(const Use& use, const Symbol& part);
     void WriteLineOfText(const Use& use, const Symbol& writing);
-    void WriteRun(const Text& run, const Text& first);
+    void WriteRun(const Text& run, const Text& first, double shift);
     void SetPlace(const Use& use);
     void PutPlace(const Use& use);
     void OpenGroup(const Container& group);

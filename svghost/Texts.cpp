@@ -2,6 +2,8 @@
 
 #include "svghost/AgreedSymbols.h"
 
+#include <algorithm>
+
 namespace svghost {
 
 namespace {
@@ -49,11 +51,28 @@ bool IsWriting(const Symbol& symbol)
 float WidthOfWriting(const Symbol& writing)
 {
     const Text& text = static_cast<const Text&>(*writing.first);
-    if (text.next || text.x >= 0 || text.Find(AttributeId::TextAnchor))
+    if (text.x >= 0 || text.Find(AttributeId::TextAnchor))
+        return 0;
+    if (SpreadOfWriting(writing) > 0)
+        return -text.x;
+    if (text.next)
         return 0;
     if (writing.name->name.starts_with(kMiddleTextPrefix))
         return -2 * text.x;
     return writing.name->name.starts_with(kEndTextPrefix) ? -text.x : 0;
+}
+
+double SpreadOfWriting(const Symbol& writing)
+{
+    constexpr int kMost = 1'000'000;
+    std::wstring_view name = writing.name->name;
+    if (!name.starts_with(kSpreadTextPrefix))
+        return 0;
+    name.remove_prefix(kSpreadTextPrefix.size());
+    int thousandths = 0;
+    for (; !name.empty() && name.front() >= L'0' && name.front() <= L'9'; name.remove_prefix(1))
+        thousandths = std::min(10 * thousandths + static_cast<int>(name.front() - L'0'), kMost);
+    return name.starts_with(L'_') ? thousandths / 1000.0 : 0;
 }
 
 std::size_t LengthOfWriting(const Symbol& writing)

@@ -11,8 +11,12 @@ namespace svghost {
 // such a symbol. It has been laid out, and what it uses before it.
 bool IsWriting(const Symbol& symbol);
 
-// How wide the symbol's name says that its only text is; 0: as wide as the viewer's font makes it.
+// How wide the symbol's name says that the line is; 0: as wide as the viewer's font makes it.
 float WidthOfWriting(const Symbol& writing);
+
+// How much wider than usual the symbol's name says that the blanks between its texts are, in font sizes of
+// the first one.
+double SpreadOfWriting(const Symbol& writing);
 
 // How long the texts of a line are, in bytes.
 std::size_t LengthOfWriting(const Symbol& writing);

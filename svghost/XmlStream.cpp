@@ -22,6 +22,11 @@ void XmlStream::OpenText(std::string_view text)
 {
     m_inTag = false;
     Put(">");
+    AddText(text);
+}
+
+void XmlStream::AddText(std::string_view text)
+{
     PutEscaped(text, XmlPlace::Text);
 }
 

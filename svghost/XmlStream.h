@@ -49,9 +49,10 @@ public:
     // Ends the element begun last with a text in it, escaped.
     void SetText(std::string_view text);
 
-    // Opens the element begun last for a text, escaped: elements that end with SetRun come into it until
-    // Close.
+    // Opens the element begun last for a text, escaped: more of it, and elements that end with SetRun, come
+    // into it until Close.
     void OpenText(std::string_view text);
+    void AddText(std::string_view text);
     // Ends the element begun last, which is within a text, with a run of its text, escaped.
     void SetRun(std::string_view text);
 

@@ -162,12 +162,12 @@ void ClipSink::Text(const Style& style, const PlainText& text)
         m_next.Text(style, text);
 }
 
-void ClipSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+void ClipSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
     if (std::all_of(runs.begin(), runs.end(), [&](const PlainRun& run) { return Shows(run.text); }))
-        m_next.LineOfText(point, runs);
+        m_next.LineOfText(point, spread, runs);
     else
-        PlainSink::LineOfText(point, runs);
+        PlainSink::LineOfText(point, spread, runs);
 }
 
 template <class Take>

@@ -57,10 +57,10 @@ void CountedSink::Text(const Style& style, const PlainText& text)
     Count(PlainKind::Text).Text(style, text);
 }
 
-void CountedSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+void CountedSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
     m_counts[static_cast<std::size_t>(PlainKind::Text)] += runs.size();
-    m_next.LineOfText(point, runs);
+    m_next.LineOfText(point, spread, runs);
 }
 
 void CountedSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)

@@ -31,7 +31,7 @@ public:
                  double end) override;
     void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) override;
     void Text(const Style& style, const PlainText& text) override;
-    void LineOfText(Point2 point, std::span<const PlainRun> runs) override;
+    void LineOfText(Point2 point, double spread, std::span<const PlainRun> runs) override;
     void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
     void Mask(std::span<const std::vector<Point2>> rings) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;

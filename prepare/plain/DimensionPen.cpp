@@ -138,10 +138,14 @@ DimensionLabel DimensionPen::Label(std::string text) const
     look.widthFactor = WidthFactorOf(letters != nullptr ? letters->widthFactor : 1);
     const std::string_view codePage = m_placement.drawing.header.Text("$DWGCODEPAGE");
     const std::vector<TextLine> lines = BreakIntoLines(ReadMText(text, look, codePage), 0);
-    for (const TextLine& line : lines)
+    double below = 0; // what of the line before is below its base line
+    for (const TextLine& line : lines) {
+        const bool isFirst = &line == &lines.front();
         label.width = std::max(label.width, line.width);
-    if (!lines.empty())
-        label.height = look.height * (1 + kLineDistance * static_cast<double>(lines.size() - 1));
+        label.height += below + (line.ascent - line.height) + (isFirst ? 1 : kLineDistance) * line.height;
+        below = line.descent;
+    }
+    label.height += below;
     label.text = std::move(text);
     return label;
 }

@@ -77,6 +77,7 @@ constexpr VariableRow<std::int32_t> kIntegers[] = {
     {280, "$DIMJUST", &DimensionStyle::justification},
     {281, "$DIMSD1", &DimensionStyle::hidesLine1},
     {282, "$DIMSD2", &DimensionStyle::hidesLine2},
+    {283, "$DIMTOLJ", &DimensionStyle::toleranceAlignment},
     {284, "$DIMTZIN", &DimensionStyle::toleranceZeros},
     {285, "$DIMALTZ", &DimensionStyle::alternateZeros},
     {286, "$DIMALTTZ", &DimensionStyle::alternateToleranceZeros},

@@ -65,6 +65,7 @@ struct DimensionStyle {
     std::int32_t justification = 0;              // 280
     std::int32_t hidesLine1 = 0;                 // 281
     std::int32_t hidesLine2 = 0;                 // 282
+    std::int32_t toleranceAlignment = 1;         // 283: of stacks to the number, as \A of an MTEXT
     std::int32_t toleranceZeros = 0;             // 284
     std::int32_t alternateZeros = 0;             // 285
     std::int32_t alternateToleranceZeros = 0;    // 286

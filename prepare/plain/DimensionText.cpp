@@ -5,6 +5,7 @@
 #include "prepare/plain/DimensionNumbers.h"
 
 #include <cmath>
+#include <utility>
 
 namespace prepare {
 
@@ -187,6 +188,15 @@ std::string ValueWriter::Alternate(double value) const
     return text;
 }
 
+// At the base line is how stacks are by themselves.
+std::string WithAlignedStacks(std::string text, std::int32_t alignment)
+{
+    constexpr std::int32_t kHalfway = 1, kAtTop = 2;
+    if ((alignment != kHalfway && alignment != kAtTop) || text.find("\\S") == std::string::npos)
+        return text;
+    return Joined({alignment == kHalfway ? "\\A1;" : "\\A2;", text});
+}
+
 } // namespace
 
 std::string DimensionText(const DimensionStyle& style, Quantity kind, double value, std::string_view written)
@@ -205,7 +215,7 @@ std::string DimensionText(const DimensionStyle& style, Quantity kind, double val
         Replace(text, kAlternate, writer.Alternate(value), kMostPlaces);
     Replace(text, kPlaceOfValue, main, kMostPlaces);
     Replace(text, "\\X", "\\P", kMostPlaces); // what follows is below the dimension line
-    return text;
+    return WithAlignedStacks(std::move(text), style.toleranceAlignment);
 }
 
 } // namespace prepare

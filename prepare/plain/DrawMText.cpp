@@ -224,7 +224,7 @@ private:
         return end;
     }
 
-    // start is that of the line, u the anchor of these parts.
+    // start is that of the line, u the anchor of these parts. A line that is spread is placed by their end.
     void DrawRuns(const TextLine& line, std::size_t first, std::size_t end, double start, double u,
                   double base, Anchor anchor)
     {
@@ -235,10 +235,11 @@ private:
             const std::size_t blanks = first + 1 < end ? line.parts[first + 1].blanks : 0;
             pieces.push_back({StyleFor(part.look), PieceOf(part, line, place, base, anchor), blanks});
         }
+        const LinePart& last = line.parts[end - 1];
         if (pieces.size() == 1)
             m_drawer.Draw(pieces.front().style, pieces.front().piece);
         else
-            m_drawer.DrawRuns(u, pieces);
+            m_drawer.DrawRuns(line.spread > 0 ? start + last.x + last.width : u, line.spread, pieces);
     }
 
     TextPiece PieceOf(const RunLook& look, std::string_view text) const

@@ -46,6 +46,7 @@ public:
             Take(part);
         m_line.parts = std::move(m_parts);
         m_line.width = room;
+        m_line.spread = m_more;
     }
 
 private:

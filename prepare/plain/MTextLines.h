@@ -28,6 +28,7 @@ struct TextLine {
     bool isFirst = false; // of its paragraph
     bool endsColumn = false;
     double width = 0;   // without the blanks at its end
+    double spread = 0;  // how much wider than usual the blanks between its parts are
     double height = 0;  // of its highest letters
     double ascent = 0;  // above the base line: more than height where there are fractions
     double descent = 0; // of fractions below it

@@ -2,7 +2,7 @@
 
 namespace prepare {
 
-void PlainSink::LineOfText(Point2, std::span<const PlainRun> runs)
+void PlainSink::LineOfText(Point2, double, std::span<const PlainRun> runs)
 {
     for (const PlainRun& run : runs)
         Text(run.style, run.text);

@@ -72,9 +72,10 @@ public:
     virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     virtual void Text(const Style& style, const PlainText& text) = 0;
     // A line of writing: texts on one base line, in letters of the same proportions, each at its own place.
-    // The line begins, is centred or ends at point, as the anchor of its texts says. A sink that knows no
-    // runs takes texts.
-    virtual void LineOfText(Point2 point, std::span<const PlainRun> runs);
+    // The line begins, is centred or ends at point, as the anchor of its texts says. If spread is above 0,
+    // the blanks between its texts are wider than usual by that, in lengths of the first one's along, and the
+    // line ends at point while each text begins at its own. A sink that knows no runs takes texts.
+    virtual void LineOfText(Point2 point, double spread, std::span<const PlainRun> runs);
     // The area within rings by the even-odd rule; each ring is closed and has three points or more. A sink
     // that has no fills draws the outlines.
     virtual void Fill(const Style& style, std::span<const std::vector<Point2>> rings);

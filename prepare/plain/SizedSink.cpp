@@ -54,10 +54,10 @@ void SizedSink::Text(const Style& style, const PlainText& text)
     m_next.Text(style, text);
 }
 
-void SizedSink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+void SizedSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
     See(!runs.empty());
-    m_next.LineOfText(point, runs);
+    m_next.LineOfText(point, spread, runs);
 }
 
 void SizedSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)

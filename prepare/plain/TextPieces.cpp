@@ -30,9 +30,10 @@ void TextDrawer::Draw(const Style& style, const TextPiece& piece)
     DrawLinedParts(style, piece);
 }
 
-void TextDrawer::DrawRuns(double u, std::span<const StyledPiece> pieces)
+void TextDrawer::DrawRuns(double u, double spread, std::span<const StyledPiece> pieces)
 {
     std::vector<PlainRun> runs;
+    double capitals = 1;    // how wide those of the first run are, where they are as wide as high
     std::size_t blanks = 0; // after the last run
     for (const auto& [style, piece, blanksAfter] : pieces) {
         const std::size_t before = std::min(piece.text.find_first_not_of(' '), piece.text.size());
@@ -41,6 +42,8 @@ void TextDrawer::DrawRuns(double u, std::span<const StyledPiece> pieces)
         if (std::optional<PlainText> text = LettersOf(piece)) {
             blanks = piece.text.size() - before - text->text.size();
             m_placement.budget.TakeText(text->text.size());
+            if (runs.empty())
+                capitals = piece.height * piece.widthFactor;
             runs.push_back({style, std::move(*text)});
         } else {
             blanks += before;
@@ -48,7 +51,7 @@ void TextDrawer::DrawRuns(double u, std::span<const StyledPiece> pieces)
         blanks += blanksAfter;
     }
     if (!runs.empty())
-        m_placement.sink.LineOfText(m_frame.At(u, pieces.front().piece.v), runs);
+        m_placement.sink.LineOfText(m_frame.At(u, pieces.front().piece.v), spread / capitals, runs);
     for (const StyledPiece& run : pieces)
         DrawLinedParts(run.style, run.piece);
 }

@@ -72,8 +72,9 @@ public:
     void Draw(const Style& style, const TextPiece& piece);
 
     // Pieces on one base line and of one width factor and slant, each at its own place; u is that of the
-    // whole line's anchor.
-    void DrawRuns(double u, std::span<const StyledPiece> pieces);
+    // whole line's anchor. If spread is above 0, the blanks between them are wider than usual by that, and u
+    // is where the line ends.
+    void DrawRuns(double u, double spread, std::span<const StyledPiece> pieces);
 
     // A line that belongs to the text, from and to its own coordinates.
     void DrawLine(const Style& style, Point2 start, Point2 end);

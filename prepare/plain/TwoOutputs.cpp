@@ -68,9 +68,9 @@ void TwoOutputs::Sink::Text(const Style& style, const PlainText& text)
     ToBoth([&](PlainSink& sink) { sink.Text(style, text); });
 }
 
-void TwoOutputs::Sink::LineOfText(Point2 point, std::span<const PlainRun> runs)
+void TwoOutputs::Sink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
-    ToBoth([&](PlainSink& sink) { sink.LineOfText(point, runs); });
+    ToBoth([&](PlainSink& sink) { sink.LineOfText(point, spread, runs); });
 }
 
 void TwoOutputs::Sink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)

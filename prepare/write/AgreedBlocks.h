@@ -22,6 +22,11 @@ inline constexpr std::string_view kTextPrefix = "PLEXORN_TEXT_";
 inline constexpr std::string_view kMiddleTextPrefix = "PLEXORN_TEXT_MIDDLE_";
 inline constexpr std::string_view kEndTextPrefix = "PLEXORN_TEXT_END_";
 
+// The same of a line of which each blank between two texts is wider than usual, by as many thousandths of the
+// first text's font size as the number says that follows, up to an underscore. Its texts are not anchored:
+// each begins at its own place, the first one left of the block's origin, and the line ends there.
+inline constexpr std::string_view kSpreadTextPrefix = "PLEXORN_TEXT_SPREAD_";
+
 // What begins the name of a block that is a part of the drawing. Where it is inserted once, a host may draw
 // its contents there.
 inline constexpr std::string_view kPartPrefix = "PLEXORN_PART_";

@@ -38,6 +38,14 @@ ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& 
     return {std::move(value), RoundedTo(factor * place.size, decimals), text.anchor, style};
 }
 
+// spread is in heights of capitals.
+std::int32_t ThousandthsOfFont(double spread)
+{
+    constexpr double kMost = 1e6;
+    return static_cast<std::int32_t>(
+        std::lround(std::clamp(1000 * spread / kFontSizeOfCapitals, 0.0, kMost)));
+}
+
 } // namespace
 
 Point2 ModuleEntities::Rounded(Point2 p) const
@@ -353,8 +361,8 @@ ModuleLine ModuleLineOf(StyleId style, const LoggedText& text, const TextPlace& 
     return {std::move(run)};
 }
 
-ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
-                        int decimals, TextLoss& loss)
+ModuleLine ModuleLineOf(Point2 point, double spread, std::span<const LoggedRun> runs, const TextPlace& place,
+                        double factor, int decimals, TextLoss& loss)
 {
     const LoggedText& first = runs.front().text;
     const double capitals = factor * place.size / kFontSizeOfCapitals;
@@ -367,6 +375,7 @@ ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const Tex
         const double along = Cross(run.text.point - point, first.up) / Cross(first.along, first.up);
         line.push_back({std::move(text), RoundedTo(along * capitals, decimals)});
     }
+    line.front().spread = ThousandthsOfFont(spread);
     return line;
 }
 
@@ -391,11 +400,11 @@ void ModuleEntities::Text(StyleId style, const LoggedText& text)
     InsertText(m_out.texts.NameOf(line, place.innerRotation), text.point, place);
 }
 
-void ModuleEntities::LineOfText(Point2 point, std::span<const LoggedRun> runs)
+void ModuleEntities::LineOfText(Point2 point, double spread, std::span<const LoggedRun> runs)
 {
     const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
     TextLoss loss;
-    const ModuleLine line = ModuleLineOf(point, runs, place, m_out.factor, m_out.decimals, loss);
+    const ModuleLine line = ModuleLineOf(point, spread, runs, place, m_out.factor, m_out.decimals, loss);
     Tell(loss);
     UseLayer(m_out.layers.Of(runs.front().style));
     InsertText(m_out.texts.NameOf(line, place.innerRotation), point, place);

@@ -56,8 +56,8 @@ ModuleLine ModuleLineOf(StyleId style, const LoggedText& text, const TextPlace& 
                         int decimals, TextLoss& loss);
 
 // A line of them, whose place is that of its first text.
-ModuleLine ModuleLineOf(Point2 point, std::span<const LoggedRun> runs, const TextPlace& place, double factor,
-                        int decimals, TextLoss& loss);
+ModuleLine ModuleLineOf(Point2 point, double spread, std::span<const LoggedRun> runs, const TextPlace& place,
+                        double factor, int decimals, TextLoss& loss);
 
 class ModuleEntities final : public LogVisitor {
 public:
@@ -79,7 +79,7 @@ public:
     void Fill(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Mask(StyleId style, std::span<const std::vector<Point2>> rings) override;
     void Text(StyleId style, const LoggedText& text) override;
-    void LineOfText(Point2 point, std::span<const LoggedRun> runs) override;
+    void LineOfText(Point2 point, double spread, std::span<const LoggedRun> runs) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     // Writes the block of an area: its edges, and strokes that cover it if it has a colour. All areas have

@@ -22,7 +22,10 @@ std::string NameOfTurned(std::size_t number)
 std::string NameOfLine(const ModuleLine& line, std::size_t number)
 {
     constexpr std::string_view kPrefixes[] = {kTextPrefix, kMiddleTextPrefix, kEndTextPrefix};
-    return Numbered(kPrefixes[static_cast<std::size_t>(line.front().origin)], number);
+    const ModuleRun& first = line.front();
+    if (first.spread > 0)
+        return Numbered(Numbered(kSpreadTextPrefix, static_cast<std::size_t>(first.spread)) + "_", number);
+    return Numbered(kPrefixes[static_cast<std::size_t>(first.origin)], number);
 }
 
 } // namespace

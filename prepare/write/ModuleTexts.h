@@ -29,6 +29,9 @@ struct ModuleRun {
     double x = 0;
     Anchor origin =
         Anchor::Start; // what of a text that starts at x is at the line's anchor, if that is known
+    // Of a line's first text: how much wider than usual the blanks between its texts are, in thousandths of
+    // the size of its font. Above 0, the line ends at its anchor.
+    std::int32_t spread = 0;
 
     friend auto operator<=>(const ModuleRun&, const ModuleRun&) = default;
 };

@@ -34,11 +34,12 @@ public:
         if (!place.isUpright)
             m_texts.Add(ModuleLineOf(style, text, place, m_factor, m_decimals, unsaid), place.innerRotation);
     }
-    void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
+    void LineOfText(Point2 point, double spread, std::span<const LoggedRun> runs) override
     {
         const TextPlace place = TextPlaceForModule(runs.front().text.along, runs.front().text.up);
         TextLoss unsaid; // writing finds it again
-        m_texts.Add(ModuleLineOf(point, runs, place, m_factor, m_decimals, unsaid), place.innerRotation);
+        m_texts.Add(ModuleLineOf(point, spread, runs, place, m_factor, m_decimals, unsaid),
+                    place.innerRotation);
     }
     void Insert(std::size_t block, Point2, double, bool) override
     {

@@ -177,13 +177,14 @@ void ReplayText(LogReader& reader, LogVisitor& visitor)
 void ReplayLineOfText(LogReader& reader, LogVisitor& visitor)
 {
     const Point2 point = reader.Point();
+    const double spread = reader.Real();
     std::vector<LoggedRun> runs(reader.Count());
     for (LoggedRun& run : runs) {
         run.blanks = reader.Count();
         run.style = reader.Style();
         run.text = TakeText(reader);
     }
-    visitor.LineOfText(point, runs);
+    visitor.LineOfText(point, spread, runs);
 }
 
 void ReplayInsert(LogReader& reader, LogVisitor& visitor, unsigned kind)
@@ -283,7 +284,7 @@ Style StyleOfEdges(Style style)
 
 } // namespace
 
-void LogVisitor::LineOfText(Point2, std::span<const LoggedRun> runs)
+void LogVisitor::LineOfText(Point2, double, std::span<const LoggedRun> runs)
 {
     for (const LoggedRun& run : runs)
         Text(run.style, run.text);
@@ -448,12 +449,12 @@ void PlainLog::AddText(const PlainText& text)
     m_reach.Add(text.point + text.up);
 }
 
-void PlainLog::LineOfText(Point2 point, std::span<const PlainRun> runs)
+void PlainLog::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
-    if (!IsFinite(point) || !AreAlike(runs))
-        return PlainSink::LineOfText(point, runs);
+    if (!IsFinite(point) || !std::isfinite(spread) || !AreAlike(runs))
+        return PlainSink::LineOfText(point, spread, runs);
     std::vector<StyleId> styles; // all known before there is room: no entity is half there
-    std::size_t size = 1 + sizeof(point) + kMostOfCount;
+    std::size_t size = 1 + sizeof(point) + sizeof(spread) + kMostOfCount;
     for (const PlainRun& run : runs) {
         styles.push_back(m_styles.Of(run.style));
         size += kMostOfCount + RoomFor(run.text);
@@ -461,6 +462,7 @@ void PlainLog::LineOfText(Point2 point, std::span<const PlainRun> runs)
     LogWriter log(Room(size));
     log.PutByte(kLoggedLineOfText);
     log.Put(point);
+    log.Put(spread);
     log.PutCount(runs.size());
     for (std::size_t i = 0; i < runs.size(); ++i) {
         log.PutCount(runs[i].blanks);

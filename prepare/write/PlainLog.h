@@ -46,7 +46,7 @@ public:
     virtual void Mask(StyleId, std::span<const std::vector<Point2>>) {}
     virtual void Text(StyleId style, const LoggedText& text) = 0;
     // One that knows no runs takes texts.
-    virtual void LineOfText(Point2 point, std::span<const LoggedRun> runs);
+    virtual void LineOfText(Point2 point, double spread, std::span<const LoggedRun> runs);
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 
 protected:
@@ -73,7 +73,7 @@ public:
     void Fill(const Style& style, std::span<const std::vector<Point2>> rings) override;
     void Mask(std::span<const std::vector<Point2>> rings) override;
     void Text(const Style& style, const PlainText& text) override;
-    void LineOfText(Point2 point, std::span<const PlainRun> runs) override;
+    void LineOfText(Point2 point, double spread, std::span<const PlainRun> runs) override;
     void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) override;
 
     // What comes from now on has that place in the order in which it is replayed. Without places, and of

@@ -60,7 +60,7 @@ TEST(Texts, RunsOfALineFollowEachOther)
     EXPECT_NE(svg.find("<text transform=\"translate(5,6)\" fill=\"#ff0000\" stroke=\"none\" "
                        "xml:space=\"preserve\" font-size=\"2\" text-anchor=\"middle\">red "
                        "<tspan font-size=\"4\">&lt;large&gt;</tspan>"
-                       "<tspan fill=\"#0000ff\" font-size=\"2\">blue</tspan></text>\n"),
+                       "<tspan fill=\"#0000ff\">blue</tspan></text>\n"),
               std::string::npos)
         << svg;
 }
@@ -112,6 +112,53 @@ TEST(Texts, StretchedWritingStartsWhereItDoesAndHasItsWidth)
     EXPECT_STREQ(plain.attribute("x").value(), "-3.4");
     EXPECT_FALSE(plain.attribute("textLength"));
     EXPECT_FALSE(plain.next_sibling("text").attribute("textLength"));
+}
+
+TEST(Texts, BlanksOfALineThatIsSpreadAreWiderAndTheLineHasItsWidth)
+{
+    const HostDocument document;
+    const auto add = [&](const wchar_t* symbol, float x) {
+        document.Begin(symbol);
+        for (const wchar_t* word : {L"one ", L"two  ", L"thr", L"ee"})
+            document.Set(document.Text(x++, 0, word), L"font-size", L"2");
+        document.End();
+        document.Use(symbol, 5, 6);
+    };
+    add(L"PLEXORN_TEXT_SPREAD_250_1", -9);
+    add(L"PLEXORN_TEXT_SPREAD_1", -9);
+    add(L"PLEXORN_TEXT_SPREAD_250_2", 0);
+    const ParsedSvg svg(document);
+    const pugi::xml_node spread = svg.First("text");
+    EXPECT_STREQ(spread.attribute("transform").value(), "translate(5,6)");
+    EXPECT_STREQ(spread.attribute("x").value(), "-9");
+    EXPECT_STREQ(spread.attribute("textLength").value(), "9");
+    EXPECT_STREQ(spread.attribute("lengthAdjust").value(), "spacingAndGlyphs");
+    const pugi::xml_node two = spread.child("tspan"), three = two.next_sibling();
+    EXPECT_STREQ(two.attribute("dx").value(), "0.5");
+    EXPECT_STREQ(three.attribute("dx").value(), "1");
+    EXPECT_STREQ(three.next_sibling().value(), "ee"); // no blank before it
+    const pugi::xml_node unknown = spread.next_sibling("text");
+    EXPECT_FALSE(unknown.attribute("x"));
+    EXPECT_FALSE(unknown.attribute("textLength"));
+    EXPECT_STREQ(unknown.text().get(), "one two  three");
+    EXPECT_FALSE(unknown.next_sibling("text").attribute("textLength")); // does not end where it should
+}
+
+TEST(Texts, StretchedWritingThatIsSpreadHasNoElementsWithinItsText)
+{
+    // Viewers that do not know the spacing of words place such elements wrongly.
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_SPREAD_250_1");
+    document.Set(document.Text(-9, 0, L"one "), L"font-size", L"2");
+    document.Set(document.Text(-4, 0, L"two"), L"font-size", L"2");
+    document.End();
+    document.Set(document.Use(L"PLEXORN_TEXT_SPREAD_250_1", 5, 6), L"scale-x", L"0.5");
+    const ParsedSvg svg(document);
+    const pugi::xml_node text = svg.First("text");
+    EXPECT_STREQ(text.attribute("word-spacing").value(), "0.5");
+    EXPECT_STREQ(text.attribute("textLength").value(), "9");
+    EXPECT_FALSE(text.child("tspan"));
+    EXPECT_STREQ(text.text().get(), "one two");
 }
 
 TEST(Texts, WritingThatIsTurnedInItsSymbolHasBothTurns)

@@ -279,8 +279,8 @@ TEST_F(ModuleProfile, RunsOfALineAreInABlockInTheirOrder)
         {red, {"one", {10, 2}, {2, 0}, {0, 2}, Anchor::Middle, kNoName}, 2},
         {blue, {"two", {16, 2}, {4, 0}, {0, 4}, Anchor::Middle, kNoName}, 0},
     };
-    Model().LineOfText({12, 2}, runs);
-    Model().LineOfText({12, 2}, runs);
+    Model().LineOfText({12, 2}, 0, runs);
+    Model().LineOfText({12, 2}, 0, runs);
     EXPECT_EQ(Without("qlmSetCurrent", Calls()), R"calls(qlmCreateSymbol(ctx, "PLEXORN_TEXT_1") = n1
 qlmCreateText(ctx, "", -2, 0, 0, 0, "one  ", 0, 0) = n2
 qlmSetAttributeByNode(ctx, n2, "font-size", "2.78")
@@ -301,7 +301,7 @@ TEST_F(ModuleProfile, RunsOfATurnedLineAreTurnedTogether)
         {red, {"one", {1, 2}, {0, 2}, {-1, 0}, Anchor::Start, kNoName}, 0},
         {red, {"two", {1, 8}, {0, 4}, {-2, 0}, Anchor::Start, kNoName}, 0},
     };
-    Model().LineOfText({1, 2}, runs);
+    Model().LineOfText({1, 2}, 0, runs);
     // The block is in heights of the letters, 1, and the use is twice as wide.
     const std::string calls = Created();
     EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", 3, 0, 0, 0, \"two\""), std::string::npos) << calls;
@@ -309,12 +309,28 @@ TEST_F(ModuleProfile, RunsOfATurnedLineAreTurnedTogether)
     EXPECT_NE(Calls().find("\"scale-x\", \"2.000000\""), std::string::npos);
 }
 
+TEST_F(ModuleProfile, ALineThatIsSpreadEndsAtItsOriginAndSaysHowWideItsBlanksAre)
+{
+    // The letters are two high, so that the font's size is 2.78, and a blank is wider by half of 2.
+    const std::vector<PlainRun> runs = {
+        {red, {"one", {4, 2}, {2, 0}, {0, 2}, Anchor::Start, kNoName}, 1},
+        {red, {"two", {10, 2}, {2, 0}, {0, 2}, Anchor::Start, kNoName}, 0},
+    };
+    Model().LineOfText({14, 2}, 0.5, runs);
+    EXPECT_EQ(Without("qlmSet", Calls()), R"calls(qlmCreateSymbol(ctx, "PLEXORN_TEXT_SPREAD_360_1") = n1
+qlmCreateText(ctx, "", -10, 0, 0, 0, "one ", 0, 0) = n2
+qlmCreateText(ctx, "", -4, 0, 0, 0, "two", 0, 0) = n3
+qlmCreateUse(ctx, "", 0, 0, "PLEXORN_TEXT_SPREAD_360_1", "hmi", 14, -2) = n4
+)calls");
+}
+
 TEST_F(ModuleProfile, RunsThatCannotBeSeenTogetherAreTexts)
 {
-    Model().LineOfText({0, 0}, std::vector<PlainRun>{
-                                   {red, {"one", {0, 0}, {2, 0}, {0, 2}, Anchor::Start, kNoName}, 0},
-                                   {red, {"two", {6, 0}, {2e-4, 0}, {0, 2e-4}, Anchor::Start, kNoName}, 0},
-                               });
+    Model().LineOfText({0, 0}, 0,
+                       std::vector<PlainRun>{
+                           {red, {"one", {0, 0}, {2, 0}, {0, 2}, Anchor::Start, kNoName}, 0},
+                           {red, {"two", {6, 0}, {2e-4, 0}, {0, 2e-4}, Anchor::Start, kNoName}, 0},
+                       });
     EXPECT_EQ(Calls().find("qlmCreateSymbol"), std::string::npos);
 }
 

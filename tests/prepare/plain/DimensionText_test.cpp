@@ -47,6 +47,7 @@ DimensionStyle IsoStyle()
     style.separator = ',';
     style.toleranceDecimals = 2;
     style.toleranceZeros = 8;
+    style.toleranceAlignment = 0;
     return style;
 }
 
@@ -241,6 +242,24 @@ TEST(DimensionText, Limits)
     style.plusTolerance = 0.1;
     style.minusTolerance = 0.25;
     EXPECT_EQ(Length(style, 20), "\\S20,1^ 19,75;");
+}
+
+TEST(DimensionText, StacksAreAlignedToTheNumberAsTheStyleSays)
+{
+    DimensionStyle style;
+    style.hasTolerance = 1;
+    style.plusTolerance = 0.1;
+    style.decimals = style.toleranceDecimals = 1;
+    EXPECT_EQ(Length(style, 20), "\\A1;20.0\\S+0.1^  0.0;");
+    style.toleranceAlignment = 0;
+    EXPECT_EQ(Length(style, 20), "20.0\\S+0.1^  0.0;");
+    style.toleranceAlignment = 2;
+    EXPECT_EQ(Length(style, 20), "\\A2;20.0\\S+0.1^  0.0;");
+    style.toleranceAlignment = 3;
+    EXPECT_EQ(Length(style, 20), "20.0\\S+0.1^  0.0;");
+    style.toleranceAlignment = 1;
+    style.hasTolerance = 0;
+    EXPECT_EQ(Length(style, 20), "20.0"); // nothing is stacked
 }
 
 TEST(DimensionText, AlternateUnits)

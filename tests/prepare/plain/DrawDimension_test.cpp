@@ -149,6 +149,26 @@ TEST(DrawDimension, ATextAboveTheLineLeavesItWhole)
     EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 10,7 along 2,0 up 0,2 middle"});
 }
 
+TEST(DrawDimension, TolerancesAreNextToTheNumberAndAGapAboveTheLine)
+{
+    // Both are 4.8 high together.
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    const auto heightsBy = [&](const char* alignment) {
+        dimension.overrides = {{77, "1"}, {71, "1"}, {47, "3"}, {48, "2"}, {272, "0"}, {283, alignment}};
+        std::map<std::string, std::string> heights; // by what is there
+        for (const std::string& text : TextPart(trial.Draw(dimension))) {
+            const std::size_t end = text.find("' at "), comma = text.find(',', end);
+            heights[text.substr(6, end - 6)] = text.substr(comma + 1, text.find(' ', comma) - comma - 1);
+        }
+        return heights;
+    };
+    using Heights = std::map<std::string, std::string>;
+    EXPECT_EQ(heightsBy("0"), (Heights{{"20", "11"}, {"+3", "13.8"}, {"-2", "11"}}));
+    EXPECT_EQ(heightsBy("1"), (Heights{{"20", "12.4"}, {"+3", "13.8"}, {"-2", "11"}}));
+    EXPECT_EQ(heightsBy("2"), (Heights{{"20", "13.8"}, {"+3", "13.8"}, {"-2", "11"}}));
+}
+
 TEST(DrawDimension, TheTextIsWhereTheFileHasIt)
 {
     Trial trial;

@@ -630,18 +630,23 @@ TEST(DrawMText, ATextWithoutEndIsCut)
     EXPECT_EQ(trial.Findings(), Lines{"Cut MTEXT: a text of more than 256 KB (1 from line 7)"});
 }
 
-// Takes only lines of writing, with the blanks between runs: "0,-1: A  B".
+// Takes only lines of writing, with the blanks between runs, and how much wider they are: "1000: 'A__' 'B'",
+// "4000 wider by 250: 'A_' 'B'".
 class LinesOfText final : public RecordingSink {
 public:
     Lines whole;
 
-    void LineOfText(Point2 point, std::span<const PlainRun> runs) override
+    void LineOfText(Point2 point, double spread, std::span<const PlainRun> runs) override
     {
-        std::string line = std::to_string(std::lround(point.x * 1000)) + ":";
+        const auto thousandths = [](double number) { return std::to_string(std::lround(number * 1000)); };
+        std::string line = thousandths(point.x);
+        if (spread != 0)
+            line += " wider by " + thousandths(spread);
+        line += ':';
         for (const PlainRun& run : runs)
             line += " '" + run.text.text + std::string(run.blanks, '_') + "'";
         whole.push_back(line);
-        PlainSink::LineOfText(point, runs);
+        PlainSink::LineOfText(point, spread, runs);
     }
 };
 
@@ -671,16 +676,19 @@ TEST(DrawMText, RunsOfALineAreGivenTogetherWithTheBlanksBetweenThem)
 TEST(DrawMText, JustifiedLinesTakeTheirWidth)
 {
     const LinesOfText justified = LinesIn(Wrapped("\\pqj;A B A B", 4));
-    EXPECT_EQ(justified.whole, Lines{"0: 'A_' 'B_' 'A'"});
+    EXPECT_EQ(justified.whole, Lines{"4000 wider by 341: 'A_' 'B_' 'A'"});
     EXPECT_EQ(justified.lines, (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
                                       "text 'B' at 1.5765,-1 along 1,0 up 0,1 start",
                                       "text 'A' at 3.156,-1 along 1,0 up 0,1 start",
                                       "text 'B' at 0,-2.66667 along 1,0 up 0,1 start"}));
-    EXPECT_EQ(LinesIn(Wrapped("\\pqj,i1;A {\\C1;B }A B", 4.5)).whole, Lines{"1000: 'A_' 'B_' 'A'"});
-    EXPECT_EQ(LinesIn(Wrapped("\\pqd;A B", 4)).whole, Lines{"0: 'A_' 'B'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\pqj,i1;A {\\C1;B }A B", 4.5)).whole,
+              Lines{"4500 wider by 91: 'A_' 'B_' 'A'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;A B", 4)).whole, Lines{"4000 wider by 1917: 'A_' 'B'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\W2;\\H2;\\pqd;A B", 16)).whole, Lines{"16000 wider by 1917: 'A_' 'B'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;A B\\S1/2; A", 10)).whole, Lines{"4931 wider by 2848: 'A_' 'B'"});
     EXPECT_EQ(LinesIn(Simple("\\pqd;A B")).whole, Lines{});         // no width to take
     EXPECT_EQ(LinesIn(Wrapped("\\pqd;A^IB A", 40)).whole, Lines{}); // tabs have their places
-    EXPECT_EQ(LinesIn(Wrapped("\\pqd;{\\LA B} A", 40)).whole, Lines{"0: 'A B_' 'A'"});
+    EXPECT_EQ(LinesIn(Wrapped("\\pqd;{\\LA B} A", 40)).whole, Lines{"40000 wider by 36681: 'A B_' 'A'"});
 }
 
 TEST(DrawMText, TheAnchorOfRunsIsThatOfTheirLine)

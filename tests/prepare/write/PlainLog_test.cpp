@@ -49,9 +49,10 @@ public:
         signs.push_back(std::signbit(text.along.y));
         fonts.push_back(text.style);
     }
-    void LineOfText(Point2 point, std::span<const LoggedRun> runs) override
+    void LineOfText(Point2 point, double spread, std::span<const LoggedRun> runs) override
     {
         points.push_back(point);
+        spreads.push_back(spread);
         for (const LoggedRun& run : runs) {
             blanks.push_back(run.blanks);
             Text(run.style, run.text);
@@ -65,6 +66,7 @@ public:
 
     std::vector<bool> signs; // of texts and inserts: whether a 0 is a negative one
     std::vector<NameId> fonts;
+    std::vector<double> spreads;
     std::vector<Point2> points;
     std::vector<std::size_t> blanks;
 
@@ -152,17 +154,18 @@ TEST_F(PlainLogTest, AZeroKeepsItsSign)
     EXPECT_EQ(visitor->signs, (std::vector<bool>{false, false, true, true}));
 }
 
-TEST_F(PlainLogTest, ALineOfTextKeepsItsBlanks)
+TEST_F(PlainLogTest, ALineOfTextKeepsItsBlanksAndHowWideTheyAre)
 {
     const PlainText level{"A", {1, 2}, {3, 0}, {0, 4}, Anchor::Start, kNoName};
     const PlainText turned{"B", {1, 2}, {3, 1}, {-1, 4}, Anchor::Start, kNoName};
     const PlainRun runs[] = {{{}, level, 0}, {{}, turned, 1000}};
-    log.LineOfText({5, 6}, runs);
+    log.LineOfText({5, 6}, 0.25, runs);
     RecordingSink drawn;
     drawn.Text({}, level);
     drawn.Text({}, turned);
     EXPECT_EQ(Kept(), drawn.lines);
     EXPECT_EQ(visitor->points, std::vector<Point2>({{5, 6}}));
+    EXPECT_EQ(visitor->spreads, std::vector<double>{0.25});
     EXPECT_EQ(visitor->blanks, (std::vector<std::size_t>{0, 1000}));
 }
 
