@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -263,6 +264,45 @@ TEST(Documents, LimitIsNoneAtFirstAndWithZeroAndTakesNothingAway)
 }
 
 // As the module draws a dimension: the group's end sets the current node to what it was before.
+TEST(Documents, WhatShowsNothingIsNotVisible)
+{
+    using Make = std::function<void(const HostDocument&)>;
+    const auto countVisible = [](const Make& make) {
+        const HostDocument document;
+        document.Begin(L"EMPTY");
+        document.End();
+        document.Begin(L"FULL");
+        document.Line(0, 0, 1, 1);
+        document.End();
+        make(document);
+        return document.Statistics().visibleElements;
+    };
+    const Make shown[] = {
+        [](const HostDocument& document) { document.Line(0, 0, 0, 0); },
+        [](const HostDocument& document) { document.Circle(1, 0, 0); },
+        [](const HostDocument& document) { document.Ellipse(1, 2, 0, 0); },
+        [](const HostDocument& document) { document.Text(0, 0, L" x "); },
+        [](const HostDocument& document) { document.Use(L"FULL", 0, 0); },
+    };
+    for (const Make& make : shown)
+        EXPECT_EQ(countVisible(make), 1U) << &make - shown;
+    const Make notShown[] = {
+        [](const HostDocument& document) { document.Circle(0, 0, 0); },
+        [](const HostDocument& document) { document.Ellipse(1, 0, 0, 0); },
+        [](const HostDocument& document) { document.Ellipse(0, 1, 0, 0); },
+        [](const HostDocument& document) { document.Text(0, 0, L" \t\r\n"); },
+        [](const HostDocument& document) { document.Set(document.Text(0, 0, L"x"), L"font-size", L"0"); },
+        [](const HostDocument& document) { document.Use(L"EMPTY", 0, 0); },
+        [](const HostDocument& document) { document.Use(L"MISSING", 0, 0); },
+        [](const HostDocument& document) { document.Polyline(L""); },
+        [](const HostDocument& document) {
+            document.Set(document.Line(0, 0, 1, 1), L"visibility", L"hidden");
+        },
+    };
+    for (const Make& make : notShown)
+        EXPECT_EQ(countVisible(make), 0U) << &make - notShown;
+}
+
 TEST(Documents, EndOfAnIgnoredGroupClosesNoOther)
 {
     const HostDocument document;

@@ -296,6 +296,7 @@ TEST(Sheet, SymbolsThatAreNotShownDoNotCount)
     document.End();
     document.Begin(L"UNUSED");
     document.Set(document.Use(L"S", 0, 0), L"scale-x", L"1000");
+    Thick(document, document.Line(0, 0, 10, 0), L"0.500000");
     document.End();
     document.Use(L"S", 0, 0);
     const QlmNode hidden = document.Use(L"S", 0, 0);
@@ -304,6 +305,7 @@ TEST(Sheet, SymbolsThatAreNotShownDoNotCount)
     const ParsedSvg svg(document.Write(OnSheet()));
     const double width = 0.5 * LongerSide(ViewBoxOf(svg)) / kSheet;
     ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-S"), "line", width);
+    ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-UNUSED"), "line", width);
 }
 
 TEST(Sheet, ChangesNothingWhenItIsNoSize)
