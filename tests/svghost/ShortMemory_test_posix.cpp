@@ -137,16 +137,28 @@ TEST(ShortMemory, ElementsBeyondTheLimitTakeNone)
 // The drawing is measured when it is first asked about, and again when memory was short.
 TEST(ShortMemory, QuestionsAreAnsweredOrRefused)
 {
-    SvgHostStatistics statistics;
-    const auto getStatistics = [&](SvgHostDocument* document) {
-        return svgHostGetStatistics(document, &statistics) && statistics.elements == 3;
+    const auto getStatistics = [](SvgHostDocument* document) {
+        SvgHostStatistics statistics{};
+        const bool answered = svgHostGetStatistics(document, &statistics);
+        EXPECT_EQ(answered, statistics.elements == 3);
+        return answered;
     };
-    SvgHostViewBox box;
-    const auto getViewBox = [&](SvgHostDocument* document) {
-        return svgHostGetViewBox(document, &box) && !box.isMadeUp && box.width > 6;
+    const auto getViewBox = [](SvgHostDocument* document) {
+        SvgHostViewBox box{};
+        const bool answered = svgHostGetViewBox(document, &box);
+        EXPECT_EQ(answered, !box.isMadeUp && box.width > 6);
+        return answered;
+    };
+    const auto getPicture = [](SvgHostDocument* document) {
+        SvgHostPicture picture{};
+        const bool answered = svgHostGetPicture(document, nullptr, &picture);
+        EXPECT_EQ(answered, !picture.viewBox.isMadeUp && picture.viewBox.width > 6);
+        return answered;
     };
     for (const std::function<bool(SvgHostDocument*)>& ask :
-         {std::function(getStatistics), std::function(getViewBox)}) {
+         {std::function<bool(SvgHostDocument*)>(getStatistics),
+          std::function<bool(SvgHostDocument*)>(getViewBox),
+          std::function<bool(SvgHostDocument*)>(getPicture)}) {
         const HostDocument document;
         const QlmNode symbol = qlmCreateSymbol(document.Context(), L"SYMBOL");
         qlmSetCurrentSvgNode(document.Context(), symbol);

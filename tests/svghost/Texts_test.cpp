@@ -74,10 +74,8 @@ TEST(Texts, RunsWithoutASizeHaveThatOfTheLine)
     document.End();
     document.Use(L"PLEXORN_TEXT_1", 5, 6);
     const std::string svg = document.Write();
-    EXPECT_NE(
-        svg.find(
-            ">2<tspan font-size=\"1\">1</tspan><tspan>0</tspan><tspan font-size=\"3\">-3</tspan></text>\n"),
-        std::string::npos)
+    EXPECT_NE(svg.find(">2<tspan font-size=\"1\">1</tspan>0<tspan font-size=\"3\">-3</tspan></text>\n"),
+              std::string::npos)
         << svg;
 }
 
