@@ -194,6 +194,9 @@ class GoogleTests:
     def __init__(self, program, names):
         self.program, self.names = program, names
 
+    def __str__(self):
+        return f"{len(self.names)} tests"
+
     def command(self, path, folder):
         flags = os.path.join(folder, "flags")
         with open(flags, "w", encoding="utf-8") as file:
@@ -209,6 +212,9 @@ class Cases:
         self.module = module
         with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
             self.version = re.search(r"project\(Plexorn VERSION ([\d.]+)", file.read()).group(1)
+
+    def __str__(self):
+        return self.module
 
     def command(self, path, _):
         return [sys.executable, "-B", os.path.join(ROOT, "tests", "cli", "command_test.py"), "--failfast", self.module,
@@ -234,7 +240,7 @@ class Tests:
         """How long the part takes with the sources as they are."""
         begin = time.monotonic()
         if self.run(part.command(os.path.join(work, "bin", part.program), work), work, 1800) != 0:
-            sys.exit(f"mutate: the tests of {part.program} fail as the sources are")
+            sys.exit(f"mutate: {part} of {part.program} fail as the sources are")
         return time.monotonic() - begin
 
     def quick_and_slow(self, program, path, work):
