@@ -1,5 +1,7 @@
 #include "prepare/StrokeWidths.h"
 
+#include "prepare/CurveTolerance.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -14,8 +16,6 @@ constexpr double kSheet = 420;
 constexpr double kThinnest = 1.0 / 1500;
 // On paper, no stroke is thinner than the thinnest pen, in millimetres.
 constexpr double kThinnestPen = 0.13;
-// How far a flattened curve may be from the true one: a share of the thinnest stroke, and of the drawing.
-constexpr double kToleranceInStrokes = 1.0 / 20, kToleranceInDrawing = 1.0 / 4000;
 
 } // namespace
 
@@ -28,9 +28,7 @@ void ChooseStrokes(WriteSettings& settings, const Measured& measured, const Opti
     settings.thinnestWeight = measured.thinnestWeight == INT32_MAX ? 0 : measured.thinnestWeight;
     settings.smallestText = std::isfinite(measured.smallestText) ? measured.smallestText : 0;
     const double stroke = std::max(settings.thinnest, settings.thinnestWeight / 100.0 * settings.unitsPerMm);
-    settings.tolerance = options.tolerance > 0
-                             ? options.tolerance
-                             : std::min(stroke * kToleranceInStrokes, side * kToleranceInDrawing);
+    settings.tolerance = options.tolerance > 0 ? options.tolerance : CurveTolerance(stroke, side);
 }
 
 } // namespace prepare

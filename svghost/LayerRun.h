@@ -1,7 +1,7 @@
 // Elements on one layer, as a group.
 #pragma once
 
-#include "svghost/Layers.h"
+#include "svghost/LayerMarks.h"
 #include "svghost/XmlStream.h"
 
 #include <string_view>

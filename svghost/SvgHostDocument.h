@@ -4,7 +4,7 @@
 #include "base/CDxfArena.h"
 #include "svghost/Attributes.h"
 #include "svghost/ErrorLog.h"
-#include "svghost/Layers.h"
+#include "svghost/LayerMarks.h"
 #include "svghost/Node.h"
 #include "svghost/PathData.h"
 #include "svghost/PictureLayout.h"

@@ -5,7 +5,8 @@
 #include "svghost/DrawableNumbers.h"
 #include "svghost/ElementBytes.h"
 #include "svghost/Fills.h"
-#include "svghost/Layers.h"
+#include "svghost/LayerGroups.h"
+#include "svghost/LayerMarks.h"
 #include "svghost/Texts.h"
 #include "svghost/XmlText.h"
 
@@ -219,7 +220,7 @@ void SvgWriter::OpenDrawing()
     m_out.SetPlain("stroke-linejoin", "round");
     m_out.Set("font-family", XmlTextOf(m_fontFamily));
     if (m_groupsLayers)
-        SetLayer("Drawing");
+        SetLayer(m_out, "Drawing");
     m_out.Open();
 }
 
@@ -322,40 +323,17 @@ void SvgWriter::WriteRuns(const Container& container)
     m_run->End();
 }
 
-// The elements of each layer are together, in their order; those without a layer are in none.
 void SvgWriter::WriteLayers(const Container& container)
 {
-    std::vector<std::pair<std::wstring_view, std::vector<const Node*>>> layers;
-    std::map<std::wstring_view, std::size_t> numbers;
-    std::wstring_view layer;
-    for (const Node* node = container.first; node; node = node->next) {
-        if (const Symbol* mark = m_document.MarkAt(*node))
-            layer = LayerOf(*mark);
-        if (LayerMarkOf(*node))
-            continue;
-        const auto [place, isNew] = numbers.try_emplace(layer, layers.size());
-        if (isNew)
-            layers.push_back({layer, {}});
-        layers[place->second].second.push_back(node);
-    }
-    for (const auto& [name, nodes] : layers) {
-        if (!name.empty()) {
-            m_out.Begin("g");
-            SetLayer(XmlTextOf(name));
-            m_out.Set("data-layer", XmlTextOf(name));
-            m_out.Open();
-        }
-        for (const Node* node : nodes)
+    for (const LayerGroup& group : LayerGroupsOf(m_document, container)) {
+        const bool hasLayer = !group.layer.empty();
+        if (hasLayer)
+            OpenLayer(m_out, group.layer);
+        for (const Node* node : group.nodes)
             WriteNode(*node);
-        if (!name.empty())
+        if (hasLayer)
             m_out.Close("g");
     }
-}
-
-void SvgWriter::SetLayer(std::string_view name)
-{
-    m_out.SetPlain("inkscape:groupmode", "layer");
-    m_out.Set("inkscape:label", name);
 }
 
 bool SvgWriter::HasRoom(std::size_t longBytes)
@@ -497,7 +475,7 @@ void SvgWriter::WritePart(const Use& use, const Symbol& part)
     SetPlace(use);
     SetStyle(use);
     if (m_groupsLayers && IsWrap(part))
-        SetLayer("Drawing");
+        SetLayer(m_out, "Drawing");
     m_out.Open();
     const double scale = std::exchange(m_scale, part.meanScale);
     WriteContents(part);

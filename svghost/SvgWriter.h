@@ -39,7 +39,6 @@ private:
     void WriteContents(const Container& container);
     void WriteRuns(const Container& container);
     void WriteLayers(const Container& container);
-    void SetLayer(std::string_view name);
 
     // Whether the file has room for an element, so much of it in what may be long; counts those without.
     bool HasRoom(std::size_t longBytes);

@@ -2,11 +2,11 @@
 
 #include "base/Pi.h"
 #include "prepare/drawing/EntityFields.h"
+#include "prepare/drawing/ReadAcadTable.h"
 #include "prepare/drawing/ReadDimension.h"
 #include "prepare/drawing/ReadHatch.h"
 #include "prepare/drawing/ReadLeader.h"
 #include "prepare/drawing/ReadMultiLeader.h"
-#include "prepare/drawing/ReadTable.h"
 #include "prepare/drawing/ReadTexts.h"
 
 #include <cmath>
@@ -487,7 +487,7 @@ ReadFunction ReadFunctionOf(EntityType type)
     case EntityType::Hatch:
         return ReadHatch;
     case EntityType::Table:
-        return ReadTable;
+        return ReadAcadTable;
     case EntityType::Image:
     case EntityType::Wipeout:
         return ReadByTable<kImage, Image>;

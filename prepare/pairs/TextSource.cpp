@@ -1,7 +1,5 @@
 #include "prepare/pairs/TextSource.h"
 
-#include "base/Letters.h"
-#include "base/Numbers.h"
 #include "base/Utf8.h"
 #include "prepare/pairs/BinaryText.h"
 #include "prepare/pairs/Utf16Text.h"
@@ -34,32 +32,6 @@ bool HasLoneCarriageReturn(const char* bytes, std::size_t size)
     return lone != 0;
 }
 
-enum class LineKind { Empty, Code, Other };
-
-// Takes a line, with its end, from the front of a text that has one.
-LineKind TakeLine(std::string_view& text)
-{
-    const std::size_t end = text.find('\n');
-    const std::string_view line = Trim(text.substr(0, end));
-    text.remove_prefix(end + 1);
-    std::int32_t code = 0;
-    if (line.empty())
-        return LineKind::Empty;
-    return ParseWholeCode(line, code) ? LineKind::Code : LineKind::Other;
-}
-
-// Whether an empty line follows each line, as when a program made two line ends of "\r\n". The first three
-// lines of a drawing are a code, a word or a comment, and a code.
-bool AreLinesSpaced(std::string_view front)
-{
-    constexpr LineKind kSpaced[] = {LineKind::Code,  LineKind::Empty, LineKind::Other,
-                                    LineKind::Empty, LineKind::Code,  LineKind::Empty};
-    if (std::count(front.begin(), front.end(), '\n') < std::ssize(kSpaced))
-        return false;
-    return std::all_of(std::begin(kSpaced), std::end(kSpaced),
-                       [&](LineKind kind) { return TakeLine(front) == kind; });
-}
-
 } // namespace
 
 bool TextSource::Decodes(std::string_view front)
@@ -85,7 +57,7 @@ std::ptrdiff_t TextSource::Read(char* bytes, std::size_t size)
             if (m_isSpaced || HasLoneCarriageReturn(bytes, valid) || (valid != 0 && bytes[valid - 1] == '\r'))
                 valid = NormaliseLineEnds(bytes, valid);
             if (m_isSpaced)
-                valid = LeaveOutSpaces(bytes, valid);
+                valid = m_emptyLines.LeaveOut(bytes, valid);
             BlankInnerEndBytes(bytes, valid);
             if (valid != 0 || count == 0)
                 return static_cast<std::ptrdiff_t>(valid);
@@ -122,19 +94,6 @@ std::size_t TextSource::NormaliseLineEnds(char* bytes, std::size_t size)
         *out++ = bytes[i];
     }
     return static_cast<std::size_t>(std::fill_n(out, returns, '\n') - bytes);
-}
-
-// Takes out the empty line after each line; returns the new size.
-std::size_t TextSource::LeaveOutSpaces(char* bytes, std::size_t size)
-{
-    char* out = bytes;
-    for (std::size_t i = 0; i < size; ++i) {
-        const bool isEnd = bytes[i] == '\n';
-        if (!isEnd || !m_isAfterLine)
-            *out++ = bytes[i];
-        m_isAfterLine = isEnd && !m_isAfterLine;
-    }
-    return static_cast<std::size_t>(out - bytes);
 }
 
 // A text can hold the byte that ends a file where it begins a line.
@@ -177,7 +136,7 @@ void TextSource::Begin()
         return;
     std::string lines = m_front;
     lines.resize(NormaliseLineEnds(lines.data(), lines.size()));
-    m_isSpaced = AreLinesSpaced(lines);
+    m_isSpaced = AreLineEndsDoubled(lines);
 }
 
 std::ptrdiff_t TextSource::ReadRaw(char* bytes, std::size_t size)

@@ -3,6 +3,7 @@
 
 #include "input/CDxfSource.h"
 #include "prepare/pairs/Decoder.h"
+#include "prepare/pairs/DoubledLineEnds.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -57,7 +58,6 @@ private:
     std::ptrdiff_t ReadDecoded(char* bytes, std::size_t size);
     std::size_t HoldCarriageReturns(const char* bytes, std::size_t size);
     static std::size_t NormaliseLineEnds(char* bytes, std::size_t size);
-    std::size_t LeaveOutSpaces(char* bytes, std::size_t size);
     void BlankInnerEndBytes(char* bytes, std::size_t size);
 
     CDxfSource& m_source;
@@ -70,7 +70,7 @@ private:
     std::uint64_t m_bytesRead = 0;
     char m_last = '\n'; // the byte given out last
     bool m_isSpaced = false;
-    bool m_isAfterLine = false; // where an empty line is left out
+    EmptyLines m_emptyLines;
     bool m_hasBegun = false;
     bool m_hasEnded = false;
     bool m_hasFailed = false;

@@ -1,7 +1,7 @@
 #include "prepare/plain/DrawEntity.h"
 
+#include "prepare/plain/DrawAnnotations.h"
 #include "prepare/plain/DrawGeometry.h"
-#include "prepare/plain/DrawNotes.h"
 #include "prepare/plain/DrawTexts.h"
 
 namespace prepare {
@@ -10,7 +10,7 @@ bool DrawEntity(const Entity& entity, const Placement& placement, const PartStyl
 {
     const bool isDrawn = DrawGeometry(entity, placement, styleOf) || DrawTexts(entity, placement, styleOf);
     // A MULTILEADER is both: its lines are geometry, its text is a note.
-    return DrawNotes(entity, placement, styleOf) || isDrawn;
+    return DrawAnnotations(entity, placement, styleOf) || isDrawn;
 }
 
 } // namespace prepare

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Pi.h"
 #include "base/Utf8.h"
+#include "prepare/plain/LineTypeShapes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -59,18 +60,6 @@ double AngleOfParameter(double ratio, double parameter)
     return std::atan2(ratio * std::sin(parameter), std::cos(parameter));
 }
 
-// Whether next to nothing is seen of such a line but its shapes, which are not drawn.
-bool IsAllShapes(const LineType& lineType)
-{
-    constexpr double kLeastShare = 0.25;
-    double drawn = 0, whole = 0;
-    for (const double length : lineType.dashes) {
-        drawn += std::max(length, 0.0);
-        whole += std::fabs(length);
-    }
-    return lineType.hasShapes && drawn < kLeastShare * whole;
-}
-
 // How many bytes at the start of a text are characters of ASCII that can be seen, or blanks.
 std::size_t CountPlain(std::string_view text)
 {
@@ -104,7 +93,7 @@ std::vector<double> DashesForModule(const LineType& lineType, double scale, doub
                                     std::size_t mostLengths)
 {
     constexpr double kFarShorter = 4; // a pattern so much shorter than the stroke is wide only blurs
-    if (!std::isfinite(scale) || !(scale > 0) || IsAllShapes(lineType))
+    if (!std::isfinite(scale) || !(scale > 0) || IsNearlyAllShapes(lineType))
         return {};
     std::vector<double> pattern = Alternating(lineType.dashes, scale, width);
     Limit(pattern, mostLengths);

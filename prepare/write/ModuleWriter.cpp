@@ -3,6 +3,7 @@
 #include "base/Decimals.h"
 #include "base/Numbers.h"
 #include "prepare/write/AgreedBlocks.h"
+#include "prepare/write/ModuleDecimals.h"
 #include "prepare/write/ModuleFills.h"
 
 #include <algorithm>
@@ -78,12 +79,6 @@ Point2 OriginOf(const Box& reach)
     // Of few digits, so that the coordinates keep theirs.
     const double step = PowerOfTen(static_cast<int>(std::floor(std::log10(size))));
     return {std::nearbyint(middle.x / step) * step, std::nearbyint(middle.y / step) * step};
-}
-
-// A thousandth of the thinnest stroke is more than anybody sees.
-int DecimalsFor(double stroke)
-{
-    return std::clamp(static_cast<int>(std::ceil(3 - std::log10(stroke))), 0, 15);
 }
 
 void Point(PairWriter& pairs, int code, Point2 p)
@@ -227,7 +222,7 @@ bool ModuleWriter::Finish(const ByteFunction& write)
 {
     const Wrap wrap = ChooseWrap(m_settings, m_model.Reach());
     const ModuleStyles styles(m_styles, m_settings, wrap.factor);
-    const int decimals = DecimalsFor(wrap.stroke);
+    const int decimals = ModuleDecimals(wrap.stroke);
     ModuleTexts texts;
     ModuleLayers layers(m_drawing, m_styles, m_blocks, m_settings.marksLayers);
     ModuleCollector collector(m_blocks.size(), texts, wrap.factor, decimals);

@@ -1,7 +1,7 @@
 // Draws one text or note and gives what came out as lines of text.
 #pragma once
 
-#include "prepare/plain/DrawNotes.h"
+#include "prepare/plain/DrawAnnotations.h"
 #include "prepare/plain/DrawTexts.h"
 #include "support/RecordingSink.h"
 
@@ -30,7 +30,7 @@ struct TextTrial {
             return style;
         };
         report.BeginEntity();
-        if (!DrawTexts(entity, placement, styleOf) && !DrawNotes(entity, placement, styleOf))
+        if (!DrawTexts(entity, placement, styleOf) && !DrawAnnotations(entity, placement, styleOf))
             sink.lines.push_back("not a text");
         return std::move(sink.lines);
     }

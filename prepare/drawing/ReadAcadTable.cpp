@@ -1,4 +1,4 @@
-#include "prepare/drawing/ReadTable.h"
+#include "prepare/drawing/ReadAcadTable.h"
 
 #include "prepare/drawing/EntityFields.h"
 
@@ -52,7 +52,7 @@ constexpr auto kTable = EntityFields<Table>({
 
 } // namespace
 
-std::unique_ptr<Entity> ReadTable(RecordReader& reader)
+std::unique_ptr<Entity> ReadAcadTable(RecordReader& reader)
 {
     return ReadByTable<kTable, Table>(reader);
 }

@@ -8,6 +8,6 @@ namespace prepare {
 
 // The frame of a TOLERANCE, the text of a MULTILEADER, and an ACAD_TABLE that has no picture block: false
 // when the type is not among them.
-bool DrawNotes(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
+bool DrawAnnotations(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
 } // namespace prepare

@@ -8,6 +8,6 @@
 namespace prepare {
 
 // Reads one; its type's name has been read.
-std::unique_ptr<Entity> ReadTable(RecordReader& reader);
+std::unique_ptr<Entity> ReadAcadTable(RecordReader& reader);
 
 } // namespace prepare

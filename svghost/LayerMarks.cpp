@@ -1,4 +1,4 @@
-#include "svghost/Layers.h"
+#include "svghost/LayerMarks.h"
 
 #include "svghost/AgreedSymbols.h"
 

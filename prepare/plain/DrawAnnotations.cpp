@@ -1,4 +1,4 @@
-#include "prepare/plain/DrawNotes.h"
+#include "prepare/plain/DrawAnnotations.h"
 
 #include "prepare/plain/DrawMultiLeader.h"
 #include "prepare/plain/DrawTable.h"
@@ -6,7 +6,7 @@
 
 namespace prepare {
 
-bool DrawNotes(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
+bool DrawAnnotations(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
 {
     switch (entity.type) {
     case EntityType::Tolerance:
