@@ -1,5 +1,7 @@
 #include "prepare/plain/DrawCurves.h"
 
+#include "prepare/plain/DrawPoint.h"
+
 namespace prepare {
 
 namespace {
@@ -17,11 +19,13 @@ EllipticArc CircleAround(Point3 centre, double radius, const Matrix& matrix)
 
 } // namespace
 
+// Programs show a line without length, or one that is seen end-on, as a dot.
 void DrawLine(const Line& line, Pen& pen)
 {
-    const Point2 start = pen.Place().matrix.Flat(line.start), end = pen.Place().matrix.Flat(line.end);
-    if (start == end && !(line.start == line.end))
-        pen.Report(Finding::NotShown, "seen end-on");
+    const Matrix& matrix = pen.Place().matrix;
+    const Point2 start = matrix.Flat(line.start), end = matrix.Flat(line.end);
+    if (start == end)
+        return DrawDot(start, pen);
     pen.Line(start, end);
 }
 

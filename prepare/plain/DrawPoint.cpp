@@ -26,16 +26,6 @@ struct Mark {
     void Line(Point2 from, Point2 to) const { pen.Line(At(from.x, from.y), At(to.x, to.y)); }
 };
 
-// As long as the thinnest stroke is wide, for a tolerance that was chosen by it. While the drawing is being
-// measured there is no such tolerance yet, and the dot is its centre.
-void DrawDot(Point2 point, Pen& pen)
-{
-    constexpr double kTolerancesOfStroke = 20;
-    const bool isMeasuring = pen.Place().scale.PointSize() == 0 && pen.Place().scale.Reach().IsEmpty();
-    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().scale.Tolerance() / 2;
-    pen.Line({point.x - half, point.y}, {point.x + half, point.y});
-}
-
 // The lines of plus and times reach out of a circle or square around them.
 void DrawShape(const Mark& mark, std::int32_t shape)
 {
@@ -53,6 +43,14 @@ void DrawShape(const Mark& mark, std::int32_t shape)
 }
 
 } // namespace
+
+void DrawDot(Point2 point, Pen& pen)
+{
+    constexpr double kTolerancesOfStroke = 20;
+    const bool isMeasuring = pen.Place().scale.PointSize() == 0 && pen.Place().scale.Reach().IsEmpty();
+    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().scale.Tolerance() / 2;
+    pen.Line({point.x - half, point.y}, {point.x + half, point.y});
+}
 
 void DrawPoint(const PointEntity& point, Pen& pen)
 {

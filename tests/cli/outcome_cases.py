@@ -255,9 +255,6 @@ class PreparedShares(OutcomeTest):
     ONE = ("10", "1", "20", "2")
     # Nothing of these is seen, and they are not shown.
     MISSING = {
-        "LINE without points": ("0", "LINE"),
-        "LINE without length": ("0", "LINE", *ONE, "11", "1", "21", "2"),
-        "LINE end-on": ("0", "LINE", *ONE, "11", "1", "21", "2", "31", "5"),
         "CIRCLE without radius": ("0", "CIRCLE", *ONE),
         "ARC without radius": ("0", "ARC", *ONE, "50", "0", "51", "90"),
         "ARC of equal angles": ("0", "ARC", *ONE, "40", "3", "50", "30", "51", "30"),
@@ -292,6 +289,13 @@ class PreparedShares(OutcomeTest):
         "3DSOLID": ("0", "3DSOLID"),
         "INSERT of no block": insert("NOWHERE"),
         "LINE with a broken number": ("0", "LINE", *ONE, "11", "nan"),
+    }
+    # These are dots.
+    DOTS = {
+        "LINE without points": ("0", "LINE"),
+        "LINE without length": ("0", "LINE", *ONE, "11", "1", "21", "2"),
+        "LINE end-on": ("0", "LINE", *ONE, "11", "1", "21", "2", "31", "5"),
+        "POINT": ("0", "POINT", *ONE),
     }
     # Nothing of these is seen either, as their drawings want it.
     SHOWN = {
@@ -337,8 +341,19 @@ class PreparedShares(OutcomeTest):
                         self.assertEqual(self.count_shapes(), 1 if beside else 0)
             self.assertIn("shown:" if name != "INSERT of no block" else "", self.expect(6, "plan.dxf"))
 
+    def test_what_is_a_dot_is_shown(self):
+        for name, lines in self.DOTS.items():
+            for beside in (LINE, ()):
+                for profile in ("standard", "module"):
+                    with self.subTest(name=name, beside=beside, profile=profile):
+                        count = 1 + len(beside) // len(LINE)
+                        self.assert_adds_up(entities(*beside, *lines), count, {})
+                        self.assertEqual(self.count_shapes(), count)
+                        self.plexorn("prepare", "--for", profile, "-o", "out.dxf", "plan.dxf")
+                        self.assertEqual(self.read("out.dxf").count("\nLINE\n"), count)
+
     def test_it_is_missing_in_blocks_too(self):
-        for name in ("LINE without length", "CIRCLE without radius", "TOLERANCE without text"):
+        for name in ("LWPOLYLINE in one place", "CIRCLE without radius", "TOLERANCE without text"):
             lines = self.MISSING[name]
             with self.subTest(name=name):
                 content = blocks(*block("A", *LINE, *lines)) + entities(*insert("A"), *insert("A", "50", "30"))

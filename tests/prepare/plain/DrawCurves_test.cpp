@@ -61,6 +61,21 @@ TEST(DrawLine, AnExtrusionDoesNotCount)
     EXPECT_EQ(stage.Draw(line), Lines{"line 0,0 1,0"});
 }
 
+TEST(DrawLine, WithoutLengthOrSeenEndOnIsADotAsAPointIs)
+{
+    Stage stage;
+    Line line;
+    line.start = line.end = {10, 20, 0};
+    EXPECT_EQ(stage.Draw(line), Lines{"line 9.9,20 10.1,20"});
+    line.end.z = 5;
+    EXPECT_EQ(stage.Draw(line), Lines{"line 9.9,20 10.1,20"});
+    line.end.x = kInfinity;
+    line.start = line.end;
+    EXPECT_TRUE(stage.Findings().empty());
+    EXPECT_EQ(stage.Draw(line), Lines{});
+    EXPECT_EQ(stage.Findings(), Lines{"not shown: numbers out of range"});
+}
+
 TEST(DrawLine, InfiniteCoordinatesAreReported)
 {
     Stage stage;
