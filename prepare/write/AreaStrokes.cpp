@@ -18,13 +18,15 @@ constexpr double kWidthStep = 0.01;
 constexpr double kWidest = 1e7;
 
 // Strips: as many as that, of two strokes at least, where an area has more edges than can be covered from its
-// edges at once.
+// edges at once. They are narrower in a jagged area: along its short edges go narrow strokes only.
 constexpr double kStrips = 10, kNarrowestStrip = 2;
 constexpr std::size_t kEdgesWithoutStrips = 8;
-constexpr std::size_t kMostStrokes = 200;
+constexpr std::size_t kMostStrips = 200;
 // Where strips meet the edges, the strokes along these are so much wider than the strips, overlap them by
 // that, and let that of a strip's ends free.
 constexpr double kEdgeInStrips = 1.25, kOverlap = 0.1, kFreeEnd = 0.5, kStripStep = 0.95;
+// Strips overlap by that many strokes at least: such a stroke is about a pixel, and no seam is to be seen.
+constexpr double kStripOverlap = 0.5;
 
 // Strokes along edges become narrower by this until they fit. A point that is as far from its nearest edge as
 // a stroke is wide has twice the room across that edge: so one of a stroke's half width does, with some
@@ -42,7 +44,7 @@ constexpr double kMostBeyond = 4; // widths, past an edge's end where the area g
 constexpr double kOutside = 1.0 / 200;
 
 constexpr std::uint64_t kLooksAnyhow = 2000, kLooksOfEdge = 512;
-constexpr std::size_t kPointsAnyhow = 400, kPointsOfEdge = 4;
+constexpr std::size_t kPointsAnyhow = 400, kPointsOfEdge = 6;
 constexpr std::uint32_t kNone = UINT32_MAX;
 
 // An edge, seen so that the area may be to its left.
@@ -159,6 +161,7 @@ private:
     bool Joins(double turn, double width) const;
     bool FitsAlong(const Side& side, double width) const;
     void CoverEdges(double width);
+    void JoinRest();
     void FindPieces(const Stretch& stretch, double width);
     void FindBlocked(const Side& side, Range range, double width);
     void Connect(double width);
@@ -175,7 +178,7 @@ private:
     std::uint64_t m_ownLooks;
     std::uint64_t m_spareLooks;
     Box m_box;
-    double m_meanHeight; // over the edges: of a triangle, how far its middle is from them
+    double m_meanHeight; // over the edges: of a triangle, how far its middle is from them; if jagged, less
     double m_thin;       // the least width
     std::vector<Side> m_sides;
     std::vector<Stretch> m_open;                   // what is not covered
@@ -243,8 +246,7 @@ void Coverer::AddSides(std::size_t firstEdge, std::size_t count, bool isReversed
 bool Coverer::IsSpent() const
 {
     return m_grid.Looks() > m_ownLooks + m_spareLooks ||
-           m_points > kPointsAnyhow + kPointsOfEdge * m_edges.size() ||
-           m_strokes.size() > 2 * (kMostStrokes + m_rings);
+           m_points > kPointsAnyhow + kPointsOfEdge * m_edges.size();
 }
 
 std::vector<AreaStroke> Coverer::Cover()
@@ -254,7 +256,7 @@ std::vector<AreaStroke> Coverer::Cover()
         return OneStroke();
     double width = m_edges.size() == 3 ? m_meanHeight + kWidthStep : 0.75 * across;
     if (m_edges.size() > kEdgesWithoutStrips) {
-        double height = std::max(across / kStrips, kNarrowestStrip * m_stroke);
+        double height = std::max(std::min(across / kStrips, m_meanHeight), kNarrowestStrip * m_stroke);
         while (!AddStrips(WrittenWidth(height)))
             height *= 2;
         width = std::min(width, kEdgeInStrips * height);
@@ -368,12 +370,13 @@ bool Coverer::AddStrips(double height)
     m_strokes.clear();
     if (!(low < high) || !(height < kWidest))
         return true;
-    const double more = std::ceil(std::max(high - low - height, 0.0) / (kStripStep * height));
+    const double most = std::min(kStripStep * height, height - kStripOverlap * m_stroke);
+    const double more = std::ceil(std::max(high - low - height, 0.0) / most);
     const double step = more > 0 ? (high - low - height) / more : 0;
     const double first = more > 0 ? low : (low + high - height) / 2;
     for (double i = 0; i <= more; ++i) { // NOLINT(cert-flp30-c): whole numbers
         AddStrip(first + i * step, height);
-        if (m_strokes.size() > kMostStrokes)
+        if (m_strokes.size() > kMostStrips)
             return false;
     }
     return true;
@@ -449,7 +452,24 @@ void Coverer::CoverEdges(double width)
     Connect(width);
     for (const Piece& piece : m_pieces)
         m_atStart[piece.side] = m_atEnd[piece.side] = kNone;
+    JoinRest();
     std::swap(m_open, m_rest);
+}
+
+// What is left around a corner may have been noted twice. A side has one piece that reaches its end.
+void Coverer::JoinRest()
+{
+    std::sort(m_rest.begin(), m_rest.end(), [](const Stretch& a, const Stretch& b) {
+        return a.side != b.side ? a.side < b.side : a.from < b.from;
+    });
+    std::size_t count = 0;
+    for (const Stretch& stretch : m_rest) {
+        if (count > 0 && m_rest[count - 1].side == stretch.side && stretch.from <= m_rest[count - 1].to)
+            m_rest[count - 1].to = std::max(m_rest[count - 1].to, stretch.to);
+        else
+            m_rest[count++] = stretch;
+    }
+    m_rest.resize(count);
 }
 
 // Collects in m_blocked what other edges leave no room for along the side.
@@ -589,22 +609,28 @@ void Coverer::DrawFrom(std::uint32_t first, double width)
         to -= half * std::tan(side.turn / 2);
         return (from + to) / 2;
     };
+    const auto endOf = [&](const Piece& piece) {
+        const Side& side = m_sides[piece.side];
+        return IsJoined(piece, width) ? side.length - half * std::tan(side.turn / 2) : piece.to;
+    };
+    double from = begin.from;
     if (isClosed)
         stroke.points.push_back(m_sides[begin.side].At(middleOf(m_sides[begin.side]), half));
-    else if (begin.from < begin.to)
-        stroke.points.push_back(m_sides[begin.side].At(begin.from, half));
+    else if (from < endOf(begin)) // else it would run back to the corner
+        stroke.points.push_back(m_sides[begin.side].At(from, half));
     std::uint32_t at = first;
     while (true) {
         Piece& piece = m_pieces[at];
         piece.isDrawn = true;
         const Side& side = m_sides[piece.side];
         if (!IsJoined(piece, width)) {
-            if (piece.from < piece.to)
+            if (from < piece.to)
                 stroke.points.push_back(side.At(piece.to, half));
             break;
         }
         const Side& next = m_sides[side.next];
-        stroke.points.push_back(side.At(side.length - half * std::tan(side.turn / 2), half));
+        stroke.points.push_back(side.At(endOf(piece), half));
+        from = half * std::tan(side.turn / 2);
         at = m_atStart[side.next];
         if (at == first) {
             stroke.points.push_back(next.At(middleOf(next), half));
