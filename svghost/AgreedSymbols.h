@@ -16,7 +16,8 @@ inline constexpr std::wstring_view kMaskPrefix = L"PLEXORN_FILL_MASK_";
 // or to the symbol's origin, as the anchor of the first one says. Or one use of such a symbol is in it.
 inline constexpr std::wstring_view kTextPrefix = L"PLEXORN_TEXT_";
 
-// The same of one text without an anchor: it is as wide as puts its middle or its end at the symbol's origin.
+// The same of texts without an anchor, which begin at their own places: the line is as wide as puts its
+// middle or its end at the symbol's origin.
 inline constexpr std::wstring_view kMiddleTextPrefix = L"PLEXORN_TEXT_MIDDLE_";
 inline constexpr std::wstring_view kEndTextPrefix = L"PLEXORN_TEXT_END_";
 

@@ -17,6 +17,18 @@ std::size_t BytesOfExtras(const Node& node)
     return bytes;
 }
 
+// Those of the texts of a line, and of the elements that they are in, but for the line's own.
+std::size_t BytesOfWriting(const Symbol& writing)
+{
+    constexpr std::size_t kRunBytes = 150;
+    const Use* const inner = InnerUse(writing);
+    const Symbol& line = inner ? *inner->target->definition : writing;
+    std::size_t bytes = LengthOfWriting(line);
+    for (const Node* run = line.first->next; run; run = run->next)
+        bytes += kRunBytes;
+    return bytes;
+}
+
 } // namespace
 
 std::size_t LongBytesOf(const SvgHostDocument& document, const Node& node)
@@ -40,7 +52,7 @@ std::size_t LongBytesOf(const SvgHostDocument& document, const Node& node)
 std::size_t LongBytesOf(const Symbol& symbol)
 {
     if (symbol.isWriting)
-        return LengthOfWriting(symbol);
+        return BytesOfWriting(symbol);
     std::size_t bytes = 0;
     if (symbol.isFill)
         ForFillEdges(symbol, [&](const Shape& edge) { bytes += edge.data.size(); });

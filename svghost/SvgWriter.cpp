@@ -98,6 +98,17 @@ std::size_t BlanksAtEnd(const Text& run)
     return last == run.text.npos ? 0 : run.text.size() - 1 - last;
 }
 
+const Text* NextRun(const Text& run)
+{
+    return static_cast<const Text*>(run.next);
+}
+
+bool HasOtherSize(const Text& run, const Text& first)
+{
+    const double size = run.Number(AttributeId::FontSize, 0);
+    return IsDrawable(size) && size != 0 && size != first.Number(AttributeId::FontSize, 0);
+}
+
 bool IsStretched(const Use& use)
 {
     return std::fabs(use.Number(AttributeId::ScaleX, 1)) != std::fabs(use.Number(AttributeId::ScaleY, 1));
@@ -483,8 +494,8 @@ void SvgWriter::WritePart(const Use& use, const Symbol& part)
     m_out.Close("g");
 }
 
-// One element, so that people find and select the words where they see them. Each run follows the one before
-// in the viewer's own font; all have the anchor of the first.
+// One element, so that people find and select the words where they see them. All runs have the anchor of the
+// first.
 void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
 {
     m_out.Begin("text");
@@ -501,7 +512,10 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
     const Text& first = static_cast<const Text&>(*line->first);
     const double size = first.Number(AttributeId::FontSize, 0);
     const double spread = IsDrawable(size) ? SpreadOfWriting(*line) * std::fabs(size) : 0;
-    if (first.x != 0 && (!first.next || spread > 0))
+    const float width = WidthOfWriting(*line);
+    // Some viewers take stretched runs for as wide as unstretched ones, and misplace those that follow.
+    const bool arePlaced = first.next && IsStretched(use) && !first.Find(AttributeId::TextAnchor);
+    if (first.x != 0 && !arePlaced && (!first.next || width > 0))
         m_out.SetPlain("x", first.x);
     if (first.y != 0)
         m_out.SetPlain("y", first.y);
@@ -513,38 +527,68 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
     if (keepsBlanks)
         m_out.SetPlain("xml:space", "preserve");
     SetExtras(first);
-    if (const float width = WidthOfWriting(*line); width > 0) {
-        m_out.SetPlain("textLength", width);
-        m_out.SetPlain("lengthAdjust", "spacingAndGlyphs");
-    }
-    // Viewers that do not know the spacing of words show runs that are stretched at wrong places.
-    const bool isSpacing = spread > 0 && IsStretched(use);
-    if (isSpacing)
-        m_out.SetPlain("word-spacing", static_cast<float>(spread));
-    m_out.OpenText(first.text);
-    for (const Text* run = &first; run->next; run = static_cast<const Text*>(run->next))
-        WriteRun(static_cast<const Text&>(*run->next), first,
-                 isSpacing ? 0 : spread * static_cast<double>(BlanksAtEnd(*run)));
+    if (width > 0 && !arePlaced)
+        SetLength(width);
+    if (arePlaced)
+        WritePlacedRuns(first, spread, width);
+    else
+        WriteFollowingRuns(first, spread);
     m_out.Close("text");
 }
 
-// shift: how much farther than usual it is from the run before. One that looks like the first needs no
-// element.
-void SvgWriter::WriteRun(const Text& run, const Text& first, double shift)
+void SvgWriter::SetLength(double length)
 {
-    const double size = run.Number(AttributeId::FontSize, 0);
-    const bool hasSize = IsDrawable(size) && size != 0 && size != first.Number(AttributeId::FontSize, 0);
-    const bool hasColour = run.stroke != first.stroke;
-    if (shift == 0 && !hasSize && !hasColour)
-        return m_out.AddText(run.text);
-    m_out.Begin("tspan");
-    if (shift != 0)
-        m_out.SetPlain("dx", static_cast<float>(shift));
-    if (hasColour)
+    m_out.SetPlain("textLength", static_cast<float>(length));
+    m_out.SetPlain("lengthAdjust", "spacingAndGlyphs");
+}
+
+// Each run follows the one before, after blanks that are wider by the spread.
+void SvgWriter::WriteFollowingRuns(const Text& first, double spread)
+{
+    m_out.OpenText(first.text);
+    for (const Text* run = &first; const Text* next = NextRun(*run); run = next) {
+        const double shift = spread * static_cast<double>(BlanksAtEnd(*run));
+        const double drop = static_cast<double>(next->y) - run->y;
+        if (shift == 0 && drop == 0 && !HasOtherSize(*next, first) && next->stroke == first.stroke) {
+            m_out.AddText(next->text);
+            continue;
+        }
+        m_out.Begin("tspan");
+        if (shift != 0)
+            m_out.SetPlain("dx", static_cast<float>(shift));
+        if (drop != 0)
+            m_out.SetPlain("dy", static_cast<float>(drop));
+        SetLook(*next, first);
+        m_out.SetRun(next->text);
+    }
+}
+
+// Each run is at its own place, and so wide that it ends where the next one begins.
+void SvgWriter::WritePlacedRuns(const Text& first, double spread, double width)
+{
+    m_out.OpenText({});
+    for (const Text *run = &first, *last = &first; run; last = run, run = NextRun(*run)) {
+        m_out.Begin("tspan");
+        m_out.SetPlain("x", run->x);
+        if (run->y != last->y)
+            m_out.SetPlain("y", run->y);
+        const Text* const next = NextRun(*run);
+        const double end = next ? next->x : width > 0 ? first.x + width : run->x;
+        const double length = end - run->x - spread * static_cast<double>(BlanksAtEnd(*run));
+        if (length > 0)
+            SetLength(length);
+        SetLook(*run, first);
+        m_out.SetRun(run->text);
+    }
+}
+
+// What the run does not have from the first one of its line.
+void SvgWriter::SetLook(const Text& run, const Text& first)
+{
+    if (run.stroke != first.stroke)
         m_out.SetPlain("fill", StrokeColour(run.stroke));
-    if (hasSize)
-        m_out.SetPlain("font-size", std::fabs(size));
-    m_out.SetRun(run.text);
+    if (HasOtherSize(run, first))
+        m_out.SetPlain("font-size", std::fabs(run.Number(AttributeId::FontSize, 0)));
 }
 
 // The area between the edges has their colour, or hides with the background's what was drawn before. A point

@@ -53,7 +53,10 @@ private:
     void WriteFill(const Symbol& fill);
     void WritePart(const Use& use, const Symbol& part);
     void WriteLineOfText(const Use& use, const Symbol& writing);
-    void WriteRun(const Text& run, const Text& first, double shift);
+    void SetLength(double length);
+    void WriteFollowingRuns(const Text& first, double spread);
+    void WritePlacedRuns(const Text& first, double spread, double width);
+    void SetLook(const Text& run, const Text& first);
     void SetPlace(const Use& use);
     void PutPlace(const Use& use);
     void OpenGroup(const Container& group);

@@ -53,13 +53,9 @@ float WidthOfWriting(const Symbol& writing)
     const Text& text = static_cast<const Text&>(*writing.first);
     if (text.x >= 0 || text.Find(AttributeId::TextAnchor))
         return 0;
-    if (SpreadOfWriting(writing) > 0)
-        return -text.x;
-    if (text.next)
-        return 0;
     if (writing.name->name.starts_with(kMiddleTextPrefix))
         return -2 * text.x;
-    return writing.name->name.starts_with(kEndTextPrefix) ? -text.x : 0;
+    return writing.name->name.starts_with(kEndTextPrefix) || SpreadOfWriting(writing) > 0 ? -text.x : 0;
 }
 
 double SpreadOfWriting(const Symbol& writing)

@@ -209,8 +209,8 @@ private:
         return share == 0 ? Anchor::Start : share < 1 ? Anchor::Middle : Anchor::End;
     }
 
-    // Parts that can be written as one: from the first on, those at the same height in letters of the same
-    // proportions, without a tab or a fraction between them.
+    // Parts that can be written as one: from the first on, those in letters of the same proportions, without
+    // a tab or a fraction between them.
     std::size_t EndOfRuns(const TextLine& line, std::size_t first) const
     {
         const auto lookOf = [&](std::size_t i) { return m_content.looks[line.parts[i].look]; };
@@ -218,8 +218,7 @@ private:
         std::size_t end = first + 1;
         while (line.parts[first].kind == Kind::Letters && end < line.parts.size() &&
                line.parts[end].kind == Kind::Letters && !line.parts[end].isAfterTab &&
-               lookOf(end).widthFactor == look.widthFactor && lookOf(end).slant == look.slant &&
-               RaiseOf(lookOf(end), line.height) == RaiseOf(look, line.height))
+               lookOf(end).widthFactor == look.widthFactor && lookOf(end).slant == look.slant)
             ++end;
         return end;
     }

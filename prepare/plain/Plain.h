@@ -71,7 +71,7 @@ public:
                          double end) = 0;
     virtual void Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed) = 0;
     virtual void Text(const Style& style, const PlainText& text) = 0;
-    // A line of writing: texts on one base line, in letters of the same proportions, each at its own place.
+    // A line of writing: texts along one line, in letters of the same proportions, each at its own place.
     // The line begins, is centred or ends at point, as the anchor of its texts says. If spread is above 0,
     // the blanks between its texts are wider than usual by that, in lengths of the first one's along, and the
     // line ends at point while each text begins at its own. A sink that knows no runs takes texts.

@@ -71,9 +71,9 @@ public:
     // finite is left out and reported.
     void Draw(const Style& style, const TextPiece& piece);
 
-    // Pieces on one base line and of one width factor and slant, each at its own place; u is that of the
-    // whole line's anchor. If spread is above 0, the blanks between them are wider than usual by that, and u
-    // is where the line ends.
+    // Pieces along one line and of one width factor and slant, each at its own place; u is that of the whole
+    // line's anchor, at the height of the first one. If spread is above 0, the blanks between them are wider
+    // than usual by that, and u is where the line ends.
     void DrawRuns(double u, double spread, std::span<const StyledPiece> pieces);
 
     // A line that belongs to the text, from and to its own coordinates.

@@ -12,13 +12,13 @@ inline constexpr std::string_view kFillPrefix = "PLEXORN_FILL_";
 // The same of an area that hides what was drawn before it: in the background's colour.
 inline constexpr std::string_view kMaskPrefix = "PLEXORN_FILL_MASK_";
 
-// What begins the name of a block that is a line of writing: in it are texts that follow each other on one
-// base line, from, around or to the block's origin, as they are aligned; each is at its own place, too. Or
-// one insert of such a block is in it.
+// What begins the name of a block that is a line of writing: in it are texts that follow each other along
+// one line, from, around or to the block's origin, as they are aligned; each is at its own place, too. Or one
+// insert of such a block is in it.
 inline constexpr std::string_view kTextPrefix = "PLEXORN_TEXT_";
 
-// The same of one text that starts left of the block's origin, so that its middle or its end is there if it
-// is as wide as the author's. A host can see to that.
+// The same of a line that starts left of the block's origin, so that its middle or its end is there if it is
+// as wide as the author's. A host can see to that.
 inline constexpr std::string_view kMiddleTextPrefix = "PLEXORN_TEXT_MIDDLE_";
 inline constexpr std::string_view kEndTextPrefix = "PLEXORN_TEXT_END_";
 

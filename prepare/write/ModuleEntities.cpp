@@ -38,6 +38,15 @@ ModuleText ModuleTextOf(StyleId style, const LoggedText& text, const TextPlace& 
     return {std::move(value), RoundedTo(factor * place.size, decimals), text.anchor, style};
 }
 
+// Some viewers take a stretched text for as wide as an unstretched one where its middle or its end is the
+// anchor, which moves it. So it starts where it does in the author's drawing.
+bool MustStartAtItsPlace(const LoggedText& text, const TextPlace& place)
+{
+    constexpr double kSeen = 0.02; // of the text's width
+    return text.anchor != Anchor::Start && std::fabs(place.widthFactor - 1) > kSeen &&
+           text.text.size() <= kLongestValue && HasKnownWidth(text.text);
+}
+
 // spread is in heights of capitals.
 std::int32_t ThousandthsOfFont(double spread)
 {
@@ -345,15 +354,11 @@ void ModuleEntities::InsertArea(LayerNumber layer, std::span<const std::vector<P
     m_out.pairs.Text(2, AreaName(prefix, ++m_out.fills.inserts));
 }
 
-// Some viewers take a stretched text for as wide as an unstretched one where its middle or its end is the
-// anchor, which moves it. So it starts where it does in the author's drawing.
 ModuleLine ModuleLineOf(StyleId style, const LoggedText& text, const TextPlace& place, double factor,
                         int decimals, TextLoss& loss)
 {
-    constexpr double kSeen = 0.02; // of the text's width
     ModuleRun run{ModuleTextOf(style, text, place, factor, decimals, loss)};
-    if (text.anchor != Anchor::Start && std::fabs(place.widthFactor - 1) > kSeen &&
-        text.text.size() <= kLongestValue && HasKnownWidth(text.text)) {
+    if (MustStartAtItsPlace(text, place)) {
         const double capitals = factor * place.size / kFontSizeOfCapitals;
         run.origin = std::exchange(run.text.anchor, Anchor::Start);
         run.x = RoundedTo(-ShareBefore(run.origin) * TextWidth(text.text) * capitals, decimals);
@@ -365,16 +370,25 @@ ModuleLine ModuleLineOf(Point2 point, double spread, std::span<const LoggedRun> 
                         double factor, int decimals, TextLoss& loss)
 {
     const LoggedText& first = runs.front().text;
-    const double capitals = factor * place.size / kFontSizeOfCapitals;
+    const double capitals = factor * place.size / kFontSizeOfCapitals, area = Cross(first.along, first.up);
+    const bool mustStart = std::all_of(
+        runs.begin(), runs.end(), [&](const LoggedRun& run) { return MustStartAtItsPlace(run.text, place); });
     ModuleLine line;
     for (const LoggedRun& run : runs) {
+        const double share = Length(run.text.along) / Length(first.along);
         TextPlace own = place;
-        own.size = place.size * Length(run.text.along) / Length(first.along);
+        own.size = place.size * share;
         ModuleText text = ModuleTextOf(run.style, run.text, own, factor, decimals, loss);
         text.value.append(std::min(run.blanks, kLongestValue - text.value.size()), ' ');
-        const double along = Cross(run.text.point - point, first.up) / Cross(first.along, first.up);
-        line.push_back({std::move(text), RoundedTo(along * capitals, decimals)});
+        const Point2 from = run.text.point - point;
+        double x = Cross(from, first.up) / area;
+        if (mustStart)
+            x -= ShareBefore(std::exchange(text.anchor, Anchor::Start)) * TextWidth(run.text.text) * share;
+        const double y = Cross(first.along, from) / area;
+        line.push_back(
+            {std::move(text), RoundedTo(x * capitals, decimals), RoundedTo(y * capitals, decimals)});
     }
+    line.front().origin = mustStart ? first.anchor : Anchor::Start;
     line.front().spread = ThousandthsOfFont(spread);
     return line;
 }

@@ -73,7 +73,7 @@ void ModuleTexts::WriteBlocks(PairWriter& pairs, const ModuleStyles& styles, int
         pairs.Text(0, "BLOCK");
         pairs.Text(2, NameOfLine(*m_lines[i], i + 1));
         for (const ModuleRun& run : *m_lines[i])
-            WriteModuleText(pairs, styles, run.text, {run.x, 0}, decimals);
+            WriteModuleText(pairs, styles, run.text, {run.x, run.y}, decimals);
         pairs.Text(0, "ENDBLK");
     }
     for (const auto& [turned, number] : m_turned) {

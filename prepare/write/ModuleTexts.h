@@ -27,9 +27,10 @@ struct ModuleText {
 struct ModuleRun {
     ModuleText text;
     double x = 0;
-    Anchor origin =
-        Anchor::Start; // what of a text that starts at x is at the line's anchor, if that is known
-    // Of a line's first text: how much wider than usual the blanks between its texts are, in thousandths of
+    double y = 0;
+    // Of a line's first text: what of a line that starts at x is at its anchor.
+    Anchor origin = Anchor::Start;
+    // The same: how much wider than usual the blanks between its texts are, in thousandths of
     // the size of its font. Above 0, the line ends at its anchor.
     std::int32_t spread = 0;
 

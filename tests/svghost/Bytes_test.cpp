@@ -233,3 +233,19 @@ TEST(Bytes, ClassesOfDashPatternsKeepRoomForTheElements)
             inFull += line.attribute("stroke-dasharray") != nullptr;
     EXPECT_GT(inFull, 0u);
 }
+
+TEST(Bytes, RunsOfALineOfWritingTakeRoom)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    for (int i = 0; i < 100; ++i)
+        document.Set(document.Text(0, 0, L"x"), L"stroke", i % 2 == 0 ? L"#ff0000" : L"#0000ff");
+    document.End();
+    for (int i = 0; i < 100; ++i)
+        document.Use(L"PLEXORN_TEXT_1", 0, 0);
+    for (std::size_t mostBytes = 20'000; mostBytes < 24'000; mostBytes += 500) {
+        const std::string written = WriteWithin(document, mostBytes);
+        EXPECT_LE(written.size(), mostBytes);
+        EXPECT_GE(CountOf(ParsedSvg(written).Drawing(), "text"), 1u);
+    }
+}

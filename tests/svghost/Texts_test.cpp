@@ -142,21 +142,60 @@ TEST(Texts, BlanksOfALineThatIsSpreadAreWiderAndTheLineHasItsWidth)
     EXPECT_FALSE(unknown.next_sibling("text").attribute("textLength")); // does not end where it should
 }
 
-TEST(Texts, StretchedWritingThatIsSpreadHasNoElementsWithinItsText)
+TEST(Texts, RunsOfStretchedWritingAreAtTheirPlacesAndAsWideAsTheirAuthors)
 {
-    // Viewers that do not know the spacing of words place such elements wrongly.
+    // Some viewers take them for as wide as unstretched ones.
     const HostDocument document;
-    document.Begin(L"PLEXORN_TEXT_SPREAD_250_1");
-    document.Set(document.Text(-9, 0, L"one "), L"font-size", L"2");
-    document.Set(document.Text(-4, 0, L"two"), L"font-size", L"2");
-    document.End();
-    document.Set(document.Use(L"PLEXORN_TEXT_SPREAD_250_1", 5, 6), L"scale-x", L"0.5");
+    const auto add = [&](const wchar_t* symbol, const wchar_t* anchor) {
+        document.Begin(symbol);
+        float x = -10, y = 0;
+        for (const wchar_t* word : {L"one ", L"two ", L"three"}) {
+            const QlmNode node = document.Text(x, y, word);
+            document.Set(node, L"font-size", L"2");
+            if (anchor)
+                document.Set(node, L"text-anchor", anchor);
+            x += 3;
+            y = x < -5 ? -1.F : 0.F;
+        }
+        document.End();
+        document.Set(document.Use(symbol, 5, 6), L"scale-x", L"0.5");
+    };
+    add(L"PLEXORN_TEXT_SPREAD_250_1", nullptr);
+    add(L"PLEXORN_TEXT_MIDDLE_2", nullptr);
+    add(L"PLEXORN_TEXT_3", nullptr);
+    add(L"PLEXORN_TEXT_4", L"middle");
     const ParsedSvg svg(document);
-    const pugi::xml_node text = svg.First("text");
-    EXPECT_STREQ(text.attribute("word-spacing").value(), "0.5");
-    EXPECT_STREQ(text.attribute("textLength").value(), "9");
-    EXPECT_FALSE(text.child("tspan"));
-    EXPECT_STREQ(text.text().get(), "one two");
+    const auto looks = [](const pugi::xml_node& text) {
+        std::string all;
+        for (const pugi::xml_node run : text.children("tspan"))
+            all += std::string(run.attribute("x").value()) + "," + run.attribute("y").value() + ":" +
+                   run.attribute("textLength").value() + "|";
+        return all;
+    };
+    const pugi::xml_node spread = svg.First("text"), middle = spread.next_sibling("text");
+    const pugi::xml_node plain = middle.next_sibling("text"), anchored = plain.next_sibling("text");
+    EXPECT_EQ(looks(spread), "-10,:2.5|-7,-1:2.5|-4,0:4|");
+    EXPECT_FALSE(spread.attribute("x"));
+    EXPECT_FALSE(spread.attribute("textLength"));
+    EXPECT_EQ(looks(middle), "-10,:3|-7,-1:3|-4,0:14|");
+    EXPECT_EQ(looks(plain), "-10,:3|-7,-1:3|-4,0:|");
+    EXPECT_FALSE(anchored.child("tspan").attribute("x"));
+}
+
+TEST(Texts, ARaisedRunIsRaisedInItsLine)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    document.Text(0, 0, L"m");
+    document.Text(1, -0.5F, L"2");
+    document.Text(2, 0, L" a");
+    document.Text(3, 0, L" year");
+    document.End();
+    document.Use(L"PLEXORN_TEXT_1", 5, 6);
+    const std::string svg = document.Write();
+    EXPECT_NE(svg.find(">m<tspan dy=\"-0.5\">2</tspan><tspan dy=\"0.5\"> a</tspan> year</text>\n"),
+              std::string::npos)
+        << svg;
 }
 
 TEST(Texts, WritingThatIsTurnedInItsSymbolHasBothTurns)

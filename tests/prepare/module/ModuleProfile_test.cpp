@@ -309,6 +309,33 @@ TEST_F(ModuleProfile, RunsOfATurnedLineAreTurnedTogether)
     EXPECT_NE(Calls().find("\"scale-x\", \"2.000000\""), std::string::npos);
 }
 
+TEST_F(ModuleProfile, ARaisedRunIsRaisedInItsBlock)
+{
+    const std::vector<PlainRun> runs = {
+        {red, {"m", {0, 2}, {0, 2}, {-2, 0}, Anchor::Start, kNoName}, 0},
+        {red, {"2", {-1, 6}, {0, 1}, {-1, 0}, Anchor::Start, kNoName}, 0},
+    };
+    Model().LineOfText({0, 2}, 0, runs);
+    const std::string calls = Created();
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", 0, 0, 0, 0, \"m\""), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", 4, -1, 0, 0, \"2\""), std::string::npos) << calls;
+}
+
+TEST_F(ModuleProfile, RunsOfAStretchedLineStartWhereItsWidthPutsThem)
+{
+    // "up" is 1.566 times as wide as capitals are high. The use makes all half as wide.
+    const std::vector<PlainRun> runs = {
+        {red, {"up", {3, 2}, {1, 0}, {0, 2}, Anchor::Middle, kNoName}, 0},
+        {red, {"up", {6, 2}, {2, 0}, {0, 4}, Anchor::Middle, kNoName}, 0},
+    };
+    Model().LineOfText({5, 2}, 0, runs);
+    const std::string calls = Created();
+    EXPECT_NE(calls.find("qlmCreateSymbol(ctx, \"PLEXORN_TEXT_MIDDLE_1\")"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", -5.566, 0,"), std::string::npos) << calls;
+    EXPECT_NE(calls.find("qlmCreateText(ctx, \"\", -1.132, 0,"), std::string::npos) << calls;
+    EXPECT_EQ(calls.find("text-anchor"), std::string::npos) << calls;
+}
+
 TEST_F(ModuleProfile, ALineThatIsSpreadEndsAtItsOriginAndSaysHowWideItsBlanksAre)
 {
     // The letters are two high, so that the font's size is 2.78, and a blank is wider by half of 2.

@@ -704,13 +704,20 @@ TEST(DrawMText, TheAnchorOfRunsIsThatOfTheirLine)
                                           "text 'B' at 0,-1 along 1,0 up 0,1 end colour 1"}));
 }
 
-TEST(DrawMText, TabsFractionsHeightsAndProportionsEndRuns)
+TEST(DrawMText, RaisedRunsAreOfTheirLine)
+{
+    const LinesOfText raised = LinesIn(Simple("A{\\H0.5;\\A1;B}"));
+    EXPECT_EQ(raised.whole, Lines{"0: 'A' 'B'"});
+    EXPECT_EQ(raised.lines, (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start",
+                                   "text 'B' at 0.844,-0.75 along 0.5,0 up 0,0.5 start"}));
+}
+
+TEST(DrawMText, TabsFractionsAndProportionsEndRuns)
 {
     EXPECT_EQ(LinesIn(Simple("A\\C1;B^IA\\C2;B")).whole, (Lines{"0: 'A' 'B'", "4000: 'A' 'B'"}));
     EXPECT_EQ(LinesIn(Simple("A\\C1;B\\S1/2;A\\C2;B")).whole.size(), 2U);
     EXPECT_EQ(LinesIn(Simple("A\\W2;B")).whole, Lines{});
     EXPECT_EQ(LinesIn(Simple("A\\Q15;B")).whole, Lines{});
-    EXPECT_EQ(LinesIn(Simple("A{\\H0.5;\\A1;B}")).whole, Lines{});
 }
 
 } // namespace
