@@ -85,14 +85,16 @@ def read_commands(lines):
 class Build:
     """How the sources of a subject are compiled, and the programs they are linked to.
 
-    Sources and the other objects are copied first: work on them can go on meanwhile."""
+    Sources and objects are copied first: work on them can go on meanwhile."""
 
     def __init__(self, folder, work, subject):
         self.folder, self.work, self.subject = folder, work, subject
         for name in SUBJECTS:
             shutil.copytree(os.path.join(ROOT, name), os.path.join(work, name))
-        self.compile, self.users, self.copies = {}, collections.defaultdict(set), {}
+        self.compile, self.objects, self.copies = {}, {}, {}
         self.programs = {program: self.read_program(program) for program in SUBJECTS[subject].programs}
+        self.users = self.find_users()
+        self.precompile()
 
     def read_program(self, program):
         """What the program is linked from: sources of the subject, and files that stay as they are."""
@@ -105,8 +107,11 @@ class Build:
         def expand(output):
             for name in inputs[output]:
                 if is_changed(name):
-                    self.add_command(commands[name])
-                    yield self.path_of(commands[name])
+                    path = self.path_of(commands[name])
+                    self.add_command(path, commands[name])
+                    self.objects[path] = name
+                    self.copy(name)
+                    yield path
                 elif name.endswith(".so") and name in inputs or any(map(is_changed, inputs.get(name, ()))):
                     yield from expand(name)
                 else:
@@ -126,7 +131,7 @@ class Build:
             shutil.copy(os.path.join(self.folder, name), self.copies[name])
         return self.copies[name]
 
-    def add_command(self, words):
+    def add_command(self, path, words):
         words = words[words.index("ccache") + 1:] if "ccache" in words else words
         flags, skip = [], False
         for word in words[1:words.index("-o")]:
@@ -135,7 +140,20 @@ class Build:
                 word = "-O0" if word.startswith("-O") else "-fPIC" if word == "-fPIE" else word
                 flags.append(COPIED.sub(self.work.replace("\\", r"\\"), word))
             skip = word in ("-MT", "-MF")
-        self.compile[self.path_of(words)] = [words[0], *flags, "-w"]
+        self.compile[path] = [words[0], *flags, "-w"]
+
+    def find_users(self):
+        """The sources that each file of the subject goes into."""
+        users, path = collections.defaultdict(set), None
+        paths = {name: path for path, name in self.objects.items()}
+        for line in run(["ninja", "-C", self.folder, "-t", "deps", *paths]).stdout.splitlines():
+            if not line.startswith(" "):
+                path = paths.get(line.partition(":")[0])
+                continue
+            used = os.path.relpath(os.path.join(self.folder, line.strip()), ROOT)
+            if used.startswith(self.subject + os.sep):
+                users[used].add(path)
+        return users
 
     def precompile(self):
         """The standard library's headers, which take most of the time of compiling a file, compiled once."""
@@ -158,21 +176,8 @@ class Build:
         command = list(self.compile[path])
         if overlay:
             command[1:1] = ["-I" + overlay, "-I" + os.path.join(overlay, "src")]
-        depends = self.object_of(path, folder) + ".d"
-        command += ["-MMD", "-MF", depends, "-o", self.object_of(path, folder)]
-        command += ["-c", source or os.path.join(self.work, path)]
+        command += ["-o", self.object_of(path, folder), "-c", source or os.path.join(self.work, path)]
         return run(command).returncode == 0
-
-    def compile_all(self, jobs):
-        self.precompile()
-        with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-            if not all(pool.map(lambda path: self.compile_one(path, self.work), self.compile)):
-                sys.exit("mutate: the sources do not compile as they are")
-        for path in self.compile:
-            with open(self.object_of(path, self.work) + ".d", encoding="utf-8") as file:
-                for name in file.read().replace("\\\n", " ").split():
-                    if os.path.realpath(name).startswith(os.path.join(self.work, self.subject) + os.sep):
-                        self.users[os.path.relpath(os.path.realpath(name), self.work)].add(path)
 
     def link(self, program, folder, changed):
         """The program, in a folder like that of a build; None if it does not link."""
@@ -182,8 +187,8 @@ class Build:
             os.symlink(os.path.join(self.folder, "lib"), os.path.join(folder, "lib"))
         # The subject's objects come first: of a header's functions the first copy is taken.
         words = sorted(self.programs[program], key=lambda word: word not in self.compile)
-        objects = [self.object_of(word, folder if word in changed else self.work) if word in self.compile else word
-                   for word in words]
+        objects = [self.object_of(word, folder) if word in changed else
+                   self.copies[self.objects[word]] if word in self.compile else word for word in words]
         result = run(["g++", "-fuse-ld=mold", "-o", path, *objects, "-lpthread"])
         return path if result.returncode == 0 else None
 
@@ -345,7 +350,6 @@ def main():
     build_programs(arguments.build, SUBJECTS[arguments.of].programs)
     with tempfile.TemporaryDirectory(prefix="plexorn-mutants-") as work:
         build = Build(os.path.abspath(arguments.build), work, arguments.of)
-        build.compile_all(arguments.jobs)
         chosen = all_mutants(build, files)
         print(f"{len(chosen)} changes can be made", flush=True)
         if arguments.again:

@@ -91,8 +91,8 @@ TEST(Bytes, AttributesOfOthersCount)
     const HostDocument document;
     document.Set(document.Line(0, 0, 1, 1), L"own", words.c_str());
     document.Set(document.Line(0, 0, 1, 1), words.c_str(), L"own");
-    document.Set(document.Line(0, 0, 1, 1), words.c_str(), words.c_str());
     document.Line(0, 0, 1, 1);
+    document.Set(document.Line(0, 0, 1, 1), words.c_str(), words.c_str());
     EXPECT_EQ(CountOf(ParsedSvg(WriteWithin(document, 10'000)).Drawing(), "line"), 1u);
 }
 
