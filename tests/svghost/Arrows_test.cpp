@@ -123,3 +123,14 @@ TEST(Arrows, SizeThatIsNoSensibleNumberCountsAsOne)
         EXPECT_EQ(std::string(end.child("path").attribute("d").value()).rfind("M0 0L-2 ", 0), 0u);
     }
 }
+
+TEST(Arrows, TakeRoomInTheViewBoxAtEitherEnd)
+{
+    for (const bool isBegin : {true, false}) {
+        const HostDocument document;
+        const QlmNode line = document.Line(0, 0, 10, 0);
+        SetArrow(document, line, isBegin, L"stealth arrow");
+        document.Set(line, isBegin ? L"pg-begin-arrow-size" : L"pg-end-arrow-size", L"50");
+        ExpectTight(ViewBoxOf(ParsedSvg(document)), -30, -30, 40, 30, 2);
+    }
+}

@@ -93,7 +93,9 @@ TEST(Bytes, AttributesOfOthersCount)
     document.Set(document.Line(0, 0, 1, 1), words.c_str(), L"own");
     document.Line(0, 0, 1, 1);
     document.Set(document.Line(0, 0, 1, 1), words.c_str(), words.c_str());
-    EXPECT_EQ(CountOf(ParsedSvg(WriteWithin(document, 10'000)).Drawing(), "line"), 1u);
+    const ParsedSvg svg(WriteWithin(document, 10'000));
+    EXPECT_EQ(CountOf(svg.Drawing(), "line"), 1u);
+    EXPECT_FALSE(svg.First("line").attribute("data-own"));
 }
 
 TEST(Bytes, LongNamesOfSymbolsCountForEachUse)
@@ -247,5 +249,24 @@ TEST(Bytes, RunsOfALineOfWritingTakeRoom)
         const std::string written = WriteWithin(document, mostBytes);
         EXPECT_LE(written.size(), mostBytes);
         EXPECT_GE(CountOf(ParsedSvg(written).Drawing(), "text"), 1u);
+    }
+}
+
+TEST(Bytes, APatternWithoutRoomAmongTheClassesIsWrittenInFullAndSoAreThoseAfterIt)
+{
+    const HostDocument document;
+    for (const std::wstring& pattern : {DashPattern(40), DashPattern(80), L"7 " + DashPattern(40)})
+        document.Set(document.Line(0, 0, 1, 1), L"stroke-dasharray", pattern.c_str());
+    SvgHostWriteOptions options = {};
+    options.sharesDashPatterns = true;
+    options.mostBytes = 2400;
+    const ParsedSvg shared(document.Write(options));
+    EXPECT_EQ(DashClasses(shared).size(), 1u);
+    pugi::xml_node line = shared.First("line");
+    EXPECT_STREQ(line.attribute("class").value(), "dashes-1");
+    for (int i = 0; i < 2; ++i) {
+        line = line.next_sibling("line");
+        EXPECT_FALSE(line.attribute("class"));
+        EXPECT_TRUE(line.attribute("stroke-dasharray"));
     }
 }

@@ -129,7 +129,7 @@ TEST(Uses, NamesStayApartWhateverTheyHold)
     const wchar_t* const names[] = {L"A",      L"a",      L"_x41_",  L"_",      L"_x5F_",  L"",
                                     L" ",      L"A B",    L"2-A",    L"d2-A",   L"*U1",    L"\x00DC\x4E2D",
                                     L"\"<&>'", L"\xD800", L"\xDC00", L"\xFFFD", L"\x1\x2", L"\xFFFF",
-                                    L"x_",     L"_x"};
+                                    L"x_",     L"_x",     L"_x20_"};
     float length = 1;
     for (const wchar_t* name : names)
         AddSymbol(document, name, length++);

@@ -79,6 +79,31 @@ TEST(Texts, RunsWithoutASizeHaveThatOfTheLine)
         << svg;
 }
 
+TEST(Texts, BlanksOfAnyRunAreKept)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    AddRun(document, L"a", L"#ff0000", L"2");
+    AddRun(document, L"b  c", L"#ff0000", L"2");
+    document.End();
+    document.Use(L"PLEXORN_TEXT_1", 5, 6);
+    EXPECT_STREQ(ParsedSvg(document).First("text").attribute("xml:space").value(), "preserve");
+}
+
+TEST(Texts, RunsOfANegativeSizeHaveThePositiveOne)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    AddRun(document, L"a", L"#ff0000", L"-2");
+    AddRun(document, L"b", L"#ff0000", L"-3");
+    document.End();
+    document.Use(L"PLEXORN_TEXT_1", 5, 6);
+    const ParsedSvg svg(document);
+    const pugi::xml_node text = svg.First("text");
+    EXPECT_STREQ(text.attribute("font-size").value(), "2");
+    EXPECT_STREQ(text.child("tspan").attribute("font-size").value(), "3");
+}
+
 TEST(Texts, StretchedWritingStartsWhereItDoesAndHasItsWidth)
 {
     // Viewers that place a stretched text wrongly around its middle or before its end need no anchor.

@@ -102,6 +102,13 @@ TEST(ViewBox, ArcWithRadiiTooSmallIsEnlargedAsViewersDo)
     ExpectTight(ViewBoxOf(ParsedSvg(document)), -10, -10, 10, 0, 0.5);
 }
 
+TEST(ViewBox, ArcAfterAClosedFigureStartsWhereThatBegan)
+{
+    const HostDocument document;
+    Thin(document, document.Path(L"M 0,0 L 0,50 Z A 10,10, 0 0,1 20,0"));
+    ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, -10, 20, 50, 1.5);
+}
+
 TEST(ViewBox, RotatedEllipseIsExact)
 {
     const HostDocument document;
@@ -160,6 +167,17 @@ TEST(ViewBox, HiddenElementsDoNotCount)
     document.Circle(500, 0, 0);
     qlmSetCurrentSvgNode(document.Context(), nullptr);
     ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, 0, 10, 10, 0.3);
+}
+
+TEST(ViewBox, ElementsThatAreShownAgainCount)
+{
+    const HostDocument document;
+    Thin(document, document.Line(0, 0, 10, 10));
+    const QlmNode line = document.Line(0, 0, 1000, 1000);
+    Thin(document, line);
+    document.Set(line, L"visibility", L"hidden");
+    document.Set(line, L"visibility", L"visible");
+    ExpectTight(ViewBoxOf(ParsedSvg(document)), 0, 0, 1000, 1000, 21);
 }
 
 TEST(ViewBox, TextTakesRoomByItsAnchor)
