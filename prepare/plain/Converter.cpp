@@ -274,6 +274,7 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
     const Matrix shape = Scaled(UsableScale(insert.scale)) * Moved(-1 * block.base);
     const SpatialFilter* const filter = m_drawing.FindFilter(insert.handle);
     const std::int32_t rows = std::max(insert.rows, 1), columns = std::max(insert.columns, 1);
+    const bool canUse = CanUse(block, place * shape, insert.line); // said once of all places
     for (std::int32_t row = 0; row < rows; ++row)
         for (std::int32_t column = 0; column < columns; ++column) {
             if (row + column > 0 && !TakePlace(insert.line))
@@ -282,6 +283,8 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
             if (row + column > 0)
                 PlaceAttributes(insert, MovedBy(step, insert, context));
             const Matrix placement = place * Moved(step) * shape;
+            if (!canUse)
+                continue;
             if (filter != nullptr)
                 DrawCut(insert, *filter, block, placement, context, style);
             else
@@ -421,14 +424,21 @@ const Text* Converter::FindDefinition(Handle handle)
     return handle != 0 && found != m_definitions->end() ? found->second : nullptr;
 }
 
+bool Converter::CanUse(const Block& block, const Matrix& placement, std::uint64_t line)
+{
+    if (!IsFinite(placement)) {
+        m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
+        return false;
+    }
+    return block.entities.empty() || MayEnter(block, line);
+}
+
 // A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut
 // across.
 void Converter::UseBlock(const Block& block, const Matrix& placement, const Context& context,
                          const Style& style, std::uint64_t line)
 {
-    if (!IsFinite(placement))
-        return m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
-    if (block.entities.empty() || !MayEnter(block, line))
+    if (!CanUse(block, placement, line) || block.entities.empty())
         return;
     if (TraitsOf(block).hasRays)
         return DrawContents(block, {placement, style, true, context.sink, context.cut});

@@ -125,6 +125,7 @@ private:
     bool CanBeCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region);
     void DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
                  const Matrix& placement, const Context& context, const Style& style);
+    bool CanUse(const Block& block, const Matrix& placement, std::uint64_t line);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
                   std::uint64_t line);
     void DrawContents(const Block& block, const Context& context);

@@ -451,6 +451,34 @@ class PreparedShares(OutcomeTest):
         self.assertIn("; shown otherwise: 1 TEXT not whole (its letters beyond 1000 bytes are left out)\n", said)
 
 
+class PreparedSharesOfParts(OutcomeTest):
+    AS_IS = False
+
+    LOST = ("0", "ATTRIB", "8", "0", "10", "1", "20", "1e40", "40", "1", "1", "a", "0", "SEQEND")
+
+    def array(self, places, spacing="1"):
+        return ("66", "1", "70", str(places), "44", spacing, *self.LOST)
+
+    def test_an_array_of_what_cannot_be_shown_is_missing_once(self):
+        content = blocks(*block("A", *LINE, *insert("A", *self.array(5)))) + entities(*LINE, *insert("A"))
+        share = self.drawn(content)["share"]
+        self.assertEqual((share["entities"], share["shown"], share["missing"]), (9, 3, {"ATTRIB": 5, "INSERT": 1}))
+        far = ("41", "1e30", "42", "1e30")
+        content = blocks(*block("A", *insert("B", *far, *self.array(5))), *block("B", *LINE)) + entities(
+            *LINE, *insert("A", *far))
+        share = self.drawn(content)["share"]
+        self.assertEqual((share["entities"], share["shown"], share["missing"]), (8, 2, {"ATTRIB": 5, "INSERT": 1}))
+
+    def test_no_more_is_missing_than_there_is(self):
+        """Each place but the first is beyond all numbers."""
+        content = blocks(*block("A", *insert("B", *self.array(30, "1e30"))), *block("B", *LINE)) + entities(
+            *LINE, *insert("A", "41", "1e30", "42", "1e30"))
+        share = self.drawn(content)["share"]
+        self.assertGreaterEqual(share["shown"], 0)
+        self.assertLessEqual(share["shown"], share["entities"])
+        self.assertEqual(share["entities"] - share["shown"], sum(share["missing"].values()))
+
+
 class Shares(OutcomeTest):
     def test_the_line_has_the_share_and_what_is_missing(self):
         self.write("plan.dxf", entities(*LINE, *LINE, *HATCH, "0", "SOLID", *insert("NOWHERE")))
@@ -529,6 +557,11 @@ class Shares(OutcomeTest):
                 self.expect(1, "--strict", "plan.dxf")
                 self.expect(1, "-q", "--strict", "plan.dxf")
 
+    def test_rows_of_an_insert_are_drawn_once_as_columns_are(self):
+        for many in (("71", "3"), ("70", "2", "71", "3")):
+            content = blocks(*block("A", *LINE)) + entities(*insert("A", *many))
+            self.assertEqual(self.share(content)["otherwise"], {"rowsAndColumnsOnce": 1})
+
     def test_sheets_alone_are_over_nothing(self):
         self.assertEqual(self.share(entities(*LINE, "67", "1"))["otherwise"], {})
 
@@ -542,6 +575,7 @@ class Shares(OutcomeTest):
                 otherwise = self.share(entities(*content))["otherwise"]
                 self.assertEqual(otherwise, {"dimensionsOfOtherNumber": 1} if differs else {})
         self.assertEqual(self.share(entities(*aligned("11"), "1", "own"))["otherwise"], {})
+        self.assertEqual(self.share(entities(*aligned("11"), "1", "<> mm"))["otherwise"], {"dimensionsOfOtherNumber": 1})
 
     def assert_tells_what_is_shown(self, kind, lines):
         self.drawn(entities(*dimension(kind, *lines)))
@@ -618,6 +652,12 @@ class MinDrawn(OutcomeTest):
         self.write("b.dxf", entities(*LINE, *HATCH))
         printed = self.expect(1, "-q", "--min-drawn", "95%", "a.dxf", "b.dxf")
         self.assertTrue(printed.startswith("b.dxf: 1 of 2 entities shown (50.0 %), "), printed)
+
+    def test_a_blank_drawing_comes_before_it(self):
+        self.write("a.dxf", entities(*LINE, *HATCH))
+        self.write("b.dxf", entities(*HATCH))
+        for names in (["b.dxf"], ["a.dxf", "b.dxf"], ["b.dxf", "a.dxf"]):
+            self.expect(6, "-q", "--min-drawn", "95%", *names)
 
     def test_what_is_no_percentage(self):
         self.write("plan.dxf")
