@@ -1,5 +1,6 @@
 /* Loaded before the C library: reading a file fails after as many bytes as FAILING_READS_AFTER says, by the
- * functions that FAILING_READS_BY names: "fread", "read" or both. */
+ * functions that FAILING_READS_BY names: "fread", "read" or both. Bringing a file to the disk fails where
+ * FAILING_SYNC is set. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -49,4 +50,15 @@ size_t fread(void* bytes, size_t size, size_t count, FILE* file)
     }
     return next(bytes, size, left > 0 && (long long)(size * count) > left ? (size_t)left / size : count,
                 file);
+}
+
+int fsync(int file)
+{
+    static int (*next)(int);
+    if (!next)
+        next = (int (*)(int))dlsym(RTLD_NEXT, "fsync");
+    if (!getenv("FAILING_SYNC"))
+        return next(file);
+    errno = EIO;
+    return -1;
 }

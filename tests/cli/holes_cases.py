@@ -122,6 +122,16 @@ class FailingReads(Holes):
         self.assertEqual(self.read("plan.svg"), "old")
 
 
+class FailingSync(Holes):
+    def test_what_does_not_reach_the_disk_replaces_nothing(self):
+        environment = {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_SYNC": "1"}
+        for arguments in (["plan.dxf"], ["prepare", "plan.dxf", "-o", "out.dxf"]):
+            printed = self.expect(3, *arguments, "-q", env=environment)
+            self.assertRegex(printed, r"^\S+: cannot be written: Input/output error\n$")
+            self.assertEqual(self.names(), ["plan.dxf", "plan.svg"])
+            self.assertEqual(self.read("plan.svg"), "old")
+
+
 class ShortMemory(Holes):
     COUNT = 35_249
     LEAST_KILOBYTES = 12_000

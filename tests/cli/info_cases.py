@@ -332,6 +332,12 @@ class Prepared(InfoTest):
         words = " ".join(self.plexorn("info", "plan.dxf", "--texts").stdout.split())
         self.assertIn("(1.5, -2) one two 1/2~° TEXT", words)
 
+    def test_texts_of_a_sheet_are_listed_once_and_in_no_block(self):
+        drawing = dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "*Paper_Space0",
+                      "0", "TEXT", "10", "1", "1", "title", "0", "ENDBLK", "0", "ENDSEC", "0", "EOF")
+        self.assertEqual([(text["words"], text["block"]) for text in self.info(drawing, "--texts")["texts"]],
+                         [("title", None)])
+
     def test_texts_before_the_blocks_are_listed_in_the_order_of_the_file(self):
         text = ("0", "TEXT", "10", "1", "1")
         drawing = dxf("0", "SECTION", "2", "ENTITIES", *text, "first", "0", "ENDSEC",

@@ -59,7 +59,7 @@ class Json(CommandTest):
         self.assertIs(self.objects(0, "plan.dxf")[-1]["replacedOther"], False)
 
     def test_texts_of_every_kind_stay_json(self):
-        for name in ('A"\\\x1b\t', "Tür", "\u2028"):
+        for name in ('A"\\\x1b\t', "Tür", "\u2028", "\u2029"):
             self.write("plan.dxf", entities("0", name))
             self.assertEqual(self.objects(6, "plan.dxf")[0]["type"], "message")
 

@@ -116,6 +116,11 @@ class Layouts(CommandTest):
         said = self.expect(2, "--layout", "all", "plan.dxf", "-o", "one.svg")
         self.assertIn("several layouts need a folder for their pictures", said)
 
+    def test_the_name_of_a_file_has_nothing_that_a_system_refuses(self):
+        self.write("plan.dxf", SHEETS.replace(b"Second: b/c", b'a\tb\x01c/\\:*?"<>|d'))
+        self.expect(0, "-q", "--layout", "all", "plan.dxf")
+        self.assertEqual(self.names(), ["plan-First.svg", "plan-a_b_c_________d.svg", "plan.dxf"])
+
     def test_all_of_the_standard_input(self):
         said = self.expect(2, "--layout", "all", "-")
         self.assertIn("The standard input can be read once only", said)

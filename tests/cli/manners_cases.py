@@ -65,6 +65,13 @@ class NewerOnly(Manners):
         self.expect(0, "--newer-only", "plan.dxf")
         self.assertIn("</svg>", self.read("plan.svg"))
 
+    def test_a_picture_of_the_same_age_is_not_older(self):
+        for name, content in (("plan.dxf", DRAWING), ("plan.svg", b"mine")):
+            self.write(name, content)
+            os.utime(self.path(name), (1_000_000_000, 1_000_000_000))
+        self.assertEqual(self.expect(0, "--newer-only", "plan.dxf"), "plan.dxf: skipped, plan.svg is not older\n")
+        self.assertEqual(self.read("plan.svg"), "mine")
+
     def test_a_drawing_without_a_picture_is_drawn(self):
         self.write("plan.dxf")
         self.assertIn(" drawn to plan.svg", self.expect(0, "--newer-only", "plan.dxf"))

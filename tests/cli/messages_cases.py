@@ -96,6 +96,7 @@ class Messages(Printed):
         self.assertEqual(drawn, str(most))
         self.assertRegex(findings, r"^; [0-9]+ elements left out \(too many for a drawing of this size\)$")
         self.assertGreater(int(findings.split()[1]), 1000)
+        self.assertIn(", 0 of 1 entity shown (0.0 %), ", self.expect(0, "plan.dxf"))
 
     # A dimension draws its text of so many values again for each of its repeated parts.
     LONG_TEXTS = ("0", "DIMENSION", "100", "AcDbDimension", "1", "<>" * 510, "100", "AcDbRadialDimension", "15", "1e37",

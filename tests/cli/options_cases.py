@@ -83,7 +83,7 @@ class Options(CommandTest):
 
     def test_what_is_no_colour_is_wrong_usage(self):
         self.write("plan.dxf")
-        for text in ("#12", "#ggg", '"/><script>', "a;b", "url(#x)", "url(1/2)", "URL(a.d)", "", "rgb(1"):
+        for text in ("#12", "#ggg", '"/><script>', "a;b", "url(#x)", "url(1/2)", "URL(deg)", "", "rgb(1"):
             self.assertIn("is not a colour", self.expect(2, "plan.dxf", "--background", text))
         self.assertEqual(self.names(), ["plan.dxf"])
 

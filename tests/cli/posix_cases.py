@@ -186,6 +186,10 @@ class OutputsOfOthers(CommandTest):
         self.make_link(0o1777, 0, NOBODY)
         self.expect_refused_unless_forced()
 
+    def test_a_link_of_another_user_where_a_group_writes_is_not_followed(self):
+        self.make_link(0o775, 0, NOBODY)
+        self.expect_refused_unless_forced()
+
     def test_a_link_in_the_folder_of_another_user_is_not_followed(self):
         self.make_link(0o755, NOBODY, 0)
         self.expect_refused_unless_forced()
@@ -329,6 +333,13 @@ class SpecialFiles(CommandTest):
             file.write(DRAWING)
         self.expect(0, "-q", name)
         self.assertTrue(os.path.isfile(name.replace(b".dxf", b".svg")))
+
+
+    def test_a_name_in_a_list_may_end_in_a_carriage_return(self):
+        """Where lines end the names, it is a part of the line's end."""
+        self.write("plan\r")
+        self.expect(0, "-q", "--null", "--files-from", "-", "-o", "out/", stdin=None, input=b"plan\r\0")
+        self.assertEqual(os.listdir(self.path("out")), ["plan\r.svg"])
 
 
 class NoHalfFile(CommandTest):
@@ -551,6 +562,18 @@ class Interruption(CommandTest):
         self.read_to_the_end(process)
         self.assertLess(self.bytes_read_by(process), whole - len(self.UNREAD) // 2)
         self.assertEqual((process.wait(), os.listdir(self.path("out"))), (-signal.SIGINT, []))
+
+    def test_what_is_being_written_is_locked(self):
+        """So commands on other machines, which do not see that its process runs, leave it alone."""
+        self.write("plan.dxf", self.UNREAD)
+        os.mkdir(self.path("out"))
+        process = self.preparing_unread("plan.dxf", "-o", "out/plan.dxf")
+        name, = os.listdir(self.path("out"))
+        with open(self.path(f"out/{name}"), "rb") as file:
+            with self.assertRaises(BlockingIOError):
+                fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        self.read_to_the_end(process)
+        self.assertEqual((process.wait(), os.listdir(self.path("out"))), (0, ["plan.dxf"]))
 
     def test_a_signal_that_is_ignored_stays_ignored(self):
         self.write("plan.dxf")

@@ -197,6 +197,7 @@ class Findings(PrepareTest):
         self.assertEqual(self.said("--max-messages", "1"),
                          ["plan.dxf:6: 3DSOLID is not shown: modelled (3 times)",
                           "plan.dxf: … and 1 more message of 1 kind"])
+        self.assertEqual(self.said("--max-messages", "0"), ["plan.dxf: … and 4 more messages of 2 kinds"])
         self.assertEqual(self.said("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
 
 
