@@ -55,6 +55,22 @@ TEST(ReadEntity, AGroupEndsAtTheLatestWithTheEntity)
     EXPECT_EQ(static_cast<const Circle&>(*block.Entities()[1]).radius, 2);
 }
 
+TEST(ReadEntity, AnOpenGroupEndsBeforeExtendedData)
+{
+    const ReadBlock block({{0, "DIMENSION"},
+                           {102, "{OPEN"},
+                           {8, "lost"},
+                           {1001, "ACAD"},
+                           {1000, "DSTYLE"},
+                           {1002, "{"},
+                           {1070, "41"},
+                           {1040, "2.5"},
+                           {1002, "}"}});
+    EXPECT_EQ(block.As<Dimension>().layer, kNoName);
+    EXPECT_EQ(block.As<Dimension>().overrides,
+              (std::vector<std::pair<std::int32_t, std::string>>{{41, "2.5"}}));
+}
+
 TEST(ReadEntity, ExtendedDataIsNoField)
 {
     const ReadBlock block({{0, "ARC"}, {40, "2"}, {1001, "X"}, {1010, "9"}, {1040, "9"}, {1070, "9"}});

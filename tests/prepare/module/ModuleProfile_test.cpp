@@ -123,6 +123,18 @@ TEST_F(ModuleProfile, CircleIsACircle)
                            StrokeCalls("n1"));
 }
 
+TEST_F(ModuleProfile, TwoHalfCirclesThatTurnTheSameWayAreACircle)
+{
+    Model().Polyline(red, std::vector<PlainVertex>{{{-1, 0}, 1}, {{1, 0}, 1}}, true);
+    EXPECT_EQ(Created(), "qlmCreateCircle(ctx, \"\", 1, 0, -0, 0, 0) = n1\n");
+}
+
+TEST_F(ModuleProfile, TwoHalfCirclesThatTurnOppositeWaysAreNone)
+{
+    Model().Polyline(red, std::vector<PlainVertex>{{{-1, 0}, 1}, {{1, 0}, -1}}, true);
+    EXPECT_EQ(Created().find("qlmCreateCircle"), std::string::npos);
+}
+
 TEST_F(ModuleProfile, ArcsEndWhereTheyShould50)
 {
     Model().Arc(red, {0, 0}, 10, 0, kPi / 2);

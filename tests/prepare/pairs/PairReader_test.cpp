@@ -190,6 +190,11 @@ TEST(PairReader, TheByteThatEndsAFileDoesSoOnlyAtTheBeginOfALine)
                       1);
     PairReader reader(source);
     EXPECT_EQ(ReadAll(reader), "1 1 a b;");
+    // Beyond what is looked at first.
+    const std::string text = "999\n" + std::string(1000, 'x') + "\n1\na\x1A" + "b\n8\nx\n\x1A" + "0\nLINE\n";
+    SlowSource late(text, 1);
+    PairReader lateReader(late);
+    EXPECT_EQ(ReadAll(lateReader), "3 1 a b;5 8 x;");
 }
 
 TEST(PairReader, ByteOrderMarkOfUtf8IsDropped)

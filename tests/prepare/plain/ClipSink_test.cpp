@@ -138,6 +138,16 @@ TEST_F(ClipSinkTest, ATextIsShownWhereItsMiddleIsAround)
     EXPECT_EQ(taken.lines.size(), 1u);
 }
 
+TEST_F(ClipSinkTest, OfTwoRegionsBothDecideWhichSideABoxIsOn)
+{
+    const ClipRegion inner{{{5, 5}, {20, 5}, {20, 20}, {5, 20}}};
+    const ClipSink within(inner, budget, sink, &sink);
+    EXPECT_EQ(within.SideOf({{6, 6}, {7, 7}}), ClipSide::Inside);
+    EXPECT_EQ(within.SideOf({{9, 6}, {11, 7}}), ClipSide::Across);
+    EXPECT_EQ(within.SideOf({{12, 12}, {13, 13}}), ClipSide::Outside);
+    EXPECT_EQ(within.SideOf({{1, 1}, {2, 2}}), ClipSide::Outside);
+}
+
 TEST(BoundaryOf, IsAsTheInsertWasWhenItWasCut)
 {
     SpatialFilter filter;

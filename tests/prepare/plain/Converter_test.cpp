@@ -1,4 +1,5 @@
 #include "prepare/plain/Converter.h"
+#include "prepare/plain/Measure.h"
 #include "support/RecordingSink.h"
 
 #include <gtest/gtest.h>
@@ -73,6 +74,35 @@ TEST(Converter, EachPlaceOfAnArrayHasTheAttributes)
             drawn.push_back(line);
     EXPECT_EQ(drawn, texts);
     EXPECT_EQ(output.model.lines.size(), 8U);
+}
+
+TEST(Converter, ABlockFarFromItsOriginIsWhereItWasAlsoMirrored)
+{
+    Drawing drawing;
+    Insert insert;
+    insert.block = drawing.names.Of("FAR");
+    auto block = std::make_unique<Block>();
+    block->name = insert.block;
+    auto line = std::make_unique<Line>();
+    line->start = {1000, 500, 0};
+    line->end = {1001, 500, 0};
+    block->entities.push_back(std::move(line));
+    drawing.blocks[insert.block] = std::move(block);
+    const Options options;
+    for (const double side : {1.0, -1.0}) {
+        insert.scale.y = side;
+        Measure measure;
+        Report unsaid;
+        Converter measuring(drawing, options, {}, measure, unsaid);
+        measuring.Take(insert);
+        RecordingOutput output;
+        Converter converter(drawing, options, {}, output, unsaid);
+        converter.KnowBlocks(measuring.Variants(), measure);
+        converter.Take(insert);
+        EXPECT_EQ(output.model.lines, Lines{side > 0 ? "insert 0 at 1000.5,500 turned 0"
+                                                     : "insert 0 at 1000.5,-500 turned 0 mirrored"});
+        EXPECT_EQ(output.blocks.front().lines, Lines{"line -0.5,0 0.5,0"});
+    }
 }
 
 TEST(Converter, ALeadersBlockHasTheLeadersAttributes)

@@ -276,6 +276,20 @@ TEST(DimensionText, AlternateUnits)
     EXPECT_EQ(Length(style, 2), "2.000±0.0100 [50.80mm±0.25mm]");
 }
 
+TEST(DimensionText, AlternateTolerancesLeaveOutZerosAsTheyAreAsked)
+{
+    DimensionStyle style;
+    style.decimals = 3;
+    style.hasAlternate = style.hasTolerance = 1;
+    style.alternateFactor = 10;
+    style.plusTolerance = style.minusTolerance = 0.01;
+    style.alternateToleranceZeros = kNoTrailingZeros;
+    EXPECT_EQ(Length(style, 2), "2.000±0.0100 [20.00±0.1]");
+    style.alternateToleranceZeros = 0;
+    style.alternateZeros = kNoTrailingZeros;
+    EXPECT_EQ(Length(style, 2), "2.000±0.0100 [20±0.10]");
+}
+
 TEST(DimensionText, AlternateFeetAreInLineByTheirNumber)
 {
     DimensionStyle style = IsoStyle();

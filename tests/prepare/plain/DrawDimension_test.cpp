@@ -196,6 +196,15 @@ TEST(DrawDimension, AnUprightTextIsReadFromTheRight)
     EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at -10,11 along -2,0 up 0,-2 middle"});
 }
 
+TEST(DrawDimension, ARotatedTextIsTurnedFromTheHorizontalDirection)
+{
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    dimension.textRotation = 180;
+    dimension.horizontalDirection = 90;
+    EXPECT_EQ(TextPart(trial.Draw(dimension)), Lines{"text '20' at 11,10 along 0,2 up -2,0 middle"});
+}
+
 TEST(DrawDimension, AlignedMeasuresAlongItsPoints)
 {
     Trial trial;
@@ -505,6 +514,19 @@ TEST(DrawDimension, ArcLength)
     EXPECT_EQ(LinePart(lines).back(), "arc 4.91528,7.68528 radius 1.6 from 0 to 3.14159");
 }
 
+TEST(DrawDimension, ExtensionLinesOfALongArcAreHiddenByTheirPoints)
+{
+    Trial trial;
+    Dimension dimension = trial.Of(8);
+    dimension.points[0] = {10, 0, 0};
+    dimension.points[1] = {0, 10, 0};
+    dimension.definition = {-12, -0.001, 0};
+    dimension.overrides = {{75, "1"}};
+    EXPECT_EQ(ExtensionPart(trial.Draw(dimension)), Lines{"line 0,10.5 0,13"});
+    dimension.overrides = {{76, "1"}};
+    EXPECT_EQ(ExtensionPart(trial.Draw(dimension)), Lines{"line 10.5,0 13,0"});
+}
+
 TEST(DrawDimension, ShortArcsHaveParallelExtensionLines)
 {
     Trial trial;
@@ -642,6 +664,16 @@ TEST(DrawDimension, OldDrawingsHaveOneUnitForAll)
     dimension.overrides = {{78, "0"}};
     trial.drawing.dimStyles[dimension.style].values = {{40, "1"}};
     EXPECT_EQ(trial.Draw(dimension).back().substr(0, 17), "text '1'-6 1/2\"' ");
+}
+
+TEST(DrawDimension, TolerancesOfOldDrawingsHaveTheDigitsOfAllNumbers)
+{
+    Trial trial;
+    trial.drawing.header["$ACADVER"].values = {{1, "AC1009"}};
+    trial.drawing.header["$LUPREC"].values = {{70, "1"}};
+    Dimension dimension = trial.Linear();
+    trial.drawing.dimStyles[dimension.style].values = {{40, "1"}, {71, "1"}, {47, "0.25"}, {48, "0.25"}};
+    EXPECT_EQ(trial.Draw(dimension).back().substr(0, 17), "text '20.0±0.3' ");
 }
 
 TEST(DrawDimension, AnUnknownKindIsReported)

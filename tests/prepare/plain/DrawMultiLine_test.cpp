@@ -168,6 +168,10 @@ TEST_F(DrawMultiLines, AFillReachesIntoRoundCapsThatAreDrawn)
     const std::string round = stage.Draw(line)[0];
     EXPECT_NE(round.find(" -1,0 "), std::string::npos) << round;
     EXPECT_NE(round.find(" 11,0 "), std::string::npos) << round;
+    line.flags = 4;
+    const std::string atEnd = stage.Draw(line)[0];
+    EXPECT_EQ(atEnd.find(" -1,0 "), std::string::npos) << atEnd;
+    EXPECT_NE(atEnd.find(" 11,0 "), std::string::npos) << atEnd;
     line.flags = 4 | 8;
     EXPECT_EQ(stage.Draw(line)[0], "fill 0,1 0,-1 10,-1 10,1");
 }

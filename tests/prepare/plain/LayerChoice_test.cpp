@@ -100,6 +100,15 @@ TEST_F(LayerChoices, AllLayersAreShownWhenThatIsAskedFor)
     EXPECT_TRUE(Shows(AddLayer("Defpoints", 7, 0)));
 }
 
+TEST_F(LayerChoices, ALayerThatIsFrozenBesidesShowsNoInserts)
+{
+    const NameId on = AddLayer("on", 7, 0), other = AddLayer("other", 7, 0);
+    const std::set<NameId> frozen = {on};
+    EXPECT_TRUE(LayerChoice(drawing, options, &frozen).IsFrozen(on));
+    EXPECT_FALSE(LayerChoice(drawing, options, &frozen).IsFrozen(other));
+    EXPECT_FALSE(LayerChoice(drawing, options).IsFrozen(on));
+}
+
 TEST_F(LayerChoices, LayersAskedForByNameAreShownWhateverTheirStateAndNoOthers)
 {
     options.onlyLayers = {"wall*"};

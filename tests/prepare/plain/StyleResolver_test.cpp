@@ -142,6 +142,20 @@ TEST_F(Styles, PartsAreByTheirEntity)
     EXPECT_EQ(resolver.OfPart({1, kNoTrueColour, kNoName, kNoName}, whole).colour, (Colour{false, 0, 1}));
 }
 
+TEST_F(Styles, PartsOnLayerZeroAreOnTheirEntitysLayer)
+{
+    const NameId zero = drawing.names.Of("0"), doors = drawing.names.Of("doors");
+    const Style whole = Resolved();
+    const StyleResolver resolver(drawing);
+    const auto onLayer = [&](NameId layer) {
+        return resolver.OfPart({kByLayer, kNoTrueColour, kNoName, layer}, whole);
+    };
+    EXPECT_EQ(onLayer(zero).layer, walls);
+    EXPECT_EQ(onLayer(zero).colour, (Colour{false, 0, 3}));
+    EXPECT_EQ(onLayer(doors).layer, doors);
+    EXPECT_EQ(onLayer(doors).colour, Colour{});
+}
+
 TEST_F(Styles, WhatIsByBlockOrOnLayerZeroInherits)
 {
     const StyleResolver resolver(drawing);
