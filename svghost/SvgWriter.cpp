@@ -527,7 +527,7 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
     if (keepsBlanks)
         m_out.SetPlain("xml:space", "preserve");
     SetExtras(first);
-    if (width > 0 && !arePlaced)
+    if (!arePlaced)
         SetLength(width);
     if (arePlaced)
         WritePlacedRuns(first, spread, width);
@@ -538,6 +538,8 @@ void SvgWriter::WriteLineOfText(const Use& use, const Symbol& writing)
 
 void SvgWriter::SetLength(double length)
 {
+    if (!(length > 0) || !IsDrawable(length))
+        return;
     m_out.SetPlain("textLength", static_cast<float>(length));
     m_out.SetPlain("lengthAdjust", "spacingAndGlyphs");
 }
@@ -554,10 +556,8 @@ void SvgWriter::WriteFollowingRuns(const Text& first, double spread)
             continue;
         }
         m_out.Begin("tspan");
-        if (shift != 0)
-            m_out.SetPlain("dx", static_cast<float>(shift));
-        if (drop != 0)
-            m_out.SetPlain("dy", static_cast<float>(drop));
+        SetShift("dx", shift);
+        SetShift("dy", drop);
         SetLook(*next, first);
         m_out.SetRun(next->text);
     }
@@ -574,12 +574,16 @@ void SvgWriter::WritePlacedRuns(const Text& first, double spread, double width)
             m_out.SetPlain("y", run->y);
         const Text* const next = NextRun(*run);
         const double end = next ? next->x : width > 0 ? first.x + width : run->x;
-        const double length = end - run->x - spread * static_cast<double>(BlanksAtEnd(*run));
-        if (length > 0)
-            SetLength(length);
+        SetLength(end - run->x - spread * static_cast<double>(BlanksAtEnd(*run)));
         SetLook(*run, first);
         m_out.SetRun(run->text);
     }
+}
+
+void SvgWriter::SetShift(const char* name, double shift)
+{
+    if (shift != 0 && IsDrawable(shift))
+        m_out.SetPlain(name, static_cast<float>(shift));
 }
 
 // What the run does not have from the first one of its line.

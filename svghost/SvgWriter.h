@@ -54,6 +54,7 @@ private:
     void WritePart(const Use& use, const Symbol& part);
     void WriteLineOfText(const Use& use, const Symbol& writing);
     void SetLength(double length);
+    void SetShift(const char* name, double shift);
     void WriteFollowingRuns(const Text& first, double spread);
     void WritePlacedRuns(const Text& first, double spread, double width);
     void SetLook(const Text& run, const Text& first);

@@ -207,6 +207,22 @@ TEST(Texts, RunsOfStretchedWritingAreAtTheirPlacesAndAsWideAsTheirAuthors)
     EXPECT_FALSE(anchored.child("tspan").attribute("x"));
 }
 
+TEST(Texts, LengthsThatNoViewerCanHoldAreNotWritten)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_SPREAD_1000000_1");
+    document.Set(document.Text(-3e38F, 3e38F, L"one "), L"font-size", L"3e38");
+    document.Text(0, -3e38F, L"two");
+    document.End();
+    document.Begin(L"PLEXORN_TEXT_MIDDLE_2");
+    document.Text(-3e38F, 0, L"three");
+    document.End();
+    document.Use(L"PLEXORN_TEXT_SPREAD_1000000_1", 0, 0);
+    document.Use(L"PLEXORN_TEXT_MIDDLE_2", 0, 0);
+    document.Set(document.Use(L"PLEXORN_TEXT_SPREAD_1000000_1", 0, 0), L"scale-x", L"2");
+    EXPECT_EQ(document.Write().find("inf"), std::string::npos) << document.Write();
+}
+
 TEST(Texts, ARaisedRunIsRaisedInItsLine)
 {
     const HostDocument document;
