@@ -246,29 +246,31 @@ TEST(ReadDrawing, ABlockWithoutEndblkEndsAtTheNextBlockOrTheSection)
 
 TEST(ReadDrawing, EntitiesOfTheLayoutsBlocksComeFirst)
 {
-    const std::string text = kTables +
-                             Dxf({{0, "SECTION"},
-                                  {2, "BLOCKS"},
-                                  {0, "BLOCK"},
-                                  {2, "*MODEL_SPACE"},
-                                  {0, "ARC"},
-                                  {8, "m"},
-                                  {0, "ENDBLK"},
-                                  {0, "BLOCK"},
-                                  {2, "*Paper_Space0"},
-                                  {0, "POINT"},
-                                  {8, "p"},
-                                  {0, "ENDBLK"},
-                                  {0, "BLOCK"},
-                                  {2, "Own"},
-                                  {0, "TEXT"},
-                                  {0, "ENDBLK"},
-                                  {0, "ENDSEC"}}) +
-                             kEntities + kEof;
+    const std::string blocks = kTables + Dxf({{0, "SECTION"},
+                                              {2, "BLOCKS"},
+                                              {0, "BLOCK"},
+                                              {2, "*MODEL_SPACE"},
+                                              {0, "ARC"},
+                                              {8, "m"},
+                                              {0, "ENDBLK"},
+                                              {0, "BLOCK"},
+                                              {2, "*Paper_Space0"},
+                                              {0, "POINT"},
+                                              {8, "p"},
+                                              {0, "ENDBLK"},
+                                              {0, "BLOCK"},
+                                              {2, "Own"},
+                                              {0, "TEXT"},
+                                              {0, "ENDBLK"},
+                                              {0, "ENDSEC"}});
+    const std::string text = blocks + kEntities + kEof;
     ReadDrawingOf read(text);
     EXPECT_EQ(read.entities, "ARC m;POINT* p;LINE a;CIRCLE b;");
     EXPECT_EQ(EntitiesAgain(read, text), "ARC m;POINT* p;LINE a;CIRCLE b;");
     EXPECT_TRUE(read.drawing.FindBlock(read.Id("*Paper_Space0"))->isLayout);
+    const ReadDrawingOf alone(blocks + kEof);
+    EXPECT_TRUE(alone.hasGivenAll);
+    EXPECT_EQ(alone.entities, "ARC m;POINT* p;");
 }
 
 TEST(ReadDrawing, TheOwnerOrTheLayoutSaysThatAnEntityIsInPaperSpace)

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -113,6 +114,20 @@ TEST_F(ModuleProfile, TheFormThatIsReadFasterIsTheSameDrawing)
     };
     EXPECT_EQ(callsIn(true), callsIn(false));
     EXPECT_NE(callsIn(true).find("qlmCreateCircle(ctx, \"\", 3.5, 1, -2, 0, 0)"), std::string::npos);
+}
+
+TEST_F(ModuleProfile, AnglesHaveTheDecimalsThatTheRadiusNeeds)
+{
+    const auto anglesAt = [](double radius) {
+        WrittenDrawing drawing;
+        drawing.Model().Arc(StyleOf(1), {0, 0}, radius, 12.3456789 * kPi / 180, 65.4321 * kPi / 180);
+        const std::string entities = drawing.Entities();
+        return entities.substr(std::min(entities.find(" 50 ") + 1, entities.size()));
+    };
+    EXPECT_EQ(anglesAt(0.003), "50 12 51 65");
+    EXPECT_EQ(anglesAt(0.03), "50 12.3 51 65.4");
+    EXPECT_EQ(anglesAt(0.3), "50 12.35 51 65.43");
+    EXPECT_EQ(anglesAt(30), "50 12.3457 51 65.4321");
 }
 
 TEST_F(ModuleProfile, CircleIsACircle)

@@ -246,11 +246,12 @@ TEST(PairReader, BinaryDrawingsWithCodesOfOneByteBecomeText)
 
 TEST(PairReader, LineFeedsInBinaryTextsBecomeTheirCode)
 {
-    const std::string text =
-        kSentinel + Bytes({0, 'M', 0, 1, 'a', '\n', 'b', 0, 3, '\r', '\n', 0, 7, 'c', '\n', 0});
+    const std::string text = kSentinel +
+                             Bytes({0, 'M', 0, 1, 'a', '\n', 'b', 0, 3, '\r', '\n', 0, 7, 'c', '\n', 0}) +
+                             Bytes({0xFF, 0x30, 0x01, 'd', '\n', 0, 0xFF, 0x31, 0x01, 'e', '\n', 0});
     CDxfMemory memory(text);
     PairReader reader(memory);
-    EXPECT_EQ(ReadAll(reader), "1 0 M;3 1 a^Jb;5 3  ^J;7 7 c ;");
+    EXPECT_EQ(ReadAll(reader), "1 0 M;3 1 a^Jb;5 3  ^J;7 7 c ;9 304 d^J;11 305 e ;");
 }
 
 TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
