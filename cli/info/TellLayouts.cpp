@@ -56,7 +56,7 @@ ExitCode TellLayouts(const Options& options)
         Tell(input, options, !inputs.areMany, report);
         report.End();
         if (report.Code() != ExitCode::Drawn)
-            code = inputs.areMany ? ExitCode::SomeFailed : report.Code();
+            code = inputs.files.size() > 1 ? ExitCode::SomeFailed : report.Code();
     }
     return code;
 }

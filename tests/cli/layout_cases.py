@@ -1,5 +1,6 @@
 """Sheets: --list-layouts, --layout NAME, --layout all."""
 import json
+import os
 import re
 import xml.etree.ElementTree as ElementTree
 
@@ -81,6 +82,12 @@ class Layouts(CommandTest):
         self.assertEqual((result.returncode, result.stdout), (5, "plan.dxf: First\nplan.dxf: Second: b/c\n"))
         self.assertIn("none.dxf: ", result.stderr)
         self.assertEqual(self.plexorn("--list-layouts", "text.dxf").returncode, 4)
+
+    def test_a_folder_with_one_drawing_has_the_code_of_that_one(self):
+        os.mkdir(self.path("in"))
+        self.write("in/text.dxf", b"no drawing at all")
+        for words in (["--list-layouts"], ["info"], ["-o", "out/"], ["prepare", "-o", "out/"]):
+            self.expect(4, *words, "in")
 
     def test_a_sheet_has_its_size_and_shows_the_model_in_its_windows(self):
         self.write("plan.dxf", SHEETS)
