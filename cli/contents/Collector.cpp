@@ -84,7 +84,7 @@ void Collector::BeginEntry(std::string_view name)
 void Collector::BeginEntity(std::string_view name)
 {
     m_record = Record::Entity;
-    m_type = name;
+    m_type = name.empty() ? prepare::kNoTypeName : name;
     m_name.clear();
     m_layerName.clear();
     m_lineTypeName.clear();

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace prepare {
@@ -17,7 +18,11 @@ public:
     explicit EntityReader(RecordReader& reader) : m_reader(reader) {}
 
     // The number of the type's name in the current pair.
-    NameId TypeName() { return m_reader.drawing.names.OfWord(m_reader.Word()); }
+    NameId TypeName()
+    {
+        const std::string_view word = m_reader.Word();
+        return m_reader.drawing.names.OfWord(word.empty() ? kNoTypeName : word);
+    }
     EntityType TypeOf(NameId id);
 
     // Reads the entity that begins with the current pair, up to the next record that is not a part of it, and

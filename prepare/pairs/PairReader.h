@@ -11,6 +11,9 @@
 
 namespace prepare {
 
+// What a record is called whose type is an empty text.
+inline constexpr std::string_view kNoTypeName = "(no type)";
+
 // Reads pair by pair whatever programs write as a drawing. Comments (999) are left out. Where a group code
 // belongs, any other line is skipped, and so is a 0 whose value is a number, as no record has such a name: so
 // a file with a line too many or too few gets back into step.

@@ -117,9 +117,14 @@ private:
 
     void AddSigns(std::string_view letters)
     {
-        for (std::size_t i = 0; i < letters.size(); ++i) {
-            const std::string_view sign = ToleranceSign(letters[i]);
-            AddLetters(sign.empty() ? letters.substr(i, 1) : sign);
+        while (!letters.empty()) {
+            const auto isSign = [](char letter) { return !ToleranceSign(letter).empty(); };
+            const auto sign = std::find_if(letters.begin(), letters.end(), isSign);
+            AddLetters({letters.begin(), sign});
+            if (sign != letters.end())
+                AddLetters(ToleranceSign(*sign));
+            letters.remove_prefix(
+                std::min(letters.size(), static_cast<std::size_t>(sign - letters.begin()) + 1));
         }
     }
 
@@ -132,7 +137,8 @@ private:
             return;
         }
         const char code = Skip(1);
-        if (code == '\0')
+        constexpr unsigned char kLastOfAscii = 0x7F; // no code has others
+        if (m_rest.empty() || static_cast<unsigned char>(code) > kLastOfAscii)
             return;
         Skip(1);
         if (!ReadSwitch(code) && !ReadLook(code))

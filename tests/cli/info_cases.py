@@ -75,6 +75,12 @@ class Contents(InfoTest):
             {"name": "Notes", "defined": False, "colour": 0, "off": False, "frozen": False, "lineType": None,
              "weight": 0, "entities": 3}])
 
+    def test_an_entity_without_a_type_has_a_name(self):
+        self.write("a.dxf", entities("  0", "", "  8", "0", *LINE))
+        for options in ([], ["--as-is"]):
+            with self.subTest(options=options):
+                self.assertIn("missing: 1 (no type)\n", self.plexorn("info", *options, "a.dxf").stdout)
+
     def test_line_types(self):
         self.assertEqual(self.info(WHOLE)["lineTypes"], [
             {"name": "DASHED", "defined": True, "description": "Dashed __ __", "dashes": 2, "length": 2.5,

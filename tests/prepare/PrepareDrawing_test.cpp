@@ -150,6 +150,12 @@ TEST(PrepareDrawing, WhatIsNotShownIsNotRewritten)
     EXPECT_EQ(prepared.report.entities, 2u);
 }
 
+TEST(PrepareDrawing, AnEntityWithoutATypeHasANameInTheReport)
+{
+    EXPECT_EQ(Findings(Section("ENTITIES", kLine + Dxf({{0, ""}, {8, "0"}}))),
+              (Lines{"(no type): cannot be drawn (1)", "file: ends without EOF (1)"}));
+}
+
 // "entities, of them in blocks, in the paper space, on sheets, invisible, masks", and whether the file has
 // its end.
 std::string ContentsOf(const std::string& drawing)

@@ -340,6 +340,13 @@ TEST(DrawMText, UnknownAndBrokenCodesAreLeftOut)
     EXPECT_EQ(WordsOf(Simple("A\\C1B")), (Lines{"A", "B"}));
 }
 
+TEST(DrawMText, ALetterBeyondAsciiIsNoCode)
+{
+    EXPECT_EQ(WordsOf(Simple("A\\\u00E9B")), Lines{"A\u00E9B"});
+    EXPECT_EQ(WordsOf(Simple("A\\\uFFFDX\\")), Lines{"A\uFFFDX"});
+    EXPECT_EQ(WordsOf(Simple("\\\u3042")), Lines{"\u3042"});
+}
+
 TEST(DrawMText, IndentsAreOfTheFirstLineAndOfTheOthers)
 {
     EXPECT_EQ(Drawn(Wrapped("\\pi-1,l3;AA BB", 5)),

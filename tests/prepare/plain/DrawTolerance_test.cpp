@@ -65,6 +65,8 @@ TEST(DrawTolerance, LettersOfTheFontOfSignsAreSigns)
     EXPECT_EQ(TrialOfNotes().Draw(Framed("{\\Fgdt;j}")).front(),
               "text '\u2316' at 10.878,19.5 along 1,0 up 0,1 middle colour 0");
     EXPECT_NE(TrialOfNotes().Draw(Framed("{\\Fgdt;j}j")).front().find("'\u2316j'"), std::string::npos);
+    EXPECT_NE(TrialOfNotes().Draw(Framed("{\\Fgdt;\u20ACj\u00E9}")).front().find("'\u20AC\u2316\u00E9'"),
+              std::string::npos);
     EXPECT_EQ(ToleranceSign('n'), "\u00D8");
     EXPECT_EQ(ToleranceSign('u'), "\u23E4");
     EXPECT_EQ(ToleranceSign('v'), "");
