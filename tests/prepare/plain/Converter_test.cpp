@@ -134,5 +134,48 @@ TEST(Converter, ALeadersBlockHasTheLeadersAttributes)
               (Lines{"insert 0 at 7,20 turned 0", "text '12' at 13,20 along 3,0 up 0,3 start"}));
 }
 
+// In a block, what is no constant has a copy at each insert.
+TEST(Converter, ADefinitionOfAnAttributeIsShownWhereNoInsertHasItsOwn)
+{
+    constexpr std::int32_t kInvisible = 1, kConstant = 2;
+    const auto countTexts = [](EntityType type, std::int32_t flags, bool isInBlock) {
+        Drawing drawing;
+        std::unique_ptr<Text> text = Attribute({2, 0, 0});
+        text->type = type;
+        text->tag = "T";
+        text->flags = flags;
+        Insert insert;
+        insert.block = drawing.names.Of("BLOCK");
+        insert.scale = {1, 1, 1};
+        auto block = std::make_unique<Block>();
+        block->name = insert.block;
+        RecordingOutput output;
+        Report report;
+        const Options options;
+        Converter converter(drawing, options, {}, output, report);
+        if (isInBlock) {
+            block->entities.push_back(std::move(text));
+            block->entities.push_back(std::make_unique<Line>());
+            drawing.blocks[insert.block] = std::move(block);
+            converter.Take(insert);
+        } else {
+            converter.Take(*text);
+        }
+        std::size_t count = 0;
+        output.blocks.push_back(output.model);
+        for (const RecordingSink& sink : output.blocks)
+            for (const std::string& line : sink.lines)
+                count += line.starts_with("text");
+        return count;
+    };
+    for (const EntityType type : {EntityType::AttDef, EntityType::Attrib}) {
+        EXPECT_EQ(countTexts(type, 0, false), 1U);
+        EXPECT_EQ(countTexts(type, kInvisible, false), 0U);
+        EXPECT_EQ(countTexts(type, kConstant, true), 1U);
+        EXPECT_EQ(countTexts(type, kConstant | kInvisible, true), 0U);
+        EXPECT_EQ(countTexts(type, 0, true), type == EntityType::Attrib ? 1U : 0U);
+    }
+}
+
 } // namespace
 } // namespace prepare
