@@ -1,7 +1,5 @@
 #include "prepare/plain/DrawCurves.h"
 
-#include "prepare/plain/DrawPoint.h"
-
 namespace prepare {
 
 namespace {
@@ -25,7 +23,7 @@ void DrawLine(const Line& line, Pen& pen)
     const Matrix& matrix = pen.Place().matrix;
     const Point2 start = matrix.Flat(line.start), end = matrix.Flat(line.end);
     if (start == end)
-        return DrawDot(start, pen);
+        return pen.Dot(start);
     pen.Line(start, end);
 }
 

@@ -38,19 +38,11 @@ void DrawShape(const Mark& mark, std::int32_t shape)
     } else if (shape == kTick) {
         mark.Line({0, 0}, {0, 1});
     } else if (shape != kNothing) {
-        DrawDot(mark.centre, mark.pen);
+        mark.pen.Dot(mark.centre);
     }
 }
 
 } // namespace
-
-void DrawDot(Point2 point, Pen& pen)
-{
-    constexpr double kTolerancesOfStroke = 20;
-    const bool isMeasuring = pen.Place().scale.PointSize() == 0 && pen.Place().scale.Reach().IsEmpty();
-    const double half = isMeasuring ? 0 : kTolerancesOfStroke * pen.Place().scale.Tolerance() / 2;
-    pen.Line({point.x - half, point.y}, {point.x + half, point.y});
-}
 
 void DrawPoint(const PointEntity& point, Pen& pen)
 {
@@ -58,6 +50,9 @@ void DrawPoint(const PointEntity& point, Pen& pen)
     const Point2 x{size * std::cos(angle), size * std::sin(angle)};
     const Mark mark{pen.Place().matrix.Flat(point.point), x, LeftOf(x), pen};
     const std::int32_t mode = pen.Place().drawing.header.Integer("$PDMODE", 0);
+    // Marks have no size while the drawing is being measured, and where it has no height.
+    if (size == 0 && mode != kNothing)
+        return pen.Dot(mark.centre);
     DrawShape(mark, mode & kShapeBits);
     if ((mode & kInCircle) != 0)
         pen.Arc({mark.centre, mark.x, mark.y});

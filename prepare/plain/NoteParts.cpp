@@ -48,7 +48,8 @@ void NoteFrame::Line(double u, double v, double endU, double endV) const
 {
     const Point2 from = m_placement.matrix.Flat(m_plane.At(u, v));
     const Point2 to = m_placement.matrix.Flat(m_plane.At(endU, endV));
-    if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y)) {
+    if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y) &&
+        !(from == to)) {
         m_placement.budget.Take(2);
         m_placement.sink.Line(m_style, from, to);
     }

@@ -65,8 +65,16 @@ void Pen::Line(Point2 start, Point2 end)
         Lose();
         return;
     }
-    if (TakeRoom(2))
+    if (!(start == end) && TakeRoom(2))
         m_placement.sink.Line(m_style, start, end);
+}
+
+void Pen::Dot(Point2 point)
+{
+    if (!IsFinite(point))
+        Lose();
+    else if (TakeRoom(2))
+        m_placement.sink.Line(m_style, point, point);
 }
 
 void Pen::Arc(const EllipticArc& arc)

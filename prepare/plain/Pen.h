@@ -39,6 +39,8 @@ public:
     void UseThinnest() { m_style.width = m_style.weight = 0; }
 
     void Line(Point2 start, Point2 end);
+    // As wide as its stroke.
+    void Dot(Point2 point);
     // As a circle, an arc, an ellipse or, seen from the side, a line. arc.end is not below arc.start, and by
     // no more than a turn above it.
     void Arc(const EllipticArc& arc);

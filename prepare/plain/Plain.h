@@ -62,6 +62,7 @@ class PlainSink {
 public:
     virtual ~PlainSink() = default;
 
+    // One without length is a dot, as wide as its stroke.
     virtual void Line(const Style& style, Point2 start, Point2 end) = 0;
     virtual void Circle(const Style& style, Point2 centre, double radius) = 0;
     // Counter-clockwise, in radians; end is above start, by less than a turn.

@@ -14,7 +14,7 @@ public:
     {
     }
 
-    // Of flattened curves while there is room; above 0. The thinnest stroke is twenty times as wide.
+    // Of flattened curves while there is room; above 0.
     double Tolerance() const { return Asked(m_tolerance); }
     // Rays are cut here; empty while that is not known, and then they are left out.
     const Box& Reach() const { return Asked(m_reach); }

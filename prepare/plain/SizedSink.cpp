@@ -18,7 +18,7 @@ bool HasExtent(std::span<const std::vector<Point2>> rings)
 
 void SizedSink::Line(const Style& style, Point2 start, Point2 end)
 {
-    See(!(start == end));
+    m_isVisible = true;
     m_next.Line(style, start, end);
 }
 

@@ -98,7 +98,9 @@ void ModuleEntities::Point(int code, Point2 p)
 
 void ModuleEntities::Line(StyleId style, Point2 start, Point2 end)
 {
-    WriteLine(style, Local(start), Local(end));
+    // The module draws ends flat, so a dot is as long as it is wide.
+    const Point2 half{start == end ? m_out.styles.WidthOf(style) / 2 : 0, 0};
+    WriteLine(style, Local(start) - half, Local(end) + half);
 }
 
 void ModuleEntities::WriteLine(StyleId style, Point2 start, Point2 end)

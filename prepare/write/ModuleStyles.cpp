@@ -37,8 +37,8 @@ ModuleStyles::ModuleStyles(const StyleTable& styles, const WriteSettings& settin
         const Style& style = styles[id];
         const CodeAndValue colour = ColourForModule(style.colour);
         m_letters.push_back(PairText(colour.code, std::to_string(colour.value), m_form));
-        m_strokes.push_back(m_letters.back() +
-                            StrokeOf(style, factor * StrokeWidth(settings, style.weight, style.width)));
+        m_widths.push_back(factor * StrokeWidth(settings, style.weight, style.width));
+        m_strokes.push_back(m_letters.back() + StrokeOf(style, m_widths.back()));
     }
 }
 

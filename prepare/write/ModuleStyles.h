@@ -19,6 +19,8 @@ public:
 
     // Colour, weight and line type.
     const std::string& OfStroke(StyleId style) const { return m_strokes[style]; }
+    // How wide it is, as written.
+    double WidthOf(StyleId style) const { return m_widths[style]; }
     // The colour alone.
     const std::string& OfLetters(StyleId style) const { return m_letters[style]; }
     // The TABLES section; nothing when no line is dashed.
@@ -30,6 +32,7 @@ private:
 
     std::vector<std::string> m_strokes;
     std::vector<std::string> m_letters;
+    std::vector<double> m_widths;
     std::map<std::vector<double>, std::string> m_names; // of line types, by their patterns
     std::vector<const std::vector<double>*> m_patterns; // in the order of their names
     std::size_t m_lengths = 0;                          // in all of them

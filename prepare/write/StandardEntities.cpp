@@ -97,10 +97,11 @@ void StandardEntities::Line(StyleId style, Point2 start, Point2 end)
 {
     if (IsWide(style))
         return Polyline(style, std::vector<PlainVertex>{{start, 0}, {end, 0}}, false);
+    const Point2 half{start == end ? m_out.dot / 2 : 0, 0};
     Begin("LINE", m_out.styleTexts[style]);
     m_out.pairs.Text(100, "AcDbLine");
-    WritePoint3(m_out.pairs, 10, start, m_out.decimals);
-    WritePoint3(m_out.pairs, 11, end, m_out.decimals);
+    WritePoint3(m_out.pairs, 10, start - half, m_out.decimals);
+    WritePoint3(m_out.pairs, 11, end + half, m_out.decimals);
 }
 
 void StandardEntities::Circle(StyleId style, Point2 centre, double radius)

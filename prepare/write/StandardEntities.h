@@ -19,6 +19,7 @@ struct StandardOutput {
     const std::vector<std::string>& blockNames; // by their numbers; empty: it is not used
     Report& report;
     Fineness& curves;      // ellipses that are wide lines
+    double dot = 0;        // how long a dot is: not every program shows a line without length
     int decimals = 0;      // of coordinates
     std::uint64_t& handle; // the next free one
 };

@@ -3,6 +3,7 @@
 #include "prepare/write/LogExtents.h"
 #include "prepare/write/StandardEntities.h"
 #include "prepare/write/StandardObjects.h"
+#include "prepare/write/Wrap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -170,8 +171,9 @@ bool StandardWriter::Finish(const ByteFunction& write)
 
     PairWriter pairs(write);
     Fineness curves(m_settings.tolerance, m_settings.sparePointsOfCurves);
-    const StandardOutput output{pairs,    m_styles, styleTexts, tables, names,
-                                m_report, curves,   decimals,   handle};
+    const double dot = StrokeWidth(m_settings, m_settings.thinnestWeight, 0);
+    const StandardOutput output{pairs,    m_styles, styleTexts, tables,   names,
+                                m_report, curves,   dot,        decimals, handle};
     WriteHeader(pairs, extents, seed);
     tables.Write(pairs, blocks, extents, decimals, handle);
     BeginSection(pairs, "BLOCKS");

@@ -54,6 +54,14 @@ qlmSetAttributeByNode(ctx, n1, "stroke-dasharray", "10.000000,5.000000")
 )calls");
 }
 
+TEST_F(ModuleProfile, ADotIsAsLongAsItsStrokeIsWide)
+{
+    Model().Line(StyleOf(1, 100), {5, 5}, {5, 5});
+    Model().Line(StyleOf(1, 0), {7, 5}, {7, 5});
+    EXPECT_EQ(Created(), "qlmCreateLine(ctx, \"\", 4.5, -5, 5.5, -5, 0, 0) = n1\n"
+                         "qlmCreateLine(ctx, \"\", 6.875, -5, 7.125, -5, 0, 0) = n2\n");
+}
+
 TEST_F(ModuleProfile, LineTypesDifferByScaleAndDotsByWidth37)
 {
     Style style = red;

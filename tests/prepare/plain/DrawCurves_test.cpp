@@ -66,9 +66,9 @@ TEST(DrawLine, WithoutLengthOrSeenEndOnIsADotAsAPointIs)
     Stage stage;
     Line line;
     line.start = line.end = {10, 20, 0};
-    EXPECT_EQ(stage.Draw(line), Lines{"line 9.9,20 10.1,20"});
+    EXPECT_EQ(stage.Draw(line), Lines{"line 10,20 10,20"});
     line.end.z = 5;
-    EXPECT_EQ(stage.Draw(line), Lines{"line 9.9,20 10.1,20"});
+    EXPECT_EQ(stage.Draw(line), Lines{"line 10,20 10,20"});
     line.end.x = kInfinity;
     line.start = line.end;
     EXPECT_TRUE(stage.Findings().empty());

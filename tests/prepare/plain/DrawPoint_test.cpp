@@ -16,24 +16,23 @@ Lines PointInMode(const char* mode, double angle = 0)
     return stage.Draw(point);
 }
 
-// Twenty times the tolerance of 0.01.
-TEST(DrawPoint, WithoutAModeItIsADotOfAStrokesWidth)
+TEST(DrawPoint, WithoutAModeItIsADot)
 {
     Stage stage;
-    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line -0.1,0 0.1,0"});
-    EXPECT_EQ(PointInMode("0"), Lines{"line 9.9,20 10.1,20"});
+    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line 0,0 0,0"});
+    EXPECT_EQ(PointInMode("0"), Lines{"line 10,20 10,20"});
 }
 
-TEST(DrawPoint, WhileTheDrawingIsMeasuredADotIsItsCentre)
+TEST(DrawPoint, AMarkWithoutASizeIsADot)
 {
     Stage stage;
-    stage.tolerance = 1e100;
     stage.pointSize = 0;
-    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line 0,0 0,0"});
-    stage.reach.Add({-50, 0});
-    stage.reach.Add({50, 0});
-    stage.tolerance = 0.01;
-    EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line -0.1,0 0.1,0"}); // a drawing without height
+    for (const char* const mode : {"2", "33"}) {
+        stage.drawing.header["$PDMODE"].values = {{70, mode}};
+        EXPECT_EQ(stage.Draw(PointEntity()), Lines{"line 0,0 0,0"});
+    }
+    stage.drawing.header["$PDMODE"].values = {{70, "1"}};
+    EXPECT_EQ(stage.Draw(PointEntity()), Lines{});
 }
 
 TEST(DrawPoint, TheModeGivesTheMark)

@@ -44,6 +44,12 @@ TEST_F(StandardProfile, Line)
     EXPECT_EQ(Entity("LINE"), "100 AcDbLine 10 0 20 0 30 0 11 10 21 5.5 31 0");
 }
 
+TEST_F(StandardProfile, ADotIsALineAsLongAsTheThinnestStrokeIsWide)
+{
+    Model().Line(red, {1, 2}, {1, 2});
+    EXPECT_EQ(Entity("LINE"), "100 AcDbLine 10 0.875 20 2 30 0 11 1.125 21 2 31 0");
+}
+
 TEST_F(StandardProfile, CircleAndArc)
 {
     Model().Circle(red, {1, 2}, 3);
