@@ -283,6 +283,12 @@ class Prepared(InfoTest):
             self.assertRegex(printed, rf"(?m)^  {type_} +1 +0 +\d+  {words}$")
         self.assertIn("share         2 of 3 entities shown (66.6 %); missing: 1 3DSOLID\n", printed)
 
+    def test_columns_are_level_whatever_letters_are_in_them(self):
+        self.write("plan.dxf", entities("0", "LINE", "8", "Tür", *LINE[4:], "0", "LINE", "8", "Tor", *LINE[4:]))
+        rows = [line for line in self.plexorn("info", "plan.dxf").stdout.splitlines() if line.startswith(("  Tür ", "  Tor "))]
+        self.assertEqual(len(rows), 2)
+        self.assertEqual(rows[0].replace("Tür", "Tor"), rows[1].replace("Tür", "Tor"))
+
     def test_it_counts_what_preparing_reads(self):
         block = ("0", "BLOCK", "2", "B", "0", "line", "8", "0", "0", "ENDBLK")
         polyline = ("0", "POLYLINE", "8", "0", "0", "VERTEX", "8", "0", "0", "VERTEX", "8", "0", "0", "SEQEND")
