@@ -24,6 +24,7 @@ SURVIVORS = os.path.join(ROOT, "scripts", "lib", "SURVIVORS.md")
 MOST_MEMORY = 4 << 30
 # The command, which the cases of tests/cli run.
 COMMAND = "plexorn_cli"
+CASES = os.path.join("tests", "cli")
 
 
 class Subject(typing.NamedTuple):
@@ -85,11 +86,11 @@ def read_commands(lines):
 class Build:
     """How the sources of a subject are compiled, and the programs they are linked to.
 
-    Sources and objects are copied first: work on them can go on meanwhile."""
+    Sources, objects and the command's cases are copied first: work on them can go on meanwhile."""
 
     def __init__(self, folder, work, subject):
         self.folder, self.work, self.subject = folder, work, subject
-        for name in SUBJECTS:
+        for name in (*SUBJECTS, CASES, "examples"):
             shutil.copytree(os.path.join(ROOT, name), os.path.join(work, name))
         self.compile, self.objects, self.copies = {}, {}, {}
         self.programs = {program: self.read_program(program) for program in SUBJECTS[subject].programs}
@@ -213,8 +214,8 @@ class Cases:
     """The cases of the command in one module."""
     program = COMMAND
 
-    def __init__(self, module):
-        self.module = module
+    def __init__(self, module, work):
+        self.module, self.script = module, os.path.join(work, CASES, "command_test.py")
         with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
             self.version = re.search(r"project\(Plexorn VERSION ([\d.]+)", file.read()).group(1)
 
@@ -222,8 +223,8 @@ class Cases:
         return self.module
 
     def command(self, path, _):
-        return [sys.executable, "-B", os.path.join(ROOT, "tests", "cli", "command_test.py"), "--failfast", self.module,
-                "--command", path, "--version", self.version]
+        return [sys.executable, "-B", self.script, "--failfast", self.module, "--command", path, "--version",
+                self.version]
 
 
 class Tests:
@@ -236,7 +237,7 @@ class Tests:
             if path is None:
                 sys.exit(f"mutate: {program} does not link")
             if program == COMMAND:
-                parts += map(Cases, SUBJECTS[build.subject].cases)
+                parts += [Cases(module, build.work) for module in SUBJECTS[build.subject].cases]
             else:
                 parts += self.quick_and_slow(program, path, build.work)
         self.timed = sorted(((self.seconds(part, build.work), part) for part in parts), key=lambda timed: timed[0])
