@@ -71,14 +71,6 @@ bool IsWithin(std::span<const Point2> ring, Point2 point)
     return isWithin;
 }
 
-Box BoxOf(std::span<const Point2> points)
-{
-    Box box;
-    for (const Point2 point : points)
-        box.Add(point);
-    return box;
-}
-
 Point2 CentreOf(std::span<const Point2> points)
 {
     Point2 sum;
@@ -132,6 +124,14 @@ ClipRegion::Shares Without(const ClipRegion::Shares& shares)
 }
 
 } // namespace
+
+Box BoxOf(std::span<const Point2> points)
+{
+    Box box;
+    for (const Point2 point : points)
+        box.Add(point);
+    return box;
+}
 
 ClipRegion::ClipRegion(std::vector<Point2> corners, bool isInverted)
     : m_corners(std::move(corners)), m_isInverted(isInverted)

@@ -8,18 +8,6 @@
 
 namespace prepare {
 
-namespace {
-
-Box BoxOf(std::span<const Point2> points)
-{
-    Box box;
-    for (const Point2 point : points)
-        box.Add(point);
-    return box;
-}
-
-} // namespace
-
 std::vector<Point2> PointsOf(std::span<const PlainVertex> vertices, bool isClosed, Fineness& curves,
                              double coarsest)
 {

@@ -12,7 +12,7 @@ namespace prepare {
 
 namespace {
 
-enum PolylineFlag : std::int32_t { kClosed = 1, kIn3d = 8, kPolygonMesh = 16, kPolyface = 64 };
+enum PolylineFlag : std::int32_t { kClosedPolyline = 1, kIn3d = 8, kPolygonMesh = 16, kPolyface = 64 };
 
 constexpr std::int32_t kFrameVertex = 16; // controls a spline and is not on it
 
@@ -232,7 +232,7 @@ double ElevationOf(const Polyline& polyline)
 
 void DrawLwPolyline(const LwPolyline& polyline, Pen& pen)
 {
-    const bool isClosed = (polyline.flags & kClosed) != 0;
+    const bool isClosed = (polyline.flags & kClosedPolyline) != 0;
     const auto& vertices = polyline.vertices;
     const bool isAllOne = polyline.width != 0 &&
                           std::all_of(vertices.begin(), vertices.end(),
@@ -257,7 +257,7 @@ void DrawPolyline(const Polyline& polyline, Pen& pen)
         DrawPolyface(polyline, pen);
         return;
     }
-    const bool isClosed = (polyline.flags & kClosed) != 0;
+    const bool isClosed = (polyline.flags & kClosedPolyline) != 0;
     const std::vector<PolylineVertex> vertices = WithoutFrame(polyline.vertices);
     if ((polyline.flags & kIn3d) != 0)
         DrawIn3d(vertices, isClosed, pen);

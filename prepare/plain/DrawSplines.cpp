@@ -8,7 +8,7 @@ namespace prepare {
 
 namespace {
 
-constexpr std::int32_t kClosed = 1;
+constexpr std::int32_t kClosedSpline = 1;
 
 // The control points in the output's plane, without those that are not finite.
 std::vector<WeightedPoint> ControlPoints(const Spline& spline, Pen& pen)
@@ -70,7 +70,7 @@ std::vector<Point3> FitPoints(const Spline& spline, Pen& pen)
         else if (points.empty() || !(point == points.back()))
             points.push_back(point);
     }
-    if ((spline.flags & kClosed) != 0 && points.size() > 2 && !(points.front() == points.back()))
+    if ((spline.flags & kClosedSpline) != 0 && points.size() > 2 && !(points.front() == points.back()))
         points.push_back(points.front());
     return points;
 }
@@ -98,7 +98,7 @@ void DrawThroughFitPoints(const Spline& spline, Pen& pen)
         curve.parameters.push_back(length);
         curve.points.push_back(matrix.Flat(points[i]));
     }
-    curve.isClosed = (spline.flags & kClosed) != 0;
+    curve.isClosed = (spline.flags & kClosedSpline) != 0;
     curve.hasStart = FlatTangent(spline.startTangent, matrix, curve.start);
     curve.hasEnd = FlatTangent(spline.endTangent, matrix, curve.end);
     Draw(Flatten(curve, pen.Curves()), pen);
