@@ -155,7 +155,8 @@ TEST(Uses, LettersDigitsAndThreeMarksOfANameStay)
     const HostDocument document;
     AddSymbol(document, L"azAZ09-._", 1);
     AddSymbol(document, L"`{@[/:", 2); // next to them
-    const pugi::xml_node symbol = ParsedSvg(document).Definitions().child("symbol");
+    const ParsedSvg svg(document);
+    const pugi::xml_node symbol = svg.Definitions().child("symbol");
     EXPECT_STREQ(symbol.attribute("id").value(), "s-azAZ09-._");
     EXPECT_STREQ(symbol.next_sibling().attribute("id").value(), "s-_x60__x7B__x40__x5B__x2F__x3A_");
 }
