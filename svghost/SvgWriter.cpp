@@ -95,7 +95,7 @@ bool HasGroups(const Container& container)
 std::size_t BlanksAtEnd(const Text& run)
 {
     const std::size_t last = run.text.find_last_not_of(' ');
-    return last == run.text.npos ? 0 : run.text.size() - 1 - last;
+    return last == std::string_view::npos ? 0 : run.text.size() - 1 - last;
 }
 
 const Text* NextRun(const Text& run)
