@@ -34,13 +34,13 @@ const std::map<std::string_view, Names> kElements = {
     {"polyline", {"points"}},
     {"polygon", {"points"}},
     {"text", {"x", "y", "xml:space", "textLength", "lengthAdjust"}},
-    {"tspan", {}},
+    {"tspan", {"x", "y", "dx", "dy", "xml:space", "textLength", "lengthAdjust"}},
     {"use", {"xlink:href"}},
 };
 const Names kNumbers = {
-    "x",         "y",         "x1", "y1",    "x2",     "y2",           "r",           "rx",
-    "ry",        "cx",        "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight",
-    "font-size", "textLength"};
+    "x",         "y",          "x1", "y1",    "x2",     "y2",           "r",           "rx",
+    "ry",        "cx",         "cy", "width", "height", "stroke-width", "markerWidth", "markerHeight",
+    "font-size", "textLength", "dx", "dy"};
 // Attributes whose value the one who draws may choose freely: it is quoted, and no viewer runs it.
 constexpr std::string_view kDataPrefix = "data-";
 
