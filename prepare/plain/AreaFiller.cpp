@@ -19,13 +19,8 @@ void AreaFiller::Add(std::vector<Point2> outline, bool sharesEdge)
         return;
     if (!std::all_of(outline.begin(), outline.end(), [](Point2 point) { return IsFinite(point); }))
         return m_pen.Lose();
-    Box box;
-    for (const Point2 point : outline)
-        box.Add(point);
-    const auto overlaps = [&](const Box& other) {
-        return box.min.x <= other.max.x && other.min.x <= box.max.x && box.min.y <= other.max.y &&
-               other.min.y <= box.max.y;
-    };
+    const Box box = BoxOf(outline);
+    const auto overlaps = [&](const Box& other) { return !box.IsApartFrom(other); };
     const std::size_t others = m_boxes.size() - (sharesEdge && !m_boxes.empty() ? 1 : 0);
     if (m_boxes.size() == kMostOutlines ||
         std::any_of(m_boxes.begin(), m_boxes.begin() + static_cast<std::ptrdiff_t>(others), overlaps))

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace prepare {
 
@@ -28,5 +29,13 @@ struct Box {
     double Height() const { return IsEmpty() ? 0 : max.y - min.y; }
     double LongerSide() const { return Width() > Height() ? Width() : Height(); }
 };
+
+inline Box BoxOf(std::span<const Point2> points)
+{
+    Box box;
+    for (const Point2 point : points)
+        box.Add(point);
+    return box;
+}
 
 } // namespace prepare

@@ -125,14 +125,6 @@ ClipRegion::Shares Without(const ClipRegion::Shares& shares)
 
 } // namespace
 
-Box BoxOf(std::span<const Point2> points)
-{
-    Box box;
-    for (const Point2 point : points)
-        box.Add(point);
-    return box;
-}
-
 ClipRegion::ClipRegion(std::vector<Point2> corners, bool isInverted)
     : m_corners(std::move(corners)), m_isInverted(isInverted)
 {

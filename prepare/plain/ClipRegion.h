@@ -19,9 +19,6 @@ inline constexpr std::string_view kNotCutByRing =
     "not cut off: its boundary crosses itself or has more than 256 corners";
 inline constexpr std::string_view kNotCutByNothing = "not cut off: its boundary has no area";
 
-// The box around points.
-Box BoxOf(std::span<const Point2> points);
-
 enum class ClipSide : std::uint8_t { Inside, Outside, Across };
 
 // The area within a ring, or, inverted, all that is around it. A ring that crosses itself or has more than

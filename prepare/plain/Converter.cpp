@@ -274,7 +274,7 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
     const Matrix shape = Scaled(UsableScale(insert.scale)) * Moved(-1 * block.base);
     const SpatialFilter* const filter = m_drawing.FindFilter(insert.handle);
     const std::int32_t rows = std::max(insert.rows, 1), columns = std::max(insert.columns, 1);
-    const bool canUse = CanUse(block, place * shape, insert.line); // said once of all places
+    const bool mayUse = MayUse(block, place * shape, insert.line); // said once of all places
     for (std::int32_t row = 0; row < rows; ++row)
         for (std::int32_t column = 0; column < columns; ++column) {
             if (row + column > 0 && !TakePlace(insert.line))
@@ -283,7 +283,7 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
             if (row + column > 0)
                 PlaceAttributes(insert, MovedBy(step, insert, context));
             const Matrix placement = place * Moved(step) * shape;
-            if (!canUse)
+            if (!mayUse)
                 continue;
             if (filter != nullptr)
                 DrawCut(insert, *filter, block, placement, context, style);
@@ -293,7 +293,7 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
 }
 
 // A box in the place of an inverted boundary would hide what is to be seen.
-bool Converter::CanBeCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region)
+bool Converter::MayCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region)
 {
     if (region.IsEmpty())
         m_report.Add(Finding::Changed, "INSERT", kNotCutByNothing, insert.line);
@@ -307,7 +307,7 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
                         const Matrix& placement, const Context& context, const Style& style)
 {
     const ClipRegion region(BoundaryOf(filter, placement), filter.isInverted);
-    if (!IsFinite(placement) || !CanBeCut(insert, filter, region))
+    if (!IsFinite(placement) || !MayCut(insert, filter, region))
         return UseBlock(block, placement, context, style, insert.line);
     if (!MayEnter(block, insert.line))
         return;
@@ -424,7 +424,7 @@ const Text* Converter::FindDefinition(Handle handle)
     return handle != 0 && found != m_definitions->end() ? found->second : nullptr;
 }
 
-bool Converter::CanUse(const Block& block, const Matrix& placement, std::uint64_t line)
+bool Converter::MayUse(const Block& block, const Matrix& placement, std::uint64_t line)
 {
     if (!IsFinite(placement)) {
         m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
@@ -438,7 +438,7 @@ bool Converter::CanUse(const Block& block, const Matrix& placement, std::uint64_
 void Converter::UseBlock(const Block& block, const Matrix& placement, const Context& context,
                          const Style& style, std::uint64_t line)
 {
-    if (!CanUse(block, placement, line) || block.entities.empty())
+    if (!MayUse(block, placement, line) || block.entities.empty())
         return;
     if (TraitsOf(block).hasRays)
         return DrawContents(block, {placement, style, true, context.sink, context.cut});

@@ -122,10 +122,10 @@ private:
     void PlaceLeaderBlock(const MultiLeader& leader, const Context& context, const Style& style);
     void PlaceLeaderAttributes(const MultiLeader& leader, const Context& ofBlock);
     const Text* FindDefinition(Handle handle);
-    bool CanBeCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region);
+    bool MayCut(const Insert& insert, const SpatialFilter& filter, const ClipRegion& region);
     void DrawCut(const Insert& insert, const SpatialFilter& filter, const Block& block,
                  const Matrix& placement, const Context& context, const Style& style);
-    bool CanUse(const Block& block, const Matrix& placement, std::uint64_t line);
+    bool MayUse(const Block& block, const Matrix& placement, std::uint64_t line);
     void UseBlock(const Block& block, const Matrix& placement, const Context& context, const Style& style,
                   std::uint64_t line);
     void DrawContents(const Block& block, const Context& context);

@@ -138,12 +138,13 @@ DimensionLabel DimensionPen::Label(std::string text) const
     look.widthFactor = WidthFactorOf(letters != nullptr ? letters->widthFactor : 1);
     const std::string_view codePage = m_placement.drawing.header.Text("$DWGCODEPAGE");
     const std::vector<TextLine> lines = BreakIntoLines(ReadMText(text, look, codePage), 0);
-    double below = 0; // what of the line before is below its base line
+    double below = 0;    // what of the line before is below its base line
+    double distance = 1; // from there to the next one's, in its heights
     for (const TextLine& line : lines) {
-        const bool isFirst = &line == &lines.front();
         label.width = std::max(label.width, line.width);
-        label.height += below + (line.ascent - line.height) + (isFirst ? 1 : kLineDistance) * line.height;
+        label.height += below + (line.ascent - line.height) + distance * line.height;
         below = line.descent;
+        distance = kLineDistance;
     }
     label.height += below;
     label.text = std::move(text);

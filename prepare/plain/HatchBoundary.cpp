@@ -158,10 +158,7 @@ void RingMaker::Flatten(EllipticArc arc, Ring& points) const
 // No curve is bent more than its points.
 double RingMaker::CoarsestFor(const std::vector<Point2>& points)
 {
-    Box box;
-    for (const Point2 point : points)
-        box.Add(point);
-    return kCoarsest * box.LongerSide();
+    return kCoarsest * BoxOf(points).LongerSide();
 }
 
 Ring RingMaker::SplinePoints(const HatchEdge& edge) const

@@ -54,14 +54,6 @@ bool AreFinite(const std::vector<Point2>& points)
     return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
 }
 
-double LongerSideOf(const std::vector<Point2>& points)
-{
-    Box box;
-    for (const Point2 point : points)
-        box.Add(point);
-    return box.LongerSide();
-}
-
 } // namespace
 
 WindowReader::WindowReader(const Drawing& drawing, const Layout& layout, const Sheet& sheet, Report& report)
@@ -149,7 +141,7 @@ void OutlineReader::Take(const Entity& entity)
     // Blocks are no outlines: they may unfold to anything.
     if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !HasTrait(entity.type, Trait::Round))
         return;
-    std::vector<Point2> outline = OutlineOf(entity, LongerSideOf(wanted->second->outline));
+    std::vector<Point2> outline = OutlineOf(entity, BoxOf(wanted->second->outline).LongerSide());
     if (outline.size() < 3 || !AreFinite(outline))
         return;
     const ClipRegion region(outline);
