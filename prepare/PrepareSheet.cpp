@@ -90,7 +90,7 @@ public:
 private:
     bool Read(EntitySink& sink, Report* report = nullptr);
     void TellContents(const Contents& held);
-    Measured AllMeasured(const SheetConverter& converter) const;
+    Measured AllMeasured(const SheetConverter& converter);
 
     ReopenableSource& m_source;
     const Options& m_options;
@@ -134,14 +134,15 @@ void SheetPasses::TellContents(const Contents& held)
 }
 
 // The model's measure is of the sheet's own entities: what windows show counts where it is not cut off.
-Measured SheetPasses::AllMeasured(const SheetConverter& converter) const
+Measured SheetPasses::AllMeasured(const SheetConverter& converter)
 {
     Measured all = m_measure.OfModel();
     for (const Window& window : m_windows)
         for (const Point2 corner : window.outline)
             all.hull.Add(corner);
     for (const std::size_t block : converter.Blocks()) {
-        const Measured& shown = m_measure.OfBlock(block);
+        m_measure.EndBlock(block);
+        const MeasuredBlock& shown = m_measure.OfBlock(block);
         all.thinnestWeight = std::min(all.thinnestWeight, shown.thinnestWeight);
         all.smallestText = std::min(all.smallestText, shown.smallestText);
     }

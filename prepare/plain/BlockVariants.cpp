@@ -41,28 +41,55 @@ SplitPlacement Split(const Matrix& placement)
 
 VariantKey::VariantKey(const Block& of, const SplitPlacement& placement, bool inheritsStyle,
                        const Style& ofInsert, std::size_t inView)
-    : block(&of), view(inView), inherits(inheritsStyle)
+    : block(&of), inherits(inheritsStyle), view(static_cast<std::uint32_t>(inView))
 {
     const Matrix& m = placement.baked;
-    baked = {m.x.x, m.x.y, m.y.x, m.y.y, m.z.x, m.z.y};
+    baked = {m.x.x, m.y.x, m.y.y, m.z.x, m.z.y};
     double largest = 0;
     for (const double value : baked)
         largest = std::max(largest, std::fabs(value));
     for (double& value : baked)
         value = Rounded(value, largest);
-    if (inherits)
-        insert = ofInsert;
+    if (!inherits)
+        return;
+    lineType = ofInsert.lineType;
+    isTrueColour = ofInsert.colour.isTrue;
+    colour = isTrueColour ? ofInsert.colour.rgb : static_cast<std::uint32_t>(ofInsert.colour.index);
+    layer = ofInsert.layer;
+    weight = static_cast<std::int16_t>(ofInsert.weight);
 }
 
-std::size_t VariantHash::operator()(const VariantKey& key) const
+std::uint64_t BlockVariants::HashOf(const VariantKey& key) const
 {
-    std::array<std::uint64_t, 10> parts = {
-        reinterpret_cast<std::uintptr_t>(key.block), key.view,
-        std::uint64_t{key.insert.colour.rgb} << 32 | static_cast<std::uint32_t>(key.insert.colour.index),
-        std::uint64_t{key.insert.layer} << 32 | static_cast<std::uint32_t>(key.insert.weight)};
+    std::array<std::uint64_t, 8> parts = {
+        reinterpret_cast<std::uintptr_t>(key.block), std::uint64_t{key.layer} << 32 | key.colour,
+        std::uint64_t{key.view} << 16 | static_cast<std::uint16_t>(key.weight)};
     std::transform(key.baked.begin(), key.baked.end(), parts.end() - key.baked.size(),
                    [](double value) { return std::bit_cast<std::uint64_t>(value); });
-    return static_cast<std::size_t>(HashBytes(parts.data(), sizeof(parts), m_key));
+    return HashBytes(parts.data(), sizeof(parts), m_hashKey);
+}
+
+std::uint32_t BlockVariants::Number(const VariantKey& key, std::uint64_t hash) const
+{
+    return m_index.Find(hash, [&](std::uint32_t number) { return m_made[number].key == key; });
+}
+
+const BlockVariant* BlockVariants::Find(const VariantKey& key) const
+{
+    const std::uint32_t number = Number(key, HashOf(key));
+    return number == CDxfHashIndex::kNone ? nullptr : &m_made[number].variant;
+}
+
+std::pair<BlockVariant*, bool> BlockVariants::Add(const VariantKey& key)
+{
+    const std::uint64_t hash = HashOf(key);
+    const std::uint32_t known = Number(key, hash);
+    if (known != CDxfHashIndex::kNone)
+        return {&m_made[known].variant, false};
+    m_index.Reserve();
+    BlockVariant& made = m_made.emplace_back(Made{key, {}}).variant;
+    m_index.Add(hash, static_cast<std::uint32_t>(m_made.size() - 1));
+    return {&made, true};
 }
 
 } // namespace prepare

@@ -465,14 +465,15 @@ const BlockVariant* Converter::VariantOf(const VariantKey& key, const SplitPlace
                                          const Style& style)
 {
     const Block& block = *key.block;
-    const auto [place, isNew] = m_variants.try_emplace(key);
-    BlockVariant& variant = place->second;
+    const auto [place, isNew] = m_variants.Add(key);
+    BlockVariant& variant = *place;
     if (!isNew)
         return &variant;
     variant.origin = OriginOf(key);
-    variant.number = m_output.NewBlock(m_drawing.names.Text(block.name));
+    variant.number = static_cast<std::uint32_t>(m_output.NewBlock(m_drawing.names.Text(block.name)));
     const Matrix matrix = Moved({-variant.origin.x, -variant.origin.y, 0}) * split.baked;
     DrawContents(block, {matrix, style, true, m_output.Block(variant.number)});
+    m_output.EndBlock(variant.number);
     return &variant;
 }
 
@@ -482,12 +483,14 @@ ClipSide Converter::SideOf(const VariantKey& key, const SplitPlacement& split, c
     constexpr double kHullMisses = 1.0 / 50; // of its size, where it is turned
     if (m_measure == nullptr)
         return ClipSide::Across;
-    const auto known = m_knownVariants->find(key);
-    if (known == m_knownVariants->end() || m_measure->OfBlock(known->second.number).hull.IsEmpty())
+    const BlockVariant* const known = m_knownVariants->Find(key);
+    const std::span<const Point2> points =
+        known == nullptr ? std::span<const Point2>() : m_measure->OfBlock(known->number).Points();
+    if (points.empty())
         return ClipSide::Across;
     const double cosine = std::cos(split.rotation), sine = std::sin(split.rotation);
     Box box;
-    for (Point2 point : m_measure->OfBlock(known->second.number).hull.Points()) {
+    for (Point2 point : points) {
         if (split.isMirrored)
             point.y = -point.y;
         box.Add(split.point + Point2{cosine * point.x - sine * point.y, sine * point.x + cosine * point.y});
@@ -500,17 +503,13 @@ ClipSide Converter::SideOf(const VariantKey& key, const SplitPlacement& split, c
 
 Point2 Converter::OriginOf(const VariantKey& key) const
 {
-    if (m_measure == nullptr)
-        return {};
-    const auto known = m_knownVariants->find(key);
-    if (known == m_knownVariants->end())
-        return {};
-    return OriginOf(m_measure->OfBlock(known->second.number));
+    const BlockVariant* const known = m_measure == nullptr ? nullptr : m_knownVariants->Find(key);
+    return known == nullptr ? Point2{} : OriginOf(m_measure->OfBlock(known->number));
 }
 
-Point2 Converter::OriginOf(const Measured& block)
+Point2 Converter::OriginOf(const MeasuredBlock& block)
 {
-    const Box box = block.hull.Bounds();
+    const Box box = block.Bounds();
     if (box.IsEmpty())
         return {};
     const Point2 centre = 0.5 * (box.min + box.max);
@@ -533,8 +532,8 @@ bool Converter::HasNeededNothing() const
 
 bool Converter::AreBlocksFinal(const Measure& measure) const
 {
-    return std::all_of(m_variants.begin(), m_variants.end(), [&](const auto& variant) {
-        return OriginOf(measure.OfBlock(variant.second.number)) == variant.second.origin;
+    return m_variants.AreAll([&](const BlockVariant& variant) {
+        return OriginOf(measure.OfBlock(variant.number)) == variant.origin;
     });
 }
 

@@ -132,7 +132,7 @@ private:
     const BlockVariant* VariantOf(const VariantKey& key, const SplitPlacement& split, const Style& style);
     ClipSide SideOf(const VariantKey& key, const SplitPlacement& split, const ClipSink& cut) const;
     Point2 OriginOf(const VariantKey& key) const;
-    static Point2 OriginOf(const Measured& block);
+    static Point2 OriginOf(const MeasuredBlock& block);
     bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
     Placement PlacementOf(const Context& context, const Style& style, PlainSink& sink);

@@ -125,16 +125,6 @@ void Hull::AddFarthest(std::size_t direction, Point2 point)
     m_reach[direction] = reach;
 }
 
-double Hull::Radius() const
-{
-    double x = 0, y = 0;
-    for (std::size_t i = 0; i < kDirections; ++i) {
-        x = std::max(x, std::fabs(m_x[i]));
-        y = std::max(y, std::fabs(m_y[i]));
-    }
-    return x + y;
-}
-
 std::array<Point2, Hull::kDirections> Hull::Points() const
 {
     std::array<Point2, kDirections> points;

@@ -29,9 +29,6 @@ public:
                point.y - distance >= m_inner.min.y && point.y + distance <= m_inner.max.y;
     }
 
-    // No point is farther from (0, 0) than that; 0 when there are none.
-    double Radius() const;
-
     bool IsEmpty() const { return m_isEmpty; }
     std::array<Point2, kDirections> Points() const;
     Box Bounds() const;

@@ -4,7 +4,9 @@
 #include "prepare/plain/Curves.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <memory>
 
 namespace prepare {
 
@@ -15,15 +17,50 @@ constexpr double kWidthOfByte = 0.7;
 
 } // namespace
 
-Measure::Measure()
+Box MeasuredBlock::Bounds() const
 {
-    m_sinks.emplace_back(*this);
+    Box box;
+    for (const Point2& point : Points())
+        box.Add(point);
+    return box;
+}
+
+double MeasuredBlock::Radius() const
+{
+    double x = 0, y = 0;
+    for (const Point2& point : Points()) {
+        x = std::max(x, std::fabs(point.x));
+        y = std::max(y, std::fabs(point.y));
+    }
+    return x + y;
 }
 
 std::size_t Measure::NewBlock(std::string_view)
 {
-    m_sinks.emplace_back(*this);
-    return m_sinks.size() - 2;
+    m_blocks.emplace_back();
+    return m_blocks.size() - 1;
+}
+
+// Directions next to each other mostly share their farthest point.
+void Measure::EndBlock(std::size_t number)
+{
+    const auto open = m_open.find(number);
+    if (open == m_open.end())
+        return;
+    const Measured& measured = open->second.measured;
+    MeasuredBlock& block = m_blocks[number];
+    block.thinnestWeight = measured.thinnestWeight;
+    block.smallestText = measured.smallestText;
+    if (!measured.hull.IsEmpty()) {
+        std::array<Point2, Hull::kDirections> points = measured.hull.Points();
+        auto end = std::unique(points.begin(), points.end());
+        if (end - points.begin() > 1 && *(end - 1) == points.front())
+            --end;
+        block.count = static_cast<std::uint32_t>(end - points.begin());
+        Point2* const kept = static_cast<Point2*>(m_points.Allocate(block.count * sizeof(Point2)));
+        block.points = std::uninitialized_copy(points.begin(), end, kept) - block.count;
+    }
+    m_open.erase(open);
 }
 
 void Measure::Sink::Line(const Style& style, Point2 start, Point2 end)
@@ -92,13 +129,13 @@ void Measure::Sink::Fill(const Style&, std::span<const std::vector<Point2>> ring
 
 void Measure::Sink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
-    const Measured& inside = owner.OfBlock(block);
+    const MeasuredBlock& inside = owner.OfBlock(block);
     measured.thinnestWeight = std::min(measured.thinnestWeight, inside.thinnestWeight);
     measured.smallestText = std::min(measured.smallestText, inside.smallestText);
-    if (inside.hull.IsEmpty() || measured.hull.IsWithin(point, inside.hull.Radius()))
+    if (inside.count == 0 || measured.hull.IsWithin(point, inside.Radius()))
         return;
     const double cosine = std::cos(rotation), sine = std::sin(rotation);
-    for (Point2 p : inside.hull.Points()) {
+    for (Point2 p : inside.Points()) {
         if (isMirrored)
             p.y = -p.y;
         measured.hull.Add(point + Point2{cosine * p.x - sine * p.y, sine * p.x + cosine * p.y});

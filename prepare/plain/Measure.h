@@ -1,36 +1,51 @@
 // Measures a drawing before it is written: how far it reaches, how thin and small it gets.
 #pragma once
 
+#include "base/CDxfArena.h"
 #include "prepare/plain/Hull.h"
 #include "prepare/plain/Plain.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <map>
+#include <span>
 
 namespace prepare {
 
-// What is known of a drawing or a block once all of it has been seen.
+// What is known of a drawing once all of it has been seen.
 struct Measured {
     Hull hull;
     std::int32_t thinnestWeight = INT32_MAX; // hundredths of a millimetre
     double smallestText = HUGE_VAL;          // the height of its capitals
 };
 
+// The same of a block that has ended, of which there may be many.
+struct MeasuredBlock {
+    const Point2* points = nullptr; // of its hull, each once; they stay where they are
+    std::uint32_t count = 0;
+    std::int32_t thinnestWeight = INT32_MAX;
+    double smallestText = HUGE_VAL;
+
+    std::span<const Point2> Points() const { return {points, count}; }
+    Box Bounds() const;
+    // No point is farther from (0, 0) than that; 0 when there are none.
+    double Radius() const;
+};
+
 // Takes plain entities and keeps only their measures.
 class Measure final : public PlainOutput {
 public:
-    Measure();
-
-    PlainSink& Model() override { return m_sinks[0]; }
+    PlainSink& Model() override { return m_model; }
     std::size_t NewBlock(std::string_view name) override;
-    PlainSink& Block(std::size_t number) override { return m_sinks[number + 1]; }
+    PlainSink& Block(std::size_t number) override { return m_open.try_emplace(number, *this).first->second; }
+    void EndBlock(std::size_t number) override;
 
     // What the model's sink took until now counts no more.
-    void ForgetModel() { m_sinks[0].measured = {}; }
+    void ForgetModel() { m_model.measured = {}; }
 
-    const Measured& OfModel() const { return m_sinks[0].measured; }
-    const Measured& OfBlock(std::size_t number) const { return m_sinks[number + 1].measured; }
+    const Measured& OfModel() const { return m_model.measured; }
+    const MeasuredBlock& OfBlock(std::size_t number) const { return m_blocks[number]; }
 
 private:
     struct Sink final : PlainSink {
@@ -49,7 +64,10 @@ private:
         Measured measured;
     };
 
-    std::deque<Sink> m_sinks; // the model's, then those of the blocks
+    Sink m_model{*this};
+    std::map<std::size_t, Sink> m_open; // of the blocks that something comes to
+    std::deque<MeasuredBlock> m_blocks;
+    CDxfArena m_points; // of m_blocks
 };
 
 } // namespace prepare

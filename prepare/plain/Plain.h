@@ -86,7 +86,7 @@ public:
     virtual void Insert(std::size_t block, Point2 point, double rotation, bool isMirrored) = 0;
 };
 
-// Where plain entities go: the drawing itself, and blocks, which may be filled at any time.
+// Where plain entities go: the drawing itself, and blocks, which may be filled at any time until they end.
 class PlainOutput {
 public:
     virtual ~PlainOutput() = default;
@@ -100,6 +100,8 @@ public:
     // Makes a block for a part of the drawing's block of that name and returns its number.
     virtual std::size_t NewBlock(std::string_view name) = 0;
     virtual PlainSink& Block(std::size_t number) = 0;
+    // Nothing more comes to that block, and its sink is used no more. One that is inserted before is empty.
+    virtual void EndBlock(std::size_t) {}
 };
 
 } // namespace prepare

@@ -11,7 +11,7 @@ void TwoOutputs::LeaveSecond()
 {
     m_second = nullptr;
     m_model.LeaveSecond();
-    for (Sink& block : m_blocks)
+    for (auto& [number, block] : m_blocks)
         block.LeaveSecond();
 }
 
@@ -33,8 +33,16 @@ std::size_t TwoOutputs::NewBlock(std::string_view name)
 {
     const std::size_t number = m_first.NewBlock(name);
     PlainSink* const second = m_second == nullptr ? nullptr : &m_second->Block(m_second->NewBlock(name));
-    m_blocks.emplace_back(m_first.Block(number), second);
+    m_blocks.try_emplace(number, m_first.Block(number), second);
     return number;
+}
+
+void TwoOutputs::EndBlock(std::size_t number)
+{
+    m_blocks.erase(number);
+    m_first.EndBlock(number);
+    if (m_second != nullptr)
+        m_second->EndBlock(number);
 }
 
 void TwoOutputs::Sink::Line(const Style& style, Point2 start, Point2 end)

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <map>
 #include <string_view>
 
 namespace prepare {
@@ -22,7 +22,8 @@ public:
     void UsePlace(std::uint64_t place) override;
     void UsePlaceInBlock(std::size_t number, std::uint64_t place) override;
     std::size_t NewBlock(std::string_view name) override;
-    PlainSink& Block(std::size_t number) override { return m_blocks[number]; }
+    PlainSink& Block(std::size_t number) override { return m_blocks.at(number); }
+    void EndBlock(std::size_t number) override;
 
 private:
     class Sink final : public PlainSink {
@@ -58,7 +59,7 @@ private:
     PlainOutput& m_first;
     PlainOutput* m_second;
     Sink m_model;
-    std::deque<Sink> m_blocks;
+    std::map<std::size_t, Sink> m_blocks; // those that have not ended
 };
 
 } // namespace prepare

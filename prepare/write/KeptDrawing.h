@@ -7,12 +7,17 @@
 #include "prepare/write/StyleTable.h"
 
 #include <deque>
+#include <functional>
+#include <set>
 #include <string>
+#include <string_view>
 
 namespace prepare {
 
 struct KeptBlock {
-    std::string name; // as it was asked for
+    KeptBlock(std::string_view itsName, LogRoom& room) : name(itsName), log(room) {}
+
+    std::string_view name; // as it was asked for
     PlainLog log;
 };
 
@@ -21,7 +26,7 @@ class KeptDrawing : public DrawingWriter {
 public:
     KeptDrawing(const Drawing& drawing, const WriteSettings& settings, Report& report)
         : m_drawing(drawing), m_settings(settings), m_report(report),
-          m_model(m_styles, m_storage, settings.fill != FillForm::Outlines)
+          m_logs(settings.fill != FillForm::Outlines)
     {
     }
 
@@ -34,8 +39,10 @@ public:
     }
     std::size_t NewBlock(std::string_view name) override
     {
-        m_blocks.push_back(
-            {std::string(name), PlainLog(m_styles, m_storage, m_settings.fill != FillForm::Outlines)});
+        auto known = m_names.find(name);
+        if (known == m_names.end())
+            known = m_names.emplace(name).first;
+        m_blocks.emplace_back(*known, m_logs);
         return m_blocks.size() - 1;
     }
     PlainSink& Block(std::size_t number) override { return m_blocks[number].log; }
@@ -60,9 +67,9 @@ protected:
     const Drawing& m_drawing;
     WriteSettings m_settings;
     Report& m_report;
-    StyleTable m_styles;
-    LogStorage m_storage;
-    PlainLog m_model;
+    LogRoom m_logs;
+    PlainLog m_model{m_logs};
+    std::set<std::string, std::less<>> m_names; // of the blocks
     std::deque<KeptBlock> m_blocks;
 };
 

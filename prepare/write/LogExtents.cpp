@@ -66,6 +66,7 @@ public:
             return;
         m_isMeasured[block] = true;
         Take(m_blocks[block].log, m_measure.Block(block));
+        m_measure.EndBlock(block);
     }
 
 private:

@@ -221,10 +221,10 @@ void ModuleWriter::WriteEntities(const ModuleOutput& output, const Wrap& wrap) c
 bool ModuleWriter::Finish(const ByteFunction& write)
 {
     const Wrap wrap = ChooseWrap(m_settings, m_model.Reach());
-    const ModuleStyles styles(m_styles, m_settings, wrap.factor);
+    const ModuleStyles styles(m_logs.Styles(), m_settings, wrap.factor);
     const int decimals = ModuleDecimals(wrap.stroke);
     ModuleTexts texts;
-    ModuleLayers layers(m_drawing, m_styles, m_blocks, m_settings.marksLayers);
+    ModuleLayers layers(m_drawing, m_logs.Styles(), m_blocks, m_settings.marksLayers);
     ModuleCollector collector(m_blocks.size(), texts, wrap.factor, decimals);
     m_model.Replay(collector);
     const std::vector<std::size_t>& used = collector.Used();

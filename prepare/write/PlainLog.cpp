@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <new>
 #include <type_traits>
 
 namespace prepare {
@@ -85,9 +86,7 @@ private:
 // Takes values out of a part of a log, in the order in which they were put in.
 class LogReader {
 public:
-    LogReader(const char* bytes, std::size_t size) : m_place(bytes), m_end(bytes + size) {}
-
-    bool IsAtEnd() const { return m_place == m_end; }
+    explicit LogReader(const char* bytes) : m_place(bytes) {}
 
     double Real() { return Take<double>(); }
     Point2 Point() { return Take<Point2>(); }
@@ -120,7 +119,6 @@ private:
     }
 
     const char* m_place;
-    const char* m_end;
 };
 
 void ReplayPolyline(LogReader& reader, LogVisitor& visitor, unsigned kind, std::vector<PlainVertex>& vertices)
@@ -290,20 +288,33 @@ void LogVisitor::LineOfText(Point2, double, std::span<const LoggedRun> runs)
         Text(run.style, run.text);
 }
 
+// Each time it is called, one more entity is in the last part.
 char* PlainLog::Room(std::size_t size)
 {
-    char* const place = m_storage.Room(size);
-    if (m_parts.empty() || m_parts.back().end != place || m_parts.back().place != m_place)
-        m_parts.push_back({m_place, place, place});
-    m_parts.back().end = place + size;
+    char* const place = m_room.m_storage.Room(size);
+    const bool isNext = m_room.m_last.log == this && m_room.m_last.end == place;
+    if (!isNext || m_room.m_last.part->place != m_place || m_room.m_last.part->count == UINT32_MAX)
+        AddPart(place);
+    ++m_room.m_last.part->count;
     return place;
+}
+
+void PlainLog::AddPart(const char* begin)
+{
+    const std::size_t number = m_room.m_parts.size();
+    if (number >= LogRoom::kNoPart)
+        throw std::bad_alloc();
+    Part* const part = &m_room.m_parts.emplace_back(Part{m_place, begin, 0, LogRoom::kNoPart});
+    (IsEmpty() ? m_firstPart : m_room.m_parts[m_lastPart].next) = static_cast<std::uint32_t>(number);
+    m_lastPart = static_cast<std::uint32_t>(number);
+    m_room.m_last = {this, part, begin};
 }
 
 // Gives back what Room gave too much.
 void PlainLog::End(char* end)
 {
-    m_parts.back().end = end;
-    m_storage.EndAt(end);
+    m_room.m_last.end = end;
+    m_room.m_storage.EndAt(end);
 }
 
 template <class... Values>
@@ -326,7 +337,7 @@ void PlainLog::Line(const Style& style, Point2 start, Point2 end)
 {
     if (!IsFinite(start) || !IsFinite(end))
         return;
-    Add(kLoggedLine, m_styles.Of(style), start, end);
+    Add(kLoggedLine, StyleOf(style), start, end);
     m_reach.Add(start);
     m_reach.Add(end);
 }
@@ -335,7 +346,7 @@ void PlainLog::Circle(const Style& style, Point2 centre, double radius)
 {
     if (!IsFinite(centre) || !std::isfinite(radius) || !(radius > 0))
         return;
-    Add(kLoggedCircle, m_styles.Of(style), centre, radius);
+    Add(kLoggedCircle, StyleOf(style), centre, radius);
     AddRound(centre, radius);
 }
 
@@ -345,7 +356,7 @@ void PlainLog::Arc(const Style& style, Point2 centre, double radius, double star
         return;
     if (end - start >= kTurn)
         return Circle(style, centre, radius);
-    Add(kLoggedArc, m_styles.Of(style), centre, radius, start, end);
+    Add(kLoggedArc, StyleOf(style), centre, radius, start, end);
     AddRound(centre, radius);
 }
 
@@ -356,7 +367,7 @@ void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, doub
     if (!IsFinite(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
         !(end > start))
         return;
-    Add(kLoggedEllipse, m_styles.Of(style), centre, majorAxis, ratio, start, end);
+    Add(kLoggedEllipse, StyleOf(style), centre, majorAxis, ratio, start, end);
     AddRound(centre, radius);
 }
 
@@ -367,7 +378,7 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
         return;
     const bool hasBulges =
         std::any_of(vertices.begin(), vertices.end(), [](const PlainVertex& v) { return v.bulge != 0; });
-    const StyleId id = m_styles.Of(style);
+    const StyleId id = StyleOf(style);
     const std::size_t each = sizeof(Point2) + (hasBulges ? sizeof(double) : 0);
     LogWriter log(Room(1 + 2 * kMostOfCount + vertices.size() * each));
     log.PutByte(kLoggedPolyline | (isClosed ? kIsClosed : 0) | (hasBulges ? kHasBulges : 0));
@@ -384,7 +395,7 @@ void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertice
 
 void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
-    if (m_keepsAreas)
+    if (m_room.m_keepsAreas)
         AddArea(kLoggedFill, style, rings);
     else
         AddOutlines(style, rings);
@@ -392,7 +403,7 @@ void PlainLog::Fill(const Style& style, std::span<const std::vector<Point2>> rin
 
 void PlainLog::Mask(std::span<const std::vector<Point2>> rings)
 {
-    if (m_keepsAreas)
+    if (m_room.m_keepsAreas)
         AddArea(kLoggedMask, {}, rings);
 }
 
@@ -416,7 +427,7 @@ void PlainLog::AddArea(unsigned kind, const Style& style, std::span<const std::v
             return;
         size += kMostOfCount + ring.size() * sizeof(Point2);
     }
-    const StyleId id = m_styles.Of(StyleOfEdges(style));
+    const StyleId id = StyleOf(StyleOfEdges(style));
     LogWriter log(Room(size));
     log.PutByte(kind);
     log.PutCount(id);
@@ -435,7 +446,7 @@ void PlainLog::Text(const Style& style, const PlainText& text)
 {
     if (!IsDrawn(text))
         return;
-    const StyleId id = m_styles.Of(style);
+    const StyleId id = StyleOf(style);
     LogWriter log(Room(1 + RoomFor(text)));
     log.PutByte(kLoggedText);
     PutText(log, id, text);
@@ -456,7 +467,7 @@ void PlainLog::LineOfText(Point2 point, double spread, std::span<const PlainRun>
     std::vector<StyleId> styles; // all known before there is room: no entity is half there
     std::size_t size = 1 + sizeof(point) + sizeof(spread) + kMostOfCount;
     for (const PlainRun& run : runs) {
-        styles.push_back(m_styles.Of(run.style));
+        styles.push_back(StyleOf(run.style));
         size += kMostOfCount + RoomFor(run.text);
     }
     LogWriter log(Room(size));
@@ -484,22 +495,31 @@ void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isM
     m_reach.Add(point);
 }
 
+std::vector<PlainLog::Part> PlainLog::PartsInOrder() const
+{
+    std::vector<Part> parts;
+    for (std::uint32_t number = m_firstPart; number != LogRoom::kNoPart; number = parts.back().next)
+        parts.push_back(m_room.m_parts[number]);
+    std::stable_sort(parts.begin(), parts.end(),
+                     [](const Part& a, const Part& b) { return a.place < b.place; });
+    return parts;
+}
+
 void PlainLog::Replay(LogVisitor& visitor) const
 {
     std::vector<PlainVertex> vertices;
-    const auto replay = [&](const std::vector<Part>& parts) {
-        for (const Part& part : parts) {
-            LogReader reader(part.begin, static_cast<std::size_t>(part.end - part.begin));
-            while (!reader.IsAtEnd())
-                ReplayOne(reader, visitor, vertices);
-        }
+    const auto replay = [&](const Part& part) {
+        LogReader reader(part.begin);
+        for (std::uint32_t i = 0; i < part.count; ++i)
+            ReplayOne(reader, visitor, vertices);
     };
-    if (!m_hasPlaces)
-        return replay(m_parts);
-    std::vector<Part> parts = m_parts;
-    std::stable_sort(parts.begin(), parts.end(),
-                     [](const Part& a, const Part& b) { return a.place < b.place; });
-    replay(parts);
+    if (m_room.m_hasPlaces) {
+        for (const Part& part : PartsInOrder())
+            replay(part);
+        return;
+    }
+    for (std::uint32_t number = m_firstPart; number != LogRoom::kNoPart; number = m_room.m_parts[number].next)
+        replay(m_room.m_parts[number]);
 }
 
 } // namespace prepare

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -53,16 +54,48 @@ protected:
     ~LogVisitor() = default;
 };
 
-// A line takes 34 bytes, or few more. What has a number that is not finite, or nothing to see, is left out.
-// styles and storage must outlive the log.
-class PlainLog final : public PlainSink {
+class PlainLog;
+
+// What all logs of a drawing share: of blocks there may be as many as inserts, and most have little in them.
+class LogRoom {
 public:
     // keepsAreas: whether areas stay areas. Otherwise their edges are polylines, and what only hides is left
     // out.
-    PlainLog(StyleTable& styles, LogStorage& storage, bool keepsAreas = true)
-        : m_styles(styles), m_storage(storage), m_keepsAreas(keepsAreas)
-    {
-    }
+    explicit LogRoom(bool keepsAreas = true) : m_keepsAreas(keepsAreas) {}
+
+    const StyleTable& Styles() const { return m_styles; }
+
+private:
+    friend class PlainLog;
+
+    // Entities that follow each other without one of another log in between, and with the same place.
+    struct Part {
+        std::uint64_t place;
+        const char* begin;
+        std::uint32_t count; // of entities
+        std::uint32_t next;  // of the same log, in m_parts; kNoPart: there is none
+    };
+    static constexpr std::uint32_t kNoPart = UINT32_MAX;
+
+    const bool m_keepsAreas;
+    StyleTable m_styles;
+    LogStorage m_storage;
+    std::deque<Part> m_parts;
+    bool m_hasPlaces = false; // in any log
+    struct {
+        const PlainLog* log = nullptr; // to which something came last
+        Part* part = nullptr;          // of that log
+        const char* end = nullptr;     // of that part
+    } m_last;
+};
+
+// A line takes 34 bytes, or few more. What has a number that is not finite, or nothing to see, is left out.
+// room must outlive the log, which has to stay where it is.
+class PlainLog final : public PlainSink {
+public:
+    explicit PlainLog(LogRoom& room) : m_room(room) {}
+    PlainLog(const PlainLog&) = delete;
+    PlainLog& operator=(const PlainLog&) = delete;
 
     void Line(const Style& style, Point2 start, Point2 end) override;
     void Circle(const Style& style, Point2 centre, double radius) override;
@@ -81,23 +114,19 @@ public:
     void UsePlace(std::uint64_t place)
     {
         m_place = place;
-        m_hasPlaces = true;
+        m_room.m_hasPlaces = true;
     }
 
     void Replay(LogVisitor& visitor) const;
-    bool IsEmpty() const { return m_parts.empty(); }
+    bool IsEmpty() const { return m_firstPart == LogRoom::kNoPart; }
     // Around all points of its entities; of what is inserted, around the point alone.
     const Box& Reach() const { return m_reach; }
 
 private:
-    // Entities that follow each other without one of another log in between, and with the same place.
-    struct Part {
-        std::uint64_t place;
-        const char* begin;
-        const char* end;
-    };
+    using Part = LogRoom::Part;
 
     char* Room(std::size_t size);
+    void AddPart(const char* begin);
     void End(char* end);
     // number is that of a style or a block.
     template <class... Values>
@@ -106,13 +135,13 @@ private:
     void AddOutlines(const Style& style, std::span<const std::vector<Point2>> rings);
     void AddText(const PlainText& text);
     void AddRound(Point2 centre, double radius);
+    StyleId StyleOf(const Style& style) { return m_room.m_styles.Of(style); }
+    std::vector<Part> PartsInOrder() const;
 
-    StyleTable& m_styles;
-    LogStorage& m_storage;
-    const bool m_keepsAreas;
-    std::vector<Part> m_parts;
+    LogRoom& m_room;
+    std::uint32_t m_firstPart = LogRoom::kNoPart;
+    std::uint32_t m_lastPart = LogRoom::kNoPart;
     std::uint64_t m_place = 0;
-    bool m_hasPlaces = false;
     Box m_reach;
 };
 

@@ -86,7 +86,7 @@ void BeginBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, st
     pairs.Text(1, "");
 }
 
-void EndBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, bool isInPaperSpace = false)
+void WriteBlockEnd(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, bool isInPaperSpace = false)
 {
     WriteMarked(pairs, "ENDBLK", handle, owner, isInPaperSpace, "AcDbBlockEnd");
 }
@@ -94,9 +94,9 @@ void EndBlock(PairWriter& pairs, std::uint64_t handle, std::uint64_t owner, bool
 void WriteLayoutBlocks(PairWriter& pairs)
 {
     BeginBlock(pairs, kModelBegin, kModelRecord, "*Model_Space");
-    EndBlock(pairs, kModelEnd, kModelRecord);
+    WriteBlockEnd(pairs, kModelEnd, kModelRecord);
     BeginBlock(pairs, kPaperBegin, kPaperRecord, "*Paper_Space", true);
-    EndBlock(pairs, kPaperEnd, kPaperRecord, true);
+    WriteBlockEnd(pairs, kPaperEnd, kPaperRecord, true);
 }
 
 // As many as a double surely has at the farthest coordinate. Where differences vanish, arithmetic leaves
@@ -156,8 +156,8 @@ bool StandardWriter::Finish(const ByteFunction& write)
     const int decimals = DecimalsFor(extents);
     StandardCollector collector(m_blocks, decimals);
     collector.Collect(m_model);
-    const StandardTables tables(m_drawing, m_styles, collector.textStyles);
-    const std::vector<std::string> styleTexts = StandardStyleTexts(m_styles, tables);
+    const StandardTables tables(m_drawing, m_logs.Styles(), collector.textStyles);
+    const std::vector<std::string> styleTexts = StandardStyleTexts(m_logs.Styles(), tables);
 
     std::vector<StandardBlock> blocks = NamedBlocks(collector.isUsed);
     std::vector<std::string> names(m_blocks.size());
@@ -172,8 +172,8 @@ bool StandardWriter::Finish(const ByteFunction& write)
     PairWriter pairs(write);
     Fineness curves(m_settings.tolerance, m_settings.sparePointsOfCurves);
     const double dot = StrokeWidth(m_settings, m_settings.thinnestWeight, 0);
-    const StandardOutput output{pairs,    m_styles, styleTexts, tables,   names,
-                                m_report, curves,   dot,        decimals, handle};
+    const StandardOutput output{pairs,    m_logs.Styles(), styleTexts, tables,   names,
+                                m_report, curves,          dot,        decimals, handle};
     WriteHeader(pairs, extents, seed);
     tables.Write(pairs, blocks, extents, decimals, handle);
     BeginSection(pairs, "BLOCKS");
@@ -182,7 +182,7 @@ bool StandardWriter::Finish(const ByteFunction& write)
         BeginBlock(pairs, handle++, block.record, block.name);
         StandardEntities entities(output, block.record);
         m_blocks[block.number].log.Replay(entities);
-        EndBlock(pairs, handle++, block.record);
+        WriteBlockEnd(pairs, handle++, block.record);
     }
     pairs.Text(0, "ENDSEC");
     BeginSection(pairs, "ENTITIES");

@@ -45,8 +45,6 @@ TEST(Split, ATurnAloneBakesNothing)
     const VariantKey plain(block, Split({}), false, {});
     const VariantKey turned(block, Split(Moved({5, 6, 0}) * Turned(2.5)), false, {});
     EXPECT_EQ(plain, turned);
-    const VariantHash hash;
-    EXPECT_EQ(hash(plain), hash(turned));
     EXPECT_NEAR(Split(Turned(2.5)).rotation, 2.5, 1e-15);
 }
 
@@ -68,6 +66,45 @@ TEST(VariantKey, TheInsertsStyleCountsForWhatInheritsAlone)
     EXPECT_EQ(VariantKey(block, Split({}), false, {}), VariantKey(block, Split({}), false, red));
     const VariantKey a(block, Split({}), true, {}), b(block, Split({}), true, red);
     EXPECT_FALSE(a == b);
+}
+
+TEST(VariantKey, ATrueColourIsNoIndex)
+{
+    const Block block;
+    Style index, rgb;
+    index.colour = {false, 0, 5};
+    rgb.colour = {true, 5, 7};
+    EXPECT_FALSE(VariantKey(block, Split({}), true, index) == VariantKey(block, Split({}), true, rgb));
+}
+
+TEST(VariantKey, EachViewHasItsOwn)
+{
+    const Block block;
+    EXPECT_FALSE(VariantKey(block, Split({}), false, {}, 1) == VariantKey(block, Split({}), false, {}, 2));
+}
+
+TEST(BlockVariants, FindsWhatWasAddedAmongMany)
+{
+    const Block block;
+    const auto keyOf = [&](int number) {
+        return VariantKey(block, Split(Scaled({number / 8.0, 1, 1})), false, {});
+    };
+    constexpr std::uint32_t kMany = 10'000;
+    BlockVariants variants;
+    for (std::uint32_t i = 1; i <= kMany; ++i) {
+        const auto [variant, isNew] = variants.Add(keyOf(static_cast<int>(i)));
+        EXPECT_TRUE(isNew);
+        variant->number = i;
+    }
+    EXPECT_FALSE(variants.Add(keyOf(7)).second);
+    for (std::uint32_t i = 1; i <= kMany; ++i) {
+        const BlockVariant* const found = variants.Find(keyOf(static_cast<int>(i)));
+        ASSERT_NE(found, nullptr);
+        EXPECT_EQ(found->number, i);
+    }
+    EXPECT_EQ(variants.Find(keyOf(kMany + 1)), nullptr);
+    EXPECT_TRUE(variants.AreAll([](const BlockVariant& variant) { return variant.number > 0; }));
+    EXPECT_FALSE(variants.AreAll([](const BlockVariant& variant) { return variant.number > 1; }));
 }
 
 TEST(VariantKey, ScalesThatDifferAreDifferent)

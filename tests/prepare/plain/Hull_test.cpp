@@ -48,17 +48,6 @@ TEST(Hull, WhatIsWithinChangesNothing)
     EXPECT_EQ(hull.Bounds().max.x, 11);
 }
 
-TEST(Hull, NoPointIsBeyondTheRadius)
-{
-    Hull hull;
-    EXPECT_EQ(hull.Radius(), 0);
-    for (const Point2 point : {Point2{-3, 4}, {6, -1}, {0, -9}}) {
-        hull.Add(point);
-        EXPECT_GE(hull.Radius(), Length(point));
-    }
-    EXPECT_LE(hull.Radius(), 6 + 9);
-}
-
 TEST(Hull, ArcsReachAsFarAsTheirPoints)
 {
     std::mt19937 random(3);

@@ -52,6 +52,7 @@ TEST(Measure, AUseOfABlockIsItsContentMirroredTurnedAndMoved)
     Measure measure;
     const std::size_t block = measure.NewBlock("B");
     measure.Block(block).Line({}, {1, 2}, {5, 3});
+    measure.EndBlock(block);
     measure.Model().Insert(block, {100, 200}, std::numbers::pi / 2, true);
     // (1, 2) -> (1, -2) -> (2, 1); (5, 3) -> (5, -3) -> (3, 5)
     ExpectBox(measure.OfModel().hull.Bounds(), 102, 201, 103, 205);
@@ -62,6 +63,7 @@ TEST(Measure, AUseOfABlockReachesBeyondWhatIsKnownWhereverItTurns)
     Measure measure;
     const std::size_t block = measure.NewBlock("B");
     measure.Block(block).Line({}, {0, 0}, {30, 40});
+    measure.EndBlock(block);
     for (const Point2 corner : {Point2{0, 0}, {100, 0}, {100, 100}, {0, 100}})
         measure.Model().Line({}, corner, {50, 50});
     measure.Model().Insert(block, {45, 45}, 0, false);
@@ -70,6 +72,41 @@ TEST(Measure, AUseOfABlockReachesBeyondWhatIsKnownWhereverItTurns)
     ExpectBox(measure.OfModel().hull.Bounds(), 0, 0, 100, 105);
     measure.Model().Insert(block, {45, 45}, std::numbers::pi - std::atan2(-40, 30), true); // to (-5, 45)
     ExpectBox(measure.OfModel().hull.Bounds(), -5, 0, 100, 105);
+}
+
+TEST(Measure, OfABlockThatHasEndedItsMeasuresAreKept)
+{
+    Measure measure;
+    const std::size_t outer = measure.NewBlock("A"), inner = measure.NewBlock("B"),
+                      empty = measure.NewBlock("C");
+    Style thin;
+    thin.weight = 13;
+    measure.Block(outer).Line({}, {0, 0}, {1, 1});
+    measure.Block(inner).Line(thin, {2, 0}, {0, 2});
+    measure.Block(inner).Text({}, {"a", {0, 0}, {2, 0}, {0, 2}, Anchor::Start, kNoName});
+    measure.EndBlock(inner);
+    measure.Block(outer).Insert(inner, {10, 0}, 0, false);
+    measure.EndBlock(outer);
+    measure.EndBlock(empty);
+    ExpectBox(measure.OfBlock(inner).Bounds(), 0, -0.6, 2, 2);
+    EXPECT_EQ(measure.OfBlock(inner).Points().size(), 5U); // of the line, and corners of the text
+    ExpectBox(measure.OfBlock(outer).Bounds(), 0, -0.6, 12, 2);
+    EXPECT_EQ(measure.OfBlock(outer).thinnestWeight, 13);
+    EXPECT_EQ(measure.OfBlock(outer).smallestText, 2);
+    EXPECT_TRUE(measure.OfBlock(empty).Bounds().IsEmpty());
+}
+
+TEST(Measure, NoPointOfABlockIsBeyondItsRadius)
+{
+    EXPECT_EQ(MeasuredBlock().Radius(), 0);
+    const std::array<Point2, 3> points = {Point2{-3, 4}, {6, -1}, {0, -9}};
+    MeasuredBlock block;
+    block.points = points.data();
+    for (const Point2 point : points) {
+        ++block.count;
+        EXPECT_GE(block.Radius(), Length(point));
+    }
+    EXPECT_LE(block.Radius(), 6 + 9);
 }
 
 TEST(Measure, KeepsTheThinnestWeightAndTheSmallestText)

@@ -80,14 +80,13 @@ protected:
     std::vector<std::string> Kept()
     {
         RecordingSink sink;
-        visitor.emplace(styles, sink);
+        visitor.emplace(room.Styles(), sink);
         log.Replay(*visitor);
         return std::move(sink.lines);
     }
 
-    StyleTable styles;
-    LogStorage storage;
-    PlainLog log{styles, storage};
+    LogRoom room;
+    PlainLog log{room};
     std::optional<ToSink> visitor;
 };
 
@@ -152,6 +151,48 @@ TEST_F(PlainLogTest, AZeroKeepsItsSign)
     }
     Kept();
     EXPECT_EQ(visitor->signs, (std::vector<bool>{false, false, true, true}));
+}
+
+TEST_F(PlainLogTest, WhatComesToAnotherLogInBetweenIsNotInIt)
+{
+    PlainLog other(room);
+    RecordingSink drawn, drawnOfOther;
+    EXPECT_TRUE(log.IsEmpty());
+    for (int i = 0; i < 100; ++i) {
+        log.Line({}, {0, 0}, {1.0 * i, 1});
+        drawn.Line({}, {0, 0}, {1.0 * i, 1});
+        if (i % 3 != 0)
+            continue;
+        other.Circle({}, {1.0 * i, 0}, 1);
+        drawnOfOther.Circle({}, {1.0 * i, 0}, 1);
+    }
+    EXPECT_FALSE(log.IsEmpty());
+    EXPECT_EQ(Kept(), drawn.lines);
+    RecordingSink sink;
+    visitor.emplace(room.Styles(), sink);
+    other.Replay(*visitor);
+    EXPECT_EQ(sink.lines, drawnOfOther.lines);
+}
+
+TEST_F(PlainLogTest, ComesInTheOrderOfItsPlacesAndElseAsItCame)
+{
+    const auto add = [&](double x) { log.Insert(0, {x, 0}, 0, false); };
+    add(1);
+    log.UsePlace(7);
+    add(5);
+    add(6);
+    log.UsePlace(3);
+    add(3);
+    log.UsePlace(7);
+    add(7);
+    log.UsePlace(3);
+    add(4);
+    log.UsePlace(0);
+    add(2);
+    RecordingSink drawn;
+    for (const double x : {1, 2, 3, 4, 5, 6, 7})
+        drawn.Insert(0, {x, 0}, 0, false);
+    EXPECT_EQ(Kept(), drawn.lines);
 }
 
 TEST_F(PlainLogTest, ALineOfTextKeepsItsBlanksAndHowWideTheyAre)
