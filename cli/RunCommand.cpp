@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <exception>
 #include <new>
-#include <utility>
 #include <variant>
 
 namespace plexorn {
@@ -38,16 +37,17 @@ ExitCode Follow(const Options& options)
     return options.listsLayouts ? TellLayouts(options) : RunBatch(options, DrawJob, LayoutsIn);
 }
 
-ExitCode Run(std::vector<std::string> arguments)
+ExitCode Run(const std::function<std::vector<std::string>()>& getArguments)
 {
     try {
-        std::variant<Options, ExitCode> parsed = ParseOptions(std::move(arguments));
+        std::variant<Options, ExitCode> parsed = ParseOptions(getArguments());
         if (const ExitCode* exitCode = std::get_if<ExitCode>(&parsed))
             return *exitCode;
         return Follow(std::get<Options>(parsed));
     } catch (const UsageError& error) {
-        return Refuse((std::string(error.what()) + "\nRun with --help for more information.").c_str(),
-                      ExitCode::Usage);
+        Refuse(error.what(), ExitCode::Usage);
+        std::fputs("Run with --help for more information.\n", stderr);
+        return ExitCode::Usage;
     } catch (const std::bad_alloc&) {
         return Refuse("memory is short", ExitCode::File);
     } catch (const std::exception& error) {
@@ -57,9 +57,9 @@ ExitCode Run(std::vector<std::string> arguments)
 
 } // namespace
 
-int RunCommand(std::vector<std::string> arguments) noexcept
+int RunCommand(const std::function<std::vector<std::string>()>& getArguments) noexcept
 {
-    return static_cast<int>(Run(std::move(arguments)));
+    return static_cast<int>(Run(getArguments));
 }
 
 } // namespace plexorn

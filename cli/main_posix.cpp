@@ -13,5 +13,6 @@ int main(int argc, char** argv)
     // on.
     std::signal(SIGXFSZ, SIG_IGN);
     plexorn::SayWhenStopped();
-    return plexorn::RunCommand(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    return plexorn::RunCommand(
+        [=] { return std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc); });
 }

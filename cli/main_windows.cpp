@@ -33,7 +33,7 @@ int main()
     UINT codePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
     plexorn::SayWhenStopped();
-    int exitCode = plexorn::RunCommand(Arguments());
+    int exitCode = plexorn::RunCommand(Arguments);
     SetConsoleOutputCP(codePage);
     return exitCode;
 }

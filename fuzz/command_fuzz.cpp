@@ -202,7 +202,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     folder.Clear();
     const std::string_view drawing = input.Rest();
     WriteFile(kDrawing, NamesList(arguments) ? Tame(drawing) : std::string(drawing));
-    const int exitCode = plexorn::RunCommand(arguments);
+    const int exitCode = plexorn::RunCommand([&] { return arguments; });
     FuzzRequire(exitCode >= 0 && exitCode <= kLastExitCode, "the exit code is one of the command's");
     const std::size_t pictures = folder.RequirePictures();
     const auto ended = static_cast<plexorn::ExitCode>(exitCode);

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 namespace plexorn {
 
@@ -35,17 +36,32 @@ bool IsFolder(const std::string& name)
     return name != kStandardStream && fs::is_directory(PathFromArgument(name), ignored);
 }
 
-template <class Iterator>
-std::string ListFolder(const fs::path& folder, std::vector<fs::path>& found)
+// Adds the drawings in a folder to found, and what it holds of folders, but for links, to folders; what went
+// wrong. A folder that this user may not look into counts as an empty one.
+std::error_code ListFolder(const fs::path& folder, std::vector<fs::path>& found,
+                           std::vector<fs::path>& folders)
 {
-    std::error_code error;
-    Iterator entries(folder, fs::directory_options::skip_permission_denied, error);
-    for (; !error && entries != Iterator(); entries.increment(error)) {
+    const std::error_code error = ForEachName(folder, [&](const fs::path& name) {
+        fs::path path = folder / name;
         std::error_code ignored;
-        const bool isFile = !entries->is_directory(ignored);
-        if (isFile && EndsInDxf(ArgumentFromPath(entries->path().filename())))
-            found.push_back(entries->path());
-    }
+        if (fs::symlink_status(path, ignored).type() == fs::file_type::directory)
+            folders.push_back(std::move(path));
+        else if (EndsInDxf(ArgumentFromPath(name)) && !fs::is_directory(path, ignored))
+            found.push_back(std::move(path));
+    });
+    return error == std::errc::permission_denied ? std::error_code() : error;
+}
+
+// Adds the drawings in a folder, and, if wanted, those in the folders within it, to found; why that failed.
+std::string FindDrawings(const fs::path& folder, bool isRecursive, std::vector<fs::path>& found)
+{
+    std::vector<fs::path> folders = {folder};
+    std::error_code error;
+    do {
+        const fs::path next = std::move(folders.back());
+        folders.pop_back();
+        error = ListFolder(next, found, folders);
+    } while (isRecursive && !error && !folders.empty());
     std::sort(found.begin(), found.end());
     return error ? "cannot be read: " + error.message() : "";
 }
@@ -54,8 +70,7 @@ void AddFolder(const std::string& name, bool isRecursive, std::vector<Input>& fi
 {
     const fs::path folder = PathFromArgument(name);
     std::vector<fs::path> found;
-    std::string reason = isRecursive ? ListFolder<fs::recursive_directory_iterator>(folder, found)
-                                     : ListFolder<fs::directory_iterator>(folder, found);
+    std::string reason = FindDrawings(folder, isRecursive, found);
     if (reason.empty() && found.empty())
         reason =
             isRecursive ? "holds no .dxf file" : "holds no .dxf file; --recursive looks into its folders too";

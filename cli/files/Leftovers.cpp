@@ -7,7 +7,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 namespace plexorn {
 
@@ -55,13 +54,11 @@ void RemoveLeftovers(const fs::path& folder)
 {
     if (!IsFirstCall(folder))
         return;
-    std::error_code error;
-    fs::directory_iterator place(folder.empty() ? "." : folder, error);
-    for (; !error && place != fs::directory_iterator(); place.increment(error)) {
-        const unsigned long process = ProcessOf(ArgumentFromPath(place->path().filename()));
+    ForEachName(folder, [&](const fs::path& name) {
+        const unsigned long process = ProcessOf(ArgumentFromPath(name));
         if (process != 0 && process != ProcessNumber() && !IsRunning(process))
-            RemoveUnlessOpen(place->path());
-    }
+            RemoveUnlessOpen(folder / name);
+    });
 }
 
 } // namespace plexorn

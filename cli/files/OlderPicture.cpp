@@ -53,6 +53,8 @@ bool HoldsOtherFile(const std::string& output)
         return true;
     std::string head(kMarkedSize, '\0');
     head.resize(std::fread(head.data(), 1, head.size(), file.get()));
+    if (std::ferror(file.get()) != 0)
+        return true;
     const std::string mark = std::string(" data-generator=\"") + kGenerator + "\"";
     if (head.empty() || head.starts_with(kDrawingMark))
         return false;

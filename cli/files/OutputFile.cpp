@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 namespace plexorn {
 
@@ -93,11 +94,11 @@ void OutputFile::OpenTemporary()
     // Not when the target is written directly: a pipe can keep its writer waiting.
     m_guard.emplace();
     RemoveLeftovers(m_target.parent_path());
-    const fs::path path = m_target.parent_path() / TemporaryName();
+    fs::path path = m_target.parent_path() / TemporaryName();
     errno = 0;
     m_file = CreateNew(path, m_target);
     if (m_file)
-        m_temporary = path;
+        m_temporary = std::move(path); // a copy might lack memory, and the file would stay
     else
         Fail(errno);
 }

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace plexorn {
 
@@ -89,7 +90,8 @@ void FillStandardStreams();
 
 // Open a file as bytes; null with errno set when that fails. CreateNew fails with EEXIST when the file
 // exists; on POSIX systems the new one gets the mode and, where that is allowed, the owner of the file model,
-// when there is one. A file that CreateNew makes is known as open until it is closed.
+// when there is one. Nothing is left of a file that it could not make. A file that CreateNew makes is known
+// as open until it is closed.
 std::FILE* OpenForReading(const std::filesystem::path& path);
 std::FILE* OpenForAppending(const std::filesystem::path& path);
 std::FILE* OpenStandardOutput();
@@ -103,6 +105,12 @@ void MakeReplaceable(const std::filesystem::path& path);
 // Whether path is a symbolic link that another user made, or may have made: in a folder of somebody else than
 // this user and the system's administrator, or by somebody else in a folder in which others can write.
 bool IsLinkOfOthers(const std::filesystem::path& path);
+
+// Calls take with the name of each file and folder that is in a folder, in any order; what went wrong, if
+// anything did. What is there to go through a folder in the standard library ends the process when memory is
+// short.
+std::error_code ForEachName(const std::filesystem::path& folder,
+                            const std::function<void(const std::filesystem::path& name)>& take);
 
 // Removes a file that CreateNew made unless a process still has it open.
 void RemoveUnlessOpen(const std::filesystem::path& path);

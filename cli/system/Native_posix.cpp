@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "cli/system/ReasonOf.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -17,6 +18,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -220,6 +222,8 @@ std::FILE* CreateNew(const fs::path& path, const fs::path& model)
 {
     struct stat old = {};
     const bool hasModel = stat(model.c_str(), &old) == 0;
+    if (!hasModel && errno != ENOENT)
+        return nullptr; // others might get to read what they may not
     // Nobody else can open it before it has its final mode.
     const int descriptor =
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, hasModel ? 0600 : 0666);
@@ -228,7 +232,14 @@ std::FILE* CreateNew(const fs::path& path, const fs::path& model)
     // Not every file system has locks; then the number in the name alone says whether the process is there.
     if (descriptor >= 0)
         flock(descriptor, LOCK_EX | LOCK_NB);
-    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+    std::FILE* const file = descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+    if (descriptor >= 0 && !file) {
+        const int error = errno;
+        unlink(path.c_str());
+        close(descriptor);
+        errno = error;
+    }
+    return file;
 }
 
 bool IsReadOnly(const fs::path& path)
@@ -251,6 +262,20 @@ bool IsLinkOfOthers(const fs::path& path)
     const bool isFolderOfOthers = folder.st_uid != user && folder.st_uid != 0;
     const bool canOthersWrite = (folder.st_mode & (S_IWGRP | S_IWOTH)) != 0;
     return isFolderOfOthers || (canOthersWrite && link.st_uid != user && link.st_uid != 0);
+}
+
+std::error_code ForEachName(const fs::path& folder, const std::function<void(const fs::path& name)>& take)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(folder.empty() ? "." : folder.c_str()),
+                                                      closedir);
+    errno = listing ? 0 : errno;
+    while (const dirent* const entry = listing ? readdir(listing.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+            take(name);
+        errno = 0;
+    }
+    return {errno, std::generic_category()};
 }
 
 void RemoveUnlessOpen(const fs::path& path)

@@ -58,7 +58,15 @@ std::FILE* Open(const fs::path& path, int flags, const wchar_t* mode)
         errno = error;
         return nullptr;
     }
-    return _wfdopen(descriptor, mode);
+    std::FILE* const file = _wfdopen(descriptor, mode);
+    if (!file) {
+        error = errno;
+        _close(descriptor);
+        if (flags & _O_EXCL)
+            _wremove(path.c_str());
+        errno = error;
+    }
+    return file;
 }
 
 std::string IdentityOf(HANDLE file)
@@ -243,6 +251,15 @@ void MakeReplaceable(const fs::path& path)
 bool IsLinkOfOthers(const fs::path&)
 {
     return false; // making a link takes a privilege here
+}
+
+std::error_code ForEachName(const fs::path& folder, const std::function<void(const fs::path& name)>& take)
+{
+    std::error_code error;
+    fs::directory_iterator place(folder.empty() ? "." : folder, error);
+    for (; !error && place != fs::directory_iterator(); place.increment(error))
+        take(place->path().filename());
+    return error;
 }
 
 void RemoveUnlessOpen(const fs::path& path)

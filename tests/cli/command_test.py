@@ -10,7 +10,7 @@ if __name__ == "__main__":
     parser = argparse.ArgumentParser()
     parser.add_argument("--command", required=True)
     parser.add_argument("--version", required=True)
-    parser.add_argument("--preload", help="the library that lets reads fail")
+    parser.add_argument("--preload", help="the library that lets calls of the system fail")
     parser.add_argument("--emulator", nargs="+", default=[])
     args, rest = parser.parse_known_args()
     command_support.COMMAND = args.command

@@ -124,7 +124,7 @@ class FailingReads(Holes):
 
 class FailingSync(Holes):
     def test_what_does_not_reach_the_disk_replaces_nothing(self):
-        environment = {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_SYNC": "1"}
+        environment = {**os.environ, "LD_PRELOAD": command_support.PRELOAD, "FAILING_CALLS": "sync", "FAILING_AT": "1+"}
         for arguments in (["plan.dxf"], ["prepare", "plan.dxf", "-o", "out.dxf"]):
             printed = self.expect(3, *arguments, "-q", env=environment)
             self.assertRegex(printed, r"^\S+: cannot be written: Input/output error\n$")
@@ -216,6 +216,11 @@ class ShortMemoryOfSeveral(Holes):
             resource.setrlimit(resource.RLIMIT_AS, (kilobytes * 1024, kilobytes * 1024))
         return self.plexorn("-j", "3", *options, *self.DRAWINGS, "-o", "out/", preexec_fn=limit)
 
+    @staticmethod
+    def drawing_of(name):
+        """What fails may be its picture."""
+        return re.sub(r"^out/(\w+)\.svg$", r"\1.dxf", name)
+
     def test_each_has_its_line_and_the_sum_follows(self):
         codes = set()
         for kilobytes in range(10_000, 20_000, 500):
@@ -226,7 +231,7 @@ class ShortMemoryOfSeveral(Holes):
                 codes.add(result.returncode)
                 self.assertIn(result.returncode, (0, 3, 5), result.stderr)
                 *lines, total = result.stderr.splitlines()
-                self.assertEqual([line.split(":")[0] for line in lines],
+                self.assertEqual([self.drawing_of(line.split(":")[0]) for line in lines],
                                  [] if result.returncode == 3 else self.DRAWINGS, result.stderr)
                 self.assertRegex(total, r"^plexorn: memory is short$|^\d drawn, \d failed, \d messages, ")
         self.assertIn(5, codes)
@@ -240,7 +245,7 @@ class ShortMemoryOfSeveral(Holes):
                     continue
                 codes.add(result.returncode)
                 found = [json.loads(line) for line in result.stderr.splitlines()]
-                self.assertEqual([entry.get("file") for entry in found], [*self.DRAWINGS, None])
+                self.assertEqual([self.drawing_of(entry.get("file", "")) for entry in found], [*self.DRAWINGS, ""])
                 self.assertEqual(found[-1]["drawn"] + found[-1]["failed"], 3)
         self.assertIn(5, codes)
 
