@@ -74,6 +74,14 @@ class FailingReads(Holes):
                     self.assertEqual(self.names(), ["plan.dxf", "plan.svg"])
                     self.assertEqual(self.read("plan.svg"), "old")
 
+    def test_a_header_that_cannot_be_read(self):
+        """Without messages nothing but the header is read by the command itself."""
+        variables = [line for number in range(2000) for line in ("9", f"$USER{number}", "70", "1")]
+        self.write("plan.dxf", dxf("0", "SECTION", "2", "HEADER", *variables, "0", "ENDSEC") + command_support.DRAWING)
+        self.assertEqual(self.expect(3, "-q", "plan.dxf", env=self.failing("fread")),
+                         "plan.dxf: cannot be read to its end: Input/output error\n")
+        self.assertEqual(self.read("plan.svg"), "old")
+
     def test_to_keep_going_draws_what_there_is(self):
         for by in ("read", "read fread"):
             for options in ([], ["-q"]):

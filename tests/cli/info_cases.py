@@ -75,6 +75,16 @@ class Contents(InfoTest):
             {"name": "Notes", "defined": False, "colour": 0, "off": False, "frozen": False, "lineType": None,
              "weight": 0, "entities": 3}])
 
+    def test_a_layer_that_is_off_is_not_frozen(self):
+        layers = [("0", "LAYER", "100", "AcDbLayerTableRecord", "2", name, "70", flags, "62", colour)
+                  for name, flags, colour in (("Off", "0", "-7"), ("Frozen", "1", "7"))]
+        content = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", *layers[0], *layers[1], "0", "ENDTAB",
+                      "0", "ENDSEC") + DRAWING
+        for options in ([], ["--as-is"]):
+            self.assertEqual([(layer["name"], layer["off"], layer["frozen"])
+                              for layer in self.info(content, *options)["layers"]][:2],
+                             [("Off", True, False), ("Frozen", False, True)])
+
     def test_an_entity_without_a_type_has_a_name(self):
         self.write("a.dxf", entities("  0", "", "  8", "0", *LINE))
         for options in ([], ["--as-is"]):
@@ -364,6 +374,14 @@ class Prepared(InfoTest):
         self.assertEqual(self.plexorn("info", "--summary", "a.dxf", "b.dxf").stdout.split("\n"), [
             "2 drawings, 0 shown as stated, 0 failed; 2 of 5 entities shown (40.0 %)", "",
             "  missing  entities  drawings", "  3DSOLID         3         2", ""])
+
+    def test_the_sum_counts_drawings_that_are_changed_and_says_all_of_none_that_is_cut(self):
+        self.write("cut.dxf", entities(*LINE, "0", "TEXT", "10", "1\x002", "40", "1", "1", "AB\x00CD"))
+        self.write("whole.dxf")
+        self.assertEqual(self.plexorn("info", "--summary", "cut.dxf", "whole.dxf").stdout.split("\n"), [
+            "2 drawings, 1 shown as stated, 0 failed; 3 entities shown", "",
+            "  shown otherwise                                   entities  drawings",
+            "  file not whole (a NUL byte ends its line's text)         2         1", ""])
 
     def test_other_forms_are_shown_too(self):
         wide = entities(*LINE).decode().encode("utf-16")

@@ -63,6 +63,11 @@ class Size(PictureTest):
             with self.subTest(unit=unit):
                 self.expect_width(self.side(insunits(4) + entities(*LONG_LINE), "--units", unit, "--true-size"), unit)
 
+    def test_units_of_the_survey_are_two_parts_in_a_million_longer(self):
+        for ordinary, survey in (("in", "usin"), ("ft", "usft"), ("yd", "usyd"), ("mi", "usmi")):
+            sides = [self.side(entities(*LONG_LINE), "--units", unit, "--true-size")[0] for unit in (ordinary, survey)]
+            self.assertAlmostEqual(sides[1] / sides[0], 1.000002, delta=3e-7, msg=survey)
+
     def test_a_drawing_without_a_unit_is_sized_in_pixels(self):
         metric = header("9", "$MEASUREMENT", "70", "1")
         for content in (b"", insunits(0), insunits(25), insunits(-1), metric):

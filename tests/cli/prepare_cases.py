@@ -200,6 +200,14 @@ class Findings(PrepareTest):
         self.assertEqual(self.said("--max-messages", "0"), ["plan.dxf: … and 4 more messages of 2 kinds"])
         self.assertEqual(self.said("--verbose", "--max-messages", "3")[3:], ["plan.dxf: … and 1 more"])
 
+    def test_a_line_may_tell_several_messages(self):
+        self.write("plan.dxf", entities(*LINE, "0", "TEXT", "10", "1\x002", "40", "1", "1", "AB\x00CD", *SOLID, *SOLID))
+        for most, rest in (("0", 4), ("1", 2), ("2", 1)):
+            printed = self.expect(0, "--verbose", "--max-messages", most, "plan.dxf")
+            self.assertIn(f"plan.dxf: … and {rest} more\n", printed)
+            printed = self.expect(0, "--messages=json", "--max-messages", most, "plan.dxf")
+            self.assertIn(f'{{"type":"more","file":"plan.dxf","messages":{rest}}}\n', printed)
+
 
 class Sheets(PrepareTest):
     """What is in the paper space is not drawn, and the command says so."""

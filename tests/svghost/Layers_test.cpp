@@ -163,6 +163,20 @@ TEST(Layers, AllOfALayerIsTogetherForInkscape)
     EXPECT_NE(svg.find(" inkscape:groupmode=\"layer\" inkscape:label=\"Drawing\">"), std::string::npos);
 }
 
+TEST(Layers, AMarkThatIsUsedBeforeItIsDefinedMakesNoGroupByItself)
+{
+    const HostDocument document;
+    Mark(document, L"A");
+    DefineMarks(document);
+    Mark(document, L"");
+    document.Line(0, 0, 1, 0);
+    SvgHostWriteOptions options{};
+    for (const bool groupsLayers : {false, true}) {
+        options.groupsLayers = groupsLayers;
+        EXPECT_EQ(Drawing(document, options), LineTo(1) + kWhole);
+    }
+}
+
 TEST(Layers, ADrawingThatIsOnePartHasItsLayersInThatPart)
 {
     const HostDocument document;

@@ -77,7 +77,8 @@ TEST(Numbers, TransformThatIsNotFiniteLeavesTheElementOut)
         EXPECT_EQ(LeftOut([&](const HostDocument& d) { d.Set(d.Ellipse(1, 2, 3, 4), L"rotate", odd); }), 1u);
         EXPECT_EQ(LeftOut([&](const HostDocument& d) { d.Set(d.Ellipse(1, 2, 3, 4), L"center-x", odd); }),
                   1u);
-        EXPECT_EQ(LeftOut([&](const HostDocument& d) { d.Set(d.Use(L"A", 0, 0), L"scale-x", odd); }), 1u);
+        for (const wchar_t* name : {L"scale-x", L"scale-y"})
+            EXPECT_EQ(LeftOut([&](const HostDocument& d) { d.Set(d.Use(L"A", 0, 0), name, odd); }), 1u);
     }
 }
 

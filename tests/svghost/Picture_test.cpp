@@ -266,10 +266,12 @@ TEST(Sheet, WidthsInASymbolAreDividedByTheScaleAtWhichItIsShown)
     const QlmNode outer = document.Use(L"OUTER", 0, 0);
     document.Set(outer, L"scale-x", L"4");
     document.Set(outer, L"scale-y", L"4");
+    Thick(document, document.Ellipse(1, 2, 0, 0), L"0.500000");
     const ParsedSvg svg(document.Write(OnSheet()));
     const double width = 0.5 * LongerSide(ViewBoxOf(svg)) / kSheet;
     ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-INNER"), "line", width / 20);
     ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-OUTER"), "circle", width / 4);
+    ExpectWidth(svg.Drawing(), "ellipse", width);
 }
 
 TEST(Sheet, WidthsInASymbolThatIsShownAtSeveralScalesGoByTheirMean)
@@ -368,12 +370,11 @@ TEST(Most, LeavesOutTheLastHundredthWhereverItLies)
 
 TEST(Most, LeavesOutSomethingSmallWhereverTheRestLies)
 {
-    for (const bool isUpright : {false, true}) {
+    for (const auto& [x, y] : {std::pair{900.0F, 0.0F}, {0.0F, 900.0F}, {-900.0F, 0.0F}, {0.0F, -900.0F}}) {
         HostDocument document;
         document.Begin(L"S");
         Crowd(document, 100);
         document.End();
-        const float x = isUpright ? 0 : 900, y = isUpright ? 900 : 0;
         document.Use(L"S", x, y);
         document.Line(x * 2 / 3, y * 2 / 3, x * 2 / 3 + 2, y * 2 / 3 + 2);
         ExpectTight(ViewBoxOf(ParsedSvg(document.Write(ShowingMost()))), x, y, x + 100, y + 100, 2.1);
