@@ -253,7 +253,7 @@ void Converter::PlaceInsert(const Insert& insert, const Context& context, const 
     if (m_view->layers.IsFrozen(style.layer))
         return CountHidden(style.layer);
     BeginEntity();
-    PlaceAttributes(insert, context);
+    PlaceAttributes(insert, context, style);
     if (insert.fault != Fault::None)
         return ReportFault(insert);
     const Block* const block = m_drawing.FindBlock(insert.block);
@@ -281,7 +281,7 @@ void Converter::PlaceArray(const Insert& insert, const Block& block, const Conte
                 return;
             const Point3 step{column * insert.columnSpacing, row * insert.rowSpacing, 0};
             if (row + column > 0)
-                PlaceAttributes(insert, MovedBy(step, insert, context));
+                PlaceAttributes(insert, MovedBy(step, insert, context), style);
             const Matrix placement = place * Moved(step) * shape;
             if (!mayUse)
                 continue;
@@ -329,10 +329,12 @@ Converter::Context Converter::MovedBy(Point3 step, const Insert& insert, const C
     return {context.matrix * Moved(turned), context.insert, context.isInBlock, context.sink, context.cut};
 }
 
-void Converter::PlaceAttributes(const Insert& insert, const Context& context)
+// Attributes stand in the insert's space, but layer 0 and by block mean the insert's, as in its block.
+void Converter::PlaceAttributes(const Insert& insert, const Context& context, const Style& style)
 {
+    const Context its{context.matrix, style, true, context.sink, context.cut};
     for (const auto& attribute : insert.attributes)
-        Place(*attribute, context);
+        Place(*attribute, its);
 }
 
 // The block of a dimension holds what its author saw, in the coordinates of the dimension's own space.

@@ -115,7 +115,7 @@ private:
     void PlaceInsert(const Insert& insert, const Context& context, const Style& style);
     void PlaceArray(const Insert& insert, const Block& block, const Context& context, const Style& style);
     static Context MovedBy(Point3 step, const Insert& insert, const Context& context);
-    void PlaceAttributes(const Insert& insert, const Context& context);
+    void PlaceAttributes(const Insert& insert, const Context& context, const Style& style);
     void PlaceDimension(const Dimension& dimension, const Context& context, const Style& style);
     void RedrawDimension(const Dimension& dimension, const Context& context, const Style& style);
     void PlaceTable(const Table& table, const Context& context, const Style& style);

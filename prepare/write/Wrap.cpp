@@ -16,12 +16,15 @@ namespace {
 constexpr double kThinnestStroke = 0.05;
 constexpr double kSmallestFont = 1;
 constexpr double kThickestStroke = 1e7; // hundredths of a larger one are no 32-bit integer
+// Graphics libraries that keep places in 24 bits and 8 more for the fraction lose texts beyond this.
+constexpr double kFarthestText = 8'388'607;
 // How large a wrapped drawing is: strokes then are some units wide, and a 32-bit float is far finer.
 constexpr double kWrappedSize = 20'000;
 
 bool IsWrapNeeded(const WriteSettings& settings, double stroke, double farthest)
 {
-    return stroke < kThinnestStroke || stroke > kThickestStroke || FloatStep(farthest) > stroke / 10 ||
+    return stroke < kThinnestStroke || stroke > kThickestStroke || farthest > kFarthestText ||
+           FloatStep(farthest) > stroke / 10 ||
            (settings.smallestText > 0 && settings.smallestText * kFontSizeOfCapitals < kSmallestFont);
 }
 

@@ -76,6 +76,32 @@ TEST(Converter, EachPlaceOfAnArrayHasTheAttributes)
     EXPECT_EQ(output.model.lines.size(), 8U);
 }
 
+TEST(Converter, AnAttributeInheritsFromItsInsert)
+{
+    constexpr std::int32_t kByBlock = 0, kByLayer = 256, kRed = 1, kGreen = 3;
+    const auto drawnOn = [](std::int32_t layerColour, std::int32_t attributeColour) {
+        Drawing drawing;
+        Insert insert;
+        insert.layer = drawing.names.Of("Doors");
+        insert.colour = kRed;
+        drawing.layers[insert.layer].colour = layerColour;
+        insert.attributes.push_back(Attribute({5, 6, 0}));
+        insert.attributes.back()->colour = attributeColour;
+        insert.attributes.back()->layer = drawing.names.Of("0");
+        RecordingOutput output;
+        Report report;
+        const Options options;
+        Converter converter(drawing, options, {}, output, report);
+        converter.Take(insert);
+        return output.model.lines;
+    };
+    const std::string text = "text 'A' at 5,6 along 1,0 up 0,1 start";
+    EXPECT_EQ(drawnOn(kGreen, kByLayer), Lines{text + " colour 3"});
+    EXPECT_EQ(drawnOn(kGreen, kByBlock), Lines{text + " colour 1"});
+    EXPECT_EQ(drawnOn(-kGreen, kByLayer), Lines{});
+    EXPECT_EQ(drawnOn(-kGreen, kByBlock), Lines{});
+}
+
 TEST(Converter, ABlockFarFromItsOriginIsWhereItWasAlsoMirrored)
 {
     Drawing drawing;

@@ -33,6 +33,13 @@ TEST(Wrap, NearAndLargeDrawingsNeedNone)
     EXPECT_TRUE(WrapOf({5'000'000, 50}, 100).isNeeded);
 }
 
+// Its strokes are 100 wide, which floats are fine enough for.
+TEST(Wrap, TextsAreNearerThanTwentyThreeBits)
+{
+    EXPECT_FALSE(WrapOf({50, -8'300'000}, 100'000).isNeeded);
+    EXPECT_TRUE(WrapOf({50, -8'400'000}, 100'000).isNeeded);
+}
+
 // A host that keeps the place as a float, or writes that float as text, keeps all of it.
 TEST(Wrap, ItsPlaceIsSaidByAFloat)
 {
