@@ -137,10 +137,22 @@ TEST(Documents, WritingStopsWhenTheReceiverSaysSo)
     const HostDocument document;
     for (int i = 0; i < 20'000; ++i)
         document.Line(0, 0, 1, static_cast<float>(i));
-    int calls = 0;
-    const auto refuse = [](void* user, const char*, std::size_t) { return ++*static_cast<int*>(user) < 3; };
-    EXPECT_FALSE(svgHostWrite(document.Get(), nullptr, refuse, &calls));
-    EXPECT_EQ(calls, 3);
+    struct Receiver {
+        int refused; // the number of the call that gets false, 0 for none
+        int calls = 0;
+    };
+    const auto receive = [](void* user, const char*, std::size_t) {
+        auto* const receiver = static_cast<Receiver*>(user);
+        return ++receiver->calls != receiver->refused;
+    };
+    Receiver willing{0};
+    ASSERT_TRUE(svgHostWrite(document.Get(), nullptr, receive, &willing));
+    ASSERT_GT(willing.calls, 3);
+    for (int number = 1; number <= willing.calls; ++number) {
+        Receiver receiver{number};
+        EXPECT_FALSE(svgHostWrite(document.Get(), nullptr, receive, &receiver));
+        EXPECT_EQ(receiver.calls, number);
+    }
 }
 
 // A value far longer than a piece goes over its end, and so does an escape.
