@@ -20,10 +20,10 @@ struct KnownName {
     AttributeId id;
 };
 
-// Few names have the same length: the length picks out one or two candidates.
+// Few names have the same length: the length picks out one or two candidates, the usual one first.
 constexpr KnownName kKnownNames[] = {
-    {L"rotate", AttributeId::Rotate},
     {L"stroke", AttributeId::Stroke},
+    {L"rotate", AttributeId::Rotate},
     {L"scale-x", AttributeId::ScaleX},
     {L"scale-y", AttributeId::ScaleY},
     {L"center-x", AttributeId::CenterX},

@@ -28,8 +28,10 @@ Box ShapeBounds(const Shape& shape)
         return shape.box;
     Box box;
     if (shape.kind == Kind::Path) {
+        PathText text;
         ShortForm unused;
-        ScanPath(shape.data.data(), TransformOf(shape), unused, box);
+        text.Set(shape.data);
+        ScanPath(text, TransformOf(shape), unused, box);
     } else {
         box.Add(shape.box, TransformOf(shape));
     }

@@ -7,23 +7,35 @@
 
 namespace svghost {
 
-bool IsDrawable(double number)
-{
-    return std::fabs(number) <= static_cast<double>(FLT_MAX);
-}
+namespace {
 
 template <class Char>
-bool ScanNumber(const Char*& at, double& number, std::basic_string_view<Char>& shortText)
+bool StepOver(const Char* end, double number, const Char*& at)
 {
-    const Char* const end = ScanReal(at, number, shortText);
     if (end == nullptr || !IsDrawable(number))
         return false;
     at = end;
     return true;
 }
 
-template bool ScanNumber(const char*&, double&, std::string_view&);
-template bool ScanNumber(const wchar_t*&, double&, std::wstring_view&);
+} // namespace
+
+bool IsDrawable(double number)
+{
+    return std::fabs(number) <= static_cast<double>(FLT_MAX);
+}
+
+bool ScanNumber(const wchar_t*& at, double& number, std::wstring_view& shortText)
+{
+    const wchar_t* const end = ScanReal(at, number, shortText);
+    return StepOver(end, number, at);
+}
+
+bool ScanNumberAhead(const char*& at, double& number, std::string_view& shortText)
+{
+    const char* const end = ScanRealAhead(at, number, shortText);
+    return StepOver(end, number, at);
+}
 
 bool ParseNumber(const wchar_t* text, double& number, std::wstring_view& shortText)
 {

@@ -1,5 +1,7 @@
 #include "svghost/PathData.h"
 
+#include "base/NarrowAscii.h"
+#include "base/ScanReal.h"
 #include "svghost/DrawableNumbers.h"
 
 namespace svghost {
@@ -7,35 +9,30 @@ namespace svghost {
 namespace {
 
 // The blanks of SVG, of which those of a drawing's numbers have two more.
-template <class Char>
-bool IsPathBlank(Char character)
+bool IsPathBlank(char character)
 {
-    return character == Char(' ') || character == Char('\t') || character == Char('\n') ||
-           character == Char('\r');
+    return character == ' ' || character == '\t' || character == '\n' || character == '\r';
 }
 
-template <class Char>
-void SkipBlanks(const Char*& at)
+void SkipBlanks(const char*& at)
 {
     while (IsPathBlank(*at))
         ++at;
 }
 
 // Blanks with at most one comma among them.
-template <class Char>
-void SkipSeparator(const Char*& at)
+void SkipSeparator(const char*& at)
 {
     SkipBlanks(at);
-    if (*at == Char(',')) {
+    if (*at == ',') {
         ++at;
         SkipBlanks(at);
     }
 }
 
-template <class Char>
 class PathScanner {
 public:
-    PathScanner(const Char* text, const Affine& map, ShortForm& out, Box& box)
+    PathScanner(const char* text, const Affine& map, ShortForm& out, Box& box)
         : m_at(text), m_map(map), m_out(out), m_box(box)
     {
     }
@@ -43,9 +40,9 @@ public:
     bool Scan()
     {
         SkipBlanks(m_at);
-        if (*m_at != Char() && *m_at != Char('M'))
+        if (*m_at != '\0' && *m_at != 'M')
             return false;
-        while (*m_at != Char()) {
+        while (*m_at != '\0') {
             if (!ReadSegment())
                 return false;
             SkipSeparator(m_at);
@@ -56,10 +53,8 @@ public:
 private:
     bool ReadSegment()
     {
-        const char command = static_cast<char>(*m_at);
+        const char command = *m_at;
         if (command == 'M' || command == 'L' || command == 'A' || command == 'Z') {
-            if (*m_at != Char(command))
-                return false;
             ++m_at;
             SkipBlanks(m_at);
             // Pairs that go on after a move-to are lines.
@@ -114,14 +109,14 @@ private:
             m_out.Put(' ');
         m_isFirst = false;
         SkipSeparator(m_at);
-        std::basic_string_view<Char> text;
-        if (!ScanNumber(m_at, number, text))
+        std::string_view text;
+        if (!ScanNumberAhead(m_at, number, text))
             return false;
         m_out.Put(text);
         return true;
     }
 
-    const Char* m_at;
+    const char* m_at;
     const Affine& m_map;
     ShortForm& m_out;
     Box& m_box;
@@ -133,35 +128,50 @@ private:
 
 } // namespace
 
-bool ScanPoints(const wchar_t* text, ShortForm& out, Box& box)
+char* PathText::Start(std::size_t size)
 {
-    SkipBlanks(text);
-    for (bool isFirst = true; *text != L'\0'; isFirst = false) {
+    if (size + 1 + kScanAhead > m_storage.size())
+        m_storage.resize(size + 1 + kScanAhead);
+    m_storage[size] = '\0';
+    return m_storage.data();
+}
+
+bool PathText::Set(std::wstring_view text)
+{
+    return NarrowAscii(text, Start(text.size()));
+}
+
+void PathText::Set(std::string_view text)
+{
+    std::copy(text.begin(), text.end(), Start(text.size()));
+}
+
+bool ScanPoints(const PathText& text, ShortForm& out, Box& box)
+{
+    const char* at = text.Get();
+    SkipBlanks(at);
+    for (bool isFirst = true; *at != '\0'; isFirst = false) {
         Point point;
-        std::wstring_view number;
+        std::string_view number;
         if (!isFirst)
             out.Put(' ');
-        if (!ScanNumber(text, point.x, number))
+        if (!ScanNumberAhead(at, point.x, number))
             return false;
         out.Put(number);
         out.Put(',');
-        SkipSeparator(text);
-        if (!ScanNumber(text, point.y, number))
+        SkipSeparator(at);
+        if (!ScanNumberAhead(at, point.y, number))
             return false;
         out.Put(number);
-        SkipSeparator(text);
+        SkipSeparator(at);
         box.Add(point);
     }
     return true;
 }
 
-template <class Char>
-bool ScanPath(const Char* text, const Affine& map, ShortForm& out, Box& box)
+bool ScanPath(const PathText& text, const Affine& map, ShortForm& out, Box& box)
 {
-    return PathScanner<Char>(text, map, out, box).Scan();
+    return PathScanner(text.Get(), map, out, box).Scan();
 }
-
-template bool ScanPath(const char*, const Affine&, ShortForm&, Box&);
-template bool ScanPath(const wchar_t*, const Affine&, ShortForm&, Box&);
 
 } // namespace svghost

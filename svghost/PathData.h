@@ -3,11 +3,27 @@
 
 #include "svghost/Geometry.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace svghost {
+
+// Keeps one text after the other, with room after it that numbers are read with in wide steps.
+class PathText {
+public:
+    // False for a text that is not all ASCII, as no path is.
+    bool Set(std::wstring_view text);
+    void Set(std::string_view text);
+
+    const char* Get() const { return m_storage.data(); }
+
+private:
+    char* Start(std::size_t size);
+
+    std::string m_storage; // beyond the zero after the text what an earlier one left
+};
 
 // Takes the short form of one text after the other, each into the same storage, which grows when a text needs
 // more than all before it.
@@ -22,14 +38,10 @@ public:
         m_storage[m_size++] = character;
     }
 
-    // A number: each of its characters has one byte.
-    template <class Char>
-    void Put(std::basic_string_view<Char> number)
+    void Put(std::string_view number)
     {
         Reserve(number.size());
-        char* out = m_storage.data() + m_size;
-        for (const Char character : number)
-            *out++ = static_cast<char>(character);
+        std::copy(number.begin(), number.end(), m_storage.data() + m_size);
         m_size += number.size();
     }
 
@@ -46,12 +58,11 @@ private:
 
 // Reads points ("x,y" pairs), adds them to out in short form and each to box. False when a number is not
 // drawable or the text is anything but complete pairs; an empty text is fine.
-bool ScanPoints(const wchar_t* text, ShortForm& out, Box& box);
+bool ScanPoints(const PathText& text, ShortForm& out, Box& box);
 
 // Reads path data made of absolute move-to, line-to, elliptical-arc and close commands, adds it to out in
 // short form and its picture under map to box. False when a number is not drawable or for any other text; an
-// empty one is fine. Char is char or wchar_t.
-template <class Char>
-bool ScanPath(const Char* text, const Affine& map, ShortForm& out, Box& box);
+// empty one is fine.
+bool ScanPath(const PathText& text, const Affine& map, ShortForm& out, Box& box);
 
 } // namespace svghost

@@ -64,8 +64,11 @@ Shape* SvgHostDocument::CreateShape(Kind kind, const wchar_t* data)
 {
     Shape* shape = arena.New<Shape>(kind);
     m_shortForm.Clear();
-    const bool isGood = kind == Kind::Path ? ScanPath(data, Affine(), m_shortForm, shape->box)
-                                           : ScanPoints(data, m_shortForm, shape->box);
+    const auto scan = [&] {
+        return kind == Kind::Path ? ScanPath(m_pathText, Affine(), m_shortForm, shape->box)
+                                  : ScanPoints(m_pathText, m_shortForm, shape->box);
+    };
+    const bool isGood = m_pathText.Set(std::wstring_view(data)) && scan();
     shape->isMalformed = !isGood;
     if (isGood)
         shape->data = arena.Copy(m_shortForm.Get());

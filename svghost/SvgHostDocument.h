@@ -86,6 +86,7 @@ private:
     std::vector<const svghost::Symbol*> m_marks; // of layers, by their numbers
     svghost::Use m_mark;                         // what the use of any of them is for the host
     std::string m_scratch;
+    svghost::PathText m_pathText;
     svghost::ShortForm m_shortForm;
     svghost::PictureLayout m_layout;
     bool m_isLaidOut = false;

@@ -1,6 +1,7 @@
 #include "svghost/XmlText.h"
 
 #include "base/Ideographs.h"
+#include "base/NarrowAscii.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
 
@@ -50,8 +51,11 @@ void AppendAllowed(std::string& out, char32_t character)
 
 std::string XmlTextOf(std::wstring_view text)
 {
-    std::string valid;
-    valid.reserve(text.size());
+    std::string valid(text.size(), '\0');
+    const auto isPlain = [](char character) { return character >= 0x20; };
+    if (NarrowAscii(text, valid.data()) && std::all_of(valid.begin(), valid.end(), isPlain))
+        return valid;
+    valid.clear();
     while (!text.empty()) {
         const DecodedCharacter next = DecodeWide(text);
         AppendAllowed(valid, next.value);

@@ -28,13 +28,19 @@ constexpr EntityReader kReaders[] = {
 #undef DXF_SKIP
 };
 
+const EntityReader* FindReader(std::string_view typeName)
+{
+    const auto reader = std::find_if(std::begin(kReaders), std::end(kReaders),
+                                     [&](const EntityReader& entry) { return entry.typeName == typeName; });
+    return reader == std::end(kReaders) ? nullptr : reader;
+}
+
 } // namespace
 
 void CDxfRead::ReadENTITIES(CDxfStream& stream, std::string_view typeName, DXF_ENTITY_LIST& list)
 {
-    const auto reader = std::find_if(std::begin(kReaders), std::end(kReaders),
-                                     [&](const EntityReader& entry) { return entry.typeName == typeName; });
-    if (reader == std::end(kReaders)) {
+    const EntityReader* const reader = FindReader(typeName);
+    if (reader == nullptr) {
         Report(DXF_ERROR_OBJECT_TYPE, L"%s - Unknown Object Type Name (%d)", {typeName, lineCount});
         Read_UNKNOWN(stream);
         return;
@@ -67,5 +73,6 @@ bool CDxfRead::SkipPairs(CDxfStream& stream, const wchar_t* message)
 
 bool CDxfRead::IsEntityTypeName(std::string_view name)
 {
-    return FateOfEntityType(name) != DXF_ENTITY_FATE::None;
+    // Nearly all are of the few types that have a reader.
+    return FindReader(name) != nullptr || FateOfEntityType(name) != DXF_ENTITY_FATE::None;
 }

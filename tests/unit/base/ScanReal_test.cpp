@@ -37,6 +37,11 @@ Scanned Scan(const std::string& text)
     if (const wchar_t* const end = ScanReal(wideText.c_str(), wide.value, wideShort))
         wide.text = Narrow(wideShort), wide.rest = Narrow(end);
     EXPECT_EQ(narrow, wide) << text;
+    Scanned ahead;
+    const std::string padded = text + '\0' + std::string(kScanAhead, '7');
+    if (const char* const end = ScanRealAhead(padded.data(), ahead.value, shortText))
+        ahead.text = shortText, ahead.rest = end;
+    EXPECT_EQ(narrow, ahead) << text;
     return narrow;
 }
 
@@ -69,6 +74,20 @@ TEST(ScanReal, ZerosThatSayNothingAreNotInTheText)
     EXPECT_EQ(Scan(".0"), (Scanned{0, "0", ""}));
     EXPECT_EQ(Scan("100"), (Scanned{100, "100", ""}));
     EXPECT_EQ(Scan("1.50e2"), (Scanned{150, "1.50e2", ""}));
+}
+
+TEST(ScanReal, NumbersOfAnyLengthBeforeAndAfterThePoint)
+{
+    const std::string digits = "1234567891234567891";
+    for (std::size_t whole = 0; whole < digits.size(); ++whole)
+        for (std::size_t after = 0; whole + after < digits.size(); ++after)
+            for (const char* const rest : {"", ",5", "e2", "e", ".", "-1"}) {
+                const std::string number = digits.substr(0, whole) + '.' + digits.substr(whole, after);
+                const Scanned scanned = Scan(number + rest);
+                if (whole + after > 0 && rest != std::string_view("e")) {
+                    EXPECT_EQ(scanned.value, std::strtod((number + rest).c_str(), nullptr)) << number << rest;
+                }
+            }
 }
 
 TEST(ScanReal, WhatIsNoNumber)
