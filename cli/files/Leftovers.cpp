@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace plexorn {
 
@@ -54,7 +55,7 @@ void RemoveLeftovers(const fs::path& folder)
 {
     if (!IsFirstCall(folder))
         return;
-    ForEachName(folder, [&](const fs::path& name) {
+    [[maybe_unused]] const std::error_code ignored = ForEachName(folder, [&](const fs::path& name) {
         const unsigned long process = ProcessOf(ArgumentFromPath(name));
         if (process != 0 && process != ProcessNumber() && !IsRunning(process))
             RemoveUnlessOpen(folder / name);
