@@ -5,6 +5,9 @@
 #include "svghost/Node.h"
 #include "svghost/TextHash.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -37,16 +40,29 @@ public:
     template <class Resolve>
     std::uint32_t IndexOf(std::wstring_view source, CDxfArena& arena, Resolve resolve)
     {
-        if (m_last != 0 && m_values[m_last].source == source)
-            return m_last;
+        std::uint32_t& recent = m_recent[Place(source)];
+        if (recent != 0 && m_values[recent].source == source)
+            return recent;
         const auto known = m_indices.find(source);
-        return m_last = known != m_indices.end() ? known->second : Add(source, arena, resolve);
+        return recent = known != m_indices.end() ? known->second : Add(source, arena, resolve);
     }
 
     const Value& At(std::uint32_t index) const { return m_values[index]; }
     std::size_t Size() const { return m_values.size(); }
 
 private:
+    static constexpr std::size_t kRecent = 64;
+
+    // Colours and numbers differ near their ends and in the middle.
+    static std::size_t Place(std::wstring_view text)
+    {
+        if (text.size() < 3)
+            return text.size();
+        const auto at = [&](std::size_t place) { return static_cast<std::size_t>(text[place]); };
+        const std::size_t size = text.size();
+        return (at(size - 2) + 3 * at(size - 3) + 7 * at(size / 2) + 11 * at(size / 3) + size) % kRecent;
+    }
+
     template <class Resolve>
     std::uint32_t Add(std::wstring_view source, CDxfArena& arena, Resolve resolve)
     {
@@ -61,7 +77,7 @@ private:
 
     std::deque<Value> m_values{Value()};
     std::unordered_map<std::wstring_view, std::uint32_t, TextHash> m_indices;
-    std::uint32_t m_last = 0;
+    std::array<std::uint32_t, kRecent> m_recent{}; // those that came lately, each in the place of its text
 };
 
 // The text, cut where it is certain to be longer than kLongestDashArray. This bounds what a pattern costs,

@@ -131,7 +131,7 @@ Extent StrokedExtent(const SvgHostDocument& document, const Node& node)
 {
     const Box geometry = GeometryBounds(node);
     const double width = WidthOf(document, node);
-    const double arrow = ArrowReach(document, node);
+    const double arrow = node.extra ? ArrowReach(document, node) : 0;
     return {geometry.Grown(std::max(width / 2, arrow)), arrow > 0 ? geometry.Grown(arrow) : geometry, width};
 }
 

@@ -9,9 +9,6 @@ namespace svghost {
 
 namespace {
 
-// Viewers calculate with 32-bit floats: beyond this the size of a view box may overflow in them.
-constexpr double kFarthest = 1e30;
-
 // The picture of an ellipse: the curve is centre + u cos t + v sin t.
 struct EllipseFrame {
     Point centre;
@@ -113,19 +110,6 @@ Affine Product(const Affine& outer, const Affine& inner)
             outer.b * inner.c + outer.d * inner.d,
             origin.x,
             origin.y};
-}
-
-void Box::Add(Point point)
-{
-    // Written so that a NaN fails this check too.
-    if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest))
-        return;
-    if (IsEmpty()) {
-        m_low = m_high = point;
-        return;
-    }
-    m_low = {std::min(m_low.x, point.x), std::min(m_low.y, point.y)};
-    m_high = {std::max(m_high.x, point.x), std::max(m_high.y, point.y)};
 }
 
 void Box::Add(const Box& other)

@@ -1,6 +1,9 @@
 // Boxes and transforms of the plane, Y pointing down.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
 namespace svghost {
 
 struct Point {
@@ -35,7 +38,18 @@ Affine Product(const Affine& outer, const Affine& inner);
 class Box {
 public:
     // Points that are not finite or too far away for a viewer to show are ignored.
-    void Add(Point point);
+    void Add(Point point)
+    {
+        // Written so that a NaN fails this check too.
+        if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest))
+            return;
+        if (IsEmpty()) {
+            m_low = m_high = point;
+            return;
+        }
+        m_low = {std::min(m_low.x, point.x), std::min(m_low.y, point.y)};
+        m_high = {std::max(m_high.x, point.x), std::max(m_high.y, point.y)};
+    }
     void Add(const Box& other);
     // Adds the picture of other under map: the box round its four corners.
     void Add(const Box& other, const Affine& map);
@@ -49,6 +63,9 @@ public:
     Point High() const { return m_high; }
 
 private:
+    // Viewers calculate with 32-bit floats: beyond this the size of a view box may overflow in them.
+    static constexpr double kFarthest = 1e30;
+
     Point m_low{1, 1};
     Point m_high{0, 0};
 };

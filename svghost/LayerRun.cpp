@@ -2,6 +2,14 @@
 
 namespace svghost {
 
+std::string_view LayerTexts::Of(std::wstring_view layer)
+{
+    const auto [place, isNew] = m_texts.try_emplace(layer.data());
+    if (isNew)
+        place->second = EscapedForAttribute(XmlTextOf(layer));
+    return place->second;
+}
+
 void LayerRun::Change()
 {
     if (!m_open.empty())
@@ -10,7 +18,7 @@ void LayerRun::Change()
     if (m_open.empty())
         return;
     m_out.Begin("g");
-    m_out.Set("data-layer", XmlTextOf(m_open));
+    m_out.SetPlain("data-layer", m_texts.Of(m_open));
     m_out.Open();
 }
 

@@ -57,7 +57,8 @@ private:
             m_hiddenGroups += node.isHidden;
         else if (!node.isHidden && m_hiddenGroups == 0)
             Add(node, ExtentOf(m_document, node));
-        CollectArrows(node);
+        if (node.extra)
+            CollectArrows(node);
     }
 
     void Add(const Node& node, const Extent& extent)

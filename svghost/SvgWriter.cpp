@@ -307,7 +307,7 @@ void SvgWriter::WriteBackground(const char* colour)
 
 void SvgWriter::WriteContents(const Container& container)
 {
-    LayerRun run(m_out);
+    LayerRun run(m_out, m_layerTexts);
     LayerRun* const outer = std::exchange(m_run, &run);
     const bool isWhole = container.kind == Kind::Root || IsWrap(container);
     if (m_groupsLayers && isWhole && !HasGroups(container))

@@ -84,6 +84,7 @@ private:
     std::uint32_t m_lastDashClass = 0; // of the patterns that are written once
     std::size_t m_mostBytes = 0;       // that may be written by the end of what is being written
     std::size_t m_beyondBytes = 0;
+    LayerTexts m_layerTexts;
     LayerRun* m_run = nullptr; // of the container that is being written
     double m_scale = 1;        // at which what is being written is shown
     // For each value of a stroke's width the one that was written last, and for which scale.
