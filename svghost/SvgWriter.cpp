@@ -51,9 +51,6 @@ float RoundedUp(double number)
     return static_cast<float>(std::min(rounded, 3e38));
 }
 
-// What an element may take besides its texts, points and dashes.
-constexpr std::size_t kElementBytes = 200;
-
 // A longer dash pattern is written once, if patterns are shared.
 constexpr std::size_t kLongestOwnDashes = 200;
 
@@ -137,16 +134,16 @@ bool SvgWriter::Run(const SvgHostWriteOptions& options)
     m_background = options.background;
     m_groupsLayers = options.groupsLayers;
     m_fontFamily = options.fontFamily ? options.fontFamily : "sans-serif";
-    const std::size_t mostBytes = options.mostBytes > 0 ? options.mostBytes : SIZE_MAX;
+    m_budget = ByteBudget(options.mostBytes);
     m_out.Declare();
     OpenRoot(options);
     if (options.style)
         WriteStyle(options.style);
     if (options.sharesDashPatterns)
-        WriteDashClasses(mostBytes / 4);
-    m_mostBytes = mostBytes / 2;
+        WriteDashClasses();
+    m_budget.BeginBlocks();
     WriteDefinitions();
-    m_mostBytes = mostBytes;
+    m_budget.BeginDrawing();
     if (options.background)
         WriteBackground(options.background);
     OpenDrawing();
@@ -198,7 +195,7 @@ void SvgWriter::WriteStyle(const char* style)
 }
 
 // What a class has no room for is written by each element, if that has room for it.
-void SvgWriter::WriteDashClasses(std::size_t mostBytes)
+void SvgWriter::WriteDashClasses()
 {
     const ValueTable& patterns = m_document.Values(AttributeId::DashArray);
     std::string style;
@@ -206,7 +203,7 @@ void SvgWriter::WriteDashClasses(std::size_t mostBytes)
         const Value& dashes = patterns.At(index);
         if (!IsShared(dashes))
             continue;
-        if (style.size() + dashes.text.size() > mostBytes)
+        if (style.size() + dashes.text.size() > m_budget.MostOfDashClasses())
             break;
         style.append(".")
             .append(DashClass(index))
@@ -287,7 +284,7 @@ void SvgWriter::WriteSymbol(const Symbol& symbol)
     m_out.Open();
     if (!symbol.isFill)
         WriteContents(symbol);
-    else if (HasRoom(LongBytesOf(symbol)))
+    else if (m_budget.Take(m_out.Size(), LongBytesOf(symbol)))
         WriteFill(symbol);
     m_out.Close("symbol");
     m_scale = 1;
@@ -346,19 +343,13 @@ void SvgWriter::WriteLayers(const Container& container)
     }
 }
 
-bool SvgWriter::HasRoom(std::size_t longBytes)
-{
-    const bool hasRoom = m_out.Size() + kElementBytes + longBytes <= m_mostBytes;
-    m_beyondBytes += !hasRoom;
-    return hasRoom;
-}
-
 bool SvgWriter::HasRoomFor(const Node& node)
 {
     if (IsContainer(node))
         return true;
     const Symbol* used = node.kind == Kind::Use ? static_cast<const Use&>(node).target->definition : nullptr;
-    return HasRoom(LongBytesOf(m_document, node) + (used && IsDrawnInPlace(*used) ? LongBytesOf(*used) : 0));
+    return m_budget.Take(m_out.Size(), LongBytesOf(m_document, node) +
+                                           (used && IsDrawnInPlace(*used) ? LongBytesOf(*used) : 0));
 }
 
 void SvgWriter::WriteNode(const Node& node)

@@ -1,6 +1,7 @@
 // The document as an SVG file.
 #pragma once
 
+#include "svghost/ByteBudget.h"
 #include "svghost/LayerRun.h"
 #include "svghost/Picture.h"
 #include "svghost/SvgHostDocument.h"
@@ -23,14 +24,14 @@ public:
     bool Run(const SvgHostWriteOptions& options);
 
     // How many elements were left out because the file would have become too large.
-    std::size_t ElementsBeyondBytes() const { return m_beyondBytes; }
+    std::size_t ElementsBeyondBytes() const { return m_budget.Beyond(); }
 
 private:
     void OpenRoot(const SvgHostWriteOptions& options);
     void SetPixelSize();
     void SetPhysicalSize();
     void WriteStyle(const char* style);
-    void WriteDashClasses(std::size_t mostBytes);
+    void WriteDashClasses();
     void OpenDrawing();
     void WriteDefinitions();
     void WriteSymbol(const Symbol& symbol);
@@ -40,8 +41,6 @@ private:
     void WriteRuns(const Container& container);
     void WriteLayers(const Container& container);
 
-    // Whether the file has room for an element, so much of it in what may be long; counts those without.
-    bool HasRoom(std::size_t longBytes);
     bool HasRoomFor(const Node& node);
     void WriteNode(const Node& node);
     void WriteLine(const Line& line);
@@ -82,8 +81,7 @@ private:
     const char* m_fontFamily = nullptr;
     bool m_groupsLayers = false;
     std::uint32_t m_lastDashClass = 0; // of the patterns that are written once
-    std::size_t m_mostBytes = 0;       // that may be written by the end of what is being written
-    std::size_t m_beyondBytes = 0;
+    ByteBudget m_budget;
     LayerTexts m_layerTexts;
     LayerRun* m_run = nullptr; // of the container that is being written
     double m_scale = 1;        // at which what is being written is shown

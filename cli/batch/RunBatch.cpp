@@ -150,14 +150,11 @@ std::size_t ThreadCount(const Options& options, std::size_t jobs)
     return std::min(wanted, jobs);
 }
 
-ExitCode CodeFor(const Batch& batch, std::size_t jobs, bool isStrict)
+RunResult ResultOf(const Batch& batch, std::size_t jobs, bool isStrict)
 {
-    if (batch.Failed() > 0)
-        return jobs > 1 ? ExitCode::SomeFailed : batch.LastFailure();
-    if (batch.Blank() > 0)
-        return ExitCode::Blank;
     const bool isChanged = batch.Messages() > 0 || batch.IsAnyChanged();
-    return batch.IsAnyDoubtful() || (isStrict && isChanged) ? ExitCode::Incomplete : ExitCode::Drawn;
+    return {jobs, batch.Failed(), batch.LastFailure(), batch.Blank() > 0,
+            batch.IsAnyDoubtful() || (isStrict && isChanged)};
 }
 
 // Each drawing once for each of its sheets. A drawing without sheets stays in the list and reports that.
@@ -203,7 +200,7 @@ ExitCode RunBatch(const Options& options, DoJob doJob, NameLayouts nameLayouts)
     // message.
     if (style.isJson && printer.IsAnyLost())
         return ExitCode::File;
-    return CodeFor(batch, jobs.size(), options.isStrict);
+    return ExitCodeOf(ResultOf(batch, jobs.size(), options.isStrict));
 }
 
 } // namespace plexorn

@@ -16,6 +16,15 @@ namespace {
 
 constexpr std::string_view kTextTypes[] = {"TEXT", "MTEXT", "ATTRIB", "ATTDEF", "DIMENSION"};
 
+// Of the types that are drawn, those whose coordinates an extrusion turns. That of an ARC is not left out.
+constexpr std::string_view kTurnedByExtrusion[] = {"CIRCLE", "LWPOLYLINE", "TEXT", "INSERT"};
+
+template <std::size_t count>
+bool IsOneOf(const std::string_view (&types)[count], std::string_view type)
+{
+    return std::find(std::begin(types), std::end(types), type) != std::end(types);
+}
+
 // The blocks of further sheets have names with a number at the end.
 bool IsSheetName(std::string_view block)
 {
@@ -257,7 +266,7 @@ void Collector::CountOtherwise(PartCounts& counts) const
 
 bool Collector::HasTexts() const
 {
-    return std::find(std::begin(kTextTypes), std::end(kTextTypes), m_type) != std::end(kTextTypes);
+    return IsOneOf(kTextTypes, m_type);
 }
 
 void Collector::CheckText(std::string_view value, std::uint64_t line)
@@ -361,7 +370,8 @@ void Collector::TakeEntity(int code, std::string_view value)
         Note(Otherwise::PaperSpace, !m_inBlock && ParseInteger(value) == 1);
         break;
     case 230:
-        Note(Otherwise::Extrusions, m_type != "ARC" && LeadingReal(value).value_or(0) < 0);
+        Note(Otherwise::Extrusions,
+             IsOneOf(kTurnedByExtrusion, m_type) && LeadingReal(value).value_or(0) < 0);
         break;
     case 100:
         m_isMarked = m_isMarked || value == "AcDbDimension";

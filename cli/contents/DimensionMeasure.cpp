@@ -93,11 +93,8 @@ DXF_POINT2D DimensionMeasure::Point(std::size_t number) const
 double DimensionMeasure::Linear() const
 {
     const DXF_POINT2D d = Point(0), p1 = Point(3), p2 = Point(4);
-    if (m_last == Part::Rotated && m_rotation == 90)
-        return std::fabs(d.y - (d.y == p1.y ? p2.y : p1.y));
-    if (m_last == Part::Rotated && m_rotation == 0)
-        return std::fabs(d.x - (d.x == p1.x ? p2.x : p1.x));
-    return Distance(d, FootPoint(d, p1, p2));
+    const bool isRotated = m_last == Part::Rotated;
+    return Distance(d, isRotated ? RotatedPoints(d, p1, p2, m_rotation).foot : FootPoint(d, p1, p2));
 }
 
 double DimensionMeasure::Angle() const

@@ -83,7 +83,7 @@ ExitCode RunInfo(const Options& options)
     ReadFiles(inputs.files, options).CheckStandardOutput();
     Printer printer(inputs.files.size(), false);
     Summary summary;
-    ExitCode code = ExitCode::Drawn;
+    RunResult result{inputs.files.size()};
     for (std::size_t number = 0; number < inputs.files.size(); ++number) {
         const Input& input = inputs.files[number];
         Report report(printer, number, ShownName(input.name), {});
@@ -92,11 +92,12 @@ ExitCode RunInfo(const Options& options)
         if (report.Code() == ExitCode::Drawn)
             continue;
         summary.AddFailed();
-        code = inputs.files.size() > 1 ? ExitCode::SomeFailed : report.Code();
+        ++result.failed;
+        result.lastFailure = report.Code();
     }
     if (options.isSummary)
         Print(options.isJson ? summary.JsonText() : summary.Text());
-    return code;
+    return ExitCodeOf(result);
 }
 
 } // namespace plexorn

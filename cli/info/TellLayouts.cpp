@@ -49,16 +49,18 @@ ExitCode TellLayouts(const Options& options)
     const Inputs inputs = FindInputs(options);
     ReadFiles(inputs.files, options).CheckStandardOutput();
     Printer printer(inputs.files.size(), false);
-    ExitCode code = ExitCode::Drawn;
+    RunResult result{inputs.files.size()};
     for (std::size_t number = 0; number < inputs.files.size(); ++number) {
         const Input& input = inputs.files[number];
         Report report(printer, number, ShownName(input.name), {});
         Tell(input, options, !inputs.areMany, report);
         report.End();
-        if (report.Code() != ExitCode::Drawn)
-            code = inputs.files.size() > 1 ? ExitCode::SomeFailed : report.Code();
+        if (report.Code() == ExitCode::Drawn)
+            continue;
+        ++result.failed;
+        result.lastFailure = report.Code();
     }
-    return code;
+    return ExitCodeOf(result);
 }
 
 } // namespace plexorn

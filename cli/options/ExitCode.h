@@ -1,6 +1,8 @@
 // What the command's exit code says; scripts rely on these numbers.
 #pragma once
 
+#include <cstddef>
+
 namespace plexorn {
 
 enum class ExitCode : int {
@@ -12,5 +14,17 @@ enum class ExitCode : int {
     SomeFailed = 5,  // of several drawings, at least one failed
     Blank = 6        // all is done, but nothing of a drawing that holds entities or is damaged is visible
 };
+
+// What became of the drawings of one run.
+struct RunResult {
+    std::size_t drawings = 0;
+    std::size_t failed = 0;
+    ExitCode lastFailure = ExitCode::Drawn;
+    bool isAnyBlank = false;
+    bool isAnyIncomplete = false;
+};
+
+// Says the gravest of it: a failure, then a blank picture, then one that lacks something.
+ExitCode ExitCodeOf(const RunResult& result);
 
 } // namespace plexorn

@@ -8,7 +8,7 @@
 
 namespace prepare {
 
-// Reads one entity; its type's name has been read. Null for those that are not kept.
+// Reads one entity; its type's name has been read.
 using ReadFunction = std::unique_ptr<Entity> (*)(RecordReader& reader);
 
 ReadFunction ReadFunctionOf(EntityType type);

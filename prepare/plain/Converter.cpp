@@ -16,9 +16,6 @@ namespace prepare {
 
 namespace {
 
-// No drawing that a program wrote is nested deeper, and this limit bounds the stack.
-constexpr std::size_t kDeepestNesting = 64;
-
 // The content of a block is moved to the block's origin if it is farther away than this many times its size:
 // coordinates in a block may have single precision.
 constexpr double kFarInSizes = 16;
@@ -61,7 +58,8 @@ double PointSizeOf(const Drawing& drawing, const Box& extents)
 Converter::Converter(const Drawing& drawing, const Options& options, const ConvertSettings& settings,
                      PlainOutput& output, Report& report)
     : m_drawing(drawing), m_options(options), m_settings(settings), m_output(output), m_report(report),
-      m_whole(drawing, options), m_scale(settings.tolerance, settings.reach, settings.pointSize),
+      m_whole(drawing, options), m_nesting(report),
+      m_scale(settings.tolerance, settings.reach, settings.pointSize),
       m_budget(settings.tolerance, settings.sparePointsOfCurves, settings.mostPoints)
 {
     m_whole.pointSize = settings.pointSize;
@@ -309,7 +307,7 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
     const ClipRegion region(BoundaryOf(filter, placement), filter.isInverted);
     if (!IsFinite(placement) || !MayCut(insert, filter, region))
         return UseBlock(block, placement, context, style, insert.line);
-    if (!MayEnter(block, insert.line))
+    if (!m_nesting.MayEnter(block, insert.line))
         return;
     m_budget.Take(region.Corners().size());
     const ClipSink* const outer = context.cut;
@@ -343,7 +341,7 @@ void Converter::PlaceDimension(const Dimension& dimension, const Context& contex
     const Block* const block = m_drawing.FindBlock(dimension.block);
     if (m_options.redrawsDimensions || block == nullptr || block->entities.empty())
         return RedrawDimension(dimension, context, style);
-    if (!MayEnter(*block, dimension.line))
+    if (!m_nesting.MayEnter(*block, dimension.line))
         return;
     const Matrix place = context.matrix * FromObject(dimension.extrusion) * Moved(dimension.insertion);
     const Matrix matrix = dimension.insertion == Point3{} ? context.matrix : place;
@@ -371,7 +369,7 @@ void Converter::PlaceTable(const Table& table, const Context& context, const Sty
     const Block* const block = m_drawing.FindBlock(table.block);
     if (block == nullptr || block->entities.empty())
         return PlaceOther(table, context, style);
-    if (!MayEnter(*block, table.line))
+    if (!m_nesting.MayEnter(*block, table.line))
         return;
     const double rotation = std::atan2(table.direction.y, table.direction.x);
     const Matrix matrix = context.matrix * FromObject(table.extrusion) * Moved(table.point) *
@@ -432,7 +430,7 @@ bool Converter::MayUse(const Block& block, const Matrix& placement, std::uint64_
         m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
         return false;
     }
-    return block.entities.empty() || MayEnter(block, line);
+    return block.entities.empty() || m_nesting.MayEnter(block, line);
 }
 
 // A block with rays is drawn in place: how far they reach depends on where they are. So is what is cut
@@ -520,10 +518,10 @@ Point2 Converter::OriginOf(const MeasuredBlock& block)
 
 void Converter::DrawContents(const Block& block, const Context& context)
 {
-    m_open.push_back(&block);
+    m_nesting.Enter(block);
     for (const auto& entity : block.entities)
         Place(*entity, context);
-    m_open.pop_back();
+    m_nesting.Leave();
 }
 
 bool Converter::HasNeededNothing() const
@@ -537,18 +535,6 @@ bool Converter::AreBlocksFinal(const Measure& measure) const
     return m_variants.AreAll([&](const BlockVariant& variant) {
         return OriginOf(measure.OfBlock(variant.number)) == variant.origin;
     });
-}
-
-bool Converter::MayEnter(const Block& block, std::uint64_t line)
-{
-    if (std::find(m_open.begin(), m_open.end(), &block) != m_open.end()) {
-        m_report.Add(Finding::NotShown, "INSERT", "its block contains itself", line);
-        return false;
-    }
-    if (m_open.size() < kDeepestNesting)
-        return true;
-    m_report.Add(Finding::Cut, "INSERT", "blocks are nested too deep", line);
-    return false;
 }
 
 bool Converter::TakePlace(std::uint64_t line)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "prepare/Options.h"
+#include "prepare/plain/BlockNesting.h"
 #include "prepare/plain/BlockVariants.h"
 #include "prepare/plain/Budget.h"
 #include "prepare/plain/ClipSink.h"
@@ -133,7 +134,6 @@ private:
     ClipSide SideOf(const VariantKey& key, const SplitPlacement& split, const ClipSink& cut) const;
     Point2 OriginOf(const VariantKey& key) const;
     static Point2 OriginOf(const MeasuredBlock& block);
-    bool MayEnter(const Block& block, std::uint64_t line);
     bool TakePlace(std::uint64_t line);
     Placement PlacementOf(const Context& context, const Style& style, PlainSink& sink);
     void ReportLineType(const Entity& entity, const Style& style);
@@ -159,7 +159,7 @@ private:
     const BlockVariants* m_knownVariants = nullptr;
     const Measure* m_measure = nullptr;
     std::map<const Block*, BlockTraits> m_traits;
-    std::vector<const Block*> m_open; // the blocks that are being drawn, each within the one before
+    BlockNesting m_nesting;
     Box m_rayStarts;
     std::uint64_t m_placed = 0;
     Scale m_scale;

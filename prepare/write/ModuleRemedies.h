@@ -35,7 +35,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace prepare {
 
@@ -52,15 +51,6 @@ CodeAndValue ColourForModule(const Colour& colour);
 
 // 32, 34: the weight (370) that gives a stroke of that width, at least 1.
 std::int32_t WeightForModule(double width);
-
-// The lengths of a pattern, dashes and gaps, that hosts draw.
-inline constexpr std::size_t kMostDashes = 50;
-
-// 35, 37: the pattern, dashes and gaps by turns, in drawing units; empty for a solid line. It has at most
-// mostLengths lengths and, as the module writes them, 500 characters. A pattern far shorter than the stroke
-// is wide is solid, and one of which less than a quarter is seen but for its shapes.
-std::vector<double> DashesForModule(const LineType& lineType, double scale, double width,
-                                    std::size_t mostLengths = kMostDashes);
 
 // 50: calls take(start, end) for each part that an arc has to be written as, in radians.
 template <class Take>

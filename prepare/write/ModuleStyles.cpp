@@ -1,5 +1,6 @@
 #include "prepare/write/ModuleStyles.h"
 
+#include "prepare/write/ModuleDashes.h"
 #include "prepare/write/ModuleRemedies.h"
 #include "prepare/write/Wrap.h"
 

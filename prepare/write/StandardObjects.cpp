@@ -1,5 +1,6 @@
 #include "prepare/write/StandardObjects.h"
 
+#include "prepare/write/StandardDecimals.h"
 #include "prepare/write/StandardTables.h"
 
 #include <utility>

@@ -1,6 +1,7 @@
 #include "prepare/write/StandardTables.h"
 
 #include "prepare/plain/Placement.h"
+#include "prepare/write/StandardDecimals.h"
 
 #include <algorithm>
 #include <cstdlib>

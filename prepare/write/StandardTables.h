@@ -88,13 +88,6 @@ private:
 // The weight (370) that is nearest among those that the format has.
 std::int32_t NearestWeight(std::int32_t weight);
 
-// What is computed of the whole drawing has fewer decimals than its coordinates: it comes out the same in a
-// second preparing.
-constexpr int DecimalsOfExtents(int decimals)
-{
-    return decimals > 5 ? decimals - 5 : 0;
-}
-
 // A point in the plane; 2 and 3 are the coordinates that it has in the file.
 void WritePoint3(PairWriter& pairs, int code, Point2 point, int decimals);
 void WritePoint2(PairWriter& pairs, int code, Point2 point, int decimals);

@@ -1,12 +1,12 @@
 #include "prepare/write/StandardWriter.h"
 
 #include "prepare/write/LogExtents.h"
+#include "prepare/write/StandardDecimals.h"
 #include "prepare/write/StandardEntities.h"
 #include "prepare/write/StandardObjects.h"
 #include "prepare/write/Wrap.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace prepare {
 
@@ -99,18 +99,6 @@ void WriteLayoutBlocks(PairWriter& pairs)
     WriteBlockEnd(pairs, kPaperEnd, kPaperRecord, true);
 }
 
-// As many as a double surely has at the farthest coordinate. Where differences vanish, arithmetic leaves
-// digits that mean nothing: they are not written.
-int DecimalsFor(const Box& extents)
-{
-    constexpr double kDigitsOfAll = 14;
-    double farthest = 1e-300;
-    if (!extents.IsEmpty())
-        for (const double value : {extents.min.x, extents.min.y, extents.max.x, extents.max.y})
-            farthest = std::max(farthest, std::fabs(value));
-    return static_cast<int>(std::clamp(kDigitsOfAll - std::ceil(std::log10(farthest)), 0.0, 15.0));
-}
-
 } // namespace
 
 std::vector<StandardBlock> StandardWriter::NamedBlocks(const std::vector<bool>& isUsed) const
@@ -136,7 +124,7 @@ void StandardWriter::WriteHeader(PairWriter& pairs, const Box& extents, std::uin
         for (const auto& [name, point] :
              {std::pair("$EXTMIN", extents.min), std::pair("$EXTMAX", extents.max)}) {
             pairs.Text(9, name);
-            WritePoint3(pairs, 10, point, DecimalsOfExtents(DecimalsFor(extents)));
+            WritePoint3(pairs, 10, point, DecimalsOfExtents(StandardDecimals(extents)));
         }
     pairs.Text(9, "$LTSCALE");
     pairs.Integer(40, 1);
@@ -153,7 +141,7 @@ void StandardWriter::WriteHeader(PairWriter& pairs, const Box& extents, std::uin
 bool StandardWriter::Finish(const ByteFunction& write)
 {
     const Box extents = ExtentsOf(m_model, m_blocks);
-    const int decimals = DecimalsFor(extents);
+    const int decimals = StandardDecimals(extents);
     StandardCollector collector(m_blocks, decimals);
     collector.Collect(m_model);
     const StandardTables tables(m_drawing, m_logs.Styles(), collector.textStyles);

@@ -79,23 +79,13 @@ void CDxfDimensionDrawing::DrawAligned(const DIMENSION& dimension, const ALIGNED
     DrawLinear(dimension, p1, p2, FootPoint(d, p1, p2));
 }
 
-// Only the angles 0 and 90 count; with any other, it is drawn like the aligned kind (quirk 101).
 void CDxfDimensionDrawing::DrawRotated(const DIMENSION& dimension, const ALIGNED& aligned)
 {
     const DXF_POINT2D d = DefinitionPoint(dimension, m_scale, m_yAxisMode);
-    DXF_POINT2D p1 = Transform(aligned.m_dExtLine1X, aligned.m_dExtLine1Y);
-    DXF_POINT2D p2 = Transform(aligned.m_dExtLine2X, aligned.m_dExtLine2Y);
-    if (aligned.m_dRotation == 90.0) {
-        if (d.y == p1.y)
-            std::swap(p1, p2);
-        DrawLinear(dimension, p1, p2, {d.x, p1.y});
-    } else if (aligned.m_dRotation == 0.0) {
-        if (d.x == p1.x)
-            std::swap(p1, p2);
-        DrawLinear(dimension, p1, p2, {p1.x, d.y});
-    } else {
-        DrawLinear(dimension, p1, p2, FootPoint(d, p1, p2));
-    }
+    const auto [p1, p2, foot] =
+        RotatedPoints(d, Transform(aligned.m_dExtLine1X, aligned.m_dExtLine1Y),
+                      Transform(aligned.m_dExtLine2X, aligned.m_dExtLine2Y), aligned.m_dRotation);
+    DrawLinear(dimension, p1, p2, foot);
 }
 
 void CDxfDimensionDrawing::DrawLinear(const DIMENSION& dimension, const DXF_POINT2D& p1,

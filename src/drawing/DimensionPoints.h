@@ -28,6 +28,29 @@ inline DXF_POINT2D FootPoint(const DXF_POINT2D& d, const DXF_POINT2D& p1, const 
     return {x, y};
 }
 
+// The extension lines of a linear dimension begin at p1 and p2. That of p1 ends at foot, on the dimension
+// line.
+struct LinearPoints {
+    DXF_POINT2D p1, p2;
+    DXF_POINT2D foot;
+};
+
+// Of a rotated dimension. Only the angles 0 and 90 count; any other is like the aligned kind (quirk 101).
+inline LinearPoints RotatedPoints(const DXF_POINT2D& d, DXF_POINT2D p1, DXF_POINT2D p2, double rotation)
+{
+    if (rotation == 90.0) {
+        if (d.y == p1.y)
+            std::swap(p1, p2);
+        return {p1, p2, {d.x, p1.y}};
+    }
+    if (rotation == 0.0) {
+        if (d.x == p1.x)
+            std::swap(p1, p2);
+        return {p1, p2, {p1.x, d.y}};
+    }
+    return {p1, p2, FootPoint(d, p1, p2)};
+}
+
 // Where the line through a1 and a2 meets the line through b1 and b2; (0, 0) when they are parallel or the
 // same, and when both begin at one point (quirk 110).
 inline DXF_POINT2D Intersection(const DXF_POINT2D& a1, const DXF_POINT2D& a2, const DXF_POINT2D& b1,

@@ -557,6 +557,14 @@ class Shares(OutcomeTest):
                 self.expect(1, "--strict", "plan.dxf")
                 self.expect(1, "-q", "--strict", "plan.dxf")
 
+    def test_an_extrusion_does_not_move_what_has_coordinates_of_the_world(self):
+        for content in (("0", "LINE", "8", "0", *LINE[4:], "230", "-1"),
+                        ("0", "ELLIPSE", "10", "1", "20", "1", "11", "5", "21", "0", "40", "0.5", "41", "0", "42", "6.28",
+                         "230", "-1"),
+                        ("0", "MTEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", "a", "230", "-1")):
+            with self.subTest(type=content[1]):
+                self.assertEqual(self.share(entities(*content))["otherwise"], {})
+
     def test_rows_of_an_insert_are_drawn_once_as_columns_are(self):
         for many in (("71", "3"), ("70", "2", "71", "3")):
             content = blocks(*block("A", *LINE)) + entities(*insert("A", *many))
