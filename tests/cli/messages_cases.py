@@ -184,6 +184,12 @@ class Groups(Printed):
         [line], _ = self.messages(entities("0", name, *LINE), "--verbose")
         self.assertEqual(line, f"plan.dxf:6: {name} - Unknown Object Type Name")
 
+    def test_a_text_of_240_bytes_is_whole(self):
+        for name, is_whole in (("N" * (240 - len(" - Unknown Object Type Name")), True),
+                               ("N" * (241 - len(" - Unknown Object Type Name")), False)):
+            [line], _ = self.messages(entities("0", name, *LINE))
+            self.assertEqual(line, f"plan.dxf:6: {name} - Unknown Object Type Nam" + ("e" if is_whole else "…"))
+
     def test_no_drawing_brings_more_lines_than_some_hundred(self):
         types = (text for number in range(700) for text in ("0", f"T{number}") * 2)
         lines, (_, count, _) = self.messages(entities(*types, *LINE))
