@@ -194,7 +194,7 @@ class ShortMemory(Sweep):
 
     def test_some_of_many(self):
         for place, command in enumerate(self.COMMANDS):
-            self.assertGreater(self.sweep("memory", command, lambda calls: range(place + 1, calls + 1, 41)), 0)
+            self.assertGreater(self.sweep("memory", command, lambda calls: range(place + 1, calls + 1, 67)), 0)
 
 
 class FullShortMemory(Sweep):

@@ -1,6 +1,7 @@
 """What only a POSIX system has: permissions, pipes, devices, symbolic links, limits, locales."""
 import array
 import fcntl
+import json
 import os
 import pty
 import re
@@ -104,6 +105,20 @@ class Permissions(CommandTest):
         os.chmod(self.path("plan.dxf"), 0)
         self.assertEqual(self.expect(3, "plan.dxf", **self.options),
                          "plan.dxf: cannot be read: Permission denied\n")
+
+    def test_folders_that_may_not_be_read_and_links_to_folders_are_passed_over(self):
+        for folder in ("in", "in/sub", "in/closed", "in/folder.dxf", "far"):
+            os.mkdir(self.path(folder))
+        for name in ("in/a.dxf", "in/sub/b.dxf", "in/closed/c.dxf", "in/folder.dxf/d.dxf", "far/e.dxf"):
+            self.write(name)
+        for link, target in (("link", "../far"), ("sub/up", ".."), ("f.dxf", "../far"), ("g.dxf", "../far/e.dxf")):
+            os.symlink(target, self.path("in/" + link))
+        os.chmod(self.path("in/closed"), 0)
+        self.addCleanup(os.chmod, self.path("in/closed"), 0o700)
+        for arguments, names in ((["-r", "in"], ["in/a.dxf", "in/folder.dxf/d.dxf", "in/g.dxf", "in/sub/b.dxf"]),
+                                 (["in"], ["in/a.dxf", "in/g.dxf"]), (["-r", "in/link"], ["in/link/e.dxf"])):
+            printed = self.plexorn("info", "--json", *arguments, **self.options).stdout
+            self.assertEqual([json.loads(line)["file"] for line in printed.splitlines()], names)
 
     def test_a_folder_that_may_not_be_written(self):
         self.write("plan.dxf")
