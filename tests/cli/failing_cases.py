@@ -40,6 +40,8 @@ class Sweep(CommandTest):
         (["info", "--summary", "."], []),
         (["-", "-o", "plan.svg"], ["plan.svg"]),
         (["-j", "1", "--files-from", "list", "-o", "out/"], []),
+        (["plan.dxf", "-o", "-"], []),
+        (["prepare", "plan.dxf", "-o", "-"], []),
         (["--list-layouts", "a.dxf", "b.dxf"], []),
         (["plan.dxf", "-o", "picture.dxf"], []),
     )
