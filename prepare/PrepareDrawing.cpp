@@ -140,18 +140,23 @@ bool Preparing::ReadFirst()
     m_mustReadAgain = !hasFailed && MustReadAgain(m_drawing, m_options.encoding);
     if (m_mustReadAgain)
         return true;
-    found.GiveTo(m_report);
-    if (hasFailed)
+    if (hasFailed) {
+        found.GiveTo(m_report);
         return false;
+    }
     // Where inserts are cut off is known only after the entities.
     if (!hasMetAll || !m_drawing.filterOfInsert.empty()) {
         StartFirst();
         ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, sink, hasFailed,
-                     hasMetAll ? nullptr : &m_report);
+                     hasMetAll ? nullptr : &found.Taken());
         hasFailed = hasFailed && !m_source.IsTakenInPart();
+        m_mustReadAgain = !hasFailed && MustReadAgain(m_drawing, m_options.encoding);
+        if (m_mustReadAgain)
+            return true;
     } else if (m_drawing.hasLateParts || !m_drawing.placeInOrder.empty()) {
         m_first->LeaveWriter();
     }
+    found.GiveTo(m_report);
     return !hasFailed;
 }
 
@@ -185,6 +190,7 @@ PrepareOutcome Preparing::Run()
     if (!ReadFirst())
         return PrepareOutcome::ReadFailed;
     if (m_mustReadAgain) {
+        NoteGuess(m_drawing, m_report);
         m_first.reset();
         return Preparing(m_source, m_options, m_write, m_report, m_progress, std::move(m_drawing.header))
             .Run();

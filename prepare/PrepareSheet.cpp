@@ -44,6 +44,7 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
     ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
     hasFailed = hasFailed && !source.IsTakenInPart();
     if (!hasFailed && MustReadAgain(drawing, encoding)) {
+        NoteGuess(drawing, report);
         Header header = std::move(drawing.header);
         drawing = Drawing();
         drawing.header = std::move(header);

@@ -147,8 +147,10 @@ public:
     bool isEnded = false;         // whether the file ends with its EOF
     bool hasSkippedLines = false; // some lines are no group codes where these belong
     bool hasSections = false;     // whether a section began anywhere
-    bool hasLateCodePage = false; // the header came after texts that are read by its code page
-    bool hasLateParts = false;    // something that entities may need came after the first of them
+    bool hasLateCodePage = false; // it was known only after texts that are read by it
+    std::uint64_t firstGuessed =
+        0;                     // the line of the first text from which the code page was guessed; 0: none
+    bool hasLateParts = false; // something that entities may need came after the first of them
 
     // Each is null when nothing has that name or handle.
     const Layer* FindLayer(NameId name) const;

@@ -17,9 +17,11 @@ namespace prepare {
 bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
                Report& report, bool& hasFailed);
 
-// Whether the header named the code page only after texts had been read by it: the index must be read again,
-// into a new drawing that has the header already.
+// Whether the code page was known only after texts had been read by it, from the header or, where that names
+// none, from the texts: the index must be read again, into a new drawing that has the header already.
 bool MustReadAgain(const Drawing& drawing, std::string_view encoding);
+// Reports that the code page is a guess, if it is.
+void NoteGuess(const Drawing& drawing, Report& report);
 
 // Reads the entities of the ENTITIES section (and of a block *Model_Space or *Paper_Space that has any: those
 // come first) of a drawing whose index has been read. Reports nothing: ReadIndex did.

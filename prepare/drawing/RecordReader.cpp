@@ -45,6 +45,7 @@ void RecordReader::SetCodePage(std::string_view name, std::string_view version)
         return;
     m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
     m_isOtherPage = !name.empty() && !version.empty() && version < kR2007 && !IsUtf8(name);
+    m_mustGuess = name.empty() && version < kR2007;
 }
 
 std::string_view RecordReader::Word()
@@ -74,7 +75,7 @@ Handle RecordReader::ReadHandle(std::string_view value) const
     return ParseHex(Trim(value)).value_or(0);
 }
 
-std::string RecordReader::Text(std::string_view value) const
+std::string RecordReader::Text(std::string_view value)
 {
     while (value.ends_with('\r'))
         value.remove_suffix(1);
@@ -82,10 +83,14 @@ std::string RecordReader::Text(std::string_view value) const
 }
 
 // In UTF-8, with a word in the report on what is not as the file says.
-std::string RecordReader::Decoded(std::string_view value) const
+std::string RecordReader::Decoded(std::string_view value)
 {
     std::string text = m_codePage->Utf8(value);
+    if (m_mustGuess && text != value)
+        m_guess.Take(value, Line() + 1);
     if (text == value) {
+        if (m_mustGuess)
+            m_guess.TakeUtf8();
         if (m_isOtherPage)
             Note(Finding::Repaired, "file", "a text is UTF-8, not in the drawing's code page", Line() + 1);
         return text;

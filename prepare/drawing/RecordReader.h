@@ -4,6 +4,7 @@
 #include "base/NamedCodePage.h"
 #include "prepare/drawing/Drawing.h"
 #include "prepare/drawing/Fields.h"
+#include "prepare/drawing/ShiftJisGuess.h"
 #include "prepare/pairs/PairReader.h"
 #include "prepare/report/Report.h"
 
@@ -121,7 +122,7 @@ public:
         return integer;
     }
     Handle ReadHandle(std::string_view value) const;
-    std::string Text(std::string_view value) const;
+    std::string Text(std::string_view value);
     NameId Name(std::string_view value);
 
     // Each adds to a list or a text, which may grow up to kMostElements. The record's rest is skipped then.
@@ -149,6 +150,8 @@ public:
     // How texts are read from now on; without effect when the encoding was given. version is the drawing's
     // $ACADVER: from R2007 on texts are UTF-8.
     void SetCodePage(std::string_view name, std::string_view version);
+    // The line of the first text that shows Shift-JIS; 0 if the code page is known or another one.
+    std::uint64_t FirstInShiftJis() const { return m_guess.FirstLine(); }
 
     // Findings go to this report from now on; nowhere if it is null.
     void SetReport(Report* report) { m_report = report; }
@@ -175,7 +178,7 @@ public:
     std::int32_t phase = 0;
 
 private:
-    std::string Decoded(std::string_view value) const;
+    std::string Decoded(std::string_view value);
     static bool EndsInDigit(std::string_view value)
     {
         return !value.empty() && value.back() >= '0' && value.back() <= '9';
@@ -213,6 +216,8 @@ private:
     std::unique_ptr<NamedCodePage> m_codePage;
     std::string m_word;
     bool m_isOtherPage = false; // the file says that its texts are not UTF-8
+    bool m_mustGuess = false;   // nobody says in which code page the texts are
+    ShiftJisGuess m_guess;
     bool m_isAgain = false;
     bool m_hasPair = false;
     Fault m_fault = Fault::None;

@@ -42,6 +42,7 @@ private:
         bool isHidden = false;
     };
 
+    bool HasPlace() const;
     void PlaceLabel();
     double Room(const End& end) const { return end.arrow.isStroke ? 0 : end.arrow.size; }
     // The angle that a chord of that length takes.
@@ -74,11 +75,23 @@ ArcDrawing::ArcDrawing(DimensionPen& pen, const ArcLine& line, bool isSwapped, s
     m_hasInnerArrows = rooms == 0 || line.radius * line.sweep >= taken + 2 * pen.Gap() + rooms;
 }
 
+// Whether the file says where the text is. Some programs write a place far from the arc where the text has
+// its usual one.
+bool ArcDrawing::HasPlace() const
+{
+    if (!m_pen.HasTextPoint() || m_pen.IsTextPlacedByUser())
+        return m_pen.HasTextPoint();
+    const double away = std::fabs(Length(m_pen.TextPoint() - m_line.centre) - m_line.radius);
+    const double arrows = m_ends[0].arrow.size + m_ends[1].arrow.size;
+    return away <= 2 * (m_label.width + m_label.height + arrows + m_pen.Gap());
+}
+
 // Where the file gives no place, in the middle of the arc.
 void ArcDrawing::PlaceLabel()
 {
     double angle = m_line.start + m_line.sweep / 2;
-    if (m_pen.HasTextPoint()) {
+    const bool hasPlace = HasPlace();
+    if (hasPlace) {
         m_label.centre = m_pen.TextPoint();
         angle = AngleOf(m_label.centre - m_line.centre);
         m_isInside = Wrapped(angle - m_line.start) <= m_line.sweep;
@@ -86,7 +99,7 @@ void ArcDrawing::PlaceLabel()
     const bool isHorizontal = (m_isInside ? m_style.isHorizontalInside : m_style.isHorizontalOutside) != 0;
     const Point2 outward = Direction(angle);
     m_label.along = m_pen.LabelDirection(isHorizontal, LeftOf(outward));
-    if (m_pen.HasTextPoint())
+    if (hasPlace)
         return;
     const bool isOuterUp = Dot(outward, m_label.Up()) >= 0;
     const bool isAlong = std::fabs(Dot(outward, m_label.along)) < 1e-6;

@@ -96,9 +96,14 @@ Point2 DimensionPen::Readable(Point2 direction) const
 bool DimensionPen::HasTextPoint() const
 {
     const bool isDefinition = TextPoint() == Local(m_dimension.definition);
-    if ((m_dimension.kind & kPlacedByUser) != 0)
+    if (IsTextPlacedByUser())
         return !isDefinition || !IsUpToR12(m_placement.drawing.header);
     return !isDefinition && !(TextPoint() == Point2{});
+}
+
+bool DimensionPen::IsTextPlacedByUser() const
+{
+    return (m_dimension.kind & kPlacedByUser) != 0;
 }
 
 // Programs write 0 or -1 for what they did not measure, angles in degrees too, and lengths as the style

@@ -54,6 +54,7 @@ public:
     Point2 Readable(Point2 direction) const;
     // Whether the file says where the text is, and where that is.
     bool HasTextPoint() const;
+    bool IsTextPlacedByUser() const;
     Point2 TextPoint() const { return {m_dimension.textPoint.x, m_dimension.textPoint.y}; }
 
     // The text for a measured value, by DimensionText. Reports a value that is not the one that the file

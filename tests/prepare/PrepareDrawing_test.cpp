@@ -358,6 +358,35 @@ TEST(PrepareDrawing, AHeaderAfterTheTablesStillNamesTheirCodePage)
     }
 }
 
+TEST(PrepareDrawing, AJapaneseDrawingNeedNotNameItsCodePage)
+{
+    const std::string tables =
+        Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, "\x93\xB9"}, {0, "ENDTAB"}}));
+    const std::string blocks = Section("BLOCKS", "");
+    const std::string plan = "\x95\xBD\x96\xCA\x90\x7D"; // in Shift-JIS
+    const std::string entities = Section(
+        "ENTITIES", Dxf({{0, "TEXT"}, {8, "\x93\xB9"}, {10, "0"}, {20, "0"}, {40, "1"}, {1, plan}}) + kLine);
+    const auto header = [](std::string_view version, std::string_view page) {
+        std::string pairs = Dxf({{9, "$ACADVER"}, {1, std::string(version)}});
+        if (!page.empty())
+            pairs += Dxf({{9, "$DWGCODEPAGE"}, {3, std::string(page)}});
+        return Section("HEADER", pairs);
+    };
+    const std::string end = Dxf({{0, "EOF"}}),
+                      guessed = "names no code page: its texts are read as Shift-JIS";
+    for (const std::string& drawing : {tables + blocks + entities, header("AC1009", "") + tables + entities,
+                                       entities + tables, std::string(entities)}) {
+        const Prepared prepared = PreparedFrom(drawing + end);
+        EXPECT_NE(prepared.text.find("\\U+5E73\\U+9762\\U+56F3"), std::string::npos) << drawing;
+        EXPECT_NE(prepared.text.find("\\U+9053"), std::string::npos) << drawing;
+        EXPECT_EQ(Findings(drawing + end), Lines{"file: " + guessed + " (1)"}) << drawing;
+    }
+    const std::string western = header("AC1009", "ANSI_1252"), late = header("AC1021", "");
+    for (const std::string& first : {western, late})
+        EXPECT_EQ(PreparedFrom(first + tables + blocks + entities + end).text.find("\\U+5E73"),
+                  std::string::npos);
+}
+
 TEST(PrepareDrawing, UnknownEncodingIsABadOption)
 {
     Options options;

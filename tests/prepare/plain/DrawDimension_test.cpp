@@ -402,6 +402,24 @@ TEST(DrawDimension, AngleOfThreePointsMayBeReflex)
     EXPECT_EQ(TextPart(lines)[0].substr(0, 13), "text '270°' ");
 }
 
+// A place that nobody chose is left over where it is far from the arc.
+TEST(DrawDimension, TheTextOfAnAngleIsAtItsArcUnlessTheUserPlacedIt)
+{
+    Trial trial;
+    const auto draw = [&](std::int32_t kind, Point3 text) {
+        Dimension dimension = trial.Of(kind);
+        dimension.points[0] = {20, 0, 0};
+        dimension.points[1] = {0, 20, 0};
+        dimension.definition = {6, 8, 0};
+        dimension.textPoint = text;
+        return TextPart(trial.Draw(dimension));
+    };
+    const Lines usual = draw(5, {});
+    EXPECT_EQ(draw(5, {-80, 40, 0}), usual);
+    EXPECT_NE(draw(5, {9, 9, 0}), usual);
+    EXPECT_NE(draw(5 | kPlacedByUser, {-80, 40, 0}), usual);
+}
+
 TEST(DrawDimension, ParallelLinesHaveNoAngle)
 {
     Trial trial;
