@@ -158,6 +158,7 @@ class Maker:
 MIXES = {
     "mixed": (("line", 44), ("polyline", 22), ("arc", 6), ("circle", 5), ("ellipse", 2), ("text", 7), ("mtext", 3),
               ("insert", 8), ("dimension", 3)),
+    "unblocked": (("line", 44), ("polyline", 22), ("arc", 6), ("circle", 5), ("ellipse", 2), ("text", 7), ("mtext", 3)),
     "lines": (("line", 100),),
     "polylines": (("polyline", 100),),
     "texts": (("text", 50), ("mtext", 25), ("insert", 25)),

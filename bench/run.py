@@ -210,7 +210,14 @@ def wine_ratio(path, count):
     return figures["wine"].median / figures["linux"].median, stage("import", "Z:" + path, command)[1]
 
 
-def asked_for(by_name, rival_rows, wine):
+def unblocked_peak():
+    """The peak memory of preparing a drawing without inserts and dimensions, as a part of its size: what is left of
+    that of the mixed one when blocks are taken off, which may be there once for each insert."""
+    path = drawing("unblocked", 100)
+    return stage("prepare", path)[1] / os.path.getsize(path)
+
+
+def asked_for(by_name, rival_rows, wine, unblocked):
     """The figures that were aimed at: what, reached, aim, whether reached."""
     rows = []
 
@@ -229,6 +236,7 @@ def asked_for(by_name, rival_rows, wine):
     add("whole command, --as-is / getline loop", figures["as-is"].median / line, 3.8)
     add("peak memory of the import / file size", peaks["import"] / size, 1.3)
     add("peak memory of preparing / file size", peaks["prepare"] / size, 0.5)
+    add("peak memory of preparing / file size, without blocks", unblocked, 0.5)
     add("peak memory of the command / file size", peaks["command"] / size, 4)
     sizes = sorted((entry for key, entry in by_name.items() if key.startswith("mixed")), key=lambda entry: entry[1])
     for stage_name, (small, large) in itertools.product(("import", "prepare"), zip(sizes, sizes[1:])):
@@ -291,7 +299,7 @@ def main():
     text = ["# Measured", "", "Written by `scripts/bench`; " + main.__doc__, ""]
     text += table(("", ""), machine())
     text += ["## What was aimed at", ""] + table(("figure", "measured", "asked for", "reached"),
-                                                 asked_for(by_name, rival_rows, wine))
+                                                 asked_for(by_name, rival_rows, wine, unblocked_peak()))
     if os.path.exists(note):
         with open(note) as file:
             text += [file.read().rstrip(), ""]

@@ -508,18 +508,17 @@ std::vector<PlainLog::Part> PlainLog::PartsInOrder() const
 void PlainLog::Replay(LogVisitor& visitor) const
 {
     std::vector<PlainVertex> vertices;
-    const auto replay = [&](const Part& part) {
+    std::vector<Part> inOrder;
+    if (m_room.m_hasPlaces)
+        inOrder = PartsInOrder();
+    std::size_t i = 0;
+    for (std::uint32_t number = m_firstPart; number != LogRoom::kNoPart; ++i) {
+        const Part& part = m_room.m_hasPlaces ? inOrder[i] : m_room.m_parts[number];
         LogReader reader(part.begin);
-        for (std::uint32_t i = 0; i < part.count; ++i)
+        for (std::uint32_t left = part.count; left > 0; --left)
             ReplayOne(reader, visitor, vertices);
-    };
-    if (m_room.m_hasPlaces) {
-        for (const Part& part : PartsInOrder())
-            replay(part);
-        return;
+        number = m_room.m_parts[number].next;
     }
-    for (std::uint32_t number = m_firstPart; number != LogRoom::kNoPart; number = m_room.m_parts[number].next)
-        replay(m_room.m_parts[number]);
 }
 
 } // namespace prepare

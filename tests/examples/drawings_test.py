@@ -12,7 +12,7 @@ from dxf_pairs import Drawing, pairs  # noqa: E402
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 EXAMPLES = ROOT / "examples"
 GENERATE = ROOT / "bench" / "generate.py"
-KINDS = ["mixed", "lines", "polylines", "texts", "dimensions", "layers", "blocks"]
+KINDS = ["mixed", "unblocked", "lines", "polylines", "texts", "dimensions", "layers", "blocks"]
 DRAWN = {"LINE", "ARC", "CIRCLE", "ELLIPSE", "LWPOLYLINE", "TEXT", "MTEXT", "INSERT", "DIMENSION"}
 
 
