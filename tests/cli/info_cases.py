@@ -75,6 +75,13 @@ class Contents(InfoTest):
             {"name": "Notes", "defined": False, "colour": 0, "off": False, "frozen": False, "lineType": None,
              "weight": 0, "entities": 3}])
 
+    def test_what_an_entry_without_a_marker_takes_is_not_shown(self):
+        marked = (*LINE[:2], "100", "AcDbEntity", *LINE[2:])
+        share = self.info(entities("0", "DIMENSION", "8", "0", *LINE, *marked, *LINE, *LINE))["share"]
+        self.assertEqual((share["shown"], share["missing"]), (2, {"DIMENSION": 1, "LINE": 2}))
+        self.expect(0, "-q", "plan.dxf")
+        self.assertEqual(self.read("plan.svg").count("<line"), 2)
+
     def test_a_layer_that_is_off_is_not_frozen(self):
         layers = [("0", "LAYER", "100", "AcDbLayerTableRecord", "2", name, "70", flags, "62", colour)
                   for name, flags, colour in (("Off", "0", "-7"), ("Frozen", "1", "7"))]
@@ -382,6 +389,13 @@ class Prepared(InfoTest):
             "2 drawings, 1 shown as stated, 0 failed; 3 entities shown", "",
             "  shown otherwise                                   entities  drawings",
             "  file not whole (a NUL byte ends its line's text)         2         1", ""])
+
+    def test_what_is_in_blocks_alone_is_drawn(self):
+        self.write("plan.dxf", dxf("0", "SECTION", "2", "BLOCKS", "0", "BLOCK", "2", "B", *LINE, "0", "ATTDEF", "2", "A",
+                                   "0", "ENDBLK", "0", "ENDSEC") + entities("0", "INSERT", "2", "B"))
+        lines = [line.split(None, 4) for line in self.plexorn("info", "plan.dxf").stdout.splitlines()]
+        self.assertEqual({line[0]: line[4] for line in lines if line[0:1] in (["LINE"], ["ATTDEF"], ["INSERT"])},
+                         {"LINE": "drawn", "ATTDEF": "inserts have their own texts for it", "INSERT": "drawn"})
 
     def test_other_forms_are_shown_too(self):
         wide = entities(*LINE).decode().encode("utf-16")

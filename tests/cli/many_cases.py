@@ -106,6 +106,12 @@ class Lists(Many):
         lines = self.expect(0, "--files-from", "list", "a.dxf").splitlines()
         self.assertEqual([DRAWN.match(line).group(1) for line in lines[:-1]], ["a.dxf", "b.dxf", "in/c.dxf"])
 
+    def test_a_list_is_read_to_its_last_byte(self):
+        self.write("a.dxf")
+        for size in (1 << 14, (1 << 14) + 1, (1 << 16) + 1):
+            self.write("list", b"a.dxf".rjust(size, b"\n"))
+            self.expect(0, "-q", "--files-from", "list")
+
     def test_a_list_that_cannot_be_read(self):
         self.assertIn("none: cannot be read: No such file or directory", self.expect(2, "--files-from", "none"))
 

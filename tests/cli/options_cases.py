@@ -17,6 +17,13 @@ class Options(CommandTest):
                      "Limits and faults:", "100,000 for each drawing", "those from whom you have plexorn"):
             self.assertIn(text, " ".join(result.stdout.split()))
 
+    def test_help_fills_its_lines(self):
+        lines = self.plexorn("--help").stdout.splitlines()
+        self.assertEqual(max(map(len, lines)), 96)
+        for line, following in zip(lines, lines[1:]):
+            if following.startswith(" " * 26) and len(line) > 26 and line[25] == " ":
+                self.assertGreater(len(line) + 1 + len(following.split()[0]), 96, line)
+
     def test_help_has_three_examples_that_run(self):
         for command in ([], ["info"], ["prepare"]):
             listed = self.plexorn(*command, "--help").stdout.split("\nExamples:\n")[1].split("\n\n")[0]
