@@ -18,7 +18,7 @@ if(PLEXORN_UNITY)
     # Seen together, sources let g++ inline the reading of every kind of field into records that have no such field.
     target_compile_options(plexorn_compile INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
     # A local name of one source may be that of a constant in another; alone, each is checked by other builds.
-    target_compile_options(plexorn_compile INTERFACE -Wno-shadow)
+    target_compile_options(plexorn_compile INTERFACE $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-Wno-shadow>)
 endif()
 
 if(PLEXORN_SANITIZE)

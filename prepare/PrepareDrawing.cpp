@@ -137,6 +137,8 @@ bool Preparing::ReadFirst()
     const bool hasMetAll =
         ReadIndex(m_source.Rewound(), m_options.encoding, m_drawing, &sink, found.Taken(), hasFailed);
     hasFailed = hasFailed && !m_source.IsTakenInPart();
+    if (hasMetAll)
+        GuessCodePage(m_drawing);
     m_mustReadAgain = !hasFailed && MustReadAgain(m_drawing, m_options.encoding);
     if (m_mustReadAgain)
         return true;
@@ -150,6 +152,8 @@ bool Preparing::ReadFirst()
         ReadEntities(m_source.Rewound(), m_options.encoding, m_drawing, sink, hasFailed,
                      hasMetAll ? nullptr : &found.Taken());
         hasFailed = hasFailed && !m_source.IsTakenInPart();
+        if (!hasMetAll)
+            GuessCodePage(m_drawing);
         m_mustReadAgain = !hasFailed && MustReadAgain(m_drawing, m_options.encoding);
         if (m_mustReadAgain)
             return true;

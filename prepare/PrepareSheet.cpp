@@ -43,6 +43,12 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
     WaitingFindings found;
     ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
     hasFailed = hasFailed && !source.IsTakenInPart();
+    if (!hasFailed && NamesNoCodePage(drawing, encoding)) {
+        Counting texts;
+        ReadEntities(source.Rewound(), encoding, drawing, texts, hasFailed);
+        hasFailed = hasFailed && !source.IsTakenInPart();
+        GuessCodePage(drawing);
+    }
     if (!hasFailed && MustReadAgain(drawing, encoding)) {
         NoteGuess(drawing, report);
         Header header = std::move(drawing.header);

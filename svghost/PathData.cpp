@@ -126,6 +126,64 @@ private:
     bool m_isFirst = true;
 };
 
+// Reads points from one piece of a text after the other, each of which ends with a number and its separator.
+class PointScanner {
+public:
+    PointScanner(ShortForm& out, Box& box) : m_out(out), m_box(box) {}
+
+    bool Take(const char* at)
+    {
+        SkipBlanks(at);
+        while (*at != '\0') {
+            if (!m_hasX && !m_isFirst)
+                m_out.Put(' ');
+            m_isFirst = false;
+            std::string_view number;
+            if (!ScanNumberAhead(at, m_hasX ? m_point.y : m_point.x, number))
+                return false;
+            m_out.Put(number);
+            if (m_hasX)
+                m_box.Add(m_point);
+            else
+                m_out.Put(',');
+            m_hasX = !m_hasX;
+            SkipSeparator(at);
+        }
+        return true;
+    }
+
+    bool HasWholePoints() const { return !m_hasX; }
+
+private:
+    ShortForm& m_out;
+    Box& m_box;
+    Point m_point;
+    bool m_hasX = false;
+    bool m_isFirst = true;
+};
+
+bool IsSeparator(wchar_t character)
+{
+    return character == L',' || (character < 0x80 && IsPathBlank(static_cast<char>(character)));
+}
+
+// How much of a long text is read at once: up to where a number begins.
+std::size_t SizeOfPiece(std::wstring_view text)
+{
+    constexpr std::size_t kLong = std::size_t{1} << 16;
+    if (text.size() <= kLong)
+        return text.size();
+    const auto isBegin = [&](std::size_t at) { return IsSeparator(text[at - 1]) && !IsSeparator(text[at]); };
+    std::size_t size = kLong;
+    while (size > 0 && !isBegin(size))
+        --size;
+    if (size > 0)
+        return size;
+    for (size = kLong; size < text.size() && !isBegin(size); ++size) {
+    }
+    return size;
+}
+
 } // namespace
 
 char* PathText::Start(std::size_t size)
@@ -146,27 +204,16 @@ void PathText::Set(std::string_view text)
     std::copy(text.begin(), text.end(), Start(text.size()));
 }
 
-bool ScanPoints(const PathText& text, ShortForm& out, Box& box)
+bool ScanPoints(std::wstring_view text, PathText& narrow, ShortForm& out, Box& box)
 {
-    const char* at = text.Get();
-    SkipBlanks(at);
-    for (bool isFirst = true; *at != '\0'; isFirst = false) {
-        Point point;
-        std::string_view number;
-        if (!isFirst)
-            out.Put(' ');
-        if (!ScanNumberAhead(at, point.x, number))
+    PointScanner scanner(out, box);
+    while (!text.empty()) {
+        const std::size_t size = SizeOfPiece(text);
+        if (!narrow.Set(text.substr(0, size)) || !scanner.Take(narrow.Get()))
             return false;
-        out.Put(number);
-        out.Put(',');
-        SkipSeparator(at);
-        if (!ScanNumberAhead(at, point.y, number))
-            return false;
-        out.Put(number);
-        SkipSeparator(at);
-        box.Add(point);
+        text.remove_prefix(size);
     }
-    return true;
+    return scanner.HasWholePoints();
 }
 
 bool ScanPath(const PathText& text, const Affine& map, ShortForm& out, Box& box)

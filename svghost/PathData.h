@@ -57,8 +57,9 @@ private:
 };
 
 // Reads points ("x,y" pairs), adds them to out in short form and each to box. False when a number is not
-// drawable or the text is anything but complete pairs; an empty text is fine.
-bool ScanPoints(const PathText& text, ShortForm& out, Box& box);
+// drawable or the text is anything but complete pairs; an empty text is fine. A long text is made narrow
+// piece by piece, so that it does not take memory twice.
+bool ScanPoints(std::wstring_view text, PathText& narrow, ShortForm& out, Box& box);
 
 // Reads path data made of absolute move-to, line-to, elliptical-arc and close commands, adds it to out in
 // short form and its picture under map to box. False when a number is not drawable or for any other text; an

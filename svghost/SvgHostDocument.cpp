@@ -64,11 +64,10 @@ Shape* SvgHostDocument::CreateShape(Kind kind, const wchar_t* data)
 {
     Shape* shape = arena.New<Shape>(kind);
     m_shortForm.Clear();
-    const auto scan = [&] {
-        return kind == Kind::Path ? ScanPath(m_pathText, Affine(), m_shortForm, shape->box)
-                                  : ScanPoints(m_pathText, m_shortForm, shape->box);
-    };
-    const bool isGood = m_pathText.Set(std::wstring_view(data)) && scan();
+    const std::wstring_view text(data);
+    const bool isGood = kind == Kind::Path
+                            ? m_pathText.Set(text) && ScanPath(m_pathText, Affine(), m_shortForm, shape->box)
+                            : ScanPoints(text, m_pathText, m_shortForm, shape->box);
     shape->isMalformed = !isGood;
     if (isGood)
         shape->data = arena.Copy(m_shortForm.Get());

@@ -5,7 +5,7 @@ namespace plexorn {
 ExitCode ExitCodeOf(const RunResult& result)
 {
     if (result.failed > 0)
-        return result.drawings > 1 ? ExitCode::SomeFailed : result.lastFailure;
+        return result.jobs > 1 ? ExitCode::SomeFailed : result.lastFailure;
     if (result.isAnyBlank)
         return ExitCode::Blank;
     return result.isAnyIncomplete ? ExitCode::Incomplete : ExitCode::Drawn;

@@ -17,7 +17,7 @@ enum class ExitCode : int {
 
 // What became of the drawings of one run.
 struct RunResult {
-    std::size_t drawings = 0;
+    std::size_t jobs = 0; // drawings, or their sheets
     std::size_t failed = 0;
     ExitCode lastFailure = ExitCode::Drawn;
     bool isAnyBlank = false;

@@ -5,6 +5,7 @@
 #include "prepare/drawing/Layout.h"
 #include "prepare/drawing/Names.h"
 #include "prepare/drawing/Point.h"
+#include "prepare/drawing/ShiftJisGuess.h"
 
 #include <cstdint>
 #include <map>
@@ -144,13 +145,13 @@ public:
     std::vector<Layout> layouts;           // without the model space, in the order of their tabs
     std::uint64_t bytes = 0;               // read
     std::uint64_t lines = 0;
-    bool isEnded = false;         // whether the file ends with its EOF
-    bool hasSkippedLines = false; // some lines are no group codes where these belong
-    bool hasSections = false;     // whether a section began anywhere
-    bool hasLateCodePage = false; // it was known only after texts that are read by it
-    std::uint64_t firstGuessed =
-        0;                     // the line of the first text from which the code page was guessed; 0: none
-    bool hasLateParts = false; // something that entities may need came after the first of them
+    bool isEnded = false;           // whether the file ends with its EOF
+    bool hasSkippedLines = false;   // some lines are no group codes where these belong
+    bool hasSections = false;       // whether a section began anywhere
+    bool hasLateCodePage = false;   // it was known only after texts that are read by it
+    ShiftJisGuess guess;            // from the texts that were read, where nobody names a code page
+    std::uint64_t firstGuessed = 0; // the line of the first text from which it was taken; 0: it was not
+    bool hasLateParts = false;      // something that entities may need came after the first of them
 
     // Each is null when nothing has that name or handle.
     const Layer* FindLayer(NameId name) const;

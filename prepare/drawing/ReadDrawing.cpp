@@ -97,7 +97,6 @@ private:
     void KnowRecords();
     void SortBlocks();
     void NotePairs();
-    void GuessCodePage();
 
     RecordReader m_reader;
     EntityReader m_entities;
@@ -429,7 +428,6 @@ bool Pass::ReadIndex()
     if (m_sink != nullptr && !m_hasSkippedEntities)
         GiveLayoutBlocks();
     NotePairs();
-    GuessCodePage();
     m_drawing.bytes = m_reader.Pairs().Bytes();
     m_drawing.lines = m_reader.Pairs().Lines();
     return m_sink != nullptr && !m_hasSkippedEntities;
@@ -445,20 +443,6 @@ void Pass::ReadEntities(Report* report)
     for (std::string_view name; !(name = NextSection()).empty();)
         if (name == "ENTITIES")
             ReadEntitiesSection();
-    if (report != nullptr) // nobody has read them before
-        GuessCodePage();
-}
-
-// As if the header named what the texts show.
-void Pass::GuessCodePage()
-{
-    constexpr const char* kShiftJis = "ANSI_932";
-    const std::uint64_t line = m_reader.FirstInShiftJis();
-    if (line == 0 || !IsEncoding(kShiftJis))
-        return;
-    m_drawing.header["$DWGCODEPAGE"].values = {{3, kShiftJis}};
-    m_drawing.hasLateCodePage = true;
-    m_drawing.firstGuessed = line;
 }
 
 // Blocks and their records know each other, whichever of them says so; so do a layout's block and what is in
@@ -533,6 +517,23 @@ bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, 
 bool MustReadAgain(const Drawing& drawing, std::string_view encoding)
 {
     return drawing.hasLateCodePage && encoding.empty() && IsEncoding(drawing.header.Text("$DWGCODEPAGE"));
+}
+
+bool NamesNoCodePage(const Drawing& drawing, std::string_view encoding)
+{
+    return encoding.empty() &&
+           IsCodePageUnknown(drawing.header.Text("$DWGCODEPAGE"), drawing.header.Text("$ACADVER"));
+}
+
+void GuessCodePage(Drawing& drawing)
+{
+    constexpr const char* kShiftJis = "ANSI_932";
+    const std::uint64_t line = drawing.guess.FirstLine();
+    if (line == 0 || !IsEncoding(kShiftJis))
+        return;
+    drawing.header["$DWGCODEPAGE"].values = {{3, kShiftJis}};
+    drawing.hasLateCodePage = true;
+    drawing.firstGuessed = line;
 }
 
 void NoteGuess(const Drawing& drawing, Report& report)

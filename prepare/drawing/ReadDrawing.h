@@ -17,8 +17,13 @@ namespace prepare {
 bool ReadIndex(CDxfSource& source, std::string_view encoding, Drawing& drawing, EntitySink* sink,
                Report& report, bool& hasFailed);
 
-// Whether the code page was known only after texts had been read by it, from the header or, where that names
-// none, from the texts: the index must be read again, into a new drawing that has the header already.
+// Whether nothing says in which code page the texts are.
+bool NamesNoCodePage(const Drawing& drawing, std::string_view encoding);
+// Takes the one that all texts together show, if they do, as if the header named it; for where none is named,
+// once all has been read.
+void GuessCodePage(Drawing& drawing);
+// Whether the code page was known only after texts had been read by it: the index must be read again, into a
+// new drawing that has the header already.
 bool MustReadAgain(const Drawing& drawing, std::string_view encoding);
 // Reports that the code page is a guess, if it is.
 void NoteGuess(const Drawing& drawing, Report& report);

@@ -22,6 +22,8 @@ bool IsNotFinite(std::string_view value)
            AreSameLetters(word, "inf") || AreSameLetters(word, "infinity");
 }
 
+constexpr std::string_view kR2007 = "AC1021";
+
 bool IsAscii(std::string_view text)
 {
     unsigned char all = 0;
@@ -32,6 +34,11 @@ bool IsAscii(std::string_view text)
 
 } // namespace
 
+bool IsCodePageUnknown(std::string_view name, std::string_view version)
+{
+    return name.empty() && version < kR2007;
+}
+
 RecordReader::RecordReader(CDxfSource& source, std::string_view encoding, Drawing& itsDrawing, Report* report)
     : drawing(itsDrawing), m_pairs(source), m_report(report), m_hasEncoding(!encoding.empty()),
       m_codePage(std::make_unique<NamedCodePage>(NumberedCodePage(encoding)))
@@ -40,12 +47,13 @@ RecordReader::RecordReader(CDxfSource& source, std::string_view encoding, Drawin
 
 void RecordReader::SetCodePage(std::string_view name, std::string_view version)
 {
-    constexpr std::string_view kR2007 = "AC1021";
     if (m_hasEncoding)
         return;
     m_codePage = std::make_unique<NamedCodePage>(NumberedCodePage(name));
     m_isOtherPage = !name.empty() && !version.empty() && version < kR2007 && !IsUtf8(name);
-    m_mustGuess = name.empty() && version < kR2007;
+    m_mustGuess = IsCodePageUnknown(name, version);
+    if (!m_mustGuess)
+        drawing.guess = {}; // what came before the header was nothing to guess from
 }
 
 std::string_view RecordReader::Word()
@@ -87,10 +95,10 @@ std::string RecordReader::Decoded(std::string_view value)
 {
     std::string text = m_codePage->Utf8(value);
     if (m_mustGuess && text != value)
-        m_guess.Take(value, Line() + 1);
+        drawing.guess.Take(value, Line() + 1);
     if (text == value) {
         if (m_mustGuess)
-            m_guess.TakeUtf8();
+            drawing.guess.TakeUtf8();
         if (m_isOtherPage)
             Note(Finding::Repaired, "file", "a text is UTF-8, not in the drawing's code page", Line() + 1);
         return text;

@@ -4,7 +4,6 @@
 #include "base/NamedCodePage.h"
 #include "prepare/drawing/Drawing.h"
 #include "prepare/drawing/Fields.h"
-#include "prepare/drawing/ShiftJisGuess.h"
 #include "prepare/pairs/PairReader.h"
 #include "prepare/report/Report.h"
 
@@ -17,6 +16,10 @@
 #include <vector>
 
 namespace prepare {
+
+// Whether a header with this $DWGCODEPAGE and $ACADVER, which may be empty, leaves open in which code page
+// the texts are. From R2007 on they are UTF-8.
+bool IsCodePageUnknown(std::string_view name, std::string_view version);
 
 // What all readers of records share: the pairs, the drawing that names go to, and the report.
 class RecordReader {
@@ -150,8 +153,6 @@ public:
     // How texts are read from now on; without effect when the encoding was given. version is the drawing's
     // $ACADVER: from R2007 on texts are UTF-8.
     void SetCodePage(std::string_view name, std::string_view version);
-    // The line of the first text that shows Shift-JIS; 0 if the code page is known or another one.
-    std::uint64_t FirstInShiftJis() const { return m_guess.FirstLine(); }
 
     // Findings go to this report from now on; nowhere if it is null.
     void SetReport(Report* report) { m_report = report; }
@@ -217,7 +218,6 @@ private:
     std::string m_word;
     bool m_isOtherPage = false; // the file says that its texts are not UTF-8
     bool m_mustGuess = false;   // nobody says in which code page the texts are
-    ShiftJisGuess m_guess;
     bool m_isAgain = false;
     bool m_hasPair = false;
     Fault m_fault = Fault::None;

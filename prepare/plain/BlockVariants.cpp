@@ -61,9 +61,11 @@ VariantKey::VariantKey(const Block& of, const SplitPlacement& placement, bool in
 
 std::uint64_t BlockVariants::HashOf(const VariantKey& key) const
 {
-    std::array<std::uint64_t, 8> parts = {
-        reinterpret_cast<std::uintptr_t>(key.block), std::uint64_t{key.layer} << 32 | key.colour,
-        std::uint64_t{key.view} << 16 | static_cast<std::uint16_t>(key.weight)};
+    std::array<std::uint64_t, 9> parts = {
+        reinterpret_cast<std::uintptr_t>(key.block), reinterpret_cast<std::uintptr_t>(key.lineType),
+        std::uint64_t{key.layer} << 32 | key.colour,
+        std::uint64_t{key.view} << 32 | std::uint64_t{key.isTrueColour} << 16 |
+            static_cast<std::uint16_t>(key.weight)};
     std::transform(key.baked.begin(), key.baked.end(), parts.end() - key.baked.size(),
                    [](double value) { return std::bit_cast<std::uint64_t>(value); });
     return HashBytes(parts.data(), sizeof(parts), m_hashKey);
@@ -87,9 +89,9 @@ std::pair<BlockVariant*, bool> BlockVariants::Add(const VariantKey& key)
     if (known != CDxfHashIndex::kNone)
         return {&m_made[known].variant, false};
     m_index.Reserve();
-    BlockVariant& made = m_made.emplace_back(Made{key, {}}).variant;
+    m_made.push_back({key, {}});
     m_index.Add(hash, static_cast<std::uint32_t>(m_made.size() - 1));
-    return {&made, true};
+    return {&m_made.back().variant, true};
 }
 
 } // namespace prepare

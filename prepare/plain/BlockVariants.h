@@ -68,13 +68,15 @@ public:
         return std::all_of(m_made.begin(), m_made.end(), [&](const Made& made) { return is(made.variant); });
     }
 
+    // All of the key is in it: variants that differ in any way are found in as few steps.
+    std::uint64_t HashOf(const VariantKey& key) const;
+
 private:
     struct Made {
         VariantKey key;
         BlockVariant variant;
     };
 
-    std::uint64_t HashOf(const VariantKey& key) const;
     std::uint32_t Number(const VariantKey& key, std::uint64_t hash) const;
 
     std::deque<Made> m_made;

@@ -19,10 +19,7 @@ constexpr double kWidthOfByte = 0.7;
 
 Box MeasuredBlock::Bounds() const
 {
-    Box box;
-    for (const Point2& point : Points())
-        box.Add(point);
-    return box;
+    return BoxOf(Points());
 }
 
 double MeasuredBlock::Radius() const

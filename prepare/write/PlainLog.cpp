@@ -304,10 +304,10 @@ void PlainLog::AddPart(const char* begin)
     const std::size_t number = m_room.m_parts.size();
     if (number >= LogRoom::kNoPart)
         throw std::bad_alloc();
-    Part* const part = &m_room.m_parts.emplace_back(Part{m_place, begin, 0, LogRoom::kNoPart});
+    m_room.m_parts.push_back({m_place, begin, 0, LogRoom::kNoPart});
     (IsEmpty() ? m_firstPart : m_room.m_parts[m_lastPart].next) = static_cast<std::uint32_t>(number);
     m_lastPart = static_cast<std::uint32_t>(number);
-    m_room.m_last = {this, part, begin};
+    m_room.m_last = {this, &m_room.m_parts.back(), begin};
 }
 
 // Gives back what Room gave too much.

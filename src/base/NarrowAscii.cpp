@@ -36,8 +36,7 @@ std::size_t NarrowMost(std::wstring_view text, char* out, bool& isAscii)
     __m128i others = _mm_setzero_si128();
     for (; at + kStep <= text.size(); at += kStep)
         NarrowSixteen(text.data() + at, out + at, others);
-    const __m128i mask = sizeof(wchar_t) == 2 ? _mm_set1_epi16(static_cast<short>(kNoAscii))
-                                              : _mm_set1_epi32(static_cast<int>(kNoAscii));
+    const __m128i mask = sizeof(wchar_t) == 2 ? _mm_set1_epi16(~0x7F) : _mm_set1_epi32(~0x7F);
     const __m128i isZero = _mm_cmpeq_epi8(_mm_and_si128(others, mask), _mm_setzero_si128());
     isAscii = _mm_movemask_epi8(isZero) == 0xFFFF;
     return at;

@@ -387,6 +387,45 @@ TEST(PrepareDrawing, AJapaneseDrawingNeedNotNameItsCodePage)
                   std::string::npos);
 }
 
+TEST(PrepareDrawing, NothingIsGuessedOfADrawingThatNamesItsCodePage)
+{
+    const std::string text = "\x95\xBD\x96\xCA\x90\x7D"; // in Shift-JIS
+    const auto variables = [&](std::string_view version, std::string_view page) {
+        std::string pairs = Dxf({{9, "$ACADVER"}, {1, std::string(version)}});
+        if (!page.empty())
+            pairs += Dxf({{9, "$DWGCODEPAGE"}, {3, std::string(page)}});
+        return pairs + Dxf({{9, "$CLAYER"}, {8, text}});
+    };
+    const std::string end = Section("ENTITIES", kLine) + Dxf({{0, "EOF"}});
+    const std::string tables =
+        Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, text}, {0, "ENDTAB"}}));
+    for (const auto& [version, page] : {std::pair("AC1015", "ANSI_932"), std::pair("AC1015", "ANSI_936"),
+                                        std::pair("AC1015", "ANSI_1252"), std::pair("AC1021", "")}) {
+        const std::string header = Section("HEADER", variables(version, page));
+        for (const std::string& drawing : {header + end, header + tables + end, tables + header + end})
+            for (const std::string& line : Findings(drawing))
+                EXPECT_EQ(line.find("Shift-JIS"), std::string::npos) << version << ' ' << page;
+    }
+    const Lines guessed{"file: names no code page: its texts are read as Shift-JIS (1)"};
+    EXPECT_EQ(Findings(Section("HEADER", variables("AC1015", "")) + end), guessed);
+}
+
+TEST(PrepareDrawing, TheGuessIsOfAllTextsInWhateverOrderTheyCome)
+{
+    const std::string german = "Gr\xC3\xB6\xC3\x9F"
+                               "e"; // in UTF-8
+    const std::string plan = "\x95\xBD\x96\xCA\x90\x7D";
+    const std::string tables =
+        Section("TABLES", Dxf({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {2, german}, {0, "ENDTAB"}}));
+    const std::string blocks = Section("BLOCKS", "");
+    const std::string entities =
+        Section("ENTITIES", Dxf({{0, "TEXT"}, {8, "0"}, {10, "0"}, {20, "0"}, {40, "1"}, {1, plan}}));
+    const std::string end = Dxf({{0, "EOF"}});
+    const std::string usual = PreparedFrom(tables + blocks + entities + end).text;
+    EXPECT_EQ(usual.find("\\U+5E73"), std::string::npos);
+    EXPECT_EQ(PreparedFrom(entities + tables + blocks + end).text, usual);
+}
+
 TEST(PrepareDrawing, UnknownEncodingIsABadOption)
 {
     Options options;

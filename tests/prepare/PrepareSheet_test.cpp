@@ -131,6 +131,24 @@ TEST(PrepareSheet, WindowsShowTheModelAtTheirScalesBeforeTheSheetsOwnEntities)
     EXPECT_NE(prepared.text.find("$INSUNITS\n70\n4\n"), std::string::npos);
 }
 
+TEST(PrepareSheet, TheEntitiesTextsShowTheCodePageOfTheTablesToo)
+{
+    const std::string wall = "\x95\xC7", plan = "\x95\xBD\x96\xCA\x90\x7D"; // in Shift-JIS
+    const std::string tables = Section("TABLES", Dxf({{0, "LAYER"}, {5, "51"}, {2, wall}, {62, "1"}}));
+    const std::string entities = Section(
+        "ENTITIES",
+        LineFrom(wall, "1", 0, 0, 10, 0) +
+            Dxf({{0, "TEXT"}, {8, wall}, {67, "1"}, {10, "0"}, {20, "0"}, {40, "1"}, {1, plan + plan}}));
+    for (const std::string& drawing :
+         {tables + Section("BLOCKS", "") + entities, entities + tables + Section("BLOCKS", "")}) {
+        const PreparedSheet sheet = SheetOfDrawing(drawing + Dxf({{0, "EOF"}}), "Layout1");
+        EXPECT_EQ(sheet.Found().find("U+FFFD"), std::string::npos) << sheet.Found();
+        EXPECT_NE(sheet.Found().find("its texts are read as Shift-JIS"), std::string::npos) << sheet.Found();
+        EXPECT_NE(sheet.text.find("\\U+58C1"), std::string::npos); // the layer
+        EXPECT_NE(sheet.text.find("\\U+5E73\\U+9762\\U+56F3"), std::string::npos);
+    }
+}
+
 TEST(PrepareSheet, LayersAreFrozenInOneWindowAlone)
 {
     const PreparedSheet prepared =

@@ -201,6 +201,26 @@ TEST(Elements, HugeOnesAreWhole)
     EXPECT_TRUE(svg.First("line"));
 }
 
+TEST(Elements, LongTextsOfPointsAreReadToTheirEnds)
+{
+    std::wstring points;
+    for (int i = 0; i < 30'000; ++i)
+        points += std::to_wstring(i) + (i % 3 == 0 ? L", 1\n" : L" 1 ,");
+    points += L"5,";
+    for (const auto& [end, isDrawn] :
+         {std::pair(L"7", true), std::pair(L"", false), std::pair(L"7 8", false), std::pair(L"7,,8,9", false),
+          std::pair(L"1e39", false), std::pair(L"7\x663", false)}) {
+        const HostDocument document;
+        document.Polyline((points + end).c_str());
+        const ParsedSvg svg(document);
+        EXPECT_EQ(bool(svg.First("polyline")), isDrawn);
+        if (isDrawn) {
+            EXPECT_EQ(std::string(svg.First("polyline").attribute("points").value()).substr(0, 20),
+                      "0,1 1,1 2,1 3,1 4,1 ");
+        }
+    }
+}
+
 TEST(Elements, GroupIsDrawnWhateverItsAttributes)
 {
     for (const wchar_t* name : {L"rotate", L"center-x", L"scale-y"}) {

@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <numbers>
+#include <set>
+#include <vector>
 
 namespace prepare {
 namespace {
@@ -75,6 +77,28 @@ TEST(VariantKey, ATrueColourIsNoIndex)
     index.colour = {false, 0, 5};
     rgb.colour = {true, 5, 7};
     EXPECT_FALSE(VariantKey(block, Split({}), true, index) == VariantKey(block, Split({}), true, rgb));
+}
+
+TEST(BlockVariants, AllOfAKeyIsInItsHash)
+{
+    const Block block, other;
+    const LineType dashed;
+    Style plain, red, rgb, wide, ofLayer, ofLineType;
+    red.colour = {false, 0, 1};
+    rgb.colour = {true, static_cast<std::uint32_t>(plain.colour.index), 7};
+    wide.weight = plain.weight + 1;
+    ofLayer.layer = plain.layer + 1;
+    ofLineType.lineType = &dashed;
+    std::vector<VariantKey> keys = {VariantKey(other, Split({}), true, plain),
+                                    VariantKey(block, Split({}), true, plain, 1),
+                                    VariantKey(block, Split(Scaled({2, 2, 2})), true, plain)};
+    for (const Style& style : {plain, red, rgb, wide, ofLayer, ofLineType})
+        keys.emplace_back(block, Split({}), true, style);
+    const BlockVariants variants;
+    std::set<std::uint64_t> hashes;
+    for (const VariantKey& key : keys)
+        hashes.insert(variants.HashOf(key));
+    EXPECT_EQ(hashes.size(), keys.size());
 }
 
 TEST(VariantKey, EachViewHasItsOwn)

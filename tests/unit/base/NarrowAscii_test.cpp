@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 TEST(NarrowAscii, TextsOfAnyLength)
@@ -27,5 +28,18 @@ TEST(NarrowAscii, OneCharacterBeyondAsciiAnywhere)
             wide[place] = other;
             std::string out(wide.size(), ' ');
             EXPECT_FALSE(NarrowAscii(wide, out.data())) << place << ' ' << static_cast<unsigned>(other);
+        }
+}
+
+TEST(NarrowAscii, CharactersOfMoreThanSixteenBits)
+{
+    if (sizeof(wchar_t) < 4)
+        GTEST_SKIP() << "they are two characters here";
+    for (std::size_t place = 0; place < 40; ++place)
+        for (const std::uint32_t other : {0x10031u, 0x80000031u, 0xFFFFFF31u}) {
+            std::wstring wide(40, L'1');
+            wide[place] = static_cast<wchar_t>(other);
+            std::string out(wide.size(), ' ');
+            EXPECT_FALSE(NarrowAscii(wide, out.data())) << place << ' ' << other;
         }
 }
