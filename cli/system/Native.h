@@ -108,7 +108,7 @@ bool IsLinkOfOthers(const std::filesystem::path& path);
 
 // Calls take with the name of each file and folder that is in a folder, in any order; what went wrong, if
 // anything did. What is there to go through a folder in the standard library ends the process when memory is
-// short.
+// short; on Windows this uses it all the same.
 std::error_code ForEachName(const std::filesystem::path& folder,
                             const std::function<void(const std::filesystem::path& name)>& take);
 
