@@ -41,12 +41,16 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
 {
     bool hasFailed = false;
     WaitingFindings found;
+    Counting entities;
+    const auto readEntities = [&] {
+        ReadEntities(source.Rewound(), encoding, drawing, entities, hasFailed);
+        hasFailed = hasFailed && !source.IsTakenInPart();
+    };
     ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
     hasFailed = hasFailed && !source.IsTakenInPart();
-    if (!hasFailed && NamesNoCodePage(drawing, encoding)) {
-        Counting texts;
-        ReadEntities(source.Rewound(), encoding, drawing, texts, hasFailed);
-        hasFailed = hasFailed && !source.IsTakenInPart();
+    const bool mustGuess = !hasFailed && NamesNoCodePage(drawing, encoding);
+    if (mustGuess) {
+        readEntities();
         GuessCodePage(drawing);
     }
     if (!hasFailed && MustReadAgain(drawing, encoding)) {
@@ -59,10 +63,9 @@ bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& d
     found.GiveTo(report);
     if (hasFailed || !drawing.layouts.empty())
         return !hasFailed;
-    Counting search;
-    ReadEntities(source.Rewound(), encoding, drawing, search, hasFailed);
-    hasFailed = hasFailed && !source.IsTakenInPart();
-    if (search.contents.inPaperSpace > 0) {
+    if (!mustGuess)
+        readEntities();
+    if (entities.contents.inPaperSpace > 0) {
         Layout& layout = drawing.layouts.emplace_back();
         layout.name = kUnnamedLayout;
         layout.isActive = true;

@@ -179,8 +179,9 @@ std::size_t SizeOfPiece(std::wstring_view text)
         --size;
     if (size > 0)
         return size;
-    for (size = kLong; size < text.size() && !isBegin(size); ++size) {
-    }
+    size = kLong;
+    while (size < text.size() && !isBegin(size))
+        ++size;
     return size;
 }
 

@@ -79,8 +79,10 @@ ArcDrawing::ArcDrawing(DimensionPen& pen, const ArcLine& line, bool isSwapped, s
 // its usual one.
 bool ArcDrawing::HasPlace() const
 {
-    if (!m_pen.HasTextPoint() || m_pen.IsTextPlacedByUser())
-        return m_pen.HasTextPoint();
+    if (!m_pen.HasTextPoint())
+        return false;
+    if (m_pen.IsTextPlacedByUser())
+        return true;
     const double away = std::fabs(Length(m_pen.TextPoint() - m_line.centre) - m_line.radius);
     const double arrows = m_ends[0].arrow.size + m_ends[1].arrow.size;
     return away <= 2 * (m_label.width + m_label.height + arrows + m_pen.Gap());

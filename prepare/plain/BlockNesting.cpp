@@ -6,8 +6,8 @@ namespace prepare {
 
 bool BlockNesting::MayEnter(const Block& block, std::uint64_t line)
 {
-    constexpr std::size_t kDeepest =
-        64; // no drawing of a program is nested deeper, and this bounds the stack
+    // No drawing of a program is nested deeper, and this bounds the stack.
+    constexpr std::size_t kDeepest = 64;
     if (std::find(m_open.begin(), m_open.end(), &block) != m_open.end()) {
         m_report.Add(Finding::NotShown, "INSERT", "its block contains itself", line);
         return false;

@@ -5,8 +5,6 @@
 #include "drawing/DimensionPoints.h"
 #include "entities/DXF_GRAPHIC_DIMENSION.h"
 
-#include <utility>
-
 namespace {
 
 double DirectionInDegrees(const DXF_POINT2D& from, const DXF_POINT2D& to)
