@@ -5,7 +5,7 @@
 #include "svghost/DrawableNumbers.h"
 #include "svghost/ElementBytes.h"
 #include "svghost/Fills.h"
-#include "svghost/LayerGroups.h"
+#include "svghost/InkscapeLayers.h"
 #include "svghost/LayerMarks.h"
 #include "svghost/Texts.h"
 #include "svghost/XmlText.h"
@@ -227,7 +227,7 @@ void SvgWriter::OpenDrawing()
     m_out.SetPlain("stroke-linejoin", "round");
     m_out.Set("font-family", XmlTextOf(m_fontFamily));
     if (m_groupsLayers)
-        SetLayer(m_out, "Drawing");
+        SetInkscapeLayer(m_out, "Drawing");
     m_out.Open();
 }
 
@@ -332,10 +332,10 @@ void SvgWriter::WriteRuns(const Container& container)
 
 void SvgWriter::WriteLayers(const Container& container)
 {
-    for (const LayerGroup& group : LayerGroupsOf(m_document, container)) {
+    for (const InkscapeLayer& group : InkscapeLayersOf(m_document, container)) {
         const bool hasLayer = !group.layer.empty();
         if (hasLayer)
-            OpenLayer(m_out, group.layer);
+            OpenInkscapeLayer(m_out, group.layer);
         for (const Node* node : group.nodes)
             WriteNode(*node);
         if (hasLayer)
@@ -476,7 +476,7 @@ void SvgWriter::WritePart(const Use& use, const Symbol& part)
     SetPlace(use);
     SetStyle(use);
     if (m_groupsLayers && IsWrap(part))
-        SetLayer(m_out, "Drawing");
+        SetInkscapeLayer(m_out, "Drawing");
     m_out.Open();
     const double scale = std::exchange(m_scale, part.meanScale);
     WriteContents(part);

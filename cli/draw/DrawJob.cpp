@@ -10,9 +10,9 @@
 #include "cli/contents/Header.h"
 #include "cli/contents/Units.h"
 #include "cli/draw/Look.h"
+#include "cli/draw/PictureLimits.h"
 #include "cli/draw/WriteOptionsFor.h"
 #include "cli/files/OlderPicture.h"
-#include "cli/files/SizeOfFile.h"
 #include "cli/files/Source.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/PreparedDrawing.h"
@@ -28,7 +28,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <limits>
 #include <memory>
 #include <new>
 #include <optional>
@@ -103,29 +102,6 @@ struct Listener {
 bool WriteToFile(void* user, const char* bytes, std::size_t size)
 {
     return static_cast<OutputFile*>(user)->Write(bytes, size);
-}
-
-// base and more together, as far as a size can hold them.
-std::size_t LimitFor(std::uintmax_t base, std::uintmax_t more)
-{
-    return static_cast<std::size_t>(
-        std::min<std::uintmax_t>(base + more, std::numeric_limits<std::size_t>::max()));
-}
-
-// How many elements a drawing may have. One that a program wrote has thirty bytes and more for each of them;
-// what makes more out of fewer bytes is made to fill memory.
-std::size_t MostElements(const fs::path& drawing)
-{
-    constexpr std::uintmax_t kAnyhow = 100'000, kBytesForEach = 8;
-    return LimitFor(kAnyhow, SizeOfFile(drawing) / kBytesForEach);
-}
-
-// How large the picture of a drawing may be. That of a drawing from a program is seldom twice as large as its
-// file.
-std::size_t MostBytes(const fs::path& drawing)
-{
-    constexpr std::uintmax_t kAnyhow = 17'000'000, kForEachByte = 12;
-    return LimitFor(kAnyhow, SizeOfFile(drawing) * kForEachByte);
 }
 
 // Why the module could not open a file that the command could. The module gives no reason, but a second try

@@ -1,10 +1,10 @@
 #include "prepare/plain/Converter.h"
 
-#include "prepare/plain/ClipBoundary.h"
 #include "prepare/plain/ClipSink.h"
 #include "prepare/plain/Curves.h"
 #include "prepare/plain/DrawDimension.h"
 #include "prepare/plain/DrawEntity.h"
+#include "prepare/plain/InsertBoundary.h"
 #include "prepare/plain/NothingToSee.h"
 
 #include <algorithm>

@@ -55,6 +55,7 @@ private:
     void DrawMark(const DXF_POINT2D& center, const wchar_t* color);
     void DrawValue(const DIMENSION& dimension, const ValueText& value, double degrees);
     void DrawGeneralValue(const DIMENSION& dimension, double value, double degrees);
+    void DrawAngleValue(const DIMENSION& dimension, double value, double degrees);
     static const wchar_t* UnitOf(const DIMENSION& dimension);
 
     void LayoutPiece(std::wstring_view text, double x, double y, TextRun& outer);

@@ -45,8 +45,6 @@ void CDxfDimensionDrawing::DrawAngular(const DIMENSION& dimension, const ANGULAR
     DrawMark(end, L"#00ff00");
     DrawMark(a3, L"#0000ff");
 
-    ValueText value;
-    value.AddWidth4Fixed2(sector.span).Add(UnitOf(dimension));
     const DXF_POINT2D middle = Transform(dimension.m_dTextMidX, dimension.m_dTextMidY);
-    DrawValue(dimension, value, (Direction(middle, vertex) - kPi / 2) * kDegreesPerRadian);
+    DrawAngleValue(dimension, sector.span, (Direction(middle, vertex) - kPi / 2) * kDegreesPerRadian);
 }

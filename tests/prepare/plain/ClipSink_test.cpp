@@ -1,6 +1,6 @@
-#include "prepare/plain/ClipBoundary.h"
 #include "prepare/plain/ClipSink.h"
 #include "prepare/plain/Curves.h"
+#include "prepare/plain/InsertBoundary.h"
 #include "support/Stage.h"
 
 #include <gtest/gtest.h>

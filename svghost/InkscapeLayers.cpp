@@ -1,4 +1,4 @@
-#include "svghost/LayerGroups.h"
+#include "svghost/InkscapeLayers.h"
 
 #include "svghost/LayerMarks.h"
 
@@ -7,9 +7,9 @@
 
 namespace svghost {
 
-std::vector<LayerGroup> LayerGroupsOf(const SvgHostDocument& document, const Container& container)
+std::vector<InkscapeLayer> InkscapeLayersOf(const SvgHostDocument& document, const Container& container)
 {
-    std::vector<LayerGroup> groups;
+    std::vector<InkscapeLayer> groups;
     std::map<std::wstring_view, std::size_t> numbers;
     std::wstring_view layer;
     for (const Node* node = container.first; node; node = node->next) {
@@ -25,16 +25,16 @@ std::vector<LayerGroup> LayerGroupsOf(const SvgHostDocument& document, const Con
     return groups;
 }
 
-void SetLayer(XmlStream& out, std::string_view name)
+void SetInkscapeLayer(XmlStream& out, std::string_view name)
 {
     out.SetPlain("inkscape:groupmode", "layer");
     out.Set("inkscape:label", name);
 }
 
-void OpenLayer(XmlStream& out, std::wstring_view layer)
+void OpenInkscapeLayer(XmlStream& out, std::wstring_view layer)
 {
     out.Begin("g");
-    SetLayer(out, XmlTextOf(layer));
+    SetInkscapeLayer(out, XmlTextOf(layer));
     out.Set("data-layer", XmlTextOf(layer));
     out.Open();
 }

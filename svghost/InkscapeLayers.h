@@ -9,19 +9,19 @@
 
 namespace svghost {
 
-struct LayerGroup {
+struct InkscapeLayer {
     std::wstring_view layer; // empty: of what is on none
     std::vector<const Node*> nodes;
 };
 
 // A container's elements by their layers, in the order in which these come first; those of each layer keep
 // theirs.
-std::vector<LayerGroup> LayerGroupsOf(const SvgHostDocument& document, const Container& container);
+std::vector<InkscapeLayer> InkscapeLayersOf(const SvgHostDocument& document, const Container& container);
 
 // Sets what makes an element that has been begun a layer.
-void SetLayer(XmlStream& out, std::string_view name);
+void SetInkscapeLayer(XmlStream& out, std::string_view name);
 
 // Opens a group for a layer of the drawing.
-void OpenLayer(XmlStream& out, std::wstring_view layer);
+void OpenInkscapeLayer(XmlStream& out, std::wstring_view layer);
 
 } // namespace svghost

@@ -1,4 +1,4 @@
-#include "prepare/plain/ClipBoundary.h"
+#include "prepare/plain/InsertBoundary.h"
 
 #include <algorithm>
 #include <cmath>
