@@ -36,17 +36,22 @@ KINDS = (("lines", 50, None), ("polylines", 50, None), ("texts", 50, None), ("di
 
 
 class Figures:
-    """The times of one stage on one drawing."""
+    """The times of one stage on one drawing, round by round."""
 
     def __init__(self, seconds):
-        self.seconds = sorted(seconds)
+        self.seconds = seconds
 
     @property
     def median(self):
         return statistics.median(self.seconds)
 
+    def ratio_to(self, other):
+        """How long the stage takes compared with another one: the median of what each round gives, since the
+        machine may be slower in some rounds than in others."""
+        return statistics.median(own / others for own, others in zip(self.seconds, other.seconds))
+
     def spread(self):
-        return "%.0f to %.0f %%" % tuple(100 * value / self.median for value in (self.seconds[0], self.seconds[-1]))
+        return "%.0f to %.0f %%" % tuple(100 * end(self.seconds) / self.median for end in (min, max))
 
 
 def drawing(kind, size, many=None):
@@ -189,12 +194,11 @@ def table(head, rows):
 def drawing_rows(results):
     rows = []
     for name, size, figures, peaks in results:
-        line = figures["getline"].median
         for stage_name, figure in figures.items():
             peak = "%.2f" % (peaks[stage_name] / size) if stage_name in peaks else ""
             rows.append((name, stage_name, "%.4f" % figure.median, figure.spread(),
-                         "%.0f" % (size / 1e6 / figure.median), "%.2f" % (figure.median / line),
-                         "%.2f" % (figure.median / figures["ends"].median), peak))
+                         "%.0f" % (size / 1e6 / figure.median), "%.2f" % figure.ratio_to(figures["getline"]),
+                         "%.2f" % figure.ratio_to(figures["ends"]), peak))
     return rows
 
 
@@ -207,7 +211,7 @@ def wine_ratio(path, count):
     command = ["wine", program]
     figures = rounds({"linux": lambda: stage("import", path)[0],
                       "wine": lambda: stage("import", "Z:" + path, command)[0]}, count)
-    return figures["wine"].median / figures["linux"].median, stage("import", "Z:" + path, command)[1]
+    return figures["wine"].ratio_to(figures["linux"]), stage("import", "Z:" + path, command)[1]
 
 
 def unblocked_peak():
@@ -228,12 +232,12 @@ def asked_for(by_name, rival_rows, wine, unblocked):
                          "yes" if reached else "no"))
 
     name, size, figures, peaks = by_name["mixed 100 MB"]
-    line = figures["getline"].median
-    add("reading into records / getline loop", figures["read"].median / line, 0.9)
-    add("whole import, idle host / getline loop", figures["import"].median / line, 1.3)
-    add("preparing / getline loop", figures["prepare"].median / line, 2.5)
-    add("whole command, SVG on disk / getline loop", figures["command"].median / line, 7)
-    add("whole command, --as-is / getline loop", figures["as-is"].median / line, 3.8)
+    line = figures["getline"]
+    add("reading into records / getline loop", figures["read"].ratio_to(line), 0.9)
+    add("whole import, idle host / getline loop", figures["import"].ratio_to(line), 1.3)
+    add("preparing / getline loop", figures["prepare"].ratio_to(line), 2.5)
+    add("whole command, SVG on disk / getline loop", figures["command"].ratio_to(line), 7)
+    add("whole command, --as-is / getline loop", figures["as-is"].ratio_to(line), 3.8)
     add("peak memory of the import / file size", peaks["import"] / size, 1.3)
     add("peak memory of preparing / file size", peaks["prepare"] / size, 0.5)
     add("peak memory of preparing / file size, without blocks", unblocked, 0.5)
@@ -312,8 +316,8 @@ def main():
              "%.1f" % (peak / by_name["mixed 100 MB"][1]) if peak else "")
             for name, does, seconds, peak, message in rival_rows])
     text += ["## Stages", "", "Median seconds over the rounds, the fastest and the slowest round as parts of the "
-             "median. The rate is millions of bytes a second; the ratios are to the getline loop and to finding line "
-             "ends.", ""]
+             "median. The rate is millions of bytes a second; the ratios to the getline loop and to finding line ends "
+             "are medians of those of the rounds.", ""]
     text += table(("drawing", "stage", "s", "spread", "MB/s", "/ getline", "/ ends", "peak / size"),
                   drawing_rows(results))
     with open(arguments.output, "w") as file:
