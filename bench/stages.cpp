@@ -13,7 +13,7 @@
 #include "convert/CDxfReadToQuillmar.h"
 #include "entry/dxfFileOpen.h"
 #include "input/CDxfFile.h"
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 #include "prepare/PrepareDrawing.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "FuzzInput.h"
 
 #include "base/Utf8.h"
-#include "prepare/plain/DrawTexts.h"
+#include "prepare/plain/DrawAnyText.h"
 #include "prepare/plain/MTextCodes.h"
 #include "prepare/plain/TextWords.h"
 #include "prepare/write/ModuleRemedies.h"
@@ -118,9 +118,9 @@ std::size_t PartsOf(const Entity& entity, const Drawing& drawing)
     CheckingSink sink;
     Report report;
     Budget budget(0.01);
-    const Scale scale(0.01, {}, 0);
+    const DrawingScale scale(0.01, {}, 0);
     const Placement placement{drawing, {}, {}, scale, sink, report, budget};
-    FuzzRequire(DrawTexts(entity, placement, [](const StyleOfPart&) { return Style{}; }), "it is a text");
+    FuzzRequire(DrawAnyText(entity, placement, [](const StyleOfPart&) { return Style{}; }), "it is a text");
     RequireWords(PlainWordsOf(RawTextOf(entity), drawing), "\n");
     return sink.parts;
 }

@@ -1,6 +1,6 @@
 #include "prepare/Prepare.h"
 
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 #include "prepare/PrepareDrawing.h"
 #include "prepare/PrepareSheet.h"
 

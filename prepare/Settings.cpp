@@ -1,6 +1,6 @@
 #include "prepare/Settings.h"
 
-#include "prepare/StrokeWidths.h"
+#include "prepare/ChooseStrokes.h"
 
 namespace prepare {
 

@@ -1,7 +1,7 @@
 #include "svghost/ElementBytes.h"
 
 #include "svghost/Fills.h"
-#include "svghost/Texts.h"
+#include "svghost/Writing.h"
 
 namespace svghost {
 

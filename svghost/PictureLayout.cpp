@@ -3,9 +3,9 @@
 #include "svghost/AgreedSymbols.h"
 #include "svghost/Bounds.h"
 #include "svghost/Fills.h"
-#include "svghost/References.h"
+#include "svghost/OrderByReference.h"
 #include "svghost/SvgHostDocument.h"
-#include "svghost/Texts.h"
+#include "svghost/Writing.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // The fourteen operations. None of them lets an exception out; a node or context of 0 does nothing.
 #include "host/QuillmarLib.h"
 
-#include "svghost/Reports.h"
+#include "svghost/ReportReceiver.h"
 #include "svghost/SvgHostDocument.h"
 
 using namespace svghost;

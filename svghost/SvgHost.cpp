@@ -1,7 +1,7 @@
 #include "svghost/SvgHost.h"
 
 #include "svghost/Picture.h"
-#include "svghost/Reports.h"
+#include "svghost/ReportReceiver.h"
 #include "svghost/SvgHostDocument.h"
 #include "svghost/SvgWriter.h"
 

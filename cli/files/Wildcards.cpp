@@ -1,6 +1,6 @@
 #include "cli/files/Wildcards.h"
 
-#include "base/Patterns.h"
+#include "base/NamePatterns.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>

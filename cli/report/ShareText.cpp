@@ -74,10 +74,11 @@ std::string MissingText(const Share& share)
 {
     std::string otherwise;
     const std::string missing = share.missing.empty() ? "" : "; missing: " + MissingTypes(share);
-    for (std::size_t i = 0; i < kOtherwiseCount; ++i)
+    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
         if (share.otherwise[i] > 0)
             otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
-                .append(Counted(share.otherwise[i], kOtherwiseRows[i].singular, kOtherwiseRows[i].plural));
+                .append(Counted(share.otherwise[i], kAsIsDifferenceRows[i].singular,
+                                kAsIsDifferenceRows[i].plural));
     for (const auto& [how, count] : share.changed)
         otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
             .append(std::to_string(count))
@@ -93,9 +94,9 @@ void AddShare(Json& json, const Share& share)
     for (const auto& [type, count] : share.missing)
         json.Member(type, count);
     json.Close('}').Name("otherwise").Open('{');
-    for (std::size_t i = 0; i < kOtherwiseCount; ++i)
+    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
         if (share.otherwise[i] > 0)
-            json.Member(kOtherwiseRows[i].name, share.otherwise[i]);
+            json.Member(kAsIsDifferenceRows[i].name, share.otherwise[i]);
     for (const auto& [how, count] : share.changed)
         json.Member(how, count);
     json.Close('}').Name("hidden").Open('{');

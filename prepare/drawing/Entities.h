@@ -4,6 +4,7 @@
 
 #include "base/Pi.h"
 #include "prepare/drawing/EntityType.h"
+#include "prepare/drawing/Fault.h"
 #include "prepare/drawing/Names.h"
 #include "prepare/drawing/Point.h"
 
@@ -24,14 +25,6 @@ inline constexpr std::int32_t kNoTrueColour = -1;
 inline constexpr std::int32_t kWeightByLayer = -1;
 inline constexpr std::int32_t kWeightByBlock = -2;
 inline constexpr std::int32_t kDefaultWeight = -3;
-
-// What is wrong with the numbers of an entity that cannot be drawn for it.
-enum class Fault : std::uint8_t { None, NotFinite, OutOfRange };
-
-constexpr std::string_view TextOf(Fault fault)
-{
-    return fault == Fault::OutOfRange ? "a number is beyond 1e30" : "a number is not finite";
-}
 
 // What all types have.
 struct Entity {

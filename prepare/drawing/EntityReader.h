@@ -1,7 +1,7 @@
 // Reads entities into records.
 #pragma once
 
-#include "prepare/drawing/ReadRecords.h"
+#include "prepare/drawing/ReadEntityFields.h"
 #include "prepare/drawing/RecordReader.h"
 
 #include <cstdint>

@@ -62,4 +62,15 @@ inline double Length(Point3 a)
     return std::hypot(a.x, a.y, a.z);
 }
 
+// Whether a point can be drawn: its coordinates are numbers, and none is beyond kMostCoordinate.
+inline bool IsDrawable(Point2 p)
+{
+    return std::fabs(p.x) <= kMostCoordinate && std::fabs(p.y) <= kMostCoordinate;
+}
+
+inline bool IsDrawable(Point3 p)
+{
+    return IsDrawable(Point2{p.x, p.y}) && std::fabs(p.z) <= kMostCoordinate;
+}
+
 } // namespace prepare

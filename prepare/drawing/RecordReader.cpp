@@ -12,16 +12,6 @@ namespace prepare {
 
 namespace {
 
-// As programs write a number that is not one, or is infinite: "-nan(ind)", "Infinity", "1.#QNAN".
-bool IsNotFinite(std::string_view value)
-{
-    std::string_view word = Trim(value);
-    if (word.starts_with('-') || word.starts_with('+'))
-        word.remove_prefix(1);
-    return word.starts_with("1.#") || AreSameLetters(word.substr(0, word.find('(')), "nan") ||
-           AreSameLetters(word, "inf") || AreSameLetters(word, "infinity");
-}
-
 constexpr std::string_view kR2007 = "AC1021";
 
 bool IsAscii(std::string_view text)
@@ -125,9 +115,8 @@ double RecordReader::LookAtReal(std::string_view value, double real)
 {
     if (real == 0 && EndsInDigit(value))
         return real;
-    const bool isOutOfRange = std::fabs(real) > kMostCoordinate;
-    if (isOutOfRange || IsNotFinite(value)) {
-        m_fault = isOutOfRange ? Fault::OutOfRange : Fault::NotFinite;
+    if (const Fault fault = FaultOf(value, real); fault != Fault::None) {
+        m_fault = fault;
         return 0;
     }
     if (real == 0)

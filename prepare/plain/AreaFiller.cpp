@@ -17,7 +17,7 @@ void AreaFiller::Add(std::vector<Point2> outline, bool sharesEdge)
 {
     if (outline.size() < 3)
         return;
-    if (!std::all_of(outline.begin(), outline.end(), [](Point2 point) { return IsFinite(point); }))
+    if (!std::all_of(outline.begin(), outline.end(), [](Point2 point) { return IsDrawable(point); }))
         return m_pen.Lose();
     const Box box = BoxOf(outline);
     const auto overlaps = [&](const Box& other) { return !box.IsApartFrom(other); };

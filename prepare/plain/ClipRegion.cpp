@@ -128,7 +128,7 @@ ClipRegion::Shares Without(const ClipRegion::Shares& shares)
 ClipRegion::ClipRegion(std::vector<Point2> corners, bool isInverted)
     : m_corners(std::move(corners)), m_isInverted(isInverted)
 {
-    std::erase_if(m_corners, [](Point2 corner) { return !IsFinite(corner); });
+    std::erase_if(m_corners, [](Point2 corner) { return !IsDrawable(corner); });
     m_box = BoxOf(m_corners);
     if (m_corners.size() > kMostCorners)
         ReplaceByBox();

@@ -28,9 +28,9 @@ constexpr std::int32_t kInvisible = 1;
 constexpr std::int32_t kExternal = 4; // flags of a block
 constexpr std::int32_t kOverlaid = 8;
 
-bool IsFinite(const Matrix& matrix)
+bool IsDrawable(const Matrix& matrix)
 {
-    return IsFinite(matrix.x) && IsFinite(matrix.y) && IsFinite(matrix.z) && IsFinite(matrix.origin);
+    return IsDrawable(matrix.x) && IsDrawable(matrix.y) && IsDrawable(matrix.z) && IsDrawable(matrix.origin);
 }
 
 // Programs take a factor of 0 for 1 in the plane; in z it flattens.
@@ -156,7 +156,7 @@ void Converter::ReportCovered(const MText& text)
 }
 
 // An entity of which nothing came, though it should be seen and nobody has said why it is not.
-void Converter::ReportEmpty(const Entity& entity, const SizedSink& made, std::uint64_t lossesBefore)
+void Converter::ReportEmpty(const Entity& entity, const SizingSink& made, std::uint64_t lossesBefore)
 {
     m_hasVisible = m_hasVisible || made.IsVisible();
     if (!made.HasSize() && m_report.Losses() == lossesBefore && !HasNothingToSee(entity, m_drawing))
@@ -165,7 +165,7 @@ void Converter::ReportEmpty(const Entity& entity, const SizedSink& made, std::ui
 
 void Converter::PlaceRewritten(const Entity& entity, const Context& context, const Style& style)
 {
-    CountedSink counted(context.sink, CountRewritten(entity).made);
+    CountingSink counted(context.sink, CountRewritten(entity).made);
     const Context counting{context.matrix, context.insert, context.isInBlock, counted, context.cut};
     switch (entity.type) {
     case EntityType::Dimension:
@@ -181,7 +181,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 {
     if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
         AddRayStart(static_cast<const Ray&>(entity), context);
-    SizedSink made(context.sink);
+    SizingSink made(context.sink);
     const Placement placement = PlacementOf(context, style, made);
     const std::uint64_t coarseBefore = m_budget.curves.CoarseParts(), lossesBefore = m_report.Losses();
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
@@ -305,7 +305,7 @@ void Converter::DrawCut(const Insert& insert, const SpatialFilter& filter, const
                         const Matrix& placement, const Context& context, const Style& style)
 {
     const ClipRegion region(BoundaryOf(filter, placement), filter.isInverted);
-    if (!IsFinite(placement) || !MayCut(insert, filter, region))
+    if (!IsDrawable(placement) || !MayCut(insert, filter, region))
         return UseBlock(block, placement, context, style, insert.line);
     if (!m_nesting.MayEnter(block, insert.line))
         return;
@@ -353,7 +353,7 @@ void Converter::RedrawDimension(const Dimension& dimension, const Context& conte
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
-    SizedSink made(context.sink);
+    SizingSink made(context.sink);
     const Context within{context.matrix, context.insert, context.isInBlock, made, context.cut};
     const std::uint64_t lossesBefore = m_report.Losses();
     const BlockPlacer placeBlock = [&](const Block& block, const Matrix& matrix, const Style& ofPart) {
@@ -391,7 +391,7 @@ void Converter::PlaceLeaderBlock(const MultiLeader& leader, const Context& conte
                           Turned(leader.blockRotation) * Scaled(UsableScale(leader.blockScale)) *
                           Moved(-1 * block->base);
     UseBlock(*block, matrix, context, style, leader.line);
-    if (IsFinite(matrix))
+    if (IsDrawable(matrix))
         PlaceLeaderAttributes(leader, {matrix, style, true, context.sink, context.cut});
 }
 
@@ -426,7 +426,7 @@ const Text* Converter::FindDefinition(Handle handle)
 
 bool Converter::MayUse(const Block& block, const Matrix& placement, std::uint64_t line)
 {
-    if (!IsFinite(placement)) {
+    if (!IsDrawable(placement)) {
         m_report.Add(Finding::NotShown, "INSERT", "its place is no number", line);
         return false;
     }

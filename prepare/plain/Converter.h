@@ -6,11 +6,11 @@
 #include "prepare/plain/BlockVariants.h"
 #include "prepare/plain/Budget.h"
 #include "prepare/plain/ClipSink.h"
-#include "prepare/plain/CountedSink.h"
+#include "prepare/plain/CountingSink.h"
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
 #include "prepare/plain/Placement.h"
-#include "prepare/plain/SizedSink.h"
+#include "prepare/plain/SizingSink.h"
 #include "prepare/plain/StyleResolver.h"
 
 #include <array>
@@ -109,7 +109,7 @@ private:
     void Place(const Entity& entity, const Context& context);
     void ReportFault(const Entity& entity);
     void ReportCovered(const MText& text);
-    void ReportEmpty(const Entity& entity, const SizedSink& made, std::uint64_t lossesBefore);
+    void ReportEmpty(const Entity& entity, const SizingSink& made, std::uint64_t lossesBefore);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void AddRayStart(const Ray& ray, const Context& context);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);
@@ -162,7 +162,7 @@ private:
     BlockNesting m_nesting;
     Box m_rayStarts;
     std::uint64_t m_placed = 0;
-    Scale m_scale;
+    DrawingScale m_scale;
     Budget m_budget;
     bool m_isCut = false;
     bool m_isEarly = false;    // something may have lacked what is known only once all has been read

@@ -44,9 +44,9 @@ double Wrapped(double angle)
     return rest >= kTurn ? 0 : rest; // what is not finite stays so
 }
 
-bool EllipticArc::IsFinite() const
+bool EllipticArc::IsDrawable() const
 {
-    return prepare::IsFinite(centre) && prepare::IsFinite(u) && prepare::IsFinite(v) &&
+    return prepare::IsDrawable(centre) && prepare::IsDrawable(u) && prepare::IsDrawable(v) &&
            std::isfinite(start) && std::isfinite(end);
 }
 

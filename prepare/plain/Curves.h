@@ -16,17 +16,6 @@ constexpr double Radians(double degrees)
     return degrees * kRadiansPerDegree;
 }
 
-// Whether a point can be drawn: its coordinates are numbers, and none is beyond kMostCoordinate.
-inline bool IsFinite(Point2 p)
-{
-    return std::fabs(p.x) <= kMostCoordinate && std::fabs(p.y) <= kMostCoordinate;
-}
-
-inline bool IsFinite(Point3 p)
-{
-    return IsFinite(Point2{p.x, p.y}) && std::fabs(p.z) <= kMostCoordinate;
-}
-
 constexpr Point2 Middle(Point2 a, Point2 b)
 {
     return 0.5 * (a + b);
@@ -68,7 +57,7 @@ struct EllipticArc {
     Point2 At(double t) const { return centre + std::cos(t) * u + std::sin(t) * v; }
     // The direction in which it runs there, of any length.
     Point2 Along(double t) const { return std::cos(t) * v - std::sin(t) * u; }
-    bool IsFinite() const;
+    bool IsDrawable() const;
 };
 
 // The axes of an ellipse that has u and v as conjugate half-diameters. Its point at t is at t - shift when it

@@ -285,7 +285,7 @@ void DimensionPen::Text(const DimensionLabel& label)
     constexpr std::int32_t kMiddleCentre = 5;
     if (label.IsEmpty())
         return;
-    if (!IsFinite(label.centre) || !IsFinite(label.along))
+    if (!IsDrawable(label.centre) || !IsDrawable(label.along))
         return m_pen.Lose();
     MText text;
     text.line = m_dimension.line;

@@ -13,7 +13,7 @@ namespace {
 bool HasSize(const std::vector<Point2>& corners)
 {
     return std::any_of(corners.begin(), corners.end(),
-                       [&](Point2 corner) { return IsFinite(corner) && !(corner == corners.front()); });
+                       [&](Point2 corner) { return IsDrawable(corner) && !(corner == corners.front()); });
 }
 
 void DrawFrame(std::vector<Point2> corners, Pen& pen)

@@ -27,7 +27,7 @@ std::vector<Point3> FiniteOf(const std::vector<Point3>& points, Pen& pen)
 {
     std::vector<Point3> finite;
     for (const Point3 point : points)
-        IsFinite(point) ? finite.push_back(point) : pen.Lose();
+        IsDrawable(point) ? finite.push_back(point) : pen.Lose();
     return finite;
 }
 

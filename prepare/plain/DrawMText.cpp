@@ -95,7 +95,7 @@ private:
 
     static bool AreFinite(const std::vector<Point2>& points)
     {
-        return std::all_of(points.begin(), points.end(), [](Point2 p) { return IsFinite(p); });
+        return std::all_of(points.begin(), points.end(), [](Point2 p) { return IsDrawable(p); });
     }
 
     double FillMargin() const

@@ -58,7 +58,7 @@ void DrawLinesUnderText(const MultiLeader& leader, double width, const Placement
         const Point3 start = EndOf(leader, branch);
         const Point2 from = placement.matrix.Flat(start);
         const Point2 to = placement.matrix.Flat(start + (length / Length(branch.dogleg)) * branch.dogleg);
-        if (!IsFinite(from) || !IsFinite(to) || from == to)
+        if (!IsDrawable(from) || !IsDrawable(to) || from == to)
             continue;
         placement.budget.Take(2);
         placement.sink.Line(style, from, to);

@@ -251,7 +251,7 @@ std::pair<Point3, Point3> MultiLineDrawer::OutermostAt(const MultiLineVertex& ve
 void MultiLineDrawer::AddRound(const End& end, Point3 first, Point3 last, std::vector<Point2>& outline)
 {
     EllipticArc arc;
-    if (!RoundBetween(end, first, last, arc) || !arc.IsFinite())
+    if (!RoundBetween(end, first, last, arc) || !arc.IsDrawable())
         return;
     Flatten(arc, m_pen.Curves().Tolerance(), outline, m_pen.Curves());
     outline.pop_back(); // the other element

@@ -116,7 +116,7 @@ WideSegment Path::Wide(const PolylineVertex& vertex, const PolylineVertex& next)
         const double radius = Length(arc.u), half = std::max(wide.startHalf, wide.endHalf);
         wide.startDirection = arc.Along(arc.start);
         wide.endDirection = arc.Along(arc.end);
-        if (arc.IsFinite())
+        if (arc.IsDrawable())
             Flatten(arc, m_pen.Curves().Tolerance() * radius / (radius + half), wide.points, m_pen.Curves());
     }
     if (wide.points.size() > 1)
@@ -137,7 +137,7 @@ void Path::Fill(std::size_t first, std::size_t count)
 void Path::AddArc(const PolylineVertex& vertex, const PolylineVertex& next)
 {
     const EllipticArc arc = ArcTo(vertex, next);
-    if (!arc.IsFinite()) {
+    if (!arc.IsDrawable()) {
         m_pen.Lose();
         return;
     }

@@ -34,7 +34,7 @@ void DrawRay(const Ray& ray, Pen& pen)
     const Box& reach = pen.Place().scale.Reach();
     const Point2 start = pen.Place().matrix.Flat(ray.start);
     const Point2 direction = pen.Place().matrix.FlatDirection(ray.direction);
-    if (!IsFinite(start) || !IsFinite(direction)) {
+    if (!IsDrawable(start) || !IsDrawable(direction)) {
         pen.Lose();
         return;
     }

@@ -21,7 +21,7 @@ std::vector<WeightedPoint> ControlPoints(const Spline& spline, Pen& pen)
     points.reserve(spline.controlPoints.size());
     for (std::size_t i = 0; i < spline.controlPoints.size(); ++i) {
         const Point2 point = pen.Place().matrix.Flat(spline.controlPoints[i]);
-        if (IsFinite(point))
+        if (IsDrawable(point))
             points.push_back(Weighted(point, areGood && !spline.weights.empty() ? spline.weights[i] : 1));
         else
             pen.Lose();
@@ -65,7 +65,7 @@ std::vector<Point3> FitPoints(const Spline& spline, Pen& pen)
 {
     std::vector<Point3> points;
     for (const Point3 point : spline.fitPoints) {
-        if (!IsFinite(point))
+        if (!IsDrawable(point))
             pen.Lose();
         else if (points.empty() || !(point == points.back()))
             points.push_back(point);

@@ -83,7 +83,7 @@ void RingMaker::AddEdges(const HatchLoop& loop)
 {
     for (const HatchEdge& edge : loop.edges) {
         Ring piece = PointsOf(edge);
-        const auto isLost = [](Point2 point) { return !IsFinite(point); };
+        const auto isLost = [](Point2 point) { return !IsDrawable(point); };
         if (std::any_of(piece.begin(), piece.end(), isLost))
             m_pen.Lose();
         else if (!piece.empty())
@@ -137,7 +137,7 @@ Ring RingMaker::EllipsePoints(const HatchEdge& edge) const
 
 Ring RingMaker::PointsOf(const EllipticArc& arc) const
 {
-    if (!arc.IsFinite())
+    if (!arc.IsDrawable())
         return {arc.centre, {HUGE_VAL, HUGE_VAL}};
     const Point2 first = arc.At(arc.start);
     Ring points{m_matrix.Flat({first.x, first.y, 0})};
@@ -170,7 +170,7 @@ Ring RingMaker::SplinePoints(const HatchEdge& edge) const
         points.push_back(m_matrix.Flat({edge.controlPoints[i].x, edge.controlPoints[i].y, 0}));
         curve.controlPoints.push_back(Weighted(points.back(), hasWeights ? edge.weights[i] : 1));
     }
-    if (!std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); }))
+    if (!std::all_of(points.begin(), points.end(), [](Point2 point) { return IsDrawable(point); }))
         return {{HUGE_VAL, HUGE_VAL}};
     const std::size_t highest = std::min(kHighestDegree, points.size() - 1);
     curve.degree = static_cast<std::size_t>(
@@ -187,7 +187,7 @@ Ring RingMaker::FitPoints(const HatchEdge& edge) const
     double length = 0;
     for (const Point2 fit : edge.fitPoints) {
         const Point2 point = m_matrix.Flat({fit.x, fit.y, 0});
-        if (!IsFinite(point))
+        if (!IsDrawable(point))
             return {{HUGE_VAL, HUGE_VAL}};
         const double step = curve.points.empty() ? 0 : Length(point - curve.points.back());
         if (!curve.points.empty() && !(step > 0))
@@ -225,7 +225,7 @@ void RingMaker::Join(Ring piece)
 // Keeps the ring if it bounds an area.
 void RingMaker::EndRing()
 {
-    const auto lost = std::remove_if(m_ring.begin(), m_ring.end(), [](Point2 p) { return !IsFinite(p); });
+    const auto lost = std::remove_if(m_ring.begin(), m_ring.end(), [](Point2 p) { return !IsDrawable(p); });
     if (lost != m_ring.end())
         m_pen.Lose();
     m_ring.erase(lost, m_ring.end());

@@ -118,7 +118,7 @@ void Hull::AddFarthest(std::size_t direction, Point2 point)
     if (m_isEmpty)
         return Add(point);
     const double reach = Dot(point, AllDirections()[direction]);
-    if (!(reach > m_reach[direction]) || !IsFinite(point))
+    if (!(reach > m_reach[direction]) || !IsDrawable(point))
         return;
     m_x[direction] = point.x;
     m_y[direction] = point.y;

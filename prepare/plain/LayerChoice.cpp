@@ -1,7 +1,7 @@
 #include "prepare/plain/LayerChoice.h"
 
 #include "base/Letters.h"
-#include "base/Patterns.h"
+#include "base/NamePatterns.h"
 
 #include <algorithm>
 

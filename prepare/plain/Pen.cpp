@@ -8,9 +8,9 @@ namespace prepare {
 
 namespace {
 
-bool IsFinite(const PlainVertex& vertex)
+bool IsDrawable(const PlainVertex& vertex)
 {
-    return IsFinite(vertex.point) && std::isfinite(vertex.bulge);
+    return IsDrawable(vertex.point) && std::isfinite(vertex.bulge);
 }
 
 // Where an arc lies along the major axis of an ellipse that is seen from the side, in half axes.
@@ -61,7 +61,7 @@ bool Pen::TakeRoom(std::size_t points)
 
 void Pen::Line(Point2 start, Point2 end)
 {
-    if (!IsFinite(start) || !IsFinite(end)) {
+    if (!IsDrawable(start) || !IsDrawable(end)) {
         Lose();
         return;
     }
@@ -71,7 +71,7 @@ void Pen::Line(Point2 start, Point2 end)
 
 void Pen::Dot(Point2 point)
 {
-    if (!IsFinite(point))
+    if (!IsDrawable(point))
         Lose();
     else if (TakeRoom(2))
         m_placement.sink.Line(m_style, point, point);
@@ -79,7 +79,7 @@ void Pen::Dot(Point2 point)
 
 void Pen::Arc(const EllipticArc& arc)
 {
-    if (!arc.IsFinite() || !IsFinite(arc.centre + arc.u) || !IsFinite(arc.centre + arc.v))
+    if (!arc.IsDrawable() || !IsDrawable(arc.centre + arc.u) || !IsDrawable(arc.centre + arc.v))
         Lose();
     else if (!(arc.end > arc.start))
         return;
@@ -136,11 +136,11 @@ void Pen::Flattened(const EllipticArc& arc, const PrincipalAxes& axes)
 
 void Pen::Polyline(std::span<const PlainVertex> vertices, bool isClosed)
 {
-    if (!std::all_of(vertices.begin(), vertices.end(), [](const PlainVertex& v) { return IsFinite(v); })) {
+    if (!std::all_of(vertices.begin(), vertices.end(), [](const PlainVertex& v) { return IsDrawable(v); })) {
         Lose();
         std::vector<PlainVertex> finite;
         std::copy_if(vertices.begin(), vertices.end(), std::back_inserter(finite),
-                     [](const PlainVertex& vertex) { return IsFinite(vertex); });
+                     [](const PlainVertex& vertex) { return IsDrawable(vertex); });
         Polyline(finite, isClosed);
         return;
     }
@@ -162,7 +162,7 @@ void Pen::Polyline(std::span<const Point2> points, bool isClosed)
 void Pen::Fill(std::span<const Point2> points)
 {
     const bool isWhole =
-        std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
+        std::all_of(points.begin(), points.end(), [](Point2 point) { return IsDrawable(point); });
     if (!isWhole) {
         Lose();
         return;
@@ -182,7 +182,7 @@ void Pen::Fill(std::span<const std::vector<Point2>> rings)
 
 void Pen::Mask(const std::vector<Point2>& points)
 {
-    if (!std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); }))
+    if (!std::all_of(points.begin(), points.end(), [](Point2 point) { return IsDrawable(point); }))
         return Lose();
     if (points.size() < 3)
         return;

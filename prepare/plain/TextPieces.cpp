@@ -75,7 +75,7 @@ std::optional<PlainText> TextDrawer::LettersOf(const TextPiece& piece)
     text.up = piece.height * (m_frame.v + piece.slant * m_frame.u);
     text.anchor = piece.anchor;
     text.style = m_textStyle;
-    if (!IsFinite(text.point) || !IsFinite(text.along) || !IsFinite(text.up))
+    if (!IsDrawable(text.point) || !IsDrawable(text.along) || !IsDrawable(text.up))
         LeaveOut("numbers that are not finite");
     else if (!(std::fabs(Cross(text.along, text.up)) > 0))
         LeaveOut("seen edge-on");
@@ -103,7 +103,7 @@ void TextDrawer::DrawLine(const Style& style, Point2 start, Point2 end)
     solid.width = 0;
     const Point2 from = m_frame.At(start.x, start.y);
     const Point2 to = m_frame.At(end.x, end.y);
-    if (!IsFinite(from) || !IsFinite(to) || from == to)
+    if (!IsDrawable(from) || !IsDrawable(to) || from == to)
         return;
     m_placement.budget.Take(2);
     m_placement.sink.Line(solid, from, to);

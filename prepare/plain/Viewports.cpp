@@ -51,7 +51,7 @@ std::vector<Point2> RectangleOf(const Viewport& viewport, const Matrix& matrix)
 
 bool AreFinite(const std::vector<Point2>& points)
 {
-    return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsFinite(point); });
+    return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsDrawable(point); });
 }
 
 } // namespace
@@ -107,7 +107,7 @@ void WindowReader::Add(const Viewport& viewport)
     window.frozen = FrozenBy(viewport);
     window.clip = viewport.clip;
     window.line = viewport.line;
-    if (!AreFinite(window.outline) || !IsFinite(window.matrix.origin) || !IsLength(window.scale))
+    if (!AreFinite(window.outline) || !IsDrawable(window.matrix.origin) || !IsLength(window.scale))
         return m_report.Add(Finding::NotShown, "VIEWPORT", "its place is no number", viewport.line);
     if ((viewport.flags & kPerspective) != 0)
         m_report.Add(Finding::Changed, "VIEWPORT", "its perspective is drawn as a parallel view",

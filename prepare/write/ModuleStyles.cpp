@@ -2,7 +2,7 @@
 
 #include "prepare/write/ModuleDashes.h"
 #include "prepare/write/ModuleRemedies.h"
-#include "prepare/write/Wrap.h"
+#include "prepare/write/StrokeWidth.h"
 
 #include <numeric>
 

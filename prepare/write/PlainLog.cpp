@@ -234,7 +234,7 @@ void ReplayOne(LogReader& reader, LogVisitor& visitor, std::vector<PlainVertex>&
 
 bool IsDrawn(const PlainText& text)
 {
-    return IsFinite(text.point) && IsFinite(text.along) && IsFinite(text.up) &&
+    return IsDrawable(text.point) && IsDrawable(text.along) && IsDrawable(text.up) &&
            Cross(text.along, text.up) != 0;
 }
 
@@ -335,7 +335,7 @@ void PlainLog::AddRound(Point2 centre, double radius)
 
 void PlainLog::Line(const Style& style, Point2 start, Point2 end)
 {
-    if (!IsFinite(start) || !IsFinite(end))
+    if (!IsDrawable(start) || !IsDrawable(end))
         return;
     Add(kLoggedLine, StyleOf(style), start, end);
     m_reach.Add(start);
@@ -344,7 +344,7 @@ void PlainLog::Line(const Style& style, Point2 start, Point2 end)
 
 void PlainLog::Circle(const Style& style, Point2 centre, double radius)
 {
-    if (!IsFinite(centre) || !std::isfinite(radius) || !(radius > 0))
+    if (!IsDrawable(centre) || !std::isfinite(radius) || !(radius > 0))
         return;
     Add(kLoggedCircle, StyleOf(style), centre, radius);
     AddRound(centre, radius);
@@ -352,7 +352,7 @@ void PlainLog::Circle(const Style& style, Point2 centre, double radius)
 
 void PlainLog::Arc(const Style& style, Point2 centre, double radius, double start, double end)
 {
-    if (!IsFinite(centre) || !AreFinite(radius, start, end) || !(radius > 0) || !(end > start))
+    if (!IsDrawable(centre) || !AreFinite(radius, start, end) || !(radius > 0) || !(end > start))
         return;
     if (end - start >= kTurn)
         return Circle(style, centre, radius);
@@ -364,7 +364,7 @@ void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, doub
                        double end)
 {
     const double radius = Length(majorAxis);
-    if (!IsFinite(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
+    if (!IsDrawable(centre) || !AreFinite(radius, ratio, start, end) || !(radius > 0) || !(ratio > 0) ||
         !(end > start))
         return;
     Add(kLoggedEllipse, StyleOf(style), centre, majorAxis, ratio, start, end);
@@ -373,7 +373,7 @@ void PlainLog::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, doub
 
 void PlainLog::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
 {
-    const auto isFinite = [](const PlainVertex& v) { return IsFinite(v.point) && std::isfinite(v.bulge); };
+    const auto isFinite = [](const PlainVertex& v) { return IsDrawable(v.point) && std::isfinite(v.bulge); };
     if (vertices.size() < 2 || !std::all_of(vertices.begin(), vertices.end(), isFinite))
         return;
     const bool hasBulges =
@@ -423,7 +423,7 @@ void PlainLog::AddArea(unsigned kind, const Style& style, std::span<const std::v
 {
     std::size_t size = 1 + 2 * kMostOfCount;
     for (const std::vector<Point2>& ring : rings) {
-        if (!std::all_of(ring.begin(), ring.end(), [](Point2 point) { return IsFinite(point); }))
+        if (!std::all_of(ring.begin(), ring.end(), [](Point2 point) { return IsDrawable(point); }))
             return;
         size += kMostOfCount + ring.size() * sizeof(Point2);
     }
@@ -462,7 +462,7 @@ void PlainLog::AddText(const PlainText& text)
 
 void PlainLog::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
-    if (!IsFinite(point) || !std::isfinite(spread) || !AreAlike(runs))
+    if (!IsDrawable(point) || !std::isfinite(spread) || !AreAlike(runs))
         return PlainSink::LineOfText(point, spread, runs);
     std::vector<StyleId> styles; // all known before there is room: no entity is half there
     std::size_t size = 1 + sizeof(point) + sizeof(spread) + kMostOfCount;
@@ -485,7 +485,7 @@ void PlainLog::LineOfText(Point2 point, double spread, std::span<const PlainRun>
 
 void PlainLog::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
-    if (!IsFinite(point) || !std::isfinite(rotation))
+    if (!IsDrawable(point) || !std::isfinite(rotation))
         return;
     const unsigned kind = kLoggedInsert | (isMirrored ? kIsMirrored : 0);
     if (IsZero(rotation))

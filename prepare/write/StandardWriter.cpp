@@ -4,7 +4,7 @@
 #include "prepare/write/StandardDecimals.h"
 #include "prepare/write/StandardEntities.h"
 #include "prepare/write/StandardObjects.h"
-#include "prepare/write/Wrap.h"
+#include "prepare/write/StrokeWidth.h"
 
 #include <algorithm>
 

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "prepare/write/ModuleRemedies.h"
 #include "prepare/write/PairWriter.h"
+#include "prepare/write/StrokeWidth.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,8 +14,8 @@ namespace prepare {
 namespace {
 
 // A weight (370) has hundredths, and a font size two decimals: below these, they are too coarse.
-constexpr double kThinnestStroke = 0.05;
-constexpr double kSmallestFont = 1;
+constexpr double kThinnestUnwrapped = 0.05;
+constexpr double kSmallestUnwrappedFont = 1;
 constexpr double kThickestStroke = 1e7; // hundredths of a larger one are no 32-bit integer
 // Graphics libraries that keep places in 24 bits and 8 more for the fraction lose texts beyond this.
 constexpr double kFarthestText = 8'388'607;
@@ -23,9 +24,10 @@ constexpr double kWrappedSize = 20'000;
 
 bool IsWrapNeeded(const WriteSettings& settings, double stroke, double farthest)
 {
-    return stroke < kThinnestStroke || stroke > kThickestStroke || farthest > kFarthestText ||
+    return stroke < kThinnestUnwrapped || stroke > kThickestStroke || farthest > kFarthestText ||
            FloatStep(farthest) > stroke / 10 ||
-           (settings.smallestText > 0 && settings.smallestText * kFontSizeOfCapitals < kSmallestFont);
+           (settings.smallestText > 0 &&
+            settings.smallestText * kFontSizeOfCapitals < kSmallestUnwrappedFont);
 }
 
 double Farthest(const Box& box)
@@ -67,19 +69,13 @@ Point2 Centre(const Box& box)
 
 } // namespace
 
-double StrokeWidth(const WriteSettings& settings, std::int32_t weight, double width)
-{
-    const double wanted = width > 0 ? width : weight / 100.0 * settings.unitsPerMm;
-    return std::max(settings.thinnest, wanted);
-}
-
 Wrap ChooseWrap(const WriteSettings& settings, const Box& reach)
 {
     const Box& all = settings.extents.IsEmpty() ? reach : settings.extents;
     Wrap wrap;
     wrap.stroke = StrokeWidth(settings, settings.thinnestWeight, 0);
     if (!(wrap.stroke > 0))
-        wrap.stroke = kThinnestStroke;
+        wrap.stroke = kThinnestUnwrapped;
     if (!settings.mayWrap || settings.extents.IsEmpty() ||
         !IsWrapNeeded(settings, wrap.stroke, Farthest(all)))
         return wrap;

@@ -18,7 +18,4 @@ struct Wrap {
 // reach is around all points of the model: it counts where the settings have no extents.
 Wrap ChooseWrap(const WriteSettings& settings, const Box& reach);
 
-// The width of the strokes of that weight and width, in drawing units.
-double StrokeWidth(const WriteSettings& settings, std::int32_t weight, double width);
-
 } // namespace prepare

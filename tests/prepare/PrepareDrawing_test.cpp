@@ -1,7 +1,7 @@
 // Preparing as a whole: drawing in, plain drawing and report out.
 #include "prepare/PrepareDrawing.h"
 
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 #include "prepare/plain/ClipRegion.h"
 #include "prepare/support/PointsIn.h"
 #include "support/Dxf.h"

@@ -1,7 +1,7 @@
 // Preparing a sheet: its own entities and what its windows show.
 #include "prepare/PrepareSheet.h"
 
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 #include "prepare/support/PointsIn.h"
 #include "support/Dxf.h"
 

@@ -61,7 +61,7 @@ public:
     {
         RecordingSink sink;
         Budget budget(0.01);
-        const Scale scale(0.01, {}, 0);
+        const DrawingScale scale(0.01, {}, 0);
         const Placement placement{drawing, matrix, {}, scale, sink, report, budget};
         const PartStyler styleOf = [this](const StyleOfPart& part) {
             Style style;

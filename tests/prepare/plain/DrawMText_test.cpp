@@ -662,9 +662,9 @@ LinesOfText LinesIn(const MText& text)
     TextTrial trial;
     LinesOfText sink;
     Budget budget(0.01);
-    const Scale scale(0.01, {}, 0);
+    const DrawingScale scale(0.01, {}, 0);
     const Placement placement{trial.drawing, {}, {}, scale, sink, trial.report, budget};
-    DrawTexts(text, placement, [](const StyleOfPart& part) {
+    DrawAnyText(text, placement, [](const StyleOfPart& part) {
         Style style;
         style.colour.index = part.colour;
         return style;

@@ -98,7 +98,7 @@ TEST(DrawGeometry, ModelledSolidsAreReportedAndUnknownTypesAreNot)
     Other unknown;
     unknown.typeName = stage.drawing.names.Of("ROOM");
     Budget budget(stage.tolerance);
-    const Scale scale(stage.tolerance, stage.reach, stage.pointSize);
+    const DrawingScale scale(stage.tolerance, stage.reach, stage.pointSize);
     const Placement placement{stage.drawing, stage.matrix, stage.style, scale,
                               stage.sink,    stage.report, budget};
     EXPECT_FALSE(DrawGeometry(unknown, placement, {}));

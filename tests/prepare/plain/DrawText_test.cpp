@@ -335,7 +335,7 @@ TEST(DrawText, VerticalWritingIsReported)
               Lines{"Changed TEXT: vertical writing is drawn along a line (1 from line 7)"});
 }
 
-TEST(DrawTexts, OtherTypesAreForOthers)
+TEST(DrawAnyText, OtherTypesAreForOthers)
 {
     TextTrial trial;
     EXPECT_EQ(trial.Draw(Circle{}), Lines{"not a text"});

@@ -22,7 +22,7 @@ double SignedArea(const Ring& ring)
 std::vector<Ring> Rings(const Hatch& hatch, Stage& stage)
 {
     Budget budget(stage.tolerance);
-    const Scale scale(stage.tolerance, stage.reach, stage.pointSize);
+    const DrawingScale scale(stage.tolerance, stage.reach, stage.pointSize);
     const Placement placement{stage.drawing, stage.matrix, stage.style, scale,
                               stage.sink,    stage.report, budget};
     const PartStyler styleOf;

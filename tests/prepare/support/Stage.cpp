@@ -27,7 +27,7 @@ const char* Word(Finding finding)
 Lines Stage::Draw(const Entity& entity)
 {
     Budget budget(tolerance, UINT64_MAX, mostPoints);
-    const Scale scale(tolerance, reach, pointSize);
+    const DrawingScale scale(tolerance, reach, pointSize);
     const Placement placement{drawing, matrix, style, scale, sink, report, budget};
     sink.lines.clear();
     report.BeginEntity();

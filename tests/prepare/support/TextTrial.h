@@ -2,7 +2,7 @@
 #pragma once
 
 #include "prepare/plain/DrawAnnotations.h"
-#include "prepare/plain/DrawTexts.h"
+#include "prepare/plain/DrawAnyText.h"
 #include "support/RecordingSink.h"
 
 #include <string>
@@ -20,7 +20,7 @@ struct TextTrial {
     {
         RecordingSink sink;
         Budget budget(0.01);
-        const Scale scale(0.01, {}, 0);
+        const DrawingScale scale(0.01, {}, 0);
         const Placement placement{drawing, matrix, {}, scale, sink, report, budget};
         const PartStyler styleOf = [](const StyleOfPart& part) {
             Style style;
@@ -30,7 +30,7 @@ struct TextTrial {
             return style;
         };
         report.BeginEntity();
-        if (!DrawTexts(entity, placement, styleOf) && !DrawAnnotations(entity, placement, styleOf))
+        if (!DrawAnyText(entity, placement, styleOf) && !DrawAnnotations(entity, placement, styleOf))
             sink.lines.push_back("not a text");
         return std::move(sink.lines);
     }

@@ -7,9 +7,9 @@ namespace prepare {
 
 // In the output's units. Notes whether anybody asked: while a drawing is being measured nothing of this is
 // known, and what was drawn without asking is drawn as it stays.
-class Scale {
+class DrawingScale {
 public:
-    Scale(double tolerance, const Box& reach, double pointSize)
+    DrawingScale(double tolerance, const Box& reach, double pointSize)
         : m_tolerance(tolerance), m_reach(reach), m_pointSize(pointSize)
     {
     }

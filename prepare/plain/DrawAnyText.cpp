@@ -1,4 +1,4 @@
-#include "prepare/plain/DrawTexts.h"
+#include "prepare/plain/DrawAnyText.h"
 
 #include "prepare/plain/DrawMText.h"
 #include "prepare/plain/DrawText.h"
@@ -22,7 +22,7 @@ std::string_view TypeNameOf(EntityType type)
 
 } // namespace
 
-bool DrawTexts(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
+bool DrawAnyText(const Entity& entity, const Placement& placement, const PartStyler& styleOf)
 {
     switch (entity.type) {
     case EntityType::Text:

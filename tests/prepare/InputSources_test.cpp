@@ -1,5 +1,5 @@
 // The inputs of the C interface.
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 
 #include "support/TempFile.h"
 

@@ -8,7 +8,7 @@
 
 namespace plexorn {
 
-enum class Otherwise {
+enum class AsIsDifference {
     StraightBulges,
     NoWidths,
     UnturnedTexts,
@@ -24,18 +24,18 @@ enum class Otherwise {
     PaperSpace,
     NoSheets,
 };
-inline constexpr std::size_t kOtherwiseCount = 14;
+inline constexpr std::size_t kAsIsDifferenceCount = 14;
 
 // How many entities each of them concerns. An entity may count for several.
-using OtherwiseCounts = std::array<std::uint64_t, kOtherwiseCount>;
+using AsIsDifferenceCounts = std::array<std::uint64_t, kAsIsDifferenceCount>;
 
-struct OtherwiseRow {
+struct AsIsDifferenceRow {
     std::string_view name; // for programs
     std::string_view singular;
     std::string_view plural;
 };
 // In the order of the enumeration.
-inline constexpr std::array<OtherwiseRow, kOtherwiseCount> kOtherwiseRows{{
+inline constexpr std::array<AsIsDifferenceRow, kAsIsDifferenceCount> kAsIsDifferenceRows{{
     {"bulgesStraight", "polyline with straight bulges", "polylines with straight bulges"},
     {"widthsLeftOut", "polyline without its width", "polylines without their width"},
     {"textsUnturned", "text not turned", "texts not turned"},

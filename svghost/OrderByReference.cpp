@@ -1,4 +1,4 @@
-#include "svghost/References.h"
+#include "svghost/OrderByReference.h"
 
 #include <algorithm>
 

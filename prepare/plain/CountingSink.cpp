@@ -1,4 +1,4 @@
-#include "prepare/plain/CountedSink.h"
+#include "prepare/plain/CountingSink.h"
 
 #include <string_view>
 
@@ -20,60 +20,60 @@ std::string TextOf(const PlainCounts& counts)
     return text;
 }
 
-PlainSink& CountedSink::Count(PlainKind kind)
+PlainSink& CountingSink::Count(PlainKind kind)
 {
     ++m_counts[static_cast<std::size_t>(kind)];
     return m_next;
 }
 
-void CountedSink::Line(const Style& style, Point2 start, Point2 end)
+void CountingSink::Line(const Style& style, Point2 start, Point2 end)
 {
     Count(PlainKind::Line).Line(style, start, end);
 }
 
-void CountedSink::Circle(const Style& style, Point2 centre, double radius)
+void CountingSink::Circle(const Style& style, Point2 centre, double radius)
 {
     Count(PlainKind::Circle).Circle(style, centre, radius);
 }
 
-void CountedSink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
+void CountingSink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
 {
     Count(PlainKind::Arc).Arc(style, centre, radius, start, end);
 }
 
-void CountedSink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
-                          double end)
+void CountingSink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                           double end)
 {
     Count(PlainKind::Ellipse).Ellipse(style, centre, majorAxis, ratio, start, end);
 }
 
-void CountedSink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
+void CountingSink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
 {
     Count(PlainKind::Polyline).Polyline(style, vertices, isClosed);
 }
 
-void CountedSink::Text(const Style& style, const PlainText& text)
+void CountingSink::Text(const Style& style, const PlainText& text)
 {
     Count(PlainKind::Text).Text(style, text);
 }
 
-void CountedSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
+void CountingSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
     m_counts[static_cast<std::size_t>(PlainKind::Text)] += runs.size();
     m_next.LineOfText(point, spread, runs);
 }
 
-void CountedSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+void CountingSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
     Count(PlainKind::Area).Fill(style, rings);
 }
 
-void CountedSink::Mask(std::span<const std::vector<Point2>> rings)
+void CountingSink::Mask(std::span<const std::vector<Point2>> rings)
 {
     Count(PlainKind::Area).Mask(rings);
 }
 
-void CountedSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+void CountingSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
     Count(PlainKind::Insert).Insert(block, point, rotation, isMirrored);
 }

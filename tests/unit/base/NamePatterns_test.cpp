@@ -1,5 +1,5 @@
 // Patterns of names.
-#include "base/Patterns.h"
+#include "base/NamePatterns.h"
 
 #include <gtest/gtest.h>
 

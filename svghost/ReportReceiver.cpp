@@ -1,4 +1,4 @@
-#include "svghost/Reports.h"
+#include "svghost/ReportReceiver.h"
 
 namespace svghost {
 

@@ -20,9 +20,9 @@ using PlainCounts = std::array<std::uint64_t, kPlainKinds>;
 std::string TextOf(const PlainCounts& counts);
 
 // Passes everything on to another sink and counts it.
-class CountedSink final : public PlainSink {
+class CountingSink final : public PlainSink {
 public:
-    CountedSink(PlainSink& next, PlainCounts& counts) : m_next(next), m_counts(counts) {}
+    CountingSink(PlainSink& next, PlainCounts& counts) : m_next(next), m_counts(counts) {}
 
     void Line(const Style& style, Point2 start, Point2 end) override;
     void Circle(const Style& style, Point2 centre, double radius) override;

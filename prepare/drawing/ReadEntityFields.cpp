@@ -1,4 +1,4 @@
-#include "prepare/drawing/ReadRecords.h"
+#include "prepare/drawing/ReadEntityFields.h"
 
 #include "base/Pi.h"
 #include "prepare/drawing/EntityFields.h"

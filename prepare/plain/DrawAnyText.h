@@ -8,6 +8,6 @@ namespace prepare {
 
 // TEXT, ATTRIB, ATTDEF and MTEXT: false when the type is not among them. Inserts and blocks decide before
 // whether an attribute is visible.
-bool DrawTexts(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
+bool DrawAnyText(const Entity& entity, const Placement& placement, const PartStyler& styleOf);
 
 } // namespace prepare

@@ -1,4 +1,4 @@
-#include "svghost/Texts.h"
+#include "svghost/Writing.h"
 
 #include "svghost/AgreedSymbols.h"
 

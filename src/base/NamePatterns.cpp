@@ -1,4 +1,4 @@
-#include "base/Patterns.h"
+#include "base/NamePatterns.h"
 
 #include "base/Letters.h"
 #include "base/Utf8.h"

@@ -1,4 +1,4 @@
-#include "prepare/StrokeWidths.h"
+#include "prepare/ChooseStrokes.h"
 
 #include "prepare/CurveTolerance.h"
 

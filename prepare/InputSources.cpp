@@ -1,4 +1,4 @@
-#include "prepare/Inputs.h"
+#include "prepare/InputSources.h"
 
 #include "input/CDxfMemory.h"
 #include "input/CDxfOpenFile.h"
