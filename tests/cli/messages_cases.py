@@ -112,6 +112,8 @@ class Messages(Printed):
         self.assertRegex(findings,
                          r"; [0-9]+ elements left out \(the picture is too large for a drawing of this size\)$")
         self.assertGreater(int(re.search(r"; ([0-9]+) elements", findings)[1]), 100)
+        picture = self.read("plan.svg")
+        self.assertEqual(int(drawn), sum(map(picture.count, ("<line ", "<text ", "<g>"))))
         self.assertGreater(int(drawn), 2000)
         self.write("plan.dxf", entities(*LINE * 1000, *self.LONG_TEXTS))
         self.assertNotIn(", 0 of ", self.expect(0, "plan.dxf"))
