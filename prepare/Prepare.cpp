@@ -1,8 +1,8 @@
 #include "prepare/Prepare.h"
 
 #include "prepare/InputSources.h"
+#include "prepare/Layouts.h"
 #include "prepare/PrepareDrawing.h"
-#include "prepare/PrepareSheet.h"
 
 #include <cmath>
 

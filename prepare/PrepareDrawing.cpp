@@ -1,5 +1,6 @@
 #include "prepare/PrepareDrawing.h"
 
+#include "prepare/Layouts.h"
 #include "prepare/PrepareSheet.h"
 #include "prepare/Settings.h"
 #include "prepare/drawing/CountContents.h"

@@ -1,12 +1,10 @@
 #include "prepare/PrepareSheet.h"
 
-#include "base/Letters.h"
+#include "prepare/Layouts.h"
 #include "prepare/Settings.h"
 #include "prepare/drawing/CountContents.h"
-#include "prepare/drawing/Encoding.h"
 #include "prepare/drawing/ReadDrawing.h"
 #include "prepare/plain/SheetConverter.h"
-#include "prepare/report/WaitingFindings.h"
 
 #include <algorithm>
 #include <memory>
@@ -14,70 +12,6 @@
 namespace prepare {
 
 namespace {
-
-// Counts entities and passes them on.
-class Counting final : public EntitySink {
-public:
-    explicit Counting(EntitySink* next = nullptr) : m_next(next) {}
-
-    void Take(const Entity& entity) override
-    {
-        CountEntity(entity, contents);
-        if (m_next != nullptr)
-            m_next->Take(entity);
-    }
-
-    Contents contents;
-
-private:
-    EntitySink* m_next;
-};
-
-// The name of a sheet that a drawing has, but does not mention.
-constexpr const char* kUnnamedLayout = "Layout1";
-
-// All of a drawing but its entities, with its layouts; false when it could not be read to its end.
-bool ReadLayouts(ReopenableSource& source, std::string_view encoding, Drawing& drawing, Report& report)
-{
-    bool hasFailed = false;
-    WaitingFindings found;
-    Counting entities;
-    const auto readEntities = [&] {
-        ReadEntities(source.Rewound(), encoding, drawing, entities, hasFailed);
-        hasFailed = hasFailed && !source.IsTakenInPart();
-    };
-    ReadIndex(source.Rewound(), encoding, drawing, nullptr, found.Taken(), hasFailed);
-    hasFailed = hasFailed && !source.IsTakenInPart();
-    const bool mustGuess = !hasFailed && NamesNoCodePage(drawing, encoding);
-    if (mustGuess) {
-        readEntities();
-        GuessCodePage(drawing);
-    }
-    if (!hasFailed && MustReadAgain(drawing, encoding)) {
-        NoteGuess(drawing, report);
-        Header header = std::move(drawing.header);
-        drawing = Drawing();
-        drawing.header = std::move(header);
-        return ReadLayouts(source, encoding, drawing, report);
-    }
-    found.GiveTo(report);
-    if (hasFailed || !drawing.layouts.empty())
-        return !hasFailed;
-    if (!mustGuess)
-        readEntities();
-    if (entities.contents.inPaperSpace > 0) {
-        Layout& layout = drawing.layouts.emplace_back();
-        layout.name = kUnnamedLayout;
-        layout.isActive = true;
-    }
-    return !hasFailed;
-}
-
-LayoutSize SizeOf(const Layout& layout)
-{
-    const Sheet sheet = SheetOf(layout);
-    return {layout.name, sheet.width, sheet.height};
-}
 
 // Prepares one sheet, in passes over the drawing.
 class SheetPasses {
@@ -125,7 +59,7 @@ bool SheetPasses::Read(EntitySink& sink, Report* report)
 bool SheetPasses::ReadWindows()
 {
     WindowReader reader(m_drawing, m_layout, m_sheet, m_report);
-    Counting counting(&reader);
+    EntityCounter counting(&reader);
     if (!Read(counting, &m_report))
         return false;
     TellContents(counting.contents);
@@ -193,20 +127,6 @@ std::unique_ptr<DrawingWriter> SheetPasses::WriteAll()
 
 } // namespace
 
-bool IsModelName(std::string_view name)
-{
-    return AreSameLetters(name, "Model");
-}
-
-std::vector<LayoutSize> SizesOfLayouts(const Drawing& drawing, bool hasPaperSpace)
-{
-    std::vector<LayoutSize> sizes;
-    std::transform(drawing.layouts.begin(), drawing.layouts.end(), std::back_inserter(sizes), SizeOf);
-    if (sizes.empty() && hasPaperSpace)
-        sizes.push_back({kUnnamedLayout, 0, 0});
-    return sizes;
-}
-
 PrepareOutcome PrepareSheet(ReopenableSource& source, const Options& options, const ByteFunction& write,
                             Report& report, const ProgressFunction& progress)
 {
@@ -229,19 +149,6 @@ PrepareOutcome PrepareSheet(ReopenableSource& source, const Options& options, co
     if (progress && !progress(0.9))
         return PrepareOutcome::Cancelled;
     return writer->Finish(write) ? PrepareOutcome::Done : PrepareOutcome::WriteFailed;
-}
-
-PrepareOutcome ListLayouts(ReopenableSource& source, std::string_view encoding,
-                           std::vector<LayoutSize>& layouts)
-{
-    if (!encoding.empty() && !IsEncoding(encoding))
-        return PrepareOutcome::BadOptions;
-    Drawing drawing;
-    Report unsaid;
-    if (!ReadLayouts(source, encoding, drawing, unsaid))
-        return PrepareOutcome::ReadFailed;
-    layouts = SizesOfLayouts(drawing, false);
-    return layouts.empty() && !drawing.hasSections ? PrepareOutcome::NoDrawing : PrepareOutcome::Done;
 }
 
 } // namespace prepare

@@ -1,7 +1,7 @@
 #include "svghost/ElementBytes.h"
 
 #include "svghost/Fills.h"
-#include "svghost/Writing.h"
+#include "svghost/TextSymbols.h"
 
 namespace svghost {
 

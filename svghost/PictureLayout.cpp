@@ -5,7 +5,7 @@
 #include "svghost/Fills.h"
 #include "svghost/OrderByReference.h"
 #include "svghost/SvgHostDocument.h"
-#include "svghost/Writing.h"
+#include "svghost/TextSymbols.h"
 
 #include <algorithm>
 #include <cmath>

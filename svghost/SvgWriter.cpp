@@ -7,7 +7,7 @@
 #include "svghost/Fills.h"
 #include "svghost/InkscapeLayers.h"
 #include "svghost/LayerMarks.h"
-#include "svghost/Writing.h"
+#include "svghost/TextSymbols.h"
 #include "svghost/XmlText.h"
 
 #include <algorithm>

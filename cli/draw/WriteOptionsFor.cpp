@@ -1,7 +1,7 @@
 #include "cli/draw/WriteOptionsFor.h"
 
 #include "base/Numbers.h"
-#include "cli/files/OlderPicture.h"
+#include "cli/files/Marks.h"
 
 namespace plexorn {
 

@@ -1,7 +1,8 @@
 #include "cli/files/Jobs.h"
 
 #include "cli/files/CheckEnding.h"
-#include "cli/files/ReadFiles.h"
+#include "cli/files/OutputNames.h"
+#include "cli/files/ProtectedInputs.h"
 #include "cli/system/Native.h"
 
 #include <algorithm>
@@ -17,58 +18,6 @@ namespace plexorn {
 namespace fs = std::filesystem;
 
 namespace {
-
-// What is made of drawings.
-struct Product {
-    std::string_view ending;
-    std::string_view name;
-};
-
-Product ProductOf(Task task)
-{
-    return task == Task::Prepare ? Product{".dxf", "prepared drawing"} : Product{".svg", "picture"};
-}
-
-// What no system takes in a file's name is replaced.
-std::string PartOfFileName(std::string text)
-{
-    constexpr std::string_view kTaken = "/\\:*?\"<>|";
-    std::replace_if(
-        text.begin(), text.end(),
-        [&](char c) { return (c >= 0 && c < ' ') || kTaken.find(c) != std::string_view::npos; }, '_');
-    return text;
-}
-
-std::string OutputName(const Input& input, std::string_view ending)
-{
-    if (input.name == kStandardStream)
-        return std::string("stdin").append(ending);
-    constexpr std::size_t kEnding = 4; // ".dxf"
-    std::string name = input.name;
-    if (EndsInDxf(name))
-        name.resize(name.size() - kEnding);
-    if (!input.layout.empty())
-        name.append("-").append(PartOfFileName(input.layout));
-    return name.append(ending);
-}
-
-bool IsFolderOfPictures(const std::string& output)
-{
-    std::error_code ignored;
-    return EndsAsFolder(output) || fs::is_directory(PathFromArgument(output), ignored);
-}
-
-std::string OutputFor(const Input& input, const Options& options, bool isFolder)
-{
-    const std::string_view ending = ProductOf(options.task).ending;
-    if (isFolder) {
-        const fs::path picture = PathFromArgument(OutputName(input, ending)).filename();
-        return ArgumentFromPath(PathFromArgument(options.output) / input.below / picture);
-    }
-    if (!options.output.empty())
-        return options.output;
-    return input.name == kStandardStream ? kStandardStream : OutputName(input, ending);
-}
 
 // What the bytes of a picture reach: a file's identity, or an empty text for a terminal, a pipe and the like.
 std::string IdentityOfOutput(const std::string& output)
@@ -134,7 +83,7 @@ private:
 
     Task m_task;
     std::set<std::string> m_drawings;
-    ReadFiles m_read;
+    ProtectedInputs m_read;
     std::map<std::string, std::pair<std::string, std::string>> m_pictures;
 };
 

@@ -1,5 +1,6 @@
 #include "cli/files/OlderPicture.h"
 
+#include "cli/files/Marks.h"
 #include "cli/files/Source.h"
 #include "cli/system/Native.h"
 

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 namespace plexorn {
 
@@ -13,12 +12,6 @@ namespace plexorn {
 // end of a sentence that begins with the picture; empty when it is drawn.
 std::string WhyLeftAlone(const std::filesystem::path& drawing, const std::string& output,
                          const Options& options);
-
-// The value of the attribute data-generator that marks a picture.
-inline constexpr const char* kGenerator = "plexorn";
-
-// What a prepared drawing begins with: a comment, which marks it.
-inline constexpr std::string_view kDrawingMark = "999\nplexorn\n";
 
 // Whether a file is at output that has bytes but not the mark of what this command writes, and so is lost
 // when it is replaced.

@@ -2,7 +2,7 @@
 
 #include "cli/contents/Collector.h"
 #include "cli/files/Inputs.h"
-#include "cli/files/ReadFiles.h"
+#include "cli/files/ProtectedInputs.h"
 #include "cli/files/SizeOfFile.h"
 #include "cli/files/Source.h"
 #include "cli/info/InfoJson.h"
@@ -80,7 +80,7 @@ void Tell(const Input& input, const Options& options, Report& report, Summary& s
 ExitCode RunInfo(const Options& options)
 {
     const Inputs inputs = FindInputs(options);
-    ReadFiles(inputs.files, options).CheckStandardOutput();
+    ProtectedInputs(inputs.files, options).CheckStandardOutput();
     Printer printer(inputs.files.size(), false);
     Summary summary;
     RunResult result{inputs.files.size()};

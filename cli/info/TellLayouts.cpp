@@ -1,7 +1,7 @@
 #include "cli/info/TellLayouts.h"
 
 #include "cli/files/Inputs.h"
-#include "cli/files/ReadFiles.h"
+#include "cli/files/ProtectedInputs.h"
 #include "cli/files/Source.h"
 #include "cli/info/Print.h"
 #include "cli/prepare/Layouts.h"
@@ -47,7 +47,7 @@ void Tell(const Input& input, const Options& options, bool isOne, Report& report
 ExitCode TellLayouts(const Options& options)
 {
     const Inputs inputs = FindInputs(options);
-    ReadFiles(inputs.files, options).CheckStandardOutput();
+    ProtectedInputs(inputs.files, options).CheckStandardOutput();
     Printer printer(inputs.files.size(), false);
     RunResult result{inputs.files.size()};
     for (std::size_t number = 0; number < inputs.files.size(); ++number) {

@@ -1,7 +1,7 @@
 #include "cli/prepare/Layouts.h"
 
 #include "cli/prepare/RewoundFile.h"
-#include "prepare/PrepareSheet.h"
+#include "prepare/Layouts.h"
 
 #include <system_error>
 

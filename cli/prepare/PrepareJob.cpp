@@ -3,6 +3,7 @@
 #include "cli/batch/CheckMinDrawn.h"
 #include "cli/batch/IsReady.h"
 #include "cli/batch/WriteOutput.h"
+#include "cli/files/Marks.h"
 #include "cli/files/OlderPicture.h"
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/Layouts.h"

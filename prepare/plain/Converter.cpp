@@ -156,7 +156,7 @@ void Converter::ReportCovered(const MText& text)
 }
 
 // An entity of which nothing came, though it should be seen and nobody has said why it is not.
-void Converter::ReportEmpty(const Entity& entity, const SizingSink& made, std::uint64_t lossesBefore)
+void Converter::ReportEmpty(const Entity& entity, const VisibilitySink& made, std::uint64_t lossesBefore)
 {
     m_hasVisible = m_hasVisible || made.IsVisible();
     if (!made.HasSize() && m_report.Losses() == lossesBefore && !HasNothingToSee(entity, m_drawing))
@@ -181,7 +181,7 @@ void Converter::PlaceOther(const Entity& entity, const Context& context, const S
 {
     if (entity.type == EntityType::Ray || entity.type == EntityType::XLine)
         AddRayStart(static_cast<const Ray&>(entity), context);
-    SizingSink made(context.sink);
+    VisibilitySink made(context.sink);
     const Placement placement = PlacementOf(context, style, made);
     const std::uint64_t coarseBefore = m_budget.curves.CoarseParts(), lossesBefore = m_report.Losses();
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
@@ -353,7 +353,7 @@ void Converter::RedrawDimension(const Dimension& dimension, const Context& conte
     const PartStyler styleOf = [this, &style](const StyleOfPart& part) {
         return m_styles->OfPart(part, style);
     };
-    SizingSink made(context.sink);
+    VisibilitySink made(context.sink);
     const Context within{context.matrix, context.insert, context.isInBlock, made, context.cut};
     const std::uint64_t lossesBefore = m_report.Losses();
     const BlockPlacer placeBlock = [&](const Block& block, const Matrix& matrix, const Style& ofPart) {

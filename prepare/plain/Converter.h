@@ -10,8 +10,8 @@
 #include "prepare/plain/LayerChoice.h"
 #include "prepare/plain/Measure.h"
 #include "prepare/plain/Placement.h"
-#include "prepare/plain/SizingSink.h"
 #include "prepare/plain/StyleResolver.h"
+#include "prepare/plain/VisibilitySink.h"
 
 #include <array>
 #include <cstddef>
@@ -109,7 +109,7 @@ private:
     void Place(const Entity& entity, const Context& context);
     void ReportFault(const Entity& entity);
     void ReportCovered(const MText& text);
-    void ReportEmpty(const Entity& entity, const SizingSink& made, std::uint64_t lossesBefore);
+    void ReportEmpty(const Entity& entity, const VisibilitySink& made, std::uint64_t lossesBefore);
     void PlaceRewritten(const Entity& entity, const Context& context, const Style& style);
     void AddRayStart(const Ray& ray, const Context& context);
     void PlaceOther(const Entity& entity, const Context& context, const Style& style);

@@ -2,7 +2,7 @@
 
 #include "prepare/plain/Converter.h"
 #include "prepare/plain/Curves.h"
-#include "prepare/plain/OutlineOutput.h"
+#include "prepare/plain/ViewportOutline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -163,7 +163,7 @@ std::vector<Point2> OutlineReader::OutlineOf(const Entity& entity, double side)
     Options options;
     options.showsAllLayers = true;
     m_limits.tolerance = kFineness * side;
-    OutlineOutput output(m_limits.tolerance, m_limits.sparePointsOfCurves);
+    ViewportOutline output(m_limits.tolerance, m_limits.sparePointsOfCurves);
     Report unsaid;
     Converter converter(m_drawing, options, m_limits, output, unsaid);
     View view(m_drawing, options);

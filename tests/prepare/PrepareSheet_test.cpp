@@ -2,6 +2,7 @@
 #include "prepare/PrepareSheet.h"
 
 #include "prepare/InputSources.h"
+#include "prepare/Layouts.h"
 #include "prepare/support/PointsIn.h"
 #include "support/Dxf.h"
 

@@ -1,4 +1,4 @@
-#include "svghost/Writing.h"
+#include "svghost/TextSymbols.h"
 
 #include "svghost/AgreedSymbols.h"
 

@@ -1,4 +1,4 @@
-#include "cli/files/ReadFiles.h"
+#include "cli/files/ProtectedInputs.h"
 
 #include "cli/system/Native.h"
 
@@ -6,7 +6,7 @@
 
 namespace plexorn {
 
-ReadFiles::ReadFiles(const std::vector<Input>& inputs, const Options& options)
+ProtectedInputs::ProtectedInputs(const std::vector<Input>& inputs, const Options& options)
 {
     for (const Input& input : inputs)
         if (input.name != kStandardStream)
@@ -16,19 +16,19 @@ ReadFiles::ReadFiles(const std::vector<Input>& inputs, const Options& options)
     Add(FileIdentity(stdin), "the file of the standard input");
 }
 
-const char* ReadFiles::WhatIs(const std::string& identity) const
+const char* ProtectedInputs::WhatIs(const std::string& identity) const
 {
     const auto found = m_files.find(identity);
     return found == m_files.end() ? nullptr : found->second;
 }
 
-void ReadFiles::CheckStandardOutput() const
+void ProtectedInputs::CheckStandardOutput() const
 {
     if (const char* const what = WhatIs(FileIdentity(stdout)))
         throw UsageError(std::string("the standard output is ") + what + "; give it another place");
 }
 
-void ReadFiles::Add(const std::string& identity, const char* what)
+void ProtectedInputs::Add(const std::string& identity, const char* what)
 {
     if (!identity.empty())
         m_files.try_emplace(identity, what);

@@ -11,10 +11,10 @@
 namespace plexorn {
 
 // Knows files by their identity, whatever their names.
-class ReadFiles {
+class ProtectedInputs {
 public:
     // The drawings, the list of drawings, and the file that is open as the standard input.
-    ReadFiles(const std::vector<Input>& inputs, const Options& options);
+    ProtectedInputs(const std::vector<Input>& inputs, const Options& options);
 
     // What the file of that identity is among them, such as "one of the drawings"; null if it is none of
     // them.

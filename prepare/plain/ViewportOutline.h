@@ -9,10 +9,10 @@
 namespace prepare {
 
 // Keeps the points of the first curve that it is given.
-class OutlineOutput final : public PlainOutput, private PlainSink {
+class ViewportOutline final : public PlainOutput, private PlainSink {
 public:
     // Of flattened curves, as Fineness has them.
-    OutlineOutput(double tolerance, std::uint64_t sparePoints) : m_curves(tolerance, sparePoints) {}
+    ViewportOutline(double tolerance, std::uint64_t sparePoints) : m_curves(tolerance, sparePoints) {}
 
     PlainSink& Model() override { return *this; }
     std::size_t NewBlock(std::string_view) override { return 0; }

@@ -6,9 +6,9 @@
 namespace prepare {
 
 // Passes everything on to another sink and notes whether any of it has a size.
-class SizingSink final : public PlainSink {
+class VisibilitySink final : public PlainSink {
 public:
-    explicit SizingSink(PlainSink& next) : m_next(next) {}
+    explicit VisibilitySink(PlainSink& next) : m_next(next) {}
 
     // Whether something came that has a size, or an insert.
     bool HasSize() const { return m_isVisible || m_hasOther; }

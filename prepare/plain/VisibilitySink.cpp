@@ -1,4 +1,4 @@
-#include "prepare/plain/SizingSink.h"
+#include "prepare/plain/VisibilitySink.h"
 
 #include <algorithm>
 
@@ -16,63 +16,63 @@ bool HasExtent(std::span<const std::vector<Point2>> rings)
 
 } // namespace
 
-void SizingSink::Line(const Style& style, Point2 start, Point2 end)
+void VisibilitySink::Line(const Style& style, Point2 start, Point2 end)
 {
     m_isVisible = true;
     m_next.Line(style, start, end);
 }
 
-void SizingSink::Circle(const Style& style, Point2 centre, double radius)
+void VisibilitySink::Circle(const Style& style, Point2 centre, double radius)
 {
     See(radius > 0);
     m_next.Circle(style, centre, radius);
 }
 
-void SizingSink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
+void VisibilitySink::Arc(const Style& style, Point2 centre, double radius, double start, double end)
 {
     See(radius > 0 && end > start);
     m_next.Arc(style, centre, radius, start, end);
 }
 
-void SizingSink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
-                         double end)
+void VisibilitySink::Ellipse(const Style& style, Point2 centre, Point2 majorAxis, double ratio, double start,
+                             double end)
 {
     See(ratio > 0 && end > start && !(majorAxis == Point2{}));
     m_next.Ellipse(style, centre, majorAxis, ratio, start, end);
 }
 
-void SizingSink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
+void VisibilitySink::Polyline(const Style& style, std::span<const PlainVertex> vertices, bool isClosed)
 {
     See(std::any_of(vertices.begin(), vertices.end(),
                     [&](const PlainVertex& v) { return !(v.point == vertices.front().point); }));
     m_next.Polyline(style, vertices, isClosed);
 }
 
-void SizingSink::Text(const Style& style, const PlainText& text)
+void VisibilitySink::Text(const Style& style, const PlainText& text)
 {
     m_isVisible = true;
     m_next.Text(style, text);
 }
 
-void SizingSink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
+void VisibilitySink::LineOfText(Point2 point, double spread, std::span<const PlainRun> runs)
 {
     See(!runs.empty());
     m_next.LineOfText(point, spread, runs);
 }
 
-void SizingSink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
+void VisibilitySink::Fill(const Style& style, std::span<const std::vector<Point2>> rings)
 {
     See(HasExtent(rings));
     m_next.Fill(style, rings);
 }
 
-void SizingSink::Mask(std::span<const std::vector<Point2>> rings)
+void VisibilitySink::Mask(std::span<const std::vector<Point2>> rings)
 {
     m_hasOther = m_hasOther || HasExtent(rings);
     m_next.Mask(rings);
 }
 
-void SizingSink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
+void VisibilitySink::Insert(std::size_t block, Point2 point, double rotation, bool isMirrored)
 {
     m_hasOther = true;
     m_next.Insert(block, point, rotation, isMirrored);
