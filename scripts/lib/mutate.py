@@ -300,6 +300,7 @@ class Tests:
 def try_one(build, tests, mutant):
     """What becomes of a change: "killed", "survived" or "not compiled"."""
     folder = tempfile.mkdtemp(dir=build.work)
+    os.chmod(folder, 0o755)  # some cases run the command as another user
     try:
         overlay = os.path.join(folder, "overlay")
         place = os.path.join(overlay, mutant.path)
@@ -350,6 +351,7 @@ def main():
     files = {os.path.relpath(os.path.abspath(path), ROOT) for path in arguments.file}
     build_programs(arguments.build, SUBJECTS[arguments.of].programs)
     with tempfile.TemporaryDirectory(prefix="plexorn-mutants-") as work:
+        os.chmod(work, 0o755)
         build = Build(os.path.abspath(arguments.build), work, arguments.of)
         chosen = all_mutants(build, files)
         print(f"{len(chosen)} changes can be made", flush=True)

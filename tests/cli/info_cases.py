@@ -241,6 +241,10 @@ class Lines(InfoTest):
         self.write("plan.dxf", entities("0", "A\x1b[2J", "8", "L\x1b[2J\x07", "1", "\x9b".encode().decode()))
         printed = self.plexorn("info", "plan.dxf", "--texts").stdout
         self.assertIn(r"A\x1B[2J", printed)
+        self.write("plan.dxf", entities("0", "TEXT", "10", "1", "40", "1", "1", "a\x1b[31mb%%007c\u009b31md"))
+        texts = self.plexorn("info", "plan.dxf", "--texts").stdout
+        self.assertIn(r"c\x9B31md", texts)
+        printed += texts
         self.assertEqual([character for character in printed if ord(character) < 32 and character != "\n"], [])
 
 
@@ -381,6 +385,14 @@ class Prepared(InfoTest):
         self.assertEqual(self.plexorn("info", "--summary", "a.dxf", "b.dxf").stdout.split("\n"), [
             "2 drawings, 0 shown as stated, 0 failed; 2 of 5 entities shown (40.0 %)", "",
             "  missing  entities  drawings", "  3DSOLID         3         2", ""])
+
+    def test_the_sum_of_what_layers_hide(self):
+        frozen = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "2", "F", "70", "1", "0", "ENDTAB",
+                     "0", "ENDSEC")
+        self.write("a.dxf", frozen + entities(*LINE, *("0", "LINE", "8", "F", "11", "9") * 2))
+        self.write("b.dxf", frozen + entities(*LINE, "0", "LINE", "8", "F", "11", "9"))
+        printed = self.plexorn("info", "--json", "--summary", "a.dxf", "b.dxf").stdout
+        self.assertIn('"hidden":{"offOrFrozen":3}', printed)
 
     def test_the_sum_counts_drawings_that_are_changed_and_says_all_of_none_that_is_cut(self):
         self.write("cut.dxf", entities(*LINE, "0", "TEXT", "10", "1\x002", "40", "1", "1", "AB\x00CD"))

@@ -123,6 +123,18 @@ class Layouts(CommandTest):
         said = self.expect(2, "--layout", "all", "plan.dxf", "-o", "one.svg")
         self.assertIn("several layouts need a folder for their pictures", said)
 
+    def test_of_two_sheets_with_one_name_of_a_picture_the_second_is_refused(self):
+        self.write("plan.dxf", SHEETS.replace(b"Second: b/c", b"A:1").replace(b"First", b"A/1"))
+        self.assertIn("plan-A_1.svg is the picture of plan.dxf already", self.expect(5, "--layout", "all", "plan.dxf"))
+        self.assertEqual(self.names(), ["plan-A_1.svg", "plan.dxf"])
+        self.assertEqual(len(self.lines("plan-A_1.svg")), 3)
+
+    def test_a_sheet_larger_than_any_standard_has_its_own_size(self):
+        sheet = layout("Wide", "20", "1", width="2000")
+        self.write("plan.dxf", dxf(*RECORDS, *section("ENTITIES", *line(0, 0, 9, 9, "67", "1")), *section("OBJECTS", *sheet),
+                                   "0", "EOF"))
+        self.assertIn(", 2000 x 100 mm (the unit is mm, by the paper of Wide)", self.expect(0, "--layout", "Wide", "plan.dxf"))
+
     def test_the_name_of_a_file_has_nothing_that_a_system_refuses(self):
         self.write("plan.dxf", SHEETS.replace(b"Second: b/c", b'a\tb\x01c/\\:*?"<>|d'))
         self.expect(0, "-q", "--layout", "all", "plan.dxf")

@@ -211,3 +211,9 @@ class Groups(Printed):
                                      "plan.dxf: … and 1 more message of 1 kind"])
         lines, _ = self.messages(content, "--max-messages", "0")
         self.assertEqual(lines, ["plan.dxf: … and 10 more messages of 4 kinds"])
+
+    def test_quiet_says_nothing_of_messages_that_are_not_listed(self):
+        self.write("plan.dxf", entities(*("0", "SOLID") * 9, *LINE))
+        for options in ([], ["--verbose"], ["--messages=json"]):
+            for most in (["--max-messages", "1"], []):
+                self.assertEqual(self.expect(0, "-q", "plan.dxf", *options, *most), "")

@@ -90,7 +90,8 @@ class Options(CommandTest):
 
     def test_what_is_no_colour_is_wrong_usage(self):
         self.write("plan.dxf")
-        for text in ("#12", "#ggg", '"/><script>', "a;b", "url(#x)", "url(1/2)", "URL(deg)", "", "rgb(1"):
+        for text in ("#12", "#ggg", '"/><script>', "a;b", "url(#x)", "url(1/2)", "URL(deg)", "", "rgb(1",
+                     "rgb(0,0,0);x:url(http://host/a)", "rgb(a)", "rgb(1;2)"):
             self.assertIn("is not a colour", self.expect(2, "plan.dxf", "--background", text))
         self.assertEqual(self.names(), ["plan.dxf"])
 

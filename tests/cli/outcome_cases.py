@@ -557,6 +557,11 @@ class Shares(OutcomeTest):
                 self.expect(1, "--strict", "plan.dxf")
                 self.expect(1, "-q", "--strict", "plan.dxf")
 
+    def test_what_follows_an_embedded_object_is_looked_at(self):
+        mtext = ("0", "MTEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", "a", "101", "Embedded Object", "50", "7")
+        text = ("0", "TEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", "a", "50", "30")
+        self.assertEqual(self.share(entities(*mtext, *text))["otherwise"], {"textsUnturned": 1})
+
     def test_an_extrusion_does_not_move_what_has_coordinates_of_the_world(self):
         for content in (("0", "LINE", "8", "0", *LINE[4:], "230", "-1"),
                         ("0", "ELLIPSE", "10", "1", "20", "1", "11", "5", "21", "0", "40", "0.5", "41", "0", "42", "6.28",

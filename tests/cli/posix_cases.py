@@ -316,6 +316,15 @@ class SpecialFiles(CommandTest):
         self.assertIn("</svg>", self.read("far/picture.svg"))
         self.assertEqual(os.listdir(self.path("far")), ["picture.svg"])
 
+    def test_a_link_leads_on_from_its_own_folder(self):
+        self.write("plan.dxf")
+        os.mkdir(self.path("far"))
+        os.symlink("picture.svg", self.path("far/link.svg"))
+        self.expect(0, "plan.dxf", "-o", "far/link.svg")
+        self.assertEqual(sorted(os.listdir(self.path("far"))), ["link.svg", "picture.svg"])
+        self.assertTrue(os.path.islink(self.path("far/link.svg")))
+        self.assertEqual(self.names(), ["far", "plan.dxf"])
+
     def test_a_link_to_a_picture_that_is_not_there_yet_stays_a_link(self):
         self.write("plan.dxf")
         os.mkdir(self.path("far"))

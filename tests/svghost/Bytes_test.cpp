@@ -196,6 +196,20 @@ TEST(Bytes, LongDashPatternsAreWrittenOnce)
     EXPECT_FALSE(shared.First("circle").attribute("class"));
 }
 
+TEST(Bytes, ClassesOfDashPatternsLeaveDotsTheirRoundEnds)
+{
+    const HostDocument document;
+    document.Set(document.Line(0, 0, 1, 1), L"stroke-dasharray", (L"0 " + DashPattern(40) + L" 1").c_str());
+    document.Set(document.Circle(1, 0, 0), L"stroke-dasharray", DashPattern(40).c_str());
+    SvgHostWriteOptions options = {};
+    options.sharesDashPatterns = true;
+    const ParsedSvg shared(document.Write(options));
+    EXPECT_STREQ(shared.First("line").attribute("class").value(), "dashes-1");
+    EXPECT_STREQ(shared.First("line").attribute("stroke-linecap").value(), "round");
+    EXPECT_STREQ(shared.First("circle").attribute("class").value(), "dashes-2");
+    EXPECT_FALSE(shared.First("circle").attribute("stroke-linecap"));
+}
+
 TEST(Bytes, ClassesOfDashPatternsAreNamedInFull)
 {
     const HostDocument document;

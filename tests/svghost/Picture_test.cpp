@@ -290,6 +290,27 @@ TEST(Sheet, WidthsInASymbolThatIsShownAtSeveralScalesGoByTheirMean)
     ExpectWidth(svg.Definitions().child("symbol"), "line", width / 2); // the fourth root of 16
 }
 
+TEST(Sheet, WidthsInANestedSymbolGoByHowOftenItsUserIsShown)
+{
+    HostDocument document;
+    document.Begin(L"INNER");
+    Thick(document, document.Line(0, 0, 10, 0), L"0.500000");
+    document.End();
+    document.Begin(L"OUTER");
+    document.Use(L"INNER", 0, 0);
+    document.End();
+    for (int i = 0; i < 3; ++i) {
+        const QlmNode use = document.Use(L"OUTER", 0, 0);
+        document.Set(use, L"scale-x", L"10");
+        document.Set(use, L"scale-y", L"10");
+    }
+    document.Use(L"INNER", 0, 0);
+    const ParsedSvg svg(document.Write(OnSheet()));
+    const double width = 0.5 * LongerSide(ViewBoxOf(svg)) / kSheet;
+    ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-INNER"), "line",
+                width / std::pow(10, 0.75));
+}
+
 TEST(Sheet, SymbolsThatAreNotShownDoNotCount)
 {
     HostDocument document;

@@ -1,6 +1,10 @@
 #include "prepare/plain/TextMetrics.h"
 
+#include "base/Utf8.h"
+
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace prepare {
 namespace {
@@ -20,6 +24,27 @@ TEST(TextMetrics, AccentsGreekAndCyrillicHaveTheirOwnWidths)
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0391'), 0.844);                // Alpha: as A
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0410'), 0.844);                // Cyrillic A: as A
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0301'), 0);                    // an accent over the letter before
+}
+
+// The sums change with any width in the table, and only when scripts/lib/fontwidths.py reads another font.
+TEST(TextMetrics, AllWidthsAreThoseOfTheFont)
+{
+    double all = 0, weighted = 0;
+    const auto add = [&](char32_t first, char32_t last) {
+        for (char32_t character = first; character <= last; ++character) {
+            std::string text;
+            AppendUtf8(text, character);
+            if (HasKnownWidth(text)) {
+                all += CharacterWidth(character) * 1000;
+                weighted += CharacterWidth(character) * 1000 * (character % 1009 + 1);
+            }
+        }
+    };
+    add(0x20, 0x52F);
+    add(0x1E00, 0x1EFF);
+    add(0x2000, 0x23FF);
+    EXPECT_NEAR(all, 1'729'790, 0.01);
+    EXPECT_NEAR(weighted, 855'186'382, 0.01);
 }
 
 TEST(TextMetrics, EastAsianCharactersAreAnEmWide)

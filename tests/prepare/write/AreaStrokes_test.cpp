@@ -43,6 +43,8 @@ double DistanceToEdges(const Rings& rings, Point2 p)
 
 bool IsInTriangle(Point2 a, Point2 b, Point2 c, Point2 p)
 {
+    if (Cross(b - a, c - a) == 0)
+        return false;
     const double x = Cross(b - a, p - a), y = Cross(c - b, p - b), z = Cross(a - c, p - c);
     return (x >= 0 && y >= 0 && z >= 0) || (x <= 0 && y <= 0 && z <= 0);
 }
@@ -248,6 +250,14 @@ TEST(AreaStrokes, SliversAreCovered)
     ExpectWhole({wave}, 4, 0.01);
 }
 
+Rings Scaled(double factor, Rings rings)
+{
+    for (std::vector<Point2>& ring : rings)
+        for (Point2& point : ring)
+            point = factor * point;
+    return rings;
+}
+
 TEST(AreaStrokes, LettersAreCovered)
 {
     const Rings e{
@@ -255,13 +265,16 @@ TEST(AreaStrokes, LettersAreCovered)
     const Rings a{{{0, 0}, {1.2, 0}, {2, 2.6}, {5, 2.6}, {5.8, 0}, {7, 0}, {4.1, 10}, {2.9, 10}},
                   {{2.4, 3.8}, {4.6, 3.8}, {3.5, 8.2}}};
     ExpectWhole(e, 48);
-    for (const double scale : {0.1, 0.3, 1.0, 5.0}) {
-        Rings scaled = a;
-        for (std::vector<Point2>& ring : scaled)
-            for (Point2& point : ring)
-                point = scale * point;
-        ExpectWhole(scaled, 48, 0.02);
-    }
+    for (const double scale : {0.1, 0.3, 1.0, 5.0})
+        ExpectWhole(Scaled(scale, a), 48, 0.02);
+}
+
+TEST(AreaStrokes, CombsOfAnySizeAreCovered)
+{
+    for (const double scale : {0.2, 0.5, 1.0, 5.0})
+        for (const double width : {1.0, 4.0})
+            for (const double gap : {0.5, 4.0})
+                ExpectWhole(Scaled(scale, {Comb(5, width, gap)}), 66);
 }
 
 TEST(AreaStrokes, ArrowheadsOfOtherShapesAreCovered)
