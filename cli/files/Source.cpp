@@ -1,7 +1,7 @@
 #include "cli/files/Source.h"
 
 #include "cli/files/Inputs.h"
-#include "cli/files/WhyNotAsciiDxf.h"
+#include "cli/files/WhyNotDxf.h"
 #include "cli/system/ReasonOf.h"
 #include "input/CDxfOpenFile.h"
 #include "prepare/pairs/TextSource.h"
@@ -65,7 +65,7 @@ std::string Source::WhyNotTaken(const std::string& head, Forms forms)
 {
     m_isAscii = forms == Forms::Ascii || !prepare::TextSource::Decodes(head);
     const Taker taker = forms == Forms::Ascii ? Taker::Module : Taker::Preparing;
-    return m_isAscii ? WhyNotAsciiDxf(head, taker) : "";
+    return m_isAscii ? WhyNotDxf(head, taker) : "";
 }
 
 // Nothing but a regular file is opened: a pipe could keep its reader waiting.

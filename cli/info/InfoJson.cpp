@@ -15,7 +15,7 @@ class JsonOfInfo {
 public:
     JsonOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
         : m_info(info), m_becoming(becoming), m_types(becoming != nullptr ? becoming->held : info.types),
-          m_page(info.header.codePage)
+          m_page(becoming != nullptr ? becoming->codePage : info.header.codePage)
     {
         m_json.Open('{').Member("file", file).Member("bytes", info.bytes).Member("lines", info.lines);
     }

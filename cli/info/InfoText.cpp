@@ -95,7 +95,7 @@ class TextOfInfo {
 public:
     TextOfInfo(const std::string& file, const DrawingInfo& info, const Becoming* becoming)
         : m_info(info), m_becoming(becoming), m_types(becoming != nullptr ? becoming->held : info.types),
-          m_page(info.header.codePage)
+          m_page(becoming != nullptr ? becoming->codePage : info.header.codePage)
     {
         m_out.append(Printable(file)).append("\n");
     }

@@ -3,6 +3,7 @@
 #include "cli/prepare/Findings.h"
 #include "cli/prepare/PrepareOptionsFor.h"
 #include "cli/prepare/RewoundFile.h"
+#include "prepare/drawing/Encoding.h"
 
 namespace plexorn {
 
@@ -76,6 +77,7 @@ Becoming BecomingOf(Source& source, const Options& options)
     for (const auto& [key, met] : findings.Entries())
         Add(key, met, becoming);
     becoming.sheets = std::move(findings.layouts);
+    becoming.codePage = prepare::NumberedCodePage(findings.contents.codePage);
     return becoming;
 }
 

@@ -30,6 +30,7 @@ struct Becoming {
     std::map<std::string, TypeBecoming> types; // by name; without those that stay what they are
     std::vector<std::string> repairs;          // what was wrong with the file, and the first line of that
     std::vector<prepare::LayoutSize> sheets;   // of the paper space
+    std::string codePage;                      // by which its names are read
 };
 
 // Prepares source's drawing and keeps only what became of it. Throws std::bad_alloc, and std::system_error

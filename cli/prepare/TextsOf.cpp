@@ -66,13 +66,13 @@ private:
     std::vector<TextInfo> m_texts;
 };
 
-} // namespace
-
-std::vector<TextInfo> TextsOf(Source& source, const Options& options)
+// False, and with the header, when the code page was known only after texts had been read by it; that comes
+// once at most.
+bool ReadTexts(RewoundFile& input, const std::string& encoding, prepare::Header& header,
+               std::vector<TextInfo>& found)
 {
-    const std::string encoding = PrepareOptionsFor(options).encoding;
-    RewoundFile input(source);
     prepare::Drawing drawing;
+    drawing.header = std::move(header);
     prepare::Report report;
     TextSink texts(drawing);
     bool hasFailed = false;
@@ -83,8 +83,26 @@ std::vector<TextInfo> TextsOf(Source& source, const Options& options)
     }
     if (hasFailed)
         input.ThrowFailure();
+    prepare::GuessCodePage(drawing);
+    if (prepare::MustReadAgain(drawing, encoding)) {
+        header = std::move(drawing.header);
+        return false;
+    }
     texts.AddBlocks();
-    return texts.InOrder();
+    found = texts.InOrder();
+    return true;
+}
+
+} // namespace
+
+std::vector<TextInfo> TextsOf(Source& source, const Options& options)
+{
+    RewoundFile input(source);
+    prepare::Header header;
+    std::vector<TextInfo> texts;
+    while (!ReadTexts(input, PrepareOptionsFor(options).encoding, header, texts)) {
+    }
+    return texts;
 }
 
 } // namespace plexorn

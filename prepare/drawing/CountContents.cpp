@@ -40,6 +40,7 @@ void CountRest(const Drawing& drawing, Contents& contents)
 {
     contents.isEnded = drawing.isEnded;
     contents.hasSkippedLines = drawing.hasSkippedLines;
+    contents.codePage = drawing.header.Text("$DWGCODEPAGE");
     contents.units = drawing.header.Text("$INSUNITS");
     contents.measurement = drawing.header.Text("$MEASUREMENT");
     contents.types = TypesOf(drawing);

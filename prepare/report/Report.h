@@ -55,7 +55,8 @@ struct Contents {
     std::uint64_t masks = 0;        // entities that only hide others
     bool isEnded = false;           // whether the file ends with its EOF
     bool hasSkippedLines = false;   // some lines are no group codes where these belong
-    std::string units; // $INSUNITS and $MEASUREMENT as the header has them; empty where it lacks them
+    std::string codePage; // $DWGCODEPAGE, or what it was guessed to be; empty where neither is known
+    std::string units;    // $INSUNITS and $MEASUREMENT as the header has them; empty where it lacks them
     std::string measurement;
     std::vector<TypeContents> types; // in the order of their first lines
 };

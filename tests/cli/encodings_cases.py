@@ -56,6 +56,19 @@ class Encodings(CommandTest):
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         return json.loads(result.stdout)
 
+    def test_texts_and_names_are_read_alike_however_the_code_page_is_known(self):
+        japanese = "図面の寸法と設備の配置を示す。"
+        named = drawing("ANSI_932", [japanese.encode("cp932")] * 3).replace(b"\n8\n0\n", "\n8\n図面\n".encode("cp932"))
+        unnamed = named.replace(b"9\n$DWGCODEPAGE\n3\nANSI_932\n", b"")
+        head, rest = named.split(b"0\nSECTION\n2\nTABLES", 1)
+        late = (b"0\nSECTION\n2\nTABLES" + rest).replace(b"0\nEOF\n", head + b"0\nEOF\n")
+        for content in (named, unnamed, late):
+            self.write("plan.dxf", content)
+            info = self.texts("plan.dxf")
+            self.assertEqual([(text["text"], text["layer"]) for text in info["texts"]], [(japanese, "図面")] * 3)
+            self.assertEqual([layer["name"] for layer in info["layers"]], ["図面"])
+            self.assertIn("図面", self.plexorn("info", "plan.dxf").stdout)
+
     def test_every_byte_of_every_code_page_is_its_character(self):
         if command_support.EMULATOR:
             self.skipTest("the tables of that system differ in bytes that have no character")

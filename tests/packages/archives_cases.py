@@ -58,7 +58,7 @@ class Contents(Unpacked):
                 file.write("[a](page.md#part) [b](https://example.org/b) [c](none.md) [d](/) [e](..)")
             self.assertEqual(support.broken_links(folder), ["page.md: none.md", "page.md: /", "page.md: .."])
 
-    @unittest.skipIf(support.ARGS.system == "windows", "there, abi.binary knows the libraries of the system")
+    @unittest.skipIf(support.ARGS.system == "windows", "there, abi.module knows the libraries of the system")
     def test_the_binaries_need_only_each_other_and_the_c_library(self):
         own = {os.path.basename(name) for name in self.binaries()}
         for name in self.binaries():
@@ -118,7 +118,7 @@ class Contents(Unpacked):
 
     def test_the_module_shows_the_same_names_as_in_the_build(self):
         name = next(name for name in self.binaries() if "Plexorn." in name)
-        test = os.path.join(os.path.dirname(support.HERE), "abi", "binary_test.py")
+        test = os.path.join(os.path.dirname(support.HERE), "abi", "module_test.py")
         definitions = os.path.join(support.ROOT, "src", "host", "QuillmarLib.def")
         result = subprocess.run(
             [support.ARGS.python, test, "--module", os.path.join(self.prefix, name), "--version",

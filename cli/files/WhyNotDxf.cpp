@@ -1,4 +1,4 @@
-#include "cli/files/WhyNotAsciiDxf.h"
+#include "cli/files/WhyNotDxf.h"
 
 #include "base/Blanks.h"
 #include "base/Utf8.h"
@@ -75,7 +75,7 @@ bool IsCodeOfModule(std::string_view line)
 
 } // namespace
 
-std::string WhyNotAsciiDxf(std::string_view head, Taker taker)
+std::string WhyNotDxf(std::string_view head, Taker taker)
 {
     if (head.empty())
         return "is empty";

@@ -17,6 +17,6 @@ enum class Taker : std::uint8_t { Module, Preparing };
 // Why the file that begins with head (its first kSniffedSize bytes, fewer if it is shorter) is no ASCII DXF,
 // as the end of a sentence: "is a ZIP archive; ...". Empty if it may well be one: its first line that is not
 // blank is a group code.
-std::string WhyNotAsciiDxf(std::string_view head, Taker taker);
+std::string WhyNotDxf(std::string_view head, Taker taker);
 
 } // namespace plexorn
