@@ -258,7 +258,7 @@ void TellPrepared(const prepare::Report& findings, Outcome& outcome, Report& rep
 // one or more elements; nobody knows which of them were lost.
 std::uint64_t ShownWithoutBytes(std::uint64_t shown, const SvgHostStatistics& met)
 {
-    if (met.elementsBeyondBytes == 0 || met.drawnElements == 0)
+    if (met.drawnElements == 0)
         return shown;
     const double lost = static_cast<double>(met.elementsBeyondBytes) / static_cast<double>(met.drawnElements);
     return static_cast<std::uint64_t>(static_cast<double>(shown) * std::max(0.0, 1 - lost));

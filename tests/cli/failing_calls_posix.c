@@ -4,10 +4,10 @@
  * FAILING_READS_BY names: "fread", "read" or both.
  *
  * Of the calls of the kind FAILING_CALLS, the one of the number FAILING_AT fails, counted from 1; with a plus
- * sign after the number, all after it fail as well. When the process ends by itself, the number of these
- * calls is written to the file FAILING_TOLD. What goes to the standard error stream does not fail: it says
- * what did. With FAILING_SIGNAL, the process gets the signal of that number at such a call, which does not
- * fail. */
+ * sign after the number, all after it fail as well; with FAILING_ERROR, for the reason of that number. When
+ * the process ends by itself, the number of these calls is written to the file FAILING_TOLD. What goes to the
+ * standard error stream does not fail: it says what did. With FAILING_SIGNAL, the process gets the signal of
+ * that number at such a call, which does not fail. */
 #define _GNU_SOURCE
 #include <dirent.h>
 #include <dlfcn.h>
@@ -27,6 +27,7 @@
 static const char* kind = "";
 static long failing; /* 0: none */
 static int interrupting;
+static int reason; /* 0: that of the call */
 static bool fails_later;
 static atomic_long calls;
 
@@ -39,6 +40,7 @@ static void Begin(void)
     char* end = NULL;
     failing = strtol(at, &end, 10);
     interrupting = getenv("FAILING_SIGNAL") ? atoi(getenv("FAILING_SIGNAL")) : 0;
+    reason = getenv("FAILING_ERROR") ? atoi(getenv("FAILING_ERROR")) : 0;
     fails_later = *end == '+';
     kind = of;
 }
@@ -63,7 +65,7 @@ static bool Fails(const char* of, int error)
     if (fails && interrupting != 0)
         raise(interrupting);
     else if (fails)
-        errno = error;
+        errno = reason != 0 ? reason : error;
     return fails && interrupting == 0;
 }
 
@@ -125,10 +127,10 @@ ssize_t read(int file, void* bytes, size_t size)
     static long long given; /* by what has no position */
     const long long position = lseek(file, 0, SEEK_CUR);
     const long long left = LeftBefore("read", position >= 0 ? position : given);
-    if (left == 0 || Fails("read", EIO)) {
+    if (left == 0)
         errno = EIO;
+    if (left == 0 || Fails("read", EIO))
         return -1;
-    }
     const ssize_t count = NEXT(read)(file, bytes, left > 0 && (long long)size > left ? (size_t)left : size);
     if (position < 0 && count > 0)
         given += count;

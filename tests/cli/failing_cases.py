@@ -1,5 +1,6 @@
 """Calls of the system that fail, each in its turn, once and from there on: what is written is whole, or what was there
 before stays; there is a reason; and nothing is left behind. Linux only."""
+import errno
 import os
 import re
 import shutil
@@ -137,6 +138,15 @@ class FailingCalls(Sweep):
         for place, command in enumerate(self.COMMANDS):
             self.sweep("status", command, lambda calls: range(place + 1, calls + 1, 5))
 
+    def test_what_a_signal_interrupts_is_read_on(self):
+        self.clear(["plan.svg"])
+        self.expect(0, "-q", "plan.dxf")
+        whole = self.read("plan.svg")
+        for at in ("1", "2"):
+            self.clear(["plan.svg"])
+            result, _ = self.run_failing(["-q", "-", "-o", "plan.svg"], "read", at, FAILING_ERROR=str(errno.EINTR))
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
+            self.assertEqual(self.read("plan.svg"), whole)
 
     def test_a_mode_that_cannot_be_set(self):
         """Nobody gets to read what was private, and the picture counts for more than the mode."""
@@ -197,6 +207,11 @@ class ShortMemory(Sweep):
     def test_some_of_many(self):
         for place, command in enumerate(self.COMMANDS):
             self.assertGreater(self.sweep("memory", command, lambda calls: range(place + 1, calls + 1, 67)), 0)
+
+    def test_no_message_is_lost(self):
+        self.write("plan.dxf", entities(*LINE, *("0", "SOLID") * 100))
+        command = (["--as-is", "--verbose", "plan.dxf"], ["plan.svg"])
+        self.assertGreater(self.sweep("memory", command, lambda calls: range(1, calls + 1, 29)), 0)
 
 
 class FullShortMemory(Sweep):

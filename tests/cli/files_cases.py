@@ -56,6 +56,12 @@ class Files(CommandTest):
                 self.assertTrue(printed.startswith(f"{name}: 1 element drawn to {picture}"), printed)
                 self.assertEqual(self.read(picture), self.read("plain.svg"))
 
+    def test_a_whole_drawing_on_the_standard_input_is_no_failure_with_keep_going(self):
+        for options in ([], ["--keep-going"]):
+            result = self.plexorn("-q", *options, "-", stdin=None, input=DRAWING)
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
+            self.assertEqual(result.stdout.count("<line"), 1)
+
     def test_folders_of_every_kind(self):
         for name in NAMES:
             folder = name.replace(".dxf", "")

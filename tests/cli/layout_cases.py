@@ -129,6 +129,13 @@ class Layouts(CommandTest):
         self.assertEqual(self.names(), ["plan-A_1.svg", "plan.dxf"])
         self.assertEqual(len(self.lines("plan-A_1.svg")), 3)
 
+    def test_sheets_of_two_drawings_are_two_though_their_names_in_a_row_are_one(self):
+        self.write("plan", SHEETS.replace(b"Second: b/c", b"-A"))
+        self.write("plan-", SHEETS.replace(b"Second: b/c", b"A"))
+        self.assertIn("plan-: is not drawn: plan--A.svg is the picture of plan already\n",
+                      self.expect(5, "--layout", "all", "plan", "plan-"))
+        self.assertEqual(self.names(), ["plan", "plan-", "plan--A.svg", "plan--First.svg", "plan-First.svg"])
+
     def test_a_sheet_larger_than_any_standard_has_its_own_size(self):
         sheet = layout("Wide", "20", "1", width="2000")
         self.write("plan.dxf", dxf(*RECORDS, *section("ENTITIES", *line(0, 0, 9, 9, "67", "1")), *section("OBJECTS", *sheet),

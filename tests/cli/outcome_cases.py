@@ -530,6 +530,25 @@ class Shares(OutcomeTest):
         share = self.drawn(content)["share"]
         self.assertEqual((share["entities"], share["shown"]), (2, 1))
 
+    def test_each_insert_that_is_left_out_is_not_shown(self):
+        chain = (word for number in range(150) for word in block(f"B{number}", *insert(f"B{number - 1}" if number else "END")))
+        for finding, left_out, content in (
+                ("insertsOfThemselves", 1, blocks(*block("A", *LINE, *insert("A"))) + entities(*LINE, *insert("A"))),
+                ("insertsUnfoldingTooFar", 1,
+                 blocks(*block("END", *LINE), *chain) + entities(*LINE, *insert("B149")))):
+            with self.subTest(finding):
+                drawn = self.drawn(content)
+                self.assertEqual(drawn["findings"], {finding: left_out})
+                self.assertEqual(drawn["share"]["shown"], drawn["share"]["entities"] - left_out)
+
+    def test_each_element_beyond_those_of_a_drawing_of_its_size_is_not_shown(self):
+        texts = ("0", "DIMENSION", "100", "AcDbDimension", "1", "\\S1^2;" * 166, "100", "AcDbRadialDimension", "15", "1",
+                 *("100", "AcDbRadialDimension") * 370)
+        drawn = self.drawn(entities(*LINE * 5000, *texts))
+        left_out = drawn["findings"]["elementsBeyondLimit"]
+        self.assertTrue(0 < left_out < 5000, left_out)
+        self.assertEqual((drawn["share"]["entities"], drawn["share"]["shown"]), (5001, 5001 - left_out))
+
     def test_what_is_shown_otherwise(self):
         off = dxf("0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "LAYER", "100", "AcDbSymbolTableRecord",
                   "2", "Off", "62", "-1", "0", "ENDTAB", "0", "ENDSEC")
@@ -556,6 +575,17 @@ class Shares(OutcomeTest):
                 self.assertIn("; shown otherwise: 1 ", self.expect(0, "plan.dxf"))
                 self.expect(1, "--strict", "plan.dxf")
                 self.expect(1, "-q", "--strict", "plan.dxf")
+
+    def test_widths_of_a_polyline_are_those_of_all_or_of_one_of_its_segments(self):
+        for code in ("40", "41", "43"):
+            content = entities("0", "LWPOLYLINE", "10", "1", "20", "1", code, "2", "10", "5", "20", "1")
+            self.assertEqual(self.share(content)["otherwise"], {"widthsLeftOut": 1}, code)
+
+    def test_a_base_point_is_left_out_when_it_is_not_the_origin(self):
+        for point, counts in (("0", False), ("x", False), ("1", True), ("-2", True)):
+            for code in ("10", "20"):
+                content = blocks(*block("A", code, point, *LINE)) + entities(*insert("A"))
+                self.assertEqual(self.share(content)["otherwise"], {"basePointsLeftOut": 1} if counts else {}, (code, point))
 
     def test_what_follows_an_embedded_object_is_looked_at(self):
         mtext = ("0", "MTEXT", "8", "0", "10", "1", "20", "1", "40", "2", "1", "a", "101", "Embedded Object", "50", "7")
@@ -607,7 +637,9 @@ class Shares(OutcomeTest):
         kinds = [("AcDbAlignedDimension", points), ("AcDbRadialDimension", ("15", "1", "25", "2")),
                  ("AcDbDiametricDimension", ("15", "1", "25", "2"))]
         kinds += [("AcDbAlignedDimension", (*points, "50", angle, "100", "AcDbRotatedDimension"))
-                  for angle in ("0", "90", "30")]
+                  for angle in ("0", "90", "30", "none")]
+        kinds += [("AcDbAlignedDimension", (*points, "100", "AcDbRotatedDimension")),
+                  ("AcDbAlignedDimension", (*points[:-1], "none"))]
         # The side from (10, 5) is level or upright but for rounding.
         kinds += [("AcDbAlignedDimension", ("13", "1", "23", "90", *side))
                   for side in (("14", "20", "24", "5.000000000000001"), ("14", "10.000000000000002", "24", "20"))]

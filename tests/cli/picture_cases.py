@@ -136,7 +136,9 @@ class Size(PictureTest):
         self.assertAlmostEqual(self.side(metres, "--scale=1:7")[0], 104073 / 7, delta=1)
         for options in (["--true-size"], ["--scale", "1:1"]):
             self.assertAlmostEqual(self.side(metres, *options)[0], 104073, delta=1)
-            self.assertTrue(self.size_of(metres, *options).endswith(" mm (the unit is m, by $INSUNITS)"))
+            self.assertEqual(self.size_of(metres, *options), "104072.8 x 54072.8 mm (the unit is m, by $INSUNITS)")
+            self.assertEqual(self.size_of(metres, "--units", "usyd", *options),
+                             "95164.36 x 49444.27 mm (the unit is usyd, as asked for)")
         self.assertEqual(self.size_of(entities(*LONG_LINE), "--scale", "1:5"),
                          "size in pixels (the drawing states no unit)")
 

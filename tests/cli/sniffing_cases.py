@@ -60,6 +60,12 @@ class Sniffing(CommandTest):
     def test_blanks_alone(self):
         self.refused(b" \r\n\t\n" * 3000, "holds nothing but blanks")
 
+    def test_what_begins_within_4096_bytes_is_drawn(self):
+        for size in (4096, 4097):
+            self.refused(b"\n" * size + DRAWING.lstrip(), "holds nothing but blanks where a DXF begins")
+        for size in (1, 4095):
+            self.drawn(b"\n" * size + DRAWING.lstrip())
+
     def test_other_texts(self):
         for text in (b"hello\n", b"<svg/>\n", b"{\\rtf1}", b"0 SECTION\n", b"12345\n0\n", b"0.5\n", b"-\n", b"0\0\n"):
             self.refused(text, "is not a DXF")

@@ -1,0 +1,41 @@
+// What several drawings say at the same time.
+#include "cli/report/Printer.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <thread>
+
+namespace plexorn {
+namespace {
+
+TEST(Printer, MoreThanIsKeptWaitsForItsTurnAndIsNotLost)
+{
+    constexpr std::size_t kMost = 1 << 24;
+    const std::string kept(kMost, 'b');
+    testing::internal::CaptureStderr();
+    {
+        Printer printer(2, false);
+        printer.Print(1, kept);
+        std::atomic<bool> hasPrinted = false;
+        std::thread second([&] {
+            printer.Print(1, "c");
+            hasPrinted = true;
+            printer.End(1, false);
+        });
+        // It has time to print too early, and must not.
+        for (int i = 0; i < 50 && !hasPrinted; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        EXPECT_FALSE(hasPrinted);
+        printer.Print(0, "a");
+        printer.End(0, false);
+        second.join();
+    }
+    EXPECT_TRUE(testing::internal::GetCapturedStderr() == "a" + kept + "c");
+}
+
+} // namespace
+} // namespace plexorn
