@@ -107,6 +107,26 @@ TEST(PrepareDrawing, BrokenEntitiesCountWhereTheyWouldBeSeen)
     }
 }
 
+TEST(PrepareDrawing, WhatHiddenLayersHoldIsCountedByWhyTheyAreHidden)
+{
+    const std::string layers =
+        Section("TABLES", Dxf({{0, "LAYER"}, {2, "off"}, {62, "-1"}, {0, "LAYER"}, {2, "on"}, {62, "1"}}));
+    const auto points = [](const std::string& layer, int count) {
+        std::string entities;
+        while (count-- > 0)
+            entities += Dxf({{0, "POINT"}, {8, layer}, {10, "1"}, {20, "1"}});
+        return entities;
+    };
+    Options options;
+    options.withoutLayers = {"on"};
+    const std::string entities = kLine + points("off", 3) + points("on", 2) + points("Defpoints", 1);
+    const Report report = PreparedFrom(layers + Section("ENTITIES", entities), options).report;
+    EXPECT_EQ(report.entities, 1U);
+    EXPECT_EQ(report.hidden[static_cast<std::size_t>(HiddenLayer::OffOrFrozen)], 3U);
+    EXPECT_EQ(report.hidden[static_cast<std::size_t>(HiddenLayer::NotChosen)], 2U);
+    EXPECT_EQ(report.hidden[static_cast<std::size_t>(HiddenLayer::NotPlotted)], 1U);
+}
+
 // Each part of what is placed is in range, and where it comes to be is not.
 TEST(PrepareDrawing, WhatIsPlacedOutOfRangeIsNotShown)
 {
@@ -266,6 +286,10 @@ TEST(PrepareDrawing, EntitiesAreInTheirOrderOfDrawing)
     const std::string order =
         Dxf({{0, "SORTENTSTABLE"}, {5, "A"}, {331, "10"}, {5, "13"}, {331, "13"}, {5, "10"}});
     EXPECT_TRUE(AreInOrder(PreparedFrom(entities + Section("OBJECTS", order)).text,
+                           {"\n11\n4.5\n", "\n11\n2.5\n", "\n11\n3.5\n", "\n11\n1.5\n"}));
+    // Where nothing else has to be known before the entities, too.
+    const std::string known = Section("TABLES", "") + Section("BLOCKS", "");
+    EXPECT_TRUE(AreInOrder(PreparedFrom(known + entities + Section("OBJECTS", order)).text,
                            {"\n11\n4.5\n", "\n11\n2.5\n", "\n11\n3.5\n", "\n11\n1.5\n"}));
 }
 

@@ -521,6 +521,7 @@ TEST(ReadEntity, OldMTextsHaveColumnsInExtendedData)
                            {1001, "ACAD"},
                            {1070, "75"},
                            {1070, "9"},
+                           {1005, "2D"},
                            {1000, "ACAD_MTEXT_COLUMN_INFO_BEGIN"},
                            {1070, "75"},
                            {1070, "2"},

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace prepare {
 namespace {
@@ -264,6 +266,52 @@ TEST(PairReader, BinaryDrawingsWithCodesOfTwoBytesBecomeText)
         SlowSource source(text, most);
         PairReader reader(source);
         EXPECT_EQ(ReadAll(reader), "1 0 L;3 90 513;5 290 1;7 160 1099511627777;9 310 F0;11 1071 -1;");
+    }
+}
+
+TEST(PairReader, BinaryDrawingsMayBeginWithAComment)
+{
+    for (const std::string& text :
+         {kSentinel + Bytes({0xFF, 0xE7, 0x03, 'h', 'i', 0, 0, 'L', 0, 8, 'x', 0}),
+          kSentinel + Bytes({0xE7, 0x03, 'h', 'i', 0, 0, 0, 'L', 0, 8, 0, 'x', 0})}) {
+        CDxfMemory memory(text);
+        PairReader reader(memory);
+        EXPECT_EQ(ReadAll(reader), "3 0 L;5 8 x;");
+    }
+}
+
+TEST(PairReader, BinaryValuesAreOfTheKindThatTheirCodesHave)
+{
+    struct Kind {
+        std::vector<std::int32_t> codes; // the first and the last one of each range
+        std::string bytes;
+        std::string value;
+    };
+    const Kind kinds[] = {
+        {{1, 9, 100, 109, 300, 309, 320, 369, 390, 399, 410, 419, 430, 439, 470, 481, 1000, 1003, 1005, 1009},
+         Bytes({'a', 0}),
+         "a"},
+        {{10, 59, 110, 149, 210, 239, 460, 469, 1010, 1059}, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x3F}), "1.5"},
+        {{60, 79, 80, 89, 170, 179, 270, 289, 370, 389, 400, 409, 1060, 1070}, Bytes({0xFE, 0xFF}), "-2"},
+        {{90, 99, 420, 429, 440, 459, 1071}, Bytes({1, 0, 1, 0}), "65537"},
+        {{160, 169}, Bytes({1, 0, 0, 0, 1, 0, 0, 0}), "4294967297"},
+        {{290, 299}, Bytes({1}), "1"},
+        {{310, 319, 1004}, Bytes({1, 0xF0}), "F0"},
+    };
+    for (const Kind& kind : kinds)
+        for (const std::int32_t code : kind.codes) {
+            const std::string text = kSentinel + Bytes({0, 0, 'L', 0, code & 0xFF, code >> 8}) + kind.bytes +
+                                     Bytes({8, 0, 'x', 0});
+            CDxfMemory memory(text);
+            PairReader reader(memory);
+            EXPECT_EQ(ReadAll(reader), "1 0 L;3 " + std::to_string(code) + " " + kind.value + ";5 8 x;");
+        }
+    for (const std::int32_t code : {150, 159, 180, 209, 240, 269, 482, 998, 1072}) {
+        const std::string text = kSentinel + Bytes({0, 0, 'L', 0, code & 0xFF, code >> 8, 'a', 0});
+        CDxfMemory memory(text);
+        PairReader reader(memory);
+        EXPECT_EQ(ReadAll(reader), "1 0 L;");
+        EXPECT_TRUE(reader.IsBrokenBinary()) << code;
     }
 }
 

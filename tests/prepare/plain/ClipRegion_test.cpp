@@ -99,6 +99,18 @@ TEST(ClipRegion, AnAreaAroundItAllLeavesItsRing)
     EXPECT_EQ(u.Inside(std::vector<Ring>{area, between}), (std::vector<Ring>{kU}));
 }
 
+TEST(ClipRegion, AnAreaMayBeAroundItAllFarFromTheOrigin)
+{
+    Ring there = kU;
+    for (Point2& corner : there)
+        corner = corner + Point2{20, 20};
+    const ClipRegion u(there);
+    const Ring around{{19, 19}, {31, 19}, {31, 31}, {19, 31}},
+        atOrigin{{-1, -1}, {11, -1}, {11, 11}, {-1, 11}};
+    EXPECT_EQ(u.Inside(std::vector<Ring>{around}), std::vector<Ring>{there});
+    EXPECT_EQ(u.Inside(std::vector<Ring>{atOrigin}), std::vector<Ring>{});
+}
+
 TEST(ClipRegion, InvertedIsWhatIsAroundItsRing)
 {
     const ClipRegion square(kSquare, true), u(kU, true);

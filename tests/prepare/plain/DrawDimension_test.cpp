@@ -247,6 +247,25 @@ TEST(DrawDimension, WithoutRoomArrowsAndTextGoOutside)
     EXPECT_EQ(LinePart(trial.Draw(dimension)), Lines{});
 }
 
+TEST(DrawDimension, WithoutATextAtItsLineAShortOneHasAllOfIt)
+{
+    Trial trial;
+    Dimension dimension = trial.Linear();
+    dimension.points[1] = {2, 0, 0};
+    const Lines whole{
+        "line 0,10 2,10",
+        "line -1,10 -2,10",
+        "fill 0,10 -1,9.83333 -1,10.1667",
+        "line 3,10 4,10",
+        "fill 2,10 3,10.1667 3,9.83333",
+    };
+    Dimension moved = dimension;
+    moved.textPoint = {25, 20, 0};
+    EXPECT_EQ(LinePart(trial.Draw(moved)), whole);
+    dimension.text = " ";
+    EXPECT_EQ(LinePart(trial.Draw(dimension)), whole);
+}
+
 TEST(DrawDimension, APointThatIsTheDefinitionPointOnceMoreIsNoPlaceOfTheText)
 {
     Trial trial;
@@ -343,6 +362,11 @@ TEST(DrawDimension, ArrowheadsOfTheDrawingsOwnArePlaced)
     const Lines lines = trial.Draw(dimension);
     EXPECT_EQ(lines[4], "block at 0,10 from 3,10");
     EXPECT_EQ(lines[5], "block at 20,10 from 17,10");
+    dimension.extrusion = {0, 0.6, 0.8}; // they are in the dimension's plane
+    dimension.definition = {20, 8, -6};
+    const Lines tilted = trial.Draw(dimension);
+    EXPECT_EQ(tilted[4], "block at 0,8 from 3,8");
+    EXPECT_EQ(tilted[5], "block at 20,8 from 17,8");
 }
 
 TEST(DrawDimension, AFramedText)
@@ -482,6 +506,21 @@ TEST(DrawDimension, DiameterWithItsTextInside)
                                    "fill 10,0 9,-0.166667 9,0.166667",
                                    "fill -10,0 -9,0.166667 -9,-0.166667",
                                }));
+}
+
+TEST(DrawDimension, DiameterWithItsTextOutsideMayCrossTheCircle)
+{
+    Trial trial;
+    Dimension dimension = trial.Radial(3);
+    dimension.overrides = {{172, "1"}};
+    dimension.textPoint = {20, 0, 0};
+    EXPECT_EQ(LinePart(trial.Draw(dimension)), (Lines{
+                                                   "line -10,0 10,0",
+                                                   "line -11,0 -12,0",
+                                                   "fill -10,0 -11,-0.166667 -11,0.166667",
+                                                   "line 11,0 16.469,0",
+                                                   "fill 10,0 11,0.166667 11,-0.166667",
+                                               }));
 }
 
 TEST(DrawDimension, TheLeaderOfADiameterIsAtTheNearerEnd)

@@ -393,6 +393,15 @@ TEST(DrawMText, TabsGoToTheirStops)
                      "text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'A' at 8,-1 along 1,0 up 0,1 start"}));
 }
 
+TEST(DrawMText, StopsThatGoBackAreNone)
+{
+    const Lines lines = Drawn("\\pt5,2,9;AAAA^IA^IA"); // the first tab comes after 2
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1], "text 'A' at 5,-1 along 1,0 up 0,1 start");
+    EXPECT_EQ(lines[2], "text 'A' at 9,-1 along 1,0 up 0,1 start");
+    EXPECT_EQ(Drawn("\\pt5,2;AAAA^IA")[1], lines[1]);
+}
+
 TEST(DrawMText, ListsHaveTheirTextAtTheTab)
 {
     EXPECT_EQ(Drawn(Wrapped("\\pi-2,l2,t2;1.\tAA BB", 4.5)),
@@ -426,6 +435,15 @@ TEST(DrawMText, ColumnsAreFilledOneAfterTheOther)
         (Lines{"text 'A' at 0,-1 along 1,0 up 0,1 start", "text 'B' at 0,-2.66667 along 1,0 up 0,1 start",
                "text 'A' at 5,-1 along 1,0 up 0,1 start", "text 'B' at 5,-2.66667 along 1,0 up 0,1 start",
                "text 'A' at 5,-4.33333 along 1,0 up 0,1 start"})); // the last one takes the rest
+}
+
+TEST(DrawMText, ColumnsOfNoWidthAreNone)
+{
+    MText text = Simple("A\\PB");
+    text.columnType = 1;
+    text.columns = 2;
+    text.definedHeight = 1;
+    EXPECT_EQ(Drawn(text), Drawn("A\\PB"));
 }
 
 TEST(DrawMText, ColumnsHaveHeightsOfTheirOwn)

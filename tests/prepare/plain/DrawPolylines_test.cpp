@@ -84,6 +84,19 @@ TEST(DrawLwPolyline, TheElevationIsAlongTheExtrusion)
     EXPECT_EQ(stage.Draw(polyline), Lines{"polyline 1.73205,0 1.23205,1"});
 }
 
+// Turned out of the plane by 60 degrees, an area is half as large, and a length is about 0.71 times as long.
+TEST(DrawLwPolyline, AWidthShrinksAsAreasDoWhereItIsTurnedOutOfThePlane)
+{
+    const double sine = std::sqrt(3) / 2;
+    Stage stage;
+    LwPolyline polyline = Through({Vertex(0, 0), Vertex(1, 0), Vertex(1, 1)});
+    polyline.width = 2;
+    stage.matrix = {{0.5, 0, -sine}, {0, 1, 0}, {sine, 0, 0.5}, {}};
+    EXPECT_EQ(stage.Draw(polyline), Lines{"polyline 0,0 0.5,0 0.5,1 width 1.41421"});
+    stage.matrix = {{1, 0, 0}, {0, 0.5, sine}, {0, -sine, 0.5}, {}};
+    EXPECT_EQ(stage.Draw(polyline), Lines{"polyline 0,0 1,0 1,0.5 width 1.41421"});
+}
+
 TEST(DrawLwPolyline, AWidthGrowsWithItsPlacement)
 {
     Stage stage;

@@ -165,6 +165,35 @@ TEST_F(StandardProfile, ExtentsAreOfWhatIsWritten)
     EXPECT_NE(Flat().find("$EXTMIN 10 5 20 18 30 0 9 $EXTMAX 10 12 20 25 30 0"), std::string::npos);
 }
 
+// In a window twice as wide as high, without a snap that would move what is picked.
+TEST_F(StandardProfile, TheViewShowsWhatIsWritten)
+{
+    Model().Line(red, {5, 18}, {15, 22});
+    EXPECT_NE(
+        Flat().find("100 AcDbViewportTableRecord 2 *Active 70 0 10 0 20 0 11 1 21 1 12 10 22 20 13 0 23 0 "
+                    "14 10 24 10 15 10 25 10 16 0 26 0 36 1 17 0 27 0 37 0 40 5 41 2 42 50 43 0 44 0 "
+                    "50 0 51 0 71 0 72 1000 73 1 74 3 75 0 76 0 77 0 78 0 0 ENDTAB"),
+        std::string::npos);
+}
+
+// Both are A3 sheets without margins, in millimetres, at 1:1, and have the world's axes.
+TEST_F(StandardProfile, TheLayoutOfTheModelKnowsItsExtentsAndTheSheetIsEmpty)
+{
+    const std::string sheet = "1  2  4  6  40 0 41 0 42 0 43 0 44 420 45 297 46 0 47 0 48 0 49 0 140 0 141 0 "
+                              "142 1 143 1 70 ";
+    const std::string scale = " 72 1 73 0 74 5 7  75 16 147 1 148 0 149 0 100 AcDbLayout ";
+    const std::string limits = " 10 0 20 0 11 420 21 297 12 0 22 0 32 0 ";
+    const std::string axes = " 146 0 13 0 23 0 33 0 16 1 26 0 36 0 17 0 27 1 37 0 76 0 ";
+    Model().Line(red, {5, 18}, {15, 22});
+    const std::string text = Flat();
+    EXPECT_NE(text.find(sheet + "1696" + scale + "1 Model 70 1 71 0" + limits +
+                        "14 5 24 18 34 0 15 15 25 22 35 0" + axes + "330 F 0 LAYOUT"),
+              std::string::npos);
+    EXPECT_NE(text.find(sheet + "672" + scale + "1 Layout1 70 1 71 1" + limits +
+                        "14 0 24 0 34 0 15 0 25 0 35 0" + axes + "330 10 0 ENDSEC"),
+              std::string::npos);
+}
+
 // Each point once, as a reader has it, and no ring that bounds nothing. Handles are counted without the fill
 // that is left out.
 TEST_F(StandardProfile, FillsHaveNoPointTwice)
