@@ -86,6 +86,12 @@ class Folders(Many):
         self.assertIn("2 drawn, 1 failed, ", printed)
         self.assertIn("empty: holds no .dxf file\n", self.expect(3, "-r", "empty"))
 
+    def test_an_ending_alone_is_no_drawing(self):
+        self.write("hidden/.dxf")
+        self.write("hidden/a.dxf")
+        self.expect(0, "hidden", "-o", "out/")
+        self.assertEqual(self.pictures("out"), ["a.svg"])
+
 
 class Lists(Many):
     def test_names_come_from_the_standard_input(self):

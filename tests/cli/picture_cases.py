@@ -112,7 +112,10 @@ class Size(PictureTest):
 
     def test_quiet_sizes_the_same(self):
         content = insunits(6) + entities(*LONG_LINE)
-        self.assertEqual(self.draw(content)[0], self.draw(content, "-q")[0])
+        for options in ([], ["--as-is"]):
+            picture = self.draw(content, *options)[0]
+            self.assertRegex(picture, '<svg [^>]*width="[0-9.]+mm"')
+            self.assertEqual(picture, self.draw(content, "-q", *options)[0])
 
     def setUp(self):
         super().setUp()

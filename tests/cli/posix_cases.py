@@ -359,6 +359,13 @@ class SpecialFiles(CommandTest):
         self.assertTrue(os.path.isfile(name.replace(b".dxf", b".svg")))
 
 
+    def test_stars_are_left_to_the_shell(self):
+        self.write("ab.dxf")
+        self.assertEqual(self.expect(3, "a*.dxf"), "a*.dxf: cannot be read: No such file or directory\n")
+        self.write("a*.dxf")
+        self.expect(0, "-q", "a*.dxf")
+        self.assertEqual(self.names(), ["a*.dxf", "a*.svg", "ab.dxf"])
+
     def test_a_name_in_a_list_may_end_in_a_carriage_return(self):
         """Where lines end the names, it is a part of the line's end."""
         self.write("plan\r")
