@@ -109,6 +109,25 @@ TEST(Bytes, LongNamesOfSymbolsCountForEachUse)
     EXPECT_EQ(document.Statistics().elementsBeyondBytes, 7u);
 }
 
+TEST(Bytes, LongDataCountsWhateverTheShape)
+{
+    std::wstring points = L"0,0";
+    while (points.size() < 3000)
+        points += L" 12345,6789";
+    const HostDocument document;
+    for (int i = 0; i < 4; ++i) {
+        document.Polyline(points.c_str());
+        document.Polygon(points.c_str());
+        document.Path((L"M" + points).c_str());
+    }
+    const std::string text = WriteWithin(document, 20'000);
+    EXPECT_LE(text.size(), 20'000u);
+    const ParsedSvg svg(text);
+    for (const char* shape : {"polyline", "polygon", "path"})
+        EXPECT_EQ(CountOf(svg.Drawing(), shape), 2u);
+    EXPECT_EQ(document.Statistics().elementsBeyondBytes, 6u);
+}
+
 TEST(Bytes, SymbolsLeaveHalfOfTheRoomForTheDrawing)
 {
     const HostDocument document;

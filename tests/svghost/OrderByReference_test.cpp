@@ -314,6 +314,15 @@ TEST(Unfolding, ManyInsertsOfAModestBlockAreAllDrawn)
     EXPECT_EQ(document.Statistics().unboundedUses, 0u);
 }
 
+TEST(Unfolding, AChainAsLongAsIsDrawnIsDrawnWhereverItIsUsed)
+{
+    for (const int length : {100, 101}) {
+        const HostDocument document;
+        DrawChain(document, length);
+        EXPECT_EQ(document.Statistics().unboundedUses, length > 100 ? 1u : 0u) << length;
+    }
+}
+
 TEST(Unfolding, ChainOfAHundredThousandIsCutIntoShortOnes)
 {
     const HostDocument document;

@@ -96,6 +96,16 @@ TEST(StandardScale, IsOneUpToTheLargestSheetEitherWayRound)
     EXPECT_EQ(StandardScaleOf(841, 841), 1);
 }
 
+TEST(StandardScale, IsOfTheSizeWhereverTheDrawingIs)
+{
+    HostDocument document;
+    document.Line(50'000, 70'000, 51'100, 70'800);
+    document.Line(50'000, 70'800, 51'100, 70'000);
+    SvgHostWriteOptions options = InMillimetres();
+    options.usesStandardScale = true;
+    EXPECT_EQ(PictureWith(document, options).scale, 1);
+}
+
 TEST(StandardScale, IsTwoJustBeyondTheLargestSheet)
 {
     EXPECT_EQ(StandardScaleOf(1189.1F, 1), 2);
@@ -309,6 +319,41 @@ TEST(Sheet, WidthsInANestedSymbolGoByHowOftenItsUserIsShown)
     const double width = 0.5 * LongerSide(ViewBoxOf(svg)) / kSheet;
     ExpectWidth(svg.Definitions().find_child_by_attribute("id", "s-INNER"), "line",
                 width / std::pow(10, 0.75));
+}
+
+TEST(Sheet, LeavesRoomForStrokesWhereTheirSymbolIsShownLargest)
+{
+    const auto widthWith = [](const wchar_t* usual) {
+        const HostDocument document;
+        document.Begin(L"S");
+        document.Line(0, 0, 10, 0);
+        document.End();
+        for (const wchar_t* scale : {usual, usual, usual, L"16"}) {
+            const QlmNode use = document.Use(L"S", 0, 0);
+            document.Set(use, L"scale-x", scale);
+            document.Set(use, L"scale-y", scale);
+        }
+        return ViewBoxOf(ParsedSvg(document.Write(OnSheet()))).width;
+    };
+    // The width is that of the mean, which is 2 in the first case: there the stroke is eight times as wide.
+    EXPECT_GT(widthWith(L"1"), widthWith(L"16") + 2);
+}
+
+TEST(Frame, ThatHasNoSizeIsNone)
+{
+    HostDocument document;
+    document.Line(0, 0, 30, 20);
+    const double whole = ViewBoxOf(ParsedSvg(document.Write({}))).width;
+    for (const SvgHostViewBox& frame : {SvgHostViewBox{0, 0, 10, 0, false},
+                                        {0, 0, 0, 10, false},
+                                        {0, 0, HUGE_VAL, 10, false},
+                                        {0, 0, 10, HUGE_VAL, false},
+                                        {HUGE_VAL, 0, 10, 10, false},
+                                        {0, -HUGE_VAL, 10, 10, false}}) {
+        SvgHostWriteOptions options{};
+        options.frame = frame;
+        EXPECT_EQ(ViewBoxOf(ParsedSvg(document.Write(options))).width, whole);
+    }
 }
 
 TEST(Sheet, SymbolsThatAreNotShownDoNotCount)

@@ -47,6 +47,19 @@ TEST(Texts, ALineOfWritingIsATextWhereItIsUsed)
     EXPECT_FALSE(svg.Definitions().child("symbol"));
 }
 
+TEST(Texts, ALineWhoseOnlyUseIsHiddenShowsNothing)
+{
+    const HostDocument document;
+    AddWord(document, L"PLEXORN_TEXT_1", L"up");
+    document.Begin(L"PLEXORN_TEXT_2");
+    document.Set(document.Use(L"PLEXORN_TEXT_1", 1, 1), L"visibility", L"hidden");
+    document.End();
+    document.Use(L"PLEXORN_TEXT_2", 5, 6);
+    const ParsedSvg svg(document);
+    EXPECT_FALSE(svg.Drawing().child("text"));
+    EXPECT_EQ(document.Statistics().visibleElements, 0u);
+}
+
 TEST(Texts, RunsOfALineFollowEachOther)
 {
     const HostDocument document;
