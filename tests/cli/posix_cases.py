@@ -47,6 +47,13 @@ def tells_of_new_files(folder):
     return True
 
 
+def bytes_read_by(process):
+    """How many bytes the process has read in all; waits for its end, but leaves the exit code."""
+    os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
+    with open(f"/proc/{process.pid}/io", encoding="ascii") as file:
+        return int(file.read().split()[1])
+
+
 class WithoutDevices(CommandTest):
     """Under a root folder without /dev, and without /proc."""
     AS_IS = False
@@ -573,25 +580,19 @@ class Interruption(CommandTest):
         with process.stderr:
             process.stderr.read()
 
-    def bytes_read_by(self, process):
-        """How many bytes the process has read in all; waits for its end, but leaves the exit code."""
-        os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
-        with open(f"/proc/{process.pid}/io", encoding="ascii") as file:
-            return int(file.read().split()[1])
-
     @unittest.skipUnless(os.path.exists("/proc/self/io"), "this system does not count what is read")
     def test_an_interruption_of_preparing_does_not_wait_until_all_is_read(self):
         self.write("plan.dxf", self.UNREAD)
         os.mkdir(self.path("out"))
         arguments = ("plan.dxf", "-o", "out/plan.dxf")
         process = self.preparing(*arguments, stderr=subprocess.DEVNULL)
-        whole = self.bytes_read_by(process)
+        whole = bytes_read_by(process)
         self.assertEqual(process.wait(), 0)
         os.remove(self.path("out/plan.dxf"))
         process = self.preparing_unread(*arguments)
         process.send_signal(signal.SIGINT)
         self.read_to_the_end(process)
-        self.assertLess(self.bytes_read_by(process), whole - len(self.UNREAD) // 2)
+        self.assertLess(bytes_read_by(process), whole - len(self.UNREAD) // 2)
         self.assertEqual((process.wait(), os.listdir(self.path("out"))), (-signal.SIGINT, []))
 
     def test_what_is_being_written_is_locked(self):
@@ -710,6 +711,20 @@ class Terminal(CommandTest):
         self.assertNotIn(" of 20", self.on_terminal("-q", *names))
         self.assertNotIn(" of 20", self.on_terminal("--messages=json", *names))
         self.assertNotIn(" of 20", self.expect(0, *names))
+
+
+class Reading(CommandTest):
+    @unittest.skipUnless(os.path.exists("/proc/self/io"), "this system does not count what is read")
+    def test_quiet_reads_what_is_drawn_as_it_is_once_less(self):
+        content = entities(*LINE * 10_000)
+        self.write("plan.dxf", content)
+        read = []
+        for options in ([], ["-q"]):
+            with subprocess.Popen([command_support.COMMAND, "--as-is", *options, "plan.dxf"], cwd=self.folder,
+                                  stderr=subprocess.DEVNULL) as process:
+                read.append(bytes_read_by(process))
+            self.assertEqual(process.returncode, 0)
+        self.assertGreater(read[0] - read[1], len(content) // 2)
 
 
 class Memory(CommandTest):
