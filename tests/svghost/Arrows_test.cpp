@@ -38,6 +38,8 @@ TEST(Arrows, BothEndsGetMarkersThatExist)
     const pugi::xml_node end = MarkerOf(svg, svg.First("line").attribute("marker-end"));
     ASSERT_TRUE(begin);
     ASSERT_TRUE(end);
+    EXPECT_STREQ(begin.attribute("id").value(), "arrow-begin-1");
+    EXPECT_STREQ(end.attribute("id").value(), "arrow-end-1");
     EXPECT_STREQ(end.attribute("orient").value(), "auto");
     EXPECT_STREQ(end.attribute("markerUnits").value(), "userSpaceOnUse");
     EXPECT_EQ(std::string(end.child("path").attribute("d").value()).rfind("M0 0L-2 ", 0), 0u);

@@ -314,6 +314,25 @@ TEST(Unfolding, ManyInsertsOfAModestBlockAreAllDrawn)
     EXPECT_EQ(document.Statistics().unboundedUses, 0u);
 }
 
+TEST(Uses, ThoseOfLayersAndOfTheWholeDrawingAreNoElementsOfIt)
+{
+    const HostDocument document;
+    document.Begin(L"A");
+    document.Line(0, 0, 1, 1);
+    document.End();
+    document.Begin(L"PLEXORN_LAYER_A");
+    document.End();
+    document.Begin(L"PLEXORN_PART_W1");
+    document.Use(L"PLEXORN_LAYER_A", 0, 0);
+    document.Use(L"A", 0, 0);
+    document.Use(L"A", 1, 1);
+    document.Circle(1, 0, 0);
+    document.End();
+    document.Use(L"PLEXORN_PART_W1", 0, 0);
+    // The line, the circle and both uses of A.
+    EXPECT_EQ(document.Statistics().drawnElements, 4u);
+}
+
 TEST(Unfolding, AChainAsLongAsIsDrawnIsDrawnWhereverItIsUsed)
 {
     for (const int length : {100, 101}) {

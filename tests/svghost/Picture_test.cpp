@@ -354,6 +354,9 @@ TEST(Frame, ThatHasNoSizeIsNone)
         options.frame = frame;
         EXPECT_EQ(ViewBoxOf(ParsedSvg(document.Write(options))).width, whole);
     }
+    SvgHostWriteOptions options{};
+    options.frame = {0, 0, 0.5F, 0.25F, false};
+    EXPECT_EQ(ViewBoxOf(ParsedSvg(document.Write(options))).width, 0.5);
 }
 
 TEST(Sheet, SymbolsThatAreNotShownDoNotCount)
