@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 
 using namespace svghost_tests;
@@ -58,6 +59,34 @@ TEST(Texts, ALineWhoseOnlyUseIsHiddenShowsNothing)
     const ParsedSvg svg(document);
     EXPECT_FALSE(svg.Drawing().child("text"));
     EXPECT_EQ(document.Statistics().visibleElements, 0u);
+}
+
+TEST(Texts, EmptySymbolsThoseOfOtherNamesAndThoseWithAttributesAreNoLines)
+{
+    const HostDocument document;
+    document.Begin(L"PLEXORN_TEXT_1");
+    document.End();
+    AddWord(document, L"PLEXORN_WORD_2", L"other");
+    document.Set(document.Begin(L"PLEXORN_TEXT_3"), L"own", L"value");
+    document.Text(0, 0, L"marked");
+    document.End();
+    for (const wchar_t* name : {L"PLEXORN_TEXT_1", L"PLEXORN_WORD_2", L"PLEXORN_TEXT_3"})
+        document.Use(name, 1, 1);
+    const ParsedSvg svg(document);
+    EXPECT_FALSE(svg.Drawing().child("text"));
+    const auto uses = svg.Drawing().children("use");
+    EXPECT_EQ(std::distance(uses.begin(), uses.end()), 3);
+}
+
+TEST(Texts, ASecondSymbolOfALineIsASymbol)
+{
+    const HostDocument document;
+    AddWord(document, L"PLEXORN_TEXT_1", L"first");
+    AddWord(document, L"PLEXORN_TEXT_1", L"second");
+    document.Use(L"PLEXORN_TEXT_1", 1, 1);
+    const ParsedSvg svg(document);
+    EXPECT_STREQ(svg.First("text").text().get(), "first");
+    EXPECT_STREQ(svg.Definitions().child("symbol").child("text").text().get(), "second");
 }
 
 TEST(Texts, RunsOfALineFollowEachOther)
