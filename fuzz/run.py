@@ -41,8 +41,8 @@ def options(target, longest):
     if target not in ("numbers", "texts", "svghost"):
         chosen.append(f"-dict={DICTIONARY}")
     if target == "command":
-        # What the command prints is dropped. Weighing thousands of inputs by how rare what they reach is takes longer
-        # than a run of the command.
+        # What the command prints is dropped. Weighing thousands of inputs, by how rarely others reach the same code,
+        # takes longer than a run of the command.
         chosen += ["-close_fd_mask=3", "-entropic=0"]
     return chosen
 

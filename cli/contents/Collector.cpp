@@ -167,7 +167,7 @@ void Collector::EndBlockHeader()
     m_block = m_name;
     m_inBlock = true;
     m_isOfSheet = IsSheetName(m_name);
-    m_blockCounts.otherwise[static_cast<std::size_t>(AsIsDifference::BasePoints)] = m_hasBasePoint;
+    m_blockCounts.otherwise[static_cast<std::size_t>(Difference::BasePoints)] = m_hasBasePoint;
 }
 
 void Collector::LeaveBlock()
@@ -206,7 +206,7 @@ void Collector::EndEntity()
         counts.inserts[m_info.blocks.PlaceOf(block)] += !m_isHidden && IsShown();
     }
     m_info.hiddenEntities += m_isHidden;
-    m_info.paperEntities += m_otherwise[static_cast<std::size_t>(AsIsDifference::PaperSpace)] > 0;
+    m_info.paperEntities += m_otherwise[static_cast<std::size_t>(Difference::PaperSpace)] > 0;
     m_info.sheetEntities += IsOnSheet();
     if (m_withTexts && !m_text.empty())
         KeepText();
@@ -222,7 +222,7 @@ bool Collector::IsPart() const
 bool Collector::IsOnSheet() const
 {
     const bool isInPaperSpace =
-        m_inBlock ? m_isOfSheet : m_otherwise[static_cast<std::size_t>(AsIsDifference::PaperSpace)] > 0;
+        m_inBlock ? m_isOfSheet : m_otherwise[static_cast<std::size_t>(Difference::PaperSpace)] > 0;
     return isInPaperSpace && !m_isHidden && m_type != "VIEWPORT" && !IsPart();
 }
 
@@ -249,19 +249,19 @@ void Collector::CountEntity(const TypeInfo& type)
 
 void Collector::CountOtherwise(PartCounts& counts) const
 {
-    const auto add = [&](AsIsDifference what, bool isSo) {
+    const auto add = [&](Difference what, bool isSo) {
         counts.otherwise[static_cast<std::size_t>(what)] += isSo;
     };
     if (m_isHidden) {
         // The flag has no effect on other types.
-        add(AsIsDifference::Invisible, m_kind != Kind::Other && m_kind != Kind::Polyline);
+        add(Difference::Invisible, m_kind != Kind::Other && m_kind != Kind::Polyline);
         return;
     }
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         counts.otherwise[i] += m_otherwise[i] > 0;
-    add(AsIsDifference::OtherMeasures, m_kind == Kind::Dimension && m_dimension.ShowsOtherNumber());
+    add(Difference::OtherMeasures, m_kind == Kind::Dimension && m_dimension.ShowsOtherNumber());
     const LayerInfo& layer = m_info.layers[m_layerName];
-    add(AsIsDifference::HiddenLayers, layer.IsOff() || layer.IsFrozen());
+    add(Difference::HiddenLayers, layer.IsOff() || layer.IsFrozen());
 }
 
 bool Collector::HasTexts() const
@@ -367,10 +367,10 @@ void Collector::TakeEntity(int code, std::string_view value)
         m_isHidden = ParseInteger(value) == 1;
         break;
     case 67:
-        Note(AsIsDifference::PaperSpace, !m_inBlock && ParseInteger(value) == 1);
+        Note(Difference::PaperSpace, !m_inBlock && ParseInteger(value) == 1);
         break;
     case 230:
-        Note(AsIsDifference::Extrusions,
+        Note(Difference::Extrusions,
              IsOneOf(kTurnedByExtrusion, m_type) && LeadingReal(value).value_or(0) < 0);
         break;
     case 100:
@@ -394,27 +394,27 @@ void Collector::TakeDetail(int code, std::string_view value)
     switch (m_kind) {
     case Kind::Polyline:
         if (code == 42)
-            Note(AsIsDifference::StraightBulges, isNumber());
+            Note(Difference::StraightBulges, isNumber());
         else if (code == 40 || code == 41 || code == 43)
-            Note(AsIsDifference::NoWidths, isNumber());
+            Note(Difference::NoWidths, isNumber());
         break;
     case Kind::Text:
         if (code == 50)
-            Note(AsIsDifference::UnturnedTexts, isNumber());
+            Note(Difference::UnturnedTexts, isNumber());
         else if (code == 72 || code == 73)
-            Note(AsIsDifference::MovedTexts, isNumber());
+            Note(Difference::MovedTexts, isNumber());
         break;
     case Kind::MText:
         if (code == 50 || code == 21)
-            Note(AsIsDifference::UnturnedTexts, isNumber());
+            Note(Difference::UnturnedTexts, isNumber());
         else if (code == 1)
-            Note(AsIsDifference::FormattingCodes, value.find_first_of("\\{") != std::string_view::npos);
+            Note(Difference::FormattingCodes, value.find_first_of("\\{") != std::string_view::npos);
         else if (code == 3)
-            Note(AsIsDifference::LostPieces, true);
+            Note(Difference::LostPieces, true);
         break;
     case Kind::Insert:
         if (code == 70 || code == 71)
-            Note(AsIsDifference::OneOfMany, ParseInteger(value) > 1);
+            Note(Difference::OneOfMany, ParseInteger(value) > 1);
         break;
     default:
         break;

@@ -49,7 +49,7 @@ private:
     void TakeEntry(int code, std::string_view value);
     void TakeEntity(int code, std::string_view value);
     void TakeDetail(int code, std::string_view value);
-    void Note(AsIsDifference what, bool isSo) { m_otherwise[static_cast<std::size_t>(what)] += isSo; }
+    void Note(Difference what, bool isSo) { m_otherwise[static_cast<std::size_t>(what)] += isSo; }
     bool HasTexts() const;
     void CheckText(std::string_view value, std::uint64_t line);
 
@@ -75,7 +75,7 @@ private:
     LayerInfo m_layer;
     LineTypeInfo m_lineType;
     Kind m_kind = Kind::Other;
-    AsIsDifferenceCounts m_otherwise{}; // more than 0 for what concerns the entity
+    DifferenceCounts m_otherwise{}; // more than 0 for what concerns the entity
     DimensionMeasure m_dimension;
     bool m_isEmbedded = false; // in an object within a text, whose codes mean other things
     bool m_isHidden = false;

@@ -1,7 +1,7 @@
 // What a drawing's file holds, counted.
 #pragma once
 
-#include "cli/contents/AsIsDifferences.h"
+#include "cli/contents/Differences.h"
 #include "cli/contents/Header.h"
 
 #include <cstddef>
@@ -81,7 +81,7 @@ struct TypeCount {
 // What a part of the drawing, its ENTITIES section or a block, brings to the picture.
 struct PartCounts {
     std::map<std::size_t, TypeCount> types; // by the type's place among DrawingInfo::types
-    AsIsDifferenceCounts otherwise{};
+    DifferenceCounts otherwise{};
     // The blocks that are inserted, by their places among DrawingInfo::blocks, and how many of the inserts
     // are meant to show something.
     std::map<std::size_t, std::uint64_t> inserts;

@@ -21,7 +21,7 @@ public:
             m_counts[type].shown += count.shown;
             m_counts[type].missing += count.missing;
         }
-        for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+        for (std::size_t i = 0; i < kDifferenceCount; ++i)
             m_share.otherwise[i] += counts.otherwise[i];
     }
 
@@ -77,7 +77,7 @@ std::vector<const PartCounts*> InsertedParts(const DrawingInfo& info, std::uint6
     return found;
 }
 
-std::uint64_t& CountOf(AsIsDifferenceCounts& counts, AsIsDifference what)
+std::uint64_t& CountOf(DifferenceCounts& counts, Difference what)
 {
     return counts[static_cast<std::size_t>(what)];
 }
@@ -110,7 +110,7 @@ void Share::Add(const Share& other)
     shown += other.shown;
     for (const auto& [type, count] : other.missing)
         missing[type] += count;
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         otherwise[i] += other.otherwise[i];
     for (const auto& [how, count] : other.changed)
         changed[how] += count;
@@ -129,7 +129,7 @@ Share ShareOf(const DrawingInfo& info)
     summing.AddEmptyInserts(info, emptyInserts);
     Share share = summing.Finish(info);
     // A drawing that only has sheets is shown correctly by them.
-    std::uint64_t& paper = CountOf(share.otherwise, AsIsDifference::PaperSpace);
+    std::uint64_t& paper = CountOf(share.otherwise, Difference::PaperSpace);
     if (paper ==
         std::accumulate(info.counts.types.begin(), info.counts.types.end(), std::uint64_t(0),
                         [](std::uint64_t sum, const auto& entry) { return sum + entry.second.shown; }))

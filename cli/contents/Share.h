@@ -20,7 +20,7 @@ struct Share {
     std::uint64_t entities = 0;
     std::uint64_t shown = 0;
     std::map<std::string, std::uint64_t> missing; // by type
-    AsIsDifferenceCounts otherwise{};
+    DifferenceCounts otherwise{};
     // Of a prepared drawing: what is shown differently, and how; and what else is not to be seen.
     std::map<std::string, std::uint64_t> changed;
     bool isCut = false; // some of changed is not shown whole

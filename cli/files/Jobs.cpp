@@ -5,17 +5,12 @@
 #include "cli/files/ProtectedInputs.h"
 #include "cli/system/Native.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdio>
-#include <iterator>
 #include <map>
 #include <set>
-#include <string_view>
+#include <utility>
 
 namespace plexorn {
-
-namespace fs = std::filesystem;
 
 namespace {
 

@@ -15,7 +15,7 @@ void Summary::Add(const Share& share)
     m_share.Add(share);
     for (const auto& [type, count] : share.missing)
         ++m_drawingsMissing[type];
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         m_drawingsOtherwise[i] += share.otherwise[i] > 0;
     for (const auto& [how, count] : share.changed)
         ++m_drawingsChanged[how];
@@ -32,9 +32,9 @@ std::string Summary::Text() const
     if (missing.Rows() > 0)
         out.append("\n").append(missing.Text());
     Table otherwise({"shown otherwise", ">entities", ">drawings"});
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         if (m_share.otherwise[i] > 0)
-            otherwise.Add({std::string(kAsIsDifferenceRows[i].plural), std::to_string(m_share.otherwise[i]),
+            otherwise.Add({std::string(kDifferenceRows[i].plural), std::to_string(m_share.otherwise[i]),
                            std::to_string(m_drawingsOtherwise[i])});
     for (const auto& [how, count] : m_share.changed)
         otherwise.Add({Printable(how), std::to_string(count), std::to_string(m_drawingsChanged.at(how))});

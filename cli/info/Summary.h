@@ -1,7 +1,7 @@
 // What several drawings would lose when they are drawn.
 #pragma once
 
-#include "cli/contents/AsIsDifferences.h"
+#include "cli/contents/Differences.h"
 #include "cli/contents/Share.h"
 
 #include <array>
@@ -27,7 +27,7 @@ private:
     std::uint64_t m_whole = 0; // all shown as stated
     Share m_share;
     std::map<std::string, std::uint64_t> m_drawingsMissing; // by type: in how many drawings it is missing
-    AsIsDifferenceCounts m_drawingsOtherwise{};
+    DifferenceCounts m_drawingsOtherwise{};
     std::map<std::string, std::uint64_t> m_drawingsChanged;
 };
 

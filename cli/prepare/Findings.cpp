@@ -59,7 +59,7 @@ Share ShareOf(const prepare::Report& findings)
         share.hidden[why] = findings.hidden[why];
     share.hidden[static_cast<std::size_t>(Hidden::InViewportsOff)] = findings.viewportsOff;
     if (findings.sheet.name.empty())
-        share.otherwise[static_cast<std::size_t>(AsIsDifference::NoSheets)] = findings.contents.onSheets;
+        share.otherwise[static_cast<std::size_t>(Difference::NoSheets)] = findings.contents.onSheets;
     return share;
 }
 

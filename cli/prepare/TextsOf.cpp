@@ -66,8 +66,8 @@ private:
     std::vector<TextInfo> m_texts;
 };
 
-// False, and with the header, when the code page was known only after texts had been read by it; that comes
-// once at most.
+// False when the code page became known only after texts had been read without it; header names it then.
+// That happens once at most.
 bool ReadTexts(RewoundFile& input, const std::string& encoding, prepare::Header& header,
                std::vector<TextInfo>& found)
 {

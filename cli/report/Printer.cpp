@@ -8,9 +8,6 @@ namespace plexorn {
 
 namespace {
 
-// Enough for the last words of thousands of drawings while they wait for a slow one.
-constexpr std::size_t kMostWaitingBytes = 1 << 24;
-
 constexpr std::chrono::milliseconds kProgressInterval(100);
 constexpr std::size_t kWidestProgress = 78; // more than three of the greatest numbers and the words take
 

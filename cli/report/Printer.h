@@ -12,6 +12,10 @@
 
 namespace plexorn {
 
+// How many bytes are kept at most: enough for the last words of thousands of drawings while they wait for a
+// slow one.
+inline constexpr std::size_t kMostWaitingBytes = 1 << 24;
+
 // Prints to the standard error stream, in the order of the drawings' numbers, from 0 on: what a drawing says
 // is kept until its turn has come, and when much is kept already, a thread that says more waits. All its
 // functions can be called on any thread, and none of them but the constructor fails for lack of memory.

@@ -74,11 +74,10 @@ std::string MissingText(const Share& share)
 {
     std::string otherwise;
     const std::string missing = share.missing.empty() ? "" : "; missing: " + MissingTypes(share);
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         if (share.otherwise[i] > 0)
             otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
-                .append(Counted(share.otherwise[i], kAsIsDifferenceRows[i].singular,
-                                kAsIsDifferenceRows[i].plural));
+                .append(Counted(share.otherwise[i], kDifferenceRows[i].singular, kDifferenceRows[i].plural));
     for (const auto& [how, count] : share.changed)
         otherwise.append(otherwise.empty() ? "; shown otherwise: " : ", ")
             .append(std::to_string(count))
@@ -94,9 +93,9 @@ void AddShare(Json& json, const Share& share)
     for (const auto& [type, count] : share.missing)
         json.Member(type, count);
     json.Close('}').Name("otherwise").Open('{');
-    for (std::size_t i = 0; i < kAsIsDifferenceCount; ++i)
+    for (std::size_t i = 0; i < kDifferenceCount; ++i)
         if (share.otherwise[i] > 0)
-            json.Member(kAsIsDifferenceRows[i].name, share.otherwise[i]);
+            json.Member(kDifferenceRows[i].name, share.otherwise[i]);
     for (const auto& [how, count] : share.changed)
         json.Member(how, count);
     json.Close('}').Name("hidden").Open('{');

@@ -75,7 +75,7 @@ std::string_view LeaderStyle::Arrow() const
 void DrawLeader(const Leader& leader, Pen& pen)
 {
     const LeaderStyle style(leader, pen.Place().drawing);
-    const std::vector<Point3> points = FiniteOf(leader.vertices, pen);
+    const std::vector<Point3> points = DrawableOf(leader.vertices, pen);
     if (style.Colour() != kByBlock)
         pen.UseStyleOf({style.Colour(), kNoTrueColour, kNoName, kNoName});
     DrawLeaderLine(points, leader.isSpline != 0, pen);

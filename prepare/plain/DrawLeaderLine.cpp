@@ -23,12 +23,12 @@ std::string_view ArrowOfBlock(Handle record, const Drawing& drawing)
     return found == drawing.blockOfRecord.end() ? std::string_view() : drawing.names.Text(found->second);
 }
 
-std::vector<Point3> FiniteOf(const std::vector<Point3>& points, Pen& pen)
+std::vector<Point3> DrawableOf(const std::vector<Point3>& points, Pen& pen)
 {
-    std::vector<Point3> finite;
+    std::vector<Point3> drawable;
     for (const Point3 point : points)
-        IsDrawable(point) ? finite.push_back(point) : pen.Lose();
-    return finite;
+        IsDrawable(point) ? drawable.push_back(point) : pen.Lose();
+    return drawable;
 }
 
 void DrawLeaderLine(const std::vector<Point3>& points, bool isSpline, Pen& pen)

@@ -11,8 +11,8 @@ namespace prepare {
 // The name of the block with that handle in the table of blocks; empty if there is none.
 std::string_view ArrowOfBlock(Handle record, const Drawing& drawing);
 
-// The points that are finite; the pen loses the others.
-std::vector<Point3> FiniteOf(const std::vector<Point3>& points, Pen& pen);
+// The points that can be drawn; the pen loses the others.
+std::vector<Point3> DrawableOf(const std::vector<Point3>& points, Pen& pen);
 
 // The points are in world coordinates.
 void DrawLeaderLine(const std::vector<Point3>& points, bool isSpline, Pen& pen);

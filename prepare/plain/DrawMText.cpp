@@ -81,7 +81,7 @@ private:
         const double margin = FillMargin();
         const std::vector<Point2> box = Box(margin);
         const std::vector<Point2> frame = Box(m_entity.frameGap >= 0 ? m_entity.frameGap : margin);
-        if (!AreFinite(box) || !AreFinite(frame))
+        if (!AreDrawable(box) || !AreDrawable(frame))
             return;
         m_placement.budget.Take(box.size());
         const bool hasColour = m_entity.hasFillColour || m_entity.fillTrueColour != kNoTrueColour;
@@ -93,7 +93,7 @@ private:
             DrawFrame(frame);
     }
 
-    static bool AreFinite(const std::vector<Point2>& points)
+    static bool AreDrawable(const std::vector<Point2>& points)
     {
         return std::all_of(points.begin(), points.end(), [](Point2 p) { return IsDrawable(p); });
     }

@@ -89,7 +89,7 @@ void DrawMultiLeader(const MultiLeader& leader, Pen& pen)
     const std::string_view arrow = ArrowOfBlock(leader.arrowHandle, pen.Place().drawing);
     for (const LeaderBranch& branch : leader.branches) {
         for (const LeaderLine& line : branch.lines) {
-            const std::vector<Point3> points = FiniteOf(PathOf(line, branch, leader), pen);
+            const std::vector<Point3> points = DrawableOf(PathOf(line, branch, leader), pen);
             DrawLeaderLine(points, leader.leaderType == kSplines, pen);
             DrawLeaderArrow(arrow, points, leader.arrowSize, pen);
         }

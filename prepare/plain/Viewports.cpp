@@ -49,7 +49,7 @@ std::vector<Point2> RectangleOf(const Viewport& viewport, const Matrix& matrix)
     return corners;
 }
 
-bool AreFinite(const std::vector<Point2>& points)
+bool AreDrawable(const std::vector<Point2>& points)
 {
     return std::all_of(points.begin(), points.end(), [](Point2 point) { return IsDrawable(point); });
 }
@@ -107,7 +107,7 @@ void WindowReader::Add(const Viewport& viewport)
     window.frozen = FrozenBy(viewport);
     window.clip = viewport.clip;
     window.line = viewport.line;
-    if (!AreFinite(window.outline) || !IsDrawable(window.matrix.origin) || !IsLength(window.scale))
+    if (!AreDrawable(window.outline) || !IsDrawable(window.matrix.origin) || !IsLength(window.scale))
         return m_report.Add(Finding::NotShown, "VIEWPORT", "its place is no number", viewport.line);
     if ((viewport.flags & kPerspective) != 0)
         m_report.Add(Finding::Changed, "VIEWPORT", "its perspective is drawn as a parallel view",
@@ -142,7 +142,7 @@ void OutlineReader::Take(const Entity& entity)
     if (wanted == m_wanted.end() || entity.isInPaperSpace == 0 || !HasTrait(entity.type, Trait::Round))
         return;
     std::vector<Point2> outline = OutlineOf(entity, BoxOf(wanted->second->outline).LongerSide());
-    if (outline.size() < 3 || !AreFinite(outline))
+    if (outline.size() < 3 || !AreDrawable(outline))
         return;
     const ClipRegion region(outline);
     if (region.IsReplaced())

@@ -401,6 +401,19 @@ TEST(Most, IsAllOfADrawingThatHangsTogether)
     EXPECT_EQ(document.Write(ShowingMost()), document.Write());
 }
 
+TEST(Most, IsAllOfADrawingWithDotsAtItsEdge)
+{
+    for (const bool isCircle : {false, true}) {
+        HostDocument document;
+        Crowd(document, 100);
+        if (isCircle)
+            document.Circle(0.3F, 99.8F, 50);
+        else
+            document.Line(100, 50, 101, 50);
+        EXPECT_FALSE(PictureWith(document, ShowingMost()).isCropped) << isCircle;
+    }
+}
+
 TEST(Most, KeepsWhatLiesNear)
 {
     HostDocument document;

@@ -13,8 +13,7 @@ namespace {
 
 TEST(Printer, MoreThanIsKeptWaitsForItsTurnAndIsNotLost)
 {
-    constexpr std::size_t kMost = 1 << 24;
-    const std::string kept(kMost, 'b');
+    const std::string kept(kMostWaitingBytes, 'b');
     testing::internal::CaptureStderr();
     {
         Printer printer(2, false);
@@ -25,7 +24,7 @@ TEST(Printer, MoreThanIsKeptWaitsForItsTurnAndIsNotLost)
             hasPrinted = true;
             printer.End(1, false);
         });
-        // It may run first, and must not print too early.
+        // The second thread may run at once, and must not print too early.
         for (int i = 0; i < 100'000 && !hasPrinted; ++i)
             std::this_thread::yield();
         EXPECT_FALSE(hasPrinted);

@@ -26,8 +26,9 @@ TEST(TextMetrics, AccentsGreekAndCyrillicHaveTheirOwnWidths)
     EXPECT_DOUBLE_EQ(CharacterWidth(U'\u0301'), 0);                    // an accent over the letter before
 }
 
-// The sums change with any width in the table, and only when scripts/lib/fontwidths.py reads another font.
-TEST(TextMetrics, AllWidthsAreThoseOfTheFont)
+// Any width that changes, changes these sums. They need new values only when scripts/lib/fontwidths.py has
+// read another font.
+TEST(TextMetrics, NoWidthOfTheTableChanges)
 {
     double all = 0, weighted = 0;
     const auto add = [&](char32_t first, char32_t last) {

@@ -8,7 +8,7 @@
 
 namespace plexorn {
 
-enum class AsIsDifference {
+enum class Difference {
     StraightBulges,
     NoWidths,
     UnturnedTexts,
@@ -24,18 +24,18 @@ enum class AsIsDifference {
     PaperSpace,
     NoSheets,
 };
-inline constexpr std::size_t kAsIsDifferenceCount = 14;
+inline constexpr std::size_t kDifferenceCount = 14;
 
 // How many entities each of them concerns. An entity may count for several.
-using AsIsDifferenceCounts = std::array<std::uint64_t, kAsIsDifferenceCount>;
+using DifferenceCounts = std::array<std::uint64_t, kDifferenceCount>;
 
-struct AsIsDifferenceRow {
+struct DifferenceRow {
     std::string_view name; // for programs
     std::string_view singular;
     std::string_view plural;
 };
 // In the order of the enumeration.
-inline constexpr std::array<AsIsDifferenceRow, kAsIsDifferenceCount> kAsIsDifferenceRows{{
+inline constexpr std::array<DifferenceRow, kDifferenceCount> kDifferenceRows{{
     {"bulgesStraight", "polyline with straight bulges", "polylines with straight bulges"},
     {"widthsLeftOut", "polyline without its width", "polylines without their width"},
     {"textsUnturned", "text not turned", "texts not turned"},
